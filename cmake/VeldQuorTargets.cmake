@@ -1,0 +1,38 @@
+# What all targets of the project have in common.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+if(NOT CMAKE_BUILD_TYPE)
+    set(CMAKE_BUILD_TYPE Release)
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+    -Woverloaded-virtual -Wcast-qual)
+
+# An exported, versioned shared library: libveld-quor-NAME.so, Veld::TARGET.
+function(veld_quor_library target name)
+    add_library(${target} SHARED ${ARGN})
+    add_library(Veld::${target} ALIAS ${target})
+    set_target_properties(${target} PROPERTIES
+        OUTPUT_NAME veld-quor-${name}
+        VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
+        LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/exports.map)
+    target_include_directories(${target} PUBLIC
+        $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+    target_compile_features(${target} INTERFACE cxx_std_17) # the public headers ask for no more
+    target_link_options(${target} PRIVATE
+        -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map)
+    if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+        target_link_options(${target} PRIVATE -Wl,--no-undefined)
+    endif()
+    install(TARGETS ${target} EXPORT VeldQuorKeywordsTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+endfunction()

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "quor/foundation/Export.h"
+
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Core::Service {
+
+/// A directory on disk. An empty path is the current one.
+class VELD_QUOR_EXPORT Directory {
+public:
+    explicit Directory(const std::string& path);
+    Directory(const Directory&);
+    Directory& operator=(const Directory&);
+    ~Directory();
+
+    const std::string& GetPath() const { return path_; }
+    bool Exists() const;
+
+    /// The names of the entries that the regular expression `pattern` (ECMAScript) is found in.
+    /// `files` and `directories` say which sorts of entries count; links count as what they lead to, and
+    /// sockets, pipes and devices not at all. `sorted`: in byte order of the names, else as the system gives
+    /// them. `recursive`: also below subdirectories, with names relative to this directory; the pattern is
+    /// held against the last part. A directory that can't be read gives no names. Throws `std::regex_error`
+    /// for a faulty pattern.
+    std::vector<std::string> Find(const std::string& pattern, bool files, bool directories, bool sorted,
+        bool caseSensitive, bool recursive) const;
+
+private:
+    std::string path_;
+};
+
+} // namespace Veld::Quor::Core::Service

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "quor/foundation/Export.h"
+
+#include <string>
+
+namespace Veld::Quor::Core::Service {
+
+/// The value of an environment variable; empty if it isn't set.
+VELD_QUOR_EXPORT std::string GetEnvVariable(const std::string& name);
+
+} // namespace Veld::Quor::Core::Service

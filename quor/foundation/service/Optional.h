@@ -1,0 +1,139 @@
+#pragma once
+
+#include <cfloat>
+#include <climits>
+#include <new>
+#include <optional>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+namespace Veld::Quor::Core::Service {
+
+/// How "no value" is represented for `T`. A specialisation has a `Storage` and `Make`, `Empty`, `IsEmpty`,
+/// `Get`.
+template <class T, class Enable = void>
+struct OptionalTraits;
+
+/// `int` and enumerations: the value -2147483648 is no value.
+template <class T>
+struct OptionalTraits<T, std::enable_if_t<std::is_same_v<T, int> || std::is_enum_v<T>>> {
+    static_assert(sizeof(T) == sizeof(int), "an enumeration in an Optional is 32 bits wide");
+    using Storage = T;
+    static Storage Make(T value) { return value; }
+    static Storage Empty() { return static_cast<T>(INT_MIN); }
+    static bool IsEmpty(const Storage& storage) { return static_cast<int>(storage) == INT_MIN; }
+    static T& Get(Storage& storage) { return storage; }
+    static const T& Get(const Storage& storage) { return storage; }
+};
+
+/// `double`: the smallest normal number is no value.
+template <>
+struct OptionalTraits<double> {
+    using Storage = double;
+    static Storage Make(double value) { return value; }
+    static Storage Empty() { return DBL_MIN; }
+    static bool IsEmpty(const Storage& storage) { return storage == DBL_MIN; }
+    static double& Get(Storage& storage) { return storage; }
+    static const double& Get(const Storage& storage) { return storage; }
+};
+
+/// `bool`: the byte value 255 is no value. The byte is looked at as a `bool` only when it holds one.
+template <>
+struct OptionalTraits<bool> {
+    struct Storage {
+        alignas(bool) unsigned char byte;
+    };
+    static_assert(sizeof(bool) == 1);
+    static Storage Make(bool value)
+    {
+        Storage storage;
+        ::new (&storage.byte) bool(value);
+        return storage;
+    }
+    static Storage Empty() { return Storage{255}; }
+    static bool IsEmpty(const Storage& storage) { return storage.byte == 255; }
+    static bool& Get(Storage& storage) { return *std::launder(reinterpret_cast<bool*>(&storage.byte)); }
+    static const bool& Get(const Storage& storage)
+    {
+        return *std::launder(reinterpret_cast<const bool*>(&storage.byte));
+    }
+};
+
+/// `std::string`: a flag stands beside it, since every text is a value.
+template <>
+struct OptionalTraits<std::string> {
+    struct Storage {
+        std::string text;
+        bool set;
+    };
+    static Storage Make(std::string value) { return {std::move(value), true}; }
+    static Storage Empty() { return {std::string(), false}; }
+    static bool IsEmpty(const Storage& storage) { return !storage.set; }
+    static std::string& Get(Storage& storage) { return storage.text; }
+    static const std::string& Get(const Storage& storage) { return storage.text; }
+};
+
+/// A `T` or nothing. The object is exactly `Traits::Storage`: for `int`, `double`, `bool` and enumerations
+/// one value of the type is given up to mean "nothing", so a million of them take no more room than the plain
+/// values. Storing that value therefore empties the object.
+template <class T, class Traits = OptionalTraits<T>>
+class Optional {
+public:
+    using value_type = T;
+
+    Optional()
+        : storage_(Traits::Empty())
+    {
+    }
+    Optional(const T& value) // implicit: a value is an Optional that holds it
+        : storage_(Traits::Make(value))
+    {
+    }
+    Optional(T&& value)
+        : storage_(Traits::Make(std::move(value)))
+    {
+    }
+
+    explicit operator bool() const { return HasValue(); }
+    bool HasValue() const { return !Traits::IsEmpty(storage_); }
+
+    /// Only with a value, as `operator->`.
+    T& operator*() { return Traits::Get(storage_); }
+    const T& operator*() const { return Traits::Get(storage_); }
+    T* operator->() { return &Traits::Get(storage_); }
+    const T* operator->() const { return &Traits::Get(storage_); }
+
+    /// Throws `std::bad_optional_access` without a value.
+    T& Value()
+    {
+        Require();
+        return **this;
+    }
+    const T& Value() const
+    {
+        Require();
+        return **this;
+    }
+    T ValueOr(T other) const { return HasValue() ? **this : std::move(other); }
+    void Reset() { storage_ = Traits::Empty(); }
+
+    friend bool operator==(const Optional& a, const Optional& b)
+    {
+        if (!a.HasValue() || !b.HasValue())
+            return a.HasValue() == b.HasValue();
+        return *a == *b;
+    }
+    friend bool operator!=(const Optional& a, const Optional& b) { return !(a == b); }
+
+private:
+    void Require() const
+    {
+        if (!HasValue())
+            throw std::bad_optional_access();
+    }
+
+    typename Traits::Storage storage_;
+};
+
+} // namespace Veld::Quor::Core::Service

@@ -1,0 +1,75 @@
+#include "quor/foundation/service/xml/DomText.h"
+
+#include "quor/foundation/internal/DocumentWalk.h"
+#include "quor/foundation/internal/XercesErrors.h"
+
+#include <xercesc/dom/DOMAttr.hpp>
+#include <xercesc/dom/DOMElement.hpp>
+#include <xercesc/util/TransService.hpp>
+#include <xercesc/util/XMLString.hpp>
+#include <xercesc/util/XMLUni.hpp>
+
+namespace Veld::Quor::Core::Service::XML {
+
+namespace {
+
+/// Narrows ASCII, which is nearly every text of a document, in one pass; anything else goes through the
+/// transcoder.
+std::string ToUTF8(const XMLCh* text)
+{
+    if (!text)
+        return {};
+    std::string narrow(xercesc::XMLString::stringLen(text), '\0');
+    XMLCh bits = 0;
+    for (std::size_t i = 0; i < narrow.size(); ++i) {
+        bits |= text[i];
+        narrow[i] = static_cast<char>(text[i]);
+    }
+    if (bits < 0x80)
+        return narrow;
+    return Internal::WithStandardErrors([&] {
+        const xercesc::TranscodeToStr transcoded(text, "UTF-8");
+        return std::string(reinterpret_cast<const char*>(transcoded.str()), transcoded.length());
+    });
+}
+
+} // namespace
+
+const char* XToC(const XMLCh* text)
+{
+    thread_local std::string last;
+    last = ToUTF8(text);
+    return last.c_str();
+}
+
+std::string GetAttributeValue(const xercesc::DOMElement* element, const XMLCh* attribute)
+{
+    return ToUTF8(element->getAttribute(attribute));
+}
+
+bool GetAttributeValueEqual(const xercesc::DOMElement* element, const XMLCh* attribute, const XMLCh* value)
+{
+    const xercesc::DOMAttr* node = element->getAttributeNode(attribute);
+    return node && xercesc::XMLString::equals(node->getValue(), value);
+}
+
+bool AttributeExists(const xercesc::DOMElement* element, const XMLCh* attribute)
+{
+    return element->getAttributeNode(attribute) != nullptr;
+}
+
+bool HasChildTagName(const xercesc::DOMElement* element, const XMLCh* tag)
+{
+    for (const xercesc::DOMElement& child : Internal::ChildElements(*element)) {
+        if (Internal::Is(child, tag))
+            return true;
+    }
+    return false;
+}
+
+std::string GetElementText(const xercesc::DOMElement* element)
+{
+    return ToUTF8(element->getTextContent());
+}
+
+} // namespace Veld::Quor::Core::Service::XML

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "quor/foundation/Export.h"
+
+namespace Veld::Quor::Core::Service::XML {
+
+class VELD_QUOR_EXPORT Initialise {
+public:
+    /// Initialises the XML platform for the rest of the process; calls after the first do nothing. To be
+    /// called before any document is touched. Throws a `std::exception` if the platform can't be initialised.
+    static void Init();
+};
+
+} // namespace Veld::Quor::Core::Service::XML

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "quor/foundation/Export.h"
+#include "quor/foundation/service/xml/DomForward.h"
+
+#include <cstddef>
+#include <memory>
+
+namespace Veld::Quor::Core::Service::XML {
+
+class XMLElement;
+
+/// Holds one DOM document and owns it: the document dies with the holder, or when another one is read.
+///
+/// Documents are read as from a stranger. Refused are: a document type declaration, and with it every entity
+/// but XML's own five; elements nested more than `MaxDepth` deep; elements with more than `MaxAttributes`
+/// attributes; documents of more than `MaxBytes`; and bytes behind the root element that the parser would
+/// drop in silence. Nothing but the named file is ever opened. White space, comments and CDATA sections stay
+/// as nodes of their own; namespaces are not processed: a tag's name is its text, colon included. All
+/// encodings of Xerces-C++ are read.
+class VELD_QUOR_EXPORT XMLDocument {
+public:
+    static constexpr unsigned MaxDepth = 256;
+    static constexpr std::size_t MaxAttributes = 1'000;
+    static constexpr std::size_t MaxBytes = std::size_t{1} << 30;
+
+    XMLDocument();
+    /// A new document with a root element of that name. Throws a `std::exception` if it is no name.
+    explicit XMLDocument(const char* rootName);
+    ~XMLDocument();
+    XMLDocument(const XMLDocument&) = delete;
+    XMLDocument& operator=(const XMLDocument&) = delete;
+
+    /// Reads the file, always a file of this machine whatever the path looks like, and gives its document.
+    /// Null for one that is missing, no regular file, malformed or refused; `Log` is told at `Error` why,
+    /// with file, line and column.
+    xercesc::DOMDocument* read(const char* path);
+
+    /// The same for a text in memory; `name` stands for the file in messages. The text may go when this
+    /// returns.
+    xercesc::DOMDocument* readMemory(const void* text, std::size_t size, const char* name);
+
+    /// The document held; null if there is none.
+    xercesc::DOMDocument* GetDocument() const { return document_.get(); }
+
+    /// The root element of a document that is being written.
+    XMLElement getRoot();
+
+private:
+    struct Release {
+        void operator()(xercesc::DOMDocument* document) const;
+    };
+    std::unique_ptr<xercesc::DOMDocument, Release> document_;
+};
+
+} // namespace Veld::Quor::Core::Service::XML

@@ -1,0 +1,224 @@
+#include "quor/syntax/internal/KeywordSyntax.h"
+
+#include "quor/foundation/internal/DocumentWalk.h"
+#include "quor/foundation/internal/KeywordException.h"
+#include "quor/foundation/service/xml/DomText.h"
+#include "quor/foundation/service/xml/Tags.h"
+#include "quor/syntax/KeywordSyntaxTable.h"
+
+#include <algorithm>
+#include <cassert>
+
+namespace Veld::Quor::Core::Keywords {
+
+using namespace Service::XML;
+using namespace Service::XML::Internal;
+using xercesc::DOMElement;
+
+namespace {
+
+KeywordDeckRole::Enum DeckRoleOf(const std::string& name)
+{
+    static constexpr struct {
+        const char* name;
+        KeywordDeckRole::Enum role;
+    } roles[] = {
+        {"INCLUDE", KeywordDeckRole::Include},
+        {"END", KeywordDeckRole::End},
+        {"ENDINC", KeywordDeckRole::EndInclude},
+        {"SKIP", KeywordDeckRole::Skip},
+        {"ENDSKIP", KeywordDeckRole::EndSkip},
+    };
+    for (const auto& row : roles) {
+        if (name == row.name)
+            return row.role;
+    }
+    bool isSection = false;
+    SectionType::FromString(name, &isSection);
+    return isSection ? KeywordDeckRole::Section : KeywordDeckRole::Ordinary;
+}
+
+} // namespace
+
+KeywordSyntax::KeywordSyntax(const std::string& name, const DOMElement* element)
+    : name_(name)
+    , deckRole_(DeckRoleOf(name))
+{
+    try {
+        ReadXML(*element);
+    } catch (const KeywordException& error) {
+        throw KeywordException(name_ + ": " + error.what());
+    }
+}
+
+void KeywordSyntax::ReadXML(const DOMElement& element)
+{
+    ValidityElements validity;
+    std::vector<const DOMElement*> aliases;
+    bool hasData = false;
+    for (const DOMElement& child : ChildElements(element)) {
+        if (Is(child, Tags::Description())) {
+            description_ = GetElementText(&child);
+        } else if (Is(child, Tags::Documentation())) {
+            documentation_ = GetElementText(&child);
+        } else if (validity.Note(child)) {
+            continue;
+        } else if (Is(child, Tags::Data())) {
+            // Wanted: validity elements behind the data element come too late for the keyword, though not for
+            // its aliases. The metadata needs the valid simulators when it is read.
+            validity_.Read(validity);
+            hasData = true;
+        } else if (Is(child, Tags::Aliases())) {
+            for (const DOMElement& alias : ChildElements(child)) {
+                if (Is(alias, Tags::Alias()))
+                    aliases.push_back(&alias);
+            }
+        } else if (Is(child, Tags::Precedents())) {
+            ReadPrecedents(child);
+        } else if (Is(child, Tags::IsHidden())) {
+            isHidden_ = true;
+        } else if (Is(child, Tags::IsGeneric())) {
+            isGeneric_ = true;
+        }
+    }
+    if (!hasData)
+        validity_.Read(validity);
+    ReadAliases(aliases, validity);
+}
+
+void KeywordSyntax::ReadPrecedents(const DOMElement& element)
+{
+    precedents_.clear();
+    for (const DOMElement& precedent : Descendants(element, Tags::Precedent()))
+        precedents_.insert(GetAttributeValue(&precedent, Tags::Name()));
+}
+
+void KeywordSyntax::ReadAliases(
+    const std::vector<const DOMElement*>& elements, const ValidityElements& ofKeyword)
+{
+    if (elements.empty())
+        return;
+    aliases_ = std::make_unique<Aliases>();
+    for (const DOMElement* element : elements)
+        ReadAlias(*element, ofKeyword);
+}
+
+void KeywordSyntax::ReadAlias(const DOMElement& element, const ValidityElements& ofKeyword)
+{
+    bool hidden = false;
+    ValidityElements own;
+    for (const DOMElement& child : ChildElements(element)) {
+        if (Is(child, Tags::IsHiddenAlias()))
+            hidden = true;
+        else
+            own.Note(child);
+    }
+    std::unique_ptr<SyntaxValidity> validity;
+    if (!own.IsEmpty()) {
+        validity = std::make_unique<SyntaxValidity>();
+        validity->Read(own.Or(ofKeyword));
+    }
+    aliases_->names.push_back(GetAttributeValue(&element, Tags::Name()));
+    aliases_->hidden.push_back(hidden);
+    aliases_->validities.push_back(std::move(validity));
+}
+
+const std::vector<std::string>& KeywordSyntax::GetAliases() const
+{
+    static const auto& none = *new std::vector<std::string>;
+    return aliases_ ? aliases_->names : none;
+}
+
+std::optional<std::size_t> KeywordSyntax::FindAlias(const std::string& spelling) const
+{
+    if (!aliases_ || spelling == name_)
+        return std::nullopt;
+    const auto& names = aliases_->names;
+    const auto at = std::find(names.begin(), names.end(), spelling);
+    if (at == names.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(at - names.begin());
+}
+
+bool KeywordSyntax::IsHidden(const std::string& alias) const
+{
+    // Wanted: without aliases every text counts as the keyword's own name.
+    if (!aliases_ || alias == name_)
+        return isHidden_;
+    const auto index = FindAlias(alias);
+    return index && aliases_->hidden[*index];
+}
+
+const SyntaxValidity& KeywordSyntax::ValidityOf(const std::string& spelling) const
+{
+    const auto index = FindAlias(spelling);
+    const SyntaxValidity* const own = index ? aliases_->validities[*index].get() : nullptr;
+    return own ? *own : validity_;
+}
+
+std::string KeywordSyntax::GetDocumentationName() const
+{
+    if (documentation_)
+        return *documentation_;
+    if (GetValidSections() == std::vector<SectionType::Enum>{SectionType::SUMMARY})
+        return SectionType::ToString(SectionType::SUMMARY);
+    return name_;
+}
+
+std::vector<SimulatorType::Enum> KeywordSyntax::GetValidSimulators(const std::string& alias) const
+{
+    return ValidityOf(alias).GetValidSimulators();
+}
+
+std::vector<SimulatorType::Enum> KeywordSyntax::GetValidSimulators() const
+{
+    return validity_.GetValidSimulators();
+}
+
+bool KeywordSyntax::IsValidSimulator(SimulatorType::Enum simulator, const std::string& alias) const
+{
+    return ValidityOf(alias).IsValidSimulator(simulator);
+}
+
+bool KeywordSyntax::IsValidSimulator(SimulatorType::Enum simulator) const
+{
+    return validity_.IsValidSimulator(simulator);
+}
+
+bool KeywordSyntax::IsValid(
+    SectionType::Enum section, SimulatorType::Enum simulator, const std::string& alias) const
+{
+    return ValidityOf(alias).IsValid(section, simulator);
+}
+
+bool KeywordSyntax::IsValid(SectionType::Enum section, SimulatorType::Enum simulator) const
+{
+    return validity_.IsValid(section, simulator);
+}
+
+const std::vector<const IKeywordSyntax*>& KeywordSyntax::GetScopeKeywords() const
+{
+    static const auto& none = *new std::vector<const IKeywordSyntax*>;
+    return none;
+}
+
+const std::set<std::string>& KeywordSyntax::GetPrecedents(SectionType::Enum section) const
+{
+    if (precedentsExpanded_)
+        return precedents_;
+    precedentsExpanded_ = true; // before the recursion, so that a cycle ends
+    std::set<std::string> further;
+    for (const std::string& name : precedents_) {
+        const IKeywordSyntax* const precedent =
+            KeywordSyntaxTable::Instance(false, true).Lookup(name, section, true);
+        assert(precedent && "GetPrecedents: a precedent is not in the table");
+        if (precedent) {
+            const std::set<std::string>& theirs = precedent->GetPrecedents(section);
+            further.insert(theirs.begin(), theirs.end());
+        }
+    }
+    precedents_.merge(further);
+    return precedents_;
+}
+
+} // namespace Veld::Quor::Core::Keywords

@@ -1,0 +1,184 @@
+#include "quor/syntax/KeywordSyntaxTable.h"
+
+#include "quor/foundation/internal/DocumentWalk.h"
+#include "quor/foundation/internal/XercesErrors.h"
+#include "quor/foundation/service/xml/DomText.h"
+#include "quor/foundation/service/xml/Initialise.h"
+#include "quor/foundation/service/xml/Tags.h"
+#include "quor/syntax/KeywordSyntaxLookupTable.h"
+#include "quor/syntax/internal/KeywordSyntax.h"
+#include "quor/syntax/internal/SyntaxLoader.h"
+#include "quor/syntax/internal/TrustedSyntaxLoader.h"
+
+#include <xercesc/dom/DOMDocument.hpp>
+
+#include <stdexcept>
+#include <unordered_set>
+
+namespace Veld::Quor::Core::Keywords {
+
+using namespace Service::XML;
+using namespace Service::XML::Internal;
+
+class KeywordSyntaxTableImpl final : public IKeywordSyntaxTable {
+public:
+    /// An empty table.
+    KeywordSyntaxTableImpl() = default;
+
+    /// Reads both documents. They die before this returns, and nothing keeps a pointer into them.
+    void Load();
+
+    const IKeywordSyntax* Lookup(
+        const std::string& name, SectionType::Enum section, bool acceptSingle) const override;
+    const IKeywordSyntax* Lookup(const std::string& name, bool wildcards) const override;
+    std::vector<const IKeywordSyntax*> LookupAll(const std::string& name) override;
+
+    KeywordSyntaxLookupTable& GetLookupTable() { return lookupTable_; }
+
+private:
+    /// Names, ids and aliases that were read.
+    using Seen = std::unordered_set<std::string>;
+
+    void ReadDocument(const xercesc::DOMDocument* document, Seen& seen, bool record);
+    void ReadKeyword(const xercesc::DOMElement& element, Seen& seen, bool record);
+
+    KeywordSyntaxLookupTable lookupTable_;
+};
+
+void KeywordSyntaxTableImpl::Load()
+{
+    Initialise::Init();
+    Seen seen;
+    TrustedSyntaxLoader trusted; // first, so that trusted syntaxes stand ahead of others of their name
+    ReadDocument(trusted.GetDocument(), seen, true);
+    SyntaxLoader main;
+    ReadDocument(main.GetDocument(), seen, true);
+}
+
+void KeywordSyntaxTableImpl::ReadDocument(const xercesc::DOMDocument* document, Seen& seen, bool record)
+{
+    const xercesc::DOMElement* const root = document ? document->getDocumentElement() : nullptr;
+    if (!root)
+        return;
+    for (const xercesc::DOMElement& element : Descendants(*root, Tags::Keyword()))
+        ReadKeyword(element, seen, record);
+}
+
+/// With `record` the keyword is entered, and what it is known by goes into `seen`. Without, it is entered
+/// only if it isn't known yet.
+void KeywordSyntaxTableImpl::ReadKeyword(const xercesc::DOMElement& element, Seen& seen, bool record)
+{
+    const std::string name = GetAttributeValue(&element, Tags::Name());
+    // One name may be defined several times, told apart by ids. The name decides where the syntaxes stand.
+    const std::string key =
+        AttributeExists(&element, Tags::ID()) ? GetAttributeValue(&element, Tags::ID()) : name;
+    if (!record && seen.count(key) != 0)
+        return;
+    const auto syntax = std::make_shared<const Keywords::KeywordSyntax>(name, &element);
+    lookupTable_.AddSyntax(name, syntax);
+    if (record)
+        seen.insert(key);
+    for (const std::string& alias : syntax->GetAliases()) {
+        lookupTable_.AddSyntax(alias, syntax);
+        if (record)
+            seen.insert(alias);
+    }
+}
+
+const IKeywordSyntax* KeywordSyntaxTableImpl::Lookup(
+    const std::string& name, SectionType::Enum section, bool acceptSingle) const
+{
+    const auto* const syntaxes = lookupTable_.FindSyntaxes(name, true);
+    if (!syntaxes)
+        return nullptr;
+    if (acceptSingle && syntaxes->size() == 1 && syntaxes->front())
+        return syntaxes->front().get();
+    for (const auto& syntax : *syntaxes) {
+        if (syntax->IsValid(section, SimulatorType::Any))
+            return syntax.get();
+    }
+    return nullptr;
+}
+
+const IKeywordSyntax* KeywordSyntaxTableImpl::Lookup(const std::string& name, bool wildcards) const
+{
+    const auto* const syntaxes = lookupTable_.FindSyntaxes(name, wildcards);
+    if (!syntaxes)
+        return nullptr;
+    if (syntaxes->size() > 1) {
+        for (const auto& syntax : *syntaxes) {
+            if (!syntax->IsValid(SectionType::SUMMARY, SimulatorType::Any))
+                return syntax.get();
+        }
+    }
+    return syntaxes->front().get();
+}
+
+std::vector<const IKeywordSyntax*> KeywordSyntaxTableImpl::LookupAll(const std::string& name)
+{
+    std::vector<const IKeywordSyntax*> all;
+    if (const auto* const syntaxes = lookupTable_.FindSyntaxes(name, true)) {
+        all.reserve(syntaxes->size());
+        for (const auto& syntax : *syntaxes)
+            all.push_back(syntax.get());
+    }
+    return all;
+}
+
+IKeywordSyntaxTable::~IKeywordSyntaxTable() = default;
+
+KeywordSyntaxTable::KeywordSyntaxTable(std::unique_ptr<KeywordSyntaxTableImpl> impl)
+    : impl_(std::move(impl))
+{
+}
+
+KeywordSyntaxTable::~KeywordSyntaxTable() = default;
+
+KeywordSyntaxTable& KeywordSyntaxTable::Instance(bool clear, bool permanently)
+{
+    static std::unique_ptr<KeywordSyntaxTable> table;
+    static bool cleared = false;
+    if (clear) {
+        table.reset();
+        cleared = cleared || permanently;
+        return Unusable();
+    }
+    if (cleared)
+        throw std::runtime_error("Attempt to re-create KeywordSyntaxTable when already cleared");
+    if (!table) {
+        auto impl = std::make_unique<KeywordSyntaxTableImpl>();
+        WithStandardErrors([&] { impl->Load(); });
+        table.reset(new KeywordSyntaxTable(std::move(impl)));
+    }
+    return *table;
+}
+
+/// What a caller that clears is given: a table without keywords, so that a use by mistake finds nothing.
+KeywordSyntaxTable& KeywordSyntaxTable::Unusable()
+{
+    static auto& unusable = *new KeywordSyntaxTable(std::make_unique<KeywordSyntaxTableImpl>());
+    return unusable;
+}
+
+const IKeywordSyntax* KeywordSyntaxTable::Lookup(
+    const std::string& name, SectionType::Enum section, bool acceptSingle) const
+{
+    return impl_->Lookup(name, section, acceptSingle);
+}
+
+const IKeywordSyntax* KeywordSyntaxTable::Lookup(const std::string& name, bool wildcards) const
+{
+    return impl_->Lookup(name, wildcards);
+}
+
+std::vector<const IKeywordSyntax*> KeywordSyntaxTable::LookupAll(const std::string& name)
+{
+    return impl_->LookupAll(name);
+}
+
+KeywordSyntaxEnumerator KeywordSyntaxTable::KeywordsEnumerator()
+{
+    return KeywordSyntaxEnumerator(impl_->GetLookupTable());
+}
+
+} // namespace Veld::Quor::Core::Keywords

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "quor/foundation/Export.h"
+#include "quor/foundation/SectionType.h"
+#include "quor/foundation/SimulatorModeType.h"
+#include "quor/foundation/SimulatorType.h"
+
+#include <string>
+
+namespace Veld::Quor::Core::Keywords {
+
+class IKeywordSyntax;
+
+class VELD_QUOR_EXPORT KeywordSyntaxUtils {
+public:
+    /// The keywords that open and close skipped blocks. Looked up at the first call and kept for the rest of
+    /// the process: a program that calls any of these eight must not clear the table and go on. The document
+    /// must have the keyword.
+    static const IKeywordSyntax& GetSKIP();
+    static const IKeywordSyntax& GetSKIPCAR();
+    static const IKeywordSyntax& GetSKIPDUN();
+    static const IKeywordSyntax& GetENDSKIP();
+
+    /// Whether `syntax` is that very keyword; by identity, so also when it was found by an alias. False if
+    /// the document lacks the keyword.
+    static bool IsSKIP(const IKeywordSyntax& syntax);
+    static bool IsSKIPCAR(const IKeywordSyntax& syntax);
+    static bool IsSKIPDUN(const IKeywordSyntax& syntax);
+    static bool IsENDSKIP(const IKeywordSyntax& syntax);
+
+    /// `IKeywordSyntax::IsValid` for one mode, or for `SimulatorModeType::Any`. `spelling` is the keyword's
+    /// name or an alias. A syntax that is not this library's own doesn't tell modes apart.
+    static bool IsValid(const IKeywordSyntax& syntax, const std::string& spelling, SectionType::Enum section,
+        SimulatorType::Enum simulator, SimulatorModeType::Enum mode);
+};
+
+} // namespace Veld::Quor::Core::Keywords

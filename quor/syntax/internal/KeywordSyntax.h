@@ -1,0 +1,82 @@
+#pragma once
+
+#include "quor/foundation/SimulatorModeType.h"
+#include "quor/syntax/IKeywordSyntax.h"
+#include "quor/syntax/internal/SyntaxValidity.h"
+
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Core::Keywords {
+
+/// The one implementation: read from a keyword element when the table loads, and the same from then on, but
+/// for what `GetPrecedents` works out at its first call.
+class KeywordSyntax final : public IKeywordSyntax {
+public:
+    /// Keeps no pointer to `element`. Throws `KeywordException` with `name` and ": " before what a reader
+    /// found wrong.
+    KeywordSyntax(const std::string& name, const xercesc::DOMElement* element);
+
+    const std::string& GetName() const override { return name_; }
+    const std::vector<std::string>& GetAliases() const override;
+    bool IsGeneric() const override { return isGeneric_; }
+    bool IsHidden(const std::string& alias) const override;
+    bool IsHidden() const override { return isHidden_; }
+    bool IsWildcard() const override { return !name_.empty() && name_.back() == '*'; }
+    std::string GetDescription() const override { return description_.value_or(std::string()); }
+    std::string GetDocumentationName() const override;
+    KeywordDeckRole::Enum GetDeckRole() const override { return deckRole_; }
+    std::vector<SimulatorType::Enum> GetValidSimulators(const std::string& alias) const override;
+    std::vector<SimulatorType::Enum> GetValidSimulators() const override;
+    bool IsValidSimulator(SimulatorType::Enum simulator, const std::string& alias) const override;
+    bool IsValidSimulator(SimulatorType::Enum simulator) const override;
+    bool IsValid(
+        SectionType::Enum section, SimulatorType::Enum simulator, const std::string& alias) const override;
+    bool IsValid(SectionType::Enum section, SimulatorType::Enum simulator) const override;
+    std::vector<SectionType::Enum> GetValidSections() const override { return validity_.GetValidSections(); }
+    SectionType::Enum GetFirstValidSection() const override { return validity_.GetFirstValidSection(); }
+    bool HasScope() const override { return false; }
+    const std::vector<const IKeywordSyntax*>& GetScopeKeywords() const override;
+    const IKeywordSyntax* GetScopeSyntax() const override { return nullptr; }
+    const ISummaryMnemonicInfo* GetSummaryMnemonicInfo() const override { return nullptr; }
+    const ICellPropertyInfo* GetCellPropertyInfo() const override { return nullptr; }
+    const IKeywordDataMD* GetDataMD() const override { return nullptr; }
+    bool HasIdentifiers() const override { return GetIdentifierCount() > 0; }
+    int GetIdentifierCount() const override { return 0; }
+    bool HasPrecedents() const override { return !precedents_.empty(); }
+    const std::set<std::string>& GetPrecedents(SectionType::Enum section) const override;
+
+    /// The cube that answers for the spelling: the alias's own if it has one, else the keyword's.
+    const SyntaxValidity& ValidityOf(const std::string& spelling) const;
+
+private:
+    struct Aliases {
+        std::vector<std::string> names;
+        std::vector<bool> hidden; // parallel to `names`
+        std::vector<std::unique_ptr<SyntaxValidity>> validities; // parallel to `names`; null: the keyword's
+    };
+
+    void ReadXML(const xercesc::DOMElement& element);
+    void ReadPrecedents(const xercesc::DOMElement& element);
+    void ReadAliases(
+        const std::vector<const xercesc::DOMElement*>& elements, const ValidityElements& ofKeyword);
+    void ReadAlias(const xercesc::DOMElement& element, const ValidityElements& ofKeyword);
+    /// Position in the aliases; none for the keyword's own name and for an unknown text.
+    std::optional<std::size_t> FindAlias(const std::string& spelling) const;
+
+    std::string name_;
+    std::unique_ptr<Aliases> aliases_; // null: none
+    KeywordDeckRole::Enum deckRole_;
+    SyntaxValidity validity_;
+    bool isGeneric_ = false;
+    bool isHidden_ = false;
+    mutable bool precedentsExpanded_ = false;
+    std::optional<std::string> documentation_;
+    std::optional<std::string> description_;
+    mutable std::set<std::string> precedents_;
+};
+
+} // namespace Veld::Quor::Core::Keywords
