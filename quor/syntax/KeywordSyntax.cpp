@@ -1,9 +1,13 @@
 #include "quor/syntax/internal/KeywordSyntax.h"
 
 #include "quor/foundation/internal/DocumentWalk.h"
+#include "quor/foundation/internal/DocumentWords.h"
 #include "quor/foundation/internal/KeywordException.h"
-#include "quor/foundation/service/xml/DomText.h"
-#include "quor/foundation/service/xml/Tags.h"
+#include "quor/metadata/KeywordListMDImpl.h"
+#include "quor/metadata/KeywordMapMDImpl.h"
+#include "quor/metadata/KeywordRawMDImpl.h"
+#include "quor/metadata/KeywordRecordMDImpl.h"
+#include "quor/metadata/internal/ContainerReader.h"
 #include "quor/syntax/KeywordSyntaxTable.h"
 
 #include <algorithm>
@@ -61,12 +65,17 @@ void KeywordSyntax::ReadXML(const DOMElement& element)
             description_ = GetElementText(&child);
         } else if (Is(child, Tags::Documentation())) {
             documentation_ = GetElementText(&child);
+        } else if (Is(child, Tags::SummaryMnemonic())) {
+            summaryMnemonic_ = std::make_unique<SummaryMnemonicInfo>(child);
+        } else if (Is(child, Tags::Cell())) {
+            cellProperty_ = std::make_unique<CellPropertyInfo>(name_, child);
         } else if (validity.Note(child)) {
             continue;
         } else if (Is(child, Tags::Data())) {
             // Wanted: validity elements behind the data element come too late for the keyword, though not for
             // its aliases. The metadata needs the valid simulators when it is read.
             validity_.Read(validity);
+            CreateDataMD(child);
             hasData = true;
         } else if (Is(child, Tags::Aliases())) {
             for (const DOMElement& alias : ChildElements(child)) {
@@ -75,6 +84,8 @@ void KeywordSyntax::ReadXML(const DOMElement& element)
             }
         } else if (Is(child, Tags::Precedents())) {
             ReadPrecedents(child);
+        } else if (Is(child, Tags::Scope())) {
+            scope_ = std::make_unique<ScopeInfo>(child);
         } else if (Is(child, Tags::IsHidden())) {
             isHidden_ = true;
         } else if (Is(child, Tags::IsGeneric())) {
@@ -86,11 +97,45 @@ void KeywordSyntax::ReadXML(const DOMElement& element)
     ReadAliases(aliases, validity);
 }
 
+void KeywordSyntax::CreateDataMD(const DOMElement& element)
+{
+    if (dataMD_)
+        return; // of two data elements the first one counts
+    for (const DOMElement& item : Descendants(element, Tags::Item())) {
+        if (IsFlagged(item, Tags::Identifier()))
+            ++identifierCount_;
+    }
+    for (const DOMElement& child : ChildElements(element)) {
+        dataMD_ = ReadDataMD(child);
+        return; // whatever follows is not looked at
+    }
+}
+
+std::unique_ptr<IKeywordDataMDInternal> KeywordSyntax::ReadDataMD(const DOMElement& typeElement) const
+{
+    if (Is(typeElement, Tags::Raw())) {
+        auto raw = std::make_unique<KeywordRawMDImpl>();
+        raw->ReadXML(&typeElement);
+        return raw;
+    }
+    const auto read = [&](auto md) -> std::unique_ptr<IKeywordDataMDInternal> {
+        md->ReadXML(&typeElement, GetValidSimulators());
+        return md;
+    };
+    if (Is(typeElement, Tags::Record()))
+        return read(std::make_unique<KeywordRecordMDImpl>(false));
+    if (Is(typeElement, Tags::Map()))
+        return read(std::make_unique<KeywordMapMDImpl>());
+    if (Is(typeElement, Tags::List()))
+        return read(std::make_unique<KeywordListMDImpl>());
+    FailUnhandled("KeywordSyntax::CreateDataMD: unhandled keyword data type: ", typeElement);
+}
+
 void KeywordSyntax::ReadPrecedents(const DOMElement& element)
 {
     precedents_.clear();
     for (const DOMElement& precedent : Descendants(element, Tags::Precedent()))
-        precedents_.insert(GetAttributeValue(&precedent, Tags::Name()));
+        precedents_.insert(NameOf(precedent));
 }
 
 void KeywordSyntax::ReadAliases(
@@ -118,7 +163,7 @@ void KeywordSyntax::ReadAlias(const DOMElement& element, const ValidityElements&
         validity = std::make_unique<SyntaxValidity>();
         validity->Read(own.Or(ofKeyword));
     }
-    aliases_->names.push_back(GetAttributeValue(&element, Tags::Name()));
+    aliases_->names.push_back(NameOf(element));
     aliases_->hidden.push_back(hidden);
     aliases_->validities.push_back(std::move(validity));
 }
@@ -199,7 +244,13 @@ bool KeywordSyntax::IsValid(SectionType::Enum section, SimulatorType::Enum simul
 const std::vector<const IKeywordSyntax*>& KeywordSyntax::GetScopeKeywords() const
 {
     static const auto& none = *new std::vector<const IKeywordSyntax*>;
-    return none;
+    return scope_ ? scope_->GetScopeKeywords() : none;
+}
+
+const IKeywordSyntax* KeywordSyntax::GetScopeSyntax() const
+{
+    assert(scope_ && "GetScopeSyntax: the keyword has no scope");
+    return scope_->GetScopeSyntax();
 }
 
 const std::set<std::string>& KeywordSyntax::GetPrecedents(SectionType::Enum section) const

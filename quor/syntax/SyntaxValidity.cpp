@@ -1,8 +1,7 @@
 #include "quor/syntax/internal/SyntaxValidity.h"
 
 #include "quor/foundation/internal/DocumentWalk.h"
-#include "quor/foundation/service/xml/DomText.h"
-#include "quor/foundation/service/xml/Tags.h"
+#include "quor/foundation/internal/DocumentWords.h"
 
 #include <algorithm>
 #include <bitset>
@@ -20,11 +19,11 @@ constexpr unsigned Bit(SimulatorModeType::Enum mode)
     return 1U << mode;
 }
 
-constexpr unsigned allThree = Bit(SimulatorModeType::BlackOil) | Bit(SimulatorModeType::Compositional)
+constexpr unsigned threeModes = Bit(SimulatorModeType::BlackOil) | Bit(SimulatorModeType::Compositional)
     | Bit(SimulatorModeType::Thermal);
 
 /// What each simulator can run at all.
-constexpr unsigned ModesOf(int simulator)
+constexpr unsigned ModesOf(SimulatorType::Enum simulator)
 {
     switch (simulator) {
     case SimulatorType::Carrow:
@@ -32,47 +31,11 @@ constexpr unsigned ModesOf(int simulator)
     case SimulatorType::Sedge:
         return Bit(SimulatorModeType::BlackOil) | Bit(SimulatorModeType::Compositional);
     default:
-        return allThree;
+        return threeModes;
     }
 }
 
-// Wanted, here and in the two below: a name that is not known counts as row 0, and nobody is told.
-SimulatorType::Enum ReadSimulatorName(const DOMElement& element)
-{
-    return SimulatorType::FromString(GetAttributeValue(&element, Tags::Name()));
-}
-
-SectionType::Enum ReadSectionName(const DOMElement& element)
-{
-    return SectionType::FromString(GetAttributeValue(&element, Tags::Name()));
-}
-
-SimulatorModeType::Enum ReadMode(const DOMElement& element)
-{
-    return SimulatorModeType::FromString(GetAttributeValue(&element, Tags::Value()));
-}
-
-bool IsFlagged(const DOMElement& element, const XMLCh* attribute)
-{
-    return GetAttributeValueEqual(&element, attribute, Tags::True());
-}
-
 using SimulatorFlags = std::bitset<SimulatorType::Count>;
-
-/// An entry for `Wend` speaks for its two variants as well, unless it is marked for one of them.
-template <class SetRow, class ClearRow>
-void ApplyToVariants(const DOMElement& entry, SimulatorType::Enum row, SetRow set, ClearRow clear)
-{
-    set(row);
-    if (row != SimulatorType::Wend)
-        return;
-    set(SimulatorType::Wend_GE);
-    set(SimulatorType::Wend_CLASSIC);
-    if (IsFlagged(entry, Tags::GridEditsOnly()))
-        clear(SimulatorType::Wend_CLASSIC);
-    if (IsFlagged(entry, Tags::ClassicOnly()))
-        clear(SimulatorType::Wend_GE);
-}
 
 SimulatorFlags ReadSimulators(const DOMElement* element)
 {
@@ -84,10 +47,9 @@ SimulatorFlags ReadSimulators(const DOMElement* element)
                 continue;
             any = true; // an ignored entry too: a list of nothing else leaves no simulator
             if (!GetAttributeValueEqual(&child, Tags::SupportLevel(), Tags::Ignored()))
-                ApplyToVariants(
-                    child, ReadSimulatorName(child),
-                    [&](int row) { flags.set(static_cast<std::size_t>(row)); },
-                    [&](int row) { flags.reset(static_cast<std::size_t>(row)); });
+                ApplySimulatorEntry(
+                    child, [&](std::size_t row) { flags.set(row); },
+                    [&](std::size_t row) { flags.reset(row); });
         }
     }
     return any ? flags : flags.set();
@@ -105,7 +67,7 @@ unsigned ReadOptions(const DOMElement* element)
             modes |= Bit(ReadMode(child));
         }
     }
-    return any ? modes : allThree;
+    return any ? modes : threeModes;
 }
 
 } // namespace
@@ -131,68 +93,58 @@ ValidityElements ValidityElements::Or(const ValidityElements& other) const
 
 void SyntaxValidity::Read(const ValidityElements& elements)
 {
-    const Work work = ReadSimulatorsAndOptions(elements);
+    const Modes modes = ReadModes(elements);
     bool any = false;
     if (elements.sections) {
         for (const DOMElement& section : Descendants(*elements.sections, Tags::Section())) {
             any = true;
-            ReadSection(section, work);
+            ReadSection(section, modes);
         }
     }
     if (any)
         return;
-    for (int section = 0; section < SectionType::Count; ++section) {
-        for (int simulator = 0; simulator < SimulatorType::Count; ++simulator)
-            Set(SectionType::Enum(section), simulator, work[static_cast<std::size_t>(simulator)]);
+    for (SimulatorModeFlags& flags : sections_) {
+        for (int row = 0; row < SimulatorType::Count; ++row)
+            flags.SetModes(SimulatorType::Enum(row), modes[static_cast<std::size_t>(row)]);
     }
 }
 
-SyntaxValidity::Work SyntaxValidity::ReadSimulatorsAndOptions(const ValidityElements& elements)
+SyntaxValidity::Modes SyntaxValidity::ReadModes(const ValidityElements& elements)
 {
     const SimulatorFlags simulators = ReadSimulators(elements.simulators);
-    const Modes options = ReadOptions(elements.options);
-    Work work{};
-    for (std::size_t simulator = 0; simulator < work.size(); ++simulator) {
-        if (!simulators[simulator])
+    const unsigned options = ReadOptions(elements.options);
+    Modes modes{};
+    for (std::size_t row = 0; row < modes.size(); ++row) {
+        if (!simulators[row])
             continue;
-        const Modes modes = ModesOf(static_cast<int>(simulator));
+        const unsigned own = ModesOf(SimulatorType::Enum(row));
         // A simulator that is listed, but has none of the listed modes, is valid in all of its own.
-        work[simulator] = (modes & options) ? (modes & options) : modes;
+        modes[row] = (own & options) ? (own & options) : own;
     }
-    return work;
+    return modes;
 }
 
-void SyntaxValidity::ReadSection(const DOMElement& element, const Work& work)
+void SyntaxValidity::ReadSection(const DOMElement& element, const Modes& modes)
 {
-    const SectionType::Enum section = ReadSectionName(element);
-    const auto set = [&](int row) { Set(section, row, work[static_cast<std::size_t>(row)]); };
+    SimulatorModeFlags& flags = sections_[static_cast<std::size_t>(Keywords::ReadSection(element))];
+    const auto set = [&](SimulatorType::Enum row) {
+        flags.SetModes(row, modes[static_cast<std::size_t>(row)]);
+    };
     if (!HasChildTagName(&element, Tags::Simulator())) {
         for (int row = 0; row < SimulatorType::Count; ++row)
-            set(row);
+            set(SimulatorType::Enum(row));
         return;
     }
-    for (const DOMElement& simulator : Descendants(element, Tags::Simulator()))
-        ApplyToVariants(simulator, ReadSimulatorName(simulator), set, [&](int row) { Set(section, row, 0); });
+    for (const DOMElement& entry : Descendants(element, Tags::Simulator()))
+        ApplySimulatorEntry(entry, set, [&](SimulatorType::Enum row) { flags.SetModes(row, 0); });
 }
 
-void SyntaxValidity::Set(SectionType::Enum section, int simulator, Modes modes)
+bool SyntaxValidity::IsValidForSome(const SimulatorModeFlags& flags, SimulatorModeType::Enum mode)
 {
-    std::uint64_t& bits = sections_[static_cast<std::size_t>(section)];
-    bits = (bits & ~AllModesOf(simulator)) | (std::uint64_t{modes} << ShiftOf(simulator));
-}
-
-bool SyntaxValidity::IsValid(
-    SectionType::Enum section, SimulatorType::Enum simulator, SimulatorModeType::Enum mode) const
-{
-    if (mode == SimulatorModeType::Any || section == SectionType::None)
-        return IsValid(section, simulator);
-    const auto isSet = [&](int row) {
-        return (sections_[static_cast<std::size_t>(section)] >> ShiftOf(row) & Bit(mode)) != 0;
-    };
-    if (simulator != SimulatorType::Any)
-        return isSet(simulator);
+    if (mode == SimulatorModeType::Any)
+        return flags.Any();
     for (int row = 0; row < SimulatorType::Count; ++row) {
-        if (isSet(row))
+        if (flags.Get(SimulatorType::Enum(row), mode))
             return true;
     }
     return false;
@@ -200,8 +152,9 @@ bool SyntaxValidity::IsValid(
 
 bool SyntaxValidity::IsValidSimulator(SimulatorType::Enum simulator) const
 {
-    return std::any_of(sections_.begin(), sections_.end(),
-        [simulator](std::uint64_t bits) { return (bits & AllModesOf(simulator)) != 0; });
+    return std::any_of(sections_.begin(), sections_.end(), [simulator](const SimulatorModeFlags& flags) {
+        return flags.Get(simulator, SimulatorModeType::Any);
+    });
 }
 
 std::vector<SimulatorType::Enum> SyntaxValidity::GetValidSimulators() const
@@ -226,11 +179,8 @@ std::vector<SectionType::Enum> SyntaxValidity::GetValidSections() const
 
 SectionType::Enum SyntaxValidity::GetFirstValidSection() const
 {
-    for (int section = 0; section < SectionType::Count; ++section) {
-        if (IsValid(SectionType::Enum(section), SimulatorType::Any))
-            return SectionType::Enum(section);
-    }
-    return SectionType::None;
+    const std::vector<SectionType::Enum> sections = GetValidSections();
+    return sections.empty() ? SectionType::None : sections.front();
 }
 
 } // namespace Veld::Quor::Core::Keywords

@@ -1,7 +1,11 @@
 #pragma once
 
 #include "quor/foundation/SimulatorModeType.h"
+#include "quor/metadata/IKeywordDataMDInternal.h"
 #include "quor/syntax/IKeywordSyntax.h"
+#include "quor/syntax/internal/CellPropertyInfo.h"
+#include "quor/syntax/internal/ScopeInfo.h"
+#include "quor/syntax/internal/SummaryMnemonicInfo.h"
 #include "quor/syntax/internal/SyntaxValidity.h"
 
 #include <memory>
@@ -38,14 +42,14 @@ public:
     bool IsValid(SectionType::Enum section, SimulatorType::Enum simulator) const override;
     std::vector<SectionType::Enum> GetValidSections() const override { return validity_.GetValidSections(); }
     SectionType::Enum GetFirstValidSection() const override { return validity_.GetFirstValidSection(); }
-    bool HasScope() const override { return false; }
+    bool HasScope() const override { return scope_ != nullptr; }
     const std::vector<const IKeywordSyntax*>& GetScopeKeywords() const override;
-    const IKeywordSyntax* GetScopeSyntax() const override { return nullptr; }
-    const ISummaryMnemonicInfo* GetSummaryMnemonicInfo() const override { return nullptr; }
-    const ICellPropertyInfo* GetCellPropertyInfo() const override { return nullptr; }
-    const IKeywordDataMD* GetDataMD() const override { return nullptr; }
-    bool HasIdentifiers() const override { return GetIdentifierCount() > 0; }
-    int GetIdentifierCount() const override { return 0; }
+    const IKeywordSyntax* GetScopeSyntax() const override;
+    const ISummaryMnemonicInfo* GetSummaryMnemonicInfo() const override { return summaryMnemonic_.get(); }
+    const ICellPropertyInfo* GetCellPropertyInfo() const override { return cellProperty_.get(); }
+    const IKeywordDataMD* GetDataMD() const override { return dataMD_ ? &dataMD_->MD() : nullptr; }
+    bool HasIdentifiers() const override { return identifierCount_ > 0; }
+    int GetIdentifierCount() const override { return identifierCount_; }
     bool HasPrecedents() const override { return !precedents_.empty(); }
     const std::set<std::string>& GetPrecedents(SectionType::Enum section) const override;
 
@@ -60,6 +64,8 @@ private:
     };
 
     void ReadXML(const xercesc::DOMElement& element);
+    void CreateDataMD(const xercesc::DOMElement& element);
+    std::unique_ptr<IKeywordDataMDInternal> ReadDataMD(const xercesc::DOMElement& typeElement) const;
     void ReadPrecedents(const xercesc::DOMElement& element);
     void ReadAliases(
         const std::vector<const xercesc::DOMElement*>& elements, const ValidityElements& ofKeyword);
@@ -69,6 +75,11 @@ private:
 
     std::string name_;
     std::unique_ptr<Aliases> aliases_; // null: none
+    std::unique_ptr<IKeywordDataMDInternal> dataMD_; // null: the keyword carries nothing
+    std::unique_ptr<ScopeInfo> scope_; // null, as the next two: the document has no such element
+    std::unique_ptr<SummaryMnemonicInfo> summaryMnemonic_;
+    std::unique_ptr<CellPropertyInfo> cellProperty_;
+    int identifierCount_ = 0;
     KeywordDeckRole::Enum deckRole_;
     SyntaxValidity validity_;
     bool isGeneric_ = false;

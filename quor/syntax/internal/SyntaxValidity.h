@@ -1,12 +1,10 @@
 #pragma once
 
 #include "quor/foundation/SectionType.h"
-#include "quor/foundation/SimulatorModeType.h"
-#include "quor/foundation/SimulatorType.h"
+#include "quor/foundation/SimulatorModeFlags.h"
 #include "quor/foundation/service/xml/DomForward.h"
 
 #include <array>
-#include <cstdint>
 #include <vector>
 
 namespace Veld::Quor::Core::Keywords {
@@ -31,37 +29,29 @@ public:
     /// Adds what the elements say; meant for a new object.
     void Read(const ValidityElements& elements);
 
-    bool IsValid(SectionType::Enum section, SimulatorType::Enum simulator) const
+    /// In the mode, or in some mode. `SimulatorType::Any` asks for some simulator; no section is valid for
+    /// nobody.
+    bool IsValid(SectionType::Enum section, SimulatorType::Enum simulator,
+        SimulatorModeType::Enum mode = SimulatorModeType::Any) const
     {
         if (section == SectionType::None)
             return false;
-        const std::uint64_t bits = sections_[static_cast<std::size_t>(section)];
-        return simulator == SimulatorType::Any ? bits != 0 : (bits & AllModesOf(simulator)) != 0;
+        const SimulatorModeFlags& flags = sections_[static_cast<std::size_t>(section)];
+        return simulator == SimulatorType::Any ? IsValidForSome(flags, mode) : flags.Get(simulator, mode);
     }
-    bool IsValid(
-        SectionType::Enum section, SimulatorType::Enum simulator, SimulatorModeType::Enum mode) const;
     bool IsValidSimulator(SimulatorType::Enum simulator) const;
     std::vector<SimulatorType::Enum> GetValidSimulators() const;
     std::vector<SectionType::Enum> GetValidSections() const;
     SectionType::Enum GetFirstValidSection() const;
 
 private:
-    // One word a section: four bits a simulator, one of them a mode. The fourth stays clear.
-    static constexpr int modeBits = 4;
-    static constexpr int ShiftOf(int simulator) { return modeBits * simulator; }
-    static constexpr std::uint64_t AllModesOf(int simulator)
-    {
-        return std::uint64_t{0xF} << ShiftOf(simulator);
-    }
+    using Modes = std::array<unsigned, SimulatorType::Count>; // bit m of a simulator: mode m
 
-    using Modes = unsigned; // the bits of one simulator
-    using Work = std::array<Modes, SimulatorType::Count>;
+    static bool IsValidForSome(const SimulatorModeFlags& flags, SimulatorModeType::Enum mode);
+    static Modes ReadModes(const ValidityElements& elements);
+    void ReadSection(const xercesc::DOMElement& element, const Modes& modes);
 
-    static Work ReadSimulatorsAndOptions(const ValidityElements& elements);
-    void ReadSection(const xercesc::DOMElement& element, const Work& work);
-    void Set(SectionType::Enum section, int simulator, Modes modes);
-
-    std::array<std::uint64_t, SectionType::Count> sections_{};
+    std::array<SimulatorModeFlags, SectionType::Count> sections_;
 };
 
 } // namespace Veld::Quor::Core::Keywords

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "quor/foundation/SectionType.h"
+#include "quor/foundation/SimulatorModeType.h"
+#include "quor/foundation/SimulatorType.h"
+#include "quor/foundation/service/xml/DomText.h"
+#include "quor/foundation/service/xml/Tags.h"
+
+#include <xercesc/dom/DOMElement.hpp>
+
+/// The words of a syntax document that several readers take.
+namespace Veld::Quor::Core::Keywords {
+
+inline std::string NameOf(const xercesc::DOMElement& element)
+{
+    return Service::XML::GetAttributeValue(&element, Service::XML::Tags::Name());
+}
+
+/// A flag attribute is true only if it is there and says so.
+inline bool IsFlagged(const xercesc::DOMElement& element, const XMLCh* attribute)
+{
+    return Service::XML::GetAttributeValueEqual(&element, attribute, Service::XML::Tags::True());
+}
+
+// Wanted, in the three below: a word that is not known counts as row 0, and nobody is told.
+
+inline SimulatorType::Enum ReadSimulator(const xercesc::DOMElement& element)
+{
+    return SimulatorType::FromString(NameOf(element));
+}
+
+inline SectionType::Enum ReadSection(const xercesc::DOMElement& element)
+{
+    return SectionType::FromString(NameOf(element));
+}
+
+inline SimulatorModeType::Enum ReadMode(const xercesc::DOMElement& option)
+{
+    return SimulatorModeType::FromString(
+        Service::XML::GetAttributeValue(&option, Service::XML::Tags::Value()));
+}
+
+/// Sets the simulator that an entry names. `Wend` speaks for its two variants as well, unless the entry is
+/// marked for one of them: then the other is cleared.
+template <class Set, class Clear>
+void ApplySimulatorEntry(const xercesc::DOMElement& entry, Set set, Clear clear)
+{
+    const SimulatorType::Enum simulator = ReadSimulator(entry);
+    set(simulator);
+    if (simulator != SimulatorType::Wend)
+        return;
+    set(SimulatorType::Wend_GE);
+    set(SimulatorType::Wend_CLASSIC);
+    if (IsFlagged(entry, Service::XML::Tags::GridEditsOnly()))
+        clear(SimulatorType::Wend_CLASSIC);
+    if (IsFlagged(entry, Service::XML::Tags::ClassicOnly()))
+        clear(SimulatorType::Wend_GE);
+}
+
+} // namespace Veld::Quor::Core::Keywords

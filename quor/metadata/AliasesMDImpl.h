@@ -1,0 +1,31 @@
+#pragma once
+
+#include "quor/foundation/Export.h"
+#include "quor/foundation/service/xml/DomForward.h"
+#include "quor/metadata/IAliasesMD.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Veld::Quor::Core::Keywords {
+
+class VELD_QUOR_EXPORT AliasesMDImpl : public IAliasesMD {
+public:
+    /// An alias, and whether it is hidden: known, but not to be used any more.
+    using Alias = std::pair<std::string, bool>;
+
+    /// Starts empty whatever the argument, which is there for likeness with its sisters.
+    explicit AliasesMDImpl(bool = true) { }
+
+    /// In the order of the document.
+    const std::vector<Alias>& GetAliasList() const { return aliases_; }
+
+    /// Adds the aliases of the element. Case is kept, so a name must stand in upper case to be matched.
+    void ReadXML(const xercesc::DOMElement* element);
+
+private:
+    std::vector<Alias> aliases_;
+};
+
+} // namespace Veld::Quor::Core::Keywords

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "quor/foundation/Export.h"
+
+namespace Veld::Quor::Core::Keywords {
+
+/// Other names of a choice; see `AliasesMDImpl`.
+class VELD_QUOR_EXPORT IAliasesMD {
+public:
+    virtual ~IAliasesMD();
+};
+
+} // namespace Veld::Quor::Core::Keywords

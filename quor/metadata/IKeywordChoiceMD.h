@@ -1,0 +1,36 @@
+#pragma once
+
+#include "quor/foundation/Export.h"
+#include "quor/foundation/service/Optional.h"
+#include "quor/metadata/IKeywordItemMD.h"
+
+#include <string>
+
+namespace Veld::Quor::Core::Keywords {
+
+class IUnsupportedByMD;
+class IValidityMD;
+
+/// One of a fixed list of words. A value is the index of the word. Indices are not checked: 0 to
+/// `NumChoices()` - 1.
+class VELD_QUOR_EXPORT IKeywordChoiceMD : public IKeywordItemMD {
+public:
+    ~IKeywordChoiceMD() override;
+
+    virtual int NumChoices() const = 0;
+    virtual const std::string& GetChoice(int index) const = 0;
+    virtual const IValidityMD& GetValidity(int index) const = 0;
+    virtual const IUnsupportedByMD& GetUnsupportedBy(int index) const = 0;
+
+    /// The choice that a user's text means, or -1: its own word, an alias, an abbreviation of either, or, if
+    /// `Service::UseLaxMatch()`, the word that it agrees with furthest. Case does not matter. What was not
+    /// the plain word is told through `Service::MessageCapper`.
+    virtual int GetIndex(const std::string& text) const = 0;
+    /// The same; on -1 `message` says what is allowed, else it is left alone.
+    virtual int GetIndex(const std::string& text, std::string& message) const = 0;
+
+    /// An index, or -1 for a default that names no choice.
+    virtual Service::Optional<int> GetDefault(SimulatorType::Enum simulator) const = 0;
+};
+
+} // namespace Veld::Quor::Core::Keywords

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "quor/foundation/Export.h"
+#include "quor/foundation/service/xml/DomForward.h"
+#include "quor/metadata/IKeywordIntegerMD.h"
+#include "quor/metadata/ScalarMD.h"
+
+#include <atomic>
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Core::Keywords {
+
+class VELD_QUOR_EXPORT KeywordIntegerMDImpl
+    : public NumericMD<IKeywordIntegerMD, IKeywordDataMD::MDType::Integer, int> {
+public:
+    using Defaults = DefaultTable<int>::Map;
+
+    KeywordIntegerMDImpl();
+    KeywordIntegerMDImpl(KeywordIntegerMDImpl&& other) noexcept;
+    KeywordIntegerMDImpl& operator=(KeywordIntegerMDImpl&& other) noexcept;
+    ~KeywordIntegerMDImpl() override;
+
+    /// All defaults as a map, made at the first call; safe from several threads.
+    virtual const Defaults& GetDefaults() const;
+
+    void SetMin(const Service::Optional<int>& min) { min_ = min; }
+    void SetMax(const Service::Optional<int>& max) { max_ = max; }
+    void SetDefaults(const Defaults& defaults);
+
+    /// As `KeywordLineMDImpl::ReadXML`.
+    void ReadXML(const xercesc::DOMElement* element, const std::vector<SimulatorType::Enum>& simulators);
+    /// Limits, default and format alone. The simulators of the keyword get their defaults, but are not kept:
+    /// `IsKeywordSupported` stays false.
+    void InternalReadXML(
+        const xercesc::DOMElement* element, const std::vector<SimulatorType::Enum>& simulators);
+
+private:
+    void ForgetMap() noexcept;
+
+    mutable std::atomic<const Defaults*> map_{nullptr}; // owned; null until asked for
+};
+
+} // namespace Veld::Quor::Core::Keywords

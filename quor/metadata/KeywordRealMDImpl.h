@@ -1,0 +1,25 @@
+#pragma once
+
+#include "quor/foundation/Export.h"
+#include "quor/foundation/service/xml/DomForward.h"
+#include "quor/metadata/IKeywordRealMD.h"
+#include "quor/metadata/ScalarMD.h"
+
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Core::Keywords {
+
+class VELD_QUOR_EXPORT KeywordRealMDImpl
+    : public NumericMD<IKeywordRealMD, IKeywordDataMD::MDType::Real, double> {
+public:
+    const std::string* GetMeasurement() const override { return measurement_; }
+
+    /// As `KeywordLineMDImpl::ReadXML`.
+    void ReadXML(const xercesc::DOMElement* element, const std::vector<SimulatorType::Enum>& simulators);
+
+private:
+    const std::string* measurement_ = nullptr; // the process-wide pool's
+};
+
+} // namespace Veld::Quor::Core::Keywords

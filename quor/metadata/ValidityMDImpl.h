@@ -1,0 +1,37 @@
+#pragma once
+
+#include "quor/foundation/Export.h"
+#include "quor/foundation/SimulatorModeFlags.h"
+#include "quor/foundation/service/xml/DomForward.h"
+#include "quor/metadata/IValidityMD.h"
+
+namespace Veld::Quor::Core::Keywords {
+
+class VELD_QUOR_EXPORT ValidityMDImpl : public IValidityMD {
+public:
+    /// Valid everywhere or nowhere.
+    explicit ValidityMDImpl(bool valid)
+        : flags_(valid)
+    {
+    }
+
+    bool IsValid(SimulatorType::Enum simulator, SimulatorModeType::Enum mode) const override
+    {
+        return flags_.Get(simulator, mode);
+    }
+    /// Writes one flag; `SimulatorModeType::Any` has one of its own, which `IsValid` never looks at.
+    void Set(SimulatorType::Enum simulator, SimulatorModeType::Enum mode, bool valid)
+    {
+        flags_.Set(simulator, mode, valid);
+    }
+    void Reset(bool valid) { flags_.Reset(valid); }
+
+    /// Replaces what was there by the simulators (in all modes) and the modes (for all simulators) that the
+    /// element names. The two add up. An element that names nothing is valid nowhere.
+    void ReadXML(const xercesc::DOMElement* element);
+
+private:
+    SimulatorModeFlags flags_;
+};
+
+} // namespace Veld::Quor::Core::Keywords

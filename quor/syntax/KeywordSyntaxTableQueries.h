@@ -1,0 +1,33 @@
+#pragma once
+
+#include "quor/foundation/Export.h"
+
+#include <set>
+#include <string>
+
+namespace Veld::Quor::Core::Keywords {
+
+class IKeywordListMD;
+class IKeywordSyntax;
+
+/// Questions over the whole table, each answered by a walk over all its visible keywords. A cell property
+/// counts only if its data are a list. The order of a set is that of the addresses.
+class VELD_QUOR_EXPORT KeywordSyntaxTableQueries {
+public:
+    struct PropertyValueType {
+        enum Enum : int { Integer = 0, Real = 1, Any = 2 };
+    };
+    using Keywords = std::set<const IKeywordSyntax*>;
+
+    static Keywords GetCellProperties();
+    static Keywords GetIntCellProperties();
+    static Keywords GetRealCellProperties();
+    /// Empty for a measurement that no item has.
+    static Keywords GetRealCellPropertiesByMeasurement(const std::string& measurement);
+
+private:
+    static Keywords GetCellProperties(PropertyValueType::Enum valueType);
+    static bool MatchType(const IKeywordListMD* list, PropertyValueType::Enum valueType);
+};
+
+} // namespace Veld::Quor::Core::Keywords
