@@ -5,9 +5,11 @@
 #include "quor/foundation/service/Optional.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <map>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -33,6 +35,20 @@ class DefaultTable {
 public:
     using Value = Service::Optional<T>;
     using Map = std::map<SimulatorType::Enum, Value>;
+
+    DefaultTable() = default;
+    DefaultTable(const DefaultTable&) = default;
+    DefaultTable& operator=(const DefaultTable&) = default;
+    /// Leaves `other` without defaults: its positions must not outlive its values.
+    DefaultTable(DefaultTable&& other) noexcept { *this = std::move(other); }
+    DefaultTable& operator=(DefaultTable&& other) noexcept
+    {
+        positions_ = std::exchange(other.positions_, 0);
+        overrides_ = std::exchange(other.overrides_, 0);
+        values_ = std::exchange(other.values_, {});
+        return *this;
+    }
+    ~DefaultTable() = default;
 
     bool Has(SimulatorType::Enum key) const { return Position(key) != 0; }
     Value Get(SimulatorType::Enum key) const
@@ -91,9 +107,18 @@ private:
         positions_ &= ~(std::uint64_t{mostValues} << PositionShift(key));
         positions_ |= std::uint64_t{position} << PositionShift(key);
     }
+    /// Unlike `==` it tells -0.0 from 0.0.
+    static bool IsSame(const Value& a, const Value& b)
+    {
+        if constexpr (std::is_floating_point_v<T>)
+            return a == b && (!a.HasValue() || std::signbit(*a) == std::signbit(*b));
+        else
+            return a == b;
+    }
     unsigned PositionOf(const Value& value)
     {
-        auto at = std::find(values_.begin(), values_.end(), value);
+        auto at = std::find_if(
+            values_.begin(), values_.end(), [&](const Value& kept) { return IsSame(kept, value); });
         if (at == values_.end()) {
             if (values_.size() == mostValues)
                 DropUnused();

@@ -48,8 +48,8 @@ SimulatorFlags ReadSimulators(const DOMElement* element)
             any = true; // an ignored entry too: a list of nothing else leaves no simulator
             if (!GetAttributeValueEqual(&child, Tags::SupportLevel(), Tags::Ignored()))
                 ApplySimulatorEntry(
-                    child, [&](std::size_t row) { flags.set(row); },
-                    [&](std::size_t row) { flags.reset(row); });
+                    child, [&](SimulatorType::Enum row) { flags.set(static_cast<std::size_t>(row)); },
+                    [&](SimulatorType::Enum row) { flags.reset(static_cast<std::size_t>(row)); });
         }
     }
     return any ? flags : flags.set();

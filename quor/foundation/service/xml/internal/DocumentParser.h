@@ -29,6 +29,7 @@ private:
         const XMLCh* prefix) override;
     void endDocument() override;
 
+    using XercesDOMParser::error; // an operation of another sort, which the one below would hide
     void warning(const xercesc::SAXParseException&) override { }
     void error(const xercesc::SAXParseException& error) override;
     void fatalError(const xercesc::SAXParseException& error) override;

@@ -1,0 +1,213 @@
+#include "quor/data/DataAccessUtils.h"
+
+#include "quor/data/IKeywordListData.h"
+#include "quor/data/IKeywordRecordData.h"
+#include "quor/data/PathAliases.h"
+#include "quor/data/internal/DateRecord.h"
+#include "quor/foundation/internal/KeywordException.h"
+#include "quor/metadata/internal/MDCast.h"
+#include "quor/syntax/IKeywordSyntax.h"
+#include "quor/syntax/KeywordSyntaxTable.h"
+
+#include <cmath>
+#include <limits>
+
+namespace Veld::Quor::Core::Keywords {
+
+using Service::Time;
+using String = Service::Optional<std::string>;
+
+namespace {
+
+const IKeywordDataMD* RootMDOf(const char* keyword)
+{
+    return KeywordSyntaxTable::Instance(false, true).Lookup(keyword, true)->GetDataMD();
+}
+
+void Expect(const IKeywordData* data, const IKeywordDataMD* md, const char* what)
+{
+    if (!data || data->GetMD() != md)
+        throw KeywordException(std::string("Keywords::DataAccessUtils: expecting ") + what + " data");
+}
+
+const String& TextOf(const IKeywordData* data)
+{
+    return *static_cast<const String*>(As<const IKeywordRecordData>(*data).GetData(0));
+}
+
+void SetText(IKeywordData* data, const std::string& value)
+{
+    *static_cast<String*>(As<IKeywordRecordData>(*data).GetData(0)) = value;
+}
+
+const IKeywordRecordData& RecordAt(const IKeywordListData& list, std::int64_t i)
+{
+    const auto* const element = static_cast<const IKeywordData*>(list.GetData(static_cast<std::size_t>(i)));
+    return As<const IKeywordRecordData>(*element);
+}
+
+double RealAt(const IKeywordListData& list, std::int64_t i)
+{
+    return *static_cast<const double*>(list.GetData(static_cast<std::size_t>(i)));
+}
+
+/// Cut to whole ticks towards zero; kept within the range of ticks, where a cast would not be defined.
+long long TicksOf(long long ticksPerUnit, double units)
+{
+    constexpr long long most = std::numeric_limits<long long>::max();
+    const double ticks = static_cast<double>(ticksPerUnit) * units;
+    if (std::isnan(ticks))
+        return 0;
+    if (std::abs(ticks) >= static_cast<double>(most))
+        return ticks > 0 ? most : -most;
+    return static_cast<long long>(ticks);
+}
+
+Time AdvanceByDATES(const Time& current, const IKeywordListData& dates)
+{
+    if (dates.GetSize() == 0)
+        return current;
+    const Time last = ReadDateRecord(RecordAt(dates, dates.GetSize() - 1));
+    return last.IsDef() ? last : current;
+}
+
+Time AdvanceByTSTEP(
+    const Time& start, const Time& current, long long ticksPerUnit, const IKeywordListData& steps)
+{
+    Time time = current.IsDef() ? current : start;
+    for (std::int64_t i = 0; i < steps.GetSize(); ++i)
+        time += TicksOf(ticksPerUnit, RealAt(steps, i)); // Wanted: each step is cut by itself.
+    return time;
+}
+
+Time AdvanceByTIME(
+    const Time& start, const Time& current, long long ticksPerUnit, const IKeywordListData& times)
+{
+    if (times.GetSize() == 0)
+        return current;
+    return start + TicksOf(ticksPerUnit, RealAt(times, times.GetSize() - 1));
+}
+
+} // namespace
+
+void DataAccessUtils::AssertINCLUDEData(const IKeywordData* data)
+{
+    static const IKeywordDataMD* const md = RootMDOf("INCLUDE");
+    Expect(data, md, "an INCLUDE");
+}
+
+void DataAccessUtils::AssertMESSAGEData(const IKeywordData* data)
+{
+    static const IKeywordDataMD* const md = RootMDOf("MESSAGE");
+    Expect(data, md, "an MESSAGE");
+}
+
+void DataAccessUtils::AssertGDFILEData(const IKeywordData* data)
+{
+    static const IKeywordDataMD* const md = RootMDOf("GDFILE");
+    Expect(data, md, "an GDFILE");
+}
+
+void DataAccessUtils::AssertTOLGRIDData(const IKeywordData* data)
+{
+    static const IKeywordDataMD* const md = RootMDOf("TOLGRID");
+    Expect(data, md, "an TOLGRID");
+}
+
+const String& DataAccessUtils::GetINCLUDEFileName(const IKeywordData* data)
+{
+    AssertINCLUDEData(data);
+    return TextOf(data);
+}
+
+const String& DataAccessUtils::GetMESSAGEText(const IKeywordData* data)
+{
+    AssertMESSAGEData(data);
+    return TextOf(data);
+}
+
+const String& DataAccessUtils::GetGDFILEName(const IKeywordData* data)
+{
+    AssertGDFILEData(data);
+    return TextOf(data);
+}
+
+const String& DataAccessUtils::GetTOLGRIDName(const IKeywordData* data)
+{
+    AssertTOLGRIDData(data);
+    return TextOf(data);
+}
+
+void DataAccessUtils::SetINCLUDEFileName(IKeywordData* data, const std::string& value)
+{
+    AssertINCLUDEData(data);
+    SetText(data, value);
+}
+
+void DataAccessUtils::SetMESSAGEText(IKeywordData* data, const std::string& value)
+{
+    AssertMESSAGEData(data);
+    SetText(data, value);
+}
+
+void DataAccessUtils::SetGDFILEName(IKeywordData* data, const std::string& value)
+{
+    AssertGDFILEData(data);
+    SetText(data, value);
+}
+
+void DataAccessUtils::SetTOLGRIDName(IKeywordData* data, const std::string& value)
+{
+    AssertTOLGRIDData(data);
+    SetText(data, value);
+}
+
+Time DataAccessUtils::GetTimeFromSTART(const IKeywordData* data)
+{
+    static const IKeywordDataMD* const md = RootMDOf("START");
+    Expect(data, md, "START");
+    return ReadDateRecord(As<const IKeywordRecordData>(*data));
+}
+
+std::vector<Time> DataAccessUtils::GetTimesFromDATES(const IKeywordData* data)
+{
+    static const IKeywordDataMD* const md = RootMDOf("DATES");
+    Expect(data, md, "DATES");
+    const auto& dates = As<const IKeywordListData>(*data);
+    std::vector<Time> times;
+    for (std::int64_t i = 0; i < dates.GetSize(); ++i) {
+        Time time = ReadDateRecord(RecordAt(dates, i));
+        if (time.IsDef())
+            times.push_back(time);
+    }
+    return times;
+}
+
+Time DataAccessUtils::AdvanceTime(
+    const Time& start, const Time& current, long long ticksPerUnit, const IKeywordData* data)
+{
+    static const IKeywordDataMD* const dates = RootMDOf("DATES");
+    static const IKeywordDataMD* const tstep = RootMDOf("TSTEP");
+    static const IKeywordDataMD* const time = RootMDOf("TIME");
+    if (!data)
+        return current;
+    if (data->GetMD() == dates)
+        return AdvanceByDATES(current, As<const IKeywordListData>(*data));
+    if (data->GetMD() == tstep)
+        return AdvanceByTSTEP(start, current, ticksPerUnit, As<const IKeywordListData>(*data));
+    if (data->GetMD() == time)
+        return AdvanceByTIME(start, current, ticksPerUnit, As<const IKeywordListData>(*data));
+    return current;
+}
+
+void DataAccessUtils::AddPathAliases(const IKeywordData* data, PathAliases& aliases)
+{
+    const auto& list = As<const IKeywordListData>(*data);
+    for (std::int64_t i = 0; i < list.GetSize(); ++i) {
+        const IKeywordRecordData& record = RecordAt(list, i);
+        const auto textAt = [&record](int item) { return *static_cast<const String*>(record.GetData(item)); };
+        aliases.setAlias(textAt(0).ValueOr({}), textAt(1).ValueOr({}));
+    }
+}
+
+} // namespace Veld::Quor::Core::Keywords

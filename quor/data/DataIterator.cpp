@@ -1,0 +1,141 @@
+#include "quor/data/DataIterator.h"
+
+#include "quor/data/IKeywordListData.h"
+#include "quor/data/IKeywordMapData.h"
+#include "quor/data/IKeywordRecordData.h"
+#include "quor/foundation/internal/KeywordException.h"
+#include "quor/metadata/IKeywordAssignmentMD.h"
+#include "quor/metadata/IKeywordListMD.h"
+#include "quor/metadata/IKeywordMapMD.h"
+#include "quor/metadata/IKeywordRecordMD.h"
+#include "quor/metadata/KeywordUtils.h"
+#include "quor/metadata/internal/MDCast.h"
+
+#include <algorithm>
+
+namespace Veld::Quor::Core::Keywords {
+
+using MDType = IKeywordDataMD::MDType;
+
+namespace {
+
+/// Fails at once, whatever the data hold, if the walk could ever meet what it can't walk.
+void CheckCanBeWalked(const IKeywordDataMD* md)
+{
+    switch (KeywordUtils::GetMDType(md)) {
+    case MDType::List: {
+        const IKeywordDataMD* const item = As<const IKeywordListMD>(*md).GetItemMD();
+        if (!KeywordUtils::IsItemMDType(item))
+            CheckCanBeWalked(item);
+        return;
+    }
+    case MDType::Record: {
+        const auto& record = As<const IKeywordRecordMD>(*md);
+        for (int i = 0; i < record.GetSize(); ++i) {
+            const IKeywordDataMD* const item = record.GetItemMD(i);
+            if (!KeywordUtils::IsItemMDType(item))
+                CheckCanBeWalked(item);
+        }
+        return;
+    }
+    case MDType::Map:
+        return;
+    default:
+        throw KeywordException("AnyContainerIteratorImpl: unhandled type");
+    }
+}
+
+} // namespace
+
+template <class Data>
+DataIteratorOf<Data>::DataIteratorOf() = default;
+
+template <class Data>
+DataIteratorOf<Data>::DataIteratorOf(Data& root)
+    : root_(&root)
+{
+    CheckCanBeWalked(root.GetMD());
+    Enter(&root, root.GetMD());
+}
+
+template <class Data>
+const DataIteratorOf<Data>& DataIteratorOf<Data>::End()
+{
+    static const DataIteratorOf end;
+    return end;
+}
+
+template <class Data>
+void DataIteratorOf<Data>::Next()
+{
+    while (!path_.empty()) {
+        if (NextBelow(path_.back()))
+            return;
+        path_.pop_back();
+    }
+    current_.value = nullptr;
+}
+
+template <class Data>
+void DataIteratorOf<Data>::Enter(const void* data, const IKeywordDataMD* md)
+{
+    path_.push_back({static_cast<const IKeywordData*>(data), md, -1});
+    // Data that a DataIterator walks were handed in for writing.
+    current_ = {const_cast<void*>(data), md, false};
+}
+
+template <class Data>
+bool DataIteratorOf<Data>::Visit(const void* value, const IKeywordDataMD* md, bool isOptional)
+{
+    if (KeywordUtils::IsItemMDType(md))
+        current_ = {const_cast<void*>(value), md, isOptional};
+    else
+        Enter(value, md);
+    return true;
+}
+
+/// Goes to the next element, item or pair of the container; false behind the last.
+template <class Data>
+bool DataIteratorOf<Data>::NextBelow(Level& level)
+{
+    const std::int64_t index = ++level.index;
+    switch (level.md->GetType()) {
+    case MDType::List: {
+        const auto& list = As<const IKeywordListData>(*level.data);
+        return index < list.GetSize()
+            && Visit(list.GetData(static_cast<std::size_t>(index)),
+                As<const IKeywordListMD>(*level.md).GetItemMD(), false);
+    }
+    case MDType::Record: {
+        const auto& record = As<const IKeywordRecordData>(*level.data);
+        const int i = static_cast<int>(index);
+        return i < record.GetSize()
+            && Visit(record.GetData(i), As<const IKeywordRecordMD>(*level.md).GetItemMD(i), true);
+    }
+    case MDType::Map: {
+        const auto& map = As<const IKeywordMapData>(*level.data);
+        const int i = static_cast<int>(index);
+        if (i >= map.GetSize())
+            return false;
+        mapValue_ = map.GetValue(i);
+        return Visit(&mapValue_, map.GetItemMD(i), true);
+    }
+    default:
+        return false; // CheckCanBeWalked let no other in
+    }
+}
+
+template <class Data>
+bool DataIteratorOf<Data>::IsSameStop(const DataIteratorOf& other) const
+{
+    return root_ == other.root_
+        && std::equal(path_.begin(), path_.end(), other.path_.begin(), other.path_.end(),
+            [](const Level& a, const Level& b) {
+                return a.data == b.data && a.md == b.md && a.index == b.index;
+            });
+}
+
+template class DataIteratorOf<const IKeywordData>;
+template class DataIteratorOf<IKeywordData>;
+
+} // namespace Veld::Quor::Core::Keywords

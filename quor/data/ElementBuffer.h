@@ -1,0 +1,114 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace Veld::Quor::Core::Keywords {
+
+/// Contiguous elements of a type that is plain memory. Unlike `std::vector` it grows by `realloc`, which
+/// moves the pages of a large array and doesn't copy them.
+template <class T>
+class PlainElementBuffer {
+    static_assert(std::is_trivially_copyable_v<T>);
+
+public:
+    PlainElementBuffer() = default;
+    PlainElementBuffer(const PlainElementBuffer& other) { Append(other.elements_, other.size_); }
+    PlainElementBuffer& operator=(const PlainElementBuffer&) = delete;
+    ~PlainElementBuffer() { std::free(elements_); }
+
+    std::size_t Size() const { return size_; }
+    T* Data() { return elements_; }
+    const T* Data() const { return elements_; }
+
+    void Reserve(std::size_t capacity)
+    {
+        if (capacity <= capacity_)
+            return;
+        if (capacity > static_cast<std::size_t>(-1) / sizeof(T))
+            throw std::bad_alloc();
+        void* const moved = std::realloc(elements_, capacity * sizeof(T));
+        if (!moved)
+            throw std::bad_alloc();
+        elements_ = static_cast<T*>(moved);
+        capacity_ = capacity;
+    }
+    T* Append(const T& value)
+    {
+        const T copy = value; // it may be one of the elements
+        if (size_ == capacity_)
+            Grow(1);
+        elements_[size_] = copy;
+        return &elements_[size_++];
+    }
+    /// The values may be a part of the buffer itself.
+    void Append(const T* values, std::size_t count)
+    {
+        if (count == 0)
+            return;
+        const bool own = values >= elements_ && values < elements_ + size_;
+        const std::size_t offset = own ? static_cast<std::size_t>(values - elements_) : 0;
+        if (count > capacity_ - size_)
+            Grow(count);
+        std::memcpy(elements_ + size_, own ? elements_ + offset : values, count * sizeof(T));
+        size_ += count;
+    }
+    void Remove(std::size_t i)
+    {
+        std::memmove(elements_ + i, elements_ + i + 1, (size_ - i - 1) * sizeof(T));
+        --size_;
+    }
+    void Clear() { size_ = 0; }
+
+private:
+    void Grow(std::size_t count)
+    {
+        const std::size_t doubled = capacity_ == 0 ? 4 : 2 * capacity_;
+        Reserve(count > doubled - size_ ? size_ + count : doubled);
+    }
+
+    T* elements_ = nullptr;
+    std::size_t size_ = 0;
+    std::size_t capacity_ = 0;
+};
+
+/// The same for other types.
+template <class T>
+class ObjectElementBuffer {
+public:
+    std::size_t Size() const { return elements_.size(); }
+    T* Data() { return elements_.data(); }
+    const T* Data() const { return elements_.data(); }
+
+    void Reserve(std::size_t capacity) { elements_.reserve(capacity); }
+    T* Append(const T& value)
+    {
+        elements_.push_back(value);
+        return &elements_.back();
+    }
+    void Append(const T* values, std::size_t count)
+    {
+        if (values >= Data() && values < Data() + Size()) {
+            const std::vector<T> copies(values, values + count);
+            elements_.insert(elements_.end(), copies.begin(), copies.end());
+        } else {
+            elements_.insert(elements_.end(), values, values + count);
+        }
+    }
+    void Remove(std::size_t i) { elements_.erase(elements_.begin() + static_cast<std::ptrdiff_t>(i)); }
+    void Clear() { elements_.clear(); }
+
+private:
+    std::vector<T> elements_;
+};
+
+template <class T>
+using ElementBuffer =
+    std::conditional_t<std::is_trivially_copyable_v<T>, PlainElementBuffer<T>, ObjectElementBuffer<T>>;
+
+} // namespace Veld::Quor::Core::Keywords

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "quor/data/IKeywordData.h"
+#include "quor/foundation/Export.h"
+
+#include <map>
+#include <memory>
+
+namespace Veld::Quor::Core::Keywords {
+
+/// Makes the data of a keyword. A host may register a maker of its own for the root of a keyword's metadata;
+/// it must remove it before the table goes. Registering must not run beside making.
+class VELD_QUOR_EXPORT KeywordDataFactory {
+public:
+    using Constructor = std::unique_ptr<IKeywordData> (*)();
+
+    static KeywordDataFactory& Instance();
+    ~KeywordDataFactory();
+    KeywordDataFactory(const KeywordDataFactory&) = delete;
+    KeywordDataFactory& operator=(const KeywordDataFactory&) = delete;
+
+    /// A new, empty tree: records with all their items and no value, empty lists, a pair for each named
+    /// assignment of a map. Null for a keyword that carries nothing. Throws `Service::Exception` for metadata
+    /// that can't have data.
+    std::unique_ptr<IKeywordData> Construct(const IKeywordSyntax& syntax) const;
+    std::unique_ptr<IKeywordData> ConstructSafely(const IKeywordSyntax& syntax) const;
+
+    /// The first maker of a node stays: a second one is logged and dropped. A null maker counts as none, but
+    /// holds the place. Does nothing for a null node.
+    void Register(const IKeywordDataMD* md, Constructor ctor);
+    void Remove(const IKeywordDataMD* md);
+
+private:
+    struct KeywordDataInfo {
+        Constructor ctor;
+    };
+
+    KeywordDataFactory();
+    const KeywordDataInfo* GetInfo(const IKeywordDataMD* md) const;
+    Constructor RegisteredCtor(const IKeywordDataMD* md) const;
+
+    std::map<const IKeywordDataMD*, KeywordDataInfo> infos_;
+};
+
+} // namespace Veld::Quor::Core::Keywords

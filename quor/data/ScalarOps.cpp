@@ -1,0 +1,181 @@
+#include "quor/data/internal/ScalarOps.h"
+
+#include "quor/data/internal/GenericKeywordListDataImpl.h"
+#include "quor/foundation/service/Optional.h"
+
+#include <boost/lexical_cast.hpp>
+
+#include <cstring>
+#include <new>
+#include <type_traits>
+#include <typeinfo>
+
+namespace Veld::Quor::Core::Keywords {
+
+using Service::Optional;
+
+namespace {
+
+template <class T>
+const Optional<T>& ItemOf(const void* item)
+{
+    return *static_cast<const Optional<T>*>(item);
+}
+
+template <class T>
+bool EqualItems(const void* a, const void* b)
+{
+    return ItemOf<T>(a) == ItemOf<T>(b);
+}
+
+/// Wanted: in a record a boolean is compared by truth; any negative byte is no value. In a list it is a byte.
+template <>
+bool EqualItems<bool>(const void* a, const void* b)
+{
+    const signed char byteA = *static_cast<const signed char*>(a);
+    const signed char byteB = *static_cast<const signed char*>(b);
+    if (byteA < 0 || byteB < 0)
+        return byteA < 0 && byteB < 0;
+    return (byteA > 0) == (byteB > 0);
+}
+
+/// Runs at the speed of memory: a block is compared without a branch for each value.
+template <class Element>
+bool EqualValues(const Element* a, const Element* b, std::size_t count)
+{
+    if constexpr (std::is_integral_v<Element>) {
+        return count == 0 || std::memcmp(a, b, count * sizeof(Element)) == 0;
+    } else if constexpr (std::is_floating_point_v<Element>) {
+        constexpr std::size_t block = 256;
+        for (std::size_t from = 0; from < count; from += block) {
+            const std::size_t to = count - from < block ? count : from + block;
+            unsigned differing = 0;
+            for (std::size_t i = from; i < to; ++i)
+                differing |= static_cast<unsigned>(!(a[i] == b[i]));
+            if (differing != 0)
+                return false;
+        }
+        return true;
+    } else {
+        for (std::size_t i = 0; i < count; ++i) {
+            if (a[i] != b[i])
+                return false;
+        }
+        return true;
+    }
+}
+
+/// For any class of list, a host's own too.
+template <class Element>
+bool EqualElementByElement(const IKeywordListData& a, const IKeywordListData& b, bool defaultable)
+{
+    const auto size = static_cast<std::size_t>(a.GetSize());
+    for (std::size_t i = 0; i < size; ++i) {
+        if (defaultable) {
+            const bool flag = a.IsDefaulted(i);
+            if (flag != b.IsDefaulted(i))
+                return false;
+            if (flag)
+                continue;
+        }
+        if (!(*static_cast<const Element*>(a.GetData(i)) == *static_cast<const Element*>(b.GetData(i))))
+            return false;
+    }
+    return true;
+}
+
+template <class T>
+bool EqualLists(const IKeywordListData& a, const IKeywordListData& b, bool defaultable)
+{
+    using List = GenericKeywordListDataImpl<T>;
+    if (typeid(a) == typeid(List) && typeid(b) == typeid(List)) {
+        const auto& listA = static_cast<const List&>(a);
+        const auto& listB = static_cast<const List&>(b);
+        if (!listA.AnyDefaulted() && !listB.AnyDefaulted())
+            return EqualValues(listA.Elements(), listB.Elements(), static_cast<std::size_t>(a.GetSize()));
+    }
+    return EqualElementByElement<typename List::Element>(a, b, defaultable);
+}
+
+std::string Text(int value)
+{
+    return std::to_string(value);
+}
+
+std::string Text(double value)
+{
+    return boost::lexical_cast<std::string>(value); // 17 significant digits
+}
+
+const std::string& Text(const std::string& value)
+{
+    return value;
+}
+
+template <class T>
+bool Print(const void* item, const char* separator, std::string& text)
+{
+    const Optional<T>& value = ItemOf<T>(item);
+    if (!value)
+        return false;
+    text += separator;
+    text += Text(*value);
+    return true;
+}
+
+/// Callers may have written any byte.
+template <>
+bool Print<bool>(const void* item, const char* separator, std::string& text)
+{
+    const signed char byte = *static_cast<const signed char*>(item);
+    if (byte < 0)
+        return false;
+    text += separator;
+    text += byte > 0 ? '1' : '0';
+    return true;
+}
+
+template <class T>
+constexpr ScalarOps opsOf = {
+    sizeof(Optional<T>),
+    alignof(Optional<T>),
+    std::is_trivially_copyable_v<Optional<T>>,
+    [](void* place) { ::new (place) Optional<T>(); },
+    [](void* place, const void* item) { ::new (place) Optional<T>(ItemOf<T>(item)); },
+    [](void* item) { static_cast<Optional<T>*>(item)->~Optional<T>(); },
+    EqualItems<T>,
+    Print<T>,
+    [](const IKeywordListMD* md, const IKeywordSyntax* syntax) -> std::unique_ptr<IKeywordData> {
+        return std::make_unique<GenericKeywordListDataImpl<T>>(md, syntax);
+    },
+    EqualLists<T>,
+};
+
+} // namespace
+
+const ScalarOps* FindScalarOps(IKeywordDataMD::MDType::Enum type)
+{
+    using MDType = IKeywordDataMD::MDType;
+    switch (type) {
+    case MDType::Boolean:
+        return &opsOf<bool>;
+    case MDType::Choice:
+    case MDType::Integer:
+        return &opsOf<int>;
+    case MDType::Real:
+        return &opsOf<double>;
+    case MDType::Line:
+    case MDType::String:
+        return &opsOf<std::string>;
+    case MDType::None:
+    case MDType::Assignment:
+    case MDType::List:
+    case MDType::Map:
+    case MDType::Raw:
+    case MDType::Record:
+        break;
+    }
+    return nullptr;
+}
+
+} // namespace Veld::Quor::Core::Keywords

@@ -1,0 +1,83 @@
+#include "quor/variables/VariablesString.h"
+
+namespace Veld::Quor::Core::Keywords {
+
+namespace {
+
+constexpr char mark = '$';
+constexpr const char* delimiters = "$ \t\n.*\\/"; // Wanted: a carriage return is none.
+
+/// Follows comments through a text: from the second of two hyphens to the end of the line.
+class CommentScan {
+public:
+    /// Takes the next character; tells whether it stands in a comment, or opens or ends one.
+    bool Take(char c)
+    {
+        const bool endsLine = c == '\n' || c == '\r';
+        const bool opens = !inComment_ && c == '-' && previous_ == '-';
+        const bool was = inComment_;
+        inComment_ = opens || (inComment_ && !endsLine);
+        previous_ = c;
+        return was || opens;
+    }
+
+private:
+    bool inComment_ = false;
+    char previous_ = '\0';
+};
+
+} // namespace
+
+VariablesString::VariablesString() = default;
+
+VariablesString::VariablesString(const std::string& text)
+    : text_(text)
+{
+}
+
+VariablesString::VariablesString(const VariablesString&) = default;
+VariablesString::VariablesString(VariablesString&&) noexcept = default;
+VariablesString& VariablesString::operator=(const VariablesString&) = default;
+VariablesString& VariablesString::operator=(VariablesString&&) noexcept = default;
+VariablesString::~VariablesString() = default;
+
+const std::vector<std::string>& VariablesString::GetVariables() const
+{
+    if (variables_.empty() && !text_.empty())
+        Parse();
+    return variables_;
+}
+
+bool VariablesString::ContainsVariables(const std::string& text)
+{
+    if (text.find(mark) == std::string::npos)
+        return false;
+    CommentScan scan;
+    for (const char c : text) {
+        if (!scan.Take(c) && c == mark)
+            return true;
+    }
+    return false;
+}
+
+void VariablesString::Parse() const
+{
+    std::vector<std::string> found;
+    CommentScan scan;
+    for (std::string::size_type at = 0; at < text_.size();) {
+        if (scan.Take(text_[at]) || text_[at] != mark) {
+            ++at;
+            continue;
+        }
+        const auto end = text_.find_first_of(delimiters, at + 1);
+        std::string variable = text_.substr(at, end == std::string::npos ? end : end - at);
+        if (variable.size() > 1)
+            found.push_back(std::move(variable));
+        // The scan goes on at the delimiter, so hyphens within a variable open no comment. Wanted: without a
+        // delimiter it goes on behind the "$".
+        at = end == std::string::npos ? at + 1 : end;
+    }
+    variables_ = std::move(found);
+}
+
+} // namespace Veld::Quor::Core::Keywords

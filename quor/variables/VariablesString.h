@@ -1,0 +1,39 @@
+#pragma once
+
+#include "quor/foundation/Export.h"
+
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Core::Keywords {
+
+/// A text with variables in it: words that start with "$" and end before one of `$ \t\n.*\/`. What stands
+/// behind two hyphens, up to the end of the line, is a comment and holds none.
+class VELD_QUOR_EXPORT VariablesString {
+public:
+    VariablesString();
+    explicit VariablesString(const std::string& text);
+    VariablesString(const VariablesString&);
+    VariablesString(VariablesString&&) noexcept;
+    VariablesString& operator=(const VariablesString&);
+    VariablesString& operator=(VariablesString&&) noexcept;
+    ~VariablesString();
+
+    const std::string& GetString() const { return text_; }
+
+    /// The variables with their "$", in the order in which they stand, as often as they stand. Looked for at
+    /// the first call, which must not race with another.
+    const std::vector<std::string>& GetVariables() const;
+
+    /// Whether there is a "$" outside comments: cheap, and looser than `GetVariables`, which finds nothing in
+    /// a lone "$".
+    static bool ContainsVariables(const std::string& text);
+
+private:
+    void Parse() const;
+
+    std::string text_;
+    mutable std::vector<std::string> variables_;
+};
+
+} // namespace Veld::Quor::Core::Keywords
