@@ -1,0 +1,66 @@
+# `make run` and `make test` set up what they need by themselves; see `make help`.
+
+.DEFAULT_GOAL := help
+.PHONY: help run test setup-run setup-test build-release build-test build-asan build-fuzz check-format \
+    check-release check-asan check-lint format benchmark fuzz install clean
+
+SOURCES = $(shell find quor tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
+QUOR = build/release/bin/quor
+DECK = examples/decks/first-comparative.data
+FAULTY_DECK = examples/decks/faulty/three-mistakes.data
+
+help: ## This list
+	@awk -F ':.*## ' '/^[a-z-]+:.*## / { printf "  make %-12s %s\n", $$1, $$2 }' Makefile
+
+run: setup-run build-release ## Build the release and try it on a real deck
+	@echo; echo "== quor check $(DECK)"
+	@$(QUOR) check $(DECK)
+	@echo; echo "== quor show EQUIL WCONINJE"
+	@$(QUOR) show EQUIL WCONINJE
+	@echo; echo "== quor check --simulator Carrow $(FAULTY_DECK)   (three mistakes are seeded in it)"
+	@$(QUOR) check --simulator Carrow $(FAULTY_DECK) || test $$? -eq 1
+	@echo; echo "Next: $(QUOR) --help; $(QUOR) list --section SCHEDULE; $(QUOR) check YOUR.data"
+
+test: setup-test check-format check-release check-asan check-lint ## The gate: all builds, tests and checks
+
+setup-run:
+	@cmake/setup.sh run
+
+setup-test:
+	@cmake/setup.sh test
+
+build-release build-test build-asan build-fuzz build-benchmark: build-%:
+	@test -f build/$*/build.ninja || cmake --preset $* >build-$*.log 2>&1 || { cat build-$*.log; rm -f build-$*.log; exit 1; }
+	@rm -f build-$*.log
+	@cmake --build --preset $* -- --quiet
+
+check-format: setup-test
+	clang-format --dry-run --Werror $(SOURCES)
+
+check-release: setup-test build-test
+	ctest --preset test
+
+check-asan: setup-test build-asan
+	ctest --preset asan
+
+check-lint: setup-test build-asan
+	run-clang-tidy -quiet -p build/asan '^$(CURDIR)/(quor|tools|tests|benchmarks|language)/' >build/lint.log 2>&1 \
+	    || { grep -E 'warning:|error:|note:' build/lint.log; exit 1; }
+
+format: setup-test ## Format all sources in place
+	clang-format -i $(SOURCES)
+
+benchmark: setup-test build-benchmark ## Measure, each hot path beside its peer
+	@for b in build/benchmark/bin/*-benchmark; do $$b || exit 1; done
+
+FUZZ_SECONDS ?= 60
+fuzz: setup-test build-fuzz ## Run each fuzz target for FUZZ_SECONDS (60)
+	@for t in build/fuzz/bin/fuzz-*; do mkdir -p build/fuzz/corpus/$$(basename $$t) && \
+	    $$t -max_total_time=$(FUZZ_SECONDS) build/fuzz/corpus/$$(basename $$t) || exit 1; done
+
+PREFIX ?= /usr/local
+install: setup-run build-release ## Install the release below PREFIX (/usr/local)
+	cmake --install build/release --prefix $(PREFIX)
+
+clean: ## Remove all builds
+	rm -rf build

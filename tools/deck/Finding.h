@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Tools::Deck {
+
+/// A note tells something that is no fault of the deck, and doesn't make it a faulty one.
+enum class Severity { Error, Warning, Note };
+
+const char* ToString(Severity severity);
+
+/// Lines and columns count from 1, columns in bytes.
+struct Place {
+    std::string file;
+    std::size_t line = 0;
+    std::size_t column = 0;
+};
+
+struct Finding {
+    std::string code; ///< stable, for programs to go by
+    Severity severity = Severity::Error;
+    Place place;
+    std::size_t length = 0; ///< bytes from the place on that the finding is about
+    std::string message; ///< one sentence, without a full stop
+    std::string hint; ///< how to mend it; may be empty
+    std::vector<Place> includedFrom; ///< innermost inclusion first; empty in the main deck
+    std::string excerpt; ///< the part of the line around the place
+    std::size_t excerptColumn = 1; ///< column of the first byte of `excerpt`
+};
+
+/// Keeps the first findings up to a limit, and counts all.
+class Findings {
+public:
+    explicit Findings(std::size_t limit);
+
+    /// Whether further findings are only counted.
+    bool IsFull() const { return kept_.size() >= limit_; }
+    /// Counts a finding; true if it is to be kept as well.
+    bool Admit(Severity severity);
+    void Keep(Finding finding);
+
+    const std::vector<Finding>& GetKept() const { return kept_; }
+    std::size_t GetCount(Severity severity) const;
+    std::size_t GetOmittedCount() const { return omitted_; }
+    /// Whether there is an error or a warning.
+    bool HasFault() const;
+
+private:
+    std::size_t limit_;
+    std::size_t omitted_ = 0;
+    std::size_t counts_[3] = {};
+    std::vector<Finding> kept_;
+};
+
+} // namespace Veld::Quor::Tools::Deck

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "quor/foundation/SectionType.h"
+#include "quor/foundation/SimulatorModeType.h"
+#include "quor/foundation/SimulatorType.h"
+#include "tools/deck/Vocabulary.h"
+
+#include <optional>
+#include <string>
+
+namespace Veld::Quor::Tools::Deck {
+
+/// Where a deck is to run.
+struct Target {
+    Core::Keywords::SimulatorType::Enum simulator = Core::Keywords::SimulatorType::Any;
+    Core::Keywords::SimulatorModeType::Enum mode = Core::Keywords::SimulatorModeType::Any;
+};
+
+/// Why a keyword may not stand where it stands.
+struct Objection {
+    const char* code;
+    std::string message;
+    std::string hint;
+};
+
+/// One objection at most, the gravest: the section before the simulator before the mode. Empty if the keyword
+/// is fine. With `SectionType::None` the section doesn't matter.
+std::optional<Objection> FindObjection(
+    const Entry& entry, Core::Keywords::SectionType::Enum section, const Target& target);
+
+bool IsValidInAllSections(const Entry& entry);
+
+} // namespace Veld::Quor::Tools::Deck

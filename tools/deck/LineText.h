@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace Veld::Quor::Tools::Deck {
+
+/// A word at the start of a line that has no data behind it: what a keyword looks like.
+struct LoneWord {
+    std::string_view word;
+    bool isUpper = false; ///< has no lower-case letter
+    bool hasSlash = false; ///< a slash follows, with nothing but a comment behind it
+};
+
+/// Empty if the line doesn't start with such a word.
+std::optional<LoneWord> FindLoneWord(std::string_view line);
+
+/// The word at the start of the line, whatever follows; empty if the line starts otherwise.
+std::string_view FindLeadingWord(std::string_view line);
+
+/// Whether the line holds nothing but blanks and a comment.
+bool IsEmpty(std::string_view line);
+bool IsComment(std::string_view line);
+
+/// Whether a slash outside quotes and before any comment ends a record on the line.
+bool HasEndingSlash(std::string_view line);
+
+struct FileNameToken {
+    std::string_view name; ///< without quotes; empty if a slash stands where the name should
+    std::size_t offset = 0; ///< of the token in the line, quote included
+    std::size_t length = 0; ///< of the token, quotes included
+    bool isClosed = true; ///< false: the closing quote is missing
+};
+
+/// The first token of `line` from `offset` on, quoted or bare. A bare name goes on to the next blank; a slash
+/// at its end doesn't belong to it, but one inside does. Empty if there is only a comment.
+std::optional<FileNameToken> FindFileName(std::string_view line, std::size_t offset);
+
+/// In the letters of ASCII.
+std::string ToUpper(std::string_view text);
+
+} // namespace Veld::Quor::Tools::Deck

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+
+namespace CLI {
+class App;
+}
+
+namespace Veld::Quor::Tools {
+
+class Catalogue;
+
+/// One subcommand.
+struct Command {
+    const CLI::App* app; ///< tells whether it was asked for; owned by the application
+    std::function<int(Catalogue&)> run; ///< gives the exit status
+};
+
+/// Each adds its subcommand to the application.
+Command MakeListCommand(CLI::App& application);
+Command MakeShowCommand(CLI::App& application);
+Command MakeCheckCommand(CLI::App& application);
+
+} // namespace Veld::Quor::Tools

@@ -1,0 +1,92 @@
+#include "tools/quor/Conditions.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <functional>
+#include <iterator>
+#include <vector>
+
+namespace Veld::Quor::Tools {
+
+using namespace Core::Keywords;
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+Words SectionWords()
+{
+    Words words;
+    for (int i = 0; i < SectionType::Count; ++i)
+        words.push_back(SectionType::ToString(static_cast<SectionType::Enum>(i)));
+    return words;
+}
+
+template <class T>
+Words WordsOf()
+{
+    Words words;
+    for (const auto& row : T::EnumInfos())
+        words.push_back(row.text);
+    return words;
+}
+
+/// The types that a keyword's values can have. An assignment stands in a map only.
+constexpr MDType::Enum valueTypes[] = {MDType::Integer, MDType::Real, MDType::String, MDType::Boolean,
+    MDType::Choice, MDType::Line, MDType::Record, MDType::List, MDType::Map, MDType::Raw, MDType::None};
+
+Words TypeWords()
+{
+    Words words;
+    for (const MDType::Enum type : valueTypes)
+        words.push_back(TypeWord(type));
+    return words;
+}
+
+void AddWordOption(CLI::App& command, const char* name, const char* description, const Words& words,
+    std::function<void(const std::string&)> take)
+{
+    command.add_option_function<std::string>(name, std::move(take), description)
+        ->transform(CLI::IsMember(words, CLI::ignore_case))
+        ->type_name("NAME")
+        ->take_last();
+}
+
+} // namespace
+
+void AddSectionOption(CLI::App& command, SectionType::Enum& value)
+{
+    AddWordOption(command, "--section", "Section of the deck", SectionWords(),
+        [&value](const std::string& word) { value = SectionType::FromString(word); });
+}
+
+void AddSimulatorOption(CLI::App& command, SimulatorType::Enum& value)
+{
+    AddWordOption(command, "--simulator", "Simulator that is to run the deck", WordsOf<SimulatorType>(),
+        [&value](const std::string& word) { value = SimulatorType::FromString(word); });
+}
+
+void AddModeOption(CLI::App& command, SimulatorModeType::Enum& value)
+{
+    AddWordOption(command, "--mode", "Mode of the simulator", WordsOf<SimulatorModeType>(),
+        [&value](const std::string& word) { value = SimulatorModeType::FromString(word); });
+}
+
+void AddTypeOption(CLI::App& command, std::optional<MDType::Enum>& value)
+{
+    AddWordOption(command, "--type",
+        "Type of the values: of a list that of its item, else that of the data itself", TypeWords(),
+        [&value](const std::string& word) {
+            value = *std::find_if(std::begin(valueTypes), std::end(valueTypes),
+                [&word](MDType::Enum type) { return TypeWord(type) == word; });
+        });
+}
+
+void AddFormatOption(CLI::App& command, bool& isJson)
+{
+    AddWordOption(command, "--format", "Form of the output; text is the default", {"text", "json"},
+        [&isJson](const std::string& word) { isJson = word == "json"; });
+}
+
+} // namespace Veld::Quor::Tools

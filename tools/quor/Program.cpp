@@ -1,0 +1,99 @@
+#include "tools/quor/Program.h"
+
+#include "quor/foundation/LibProperties.h"
+#include "tools/quor/Catalogue.h"
+#include "tools/quor/Command.h"
+#include "tools/quor/Terminal.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include <csignal>
+#include <cstring>
+#include <exception>
+#include <new>
+#include <sstream>
+#include <string>
+
+namespace Veld::Quor::Tools {
+
+namespace {
+
+std::string VersionText()
+{
+    const char* name = nullptr;
+    const char* value = nullptr;
+    for (int i = 0; i < Core::Keywords::getNumLibProperties(); ++i) {
+        Core::Keywords::getLibProperty(i, name, value);
+        if (std::strcmp(name, "FileVersion") == 0)
+            return fmt::format("quor {}", value);
+    }
+    return "quor";
+}
+
+/// The subcommand that the command line got to, for a pointer to its help.
+std::string NameOfHelp(const CLI::App& application)
+{
+    const auto asked = application.get_subcommands();
+    return asked.empty() ? "quor --help" : fmt::format("quor {} --help", asked.front()->get_name());
+}
+
+int TellUsageError(const CLI::App& application, const CLI::ParseError& error)
+{
+    if (error.get_exit_code() == 0) { // help or version was asked for
+        std::ostringstream text;
+        application.exit(error, text, text);
+        Print(text.str());
+        return Success;
+    }
+    PrintError(error.what());
+    PrintAside(fmt::format("'{}' tells the usage\n", NameOfHelp(application)));
+    return Failure;
+}
+
+int RunCommand(int argc, char** argv)
+{
+    CLI::App application(
+        "Answers questions about the keywords of reservoir simulator decks, and checks decks.");
+    application.name("quor");
+    application.set_version_flag("--version", VersionText());
+    application.require_subcommand(0, 1);
+    application.footer(
+        "The language is built in. QUOR_KEYWORD_SYNTAX_FILE names a document to take its place,\n"
+        "QUOR_KEYWORD_TRUSTED_SYNTAX_DIR a folder of documents with trusted keywords.\n\n"
+        "Exit status: 0 if all is well, 1 if there are findings or a keyword is not known,\n"
+        "2 if the usage is wrong or something can't be read or written.");
+    const Command commands[] = {
+        MakeListCommand(application), MakeShowCommand(application), MakeCheckCommand(application)};
+    try {
+        application.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return TellUsageError(application, error);
+    }
+    for (const Command& command : commands) {
+        if (command.app->parsed()) {
+            Catalogue catalogue;
+            return command.run(catalogue);
+        }
+    }
+    PrintAside(application.help());
+    return Failure;
+}
+
+} // namespace
+
+int RunProgram(int argc, char** argv)
+{
+    std::signal(SIGPIPE, SIG_IGN); // a reader that goes away is a failed write, told by the exit status
+    int status = Failure;
+    try {
+        status = RunCommand(argc, argv);
+    } catch (const std::bad_alloc&) {
+        PrintError("there is not enough memory");
+    } catch (const std::exception& error) {
+        PrintError(error.what());
+    }
+    return FlushOutput() ? status : static_cast<int>(Failure);
+}
+
+} // namespace Veld::Quor::Tools

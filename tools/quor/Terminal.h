@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace Veld::Quor::Tools {
+
+/// Data, to standard output.
+void Print(std::string_view text);
+/// Everything else, to standard error.
+void PrintAside(std::string_view text);
+/// "quor: error: " and the message on a line, to standard error.
+void PrintError(std::string_view message);
+
+/// False if some of what was printed didn't reach standard output; says why, unless its reader went away.
+bool FlushOutput();
+
+bool IsTerminal();
+/// Whether standard output takes colours and the user wants them.
+bool TakesColour();
+/// Columns of standard output.
+std::size_t GetWidth();
+
+/// `text` with a question mark for each control character, tabs excepted, so that no file can steer the
+/// terminal.
+std::string MakePrintable(std::string_view text);
+
+/// Characters of UTF-8.
+std::size_t CountCharacters(std::string_view text);
+
+/// `text` cut to `width` characters of UTF-8, with dots at the end if something was cut off.
+std::string Cut(std::string_view text, std::size_t width);
+
+} // namespace Veld::Quor::Tools
