@@ -97,6 +97,7 @@ Data MakeRecords()
 {
     Data data = KeywordDataFactory::Instance().Construct(Syntax("RECORDS"));
     auto& list = static_cast<IKeywordListData&>(*data);
+    list.Reserve(recordCount);
     for (std::size_t i = 0; i < recordCount; ++i)
         list.AddData(nullptr);
     return data;
@@ -152,6 +153,7 @@ template <class Record>
 Peers<Record> MakePeers()
 {
     Peers<Record> records;
+    records.reserve(recordCount);
     for (std::size_t i = 0; i < recordCount; ++i)
         records.push_back(std::make_unique<Record>());
     return records;

@@ -23,6 +23,7 @@ function(veld_quor_library target name)
         OUTPUT_NAME veld-quor-${name}
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
+        INSTALL_RPATH "$ORIGIN" # the siblings are found below any prefix
         LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/exports.map)
     target_include_directories(${target} PUBLIC
         $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>

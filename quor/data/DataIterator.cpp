@@ -19,27 +19,25 @@ using MDType = IKeywordDataMD::MDType;
 
 namespace {
 
-/// Fails at once, whatever the data hold, if the walk could ever meet what it can't walk.
-void CheckCanBeWalked(const IKeywordDataMD* md)
+/// How many containers can stand in each other. Fails at once, whatever the data hold, if the walk could ever
+/// meet what it can't walk.
+std::size_t DepthOf(const IKeywordDataMD* md)
 {
+    const auto depthBelow = [](const IKeywordDataMD* item) -> std::size_t {
+        return KeywordUtils::IsItemMDType(item) ? 0 : DepthOf(item);
+    };
     switch (KeywordUtils::GetMDType(md)) {
-    case MDType::List: {
-        const IKeywordDataMD* const item = As<const IKeywordListMD>(*md).GetItemMD();
-        if (!KeywordUtils::IsItemMDType(item))
-            CheckCanBeWalked(item);
-        return;
-    }
+    case MDType::List:
+        return 1 + depthBelow(As<const IKeywordListMD>(*md).GetItemMD());
     case MDType::Record: {
         const auto& record = As<const IKeywordRecordMD>(*md);
-        for (int i = 0; i < record.GetSize(); ++i) {
-            const IKeywordDataMD* const item = record.GetItemMD(i);
-            if (!KeywordUtils::IsItemMDType(item))
-                CheckCanBeWalked(item);
-        }
-        return;
+        std::size_t depth = 0;
+        for (int i = 0; i < record.GetSize(); ++i)
+            depth = std::max(depth, depthBelow(record.GetItemMD(i)));
+        return 1 + depth;
     }
     case MDType::Map:
-        return;
+        return 1;
     default:
         throw KeywordException("AnyContainerIteratorImpl: unhandled type");
     }
@@ -48,13 +46,10 @@ void CheckCanBeWalked(const IKeywordDataMD* md)
 } // namespace
 
 template <class Data>
-DataIteratorOf<Data>::DataIteratorOf() = default;
-
-template <class Data>
 DataIteratorOf<Data>::DataIteratorOf(Data& root)
     : root_(&root)
 {
-    CheckCanBeWalked(root.GetMD());
+    path_.reserve(DepthOf(root.GetMD())); // so that the walk never fails
     Enter(&root, root.GetMD());
 }
 
@@ -98,6 +93,8 @@ bool DataIteratorOf<Data>::Visit(const void* value, const IKeywordDataMD* md, bo
 template <class Data>
 bool DataIteratorOf<Data>::NextBelow(Level& level)
 {
+    if (!level.data) // only a class of a host has no node there
+        return false;
     const std::int64_t index = ++level.index;
     switch (level.md->GetType()) {
     case MDType::List: {
@@ -121,7 +118,7 @@ bool DataIteratorOf<Data>::NextBelow(Level& level)
         return Visit(&mapValue_, map.GetItemMD(i), true);
     }
     default:
-        return false; // CheckCanBeWalked let no other in
+        return false; // DepthOf let no other in
     }
 }
 

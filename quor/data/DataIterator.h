@@ -35,7 +35,7 @@ public:
     };
 
     /// At the end.
-    DataIteratorOf();
+    DataIteratorOf() = default;
     /// At the root, which must outlive the iterator. Throws `Service::Exception` if there is raw text at any
     /// depth.
     explicit DataIteratorOf(Data& root);

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
+#include <limits>
 #include <new>
 #include <type_traits>
 #include <utility>
@@ -30,7 +32,7 @@ public:
     {
         if (capacity <= capacity_)
             return;
-        if (capacity > static_cast<std::size_t>(-1) / sizeof(T))
+        if (capacity > static_cast<std::size_t>(std::numeric_limits<std::ptrdiff_t>::max()) / sizeof(T))
             throw std::bad_alloc();
         void* const moved = std::realloc(elements_, capacity * sizeof(T));
         if (!moved)
@@ -93,12 +95,10 @@ public:
     }
     void Append(const T* values, std::size_t count)
     {
-        if (values >= Data() && values < Data() + Size()) {
-            const std::vector<T> copies(values, values + count);
-            elements_.insert(elements_.end(), copies.begin(), copies.end());
-        } else {
-            elements_.insert(elements_.end(), values, values + count);
-        }
+        // All copies first: what fails then leaves the elements as they were. The values may be among them.
+        std::vector<T> copies(values, values + count);
+        elements_.insert(
+            elements_.end(), std::make_move_iterator(copies.begin()), std::make_move_iterator(copies.end()));
     }
     void Remove(std::size_t i) { elements_.erase(elements_.begin() + static_cast<std::ptrdiff_t>(i)); }
     void Clear() { elements_.clear(); }

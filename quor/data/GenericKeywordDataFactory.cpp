@@ -31,17 +31,9 @@ std::unique_ptr<IKeywordData> GenericKeywordDataFactory::Construct(
         return std::make_unique<GenericKeywordRawDataImpl>(&As<const IKeywordRawMD>(*md), syntax);
     case MDType::Record:
         return std::make_unique<GenericKeywordRecordDataImpl>(&As<const IKeywordRecordMD>(*md), syntax);
-    case MDType::None:
-    case MDType::Assignment:
-    case MDType::Boolean:
-    case MDType::Choice:
-    case MDType::Integer:
-    case MDType::Line:
-    case MDType::Real:
-    case MDType::String:
-        break;
+    default:
+        return nullptr;
     }
-    return nullptr;
 }
 
 std::unique_ptr<IKeywordData> GenericKeywordDataFactory::Construct(

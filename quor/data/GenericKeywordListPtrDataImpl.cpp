@@ -11,6 +11,12 @@
 
 namespace Veld::Quor::Core::Keywords {
 
+namespace {
+
+constexpr const char* setData = "KeywordListPtrDataImpl_::SetData"; // in the texts of AddData too
+
+} // namespace
+
 GenericKeywordListPtrDataImpl::GenericKeywordListPtrDataImpl(
     const IKeywordListMD* md, const IKeywordSyntax* syntax)
     : md_(md)
@@ -43,9 +49,13 @@ void GenericKeywordListPtrDataImpl::AddData(const void*, const void*)
 
 void* GenericKeywordListPtrDataImpl::AddData(const void* value)
 {
-    std::unique_ptr<IKeywordData> element = value ? CloneOf(value) : CreateElement();
+    const auto* const data = static_cast<const IKeywordData*>(value);
+    const bool fits = data && data->GetMD() == md_->GetItemMD();
+    std::unique_ptr<IKeywordData> element = fits ? data->CloneSafely() : CreateElement();
     if (!element)
         return nullptr;
+    if (data && !fits) // Wanted: where no element can be made, the value is not looked at.
+        KeywordListFailure::InconsistentType(setData);
     elements_.push_back(std::move(element));
     return elements_.back().get();
 }
@@ -53,17 +63,11 @@ void* GenericKeywordListPtrDataImpl::AddData(const void* value)
 void GenericKeywordListPtrDataImpl::SetData(std::size_t i, const void* value)
 {
     KeywordListFailure::CheckIndex(i, GetSize());
-    elements_[i] = CloneOf(value);
-}
-
-std::unique_ptr<IKeywordData> GenericKeywordListPtrDataImpl::CloneOf(const void* value) const
-{
-    constexpr const char* operation = "KeywordListPtrDataImpl_::SetData";
-    KeywordListFailure::CheckValue(value, operation);
+    KeywordListFailure::CheckValue(value, setData);
     const auto& data = *static_cast<const IKeywordData*>(value);
     if (data.GetMD() != md_->GetItemMD())
-        KeywordListFailure::InconsistentType(operation);
-    return data.CloneSafely();
+        KeywordListFailure::InconsistentType(setData);
+    elements_[i] = data.CloneSafely();
 }
 
 void GenericKeywordListPtrDataImpl::RemoveData(std::size_t i)

@@ -12,10 +12,10 @@ RecordLayout::RecordLayout(const IKeywordRecordMD& md)
     for (int i = 0; i < count; ++i) {
         const IKeywordDataMD* const item = md.GetItemMD(i);
         const ScalarOps* const ops = FindScalarOps(KeywordUtils::GetMDType(item));
-        const std::size_t alignment = ops ? ops->alignment : alignof(IKeywordData*);
+        const std::size_t alignment = ops ? ops->alignment : alignof(void*);
         size_ = (size_ + alignment - 1) / alignment * alignment;
         items_.push_back({ops, item, static_cast<std::uint32_t>(size_)});
-        size_ += ops ? ops->size : sizeof(IKeywordData*);
+        size_ += ops ? ops->size : sizeof(void*);
         plain_ = plain_ && ops && ops->plain;
     }
 }

@@ -25,4 +25,16 @@ const std::string& SimulatorType::ToString(Enum value)
     return Service::FindText(EnumInfos(), value);
 }
 
+bool SimulatorType::HasMode(Enum simulator, SimulatorModeType::Enum mode)
+{
+    switch (simulator) {
+    case Carrow:
+        return mode == SimulatorModeType::BlackOil || mode == SimulatorModeType::Any;
+    case Sedge:
+        return mode != SimulatorModeType::Thermal;
+    default:
+        return true;
+    }
+}
+
 } // namespace Veld::Quor::Core::Keywords

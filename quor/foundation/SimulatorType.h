@@ -1,6 +1,7 @@
 #pragma once
 
 #include "quor/foundation/Export.h"
+#include "quor/foundation/SimulatorModeType.h"
 #include "quor/foundation/service/EnumInfo.h"
 
 #include <string>
@@ -34,6 +35,9 @@ struct SimulatorType {
     VELD_QUOR_EXPORT static Enum FromString(const char* name, bool* found = nullptr);
     /// Empty for a value that has no string form.
     VELD_QUOR_EXPORT static const std::string& ToString(Enum value);
+    /// Whether the simulator can run in that mode at all. `SimulatorModeType::Any`: in some mode, which all
+    /// can.
+    VELD_QUOR_EXPORT static bool HasMode(Enum simulator, SimulatorModeType::Enum mode);
 };
 
 } // namespace Veld::Quor::Core::Keywords

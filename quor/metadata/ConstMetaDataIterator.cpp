@@ -67,18 +67,9 @@ const IKeywordDataMD* ConstMetaDataIterator::NextChild(Step& step)
         const auto& map = static_cast<const IKeywordMapMD&>(*step.md);
         return step.child < map.GetSize() ? map.GetItemMD(step.child) : nullptr;
     }
-    case MDType::Assignment:
-    case MDType::Boolean:
-    case MDType::Choice:
-    case MDType::Integer:
-    case MDType::Line:
-    case MDType::Real:
-    case MDType::String:
-    case MDType::None:
-    case MDType::Raw:
-        break;
+    default:
+        return nullptr;
     }
-    return nullptr;
 }
 
 } // namespace Veld::Quor::Core::Keywords

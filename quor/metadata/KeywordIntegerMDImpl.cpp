@@ -10,14 +10,14 @@ KeywordIntegerMDImpl::KeywordIntegerMDImpl() = default;
 
 KeywordIntegerMDImpl::KeywordIntegerMDImpl(KeywordIntegerMDImpl&& other) noexcept
     : NumericMD(std::move(other))
-    , map_(other.map_.exchange(nullptr))
+    , map_(other.map_.exchange(nullptr)) // NOLINT(bugprone-use-after-move): the base took its own part alone
 {
 }
 
 KeywordIntegerMDImpl& KeywordIntegerMDImpl::operator=(KeywordIntegerMDImpl&& other) noexcept
 {
     NumericMD::operator=(std::move(other));
-    delete map_.exchange(other.map_.exchange(nullptr));
+    delete map_.exchange(other.map_.exchange(nullptr)); // NOLINT(bugprone-use-after-move): as above
     return *this;
 }
 

@@ -7,6 +7,7 @@
 #include "quor/foundation/service/xml/Tags.h"
 #include "quor/syntax/KeywordSyntaxLookupTable.h"
 #include "quor/syntax/internal/KeywordSyntax.h"
+#include "quor/syntax/internal/NameIndex.h"
 #include "quor/syntax/internal/SyntaxLoader.h"
 #include "quor/syntax/internal/TrustedSyntaxLoader.h"
 
@@ -42,7 +43,12 @@ private:
     void ReadDocument(const xercesc::DOMDocument* document, Seen& seen, bool record);
     void ReadKeyword(const xercesc::DOMElement& element, Seen& seen, bool record);
 
+    void Enter(const std::string& name, const std::shared_ptr<const IKeywordSyntax>& syntax);
+    /// Null if there are none.
+    const KeywordSyntaxLookupTable::Syntaxes* FindSyntaxes(const std::string& name, bool wildcards) const;
+
     KeywordSyntaxLookupTable lookupTable_;
+    NameIndex index_; // into the table
 };
 
 void KeywordSyntaxTableImpl::Load()
@@ -75,20 +81,34 @@ void KeywordSyntaxTableImpl::ReadKeyword(const xercesc::DOMElement& element, See
     if (!record && seen.count(key) != 0)
         return;
     const auto syntax = std::make_shared<const Keywords::KeywordSyntax>(name, &element);
-    lookupTable_.AddSyntax(name, syntax);
+    Enter(name, syntax);
     if (record)
         seen.insert(key);
     for (const std::string& alias : syntax->GetAliases()) {
-        lookupTable_.AddSyntax(alias, syntax);
+        Enter(alias, syntax);
         if (record)
             seen.insert(alias);
     }
 }
 
+void KeywordSyntaxTableImpl::Enter(
+    const std::string& name, const std::shared_ptr<const IKeywordSyntax>& syntax)
+{
+    lookupTable_.AddSyntax(name, syntax);
+    index_.Add(name, lookupTable_.FindSyntaxes(name, false));
+}
+
+const KeywordSyntaxLookupTable::Syntaxes* KeywordSyntaxTableImpl::FindSyntaxes(
+    const std::string& name, bool wildcards) const
+{
+    const auto* const exact = index_.Find(name);
+    return exact ? exact : lookupTable_.FindSyntaxes(name, wildcards);
+}
+
 const IKeywordSyntax* KeywordSyntaxTableImpl::Lookup(
     const std::string& name, SectionType::Enum section, bool acceptSingle) const
 {
-    const auto* const syntaxes = lookupTable_.FindSyntaxes(name, true);
+    const auto* const syntaxes = FindSyntaxes(name, true);
     if (!syntaxes)
         return nullptr;
     if (acceptSingle && syntaxes->size() == 1 && syntaxes->front())
@@ -102,7 +122,7 @@ const IKeywordSyntax* KeywordSyntaxTableImpl::Lookup(
 
 const IKeywordSyntax* KeywordSyntaxTableImpl::Lookup(const std::string& name, bool wildcards) const
 {
-    const auto* const syntaxes = lookupTable_.FindSyntaxes(name, wildcards);
+    const auto* const syntaxes = FindSyntaxes(name, wildcards);
     if (!syntaxes)
         return nullptr;
     if (syntaxes->size() > 1) {
@@ -117,7 +137,7 @@ const IKeywordSyntax* KeywordSyntaxTableImpl::Lookup(const std::string& name, bo
 std::vector<const IKeywordSyntax*> KeywordSyntaxTableImpl::LookupAll(const std::string& name)
 {
     std::vector<const IKeywordSyntax*> all;
-    if (const auto* const syntaxes = lookupTable_.FindSyntaxes(name, true)) {
+    if (const auto* const syntaxes = FindSyntaxes(name, true)) {
         all.reserve(syntaxes->size());
         for (const auto& syntax : *syntaxes)
             all.push_back(syntax.get());

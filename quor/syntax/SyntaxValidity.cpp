@@ -23,16 +23,14 @@ constexpr unsigned threeModes = Bit(SimulatorModeType::BlackOil) | Bit(Simulator
     | Bit(SimulatorModeType::Thermal);
 
 /// What each simulator can run at all.
-constexpr unsigned ModesOf(SimulatorType::Enum simulator)
+unsigned ModesOf(SimulatorType::Enum simulator)
 {
-    switch (simulator) {
-    case SimulatorType::Carrow:
-        return Bit(SimulatorModeType::BlackOil);
-    case SimulatorType::Sedge:
-        return Bit(SimulatorModeType::BlackOil) | Bit(SimulatorModeType::Compositional);
-    default:
-        return threeModes;
+    unsigned modes = 0;
+    for (const auto& mode : SimulatorModeType::EnumInfos()) {
+        if (SimulatorType::HasMode(simulator, mode.value))
+            modes |= Bit(mode.value);
     }
+    return modes;
 }
 
 using SimulatorFlags = std::bitset<SimulatorType::Count>;

@@ -22,8 +22,7 @@ public:
     {
     }
 
-    /// `mayBeMap`: whether a map counts at this place.
-    void Visit(const IKeywordData& data, MDType::Enum type, bool mayBeMap)
+    void Visit(const IKeywordData& data, MDType::Enum type)
     {
         switch (type) {
         case MDType::List:
@@ -33,8 +32,7 @@ public:
             VisitRecord(As<const IKeywordRecordData>(data));
             break;
         case MDType::Map:
-            if (mayBeMap)
-                Process(data);
+            Process(data);
             break;
         default:
             break;
@@ -56,11 +54,11 @@ private:
             return;
         const MDType::Enum type =
             KeywordUtils::GetMDType(As<const IKeywordListMD>(*list.GetMD()).GetItemMD());
-        if (type != MDType::List && type != MDType::Record)
+        if (type != MDType::List && type != MDType::Record) // Wanted: a map is no element that counts.
             return;
         for (std::int64_t i = 0; i < list.GetSize(); ++i) {
             const void* const element = list.GetData(static_cast<std::size_t>(i));
-            Visit(*static_cast<const IKeywordData*>(element), type, false);
+            Visit(*static_cast<const IKeywordData*>(element), type);
         }
     }
 
@@ -71,7 +69,7 @@ private:
         for (int i = 0; i < record.GetSize(); ++i) {
             const MDType::Enum type = KeywordUtils::GetMDType(md.GetItemMD(i));
             if (!KeywordUtils::IsItemMDType(type) && type != MDType::None)
-                Visit(*static_cast<const IKeywordData*>(record.GetData(i)), type, true);
+                Visit(*static_cast<const IKeywordData*>(record.GetData(i)), type);
         }
     }
 
@@ -84,7 +82,7 @@ private:
 void KeywordVariableUtils::ProcessVariables(
     const IKeywordData& data, const IKeywordVariables& variables, IVariableProcessor& processor)
 {
-    VariableWalk(variables, processor).Visit(data, KeywordUtils::GetMDType(data.GetMD()), true);
+    VariableWalk(variables, processor).Visit(data, KeywordUtils::GetMDType(data.GetMD()));
 }
 
 } // namespace Veld::Quor::Core::Keywords

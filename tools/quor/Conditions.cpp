@@ -45,9 +45,9 @@ Words TypeWords()
 }
 
 void AddWordOption(CLI::App& command, const char* name, const char* description, const Words& words,
-    std::function<void(const std::string&)> take)
+    const std::function<void(const std::string&)>& take)
 {
-    command.add_option_function<std::string>(name, std::move(take), description)
+    command.add_option_function<std::string>(name, take, description)
         ->transform(CLI::IsMember(words, CLI::ignore_case))
         ->type_name("NAME")
         ->take_last();

@@ -38,8 +38,6 @@ public:
 
 private:
     std::unique_ptr<IKeywordData> CreateElement();
-    /// A copy of what a caller hands in, which must be of the list's item metadata.
-    std::unique_ptr<IKeywordData> CloneOf(const void* value) const;
 
     const IKeywordListMD* md_; // the table's, as the syntax
     const IKeywordSyntax* syntax_;

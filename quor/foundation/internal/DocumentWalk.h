@@ -3,7 +3,10 @@
 #include <xercesc/dom/DOMElement.hpp>
 #include <xercesc/util/XMLString.hpp>
 
-/// The three walks of a syntax document. All go by sibling, use no stack, and cost what they pass over.
+#include <utility>
+#include <vector>
+
+/// The three walks of a syntax document. All go by sibling, and cost what they pass over.
 namespace Veld::Quor::Core::Service::XML::Internal {
 
 /// Tags are compared exactly, on their 16-bit text.
@@ -29,7 +32,7 @@ public:
     class Iterator {
     public:
         explicit Iterator(Step step)
-            : step_(step)
+            : step_(std::move(step))
         {
             step_.Settle();
         }
@@ -47,7 +50,7 @@ public:
     };
 
     explicit ElementRange(Step step)
-        : first_(step)
+        : first_(std::move(step))
     {
     }
     Iterator begin() const { return Iterator(first_); }
@@ -87,20 +90,26 @@ struct OddChildStep {
     }
 };
 
-/// All below `root` at any depth, in document order, that have the tag; `root` itself is not among them.
+/// All below a root at any depth, in document order, that have the tag; the root itself is not among them.
+/// The way back up is kept, since a node's parent is expensive to ask for.
 struct DescendantStep {
     const xercesc::DOMNode* node;
-    const xercesc::DOMNode* root;
     const XMLCh* tag;
+    std::vector<const xercesc::DOMNode*> ancestors = {}; // of `node`, below the root
+
     void Advance()
     {
         if (const xercesc::DOMNode* child = node->getFirstChild()) {
+            ancestors.push_back(node);
             node = child;
             return;
         }
-        while (node != root && !node->getNextSibling())
-            node = node->getParentNode();
-        node = node == root ? nullptr : node->getNextSibling();
+        const xercesc::DOMNode* next = node->getNextSibling();
+        while (!next && !ancestors.empty()) {
+            next = ancestors.back()->getNextSibling();
+            ancestors.pop_back();
+        }
+        node = next;
     }
     void Settle()
     {
@@ -121,7 +130,7 @@ inline ElementRange<OddChildStep> OddChildElements(const xercesc::DOMElement& pa
 
 inline ElementRange<DescendantStep> Descendants(const xercesc::DOMElement& root, const XMLCh* tag)
 {
-    return ElementRange<DescendantStep>({root.getFirstChild(), &root, tag});
+    return ElementRange<DescendantStep>({root.getFirstChild(), tag});
 }
 
 } // namespace Veld::Quor::Core::Service::XML::Internal

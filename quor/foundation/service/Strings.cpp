@@ -1,7 +1,6 @@
 #include "quor/foundation/service/Strings.h"
 
 #include <boost/algorithm/string/case_conv.hpp>
-#include <boost/algorithm/string/classification.hpp>
 #include <boost/algorithm/string/predicate.hpp>
 #include <boost/algorithm/string/split.hpp>
 #include <boost/algorithm/string/trim.hpp>
@@ -42,7 +41,7 @@ void StringToUpper(std::string& text)
 void StringSplit(
     const std::string& text, std::vector<std::string>& parts, const std::string& separators, bool keepEmpty)
 {
-    boost::split(parts, text, boost::is_any_of(separators));
+    boost::split(parts, text, [&](char c) { return separators.find(c) != std::string::npos; });
     if (!keepEmpty)
         std::erase(parts, std::string());
 }

@@ -39,7 +39,7 @@ const char* XToC(const XMLCh* text)
 {
     thread_local std::string last;
     last = ToUTF8(text);
-    return last.c_str();
+    return last.c_str(); // NOLINT(clang-analyzer-cplusplus.InnerPointer): it is not a local
 }
 
 std::string GetAttributeValue(const xercesc::DOMElement* element, const XMLCh* attribute)
@@ -69,7 +69,11 @@ bool HasChildTagName(const xercesc::DOMElement* element, const XMLCh* tag)
 
 std::string GetElementText(const xercesc::DOMElement* element)
 {
-    return ToUTF8(element->getTextContent());
+    // Nearly always there is one text node; the general way copies its text twice.
+    const xercesc::DOMNode* const first = element->getFirstChild();
+    const bool isOneText =
+        first && first->getNodeType() == xercesc::DOMNode::TEXT_NODE && !first->getNextSibling();
+    return ToUTF8(isOneText ? first->getNodeValue() : element->getTextContent());
 }
 
 } // namespace Veld::Quor::Core::Service::XML

@@ -24,8 +24,6 @@ XMLElement::XMLElement(XMLElement& parent, const char* tag)
 {
 }
 
-XMLElement::~XMLElement() = default;
-
 void XMLElement::createTextNode(const char* text)
 {
     Internal::WithStandardErrors(

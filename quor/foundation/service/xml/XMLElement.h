@@ -10,7 +10,7 @@ class VELD_QUOR_EXPORT XMLElement {
 public:
     /// Adds a child element. Throws a `std::exception` if `tag` is no name.
     XMLElement(XMLElement& parent, const char* tag);
-    ~XMLElement();
+    ~XMLElement() = default;
 
     /// Adds a text node; `text` is UTF-8.
     void createTextNode(const char* text);

@@ -1,0 +1,55 @@
+// Follows the simulated date over the keywords of a schedule: DATES, TSTEP and TIME.
+
+#include "quor/Keywords.h"
+
+#include <iostream>
+#include <memory>
+#include <string>
+
+using namespace Veld::Quor::Core;
+using namespace Veld::Quor::Core::Keywords;
+
+namespace {
+
+constexpr long long ticksOfADay = 86400 * Service::Time::TicksPerSecond;
+
+std::unique_ptr<IKeywordData> Make(const char* keyword)
+{
+    return KeywordDataFactory::Instance().Construct(*KeywordSyntaxTable::Instance().Lookup(keyword, true));
+}
+
+void SetDate(IKeywordRecordData& record, int day, const std::string& month, int year)
+{
+    *static_cast<Service::Optional<int>*>(record.GetData(0)) = day;
+    *static_cast<Service::Optional<std::string>*>(record.GetData(1)) = month;
+    *static_cast<Service::Optional<int>*>(record.GetData(2)) = year;
+}
+
+void AddDays(IKeywordData& data, double days)
+{
+    static_cast<IKeywordListData&>(data).AddData(&days);
+}
+
+} // namespace
+
+int main()
+{
+    const auto startData = Make("START");
+    SetDate(static_cast<IKeywordRecordData&>(*startData), 1, "JAN", 2031);
+    const Service::Time start = DataAccessUtils::GetTimeFromSTART(startData.get());
+
+    const auto tstep = Make("TSTEP"); // steps from where the run stands
+    AddDays(*tstep, 31);
+    AddDays(*tstep, 0.5);
+    const auto dates = Make("DATES");
+    auto& record = *static_cast<IKeywordRecordData*>(static_cast<IKeywordListData&>(*dates).AddData(nullptr));
+    SetDate(record, 15, "MAR", 2031);
+    const auto time = Make("TIME"); // since the start
+    AddDays(*time, 365);
+
+    Service::Time current = start;
+    for (const IKeywordData* const keyword : {tstep.get(), dates.get(), time.get()}) {
+        current = DataAccessUtils::AdvanceTime(start, current, ticksOfADay, keyword);
+        std::cout << keyword->GetSyntax()->GetName() << " leads to " << current.GetAsString() << '\n';
+    }
+}
