@@ -1,8 +1,8 @@
 # `make run` and `make test` set up what they need by themselves; see `make help`.
 
 .DEFAULT_GOAL := help
-.PHONY: help run test setup-run setup-test build-release build-test build-asan build-fuzz check-format \
-    check-release check-asan check-lint format benchmark fuzz install clean
+.PHONY: help run test setup-run setup-test build-release build-test build-asan build-fuzz build-benchmark \
+    check-format check-release check-asan check-threads check-lint format benchmark fuzz install clean
 
 SOURCES = $(shell find quor tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 QUOR = build/release/bin/quor
@@ -21,7 +21,7 @@ run: setup-run build-release ## Build the release and try it on a real deck
 	@$(QUOR) check --simulator Carrow $(FAULTY_DECK) || test $$? -eq 1
 	@echo; echo "Next: $(QUOR) --help; $(QUOR) list --section SCHEDULE; $(QUOR) check YOUR.data"
 
-test: setup-test check-format check-release check-asan check-lint ## The gate: all builds, tests and checks
+test: setup-test check-format check-release check-asan check-threads check-lint ## The gate: all builds, tests and checks
 
 setup-run:
 	@cmake/setup.sh run
@@ -29,10 +29,12 @@ setup-run:
 setup-test:
 	@cmake/setup.sh test
 
-build-release build-test build-asan build-fuzz build-benchmark: build-%:
-	@test -f build/$*/build.ninja || cmake --preset $* >build-$*.log 2>&1 || { cat build-$*.log; rm -f build-$*.log; exit 1; }
-	@rm -f build-$*.log
+build-release build-test build-asan build-fuzz build-benchmark: build-%: configure-%
 	@cmake --build --preset $* -- --quiet
+
+configure-%:
+	@test -f build/$*/build.ninja || { mkdir -p build && cmake --preset $* >build/$*.log 2>&1; } || \
+	    { cat build/$*.log; exit 1; }
 
 check-format: setup-test
 	clang-format --dry-run --Werror $(SOURCES)
@@ -42,6 +44,10 @@ check-release: setup-test build-test
 
 check-asan: setup-test build-asan
 	ctest --preset asan
+
+check-threads: setup-test configure-tsan
+	cmake --build --preset tsan --target data-tests -- --quiet
+	build/tsan/bin/data-tests --gtest_brief=1 --gtest_filter='SharedTree*'
 
 check-lint: setup-test build-asan
 	run-clang-tidy -quiet -p build/asan '^$(CURDIR)/(quor|tools|tests|benchmarks|language)/' >build/lint.log 2>&1 \

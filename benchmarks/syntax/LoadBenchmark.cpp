@@ -1,5 +1,5 @@
 // The load of a table, beside a bare Xerces-C++ parse of the same file. The two take turns, so that what
-// disturbs the machine disturbs both.
+// disturbs the machine disturbs both, and the best turn of each counts.
 
 #include "quor/Keywords.h"
 
@@ -8,12 +8,14 @@
 #include <xercesc/dom/DOM.hpp>
 #include <xercesc/parsers/XercesDOMParser.hpp>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
 
+#include <malloc.h>
 #include <unistd.h>
 
 using namespace Veld::Quor::Core;
@@ -21,6 +23,13 @@ using namespace Veld::Quor::Core;
 namespace {
 
 using Seconds = std::chrono::duration<double>;
+
+/// What is allocated, large blocks included.
+double AllocatedBytes()
+{
+    const struct mallinfo2 info = ::mallinfo2();
+    return static_cast<double>(info.uordblks + info.hblkhd);
+}
 
 /// Eight characters at most, as the language has it.
 std::string NameOf(int number)
@@ -71,8 +80,41 @@ std::string KeywordText(int number)
             <real>
               <description>Rate at surface.</description>
               <quantity name="liquid_surface_rate"/>
-              <default type="no default"/>
+              <min val="0"/>
+              <default type="specified" val="1e5">
+                <override name="Sedge" type="specified" val="2e5"/>
+                <override name="Hallow" type="calculated"/>
+              </default>
             </real>
+          </item>
+          <item name="CONTROL" optional="true">
+            <choice>
+              <description>What holds the group.</description>
+              <values>
+                <value string="RATE"/>
+                <value string="PRESSURE">
+                  <aliases>
+                    <alias name="BHP"/>
+                  </aliases>
+                </value>
+                <value string="NONE"/>
+              </values>
+              <default type="specified" val="NONE"/>
+            </choice>
+          </item>
+          <item name="TABLE">
+            <list termination="SLASH">
+              <record>
+                <item name="X" columnConstraint="strictly_increasing">
+                  <real>
+                    <quantity name="pressure"/>
+                  </real>
+                </item>
+                <item name="Y">
+                  <real/>
+                </item>
+              </record>
+            </list>
           </item>
         </record>
       </list>
@@ -123,6 +165,13 @@ bool HasAll(int keywords)
     return true;
 }
 
+void Parse(const std::string& path)
+{
+    xercesc::XercesDOMParser parser;
+    parser.parse(path.c_str());
+    benchmark::DoNotOptimize(parser.getDocument());
+}
+
 void LoadTable(benchmark::State& state)
 {
     const int keywords = static_cast<int>(state.range(0));
@@ -130,31 +179,31 @@ void LoadTable(benchmark::State& state)
     ::setenv("QUOR_KEYWORD_SYNTAX_FILE", file.Path().c_str(), 1);
     Service::XML::Initialise::Init();
     Keywords::KeywordSyntaxTable::Instance(true, false);
-    Seconds load{};
-    Seconds parse{};
+    Parse(file.Path()); // so that neither of the two gets its memory from the system
+    Seconds load = Seconds::max();
+    Seconds parse = Seconds::max();
+    double bytes = 0;
     for ([[maybe_unused]] auto turn : state) {
+        parse = std::min(parse, TimeOf([&file] { Parse(file.Path()); }));
+        const double before = AllocatedBytes();
         const Seconds one = TimeOf([] { Keywords::KeywordSyntaxTable::Instance(); });
-        load += one;
+        bytes = AllocatedBytes() - before;
         state.SetIterationTime(one.count());
-        parse += TimeOf([&file] {
-            xercesc::XercesDOMParser parser;
-            parser.parse(file.Path().c_str());
-            benchmark::DoNotOptimize(parser.getDocument());
-        });
+        load = std::min(load, one);
         if (!HasAll(keywords)) {
             state.SkipWithError("a keyword is not in the table");
             break;
         }
         Keywords::KeywordSyntaxTable::Instance(true, false);
     }
-    const double loads = static_cast<double>(state.iterations()) * keywords;
-    state.counters["us_a_keyword"] = load.count() * 1e6 / loads;
-    state.counters["parse_us_a_keyword"] = parse.count() * 1e6 / loads;
+    state.counters["us_a_keyword"] = load.count() * 1e6 / keywords;
+    state.counters["parse_us_a_keyword"] = parse.count() * 1e6 / keywords;
     state.counters["to_parse"] = load / parse;
-    state.counters["MB_a_second"] =
-        file.Size() * static_cast<double>(state.iterations()) / load.count() / 1e6;
+    state.counters["bytes_a_keyword"] = bytes / keywords;
+    state.counters["MB_a_second"] = file.Size() / load.count() / 1e6;
 }
 
-BENCHMARK(LoadTable)->Arg(1'000)->Arg(10'000)->Arg(100'000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadTable)->Arg(1'000)->Arg(10'000)->Arg(100'000)->Iterations(5)->UseManualTime()->Unit(
+    benchmark::kMillisecond);
 
 } // namespace
