@@ -30,7 +30,7 @@ constexpr std::uint8_t allModes = (1U << SimulatorModeType::Count) - 1;
 template <class Holds>
 ModeTable MakeModeTable(Holds holds)
 {
-    ModeTable table = {};
+    ModeTable table{};
     for (const auto& simulator : SimulatorType::EnumInfos()) {
         for (const auto& mode : SimulatorModeType::EnumInfos()) {
             if (holds(simulator.value, mode.value))

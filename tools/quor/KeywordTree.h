@@ -18,7 +18,16 @@ namespace Veld::Quor::Tools {
 using MDType = Core::Keywords::IKeywordDataMD::MDType;
 
 /// Modes by simulator: bit m of entry s is set for mode m of simulator s.
-using ModeTable = std::array<std::uint8_t, Core::Keywords::SimulatorType::Count>;
+struct ModeTable : std::array<std::uint8_t, Core::Keywords::SimulatorType::Count> {
+    std::uint8_t& operator[](Core::Keywords::SimulatorType::Enum simulator)
+    {
+        return at(static_cast<std::size_t>(simulator));
+    }
+    std::uint8_t operator[](Core::Keywords::SimulatorType::Enum simulator) const
+    {
+        return at(static_cast<std::size_t>(simulator));
+    }
+};
 
 /// Each mode of each simulator.
 ModeTable AllModes();
@@ -51,7 +60,7 @@ struct Choice {
     std::string text;
     std::vector<std::pair<std::string, bool>> aliases; ///< true: hidden
     ModeTable valid = AllModes();
-    ModeTable unsupported = {};
+    ModeTable unsupported{};
 };
 
 struct StringRules {

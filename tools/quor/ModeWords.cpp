@@ -26,7 +26,7 @@ ModeTable Combined(const ModeTable& a, const ModeTable& b, Combine combine)
 {
     ModeTable table;
     for (std::size_t i = 0; i < table.size(); ++i)
-        table[i] = static_cast<std::uint8_t>(combine(a[i], b[i]));
+        table.at(i) = static_cast<std::uint8_t>(combine(a.at(i), b.at(i)));
     return table;
 }
 
@@ -45,9 +45,9 @@ bool HasWholeMode(const ModeTable& part, const ModeTable& all, unsigned bit)
 {
     bool isSomewhere = false;
     for (std::size_t i = 0; i < all.size(); ++i) {
-        if ((all[i] & bit) == 0)
+        if ((all.at(i) & bit) == 0)
             continue;
-        if ((part[i] & bit) == 0)
+        if ((part.at(i) & bit) == 0)
             return false;
         isSomewhere = true;
     }
