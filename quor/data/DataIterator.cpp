@@ -43,6 +43,13 @@ std::size_t DepthOf(const IKeywordDataMD* md)
     }
 }
 
+/// Asked at each stop, so in one test.
+constexpr bool IsContainer(MDType::Enum type)
+{
+    constexpr unsigned containers = 1U << MDType::List | 1U << MDType::Map | 1U << MDType::Record;
+    return (containers >> type & 1U) != 0;
+}
+
 } // namespace
 
 template <class Data>
@@ -74,7 +81,9 @@ void DataIteratorOf<Data>::Next()
 template <class Data>
 void DataIteratorOf<Data>::Enter(const void* data, const IKeywordDataMD* md)
 {
-    path_.push_back({static_cast<const IKeywordData*>(data), md, -1});
+    const MDType::Enum type = md->GetType();
+    const auto* const itemMD = type == MDType::List ? As<const IKeywordListMD>(*md).GetItemMD() : nullptr;
+    path_.push_back({static_cast<const IKeywordData*>(data), md, type, itemMD, -1});
     // Data that a DataIterator walks were handed in for writing.
     current_ = {const_cast<void*>(data), md, false};
 }
@@ -82,7 +91,7 @@ void DataIteratorOf<Data>::Enter(const void* data, const IKeywordDataMD* md)
 template <class Data>
 bool DataIteratorOf<Data>::Visit(const void* value, const IKeywordDataMD* md, bool isOptional)
 {
-    if (KeywordUtils::IsItemMDType(md))
+    if (!IsContainer(md->GetType()))
         current_ = {const_cast<void*>(value), md, isOptional};
     else
         Enter(value, md);
@@ -96,12 +105,11 @@ bool DataIteratorOf<Data>::NextBelow(Level& level)
     if (!level.data) // only a class of a host has no node there
         return false;
     const std::int64_t index = ++level.index;
-    switch (level.md->GetType()) {
+    switch (level.type) {
     case MDType::List: {
         const auto& list = As<const IKeywordListData>(*level.data);
         return index < list.GetSize()
-            && Visit(list.GetData(static_cast<std::size_t>(index)),
-                As<const IKeywordListMD>(*level.md).GetItemMD(), false);
+            && Visit(list.GetData(static_cast<std::size_t>(index)), level.itemMD, false);
     }
     case MDType::Record: {
         const auto& record = As<const IKeywordRecordData>(*level.data);

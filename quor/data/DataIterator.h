@@ -68,6 +68,8 @@ private:
     struct Level {
         const IKeywordData* data;
         const IKeywordDataMD* md;
+        IKeywordDataMD::MDType::Enum type; // of `md`
+        const IKeywordDataMD* itemMD; // of a list; else null
         std::int64_t index; // of the stop below; -1: the stop is this container
     };
 
