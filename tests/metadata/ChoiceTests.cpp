@@ -1,0 +1,136 @@
+#include "tests/metadata/MetadataText.h"
+#include "tests/support/Cases.h"
+#include "tests/support/LogCapture.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <utility>
+
+using namespace Veld::Quor::Core;
+using namespace Veld::Quor::Core::Keywords;
+using namespace Veld::Quor::Tests;
+
+namespace {
+
+/// "ALPHA ALTO|ALT BETA|~OLD" as a choice element: words, their aliases behind bars, hidden ones with a
+/// tilde.
+std::string Choices(const std::string& words)
+{
+    std::string xml;
+    std::istringstream text(words);
+    for (std::string word; text >> word;) {
+        std::istringstream names(word);
+        std::getline(names, word, '|');
+        xml += "<value string='" + word + "'><aliases>";
+        for (std::string alias; std::getline(names, alias, '|');)
+            xml += alias[0] == '~' ? "<alias name='" + alias.substr(1) + "'><isHiddenAlias/></alias>"
+                                   : "<alias name='" + alias + "'/>";
+        xml += "</aliases></value>";
+    }
+    return Indented("<choice><values>" + xml + "</values></choice>");
+}
+
+/// The index, and behind it what was logged, or the message that says why there is none.
+std::string Match(const IKeywordChoiceMD& choice, const std::string& text, bool lax = false)
+{
+    Service::SetUseLaxMatch(lax);
+    Service::MessageCapper::instance()->Reset();
+    Service::MessageCapper::instance()->SetLimit(-1);
+    const LogCapture log;
+    std::string message = "untouched";
+    const int index = choice.GetIndex(text, message);
+    std::string result = std::to_string(index) + (message == "untouched" ? "" : ": " + message);
+    for (const LogCapture::Line& line : log.Lines()) {
+        EXPECT_EQ(line.severity, Service::MessageSeverity::Warning);
+        result += ": " + line.text;
+    }
+    EXPECT_EQ(choice.GetIndex(text), index);
+    Service::MessageCapper::instance()->SetLimit(Service::MessageCapper::DefaultLimit);
+    Service::SetUseLaxMatch(false);
+    return result;
+}
+
+/// "words / text": what `text` matches of the words. The names of the rows tell which match is asked for.
+class ChoiceMatch : public testing::TestWithParam<Row> { };
+
+} // namespace
+
+TEST_P(ChoiceMatch, GivesIndexAndWarning)
+{
+    const auto& [name, row, expected] = GetParam();
+    const std::size_t bar = row.find(" / ");
+    const auto choice = Read<KeywordChoiceMDImpl>(Choices(row.substr(0, bar)));
+    EXPECT_EQ(Match(*choice, row.substr(bar + 3), name.starts_with("Lax")), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Words, ChoiceMatch, testing::ValuesIn(Rows(R"(
+AnyCase: ALPHA ALTO|ALT BETA|~OLD / alpha => 0
+ShortestCandidate: ALPHA ALTO|ALT BETA|~OLD / AL => 1: AL has matched option ALTO; please use ALTO to avoid ambiguity.
+Alias: ALPHA ALTO|ALT BETA|~OLD / alt => 1: ALT has matched option ALTO; please use ALTO to avoid ambiguity.
+Abbreviation: ALPHA ALTO|ALT BETA|~OLD / alp => 0: ALP has matched option ALPHA; please use ALPHA to avoid ambiguity.
+HiddenAlias: ALPHA ALTO|ALT BETA|~OLD / OLD => 2: OLD is a deprecated synonym for BETA and may be removed in a future release; please use BETA.
+StartOfHiddenAlias: ALPHA ALTO|ALT BETA|~OLD / o => 2: OLD is a deprecated synonym for BETA and may be removed in a future release; please use BETA.
+None: ALPHA ALTO|ALT BETA|~OLD / ZZ => -1: Must be one of ALPHA, ALTO or BETA
+BlanksAreNotTrimmed: ALPHA ALTO|ALT BETA|~OLD /  ALPHA => -1: Must be one of ALPHA, ALTO or BETA
+Blank: ALPHA ALTO|ALT BETA|~OLD /   => -1
+FirstAmongEquals: ABX ABY / AB => 0: AB has matched option ABX; please use ABX to avoid ambiguity.
+WordInLowerCaseIsFolded: one / oNe => 0
+AliasInLowerCaseIsNot: ONE|uno TWO / uno => -1: Must be one of ONE or TWO
+HiddenAliasOfAnotherChoice: LONG|~ABCDEF ABCD / ABC => 1: ABCDEF is a deprecated synonym for ABCD and may be removed in a future release; please use ABCD.
+EvenForTheWordItself: LONG|~ABCDEF ABCD / ABCD => 1: ABCDEF is a deprecated synonym for ABCD and may be removed in a future release; please use ABCD.
+PlainAliasTakesTheMarkBack: ONE|~XYZZ TWO|XYZ / XY => 1: XY has matched option TWO; please use TWO to avoid ambiguity.
+AliasAsLongAsTheWordIsSilent: RATE|FLOW / flow => 0
+AliasOfAnotherLengthIsNot: RATE|FLO / flo => 0: FLO has matched option RATE; please use RATE to avoid ambiguity.
+AbbreviationAsLongAsTheWordIsSilent: AB|CDE / cd => 0
+TailDiffers: ALPHA ALTO|ALT BETA|~OLD / BEXX => -1: Must be one of ALPHA, ALTO or BETA
+LaxTailDiffers: ALPHA ALTO|ALT BETA|~OLD / BEXX => 2: BEXX has matched option BETA; please use BETA to avoid ambiguity.
+LaxShortestOfSeveral: ALPHA ALTO|ALT BETA|~OLD / ALX => 1: ALX has matched option ALTO; please use ALTO to avoid ambiguity.
+LaxFirstAmongEquals: ABX ABY / ABZ => 0: ABZ has matched option ABX; please use ABX to avoid ambiguity.
+LaxShortOnesDropOut: AB ABC / ABCD => 1: ABCD has matched option ABC; please use ABC to avoid ambiguity.
+LaxShortOnesStayIfAllDropOut: ABC AB / ABX => 1: ABX has matched option AB; please use AB to avoid ambiguity.
+LaxAliasesTakeNoPart: ALPHA ALTO|ALT BETA|~OLD / OLX => -1: Must be one of ALPHA, ALTO or BETA
+LaxFirstCharacterStartsNone: ONLY / XNLY => -1: Must be one of ONLY
+)")),
+    CaseName<Row>);
+
+TEST(Choices, BlankTextMeansTheBlankChoice)
+{
+    const auto choice = Read<KeywordChoiceMDImpl>(
+        "<choice><values><value string='A'/><value string=' '/><value/></values></choice>");
+    EXPECT_EQ(Match(*choice, "") + Match(*choice, "  \t", true), "11");
+    EXPECT_EQ(choice->GetChoice(2), "");
+    EXPECT_EQ(Match(KeywordChoiceMDImpl(), "X"), "-1: Must be one of ");
+}
+
+TEST(Choices, AreAddedByCode)
+{
+    ValidityMDImpl sedgeOnly(false);
+    sedgeOnly.Set(SimulatorType::Sedge, SimulatorModeType::BlackOil, true);
+    KeywordChoiceMDImpl choice;
+    choice.AddChoice("one", sedgeOnly, UnsupportedByMDImpl(false));
+    choice.AddChoice("ONE", ValidityMDImpl(true), UnsupportedByMDImpl(true));
+    choice.AddChoice("on", ValidityMDImpl(true), UnsupportedByMDImpl(true));
+    EXPECT_EQ(Dump(choice), "choice{ONE valid(Sedge/B), ON unsupported(everywhere)}");
+
+    KeywordChoiceMDImpl::ChoiceMD again;
+    again.text = "ONE";
+    again.aliases.ReadXML(ParsedElement("<aliases> <alias name='LONGALIAS'/></aliases>"));
+    choice.AddChoice(std::move(again));
+    EXPECT_EQ(choice.NumChoices(), 3);
+    EXPECT_EQ(Match(choice, "one"), "0");
+    EXPECT_EQ(Match(choice, "longa"), "2: LONGA has matched option ONE; please use ONE to avoid ambiguity.");
+}
+
+TEST(Choices, WarnOfADefaultOnceForEachEntryWhenItIsRead)
+{
+    Service::MessageCapper::instance()->Reset();
+    const LogCapture log;
+    Read<KeywordChoiceMDImpl>("<choice><values><value string='BETA'><aliases> <alias name='OLD'> "
+                              "<isHiddenAlias/></alias></aliases></value></values>"
+                              "<default type='specified' val='OLD'/></choice>");
+    const std::string line =
+        "OLD is a deprecated synonym for BETA and may be removed in a future release; please use BETA.\n";
+    EXPECT_EQ(log.Text(), line + line + line) << "for none in particular, and for each of two simulators";
+}

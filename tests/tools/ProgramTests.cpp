@@ -1,0 +1,225 @@
+#include "tests/support/Cases.h"
+#include "tests/support/Documents.h"
+#include "tests/tools/Language.h"
+#include "tests/tools/RunProgram.h"
+
+#include <nlohmann/json.hpp>
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+using namespace Veld::Quor::Tests;
+using nlohmann::json;
+
+namespace {
+
+/// Answers from the small language.
+Outcome RunSmall(const std::string& arguments)
+{
+    return RunOn(SmallLanguage(), arguments);
+}
+
+const std::string decks = QUOR_SOURCE_DIR "/examples/decks/";
+
+struct Refusal {
+    const char* name;
+    const char* arguments;
+    const char* error; // a part of it
+};
+
+class Usage : public testing::TestWithParam<Refusal> { };
+
+TEST_P(Usage, IsRefused)
+{
+    const Outcome outcome = RunQuor(GetParam().arguments);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_TRUE(Holds(outcome.err, GetParam().error)) << outcome.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(Arguments, Usage,
+    testing::Values(Refusal{"None", "", "Subcommands:"}, Refusal{"UnknownSubcommand", "shwo", "shwo"},
+        Refusal{"UnknownOption", "list --sections GRID", "quor: error: "},
+        Refusal{"UnknownSection", "list --section GIRD", "GIRD not in {RUNSPEC,GRID,"},
+        Refusal{"UnknownSimulator", "check x --simulator Nobody", "{Carrow,Dunmere,"},
+        Refusal{"UnknownMode", "list --mode Cold", "{BlackOil,Compositional,Thermal}"},
+        Refusal{"UnknownFormat", "list --format xml", "{text,json}"},
+        Refusal{"ShowNothing", "show", "quor show --help"},
+        Refusal{"NegativeLimit", "check x --max-findings=-1", "--max-findings"},
+        Refusal{"MissingDeck", "check /none.data --format json", "can't read '/none.data': No such file"},
+        Refusal{"FolderAsDeck", "check /tmp", "it is a folder"}),
+    CaseName<Refusal>);
+
+TEST(Help, IsDataAndHasExamples)
+{
+    EXPECT_TRUE(RunQuor("--version").out.starts_with("quor "));
+    EXPECT_TRUE(Holds(RunQuor("--help").out, "check"));
+    for (const std::string command : {"list", "show", "check"}) {
+        const Outcome outcome = RunQuor(command + " --help");
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.err, "");
+        EXPECT_TRUE(Holds(outcome.out, "Examples:\n  quor " + command)) << outcome.out;
+    }
+}
+
+struct Arguments {
+    const char* name;
+    std::string arguments;
+};
+
+class LoadFailures : public testing::TestWithParam<Arguments> { };
+
+TEST_P(LoadFailures, LeaveNothingOnStandardOutput)
+{
+    const Outcome outcome =
+        RunQuor(GetParam().arguments + " --format json", std::string(mainVariable) + "=/none.xml");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
+    const std::string text = "Can not load/find the specified XML syntax file /none.xml";
+    EXPECT_TRUE(Holds(outcome.err, "quor: error: ")) << outcome.err;
+    EXPECT_NE(outcome.err.find(text), std::string::npos);
+    EXPECT_EQ(outcome.err.find(text), outcome.err.rfind(text)) << "told twice";
+}
+
+INSTANTIATE_TEST_SUITE_P(Commands, LoadFailures,
+    testing::Values(Arguments{"List", "list"}, Arguments{"Show", "show OIL"},
+        Arguments{"Check", "check " + decks + "first-comparative.data"}),
+    CaseName<Arguments>);
+
+struct Answer {
+    const char* name;
+    const char* arguments;
+    const char* out;
+    int status = 0;
+    const char* err = "";
+};
+
+class SmallLanguageAnswers : public testing::TestWithParam<Answer> { };
+
+TEST_P(SmallLanguageAnswers, AreExact)
+{
+    const Outcome outcome = RunSmall(GetParam().arguments);
+    EXPECT_EQ(outcome.out, GetParam().out);
+    EXPECT_EQ(outcome.err, GetParam().err);
+    EXPECT_EQ(outcome.status, GetParam().status);
+}
+
+INSTANTIATE_TEST_SUITE_P(List, SmallLanguageAnswers,
+    testing::Values(
+        Answer{"BySection", "list --section summary --simulator Carrow --text W", "WBHP  SUMMARY  \n"},
+        Answer{"ByAlias", "list --text permr", "PERMX  GRID  Permeability in x.\n"},
+        Answer{"BySimulator", "list --section RUNSPEC --simulator Carrow --text l --count", "5\n"},
+        Answer{"ByMode", "list --section RUNSPEC --mode Thermal --text comps", "", 0,
+            "no keyword meets all conditions\n"},
+        Answer{"OneLineForEachDefinition", "list --text TIME --section SCHEDULE", "TIME  SCHEDULE  \n"},
+        Answer{"HiddenOnes", "list --hidden --text WELSPECH --count", "1\n"},
+        Answer{"EmptyJson", "list --text nothing --format json", "[]\n", 0,
+            "no keyword meets all conditions\n"}),
+    CaseName<Answer>);
+
+INSTANTIATE_TEST_SUITE_P(Show, SmallLanguageAnswers,
+    testing::Values(Answer{"Everywhere", "show skip",
+                        "SKIP\n  role: opens a skipped block\n  valid: everywhere\n  data: none\n"},
+        Answer{"ByAlias", "show kx",
+            "PERMX\n  found as: KX, by alias\n  description: Permeability in x.\n"
+            "  aliases: PERMR, KX (hidden)\n  valid (B BlackOil, C Compositional, T Thermal):\n"
+            "                  GRID\n    Carrow        B\n    Dunmere       BCT\n    Sedge         BC\n"
+            "    Hallow        BCT\n    Marlpit       BCT\n    Ostrey        BCT\n    Wend          BCT\n"
+            "    Tolmen        BCT\n    Wend_GE       BCT\n    Wend_CLASSIC  BCT\n  data: none\n"},
+        Answer{"Unknown", "show WELSPEXX", "", 1,
+            "quor: error: WELSPEXX is not a keyword; did you mean WELSPECL, WELSPECS?\n"}),
+    CaseName<Answer>);
+
+TEST(Show, GivesAllDefinitionsAndWhatIsKnownBesideTheUnknown)
+{
+    const Outcome outcome = RunSmall("show TIME NONSENSE FUX --format json");
+    EXPECT_EQ(outcome.status, 1);
+    const json list = json::parse(outcome.out);
+    ASSERT_EQ(list.size(), 3U);
+    EXPECT_EQ(list[0]["documentation"], "SUMMARY");
+    EXPECT_TRUE(list[1]["validity"].contains("SCHEDULE"));
+    EXPECT_EQ(list[1]["validity"]["SCHEDULE"]["Sedge"], json({"BlackOil", "Compositional"}));
+    EXPECT_EQ(list[2]["name"], "FU*");
+    EXPECT_EQ(list[2]["foundBy"], "wildcard");
+}
+
+TEST(List, HoldsTheBuiltInKeywords)
+{
+    const json list = json::parse(RunQuor("list --section SCHEDULE --simulator Carrow --format json").out);
+    std::set<std::string> names;
+    for (const json& keyword : list)
+        names.insert(keyword["name"]);
+    EXPECT_TRUE(names.count("WELSPECS"));
+    EXPECT_TRUE(names.count("DATES"));
+    EXPECT_FALSE(names.count("PORO"));
+}
+
+TEST(Check, FindsTheExampleClean)
+{
+    const Outcome outcome = RunQuor("check " + decks + "first-comparative.data --simulator Carrow");
+    EXPECT_EQ(outcome.status, 0) << outcome.out;
+    EXPECT_TRUE(Holds(outcome.out, "6 sections, 2 files: no findings\n")) << outcome.out;
+    EXPECT_TRUE(Holds(outcome.err, "language: ")) << outcome.err;
+}
+
+TEST(Check, FindsThreeMistakes)
+{
+    const Outcome outcome =
+        RunQuor("check " + decks + "faulty/three-mistakes.data --simulator Carrow --format json");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "");
+    const json report = json::parse(outcome.out);
+    EXPECT_EQ(report["dataRead"], false);
+    EXPECT_EQ(report["counts"]["errors"], 3);
+    ASSERT_EQ(report["findings"].size(), 3U);
+    EXPECT_EQ(report["findings"][0]["code"], "wrong-simulator");
+    EXPECT_EQ(report["findings"][1]["code"], "wrong-section");
+    EXPECT_EQ(report["findings"][2]["code"], "unknown-keyword");
+}
+
+TEST(Check, MarksThePlaceBelowTheLine)
+{
+    const TemporaryDirectory folder;
+    folder.Write("a.inc", "\tOIL\nINCLUDE \t'no\x1b[1m.inc' /\n");
+    const std::string deck = folder.Write("d.data", "RUNSPEC\nINCLUDE 'a.inc' /\n");
+    const std::string place = folder.Path().string();
+    EXPECT_EQ(RunSmall("check " + deck).out,
+        place + "/a.inc:2:10: error: can't read '" + place + "/no?[1m.inc': No such file or directory"
+            + " [include-missing]\n    INCLUDE \t'no?[1m.inc' /\n            \t^~~~~~~~~~~~\n"
+            + "  hint: a relative name starts from the folder of the deck\n  included from " + deck + ":2\n"
+            + "d.data: 3 keywords in 1 section, 2 files: 1 error\n"
+            + "The data behind the keywords are not read yet, so nothing is said of them.\n");
+}
+
+TEST(Check, JudgesEachDeckAlone)
+{
+    const TemporaryDirectory folder;
+    const std::string clean = folder.Write("clean.data", "RUNSPEC\nOIL\n");
+    const std::string faulty = folder.Write("faulty.data", "GRID\nWATR\nWATR\nWATR\n");
+    const Outcome both = RunSmall("check " + faulty + " " + clean + " --max-findings 1");
+    EXPECT_EQ(both.status, 1);
+    EXPECT_TRUE(Holds(both.out, "2 findings more; ")) << both.out;
+    EXPECT_TRUE(Holds(both.out, "clean.data: 2 keywords in 1 section, 1 file: no findings\n")) << both.out;
+    EXPECT_EQ(RunSmall("check " + clean + " /none.data").status, 2);
+}
+
+TEST(Check, WritesValidJsonOfAnyBytes)
+{
+    const TemporaryDirectory folder;
+    const std::string deck = folder.Write("d.data", "RUNSPEC\nINCLUDE '\xff\xfe\x01' /\n");
+    const json report = json::parse(RunSmall("check --format json " + deck).out);
+    EXPECT_EQ(report["findings"][0]["code"], "include-missing");
+}
+
+TEST(Output, ThatCannotBeWrittenIsAFailure)
+{
+    const Outcome full = RunQuor("list > /dev/full");
+    EXPECT_EQ(full.status, 2);
+    EXPECT_TRUE(Holds(full.err, "can't write to standard output")) << full.err;
+    // The reader is gone before the first write.
+    EXPECT_EQ(RunShell("{ sleep 0.2; \"$QUOR\" list; echo status $? >&2; } | true").err, "status 2\n");
+}
+
+} // namespace
