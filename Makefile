@@ -22,6 +22,7 @@ run: setup-run build-release ## Build the release and try it on a real deck
 	@echo; echo "Next: $(QUOR) --help; $(QUOR) list --section SCHEDULE; $(QUOR) check YOUR.data"
 
 test: setup-test check-format check-release check-asan check-threads check-lint ## The gate: all builds, tests and checks
+	@echo "== all passed"
 
 setup-run:
 	@cmake/setup.sh run
@@ -37,21 +38,30 @@ configure-%:
 	    { cat build/$*.log; exit 1; }
 
 check-format: setup-test
-	clang-format --dry-run --Werror $(SOURCES)
+	@echo "== format"
+	@clang-format --dry-run --Werror $(SOURCES)
 
 check-release: setup-test build-test
-	ctest --preset test
+	@echo "== tests of the release"
+	@$(call run_tests,test)
 
 check-asan: setup-test build-asan
-	ctest --preset asan
+	@echo "== tests under the address and undefined-behaviour sanitizers"
+	@$(call run_tests,asan)
 
 check-threads: setup-test configure-tsan
-	cmake --build --preset tsan --target data-tests -- --quiet
-	build/tsan/bin/data-tests --gtest_brief=1 --gtest_filter='SharedTree*'
+	@echo "== shared data under the thread sanitizer"
+	@cmake --build --preset tsan --target data-tests -- --quiet
+	@build/tsan/bin/data-tests --gtest_brief=1 --gtest_filter='SharedTree*'
 
 check-lint: setup-test build-asan
-	run-clang-tidy -quiet -p build/asan '^$(CURDIR)/(quor|tools|tests|benchmarks|language)/' >build/lint.log 2>&1 \
+	@echo "== lint"
+	@run-clang-tidy -quiet -p build/asan '^$(CURDIR)/(quor|tools|tests|benchmarks|language)/' >build/lint.log 2>&1 \
 	    || { grep -E 'warning:|error:|note:' build/lint.log; exit 1; }
+
+# All that the tests print if one fails, else the count alone.
+run_tests = ctest --preset $(1) -j $$(nproc) --quiet --output-log build/$(1)-tests.log || \
+    { cat build/$(1)-tests.log; exit 1; }; grep 'tests passed' build/$(1)-tests.log
 
 format: setup-test ## Format all sources in place
 	clang-format -i $(SOURCES)

@@ -31,6 +31,7 @@ struct TextKeyword {
     const char* name;
     const Service::Optional<std::string>& (*get)(const IKeywordData*);
     void (*set)(IKeywordData*, const std::string&);
+    const char* failure;
 };
 
 } // namespace
@@ -39,10 +40,14 @@ TEST(TextKeywords, AreReadAndWrittenAsThemselvesAlone)
 {
     const auto other = Of("START");
     for (const TextKeyword& row :
-        {TextKeyword{"INCLUDE", &DataAccessUtils::GetINCLUDEFileName, &DataAccessUtils::SetINCLUDEFileName},
-            {"MESSAGE", &DataAccessUtils::GetMESSAGEText, &DataAccessUtils::SetMESSAGEText},
-            {"GDFILE", &DataAccessUtils::GetGDFILEName, &DataAccessUtils::SetGDFILEName},
-            {"TOLGRID", &DataAccessUtils::GetTOLGRIDName, &DataAccessUtils::SetTOLGRIDName}}) {
+        {TextKeyword{"INCLUDE", &DataAccessUtils::GetINCLUDEFileName, &DataAccessUtils::SetINCLUDEFileName,
+             "Keywords::DataAccessUtils: expecting an INCLUDE data"},
+            {"MESSAGE", &DataAccessUtils::GetMESSAGEText, &DataAccessUtils::SetMESSAGEText,
+                "Keywords::DataAccessUtils: expecting an MESSAGE data"},
+            {"GDFILE", &DataAccessUtils::GetGDFILEName, &DataAccessUtils::SetGDFILEName,
+                "Keywords::DataAccessUtils: expecting an GDFILE data"},
+            {"TOLGRID", &DataAccessUtils::GetTOLGRIDName, &DataAccessUtils::SetTOLGRIDName,
+                "Keywords::DataAccessUtils: expecting an TOLGRID data"}}) {
         const auto data = Of(row.name);
         EXPECT_FALSE(row.get(data.get()));
         row.set(data.get(), "");
@@ -50,11 +55,9 @@ TEST(TextKeywords, AreReadAndWrittenAsThemselvesAlone)
         row.set(data.get(), "some text");
         EXPECT_EQ(row.get(data.get()).Value(), "some text");
         EXPECT_EQ(&row.get(data.get()), ChildrenOf(*data).front().place);
-        const std::string failure =
-            std::string("Keywords::DataAccessUtils: expecting an ") + row.name + " data";
         for (IKeywordData* const bad : {static_cast<IKeywordData*>(nullptr), other.get()}) {
-            EXPECT_EQ(FailureOf([&] { row.get(bad); }), failure);
-            EXPECT_EQ(FailureOf([&] { row.set(bad, "x"); }), failure);
+            EXPECT_EQ(FailureOf([&] { row.get(bad); }), row.failure);
+            EXPECT_EQ(FailureOf([&] { row.set(bad, "x"); }), row.failure);
         }
     }
     EXPECT_EQ(Dump(*other), "(- - - -)");
