@@ -27,7 +27,7 @@ TemporaryDirectory::~TemporaryDirectory()
 
 std::string TemporaryDirectory::Write(const std::string& name, std::string_view bytes) const
 {
-    const std::string path = (path_ / name).string();
+    std::string path = (path_ / name).string();
     fs::create_directories(fs::path(path).parent_path());
     std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     return path;
