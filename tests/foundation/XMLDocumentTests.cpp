@@ -50,7 +50,7 @@ std::string WithAttributes(std::size_t count)
 std::string Encode(std::string text, const char* charset)
 {
     const iconv_t converter = ::iconv_open(charset, "UTF-8");
-    if (converter == reinterpret_cast<iconv_t>(-1))
+    if (converter == reinterpret_cast<iconv_t>(-1)) // NOLINT(performance-no-int-to-ptr): its own error value
         throw std::runtime_error("no character set "s + charset);
     std::string encoded(4 * text.size() + 8, '\0');
     char* from = text.data();
