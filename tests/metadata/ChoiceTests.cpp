@@ -68,7 +68,6 @@ TEST_P(ChoiceMatch, GivesIndexAndWarning)
 INSTANTIATE_TEST_SUITE_P(Words, ChoiceMatch, testing::ValuesIn(Rows(R"(
 AnyCase: ALPHA ALTO|ALT BETA|~OLD / alpha => 0
 ShortestCandidate: ALPHA ALTO|ALT BETA|~OLD / AL => 1: AL has matched option ALTO; please use ALTO to avoid ambiguity.
-Alias: ALPHA ALTO|ALT BETA|~OLD / alt => 1: ALT has matched option ALTO; please use ALTO to avoid ambiguity.
 Abbreviation: ALPHA ALTO|ALT BETA|~OLD / alp => 0: ALP has matched option ALPHA; please use ALPHA to avoid ambiguity.
 HiddenAlias: ALPHA ALTO|ALT BETA|~OLD / OLD => 2: OLD is a deprecated synonym for BETA and may be removed in a future release; please use BETA.
 StartOfHiddenAlias: ALPHA ALTO|ALT BETA|~OLD / o => 2: OLD is a deprecated synonym for BETA and may be removed in a future release; please use BETA.
@@ -109,16 +108,17 @@ TEST(Choices, AreAddedByCode)
     ValidityMDImpl sedgeOnly(false);
     sedgeOnly.Set(SimulatorType::Sedge, SimulatorModeType::BlackOil, true);
     KeywordChoiceMDImpl choice;
+    Service::SetUseLaxMatch(true); // no matter: a word is new unless it is there
     choice.AddChoice("one", sedgeOnly, UnsupportedByMDImpl(false));
     choice.AddChoice("ONE", ValidityMDImpl(true), UnsupportedByMDImpl(true));
     choice.AddChoice("on", ValidityMDImpl(true), UnsupportedByMDImpl(true));
+    Service::SetUseLaxMatch(false);
     EXPECT_EQ(Dump(choice), "choice{ONE valid(Sedge/B), ON unsupported(everywhere)}");
 
     KeywordChoiceMDImpl::ChoiceMD again;
     again.text = "ONE";
     again.aliases.ReadXML(ParsedElement("<aliases> <alias name='LONGALIAS'/></aliases>"));
     choice.AddChoice(std::move(again));
-    EXPECT_EQ(choice.NumChoices(), 3);
     EXPECT_EQ(Match(choice, "one"), "0");
     EXPECT_EQ(Match(choice, "longa"), "2: LONGA has matched option ONE; please use ONE to avoid ambiguity.");
 }

@@ -133,6 +133,7 @@ TEST(ByCode, MapsSortWildcardsAndAKeyIsTrimmedAndRaised)
         assignment->SetWildcard(key[0] == '*');
         map.AddItem(std::move(assignment));
     }
+    map.GetItemMD(0)->SetValidity(true); // valid nowhere, even so
     map.GetItemMD(1)->SetKeys({" a", "B "});
     map.GetItemMD(1)->SetValidity(SimulatorType::Tolmen, true);
     EXPECT_EQ(Dump(map),
