@@ -46,7 +46,7 @@ std::string SmallLanguage()
     text += Keyword("DIMENS", In("RUNSPEC") + Numbers());
     text += Keyword("PARALLEL", In("RUNSPEC") + For("Dunmere") + Described("Splits the run."));
     text += Keyword("COMPS", In("RUNSPEC") + "<validOptions><option value='Compositional'/></validOptions>");
-    text += Keyword("PORO", In("GRID"));
+    text += Keyword("PORO", In("GRID") + Numbers());
     text += Keyword("PERMX",
         In("GRID") + Described("Permeability in x.")
             + "<aliases><alias name='PERMR'/><alias name='KX'><isHiddenAlias/></alias></aliases>");
@@ -54,7 +54,7 @@ std::string SmallLanguage()
     text += Keyword("SPLIT", In("PROPS") + For("Dunmere"));
     for (const char* name : {"WELSPECS", "WELSPECL", "WCONHIST"})
         text += Keyword(name, In("SCHEDULE"));
-    text += Keyword("DATES", In("SCHEDULE") + Numbers());
+    text += Keyword("DATES", In("SCHEDULE") + "<data><list><string/></list></data>");
     text += Keyword("UNTIL",
         In("SCHEDULE")
             + "<data><list><line/><customReadTermination><stringTermination>STOP</stringTermination>"

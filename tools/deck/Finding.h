@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -40,6 +41,12 @@ public:
     /// Counts a finding; true if it is to be kept as well.
     bool Admit(Severity severity);
     void Keep(Finding finding);
+    /// Brings those that are kept into another order; equal ones stay as they are.
+    template <class Less>
+    void Sort(Less less)
+    {
+        std::stable_sort(kept_.begin(), kept_.end(), less);
+    }
 
     const std::vector<Finding>& GetKept() const { return kept_; }
     std::size_t GetCount(Severity severity) const;

@@ -90,14 +90,20 @@ Objection WrongSimulator(const Entry& entry, SectionType::Enum section, Simulato
 
 Objection WrongMode(const Entry& entry, SectionType::Enum section, const Target& target)
 {
-    const std::string& simulator = SimulatorType::ToString(target.simulator);
-    return {"wrong-mode",
-        fmt::format("{} is not valid in the mode {}{}", entry.spelling,
-            SimulatorModeType::ToString(target.mode), simulator.empty() ? "" : " of " + simulator),
+    return {"wrong-mode", fmt::format("{} is not valid in {}", entry.spelling, NameOf(target)),
         fmt::format("it is valid in {}", ListModes(entry, section, target.simulator))};
 }
 
 } // namespace
+
+std::string NameOf(const Target& target)
+{
+    const std::string& simulator = SimulatorType::ToString(target.simulator);
+    if (target.mode == SimulatorModeType::Any)
+        return simulator;
+    return fmt::format("the mode {}{}", SimulatorModeType::ToString(target.mode),
+        simulator.empty() ? "" : " of " + simulator);
+}
 
 std::optional<Objection> FindObjection(const Entry& entry, SectionType::Enum section, const Target& target)
 {

@@ -16,6 +16,9 @@ struct Target {
     Core::Keywords::SimulatorModeType::Enum mode = Core::Keywords::SimulatorModeType::Any;
 };
 
+/// "Dunmere", or "the mode Thermal of Dunmere".
+std::string NameOf(const Target& target);
+
 /// Why a keyword may not stand where it stands.
 struct Objection {
     const char* code;

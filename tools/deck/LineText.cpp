@@ -6,20 +6,14 @@ namespace Veld::Quor::Tools::Deck {
 
 namespace {
 
-constexpr bool IsUpperLetter(char c)
-{
-    return c >= 'A' && c <= 'Z';
-}
-
 constexpr bool IsLowerLetter(char c)
 {
     return c >= 'a' && c <= 'z';
 }
 
-constexpr bool IsNameCharacter(char c)
+bool IsNameCharacter(char c)
 {
-    return IsUpperLetter(c) || IsLowerLetter(c) || (c >= '0' && c <= '9') || c == '_' || c == '-' || c == '+'
-        || c == '#' || c == '&';
+    return IsLetter(c) || (c >= '0' && c <= '9') || c == '_' || c == '-' || c == '+' || c == '#' || c == '&';
 }
 
 constexpr bool IsBlank(char c)
@@ -27,21 +21,11 @@ constexpr bool IsBlank(char c)
     return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f';
 }
 
-constexpr bool IsQuote(char c)
-{
-    return c == '\'' || c == '"';
-}
-
 std::size_t SkipBlanks(std::string_view line, std::size_t offset)
 {
     while (offset < line.size() && IsBlank(line[offset]))
         ++offset;
     return offset;
-}
-
-bool IsCommentAt(std::string_view line, std::size_t offset)
-{
-    return line.substr(offset, 2) == "--";
 }
 
 bool IsEmptyFrom(std::string_view line, std::size_t offset)
@@ -54,7 +38,7 @@ bool IsEmptyFrom(std::string_view line, std::size_t offset)
 
 std::string_view FindLeadingWord(std::string_view line)
 {
-    if (line.empty() || !(IsUpperLetter(line[0]) || IsLowerLetter(line[0])))
+    if (line.empty() || !IsLetter(line[0]))
         return {};
     std::size_t length = 1;
     while (length < line.size() && IsNameCharacter(line[length]) && !IsCommentAt(line, length))

@@ -38,6 +38,27 @@ struct FileNameToken {
 /// at its end doesn't belong to it, but one inside does. Empty if there is only a comment.
 std::optional<FileNameToken> FindFileName(std::string_view line, std::size_t offset);
 
+/// Blank, tab, line end, or the comma that may stand between values.
+inline bool IsSeparator(char c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r') || c == ',';
+}
+
+inline bool IsQuote(char c)
+{
+    return c == '\'' || c == '"';
+}
+
+inline bool IsLetter(char c)
+{
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+inline bool IsCommentAt(std::string_view text, std::size_t offset)
+{
+    return text.substr(offset, 2) == "--";
+}
+
 /// In the letters of ASCII.
 std::string ToUpper(std::string_view text);
 

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -52,6 +53,8 @@ std::size_t ReadAll(int descriptor, char* bytes, std::size_t size)
     return done;
 }
 
+/// Mapping a smaller file costs more than reading it.
+constexpr std::size_t leastMapped = std::size_t(64) << 10;
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 
 } // namespace
@@ -79,15 +82,37 @@ SourceText SourceText::Read(const std::string& path)
 
     SourceText text;
     text.identity_ = {status.st_dev, status.st_ino};
-    const auto size = static_cast<std::size_t>(status.st_size);
-    text.bytes_ = std::make_unique_for_overwrite<char[]>(size);
-    text.size_ = ReadAll(descriptor.Get(), text.bytes_.get(), size);
+    text.size_ = static_cast<std::size_t>(status.st_size);
+    if (text.size_ >= leastMapped) {
+        void* const bytes = ::mmap(nullptr, text.size_, PROT_READ, MAP_PRIVATE, descriptor.Get(), 0);
+        if (bytes == MAP_FAILED)
+            FailBySystem();
+        ::madvise(bytes, text.size_, MADV_SEQUENTIAL);
+        text.mapped_ = Mapping(static_cast<const char*>(bytes), Unmap{text.size_});
+    } else {
+        text.bytes_.resize(text.size_);
+        text.bytes_.resize(ReadAll(descriptor.Get(), text.bytes_.data(), text.size_));
+    }
     return text;
+}
+
+void SourceText::Unmap::operator()(const char* bytes) const
+{
+    ::munmap(const_cast<char*>(bytes), size);
+}
+
+void SourceText::Release(std::size_t begin, std::size_t end) const
+{
+    const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    begin = (begin + page - 1) / page * page;
+    end = end / page * page;
+    if (mapped_ && begin < end)
+        ::madvise(const_cast<char*>(mapped_.get()) + begin, end - begin, MADV_DONTNEED);
 }
 
 std::string_view SourceText::GetText() const
 {
-    std::string_view text(bytes_.get(), size_);
+    std::string_view text = GetBytes();
     if (text.starts_with(utf8Mark))
         text.remove_prefix(utf8Mark.size());
     return text;
@@ -95,7 +120,7 @@ std::string_view SourceText::GetText() const
 
 bool SourceText::IsWide() const
 {
-    const std::string_view text(bytes_.get(), size_);
+    const std::string_view text = GetBytes();
     return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
 }
 

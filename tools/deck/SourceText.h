@@ -17,7 +17,7 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// The bytes of one file.
+/// The bytes of one file. A large one is mapped, not read: it must not be cut short by others meanwhile.
 class SourceText {
 public:
     /// Tells one file from another, whatever paths lead to it.
@@ -33,9 +33,20 @@ public:
     /// Whether the file has the byte order mark of an encoding in 16-bit units.
     bool IsWide() const;
     Identity GetIdentity() const { return identity_; }
+    /// A hint that these bytes won't be wanted soon; they can still be had.
+    void Release(std::size_t begin, std::size_t end) const;
 
 private:
-    std::unique_ptr<char[]> bytes_;
+    struct Unmap {
+        std::size_t size = 0;
+        void operator()(const char* bytes) const;
+    };
+    using Mapping = std::unique_ptr<const char, Unmap>;
+
+    std::string_view GetBytes() const { return mapped_ ? std::string_view(mapped_.get(), size_) : bytes_; }
+
+    std::string bytes_;
+    Mapping mapped_ = Mapping(nullptr, Unmap()); // or null
     std::size_t size_ = 0;
     Identity identity_;
 };

@@ -29,8 +29,11 @@ Vocabulary::Vocabulary(KeywordSyntaxTable& table)
 {
     KeywordSyntaxEnumerator enumerator = table.KeywordsEnumerator();
     while (enumerator.NextWithHidden()) {
-        if (enumerator.Current()->second->GetDeckRole() == KeywordDeckRole::Include)
+        const IKeywordSyntax& syntax = *enumerator.Current()->second;
+        if (syntax.GetDeckRole() == KeywordDeckRole::Include)
             includes_.push_back(MakeEntry(*enumerator.Current()->first));
+        if (syntax.HasScope() && syntax.GetScopeSyntax())
+            scopeEnds_.insert(syntax.GetScopeSyntax());
     }
 }
 

@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace Veld::Quor::Tools::Deck {
@@ -25,6 +26,13 @@ struct Entry {
     Core::Keywords::KeywordDeckRole::Enum role = Core::Keywords::KeywordDeckRole::Ordinary;
     /// The one simulator for which the keyword opens a skipped block; no value for all other keywords.
     std::optional<Core::Keywords::SimulatorType::Enum> skipsFor;
+
+    /// Whether it belongs to the text of a deck, and not to what the deck says.
+    bool IsOfText() const
+    {
+        using Role = Core::Keywords::KeywordDeckRole;
+        return skipsFor || (role != Role::Ordinary && role != Role::Section);
+    }
 };
 
 /// The names of a table, as a deck uses them: what was looked up once is kept. Must not outlive the table.
@@ -42,6 +50,12 @@ public:
         const Entry& entry, Core::Keywords::SectionType::Enum section) const;
 
     NearestNames& GetNearestNames() { return nearestNames_; }
+    Core::Keywords::KeywordSyntaxTable& GetTable() { return table_; }
+    /// Whether the keyword is there to end scopes, and for nothing else.
+    bool EndsScopes(const Core::Keywords::IKeywordSyntax& syntax) const
+    {
+        return scopeEnds_.count(&syntax) > 0;
+    }
 
 private:
     struct Hash : std::hash<std::string_view> {
@@ -54,6 +68,7 @@ private:
     NearestNames nearestNames_;
     std::unordered_map<std::string, Entry, Hash, std::equal_to<>> entries_; // without syntaxes: unknown words
     std::vector<Entry> includes_;
+    std::unordered_set<const Core::Keywords::IKeywordSyntax*> scopeEnds_;
 };
 
 } // namespace Veld::Quor::Tools::Deck

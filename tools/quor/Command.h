@@ -14,11 +14,13 @@ class Catalogue;
 struct Command {
     const CLI::App* app; ///< tells whether it was asked for; owned by the application
     std::function<int(Catalogue&)> run; ///< gives the exit status
+    std::function<int()> runAlone = {}; ///< in its place, for one that must not load the language
 };
 
 /// Each adds its subcommand to the application.
 Command MakeListCommand(CLI::App& application);
 Command MakeShowCommand(CLI::App& application);
 Command MakeCheckCommand(CLI::App& application);
+Command MakeLintCommand(CLI::App& application);
 
 } // namespace Veld::Quor::Tools

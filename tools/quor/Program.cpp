@@ -1,15 +1,14 @@
 #include "tools/quor/Program.h"
 
-#include "quor/foundation/LibProperties.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/Terminal.h"
+#include "tools/quor/Version.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include <csignal>
-#include <cstring>
 #include <exception>
 #include <new>
 #include <sstream>
@@ -18,18 +17,6 @@
 namespace Veld::Quor::Tools {
 
 namespace {
-
-std::string VersionText()
-{
-    const char* name = nullptr;
-    const char* value = nullptr;
-    for (int i = 0; i < Core::Keywords::getNumLibProperties(); ++i) {
-        Core::Keywords::getLibProperty(i, name, value);
-        if (std::strcmp(name, "FileVersion") == 0)
-            return fmt::format("quor {}", value);
-    }
-    return "quor";
-}
 
 /// The subcommand that the command line got to, for a pointer to its help.
 std::string NameOfHelp(const CLI::App& application)
@@ -53,28 +40,31 @@ int TellUsageError(const CLI::App& application, const CLI::ParseError& error)
 
 int RunCommand(int argc, char** argv)
 {
-    CLI::App application(
-        "Answers questions about the keywords of reservoir simulator decks, and checks decks.");
+    CLI::App application("Answers questions about the keywords of reservoir simulator decks, and checks "
+                         "decks and the documents\n"
+                         "that describe keywords.");
     application.name("quor");
-    application.set_version_flag("--version", VersionText());
+    application.set_version_flag("--version", fmt::format("quor {}", GetVersion()));
     application.require_subcommand(0, 1);
     application.footer(
         "The language is built in. QUOR_KEYWORD_SYNTAX_FILE names a document to take its place,\n"
         "QUOR_KEYWORD_TRUSTED_SYNTAX_DIR a folder of documents with trusted keywords.\n\n"
         "Exit status: 0 if all is well, 1 if there are findings or a keyword is not known,\n"
         "2 if the usage is wrong or something can't be read or written.");
-    const Command commands[] = {
-        MakeListCommand(application), MakeShowCommand(application), MakeCheckCommand(application)};
+    const Command commands[] = {MakeListCommand(application), MakeShowCommand(application),
+        MakeCheckCommand(application), MakeLintCommand(application)};
     try {
         application.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return TellUsageError(application, error);
     }
     for (const Command& command : commands) {
-        if (command.app->parsed()) {
-            Catalogue catalogue;
-            return command.run(catalogue);
-        }
+        if (!command.app->parsed())
+            continue;
+        if (command.runAlone)
+            return command.runAlone();
+        Catalogue catalogue;
+        return command.run(catalogue);
     }
     PrintAside(application.help());
     return Failure;

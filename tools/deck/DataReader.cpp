@@ -1,0 +1,292 @@
+#include "tools/deck/DataReader.h"
+
+#include "quor/data/IKeywordListData.h"
+#include "quor/data/IKeywordMapData.h"
+#include "quor/data/IKeywordRecordData.h"
+#include "tools/deck/WordHints.h"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+namespace Veld::Quor::Tools::Deck {
+
+using namespace Core::Keywords;
+using Core::Service::Optional;
+
+namespace {
+
+using MDType = IKeywordDataMD::MDType;
+using Termination = DataPlan::Termination;
+
+} // namespace
+
+void DataReader::Read(const DataPlan& plan, const Token& keyword, IKeywordData& data, bool mayBeShort,
+    std::vector<RecordPlace>& places)
+{
+    keyword_ = keyword;
+    last_ = keyword.spot;
+    mayBeShort_ = mayBeShort;
+    repeats_ = 0;
+    records_.clear();
+    const bool endsByItself = plan.type != MDType::Raw && plan.termination == Termination::NONE;
+    if (ReadRoot(plan, data, places) == Ended::Complete && endsByItself && Peek() == Got::Slash)
+        Next(); // a slash behind data that end by themselves does no harm
+    if (repeats_ > 0)
+        teller_.TellError(value_.spot, "too-many-values",
+            fmt::format("{}: the repeat goes on beyond the end of the data by {}", keyword_.text, repeats_));
+}
+
+DataReader::Ended DataReader::ReadRoot(
+    const DataPlan& plan, IKeywordData& data, std::vector<RecordPlace>& places)
+{
+    if (plan.type == MDType::List)
+        return ReadList(plan, static_cast<IKeywordListData&>(data), &places);
+    return ReadContainer(plan, data);
+}
+
+DataReader::Ended DataReader::ReadContainer(const DataPlan& plan, IKeywordData& data)
+{
+    switch (plan.type) {
+    case MDType::Record:
+        return ReadRecord(plan, static_cast<IKeywordRecordData&>(data));
+    case MDType::List:
+        return ReadList(plan, static_cast<IKeywordListData&>(data), nullptr);
+    case MDType::Map:
+        return ReadMap(plan, static_cast<IKeywordMapData&>(data));
+    case MDType::Raw:
+        ReadRaw(plan, data);
+        return Ended::Complete;
+    case MDType::Assignment:
+    case MDType::Boolean:
+    case MDType::Choice:
+    case MDType::Integer:
+    case MDType::Line:
+    case MDType::None:
+    case MDType::Real:
+    case MDType::String:
+        break;
+    }
+    return Ended::Complete;
+}
+
+// Words
+
+DataReader::Got DataReader::Next()
+{
+    if (repeats_ > 0) {
+        --repeats_;
+        return isDefault_ ? Got::Default : Got::Value;
+    }
+    if (isOneLine_ && text_.IsAtLineEnd())
+        return Got::Slash;
+    value_ = text_.NextData();
+    isDefault_ = false;
+    switch (value_.kind) {
+    case Token::Kind::Keyword:
+    case Token::Kind::End:
+        return Got::Stop;
+    case Token::Kind::Slash:
+        last_ = value_.spot;
+        return Got::Slash;
+    case Token::Kind::Quoted:
+        last_ = value_.spot;
+        return Got::Value;
+    case Token::Kind::Word:
+        break;
+    }
+    last_ = value_.spot;
+    const Repeat repeat = FindRepeat(value_.text);
+    if (repeat.length == 0)
+        return Got::Value;
+    if (repeat.count == 0 || repeat.count > mostRepeats) {
+        teller_.TellError(value_.spot, "bad-repeat",
+            fmt::format("{}: the repeat count of {} is not from 1 to {}", keyword_.text, Shorten(value_.text),
+                mostRepeats));
+        return Next();
+    }
+    repeats_ = repeat.count - 1;
+    value_.text.remove_prefix(repeat.length);
+    isDefault_ = value_.text.empty();
+    if (isDefault_ && !text_.GetRest().empty() && IsQuote(text_.GetRest().front())) {
+        value_ = text_.NextData();
+        isDefault_ = false;
+    }
+    return isDefault_ ? Got::Default : Got::Value;
+}
+
+DataReader::Got DataReader::Peek()
+{
+    if (repeats_ > 0)
+        return isDefault_ ? Got::Default : Got::Value;
+    switch (text_.PeekData().kind) {
+    case Token::Kind::Keyword:
+    case Token::Kind::End:
+        return Got::Stop;
+    case Token::Kind::Slash:
+        return Got::Slash;
+    case Token::Kind::Quoted:
+    case Token::Kind::Word:
+        break;
+    }
+    return Got::Value;
+}
+
+/// Behind one word too many.
+DataReader::Ended DataReader::SkipToSlash()
+{
+    repeats_ = 0;
+    for (;;) {
+        const Got got = Next();
+        repeats_ = 0;
+        if (got == Got::Slash)
+            return Ended::Complete;
+        if (got == Got::Stop)
+            return Unclosed("record");
+    }
+}
+
+DataReader::Ended DataReader::Unclosed(const char* what)
+{
+    const Spot behind{last_.file, last_.offset + last_.length, 0};
+    if (!text_.MissedInclusion()) // which may have held the end
+        teller_.TellError(behind, "unclosed-data",
+            fmt::format("{}: the {} is not closed", keyword_.text, what),
+            "put a slash behind its last value");
+    return Ended::ByStop;
+}
+
+// Records
+
+DataReader::Ended DataReader::ReadRecord(const DataPlan& plan, IKeywordRecordData& record)
+{
+    const bool wasOneLine = std::exchange(isOneLine_, plan.termination == Termination::EOL);
+    records_.emplace_back(&plan, &record);
+    Ended ended = Ended::Complete;
+    std::size_t i = 0;
+    while (i < plan.items.size() && ended == Ended::Complete)
+        ended = ReadItem(plan, i++, record);
+    records_.pop_back();
+    if (ended == Ended::Complete)
+        ended = EndRecord(plan);
+    else if (ended == Ended::BySlash && plan.termination != Termination::NONE)
+        ended = Ended::Complete;
+    isOneLine_ = wasOneLine;
+    return ended;
+}
+
+/// `BySlash`: the slash came in place of the item.
+DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, IKeywordRecordData& record)
+{
+    const DataPlan& item = plan.items[index];
+    void* const place = record.GetData(static_cast<int>(index));
+    if (!item.IsScalar())
+        return ReadContainer(item, *static_cast<IKeywordData*>(place));
+    if (item.type == MDType::Line) {
+        const Token line = text_.NextLine(records_.size() == 1 && index == 0);
+        if (line.kind == Token::Kind::Word) {
+            *static_cast<Optional<std::string>*>(place) = std::string(line.text);
+            last_ = line.spot;
+        }
+        return Ended::Complete;
+    }
+    switch (Next()) {
+    case Got::Stop:
+        return Unclosed("record");
+    case Got::Slash:
+        CheckMissing(plan, index, value_.spot);
+        return Ended::BySlash;
+    case Got::Default:
+        if (!item.MayBeMissing())
+            teller_.TellError(
+                value_.spot, "no-default", fmt::format("{} has no default", In(item)), "give its value");
+        return Ended::Complete;
+    case Got::Value:
+        break;
+    }
+    if (!item.isValid)
+        teller_.TellError(value_.spot, "item-not-valid",
+            fmt::format("{} is not valid for {}", In(item), NameOf(target_)), "leave it to its default");
+    else if (item.isUnsupported)
+        teller_.Tell(value_.spot, "item-unsupported", Severity::Warning,
+            fmt::format("{} has no effect for {}", In(item), NameOf(target_)));
+    switch (item.type) {
+    case MDType::Integer:
+    case MDType::Choice: {
+        int value = 0;
+        if (Convert(item, value)) {
+            CheckLimits(item, value);
+            *static_cast<Optional<int>*>(place) = value;
+        }
+        break;
+    }
+    case MDType::Real: {
+        double value = 0;
+        if (Convert(item, value)) {
+            CheckLimits(item, value);
+            *static_cast<Optional<double>*>(place) = value;
+        }
+        break;
+    }
+    case MDType::Boolean: {
+        bool value = false;
+        if (Convert(item, value))
+            *static_cast<Optional<bool>*>(place) = value;
+        break;
+    }
+    case MDType::String: {
+        std::string value;
+        if (Convert(item, value))
+            *static_cast<Optional<std::string>*>(place) = std::move(value);
+        break;
+    }
+    case MDType::Assignment:
+    case MDType::Line:
+    case MDType::List:
+    case MDType::Map:
+    case MDType::None:
+    case MDType::Raw:
+    case MDType::Record:
+        break;
+    }
+    return Ended::Complete;
+}
+
+DataReader::Ended DataReader::EndRecord(const DataPlan& plan)
+{
+    if (plan.termination == Termination::NONE || plan.items.empty())
+        return Ended::Complete;
+    if (plan.items.back().type == MDType::Line)
+        return Ended::Complete; // with its line
+    switch (Next()) {
+    case Got::Slash:
+        return Ended::Complete;
+    case Got::Stop:
+        return Unclosed("record");
+    case Got::Value:
+    case Got::Default:
+        break;
+    }
+    teller_.TellError(value_.spot, "too-many-values",
+        fmt::format("{}: the record has {} item{}, and here is one more", keyword_.text, plan.items.size(),
+            plan.items.size() == 1 ? "" : "s"),
+        "end the record with a slash before it");
+    return SkipToSlash();
+}
+
+/// One message for all items that are missing.
+void DataReader::CheckMissing(const DataPlan& plan, std::size_t first, const Spot& spot)
+{
+    std::string missing;
+    for (std::size_t i = first; i < plan.items.size(); ++i) {
+        const DataPlan& item = plan.items[i];
+        if (item.IsScalar() && !item.MayBeMissing() && item.isValid)
+            missing += (missing.empty() ? "" : ", ") + NameOf(item);
+    }
+    if (!missing.empty())
+        teller_.TellError(spot, "too-few-values",
+            fmt::format("{}: the record ends before {}", keyword_.text, missing),
+            "only what has a default may be left out");
+}
+
+} // namespace Veld::Quor::Tools::Deck

@@ -1,0 +1,140 @@
+#pragma once
+
+#include "quor/data/IKeywordData.h"
+#include "tools/deck/DataPlan.h"
+#include "tools/deck/DeckText.h"
+#include "tools/deck/NumberText.h"
+#include "tools/deck/SizeText.h"
+#include "tools/deck/Teller.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Veld::Quor::Core::Keywords {
+class IKeywordAssignmentMD;
+class IKeywordListData;
+class IKeywordMapData;
+class IKeywordRecordData;
+} // namespace Veld::Quor::Core::Keywords
+
+namespace Veld::Quor::Tools::Deck {
+
+/// Where a record of a deck begins.
+struct RecordPlace {
+    std::uint64_t file : 20;
+    std::uint64_t offset : 44;
+
+    static RecordPlace Of(const Spot& spot)
+    {
+        return {spot.file & ((1U << 20) - 1), spot.offset & ((std::uint64_t(1) << 44) - 1)};
+    }
+};
+
+/// Reads what stands behind a keyword into its data, as its metadata say, and tells what is wrong. One wrong
+/// word is told once; behind it, reading goes on.
+class DataReader {
+public:
+    DataReader(const Target& target, DeckText& text, Teller& teller, Deck::SizeOfName sizeOfName)
+        : target_(target)
+        , text_(text)
+        , teller_(teller)
+        , sizeOfName_(std::move(sizeOfName))
+    {
+    }
+
+    /// The text stands behind `keyword`. Where the outermost data are a list, `places` gets the begin of each
+    /// element.
+    void Read(const DataPlan& plan, const Token& keyword, Core::Keywords::IKeywordData& data, bool mayBeShort,
+        std::vector<RecordPlace>& places);
+
+    /// Where in its file the keyword ended, if it did so in the file in which it began.
+    std::size_t GetEnd() const { return last_.offset + last_.length; }
+
+    /// Takes a message of the library about a choice that was not the plain word.
+    void NoteChoice(const char* message) { choiceMessage_ = message; }
+
+private:
+    static constexpr long long unknownSize = -1;
+
+    /// What came where a value was asked for.
+    enum class Got {
+        Value, ///< `value_`
+        Default, ///< `value_` has the spot
+        Slash,
+        Stop, ///< a keyword, or the end of the deck
+    };
+    /// How the reading of an element ended.
+    enum class Ended {
+        Complete,
+        BySlash, ///< a slash that belongs to what is around it was taken
+        ByStop, ///< told already
+    };
+
+    Ended ReadRoot(
+        const DataPlan& plan, Core::Keywords::IKeywordData& data, std::vector<RecordPlace>& places);
+    Ended ReadContainer(const DataPlan& plan, Core::Keywords::IKeywordData& data);
+    Ended ReadRecord(const DataPlan& plan, Core::Keywords::IKeywordRecordData& record);
+    Ended ReadItem(const DataPlan& plan, std::size_t index, Core::Keywords::IKeywordRecordData& record);
+    Ended EndRecord(const DataPlan& plan);
+    void CheckMissing(const DataPlan& plan, std::size_t first, const Spot& spot);
+    Ended ReadList(
+        const DataPlan& plan, Core::Keywords::IKeywordListData& list, std::vector<RecordPlace>* places);
+    Ended ReadElements(const DataPlan& plan, long long size, Core::Keywords::IKeywordListData& list,
+        std::vector<RecordPlace>* places);
+    Ended ReadValues(const DataPlan& plan, long long size, Core::Keywords::IKeywordListData& list);
+    bool HasMore(
+        const DataPlan& plan, long long size, const Core::Keywords::IKeywordListData& list, Ended& ended);
+    template <class T>
+    Ended ReadNumbers(const DataPlan& plan, long long size, Core::Keywords::IKeywordListData& list);
+    template <class T>
+    void ReadPlainNumbers(const DataPlan& item, long long most, Core::Keywords::IKeywordListData& list);
+    Ended ReadLines(const DataPlan& plan, Core::Keywords::IKeywordListData& list);
+    Ended ReadMap(const DataPlan& plan, Core::Keywords::IKeywordMapData& map);
+    void ReadAssignment(Core::Keywords::IKeywordMapData& map);
+    void CheckAssignment(
+        const Core::Keywords::IKeywordAssignmentMD& md, const std::string& name, int value, const Spot& spot);
+    void ReadRaw(const DataPlan& plan, Core::Keywords::IKeywordData& data);
+
+    Got Next();
+    Got Peek();
+    Ended SkipToSlash();
+    Ended Unclosed(const char* what);
+
+    bool Convert(const DataPlan& item, double& value);
+    bool Convert(const DataPlan& item, int& value);
+    bool Convert(const DataPlan& item, bool& value);
+    bool Convert(const DataPlan& item, std::string& value);
+    bool ConvertChoice(const DataPlan& item, int& value);
+    void CheckLimits(const DataPlan& item, double value);
+    void CheckSize(const DataPlan& plan, long long size, long long count, const Spot& spot);
+    void CheckColumns(
+        const DataPlan& plan, const Core::Keywords::IKeywordRecordData& record, std::vector<double>& last);
+    void TellBeyond(const DataPlan& item, const Spot& spot, double value, long long more);
+    long long SizeOf(const std::string* text) const;
+    std::optional<long long> SizeOfName(const std::string& name) const;
+    /// "WCONPROD, ORAT" for an item with a name, else the keyword's name.
+    std::string In(const DataPlan& item) const;
+    void TellWrong(const DataPlan& item, const char* expected);
+
+    Target target_;
+    DeckText& text_;
+    Teller& teller_;
+    Deck::SizeOfName sizeOfName_;
+
+    // Of the keyword being read
+    Token keyword_;
+    bool mayBeShort_ = false;
+    bool isOneLine_ = false; // the record ends with its line
+    Token value_;
+    long long repeats_ = 0; // of `value_`, still to come
+    bool isDefault_ = false; // `value_` stands for a default
+    Spot last_; // of the last word
+    std::string choiceMessage_;
+    std::vector<std::pair<const DataPlan*, const Core::Keywords::IKeywordRecordData*>> records_; // being read
+};
+
+} // namespace Veld::Quor::Tools::Deck

@@ -1,0 +1,423 @@
+#include "tools/deck/DataReader.h"
+
+#include "quor/data/IKeywordListData.h"
+#include "quor/data/IKeywordRecordData.h"
+#include "quor/metadata/ICustomReadTermination.h"
+#include "quor/metadata/IKeywordBooleanMD.h"
+#include "quor/metadata/IKeywordChoiceMD.h"
+#include "quor/metadata/IKeywordIntegerMD.h"
+#include "quor/metadata/IKeywordListMD.h"
+#include "quor/metadata/IKeywordRealMD.h"
+#include "quor/metadata/IKeywordStringMD.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+namespace Veld::Quor::Tools::Deck {
+
+using namespace Core::Keywords;
+using Core::Service::Optional;
+
+namespace {
+
+using MDType = IKeywordDataMD::MDType;
+using Termination = DataPlan::Termination;
+using Constraint = DataPlan::Constraint;
+
+const IKeywordListMD& ListMD(const DataPlan& plan)
+{
+    return static_cast<const IKeywordListMD&>(*plan.md);
+}
+
+/// The default of a list's element for the target; a value of nothing if the simulator works it out.
+template <class MD, class T>
+T DefaultOf(const DataPlan& item, SimulatorType::Enum simulator)
+{
+    return static_cast<const MD*>(item.md)->GetDefault(simulator).ValueOr(T());
+}
+
+bool EndsNumber(char c)
+{
+    return IsSeparator(c) || c == '/';
+}
+
+/// The number at the beginning, and its length; 0 if there is none that stands for itself.
+std::size_t FindPlain(std::string_view text, double& value)
+{
+    const LeadingReal real = FindLeadingReal(text);
+    value = real.value;
+    return real.length;
+}
+
+std::size_t FindPlain(std::string_view text, int& value)
+{
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return error == std::errc() ? static_cast<std::size_t>(end - text.data()) : 0;
+}
+
+template <class T>
+void AppendRepeated(IKeywordListData& list, T value, long long count, bool isDefault)
+{
+    constexpr long long room = 4096;
+    T values[room];
+    std::fill_n(values, std::min(count, room), value);
+    const auto first = static_cast<std::size_t>(list.GetSize());
+    for (long long left = count; left > 0; left -= room)
+        list.AddData(values, values + std::min(left, room));
+    for (std::size_t i = first; isDefault && i < static_cast<std::size_t>(list.GetSize()); ++i)
+        list.SetDefaulted(i, true);
+}
+
+bool KeepsOrder(Constraint::Enum constraint, double before, double now)
+{
+    switch (constraint) {
+    case Constraint::StrictlyIncreasing:
+        return now > before;
+    case Constraint::StrictlyDecreasing:
+        return now < before;
+    case Constraint::Increasing:
+        return now >= before;
+    case Constraint::Decreasing:
+        return now <= before;
+    case Constraint::None:
+        break;
+    }
+    return true;
+}
+
+const char* OrderOf(Constraint::Enum constraint)
+{
+    switch (constraint) {
+    case Constraint::StrictlyIncreasing:
+        return "must be greater than the value before";
+    case Constraint::StrictlyDecreasing:
+        return "must be less than the value before";
+    case Constraint::Increasing:
+        return "must not be less than the value before";
+    case Constraint::Decreasing:
+        return "must not be greater than the value before";
+    case Constraint::None:
+        break;
+    }
+    return "";
+}
+
+} // namespace
+
+DataReader::Ended DataReader::ReadList(
+    const DataPlan& plan, IKeywordListData& list, std::vector<RecordPlace>* places)
+{
+    if (plan.items.empty())
+        return Ended::Complete;
+    const DataPlan& item = plan.items.front();
+    const long long size = SizeOf(ListMD(plan).GetSize());
+    switch (item.type) {
+    case MDType::Integer:
+        return ReadNumbers<int>(plan, size, list);
+    case MDType::Real:
+        return ReadNumbers<double>(plan, size, list);
+    case MDType::Line:
+        return ReadLines(plan, list);
+    case MDType::Boolean:
+    case MDType::Choice:
+    case MDType::String:
+        return ReadValues(plan, size, list);
+    case MDType::Assignment:
+    case MDType::List:
+    case MDType::Map:
+    case MDType::None:
+    case MDType::Raw:
+    case MDType::Record:
+        break;
+    }
+    return ReadElements(plan, size, list, places);
+}
+
+/// Whether the list goes on with another element; a slash or a word that ends it is taken.
+bool DataReader::HasMore(const DataPlan& plan, long long size, const IKeywordListData& list, Ended& ended)
+{
+    ended = Ended::Complete;
+    const bool endsByItself = plan.termination == Termination::NONE;
+    if (endsByItself && list.GetSize() == size)
+        return false;
+    const Got got = Peek();
+    if (got == Got::Stop) {
+        // A list of unknown size that nothing closes goes on to the next keyword.
+        if (!endsByItself)
+            ended = Unclosed("list");
+        else if (size != unknownSize)
+            CheckSize(plan, size, list.GetSize(), {last_.file, last_.offset + last_.length, 0});
+        return false;
+    }
+    if (const auto* words = ListMD(plan).GetCustomReadTermination()) {
+        bool ignored = false;
+        if (got != Got::Default && repeats_ == 0
+            && words->Matches(std::string(text_.PeekData().text), ignored)) {
+            last_ = text_.NextData().spot;
+            return false;
+        }
+    } else if (got == Got::Slash) {
+        const bool isElement = !plan.items.front().IsScalar() && endsByItself;
+        if (isElement)
+            return true;
+        Next();
+        CheckSize(plan, size, list.GetSize(), value_.spot);
+        if (endsByItself)
+            ended = Ended::BySlash;
+        return false;
+    }
+    return true;
+}
+
+/// A list of records or lists.
+DataReader::Ended DataReader::ReadElements(
+    const DataPlan& plan, long long size, IKeywordListData& list, std::vector<RecordPlace>* places)
+{
+    const DataPlan& item = plan.items.front();
+    std::vector<double> last(item.hasConstraints ? item.items.size() : 0, std::nan(""));
+    Ended ended = Ended::Complete;
+    while (HasMore(plan, size, list, ended)) {
+        if (places) {
+            const Spot& spot = text_.HasPeeked() ? text_.PeekData().spot : value_.spot;
+            places->push_back(RecordPlace::Of(spot));
+        }
+        auto* const element = static_cast<IKeywordData*>(list.AddData(nullptr));
+        ended = ReadContainer(item, *element);
+        if (item.hasConstraints)
+            CheckColumns(item, static_cast<const IKeywordRecordData&>(*element), last);
+        if (ended == Ended::ByStop)
+            return ended;
+        if (ended == Ended::BySlash) { // of the list: it came within the element
+            CheckSize(plan, size, list.GetSize(), value_.spot);
+            return plan.termination == Termination::NONE ? ended : Ended::Complete;
+        }
+    }
+    return ended;
+}
+
+/// A list of truth values, choices or texts.
+DataReader::Ended DataReader::ReadValues(const DataPlan& plan, long long size, IKeywordListData& list)
+{
+    const DataPlan& item = plan.items.front();
+    Ended ended = Ended::Complete;
+    while (HasMore(plan, size, list, ended)) {
+        const bool isDefault = Next() == Got::Default;
+        if (isDefault && !ListMD(plan).IsItemDefaultable()) {
+            teller_.TellError(
+                value_.spot, "no-default", fmt::format("{}: the values have no default", In(item)));
+            repeats_ = 0;
+            continue;
+        }
+        const SimulatorType::Enum simulator = target_.simulator;
+        if (item.type == MDType::String) {
+            std::string value =
+                isDefault ? DefaultOf<IKeywordStringMD, std::string>(item, simulator) : std::string();
+            if (isDefault || Convert(item, value))
+                list.AddData(&value);
+        } else if (item.type == MDType::Boolean) {
+            bool value = isDefault && DefaultOf<IKeywordBooleanMD, bool>(item, simulator);
+            if (isDefault || Convert(item, value)) {
+                const char byte = value ? 1 : 0;
+                list.AddData(&byte);
+            }
+        } else {
+            int value = isDefault ? DefaultOf<IKeywordChoiceMD, int>(item, simulator) : 0;
+            if (isDefault || Convert(item, value))
+                list.AddData(&value);
+        }
+        if (isDefault)
+            list.SetDefaulted(static_cast<std::size_t>(list.GetSize() - 1), true);
+    }
+    return ended;
+}
+
+/// Numbers that need no thought: those that stand for themselves, within their limits.
+template <class T>
+void DataReader::ReadPlainNumbers(const DataPlan& item, long long most, IKeywordListData& list)
+{
+    if (text_.HasPeeked() || repeats_ > 0)
+        return;
+    constexpr std::size_t room = 4096;
+    T values[room];
+    std::size_t count = room;
+    while (count == room && most > 0) {
+        const std::string_view rest = text_.GetRest();
+        const std::size_t wanted = static_cast<std::size_t>(std::min<long long>(most, room));
+        std::size_t offset = 0;
+        std::size_t taken = 0;
+        for (count = 0; count < wanted; ++count) {
+            while (offset < rest.size() && IsSeparator(rest[offset]))
+                ++offset;
+            T& value = values[count];
+            const std::size_t length = FindPlain(rest.substr(offset), value);
+            const std::size_t end = offset + length;
+            const bool isPlain = length > 0 && (end == rest.size() || EndsNumber(rest[end]))
+                && static_cast<double>(value) >= item.min && static_cast<double>(value) <= item.max;
+            if (!isPlain)
+                break;
+            last_ = {0, offset, length};
+            offset = taken = end;
+        }
+        if (count > 0) {
+            last_ = text_.SpotOf(rest.substr(last_.offset, last_.length));
+            list.AddData(values, values + count);
+        }
+        most -= static_cast<long long>(count);
+        text_.Take(taken);
+    }
+}
+
+/// A list of numbers. Of those beyond their limits the first is told, and how many more there are.
+template <class T>
+DataReader::Ended DataReader::ReadNumbers(const DataPlan& plan, long long size, IKeywordListData& list)
+{
+    using MD = std::conditional_t<std::is_same_v<T, int>, IKeywordIntegerMD, IKeywordRealMD>;
+    const DataPlan& item = plan.items.front();
+    const bool isDefaultable = ListMD(plan).IsItemDefaultable();
+    const long long most = size == unknownSize ? std::numeric_limits<long long>::max() : size;
+    if (size != unknownSize)
+        list.Reserve(std::min(static_cast<std::size_t>(size), text_.GetRest().size() / 2));
+    Spot firstBeyond;
+    double beyondValue = 0;
+    long long beyond = 0;
+    Spot firstSurplus;
+    long long surplus = 0;
+    Ended ended = Ended::Complete;
+    for (;;) {
+        ReadPlainNumbers<T>(item, most - list.GetSize(), list);
+        if (!HasMore(plan, size, list, ended))
+            break;
+        const Got got = Next();
+        T value = T();
+        if (got == Got::Default) {
+            if (!isDefaultable) {
+                teller_.TellError(value_.spot, "no-default",
+                    fmt::format("{}: the values have no default", In(item)), "give each value");
+            }
+            value = DefaultOf<MD, T>(item, target_.simulator);
+            if (ListMD(plan).FillEmptyElementsWithPreviousValue() && list.GetSize() > 0)
+                value = *static_cast<const T*>(list.GetData(static_cast<std::size_t>(list.GetSize() - 1)));
+        } else if (!Convert(item, value)) {
+            continue;
+        }
+        const long long count = repeats_ + 1;
+        repeats_ = 0;
+        if (got == Got::Value
+            && (static_cast<double>(value) < item.min || static_cast<double>(value) > item.max)) {
+            if (beyond == 0) {
+                firstBeyond = value_.spot;
+                beyondValue = static_cast<double>(value);
+            }
+            beyond += count;
+        }
+        // What is beyond the size is counted, and not kept.
+        const long long kept = std::min(count, most - list.GetSize());
+        if (surplus == 0 && kept < count)
+            firstSurplus = value_.spot;
+        surplus += count - kept;
+        AppendRepeated(list, value, kept, got == Got::Default && isDefaultable);
+    }
+    if (beyond > 0)
+        TellBeyond(item, firstBeyond, beyondValue, beyond - 1);
+    if (surplus > 0)
+        teller_.TellError(firstSurplus, "wrong-size",
+            fmt::format("{}: {} values are expected, and here are {} more", keyword_.text, size, surplus),
+            fmt::format("the size is {}", *ListMD(plan).GetSize()));
+    return ended;
+}
+
+DataReader::Ended DataReader::ReadLines(const DataPlan& plan, IKeywordListData& list)
+{
+    const auto* const words = ListMD(plan).GetCustomReadTermination();
+    for (;;) {
+        const Token line = text_.NextLine(false);
+        if (line.kind != Token::Kind::Word)
+            return words || plan.termination != Termination::NONE ? Unclosed("list") : Ended::Complete;
+        last_ = line.spot;
+        bool ignored = false;
+        const bool isEnd = words ? words->Matches(std::string(line.text), ignored) : line.text == "/";
+        if (isEnd)
+            return Ended::Complete;
+        const std::string text(line.text);
+        list.AddData(&text);
+    }
+}
+
+void DataReader::CheckSize(const DataPlan& plan, long long size, long long count, const Spot& spot)
+{
+    if (text_.MissedInclusion())
+        return;
+    const std::string* const least = ListMD(plan).GetMinSize();
+    const std::string* const most = ListMD(plan).GetMaxSize();
+    const bool isShort = size != unknownSize && count < size && !(mayBeShort_ && count > 0);
+    // A table without rows stands for the one before it.
+    if (isShort && (count > 0 || plan.termination == Termination::NONE || plan.items.front().IsScalar()))
+        teller_.TellError(spot, "wrong-size",
+            fmt::format("{}: {} values are expected, and here are {}", keyword_.text, size, count),
+            fmt::format("the size is {}", *ListMD(plan).GetSize()));
+    else if (const long long fewest = SizeOf(least); count > 0 && fewest != unknownSize && count < fewest)
+        teller_.TellError(spot, "wrong-size",
+            fmt::format("{}: at least {} are expected, and here are {}", keyword_.text, fewest, count));
+    else if (const long long greatest = SizeOf(most); greatest != unknownSize && count > greatest)
+        teller_.TellError(spot, "wrong-size",
+            fmt::format("{}: at most {} are expected, and here are {}", keyword_.text, greatest, count));
+}
+
+void DataReader::CheckColumns(
+    const DataPlan& plan, const IKeywordRecordData& record, std::vector<double>& last)
+{
+    for (std::size_t i = 0; i < plan.items.size(); ++i) {
+        const DataPlan& item = plan.items[i];
+        if (item.constraint == Constraint::None || std::isinf(last[i])) // infinite: told already
+            continue;
+        const void* const place = record.GetData(static_cast<int>(i));
+        const auto value = item.type == MDType::Integer
+            ? static_cast<const Optional<int>*>(place)->HasValue()
+                ? **static_cast<const Optional<int>*>(place)
+                : std::nan("")
+            : static_cast<const Optional<double>*>(place)->ValueOr(std::nan(""));
+        if (std::isnan(value))
+            continue;
+        if (!std::isnan(last[i]) && !KeepsOrder(item.constraint, last[i], value)) {
+            teller_.TellError(last_, "column-order",
+                fmt::format("{}: {} {}, {}", In(item), value, OrderOf(item.constraint), last[i]));
+            last[i] = HUGE_VAL;
+        } else {
+            last[i] = value;
+        }
+    }
+}
+
+/// Names are those of items of the records being read, the innermost first, and then those of the deck.
+long long DataReader::SizeOf(const std::string* text) const
+{
+    if (!text)
+        return unknownSize;
+    return EvaluateSize(*text, [this](const std::string& name) {
+        return SizeOfName(name);
+    }).value_or(unknownSize);
+}
+
+std::optional<long long> DataReader::SizeOfName(const std::string& name) const
+{
+    for (auto record = records_.rbegin(); record != records_.rend(); ++record) {
+        const auto& items = record->first->items;
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            const void* const place = record->second->GetData(static_cast<int>(i));
+            if (items[i].md->GetName() != name)
+                continue;
+            if (items[i].type == MDType::List)
+                return static_cast<const IKeywordListData*>(place)->GetSize();
+            if (items[i].type == MDType::Integer && static_cast<const Optional<int>*>(place)->HasValue())
+                return **static_cast<const Optional<int>*>(place);
+        }
+    }
+    return sizeOfName_(name);
+}
+
+} // namespace Veld::Quor::Tools::Deck

@@ -1,0 +1,214 @@
+#include "tools/deck/DataReader.h"
+
+#include "quor/data/IKeywordMapData.h"
+#include "quor/data/IKeywordRawData.h"
+#include "quor/metadata/IKeywordAssignmentMD.h"
+#include "quor/metadata/IKeywordChoiceMD.h"
+#include "quor/metadata/IKeywordMapMD.h"
+#include "quor/metadata/IKeywordRawMD.h"
+#include "quor/metadata/IUnsupportedByMD.h"
+#include "quor/metadata/IValidityMD.h"
+#include "tools/deck/WordHints.h"
+
+#include <fmt/format.h>
+
+#include <optional>
+#include <utility>
+
+namespace Veld::Quor::Tools::Deck {
+
+using namespace Core::Keywords;
+using Core::Service::Optional;
+
+namespace {
+
+using MDType = IKeywordDataMD::MDType;
+using Termination = DataPlan::Termination;
+
+} // namespace
+
+// Maps and raw text
+
+DataReader::Ended DataReader::ReadMap(const DataPlan& plan, IKeywordMapData& map)
+{
+    const bool wasOneLine = std::exchange(isOneLine_, plan.termination == Termination::EOL);
+    Ended ended = Ended::Complete;
+    for (;;) {
+        const Got got = Next();
+        if (got == Got::Value)
+            ReadAssignment(map);
+        else if (got == Got::Stop && plan.termination != Termination::NONE)
+            ended = Unclosed("list of names");
+        if (got == Got::Stop || got == Got::Slash)
+            break;
+    }
+    isOneLine_ = wasOneLine;
+    return ended;
+}
+
+/// `NAME`, which counts as 1, or `NAME=value`, blanks around the sign allowed.
+void DataReader::ReadAssignment(IKeywordMapData& map)
+{
+    const Spot spot = value_.spot;
+    const std::size_t sign = value_.text.find('=');
+    const std::string name(value_.text.substr(0, sign));
+    std::string_view number =
+        sign == std::string_view::npos ? std::string_view() : value_.text.substr(sign + 1);
+    bool isGiven = sign != std::string_view::npos;
+    if (!isGiven && Peek() == Got::Value && text_.PeekData().text.starts_with('=')) {
+        number = text_.NextData().text.substr(1);
+        isGiven = true;
+    }
+    if (isGiven && number.empty() && Peek() == Got::Value)
+        number = text_.NextData().text;
+    const std::optional<int> value = isGiven ? ToInteger(number) : 1;
+    if (!value) {
+        teller_.TellError(spot, "wrong-type",
+            fmt::format("{}, {}: '{}' is no whole number", keyword_.text, Shorten(name), Shorten(number)));
+        return;
+    }
+    if (!map.SetValue(name, *value)) {
+        teller_.TellError(spot, "unknown-name",
+            fmt::format("{}: {} is none of its names", keyword_.text, Shorten(name)),
+            HintOfKey(static_cast<const IKeywordMapMD&>(*map.GetMD()), name));
+        return;
+    }
+    if (const IKeywordAssignmentMD* md = FindAssignment(map, name))
+        CheckAssignment(*md, name, *value, spot);
+}
+
+void DataReader::CheckAssignment(
+    const IKeywordAssignmentMD& md, const std::string& name, int value, const Spot& spot)
+{
+    if (target_.simulator != SimulatorType::Any && !md.IsValid(target_.simulator))
+        teller_.TellError(spot, "item-not-valid",
+            fmt::format("{}: {} is not valid for {}", keyword_.text, name, NameOf(target_)), "leave it out");
+    else if ((md.GetMin() && value < *md.GetMin()) || (md.GetMax() && value > *md.GetMax()))
+        teller_.TellError(spot, "out-of-range",
+            fmt::format("{}, {}: {} is {}", keyword_.text, name, value,
+                md.GetMin() && value < *md.GetMin() ? fmt::format("less than {}", *md.GetMin())
+                                                    : fmt::format("greater than {}", *md.GetMax())));
+}
+
+void DataReader::ReadRaw(const DataPlan& plan, IKeywordData& data)
+{
+    const std::string end = static_cast<const IKeywordRawMD&>(*plan.md).GetTerminationString();
+    const Token text = text_.NextRaw(end);
+    static_cast<IKeywordRawData&>(data).SetData(std::string(text.text));
+    if (text.kind == Token::Kind::End)
+        teller_.TellError(keyword_.spot, "unclosed-text",
+            "the text of this keyword goes on to the end of the file",
+            fmt::format("end it with {} at the start of a line", end));
+}
+
+// Values
+
+bool DataReader::Convert(const DataPlan& item, double& value)
+{
+    const auto real = value_.kind == Token::Kind::Word ? ToReal(value_.text) : std::nullopt;
+    if (!real) {
+        TellWrong(item, "a number");
+        return false;
+    }
+    value = *real;
+    return true;
+}
+
+bool DataReader::Convert(const DataPlan& item, int& value)
+{
+    if (item.type == MDType::Choice)
+        return ConvertChoice(item, value);
+    const auto number = value_.kind == Token::Kind::Word ? ToInteger(value_.text) : std::nullopt;
+    if (!number) {
+        TellWrong(item, "a whole number");
+        return false;
+    }
+    value = *number;
+    return true;
+}
+
+bool DataReader::Convert(const DataPlan& item, bool& value)
+{
+    const std::string word = ToUpper(value_.text);
+    const bool isTrue = word == "YES" || word == "Y" || word == "TRUE" || word == "T";
+    const bool isFalse = word == "NO" || word == "N" || word == "FALSE" || word == "F";
+    if (!isTrue && !isFalse) {
+        TellWrong(item, "YES or NO");
+        return false;
+    }
+    value = isTrue;
+    return true;
+}
+
+bool DataReader::Convert(const DataPlan& item, std::string& value)
+{
+    value = value_.text;
+    if (item.longest > 0 && CountCharacters(value_.text) > static_cast<std::size_t>(item.longest))
+        teller_.Tell(value_.spot, "long-text", Severity::Warning,
+            fmt::format("{}: of the text only the first {} characters count", In(item), item.longest),
+            "shorten it");
+    return true;
+}
+
+bool DataReader::ConvertChoice(const DataPlan& item, int& value)
+{
+    const auto& choice = static_cast<const IKeywordChoiceMD&>(*item.md);
+    const std::string word(value_.text);
+    std::string message;
+    choiceMessage_.clear();
+    value = choice.GetIndex(word, message);
+    if (value < 0) {
+        teller_.TellError(value_.spot, "not-a-choice",
+            fmt::format("{}: {} is not one of its words", In(item), Shorten(word)),
+            HintOfChoice(choice, word));
+        return false;
+    }
+    if (!choiceMessage_.empty()) {
+        const bool isDeprecated = choiceMessage_.find(" is a deprecated synonym for ") != std::string::npos;
+        teller_.Tell(value_.spot, isDeprecated ? "deprecated-word" : "abbreviated-word", Severity::Warning,
+            fmt::format("{}: {} stands for {}{}", In(item), Shorten(word), choice.GetChoice(value),
+                isDeprecated ? ", and may not be understood in future" : ""),
+            fmt::format("write {}", choice.GetChoice(value)));
+    }
+    if (target_.simulator == SimulatorType::Any)
+        return true;
+    if (!choice.GetValidity(value).IsValid(target_.simulator, target_.mode))
+        teller_.TellError(value_.spot, "choice-not-valid",
+            fmt::format("{}: {} is not valid for {}", In(item), choice.GetChoice(value), NameOf(target_)),
+            "choose another word");
+    else if (choice.GetUnsupportedBy(value).IsUnsupportedBy(target_.simulator, target_.mode))
+        teller_.Tell(value_.spot, "choice-unsupported", Severity::Warning,
+            fmt::format("{}: {} has no effect for {}", In(item), choice.GetChoice(value), NameOf(target_)));
+    return true;
+}
+
+void DataReader::TellWrong(const DataPlan& item, const char* expected)
+{
+    teller_.TellError(value_.spot, "wrong-type",
+        fmt::format("{}: {} is expected, and here is {}", In(item), expected,
+            value_.kind == Token::Kind::Quoted ? "a text in quotes" : Shorten(value_.text)));
+}
+
+void DataReader::CheckLimits(const DataPlan& item, double value)
+{
+    if (value < item.min || value > item.max)
+        TellBeyond(item, value_.spot, value, 0);
+}
+
+void DataReader::TellBeyond(const DataPlan& item, const Spot& spot, double value, long long more)
+{
+    std::string message = value < item.min
+        ? fmt::format("{}: {} is less than {}", In(item), value, item.min)
+        : fmt::format("{}: {} is greater than {}", In(item), value, item.max);
+    if (more > 0)
+        message += fmt::format(", and {} more are beyond the limits", more);
+    teller_.TellError(spot, "out-of-range", std::move(message));
+}
+
+std::string DataReader::In(const DataPlan& item) const
+{
+    return item.md->GetName().empty() ? std::string(keyword_.text)
+                                      : fmt::format("{}, {}", keyword_.text, item.md->GetName());
+}
+
+} // namespace Veld::Quor::Tools::Deck

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "quor/data/IKeywordData.h"
+#include "quor/foundation/SectionType.h"
+#include "quor/syntax/IKeywordSyntax.h"
+#include "tools/deck/DataReader.h"
+#include "tools/deck/DeckFile.h"
+#include "tools/deck/Finding.h"
+#include "tools/deck/KeywordValidity.h"
+#include "tools/deck/Vocabulary.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Tools::Deck {
+
+/// A known keyword of a deck, and what it carries there.
+struct DeckKeyword {
+    const Core::Keywords::IKeywordSyntax* syntax;
+    Core::Keywords::SectionType::Enum section; ///< in which it stands; `None` before the first
+    Spot name;
+    Spot whole; ///< with its data; of no length if they go on in another file, or around a skipped block
+    std::unique_ptr<Core::Keywords::IKeywordData> data; ///< null if it carries nothing
+    std::vector<RecordPlace>
+        records; ///< of the elements of its outermost list, if that is one of records or lists
+};
+
+/// A deck as it was read. What was no keyword and no data (comments, blank lines, inclusions, skipped blocks,
+/// unknown keywords) stands in the texts of the files, between the spots of the keywords.
+struct Deck {
+    explicit Deck(std::size_t maxFindings)
+        : findings(maxFindings)
+    {
+    }
+
+    DeckFiles files;
+    std::vector<DeckKeyword> keywords; ///< in the order of reading
+    Findings findings; ///< likewise
+    std::size_t sections = 0; ///< different ones
+    std::size_t distinctFiles = 0; ///< the deck itself included
+};
+
+struct ReadOptions {
+    Target target;
+    std::size_t maxFindings = 200;
+    DeckText::Progress progress = {};
+};
+
+/// Reads a deck whole; what is wrong with it is among its findings. Throws `SourceError` if the deck itself
+/// can't be read; an included file that can't is a finding. The vocabulary's table must outlive the deck.
+std::unique_ptr<Deck> ReadDeck(const std::string& path, const ReadOptions& options, Vocabulary& vocabulary);
+
+} // namespace Veld::Quor::Tools::Deck

@@ -1,0 +1,350 @@
+#include "quor/data/DataAccessUtils.h"
+#include "quor/data/KeywordDataFactory.h"
+#include "quor/foundation/service/Log.h"
+#include "quor/foundation/service/MessageCapper.h"
+#include "quor/syntax/ICellPropertyInfo.h"
+#include "tools/deck/DataPlan.h"
+#include "tools/deck/DataReader.h"
+#include "tools/deck/Deck.h"
+#include "tools/deck/DeckText.h"
+#include "tools/deck/Dimensions.h"
+#include "tools/deck/LineText.h"
+#include "tools/deck/TimeLine.h"
+#include "tools/deck/WordHints.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+
+namespace Veld::Quor::Tools::Deck {
+
+using namespace Core::Keywords;
+using namespace Core::Service;
+
+namespace {
+
+/// Hands what the library says of choices to the reader, for as long as it lives.
+class ChoiceMessages {
+public:
+    explicit ChoiceMessages(DataReader& reader)
+        : before_(Log::SetHandler([&reader](const char* text, MessageSeverity) { reader.NoteChoice(text); }))
+    {
+        MessageCapper::instance()->SetLimit(-1);
+    }
+    ~ChoiceMessages()
+    {
+        MessageCapper::instance()->SetLimit(MessageCapper::DefaultLimit);
+        MessageCapper::instance()->Reset();
+        Log::SetHandler(before_);
+    }
+    ChoiceMessages(const ChoiceMessages&) = delete;
+    ChoiceMessages& operator=(const ChoiceMessages&) = delete;
+
+private:
+    LogHandler before_;
+};
+
+class DeckReader {
+public:
+    DeckReader(const std::string& path, const ReadOptions& options, Vocabulary& vocabulary)
+        : options_(options)
+        , vocabulary_(vocabulary)
+        , deck_(std::make_unique<Deck>(options.maxFindings))
+        , teller_(deck_->files, deck_->findings)
+        , text_(path, options.target, vocabulary, deck_->files, teller_)
+        , plans_(options.target)
+        , dimensions_(vocabulary.GetTable(), options.target.simulator)
+        , data_(options.target, text_, teller_,
+              [this](const std::string& name) { return dimensions_.Find(name); })
+        , timeLine_(teller_)
+    {
+        text_.SetProgress(options.progress);
+    }
+
+    std::unique_ptr<Deck> Read();
+
+private:
+    void ReadHead(const Token& head);
+    void ReadUnknown(const Token& head);
+    void TellUnknown(const Spot& spot, std::string_view word);
+    void TellStray(const Token& token);
+    void ReadKeyword(const Token& head, const Entry& entry);
+    void EnterSection(const Token& head, const Entry& entry);
+    bool IsWelcome(const Token& head, const Entry& entry);
+    void ReadData(DeckKeyword& keyword, const Token& head, bool isTold);
+    void CheckNoData(const Token& head);
+    void Follow(const DeckKeyword& keyword);
+    void CheckPrecedents(const DeckKeyword& keyword);
+    void FollowScopes(const DeckKeyword& keyword);
+    void CloseScopes();
+    /// `SectionType::None` if it isn't known.
+    SectionType::Enum GetSureSection() const { return isSectionSure_ ? section_ : SectionType::None; }
+
+    ReadOptions options_;
+    Vocabulary& vocabulary_;
+    std::unique_ptr<Deck> deck_;
+    Teller teller_;
+    DeckText text_;
+    DataPlans plans_;
+    Dimensions dimensions_;
+    DataReader data_;
+    TimeLine timeLine_;
+
+    SectionType::Enum section_ = SectionType::None;
+    SectionType::Enum furthestSection_ = SectionType::None;
+    // False behind an inclusion that couldn't be read: it may have gone on to another section.
+    bool isSectionSure_ = true;
+    bool isMissingSectionTold_ = false;
+    bool mayTakeSlash_ = false; // behind a keyword without data a slash does no harm
+    std::array<std::optional<Spot>, SectionType::Count> sectionSpots_;
+    std::set<std::string> seen_; // names of the keywords so far
+    std::vector<std::pair<const IKeywordSyntax*, Spot>> scopes_; // open ones, outermost first
+};
+
+std::unique_ptr<Deck> DeckReader::Read()
+{
+    const ChoiceMessages messages(data_);
+    for (;;) {
+        const Token head = text_.NextHead();
+        if (text_.MissedInclusion())
+            isSectionSure_ = false;
+        text_.ForgetMissedInclusion();
+        if (head.kind == Token::Kind::End)
+            break;
+        ReadHead(head);
+    }
+    CloseScopes();
+    text_.Finish();
+    deck_->distinctFiles = text_.GetFileCount();
+    deck_->sections = static_cast<std::size_t>(std::count_if(
+        sectionSpots_.begin(), sectionSpots_.end(), [](const auto& spot) { return spot.has_value(); }));
+    return std::move(deck_);
+}
+
+void DeckReader::ReadHead(const Token& head)
+{
+    const bool mayTakeSlash = std::exchange(mayTakeSlash_, false);
+    if (head.kind == Token::Kind::Word) {
+        if (mayTakeSlash && head.text == "/")
+            text_.NextData();
+        else
+            TellStray(head);
+    } else if (head.entry) {
+        ReadKeyword(head, *head.entry);
+    } else {
+        ReadUnknown(head);
+    }
+}
+
+/// A word at the start of a line that is no keyword.
+void DeckReader::ReadUnknown(const Token& head)
+{
+    const std::string upper = ToUpper(head.text);
+    if (upper == head.text) {
+        TellUnknown(head.spot, head.text);
+        text_.SkipData();
+    } else if (const Entry* const entry = vocabulary_.Find(upper); entry && !entry->IsOfText()) {
+        teller_.TellError(head.spot, "lower-case", fmt::format("the keyword {} is not in upper case", upper),
+            fmt::format("write {}", upper));
+        ReadKeyword(head, *entry);
+    } else {
+        TellStray(head);
+    }
+}
+
+void DeckReader::TellUnknown(const Spot& spot, std::string_view word)
+{
+    if (teller_.IsFull()) {
+        teller_.TellError(spot, "unknown-keyword", {});
+        return;
+    }
+    std::string hint;
+    for (const std::string& name : vocabulary_.GetNearestNames().Find(std::string(word), GetSureSection()))
+        hint += (hint.empty() ? "did you mean " : ", ") + name;
+    if (hint.empty() && word.size() > longestName)
+        hint = fmt::format("the names of keywords have at most {} characters", longestName);
+    else if (!hint.empty())
+        hint += '?';
+    teller_.TellError(
+        spot, "unknown-keyword", fmt::format("{} is not a keyword", Shorten(word)), std::move(hint));
+}
+
+void DeckReader::TellStray(const Token& token)
+{
+    const std::string behind = deck_->keywords.empty()
+        ? std::string("before the first keyword")
+        : fmt::format("behind the data of {}", deck_->keywords.back().syntax->GetName());
+    const Token word = token.kind == Token::Kind::Keyword ? token : text_.NextData();
+    teller_.TellError(word.spot, "stray-text",
+        fmt::format(
+            "here is {}, {}, where a keyword is expected", Shorten(deck_->files.GetText(word.spot)), behind),
+        vocabulary_.Find(word.text) ? "a keyword stands at the beginning of its line" : "");
+    text_.SkipData();
+}
+
+void DeckReader::ReadKeyword(const Token& head, const Entry& entry)
+{
+    if (entry.role == KeywordDeckRole::Section)
+        EnterSection(head, entry);
+    const bool isTold = entry.role != KeywordDeckRole::Section && !IsWelcome(head, entry);
+    DeckKeyword keyword{&vocabulary_.Get(entry, section_), section_, head.spot, head.spot, nullptr, {}};
+    const std::size_t errors = deck_->findings.GetCount(Severity::Error);
+    if (keyword.syntax->GetDataMD())
+        ReadData(keyword, head, isTold);
+    else
+        CheckNoData(head);
+    deck_->keywords.push_back(std::move(keyword));
+    const bool isWhole = !isTold && errors == deck_->findings.GetCount(Severity::Error);
+    if (isWhole)
+        Follow(deck_->keywords.back());
+    CheckPrecedents(deck_->keywords.back());
+    FollowScopes(deck_->keywords.back());
+    seen_.insert(deck_->keywords.back().syntax->GetName());
+}
+
+void DeckReader::EnterSection(const Token& head, const Entry& entry)
+{
+    CloseScopes();
+    dimensions_.ResetBox();
+    section_ = SectionType::FromString(vocabulary_.Get(entry, section_).GetName());
+    isSectionSure_ = true;
+    std::optional<Spot>& spot = sectionSpots_[static_cast<std::size_t>(section_)];
+    const bool isFirst = furthestSection_ == SectionType::None;
+    if (spot) {
+        const Place place = deck_->files.PlaceOf(*spot);
+        teller_.TellError(head.spot, "section-order",
+            fmt::format("the section {} is repeated", entry.spelling),
+            fmt::format("it began in {}:{}", place.file, place.line));
+        return;
+    }
+    spot = head.spot;
+    if (!isFirst && section_ < furthestSection_) {
+        const std::string& furthest = SectionType::ToString(furthestSection_);
+        teller_.TellError(head.spot, "section-order",
+            fmt::format("the section {} stands behind {}", entry.spelling, furthest),
+            fmt::format("put it before {}", furthest));
+        return;
+    }
+    furthestSection_ = section_;
+    if (const auto objection = FindObjection(entry, SectionType::None, options_.target))
+        teller_.TellError(head.spot, objection->code, objection->message, objection->hint);
+}
+
+/// Whether the keyword may stand here; tells if not.
+bool DeckReader::IsWelcome(const Token& head, const Entry& entry)
+{
+    if (section_ == SectionType::None && isSectionSure_ && !IsValidInAllSections(entry)) {
+        if (!std::exchange(isMissingSectionTold_, true))
+            teller_.TellError(head.spot, "no-section",
+                fmt::format("{} stands before the first section", entry.spelling),
+                "a deck begins with the section RUNSPEC");
+        return false;
+    }
+    const auto objection = FindObjection(entry, GetSureSection(), options_.target);
+    if (objection)
+        teller_.TellError(head.spot, objection->code, objection->message, objection->hint);
+    return !objection;
+}
+
+/// `isTold`: the keyword may not stand here, and more need not be said.
+void DeckReader::ReadData(DeckKeyword& keyword, const Token& head, bool isTold)
+{
+    keyword.data = KeywordDataFactory::Instance().Construct(*keyword.syntax);
+    const ICellPropertyInfo* const cell = keyword.syntax->GetCellPropertyInfo();
+    const std::size_t turns = text_.GetTurns();
+    const Teller::Muted muted(teller_, isTold);
+    data_.Read(plans_.Get(*keyword.syntax->GetDataMD()), head, *keyword.data,
+        cell && cell->CopyLayerAboveByDefault(), keyword.records);
+    keyword.whole.length = turns == text_.GetTurns() ? data_.GetEnd() - head.spot.offset : 0;
+}
+
+void DeckReader::CheckNoData(const Token& head)
+{
+    if (text_.IsAtLineEnd()) {
+        mayTakeSlash_ = true;
+        return;
+    }
+    const Token word = text_.NextData();
+    if (word.kind == Token::Kind::Slash)
+        return;
+    teller_.TellError(
+        word.spot, "stray-text", fmt::format("{} takes no data", head.text), "end the line behind it");
+    text_.SkipData();
+}
+
+void DeckReader::Follow(const DeckKeyword& keyword)
+{
+    timeLine_.Follow(keyword);
+    const std::string& name = keyword.syntax->GetName();
+    if (name == "ENDBOX")
+        dimensions_.ResetBox();
+    if (!keyword.data)
+        return;
+    if (name == "BOX")
+        dimensions_.SetBox(*keyword.data);
+    else if (name == "PATHS")
+        DataAccessUtils::AddPathAliases(keyword.data.get(), text_.GetAliases());
+    else if (section_ == SectionType::RUNSPEC)
+        dimensions_.Add(*keyword.data);
+}
+
+void DeckReader::CheckPrecedents(const DeckKeyword& keyword)
+{
+    if (!keyword.syntax->HasPrecedents() || !isSectionSure_ || teller_.IsFull())
+        return;
+    std::string missing;
+    for (const std::string& name : keyword.syntax->GetPrecedents(section_)) {
+        if (seen_.count(name) == 0)
+            missing += (missing.empty() ? "" : ", ") + name;
+    }
+    if (!missing.empty())
+        teller_.TellError(keyword.name, "missing-precedent",
+            fmt::format("{} needs {} before it", keyword.syntax->GetName(), missing));
+}
+
+void DeckReader::FollowScopes(const DeckKeyword& keyword)
+{
+    const auto ends = [&keyword](const IKeywordSyntax& scope) {
+        const auto& words = scope.GetScopeKeywords();
+        return std::find(words.begin(), words.end(), keyword.syntax) != words.end();
+    };
+    if (!scopes_.empty() && ends(*scopes_.back().first)) {
+        scopes_.pop_back();
+        dimensions_.Leave();
+    } else if (vocabulary_.EndsScopes(*keyword.syntax)) {
+        teller_.TellError(keyword.name, "stray-end",
+            fmt::format("{} ends nothing that was opened", keyword.syntax->GetName()));
+    }
+    if (!keyword.syntax->HasScope())
+        return;
+    scopes_.emplace_back(keyword.syntax, keyword.name);
+    dimensions_.Enter();
+    if (keyword.data)
+        dimensions_.Add(*keyword.data);
+}
+
+void DeckReader::CloseScopes()
+{
+    for (; !scopes_.empty(); scopes_.pop_back()) {
+        dimensions_.Leave();
+        const IKeywordSyntax* const end = scopes_.back().first->GetScopeSyntax();
+        if (end && isSectionSure_)
+            teller_.TellError(scopes_.back().second, "unclosed-scope",
+                fmt::format("what {} opens is not closed", scopes_.back().first->GetName()),
+                fmt::format("close it with {}", end->GetName()));
+    }
+}
+
+} // namespace
+
+std::unique_ptr<Deck> ReadDeck(const std::string& path, const ReadOptions& options, Vocabulary& vocabulary)
+{
+    return DeckReader(path, options, vocabulary).Read();
+}
+
+} // namespace Veld::Quor::Tools::Deck

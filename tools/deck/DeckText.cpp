@@ -1,0 +1,526 @@
+#include "tools/deck/DeckText.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstring>
+#include <optional>
+
+namespace Veld::Quor::Tools::Deck {
+
+using namespace Core::Keywords;
+
+namespace {
+
+constexpr std::size_t deepestInclusion = 100;
+/// Files that include others twice over can grow a small deck beyond all bounds.
+constexpr std::size_t mostInclusions = 100'000;
+/// After how many bytes memory is given back and progress told.
+constexpr std::size_t stride = std::size_t(16) << 20;
+
+/// A quote ends a word only where a repeat count stands before it.
+bool EndsWord(std::string_view text, std::size_t offset)
+{
+    const char c = text[offset];
+    return IsSeparator(c) || c == '/' || (c == '-' && IsCommentAt(text, offset))
+        || (IsQuote(c) && text[offset - 1] == '*');
+}
+
+} // namespace
+
+DeckText::DeckText(
+    const std::string& path, const Target& target, Vocabulary& vocabulary, DeckFiles& files, Teller& teller)
+    : folder_(std::filesystem::path(path).parent_path())
+    , target_(target)
+    , vocabulary_(vocabulary)
+    , files_(files)
+    , teller_(teller)
+{
+    Enter({path, std::make_shared<SourceText>(SourceText::Read(path)), std::nullopt});
+}
+
+// Reading
+
+Token DeckText::NextHead()
+{
+    Unpeek();
+    while (SkipToText()) {
+        if (!IsAtLineStart() || !IsLetter(*position_))
+            return {Token::Kind::Word, SpotOf(GetRest().substr(0, 1)), GetRest().substr(0, 1)};
+        const std::string_view word = FindLeadingWord(GetLine());
+        const Entry* const entry = vocabulary_.Find(word);
+        if (entry && TakeStructure(*entry, word))
+            continue;
+        Token token = TakeToken(Token::Kind::Keyword, word.size());
+        token.entry = entry;
+        return token;
+    }
+    return {Token::Kind::End, SpotOf(GetRest().substr(0, 0)), {}};
+}
+
+void DeckText::SkipData()
+{
+    Unpeek();
+    bool mayKeywordStand = true; // names of wells and groups stand before a slash
+    while (SkipToText()) {
+        if (IsAtLineStart() && IsLetter(*position_)) {
+            const std::string_view line = GetLine();
+            const auto lone = FindLoneWord(line);
+            const std::string_view word = FindLeadingWord(line);
+            const Entry* const entry = vocabulary_.Find(word);
+            if (entry && (lone || vocabulary_.FindInclude(word))) {
+                if (TakeStructure(*entry, word))
+                    continue;
+                return;
+            }
+            if (lone && lone->isUpper && !lone->hasSlash && mayKeywordStand)
+                return;
+        }
+        mayKeywordStand = HasEndingSlash(GetLine());
+        SkipLine();
+    }
+}
+
+Token DeckText::NextData()
+{
+    if (!hasPeeked_)
+        return ScanData();
+    if (peeked_.kind != Token::Kind::Keyword && peeked_.kind != Token::Kind::End)
+        hasPeeked_ = false;
+    return peeked_;
+}
+
+const Token& DeckText::PeekData()
+{
+    if (!hasPeeked_) {
+        peeked_ = ScanData();
+        hasPeeked_ = true;
+    }
+    return peeked_;
+}
+
+/// Back to before the word that was looked at.
+void DeckText::Unpeek()
+{
+    if (hasPeeked_ && peeked_.kind != Token::Kind::Keyword && peeked_.kind != Token::Kind::End)
+        position_ = begin_ + peeked_.spot.offset;
+    hasPeeked_ = false;
+}
+
+Token DeckText::ScanData()
+{
+    while (SkipToText()) {
+        const char c = *position_;
+        if (c == '/') {
+            const Token slash = TakeToken(Token::Kind::Slash, 1);
+            SkipLine();
+            return slash;
+        }
+        if (IsQuote(c))
+            return TakeQuoted();
+        if (IsLetter(c) && IsAtLineStart()) {
+            const std::size_t turns = turns_;
+            const Token keyword = FindKeyword();
+            if (keyword.entry)
+                return keyword;
+            if (turns != turns_ || isEnded_)
+                continue;
+        }
+        const std::string_view rest = GetRest();
+        std::size_t length = 1;
+        while (length < rest.size() && !EndsWord(rest, length))
+            ++length;
+        return TakeToken(Token::Kind::Word, length);
+    }
+    return {Token::Kind::End, SpotOf(GetRest().substr(0, 0)), {}};
+}
+
+/// A keyword where data are expected stands alone on its line. One that belongs to the text itself is taken.
+Token DeckText::FindKeyword()
+{
+    const std::string_view line = GetLine();
+    const std::string_view word = FindLeadingWord(line);
+    if (const Entry* include = vocabulary_.FindInclude(word)) {
+        TakeStructure(*include, word);
+        return {};
+    }
+    const auto lone = FindLoneWord(line);
+    if (!lone || lone->hasSlash)
+        return {};
+    const Entry* const entry = vocabulary_.Find(word);
+    if (!entry || TakeStructure(*entry, word))
+        return {};
+    return {Token::Kind::Keyword, SpotOf(word), word, entry};
+}
+
+Token DeckText::TakeToken(Token::Kind kind, std::size_t length)
+{
+    const std::string_view text = GetRest().substr(0, length);
+    position_ += length;
+    return {kind, SpotOf(text), text};
+}
+
+/// A quote that isn't closed on its line is told, and taken for closed at the end of the line.
+Token DeckText::TakeQuoted()
+{
+    const std::string_view line = GetLine();
+    const std::size_t end = line.find(line[0], 1);
+    const bool isClosed = end != std::string_view::npos;
+    Token token = TakeToken(Token::Kind::Quoted, isClosed ? end + 1 : line.size());
+    token.text = line.substr(1, isClosed ? end - 1 : end);
+    if (!isClosed)
+        teller_.TellError(token.spot, "unclosed-quote", "the quote is not closed on its line",
+            fmt::format("put a {} behind the text", line[0]));
+    return token;
+}
+
+Token DeckText::NextLine(bool isDirectlyBehind)
+{
+    Unpeek();
+    if (!IsAtLineStart()) {
+        if (!IsEmpty(GetLine()))
+            return TakeLine();
+        SkipLine();
+    }
+    while (!isEnded_) {
+        if (position_ == end_) {
+            if (frames_.size() == 1)
+                break;
+            Leave();
+            continue;
+        }
+        const std::string_view line = GetLine();
+        if (IsComment(line) || (!isDirectlyBehind && IsEmpty(line))) {
+            isDirectlyBehind = false;
+            SkipLine();
+            continue;
+        }
+        if (!isDirectlyBehind && IsLetter(*position_)) {
+            const std::size_t turns = turns_;
+            const Token keyword = FindKeyword();
+            if (keyword.entry)
+                return keyword;
+            if (turns != turns_ || isEnded_)
+                continue;
+        }
+        return TakeLine();
+    }
+    return {Token::Kind::End, SpotOf(GetRest().substr(0, 0)), {}};
+}
+
+/// What is left of the line, without the blanks around it.
+Token DeckText::TakeLine()
+{
+    std::string_view line = GetLine();
+    const std::size_t first = std::min(line.find_first_not_of(" \t"), line.size());
+    line = line.substr(first, line.find_last_not_of(" \t") + 1 - first);
+    const Token token{Token::Kind::Word, SpotOf(line), line};
+    SkipLine();
+    return token;
+}
+
+Token DeckText::NextRaw(std::string_view endWord)
+{
+    Unpeek();
+    SkipLine();
+    const std::string upper = ToUpper(endWord);
+    const char* const start = position_;
+    while (position_ != end_) {
+        const std::string_view line = GetLine();
+        const std::string_view text(start, static_cast<std::size_t>(position_ - start));
+        const bool isEnd = ToUpper(FindLeadingWord(line)) == upper;
+        SkipLine();
+        if (isEnd)
+            return {Token::Kind::Word, SpotOf(text), text};
+    }
+    const std::string_view text(start, static_cast<std::size_t>(position_ - start));
+    return {Token::Kind::End, SpotOf(text), text};
+}
+
+void DeckText::Take(std::size_t count)
+{
+    position_ += count;
+    if (static_cast<std::size_t>(position_ - begin_) - released_ >= stride)
+        Release();
+}
+
+/// Bytes that were read stay in the file, and needn't stay in memory.
+void DeckText::Release()
+{
+    const std::size_t done = GetOffset();
+    files_.Get(GetFile()).text->Release(released_, done);
+    released_ = done;
+    if (progress_)
+        progress_(done, static_cast<std::size_t>(end_ - begin_));
+}
+
+Spot DeckText::SpotOf(std::string_view part) const
+{
+    return {GetFile(), static_cast<std::size_t>(part.data() - begin_), part.size()};
+}
+
+/// To the next byte that is neither white nor in a comment; false at the end of the deck.
+bool DeckText::SkipToText()
+{
+    while (!isEnded_) {
+        while (position_ != end_ && IsSeparator(*position_))
+            ++position_;
+        if (position_ == end_) {
+            if (frames_.size() == 1)
+                return false;
+            Leave();
+        } else if (IsCommentAt(GetRest(), 0)) {
+            SkipLine();
+        } else {
+            return true;
+        }
+        if (GetOffset() - released_ >= stride)
+            Release();
+    }
+    return false;
+}
+
+std::string_view DeckText::GetLine() const
+{
+    const std::string_view rest = GetRest();
+    std::string_view line = rest.substr(0, rest.find('\n'));
+    if (line.ends_with('\r'))
+        line.remove_suffix(1);
+    return line;
+}
+
+void DeckText::SkipLine()
+{
+    const void* const end = std::memchr(position_, '\n', GetRest().size());
+    position_ = end ? static_cast<const char*>(end) + 1 : end_;
+}
+
+// Structure
+
+/// Takes a keyword that belongs to the text itself; false, and nothing taken, for any other.
+bool DeckText::TakeStructure(const Entry& entry, std::string_view word)
+{
+    const Spot spot = SpotOf(word);
+    switch (entry.role) {
+    case KeywordDeckRole::End:
+        position_ += word.size();
+        isEnded_ = true;
+        return true;
+    case KeywordDeckRole::EndInclude:
+        position_ += word.size();
+        if (frames_.size() > 1) {
+            Leave();
+            return true;
+        }
+        teller_.Tell(spot, "stray-endinc", Severity::Warning,
+            fmt::format("{} has no effect in a file that isn't included", entry.spelling),
+            "END ends the deck");
+        ++turns_;
+        return true;
+    case KeywordDeckRole::Include:
+        ReadInclude(word);
+        return true;
+    case KeywordDeckRole::Skip:
+        position_ += word.size();
+        OpenBlock(spot, entry.spelling, true);
+        return true;
+    case KeywordDeckRole::EndSkip:
+        position_ += word.size();
+        CloseBlock(spot, entry.spelling);
+        return true;
+    case KeywordDeckRole::Section:
+        return false;
+    case KeywordDeckRole::Ordinary:
+        if (!entry.skipsFor)
+            return false;
+        position_ += word.size();
+        OpenBlock(spot, entry.spelling, *entry.skipsFor == target_.simulator);
+        return true;
+    }
+    return false;
+}
+
+/// The name stands behind the keyword or on a line below it.
+void DeckText::ReadInclude(std::string_view word)
+{
+    const Spot keyword = SpotOf(word);
+    position_ += word.size();
+    ++turns_;
+    auto token = FindFileName(GetLine(), 0);
+    while (!token) {
+        SkipLine();
+        if (position_ == end_)
+            break;
+        const auto lone = FindLoneWord(GetLine());
+        if (lone && !lone->hasSlash && vocabulary_.Find(lone->word))
+            break;
+        token = FindFileName(GetLine(), 0);
+    }
+    if (!token || token->name.empty()) {
+        if (token)
+            SkipLine();
+        TellMissingName(keyword);
+        return;
+    }
+    const Spot name = SpotOf(GetLine().substr(token->offset, token->length));
+    const Spot statement{keyword.file, keyword.offset, GetOffset() + GetLine().size() - keyword.offset};
+    SkipLine();
+    if (token->isClosed) {
+        Include(statement, name, std::string(token->name));
+        return;
+    }
+    teller_.TellError(name, "include-name", "the name of the file to include has no closing quote",
+        "close it on the same line");
+    missedInclusion_ = true;
+}
+
+void DeckText::TellMissingName(const Spot& keyword)
+{
+    teller_.TellError(keyword, "include-name", "the name of the file to include is missing",
+        "put it in quotes, with a slash behind it");
+    missedInclusion_ = true;
+}
+
+void DeckText::Include(const Spot& statement, const Spot& name, const std::string& text)
+{
+    std::string resolved;
+    if (aliases_.resolvePathAliases(text, resolved)) {
+        teller_.TellError(name, "unknown-alias",
+            fmt::format("the path '{}' has an alias that is not defined", text),
+            "the keyword PATHS defines aliases");
+        missedInclusion_ = true;
+        return;
+    }
+    const std::string path = (folder_ / resolved).string(); // an absolute name stands for itself
+    try {
+        // First, since a file that includes itself may be large and do so often.
+        const SourceText::Identity identity = SourceText::Identify(path);
+        if (!MayInclude(name, path, identity)) {
+            missedInclusion_ = true;
+            return;
+        }
+        std::shared_ptr<const SourceText> source = texts_[identity].lock();
+        if (!source)
+            source = std::make_shared<SourceText>(SourceText::Read(path));
+        Enter({path, std::move(source), statement});
+    } catch (const SourceError& error) {
+        teller_.TellError(name, "include-missing", fmt::format("can't read '{}': {}", path, error.what()),
+            "a relative name starts from the folder of the deck");
+        missedInclusion_ = true;
+    }
+}
+
+bool DeckText::MayInclude(const Spot& name, const std::string& path, const SourceText::Identity& identity)
+{
+    const bool isLoop = std::any_of(frames_.begin(), frames_.end(),
+        [&](const Frame& frame) { return files_.Get(frame.file).text->GetIdentity() == identity; });
+    if (isLoop) {
+        teller_.TellError(name, "include-loop",
+            fmt::format("'{}' is being read already and can't be included in itself", path));
+        return false;
+    }
+    if (frames_.size() > deepestInclusion) {
+        teller_.TellError(name, "include-depth",
+            fmt::format("more than {} files are included in one another", deepestInclusion));
+        return false;
+    }
+    if (++inclusions_ > mostInclusions) {
+        teller_.TellError(name, "include-count",
+            fmt::format("more than {} inclusions; the rest of the deck is not read", mostInclusions));
+        isEnded_ = true; // each further one would say the same
+        return false;
+    }
+    return true;
+}
+
+void DeckText::Enter(DeckFile file)
+{
+    ++turns_;
+    if (!frames_.empty())
+        frames_.back().offset = GetOffset();
+    const SourceText::Identity identity = file.text->GetIdentity();
+    identities_.insert(identity);
+    texts_[identity] = file.text;
+    const bool isWide = file.text->IsWide();
+    frames_.push_back({files_.Add(std::move(file)), 0, {}});
+    const std::string_view text = files_.GetText(GetFile());
+    begin_ = position_ = text.data();
+    end_ = begin_ + text.size();
+    released_ = 0;
+    if (!isWide)
+        return;
+    teller_.TellError({GetFile(), 0, 0}, "encoding", "the file is in an encoding of 16-bit units",
+        "save it as plain text or in UTF-8");
+    missedInclusion_ = true;
+    position_ = end_;
+}
+
+/// Back to the file that included this one.
+void DeckText::Leave()
+{
+    ++turns_;
+    TellOpenBlocks();
+    frames_.pop_back();
+    const std::string_view text = files_.GetText(GetFile());
+    begin_ = text.data();
+    position_ = begin_ + frames_.back().offset;
+    end_ = begin_ + text.size();
+    released_ = frames_.back().offset;
+}
+
+void DeckText::Finish()
+{
+    while (frames_.size() > 1)
+        Leave();
+    TellOpenBlocks();
+    frames_.back().blocks.clear();
+}
+
+void DeckText::TellOpenBlocks()
+{
+    for (const SkipBlock& block : frames_.back().blocks)
+        teller_.TellError(block.opened, "unclosed-skip",
+            fmt::format("the block that {} opens is not closed in this file", block.keyword),
+            "close it with ENDSKIP");
+}
+
+void DeckText::OpenBlock(const Spot& spot, std::string_view keyword, bool isPassedOver)
+{
+    ++turns_;
+    frames_.back().blocks.push_back({spot, keyword});
+    if (isPassedOver)
+        PassOver();
+}
+
+void DeckText::CloseBlock(const Spot& spot, std::string_view keyword)
+{
+    ++turns_;
+    if (!frames_.back().blocks.empty())
+        frames_.back().blocks.pop_back();
+    else
+        teller_.TellError(
+            spot, "stray-endskip", fmt::format("{} ends no block that was opened in this file", keyword));
+}
+
+/// Only what opens and closes blocks counts in a block that is passed over.
+void DeckText::PassOver()
+{
+    std::vector<SkipBlock>& blocks = frames_.back().blocks;
+    const std::size_t outside = blocks.size() - 1;
+    for (SkipLine(); position_ != end_; SkipLine()) {
+        const auto lone = FindLoneWord(GetLine());
+        const Entry* const entry = lone ? vocabulary_.Find(lone->word) : nullptr;
+        if (!entry)
+            continue;
+        if (entry->role == KeywordDeckRole::Skip || entry->skipsFor)
+            blocks.push_back({SpotOf(lone->word), lone->word});
+        else if (entry->role == KeywordDeckRole::EndSkip)
+            blocks.pop_back();
+        if (blocks.size() == outside) {
+            SkipLine();
+            return;
+        }
+    }
+}
+
+} // namespace Veld::Quor::Tools::Deck

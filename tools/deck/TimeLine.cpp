@@ -1,0 +1,73 @@
+#include "tools/deck/TimeLine.h"
+
+#include "quor/data/DataAccessUtils.h"
+#include "quor/data/IKeywordListData.h"
+#include "quor/data/KeywordDataFactory.h"
+
+#include <fmt/format.h>
+
+#include <string>
+
+namespace Veld::Quor::Tools::Deck {
+
+using namespace Core::Keywords;
+using Core::Service::Time;
+
+void TimeLine::Follow(const DeckKeyword& keyword)
+{
+    const std::string& name = keyword.syntax->GetName();
+    if (name == "LAB") // the one set of units whose unit of time is the hour
+        ticksPerUnit_ = 3600 * Time::TicksPerSecond;
+    else if (!keyword.data)
+        return;
+    else if (name == "START")
+        FollowStart(keyword);
+    else if (name == "DATES")
+        FollowDates(keyword);
+    else if (name == "TSTEP" || name == "TIME")
+        Advance(keyword);
+}
+
+void TimeLine::FollowStart(const DeckKeyword& keyword)
+{
+    start_ = DataAccessUtils::GetTimeFromSTART(keyword.data.get());
+    now_ = start_;
+    if (!start_.IsDef())
+        teller_.TellError(keyword.name, "bad-date", "START: there is no such date", "as in 1 JAN 2020");
+}
+
+void TimeLine::FollowDates(const DeckKeyword& keyword)
+{
+    if (keyword.records.empty()) // none, or data of another form
+        return;
+    const auto& dates = static_cast<const IKeywordListData&>(*keyword.data);
+    for (std::size_t i = 0; i < keyword.records.size(); ++i) {
+        const auto one = KeywordDataFactory::Instance().Construct(*keyword.syntax);
+        static_cast<IKeywordListData&>(*one).AddData(dates.GetData(i));
+        const auto times = DataAccessUtils::GetTimesFromDATES(one.get());
+        const Spot spot{static_cast<std::uint32_t>(keyword.records[i].file), keyword.records[i].offset, 1};
+        if (times.empty()) {
+            teller_.TellError(spot, "bad-date", "DATES: there is no such date", "as in 1 JAN 2020");
+            continue;
+        }
+        if (now_.IsDef() && times.front() <= now_)
+            teller_.TellError(spot, "date-order",
+                fmt::format("DATES: {} does not lie behind {}, which was reached before",
+                    times.front().GetAsString(), now_.GetAsString()));
+        else
+            now_ = times.front();
+    }
+}
+
+void TimeLine::Advance(const DeckKeyword& keyword)
+{
+    const Time next = DataAccessUtils::AdvanceTime(start_, now_, ticksPerUnit_, keyword.data.get());
+    if (now_.IsDef() && next < now_)
+        teller_.TellError(keyword.name, "date-order",
+            fmt::format("{}: {} lies before {}, which was reached already", keyword.syntax->GetName(),
+                next.GetAsString(), now_.GetAsString()));
+    else
+        now_ = next;
+}
+
+} // namespace Veld::Quor::Tools::Deck

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "tools/deck/Finding.h"
+
+#include <vector>
+
+namespace Veld::Quor::Tools::Lint {
+
+/// What can be wrong with a syntax document.
+enum class Code {
+    NotWellFormed,
+    NoKeyword,
+    NestedKeyword,
+    UnknownElement,
+    IgnoredElement,
+    IgnoredAttribute,
+    PassedOver,
+    StrayText,
+    RepeatedElement,
+    SecondType,
+    MissingType,
+    EmptyElement,
+    MissingAttribute,
+    ListedTwice,
+    FlagText,
+    UnknownSimulator,
+    UnknownMode,
+    UnknownSection,
+    UnknownOverride,
+    UnknownTermination,
+    UnknownConstraint,
+    UnknownCategory,
+    SupportLevel,
+    NoEntity,
+    LateValidity,
+    ModelessSimulator,
+    ValidNowhere,
+    EntryWithoutEffect,
+    DefaultType,
+    ChoiceDefaultType,
+    DefaultValue,
+    IgnoredValue,
+    NumberText,
+    CrossedLimits,
+    DefaultOutside,
+    BooleanText,
+    DefaultNoChoice,
+    DefaultNotInFull,
+    LostOverride,
+    OverrideElsewhere,
+    LowerCase,
+    UnreachableWord,
+    NoKey,
+    NameLength,
+    NameText,
+    DefinedTwice,
+    KeyTwice,
+    WildcardOverlap,
+    UnknownKeyword,
+    PrecedentCycle,
+    NoDescription,
+    DefaultableContainer,
+    TerminationOverridden,
+    NoTerminationWords,
+    SizeConflict,
+    ConstraintOnText,
+    CellWithoutList,
+    BlankFormat,
+    UnseenIdentifier,
+    Count,
+};
+
+struct CodeInfo {
+    Code code;
+    const char* name; ///< stable, for programs to go by
+    Deck::Severity severity; ///< an error if the load fails
+    const char* meaning; ///< one sentence
+};
+
+/// One row for each code, in the order of the codes.
+const std::vector<CodeInfo>& Codes();
+const CodeInfo& InfoOf(Code code);
+
+} // namespace Veld::Quor::Tools::Lint

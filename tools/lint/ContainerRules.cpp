@@ -1,0 +1,179 @@
+// Records' items, lists, maps and their assignments.
+
+#include "tools/lint/Rules.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+#include <unordered_set>
+
+namespace Veld::Quor::Tools::Lint {
+
+namespace {
+
+std::optional<long> ReadSize(const std::string& text)
+{
+    long size = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), size);
+    return error == std::errc() && end == text.data() + text.size() ? std::optional(size) : std::nullopt;
+}
+
+void CheckSizes(const Element& list, const Reporter& reporter)
+{
+    const Attribute* const size = list.Find("size");
+    for (const char* const name : {"size", "minSize", "maxSize"}) {
+        const Attribute* const given = list.Find(name);
+        if (given && IsBlank(given->value))
+            reporter.Tell(
+                Code::MissingAttribute, given->nameSpan, fmt::format("the {} is empty", name), "remove it");
+        if (given && size && given != size)
+            reporter.Tell(Code::SizeConflict, given->nameSpan,
+                fmt::format("{} says nothing new, since the size is given", name),
+                fmt::format("remove {}", name));
+    }
+    const auto least = ReadSize(list.Get("minSize"));
+    const auto most = ReadSize(list.Get("maxSize"));
+    if (least && most && *least > *most)
+        reporter.Tell(Code::CrossedLimits, list.Find("maxSize")->valueSpan,
+            fmt::format("the greatest size {} is below the least, {}", *most, *least));
+}
+
+void CheckListEnd(const Element& list, const Context& context, const Reporter& reporter)
+{
+    const Element* const words = FindLast(list, "customReadTermination");
+    const Attribute* const termination = list.Find("termination");
+    if (!termination)
+        return;
+    const bool isCustomized = termination->value == "CUSTOMIZED";
+    if (words && !isCustomized)
+        reporter.Tell(Code::TerminationOverridden, termination->valueSpan,
+            fmt::format("the termination is CUSTOMIZED because of <customReadTermination>, and not {}",
+                termination->value),
+            "write CUSTOMIZED, or remove one of them");
+    if (!words && isCustomized)
+        reporter.Tell(Code::NoTerminationWords, termination->valueSpan,
+            "no words are given that end the list, so that its end is left to its reader",
+            "add a <customReadTermination>");
+    if (!words && termination->value == "NONE" && !list.Find("size") && !context.isEnded)
+        reporter.Tell(Code::SizeConflict, termination->valueSpan, "the list has neither a size nor an end",
+            "give its size, or a termination");
+}
+
+void CheckAssignmentValidity(const Element& assignment, const Context& context, const Reporter& reporter)
+{
+    Runs runs;
+    for (const Element& child : assignment.children) {
+        if (child.tag == "validity")
+            runs |= ReadItemRuns(child);
+    }
+    if ((runs & context.runs).any() || context.runs.none())
+        return;
+    const Element* const validity = FindLast(assignment, "validity");
+    reporter.Tell(Code::ValidNowhere, validity ? validity->span : assignment.span,
+        validity ? "the assignment is valid for no simulator of the keyword"
+                 : "the assignment is valid nowhere, since it has no <validity>",
+        "list its simulators in <validity>");
+}
+
+} // namespace
+
+void CheckItem(const Element& item, const Context& context, const Reporter& reporter)
+{
+    CheckItemValidity(item, context, reporter);
+    const Element* const type = FindType(item, Form::Item);
+    if (!type)
+        return;
+    const Attribute* const constraint = item.Find("columnConstraint");
+    if (constraint && type->tag != "real" && type->tag != "integer")
+        reporter.Tell(Code::ConstraintOnText, constraint->nameSpan,
+            fmt::format("the values of {} have no order for a column constraint", Tagged(type->tag)),
+            "remove it");
+    if (item.IsFlagged("identifier") && !IsScalar(*type))
+        reporter.Tell(Code::UnseenIdentifier, item.Find("identifier")->nameSpan,
+            fmt::format("identity looks at scalars only, and never at {} as a whole", Tagged(type->tag)),
+            "mark the items in it that tell one from another");
+}
+
+void CheckList(const Element& list, const Context& context, const Reporter& reporter)
+{
+    CheckSizes(list, reporter);
+    CheckListEnd(list, context, reporter);
+    const Element* const type = FindType(list, Form::List);
+    if (list.IsFlagged("itemsDefaultable") && !(type && IsScalar(*type)))
+        reporter.Tell(Code::DefaultableContainer, list.Find("itemsDefaultable")->nameSpan,
+            "only a list of scalars may be itemsDefaultable, and the load fails", "remove it");
+}
+
+void CheckMap(const Element& map, const Reporter& reporter)
+{
+    std::unordered_set<std::string> keys;
+    const auto check = [&](const Element& element, const Reporter& inner) {
+        const Attribute* const name = element.Find("name");
+        if (name && !name->value.empty() && !keys.insert(name->value).second)
+            inner.Tell(Code::UnreachableWord, name->valueSpan,
+                fmt::format("{} is a key of an earlier assignment, which counts", Quoted(name->value)),
+                "remove it");
+    };
+    for (const Element& assignment : map.children) {
+        if (assignment.tag != "assignment" || assignment.IsFlagged("wildcard"))
+            continue;
+        const Reporter inner = reporter.In("assignment", assignment.Get("name"));
+        check(assignment, inner);
+        ForEachAlias(assignment, [&](const Element& alias) { check(alias, inner); });
+    }
+}
+
+void CheckAssignment(const Element& assignment, const Context& context, const Reporter& reporter)
+{
+    if (!IsDescribed(assignment))
+        reporter.Tell(
+            Code::NoDescription, assignment.span, "the assignment has no description", "add a <description>");
+    if (assignment.Get("name").empty() && !assignment.IsFlagged("wildcard")
+        && !FindLast(assignment, "aliases"))
+        reporter.Tell(Code::NoKey, assignment.span, "no name leads to the assignment", "give it a name");
+    CheckAssignmentValidity(assignment, context, reporter);
+}
+
+void CheckItemValidity(const Element& owner, const Context& context, const Reporter& reporter)
+{
+    const Element* const validity = FindLast(owner, "validity");
+    if (!validity || context.runs.none() || (ReadItemRuns(*validity) & context.runs).any())
+        return;
+    reporter.Tell(Code::ValidNowhere, validity->span,
+        fmt::format("the {} is valid nowhere: <validity> lists nothing that the keyword is valid for",
+            owner.tag == "value" ? "choice" : "item"),
+        "list simulators or modes of the keyword, or remove <validity>");
+}
+
+const Element* FindLast(const Element& element, std::string_view tag)
+{
+    const auto at = std::find_if(element.children.rbegin(), element.children.rend(),
+        [&](const Element& child) { return child.tag == tag; });
+    return at == element.children.rend() ? nullptr : &*at;
+}
+
+bool IsDescribed(const Element& element)
+{
+    const Element* const description = FindLast(element, "description");
+    return description && !(IsBlank(description->text) && description->children.empty());
+}
+
+const Element* FindType(const Element& element, Form form)
+{
+    const Element* type = nullptr;
+    for (const Element& child : element.children) {
+        const ChildForm* const known = FormOf(form).FindChild(child.tag);
+        if (known && known->isType && (!type || known->repeat == Repeat::LastCounts))
+            type = &child;
+    }
+    return type;
+}
+
+bool IsScalar(const Element& type)
+{
+    return type.tag != "list" && type.tag != "record" && type.tag != "map" && type.tag != "raw";
+}
+
+} // namespace Veld::Quor::Tools::Lint

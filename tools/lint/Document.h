@@ -1,0 +1,114 @@
+#pragma once
+
+#include "tools/deck/Finding.h"
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Veld::Quor::Tools::Lint {
+
+/// Bytes of a document's text.
+struct Span {
+    std::size_t offset = 0;
+    std::size_t length = 0;
+};
+
+struct Attribute {
+    std::string name;
+    std::string value;
+    Span nameSpan;
+    Span valueSpan; ///< without quotes
+};
+
+struct Element {
+    std::string tag;
+    Span span; ///< from the bracket to the end of the tag's name
+    std::size_t position = 0; ///< among all nodes of its parent, text and comments included, from 0
+    std::string text; ///< its own, without that of its children
+    std::vector<Attribute> attributes;
+    std::vector<Element> children;
+
+    /// Null if there is none.
+    const Attribute* Find(std::string_view attribute) const;
+    /// As the loader sees it: empty if there is none.
+    const std::string& Get(std::string_view attribute) const;
+    /// As the loader sees it: only the text "true" is true.
+    bool IsFlagged(std::string_view attribute) const { return Get(attribute) == "true"; }
+};
+
+/// Only blanks, or nothing.
+bool IsBlank(std::string_view text);
+
+/// Calls `use` with each element below `root` that has the tag, at any depth, in document order; the root
+/// itself is not among them.
+template <class Use>
+void ForEachBelow(const Element& root, std::string_view tag, const Use& use)
+{
+    for (const Element& child : root.children) {
+        if (child.tag == tag)
+            use(child);
+        ForEachBelow(child, tag, use);
+    }
+}
+
+/// Calls `use` with each alias of a keyword or an assignment.
+template <class Use>
+void ForEachAlias(const Element& owner, const Use& use)
+{
+    for (const Element& aliases : owner.children) {
+        if (aliases.tag != "aliases")
+            continue;
+        for (const Element& alias : aliases.children) {
+            if (alias.tag == "alias")
+                use(alias);
+        }
+    }
+}
+
+/// Why there is no document to look at.
+class DocumentError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// A syntax document as the loader reads it, with the place of each part.
+class Document {
+public:
+    /// What the loader says of a text that it doesn't take.
+    struct Refusal {
+        std::string reason;
+        Deck::Place place;
+    };
+
+    /// Throws `DocumentError` if there is no such file, or it can't be read.
+    static Document ReadFile(const std::string& path);
+    static Document ReadText(std::string text, const std::string& name);
+    /// The documents that the library carries, trusted ones first, as the loader takes them. Their places are
+    /// those of a text that is made of them.
+    static std::vector<Document> ReadBuiltin();
+
+    const std::string& GetName() const { return name_; }
+    /// Null if the text was refused.
+    const Element* GetRoot() const { return root_.get(); }
+    const std::optional<Refusal>& GetRefusal() const { return refusal_; }
+
+    Deck::Place PlaceOf(std::size_t offset) const;
+    /// A line, without its end, by its number; empty if there is none.
+    std::string_view GetLine(std::size_t number) const;
+
+private:
+    Document(std::string name, std::string text);
+
+    std::string name_;
+    std::string text_;
+    std::vector<std::size_t> lines_; // where each begins
+    std::unique_ptr<Element> root_;
+    std::optional<Refusal> refusal_;
+};
+
+} // namespace Veld::Quor::Tools::Lint

@@ -1,0 +1,155 @@
+// What a keyword says of itself: where it is valid, what ends its scope, what its vector is.
+
+#include "tools/lint/Rules.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace Veld::Quor::Tools::Lint {
+
+namespace {
+
+void CheckLateValidity(const Element& keyword, const Reporter& reporter)
+{
+    bool isLate = false;
+    for (const Element& child : keyword.children) {
+        ValidityElements ignored;
+        if (isLate && ignored.Note(child))
+            reporter.Tell(Code::LateValidity, child.span,
+                fmt::format("{} stands behind <data>, and counts for aliases only", Tagged(child.tag)),
+                "put it before <data>");
+        isLate = isLate || child.tag == "data";
+    }
+}
+
+/// Of a keyword or an alias, from the elements that count for it.
+void CheckValidity(const Element& owner, const ValidityElements& elements, const Reporter& reporter)
+{
+    const KeywordValidity validity(elements);
+    if (validity.cells.none())
+        reporter.Tell(Code::ValidNowhere, owner.span,
+            fmt::format("the {} is valid nowhere: no simulator is left", owner.tag));
+    if (validity.modeless.any())
+        reporter.Tell(Code::ModelessSimulator, elements.options->span,
+            fmt::format("{} {} none of the listed modes, and {} in all modes of {} own",
+                ListSimulators(validity.modeless), validity.modeless.count() > 1 ? "have" : "has",
+                validity.modeless.count() > 1 ? "count" : "counts",
+                validity.modeless.count() > 1 ? "their" : "its"),
+            "list in <validSimulators> only simulators that have one of the modes");
+}
+
+/// A section's own simulators only narrow down those of the keyword.
+void CheckSectionSimulators(const ValidityElements& elements, const Reporter& reporter)
+{
+    if (!elements.sections || !elements.simulators)
+        return;
+    const KeywordValidity everywhere({elements.simulators, elements.options, nullptr});
+    ForEachBelow(*elements.sections, "simulator", [&](const Element& entry) {
+        bool isKnown = false;
+        const auto simulator = SimulatorType::FromString(entry.Get("name"), &isKnown);
+        if (isKnown && everywhere.cells.any() && !everywhere.IsValidFor(simulator))
+            reporter.Tell(Code::EntryWithoutEffect, entry.span,
+                fmt::format(
+                    "{} has no effect, since the keyword isn't valid for it at all", entry.Get("name")),
+                "add it to <validSimulators>, or remove it here");
+    });
+}
+
+void CheckCell(const Element& keyword, const Reporter& reporter)
+{
+    const Element* const cell = FindLast(keyword, "cell");
+    if (!cell)
+        return;
+    const auto data = std::find_if(keyword.children.begin(), keyword.children.end(),
+        [](const Element& child) { return child.tag == "data"; });
+    const Element* const list = data == keyword.children.end() ? nullptr : FindType(*data, Form::Data);
+    const Element* const type = list && list->tag == "list" ? FindType(*list, Form::List) : nullptr;
+    if (!type || !IsScalar(*type))
+        reporter.Tell(Code::CellWithoutList, cell->span,
+            "the keyword is no cell property, since its data is no list of scalars",
+            "remove <cell>, or make <data> a list of scalars");
+}
+
+void CheckDescribed(const Element& keyword, const Reporter& reporter)
+{
+    if (!IsDescribed(keyword))
+        reporter.Tell(Code::NoDescription, keyword.span, "the keyword has no description",
+            "add a <description> that says what it does");
+}
+
+} // namespace
+
+void CheckKeyword(const Element& keyword, const Reporter& reporter)
+{
+    ValidityElements early;
+    ValidityElements all;
+    bool isLate = false;
+    for (const Element& child : keyword.children) {
+        isLate = isLate || child.tag == "data";
+        all.Note(child);
+        if (!isLate)
+            early.Note(child);
+    }
+    CheckDescribed(keyword, reporter);
+    CheckLateValidity(keyword, reporter);
+    CheckValidity(keyword, early, reporter);
+    CheckSectionSimulators(early, reporter);
+    CheckCell(keyword, reporter);
+    ForEachAlias(keyword, [&](const Element& alias) {
+        ValidityElements own;
+        for (const Element& child : alias.children)
+            own.Note(child);
+        if (!own.IsEmpty())
+            CheckValidity(alias, own.Or(all), reporter.In("alias", alias.Get("name")));
+    });
+}
+
+void CheckSimulatorEntry(const Element& entry, const Reporter& reporter)
+{
+    for (const char* const flag : {"gridEditsOnly", "classicOnly"}) {
+        if (entry.IsFlagged(flag) && entry.Get("name") != SimulatorType::ToString(SimulatorType::Wend))
+            reporter.Tell(Code::EntryWithoutEffect, entry.Find(flag)->nameSpan,
+                fmt::format("{} has no effect on {}: only Wend has variants", flag, entry.Get("name")),
+                "remove it");
+    }
+}
+
+void CheckScope(const Element& scope, const Reporter& reporter)
+{
+    const Element* earlier = nullptr;
+    for (const Element& end : scope.children) {
+        if (end.tag != "endKeyword" || !end.IsFlagged("explicit"))
+            continue;
+        if (earlier)
+            reporter.Tell(Code::RepeatedElement, end.span,
+                fmt::format("two end keywords are explicit: {} counts, and {} doesn't", end.Get("name"),
+                    earlier->Get("name")),
+                "mark one of them");
+        earlier = &end;
+    }
+}
+
+void CheckSummaryMnemonic(const Element& mnemonic, const Reporter& reporter)
+{
+    if (std::none_of(mnemonic.children.begin(), mnemonic.children.end(),
+            [](const Element& child) { return child.Get("name") == "entity"; })
+        && !mnemonic.children.empty())
+        reporter.Tell(Code::NoEntity, mnemonic.span, "the vector doesn't say what it reports on",
+            "add <category name=\"entity\" val=\"...\"/>");
+}
+
+void CheckCategory(const Element& category, const Reporter& reporter)
+{
+    const std::vector<std::string> known = ValuesOfCategory(category.Get("name"));
+    const std::string& value = category.Get("val");
+    if (known.empty() || std::find(known.begin(), known.end(), value) != known.end())
+        return;
+    const Attribute* const given = category.Find("val");
+    const std::string hint = HintOfNearest(value, known);
+    reporter.Tell(Code::UnknownCategory, given ? given->valueSpan : category.span,
+        fmt::format("{} is no value of {}, and the load fails", Quoted(value), Quoted(category.Get("name"))),
+        hint.empty() ? fmt::format("known ones: {}", Listed(known)) : hint);
+}
+
+} // namespace Veld::Quor::Tools::Lint

@@ -1,0 +1,137 @@
+#include "tools/lint/Lint.h"
+
+#include "tools/lint/FormWalk.h"
+#include "tools/lint/NameRules.h"
+
+#include <fmt/format.h>
+
+#include <optional>
+#include <tuple>
+#include <unordered_map>
+
+namespace Veld::Quor::Tools::Lint {
+
+namespace {
+
+/// All keywords below an element, which the loader finds at any depth.
+class KeywordSearch {
+public:
+    KeywordSearch(const Reporter& reporter, std::vector<const Element*>& keywords)
+        : reporter_(reporter)
+        , keywords_(keywords)
+    {
+    }
+
+    /// An element that is no keyword may stand around keywords, and for nothing else.
+    bool SearchOutside(const Element& parent)
+    {
+        CheckOwnText(parent, FormOf(Form::Root), reporter_);
+        bool hasKeyword = false;
+        for (const Element& child : parent.children) {
+            if (child.tag == "keyword") {
+                hasKeyword = true;
+                keywords_.push_back(&child);
+                SearchInside(child);
+            } else if (SearchOutside(child)) {
+                hasKeyword = true;
+            } else {
+                TellUnknownChild(child, parent, FormOf(Form::Root), reporter_);
+            }
+        }
+        return hasKeyword;
+    }
+
+private:
+    void SearchInside(const Element& keyword)
+    {
+        ForEachBelow(keyword, "keyword", [&](const Element& inner) {
+            reporter_.InKeyword(inner).Tell(Code::NestedKeyword, inner.span,
+                "the keyword stands within another, and counts as one of its own",
+                "put it behind the other one");
+            keywords_.push_back(&inner);
+        });
+    }
+
+    const Reporter& reporter_;
+    std::vector<const Element*>& keywords_;
+};
+
+Definition CheckOne(const Element& keyword, const Reporter& reporter)
+{
+    const Reporter own = reporter.InKeyword(keyword);
+    ValidityElements elements;
+    for (const Element& child : keyword.children) {
+        if (child.tag == "data")
+            break; // what stands behind comes too late
+        elements.Note(child);
+    }
+    const KeywordValidity validity(elements);
+    Context context;
+    context.runs = validity.GetRuns();
+    for (std::size_t row = 0; row < simulatorCount; ++row)
+        context.simulators.set(row, validity.IsValidFor(SimulatorType::Enum(row)));
+    CheckElement(keyword, FormOf(Form::Keyword), context, own);
+    return {&keyword, own, validity.cells};
+}
+
+/// The names of the language that is built in, read when they are first asked for.
+class BuiltinNames {
+public:
+    bool Has(const std::string& name)
+    {
+        if (!names_)
+            Read();
+        return names_->Has(name);
+    }
+
+private:
+    void Read()
+    {
+        names_.emplace();
+        for (const Document& document : Document::ReadBuiltin()) {
+            if (document.GetRoot())
+                ForEachBelow(
+                    *document.GetRoot(), "keyword", [&](const Element& keyword) { names_->AddAll(keyword); });
+        }
+    }
+
+    std::optional<NameSet> names_;
+};
+
+void SortByPlace(const std::vector<Document>& documents, Deck::Findings& findings)
+{
+    std::unordered_map<std::string, std::size_t> ranks;
+    for (const Document& document : documents)
+        ranks.try_emplace(document.GetName(), ranks.size());
+    const auto key = [&](const Deck::Finding& finding) {
+        return std::make_tuple(ranks[finding.place.file], finding.place.line, finding.place.column);
+    };
+    findings.Sort([&](const Deck::Finding& a, const Deck::Finding& b) { return key(a) < key(b); });
+}
+
+} // namespace
+
+LintReport LintDocuments(const std::vector<Document>& documents, std::size_t maxFindings)
+{
+    LintReport report{Deck::Findings(maxFindings), {}};
+    std::vector<Definition> definitions;
+    for (const Document& document : documents) {
+        const Reporter reporter(report.findings, document);
+        std::vector<const Element*> keywords;
+        if (const auto& refusal = document.GetRefusal())
+            reporter.TellAt(Code::NotWellFormed, refusal->place,
+                fmt::format("the document can't be read: {}", refusal->reason));
+        else if (!KeywordSearch(reporter, keywords).SearchOutside(*document.GetRoot()))
+            reporter.Tell(Code::NoKeyword, document.GetRoot()->span,
+                fmt::format("there is no <keyword> below {}", Tagged(document.GetRoot()->tag)));
+        for (const Element* const keyword : keywords)
+            definitions.push_back(CheckOne(*keyword, reporter));
+        report.keywords.push_back(keywords.size());
+    }
+    BuiltinNames builtin;
+    CheckNames(definitions, [&](const std::string& name) { return builtin.Has(name); });
+    SortByPlace(documents, report.findings);
+    return report;
+}
+
+} // namespace Veld::Quor::Tools::Lint

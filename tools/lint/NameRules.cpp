@@ -1,0 +1,296 @@
+#include "tools/lint/NameRules.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace Veld::Quor::Tools::Lint {
+
+namespace {
+
+constexpr std::size_t longestName = 8;
+
+bool IsWildcard(std::string_view name)
+{
+    return name.ends_with('*');
+}
+
+std::string_view BeginningOf(std::string_view wildcard)
+{
+    return wildcard.substr(0, wildcard.size() - 1);
+}
+
+/// "FUEL (main.xml:12)"
+std::string PlaceText(const Definition& definition, const std::string& name)
+{
+    const Deck::Place place = definition.reporter.GetDocument().PlaceOf(definition.keyword->span.offset);
+    return fmt::format("{} ({}:{})", name, place.file, place.line);
+}
+
+/// A name by which a keyword is found: its own, or an alias.
+struct Name {
+    const std::string* text;
+    Span span;
+    const Definition* definition;
+    Cells cells;
+};
+
+Cells CellsOf(const Element& alias, const Definition& definition)
+{
+    ValidityElements own;
+    for (const Element& child : alias.children)
+        own.Note(child);
+    if (own.IsEmpty())
+        return definition.cells;
+    ValidityElements ofKeyword;
+    for (const Element& child : definition.keyword->children)
+        ofKeyword.Note(child);
+    return KeywordValidity(own.Or(ofKeyword)).cells;
+}
+
+std::vector<Name> ListNames(const std::vector<Definition>& definitions)
+{
+    std::vector<Name> names;
+    const auto add = [&](const Element& element, const Definition& definition, const Cells& cells) {
+        const Attribute* const name = element.Find("name");
+        if (name && !name->value.empty())
+            names.push_back({&name->value, name->valueSpan, &definition, cells});
+    };
+    for (const Definition& definition : definitions) {
+        add(*definition.keyword, definition, definition.cells);
+        ForEachAlias(*definition.keyword,
+            [&](const Element& alias) { add(alias, definition, CellsOf(alias, definition)); });
+    }
+    return names;
+}
+
+void CheckText(const Name& name)
+{
+    const std::string& text = *name.text;
+    const Reporter& reporter = name.definition->reporter;
+    if (text.size() > longestName)
+        reporter.Tell(Code::NameLength, name.span,
+            fmt::format(
+                "{} has {} characters, and a keyword at most {}", Quoted(text), text.size(), longestName));
+    if (text.find_first_of("abcdefghijklmnopqrstuvwxyz") != std::string::npos)
+        reporter.Tell(Code::LowerCase, name.span,
+            fmt::format("{} is not found by a name in upper case", Quoted(text)), "write it in upper case");
+    const std::size_t asterisk = text.find('*');
+    if (asterisk < text.size() - 1)
+        reporter.Tell(Code::NameText, name.span,
+            fmt::format("what stands behind the asterisk in {} is never looked at", Quoted(text)),
+            fmt::format("write {}", text.substr(0, asterisk + 1)));
+    if (text.find_first_of(" \t\r\n") != std::string::npos)
+        reporter.Tell(Code::NameText, name.span,
+            fmt::format("no keyword of a deck has a blank, as {} has", Quoted(text)), "remove the blank");
+}
+
+/// Each name against those of the same text that came before it.
+void CheckTwice(const std::vector<Name>& names)
+{
+    struct Earlier {
+        const Name* first;
+        Cells cells;
+    };
+    std::unordered_map<std::string_view, Earlier> earlier;
+    for (const Name& name : names) {
+        const auto [at, isNew] = earlier.try_emplace(*name.text, Earlier{&name, name.cells});
+        if (isNew)
+            continue;
+        if ((at->second.cells & name.cells).any())
+            name.definition->reporter.Tell(Code::DefinedTwice, name.span,
+                fmt::format("{} is defined before for one of its sections, as {}, which is found there",
+                    Quoted(*name.text),
+                    PlaceText(
+                        *at->second.first->definition, at->second.first->definition->keyword->Get("name"))),
+                "give them different sections, or remove one");
+        at->second.cells |= name.cells;
+    }
+}
+
+/// An id, or in its place the name, tells one definition from another.
+void CheckKeys(const std::vector<Definition>& definitions)
+{
+    std::unordered_map<std::string, const Definition*> earlier;
+    for (const Definition& definition : definitions) {
+        const Attribute* const id = definition.keyword->Find("id");
+        const Attribute* const name = definition.keyword->Find("name");
+        const Attribute* const key = id ? id : name;
+        if (!key || key->value.empty())
+            continue;
+        const auto [at, isNew] = earlier.try_emplace(key->value, &definition);
+        if (!isNew)
+            definition.reporter.Tell(Code::KeyTwice, key->valueSpan,
+                fmt::format("the {} {} is that of {} too", id ? "id" : "name", Quoted(key->value),
+                    PlaceText(*at->second, at->second->keyword->Get("name"))),
+                id ? "give each definition an id of its own" : "give this definition an id");
+    }
+}
+
+/// Of two wildcards the longer one takes the names that it stands for from the other, even where it isn't
+/// valid.
+void CheckWildcards(const std::vector<Name>& names)
+{
+    std::vector<const Name*> wildcards;
+    for (const Name& name : names) {
+        if (IsWildcard(*name.text))
+            wildcards.push_back(&name);
+    }
+    std::sort(wildcards.begin(), wildcards.end(),
+        [](const Name* a, const Name* b) { return BeginningOf(*a->text) < BeginningOf(*b->text); });
+    std::vector<const Name*> wider; // each stands for all that the next one does
+    for (const Name* const name : wildcards) {
+        while (!wider.empty() && !name->text->starts_with(BeginningOf(*wider.back()->text)))
+            wider.pop_back();
+        const auto at = std::find_if(wider.rbegin(), wider.rend(), [&](const Name* other) {
+            return *other->text != *name->text && (other->cells & name->cells).any();
+        });
+        if (at != wider.rend())
+            name->definition->reporter.Tell(Code::WildcardOverlap, name->span,
+                fmt::format("{} takes all names that it stands for from {}", Quoted(*name->text),
+                    PlaceText(*(*at)->definition, *(*at)->text)),
+                "give them different sections, or other beginnings");
+        if (wider.empty() || *wider.back()->text != *name->text)
+            wider.push_back(name);
+    }
+}
+
+void CheckReferences(
+    const Definition& definition, const char* tag, const std::function<bool(const std::string&)>& isKnown)
+{
+    const Element* parent = nullptr;
+    for (const Element& child : definition.keyword->children) {
+        if (child.tag == (tag == std::string_view("precedent") ? "precedents" : "scope"))
+            parent = &child; // the last one counts
+    }
+    if (!parent)
+        return;
+    ForEachBelow(*parent, tag, [&](const Element& reference) {
+        const Attribute* const name = reference.Find("name");
+        if (name && !name->value.empty() && !isKnown(name->value))
+            definition.reporter.Tell(Code::UnknownKeyword, name->valueSpan,
+                fmt::format("the {} {} is no known keyword",
+                    tag == std::string_view("precedent") ? tag : "end keyword", Quoted(name->value)),
+                "correct the name, or define the keyword");
+    });
+}
+
+/// A precedent of a keyword, and the definition that it leads to.
+struct Step {
+    const Definition* from;
+    const Element* precedent;
+    std::size_t to;
+};
+
+std::vector<std::vector<Step>> ListSteps(const std::vector<Definition>& definitions)
+{
+    std::unordered_map<std::string_view, std::size_t> byName;
+    for (std::size_t i = 0; i < definitions.size(); ++i) {
+        byName.try_emplace(definitions[i].keyword->Get("name"), i);
+        ForEachAlias(
+            *definitions[i].keyword, [&](const Element& alias) { byName.try_emplace(alias.Get("name"), i); });
+    }
+    std::vector<std::vector<Step>> steps(definitions.size());
+    for (std::size_t i = 0; i < definitions.size(); ++i) {
+        for (const Element& child : definitions[i].keyword->children) {
+            if (child.tag != "precedents")
+                continue;
+            ForEachBelow(child, "precedent", [&](const Element& precedent) {
+                const auto at = byName.find(precedent.Get("name"));
+                if (at != byName.end() && precedent.Find("name"))
+                    steps[i].push_back({&definitions[i], &precedent, at->second});
+            });
+        }
+    }
+    return steps;
+}
+
+/// Goes from keyword to precedent, each once, and tells each step that leads back to where it came from.
+void CheckCycles(const std::vector<Definition>& definitions)
+{
+    enum class State { New, Open, Done };
+    struct Visit {
+        std::size_t keyword;
+        std::size_t step = 0;
+    };
+    const auto steps = ListSteps(definitions);
+    std::vector<State> states(definitions.size(), State::New);
+    for (std::size_t start = 0; start < definitions.size(); ++start) {
+        std::vector<Visit> path; // no recursion: it may be as long as there are keywords
+        const auto enter = [&](std::size_t keyword) {
+            states[keyword] = State::Open;
+            path.push_back({keyword});
+        };
+        if (states[start] == State::New)
+            enter(start);
+        while (!path.empty()) {
+            Visit& visit = path.back();
+            if (visit.step == steps[visit.keyword].size()) {
+                states[visit.keyword] = State::Done;
+                path.pop_back();
+                continue;
+            }
+            const Step& step = steps[visit.keyword][visit.step++];
+            if (states[step.to] == State::New)
+                enter(step.to);
+            else if (states[step.to] == State::Open)
+                step.from->reporter.Tell(Code::PrecedentCycle, step.precedent->Find("name")->valueSpan,
+                    step.to == visit.keyword ? "the keyword is its own precedent"
+                                             : fmt::format("{} has the keyword among its own precedents",
+                                                 step.precedent->Get("name")),
+                    "remove the precedent");
+        }
+    }
+}
+
+} // namespace
+
+void NameSet::Add(const std::string& name)
+{
+    if (!IsWildcard(name)) {
+        names_.insert(name);
+        return;
+    }
+    beginnings_.emplace(BeginningOf(name));
+    longest_ = std::max(longest_, name.size() - 1);
+}
+
+void NameSet::AddAll(const Element& keyword)
+{
+    Add(keyword.Get("name"));
+    ForEachAlias(keyword, [&](const Element& alias) { Add(alias.Get("name")); });
+}
+
+bool NameSet::Has(std::string_view name) const
+{
+    if (names_.contains(std::string(name)))
+        return true;
+    for (std::size_t length = 0; !beginnings_.empty() && length <= std::min(longest_, name.size());
+         ++length) {
+        if (beginnings_.contains(std::string(name.substr(0, length))))
+            return true;
+    }
+    return false;
+}
+
+void CheckNames(const std::vector<Definition>& definitions,
+    const std::function<bool(const std::string&)>& isKnownElsewhere)
+{
+    NameSet known;
+    for (const Definition& definition : definitions)
+        known.AddAll(*definition.keyword);
+    const auto isKnown = [&](const std::string& name) { return known.Has(name) || isKnownElsewhere(name); };
+    const std::vector<Name> names = ListNames(definitions);
+    std::for_each(names.begin(), names.end(), CheckText);
+    CheckTwice(names);
+    CheckKeys(definitions);
+    CheckWildcards(names);
+    for (const Definition& definition : definitions) {
+        CheckReferences(definition, "precedent", isKnown);
+        CheckReferences(definition, "endKeyword", isKnown);
+    }
+    CheckCycles(definitions);
+}
+
+} // namespace Veld::Quor::Tools::Lint

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "tools/lint/KeywordValidity.h"
+#include "tools/lint/Reporter.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+namespace Veld::Quor::Tools::Lint {
+
+/// One keyword of the documents.
+struct Definition {
+    const Element* keyword;
+    Reporter reporter;
+    Cells cells;
+};
+
+/// Names and wildcards of keywords and their aliases.
+class NameSet {
+public:
+    void Add(const std::string& name);
+    void AddAll(const Element& keyword);
+    /// Whether the name is among them, or a wildcard stands for it.
+    bool Has(std::string_view name) const;
+
+private:
+    std::unordered_set<std::string> names_;
+    std::unordered_set<std::string> beginnings_; // of wildcards
+    std::size_t longest_ = 0; // of them
+};
+
+/// The rules for the names of all keywords together. `isKnownElsewhere` tells of a name that is none of
+/// theirs.
+void CheckNames(const std::vector<Definition>& definitions,
+    const std::function<bool(const std::string&)>& isKnownElsewhere);
+
+} // namespace Veld::Quor::Tools::Lint

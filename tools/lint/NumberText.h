@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace Veld::Quor::Tools::Lint {
+
+/// A text as a number.
+struct Number {
+    double value = 0; ///< what the loader reads
+    bool isClean = false; ///< the text is that number and nothing else, in decimal
+    bool isMark = false; ///< what the loader reads is the library's mark for no value
+    bool hasRest = false; ///< something is left behind what the loader reads
+};
+
+Number ReadReal(const std::string& text);
+Number ReadInteger(const std::string& text);
+
+} // namespace Veld::Quor::Tools::Lint

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "tools/lint/Codes.h"
+#include "tools/lint/Document.h"
+
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Tools::Lint {
+
+/// Turns what is wrong at a place of a document into a finding, with the keyword and the item that it is in
+/// before its message.
+class Reporter {
+public:
+    /// Both must outlive it and what is made of it.
+    Reporter(Deck::Findings& findings, const Document& document)
+        : findings_(&findings)
+        , document_(&document)
+    {
+    }
+
+    Reporter InKeyword(const Element& keyword) const;
+    /// Within a keyword: an item, a choice, an assignment.
+    Reporter In(const char* what, const std::string& name) const;
+
+    void Tell(Code code, const Span& span, const std::string& message, const std::string& hint = {}) const;
+    /// The same at a place, of which nothing else is known.
+    void TellAt(Code code, const Deck::Place& place, const std::string& message) const;
+
+    /// Whether findings are only counted, so that no trouble need be taken over their texts.
+    bool IsFull() const { return findings_->IsFull(); }
+    const Document& GetDocument() const { return *document_; }
+
+private:
+    void Keep(const CodeInfo& info, const Deck::Place& place, std::size_t length, const std::string& message,
+        const std::string& hint) const;
+
+    Deck::Findings* findings_;
+    const Document* document_;
+    std::string subject_;
+};
+
+/// `text` in double quotes, cut if it is very long.
+std::string Quoted(const std::string& text);
+/// `<tag>`
+std::string Tagged(const std::string& tag);
+/// "write ..." with the one of `known` that `text` may be a slip of; empty if none is near.
+std::string HintOfNearest(const std::string& text, const std::vector<std::string>& known);
+/// "a, b or c", or with another word before the last
+std::string Listed(const std::vector<std::string>& words, const char* conjunction = "or");
+
+} // namespace Veld::Quor::Tools::Lint

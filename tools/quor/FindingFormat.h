@@ -1,0 +1,42 @@
+#pragma once
+
+#include "tools/deck/Finding.h"
+
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace Veld::Quor::Tools {
+
+/// The forms in which findings are told.
+enum class FindingFormat {
+    Text, ///< for people, with the line that each is about
+    Json,
+    Sarif, ///< version 2.1.0 of the interchange format of static analysis
+    Gcc, ///< a line each, as compilers write them
+    GitHub, ///< a line each, as workflow commands
+};
+
+/// `format` must outlive the application.
+void AddFindingFormatOption(CLI::App& command, FindingFormat& format);
+/// `limit` must outlive the application. `each` ends the sentence on what is limited.
+void AddMaxFindingsOption(CLI::App& command, std::size_t& limit, const std::string& scope);
+
+/// What is known of a code of findings.
+struct FindingRule {
+    std::string code;
+    std::string meaning;
+    Deck::Severity severity;
+};
+
+using FindingSets = std::vector<const Deck::Findings*>;
+
+/// The findings in one of the formats that need nothing but them: all but text and JSON. `rules` may be
+/// empty, or lack some of the codes.
+std::string FindingsText(
+    FindingFormat format, const FindingSets& sets, const std::vector<FindingRule>& rules);
+
+} // namespace Veld::Quor::Tools

@@ -1,0 +1,34 @@
+#include "tools/quor/FindingJson.h"
+
+#include <nlohmann/json.hpp>
+
+namespace Veld::Quor::Tools {
+
+using Deck::Severity;
+
+nlohmann::ordered_json FindingJson(const Deck::Finding& finding)
+{
+    auto includedFrom = nlohmann::ordered_json::array();
+    for (const Deck::Place& place : finding.includedFrom)
+        includedFrom.push_back({{"file", place.file}, {"line", place.line}, {"column", place.column}});
+    return {{"code", finding.code}, {"severity", ToString(finding.severity)}, {"file", finding.place.file},
+        {"line", finding.place.line}, {"column", finding.place.column}, {"length", finding.length},
+        {"message", finding.message}, {"hint", finding.hint}, {"includedFrom", includedFrom}};
+}
+
+nlohmann::ordered_json CountsJson(const FindingSets& sets)
+{
+    std::size_t errors = 0;
+    std::size_t warnings = 0;
+    std::size_t notes = 0;
+    std::size_t omitted = 0;
+    for (const Deck::Findings* const findings : sets) {
+        errors += findings->GetCount(Severity::Error);
+        warnings += findings->GetCount(Severity::Warning);
+        notes += findings->GetCount(Severity::Note);
+        omitted += findings->GetOmittedCount();
+    }
+    return {{"errors", errors}, {"warnings", warnings}, {"notes", notes}, {"omitted", omitted}};
+}
+
+} // namespace Veld::Quor::Tools

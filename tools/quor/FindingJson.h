@@ -1,0 +1,14 @@
+#pragma once
+
+#include "tools/quor/FindingFormat.h"
+
+#include <nlohmann/json_fwd.hpp>
+
+namespace Veld::Quor::Tools {
+
+nlohmann::ordered_json FindingJson(const Deck::Finding& finding);
+
+/// How many there are in all, by severity, and how many of them aren't told.
+nlohmann::ordered_json CountsJson(const FindingSets& sets);
+
+} // namespace Veld::Quor::Tools

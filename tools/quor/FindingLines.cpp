@@ -1,0 +1,67 @@
+#include "tools/quor/FindingLines.h"
+
+#include "tools/quor/Terminal.h"
+
+#include <fmt/format.h>
+
+namespace Veld::Quor::Tools {
+
+using Deck::Finding;
+using Deck::Severity;
+
+namespace {
+
+template <class Line>
+std::string ForEachFinding(const FindingSets& sets, Line line)
+{
+    std::string text;
+    for (const Deck::Findings* const findings : sets) {
+        for (const Finding& finding : findings->GetKept())
+            text += line(finding);
+    }
+    return text;
+}
+
+std::string WithHint(const Finding& finding)
+{
+    return finding.hint.empty() ? finding.message : fmt::format("{}; {}", finding.message, finding.hint);
+}
+
+/// `marks` are written as a percent sign and their code.
+std::string Escape(const std::string& text, std::string_view marks)
+{
+    std::string escaped;
+    for (const char c : text) {
+        if (marks.find(c) == std::string_view::npos)
+            escaped += c;
+        else
+            escaped += fmt::format("%{:02X}", static_cast<unsigned char>(c));
+    }
+    return escaped;
+}
+
+const char* CommandOf(Severity severity)
+{
+    return severity == Severity::Note ? "notice" : ToString(severity);
+}
+
+} // namespace
+
+std::string GccText(const FindingSets& sets)
+{
+    return ForEachFinding(sets, [](const Finding& finding) {
+        return fmt::format("{}:{}:{}: {}: {} [{}]\n", MakePrintable(finding.place.file), finding.place.line,
+            finding.place.column, ToString(finding.severity), MakePrintable(WithHint(finding)), finding.code);
+    });
+}
+
+std::string GitHubText(const FindingSets& sets)
+{
+    return ForEachFinding(sets, [](const Finding& finding) {
+        return fmt::format("::{} file={},line={},col={},title={}::{}\n", CommandOf(finding.severity),
+            Escape(finding.place.file, "%\r\n:,"), finding.place.line, finding.place.column,
+            Escape(finding.code, "%\r\n:,"), Escape(WithHint(finding), "%\r\n"));
+    });
+}
+
+} // namespace Veld::Quor::Tools

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "tools/deck/Finding.h"
+
+#include <cstddef>
+#include <string>
+
+namespace Veld::Quor::Tools {
+
+/// All findings that are kept, for people, and how many more there are. In colours if standard output takes
+/// them.
+std::string FindingsText(const Deck::Findings& findings);
+
+/// "2 errors, 1 warning"; "no findings" if there are none but notes.
+std::string CountsText(const Deck::Findings& findings);
+
+/// "1 file", "2 files"
+std::string Plural(std::size_t count, const char* word);
+
+} // namespace Veld::Quor::Tools

@@ -1,0 +1,159 @@
+#include "tools/lint/Lint.h"
+#include "tools/lint/Codes.h"
+#include "tools/quor/Command.h"
+#include "tools/quor/FindingFormat.h"
+#include "tools/quor/FindingJson.h"
+#include "tools/quor/FindingText.h"
+#include "tools/quor/Json.h"
+#include "tools/quor/Program.h"
+#include "tools/quor/Terminal.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <numeric>
+#include <string>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+namespace Veld::Quor::Tools {
+
+namespace fs = std::filesystem;
+using Lint::Document;
+using Lint::LintReport;
+
+namespace {
+
+struct LintCommandOptions {
+    std::vector<std::string> paths;
+    bool isBuiltin = false;
+    FindingFormat format = FindingFormat::Text;
+    std::size_t maxFindings = 200;
+};
+
+/// A file itself; of a folder its documents, by name.
+std::vector<std::string> ListFiles(const std::string& path)
+{
+    std::error_code error;
+    if (!fs::is_directory(path, error))
+        return {path};
+    std::vector<std::string> files;
+    for (const fs::directory_entry& entry : fs::directory_iterator(path)) {
+        if (entry.path().extension() == ".xml")
+            files.push_back(entry.path().string());
+    }
+    if (files.empty())
+        throw Lint::DocumentError("the folder has no file whose name ends in .xml");
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+/// False, and told, if something of the path can't be read.
+bool ReadPath(const std::string& path, std::vector<Document>& documents)
+{
+    std::string file = path;
+    try {
+        for (const std::string& name : ListFiles(path)) {
+            file = name;
+            documents.push_back(Document::ReadFile(name));
+        }
+        return true;
+    } catch (const Lint::DocumentError& error) {
+        PrintError(fmt::format("can't read '{}': {}", file, error.what()));
+    } catch (const fs::filesystem_error& error) {
+        PrintError(fmt::format("can't read '{}': {}", file, error.code().message()));
+    }
+    return false;
+}
+
+std::vector<FindingRule> LintRules()
+{
+    std::vector<FindingRule> rules;
+    for (const Lint::CodeInfo& info : Lint::Codes())
+        rules.push_back({info.name, info.meaning, info.severity});
+    return rules;
+}
+
+void PrintText(const LintReport& report)
+{
+    const std::size_t keywords =
+        std::accumulate(report.keywords.begin(), report.keywords.end(), std::size_t{0});
+    Print(FindingsText(report.findings));
+    Print(fmt::format("{} in {}: {}\n", Plural(keywords, "keyword"),
+        Plural(report.keywords.size(), "document"), CountsText(report.findings)));
+}
+
+void PrintJson(const std::vector<Document>& documents, const LintReport& report)
+{
+    auto files = nlohmann::ordered_json::array();
+    for (std::size_t i = 0; i < documents.size(); ++i)
+        files.push_back({{"file", documents[i].GetName()}, {"keywords", report.keywords[i]}});
+    auto findings = nlohmann::ordered_json::array();
+    for (const Deck::Finding& finding : report.findings.GetKept())
+        findings.push_back(FindingJson(finding));
+    Print(ToText({{"documents", files}, {"clean", !report.findings.HasFault()},
+        {"counts", CountsJson({&report.findings})}, {"findings", findings}}));
+}
+
+int RunLint(const LintCommandOptions& options)
+{
+    if (options.paths.empty() != options.isBuiltin) {
+        PrintError(
+            options.isBuiltin ? "give files or --builtin, not both" : "give files, folders or --builtin");
+        PrintAside("'quor lint --help' tells the usage\n");
+        return Failure;
+    }
+    std::vector<Document> documents;
+    bool isRead = true;
+    if (options.isBuiltin)
+        documents = Document::ReadBuiltin();
+    for (const std::string& path : options.paths)
+        isRead = ReadPath(path, documents) && isRead;
+    if (documents.empty() && !isRead)
+        return Failure;
+    const LintReport report = LintDocuments(documents, options.maxFindings);
+    switch (options.format) {
+    case FindingFormat::Text:
+        PrintText(report);
+        break;
+    case FindingFormat::Json:
+        PrintJson(documents, report);
+        break;
+    default:
+        Print(FindingsText(options.format, {&report.findings}, LintRules()));
+    }
+    if (!isRead)
+        return Failure;
+    return report.findings.HasFault() ? HasFindings : Success;
+}
+
+} // namespace
+
+Command MakeLintCommand(CLI::App& application)
+{
+    const auto options = std::make_shared<LintCommandOptions>();
+    CLI::App& command = *application.add_subcommand("lint",
+        "Checks syntax documents: tells what the loader would refuse, pass over or take for something else, "
+        "and\n"
+        "what to write instead. All files together count as one language. Keywords that they name and don't\n"
+        "define may be those of the language that is built in.");
+    command.add_option("FILE", options->paths, "Documents, or folders whose *.xml files are documents");
+    command.add_flag("--builtin", options->isBuiltin,
+        "The documents that are built in; places are those of a text made of them");
+    AddFindingFormatOption(command, options->format);
+    AddMaxFindingsOption(command, options->maxFindings, "");
+    command.footer("An error is what the load fails on; a warning is what it goes on with, in silence.\n\n"
+                   "Examples:\n"
+                   "  quor lint language/main language/trusted\n"
+                   "  quor lint extra.xml --format gcc");
+    Command made{&command, {}};
+    made.runAlone = [options] { return RunLint(*options); };
+    return made;
+}
+
+} // namespace Veld::Quor::Tools
