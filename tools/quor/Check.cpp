@@ -71,8 +71,7 @@ void PrintJson(const std::vector<Result>& results)
             findings.push_back(std::move(json));
         }
     }
-    Print(ToText({{"dataRead", false}, {"decks", decks}, {"counts", CountsJson(FindingsOf(results))},
-        {"findings", findings}}));
+    Print(ToText({{"decks", decks}, {"counts", CountsJson(FindingsOf(results))}, {"findings", findings}}));
 }
 
 void PrintHeader(Catalogue& catalogue)
@@ -97,11 +96,9 @@ std::optional<Result> CheckOne(
 /// What is told of all decks together.
 void PrintEnd(const std::vector<Result>& results, FindingFormat format)
 {
-    if (format == FindingFormat::Text)
-        Print("The data behind the keywords are not read yet, so nothing is said of them.\n");
-    else if (format == FindingFormat::Json)
+    if (format == FindingFormat::Json)
         PrintJson(results);
-    else
+    else if (format != FindingFormat::Text) // text was printed deck by deck
         Print(FindingsText(format, FindingsOf(results), {}));
 }
 
@@ -135,8 +132,9 @@ Command MakeCheckCommand(CLI::App& application)
 {
     const auto options = std::make_shared<CheckCommandOptions>();
     CLI::App& command = *application.add_subcommand("check",
-        "Checks the structure of decks: keywords, sections, included files, skipped blocks. The data behind\n"
-        "keywords are not read yet. Without a simulator or mode, a keyword is fine that is valid for any.");
+        "Reads decks and tells what is wrong: keywords, sections, included files, skipped blocks, and the "
+        "data\n"
+        "behind the keywords. Without a simulator or mode, a keyword is fine that is valid for any.");
     command.add_option("DECK", options->decks, "Files, each a deck of its own")->required();
     AddSimulatorOption(command, options->check.target.simulator);
     AddModeOption(command, options->check.target.mode);
