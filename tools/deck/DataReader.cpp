@@ -96,14 +96,14 @@ DataReader::Got DataReader::Next()
         break;
     }
     last_ = value_.spot;
-    const Repeat repeat = FindRepeat(value_.text);
+    Repeat repeat = FindRepeat(value_.text);
     if (repeat.length == 0)
         return Got::Value;
     if (repeat.count == 0 || repeat.count > mostRepeats) {
         teller_.TellError(value_.spot, "bad-repeat",
             fmt::format("{}: the repeat count of {} is not from 1 to {}", keyword_.text, Shorten(value_.text),
                 mostRepeats));
-        return Next();
+        repeat.count = 1;
     }
     repeats_ = repeat.count - 1;
     value_.text.remove_prefix(repeat.length);

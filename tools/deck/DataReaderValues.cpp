@@ -18,7 +18,6 @@
 namespace Veld::Quor::Tools::Deck {
 
 using namespace Core::Keywords;
-using Core::Service::Optional;
 
 namespace {
 
