@@ -2,7 +2,7 @@
 
 .DEFAULT_GOAL := help
 .PHONY: help run test setup-run setup-test build-release build-test build-asan build-fuzz build-benchmark \
-    check-format check-release check-asan check-threads check-lint format benchmark fuzz install clean
+    check-format check-release check-asan check-threads check-lint format schema benchmark fuzz install clean
 
 SOURCES = $(shell find quor tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 QUOR = build/release/bin/quor
@@ -73,6 +73,9 @@ FUZZ_SECONDS ?= 60
 fuzz: setup-test build-fuzz ## Run each fuzz target for FUZZ_SECONDS (60)
 	@for t in build/fuzz/bin/fuzz-*; do mkdir -p build/fuzz/corpus/$$(basename $$t) && \
 	    $$t -max_total_time=$(FUZZ_SECONDS) build/fuzz/corpus/$$(basename $$t) || exit 1; done
+
+schema: setup-test ## Make the XML form of the documents' schema from its source
+	trang language/schema/syntax.rnc language/schema/syntax.rng
 
 PREFIX ?= /usr/local
 install: setup-run build-release ## Install the release below PREFIX (/usr/local)
