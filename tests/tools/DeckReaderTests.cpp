@@ -66,6 +66,14 @@ const std::string dataLanguage = R"(
 <keyword name='COUNTED'><data><record termination='SLASH'>
   <item name='N'><integer/></item> <item name='VALUES'><list size='N' termination='NONE'><integer/></list></item>
 </record></data></keyword>
+<keyword name='SIZED'><data><record termination='SLASH'>
+  <item name='N'><integer/></item> <item name='VALUES'><list termination='SLASH'>
+    <list size='N' termination='NONE'><integer/></list></list></item>
+</record></data></keyword>
+<keyword name='ORDERED'><data><list><record termination='SLASH'>
+  <item name='S' columnConstraint='increasing'><string/></item></record></list></data></keyword>
+<keyword name='DATES'><data><list><record termination='SLASH'>
+  <item name='D'><integer/></item></record></list></data></keyword>
 <keyword name='MAP'><data><map>
   <assignment name='A'><integer><max val='5'/></integer><validity>
     <simulator name='Carrow'/>
@@ -157,6 +165,8 @@ INSTANTIATE_TEST_SUITE_P(Arrays, Readings,
         Reading{"EndsByItself", "FIXED\n 1 2 3\nFLAG\n", nullptr},
         Reading{"SlashDoesNoHarm", "FIXED\n 3*1 /\n", "[1 1 1]"},
         Reading{"BadRepeat", "WHOLE\n 0*1 2 99999999999*3 /\n", "[1 2 3]", "bad-repeat:3:2 bad-repeat:3:8"},
+        Reading{"RepeatsBeyondAllSense", "NAMES\n 1000001*A B /\n", "['A' 'B']", "bad-repeat:3:2"},
+        Reading{"RepeatedNamesOfAMap", "MAP\n 3*A /\n", "{A=1 B=-}", "bad-repeat:3:2"},
         Reading{"Names", "NAMES\n A 'B C' 2*D \"E/\" 2*'F G' O'K /\n",
             "['A' 'B C' 'D' 'D' 'E/' 'F G' 'F G' 'O'K']"},
         Reading{"OpenQuote", "NAMES\n 'A\n B /\n", "['A' 'B']", "unclosed-quote:3:2"},
@@ -184,6 +194,10 @@ INSTANTIATE_TEST_SUITE_P(Records, Readings,
         Reading{"ListOfThem", "ROWS\n 1 2 /\n 3 /\n 2*4 /\n/\n", "[(1 2) (3 -) (4 4)]"},
         Reading{"RecordWithoutASlash", "ROWS\n 1 2\n 3 4 /\n/\n", "[(1 2)]", "too-many-values:4:2"},
         Reading{"EmptyList", "ROWS\n/\n", "[]"},
+        Reading{
+            "ElementsOfNoSize", "SIZED\n 0 1 2 /\nFLAG\n", nullptr, "too-many-values:3:4 unclosed-data:3:9"},
+        Reading{"TextsHaveNoOrder", "ORDERED\n B /\n A /\n/\n", "[('B') ('A')]"},
+        Reading{"DatesOfAnotherForm", "DATES\n 1 /\n/\n", "[(1)]"},
         Reading{"CountedByAnItem", "COUNTED\n 2 5 6 /\n", "(2 [5 6])"}),
     CaseName<Reading>);
 
@@ -195,7 +209,7 @@ INSTANTIATE_TEST_SUITE_P(Tables, Readings,
         Reading{"OneIsMissing", "TABLES\n 1 4 2 3 /\nFLAG\n", nullptr, "wrong-size:3:11"},
         Reading{"TooFewRows", "TABLES\n 1 4 /\n 1 4 2 3 /\n", nullptr, "wrong-size:3:6"},
         Reading{"ColumnsToldOnce", "TABLES\n 1 4 1 5 0 6 /\n 1 4 2 3 /\n", nullptr,
-            "column-order:3:8 column-order:3:8"},
+            "column-order:3:6 column-order:3:8"},
         Reading{"Nested", "NESTED\n 1 2 3 /\n 4 5 /\n/\n", "[(1 [(2) (3)]) (4 [(5)])]"}),
     CaseName<Reading>);
 

@@ -38,7 +38,8 @@ void PlanRecord(const IKeywordRecordMD& md, const Target& target, DataPlan& plan
         DataPlan& item = plan.items.emplace_back(MakePlan(*md.GetItemMD(i), target));
         item.isOptional = md.IsOptional(i);
         item.isIdentifier = md.IsIdentifier(i);
-        item.constraint = md.GetColumnConstraint(i);
+        if (item.type == MDType::Integer || item.type == MDType::Real) // nothing else has an order
+            item.constraint = md.GetColumnConstraint(i);
         plan.hasConstraints = plan.hasConstraints || item.constraint != DataPlan::Constraint::None;
         if (target.simulator != SimulatorType::Any) {
             item.isValid = md.GetValidity(i).IsValid(target.simulator, target.mode);

@@ -76,6 +76,7 @@ DataReader::Got DataReader::Next()
 {
     if (repeats_ > 0) {
         --repeats_;
+        ++taken_;
         return isDefault_ ? Got::Default : Got::Value;
     }
     if (isOneLine_ && text_.IsAtLineEnd())
@@ -87,22 +88,21 @@ DataReader::Got DataReader::Next()
     case Token::Kind::End:
         return Got::Stop;
     case Token::Kind::Slash:
-        last_ = value_.spot;
-        return Got::Slash;
     case Token::Kind::Quoted:
-        last_ = value_.spot;
-        return Got::Value;
     case Token::Kind::Word:
         break;
     }
+    ++taken_;
     last_ = value_.spot;
+    if (value_.kind != Token::Kind::Word)
+        return value_.kind == Token::Kind::Slash ? Got::Slash : Got::Value;
     Repeat repeat = FindRepeat(value_.text);
     if (repeat.length == 0)
         return Got::Value;
-    if (repeat.count == 0 || repeat.count > mostRepeats) {
+    if (repeat.count == 0 || repeat.count > longestRepeat_) {
         teller_.TellError(value_.spot, "bad-repeat",
             fmt::format("{}: the repeat count of {} is not from 1 to {}", keyword_.text, Shorten(value_.text),
-                mostRepeats));
+                longestRepeat_));
         repeat.count = 1;
     }
     repeats_ = repeat.count - 1;
@@ -187,6 +187,7 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
         if (line.kind == Token::Kind::Word) {
             *static_cast<Optional<std::string>*>(place) = std::string(line.text);
             last_ = line.spot;
+            ++taken_;
         }
         return Ended::Complete;
     }
@@ -216,6 +217,7 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
         int value = 0;
         if (Convert(item, value)) {
             CheckLimits(item, value);
+            CheckColumn(plan, index, value);
             *static_cast<Optional<int>*>(place) = value;
         }
         break;
@@ -224,6 +226,7 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
         double value = 0;
         if (Convert(item, value)) {
             CheckLimits(item, value);
+            CheckColumn(plan, index, value);
             *static_cast<Optional<double>*>(place) = value;
         }
         break;

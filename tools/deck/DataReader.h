@@ -59,6 +59,9 @@ public:
 
 private:
     static constexpr long long unknownSize = -1;
+    // What a few bytes of text may grow to where no size bounds it.
+    static constexpr long long mostRecords = 10'000;
+    static constexpr long long mostValues = 1'000'000;
 
     /// What came where a value was asked for.
     enum class Got {
@@ -84,6 +87,8 @@ private:
     Ended ReadList(
         const DataPlan& plan, Core::Keywords::IKeywordListData& list, std::vector<RecordPlace>* places);
     Ended ReadElements(const DataPlan& plan, long long size, Core::Keywords::IKeywordListData& list,
+        std::vector<RecordPlace>* places);
+    Ended ReadEachElement(const DataPlan& plan, long long size, Core::Keywords::IKeywordListData& list,
         std::vector<RecordPlace>* places);
     Ended ReadValues(const DataPlan& plan, long long size, Core::Keywords::IKeywordListData& list);
     bool HasMore(
@@ -111,8 +116,7 @@ private:
     bool ConvertChoice(const DataPlan& item, int& value);
     void CheckLimits(const DataPlan& item, double value);
     void CheckSize(const DataPlan& plan, long long size, long long count, const Spot& spot);
-    void CheckColumns(
-        const DataPlan& plan, const Core::Keywords::IKeywordRecordData& record, std::vector<double>& last);
+    void CheckColumn(const DataPlan& record, std::size_t index, double value);
     void TellBeyond(const DataPlan& item, const Spot& spot, double value, long long more);
     long long SizeOf(const std::string* text) const;
     std::optional<long long> SizeOfName(const std::string& name) const;
@@ -131,9 +135,17 @@ private:
     bool isOneLine_ = false; // the record ends with its line
     Token value_;
     long long repeats_ = 0; // of `value_`, still to come
+    long long longestRepeat_ = mostRecords;
+    std::size_t taken_ = 0; // words, repeated ones each time
     bool isDefault_ = false; // `value_` stands for a default
     Spot last_; // of the last word
     std::string choiceMessage_;
+    /// The values before, of the records of a list; no number: none so far, infinite: out of order already.
+    struct Columns {
+        const DataPlan* record;
+        std::vector<double> last;
+    };
+    Columns* columns_ = nullptr; // of the innermost list of records
     std::vector<std::pair<const DataPlan*, const Core::Keywords::IKeywordRecordData*>> records_; // being read
 };
 

@@ -17,6 +17,7 @@
 #include <cmath>
 #include <limits>
 #include <type_traits>
+#include <utility>
 
 namespace Veld::Quor::Tools::Deck {
 
@@ -179,22 +180,33 @@ DataReader::Ended DataReader::ReadElements(
     const DataPlan& plan, long long size, IKeywordListData& list, std::vector<RecordPlace>* places)
 {
     const DataPlan& item = plan.items.front();
-    std::vector<double> last(item.hasConstraints ? item.items.size() : 0, std::nan(""));
+    Columns columns{&item, std::vector<double>(item.hasConstraints ? item.items.size() : 0, std::nan(""))};
+    Columns* const around = std::exchange(columns_, item.hasConstraints ? &columns : nullptr);
+    const Ended ended = ReadEachElement(plan, size, list, places);
+    columns_ = around;
+    return ended;
+}
+
+DataReader::Ended DataReader::ReadEachElement(
+    const DataPlan& plan, long long size, IKeywordListData& list, std::vector<RecordPlace>* places)
+{
     Ended ended = Ended::Complete;
     while (HasMore(plan, size, list, ended)) {
-        if (places) {
-            const Spot& spot = text_.HasPeeked() ? text_.PeekData().spot : value_.spot;
-            places->push_back(RecordPlace::Of(spot));
-        }
-        auto* const element = static_cast<IKeywordData*>(list.AddData(nullptr));
-        ended = ReadContainer(item, *element);
-        if (item.hasConstraints)
-            CheckColumns(item, static_cast<const IKeywordRecordData&>(*element), last);
+        const Spot begin = text_.HasPeeked() ? text_.PeekData().spot : value_.spot;
+        if (places)
+            places->push_back(RecordPlace::Of(begin));
+        const std::size_t taken = taken_;
+        ended = ReadContainer(plan.items.front(), *static_cast<IKeywordData*>(list.AddData(nullptr)));
         if (ended == Ended::ByStop)
             return ended;
         if (ended == Ended::BySlash) { // of the list: it came within the element
             CheckSize(plan, size, list.GetSize(), value_.spot);
             return plan.termination == Termination::NONE ? ended : Ended::Complete;
+        }
+        if (taken == taken_) { // elements of no size would go on for ever
+            teller_.TellError(begin, "too-many-values",
+                fmt::format("{}: nothing takes a value here", keyword_.text), "the size of the data is 0");
+            return SkipToSlash();
         }
     }
     return ended;
@@ -204,6 +216,7 @@ DataReader::Ended DataReader::ReadElements(
 DataReader::Ended DataReader::ReadValues(const DataPlan& plan, long long size, IKeywordListData& list)
 {
     const DataPlan& item = plan.items.front();
+    const long long longest = std::exchange(longestRepeat_, std::max(size, mostValues));
     Ended ended = Ended::Complete;
     while (HasMore(plan, size, list, ended)) {
         const bool isDefault = Next() == Got::Default;
@@ -233,6 +246,7 @@ DataReader::Ended DataReader::ReadValues(const DataPlan& plan, long long size, I
         if (isDefault)
             list.SetDefaulted(static_cast<std::size_t>(list.GetSize() - 1), true);
     }
+    longestRepeat_ = longest;
     return ended;
 }
 
@@ -268,6 +282,7 @@ void DataReader::ReadPlainNumbers(const DataPlan& item, long long most, IKeyword
             list.AddData(values, values + count);
         }
         most -= static_cast<long long>(count);
+        taken_ += count;
         text_.Take(taken);
     }
 }
@@ -282,6 +297,7 @@ DataReader::Ended DataReader::ReadNumbers(const DataPlan& plan, long long size, 
     const long long most = size == unknownSize ? std::numeric_limits<long long>::max() : size;
     if (size != unknownSize)
         list.Reserve(std::min(static_cast<std::size_t>(size), text_.GetRest().size() / 2));
+    const long long longest = std::exchange(longestRepeat_, size == unknownSize ? mostValues : mostRepeats);
     Spot firstBeyond;
     double beyondValue = 0;
     long long beyond = 0;
@@ -322,6 +338,7 @@ DataReader::Ended DataReader::ReadNumbers(const DataPlan& plan, long long size, 
         surplus += count - kept;
         AppendRepeated(list, value, kept, got == Got::Default && isDefaultable);
     }
+    longestRepeat_ = longest;
     if (beyond > 0)
         TellBeyond(item, firstBeyond, beyondValue, beyond - 1);
     if (surplus > 0)
@@ -343,6 +360,7 @@ DataReader::Ended DataReader::ReadLines(const DataPlan& plan, IKeywordListData& 
         const bool isEnd = words ? words->Matches(std::string(line.text), ignored) : line.text == "/";
         if (isEnd)
             return Ended::Complete;
+        ++taken_;
         const std::string text(line.text);
         list.AddData(&text);
     }
@@ -368,29 +386,19 @@ void DataReader::CheckSize(const DataPlan& plan, long long size, long long count
             fmt::format("{}: at most {} are expected, and here are {}", keyword_.text, greatest, count));
 }
 
-void DataReader::CheckColumns(
-    const DataPlan& plan, const IKeywordRecordData& record, std::vector<double>& last)
+void DataReader::CheckColumn(const DataPlan& record, std::size_t index, double value)
 {
-    for (std::size_t i = 0; i < plan.items.size(); ++i) {
-        const DataPlan& item = plan.items[i];
-        if (item.constraint == Constraint::None || std::isinf(last[i])) // infinite: told already
-            continue;
-        const void* const place = record.GetData(static_cast<int>(i));
-        const auto value = item.type == MDType::Integer
-            ? static_cast<const Optional<int>*>(place)->HasValue()
-                ? **static_cast<const Optional<int>*>(place)
-                : std::nan("")
-            : static_cast<const Optional<double>*>(place)->ValueOr(std::nan(""));
-        if (std::isnan(value))
-            continue;
-        if (!std::isnan(last[i]) && !KeepsOrder(item.constraint, last[i], value)) {
-            teller_.TellError(last_, "column-order",
-                fmt::format("{}: {} {}, {}", In(item), value, OrderOf(item.constraint), last[i]));
-            last[i] = HUGE_VAL;
-        } else {
-            last[i] = value;
-        }
-    }
+    const DataPlan& item = record.items[index];
+    if (item.constraint == Constraint::None || !columns_ || columns_->record != &record)
+        return;
+    double& last = columns_->last[index];
+    if (std::isinf(last))
+        return;
+    const bool isInOrder = std::isnan(last) || KeepsOrder(item.constraint, last, value);
+    if (!isInOrder)
+        teller_.TellError(value_.spot, "column-order",
+            fmt::format("{}: {} {}, {}", In(item), value, OrderOf(item.constraint), last));
+    last = isInOrder ? value : HUGE_VAL;
 }
 
 /// Names are those of items of the records being read, the innermost first, and then those of the deck.

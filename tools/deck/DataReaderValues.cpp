@@ -34,6 +34,11 @@ DataReader::Ended DataReader::ReadMap(const DataPlan& plan, IKeywordMapData& map
     Ended ended = Ended::Complete;
     for (;;) {
         const Got got = Next();
+        if (repeats_ > 0) {
+            teller_.TellError(
+                value_.spot, "bad-repeat", fmt::format("{}: names can't be repeated", keyword_.text));
+            repeats_ = 0;
+        }
         if (got == Got::Value)
             ReadAssignment(map);
         else if (got == Got::Stop && plan.termination != Termination::NONE)

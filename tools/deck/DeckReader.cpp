@@ -5,6 +5,7 @@
 #include "quor/syntax/ICellPropertyInfo.h"
 #include "tools/deck/DataPlan.h"
 #include "tools/deck/DataReader.h"
+#include "tools/deck/DataShape.h"
 #include "tools/deck/Deck.h"
 #include "tools/deck/DeckText.h"
 #include "tools/deck/Dimensions.h"
@@ -27,6 +28,8 @@ using namespace Core::Keywords;
 using namespace Core::Service;
 
 namespace {
+
+using MDType = IKeywordDataMD::MDType;
 
 /// Hands what the library says of choices to the reader, for as long as it lives.
 class ChoiceMessages {
@@ -287,7 +290,7 @@ void DeckReader::Follow(const DeckKeyword& keyword)
         return;
     if (name == "BOX")
         dimensions_.SetBox(*keyword.data);
-    else if (name == "PATHS")
+    else if (name == "PATHS" && IsListOfRecords(keyword.data->GetMD(), {MDType::String, MDType::String}))
         DataAccessUtils::AddPathAliases(keyword.data.get(), text_.GetAliases());
     else if (section_ == SectionType::RUNSPEC)
         dimensions_.Add(*keyword.data);

@@ -118,14 +118,11 @@ Token DeckText::ScanData()
         }
         if (IsQuote(c))
             return TakeQuoted();
-        if (IsLetter(c) && IsAtLineStart()) {
-            const std::size_t turns = turns_;
-            const Token keyword = FindKeyword();
-            if (keyword.entry)
-                return keyword;
-            if (turns != turns_ || isEnded_)
-                continue;
-        }
+        Token keyword;
+        if (TakeLineStart(keyword))
+            continue;
+        if (keyword.entry)
+            return keyword;
         const std::string_view rest = GetRest();
         std::size_t length = 1;
         while (length < rest.size() && !EndsWord(rest, length))
@@ -135,22 +132,25 @@ Token DeckText::ScanData()
     return {Token::Kind::End, SpotOf(GetRest().substr(0, 0)), {}};
 }
 
-/// A keyword where data are expected stands alone on its line. One that belongs to the text itself is taken.
-Token DeckText::FindKeyword()
+/// Where data are expected: takes a keyword that belongs to the text itself, and tells so; finds any other
+/// one, which has to stand alone on its line.
+bool DeckText::TakeLineStart(Token& keyword)
 {
+    if (!IsLetter(*position_) || !IsAtLineStart())
+        return false;
     const std::string_view line = GetLine();
     const std::string_view word = FindLeadingWord(line);
-    if (const Entry* include = vocabulary_.FindInclude(word)) {
-        TakeStructure(*include, word);
-        return {};
+    const Entry* entry = vocabulary_.FindInclude(word);
+    if (!entry) {
+        const auto lone = FindLoneWord(line);
+        entry = lone && !lone->hasSlash ? vocabulary_.Find(word) : nullptr;
     }
-    const auto lone = FindLoneWord(line);
-    if (!lone || lone->hasSlash)
-        return {};
-    const Entry* const entry = vocabulary_.Find(word);
-    if (!entry || TakeStructure(*entry, word))
-        return {};
-    return {Token::Kind::Keyword, SpotOf(word), word, entry};
+    if (!entry)
+        return false;
+    if (TakeStructure(*entry, word))
+        return true;
+    keyword = {Token::Kind::Keyword, SpotOf(word), word, entry};
+    return false;
 }
 
 Token DeckText::TakeToken(Token::Kind kind, std::size_t length)
@@ -195,15 +195,10 @@ Token DeckText::NextLine(bool isDirectlyBehind)
             SkipLine();
             continue;
         }
-        if (!isDirectlyBehind && IsLetter(*position_)) {
-            const std::size_t turns = turns_;
-            const Token keyword = FindKeyword();
-            if (keyword.entry)
-                return keyword;
-            if (turns != turns_ || isEnded_)
-                continue;
-        }
-        return TakeLine();
+        Token keyword;
+        if (!isDirectlyBehind && TakeLineStart(keyword))
+            continue;
+        return keyword.entry ? keyword : TakeLine();
     }
     return {Token::Kind::End, SpotOf(GetRest().substr(0, 0)), {}};
 }

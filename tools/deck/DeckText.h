@@ -112,7 +112,7 @@ private:
     bool TakeStructure(const Entry& entry, std::string_view word);
     void Unpeek();
     Token ScanData();
-    Token FindKeyword();
+    bool TakeLineStart(Token& keyword);
     Token TakeToken(Token::Kind kind, std::size_t length);
     Token TakeQuoted();
     Token TakeLine();

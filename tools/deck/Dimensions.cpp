@@ -5,6 +5,7 @@
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
 #include "quor/syntax/IKeywordSyntax.h"
+#include "tools/deck/DataShape.h"
 
 namespace Veld::Quor::Tools::Deck {
 
@@ -66,8 +67,8 @@ void Dimensions::SetBox(const IKeywordData& data)
     box_.clear();
     Sizes box;
     const char* const names[] = {"NX", "NY", "NZ"};
-    if (KeywordUtils::GetMDType(data.GetMD()) != MDType::Record
-        || static_cast<const IKeywordRecordData&>(data).GetSize() < 6)
+    constexpr MDType::Enum bound = MDType::Integer;
+    if (!IsRecordOf(data.GetMD(), {bound, bound, bound, bound, bound, bound}))
         return;
     for (int i = 0; i < 3; ++i) {
         const Optional<int> first = ValueOf(data, 2 * i);

@@ -1,5 +1,7 @@
 #include "tools/deck/Finding.h"
 
+#include <algorithm>
+
 #include <utility>
 
 namespace Veld::Quor::Tools::Deck {
@@ -15,6 +17,15 @@ const char* ToString(Severity severity)
         return "note";
     }
     return "";
+}
+
+void Finding::SetExcerpt(std::string_view line)
+{
+    constexpr std::size_t longest = 160;
+    const std::size_t offset = std::min(place.column - 1, line.size());
+    const std::size_t start = offset + length <= longest ? 0 : offset;
+    excerpt = line.substr(start, longest);
+    excerptColumn = start + 1;
 }
 
 Findings::Findings(std::size_t limit)

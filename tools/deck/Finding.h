@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Veld::Quor::Tools::Deck {
@@ -29,6 +30,9 @@ struct Finding {
     std::vector<Place> includedFrom; ///< innermost inclusion first; empty in the main deck
     std::string excerpt; ///< the part of the line around the place
     std::size_t excerptColumn = 1; ///< column of the first byte of `excerpt`
+
+    /// Keeps of the line of the place what is worth showing: its beginning, or from the place on.
+    void SetExcerpt(std::string_view line);
 };
 
 /// Keeps the first findings up to a limit, and counts all.

@@ -112,6 +112,12 @@ std::optional<FileNameToken> FindFileName(std::string_view line, std::size_t off
     return token;
 }
 
+std::string Shorten(std::string_view word)
+{
+    constexpr std::size_t longest = 40;
+    return word.size() <= longest ? std::string(word) : std::string(word.substr(0, longest)) + "...";
+}
+
 std::string ToUpper(std::string_view text)
 {
     std::string upper(text);

@@ -59,6 +59,9 @@ inline bool IsCommentAt(std::string_view text, std::size_t offset)
     return text.substr(offset, 2) == "--";
 }
 
+/// A word as messages quote it: cut, if it is very long.
+std::string Shorten(std::string_view word);
+
 /// In the letters of ASCII.
 std::string ToUpper(std::string_view text);
 

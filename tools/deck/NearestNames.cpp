@@ -1,5 +1,7 @@
 #include "tools/deck/NearestNames.h"
 
+#include "tools/deck/LineText.h"
+
 #include "quor/syntax/KeywordSyntaxTable.h"
 
 #include <algorithm>
@@ -64,6 +66,26 @@ std::size_t EditDistance(std::string_view a, std::string_view b, std::size_t lim
         }
     }
     return std::min(row[b.size()], beyond);
+}
+
+std::vector<std::string> FindNearest(const std::vector<std::string>& known, const std::string& word)
+{
+    constexpr std::size_t most = 3;
+    const std::string upper = ToUpper(word);
+    const std::size_t cutOff = std::max<std::size_t>(1, word.size() / 3);
+    std::vector<std::pair<std::size_t, std::string>> near;
+    for (const std::string& candidate : known) {
+        const std::size_t distance = EditDistance(upper, ToUpper(candidate), cutOff);
+        if (distance <= cutOff && distance < candidate.size())
+            near.emplace_back(distance, candidate);
+    }
+    std::stable_sort(
+        near.begin(), near.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    near.resize(std::min(near.size(), most));
+    std::vector<std::string> nearest;
+    for (auto& [distance, candidate] : near)
+        nearest.push_back(std::move(candidate));
+    return nearest;
 }
 
 NearestNames::NearestNames(KeywordSyntaxTable& table)

@@ -3,6 +3,7 @@
 #include "quor/data/DataAccessUtils.h"
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/KeywordDataFactory.h"
+#include "tools/deck/DataShape.h"
 
 #include <fmt/format.h>
 
@@ -13,6 +14,14 @@ namespace Veld::Quor::Tools::Deck {
 using namespace Core::Keywords;
 using Core::Service::Time;
 
+namespace {
+
+using MDType = IKeywordDataMD::MDType;
+
+constexpr MDTypes date = {MDType::Integer, MDType::String, MDType::Integer, MDType::String};
+
+} // namespace
+
 void TimeLine::Follow(const DeckKeyword& keyword)
 {
     const std::string& name = keyword.syntax->GetName();
@@ -20,11 +29,11 @@ void TimeLine::Follow(const DeckKeyword& keyword)
         ticksPerUnit_ = 3600 * Time::TicksPerSecond;
     else if (!keyword.data)
         return;
-    else if (name == "START")
+    else if (name == "START" && IsRecordOf(keyword.data->GetMD(), date))
         FollowStart(keyword);
-    else if (name == "DATES")
+    else if (name == "DATES" && IsListOfRecords(keyword.data->GetMD(), date))
         FollowDates(keyword);
-    else if (name == "TSTEP" || name == "TIME")
+    else if ((name == "TSTEP" || name == "TIME") && IsListOf(keyword.data->GetMD(), MDType::Real))
         Advance(keyword);
 }
 
@@ -38,8 +47,6 @@ void TimeLine::FollowStart(const DeckKeyword& keyword)
 
 void TimeLine::FollowDates(const DeckKeyword& keyword)
 {
-    if (keyword.records.empty()) // none, or data of another form
-        return;
     const auto& dates = static_cast<const IKeywordListData&>(*keyword.data);
     for (std::size_t i = 0; i < keyword.records.size(); ++i) {
         const auto one = KeywordDataFactory::Instance().Construct(*keyword.syntax);

@@ -9,7 +9,6 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
-#include <utility>
 #include <vector>
 
 namespace Veld::Quor::Tools::Deck {
@@ -18,33 +17,13 @@ using namespace Core::Keywords;
 
 namespace {
 
-/// The nearest of the candidates, at most three; the cut-off grows with the word.
-std::string HintOf(const std::vector<std::string>& candidates, const std::string& word)
+std::string HintOf(const std::vector<std::string>& known, const std::string& word)
 {
-    constexpr std::size_t most = 3;
-    const std::string upper = ToUpper(word);
-    const std::size_t cutOff = std::max<std::size_t>(1, upper.size() / 3);
-    std::vector<std::pair<std::size_t, std::string>> near;
-    for (const std::string& candidate : candidates) {
-        const std::size_t distance = EditDistance(upper, candidate, cutOff);
-        if (distance <= cutOff && distance < candidate.size())
-            near.emplace_back(distance, candidate);
-    }
-    std::sort(near.begin(), near.end());
-    near.resize(std::min(near.size(), most));
-    std::vector<std::string> names;
-    for (auto& [distance, name] : near)
-        names.push_back(std::move(name));
-    return names.empty() ? std::string() : fmt::format("did you mean {}?", fmt::join(names, ", "));
+    const std::vector<std::string> nearest = FindNearest(known, word);
+    return nearest.empty() ? std::string() : fmt::format("did you mean {}?", fmt::join(nearest, ", "));
 }
 
 } // namespace
-
-std::string Shorten(std::string_view word)
-{
-    constexpr std::size_t longest = 40;
-    return word.size() <= longest ? std::string(word) : std::string(word.substr(0, longest)) + "...";
-}
 
 std::size_t CountCharacters(std::string_view text)
 {

@@ -13,9 +13,6 @@ class IKeywordMapData;
 
 namespace Veld::Quor::Tools::Deck {
 
-/// A word as messages quote it.
-std::string Shorten(std::string_view word);
-
 /// Of a text in UTF-8.
 std::size_t CountCharacters(std::string_view text);
 

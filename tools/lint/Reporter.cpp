@@ -1,32 +1,15 @@
 #include "tools/lint/Reporter.h"
 
+#include "tools/deck/LineText.h"
 #include "tools/deck/NearestNames.h"
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace Veld::Quor::Tools::Lint {
 
-namespace {
-
-constexpr std::size_t longestExcerpt = 160;
-constexpr std::size_t longestQuote = 60;
-
-std::string Fold(std::string text)
-{
-    for (char& c : text)
-        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    return text;
-}
-
-std::string Shorten(const std::string& text)
-{
-    return text.size() <= longestQuote ? text : text.substr(0, longestQuote) + "...";
-}
-
-} // namespace
+using Deck::Shorten;
 
 Reporter Reporter::InKeyword(const Element& keyword) const
 {
@@ -67,11 +50,7 @@ void Reporter::Keep(const CodeInfo& info, const Deck::Place& place, std::size_t 
     finding.length = length;
     finding.message = subject_.empty() ? message : fmt::format("{}: {}", subject_, message);
     finding.hint = hint;
-    const std::string_view line = document_->GetLine(place.line);
-    const std::size_t offset = std::min(place.column - 1, line.size());
-    const std::size_t start = offset + length <= longestExcerpt ? 0 : offset;
-    finding.excerpt = line.substr(start, longestExcerpt);
-    finding.excerptColumn = start + 1;
+    finding.SetExcerpt(document_->GetLine(place.line));
     findings_->Keep(std::move(finding));
 }
 
@@ -87,20 +66,8 @@ std::string Tagged(const std::string& tag)
 
 std::string HintOfNearest(const std::string& text, const std::vector<std::string>& known)
 {
-    if (text.size() > longestQuote)
-        return {};
-    const std::string folded = Fold(text);
-    const std::size_t limit = std::min<std::size_t>(2, text.size() / 3 + 1);
-    const std::string* nearest = nullptr;
-    std::size_t least = limit + 1;
-    for (const std::string& word : known) {
-        const std::size_t distance = Deck::EditDistance(folded, Fold(word), limit);
-        if (distance < least) {
-            least = distance;
-            nearest = &word;
-        }
-    }
-    return nearest ? fmt::format("write {}", *nearest) : std::string();
+    const std::vector<std::string> nearest = Deck::FindNearest(known, text);
+    return nearest.empty() ? std::string() : fmt::format("write {}", nearest.front());
 }
 
 std::string Listed(const std::vector<std::string>& words, const char* conjunction)

@@ -132,9 +132,9 @@ Command MakeCheckCommand(CLI::App& application)
 {
     const auto options = std::make_shared<CheckCommandOptions>();
     CLI::App& command = *application.add_subcommand("check",
-        "Reads decks and tells what is wrong: keywords, sections, included files, skipped blocks, and the "
-        "data\n"
-        "behind the keywords. Without a simulator or mode, a keyword is fine that is valid for any.");
+        "Reads decks and tells what is wrong: keywords, sections, included files, skipped blocks, and\n"
+        "the data behind the keywords. Without a simulator or mode, a keyword is fine that is valid for "
+        "any.");
     command.add_option("DECK", options->decks, "Files, each a deck of its own")->required();
     AddSimulatorOption(command, options->check.target.simulator);
     AddModeOption(command, options->check.target.mode);

@@ -138,9 +138,9 @@ Command MakeLintCommand(CLI::App& application)
 {
     const auto options = std::make_shared<LintCommandOptions>();
     CLI::App& command = *application.add_subcommand("lint",
-        "Checks syntax documents: tells what the loader would refuse, pass over or take for something else, "
-        "and\n"
-        "what to write instead. All files together count as one language. Keywords that they name and don't\n"
+        "Checks syntax documents: tells what the loader would refuse, pass over or take for something\n"
+        "else, and what to write instead. All files together count as one language. Keywords that they name "
+        "and don't\n"
         "define may be those of the language that is built in.");
     command.add_option("FILE", options->paths, "Documents, or folders whose *.xml files are documents");
     command.add_flag("--builtin", options->isBuiltin,
