@@ -33,7 +33,7 @@ void DataReader::Read(const DataPlan& plan, const Token& keyword, IKeywordData& 
     if (ReadRoot(plan, data, places) == Ended::Complete && endsByItself && Peek() == Got::Slash)
         Next(); // a slash behind data that end by themselves does no harm
     if (repeats_ > 0)
-        teller_.TellError(value_.spot, "too-many-values",
+        teller_.Tell(value_.spot, Code::TooManyValues,
             fmt::format("{}: the repeat goes on beyond the end of the data by {}", keyword_.text, repeats_));
 }
 
@@ -100,7 +100,7 @@ DataReader::Got DataReader::Next()
     if (repeat.length == 0)
         return Got::Value;
     if (repeat.count == 0 || repeat.count > longestRepeat_) {
-        teller_.TellError(value_.spot, "bad-repeat",
+        teller_.Tell(value_.spot, Code::BadRepeat,
             fmt::format("{}: the repeat count of {} is not from 1 to {}", keyword_.text, Shorten(value_.text),
                 longestRepeat_));
         repeat.count = 1;
@@ -150,8 +150,7 @@ DataReader::Ended DataReader::Unclosed(const char* what)
 {
     const Spot behind{last_.file, last_.offset + last_.length, 0};
     if (!text_.MissedInclusion()) // which may have held the end
-        teller_.TellError(behind, "unclosed-data",
-            fmt::format("{}: the {} is not closed", keyword_.text, what),
+        teller_.Tell(behind, Code::UnclosedData, fmt::format("{}: the {} is not closed", keyword_.text, what),
             "put a slash behind its last value");
     return Ended::ByStop;
 }
@@ -199,17 +198,17 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
         return Ended::BySlash;
     case Got::Default:
         if (!item.MayBeMissing())
-            teller_.TellError(
-                value_.spot, "no-default", fmt::format("{} has no default", In(item)), "give its value");
+            teller_.Tell(
+                value_.spot, Code::NoDefault, fmt::format("{} has no default", In(item)), "give its value");
         return Ended::Complete;
     case Got::Value:
         break;
     }
     if (!item.isValid)
-        teller_.TellError(value_.spot, "item-not-valid",
+        teller_.Tell(value_.spot, Code::ItemNotValid,
             fmt::format("{} is not valid for {}", In(item), NameOf(target_)), "leave it to its default");
     else if (item.isUnsupported)
-        teller_.Tell(value_.spot, "item-unsupported", Severity::Warning,
+        teller_.Tell(value_.spot, Code::ItemUnsupported,
             fmt::format("{} has no effect for {}", In(item), NameOf(target_)));
     switch (item.type) {
     case MDType::Integer:
@@ -270,7 +269,7 @@ DataReader::Ended DataReader::EndRecord(const DataPlan& plan)
     case Got::Default:
         break;
     }
-    teller_.TellError(value_.spot, "too-many-values",
+    teller_.Tell(value_.spot, Code::TooManyValues,
         fmt::format("{}: the record has {} item{}, and here is one more", keyword_.text, plan.items.size(),
             plan.items.size() == 1 ? "" : "s"),
         "end the record with a slash before it");
@@ -287,7 +286,7 @@ void DataReader::CheckMissing(const DataPlan& plan, std::size_t first, const Spo
             missing += (missing.empty() ? "" : ", ") + NameOf(item);
     }
     if (!missing.empty())
-        teller_.TellError(spot, "too-few-values",
+        teller_.Tell(spot, Code::TooFewValues,
             fmt::format("{}: the record ends before {}", keyword_.text, missing),
             "only what has a default may be left out");
 }

@@ -204,7 +204,7 @@ DataReader::Ended DataReader::ReadEachElement(
             return plan.termination == Termination::NONE ? ended : Ended::Complete;
         }
         if (taken == taken_) { // elements of no size would go on for ever
-            teller_.TellError(begin, "too-many-values",
+            teller_.Tell(begin, Code::TooManyValues,
                 fmt::format("{}: nothing takes a value here", keyword_.text), "the size of the data is 0");
             return SkipToSlash();
         }
@@ -221,8 +221,8 @@ DataReader::Ended DataReader::ReadValues(const DataPlan& plan, long long size, I
     while (HasMore(plan, size, list, ended)) {
         const bool isDefault = Next() == Got::Default;
         if (isDefault && !ListMD(plan).IsItemDefaultable()) {
-            teller_.TellError(
-                value_.spot, "no-default", fmt::format("{}: the values have no default", In(item)));
+            teller_.Tell(
+                value_.spot, Code::NoDefault, fmt::format("{}: the values have no default", In(item)));
             repeats_ = 0;
             continue;
         }
@@ -312,7 +312,7 @@ DataReader::Ended DataReader::ReadNumbers(const DataPlan& plan, long long size, 
         T value = T();
         if (got == Got::Default) {
             if (!isDefaultable) {
-                teller_.TellError(value_.spot, "no-default",
+                teller_.Tell(value_.spot, Code::NoDefault,
                     fmt::format("{}: the values have no default", In(item)), "give each value");
             }
             value = DefaultOf<MD, T>(item, target_.simulator);
@@ -342,7 +342,7 @@ DataReader::Ended DataReader::ReadNumbers(const DataPlan& plan, long long size, 
     if (beyond > 0)
         TellBeyond(item, firstBeyond, beyondValue, beyond - 1);
     if (surplus > 0)
-        teller_.TellError(firstSurplus, "wrong-size",
+        teller_.Tell(firstSurplus, Code::WrongSize,
             fmt::format("{}: {} values are expected, and here are {} more", keyword_.text, size, surplus),
             fmt::format("the size is {}", *ListMD(plan).GetSize()));
     return ended;
@@ -375,14 +375,14 @@ void DataReader::CheckSize(const DataPlan& plan, long long size, long long count
     const bool isShort = size != unknownSize && count < size && !(mayBeShort_ && count > 0);
     // A table without rows stands for the one before it.
     if (isShort && (count > 0 || plan.termination == Termination::NONE || plan.items.front().IsScalar()))
-        teller_.TellError(spot, "wrong-size",
+        teller_.Tell(spot, Code::WrongSize,
             fmt::format("{}: {} values are expected, and here are {}", keyword_.text, size, count),
             fmt::format("the size is {}", *ListMD(plan).GetSize()));
     else if (const long long fewest = SizeOf(least); count > 0 && fewest != unknownSize && count < fewest)
-        teller_.TellError(spot, "wrong-size",
+        teller_.Tell(spot, Code::WrongSize,
             fmt::format("{}: at least {} are expected, and here are {}", keyword_.text, fewest, count));
     else if (const long long greatest = SizeOf(most); greatest != unknownSize && count > greatest)
-        teller_.TellError(spot, "wrong-size",
+        teller_.Tell(spot, Code::WrongSize,
             fmt::format("{}: at most {} are expected, and here are {}", keyword_.text, greatest, count));
 }
 
@@ -396,7 +396,7 @@ void DataReader::CheckColumn(const DataPlan& record, std::size_t index, double v
         return;
     const bool isInOrder = std::isnan(last) || KeepsOrder(item.constraint, last, value);
     if (!isInOrder)
-        teller_.TellError(value_.spot, "column-order",
+        teller_.Tell(value_.spot, Code::ColumnOrder,
             fmt::format("{}: {} {}, {}", In(item), value, OrderOf(item.constraint), last));
     last = isInOrder ? value : HUGE_VAL;
 }

@@ -35,8 +35,8 @@ DataReader::Ended DataReader::ReadMap(const DataPlan& plan, IKeywordMapData& map
     for (;;) {
         const Got got = Next();
         if (repeats_ > 0) {
-            teller_.TellError(
-                value_.spot, "bad-repeat", fmt::format("{}: names can't be repeated", keyword_.text));
+            teller_.Tell(
+                value_.spot, Code::BadRepeat, fmt::format("{}: names can't be repeated", keyword_.text));
             repeats_ = 0;
         }
         if (got == Got::Value)
@@ -67,12 +67,12 @@ void DataReader::ReadAssignment(IKeywordMapData& map)
         number = text_.NextData().text;
     const std::optional<int> value = isGiven ? ToInteger(number) : 1;
     if (!value) {
-        teller_.TellError(spot, "wrong-type",
+        teller_.Tell(spot, Code::WrongType,
             fmt::format("{}, {}: '{}' is no whole number", keyword_.text, Shorten(name), Shorten(number)));
         return;
     }
     if (!map.SetValue(name, *value)) {
-        teller_.TellError(spot, "unknown-name",
+        teller_.Tell(spot, Code::UnknownName,
             fmt::format("{}: {} is none of its names", keyword_.text, Shorten(name)),
             HintOfKey(static_cast<const IKeywordMapMD&>(*map.GetMD()), name));
         return;
@@ -85,10 +85,10 @@ void DataReader::CheckAssignment(
     const IKeywordAssignmentMD& md, const std::string& name, int value, const Spot& spot)
 {
     if (target_.simulator != SimulatorType::Any && !md.IsValid(target_.simulator))
-        teller_.TellError(spot, "item-not-valid",
+        teller_.Tell(spot, Code::ItemNotValid,
             fmt::format("{}: {} is not valid for {}", keyword_.text, name, NameOf(target_)), "leave it out");
     else if ((md.GetMin() && value < *md.GetMin()) || (md.GetMax() && value > *md.GetMax()))
-        teller_.TellError(spot, "out-of-range",
+        teller_.Tell(spot, Code::OutOfRange,
             fmt::format("{}, {}: {} is {}", keyword_.text, name, value,
                 md.GetMin() && value < *md.GetMin() ? fmt::format("less than {}", *md.GetMin())
                                                     : fmt::format("greater than {}", *md.GetMax())));
@@ -100,7 +100,7 @@ void DataReader::ReadRaw(const DataPlan& plan, IKeywordData& data)
     const Token text = text_.NextRaw(end);
     static_cast<IKeywordRawData&>(data).SetData(std::string(text.text));
     if (text.kind == Token::Kind::End)
-        teller_.TellError(keyword_.spot, "unclosed-text",
+        teller_.Tell(keyword_.spot, Code::UnclosedText,
             "the text of this keyword goes on to the end of the file",
             fmt::format("end it with {} at the start of a line", end));
 }
@@ -148,7 +148,7 @@ bool DataReader::Convert(const DataPlan& item, std::string& value)
 {
     value = value_.text;
     if (item.longest > 0 && CountCharacters(value_.text) > static_cast<std::size_t>(item.longest))
-        teller_.Tell(value_.spot, "long-text", Severity::Warning,
+        teller_.Tell(value_.spot, Code::LongText,
             fmt::format("{}: of the text only the first {} characters count", In(item), item.longest),
             "shorten it");
     return true;
@@ -162,14 +162,14 @@ bool DataReader::ConvertChoice(const DataPlan& item, int& value)
     choiceMessage_.clear();
     value = choice.GetIndex(word, message);
     if (value < 0) {
-        teller_.TellError(value_.spot, "not-a-choice",
+        teller_.Tell(value_.spot, Code::NotAChoice,
             fmt::format("{}: {} is not one of its words", In(item), Shorten(word)),
             HintOfChoice(choice, word));
         return false;
     }
     if (!choiceMessage_.empty()) {
         const bool isDeprecated = choiceMessage_.find(" is a deprecated synonym for ") != std::string::npos;
-        teller_.Tell(value_.spot, isDeprecated ? "deprecated-word" : "abbreviated-word", Severity::Warning,
+        teller_.Tell(value_.spot, isDeprecated ? Code::DeprecatedWord : Code::AbbreviatedWord,
             fmt::format("{}: {} stands for {}{}", In(item), Shorten(word), choice.GetChoice(value),
                 isDeprecated ? ", and may not be understood in future" : ""),
             fmt::format("write {}", choice.GetChoice(value)));
@@ -177,18 +177,18 @@ bool DataReader::ConvertChoice(const DataPlan& item, int& value)
     if (target_.simulator == SimulatorType::Any)
         return true;
     if (!choice.GetValidity(value).IsValid(target_.simulator, target_.mode))
-        teller_.TellError(value_.spot, "choice-not-valid",
+        teller_.Tell(value_.spot, Code::ChoiceNotValid,
             fmt::format("{}: {} is not valid for {}", In(item), choice.GetChoice(value), NameOf(target_)),
             "choose another word");
     else if (choice.GetUnsupportedBy(value).IsUnsupportedBy(target_.simulator, target_.mode))
-        teller_.Tell(value_.spot, "choice-unsupported", Severity::Warning,
+        teller_.Tell(value_.spot, Code::ChoiceUnsupported,
             fmt::format("{}: {} has no effect for {}", In(item), choice.GetChoice(value), NameOf(target_)));
     return true;
 }
 
 void DataReader::TellWrong(const DataPlan& item, const char* expected)
 {
-    teller_.TellError(value_.spot, "wrong-type",
+    teller_.Tell(value_.spot, Code::WrongType,
         fmt::format("{}: {} is expected, and here is {}", In(item), expected,
             value_.kind == Token::Kind::Quoted ? "a text in quotes" : Shorten(value_.text)));
 }
@@ -206,7 +206,7 @@ void DataReader::TellBeyond(const DataPlan& item, const Spot& spot, double value
         : fmt::format("{}: {} is greater than {}", In(item), value, item.max);
     if (more > 0)
         message += fmt::format(", and {} more are beyond the limits", more);
-    teller_.TellError(spot, "out-of-range", std::move(message));
+    teller_.Tell(spot, Code::OutOfRange, std::move(message));
 }
 
 std::string DataReader::In(const DataPlan& item) const

@@ -152,7 +152,7 @@ void DeckReader::ReadUnknown(const Token& head)
         TellUnknown(head.spot, head.text);
         text_.SkipData();
     } else if (const Entry* const entry = vocabulary_.Find(upper); entry && !entry->IsOfText()) {
-        teller_.TellError(head.spot, "lower-case", fmt::format("the keyword {} is not in upper case", upper),
+        teller_.Tell(head.spot, Code::LowerCase, fmt::format("the keyword {} is not in upper case", upper),
             fmt::format("write {}", upper));
         ReadKeyword(head, *entry);
     } else {
@@ -163,7 +163,7 @@ void DeckReader::ReadUnknown(const Token& head)
 void DeckReader::TellUnknown(const Spot& spot, std::string_view word)
 {
     if (teller_.IsFull()) {
-        teller_.TellError(spot, "unknown-keyword", {});
+        teller_.Tell(spot, Code::UnknownKeyword, {});
         return;
     }
     std::string hint;
@@ -173,8 +173,8 @@ void DeckReader::TellUnknown(const Spot& spot, std::string_view word)
         hint = fmt::format("the names of keywords have at most {} characters", longestName);
     else if (!hint.empty())
         hint += '?';
-    teller_.TellError(
-        spot, "unknown-keyword", fmt::format("{} is not a keyword", Shorten(word)), std::move(hint));
+    teller_.Tell(
+        spot, Code::UnknownKeyword, fmt::format("{} is not a keyword", Shorten(word)), std::move(hint));
 }
 
 void DeckReader::TellStray(const Token& token)
@@ -183,7 +183,7 @@ void DeckReader::TellStray(const Token& token)
         ? std::string("before the first keyword")
         : fmt::format("behind the data of {}", deck_->keywords.back().syntax->GetName());
     const Token word = token.kind == Token::Kind::Keyword ? token : text_.NextData();
-    teller_.TellError(word.spot, "stray-text",
+    teller_.Tell(word.spot, Code::StrayText,
         fmt::format(
             "here is {}, {}, where a keyword is expected", Shorten(deck_->files.GetText(word.spot)), behind),
         vocabulary_.Find(word.text) ? "a keyword stands at the beginning of its line" : "");
@@ -220,22 +220,21 @@ void DeckReader::EnterSection(const Token& head, const Entry& entry)
     const bool isFirst = furthestSection_ == SectionType::None;
     if (spot) {
         const Place place = deck_->files.PlaceOf(*spot);
-        teller_.TellError(head.spot, "section-order",
-            fmt::format("the section {} is repeated", entry.spelling),
+        teller_.Tell(head.spot, Code::SectionOrder, fmt::format("the section {} is repeated", entry.spelling),
             fmt::format("it began in {}:{}", place.file, place.line));
         return;
     }
     spot = head.spot;
     if (!isFirst && section_ < furthestSection_) {
         const std::string& furthest = SectionType::ToString(furthestSection_);
-        teller_.TellError(head.spot, "section-order",
+        teller_.Tell(head.spot, Code::SectionOrder,
             fmt::format("the section {} stands behind {}", entry.spelling, furthest),
             fmt::format("put it before {}", furthest));
         return;
     }
     furthestSection_ = section_;
     if (const auto objection = FindObjection(entry, SectionType::None, options_.target))
-        teller_.TellError(head.spot, objection->code, objection->message, objection->hint);
+        teller_.Tell(head.spot, objection->code, objection->message, objection->hint);
 }
 
 /// Whether the keyword may stand here; tells if not.
@@ -243,14 +242,14 @@ bool DeckReader::IsWelcome(const Token& head, const Entry& entry)
 {
     if (section_ == SectionType::None && isSectionSure_ && !IsValidInAllSections(entry)) {
         if (!std::exchange(isMissingSectionTold_, true))
-            teller_.TellError(head.spot, "no-section",
+            teller_.Tell(head.spot, Code::NoSection,
                 fmt::format("{} stands before the first section", entry.spelling),
                 "a deck begins with the section RUNSPEC");
         return false;
     }
     const auto objection = FindObjection(entry, GetSureSection(), options_.target);
     if (objection)
-        teller_.TellError(head.spot, objection->code, objection->message, objection->hint);
+        teller_.Tell(head.spot, objection->code, objection->message, objection->hint);
     return !objection;
 }
 
@@ -275,8 +274,8 @@ void DeckReader::CheckNoData(const Token& head)
     const Token word = text_.NextData();
     if (word.kind == Token::Kind::Slash)
         return;
-    teller_.TellError(
-        word.spot, "stray-text", fmt::format("{} takes no data", head.text), "end the line behind it");
+    teller_.Tell(
+        word.spot, Code::StrayText, fmt::format("{} takes no data", head.text), "end the line behind it");
     text_.SkipData();
 }
 
@@ -306,7 +305,7 @@ void DeckReader::CheckPrecedents(const DeckKeyword& keyword)
             missing += (missing.empty() ? "" : ", ") + name;
     }
     if (!missing.empty())
-        teller_.TellError(keyword.name, "missing-precedent",
+        teller_.Tell(keyword.name, Code::MissingPrecedent,
             fmt::format("{} needs {} before it", keyword.syntax->GetName(), missing));
 }
 
@@ -320,7 +319,7 @@ void DeckReader::FollowScopes(const DeckKeyword& keyword)
         scopes_.pop_back();
         dimensions_.Leave();
     } else if (vocabulary_.EndsScopes(*keyword.syntax)) {
-        teller_.TellError(keyword.name, "stray-end",
+        teller_.Tell(keyword.name, Code::StrayEnd,
             fmt::format("{} ends nothing that was opened", keyword.syntax->GetName()));
     }
     if (!keyword.syntax->HasScope())
@@ -337,7 +336,7 @@ void DeckReader::CloseScopes()
         dimensions_.Leave();
         const IKeywordSyntax* const end = scopes_.back().first->GetScopeSyntax();
         if (end && isSectionSure_)
-            teller_.TellError(scopes_.back().second, "unclosed-scope",
+            teller_.Tell(scopes_.back().second, Code::UnclosedScope,
                 fmt::format("what {} opens is not closed", scopes_.back().first->GetName()),
                 fmt::format("close it with {}", end->GetName()));
     }

@@ -169,7 +169,7 @@ Token DeckText::TakeQuoted()
     Token token = TakeToken(Token::Kind::Quoted, isClosed ? end + 1 : line.size());
     token.text = line.substr(1, isClosed ? end - 1 : end);
     if (!isClosed)
-        teller_.TellError(token.spot, "unclosed-quote", "the quote is not closed on its line",
+        teller_.Tell(token.spot, Code::UnclosedQuote, "the quote is not closed on its line",
             fmt::format("put a {} behind the text", line[0]));
     return token;
 }
@@ -307,7 +307,7 @@ bool DeckText::TakeStructure(const Entry& entry, std::string_view word)
             Leave();
             return true;
         }
-        teller_.Tell(spot, "stray-endinc", Severity::Warning,
+        teller_.Tell(spot, Code::StrayEndinc,
             fmt::format("{} has no effect in a file that isn't included", entry.spelling),
             "END ends the deck");
         ++turns_;
@@ -364,14 +364,14 @@ void DeckText::ReadInclude(std::string_view word)
         Include(statement, name, std::string(token->name));
         return;
     }
-    teller_.TellError(name, "include-name", "the name of the file to include has no closing quote",
+    teller_.Tell(name, Code::IncludeName, "the name of the file to include has no closing quote",
         "close it on the same line");
     missedInclusion_ = true;
 }
 
 void DeckText::TellMissingName(const Spot& keyword)
 {
-    teller_.TellError(keyword, "include-name", "the name of the file to include is missing",
+    teller_.Tell(keyword, Code::IncludeName, "the name of the file to include is missing",
         "put it in quotes, with a slash behind it");
     missedInclusion_ = true;
 }
@@ -380,7 +380,7 @@ void DeckText::Include(const Spot& statement, const Spot& name, const std::strin
 {
     std::string resolved;
     if (aliases_.resolvePathAliases(text, resolved)) {
-        teller_.TellError(name, "unknown-alias",
+        teller_.Tell(name, Code::UnknownAlias,
             fmt::format("the path '{}' has an alias that is not defined", text),
             "the keyword PATHS defines aliases");
         missedInclusion_ = true;
@@ -399,7 +399,7 @@ void DeckText::Include(const Spot& statement, const Spot& name, const std::strin
             source = std::make_shared<SourceText>(SourceText::Read(path));
         Enter({path, std::move(source), statement});
     } catch (const SourceError& error) {
-        teller_.TellError(name, "include-missing", fmt::format("can't read '{}': {}", path, error.what()),
+        teller_.Tell(name, Code::IncludeMissing, fmt::format("can't read '{}': {}", path, error.what()),
             "a relative name starts from the folder of the deck");
         missedInclusion_ = true;
     }
@@ -410,17 +410,17 @@ bool DeckText::MayInclude(const Spot& name, const std::string& path, const Sourc
     const bool isLoop = std::any_of(frames_.begin(), frames_.end(),
         [&](const Frame& frame) { return files_.Get(frame.file).text->GetIdentity() == identity; });
     if (isLoop) {
-        teller_.TellError(name, "include-loop",
+        teller_.Tell(name, Code::IncludeLoop,
             fmt::format("'{}' is being read already and can't be included in itself", path));
         return false;
     }
     if (frames_.size() > deepestInclusion) {
-        teller_.TellError(name, "include-depth",
+        teller_.Tell(name, Code::IncludeDepth,
             fmt::format("more than {} files are included in one another", deepestInclusion));
         return false;
     }
     if (++inclusions_ > mostInclusions) {
-        teller_.TellError(name, "include-count",
+        teller_.Tell(name, Code::IncludeCount,
             fmt::format("more than {} inclusions; the rest of the deck is not read", mostInclusions));
         isEnded_ = true; // each further one would say the same
         return false;
@@ -444,7 +444,7 @@ void DeckText::Enter(DeckFile file)
     released_ = 0;
     if (!isWide)
         return;
-    teller_.TellError({GetFile(), 0, 0}, "encoding", "the file is in an encoding of 16-bit units",
+    teller_.Tell({GetFile(), 0, 0}, Code::Encoding, "the file is in an encoding of 16-bit units",
         "save it as plain text or in UTF-8");
     missedInclusion_ = true;
     position_ = end_;
@@ -474,7 +474,7 @@ void DeckText::Finish()
 void DeckText::TellOpenBlocks()
 {
     for (const SkipBlock& block : frames_.back().blocks)
-        teller_.TellError(block.opened, "unclosed-skip",
+        teller_.Tell(block.opened, Code::UnclosedSkip,
             fmt::format("the block that {} opens is not closed in this file", block.keyword),
             "close it with ENDSKIP");
 }
@@ -493,8 +493,8 @@ void DeckText::CloseBlock(const Spot& spot, std::string_view keyword)
     if (!frames_.back().blocks.empty())
         frames_.back().blocks.pop_back();
     else
-        teller_.TellError(
-            spot, "stray-endskip", fmt::format("{} ends no block that was opened in this file", keyword));
+        teller_.Tell(
+            spot, Code::StrayEndskip, fmt::format("{} ends no block that was opened in this file", keyword));
 }
 
 /// Only what opens and closes blocks counts in a block that is passed over.

@@ -75,7 +75,7 @@ std::string ListModes(const Entry& entry, SectionType::Enum section, Simulator s
 
 Objection WrongSection(const Entry& entry, SectionType::Enum section, const std::string& where)
 {
-    return {"wrong-section",
+    return {Code::WrongSection,
         fmt::format("{} is not valid in {}; it is valid in {}", entry.spelling,
             SectionType::ToString(section), where),
         ""};
@@ -83,14 +83,14 @@ Objection WrongSection(const Entry& entry, SectionType::Enum section, const std:
 
 Objection WrongSimulator(const Entry& entry, SectionType::Enum section, Simulator simulator)
 {
-    return {"wrong-simulator",
+    return {Code::WrongSimulator,
         fmt::format("{} is not valid for {}", entry.spelling, SimulatorType::ToString(simulator)),
         fmt::format("it is valid for {}", ListSimulators(entry, section))};
 }
 
 Objection WrongMode(const Entry& entry, SectionType::Enum section, const Target& target)
 {
-    return {"wrong-mode", fmt::format("{} is not valid in {}", entry.spelling, NameOf(target)),
+    return {Code::WrongMode, fmt::format("{} is not valid in {}", entry.spelling, NameOf(target)),
         fmt::format("it is valid in {}", ListModes(entry, section, target.simulator))};
 }
 
@@ -115,7 +115,7 @@ std::optional<Objection> FindObjection(const Entry& entry, SectionType::Enum sec
 
     const auto everywhere = ValidSections(entry, SimulatorType::Any, anyMode);
     if (everywhere.empty())
-        return Objection{"wrong-section", fmt::format("{} is valid in no section", entry.spelling), ""};
+        return Objection{Code::WrongSection, fmt::format("{} is valid in no section", entry.spelling), ""};
     if (section != SectionType::None) {
         const auto ofSimulator = ValidSections(entry, target.simulator, anyMode);
         if (!ofSimulator.empty())

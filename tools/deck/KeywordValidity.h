@@ -3,6 +3,7 @@
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/SimulatorModeType.h"
 #include "quor/foundation/SimulatorType.h"
+#include "tools/deck/Codes.h"
 #include "tools/deck/Vocabulary.h"
 
 #include <optional>
@@ -21,7 +22,7 @@ std::string NameOf(const Target& target);
 
 /// Why a keyword may not stand where it stands.
 struct Objection {
-    const char* code;
+    Code code;
     std::string message;
     std::string hint;
 };

@@ -1,15 +1,17 @@
 #include "tools/deck/Teller.h"
 
+#include <utility>
+
 namespace Veld::Quor::Tools::Deck {
 
-void Teller::Tell(
-    const Spot& spot, const char* code, Severity severity, std::string message, std::string hint)
+void Teller::Tell(const Spot& spot, Code code, std::string message, std::string hint)
 {
-    if (isMuted_ || !findings_.Admit(severity))
+    const CodeInfo& info = InfoOf(code);
+    if (isMuted_ || !findings_.Admit(info.severity))
         return;
     Finding finding;
-    finding.code = code;
-    finding.severity = severity;
+    finding.code = info.name;
+    finding.severity = info.severity;
     finding.place = files_.PlaceOf(spot);
     finding.length = spot.length;
     finding.message = std::move(message);

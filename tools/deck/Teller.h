@@ -1,10 +1,10 @@
 #pragma once
 
+#include "tools/deck/Codes.h"
 #include "tools/deck/DeckFile.h"
 #include "tools/deck/Finding.h"
 
 #include <string>
-#include <utility>
 
 namespace Veld::Quor::Tools::Deck {
 
@@ -17,12 +17,8 @@ public:
     {
     }
 
-    void Tell(
-        const Spot& spot, const char* code, Severity severity, std::string message, std::string hint = {});
-    void TellError(const Spot& spot, const char* code, std::string message, std::string hint = {})
-    {
-        Tell(spot, code, Severity::Error, std::move(message), std::move(hint));
-    }
+    void Tell(const Spot& spot, Code code, std::string message, std::string hint = {});
+
     /// Nothing is told, nor counted, while one with `isMuted` lives.
     class Muted {
     public:

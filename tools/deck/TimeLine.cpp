@@ -42,7 +42,7 @@ void TimeLine::FollowStart(const DeckKeyword& keyword)
     start_ = DataAccessUtils::GetTimeFromSTART(keyword.data.get());
     now_ = start_;
     if (!start_.IsDef())
-        teller_.TellError(keyword.name, "bad-date", "START: there is no such date", "as in 1 JAN 2020");
+        teller_.Tell(keyword.name, Code::BadDate, "START: there is no such date", "as in 1 JAN 2020");
 }
 
 void TimeLine::FollowDates(const DeckKeyword& keyword)
@@ -54,11 +54,11 @@ void TimeLine::FollowDates(const DeckKeyword& keyword)
         const auto times = DataAccessUtils::GetTimesFromDATES(one.get());
         const Spot spot{static_cast<std::uint32_t>(keyword.records[i].file), keyword.records[i].offset, 1};
         if (times.empty()) {
-            teller_.TellError(spot, "bad-date", "DATES: there is no such date", "as in 1 JAN 2020");
+            teller_.Tell(spot, Code::BadDate, "DATES: there is no such date", "as in 1 JAN 2020");
             continue;
         }
         if (now_.IsDef() && times.front() <= now_)
-            teller_.TellError(spot, "date-order",
+            teller_.Tell(spot, Code::DateOrder,
                 fmt::format("DATES: {} does not lie behind {}, which was reached before",
                     times.front().GetAsString(), now_.GetAsString()));
         else
@@ -70,7 +70,7 @@ void TimeLine::Advance(const DeckKeyword& keyword)
 {
     const Time next = DataAccessUtils::AdvanceTime(start_, now_, ticksPerUnit_, keyword.data.get());
     if (now_.IsDef() && next < now_)
-        teller_.TellError(keyword.name, "date-order",
+        teller_.Tell(keyword.name, Code::DateOrder,
             fmt::format("{}: {} lies before {}, which was reached already", keyword.syntax->GetName(),
                 next.GetAsString(), now_.GetAsString()));
     else

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "tools/deck/Finding.h"
+
+#include <vector>
+
+namespace Veld::Quor::Tools::Deck {
+
+/// What can be wrong with a deck.
+enum class Code {
+    UnknownKeyword,
+    LowerCase,
+    StrayText,
+    NoSection,
+    SectionOrder,
+    WrongSection,
+    WrongSimulator,
+    WrongMode,
+    MissingPrecedent,
+    TooFewValues,
+    TooManyValues,
+    NoDefault,
+    WrongType,
+    OutOfRange,
+    ColumnOrder,
+    WrongSize,
+    BadRepeat,
+    LongText,
+    NotAChoice,
+    AbbreviatedWord,
+    DeprecatedWord,
+    ChoiceNotValid,
+    ChoiceUnsupported,
+    ItemNotValid,
+    ItemUnsupported,
+    UnknownName,
+    UnknownVariable,
+    BadDate,
+    DateOrder,
+    UnclosedData,
+    UnclosedQuote,
+    UnclosedText,
+    UnclosedSkip,
+    UnclosedScope,
+    StrayEnd,
+    StrayEndskip,
+    StrayEndinc,
+    IncludeName,
+    IncludeMissing,
+    IncludeLoop,
+    IncludeDepth,
+    IncludeCount,
+    UnknownAlias,
+    Encoding,
+    Count,
+};
+
+struct CodeInfo {
+    Code code;
+    const char* name; ///< stable, for programs to go by
+    Severity severity;
+    const char* meaning; ///< one sentence
+};
+
+/// One row for each code, in the order of the codes.
+const std::vector<CodeInfo>& Codes();
+const CodeInfo& InfoOf(Code code);
+
+} // namespace Veld::Quor::Tools::Deck
