@@ -40,6 +40,7 @@ void PlanRecord(const IKeywordRecordMD& md, const Target& target, DataPlan& plan
         item.isIdentifier = md.IsIdentifier(i);
         if (item.type == MDType::Integer || item.type == MDType::Real) // nothing else has an order
             item.constraint = md.GetColumnConstraint(i);
+        plan.slots += item.slots;
         plan.hasConstraints = plan.hasConstraints || item.constraint != DataPlan::Constraint::None;
         if (target.simulator != SimulatorType::Any) {
             item.isValid = md.GetValidity(i).IsValid(target.simulator, target.mode);
@@ -53,6 +54,7 @@ DataPlan MakePlan(const IKeywordDataMD& md, const Target& target)
     DataPlan plan;
     plan.type = md.GetType();
     plan.md = &md;
+    plan.slots = plan.IsScalar() ? 1 : 0;
     if (KeywordUtils::IsItemMDType(plan.type) && plan.type != MDType::Assignment)
         plan.hasDefault = static_cast<const IKeywordItemMD&>(md).IsDefaultSpecified(target.simulator);
     switch (plan.type) {

@@ -4,6 +4,7 @@
 #include "quor/metadata/KeywordUtils.h"
 #include "tools/deck/KeywordValidity.h"
 
+#include <cstddef>
 #include <limits>
 #include <memory>
 #include <string>
@@ -38,6 +39,7 @@ struct DataPlan {
     // Records, lists and maps
     Termination::Enum termination = Termination::NONE;
     std::vector<DataPlan> items; ///< of a record; the one of a list
+    std::size_t slots = 0; ///< scalars that always exist: the scalar itself, those of a record at any depth
     bool hasConstraints = false; ///< some item of the record has one
 
     bool IsScalar() const { return Core::Keywords::KeywordUtils::IsItemMDType(type); }

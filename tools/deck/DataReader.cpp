@@ -19,7 +19,24 @@ namespace {
 using MDType = IKeywordDataMD::MDType;
 using Termination = DataPlan::Termination;
 
+bool StartsWithLine(const DataPlan& plan)
+{
+    return !plan.items.empty() && plan.items.front().type == MDType::Line;
+}
+
 } // namespace
+
+DataReader::DataReader(const Target& target, DeckText& text, Teller& teller, Deck::SizeOfName sizeOfName,
+    VariableTexts variables, bool keepsPlaces)
+    : target_(target)
+    , text_(text)
+    , teller_(teller)
+    , sizeOfName_(std::move(sizeOfName))
+    , variables_(std::move(variables))
+    , keepsPlaces_(keepsPlaces)
+{
+    text_.SetCommentSink([this](const Spot& spot, CommentKind kind) { NoteComment(spot, kind); });
+}
 
 void DataReader::Read(const DataPlan& plan, const Token& keyword, IKeywordData& data, bool mayBeShort,
     std::vector<RecordPlace>& places)
@@ -29,12 +46,18 @@ void DataReader::Read(const DataPlan& plan, const Token& keyword, IKeywordData& 
     mayBeShort_ = mayBeShort;
     repeats_ = 0;
     records_.clear();
+    notes_ = {};
+    position_ = {};
+    unknownVariables_ = 0;
+    if (plan.termination == Termination::EOL && !StartsWithLine(plan) && text_.IsAtLineEnd())
+        text_.PeekData(); // the line is the next one
     const bool endsByItself = plan.type != MDType::Raw && plan.termination == Termination::NONE;
     if (ReadRoot(plan, data, places) == Ended::Complete && endsByItself && Peek() == Got::Slash)
         Next(); // a slash behind data that end by themselves does no harm
     if (repeats_ > 0)
         teller_.Tell(value_.spot, Code::TooManyValues,
             fmt::format("{}: the repeat goes on beyond the end of the data by {}", keyword_.text, repeats_));
+    FinishNotes(data);
 }
 
 DataReader::Ended DataReader::ReadRoot(
@@ -119,6 +142,8 @@ DataReader::Got DataReader::Peek()
 {
     if (repeats_ > 0)
         return isDefault_ ? Got::Default : Got::Value;
+    if (isOneLine_ && text_.IsAtLineEnd())
+        return Got::Slash;
     switch (text_.PeekData().kind) {
     case Token::Kind::Keyword:
     case Token::Kind::End:
@@ -166,10 +191,14 @@ DataReader::Ended DataReader::ReadRecord(const DataPlan& plan, IKeywordRecordDat
     while (i < plan.items.size() && ended == Ended::Complete)
         ended = ReadItem(plan, i++, record);
     records_.pop_back();
+    if (ended == Ended::BySlash)
+        PassMissing(plan, i);
     if (ended == Ended::Complete)
         ended = EndRecord(plan);
     else if (ended == Ended::BySlash && plan.termination != Termination::NONE)
         ended = Ended::Complete;
+    if (plan.termination == Termination::SLASH)
+        ++position_.ends;
     isOneLine_ = wasOneLine;
     return ended;
 }
@@ -179,8 +208,12 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
 {
     const DataPlan& item = plan.items[index];
     void* const place = record.GetData(static_cast<int>(index));
-    if (!item.IsScalar())
-        return ReadContainer(item, *static_cast<IKeywordData*>(place));
+    if (!item.IsScalar()) {
+        path_.push_back(static_cast<int>(index));
+        const Ended ended = ReadContainer(item, *static_cast<IKeywordData*>(place));
+        path_.pop_back();
+        return ended;
+    }
     if (item.type == MDType::Line) {
         const Token line = text_.NextLine(records_.size() == 1 && index == 0);
         if (line.kind == Token::Kind::Word) {
@@ -188,6 +221,8 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
             last_ = line.spot;
             ++taken_;
         }
+        value_ = line;
+        Pass();
         return Ended::Complete;
     }
     switch (Next()) {
@@ -195,11 +230,13 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
         return Unclosed("record");
     case Got::Slash:
         CheckMissing(plan, index, value_.spot);
+        PassMissing(item, 0);
         return Ended::BySlash;
     case Got::Default:
         if (!item.MayBeMissing())
             teller_.Tell(
                 value_.spot, Code::NoDefault, fmt::format("{} has no default", In(item)), "give its value");
+        Pass();
         return Ended::Complete;
     case Got::Value:
         break;
@@ -251,6 +288,9 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
     case MDType::Record:
         break;
     }
+    if (isVariable_)
+        NoteVariable(static_cast<int>(index), 1);
+    Pass();
     return Ended::Complete;
 }
 

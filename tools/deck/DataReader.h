@@ -1,6 +1,7 @@
 #pragma once
 
 #include "quor/data/IKeywordData.h"
+#include "tools/deck/DataNotes.h"
 #include "tools/deck/DataPlan.h"
 #include "tools/deck/DeckText.h"
 #include "tools/deck/NumberText.h"
@@ -9,7 +10,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,22 +37,29 @@ struct RecordPlace {
     }
 };
 
+/// Texts that stand for variables, by name with the "$".
+using VariableTexts = std::map<std::string, std::string>;
+
 /// Reads what stands behind a keyword into its data, as its metadata say, and tells what is wrong. One wrong
 /// word is told once; behind it, reading goes on.
 class DataReader {
 public:
-    DataReader(const Target& target, DeckText& text, Teller& teller, Deck::SizeOfName sizeOfName)
-        : target_(target)
-        , text_(text)
-        , teller_(teller)
-        , sizeOfName_(std::move(sizeOfName))
-    {
-    }
+    /// `keepsPlaces`: the notes get the spot of each value, at a cost in time and memory.
+    DataReader(const Target& target, DeckText& text, Teller& teller, Deck::SizeOfName sizeOfName,
+        VariableTexts variables, bool keepsPlaces);
 
     /// The text stands behind `keyword`. Where the outermost data are a list, `places` gets the begin of each
     /// element.
     void Read(const DataPlan& plan, const Token& keyword, Core::Keywords::IKeywordData& data, bool mayBeShort,
         std::vector<RecordPlace>& places);
+
+    /// What stood in the text of the keyword beside its data.
+    DataNotes TakeNotes() { return std::move(notes_); }
+
+    /// How many variables of the keyword have no value.
+    std::size_t GetUnknownVariableCount() const { return unknownVariables_; }
+    /// How many have been told so far.
+    std::size_t GetToldVariableCount() const { return toldVariables_.size(); }
 
     /// Where in its file the keyword ended, if it did so in the file in which it began.
     std::size_t GetEnd() const { return last_.offset + last_.length; }
@@ -86,6 +96,8 @@ private:
     void CheckMissing(const DataPlan& plan, std::size_t first, const Spot& spot);
     Ended ReadList(
         const DataPlan& plan, Core::Keywords::IKeywordListData& list, std::vector<RecordPlace>* places);
+    Ended ReadElementsOf(
+        const DataPlan& plan, Core::Keywords::IKeywordListData& list, std::vector<RecordPlace>* places);
     Ended ReadElements(const DataPlan& plan, long long size, Core::Keywords::IKeywordListData& list,
         std::vector<RecordPlace>* places);
     Ended ReadEachElement(const DataPlan& plan, long long size, Core::Keywords::IKeywordListData& list,
@@ -109,6 +121,19 @@ private:
     Ended SkipToSlash();
     Ended Unclosed(const char* what);
 
+    /// A slot was passed, or several that `value_` stands for.
+    void Pass(std::size_t slots = 1);
+    void PassMissing(const DataPlan& record, std::size_t firstItem);
+    void NoteComment(const Spot& spot, CommentKind kind);
+    void FinishNotes(const Core::Keywords::IKeywordData& data);
+
+    /// Empty if there is no variable in `value_`; else whether it has a value.
+    template <class T>
+    std::optional<bool> ConvertVariables(const DataPlan& item, T& value);
+    std::optional<std::string> ReplaceVariables(const Core::Keywords::VariablesString& text);
+    void TellVariable(const std::string& name);
+    void NoteVariable(int index, long long count);
+
     bool Convert(const DataPlan& item, double& value);
     bool Convert(const DataPlan& item, int& value);
     bool Convert(const DataPlan& item, bool& value);
@@ -128,6 +153,10 @@ private:
     DeckText& text_;
     Teller& teller_;
     Deck::SizeOfName sizeOfName_;
+    VariableTexts variables_;
+    std::set<std::string> toldVariables_;
+    std::size_t unknownVariables_ = 0;
+    bool keepsPlaces_;
 
     // Of the keyword being read
     Token keyword_;
@@ -140,6 +169,19 @@ private:
     bool isDefault_ = false; // `value_` stands for a default
     Spot last_; // of the last word
     std::string choiceMessage_;
+    DataNotes notes_;
+    DataPosition position_;
+    std::vector<int> path_; // from the root to what is being read
+    bool isVariable_ = false; // `value_` was one
+    bool isReplaced_ = false; // variables stand no longer in `value_`
+    struct VariablePlace {
+        std::vector<int> path;
+        int index;
+        int count;
+        std::string key; // of a map; else empty
+        std::string text;
+    };
+    std::vector<VariablePlace> variablePlaces_;
     /// The values before, of the records of a list; no number: none so far, infinite: out of order already.
     struct Columns {
         const DataPlan* record;

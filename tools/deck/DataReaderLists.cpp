@@ -115,6 +115,15 @@ DataReader::Ended DataReader::ReadList(
 {
     if (plan.items.empty())
         return Ended::Complete;
+    const bool wasOneLine = std::exchange(isOneLine_, plan.termination == Termination::EOL);
+    const Ended ended = ReadElementsOf(plan, list, places);
+    isOneLine_ = wasOneLine;
+    return ended;
+}
+
+DataReader::Ended DataReader::ReadElementsOf(
+    const DataPlan& plan, IKeywordListData& list, std::vector<RecordPlace>* places)
+{
     const DataPlan& item = plan.items.front();
     const long long size = SizeOf(ListMD(plan).GetSize());
     switch (item.type) {
@@ -157,9 +166,12 @@ bool DataReader::HasMore(const DataPlan& plan, long long size, const IKeywordLis
     }
     if (const auto* words = ListMD(plan).GetCustomReadTermination()) {
         bool ignored = false;
-        if (got != Got::Default && repeats_ == 0
+        if (got != Got::Default && repeats_ == 0 && text_.PeekData().kind != Token::Kind::Quoted
             && words->Matches(std::string(text_.PeekData().text), ignored)) {
-            last_ = text_.NextData().spot;
+            const Token word = text_.NextData();
+            last_ = word.spot;
+            notes_.endWords.emplace_back(word.text);
+            ++position_.ends;
             return false;
         }
     } else if (got == Got::Slash) {
@@ -170,6 +182,8 @@ bool DataReader::HasMore(const DataPlan& plan, long long size, const IKeywordLis
         CheckSize(plan, size, list.GetSize(), value_.spot);
         if (endsByItself)
             ended = Ended::BySlash;
+        else if (plan.termination == Termination::SLASH)
+            ++position_.ends;
         return false;
     }
     return true;
@@ -196,12 +210,17 @@ DataReader::Ended DataReader::ReadEachElement(
         if (places)
             places->push_back(RecordPlace::Of(begin));
         const std::size_t taken = taken_;
+        path_.push_back(static_cast<int>(list.GetSize()));
         ended = ReadContainer(plan.items.front(), *static_cast<IKeywordData*>(list.AddData(nullptr)));
+        path_.pop_back();
         if (ended == Ended::ByStop)
             return ended;
         if (ended == Ended::BySlash) { // of the list: it came within the element
             CheckSize(plan, size, list.GetSize(), value_.spot);
-            return plan.termination == Termination::NONE ? ended : Ended::Complete;
+            if (plan.termination == Termination::NONE)
+                return ended;
+            ++position_.ends;
+            return Ended::Complete;
         }
         if (taken == taken_) { // elements of no size would go on for ever
             teller_.Tell(begin, Code::TooManyValues,
@@ -230,7 +249,7 @@ DataReader::Ended DataReader::ReadValues(const DataPlan& plan, long long size, I
         if (item.type == MDType::String) {
             std::string value =
                 isDefault ? DefaultOf<IKeywordStringMD, std::string>(item, simulator) : std::string();
-            if (isDefault || Convert(item, value))
+            if (isDefault || Convert(item, value) || isVariable_)
                 list.AddData(&value);
         } else if (item.type == MDType::Boolean) {
             bool value = isDefault && DefaultOf<IKeywordBooleanMD, bool>(item, simulator);
@@ -240,11 +259,15 @@ DataReader::Ended DataReader::ReadValues(const DataPlan& plan, long long size, I
             }
         } else {
             int value = isDefault ? DefaultOf<IKeywordChoiceMD, int>(item, simulator) : 0;
-            if (isDefault || Convert(item, value))
+            if (isDefault || Convert(item, value) || isVariable_)
                 list.AddData(&value);
         }
+        const auto index = static_cast<std::size_t>(list.GetSize() - 1);
         if (isDefault)
-            list.SetDefaulted(static_cast<std::size_t>(list.GetSize() - 1), true);
+            list.SetDefaulted(index, true);
+        if (isVariable_)
+            NoteVariable(static_cast<int>(index), 1);
+        Pass();
     }
     longestRepeat_ = longest;
     return ended;
@@ -254,7 +277,7 @@ DataReader::Ended DataReader::ReadValues(const DataPlan& plan, long long size, I
 template <class T>
 void DataReader::ReadPlainNumbers(const DataPlan& item, long long most, IKeywordListData& list)
 {
-    if (text_.HasPeeked() || repeats_ > 0)
+    if (text_.HasPeeked() || repeats_ > 0 || keepsPlaces_)
         return;
     constexpr std::size_t room = 4096;
     T values[room];
@@ -283,6 +306,7 @@ void DataReader::ReadPlainNumbers(const DataPlan& item, long long most, IKeyword
         }
         most -= static_cast<long long>(count);
         taken_ += count;
+        position_.slots += count;
         text_.Take(taken);
     }
 }
@@ -319,11 +343,13 @@ DataReader::Ended DataReader::ReadNumbers(const DataPlan& plan, long long size, 
             if (ListMD(plan).FillEmptyElementsWithPreviousValue() && list.GetSize() > 0)
                 value = *static_cast<const T*>(list.GetData(static_cast<std::size_t>(list.GetSize() - 1)));
         } else if (!Convert(item, value)) {
-            continue;
+            if (!isVariable_)
+                continue;
+            value = T();
         }
         const long long count = repeats_ + 1;
         repeats_ = 0;
-        if (got == Got::Value
+        if (got == Got::Value && !isVariable_
             && (static_cast<double>(value) < item.min || static_cast<double>(value) > item.max)) {
             if (beyond == 0) {
                 firstBeyond = value_.spot;
@@ -336,7 +362,10 @@ DataReader::Ended DataReader::ReadNumbers(const DataPlan& plan, long long size, 
         if (surplus == 0 && kept < count)
             firstSurplus = value_.spot;
         surplus += count - kept;
+        if (isVariable_)
+            NoteVariable(static_cast<int>(list.GetSize()), kept);
         AppendRepeated(list, value, kept, got == Got::Default && isDefaultable);
+        Pass(static_cast<std::size_t>(kept));
     }
     longestRepeat_ = longest;
     if (beyond > 0)
@@ -358,11 +387,17 @@ DataReader::Ended DataReader::ReadLines(const DataPlan& plan, IKeywordListData& 
         last_ = line.spot;
         bool ignored = false;
         const bool isEnd = words ? words->Matches(std::string(line.text), ignored) : line.text == "/";
-        if (isEnd)
+        if (isEnd && words)
+            notes_.endWords.emplace_back(line.text);
+        if (isEnd) {
+            ++position_.ends;
             return Ended::Complete;
+        }
         ++taken_;
         const std::string text(line.text);
         list.AddData(&text);
+        value_ = line;
+        Pass();
     }
 }
 

@@ -46,6 +46,8 @@ DataReader::Ended DataReader::ReadMap(const DataPlan& plan, IKeywordMapData& map
         if (got == Got::Stop || got == Got::Slash)
             break;
     }
+    if (plan.termination == Termination::SLASH)
+        ++position_.ends;
     isOneLine_ = wasOneLine;
     return ended;
 }
@@ -65,7 +67,15 @@ void DataReader::ReadAssignment(IKeywordMapData& map)
     }
     if (isGiven && number.empty() && Peek() == Got::Value)
         number = text_.NextData().text;
-    const std::optional<int> value = isGiven ? ToInteger(number) : 1;
+    std::optional<int> value = isGiven ? ToInteger(number) : 1;
+    if (!value && VariablesString::ContainsVariables(std::string(number))) {
+        const VariablesString text((std::string(number)));
+        variablePlaces_.push_back({path_, 0, 1, name, text.GetString()});
+        const auto replaced = ReplaceVariables(text);
+        if (!replaced)
+            return;
+        value = ToInteger(*replaced);
+    }
     if (!value) {
         teller_.Tell(spot, Code::WrongType,
             fmt::format("{}, {}: '{}' is no whole number", keyword_.text, Shorten(name), Shorten(number)));
@@ -111,6 +121,8 @@ bool DataReader::Convert(const DataPlan& item, double& value)
 {
     const auto real = value_.kind == Token::Kind::Word ? ToReal(value_.text) : std::nullopt;
     if (!real) {
+        if (const auto converted = ConvertVariables(item, value))
+            return *converted;
         TellWrong(item, "a number");
         return false;
     }
@@ -124,6 +136,8 @@ bool DataReader::Convert(const DataPlan& item, int& value)
         return ConvertChoice(item, value);
     const auto number = value_.kind == Token::Kind::Word ? ToInteger(value_.text) : std::nullopt;
     if (!number) {
+        if (const auto converted = ConvertVariables(item, value))
+            return *converted;
         TellWrong(item, "a whole number");
         return false;
     }
@@ -137,6 +151,8 @@ bool DataReader::Convert(const DataPlan& item, bool& value)
     const bool isTrue = word == "YES" || word == "Y" || word == "TRUE" || word == "T";
     const bool isFalse = word == "NO" || word == "N" || word == "FALSE" || word == "F";
     if (!isTrue && !isFalse) {
+        if (const auto converted = ConvertVariables(item, value))
+            return *converted;
         TellWrong(item, "YES or NO");
         return false;
     }
@@ -146,6 +162,8 @@ bool DataReader::Convert(const DataPlan& item, bool& value)
 
 bool DataReader::Convert(const DataPlan& item, std::string& value)
 {
+    if (const auto converted = ConvertVariables(item, value); converted && *converted)
+        return true;
     value = value_.text;
     if (item.longest > 0 && CountCharacters(value_.text) > static_cast<std::size_t>(item.longest))
         teller_.Tell(value_.spot, Code::LongText,
@@ -162,6 +180,8 @@ bool DataReader::ConvertChoice(const DataPlan& item, int& value)
     choiceMessage_.clear();
     value = choice.GetIndex(word, message);
     if (value < 0) {
+        if (const auto converted = ConvertVariables(item, value))
+            return *converted;
         teller_.Tell(value_.spot, Code::NotAChoice,
             fmt::format("{}: {} is not one of its words", In(item), Shorten(word)),
             HintOfChoice(choice, word));

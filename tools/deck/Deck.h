@@ -23,8 +23,10 @@ struct DeckKeyword {
     Spot name;
     Spot whole; ///< with its data; of no length if they go on in another file, or around a skipped block
     std::unique_ptr<Core::Keywords::IKeywordData> data; ///< null if it carries nothing
+    std::unique_ptr<DataNotes> notes; ///< null if there is nothing to note
     std::vector<RecordPlace>
         records; ///< of the elements of its outermost list, if that is one of records or lists
+    bool isSound; ///< its data are what its text says: nothing is wrong but for warnings and variables
 };
 
 /// A deck as it was read. What was no keyword and no data (comments, blank lines, inclusions, skipped blocks,
@@ -46,6 +48,8 @@ struct ReadOptions {
     Target target;
     std::size_t maxFindings = 200;
     DeckText::Progress progress = {};
+    VariableTexts variables = {}; ///< what the variables of the deck stand for
+    bool keepsPlaces = false; ///< whether the notes of each keyword get the spots of its values
 };
 
 /// Reads a deck whole; what is wrong with it is among its findings. Throws `SourceError` if the deck itself

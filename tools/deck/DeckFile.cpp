@@ -16,6 +16,7 @@ std::size_t StartOfLine(std::string_view text, std::size_t offset)
 
 std::uint32_t DeckFiles::Add(DeckFile file)
 {
+    file.end = file.text->GetText().size();
     files_.push_back({std::move(file)});
     return static_cast<std::uint32_t>(files_.size() - 1);
 }

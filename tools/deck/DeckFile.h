@@ -27,12 +27,14 @@ struct DeckFile {
     std::shared_ptr<const SourceText> text;
     std::optional<Spot> inclusion; ///< from the keyword that led here to the end of the line with the name;
                                    ///< none for the deck itself
+    std::size_t end = 0; ///< where reading left it: before the word that ends an included file, or behind all
 };
 
 /// The files of a deck, in the order in which reading came to them: the deck itself is the first.
 class DeckFiles {
 public:
     std::uint32_t Add(DeckFile file);
+    void SetEnd(std::uint32_t file, std::size_t end) { files_[file].file.end = end; }
 
     std::size_t GetSize() const { return files_.size(); }
     const DeckFile& Get(std::uint32_t file) const { return files_[file].file; }

@@ -62,8 +62,10 @@ public:
         , text_(path, options.target, vocabulary, deck_->files, teller_)
         , plans_(options.target)
         , dimensions_(vocabulary.GetTable(), options.target.simulator)
-        , data_(options.target, text_, teller_,
-              [this](const std::string& name) { return dimensions_.Find(name); })
+        , data_(
+              options.target, text_, teller_,
+              [this](const std::string& name) { return dimensions_.Find(name); }, options.variables,
+              options.keepsPlaces)
         , timeLine_(teller_)
     {
         text_.SetProgress(options.progress);
@@ -195,15 +197,19 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry)
     if (entry.role == KeywordDeckRole::Section)
         EnterSection(head, entry);
     const bool isTold = entry.role != KeywordDeckRole::Section && !IsWelcome(head, entry);
-    DeckKeyword keyword{&vocabulary_.Get(entry, section_), section_, head.spot, head.spot, nullptr, {}};
-    const std::size_t errors = deck_->findings.GetCount(Severity::Error);
+    DeckKeyword keyword{
+        &vocabulary_.Get(entry, section_), section_, head.spot, head.spot, nullptr, nullptr, {}, true};
+    const auto countErrors = [this] {
+        return deck_->findings.GetCount(Severity::Error) - data_.GetToldVariableCount();
+    };
+    const std::size_t errors = countErrors();
     if (keyword.syntax->GetDataMD())
         ReadData(keyword, head, isTold);
     else
         CheckNoData(head);
+    keyword.isSound = !isTold && errors == countErrors();
     deck_->keywords.push_back(std::move(keyword));
-    const bool isWhole = !isTold && errors == deck_->findings.GetCount(Severity::Error);
-    if (isWhole)
+    if (deck_->keywords.back().isSound && data_.GetUnknownVariableCount() == 0)
         Follow(deck_->keywords.back());
     CheckPrecedents(deck_->keywords.back());
     FollowScopes(deck_->keywords.back());
@@ -262,6 +268,8 @@ void DeckReader::ReadData(DeckKeyword& keyword, const Token& head, bool isTold)
     const Teller::Muted muted(teller_, isTold);
     data_.Read(plans_.Get(*keyword.syntax->GetDataMD()), head, *keyword.data,
         cell && cell->CopyLayerAboveByDefault(), keyword.records);
+    if (DataNotes notes = data_.TakeNotes(); !notes.IsEmpty())
+        keyword.notes = std::make_unique<DataNotes>(std::move(notes));
     keyword.whole.length = turns == text_.GetTurns() ? data_.GetEnd() - head.spot.offset : 0;
 }
 

@@ -26,6 +26,12 @@ bool EndsWord(std::string_view text, std::size_t offset)
         || (IsQuote(c) && text[offset - 1] == '*');
 }
 
+std::string_view TrimBlanks(std::string_view line)
+{
+    const std::size_t first = std::min(line.find_first_not_of(" \t"), line.size());
+    return line.substr(first, line.find_last_not_of(" \t") + 1 - first);
+}
+
 } // namespace
 
 DeckText::DeckText(
@@ -36,7 +42,7 @@ DeckText::DeckText(
     , files_(files)
     , teller_(teller)
 {
-    Enter({path, std::make_shared<SourceText>(SourceText::Read(path)), std::nullopt});
+    Enter({path, std::make_shared<SourceText>(SourceText::Read(path)), std::nullopt, 0});
 }
 
 // Reading
@@ -113,6 +119,7 @@ Token DeckText::ScanData()
         const char c = *position_;
         if (c == '/') {
             const Token slash = TakeToken(Token::Kind::Slash, 1);
+            NoteRemark();
             SkipLine();
             return slash;
         }
@@ -180,6 +187,7 @@ Token DeckText::NextLine(bool isDirectlyBehind)
     if (!IsAtLineStart()) {
         if (!IsEmpty(GetLine()))
             return TakeLine();
+        NoteComment();
         SkipLine();
     }
     while (!isEnded_) {
@@ -192,6 +200,7 @@ Token DeckText::NextLine(bool isDirectlyBehind)
         const std::string_view line = GetLine();
         if (IsComment(line) || (!isDirectlyBehind && IsEmpty(line))) {
             isDirectlyBehind = false;
+            NoteComment();
             SkipLine();
             continue;
         }
@@ -206,9 +215,7 @@ Token DeckText::NextLine(bool isDirectlyBehind)
 /// What is left of the line, without the blanks around it.
 Token DeckText::TakeLine()
 {
-    std::string_view line = GetLine();
-    const std::size_t first = std::min(line.find_first_not_of(" \t"), line.size());
-    line = line.substr(first, line.find_last_not_of(" \t") + 1 - first);
+    const std::string_view line = TrimBlanks(GetLine());
     const Token token{Token::Kind::Word, SpotOf(line), line};
     SkipLine();
     return token;
@@ -239,6 +246,30 @@ void DeckText::Take(std::size_t count)
         Release();
 }
 
+/// The comment that the rest of the line holds, if any.
+void DeckText::NoteComment()
+{
+    if (!commentSink_)
+        return;
+    const std::string_view line = TrimBlanks(GetLine());
+    if (line.empty())
+        return;
+    const Spot spot = SpotOf(line);
+    const auto [whole, start] = files_.LineOf(spot);
+    const bool isAlone = IsEmpty(whole.substr(0, spot.offset - start));
+    commentSink_(spot, isAlone ? CommentKind::OwnLine : CommentKind::BehindText);
+}
+
+/// What stands behind a slash.
+void DeckText::NoteRemark()
+{
+    if (!commentSink_)
+        return;
+    const std::string_view line = TrimBlanks(GetLine());
+    if (!line.empty())
+        commentSink_(SpotOf(line), CommentKind::BehindSlash);
+}
+
 /// Bytes that were read stay in the file, and needn't stay in memory.
 void DeckText::Release()
 {
@@ -265,6 +296,7 @@ bool DeckText::SkipToText()
                 return false;
             Leave();
         } else if (IsCommentAt(GetRest(), 0)) {
+            NoteComment();
             SkipLine();
         } else {
             return true;
@@ -302,11 +334,12 @@ bool DeckText::TakeStructure(const Entry& entry, std::string_view word)
         isEnded_ = true;
         return true;
     case KeywordDeckRole::EndInclude:
-        position_ += word.size();
         if (frames_.size() > 1) {
+            files_.SetEnd(GetFile(), spot.offset);
             Leave();
             return true;
         }
+        position_ += word.size();
         teller_.Tell(spot, Code::StrayEndinc,
             fmt::format("{} has no effect in a file that isn't included", entry.spelling),
             "END ends the deck");
@@ -397,7 +430,7 @@ void DeckText::Include(const Spot& statement, const Spot& name, const std::strin
         std::shared_ptr<const SourceText> source = texts_[identity].lock();
         if (!source)
             source = std::make_shared<SourceText>(SourceText::Read(path));
-        Enter({path, std::move(source), statement});
+        Enter({path, std::move(source), statement, 0});
     } catch (const SourceError& error) {
         teller_.Tell(name, Code::IncludeMissing, fmt::format("can't read '{}': {}", path, error.what()),
             "a relative name starts from the folder of the deck");

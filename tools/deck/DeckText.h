@@ -34,6 +34,13 @@ struct Token {
     const Entry* entry = nullptr; ///< of a keyword
 };
 
+/// How a comment stands to what is around it.
+enum class CommentKind {
+    OwnLine,
+    BehindText, ///< on the line of a word
+    BehindSlash, ///< the rest of the line, which need not begin with hyphens
+};
+
 /// The text of a deck as one stream, whatever files it stands in. Comments, inclusions, skipped blocks and
 /// the end of the deck are dealt with here, within the data of a keyword as well, and not seen above.
 class DeckText {
@@ -41,6 +48,9 @@ public:
     /// Called now and then with how many bytes of the deck were passed, and of how many that are known so
     /// far.
     using Progress = std::function<void(std::size_t done, std::size_t known)>;
+
+    /// Called with each comment that is passed over. Empty for none.
+    using CommentSink = std::function<void(const Spot&, CommentKind)>;
 
     /// All but `path` must outlive it. Throws `SourceError` if the deck can't be read.
     DeckText(const std::string& path, const Target& target, Vocabulary& vocabulary, DeckFiles& files,
@@ -91,6 +101,7 @@ public:
 
     Core::Keywords::PathAliases& GetAliases() { return aliases_; }
     void SetProgress(Progress progress) { progress_ = std::move(progress); }
+    void SetCommentSink(CommentSink sink) { commentSink_ = std::move(sink); }
 
 private:
     /// A block between a skip keyword and its end.
@@ -116,6 +127,8 @@ private:
     Token TakeToken(Token::Kind kind, std::size_t length);
     Token TakeQuoted();
     Token TakeLine();
+    void NoteComment();
+    void NoteRemark();
     void Release();
 
     void ReadInclude(std::string_view keyword);
@@ -137,6 +150,7 @@ private:
     Teller& teller_;
     Core::Keywords::PathAliases aliases_;
     Progress progress_;
+    CommentSink commentSink_;
 
     std::vector<Frame> frames_; // the deck first, then one inclusion after the other
     const char* begin_ = nullptr; // of the file being read

@@ -1,0 +1,161 @@
+#include "tools/deck/DataLines.h"
+
+#include "tools/deck/LineText.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace Veld::Quor::Tools::Deck {
+
+namespace {
+
+/// Numbers stand below one another on the right, texts on the left.
+std::string Pad(const std::string& text, std::size_t width, bool isRight)
+{
+    const std::string blanks(width - std::min(width, text.size()), ' ');
+    return isRight ? blanks + text : text + blanks;
+}
+
+struct Column {
+    std::size_t first; // cell
+    std::size_t count; // of cells without a value, or one with
+    std::size_t width = 0;
+    bool isNumber = true;
+};
+
+bool HasValue(const TableRow& row, std::size_t cell)
+{
+    return cell < row.cells.size() && !row.cells[cell].text.empty();
+}
+
+std::vector<Column> FindColumns(const std::vector<TableRow>& rows)
+{
+    std::size_t cells = 0;
+    for (const TableRow& row : rows)
+        cells = std::max(cells, row.cells.size());
+    std::vector<Column> columns;
+    bool wasEmpty = false;
+    for (std::size_t i = 0; i < cells; ++i) {
+        const bool isEmpty =
+            std::none_of(rows.begin(), rows.end(), [i](const TableRow& row) { return HasValue(row, i); });
+        if (isEmpty && wasEmpty)
+            ++columns.back().count;
+        else
+            columns.push_back({i, 1});
+        wasEmpty = isEmpty;
+    }
+    return columns;
+}
+
+/// Of the column; empty if the row ends before it.
+std::string TextOf(const TableRow& row, const Column& column)
+{
+    if (column.first >= row.cells.size())
+        return {};
+    if (HasValue(row, column.first))
+        return row.cells[column.first].text;
+    return MissingText(std::min(column.count, row.cells.size() - column.first));
+}
+
+void MeasureColumns(const std::vector<TableRow>& rows, std::vector<Column>& columns)
+{
+    for (Column& column : columns) {
+        for (const TableRow& row : rows) {
+            column.width = std::max(column.width, TextOf(row, column).size());
+            if (HasValue(row, column.first))
+                column.isNumber = column.isNumber && row.cells[column.first].isNumber;
+        }
+    }
+}
+
+} // namespace
+
+DataLines::DataLines(std::string_view name, std::size_t width)
+    : width_(width)
+    , isBroken_(true)
+    , line_(name)
+{
+}
+
+void DataLines::Word(std::string_view word)
+{
+    if (isBroken_ || (wraps_ && line_.size() + 1 + word.size() > width_ && line_.size() > indent_))
+        EndLine();
+    line_ += line_.empty() ? std::string(indent_, ' ') : " ";
+    line_ += word;
+    isBehindSlash_ = word == "/";
+}
+
+void DataLines::Numbers(const std::vector<std::string>& words)
+{
+    std::size_t width = 0;
+    for (const std::string& word : words)
+        width = std::max(width, word.size());
+    for (const std::string& word : words)
+        Word(Pad(word, width, true));
+}
+
+void DataLines::Comment(std::string_view comment, bool isIndented)
+{
+    EndLine();
+    isBehindSlash_ = false;
+    line_ = isIndented ? std::string(indent_, ' ') : std::string();
+    line_ += comment;
+    isBroken_ = true;
+}
+
+void DataLines::Behind(std::string_view comment)
+{
+    if (!line_.empty())
+        line_ += ' ';
+    if (!isBehindSlash_ && !IsComment(comment))
+        line_ += "-- ";
+    line_ += comment;
+    isBroken_ = true;
+    isBehindSlash_ = false;
+}
+
+void DataLines::EndLine()
+{
+    isBroken_ = false;
+    if (line_.empty())
+        return;
+    line_.erase(line_.find_last_not_of(' ') + 1);
+    text_ += line_;
+    text_ += '\n';
+    line_.clear();
+}
+
+std::string DataLines::Take()
+{
+    line_.erase(line_.find_last_not_of(' ') + 1);
+    return text_ + line_;
+}
+
+void WriteTable(const std::vector<TableRow>& rows, DataLines& lines)
+{
+    std::vector<Column> columns = FindColumns(rows);
+    MeasureColumns(rows, columns);
+    for (const TableRow& row : rows) {
+        for (const auto& [comment, isIndented] : row.above)
+            lines.Comment(comment, isIndented);
+        lines.Break();
+        for (const Column& column : columns) {
+            if (const std::string text = TextOf(row, column); !text.empty())
+                lines.Word(Pad(text, column.width, column.isNumber));
+        }
+        if (row.isEnded)
+            lines.Word("/");
+        if (!row.behind.empty())
+            lines.Behind(row.behind);
+        lines.Break();
+    }
+}
+
+std::string MissingText(std::size_t count)
+{
+    return fmt::format("{}*", count);
+}
+
+} // namespace Veld::Quor::Tools::Deck

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+namespace Veld::Quor::Core::Keywords {
+class IKeywordNumericMD;
+}
+
+namespace Veld::Quor::Tools::Deck {
+
+/// The shortest text that reads back as the same number, or that of the item's format if it does so too.
+std::string NumberToText(double value, const Core::Keywords::IKeywordNumericMD& md);
+std::string NumberToText(int value, const Core::Keywords::IKeywordNumericMD& md);
+
+/// The text as a word of a deck, in quotes where it needs them. Throws `std::invalid_argument` for a text
+/// that no deck can hold: one of several lines, or with both kinds of quotes.
+std::string Quote(const std::string& text);
+
+} // namespace Veld::Quor::Tools::Deck
