@@ -7,6 +7,7 @@
 #include "tools/deck/DeckFile.h"
 #include "tools/deck/Finding.h"
 #include "tools/deck/KeywordValidity.h"
+#include "tools/deck/Teller.h"
 #include "tools/deck/Vocabulary.h"
 
 #include <cstddef>
@@ -46,6 +47,7 @@ struct ReadOptions {
     Target target;
     std::size_t maxFindings = 200;
     DeckText::Progress progress = {};
+    KnownFinding isKnown = {};
 };
 
 /// Reads a deck whole; what is wrong with it is among its findings. Throws `SourceError` if the deck itself
