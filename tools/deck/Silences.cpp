@@ -109,8 +109,8 @@ Silences::CodeSet Silences::ReadCodes(std::string_view words)
     for (std::string_view word = TakeWord(words); !word.empty(); word = TakeWord(words)) {
         isAll = false;
         const auto& rows = Codes();
-        const auto row =
-            std::find_if(rows.begin(), rows.end(), [word](const CodeInfo& info) { return info.name == word; });
+        const auto row = std::find_if(
+            rows.begin(), rows.end(), [word](const CodeInfo& info) { return info.name == word; });
         if (row != rows.end()) {
             codes.set(static_cast<std::size_t>(row->code));
             continue;
