@@ -76,7 +76,9 @@ const std::vector<Remedy>& Remedies()
             "SCHEDULE\nWCONPROD\n 'P1' OPEN CRAT /\n/\n", "SCHEDULE\nWCONPROD\n 'P1' OPEN ORAT 100 /\n/\n",
             carrow},
         {Code::ChoiceUnsupported, "Choose another word, or don't count on what this one asks for.", "", ""},
-        {Code::ItemNotValid, "Leave the value out: write 1* in its place.", "", ""},
+        {Code::ItemNotValid, "Leave the value out: write 1* in its place.",
+            "SOLUTION\nEQUIL\n 2000 200 2100 0 1500 0 0 0 0 1 /\n",
+            "SOLUTION\nEQUIL\n 2000 200 2100 0 1500 0 0 0 0 1* /\n", dunmereBlackOil},
         {Code::ItemUnsupported, "Leave the value out, or don't count on its effect.",
             "SCHEDULE\nWELSPECS\n 'P1' 'G' 1 1 2000 OIL /\n/\nCOMPDAT\n 'P1' 1 1 1 1 OPEN 1* 1* 0.2 1* 0 "
             "0.01 /\n/\n",
