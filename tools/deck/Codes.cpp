@@ -57,6 +57,7 @@ const std::vector<CodeInfo>& Codes()
         {Code::IncludeCount, "include-count", error, "Too many files are included."},
         {Code::UnknownAlias, "unknown-alias", error, "The name of a file has an alias that isn't defined."},
         {Code::Encoding, "encoding", error, "A file is in an encoding that decks can't be in."},
+        {Code::BadSilence, "bad-silence", warning, "A comment that silences findings can't be followed."},
     };
     assert(rows.size() == static_cast<std::size_t>(Code::Count) && "Codes: a row is missing");
     return rows;

@@ -52,6 +52,7 @@ enum class Code {
     IncludeCount,
     UnknownAlias,
     Encoding,
+    BadSilence,
     Count,
 };
 

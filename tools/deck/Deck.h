@@ -7,6 +7,7 @@
 #include "tools/deck/DeckFile.h"
 #include "tools/deck/Finding.h"
 #include "tools/deck/KeywordValidity.h"
+#include "tools/deck/Teller.h"
 #include "tools/deck/Vocabulary.h"
 
 #include <cstddef>
@@ -50,6 +51,7 @@ struct ReadOptions {
     DeckText::Progress progress = {};
     VariableTexts variables = {}; ///< what the variables of the deck stand for
     bool keepsPlaces = false; ///< whether the notes of each keyword get the spots of its values
+    KnownFinding isKnown = {};
 };
 
 /// Reads a deck whole; what is wrong with it is among its findings. Throws `SourceError` if the deck itself

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "tools/deck/DeckText.h"
 #include "tools/deck/Finding.h"
 #include "tools/deck/KeywordValidity.h"
+#include "tools/deck/Teller.h"
 #include "tools/deck/Vocabulary.h"
 
 #include <cstddef>
@@ -12,6 +14,8 @@ namespace Veld::Quor::Tools::Deck {
 struct CheckOptions {
     Target target;
     std::size_t maxFindings = 200;
+    DeckText::Progress progress = {};
+    KnownFinding isKnown = {};
 };
 
 struct DeckReport {

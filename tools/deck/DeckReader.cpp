@@ -58,7 +58,7 @@ public:
         : options_(options)
         , vocabulary_(vocabulary)
         , deck_(std::make_unique<Deck>(options.maxFindings))
-        , teller_(deck_->files, deck_->findings)
+        , teller_(deck_->files, deck_->findings, options.isKnown)
         , text_(path, options.target, vocabulary, deck_->files, teller_)
         , plans_(options.target)
         , dimensions_(vocabulary.GetTable(), options.target.simulator)
@@ -125,6 +125,7 @@ std::unique_ptr<Deck> DeckReader::Read()
     }
     CloseScopes();
     text_.Finish();
+    teller_.TellBadSilences();
     deck_->distinctFiles = text_.GetFileCount();
     deck_->sections = static_cast<std::size_t>(std::count_if(
         sectionSpots_.begin(), sectionSpots_.end(), [](const auto& spot) { return spot.has_value(); }));
@@ -199,9 +200,7 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry)
     const bool isTold = entry.role != KeywordDeckRole::Section && !IsWelcome(head, entry);
     DeckKeyword keyword{
         &vocabulary_.Get(entry, section_), section_, head.spot, head.spot, nullptr, nullptr, {}, true};
-    const auto countErrors = [this] {
-        return deck_->findings.GetCount(Severity::Error) - data_.GetToldVariableCount();
-    };
+    const auto countErrors = [this] { return teller_.GetErrorCount() - data_.GetToldVariableCount(); };
     const std::size_t errors = countErrors();
     if (keyword.syntax->GetDataMD())
         ReadData(keyword, head, isTold);
@@ -305,7 +304,7 @@ void DeckReader::Follow(const DeckKeyword& keyword)
 
 void DeckReader::CheckPrecedents(const DeckKeyword& keyword)
 {
-    if (!keyword.syntax->HasPrecedents() || !isSectionSure_ || teller_.IsFull())
+    if (!keyword.syntax->HasPrecedents() || !isSectionSure_)
         return;
     std::string missing;
     for (const std::string& name : keyword.syntax->GetPrecedents(section_)) {

@@ -276,8 +276,19 @@ void DeckText::Release()
     const std::size_t done = GetOffset();
     files_.Get(GetFile()).text->Release(released_, done);
     released_ = done;
-    if (progress_)
-        progress_(done, static_cast<std::size_t>(end_ - begin_));
+    TellProgress();
+}
+
+/// Files that were left count as read whole, the one being read and those that led to it as far as they were.
+void DeckText::TellProgress()
+{
+    unreported_ = 0;
+    if (!progress_)
+        return;
+    std::size_t done = left_ + GetOffset();
+    for (std::size_t i = 0; i + 1 < frames_.size(); ++i)
+        done += frames_[i].offset;
+    progress_(done, known_);
 }
 
 Spot DeckText::SpotOf(std::string_view part) const
@@ -475,6 +486,7 @@ void DeckText::Enter(DeckFile file)
     begin_ = position_ = text.data();
     end_ = begin_ + text.size();
     released_ = 0;
+    known_ += text.size();
     if (!isWide)
         return;
     teller_.Tell({GetFile(), 0, 0}, Code::Encoding, "the file is in an encoding of 16-bit units",
@@ -488,12 +500,17 @@ void DeckText::Leave()
 {
     ++turns_;
     TellOpenBlocks();
+    const auto size = static_cast<std::size_t>(end_ - begin_);
+    left_ += size;
+    unreported_ += size;
     frames_.pop_back();
     const std::string_view text = files_.GetText(GetFile());
     begin_ = text.data();
     position_ = begin_ + frames_.back().offset;
     end_ = begin_ + text.size();
     released_ = frames_.back().offset;
+    if (unreported_ >= stride) // many small files
+        TellProgress();
 }
 
 void DeckText::Finish()

@@ -130,6 +130,7 @@ private:
     void NoteComment();
     void NoteRemark();
     void Release();
+    void TellProgress();
 
     void ReadInclude(std::string_view keyword);
     void TellMissingName(const Spot& keyword);
@@ -157,6 +158,9 @@ private:
     const char* position_ = nullptr;
     const char* end_ = nullptr;
     std::size_t released_ = 0; // bytes of the file being read that need not stay in memory
+    std::size_t left_ = 0; // bytes of the files that were left
+    std::size_t known_ = 0; // bytes of all files so far
+    std::size_t unreported_ = 0; // bytes of files that were left since progress was last told
     std::size_t turns_ = 0;
     bool isEnded_ = false;
     bool hasPeeked_ = false;

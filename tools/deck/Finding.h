@@ -35,7 +35,14 @@ struct Finding {
     void SetExcerpt(std::string_view line);
 };
 
-/// Keeps the first findings up to a limit, and counts all.
+/// Why a finding isn't told.
+enum class Hiding {
+    Silenced, ///< a comment of the deck says so
+    Known, ///< whoever asked for the findings has it already
+};
+
+/// Keeps the first findings up to a limit, and counts all. Hidden ones are counted for themselves, and as no
+/// others.
 class Findings {
 public:
     explicit Findings(std::size_t limit);
@@ -45,6 +52,7 @@ public:
     /// Counts a finding; true if it is to be kept as well.
     bool Admit(Severity severity);
     void Keep(Finding finding);
+    void Hide(Hiding why) { ++hidden_[static_cast<std::size_t>(why)]; }
     /// Brings those that are kept into another order; equal ones stay as they are.
     template <class Less>
     void Sort(Less less)
@@ -55,6 +63,7 @@ public:
     const std::vector<Finding>& GetKept() const { return kept_; }
     std::size_t GetCount(Severity severity) const;
     std::size_t GetOmittedCount() const { return omitted_; }
+    std::size_t GetHiddenCount(Hiding why) const { return hidden_[static_cast<std::size_t>(why)]; }
     /// Whether there is an error or a warning.
     bool HasFault() const;
 
@@ -62,6 +71,7 @@ private:
     std::size_t limit_;
     std::size_t omitted_ = 0;
     std::size_t counts_[3] = {};
+    std::size_t hidden_[2] = {};
     std::vector<Finding> kept_;
 };
 

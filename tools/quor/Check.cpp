@@ -1,14 +1,18 @@
+#include "tools/deck/Codes.h"
 #include "tools/deck/DeckCheck.h"
 #include "tools/deck/SourceText.h"
 #include "tools/deck/Vocabulary.h"
+#include "tools/quor/Baseline.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/Conditions.h"
+#include "tools/quor/FileOutput.h"
 #include "tools/quor/FindingFormat.h"
 #include "tools/quor/FindingJson.h"
 #include "tools/quor/FindingText.h"
 #include "tools/quor/Json.h"
 #include "tools/quor/Program.h"
+#include "tools/quor/ProgressBar.h"
 #include "tools/quor/Terminal.h"
 
 #include <CLI/CLI.hpp>
@@ -18,6 +22,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -33,6 +38,8 @@ struct CheckCommandOptions {
     std::vector<std::string> decks;
     Deck::CheckOptions check;
     FindingFormat format = FindingFormat::Text;
+    std::string baseline; // empty: none
+    std::string newBaseline; // likewise
 };
 
 struct Result {
@@ -83,9 +90,11 @@ void PrintHeader(Catalogue& catalogue)
 
 /// Empty, and told, if the deck can't be read.
 std::optional<Result> CheckOne(
-    const std::string& deck, const Deck::CheckOptions& options, Deck::Vocabulary& vocabulary)
+    const std::string& deck, Deck::CheckOptions options, Deck::Vocabulary& vocabulary)
 {
     try {
+        ProgressBar bar;
+        options.progress = [&bar](std::size_t done, std::size_t known) { bar.Show(done, known); };
         return Result{deck, CheckDeck(deck, options, vocabulary)};
     } catch (const Deck::SourceError& error) {
         PrintError(fmt::format("can't read '{}': {}", deck, error.what()));
@@ -99,11 +108,39 @@ void PrintEnd(const std::vector<Result>& results, FindingFormat format)
     if (format == FindingFormat::Json)
         PrintJson(results);
     else if (format != FindingFormat::Text) // text was printed deck by deck
-        Print(FindingsText(format, FindingsOf(results), {}));
+        Print(FindingsText(format, FindingsOf(results), RulesOf(Deck::Codes())));
+}
+
+/// An empty one if none is asked for; no value, and told, if it can't be read.
+std::optional<Baseline> ReadBaseline(const std::string& path)
+{
+    try {
+        return path.empty() ? Baseline() : Baseline::Read(path);
+    } catch (const std::runtime_error& error) {
+        PrintError(fmt::format("can't read the baseline '{}': {}", path, error.what()));
+        return std::nullopt;
+    }
+}
+
+/// False, and told, if it can't be written.
+bool WriteBaseline(const std::string& path, const Baseline& baseline)
+{
+    try {
+        WriteFile(path, baseline.ToText());
+        PrintAside(fmt::format(
+            "baseline: {} written to '{}'\n", Plural(baseline.GetCount(), "finding"), MakePrintable(path)));
+        return true;
+    } catch (const OutputError& error) {
+        PrintError(fmt::format("can't write the baseline '{}': {}", path, error.what()));
+        return false;
+    }
 }
 
 int Check(Catalogue& catalogue, const CheckCommandOptions& options)
 {
+    std::optional<Baseline> baseline = ReadBaseline(options.baseline);
+    if (!baseline)
+        return Failure;
     const bool isText = options.format == FindingFormat::Text;
     if (isText)
         PrintHeader(catalogue);
@@ -111,9 +148,16 @@ int Check(Catalogue& catalogue, const CheckCommandOptions& options)
     std::vector<Result> results;
     bool isClean = true;
     for (const std::string& deck : options.decks) {
-        auto result = CheckOne(deck, options.check, vocabulary);
+        Baseline::Counts counts;
+        Deck::CheckOptions check = options.check;
+        if (!options.newBaseline.empty())
+            check.isKnown = Baseline::MakeRecorder(deck, counts);
+        else if (!options.baseline.empty())
+            check.isKnown = baseline->MakeFilter(deck);
+        auto result = CheckOne(deck, std::move(check), vocabulary);
         if (!result)
             continue;
+        baseline->Add(counts);
         isClean = isClean && !result->report.findings.HasFault();
         if (isText)
             PrintText(*result);
@@ -123,7 +167,23 @@ int Check(Catalogue& catalogue, const CheckCommandOptions& options)
         PrintEnd(results, options.format);
     if (results.size() < options.decks.size())
         return Failure;
+    if (!options.newBaseline.empty() && !WriteBaseline(options.newBaseline, *baseline))
+        return Failure;
     return isClean ? Success : HasFindings;
+}
+
+void AddBaselineOptions(CLI::App& command, CheckCommandOptions& options)
+{
+    CLI::Option* const baseline =
+        command.add_option("--baseline", options.baseline, "Hide the findings that this file knows")
+            ->type_name("FILE")
+            ->take_last();
+    command
+        .add_option("--write-baseline", options.newBaseline,
+            "Write the findings to this file, for --baseline; from then on they are known")
+        ->type_name("FILE")
+        ->take_last()
+        ->excludes(baseline);
 }
 
 } // namespace
@@ -140,9 +200,19 @@ Command MakeCheckCommand(CLI::App& application)
     AddModeOption(command, options->check.target.mode);
     AddFindingFormatOption(command, options->format);
     AddMaxFindingsOption(command, options->check.maxFindings, " for each deck");
-    command.footer("Examples:\n"
+    AddBaselineOptions(command, *options);
+    command.footer("A comment in a deck silences findings: '-- quor: off CODE, CODE' those on its line, or, "
+                   "if it stands\n"
+                   "alone on its line, on the next one; '-- quor: begin-off CODE' all up to '-- quor: "
+                   "end-off CODE'. Without a code\n"
+                   "it is for all. Comments that can't be followed are told, but not in a file above 1 MiB "
+                   "in which nothing is\n"
+                   "found. 'quor explain' lists the codes.\n\n"
+                   "Examples:\n"
                    "  quor check reservoir.data --simulator Carrow\n"
-                   "  quor check *.data --simulator Dunmere --mode Thermal --format json");
+                   "  quor check *.data --simulator Dunmere --mode Thermal --format json\n"
+                   "  quor check reservoir.data --write-baseline known.json\n"
+                   "  quor check reservoir.data --baseline known.json");
     return {&command, [options](Catalogue& catalogue) { return Check(catalogue, *options); }};
 }
 

@@ -22,5 +22,6 @@ Command MakeListCommand(CLI::App& application);
 Command MakeShowCommand(CLI::App& application);
 Command MakeCheckCommand(CLI::App& application);
 Command MakeLintCommand(CLI::App& application);
+Command MakeExplainCommand(CLI::App& application);
 
 } // namespace Veld::Quor::Tools

@@ -32,6 +32,16 @@ struct FindingRule {
     Deck::Severity severity;
 };
 
+/// The rows of a table of codes.
+template <class CodeInfo>
+std::vector<FindingRule> RulesOf(const std::vector<CodeInfo>& codes)
+{
+    std::vector<FindingRule> rules;
+    for (const CodeInfo& info : codes)
+        rules.push_back({info.name, info.meaning, info.severity});
+    return rules;
+}
+
 using FindingSets = std::vector<const Deck::Findings*>;
 
 /// The findings in one of the formats that need nothing but them: all but text and JSON. `rules` may be

@@ -22,13 +22,18 @@ nlohmann::ordered_json CountsJson(const FindingSets& sets)
     std::size_t warnings = 0;
     std::size_t notes = 0;
     std::size_t omitted = 0;
+    std::size_t known = 0;
+    std::size_t silenced = 0;
     for (const Deck::Findings* const findings : sets) {
         errors += findings->GetCount(Severity::Error);
         warnings += findings->GetCount(Severity::Warning);
         notes += findings->GetCount(Severity::Note);
         omitted += findings->GetOmittedCount();
+        known += findings->GetHiddenCount(Deck::Hiding::Known);
+        silenced += findings->GetHiddenCount(Deck::Hiding::Silenced);
     }
-    return {{"errors", errors}, {"warnings", warnings}, {"notes", notes}, {"omitted", omitted}};
+    return {{"errors", errors}, {"warnings", warnings}, {"notes", notes}, {"omitted", omitted},
+        {"known", known}, {"silenced", silenced}};
 }
 
 } // namespace Veld::Quor::Tools

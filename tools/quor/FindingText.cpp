@@ -93,6 +93,10 @@ std::string CountsText(const Deck::Findings& findings)
     }
     if (!findings.HasFault())
         counts.insert(counts.begin(), "no findings");
+    if (const std::size_t known = findings.GetHiddenCount(Deck::Hiding::Known); known > 0)
+        counts.push_back(Plural(known, "known finding") + " hidden");
+    if (const std::size_t silenced = findings.GetHiddenCount(Deck::Hiding::Silenced); silenced > 0)
+        counts.push_back(fmt::format("{} silenced", silenced));
     return fmt::format("{}", fmt::join(counts, ", "));
 }
 

@@ -11,7 +11,7 @@ namespace Veld::Quor::Tools {
 /// them.
 std::string FindingsText(const Deck::Findings& findings);
 
-/// "2 errors, 1 warning"; "no findings" if there are none but notes.
+/// "2 errors, 1 warning"; "no findings" if there are none but notes. Behind them, what is hidden.
 std::string CountsText(const Deck::Findings& findings);
 
 /// "1 file", "2 files"

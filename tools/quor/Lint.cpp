@@ -71,14 +71,6 @@ bool ReadPath(const std::string& path, std::vector<Document>& documents)
     return false;
 }
 
-std::vector<FindingRule> LintRules()
-{
-    std::vector<FindingRule> rules;
-    for (const Lint::CodeInfo& info : Lint::Codes())
-        rules.push_back({info.name, info.meaning, info.severity});
-    return rules;
-}
-
 void PrintText(const LintReport& report)
 {
     const std::size_t keywords =
@@ -125,7 +117,7 @@ int RunLint(const LintCommandOptions& options)
         PrintJson(documents, report);
         break;
     default:
-        Print(FindingsText(options.format, {&report.findings}, LintRules()));
+        Print(FindingsText(options.format, {&report.findings}, RulesOf(Lint::Codes())));
     }
     if (!isRead)
         return Failure;

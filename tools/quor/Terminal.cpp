@@ -24,6 +24,11 @@ void Write(std::FILE* stream, std::string_view text)
         writeError = errno;
 }
 
+constexpr int DescriptorOf(Stream stream)
+{
+    return stream == Stream::Output ? STDOUT_FILENO : STDERR_FILENO;
+}
+
 constexpr bool ContinuesCharacter(char c)
 {
     return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
@@ -59,22 +64,22 @@ bool FlushOutput()
     return false;
 }
 
-bool IsTerminal()
+bool IsTerminal(Stream stream)
 {
-    return ::isatty(STDOUT_FILENO) == 1;
+    return ::isatty(DescriptorOf(stream)) == 1;
 }
 
-bool TakesColour()
+bool TakesColour(Stream stream)
 {
     const char* const unwanted = std::getenv("NO_COLOR");
-    return IsTerminal() && (!unwanted || *unwanted == '\0');
+    return IsTerminal(stream) && (!unwanted || *unwanted == '\0');
 }
 
-std::size_t GetWidth()
+std::size_t GetWidth(Stream stream)
 {
     constexpr std::size_t usual = 100;
     winsize size = {};
-    if (!IsTerminal() || ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0)
+    if (!IsTerminal(stream) || ::ioctl(DescriptorOf(stream), TIOCGWINSZ, &size) != 0 || size.ws_col == 0)
         return usual;
     return size.ws_col;
 }

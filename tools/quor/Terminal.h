@@ -16,11 +16,13 @@ void PrintError(std::string_view message);
 /// False if some of what was printed didn't reach standard output; says why, unless its reader went away.
 bool FlushOutput();
 
-bool IsTerminal();
-/// Whether standard output takes colours and the user wants them.
-bool TakesColour();
-/// Columns of standard output.
-std::size_t GetWidth();
+enum class Stream { Output, Error };
+
+bool IsTerminal(Stream stream = Stream::Output);
+/// Whether the stream takes colours and the user wants them.
+bool TakesColour(Stream stream = Stream::Output);
+/// Columns of the stream.
+std::size_t GetWidth(Stream stream = Stream::Output);
 
 /// `text` with a question mark for each control character, tabs excepted, so that no file can steer the
 /// terminal.

@@ -1,0 +1,47 @@
+#include "tools/deck/Remedies.h"
+
+#include "tests/support/Documents.h"
+#include "tools/deck/DeckCheck.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+using namespace Veld::Quor::Core::Keywords;
+using namespace Veld::Quor::Tests;
+using namespace Veld::Quor::Tools::Deck;
+
+namespace {
+
+class Examples : public testing::TestWithParam<Remedy> {
+protected:
+    /// The codes found in a deck of the built-in language.
+    static std::string CodesOf(const std::string& deck)
+    {
+        static Vocabulary vocabulary(KeywordSyntaxTable::Instance());
+        const TemporaryDirectory folder;
+        std::string codes;
+        const DeckReport report =
+            CheckDeck(folder.Write("main.data", deck), {GetParam().target, 200}, vocabulary);
+        for (const Finding& finding : report.findings.GetKept())
+            codes += finding.code + " ";
+        return codes;
+    }
+};
+
+/// Without an example both decks are empty, and clean.
+TEST_P(Examples, ShowTheFindingAndTheMend)
+{
+    const std::string wrong = GetParam().wrong;
+    EXPECT_EQ(CodesOf(wrong), wrong.empty() ? "" : std::string(InfoOf(GetParam().code).name) + " ");
+    EXPECT_EQ(CodesOf(GetParam().right), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Codes, Examples, testing::ValuesIn(Remedies()), [](const auto& row) {
+    std::string name = InfoOf(row.param.code).name;
+    std::replace(name.begin(), name.end(), '-', '_');
+    return name;
+});
+
+} // namespace

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "tools/deck/Remedies.h"
+#include "tools/quor/FindingFormat.h"
+
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Tools {
+
+/// A code of findings, wherever they come from. Two subcommands may have codes of one name.
+struct FindingCode {
+    const char* command; ///< the subcommand that tells such findings
+    FindingRule rule;
+    const Deck::Remedy* remedy; ///< null for codes of documents
+};
+
+/// Those of decks, then those of documents.
+std::vector<FindingCode> AllFindingCodes();
+/// Each name once, sorted.
+std::vector<std::string> FindingCodeNames();
+
+} // namespace Veld::Quor::Tools
