@@ -36,7 +36,7 @@ public:
             folder_.Write(name, content);
     }
 
-    DeckReport Check(const CheckOptions& options = {}) const
+    DeckReport Check(const ReadOptions& options = {}) const
     {
         return CheckDeck(path_, options, SmallVocabulary());
     }
@@ -84,7 +84,7 @@ class Decks : public testing::TestWithParam<Row> { };
 TEST_P(Decks, AreChecked)
 {
     const DeckOnDisk deck(GetParam().deck, GetParam().files);
-    EXPECT_EQ(Dump(deck.Check({GetParam().target, 200})), GetParam().findings);
+    EXPECT_EQ(Dump(deck.Check({.target = GetParam().target})), GetParam().findings);
 }
 
 INSTANTIATE_TEST_SUITE_P(Bytes, Decks,

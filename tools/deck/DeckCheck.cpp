@@ -1,16 +1,13 @@
 #include "tools/deck/DeckCheck.h"
 
-#include "tools/deck/Deck.h"
-
 #include <memory>
 #include <utility>
 
 namespace Veld::Quor::Tools::Deck {
 
-DeckReport CheckDeck(const std::string& path, const CheckOptions& options, Vocabulary& vocabulary)
+DeckReport CheckDeck(const std::string& path, const ReadOptions& options, Vocabulary& vocabulary)
 {
-    const std::unique_ptr<Deck> deck =
-        ReadDeck(path, {options.target, options.maxFindings, options.progress, options.isKnown}, vocabulary);
+    const std::unique_ptr<Deck> deck = ReadDeck(path, options, vocabulary);
     return {std::move(deck->findings), deck->keywords.size(), deck->sections, deck->distinctFiles};
 }
 

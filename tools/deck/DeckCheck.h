@@ -1,22 +1,11 @@
 #pragma once
 
-#include "tools/deck/DeckText.h"
-#include "tools/deck/Finding.h"
-#include "tools/deck/KeywordValidity.h"
-#include "tools/deck/Teller.h"
-#include "tools/deck/Vocabulary.h"
+#include "tools/deck/Deck.h"
 
 #include <cstddef>
 #include <string>
 
 namespace Veld::Quor::Tools::Deck {
-
-struct CheckOptions {
-    Target target;
-    std::size_t maxFindings = 200;
-    DeckText::Progress progress = {};
-    KnownFinding isKnown = {};
-};
 
 struct DeckReport {
     Findings findings; ///< in the order in which they were met
@@ -26,6 +15,6 @@ struct DeckReport {
 };
 
 /// Reads the deck in `path` and lets go of all but its findings. Throws `SourceError` as `ReadDeck` does.
-DeckReport CheckDeck(const std::string& path, const CheckOptions& options, Vocabulary& vocabulary);
+DeckReport CheckDeck(const std::string& path, const ReadOptions& options, Vocabulary& vocabulary);
 
 } // namespace Veld::Quor::Tools::Deck

@@ -36,7 +36,7 @@ namespace {
 
 struct CheckCommandOptions {
     std::vector<std::string> decks;
-    Deck::CheckOptions check;
+    Deck::ReadOptions check;
     FindingFormat format = FindingFormat::Text;
     std::string baseline; // empty: none
     std::string newBaseline; // likewise
@@ -90,7 +90,7 @@ void PrintHeader(Catalogue& catalogue)
 
 /// Empty, and told, if the deck can't be read.
 std::optional<Result> CheckOne(
-    const std::string& deck, Deck::CheckOptions options, Deck::Vocabulary& vocabulary)
+    const std::string& deck, Deck::ReadOptions options, Deck::Vocabulary& vocabulary)
 {
     try {
         ProgressBar bar;
@@ -149,7 +149,7 @@ int Check(Catalogue& catalogue, const CheckCommandOptions& options)
     bool isClean = true;
     for (const std::string& deck : options.decks) {
         Baseline::Counts counts;
-        Deck::CheckOptions check = options.check;
+        Deck::ReadOptions check = options.check;
         if (!options.newBaseline.empty())
             check.isKnown = Baseline::MakeRecorder(deck, counts);
         else if (!options.baseline.empty())
