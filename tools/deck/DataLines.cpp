@@ -10,18 +10,37 @@ namespace Veld::Quor::Tools::Deck {
 
 namespace {
 
-/// Numbers stand below one another on the right, texts on the left.
-std::string Pad(const std::string& text, std::size_t width, bool isRight)
+std::string Blanks(std::size_t width, std::size_t taken)
 {
-    const std::string blanks(width - std::min(width, text.size()), ' ');
-    return isRight ? blanks + text : text + blanks;
+    return std::string(width - std::min(width, taken), ' ');
 }
 
+/// What stands before the decimal point, or the exponent.
+std::size_t CountWhole(const std::string& number)
+{
+    return std::min(number.find_first_of(".eE"), number.size());
+}
+
+/// Numbers stand with their decimal points below one another, texts begin so.
 struct Column {
     std::size_t first; // cell
     std::size_t count; // of cells without a value, or one with
-    std::size_t width = 0;
+    std::size_t before = 0; // the widest, up to the decimal point of numbers
+    std::size_t behind = 0;
     bool isNumber = true;
+
+    void Fit(const std::string& text)
+    {
+        const std::size_t whole = isNumber ? CountWhole(text) : text.size();
+        before = std::max(before, whole);
+        behind = std::max(behind, text.size() - whole);
+    }
+    std::string Pad(const std::string& text) const
+    {
+        const std::size_t whole = isNumber ? CountWhole(text) : text.size();
+        const std::string right = Blanks(behind, text.size() - whole);
+        return isNumber ? Blanks(before, whole) + text + right : text + Blanks(before, whole);
+    }
 };
 
 bool HasValue(const TableRow& row, std::size_t cell)
@@ -61,11 +80,11 @@ std::string TextOf(const TableRow& row, const Column& column)
 void MeasureColumns(const std::vector<TableRow>& rows, std::vector<Column>& columns)
 {
     for (Column& column : columns) {
-        for (const TableRow& row : rows) {
-            column.width = std::max(column.width, TextOf(row, column).size());
-            if (HasValue(row, column.first))
-                column.isNumber = column.isNumber && row.cells[column.first].isNumber;
-        }
+        column.isNumber = std::all_of(rows.begin(), rows.end(), [&column](const TableRow& row) {
+            return !HasValue(row, column.first) || row.cells[column.first].isNumber;
+        });
+        for (const TableRow& row : rows)
+            column.Fit(TextOf(row, column));
     }
 }
 
@@ -93,7 +112,7 @@ void DataLines::Numbers(const std::vector<std::string>& words)
     for (const std::string& word : words)
         width = std::max(width, word.size());
     for (const std::string& word : words)
-        Word(Pad(word, width, true));
+        Word(Blanks(width, word.size()) + word);
 }
 
 void DataLines::Comment(std::string_view comment, bool isIndented)
@@ -143,7 +162,7 @@ void WriteTable(const std::vector<TableRow>& rows, DataLines& lines)
         lines.Break();
         for (const Column& column : columns) {
             if (const std::string text = TextOf(row, column); !text.empty())
-                lines.Word(Pad(text, column.width, column.isNumber));
+                lines.Word(column.Pad(text));
         }
         if (row.isEnded)
             lines.Word("/");

@@ -213,7 +213,7 @@ void DataWriter::WriteRecord(const DataPlan& plan, const IKeywordRecordData& rec
         if (isMissing)
             ++missing;
         else if (!item.IsScalar())
-            WriteContainer(item, NestedIn(record, i), false);
+            WriteNested(item, NestedIn(record, i));
         else if (!cell.text.empty()
             || i == 0) // an empty line is one if it stands directly behind its keyword
             lines_.Word(cell.text);
@@ -226,6 +226,15 @@ void DataWriter::WriteRecord(const DataPlan& plan, const IKeywordRecordData& rec
         position_.slots += plan.items[i].slots;
     lines_.SetWrapping(true);
     WriteEnd(plan, false);
+}
+
+/// Below the record's own words.
+void DataWriter::WriteNested(const DataPlan& item, const IKeywordData& data)
+{
+    const std::size_t indent = lines_.GetIndent();
+    lines_.SetIndent(indent + 2);
+    WriteContainer(item, data, false);
+    lines_.SetIndent(indent);
 }
 
 void DataWriter::WriteMissing(std::size_t count)
@@ -313,8 +322,6 @@ void DataWriter::WriteList(const DataPlan& plan, const IKeywordListData& list)
     const std::size_t indent = lines_.GetIndent();
     if (isNested && (md.WriteStartingOnNewLine().ValueOr(isOfRows)))
         lines_.Break();
-    if (isNested && isOfRows)
-        lines_.SetIndent(indent + 2);
     if (item.type == MDType::Line)
         WriteLines(list);
     else if (item.IsScalar())

@@ -44,6 +44,7 @@ private:
 
     void WriteContainer(const DataPlan& plan, const Core::Keywords::IKeywordData& data, bool needsWord);
     void WriteRecord(const DataPlan& plan, const Core::Keywords::IKeywordRecordData& record, bool needsWord);
+    void WriteNested(const DataPlan& item, const Core::Keywords::IKeywordData& data);
     void WriteMissing(std::size_t count);
     void WriteList(const DataPlan& plan, const Core::Keywords::IKeywordListData& list);
     void WriteValues(const DataPlan& item, const Core::Keywords::IKeywordListData& list);

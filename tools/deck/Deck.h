@@ -23,11 +23,11 @@ struct DeckKeyword {
     Core::Keywords::SectionType::Enum section; ///< in which it stands; `None` before the first
     Spot name;
     Spot whole; ///< with its data; of no length if they go on in another file, or around a skipped block
-    std::unique_ptr<Core::Keywords::IKeywordData> data; ///< null if it carries nothing
-    std::unique_ptr<DataNotes> notes; ///< null if there is nothing to note
-    std::vector<RecordPlace>
-        records; ///< of the elements of its outermost list, if that is one of records or lists
-    bool isSound; ///< its data are what its text says: nothing is wrong but for warnings and variables
+    std::unique_ptr<Core::Keywords::IKeywordData> data = {}; ///< null if it carries nothing
+    std::unique_ptr<DataNotes> notes = {}; ///< null if there is nothing to note
+    std::vector<RecordPlace> records =
+        {}; ///< of the elements of its outermost list, if that is one of records or lists
+    bool isSound = true; ///< its data are what its text says: nothing is wrong but for warnings and variables
 };
 
 /// A deck as it was read. What was no keyword and no data (comments, blank lines, inclusions, skipped blocks,

@@ -198,8 +198,7 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry)
     if (entry.role == KeywordDeckRole::Section)
         EnterSection(head, entry);
     const bool isTold = entry.role != KeywordDeckRole::Section && !IsWelcome(head, entry);
-    DeckKeyword keyword{
-        &vocabulary_.Get(entry, section_), section_, head.spot, head.spot, nullptr, nullptr, {}, true};
+    DeckKeyword keyword{&vocabulary_.Get(entry, section_), section_, head.spot, head.spot};
     const auto countErrors = [this] { return teller_.GetErrorCount() - data_.GetToldVariableCount(); };
     const std::size_t errors = countErrors();
     if (keyword.syntax->GetDataMD())

@@ -20,7 +20,7 @@ using KnownFinding = std::function<bool(const DeckFiles& files, const Spot& spot
 class Teller {
 public:
     /// `isKnown` may be empty: nothing is known.
-    Teller(const DeckFiles& files, Findings& findings, KnownFinding isKnown)
+    Teller(const DeckFiles& files, Findings& findings, KnownFinding isKnown = {})
         : files_(files)
         , findings_(findings)
         , isKnown_(std::move(isKnown))

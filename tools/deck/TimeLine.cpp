@@ -31,10 +31,18 @@ void TimeLine::Follow(const DeckKeyword& keyword)
         return;
     else if (name == "START" && IsRecordOf(keyword.data->GetMD(), date))
         FollowStart(keyword);
-    else if (name == "DATES" && IsListOfRecords(keyword.data->GetMD(), date))
-        FollowDates(keyword);
-    else if ((name == "TSTEP" || name == "TIME") && IsListOf(keyword.data->GetMD(), MDType::Real))
-        Advance(keyword);
+    else if (Advances(keyword))
+        name == "DATES" ? FollowDates(keyword) : Advance(keyword);
+}
+
+bool TimeLine::Advances(const DeckKeyword& keyword)
+{
+    if (!keyword.data)
+        return false;
+    const std::string& name = keyword.syntax->GetName();
+    if (name == "DATES")
+        return IsListOfRecords(keyword.data->GetMD(), date);
+    return (name == "TSTEP" || name == "TIME") && IsListOf(keyword.data->GetMD(), MDType::Real);
 }
 
 void TimeLine::FollowStart(const DeckKeyword& keyword)

@@ -16,6 +16,8 @@ public:
 
     /// Tells dates that can't be, and times that don't go forward.
     void Follow(const DeckKeyword& keyword);
+    /// Whether each element of the keyword's list is a step on.
+    static bool Advances(const DeckKeyword& keyword);
 
     const Core::Service::Time& GetStart() const { return start_; }
     const Core::Service::Time& GetNow() const { return now_; }

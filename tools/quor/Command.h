@@ -21,6 +21,8 @@ struct Command {
 Command MakeListCommand(CLI::App& application);
 Command MakeShowCommand(CLI::App& application);
 Command MakeCheckCommand(CLI::App& application);
+Command MakeInfoCommand(CLI::App& application);
+Command MakeFormatCommand(CLI::App& application);
 Command MakeLintCommand(CLI::App& application);
 Command MakeExplainCommand(CLI::App& application);
 

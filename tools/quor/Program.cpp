@@ -51,9 +51,15 @@ int RunCommand(int argc, char** argv)
         "QUOR_KEYWORD_TRUSTED_SYNTAX_DIR a folder of documents with trusted keywords.\n\n"
         "Exit status: 0 if all is well, 1 if there are findings or a keyword is not known,\n"
         "2 if the usage is wrong or something can't be read or written.");
-    const Command commands[] = {MakeListCommand(application), MakeShowCommand(application),
-        MakeCheckCommand(application), MakeLintCommand(application),
-        MakeExplainCommand(application)};
+    const Command commands[] = {
+        MakeCheckCommand(application),
+        MakeInfoCommand(application),
+        MakeFormatCommand(application),
+        MakeExplainCommand(application),
+        MakeShowCommand(application),
+        MakeListCommand(application),
+        MakeLintCommand(application),
+    };
     try {
         application.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

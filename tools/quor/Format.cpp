@@ -1,0 +1,192 @@
+#include "tools/deck/DeckWriter.h"
+#include "tools/quor/Catalogue.h"
+#include "tools/quor/Command.h"
+#include "tools/quor/Conditions.h"
+#include "tools/quor/DeckReading.h"
+#include "tools/quor/FileOutput.h"
+#include "tools/quor/FindingText.h"
+#include "tools/quor/Program.h"
+#include "tools/quor/Terminal.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+namespace Veld::Quor::Tools {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct FormatOptions {
+    std::string deck;
+    Deck::ReadOptions read;
+    bool isOneFile = false;
+    bool isInPlace = false;
+    bool isCheck = false;
+    std::string folder; // empty: none
+};
+
+/// A file of the deck, once even if it is included several times.
+struct Formatted {
+    std::string path;
+    std::string_view before;
+    std::string after;
+};
+
+/// Two inclusions of one file can't be told apart in it: where they want different texts, it stays as it is.
+void Add(std::vector<Formatted>& files, Formatted file)
+{
+    for (Formatted& known : files) {
+        if (known.before.data() != file.before.data())
+            continue;
+        if (known.after != file.after)
+            known.after = known.before;
+        return;
+    }
+    files.push_back(std::move(file));
+}
+
+std::vector<Formatted> FormatFiles(const Deck::Deck& deck, const FormatOptions& options)
+{
+    Deck::DeckWriter writer(deck, options.read.target);
+    std::vector<Formatted> files;
+    if (options.isOneFile)
+        return {{deck.files.Get(0).name, deck.files.GetText(0), writer.WriteAll()}};
+    for (std::uint32_t i = 0; i < deck.files.GetSize(); ++i)
+        Add(files, {deck.files.Get(i).name, deck.files.GetText(i), writer.WriteFile(i)});
+    return files;
+}
+
+/// Lists what would change.
+int CheckFiles(const std::vector<Formatted>& files)
+{
+    std::size_t changed = 0;
+    for (const Formatted& file : files) {
+        if (file.after == file.before)
+            continue;
+        ++changed;
+        Print(fmt::format("{}\n", MakePrintable(file.path)));
+    }
+    PrintAside(fmt::format("{} of {} would change\n", changed, Plural(files.size(), "file")));
+    return changed == 0 ? Success : HasFindings;
+}
+
+/// False, and told, if something can't be written.
+bool WriteFiles(const std::vector<Formatted>& files)
+{
+    for (const Formatted& file : files) {
+        try {
+            if (const fs::path folder = fs::path(file.path).parent_path(); !folder.empty())
+                fs::create_directories(folder);
+            WriteFile(file.path, file.after);
+        } catch (const fs::filesystem_error& error) {
+            PrintError(fmt::format("can't write '{}': {}", file.path, error.code().message()));
+            return false;
+        } catch (const OutputError& error) {
+            PrintError(fmt::format("can't write '{}': {}", file.path, error.what()));
+            return false;
+        }
+    }
+    return true;
+}
+
+int RewriteFiles(std::vector<Formatted> files)
+{
+    const std::size_t all = files.size();
+    std::erase_if(files, [](const Formatted& file) { return file.after == file.before; });
+    if (!WriteFiles(files))
+        return Failure;
+    PrintAside(fmt::format("{} of {} changed\n", files.size(), Plural(all, "file")));
+    return Success;
+}
+
+/// The same tree below another folder.
+int WriteTree(std::vector<Formatted> files, const FormatOptions& options)
+{
+    const fs::path root = fs::path(options.deck).parent_path();
+    for (Formatted& file : files) {
+        const fs::path relative = fs::path(file.path).lexically_relative(root.empty() ? "." : root);
+        const fs::path inner = root.empty() ? fs::path(file.path).lexically_normal() : relative;
+        if (inner.empty() || inner.is_absolute() || *inner.begin() == "..") {
+            PrintError(fmt::format("'{}' lies outside of the folder of the deck", file.path));
+            PrintAside("--one-file writes the deck and what it includes into one file\n");
+            return Failure;
+        }
+        file.path = (fs::path(options.folder) / inner).string();
+    }
+    if (!WriteFiles(files))
+        return Failure;
+    PrintAside(
+        fmt::format("{} written below '{}'\n", Plural(files.size(), "file"), MakePrintable(options.folder)));
+    return Success;
+}
+
+int PrintFirst(const std::vector<Formatted>& files)
+{
+    Print(files.front().after);
+    if (files.size() > 1)
+        PrintAside(
+            fmt::format("{} more, included: --one-file prints all, --in-place and --output write them\n",
+                Plural(files.size() - 1, "file")));
+    return Success;
+}
+
+int Format(Catalogue& catalogue, const FormatOptions& options)
+{
+    Deck::Vocabulary vocabulary(catalogue.GetTable());
+    const auto deck =
+        ReadForAnswers(options.deck, options.read, vocabulary, "what has errors stays as it is");
+    if (!deck)
+        return Failure;
+    std::vector<Formatted> files = FormatFiles(*deck, options);
+    if (options.isCheck)
+        return CheckFiles(files);
+    if (options.isInPlace)
+        return RewriteFiles(std::move(files));
+    if (!options.folder.empty())
+        return WriteTree(std::move(files), options);
+    return PrintFirst(files);
+}
+
+} // namespace
+
+Command MakeFormatCommand(CLI::App& application)
+{
+    const auto options = std::make_shared<FormatOptions>();
+    CLI::App& command = *application.add_subcommand("format",
+        "Writes a deck anew: columns aligned, repeats folded, numbers in their shortest form, what has its\n"
+        "default left out. Comments stay with what they stood by. Read again, the deck says the same.");
+    command.add_option("DECK", options->deck, "The file of the deck")->required()->type_name("FILE");
+    AddSimulatorOption(command, options->read.target.simulator);
+    AddModeOption(command, options->read.target.mode);
+    CLI::Option* const oneFile = command.add_flag(
+        "--one-file", options->isOneFile, "Put included files in the place of their inclusions");
+    CLI::Option* const inPlace = command.add_flag(
+        "--in-place", options->isInPlace, "Change the deck and the files that it includes where they are");
+    CLI::Option* const folder = command.add_option(
+        "--output", options->folder, "Write the deck and the files that it includes below this folder");
+    folder->type_name("FOLDER");
+    CLI::Option* const check = command.add_flag("--check", options->isCheck,
+        "Change nothing; list the files that would change, and exit with 1 if there is one");
+    inPlace->excludes(folder)->excludes(check);
+    folder->excludes(check);
+    oneFile->excludes(inPlace)->excludes(check);
+    command.footer("Keywords with errors, raw texts, and data that go on in another file or around a skipped "
+                   "block stay as\n"
+                   "they are. Without --in-place, --output or --check the text goes to standard output.\n\n"
+                   "Examples:\n"
+                   "  quor format reservoir.data > tidy.data\n"
+                   "  quor format reservoir.data --in-place\n"
+                   "  quor format reservoir.data --one-file --output flat");
+    return {&command, [options](Catalogue& catalogue) { return Format(catalogue, *options); }};
+}
+
+} // namespace Veld::Quor::Tools

@@ -1,0 +1,271 @@
+#include "tools/deck/DeckSummary.h"
+#include "tools/deck/ReportSteps.h"
+#include "tools/quor/Catalogue.h"
+#include "tools/quor/Command.h"
+#include "tools/quor/Conditions.h"
+#include "tools/quor/DeckReading.h"
+#include "tools/quor/FindingText.h"
+#include "tools/quor/Json.h"
+#include "tools/quor/Program.h"
+#include "tools/quor/Terminal.h"
+#include "tools/quor/TextLayout.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Veld::Quor::Tools {
+
+using namespace Core::Keywords;
+using nlohmann::ordered_json;
+
+namespace {
+
+struct InfoOptions {
+    std::string deck;
+    Deck::Target target;
+    bool withAllWells = false;
+    bool withAllProperties = false;
+    bool isJson = false;
+};
+
+constexpr std::size_t indent = 2;
+constexpr std::size_t fewRows = 20;
+
+std::string Dashed(const std::string& text)
+{
+    return text.empty() ? "-" : MakePrintable(text);
+}
+
+std::string SectionName(SectionType::Enum section)
+{
+    return section == SectionType::None ? "(before the first)" : SectionType::ToString(section);
+}
+
+void PrintTable(const std::string& heading, const Columns& table, std::size_t rows)
+{
+    Print(fmt::format("\n{}\n{}", heading, table.GetHead(indent)));
+    for (std::size_t i = 0; i < rows; ++i)
+        Print(table.GetRow(i, indent, std::numeric_limits<std::size_t>::max()));
+}
+
+/// `option`: what gives all the rows.
+void PrintSomeRows(
+    const char* noun, std::vector<Columns::Row> rows, Columns::Row head, bool withAll, const char* option)
+{
+    if (rows.empty())
+        return;
+    const std::size_t count = rows.size();
+    const std::size_t shown = withAll ? count : std::min(count, fewRows);
+    Columns table(std::move(head));
+    for (std::size_t i = 0; i < shown; ++i)
+        table.Add(std::move(rows[i]));
+    PrintTable(Plural(count, noun), table, shown);
+    if (shown < count)
+        Print(fmt::format("  and {} more; {} lists all\n", count - shown, option));
+}
+
+void PrintFiles(const Deck::DeckSummary& summary)
+{
+    constexpr std::size_t deepest = 20;
+    Columns table({"file", "bytes", "keywords"});
+    for (const Deck::FileSummary& file : summary.files)
+        table.Add({std::string(2 * std::min(file.depth, deepest), ' ') + MakePrintable(file.name),
+            fmt::format("{}", file.bytes), fmt::format("{}", file.keywords)});
+    PrintTable("files", table, summary.files.size());
+}
+
+void PrintSections(const Deck::DeckSummary& summary)
+{
+    Columns table({"section", "keywords", "from"});
+    for (const Deck::SectionSummary& row : summary.sections)
+        table.Add({SectionName(row.section), fmt::format("{}", row.keywords), PlaceText(row.place)});
+    PrintTable("sections", table, summary.sections.size());
+}
+
+void PrintRunspec(const Deck::DeckSummary& summary)
+{
+    Columns table({"keyword", "sizes"});
+    for (const Deck::SizeSummary& row : summary.sizes) {
+        std::vector<std::string> sizes;
+        for (const auto& [item, value] : row.sizes)
+            sizes.push_back(fmt::format("{} {}", item, value));
+        table.Add({row.keyword, fmt::format("{}", fmt::join(sizes, ", "))});
+    }
+    if (!summary.sizes.empty())
+        PrintTable("sizes", table, summary.sizes.size());
+    Print("\n");
+    if (!summary.options.empty())
+        Print(Wrap("options: ", fmt::format("{}", fmt::join(summary.options, " ")), indent, GetWidth()));
+    Print(fmt::format("units: {}\n", summary.units.empty() ? "no set is named" : summary.units));
+}
+
+void PrintTime(const Deck::DeckSummary& summary)
+{
+    const std::string start = Deck::DateText(summary.start);
+    const std::string end = Deck::DateText(summary.end);
+    Print(fmt::format("time: {} to {}, {}\n", start.empty() ? "no start" : start,
+        end.empty() ? "no date" : end, Plural(summary.reports, "report step")));
+}
+
+void PrintWells(const Deck::DeckSummary& summary, bool withAll)
+{
+    std::vector<Columns::Row> rows;
+    for (const Deck::Well& well : summary.wells)
+        rows.push_back({MakePrintable(well.name), Dashed(well.group), Dashed(well.control),
+            fmt::format("{}", well.completions), Dashed(Deck::DateText(well.since))});
+    PrintSomeRows("well", std::move(rows), {"name", "group", "last control", "completions", "since"}, withAll,
+        "--wells");
+}
+
+void PrintGroups(const Deck::DeckSummary& summary, bool withAll)
+{
+    constexpr std::size_t deepest = 20;
+    std::vector<Columns::Row> rows;
+    for (const Deck::Group& group : summary.groups)
+        rows.push_back({std::string(2 * std::min(group.depth, deepest), ' ') + MakePrintable(group.name),
+            fmt::format("{}", group.wells)});
+    PrintSomeRows("group", std::move(rows), {"name", "wells"}, withAll, "--wells");
+}
+
+void PrintProperties(const Deck::DeckSummary& summary, bool withAll)
+{
+    std::vector<Columns::Row> rows;
+    for (const Deck::PropertySummary& row : summary.properties) {
+        const auto number = [&row](double Deck::PropertySummary::Range::*member) {
+            return row.range ? fmt::format("{:.6g}", *row.range.*member) : "-";
+        };
+        rows.push_back({row.keyword, fmt::format("{}", row.count), fmt::format("{}", row.defaulted),
+            number(&Deck::PropertySummary::Range::least), number(&Deck::PropertySummary::Range::mean),
+            number(&Deck::PropertySummary::Range::greatest), Dashed(row.measurement), PlaceText(row.place)});
+    }
+    PrintSomeRows("cell property definition", std::move(rows),
+        {"keyword", "values", "defaulted", "least", "mean", "greatest", "measurement", "at"}, withAll,
+        "--properties");
+}
+
+void PrintText(const Deck::DeckSummary& summary, const InfoOptions& options)
+{
+    Print(fmt::format("title: {}\n", Dashed(summary.title)));
+    PrintFiles(summary);
+    PrintSections(summary);
+    PrintRunspec(summary);
+    PrintTime(summary);
+    PrintWells(summary, options.withAllWells);
+    PrintGroups(summary, options.withAllWells);
+    PrintProperties(summary, options.withAllProperties);
+}
+
+ordered_json NullIfEmpty(const std::string& text)
+{
+    return text.empty() ? ordered_json() : ordered_json(text);
+}
+
+ordered_json PropertyJson(const Deck::PropertySummary& row)
+{
+    ordered_json json = {{"keyword", row.keyword}, {"property", row.property},
+        {"measurement", NullIfEmpty(row.measurement)}, {"place", PlaceJson(row.place)}, {"count", row.count},
+        {"defaulted", row.defaulted}, {"least", nullptr}, {"mean", nullptr}, {"greatest", nullptr}};
+    if (row.range) {
+        json["least"] = row.range->least;
+        json["mean"] = row.range->mean;
+        json["greatest"] = row.range->greatest;
+    }
+    return json;
+}
+
+ordered_json WellsJson(const std::vector<Deck::Well>& wells)
+{
+    auto json = ordered_json::array();
+    for (const Deck::Well& well : wells)
+        json.push_back(
+            {{"name", well.name}, {"group", NullIfEmpty(well.group)}, {"control", NullIfEmpty(well.control)},
+                {"completions", well.completions}, {"since", NullIfEmpty(Deck::DateText(well.since))}});
+    return json;
+}
+
+ordered_json SizesJson(const Deck::DeckSummary& summary)
+{
+    auto json = ordered_json::array();
+    for (const Deck::SizeSummary& row : summary.sizes) {
+        auto sizes = ordered_json::object();
+        for (const auto& [item, value] : row.sizes)
+            sizes[item] = value;
+        json.push_back({{"keyword", row.keyword}, {"sizes", sizes}});
+    }
+    return json;
+}
+
+void PrintJson(const Deck::DeckSummary& summary, const InfoOptions& options)
+{
+    ordered_json json = {{"deck", options.deck}, {"title", NullIfEmpty(summary.title)}};
+    auto files = ordered_json::array();
+    for (const Deck::FileSummary& file : summary.files)
+        files.push_back(
+            {{"name", file.name}, {"depth", file.depth}, {"bytes", file.bytes}, {"keywords", file.keywords}});
+    auto sections = ordered_json::array();
+    for (const Deck::SectionSummary& row : summary.sections)
+        sections.push_back({{"section", NullIfEmpty(SectionType::ToString(row.section))},
+            {"keywords", row.keywords}, {"place", PlaceJson(row.place)}});
+    auto groups = ordered_json::array();
+    for (const Deck::Group& group : summary.groups)
+        groups.push_back(
+            {{"name", group.name}, {"parent", NullIfEmpty(group.parent)}, {"wells", group.wells}});
+    auto properties = ordered_json::array();
+    for (const Deck::PropertySummary& row : summary.properties)
+        properties.push_back(PropertyJson(row));
+    json.update({{"files", files}, {"sections", sections}, {"sizes", SizesJson(summary)},
+        {"options", summary.options}, {"units", NullIfEmpty(summary.units)},
+        {"start", NullIfEmpty(Deck::DateText(summary.start))},
+        {"end", NullIfEmpty(Deck::DateText(summary.end))}, {"reports", summary.reports},
+        {"wells", WellsJson(summary.wells)}, {"groups", groups}, {"properties", properties}});
+    Print(ToText(json));
+}
+
+int Info(Catalogue& catalogue, const InfoOptions& options)
+{
+    Deck::Vocabulary vocabulary(catalogue.GetTable());
+    const auto deck = ReadForAnswers(options.deck, {.target = options.target}, vocabulary);
+    if (!deck)
+        return Failure;
+    const Deck::DeckSummary summary = Deck::Summarise(*deck);
+    if (options.isJson)
+        PrintJson(summary, options);
+    else
+        PrintText(summary, options);
+    return Success;
+}
+
+} // namespace
+
+Command MakeInfoCommand(CLI::App& application)
+{
+    const auto options = std::make_shared<InfoOptions>();
+    CLI::App& command = *application.add_subcommand("info",
+        "Tells what is in a deck: files, sections, sizes, dates, wells, groups, and of each cell property\n"
+        "the number, the least, the mean and the greatest of its values.");
+    command.add_option("DECK", options->deck, "The deck's file")->required();
+    AddSimulatorOption(command, options->target.simulator);
+    AddModeOption(command, options->target.mode);
+    command.add_flag("--wells", options->withAllWells, "List all wells and groups, not the first 20");
+    command.add_flag(
+        "--properties", options->withAllProperties, "List all cell properties, not the first 20");
+    AddFormatOption(command, options->isJson);
+    command.footer("A well's completions are the cells in which it was ever completed. The mean leaves out "
+                   "defaulted values.\nJSON lists all there is.\n\n"
+                   "Examples:\n"
+                   "  quor info reservoir.data\n"
+                   "  quor info reservoir.data --wells\n"
+                   "  quor info reservoir.data --simulator Dunmere --format json");
+    return {&command, [options](Catalogue& catalogue) { return Info(catalogue, *options); }};
+}
+
+} // namespace Veld::Quor::Tools
