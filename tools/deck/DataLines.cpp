@@ -48,6 +48,11 @@ bool HasValue(const TableRow& row, std::size_t cell)
     return cell < row.cells.size() && !row.cells[cell].text.empty();
 }
 
+bool IsBlank(const TableRow& row, std::size_t cell)
+{
+    return cell < row.cells.size() && row.cells[cell].isBlank;
+}
+
 std::vector<Column> FindColumns(const std::vector<TableRow>& rows)
 {
     std::size_t cells = 0;
@@ -56,8 +61,8 @@ std::vector<Column> FindColumns(const std::vector<TableRow>& rows)
     std::vector<Column> columns;
     bool wasEmpty = false;
     for (std::size_t i = 0; i < cells; ++i) {
-        const bool isEmpty =
-            std::none_of(rows.begin(), rows.end(), [i](const TableRow& row) { return HasValue(row, i); });
+        const bool isEmpty = std::none_of(rows.begin(), rows.end(),
+            [i](const TableRow& row) { return HasValue(row, i) || IsBlank(row, i); });
         if (isEmpty && wasEmpty)
             ++columns.back().count;
         else
@@ -72,7 +77,7 @@ std::string TextOf(const TableRow& row, const Column& column)
 {
     if (column.first >= row.cells.size())
         return {};
-    if (HasValue(row, column.first))
+    if (HasValue(row, column.first) || IsBlank(row, column.first))
         return row.cells[column.first].text;
     return MissingText(std::min(column.count, row.cells.size() - column.first));
 }
@@ -99,7 +104,8 @@ DataLines::DataLines(std::string_view name, std::size_t width)
 
 void DataLines::Word(std::string_view word)
 {
-    if (isBroken_ || (wraps_ && line_.size() + 1 + word.size() > width_ && line_.size() > indent_))
+    if (isBroken_ || isBehindSlash_
+        || (wraps_ && line_.size() + 1 + word.size() > width_ && line_.size() > indent_))
         EndLine();
     line_ += line_.empty() ? std::string(indent_, ' ') : " ";
     line_ += word;
@@ -161,14 +167,13 @@ void WriteTable(const std::vector<TableRow>& rows, DataLines& lines)
             lines.Comment(comment, isIndented);
         lines.Break();
         for (const Column& column : columns) {
-            if (const std::string text = TextOf(row, column); !text.empty())
-                lines.Word(column.Pad(text));
+            if (column.first < row.cells.size())
+                lines.Word(column.Pad(TextOf(row, column)));
         }
         if (row.isEnded)
             lines.Word("/");
         if (!row.behind.empty())
             lines.Behind(row.behind);
-        lines.Break();
     }
 }
 

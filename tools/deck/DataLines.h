@@ -52,6 +52,7 @@ struct TableRow {
     struct Cell {
         std::string text; ///< empty: no value is given
         bool isNumber = false;
+        bool isBlank = false; ///< nothing stands there
     };
     std::vector<Cell> cells; ///< as far as they are to be written
     std::vector<std::pair<std::string, bool>> above; ///< comments, and whether they are indented

@@ -42,7 +42,7 @@ void DataReader::Read(const DataPlan& plan, const Token& keyword, IKeywordData& 
     std::vector<RecordPlace>& places)
 {
     keyword_ = keyword;
-    last_ = keyword.spot;
+    SetLast(keyword.spot);
     mayBeShort_ = mayBeShort;
     repeats_ = 0;
     records_.clear();
@@ -116,7 +116,7 @@ DataReader::Got DataReader::Next()
         break;
     }
     ++taken_;
-    last_ = value_.spot;
+    SetLast(value_.spot);
     if (value_.kind != Token::Kind::Word)
         return value_.kind == Token::Kind::Slash ? Got::Slash : Got::Value;
     Repeat repeat = FindRepeat(value_.text);
@@ -155,6 +155,12 @@ DataReader::Got DataReader::Peek()
         break;
     }
     return Got::Value;
+}
+
+void DataReader::SetLast(const Spot& spot)
+{
+    last_ = spot;
+    lastTurns_ = text_.GetTurns();
 }
 
 /// Behind one word too many.
@@ -218,7 +224,7 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
         const Token line = text_.NextLine(records_.size() == 1 && index == 0);
         if (line.kind == Token::Kind::Word) {
             *static_cast<Optional<std::string>*>(place) = std::string(line.text);
-            last_ = line.spot;
+            SetLast(line.spot);
             ++taken_;
         }
         value_ = line;

@@ -61,8 +61,10 @@ public:
     /// How many have been told so far.
     std::size_t GetToldVariableCount() const { return toldVariables_.size(); }
 
-    /// Where in its file the keyword ended, if it did so in the file in which it began.
+    /// Where in its file the keyword ended, if nothing has led away from it in between.
     std::size_t GetEnd() const { return last_.offset + last_.length; }
+    /// The turns of the text before that.
+    std::size_t GetTurns() const { return lastTurns_; }
 
     /// Takes a message of the library about a choice that was not the plain word.
     void NoteChoice(const char* message) { choiceMessage_ = message; }
@@ -118,6 +120,7 @@ private:
 
     Got Next();
     Got Peek();
+    void SetLast(const Spot& spot);
     Ended SkipToSlash();
     Ended Unclosed(const char* what);
 
@@ -168,6 +171,7 @@ private:
     std::size_t taken_ = 0; // words, repeated ones each time
     bool isDefault_ = false; // `value_` stands for a default
     Spot last_; // of the last word
+    std::size_t lastTurns_ = 0;
     std::string choiceMessage_;
     DataNotes notes_;
     DataPosition position_;

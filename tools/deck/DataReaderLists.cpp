@@ -169,7 +169,7 @@ bool DataReader::HasMore(const DataPlan& plan, long long size, const IKeywordLis
         if (got != Got::Default && repeats_ == 0 && text_.PeekData().kind != Token::Kind::Quoted
             && words->Matches(std::string(text_.PeekData().text), ignored)) {
             const Token word = text_.NextData();
-            last_ = word.spot;
+            SetLast(word.spot);
             notes_.endWords.emplace_back(word.text);
             ++position_.ends;
             return false;
@@ -301,7 +301,7 @@ void DataReader::ReadPlainNumbers(const DataPlan& item, long long most, IKeyword
             offset = taken = end;
         }
         if (count > 0) {
-            last_ = text_.SpotOf(rest.substr(last_.offset, last_.length));
+            SetLast(text_.SpotOf(rest.substr(last_.offset, last_.length)));
             list.AddData(values, values + count);
         }
         most -= static_cast<long long>(count);
@@ -384,7 +384,7 @@ DataReader::Ended DataReader::ReadLines(const DataPlan& plan, IKeywordListData& 
         const Token line = text_.NextLine(false);
         if (line.kind != Token::Kind::Word)
             return words || plan.termination != Termination::NONE ? Unclosed("list") : Ended::Complete;
-        last_ = line.spot;
+        SetLast(line.spot);
         bool ignored = false;
         const bool isEnd = words ? words->Matches(std::string(line.text), ignored) : line.text == "/";
         if (isEnd && words)

@@ -102,8 +102,23 @@ std::string VariableText(const DataPlan& item, const std::string& text)
 
 bool IsFlat(const DataPlan& record)
 {
-    return std::all_of(record.items.begin(), record.items.end(),
+    return record.type == MDType::Record
+        && std::all_of(record.items.begin(), record.items.end(),
+            [](const DataPlan& item) { return item.IsScalar() && item.type != MDType::Line; });
+}
+
+/// Whether it holds scalars, and behind them a list of rows that may stand beside them.
+bool IsTabular(const DataPlan& record)
+{
+    if (record.type != MDType::Record || record.termination != Termination::NONE || record.items.size() < 2)
+        return false;
+    const DataPlan& last = record.items.back();
+    const bool isLead = std::all_of(record.items.begin(), record.items.end() - 1,
         [](const DataPlan& item) { return item.IsScalar() && item.type != MDType::Line; });
+    return isLead && last.type == MDType::List && last.termination == Termination::SLASH
+        && IsFlat(last.items.front()) && last.items.front().termination == Termination::NONE
+        && !ListMD(last).WriteStartingOnNewLine().ValueOr(false)
+        && !ListMD(last).WriteTerminationOnNewLine().ValueOr(false);
 }
 
 bool IsMapGiven(const IKeywordMapData& map)
@@ -326,8 +341,10 @@ void DataWriter::WriteList(const DataPlan& plan, const IKeywordListData& list)
         WriteLines(list);
     else if (item.IsScalar())
         WriteValues(item, list);
-    else if (item.type == MDType::Record && IsFlat(item) && item.termination != Termination::EOL)
+    else if (IsFlat(item) && item.termination != Termination::EOL)
         WriteRows(plan, list);
+    else if (IsTabular(item) && !HasCommentWithinRows(item, list))
+        WriteTabular(item, list);
     else
         WriteElements(plan, list);
     WriteComments();
@@ -453,6 +470,38 @@ void DataWriter::WriteRows(const DataPlan& plan, const IKeywordListData& list)
     FinishRows();
 }
 
+/// Records of scalars and rows, as one table.
+void DataWriter::WriteTabular(const DataPlan& record, const IKeywordListData& list)
+{
+    const DataPlan& rows = record.items.back();
+    const std::size_t lead = record.items.size() - 1;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i) {
+        const auto& data = *static_cast<const IKeywordRecordData*>(list.GetData(i));
+        const auto& inner = static_cast<const IKeywordListData&>(NestedIn(data, lead));
+        TableRow row;
+        TakeRowComments(row);
+        for (std::size_t item = 0; item < lead; ++item)
+            row.cells.push_back(CellOf(record.items[item], data, item));
+        position_.slots += lead;
+        for (std::size_t j = 0; j < static_cast<std::size_t>(inner.GetSize()); ++j) {
+            if (j > 0) {
+                TakeRowComments(row);
+                row.cells.assign(lead, Cell{{}, false, true});
+            }
+            const auto& values = *static_cast<const IKeywordRecordData*>(inner.GetData(j));
+            FillRow(rows.items.front(), values, false, row);
+            if (j + 1 < static_cast<std::size_t>(inner.GetSize()))
+                rows_.push_back(std::exchange(row, {}));
+        }
+        row.isEnded = true;
+        ++position_.ends;
+        rows_.push_back(std::move(row));
+        if (rows_.size() >= mostAlignedRows)
+            FinishRows();
+    }
+    FinishRows();
+}
+
 /// The comments before the row, and the one behind the row before.
 void DataWriter::TakeRowComments(TableRow& row)
 {
@@ -534,8 +583,6 @@ void DataWriter::WriteEnd(const DataPlan& plan, bool isOnNewLine)
         lines_.SetIndent(2); // at the start of a line it may be a keyword
     lines_.Word(word);
     ++position_.ends;
-    if (word == "/")
-        lines_.Break(); // what is behind a slash is a comment
 }
 
 const DataComment* DataWriter::FindComment() const
@@ -550,6 +597,38 @@ std::uint64_t DataWriter::FindNextSlot() const
 {
     const bool isThere = notes_ && nextComment_ < notes_->comments.size();
     return isThere ? notes_->comments[nextComment_].position.slots : 0;
+}
+
+/// The same for rows as `WriteTabular` writes them.
+bool DataWriter::HasCommentWithinRows(const DataPlan& record, const IKeywordListData& list) const
+{
+    DataPosition position = position_;
+    std::size_t next = nextComment_;
+    const auto countUpTo = [&](const DataPosition& place) {
+        const std::size_t before = next;
+        while (notes_ && next < notes_->comments.size() && notes_->comments[next].position.IsUpTo(place))
+            ++next;
+        return next - before;
+    };
+    const std::size_t lead = record.items.size() - 1;
+    for (std::size_t i = 0; notes_ && i < static_cast<std::size_t>(list.GetSize()); ++i) {
+        const auto& data = *static_cast<const IKeywordRecordData*>(list.GetData(i));
+        const auto rows = static_cast<const IKeywordListData&>(NestedIn(data, lead)).GetSize();
+        const std::size_t slots = record.items.back().items.front().slots;
+        countUpTo(position);
+        position.slots += lead;
+        for (std::int64_t j = 0; j < rows; ++j) {
+            position.slots += slots;
+            if (countUpTo({position.slots - 1, position.ends}) > 0)
+                return true;
+            if (j + 1 < rows)
+                countUpTo(position);
+        }
+        if (countUpTo(position) > 0)
+            return true;
+        ++position.ends;
+    }
+    return false;
 }
 
 /// Whether a comment stands between the first and the last word of the record that comes next.

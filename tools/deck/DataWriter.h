@@ -52,6 +52,7 @@ private:
     void WriteLines(const Core::Keywords::IKeywordListData& list);
     void WriteElements(const DataPlan& plan, const Core::Keywords::IKeywordListData& list);
     void WriteRows(const DataPlan& plan, const Core::Keywords::IKeywordListData& list);
+    void WriteTabular(const DataPlan& record, const Core::Keywords::IKeywordListData& list);
     void TakeRowComments(TableRow& row);
     void FillRow(const DataPlan& record, const Core::Keywords::IKeywordRecordData& data, bool needsWord,
         TableRow& row);
@@ -76,6 +77,7 @@ private:
     std::string TextOf(const DataComment& comment) const;
     bool IsIndented(const DataComment& comment) const;
     bool HasCommentWithin(const DataPlan& record) const;
+    bool HasCommentWithinRows(const DataPlan& record, const Core::Keywords::IKeywordListData& list) const;
 
     const DataPlan& plan_;
     const DataNotes* notes_;

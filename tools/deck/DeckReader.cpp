@@ -268,7 +268,7 @@ void DeckReader::ReadData(DeckKeyword& keyword, const Token& head, bool isTold)
         cell && cell->CopyLayerAboveByDefault(), keyword.records);
     if (DataNotes notes = data_.TakeNotes(); !notes.IsEmpty())
         keyword.notes = std::make_unique<DataNotes>(std::move(notes));
-    keyword.whole.length = turns == text_.GetTurns() ? data_.GetEnd() - head.spot.offset : 0;
+    keyword.whole.length = turns == data_.GetTurns() ? data_.GetEnd() - head.spot.offset : 0;
 }
 
 void DeckReader::CheckNoData(const Token& head)
