@@ -133,6 +133,7 @@ DataReader::Got DataReader::Next()
     isDefault_ = value_.text.empty();
     if (isDefault_ && !text_.GetRest().empty() && IsQuote(text_.GetRest().front())) {
         value_ = text_.NextData();
+        SetLast(value_.spot);
         isDefault_ = false;
     }
     return isDefault_ ? Got::Default : Got::Value;

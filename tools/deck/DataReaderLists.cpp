@@ -385,12 +385,14 @@ DataReader::Ended DataReader::ReadLines(const DataPlan& plan, IKeywordListData& 
         if (line.kind != Token::Kind::Word)
             return words || plan.termination != Termination::NONE ? Unclosed("list") : Ended::Complete;
         SetLast(line.spot);
+        const std::string_view word = line.text.substr(0, line.text.find_first_of(" \t"));
+        const bool isAlone = word == "/" || IsEmpty(line.text.substr(word.size()));
         bool ignored = false;
-        const bool isEnd = words ? words->Matches(std::string(line.text), ignored) : line.text == "/";
-        if (isEnd && words)
-            notes_.endWords.emplace_back(line.text);
-        if (isEnd) {
+        if (isAlone && (words ? words->Matches(std::string(word), ignored) : word == "/")) {
+            if (words)
+                notes_.endWords.emplace_back(word);
             ++position_.ends;
+            SetLast({line.spot.file, line.spot.offset, word.size()});
             return Ended::Complete;
         }
         ++taken_;

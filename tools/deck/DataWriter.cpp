@@ -3,6 +3,7 @@
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordMapData.h"
 #include "quor/data/IKeywordRecordData.h"
+#include "quor/metadata/ICustomReadTermination.h"
 #include "quor/metadata/IKeywordAssignmentMD.h"
 #include "quor/metadata/IKeywordChoiceMD.h"
 #include "quor/metadata/IKeywordListMD.h"
@@ -52,6 +53,17 @@ bool IsOneLine(const DataPlan& plan)
 {
     return plan.termination == Termination::EOL
         && (plan.items.empty() || plan.items.front().type != MDType::Line);
+}
+
+/// Whether a slash in place of the item would end what is in it, and not the record.
+bool TakesSlash(const DataPlan& item)
+{
+    if (item.IsScalar())
+        return false;
+    if (item.termination != Termination::NONE)
+        return true;
+    return !item.items.empty()
+        && (item.type == MDType::Record ? TakesSlash(item.items.front()) : !item.items.front().IsScalar());
 }
 
 /// A slash alone, or an empty line, would not be an element of the list.
@@ -212,10 +224,8 @@ void DataWriter::WriteContainer(const DataPlan& plan, const IKeywordData& data, 
 
 void DataWriter::WriteRecord(const DataPlan& plan, const IKeywordRecordData& record, bool needsWord)
 {
-    const std::size_t given = CountGiven(plan, record);
+    const std::size_t given = CountGiven(plan, record, needsWord);
     lines_.SetWrapping(plan.termination != Termination::EOL);
-    if (given == 0 && needsWord)
-        lines_.Word(MissingText(1));
     std::size_t missing = 0;
     for (std::size_t i = 0; i < given; ++i) {
         const DataPlan& item = plan.items[i];
@@ -228,7 +238,7 @@ void DataWriter::WriteRecord(const DataPlan& plan, const IKeywordRecordData& rec
         if (isMissing)
             ++missing;
         else if (!item.IsScalar())
-            WriteNested(item, NestedIn(record, i));
+            WriteNested(item, NestedIn(record, i), needsWord && i == 0);
         else if (!cell.text.empty()
             || i == 0) // an empty line is one if it stands directly behind its keyword
             lines_.Word(cell.text);
@@ -244,11 +254,11 @@ void DataWriter::WriteRecord(const DataPlan& plan, const IKeywordRecordData& rec
 }
 
 /// Below the record's own words.
-void DataWriter::WriteNested(const DataPlan& item, const IKeywordData& data)
+void DataWriter::WriteNested(const DataPlan& item, const IKeywordData& data, bool needsWord)
 {
     const std::size_t indent = lines_.GetIndent();
     lines_.SetIndent(indent + 2);
-    WriteContainer(item, data, false);
+    WriteContainer(item, data, needsWord);
     lines_.SetIndent(indent);
 }
 
@@ -258,13 +268,18 @@ void DataWriter::WriteMissing(std::size_t count)
         lines_.Word(MissingText(count));
 }
 
-std::size_t DataWriter::CountGiven(const DataPlan& plan, const IKeywordRecordData& record) const
+std::size_t DataWriter::CountGiven(
+    const DataPlan& plan, const IKeywordRecordData& record, bool needsWord) const
 {
     std::size_t given = plan.items.size();
     if (plan.termination == Termination::NONE)
         return given;
     while (given > 0 && !IsItemGiven(plan.items[given - 1], record, given - 1))
         --given;
+    if (needsWord && !plan.items.empty())
+        given = std::max<std::size_t>(given, 1);
+    while (given < plan.items.size() && TakesSlash(plan.items[given]))
+        ++given;
     return given;
 }
 
@@ -340,7 +355,7 @@ void DataWriter::WriteList(const DataPlan& plan, const IKeywordListData& list)
     if (item.type == MDType::Line)
         WriteLines(list);
     else if (item.IsScalar())
-        WriteValues(item, list);
+        WriteValues(plan, list);
     else if (IsFlat(item) && item.termination != Termination::EOL)
         WriteRows(plan, list);
     else if (IsTabular(item) && !HasCommentWithinRows(item, list))
@@ -353,14 +368,18 @@ void DataWriter::WriteList(const DataPlan& plan, const IKeywordListData& list)
     lines_.SetIndent(indent);
 }
 
-void DataWriter::WriteValues(const DataPlan& item, const IKeywordListData& list)
+void DataWriter::WriteValues(const DataPlan& plan, const IKeywordListData& list)
 {
+    const DataPlan& item = plan.items.front();
+    const auto* const endWords = ListMD(plan).GetCustomReadTermination();
     lines_.SetWrapping(true);
     const auto size = static_cast<std::size_t>(list.GetSize());
     const bool hasVariables = notes_ && notes_->variables && notes_->variables->GetDataVariables(list);
     for (std::size_t i = 0; i < size;) {
         WriteComments();
-        const std::string text = ElementOf(item, list, i).text;
+        std::string text = ElementOf(item, list, i).text;
+        if (bool ignored = false; endWords && endWords->Matches(text, ignored))
+            text = Quote(text, true);
         std::size_t limit = size;
         if (const std::uint64_t next = FindNextSlot(); next > position_.slots)
             limit = static_cast<std::size_t>(std::min<std::uint64_t>(limit, i + next - position_.slots));
@@ -453,6 +472,8 @@ void DataWriter::WriteRows(const DataPlan& plan, const IKeywordListData& list)
         const auto& data = *static_cast<const IKeywordRecordData*>(list.GetData(i));
         TableRow row;
         TakeRowComments(row);
+        if (CountGiven(record, data, NeedsWords(plan)) == 0)
+            TakeCommentsWithin(record, row);
         if (HasCommentWithin(record)) {
             FinishRows();
             for (const auto& [comment, isIndented] : row.above)
@@ -517,14 +538,22 @@ void DataWriter::TakeRowComments(TableRow& row)
     }
 }
 
+/// Comments in a record of which no word is left stand above it.
+void DataWriter::TakeCommentsWithin(const DataPlan& record, TableRow& row)
+{
+    const DataPosition begin = position_;
+    position_.slots += record.slots;
+    for (; const DataComment* const comment = FindComment(); ++nextComment_)
+        row.above.emplace_back(TextOf(*comment), IsIndented(*comment));
+    position_ = begin;
+}
+
 void DataWriter::FillRow(
     const DataPlan& record, const IKeywordRecordData& data, bool needsWord, TableRow& row)
 {
-    const std::size_t given = CountGiven(record, data);
+    const std::size_t given = CountGiven(record, data, needsWord);
     for (std::size_t i = 0; i < given; ++i)
         row.cells.push_back(CellOf(record.items[i], data, i));
-    if (given == 0 && needsWord)
-        row.cells.emplace_back();
     row.isEnded = record.termination == Termination::SLASH;
     position_.slots += record.slots;
     position_.ends += row.isEnded ? 1U : 0U;

@@ -44,16 +44,17 @@ private:
 
     void WriteContainer(const DataPlan& plan, const Core::Keywords::IKeywordData& data, bool needsWord);
     void WriteRecord(const DataPlan& plan, const Core::Keywords::IKeywordRecordData& record, bool needsWord);
-    void WriteNested(const DataPlan& item, const Core::Keywords::IKeywordData& data);
+    void WriteNested(const DataPlan& item, const Core::Keywords::IKeywordData& data, bool needsWord);
     void WriteMissing(std::size_t count);
     void WriteList(const DataPlan& plan, const Core::Keywords::IKeywordListData& list);
-    void WriteValues(const DataPlan& item, const Core::Keywords::IKeywordListData& list);
+    void WriteValues(const DataPlan& plan, const Core::Keywords::IKeywordListData& list);
     void WriteNumbers();
     void WriteLines(const Core::Keywords::IKeywordListData& list);
     void WriteElements(const DataPlan& plan, const Core::Keywords::IKeywordListData& list);
     void WriteRows(const DataPlan& plan, const Core::Keywords::IKeywordListData& list);
     void WriteTabular(const DataPlan& record, const Core::Keywords::IKeywordListData& list);
     void TakeRowComments(TableRow& row);
+    void TakeCommentsWithin(const DataPlan& record, TableRow& row);
     void FillRow(const DataPlan& record, const Core::Keywords::IKeywordRecordData& data, bool needsWord,
         TableRow& row);
     void FinishRows();
@@ -64,8 +65,9 @@ private:
         const DataPlan& item, const Core::Keywords::IKeywordRecordData& record, std::size_t index) const;
     Cell ElementOf(
         const DataPlan& item, const Core::Keywords::IKeywordListData& list, std::size_t index) const;
-    /// How many items of the record are to be written.
-    std::size_t CountGiven(const DataPlan& plan, const Core::Keywords::IKeywordRecordData& record) const;
+    /// How many items of the record are to be written. `needsWord`: a slash alone won't do.
+    std::size_t CountGiven(
+        const DataPlan& plan, const Core::Keywords::IKeywordRecordData& record, bool needsWord) const;
     bool IsItemGiven(
         const DataPlan& item, const Core::Keywords::IKeywordRecordData& record, std::size_t index) const;
     bool IsGiven(const DataPlan& plan, const Core::Keywords::IKeywordData& data) const;

@@ -83,9 +83,9 @@ std::string NumberToText(int value, const IKeywordNumericMD& md)
     return FormatOrShortest(value, md);
 }
 
-std::string Quote(const std::string& text)
+std::string Quote(const std::string& text, bool always)
 {
-    if (IsPlain(text))
+    if (!always && IsPlain(text))
         return text;
     const bool hasApostrophe = text.find('\'') != std::string::npos;
     if (text.find_first_of("\r\n") != std::string::npos

@@ -12,8 +12,8 @@ namespace Veld::Quor::Tools::Deck {
 std::string NumberToText(double value, const Core::Keywords::IKeywordNumericMD& md);
 std::string NumberToText(int value, const Core::Keywords::IKeywordNumericMD& md);
 
-/// The text as a word of a deck, in quotes where it needs them. Throws `std::invalid_argument` for a text
-/// that no deck can hold: one of several lines, or with both kinds of quotes.
-std::string Quote(const std::string& text);
+/// The text as a word of a deck, in quotes where it needs them, or always. Throws `std::invalid_argument` for
+/// a text that no deck can hold: one of several lines, or with both kinds of quotes.
+std::string Quote(const std::string& text, bool always = false);
 
 } // namespace Veld::Quor::Tools::Deck

@@ -1,0 +1,99 @@
+#include "tests/support/Documents.h"
+#include "tests/tools/RandomLanguage.h"
+#include "tools/deck/Deck.h"
+#include "tools/deck/DeckWriter.h"
+
+#include "quor/data/KeywordDataEqual.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+using namespace Veld::Quor::Core::Keywords;
+using namespace Veld::Quor::Tests;
+using namespace Veld::Quor::Tools::Deck;
+
+namespace {
+
+class RoundTrip : public testing::Test {
+protected:
+    std::unique_ptr<Deck> Read(const std::string& text, Vocabulary& vocabulary) const
+    {
+        ReadOptions options;
+        options.variables = {{RandomLanguage::variable, "1"}};
+        return ReadDeck(folder_.Write("d.data", text), options, vocabulary);
+    }
+
+    TemporaryDirectory folder_;
+};
+
+std::string Write(const Deck& deck)
+{
+    return DeckWriter(deck, {}).WriteFile(0);
+}
+
+testing::AssertionResult SayTheSame(const Deck& a, const Deck& b)
+{
+    if (a.keywords.size() != b.keywords.size())
+        return testing::AssertionFailure() << a.keywords.size() << " keywords, and " << b.keywords.size();
+    for (std::size_t i = 0; i < a.keywords.size(); ++i) {
+        const DeckKeyword& first = a.keywords[i];
+        const DeckKeyword& second = b.keywords[i];
+        if (first.syntax != second.syntax || !first.data != !second.data
+            || (first.data && !KeywordDataEqual(*first.data, *second.data)))
+            return testing::AssertionFailure() << "keyword " << i << ", " << first.syntax->GetName();
+    }
+    return testing::AssertionSuccess();
+}
+
+std::string FirstFinding(const Deck& deck)
+{
+    if (deck.findings.GetKept().empty())
+        return {};
+    const Finding& finding = deck.findings.GetKept().front();
+    return std::to_string(finding.place.line) + ": " + finding.message;
+}
+
+/// The comments that a text has, or has twice.
+std::string CommentsLostIn(const std::string& text, int comments)
+{
+    std::string lost;
+    for (int i = 1; i <= comments; ++i) {
+        const std::string comment = " c" + std::to_string(i) + ".";
+        const std::size_t place = text.find(comment);
+        if (place == std::string::npos || text.find(comment, place + 1) != std::string::npos)
+            lost += comment;
+    }
+    return lost;
+}
+
+class RandomRoundTrip : public RoundTrip, public testing::WithParamInterface<int> { };
+
+TEST_P(RandomRoundTrip, ChangesNoDataAndLosesNoComment)
+{
+    constexpr int languages = 25;
+    constexpr int decks = 40;
+    for (int i = 0; i < languages && !HasFailure(); ++i) {
+        RandomLanguage language(static_cast<std::uint32_t>(GetParam() * languages + i));
+        const LoadedTable table(language.GetDocument());
+        Vocabulary vocabulary(*table.operator->());
+        for (int j = 0; j < decks && !HasFailure(); ++j) {
+            int comments = 0;
+            const std::string text = language.MakeDeck(8, comments);
+            const auto deck = Read(text, vocabulary);
+            const std::string written = Write(*deck);
+            const auto again = Read(written, vocabulary);
+            SCOPED_TRACE(language.GetDocument() + "\n== deck\n" + text + "\n== written\n" + written);
+            EXPECT_EQ(FirstFinding(*deck), "");
+            EXPECT_EQ(FirstFinding(*again), "");
+            EXPECT_TRUE(SayTheSame(*deck, *again));
+            EXPECT_EQ(CommentsLostIn(written, comments), "");
+            EXPECT_TRUE(Write(*again) == written) << "the second time changes more:\n" << Write(*again);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(TenThousandDecks, RandomRoundTrip, testing::Range(0, 10));
+
+} // namespace
