@@ -161,8 +161,7 @@ protected:
 
 TEST_P(FaultyDecks, HaveOneFinding)
 {
-    EXPECT_EQ(
-        FindingsOf(path_, GetParam().target), std::string(GetParam().place) + " " + GetParam().code);
+    EXPECT_EQ(FindingsOf(path_, GetParam().target), std::string(GetParam().place) + " " + GetParam().code);
 }
 
 TEST_P(FaultyDecks, TellHowToCheckThem)
