@@ -88,7 +88,8 @@ Box BoxFor(std::uint64_t values)
     Box box{};
     box.nz =
         std::max<std::uint64_t>(1, static_cast<std::uint64_t>(std::cbrt(static_cast<double>(cells)) / 4));
-    box.nx = static_cast<std::uint64_t>(std::ceil(std::sqrt(static_cast<double>(cells / box.nz))));
+    const std::uint64_t columns = DivideUp(cells, box.nz);
+    box.nx = static_cast<std::uint64_t>(std::ceil(std::sqrt(static_cast<double>(columns))));
     box.ny = DivideUp(cells, box.nx * box.nz);
     return 2 * box.GetSize() <= values ? box : Box{cells, 1, 1};
 }

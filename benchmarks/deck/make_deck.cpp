@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <stdexcept>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -53,35 +54,48 @@ private:
     bool hasName_ = false;
 };
 
-} // namespace
-
-int main(int argc, char** argv)
-{
-    CLI::App app("Writes a deck of a given size that quor check has nothing to say about.");
+struct Options {
     std::string path;
     std::uint64_t cells = 0;
     std::uint64_t records = 0;
     std::uint64_t seed = 1;
-    auto& size = *app.add_option_group("Size", "One of these");
-    size.add_option("--cells", cells, "Values of three arrays of cells altogether")
+};
+
+void Add(CLI::App& app, Options& options)
+{
+    auto& size = *app.add_option_group("Size", "What there is to be of");
+    size.add_option("--cells", options.cells, "Values of three arrays of cells altogether")
         ->check(CLI::Range(leastDeck, largestCellDeck));
-    size.add_option("--records", records, "Records of the SCHEDULE section altogether")
+    size.add_option("--records", options.records, "Records of the SCHEDULE section altogether")
         ->check(CLI::Range(leastDeck, largestRecordDeck));
     size.require_option(1);
-    app.add_option("--seed", seed, "Another seed gives other numbers");
-    app.add_option("FILE", path, "The deck")->required();
-    CLI11_PARSE(app, argc, argv);
+    app.add_option("--seed", options.seed, "Another seed gives other numbers");
+    app.add_option("FILE", options.path, "The deck")->required();
+}
 
-    try {
-        NewFile file(path);
-        if (cells > 0)
-            WriteCellDeck(file.Get(), cells, seed);
-        else
-            WriteRecordDeck(file.Get(), records, seed);
-        file.Finish();
-    } catch (const std::exception& error) {
-        fmt::print(stderr, "make-deck: error: can't write '{}': {}\n", path, error.what());
-        return EXIT_FAILURE;
-    }
+void MakeDeck(const Options& options)
+try {
+    NewFile file(options.path);
+    if (options.cells > 0)
+        WriteCellDeck(file.Get(), options.cells, options.seed);
+    else
+        WriteRecordDeck(file.Get(), options.records, options.seed);
+    file.Finish();
+} catch (const std::system_error& error) {
+    throw std::runtime_error(fmt::format("can't write '{}': {}", options.path, error.what()));
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+try {
+    CLI::App app("Writes a deck of a given size that quor check has nothing to say about.");
+    Options options;
+    Add(app, options);
+    CLI11_PARSE(app, argc, argv);
+    MakeDeck(options);
     return EXIT_SUCCESS;
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "make-deck: error: %s\n", error.what());
+    return EXIT_FAILURE;
 }
