@@ -63,7 +63,7 @@ struct Options {
 
 void Add(CLI::App& app, Options& options)
 {
-    auto& size = *app.add_option_group("Size", "What there is to be of");
+    auto& size = *app.add_option_group("Size", "How large the deck is to be");
     size.add_option("--cells", options.cells, "Values of three arrays of cells altogether")
         ->check(CLI::Range(leastDeck, largestCellDeck));
     size.add_option("--records", options.records, "Records of the SCHEDULE section altogether")
