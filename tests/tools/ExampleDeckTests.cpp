@@ -1,0 +1,208 @@
+#include "tests/support/Cases.h"
+#include "tests/support/Documents.h"
+#include "tools/deck/Codes.h"
+#include "tools/deck/DeckCheck.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <string>
+
+using namespace Veld::Quor::Core::Keywords;
+using namespace Veld::Quor::Tests;
+using namespace Veld::Quor::Tools::Deck;
+
+namespace {
+
+constexpr Target carrow{SimulatorType::Carrow, SimulatorModeType::Any};
+constexpr Target carrowBlackOil{SimulatorType::Carrow, SimulatorModeType::BlackOil};
+constexpr Target blackOil{SimulatorType::Dunmere, SimulatorModeType::BlackOil};
+constexpr Target compositional{SimulatorType::Dunmere, SimulatorModeType::Compositional};
+constexpr Target thermal{SimulatorType::Dunmere, SimulatorModeType::Thermal};
+
+const std::filesystem::path folder = std::filesystem::path(QUOR_SOURCE_DIR) / "examples" / "decks";
+
+/// "line:column code" of each finding, with the file in front if it isn't the deck itself.
+std::string FindingsOf(const std::filesystem::path& deck, const Target& target)
+{
+    static Vocabulary vocabulary(KeywordSyntaxTable::Instance());
+    const DeckReport report = CheckDeck(deck.string(), {target}, vocabulary);
+    std::string text;
+    for (const Finding& finding : report.findings.GetKept()) {
+        const auto file = std::filesystem::path(finding.place.file).lexically_relative(deck.parent_path());
+        text += (text.empty() ? "" : ", ") + (file == deck.filename() ? "" : file.string() + ":")
+            + std::to_string(finding.place.line) + ":" + std::to_string(finding.place.column) + " "
+            + finding.code;
+    }
+    return text;
+}
+
+std::set<std::string> DecksIn(const std::filesystem::path& directory)
+{
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(directory)) {
+        if (entry.path().extension() == ".data")
+            names.insert(entry.path().stem().string());
+    }
+    return names;
+}
+
+/// The command that a deck tells its reader to check it by.
+std::string CommandFor(const Target& target)
+{
+    const auto& simulator = SimulatorType::ToString(target.simulator);
+    const auto& mode = SimulatorModeType::ToString(target.mode);
+    return "-- quor check" + (target.simulator == SimulatorType::Any ? "" : " --simulator " + simulator)
+        + (target.mode == SimulatorModeType::Any ? "" : " --mode " + mode);
+}
+
+struct CleanRow {
+    const char* name;
+    const char* deck;
+    Target target = {};
+};
+
+const CleanRow cleanRows[] = {
+    {"FirstComparative", "first-comparative"},
+    {"FirstComparativeForCarrow", "first-comparative", carrowBlackOil},
+    {"Compositional", "compositional"},
+    {"CompositionalForItsMode", "compositional", compositional},
+    {"SteamInjection", "steam-injection"},
+    {"SteamInjectionForItsMode", "steam-injection", thermal},
+    {"Field", "field/field"},
+    {"FieldForCarrow", "field/field", carrowBlackOil}, // which passes over what another reads
+    {"FieldForDunmere", "field/field", blackOil},
+};
+
+class CleanDecks : public testing::TestWithParam<CleanRow> { };
+
+TEST_P(CleanDecks, HaveNoFindings)
+{
+    EXPECT_EQ(FindingsOf(folder / (std::string(GetParam().deck) + ".data"), GetParam().target), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Examples, CleanDecks, testing::ValuesIn(cleanRows), CaseName<CleanRow>);
+
+TEST(CleanDecks, AreAllOfTheFolder)
+{
+    std::set<std::string> inTable;
+    for (const CleanRow& row : cleanRows)
+        inTable.insert(row.deck);
+    inTable.erase("field/field");
+    EXPECT_EQ(DecksIn(folder), inTable);
+}
+
+/// A deck that is named after the code of its only finding.
+struct FaultyRow {
+    const char* code;
+    const char* place;
+    Target target = {};
+};
+
+const FaultyRow faultyRows[] = {
+    {"abbreviated-word", "20:13"},
+    {"bad-date", "24:3"},
+    {"bad-repeat", "23:9"},
+    {"choice-not-valid", "23:11", carrow},
+    {"column-order", "20:13"},
+    {"date-order", "25:3"},
+    {"deprecated-word", "20:13"},
+    {"encoding", "include/wide.inc:1:1"},
+    {"include-count", "include/four-hundred.inc:11:9"},
+    {"include-loop", "include/loop.inc:4:9"},
+    {"include-missing", "19:3"},
+    {"include-name", "16:1"},
+    {"item-not-valid", "17:31", blackOil},
+    {"item-unsupported", "20:28", carrow},
+    {"long-text", "17:6"},
+    {"lower-case", "18:1"},
+    {"missing-precedent", "16:1"},
+    {"no-default", "17:12"},
+    {"no-section", "4:1"},
+    {"not-a-choice", "17:18"},
+    {"out-of-range", "17:12"},
+    {"section-order", "19:1"},
+    {"stray-end", "25:1"},
+    {"stray-endinc", "18:1"},
+    {"stray-endskip", "18:1"},
+    {"stray-text", "18:3"},
+    {"too-few-values", "7:9"},
+    {"too-many-values", "7:11"},
+    {"unclosed-data", "17:11"},
+    {"unclosed-quote", "23:3"},
+    {"unclosed-scope", "22:1"},
+    {"unclosed-skip", "19:1"},
+    {"unclosed-text", "14:1"},
+    {"unknown-alias", "21:3"},
+    {"unknown-keyword", "16:1"},
+    {"unknown-name", "23:17"},
+    {"wrong-mode", "18:1", blackOil},
+    {"wrong-section", "18:1"},
+    {"wrong-simulator", "14:1", carrow},
+    {"wrong-size", "17:21"},
+    {"wrong-type", "19:19"},
+};
+
+std::set<std::string> FaultyCodes()
+{
+    std::set<std::string> codes;
+    for (const FaultyRow& row : faultyRows)
+        codes.insert(row.code);
+    return codes;
+}
+
+class FaultyDecks : public testing::TestWithParam<FaultyRow> {
+protected:
+    const std::filesystem::path path_ = folder / "faulty" / (std::string(GetParam().code) + ".data");
+};
+
+TEST_P(FaultyDecks, HaveOneFinding)
+{
+    EXPECT_EQ(FindingsOf(path_, GetParam().target), std::string(GetParam().place) + " " + GetParam().code);
+}
+
+TEST_P(FaultyDecks, TellHowToCheckThem)
+{
+    std::string line;
+    std::getline(std::ifstream(path_), line);
+    EXPECT_EQ(line, CommandFor(GetParam().target) + " " + GetParam().code + ".data");
+}
+
+INSTANTIATE_TEST_SUITE_P(Codes, FaultyDecks, testing::ValuesIn(faultyRows), [](const auto& row) {
+    std::string name = row.param.code;
+    std::replace(name.begin(), name.end(), '-', '_');
+    return name;
+});
+
+TEST(FaultyDecks, AreAllOfTheFolder)
+{
+    std::set<std::string> inTable = FaultyCodes();
+    inTable.insert("three-mistakes");
+    EXPECT_EQ(DecksIn(folder / "faulty"), inTable);
+}
+
+TEST(FaultyDecks, CoverEveryCode)
+{
+    std::set<std::string> covered = FaultyCodes();
+    covered.insert("choice-unsupported"); // no word of the built-in language is
+    covered.insert("include-depth"); // takes too many files: see below
+    covered.insert("unknown-variable"); // reading doesn't tell it
+    std::set<std::string> all;
+    for (const CodeInfo& info : Codes())
+        all.insert(info.name);
+    EXPECT_EQ(all, covered);
+}
+
+TEST(FaultyDecks, MayBeTooDeep)
+{
+    const TemporaryDirectory directory;
+    const std::string deck = directory.Write("deck.data", "RUNSPEC\nINCLUDE\n  '1.inc' /\n");
+    for (int i = 1; i <= 101; ++i)
+        directory.Write(std::to_string(i) + ".inc", "INCLUDE '" + std::to_string(i + 1) + ".inc' /\n");
+    EXPECT_EQ(FindingsOf(deck, {}), "100.inc:1:9 include-depth");
+}
+
+} // namespace
