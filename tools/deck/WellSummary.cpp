@@ -22,14 +22,14 @@ constexpr const char* topGroup = "FIELD";
 
 /// The scalar under that name, or its default; not given if the record has no such item, or one of another
 /// type.
-Value Find(const IKeywordRecordData& record, const char* name, MDType::Enum type)
+Scalar Find(const IKeywordRecordData& record, const char* name, MDType::Enum type)
 {
     const auto& md = static_cast<const IKeywordRecordMD&>(*record.GetMD());
     for (int i = 0; i < md.GetSize(); ++i) {
         const IKeywordDataMD& item = *md.GetItemMD(i);
         if (item.GetName() != name || item.GetType() != type)
             continue;
-        const Value value = ItemValue(item, record.GetData(i));
+        const Scalar value = ItemValue(item, record.GetData(i));
         return IsGiven(value) ? value : DefaultOf(item, SimulatorType::Any).value;
     }
     return {};
@@ -38,13 +38,13 @@ Value Find(const IKeywordRecordData& record, const char* name, MDType::Enum type
 /// Names are the same in any case.
 std::string FindName(const IKeywordRecordData& record, const char* name)
 {
-    const Value value = Find(record, name, MDType::String);
+    const Scalar value = Find(record, name, MDType::String);
     return IsGiven(value) ? ToUpper(std::get<std::string>(value)) : std::string();
 }
 
 int FindIndex(const IKeywordRecordData& record, const char* name)
 {
-    const Value value = Find(record, name, MDType::Integer);
+    const Scalar value = Find(record, name, MDType::Integer);
     return IsGiven(value) ? std::get<int>(value) : 0;
 }
 

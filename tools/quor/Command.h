@@ -22,6 +22,7 @@ Command MakeListCommand(CLI::App& application);
 Command MakeShowCommand(CLI::App& application);
 Command MakeCheckCommand(CLI::App& application);
 Command MakeInfoCommand(CLI::App& application);
+Command MakeDiffCommand(CLI::App& application);
 Command MakeLintCommand(CLI::App& application);
 
 } // namespace Veld::Quor::Tools

@@ -52,7 +52,8 @@ int RunCommand(int argc, char** argv)
         "Exit status: 0 if all is well, 1 if there are findings or a keyword is not known,\n"
         "2 if the usage is wrong or something can't be read or written.");
     const Command commands[] = {MakeListCommand(application), MakeShowCommand(application),
-        MakeCheckCommand(application), MakeInfoCommand(application), MakeLintCommand(application)};
+        MakeCheckCommand(application), MakeInfoCommand(application), MakeDiffCommand(application),
+        MakeLintCommand(application)};
     try {
         application.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
