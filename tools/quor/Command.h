@@ -23,6 +23,7 @@ Command MakeShowCommand(CLI::App& application);
 Command MakeCheckCommand(CLI::App& application);
 Command MakeInfoCommand(CLI::App& application);
 Command MakeDiffCommand(CLI::App& application);
+Command MakePortCommand(CLI::App& application);
 Command MakeLintCommand(CLI::App& application);
 
 } // namespace Veld::Quor::Tools

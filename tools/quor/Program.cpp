@@ -53,7 +53,7 @@ int RunCommand(int argc, char** argv)
         "2 if the usage is wrong or something can't be read or written.");
     const Command commands[] = {MakeListCommand(application), MakeShowCommand(application),
         MakeCheckCommand(application), MakeInfoCommand(application), MakeDiffCommand(application),
-        MakeLintCommand(application)};
+        MakePortCommand(application), MakeLintCommand(application)};
     try {
         application.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
