@@ -42,7 +42,7 @@ struct KindRow {
 
 const KindRow& RowOf(Loss::Kind kind)
 {
-    static constexpr KindRow rows[] = {{"keyword-not-valid", "keywords that it doesn't know there"},
+    static constexpr KindRow rows[] = {{"keyword-not-valid", "keywords that are not valid"},
         {"item-not-valid", "values that it doesn't take"},
         {"item-unsupported", "values that it takes and doesn't act on"},
         {"choice-not-valid", "words that it doesn't take"},
@@ -92,8 +92,8 @@ void PrintText(const std::vector<Loss>& losses, const PortCommandOptions& option
     }
     const std::string target = Deck::NameOf(options.port.to);
     Print(losses.empty() ? fmt::format("nothing is lost for {}\n", target)
-                         : fmt::format("{} in {} for {}\n", Plural(losses.size(), "loss"),
-                             Plural(count, "place"), target));
+                         : fmt::format("lost for {}: {} in {}\n", target, Plural(losses.size(), "thing"),
+                             Plural(count, "place")));
 }
 
 ordered_json LossJson(const Loss& loss)
