@@ -18,6 +18,11 @@ namespace {
 const std::string runspec = "RUNSPEC\nDIMENS\n 2 2 1 /\nOIL\nSTART\n 1 JAN 2020 /\n";
 const std::string schedule = "SCHEDULE\nWELSPECS\n P1 G1 1 1 1* OIL /\n P2 G1 2 2 1* OIL /\n/\n";
 
+std::string Producers(const std::string& records)
+{
+    return schedule + "WCONPROD\n" + records + "/\n";
+}
+
 /// In a folder that has the two decks.
 Outcome Analyse(const std::string& arguments, const std::string& a, const std::string& b = {},
     const std::string& environment = {})
@@ -53,13 +58,10 @@ TEST_P(Differences, AreTold)
 INSTANTIATE_TEST_SUITE_P(Same, Differences,
     testing::Values(DiffCase{"Layout", runspec + "GRID\nPORO\n 4*0.2 /\n",
                         "-- a comment\n" + runspec + "GRID\n\nPORO\n 0.2 2*0.2\n 2.0E-1 /\nEND\n", ""},
-        DiffCase{"RecordsSpreadAndInAnyOrder",
-            schedule + "WCONPROD\n P1 OPEN ORAT 5 /\n P2 OPEN ORAT 6 /\n/\n",
-            schedule + "WCONPROD\n P2 OPEN ORAT 6 /\n/\nWCONPROD\n P1 OPEN ORAT 5 /\n/\n", ""},
-        DiffCase{"DefaultGiven", schedule + "WCONPROD\n P1 1* ORAT 5 /\n/\n",
-            schedule + "WCONPROD\n P1 OPEN ORAT 5 5* 0 /\n/\n", ""},
-        DiffCase{"CaseOfNames", schedule + "WCONPROD\n P1 OPEN ORAT 5 /\n/\n",
-            schedule + "WCONPROD\n 'p1' OPEN ORAT 5 /\n/\n", ""},
+        DiffCase{"RecordsSpreadAndInAnyOrder", Producers(" P1 OPEN ORAT 5 /\n P2 OPEN ORAT 6 /\n"),
+            Producers(" P2 OPEN ORAT 6 /\n/\nWCONPROD\n P1 OPEN ORAT 5 /\n"), ""},
+        DiffCase{"DefaultGiven", Producers(" P1 1* ORAT 5 /\n"), Producers(" P1 OPEN ORAT 5 5* 0 /\n"), ""},
+        DiffCase{"CaseOfNames", Producers(" P1 OPEN ORAT 5 /\n"), Producers(" 'p1' OPEN ORAT 5 /\n"), ""},
         DiffCase{"StepsAndDates", runspec + schedule + "TSTEP\n 31 29 /\n",
             runspec + schedule + "DATES\n 1 FEB 2020 /\n 1 MAR 2020 /\n/\n", ""},
         DiffCase{"DefaultedCells", runspec + "GRID\nMULTX\n 2* 2*3 /\n",
@@ -69,24 +71,21 @@ INSTANTIATE_TEST_SUITE_P(Same, Differences,
     CaseName<DiffCase>);
 
 INSTANTIATE_TEST_SUITE_P(Told, Differences,
-    testing::Values(DiffCase{"Item", schedule + "WCONPROD\n P1 OPEN ORAT 5 /\n P2 OPEN ORAT 5 /\n/\n",
-                        schedule + "WCONPROD\n P2 OPEN ORAT 6 /\n P1 SHUT ORAT 5 /\n/\n",
+    testing::Values(DiffCase{"Item", Producers(" P1 OPEN ORAT 5 /\n P2 OPEN ORAT 5 /\n"),
+                        Producers(" P2 OPEN ORAT 6 /\n P1 SHUT ORAT 5 /\n"),
                         "SCHEDULE\n"
                         "  ~ WCONPROD P1: STATUS OPEN -> SHUT   (a.data:7, b.data:8)\n"
                         "  ~ WCONPROD P2: ORAT 5 -> 6   (a.data:8, b.data:7)\n"},
-        DiffCase{"LeftOut", schedule + "WCONPROD\n P1 OPEN ORAT 5 /\n/\n",
-            schedule + "WCONPROD\n P1 OPEN ORAT 1* 7 3* 2.5 /\n/\n",
+        DiffCase{"LeftOut", Producers(" P1 OPEN ORAT 5 /\n"), Producers(" P1 OPEN ORAT 1* 7 3* 2.5 /\n"),
             "SCHEDULE\n"
             "  ~ WCONPROD P1: ORAT 5 -> default (calculated)   (a.data:7, b.data:7)\n"
             "  ~ WCONPROD P1: WRAT default (calculated) -> 7   (a.data:7, b.data:7)\n"
             "  ~ WCONPROD P1: BHP default (1.01325) -> 2.5   (a.data:7, b.data:7)\n"},
-        DiffCase{"Strictly", schedule + "WCONPROD\n P1 1* ORAT 5 /\n/\n",
-            schedule + "WCONPROD\n P1 OPEN ORAT 5 /\n/\n",
+        DiffCase{"Strictly", Producers(" P1 1* ORAT 5 /\n"), Producers(" P1 OPEN ORAT 5 /\n"),
             "SCHEDULE\n  ~ WCONPROD P1: STATUS default (OPEN) -> OPEN   (a.data:7, b.data:7)\n", "--strict"},
         DiffCase{"DefaultOfTheSimulator", "SCHEDULE\nNUPCOL\n/\n", "SCHEDULE\nNUPCOL\n 3 /\n",
             "SCHEDULE\n  ~ NUPCOL: NUPCOL default (5) -> 3   (a.data:2, b.data:2)\n", "--simulator Hallow"},
-        DiffCase{"RecordsAddedAndGone", schedule + "WCONPROD\n P1 OPEN ORAT 5 /\n/\n",
-            schedule + "WCONPROD\n P2 OPEN ORAT 5 /\n/\n",
+        DiffCase{"RecordsAddedAndGone", Producers(" P1 OPEN ORAT 5 /\n"), Producers(" P2 OPEN ORAT 5 /\n"),
             "SCHEDULE\n  - WCONPROD P1   (a.data:7)\n  + WCONPROD P2   (b.data:7)\n"},
         DiffCase{"Dates",
             runspec + schedule + "DATES\n 1 FEB 2020 /\n 1 MAR 2020 /\n/\nWCONPROD\n P1 OPEN ORAT 5 /\n/\n",
@@ -113,10 +112,10 @@ INSTANTIATE_TEST_SUITE_P(Told, Differences,
             "GRID\n  - NOECHO   (a.data:2)\nPROPS\n  + NOECHO   (b.data:3)\n"},
         DiffCase{"Scopes",
             runspec
-                + "GRID\nCARFIN\n A 1 1 1 1 1 1 1 1 1 /\nPORO\n 0.1 /\nENDFIN\n"
+                + "LGR\n 2 4 /\nGRID\nCARFIN\n A 1 1 1 1 1 1 1 1 1 /\nPORO\n 0.1 /\nENDFIN\n"
                   "CARFIN\n B 2 2 1 1 1 1 1 1 1 /\nPORO\n 0.2 /\nENDFIN\n",
             runspec
-                + "GRID\nCARFIN\n B 2 2 1 1 1 1 1 1 1 /\nPORO\n 0.3 /\nENDFIN\n"
+                + "LGR\n 2 4 /\nGRID\nCARFIN\n B 2 2 1 1 1 1 1 1 1 /\nPORO\n 0.3 /\nENDFIN\n"
                   "CARFIN\n A 1 1 1 1 1 1 1 1 1 /\nPORO\n 0.1 /\nENDFIN\n",
             "GRID\n  ~ PORO: 1 of 1 differ, first [1]: 0.2 -> 0.3   (a.data:17, b.data:12)\n"}),
     CaseName<DiffCase>);

@@ -91,9 +91,9 @@ Difference Comparer::Compare()
 
 void Comparer::CompareSteps(const Step& step, const StepUnits* before, const StepUnits* after)
 {
-    if (step.IsReport() && !after)
+    if (step.IsReport() && before && !after)
         Tell({Kind::Gone, {}, {}}, &before->spot, nullptr);
-    else if (step.IsReport() && !before)
+    else if (step.IsReport() && after && !before)
         Tell({Kind::Added, {}, {}}, nullptr, &after->spot);
     for (const Bucket& bucket : Match(before, after))
         CompareUnits(bucket);

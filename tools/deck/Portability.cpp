@@ -72,7 +72,6 @@ private:
     void VisitList(const IKeywordListData& list);
     void VisitMap(const IKeywordMapData& map);
     void VisitValue(const IKeywordDataMD& md, const Scalar& value);
-    void VisitChoice(const IKeywordChoiceMD& md, int index);
     void VisitLeftOut(const IKeywordDataMD& md, std::size_t count = 1);
     const LeftOut& GetLeftOut(const IKeywordDataMD& md);
 
@@ -229,20 +228,18 @@ void LossFinder::VisitMap(const IKeywordMapData& map)
 
 void LossFinder::VisitValue(const IKeywordDataMD& md, const Scalar& value)
 {
-    if (md.GetType() == MDType::Choice && IsGiven(value))
-        VisitChoice(static_cast<const IKeywordChoiceMD&>(md), std::get<int>(value));
-}
-
-void LossFinder::VisitChoice(const IKeywordChoiceMD& md, int index)
-{
-    if (index < 0 || index >= md.NumChoices())
+    if (md.GetType() != MDType::Choice || !IsGiven(value))
         return;
-    if (!IsValidFor(md.GetValidity(index), options_.to)) {
-        if (IsValidFor(md.GetValidity(index), options_.from))
-            Tell(Kind::ChoiceNotValid, ItemName(md), md.GetChoice(index));
-    } else if (IsUnsupportedBy(md.GetUnsupportedBy(index), options_.to)
-        && !IsUnsupportedBy(md.GetUnsupportedBy(index), options_.from)) {
-        Tell(Kind::ChoiceUnsupported, ItemName(md), md.GetChoice(index));
+    const auto& choice = static_cast<const IKeywordChoiceMD&>(md);
+    const int index = std::get<int>(value);
+    if (index < 0 || index >= choice.NumChoices())
+        return;
+    if (!IsValidFor(choice.GetValidity(index), options_.to)) {
+        if (IsValidFor(choice.GetValidity(index), options_.from))
+            Tell(Kind::ChoiceNotValid, ItemName(md), choice.GetChoice(index));
+    } else if (IsUnsupportedBy(choice.GetUnsupportedBy(index), options_.to)
+        && !IsUnsupportedBy(choice.GetUnsupportedBy(index), options_.from)) {
+        Tell(Kind::ChoiceUnsupported, ItemName(md), choice.GetChoice(index));
     }
 }
 

@@ -72,7 +72,7 @@ std::string ItemText(const Deck::ItemChange& item)
     return item.item.empty() ? values : fmt::format("{} {}", item.item, values);
 }
 
-std::string LineText(const Change& change)
+std::string LineText(const Change& change, bool isColoured)
 {
     const KindRow& kind = RowOf(change.kind);
     std::string line = fmt::format("{} {}", kind.sign, change.keyword.empty() ? "report" : change.keyword);
@@ -83,35 +83,31 @@ std::string LineText(const Change& change)
     std::string places = change.before ? PlaceText(*change.before) : "";
     if (change.after)
         places += (places.empty() ? "" : ", ") + PlaceText(*change.after);
-    if (TakesColour())
+    if (isColoured)
         line = fmt::format("\x1b[{}m{}\x1b[0m", kind.colour, line);
     return fmt::format("  {}   ({})\n", line, places);
 }
 
 void PrintText(const Deck::Difference& difference)
 {
+    const bool isColoured = TakesColour();
     for (const Deck::ChangeGroup& group : difference.groups) {
         const std::string& section = SectionType::ToString(group.section);
         Print(fmt::format("{}{}{}\n", section.empty() ? "before the first section" : section,
             group.step.empty() ? "" : ", ", group.step));
         for (const Change& change : group.changes)
-            Print(LineText(change));
+            Print(LineText(change, isColoured));
     }
     Print(fmt::format("{} changed, {} added, {} gone\n", difference.GetCount(Change::Kind::Changed),
         difference.GetCount(Change::Kind::Added), difference.GetCount(Change::Kind::Gone)));
 }
 
-ordered_json TextJson(const std::string& text)
-{
-    return text.empty() ? ordered_json() : ordered_json(text);
-}
-
 ordered_json ChangeJson(const Change& change)
 {
-    ordered_json json = {{"change", RowOf(change.kind).word}, {"keyword", TextJson(change.keyword)},
-        {"identity", TextJson(change.identity)}};
+    ordered_json json = {{"change", RowOf(change.kind).word}, {"keyword", TextOrNull(change.keyword)},
+        {"identity", TextOrNull(change.identity)}};
     if (change.kind == Change::Kind::Changed)
-        json.update({{"item", TextJson(change.item.item)}, {"before", change.item.before},
+        json.update({{"item", TextOrNull(change.item.item)}, {"before", change.item.before},
             {"after", change.item.after}});
     if (const auto& array = change.item.array)
         json["array"] = {{"differing", array->differing}, {"sizeBefore", array->sizeBefore},
@@ -126,8 +122,8 @@ void PrintJson(const Deck::Difference& difference, const DiffOptions& options)
     auto changes = ordered_json::array();
     for (const Deck::ChangeGroup& group : difference.groups) {
         for (const Change& change : group.changes) {
-            ordered_json json = {
-                {"section", TextJson(SectionType::ToString(group.section))}, {"step", TextJson(group.step)}};
+            ordered_json json = {{"section", TextOrNull(SectionType::ToString(group.section))},
+                {"step", TextOrNull(group.step)}};
             json.update(ChangeJson(change));
             changes.push_back(std::move(json));
         }

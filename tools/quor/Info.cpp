@@ -164,15 +164,10 @@ void PrintText(const Deck::DeckSummary& summary, const InfoOptions& options)
     PrintProperties(summary, options.withAllProperties);
 }
 
-ordered_json NullIfEmpty(const std::string& text)
-{
-    return text.empty() ? ordered_json() : ordered_json(text);
-}
-
 ordered_json PropertyJson(const Deck::PropertySummary& row)
 {
     ordered_json json = {{"keyword", row.keyword}, {"property", row.property},
-        {"measurement", NullIfEmpty(row.measurement)}, {"place", PlaceJson(row.place)}, {"count", row.count},
+        {"measurement", TextOrNull(row.measurement)}, {"place", PlaceJson(row.place)}, {"count", row.count},
         {"defaulted", row.defaulted}, {"least", nullptr}, {"mean", nullptr}, {"greatest", nullptr}};
     if (row.range) {
         json["least"] = row.range->least;
@@ -187,8 +182,8 @@ ordered_json WellsJson(const std::vector<Deck::Well>& wells)
     auto json = ordered_json::array();
     for (const Deck::Well& well : wells)
         json.push_back(
-            {{"name", well.name}, {"group", NullIfEmpty(well.group)}, {"control", NullIfEmpty(well.control)},
-                {"completions", well.completions}, {"since", NullIfEmpty(Deck::DateText(well.since))}});
+            {{"name", well.name}, {"group", TextOrNull(well.group)}, {"control", TextOrNull(well.control)},
+                {"completions", well.completions}, {"since", TextOrNull(Deck::DateText(well.since))}});
     return json;
 }
 
@@ -206,26 +201,26 @@ ordered_json SizesJson(const Deck::DeckSummary& summary)
 
 void PrintJson(const Deck::DeckSummary& summary, const InfoOptions& options)
 {
-    ordered_json json = {{"deck", options.deck}, {"title", NullIfEmpty(summary.title)}};
+    ordered_json json = {{"deck", options.deck}, {"title", TextOrNull(summary.title)}};
     auto files = ordered_json::array();
     for (const Deck::FileSummary& file : summary.files)
         files.push_back(
             {{"name", file.name}, {"depth", file.depth}, {"bytes", file.bytes}, {"keywords", file.keywords}});
     auto sections = ordered_json::array();
     for (const Deck::SectionSummary& row : summary.sections)
-        sections.push_back({{"section", NullIfEmpty(SectionType::ToString(row.section))},
+        sections.push_back({{"section", TextOrNull(SectionType::ToString(row.section))},
             {"keywords", row.keywords}, {"place", PlaceJson(row.place)}});
     auto groups = ordered_json::array();
     for (const Deck::Group& group : summary.groups)
         groups.push_back(
-            {{"name", group.name}, {"parent", NullIfEmpty(group.parent)}, {"wells", group.wells}});
+            {{"name", group.name}, {"parent", TextOrNull(group.parent)}, {"wells", group.wells}});
     auto properties = ordered_json::array();
     for (const Deck::PropertySummary& row : summary.properties)
         properties.push_back(PropertyJson(row));
     json.update({{"files", files}, {"sections", sections}, {"sizes", SizesJson(summary)},
-        {"options", summary.options}, {"units", NullIfEmpty(summary.units)},
-        {"start", NullIfEmpty(Deck::DateText(summary.start))},
-        {"end", NullIfEmpty(Deck::DateText(summary.end))}, {"reports", summary.reports},
+        {"options", summary.options}, {"units", TextOrNull(summary.units)},
+        {"start", TextOrNull(Deck::DateText(summary.start))},
+        {"end", TextOrNull(Deck::DateText(summary.end))}, {"reports", summary.reports},
         {"wells", WellsJson(summary.wells)}, {"groups", groups}, {"properties", properties}});
     Print(ToText(json));
 }

@@ -99,12 +99,8 @@ void PrintText(const std::vector<Loss>& losses, const PortCommandOptions& option
 ordered_json LossJson(const Loss& loss)
 {
     ordered_json json = {{"kind", RowOf(loss.kind).code}, {"keyword", loss.keyword},
-        {"section", SectionType::ToString(loss.section)}, {"item", nullptr}, {"detail", nullptr},
-        {"count", loss.count}, {"first", PlaceJson(loss.first)}};
-    if (!loss.item.empty())
-        json["item"] = loss.item;
-    if (!loss.detail.empty())
-        json["detail"] = loss.detail;
+        {"section", TextOrNull(SectionType::ToString(loss.section))}, {"item", TextOrNull(loss.item)},
+        {"detail", TextOrNull(loss.detail)}, {"count", loss.count}, {"first", PlaceJson(loss.first)}};
     for (const Deck::Place& place : loss.places)
         json["places"].push_back(PlaceJson(place));
     return json;
@@ -114,10 +110,8 @@ ordered_json TargetJson(const Deck::Target& target)
 {
     if (target.simulator == SimulatorType::Any)
         return nullptr;
-    ordered_json json = {{"simulator", SimulatorType::ToString(target.simulator)}, {"mode", nullptr}};
-    if (target.mode != SimulatorModeType::Any)
-        json["mode"] = SimulatorModeType::ToString(target.mode);
-    return json;
+    return {{"simulator", SimulatorType::ToString(target.simulator)},
+        {"mode", TextOrNull(SimulatorModeType::ToString(target.mode))}};
 }
 
 void PrintJson(const std::vector<Loss>& losses, const PortCommandOptions& options)
