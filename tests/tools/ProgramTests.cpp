@@ -49,6 +49,10 @@ INSTANTIATE_TEST_SUITE_P(Arguments, Usage,
         Refusal{"ShowNothing", "show", "quor show --help"},
         Refusal{"NegativeLimit", "check x --max-findings=-1", "--max-findings"},
         Refusal{"MissingDeck", "check /none.data --format json", "can't read '/none.data': No such file"},
+        Refusal{"InfoOnNothing", "info /none.data", "can't read '/none.data': No such file"},
+        Refusal{"DiffWithNothing", "diff /none.data /none.data", "can't read '/none.data': No such file"},
+        Refusal{"PortToNowhere", "port x", "--to is required"},
+        Refusal{"PortToNoMode", "port x --to Carrow --mode Thermal", "Carrow has no mode Thermal"},
         Refusal{"FolderAsDeck", "check /tmp", "it is a folder"}),
     CaseName<Refusal>);
 
@@ -56,7 +60,7 @@ TEST(Help, IsDataAndHasExamples)
 {
     EXPECT_TRUE(RunQuor("--version").out.starts_with("quor "));
     EXPECT_TRUE(Holds(RunQuor("--help").out, "check"));
-    for (const std::string command : {"list", "show", "check"}) {
+    for (const std::string command : {"list", "show", "check", "info", "diff", "port"}) {
         const Outcome outcome = RunQuor(command + " --help");
         EXPECT_EQ(outcome.status, 0);
         EXPECT_EQ(outcome.err, "");

@@ -52,23 +52,23 @@ Result VisitScalar(const IKeywordDataMD& md, Visit visit)
 }
 
 template <class T>
-Value ToValue(const Optional<T>& value)
+Scalar ToValue(const Optional<T>& value)
 {
-    return value ? Value(*value) : Value();
+    return value ? Scalar(*value) : Scalar();
 }
 
 } // namespace
 
-Value ItemValue(const IKeywordDataMD& md, const void* item)
+Scalar ItemValue(const IKeywordDataMD& md, const void* item)
 {
-    return VisitScalar<Value>(md, [item](const auto&, auto like) {
+    return VisitScalar<Scalar>(md, [item](const auto&, auto like) {
         return ToValue(*static_cast<const Optional<decltype(like)>*>(item));
     });
 }
 
-Value ElementValue(const IKeywordDataMD& md, const void* element)
+Scalar ElementValue(const IKeywordDataMD& md, const void* element)
 {
-    return VisitScalar<Value>(md, [element](const auto&, auto like) -> Value {
+    return VisitScalar<Scalar>(md, [element](const auto&, auto like) -> Scalar {
         if constexpr (std::is_same_v<decltype(like), bool>)
             return *static_cast<const char*>(element) != 0;
         else
@@ -85,7 +85,7 @@ DefaultValue DefaultOf(const IKeywordDataMD& md, SimulatorType::Enum simulator)
     });
 }
 
-bool MeanSame(const IKeywordDataMD& md, const Value& a, const Value& b)
+bool MeanSame(const IKeywordDataMD& md, const Scalar& a, const Scalar& b)
 {
     if (md.GetType() != MDType::String || static_cast<const IKeywordStringMD&>(md).IsCaseSensitive()
         || !IsGiven(a) || !IsGiven(b))
@@ -93,7 +93,7 @@ bool MeanSame(const IKeywordDataMD& md, const Value& a, const Value& b)
     return ToUpper(std::get<std::string>(a)) == ToUpper(std::get<std::string>(b));
 }
 
-std::string ToText(const IKeywordDataMD& md, const Value& value)
+std::string ToText(const IKeywordDataMD& md, const Scalar& value)
 {
     if (const auto* flag = std::get_if<bool>(&value))
         return *flag ? "YES" : "NO";

@@ -9,22 +9,22 @@
 namespace Veld::Quor::Tools::Deck {
 
 /// A scalar of a keyword's data or metadata; `std::monostate` if there is none. Of a choice its index.
-using Value = std::variant<std::monostate, bool, int, double, std::string>;
+using Scalar = std::variant<std::monostate, bool, int, double, std::string>;
 
-inline bool IsGiven(const Value& value)
+inline bool IsGiven(const Scalar& value)
 {
     return value.index() != 0;
 }
 
 /// Of an item of a record, or an assignment of a map: `item` is its `Service::Optional`.
-Value ItemValue(const Core::Keywords::IKeywordDataMD& md, const void* item);
+Scalar ItemValue(const Core::Keywords::IKeywordDataMD& md, const void* item);
 /// Of a list's element, which is no `Service::Optional`.
-Value ElementValue(const Core::Keywords::IKeywordDataMD& md, const void* element);
+Scalar ElementValue(const Core::Keywords::IKeywordDataMD& md, const void* element);
 
 /// What the simulator takes for a value that a deck leaves out.
 struct DefaultValue {
     bool isThere = false;
-    Value value = {}; ///< not given if the simulator works it out
+    Scalar value = {}; ///< not given if the simulator works it out
 
     friend bool operator==(const DefaultValue&, const DefaultValue&) = default;
 };
@@ -32,10 +32,10 @@ DefaultValue DefaultOf(
     const Core::Keywords::IKeywordDataMD& md, Core::Keywords::SimulatorType::Enum simulator);
 
 /// Whether the two say the same: the case of a text may not matter.
-bool MeanSame(const Core::Keywords::IKeywordDataMD& md, const Value& a, const Value& b);
+bool MeanSame(const Core::Keywords::IKeywordDataMD& md, const Scalar& a, const Scalar& b);
 
 /// As it stands in a deck, a text without quotes; empty for a value that isn't given.
-std::string ToText(const Core::Keywords::IKeywordDataMD& md, const Value& value);
+std::string ToText(const Core::Keywords::IKeywordDataMD& md, const Scalar& value);
 /// "none", "calculated", or the value.
 std::string ToText(const Core::Keywords::IKeywordDataMD& md, const DefaultValue& value);
 

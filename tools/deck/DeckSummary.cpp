@@ -56,7 +56,7 @@ SizeSummary SizesOf(const DeckKeyword& keyword)
     for (int i = 0; i < md.GetSize(); ++i) {
         if (KeywordUtils::GetMDType(md.GetItemMD(i)) != MDType::Integer)
             continue;
-        const Value value = ItemValue(*md.GetItemMD(i), record.GetData(i));
+        const Scalar value = ItemValue(*md.GetItemMD(i), record.GetData(i));
         if (IsGiven(value))
             summary.sizes.emplace_back(ItemName(*md.GetItemMD(i)), std::get<int>(value));
     }

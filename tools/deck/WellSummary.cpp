@@ -20,17 +20,22 @@ namespace {
 
 constexpr const char* topGroup = "FIELD";
 
+struct Item {
+    const IKeywordDataMD* md = nullptr;
+    Scalar value;
+};
+
 /// The scalar under that name, or its default; not given if the record has no such item, or one of another
 /// type.
-Value Find(const IKeywordRecordData& record, const char* name, MDType::Enum type)
+Item Find(const IKeywordRecordData& record, const char* name, MDType::Enum type)
 {
     const auto& md = static_cast<const IKeywordRecordMD&>(*record.GetMD());
     for (int i = 0; i < md.GetSize(); ++i) {
         const IKeywordDataMD& item = *md.GetItemMD(i);
         if (item.GetName() != name || item.GetType() != type)
             continue;
-        const Value value = ItemValue(item, record.GetData(i));
-        return IsGiven(value) ? value : DefaultOf(item, SimulatorType::Any).value;
+        const Scalar value = ItemValue(item, record.GetData(i));
+        return {&item, IsGiven(value) ? value : DefaultOf(item, SimulatorType::Any).value};
     }
     return {};
 }
@@ -38,24 +43,20 @@ Value Find(const IKeywordRecordData& record, const char* name, MDType::Enum type
 /// Names are the same in any case.
 std::string FindName(const IKeywordRecordData& record, const char* name)
 {
-    const Value value = Find(record, name, MDType::String);
-    return IsGiven(value) ? ToUpper(std::get<std::string>(value)) : std::string();
-}
-
-int FindIndex(const IKeywordRecordData& record, const char* name)
-{
-    const Value value = Find(record, name, MDType::Integer);
-    return IsGiven(value) ? std::get<int>(value) : 0;
+    const Item item = Find(record, name, MDType::String);
+    return item.md ? ToUpper(ToText(*item.md, item.value)) : std::string();
 }
 
 std::string FindWord(const IKeywordRecordData& record, const char* name)
 {
-    const auto& md = static_cast<const IKeywordRecordMD&>(*record.GetMD());
-    for (int i = 0; i < md.GetSize(); ++i) {
-        if (md.GetItemMD(i)->GetName() == name)
-            return ToText(*md.GetItemMD(i), Find(record, name, MDType::Choice));
-    }
-    return {};
+    const Item item = Find(record, name, MDType::Choice);
+    return item.md ? ToText(*item.md, item.value) : std::string();
+}
+
+int FindIndex(const IKeywordRecordData& record, const char* name)
+{
+    const Item item = Find(record, name, MDType::Integer);
+    return IsGiven(item.value) ? std::get<int>(item.value) : 0;
 }
 
 } // namespace

@@ -5,7 +5,7 @@
 #include "tools/quor/Baseline.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
-#include "tools/quor/Conditions.h"
+#include "tools/quor/DeckReading.h"
 #include "tools/quor/FileOutput.h"
 #include "tools/quor/FindingFormat.h"
 #include "tools/quor/FindingJson.h"
@@ -196,8 +196,7 @@ Command MakeCheckCommand(CLI::App& application)
         "the data behind the keywords. Without a simulator or mode, a keyword is fine that is valid for "
         "any.");
     command.add_option("DECK", options->decks, "Files, each a deck of its own")->required();
-    AddSimulatorOption(command, options->check.target.simulator);
-    AddModeOption(command, options->check.target.mode);
+    AddReadOptions(command, options->check);
     AddFindingFormatOption(command, options->format);
     AddMaxFindingsOption(command, options->check.maxFindings, " for each deck");
     AddBaselineOptions(command, *options);

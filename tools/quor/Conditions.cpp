@@ -61,15 +61,17 @@ void AddSectionOption(CLI::App& command, SectionType::Enum& value)
         [&value](const std::string& word) { value = SectionType::FromString(word); });
 }
 
-void AddSimulatorOption(CLI::App& command, SimulatorType::Enum& value)
+void AddSimulatorOption(
+    CLI::App& command, SimulatorType::Enum& value, const char* name, const char* description)
 {
-    AddWordOption(command, "--simulator", "Simulator that is to run the deck", WordsOf<SimulatorType>(),
+    AddWordOption(command, name, description, WordsOf<SimulatorType>(),
         [&value](const std::string& word) { value = SimulatorType::FromString(word); });
 }
 
-void AddModeOption(CLI::App& command, SimulatorModeType::Enum& value)
+void AddModeOption(
+    CLI::App& command, SimulatorModeType::Enum& value, const char* name, const char* description)
 {
-    AddWordOption(command, "--mode", "Mode of the simulator", WordsOf<SimulatorModeType>(),
+    AddWordOption(command, name, description, WordsOf<SimulatorModeType>(),
         [&value](const std::string& word) { value = SimulatorModeType::FromString(word); });
 }
 

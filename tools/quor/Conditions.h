@@ -17,8 +17,10 @@ namespace Veld::Quor::Tools {
 /// Each adds an option that takes the words of an enumeration, in any case, and refuses others. `value` keeps
 /// what it holds if the option isn't given, and must outlive the application.
 void AddSectionOption(CLI::App& command, Core::Keywords::SectionType::Enum& value);
-void AddSimulatorOption(CLI::App& command, Core::Keywords::SimulatorType::Enum& value);
-void AddModeOption(CLI::App& command, Core::Keywords::SimulatorModeType::Enum& value);
+void AddSimulatorOption(CLI::App& command, Core::Keywords::SimulatorType::Enum& value,
+    const char* name = "--simulator", const char* description = "Simulator that is to run the deck");
+void AddModeOption(CLI::App& command, Core::Keywords::SimulatorModeType::Enum& value,
+    const char* name = "--mode", const char* description = "Mode of the simulator");
 
 /// The type of the values, as `ValueTypeOf` tells it.
 void AddTypeOption(CLI::App& command, std::optional<MDType::Enum>& value);

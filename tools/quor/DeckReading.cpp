@@ -1,12 +1,17 @@
 #include "tools/quor/DeckReading.h"
 
+#include "quor/variables/VariablesString.h"
 #include "tools/deck/SourceText.h"
+#include "tools/quor/Conditions.h"
 #include "tools/quor/FindingText.h"
 #include "tools/quor/ProgressBar.h"
 #include "tools/quor/Terminal.h"
 
+#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
+
+#include <vector>
 
 namespace Veld::Quor::Tools {
 
@@ -24,7 +29,39 @@ std::string CheckCommand(const std::string& path, const Deck::Target& target)
     return command;
 }
 
+bool IsVariableName(const std::string& name)
+{
+    const Core::Keywords::VariablesString text('$' + name);
+    return text.GetVariables() == std::vector<std::string>{'$' + name};
+}
+
 } // namespace
+
+void AddReadOptions(CLI::App& command, Deck::ReadOptions& options)
+{
+    AddSimulatorOption(command, options.target.simulator);
+    AddModeOption(command, options.target.mode);
+    AddVariablesOption(command, options.variables);
+}
+
+void AddVariablesOption(CLI::App& command, Deck::VariableTexts& variables)
+{
+    const auto add = [&variables](const std::vector<std::string>& words) {
+        for (const std::string& word : words) {
+            const std::size_t sign = word.find('=');
+            const std::size_t first = word.starts_with('$') ? 1 : 0;
+            const std::string name = word.substr(first, sign - first);
+            if (sign == std::string::npos || !IsVariableName(name))
+                throw CLI::ValidationError("--set", fmt::format("'{}' is not of the form NAME=VALUE", word));
+            variables['$' + name] = word.substr(sign + 1);
+        }
+        return true;
+    };
+    command.add_option("--set", add, "Value of a variable, which the deck has as $NAME; may be given again")
+        ->type_name("NAME=VALUE")
+        ->expected(1, 1'000'000)
+        ->allow_extra_args(false);
+}
 
 std::unique_ptr<Deck::Deck> ReadForAnswers(
     const std::string& path, Deck::ReadOptions options, Deck::Vocabulary& vocabulary, const char* consequence)

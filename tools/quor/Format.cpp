@@ -1,7 +1,6 @@
 #include "tools/deck/DeckWriter.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
-#include "tools/quor/Conditions.h"
 #include "tools/quor/DeckReading.h"
 #include "tools/quor/FileOutput.h"
 #include "tools/quor/FindingText.h"
@@ -165,8 +164,7 @@ Command MakeFormatCommand(CLI::App& application)
         "Writes a deck anew: columns aligned, repeats folded, numbers in their shortest form, what has its\n"
         "default left out. Comments stay with what they stood by. Read again, the deck says the same.");
     command.add_option("DECK", options->deck, "The file of the deck")->required()->type_name("FILE");
-    AddSimulatorOption(command, options->read.target.simulator);
-    AddModeOption(command, options->read.target.mode);
+    AddReadOptions(command, options->read);
     CLI::Option* const oneFile = command.add_flag(
         "--one-file", options->isOneFile, "Put included files in the place of their inclusions");
     CLI::Option* const inPlace = command.add_flag(

@@ -31,7 +31,7 @@ namespace {
 
 struct InfoOptions {
     std::string deck;
-    Deck::Target target;
+    Deck::ReadOptions read;
     bool withAllWells = false;
     bool withAllProperties = false;
     bool isJson = false;
@@ -164,15 +164,10 @@ void PrintText(const Deck::DeckSummary& summary, const InfoOptions& options)
     PrintProperties(summary, options.withAllProperties);
 }
 
-ordered_json NullIfEmpty(const std::string& text)
-{
-    return text.empty() ? ordered_json() : ordered_json(text);
-}
-
 ordered_json PropertyJson(const Deck::PropertySummary& row)
 {
     ordered_json json = {{"keyword", row.keyword}, {"property", row.property},
-        {"measurement", NullIfEmpty(row.measurement)}, {"place", PlaceJson(row.place)}, {"count", row.count},
+        {"measurement", TextOrNull(row.measurement)}, {"place", PlaceJson(row.place)}, {"count", row.count},
         {"defaulted", row.defaulted}, {"least", nullptr}, {"mean", nullptr}, {"greatest", nullptr}};
     if (row.range) {
         json["least"] = row.range->least;
@@ -187,8 +182,8 @@ ordered_json WellsJson(const std::vector<Deck::Well>& wells)
     auto json = ordered_json::array();
     for (const Deck::Well& well : wells)
         json.push_back(
-            {{"name", well.name}, {"group", NullIfEmpty(well.group)}, {"control", NullIfEmpty(well.control)},
-                {"completions", well.completions}, {"since", NullIfEmpty(Deck::DateText(well.since))}});
+            {{"name", well.name}, {"group", TextOrNull(well.group)}, {"control", TextOrNull(well.control)},
+                {"completions", well.completions}, {"since", TextOrNull(Deck::DateText(well.since))}});
     return json;
 }
 
@@ -206,26 +201,26 @@ ordered_json SizesJson(const Deck::DeckSummary& summary)
 
 void PrintJson(const Deck::DeckSummary& summary, const InfoOptions& options)
 {
-    ordered_json json = {{"deck", options.deck}, {"title", NullIfEmpty(summary.title)}};
+    ordered_json json = {{"deck", options.deck}, {"title", TextOrNull(summary.title)}};
     auto files = ordered_json::array();
     for (const Deck::FileSummary& file : summary.files)
         files.push_back(
             {{"name", file.name}, {"depth", file.depth}, {"bytes", file.bytes}, {"keywords", file.keywords}});
     auto sections = ordered_json::array();
     for (const Deck::SectionSummary& row : summary.sections)
-        sections.push_back({{"section", NullIfEmpty(SectionType::ToString(row.section))},
+        sections.push_back({{"section", TextOrNull(SectionType::ToString(row.section))},
             {"keywords", row.keywords}, {"place", PlaceJson(row.place)}});
     auto groups = ordered_json::array();
     for (const Deck::Group& group : summary.groups)
         groups.push_back(
-            {{"name", group.name}, {"parent", NullIfEmpty(group.parent)}, {"wells", group.wells}});
+            {{"name", group.name}, {"parent", TextOrNull(group.parent)}, {"wells", group.wells}});
     auto properties = ordered_json::array();
     for (const Deck::PropertySummary& row : summary.properties)
         properties.push_back(PropertyJson(row));
     json.update({{"files", files}, {"sections", sections}, {"sizes", SizesJson(summary)},
-        {"options", summary.options}, {"units", NullIfEmpty(summary.units)},
-        {"start", NullIfEmpty(Deck::DateText(summary.start))},
-        {"end", NullIfEmpty(Deck::DateText(summary.end))}, {"reports", summary.reports},
+        {"options", summary.options}, {"units", TextOrNull(summary.units)},
+        {"start", TextOrNull(Deck::DateText(summary.start))},
+        {"end", TextOrNull(Deck::DateText(summary.end))}, {"reports", summary.reports},
         {"wells", WellsJson(summary.wells)}, {"groups", groups}, {"properties", properties}});
     Print(ToText(json));
 }
@@ -233,7 +228,7 @@ void PrintJson(const Deck::DeckSummary& summary, const InfoOptions& options)
 int Info(Catalogue& catalogue, const InfoOptions& options)
 {
     Deck::Vocabulary vocabulary(catalogue.GetTable());
-    const auto deck = ReadForAnswers(options.deck, {.target = options.target}, vocabulary);
+    const auto deck = ReadForAnswers(options.deck, options.read, vocabulary);
     if (!deck)
         return Failure;
     const Deck::DeckSummary summary = Deck::Summarise(*deck);
@@ -253,8 +248,7 @@ Command MakeInfoCommand(CLI::App& application)
         "Tells what is in a deck: files, sections, sizes, dates, wells, groups, and of each cell property\n"
         "the number, the least, the mean and the greatest of its values.");
     command.add_option("DECK", options->deck, "The deck's file")->required();
-    AddSimulatorOption(command, options->target.simulator);
-    AddModeOption(command, options->target.mode);
+    AddReadOptions(command, options->read);
     command.add_flag("--wells", options->withAllWells, "List all wells and groups, not the first 20");
     command.add_flag(
         "--properties", options->withAllProperties, "List all cell properties, not the first 20");

@@ -49,12 +49,15 @@ int RunCommand(int argc, char** argv)
     application.footer(
         "The language is built in. QUOR_KEYWORD_SYNTAX_FILE names a document to take its place,\n"
         "QUOR_KEYWORD_TRUSTED_SYNTAX_DIR a folder of documents with trusted keywords.\n\n"
-        "Exit status: 0 if all is well, 1 if there are findings or a keyword is not known,\n"
+        "Exit status: 0 if all is well, 1 if there are findings, differences or losses or a keyword is not "
+        "known,\n"
         "2 if the usage is wrong or something can't be read or written.");
     const Command commands[] = {
         MakeCheckCommand(application),
         MakeInfoCommand(application),
         MakeFormatCommand(application),
+        MakeDiffCommand(application),
+        MakePortCommand(application),
         MakeExplainCommand(application),
         MakeShowCommand(application),
         MakeListCommand(application),

@@ -1,0 +1,156 @@
+#include "tools/deck/DeckUnits.h"
+
+#include "quor/data/IKeywordListData.h"
+#include "quor/data/IKeywordRecordData.h"
+#include "quor/metadata/IKeywordListMD.h"
+#include "quor/metadata/IKeywordRecordMD.h"
+#include "quor/metadata/KeywordUtils.h"
+#include "tools/deck/DataShape.h"
+#include "tools/deck/DataValue.h"
+#include "tools/deck/LineText.h"
+#include "tools/deck/ReportSteps.h"
+#include "tools/deck/SpotPlaces.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Veld::Quor::Tools::Deck {
+
+using namespace Core::Keywords;
+using MDType = IKeywordDataMD::MDType;
+
+namespace {
+
+bool HasIdentifier(const IKeywordRecordMD& md)
+{
+    for (int i = 0; i < md.GetSize(); ++i) {
+        if (md.IsIdentifier(i))
+            return true;
+    }
+    return false;
+}
+
+bool IsListOfNamedRecords(const IKeywordDataMD* md)
+{
+    return IsListOfRecords(md, {})
+        && HasIdentifier(
+            static_cast<const IKeywordRecordMD&>(*static_cast<const IKeywordListMD&>(*md).GetItemMD()));
+}
+
+/// The identifiers of a record, or of the first one of a list, and of what it holds.
+void AppendIdentity(const IKeywordData& data, std::string& text)
+{
+    const MDType::Enum type = data.GetMD()->GetType();
+    if (type == MDType::List) {
+        const auto& list = static_cast<const IKeywordListData&>(data);
+        const auto* const item = static_cast<const IKeywordListMD&>(*data.GetMD()).GetItemMD();
+        if (list.GetSize() > 0 && !KeywordUtils::IsItemMDType(item))
+            AppendIdentity(*static_cast<const IKeywordData*>(list.GetData(0)), text);
+    }
+    if (type != MDType::Record)
+        return;
+    const auto& md = static_cast<const IKeywordRecordMD&>(*data.GetMD());
+    const auto& record = static_cast<const IKeywordRecordData&>(data);
+    for (int i = 0; i < md.GetSize(); ++i) {
+        const IKeywordDataMD& item = *md.GetItemMD(i);
+        if (!KeywordUtils::IsItemMDType(item.GetType())) {
+            AppendIdentity(*static_cast<const IKeywordData*>(record.GetData(i)), text);
+        } else if (md.IsIdentifier(i)) {
+            const Scalar value = ItemValue(item, record.GetData(i));
+            text.append(text.empty() ? "" : " ").append(IsGiven(value) ? ToText(item, value) : "*");
+        }
+    }
+}
+
+class Splitter {
+public:
+    explicit Splitter(const Deck& deck)
+        : reports_(deck.files)
+    {
+        for (const DeckKeyword& keyword : deck.keywords)
+            Add(keyword);
+    }
+
+    std::map<Step, StepUnits> Take() { return std::move(steps_); }
+
+private:
+    void Add(const DeckKeyword& keyword);
+    void AddUnits(const DeckKeyword& keyword);
+    void AddUnit(const DeckKeyword& keyword, const IKeywordData* data, const Spot& spot);
+    void FollowScopes(const DeckKeyword& keyword);
+
+    struct Scope {
+        const IKeywordSyntax* opener;
+        std::string key;
+    };
+
+    ReportSteps reports_;
+    std::map<Step, StepUnits> steps_;
+    Step step_;
+    std::size_t number_ = 0; // reports so far
+    StepUnits* units_ = nullptr; // of the step
+    std::vector<Scope> scopes_; // open ones, outermost first
+};
+
+void Splitter::Add(const DeckKeyword& keyword)
+{
+    if (!units_ || keyword.section != step_.section) {
+        step_ = {keyword.section, {}, 0};
+        scopes_.clear();
+        units_ = &steps_[step_];
+    }
+    const auto times = reports_.Follow(keyword);
+    for (std::size_t i = 0; i < times.size(); ++i) {
+        step_ = {keyword.section, times[i], ++number_};
+        if (times[i].IsDef())
+            step_.number = 0;
+        const auto [place, isNew] = steps_.try_emplace(step_);
+        units_ = &place->second;
+        if (isNew)
+            units_->spot = SpotOf(keyword, i);
+    }
+    if (!TimeLine::Advances(keyword))
+        AddUnits(keyword);
+}
+
+void Splitter::AddUnits(const DeckKeyword& keyword)
+{
+    const IKeywordData* const data = keyword.data.get();
+    if (data && IsListOfNamedRecords(data->GetMD())) {
+        const auto& list = static_cast<const IKeywordListData&>(*data);
+        for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i)
+            AddUnit(keyword, static_cast<const IKeywordData*>(list.GetData(i)), SpotOf(keyword, i));
+    } else {
+        AddUnit(keyword, data, keyword.name);
+        FollowScopes(keyword);
+    }
+}
+
+void Splitter::AddUnit(const DeckKeyword& keyword, const IKeywordData* data, const Spot& spot)
+{
+    Unit unit{scopes_.empty() ? std::string() : scopes_.back().key, {}, &keyword, data, spot};
+    if (data && keyword.syntax->HasIdentifiers())
+        AppendIdentity(*data, unit.identity);
+    unit.key.append("/").append(keyword.syntax->GetName()).append(" ").append(ToUpper(unit.identity));
+    units_->units.push_back(std::move(unit));
+}
+
+void Splitter::FollowScopes(const DeckKeyword& keyword)
+{
+    if (!scopes_.empty()) {
+        const auto& ends = scopes_.back().opener->GetScopeKeywords();
+        if (std::find(ends.begin(), ends.end(), keyword.syntax) != ends.end())
+            scopes_.pop_back();
+    }
+    if (keyword.syntax->HasScope())
+        scopes_.push_back({keyword.syntax, units_->units.back().key});
+}
+
+} // namespace
+
+std::map<Step, StepUnits> SplitDeck(const Deck& deck)
+{
+    return Splitter(deck).Take();
+}
+
+} // namespace Veld::Quor::Tools::Deck

@@ -1,0 +1,183 @@
+#include "tools/deck/Portability.h"
+#include "tools/quor/Catalogue.h"
+#include "tools/quor/Command.h"
+#include "tools/quor/Conditions.h"
+#include "tools/quor/DeckReading.h"
+#include "tools/quor/FindingText.h"
+#include "tools/quor/Json.h"
+#include "tools/quor/Program.h"
+#include "tools/quor/Terminal.h"
+#include "tools/quor/TextLayout.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Veld::Quor::Tools {
+
+using namespace Core::Keywords;
+using Deck::Loss;
+using nlohmann::ordered_json;
+
+namespace {
+
+struct PortCommandOptions {
+    std::string deck;
+    Deck::PortOptions port;
+    Deck::VariableTexts variables;
+    bool isJson = false;
+};
+
+struct KindRow {
+    const char* code; ///< stable, for programs to go by
+    const char* heading;
+};
+
+const KindRow& RowOf(Loss::Kind kind)
+{
+    static constexpr KindRow rows[] = {{"keyword-not-valid", "keywords that are not valid"},
+        {"item-not-valid", "values that it doesn't take"},
+        {"item-unsupported", "values that it takes and doesn't act on"},
+        {"choice-not-valid", "words that it doesn't take"},
+        {"choice-unsupported", "words that it takes and doesn't act on"},
+        {"no-default", "values to be given, since it has no default"},
+        {"other-default", "values left to a default that is another one"}};
+    return rows[static_cast<std::size_t>(kind)];
+}
+
+std::string NameOf(const Loss& loss)
+{
+    std::string name = loss.keyword;
+    if (!loss.item.empty())
+        name += ' ' + MakePrintable(loss.item);
+    if (loss.kind == Loss::Kind::KeywordNotValid)
+        name += " in " + SectionType::ToString(loss.section);
+    return loss.detail.empty() ? name : fmt::format("{}: {}", name, MakePrintable(loss.detail));
+}
+
+void PrintKind(const std::vector<const Loss*>& losses, bool withAll)
+{
+    Columns table({"", "times", withAll ? "at" : "first at"});
+    std::vector<Columns::Row> rows;
+    for (const Loss* const loss : losses) {
+        rows.push_back({NameOf(*loss), fmt::format("{}", loss->count), PlaceText(loss->first)});
+        for (std::size_t i = 1; i < loss->places.size(); ++i)
+            rows.push_back({"", "", PlaceText(loss->places[i])});
+    }
+    for (Columns::Row& row : rows)
+        table.Add(std::move(row));
+    Print(fmt::format("{}\n{}", RowOf(losses.front()->kind).heading, table.GetHead(2)));
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        Print(table.GetRow(i, 2, std::numeric_limits<std::size_t>::max()));
+    Print("\n");
+}
+
+void PrintText(const std::vector<Loss>& losses, const PortCommandOptions& options)
+{
+    std::size_t count = 0;
+    for (auto loss = losses.begin(); loss != losses.end();) {
+        std::vector<const Loss*> ofKind;
+        for (const auto kind = loss->kind; loss != losses.end() && loss->kind == kind; ++loss) {
+            ofKind.push_back(&*loss);
+            count += loss->count;
+        }
+        PrintKind(ofKind, options.port.withPlaces);
+    }
+    const std::string target = Deck::NameOf(options.port.to);
+    Print(losses.empty() ? fmt::format("nothing is lost for {}\n", target)
+                         : fmt::format("lost for {}: {} in {}\n", target, Plural(losses.size(), "thing"),
+                             Plural(count, "place")));
+}
+
+ordered_json LossJson(const Loss& loss)
+{
+    ordered_json json = {{"kind", RowOf(loss.kind).code}, {"keyword", loss.keyword},
+        {"section", TextOrNull(SectionType::ToString(loss.section))}, {"item", TextOrNull(loss.item)},
+        {"detail", TextOrNull(loss.detail)}, {"count", loss.count}, {"first", PlaceJson(loss.first)}};
+    for (const Deck::Place& place : loss.places)
+        json["places"].push_back(PlaceJson(place));
+    return json;
+}
+
+ordered_json TargetJson(const Deck::Target& target)
+{
+    if (target.simulator == SimulatorType::Any)
+        return nullptr;
+    return {{"simulator", SimulatorType::ToString(target.simulator)},
+        {"mode", TextOrNull(SimulatorModeType::ToString(target.mode))}};
+}
+
+void PrintJson(const std::vector<Loss>& losses, const PortCommandOptions& options)
+{
+    auto array = ordered_json::array();
+    for (const Loss& loss : losses)
+        array.push_back(LossJson(loss));
+    Print(ToText({{"deck", options.deck}, {"from", TargetJson(options.port.from)},
+        {"to", TargetJson(options.port.to)}, {"losses", array}}));
+}
+
+/// Tells if the simulator hasn't got the mode.
+bool HasMode(const Deck::Target& target)
+{
+    if (target.simulator == SimulatorType::Any || SimulatorType::HasMode(target.simulator, target.mode))
+        return true;
+    PrintError(fmt::format("{} has no mode {}", SimulatorType::ToString(target.simulator),
+        SimulatorModeType::ToString(target.mode)));
+    return false;
+}
+
+int Port(Catalogue& catalogue, const PortCommandOptions& options)
+{
+    if (!HasMode(options.port.from) || !HasMode(options.port.to))
+        return Failure;
+    Deck::Vocabulary vocabulary(catalogue.GetTable());
+    const auto deck =
+        ReadForAnswers(options.deck, {.target = options.port.to, .variables = options.variables}, vocabulary);
+    if (!deck)
+        return Failure;
+    const std::vector<Loss> losses = Deck::FindLosses(*deck, options.port);
+    if (options.isJson)
+        PrintJson(losses, options);
+    else
+        PrintText(losses, options);
+    return losses.empty() ? Success : HasFindings;
+}
+
+} // namespace
+
+Command MakePortCommand(CLI::App& application)
+{
+    const auto options = std::make_shared<PortCommandOptions>();
+    Deck::PortOptions& port = options->port;
+    CLI::App& command = *application.add_subcommand("port",
+        "Tells what a deck loses on another simulator: keywords, values and words that it doesn't take or\n"
+        "act on, and values left to a default that is another one there.");
+    command.add_option("DECK", options->deck, "The deck's file")->required();
+    AddSimulatorOption(command, port.to.simulator, "--to", "Simulator that the deck is to run on");
+    command.get_option("--to")->required();
+    AddModeOption(command, port.to.mode);
+    AddSimulatorOption(command, port.from.simulator, "--from", "Simulator that it runs on now");
+    AddModeOption(command, port.from.mode, "--from-mode", "Mode of that simulator");
+    AddVariablesOption(command, options->variables);
+    command.get_option("--from-mode")->needs("--from");
+    command.add_flag("--all", port.withPlaces, "List all places of a loss, not the first");
+    AddFormatOption(command, options->isJson);
+    command.footer("Blocks that the simulator passes over are passed over. Without --from, what any "
+                   "simulator takes counts, and\nthe defaults are those of the keywords. What --from doesn't "
+                   "take or act on can't be lost.\n"
+                   "Exit status: 0 nothing is lost, 1 something is, 2 the deck can't be read.\n\n"
+                   "Examples:\n"
+                   "  quor port reservoir.data --to Carrow\n"
+                   "  quor port reservoir.data --from Dunmere --to Sedge --mode Compositional --all");
+    return {&command, [options](Catalogue& catalogue) { return Port(catalogue, *options); }};
+}
+
+} // namespace Veld::Quor::Tools
