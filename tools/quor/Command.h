@@ -23,5 +23,7 @@ Command MakeShowCommand(CLI::App& application);
 Command MakeCheckCommand(CLI::App& application);
 Command MakeLintCommand(CLI::App& application);
 Command MakeExplainCommand(CLI::App& application);
+Command MakeManCommand(CLI::App& application);
+Command MakeCompletionCommand(CLI::App& application);
 
 } // namespace Veld::Quor::Tools
