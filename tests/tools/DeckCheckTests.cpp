@@ -208,7 +208,7 @@ INSTANTIATE_TEST_SUITE_P(Silences, Decks,
     testing::Values(
         Row{"OnItsLine", "RUNSPEC\nWATR -- quor: off unknown-keyword\nOLI\n", "unknown-keyword:3:1"},
         Row{"OnTheNextLine", "RUNSPEC\n  --quor: off\n\n-- c\nWATR\nOLI\n", "unknown-keyword:6:1"},
-        Row{"SeveralForOneLine", "RUNSPEC\n-- quor: off stray-text\n-- quor: off unknown-keyword\nWATR\n",
+        Row{"SeveralForOneLine", "RUNSPEC\n-- quor: off unknown-keyword\n-- quor: off stray-text\nWATR\n",
             ""},
         Row{"OtherCodeIsTold", "RUNSPEC\nWATR -- quor: off wrong-section, stray-text\n",
             "unknown-keyword:2:1"},
