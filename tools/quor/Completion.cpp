@@ -88,7 +88,7 @@ std::string BashWords(const CommandDescription& command)
     return text;
 }
 
-/// A part of a specification of zsh, in which brackets and colons have a meaning.
+/// A part of what _arguments of zsh takes, in which brackets and colons have a meaning.
 std::string ZshText(const std::string& text)
 {
     return Replace(FirstSentence(text), "[]:\\", "\\");
