@@ -204,6 +204,45 @@ INSTANTIATE_TEST_SUITE_P(SkippedBlocks, Decks,
             "a.inc:unclosed-skip:1:1 stray-endskip:3:1", {{"a.inc", "SKIP\n"}}}),
     CaseName<Row>);
 
+INSTANTIATE_TEST_SUITE_P(Silences, Decks,
+    testing::Values(
+        Row{"OnItsLine", "RUNSPEC\nWATR -- quor: off unknown-keyword\nOLI\n", "unknown-keyword:3:1"},
+        Row{"OnTheNextLine", "RUNSPEC\n  --quor: off\n\n-- c\nWATR\nOLI\n", "unknown-keyword:6:1"},
+        Row{"SeveralForOneLine", "RUNSPEC\n-- quor: off unknown-keyword\n-- quor: off stray-text\nWATR\n",
+            ""},
+        Row{"OtherCodeIsTold", "RUNSPEC\nWATR -- quor: off wrong-section, stray-text\n",
+            "unknown-keyword:2:1"},
+        Row{"ARegion",
+            "RUNSPEC\n-- quor: begin-off wrong-section,unknown-keyword -- later\nWATR\nPORO\n 1 /\noil\n"
+            "-- quor: end-off wrong-section\nWATR\nPORO\n 1 /\n-- quor: end-off\nWATR\n",
+            "lower-case:6:1 wrong-section:9:1 unknown-keyword:12:1"},
+        Row{"OfOneFile", "RUNSPEC\nINCLUDE 'a.inc' /\nWATR\n", "unknown-keyword:3:1",
+            {{"a.inc", "-- quor: begin-off\nWATR\n-- quor: end-off\n"}}},
+        Row{"WindowsLineEnds", "RUNSPEC\r\nWATR -- quor: off unknown-keyword\r\n", ""},
+        Row{"WordsOfOtherComments", "RUNSPEC\nWATR -- see quor: off\n -- quor off\n", "unknown-keyword:2:1"},
+        Row{"UnknownCode", "RUNSPEC\nWATR -- quor: off unknwon-keyword\n",
+            "bad-silence:2:19 unknown-keyword:2:1"},
+        Row{"UnknownVerb", "RUNSPEC\n-- quor: of\n", "bad-silence:2:10"},
+        Row{"Unclosed", "RUNSPEC\n-- quor: begin-off\nWATR\n", "bad-silence:2:1"},
+        Row{"ClosesNothing", "RUNSPEC\n-- quor: end-off\n", "bad-silence:2:1"},
+        Row{"ItsFaultsAreToldOfATextOnce", "RUNSPEC\nINCLUDE 'a.inc' /\nINCLUDE 'a.inc' /\n",
+            "a.inc:bad-silence:1:1", {{"a.inc", "-- quor:\n"}}}),
+    CaseName<Row>);
+
+TEST(DeckReports, CountSilencedFindingsForThemselves)
+{
+    const DeckReport report = DeckOnDisk("RUNSPEC\nWATR -- quor: off\nOLI\n").Check();
+    EXPECT_EQ(report.findings.GetHiddenCount(Hiding::Silenced), 1U);
+    EXPECT_EQ(report.findings.GetCount(Severity::Error), 1U);
+}
+
+TEST(DeckSilences, OfManyLinesCostNoMoreThanReadingThem) // quadratic work would run into the time limit
+{
+    const std::string comments = Repeat("-- quor: off stray-text\n", 300'000);
+    const std::string one = Repeat(" -- quor: off", 300'000);
+    EXPECT_EQ(Dump(DeckOnDisk("RUNSPEC\n" + comments + "WATR" + one + "\n").Check()), "");
+}
+
 TEST(DeckFinding, SaysWhatWhereAndWhatToDo)
 {
     const DeckReport report =

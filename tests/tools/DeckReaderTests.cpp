@@ -146,6 +146,9 @@ INSTANTIATE_TEST_SUITE_P(Arrays, Readings,
             "Repeats", "DIMENS\n 2 3 /\nARRAY\n 2*1 3*\n  2*\n/\n", "[1 1 0~ 0~ 0~ 0~]", "wrong-size:6:3"},
         Reading{"LoneAsterisk", "DIMENS\n 2 1 /\nARRAY\n * 1 /\n", "[0~ 1]"},
         Reading{"Surplus", "DIMENS\n 1 2 /\nARRAY\n 1 2\n 3 4*5 /\n", "[1 2]", "wrong-size:6:2"},
+        // The error in the sizes is not told, and still leaves them as they were.
+        Reading{
+            "SilencedSizes", "DIMENS\n 3 1 /\nDIMENS\n 2 x / -- quor: off\nARRAY\n 1 2 3 /\n", nullptr, ""},
         Reading{"Short", "DIMENS\n 1 2 /\nARRAY\n 1 /\n", "[1]", "wrong-size:5:4"},
         Reading{"DefaultDimensions", "ARRAY\n 1 /\n", "[1]"},
         Reading{"InABox",

@@ -47,6 +47,12 @@ INSTANTIATE_TEST_SUITE_P(Arguments, Usage,
         Refusal{"UnknownMode", "list --mode Cold", "{BlackOil,Compositional,Thermal}"},
         Refusal{"UnknownFormat", "list --format xml", "{text,json}"},
         Refusal{"ShowNothing", "show", "quor show --help"},
+        Refusal{"TwoSubcommands", "man list", "was not expected"},
+        Refusal{"UnknownShell", "completion tcsh", "{bash,zsh,fish}"},
+        Refusal{"OptionWithoutValue", "check x --baseline", "--baseline"},
+        Refusal{"TwoBaselines", "check x --baseline a --write-baseline b", "excludes"},
+        Refusal{"MissingBaseline", "check x --baseline /none --format json",
+            "the baseline '/none': No such file"},
         Refusal{"NegativeLimit", "check x --max-findings=-1", "--max-findings"},
         Refusal{"MissingDeck", "check /none.data --format json", "can't read '/none.data': No such file"},
         Refusal{"InfoOnNothing", "info /none.data", "can't read '/none.data': No such file"},
@@ -60,11 +66,14 @@ TEST(Help, IsDataAndHasExamples)
 {
     EXPECT_TRUE(RunQuor("--version").out.starts_with("quor "));
     EXPECT_TRUE(Holds(RunQuor("--help").out, "check"));
-    for (const std::string command : {"list", "show", "check", "info", "diff", "port"}) {
+    EXPECT_EQ(RunQuor("--help").status, 0);
+    for (const std::string command :
+        {"list", "show", "check", "info", "format", "diff", "port", "lint", "explain", "man", "completion"}) {
         const Outcome outcome = RunQuor(command + " --help");
         EXPECT_EQ(outcome.status, 0);
         EXPECT_EQ(outcome.err, "");
-        EXPECT_TRUE(Holds(outcome.out, "Examples:\n  quor " + command)) << outcome.out;
+        EXPECT_TRUE(Holds(outcome.out, "Examples:\n") && Holds(outcome.out, "quor " + command))
+            << outcome.out;
     }
 }
 
@@ -205,6 +214,20 @@ TEST(Check, JudgesEachDeckAlone)
     EXPECT_TRUE(Holds(both.out, "2 findings more; ")) << both.out;
     EXPECT_TRUE(Holds(both.out, "clean.data: 2 keywords in 1 section, 1 file: no findings\n")) << both.out;
     EXPECT_EQ(RunSmall("check " + clean + " /none.data").status, 2);
+}
+
+TEST(Check, SaysByItsStatusWhatIsLeft)
+{
+    const TemporaryDirectory folder;
+    const auto check = [&folder](const std::string& text, const std::string& options = {}) {
+        return RunSmall("check " + folder.Write("d.data", text) + options).status;
+    };
+    EXPECT_EQ(check("RUNSPEC\nOIL\n"), 0);
+    EXPECT_EQ(check("RUNSPEC\nOLI\n"), 1);
+    EXPECT_EQ(check("RUNSPEC\nOLI\n", " --max-findings 0"), 1);
+    EXPECT_EQ(check("RUNSPEC\nENDINC\n"), 1) << "a warning";
+    EXPECT_EQ(check("RUNSPEC\nOLI -- quor: off\n"), 0);
+    EXPECT_EQ(check("RUNSPEC\nOLI\n", " /none.data"), 2);
 }
 
 TEST(Check, WritesValidJsonOfAnyBytes)

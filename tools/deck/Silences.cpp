@@ -125,19 +125,27 @@ Silences::CodeSet Silences::ReadCodes(std::string_view words)
 void Silences::SilenceLine(std::string_view comment, const CodeSet& codes)
 {
     std::string_view line = LineAt(OffsetOf(comment));
-    if (IsComment(line)) {
-        // Comments that follow one another are for the same line: it was found for the first of them.
-        std::size_t next = OffsetOf(line);
-        if (!lines_.empty() && lines_.back().begin > next)
-            next = lines_.back().begin;
-        while (next < text_.size() && IsEmpty(LineAt(next)))
-            next = std::min(text_.find('\n', next), text_.size() - 1) + 1;
-        line = LineAt(next);
-    }
-    const std::size_t begin = OffsetOf(line);
-    if (lines_.empty() || lines_.back().begin != begin)
+    std::size_t begin = OffsetOf(line);
+    // Comments that follow one another are for the same line: it was found for the first of them.
+    const bool isFound = !lines_.empty() && lines_.back().begin >= begin;
+    if (!isFound) {
+        if (IsComment(line))
+            line = NextFullLine(begin);
+        begin = OffsetOf(line);
         lines_.push_back({begin, begin + line.size(), {}});
+    }
     lines_.back().codes |= codes;
+}
+
+/// The first line from `offset` on that is more than a comment; an empty one at the end if there is none.
+std::string_view Silences::NextFullLine(std::size_t offset) const
+{
+    std::string_view line = LineAt(offset);
+    while (offset < text_.size() && IsEmpty(line)) {
+        offset = std::min(text_.find('\n', offset), text_.size() - 1) + 1;
+        line = LineAt(offset);
+    }
+    return line;
 }
 
 void Silences::Open(std::string_view comment, const CodeSet& codes)

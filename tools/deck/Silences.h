@@ -64,6 +64,7 @@ private:
         return static_cast<std::size_t>(part.data() - text_.data());
     }
     std::string_view LineAt(std::size_t offset) const;
+    std::string_view NextFullLine(std::size_t offset) const;
 
     std::string_view text_;
     std::size_t followed_ = 0; // where the last comment that counts ends

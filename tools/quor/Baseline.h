@@ -2,11 +2,11 @@
 
 #include "tools/deck/Teller.h"
 
-#include <compare>
 #include <cstddef>
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <tuple>
 
 namespace Veld::Quor::Tools {
 
@@ -24,7 +24,10 @@ public:
         std::string file; ///< from the folder of the deck on
         std::string text; ///< of the line, without blanks around it; of a long one the beginning
 
-        auto operator<=>(const Key&) const = default;
+        bool operator<(const Key& other) const
+        {
+            return std::tie(code, file, text) < std::tie(other.code, other.file, other.text);
+        }
     };
     using Counts = std::map<Key, std::size_t>;
 

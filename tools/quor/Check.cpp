@@ -19,6 +19,7 @@
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -136,39 +137,45 @@ bool WriteBaseline(const std::string& path, const Baseline& baseline)
     }
 }
 
-int Check(Catalogue& catalogue, const CheckCommandOptions& options)
+/// Of the decks that can be read. What they have is added to `baseline` if a new one is to be written.
+std::vector<Result> CheckAll(Catalogue& catalogue, const CheckCommandOptions& options, Baseline& baseline)
 {
-    std::optional<Baseline> baseline = ReadBaseline(options.baseline);
-    if (!baseline)
-        return Failure;
-    const bool isText = options.format == FindingFormat::Text;
-    if (isText)
-        PrintHeader(catalogue);
     Deck::Vocabulary vocabulary(catalogue.GetTable());
     std::vector<Result> results;
-    bool isClean = true;
     for (const std::string& deck : options.decks) {
         Baseline::Counts counts;
         Deck::ReadOptions check = options.check;
         if (!options.newBaseline.empty())
             check.isKnown = Baseline::MakeRecorder(deck, counts);
         else if (!options.baseline.empty())
-            check.isKnown = baseline->MakeFilter(deck);
+            check.isKnown = baseline.MakeFilter(deck);
         auto result = CheckOne(deck, std::move(check), vocabulary);
         if (!result)
             continue;
-        baseline->Add(counts);
-        isClean = isClean && !result->report.findings.HasFault();
-        if (isText)
+        baseline.Add(counts);
+        if (options.format == FindingFormat::Text)
             PrintText(*result);
         results.push_back(std::move(*result));
     }
+    return results;
+}
+
+int Check(Catalogue& catalogue, const CheckCommandOptions& options)
+{
+    std::optional<Baseline> baseline = ReadBaseline(options.baseline);
+    if (!baseline)
+        return Failure;
+    if (options.format == FindingFormat::Text)
+        PrintHeader(catalogue);
+    const std::vector<Result> results = CheckAll(catalogue, options, *baseline);
     if (!results.empty())
         PrintEnd(results, options.format);
     if (results.size() < options.decks.size())
         return Failure;
     if (!options.newBaseline.empty() && !WriteBaseline(options.newBaseline, *baseline))
         return Failure;
+    const bool isClean = std::none_of(results.begin(), results.end(),
+        [](const Result& result) { return result.report.findings.HasFault(); });
     return isClean ? Success : HasFindings;
 }
 
@@ -200,18 +207,17 @@ Command MakeCheckCommand(CLI::App& application)
     AddFindingFormatOption(command, options->format);
     AddMaxFindingsOption(command, options->check.maxFindings, " for each deck");
     AddBaselineOptions(command, *options);
-    command.footer("A comment in a deck silences findings: '-- quor: off CODE, CODE' those on its line, or, "
-                   "if it stands\n"
-                   "alone on its line, on the next one; '-- quor: begin-off CODE' all up to '-- quor: "
-                   "end-off CODE'. Without a code\n"
-                   "it is for all. Comments that can't be followed are told, but not in a file above 1 MiB "
-                   "in which nothing is\n"
-                   "found. 'quor explain' lists the codes.\n\n"
-                   "Examples:\n"
-                   "  quor check reservoir.data --simulator Carrow\n"
-                   "  quor check *.data --simulator Dunmere --mode Thermal --format json\n"
-                   "  quor check reservoir.data --write-baseline known.json\n"
-                   "  quor check reservoir.data --baseline known.json");
+    command.footer(
+        "A comment in a deck silences findings: '-- quor: off CODE, CODE' those on its line, or on the\n"
+        "next one if it stands alone on its line; '-- quor: begin-off CODE' all up to\n"
+        "'-- quor: end-off CODE'. Without a code it is for all; 'quor explain' lists the codes.\n"
+        "Comments that can't be followed are told, but not in a file above 1 MiB in which nothing\n"
+        "is found.\n\n"
+        "Examples:\n"
+        "  quor check reservoir.data --simulator Carrow\n"
+        "  quor check *.data --simulator Dunmere --mode Thermal --format json\n"
+        "  quor check reservoir.data --write-baseline known.json\n"
+        "  quor check reservoir.data --baseline known.json");
     return {&command, [options](Catalogue& catalogue) { return Check(catalogue, *options); }};
 }
 

@@ -27,5 +27,7 @@ Command MakeDiffCommand(CLI::App& application);
 Command MakePortCommand(CLI::App& application);
 Command MakeLintCommand(CLI::App& application);
 Command MakeExplainCommand(CLI::App& application);
+Command MakeManCommand(CLI::App& application);
+Command MakeCompletionCommand(CLI::App& application);
 
 } // namespace Veld::Quor::Tools

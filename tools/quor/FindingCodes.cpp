@@ -12,7 +12,7 @@ std::vector<FindingCode> AllFindingCodes()
     std::vector<FindingCode> codes;
     const std::vector<FindingRule> rules = RulesOf(Deck::Codes());
     for (std::size_t i = 0; i < rules.size(); ++i)
-        codes.push_back({"check", rules[i], &Deck::Remedies()[i]});
+        codes.push_back({"check", rules[i], &RemedyOf(Deck::Codes()[i].code)});
     for (const FindingRule& rule : RulesOf(Lint::Codes()))
         codes.push_back({"lint", rule, nullptr});
     return codes;

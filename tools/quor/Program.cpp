@@ -47,8 +47,10 @@ int RunCommand(int argc, char** argv)
     application.set_version_flag("--version", fmt::format("quor {}", GetVersion()));
     application.require_subcommand(0, 1);
     application.footer(
-        "The language is built in. QUOR_KEYWORD_SYNTAX_FILE names a document to take its place,\n"
-        "QUOR_KEYWORD_TRUSTED_SYNTAX_DIR a folder of documents with trusted keywords.\n\n"
+        "Environment: The language is built in. QUOR_KEYWORD_SYNTAX_FILE names a document to take its\n"
+        "place, QUOR_KEYWORD_TRUSTED_SYNTAX_DIR a folder of documents with trusted keywords. A NO_COLOR "
+        "that\n"
+        "is not empty keeps colours out of what is for people.\n\n"
         "Exit status: 0 if all is well, 1 if there are findings, differences or losses or a keyword is not "
         "known,\n"
         "2 if the usage is wrong or something can't be read or written.");
@@ -62,6 +64,8 @@ int RunCommand(int argc, char** argv)
         MakeShowCommand(application),
         MakeListCommand(application),
         MakeLintCommand(application),
+        MakeManCommand(application),
+        MakeCompletionCommand(application),
     };
     try {
         application.parse(argc, argv);

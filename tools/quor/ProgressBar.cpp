@@ -48,7 +48,7 @@ std::string ProgressText(
     const double part =
         known == 0 ? 1 : std::min(1.0, static_cast<double>(done) / static_cast<double>(known));
     const double speed = seconds > 0 ? static_cast<double>(done) / megabyte / seconds : 0;
-    const std::string numbers =
+    std::string numbers =
         fmt::format("{:3}%  {:.0f} MB/s", static_cast<int>(part * 100), speed); // a started percent is none
     if (width < numbers.size())
         return {};

@@ -1,0 +1,186 @@
+#include "tests/support/Cases.h"
+#include "tests/support/Documents.h"
+#include "tests/tools/Language.h"
+#include "tests/tools/RunProgram.h"
+#include "tools/quor/ProgressBar.h"
+
+#include <nlohmann/json.hpp>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <thread>
+
+using namespace Veld::Quor::Tests;
+using nlohmann::json;
+
+namespace {
+
+Outcome RunSmall(const std::string& arguments)
+{
+    return RunOn(SmallLanguage(), arguments);
+}
+
+std::string ReadFile(const std::filesystem::path& path)
+{
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// What the summary of a text says behind the number of files.
+std::string EndOf(const Outcome& outcome)
+{
+    const std::size_t at = outcome.out.rfind("file");
+    return at == std::string::npos ? outcome.err : outcome.out.substr(outcome.out.find(':', at) + 2);
+}
+
+const std::string knownDeck = "RUNSPEC\nWATR\nWATR \nINCLUDE 'sub/a.inc' /\n";
+
+struct Change {
+    const char* name;
+    std::string deck;
+    std::string included;
+    const char* end; // of the summary
+    int status;
+};
+
+class KnownFindings : public testing::TestWithParam<Change> { };
+
+TEST_P(KnownFindings, AreHidden)
+{
+    const TemporaryDirectory folder;
+    const std::string deck = folder.Write("d.data", knownDeck);
+    folder.Write("sub/a.inc", "OLI\n");
+    const std::string baseline = (folder.Path() / "known.json").string();
+    EXPECT_EQ(RunSmall("check " + deck + " --write-baseline " + baseline).status, 0);
+    folder.Write("d.data", GetParam().deck);
+    folder.Write("sub/a.inc", GetParam().included);
+    // From another folder, and with room for one finding: none of it is to go to a known one.
+    const Outcome outcome = RunSmall("check " + deck + " --max-findings 1 --baseline " + baseline);
+    EXPECT_EQ(EndOf(outcome), GetParam().end) << outcome.out;
+    EXPECT_EQ(outcome.status, GetParam().status);
+}
+
+INSTANTIATE_TEST_SUITE_P(Baselines, KnownFindings,
+    testing::Values(Change{"Unchanged", knownDeck, "OLI\n", "no findings, 3 known findings hidden\n", 0},
+        Change{"MovedLines", "-- c\n\nRUNSPEC\nINCLUDE 'sub/a.inc' /\n\nWATR\n", "\n\nOLI\n",
+            "no findings, 2 known findings hidden\n", 0},
+        Change{"OneMoreOfAKind", "RUNSPEC\nWATR\nWATR\nWATR\n", "", "1 error, 2 known findings hidden\n", 1},
+        Change{"OtherText", "RUNSPEC\nWATR -- c\nINCLUDE 'sub/a.inc' /\n", "OLI\n",
+            "1 error, 1 known finding hidden\n", 1},
+        Change{"OtherFile", "RUNSPEC\nOLI\n", "", "1 error\n", 1},
+        Change{"OtherCode", "RUNSPEC\nOIL\n  WATR\n", "", "1 error\n", 1}),
+    CaseName<Change>);
+
+TEST(Baseline, IsSortedAndReplacedAsAWhole)
+{
+    const TemporaryDirectory folder;
+    const std::string deck = folder.Write("d.data", "RUNSPEC\nOIL x\xff\nOIL\nWATR\nWATR\n");
+    const std::string baseline = folder.Write("known.json", "old");
+    const Outcome outcome = RunSmall("check " + deck + " --write-baseline " + baseline);
+    EXPECT_TRUE(Holds(outcome.err, "baseline: 3 findings written")) << outcome.err;
+    const json expected = {{"version", 1},
+        {"findings",
+            {{{"code", "stray-text"}, {"file", "d.data"}, {"text", "OIL x\uFFFD"}, {"count", 1}},
+                {{"code", "unknown-keyword"}, {"file", "d.data"}, {"text", "WATR"}, {"count", 2}}}}};
+    EXPECT_EQ(json::parse(ReadFile(baseline)), expected);
+    EXPECT_EQ(RunSmall("check " + deck + " --baseline " + baseline).status, 0);
+    // A deck that can't be read leaves the file as it is, and nothing else behind.
+    EXPECT_EQ(RunSmall("check /none.data --write-baseline " + baseline).status, 2);
+    EXPECT_EQ(json::parse(ReadFile(baseline)), expected);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 2);
+}
+
+struct BadFile {
+    const char* name;
+    const char* text;
+    const char* error;
+};
+
+class BadBaselines : public testing::TestWithParam<BadFile> { };
+
+TEST_P(BadBaselines, AreRefused)
+{
+    const TemporaryDirectory folder;
+    const std::string deck = folder.Write("d.data", "RUNSPEC\n");
+    const Outcome outcome =
+        RunSmall("check " + deck + " --baseline " + folder.Write("known.json", GetParam().text));
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_TRUE(Holds(outcome.err, std::string("known.json': ") + GetParam().error)) << outcome.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, BadBaselines,
+    testing::Values(BadFile{"Empty", "", "line 1: it is no JSON"},
+        BadFile{"CutShort", "{\"version\": 1,\n\"findings\": [{", "line 2: it is no JSON"},
+        BadFile{"OtherJson", "[1]", "it has no array \"findings\""},
+        BadFile{"OtherVersion", R"({"version": 2, "findings": []})", "its \"version\" is not 1"},
+        BadFile{"NoText", R"({"version": 1, "findings": [{"code": "a", "file": "b"}]})",
+            "finding 1 has no text \"text\""},
+        BadFile{"NegativeCount",
+            R"({"version": 1, "findings": [{"code": "a", "file": "b", "text": "c", "count": -1}]})",
+            "finding 1 has no \"count\""}),
+    CaseName<BadFile>);
+
+TEST(Check, CountsAbbreviationsOfEachDeckInFull) // the library tells like messages ten times only
+{
+    const TemporaryDirectory folder;
+    std::string text = "SCHEDULE\nWELSPECS\n";
+    for (int i = 0; i < 25; ++i)
+        text += " 'P1' 'G' 1 1 2000 WATE /\n";
+    text += "/\n";
+    const Outcome outcome =
+        RunQuor("check --format json " + folder.Write("a.data", text) + " " + folder.Write("b.data", text));
+    EXPECT_EQ(json::parse(outcome.out)["counts"]["warnings"], 50) << outcome.err;
+}
+
+TEST(Check, GivesTheRulesTheirMeaningInSarif)
+{
+    const TemporaryDirectory folder;
+    const Outcome outcome = RunSmall("check --format sarif " + folder.Write("d.data", "RUNSPEC\nWATR\n"));
+    const json run = json::parse(outcome.out)["runs"][0];
+    const json rule = run["tool"]["driver"]["rules"][run["results"][0]["ruleIndex"].get<std::size_t>()];
+    EXPECT_EQ(rule["id"], "unknown-keyword");
+    EXPECT_EQ(rule["shortDescription"]["text"], "A word where a keyword is expected is none.");
+}
+
+struct Bar {
+    const char* name;
+    std::size_t done;
+    std::size_t known;
+    double seconds;
+    std::size_t width;
+    const char* text;
+};
+
+class Bars : public testing::TestWithParam<Bar> { };
+
+TEST_P(Bars, FitTheLine)
+{
+    const Bar& bar = GetParam();
+    EXPECT_EQ(Veld::Quor::Tools::ProgressText(bar.done, bar.known, bar.seconds, bar.width, false), bar.text);
+}
+
+INSTANTIATE_TEST_SUITE_P(Progress, Bars,
+    testing::Values(Bar{"Half", 50'000'000, 100'000'000, 2, 28, "[=====      ]   50%  25 MB/s"},
+        Bar{"NothingKnown", 0, 0, 0, 28, "[============]  100%  0 MB/s"},
+        Bar{"MoreThanKnown", 9, 3, 1, 28, "[============]  100%  0 MB/s"},
+        Bar{"Narrow", 1, 2, 1, 16, " 50%  0 MB/s"}, Bar{"NoRoom", 1, 2, 1, 5, ""}),
+    CaseName<Bar>);
+
+TEST(Progress, IsNotDrawnIntoAFile)
+{
+    testing::internal::CaptureStderr();
+    {
+        Veld::Quor::Tools::ProgressBar bar;
+        std::this_thread::sleep_for(std::chrono::milliseconds(600)); // a terminal would have it by now
+        bar.Show(1, 2);
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+} // namespace
