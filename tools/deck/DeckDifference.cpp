@@ -43,6 +43,11 @@ std::vector<Bucket> Match(const StepUnits* before, const StepUnits* after)
     return buckets;
 }
 
+Change ChangeOf(Kind kind, const Unit& unit)
+{
+    return {kind, unit.keyword->syntax->GetName(), unit.identity};
+}
+
 class Comparer {
 public:
     Comparer(const Deck& a, const Deck& b, const ComparisonOptions& options)
@@ -56,7 +61,8 @@ public:
 
 private:
     void CompareSteps(const Step& step, const StepUnits* before, const StepUnits* after);
-    void CompareUnits(const Bucket& bucket);
+    void CompareBucket(const Bucket& bucket);
+    void CompareUnits(const Unit& before, const Unit& after);
     void Tell(Change change, const Spot* before, const Spot* after);
     void FillPlaces();
 
@@ -96,7 +102,7 @@ void Comparer::CompareSteps(const Step& step, const StepUnits* before, const Ste
     else if (step.IsReport() && after && !before)
         Tell({Kind::Added, {}, {}}, nullptr, &after->spot);
     for (const Bucket& bucket : Match(before, after))
-        CompareUnits(bucket);
+        CompareBucket(bucket);
     if (changes_.empty())
         return;
     std::string name = DateText(step.time);
@@ -105,27 +111,29 @@ void Comparer::CompareSteps(const Step& step, const StepUnits* before, const Ste
     difference_.groups.push_back({step.section, std::move(name), std::exchange(changes_, {})});
 }
 
-void Comparer::CompareUnits(const Bucket& bucket)
+void Comparer::CompareBucket(const Bucket& bucket)
 {
     const Pairs pairs = PairUp(bucket.before.size(), bucket.after.size(), [&](std::size_t i, std::size_t j) {
         return comparison_.AreEqual(bucket.before[i]->data, bucket.after[j]->data);
     });
     for (const auto& [i, j] : pairs) {
-        const Unit* const before = i == unpaired ? nullptr : bucket.before[i];
-        const Unit* const after = j == unpaired ? nullptr : bucket.after[j];
-        const Unit& unit = before ? *before : *after;
-        Change change{Kind::Changed, unit.keyword->syntax->GetName(), unit.identity};
-        if (!before || !after) {
-            change.kind = before ? Kind::Gone : Kind::Added;
-            Tell(std::move(change), before ? &before->spot : nullptr, after ? &after->spot : nullptr);
-            continue;
-        }
-        if (!before->data || !after->data)
-            continue;
-        for (ItemChange& item : comparison_.Compare(*before->data, *after->data)) {
-            change.item = std::move(item);
-            Tell(change, &before->spot, &after->spot);
-        }
+        if (i == unpaired)
+            Tell(ChangeOf(Kind::Added, *bucket.after[j]), nullptr, &bucket.after[j]->spot);
+        else if (j == unpaired)
+            Tell(ChangeOf(Kind::Gone, *bucket.before[i]), &bucket.before[i]->spot, nullptr);
+        else
+            CompareUnits(*bucket.before[i], *bucket.after[j]);
+    }
+}
+
+void Comparer::CompareUnits(const Unit& before, const Unit& after)
+{
+    if (!before.data || !after.data)
+        return;
+    Change change = ChangeOf(Kind::Changed, before);
+    for (ItemChange& item : comparison_.Compare(*before.data, *after.data)) {
+        change.item = std::move(item);
+        Tell(change, &before.spot, &after.spot);
     }
 }
 
