@@ -1,9 +1,8 @@
 #include "tests/support/Documents.h"
 #include "tests/tools/RandomLanguage.h"
+#include "tests/tools/SameDecks.h"
 #include "tools/deck/Deck.h"
 #include "tools/deck/DeckWriter.h"
-
-#include "quor/data/KeywordDataEqual.h"
 
 #include <gtest/gtest.h>
 
@@ -31,20 +30,6 @@ protected:
 std::string Write(const Deck& deck)
 {
     return DeckWriter(deck, {}).WriteFile(0);
-}
-
-testing::AssertionResult SayTheSame(const Deck& a, const Deck& b)
-{
-    if (a.keywords.size() != b.keywords.size())
-        return testing::AssertionFailure() << a.keywords.size() << " keywords, and " << b.keywords.size();
-    for (std::size_t i = 0; i < a.keywords.size(); ++i) {
-        const DeckKeyword& first = a.keywords[i];
-        const DeckKeyword& second = b.keywords[i];
-        if (first.syntax != second.syntax || !first.data != !second.data
-            || (first.data && !KeywordDataEqual(*first.data, *second.data)))
-            return testing::AssertionFailure() << "keyword " << i << ", " << first.syntax->GetName();
-    }
-    return testing::AssertionSuccess();
 }
 
 std::string FirstFinding(const Deck& deck)
