@@ -3,6 +3,7 @@
 #include "tests/data/DataText.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
+#include "tools/deck/ValueEdit.h"
 
 #include <gtest/gtest.h>
 
@@ -106,7 +107,8 @@ std::string Dump(const Deck::Findings& findings)
     return text;
 }
 
-class Readings : public testing::TestWithParam<Reading> {
+/// Has the language for the tests of one suite.
+class Language : public testing::Test {
 protected:
     static void SetUpTestSuite()
     {
@@ -130,6 +132,8 @@ protected:
     static inline std::unique_ptr<LoadedTable> table_;
     static inline std::unique_ptr<Deck::Vocabulary> vocabulary_;
 };
+
+class Readings : public Language, public testing::WithParamInterface<Reading> { };
 
 TEST_P(Readings, GiveDataAndFindings)
 {
@@ -247,5 +251,53 @@ TEST_F(Readings, KeepWhereThingsStand)
     EXPECT_EQ(deck->files.PlaceOf({0, rows.records[1].offset, 0}).line, 6U);
     EXPECT_EQ(deck->files.PlaceOf({0, rows.records[1].offset, 0}).column, 3U);
 }
+
+struct EditRow {
+    const char* name;
+    const char* keyword; ///< with its data
+    std::size_t slot;
+    const char* word;
+    const char* changed; ///< empty: it can't be done
+};
+
+class Edits : public Language, public testing::WithParamInterface<EditRow> { };
+
+TEST_P(Edits, TouchNothingElse)
+{
+    const EditRow& row = GetParam();
+    const auto read = [](const std::string& text) {
+        const TemporaryDirectory folder;
+        Deck::ReadOptions options;
+        options.keepsPlaces = true;
+        return Deck::ReadDeck(folder.Write("d.data", text), options, *vocabulary_);
+    };
+    const std::string before = "RUNSPEC\n";
+    const auto deck = read(before + row.keyword);
+    const auto edit = Deck::EditValue(deck->keywords.back(), deck->files, row.slot, row.word);
+    EXPECT_EQ(edit ? Deck::Apply(*edit, deck->files) : "", *row.changed ? before + row.changed : "");
+    if (!edit)
+        return;
+    const auto again = read(Deck::Apply(*edit, deck->files));
+    EXPECT_EQ(Dump(again->findings), Dump(deck->findings));
+    const Deck::Spot& spot = again->keywords.back().notes->values[row.slot];
+    EXPECT_EQ(again->files.GetText(spot), row.word);
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, Edits,
+    testing::Values(
+        EditRow{"Plain", "ROWS\n 1 2 / -- c\n 3  4 /\n/\n", 2, "7", "ROWS\n 1 2 / -- c\n 7  4 /\n/\n"},
+        EditRow{"FirstOfARepeat", "WHOLE\n 1 4*2 3 /\n", 1, "9", "WHOLE\n 1 9 3*2 3 /\n"},
+        EditRow{"WithinARepeat", "WHOLE\n 1 4*2 3 /\n", 2, "9", "WHOLE\n 1 2 9 2*2 3 /\n"},
+        EditRow{"RepeatedText", "NAMES\n 3*'A B' /\n", 2, "C", "NAMES\n 2*'A B' C /\n"},
+        EditRow{"Defaults", "RECORD\n P1 3* 3 /\n", 2, "OIL", "RECORD\n P1 1* OIL 1* 3 /\n"},
+        EditRow{"OneDefault", "PREVIOUS\n 1 * 3 /\n", 1, "2", "PREVIOUS\n 1 2 3 /\n"},
+        EditRow{"NotGiven", "ROWS\n 1 /\n/\n", 1, "2", "ROWS\n 1 2 /\n/\n"},
+        EditRow{"BehindOthersNotGiven", "BOX\n 1 2 /\n", 4, "3", "BOX\n 1 2 2* 3 /\n"},
+        EditRow{"BehindAnEmptyList", "NESTED\n 1 /\n/\n", 0, "2", "NESTED\n 2 /\n/\n"},
+        EditRow{"OfATable", "TABLES\n 1 2\n 3 4 /\n 5 6\n 7 8 /\n", 7, "9",
+            "TABLES\n 1 2\n 3 4 /\n 5 6\n 7 9 /\n"},
+        EditRow{"NoSuchSlot", "ROWS\n 1 2 /\n/\n", 2, "7", ""},
+        EditRow{"OfAMap", "MAP\n A=2 /\n", 0, "7", ""}),
+    CaseName<EditRow>);
 
 } // namespace

@@ -132,7 +132,10 @@ DataReader::Got DataReader::Next()
     value_.text.remove_prefix(repeat.length);
     isDefault_ = value_.text.empty();
     if (isDefault_ && !text_.GetRest().empty() && IsQuote(text_.GetRest().front())) {
+        const std::size_t begin = value_.spot.offset;
         value_ = text_.NextData();
+        value_.spot.length += value_.spot.offset - begin;
+        value_.spot.offset = begin;
         SetLast(value_.spot);
         isDefault_ = false;
     }
