@@ -97,7 +97,6 @@ void MeasureColumns(const std::vector<TableRow>& rows, std::vector<Column>& colu
 
 DataLines::DataLines(std::string_view name, std::size_t width)
     : width_(width)
-    , isBroken_(true)
     , line_(name)
 {
 }

@@ -1,0 +1,165 @@
+#include "tests/support/Cases.h"
+#include "tests/support/Documents.h"
+#include "tools/deck/DeckWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+using namespace Veld::Quor::Tests;
+using namespace Veld::Quor::Tools::Deck;
+
+namespace {
+
+const std::string language = R"(
+<keyword name='RUNSPEC'/> <keyword name='INCLUDE'/> <keyword name='ENDINC'/> <keyword name='FLAG'/>
+<keyword name='SKIP'/> <keyword name='ENDSKIP'/>
+<keyword name='VALUES'><data><list itemsDefaultable='true'><real/></list></data></keyword>
+<keyword name='FORMAT'><data><list><real><format>%.2f</format></real></list></data></keyword>
+<keyword name='RECORD'><data><record termination='SLASH'>
+  <item name='NAME'><string/></item>
+  <item name='KIND' optional='true'><choice><values><value string='OIL'/><value string='WATER'>
+    <aliases>
+      <alias name='AQUA'>
+        <isHiddenAlias/>
+      </alias>
+    </aliases></value></values></choice></item>
+  <item name='A' optional='true'><integer/></item> <item name='B' optional='true'><real/></item>
+  <item name='ON' optional='true'><boolean/></item>
+</record></data></keyword>
+<keyword name='ROWS'><data><list termination='SLASH'><record termination='SLASH'>
+  <item name='NAME'><string/></item> <item name='A' optional='true'><integer/></item>
+  <item name='B' optional='true'><real/></item> <item name='C' optional='true'><integer/></item>
+</record></list></data></keyword>
+<keyword name='TABLE'><data><list termination='SLASH'><record termination='NONE'>
+  <item name='X'><real/></item> <item name='Y'><real><default type='calculated'/></real></item>
+</record></list></data></keyword>
+<keyword name='LEADS'><data><list termination='SLASH'><record termination='NONE'>
+  <item name='HEAD'><real/></item>
+  <item name='ROWS'><list termination='SLASH'><record termination='NONE'>
+    <item name='X'><real/></item> <item name='Y'><real/></item></record></list></item>
+</record></list></data></keyword>
+<keyword name='BESIDE'><data><list writeStartingOnNewLine='false' writeTerminationOnNewLine='true'><integer/></list></data></keyword>
+<keyword name='OPEN'><data><list termination='NONE'><integer/></list></data></keyword>
+<keyword name='MAP'><data><map><assignment name='A'><integer/></assignment><assignment name='B'><integer/></assignment>
+  <assignment name='W*' wildcard='true'><integer/></assignment></map></data></keyword>
+<keyword name='RAW'><data><raw stringTermination='ENDRAW'/></data></keyword>
+)";
+
+class DeckWriting : public testing::Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        table_ = std::make_unique<LoadedTable>(language);
+        vocabulary_ = std::make_unique<Vocabulary>(*table_->operator->());
+    }
+    static void TearDownTestSuite()
+    {
+        vocabulary_.reset();
+        table_.reset();
+    }
+
+    std::unique_ptr<Deck> Read(const std::string& text) const
+    {
+        return ReadDeck(folder_.Write("d.data", text), {}, *vocabulary_);
+    }
+
+    static inline std::unique_ptr<LoadedTable> table_;
+    static inline std::unique_ptr<Vocabulary> vocabulary_;
+    TemporaryDirectory folder_;
+};
+
+struct Writing {
+    const char* name;
+    std::string deck;
+    std::string written; ///< empty: as it was
+};
+
+class Writings : public DeckWriting, public testing::WithParamInterface<Writing> { };
+
+TEST_P(Writings, AreInOrder)
+{
+    const std::string& expected = GetParam().written.empty() ? GetParam().deck : GetParam().written;
+    const auto deck = Read(GetParam().deck);
+    EXPECT_EQ(DeckWriter(*deck, {}).WriteFile(0), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, Writings,
+    testing::Values(
+        Writing{"Repeats", "VALUES\n 1 1.0 1E0 2 2 3* 4 5*6 /\n", "VALUES\n  3*1   2   2  3*   4 5*6 /\n"},
+        Writing{"ShortestNumbers", "VALUES\n 0.10 1D-5 +3. 1e+22 123456789 -0.5E01 /\n",
+            "VALUES\n        0.1      1E-5         3      1E22 123456789        -5 /\n"},
+        Writing{"AnItemsFormat", "FORMAT\n 1 2.5 0.125 /\n", "FORMAT\n   1.00  2.50 0.125 /\n"},
+        Writing{"Words", "RECORD\n \"P 1\" WAT 3 2.50 T /\n", "RECORD\n  'P 1' WATER 3 2.5 YES /\n"},
+        Writing{"NotGiven", "RECORD\n 'P1' * 1* 2.5 1* /\n", "RECORD\n  P1 2* 2.5 /\n"},
+        Writing{"Quotes", "RECORD\n \"it's\" /\nRECORD\n '1P' /\nRECORD\n '' /\n",
+            "RECORD\n  \"it's\" /\nRECORD\n  '1P' /\nRECORD\n  '' /\n"},
+        Writing{"Map", "MAP\n B = 2\n W1 A=1 /\n", "MAP\n  A B=2 W1 /\n"},
+        Writing{"Variables", "VALUES\n 3*$X 2 /\nRECORD\n '$NAME' * $A+1 /\nMAP\n B=$X /\n",
+            "VALUES\n  3*$X    2 /\nRECORD\n  '$NAME' 1* $A+1 /\nMAP\n  B=$X /\n"},
+        Writing{"LongList",
+            "VALUES\n" +
+                [] {
+                    std::string text;
+                    for (int i = 0; i < 30; ++i)
+                        text += " 1000" + std::to_string(i + 100);
+                    return text;
+                }()
+                + " /\n",
+            "VALUES\n  1000100 1000101 1000102 1000103 1000104 1000105 1000106 1000107 1000108 1000109 "
+            "1000110 1000111\n"
+            "  1000112 1000113 1000114 1000115 1000116 1000117 1000118 1000119 1000120 1000121 1000122 "
+            "1000123\n"
+            "  1000124 1000125 1000126 1000127 1000128 1000129 /\n"}),
+    CaseName<Writing>);
+
+INSTANTIATE_TEST_SUITE_P(Layout, Writings,
+    testing::Values(Writing{"Rows", "ROWS\n 'P1' 1 2.25 3 /\n LONGER 100 /\n P3 1* 12.5 /\n/\n",
+                        "ROWS\n  P1       1  2.25 3 /\n  LONGER 100 /\n  P3      1* 12.5  /\n/\n"},
+        Writing{"ColumnsWithoutValues", "ROWS\n P1 2* 3 /\n P2 * * 44 /\n/\n",
+            "ROWS\n  P1 2*  3 /\n  P2 2* 44 /\n/\n"},
+        Writing{"Table", "TABLE\n 1 10.5 2 9 3 *\n /\n", "TABLE\n  1 10.5\n  2  9\n  3 1*   /\n"},
+        Writing{"LeadingValues", "LEADS\n 0.5 1 2 /\n 10 3 4\n 5 6.5 /\n/\n",
+            "LEADS\n   0.5 1 2   /\n  10   3 4\n       5 6.5 /\n/\n"},
+        Writing{"Flags", "BESIDE\n 1 2 /\n", "BESIDE 1 2\n/\n"},
+        Writing{"NotBesideBehindOpenData", "OPEN\n 1\nBESIDE\n 1 2 /\n", "OPEN\n  1\nBESIDE\n  1 2\n/\n"},
+        Writing{
+            "WindowsLineEnds", "ROWS\r\n P1\r\n 1 /\r\n/\r\nFLAG\r\n", "ROWS\r\n  P1 1 /\r\n/\r\nFLAG\r\n"}),
+    CaseName<Writing>);
+
+INSTANTIATE_TEST_SUITE_P(Comments, Writings,
+    testing::Values(
+        Writing{"AroundRows",
+            "ROWS -- all\n-- first\n P1 1 / one\n\n  -- second\n P20 2 / -- two\n/ end\n-- next\nFLAG\n",
+            "ROWS -- all\n-- first\n  P1  1 / one\n  -- second\n  P20 2 / -- two\n/ end\n-- next\nFLAG\n"},
+        Writing{"WithinARow", "ROWS\n P1 -- name\n 1 -- A\n 2.50 / done\n/\n",
+            "ROWS\n  P1 -- name\n  1 -- A\n  2.5 / done\n/\n"},
+        Writing{"BetweenValues", "VALUES\n 3*1.0 -- layer 1\n 3*1 -- layer 2\n-- and 3\n 2 / 4\n",
+            "VALUES\n  3*1 -- layer 1\n  3*1 -- layer 2\n-- and 3\n  2 / 4\n"},
+        Writing{"OfATable", "TABLE\n-- x y\n 1 2 -- low\n 3 4 -- high\n/\n",
+            "TABLE\n-- x y\n  1 2 -- low\n  3 4 -- high\n/\n"},
+        Writing{"BehindASlashThatIsGone", "MAP\n A -- first\n B / last\n", "MAP -- first\n  A B / last\n"}),
+    CaseName<Writing>);
+
+INSTANTIATE_TEST_SUITE_P(Kept, Writings,
+    testing::Values(
+        Writing{"Errors", "RECORD\n  P1   OLI   1 /\nVALUES\n  1   x /\nUNKNOWN\n  1   2 /\n", ""},
+        Writing{"RawText", "RAW\n  a   b -- c\nENDRAW\n", ""},
+        Writing{"SkippedBlocks", "VALUES\n  1   2\nSKIP\n  3   4\nENDSKIP\n  5   6 /\n", ""},
+        Writing{"BlankLines", "\n\n\n  -- c\n\nFLAG\n\n\n", ""}, Writing{"NoLastLineEnd", "FLAG", ""},
+        Writing{"Nothing", "", ""}),
+    CaseName<Writing>);
+
+TEST_F(DeckWriting, PutsIncludedFilesInTheirPlaces)
+{
+    folder_.Write("a.inc", "VALUES\n 1 1 1 /\nINCLUDE\n 'b.inc' /\nENDINC\nleft out\n");
+    folder_.Write("b.inc", "ROWS\n P1 1");
+    const auto deck = Read("FLAG\nINCLUDE\n 'a.inc' /\n 2 /\n/\nFLAG\n");
+    DeckWriter writer(*deck, {});
+    EXPECT_EQ(writer.WriteAll(), "FLAG\nVALUES\n  3*1 /\nROWS\n P1 1\n 2 /\n/\nFLAG\n");
+    EXPECT_EQ(writer.WriteFile(0), "FLAG\nINCLUDE\n 'a.inc' /\n 2 /\n/\nFLAG\n");
+    EXPECT_EQ(writer.WriteFile(1), "VALUES\n  3*1 /\nINCLUDE\n 'b.inc' /\nENDINC\nleft out\n");
+}
+
+} // namespace
