@@ -3,12 +3,10 @@
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordMapData.h"
 #include "quor/data/IKeywordRecordData.h"
-#include "quor/metadata/ICustomReadTermination.h"
 #include "quor/metadata/IKeywordAssignmentMD.h"
-#include "quor/metadata/IKeywordChoiceMD.h"
 #include "quor/metadata/IKeywordListMD.h"
-#include "quor/metadata/IKeywordNumericMD.h"
-#include "tools/deck/LineText.h"
+#include "tools/deck/DataValue.h"
+#include "tools/deck/PlanShape.h"
 #include "tools/deck/ValueText.h"
 
 #include <fmt/format.h>
@@ -20,155 +18,17 @@
 namespace Veld::Quor::Tools::Deck {
 
 using namespace Core::Keywords;
-using Core::Service::Optional;
 
 namespace {
 
 using MDType = IKeywordDataMD::MDType;
 using Termination = DataPlan::Termination;
 
-/// Rows whose columns are aligned with one another, and numbers likewise.
-constexpr std::size_t mostAlignedRows = 500;
-constexpr std::size_t mostAlignedNumbers = 2000;
-/// Fewer equal values are written out.
-constexpr std::size_t shortestRepeat = 3;
-
-const IKeywordListMD& ListMD(const DataPlan& plan)
-{
-    return static_cast<const IKeywordListMD&>(*plan.md);
-}
-
-const IKeywordNumericMD& NumericMD(const DataPlan& item)
-{
-    return static_cast<const IKeywordNumericMD&>(*item.md);
-}
-
-const IKeywordData& NestedIn(const IKeywordRecordData& record, std::size_t index)
-{
-    return *static_cast<const IKeywordData*>(record.GetData(static_cast<int>(index)));
-}
-
-/// Whether it ends with its line, and isn't a line itself.
-bool IsOneLine(const DataPlan& plan)
-{
-    return plan.termination == Termination::EOL
-        && (plan.items.empty() || plan.items.front().type != MDType::Line);
-}
-
-/// Whether a slash in place of the item would end what is in it, and not the record.
-bool TakesSlash(const DataPlan& item)
-{
-    if (item.IsScalar())
-        return false;
-    if (item.termination != Termination::NONE)
-        return true;
-    return !item.items.empty()
-        && (item.type == MDType::Record ? TakesSlash(item.items.front()) : !item.items.front().IsScalar());
-}
-
-/// A slash alone, or an empty line, would not be an element of the list.
-bool NeedsWords(const DataPlan& list)
-{
-    return list.termination != Termination::NONE || IsOneLine(list.items.front());
-}
-
-bool IsNumber(const DataPlan& item)
-{
-    return item.type == MDType::Integer || item.type == MDType::Real;
-}
-
-TableRow::Cell MakeCell(const DataPlan& item, int value)
-{
-    if (item.type == MDType::Choice)
-        return {Quote(static_cast<const IKeywordChoiceMD&>(*item.md).GetChoice(value)), false};
-    return {NumberToText(value, NumericMD(item)), true};
-}
-
-TableRow::Cell MakeCell(const DataPlan& item, double value)
-{
-    return {NumberToText(value, NumericMD(item)), true};
-}
-
-TableRow::Cell MakeCell(const DataPlan& /*item*/, bool value)
-{
-    return {value ? "YES" : "NO", false};
-}
-
-TableRow::Cell MakeCell(const DataPlan& item, const std::string& value)
-{
-    return {item.type == MDType::Line ? value : Quote(value), false};
-}
-
-template <class T>
-TableRow::Cell CellOfOptional(const DataPlan& item, const void* place)
-{
-    const auto& value = *static_cast<const Optional<T>*>(place);
-    return value.HasValue() ? MakeCell(item, *value) : TableRow::Cell();
-}
-
-/// A text with a variable is a bare word, unless it is the value of a text.
-std::string VariableText(const DataPlan& item, const std::string& text)
-{
-    return item.type == MDType::String ? Quote(text) : text;
-}
-
-bool IsFlat(const DataPlan& record)
-{
-    return record.type == MDType::Record
-        && std::all_of(record.items.begin(), record.items.end(),
-            [](const DataPlan& item) { return item.IsScalar() && item.type != MDType::Line; });
-}
-
-/// Whether it holds scalars, and behind them a list of rows that may stand beside them.
-bool IsTabular(const DataPlan& record)
-{
-    if (record.type != MDType::Record || record.termination != Termination::NONE || record.items.size() < 2)
-        return false;
-    const DataPlan& last = record.items.back();
-    const bool isLead = std::all_of(record.items.begin(), record.items.end() - 1,
-        [](const DataPlan& item) { return item.IsScalar() && item.type != MDType::Line; });
-    return isLead && last.type == MDType::List && last.termination == Termination::SLASH
-        && IsFlat(last.items.front()) && last.items.front().termination == Termination::NONE
-        && !ListMD(last).WriteStartingOnNewLine().ValueOr(false)
-        && !ListMD(last).WriteTerminationOnNewLine().ValueOr(false);
-}
-
 bool IsMapGiven(const IKeywordMapData& map)
 {
     for (int i = 0; i < map.GetSize(); ++i) {
         if (map.GetValue(i))
             return true;
-    }
-    return false;
-}
-
-bool EqualAt(const DataPlan& item, const IKeywordListData& list, std::size_t a, std::size_t b)
-{
-    const bool isDefaulted = list.IsDefaulted(a);
-    if (isDefaulted != list.IsDefaulted(b))
-        return false;
-    if (isDefaulted)
-        return true;
-    const void* const first = list.GetData(a);
-    const void* const second = list.GetData(b);
-    switch (item.type) {
-    case MDType::Boolean:
-        return *static_cast<const char*>(first) == *static_cast<const char*>(second);
-    case MDType::Choice:
-    case MDType::Integer:
-        return *static_cast<const int*>(first) == *static_cast<const int*>(second);
-    case MDType::Real:
-        return *static_cast<const double*>(first) == *static_cast<const double*>(second);
-    case MDType::String:
-        return *static_cast<const std::string*>(first) == *static_cast<const std::string*>(second);
-    case MDType::Assignment:
-    case MDType::Line:
-    case MDType::List:
-    case MDType::Map:
-    case MDType::None:
-    case MDType::Raw:
-    case MDType::Record:
-        break;
     }
     return false;
 }
@@ -309,260 +169,18 @@ bool DataWriter::IsGiven(const DataPlan& plan, const IKeywordData& data) const
     return false;
 }
 
+/// An item that is not given has no text.
 DataWriter::Cell DataWriter::CellOf(
     const DataPlan& item, const IKeywordRecordData& record, std::size_t index) const
 {
-    if (notes_ && notes_->variables) {
-        if (const auto* const text = notes_->variables->Find(record, static_cast<int>(index)))
-            return {VariableText(item, *text), IsNumber(item)};
-    }
-    const void* const place = record.GetData(static_cast<int>(index));
-    switch (item.type) {
-    case MDType::Boolean:
-        return CellOfOptional<bool>(item, place);
-    case MDType::Choice:
-    case MDType::Integer:
-        return CellOfOptional<int>(item, place);
-    case MDType::Real:
-        return CellOfOptional<double>(item, place);
-    case MDType::Line:
-    case MDType::String:
-        return CellOfOptional<std::string>(item, place);
-    case MDType::Assignment:
-    case MDType::List:
-    case MDType::Map:
-    case MDType::None:
-    case MDType::Raw:
-    case MDType::Record:
-        break;
-    }
-    return {};
+    if (const auto* const text = FindVariable(record, index))
+        return {VariableText(item, *text), IsNumber(item)};
+    return {WordOf(*item.md, ItemValue(*item.md, record.GetData(static_cast<int>(index)))), IsNumber(item)};
 }
 
-// Lists
-
-void DataWriter::WriteList(const DataPlan& plan, const IKeywordListData& list)
+const std::string* DataWriter::FindVariable(const IKeywordData& node, std::size_t index) const
 {
-    if (plan.items.empty())
-        return;
-    const IKeywordListMD& md = ListMD(plan);
-    const DataPlan& item = plan.items.front();
-    const bool isNested = &plan != &plan_;
-    const bool isOfRows = !item.IsScalar();
-    const std::size_t indent = lines_.GetIndent();
-    if (isNested && (md.WriteStartingOnNewLine().ValueOr(isOfRows)))
-        lines_.Break();
-    if (item.type == MDType::Line)
-        WriteLines(list);
-    else if (item.IsScalar())
-        WriteValues(plan, list);
-    else if (IsFlat(item) && item.termination != Termination::EOL)
-        WriteRows(plan, list);
-    else if (IsTabular(item) && !HasCommentWithinRows(item, list))
-        WriteTabular(item, list);
-    else
-        WriteElements(plan, list);
-    WriteComments();
-    lines_.SetIndent(isNested ? indent : 0);
-    WriteEnd(plan, md.WriteTerminationOnNewLine().ValueOr(item.type == MDType::Line));
-    lines_.SetIndent(indent);
-}
-
-void DataWriter::WriteValues(const DataPlan& plan, const IKeywordListData& list)
-{
-    const DataPlan& item = plan.items.front();
-    const auto* const endWords = ListMD(plan).GetCustomReadTermination();
-    lines_.SetWrapping(true);
-    const auto size = static_cast<std::size_t>(list.GetSize());
-    const bool hasVariables = notes_ && notes_->variables && notes_->variables->GetDataVariables(list);
-    for (std::size_t i = 0; i < size;) {
-        WriteComments();
-        std::string text = ElementOf(item, list, i).text;
-        if (bool ignored = false; endWords && endWords->Matches(text, ignored))
-            text = Quote(text, true);
-        std::size_t limit = size;
-        if (const std::uint64_t next = FindNextSlot(); next > position_.slots)
-            limit = static_cast<std::size_t>(std::min<std::uint64_t>(limit, i + next - position_.slots));
-        std::size_t end = i + 1;
-        while (end < limit
-            && (hasVariables ? ElementOf(item, list, end).text == text : EqualAt(item, list, i, end)))
-            ++end;
-        const bool isFolded = text.empty() || end - i >= shortestRepeat;
-        if (!isFolded)
-            end = i + 1;
-        std::string word = isFolded ? MissingText(end - i) + text : text;
-        position_.slots += end - i;
-        i = end;
-        if (!IsNumber(item)) {
-            lines_.Word(word);
-            continue;
-        }
-        numbers_.push_back(std::move(word));
-        if (numbers_.size() == mostAlignedNumbers)
-            WriteNumbers();
-    }
-    WriteNumbers();
-}
-
-void DataWriter::WriteNumbers()
-{
-    lines_.Numbers(std::exchange(numbers_, {}));
-}
-
-/// An element that was left to its default has no text.
-DataWriter::Cell DataWriter::ElementOf(
-    const DataPlan& item, const IKeywordListData& list, std::size_t index) const
-{
-    if (notes_ && notes_->variables) {
-        if (const auto* const text = notes_->variables->Find(list, static_cast<int>(index)))
-            return {VariableText(item, *text), IsNumber(item)};
-    }
-    if (list.IsDefaulted(index))
-        return {};
-    const void* const value = list.GetData(index);
-    switch (item.type) {
-    case MDType::Boolean:
-        return MakeCell(item, *static_cast<const char*>(value) != 0);
-    case MDType::Choice:
-    case MDType::Integer:
-        return MakeCell(item, *static_cast<const int*>(value));
-    case MDType::Real:
-        return MakeCell(item, *static_cast<const double*>(value));
-    case MDType::Line:
-    case MDType::String:
-        return MakeCell(item, *static_cast<const std::string*>(value));
-    case MDType::Assignment:
-    case MDType::List:
-    case MDType::Map:
-    case MDType::None:
-    case MDType::Raw:
-    case MDType::Record:
-        break;
-    }
-    return {};
-}
-
-void DataWriter::WriteLines(const IKeywordListData& list)
-{
-    for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i) {
-        WriteComments();
-        lines_.Break();
-        lines_.Word(*static_cast<const std::string*>(list.GetData(i)));
-        lines_.Break();
-        ++position_.slots;
-    }
-}
-
-void DataWriter::WriteElements(const DataPlan& plan, const IKeywordListData& list)
-{
-    for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i) {
-        WriteComments();
-        if (i > 0)
-            lines_.Break();
-        WriteContainer(
-            plan.items.front(), *static_cast<const IKeywordData*>(list.GetData(i)), NeedsWords(plan));
-    }
-}
-
-/// Records of nothing but scalars, below one another.
-void DataWriter::WriteRows(const DataPlan& plan, const IKeywordListData& list)
-{
-    const DataPlan& record = plan.items.front();
-    for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i) {
-        const auto& data = *static_cast<const IKeywordRecordData*>(list.GetData(i));
-        TableRow row;
-        TakeRowComments(row);
-        if (CountGiven(record, data, NeedsWords(plan)) == 0)
-            TakeCommentsWithin(record, row);
-        if (HasCommentWithin(record)) {
-            FinishRows();
-            for (const auto& [comment, isIndented] : row.above)
-                lines_.Comment(comment, isIndented);
-            lines_.Break();
-            WriteRecord(record, data, NeedsWords(plan));
-            lines_.Break();
-            continue;
-        }
-        FillRow(record, data, NeedsWords(plan), row);
-        rows_.push_back(std::move(row));
-        if (rows_.size() == mostAlignedRows)
-            FinishRows();
-    }
-    FinishRows();
-}
-
-/// Records of scalars and rows, as one table.
-void DataWriter::WriteTabular(const DataPlan& record, const IKeywordListData& list)
-{
-    const DataPlan& rows = record.items.back();
-    const std::size_t lead = record.items.size() - 1;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i) {
-        const auto& data = *static_cast<const IKeywordRecordData*>(list.GetData(i));
-        const auto& inner = static_cast<const IKeywordListData&>(NestedIn(data, lead));
-        TableRow row;
-        TakeRowComments(row);
-        for (std::size_t item = 0; item < lead; ++item)
-            row.cells.push_back(CellOf(record.items[item], data, item));
-        position_.slots += lead;
-        for (std::size_t j = 0; j < static_cast<std::size_t>(inner.GetSize()); ++j) {
-            if (j > 0) {
-                TakeRowComments(row);
-                row.cells.assign(lead, Cell{{}, false, true});
-            }
-            const auto& values = *static_cast<const IKeywordRecordData*>(inner.GetData(j));
-            FillRow(rows.items.front(), values, false, row);
-            if (j + 1 < static_cast<std::size_t>(inner.GetSize()))
-                rows_.push_back(std::exchange(row, {}));
-        }
-        row.isEnded = true;
-        ++position_.ends;
-        rows_.push_back(std::move(row));
-        if (rows_.size() >= mostAlignedRows)
-            FinishRows();
-    }
-    FinishRows();
-}
-
-/// The comments before the row, and the one behind the row before.
-void DataWriter::TakeRowComments(TableRow& row)
-{
-    while (const DataComment* const comment = FindComment()) {
-        std::string text = TextOf(*comment);
-        if (comment->kind == CommentKind::OwnLine)
-            row.above.emplace_back(std::move(text), IsIndented(*comment));
-        else if (rows_.empty())
-            lines_.Behind(text);
-        else
-            rows_.back().behind = std::move(text);
-        ++nextComment_;
-    }
-}
-
-/// Comments in a record of which no word is left stand above it.
-void DataWriter::TakeCommentsWithin(const DataPlan& record, TableRow& row)
-{
-    const DataPosition begin = position_;
-    position_.slots += record.slots;
-    for (; const DataComment* const comment = FindComment(); ++nextComment_)
-        row.above.emplace_back(TextOf(*comment), IsIndented(*comment));
-    position_ = begin;
-}
-
-void DataWriter::FillRow(
-    const DataPlan& record, const IKeywordRecordData& data, bool needsWord, TableRow& row)
-{
-    const std::size_t given = CountGiven(record, data, needsWord);
-    for (std::size_t i = 0; i < given; ++i)
-        row.cells.push_back(CellOf(record.items[i], data, i));
-    row.isEnded = record.termination == Termination::SLASH;
-    position_.slots += record.slots;
-    position_.ends += row.isEnded ? 1U : 0U;
-}
-
-void DataWriter::FinishRows()
-{
-    WriteTable(rows_, lines_);
-    rows_.clear();
+    return notes_ && notes_->variables ? notes_->variables->Find(node, static_cast<int>(index)) : nullptr;
 }
 
 // Maps

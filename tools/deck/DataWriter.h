@@ -65,6 +65,7 @@ private:
         const DataPlan& item, const Core::Keywords::IKeywordRecordData& record, std::size_t index) const;
     Cell ElementOf(
         const DataPlan& item, const Core::Keywords::IKeywordListData& list, std::size_t index) const;
+    const std::string* FindVariable(const Core::Keywords::IKeywordData& node, std::size_t index) const;
     /// How many items of the record are to be written. `needsWord`: a slash alone won't do.
     std::size_t CountGiven(
         const DataPlan& plan, const Core::Keywords::IKeywordRecordData& record, bool needsWord) const;

@@ -14,7 +14,7 @@
 
 namespace Veld::Quor::Tools::Deck {
 
-using Core::Keywords::IKeywordNumericMD;
+using namespace Core::Keywords;
 
 namespace {
 
@@ -81,6 +81,23 @@ std::string NumberToText(double value, const IKeywordNumericMD& md)
 std::string NumberToText(int value, const IKeywordNumericMD& md)
 {
     return FormatOrShortest(value, md);
+}
+
+std::string WordOf(const IKeywordDataMD& md, const Scalar& value)
+{
+    if (const auto* const real = std::get_if<double>(&value))
+        return NumberToText(*real, static_cast<const IKeywordNumericMD&>(md));
+    const auto* const integer = std::get_if<int>(&value);
+    if (integer && md.GetType() == IKeywordDataMD::MDType::Integer)
+        return NumberToText(*integer, static_cast<const IKeywordNumericMD&>(md));
+    const bool isQuoted = IsGiven(value) && md.GetType() != IKeywordDataMD::MDType::Line;
+    const std::string text = ToText(md, value);
+    return isQuoted ? Quote(text) : text;
+}
+
+std::string VariableText(const DataPlan& item, const std::string& text)
+{
+    return item.type == DataPlan::MDType::String ? Quote(text) : text;
 }
 
 std::string Quote(const std::string& text, bool always)

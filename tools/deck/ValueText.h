@@ -1,5 +1,8 @@
 #pragma once
 
+#include "tools/deck/DataPlan.h"
+#include "tools/deck/DataValue.h"
+
 #include <string>
 
 namespace Veld::Quor::Core::Keywords {
@@ -11,6 +14,11 @@ namespace Veld::Quor::Tools::Deck {
 /// The shortest text that reads back as the same number, or that of the item's format if it does so too.
 std::string NumberToText(double value, const Core::Keywords::IKeywordNumericMD& md);
 std::string NumberToText(int value, const Core::Keywords::IKeywordNumericMD& md);
+
+/// A scalar as a word of a deck, of a choice its word; empty if it isn't given. A line stands for itself.
+std::string WordOf(const Core::Keywords::IKeywordDataMD& md, const Scalar& value);
+/// The text of a value with variables in it: a bare word, unless it is the value of a text.
+std::string VariableText(const DataPlan& item, const std::string& text);
 
 /// The text as a word of a deck, in quotes where it needs them, or always. Throws `std::invalid_argument` for
 /// a text that no deck can hold: one of several lines, or with both kinds of quotes.
