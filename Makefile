@@ -6,20 +6,24 @@
 
 SOURCES = $(shell find quor tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 QUOR = build/release/bin/quor
-DECK = examples/decks/first-comparative.data
+DECK = examples/decks/field/field.data
 FAULTY_DECK = examples/decks/faulty/three-mistakes.data
 
 help: ## This list
 	@awk -F ':.*## ' '/^[a-z-]+:.*## / { printf "  make %-12s %s\n", $$1, $$2 }' Makefile
 
-run: setup-run build-release ## Build the release and try it on a real deck
+run: setup-run build-release ## Build the release and try it on the model of a field
+	@echo; echo "== quor info $(DECK)"
+	@$(QUOR) info $(DECK)
 	@echo; echo "== quor check $(DECK)"
 	@$(QUOR) check $(DECK)
-	@echo; echo "== quor show EQUIL WCONINJE"
-	@$(QUOR) show EQUIL WCONINJE
 	@echo; echo "== quor check --simulator Carrow $(FAULTY_DECK)   (three mistakes are seeded in it)"
 	@$(QUOR) check --simulator Carrow $(FAULTY_DECK) || test $$? -eq 1
-	@echo; echo "Next: $(QUOR) --help; $(QUOR) list --section SCHEDULE; $(QUOR) check YOUR.data"
+	@echo; echo "Next: $(QUOR) check YOUR.data"
+	@echo "      $(QUOR) format YOUR.data"
+	@echo "      $(QUOR) diff YOUR.data OTHER.data"
+	@echo "      $(QUOR) port YOUR.data --to Dunmere"
+	@echo "      $(QUOR) show WCONPROD, $(QUOR) --help"
 
 test: setup-test check-format check-release check-asan check-threads check-lint ## The gate: all builds, tests and checks
 	@echo "== all passed"

@@ -38,6 +38,9 @@ struct Deck {
     {
     }
 
+    /// The keyword's name; of one that stands for many, as the deck has it.
+    std::string NameOf(const DeckKeyword& keyword) const;
+
     DeckFiles files;
     std::vector<DeckKeyword> keywords; ///< in the order of reading
     Findings findings; ///< likewise

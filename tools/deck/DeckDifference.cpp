@@ -45,7 +45,7 @@ std::vector<Bucket> Match(const StepUnits* before, const StepUnits* after)
 
 Change ChangeOf(Kind kind, const Unit& unit)
 {
-    return {kind, unit.keyword->syntax->GetName(), unit.identity};
+    return {kind, unit.name, unit.identity};
 }
 
 class Comparer {

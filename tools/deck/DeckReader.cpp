@@ -350,6 +350,11 @@ void DeckReader::CloseScopes()
 
 } // namespace
 
+std::string Deck::NameOf(const DeckKeyword& keyword) const
+{
+    return keyword.syntax->IsWildcard() ? ToUpper(files.GetText(keyword.name)) : keyword.syntax->GetName();
+}
+
 std::unique_ptr<Deck> ReadDeck(const std::string& path, const ReadOptions& options, Vocabulary& vocabulary)
 {
     return DeckReader(path, options, vocabulary).Read();

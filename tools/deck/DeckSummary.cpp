@@ -7,12 +7,17 @@
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
 #include "quor/syntax/ICellPropertyInfo.h"
+#include "quor/variables/KeywordDataMDProcessor.h"
+#include "quor/variables/KeywordVariableUtils.h"
 #include "tools/deck/DataShape.h"
 #include "tools/deck/DataValue.h"
 #include "tools/deck/ReportSteps.h"
 
 #include <algorithm>
 #include <array>
+#include <map>
+#include <set>
+#include <utility>
 
 namespace Veld::Quor::Tools::Deck {
 
@@ -116,7 +121,7 @@ void AddProperty(const Deck& deck, const DeckKeyword& keyword, DeckSummary& summ
     const auto& list = static_cast<const IKeywordListData&>(*keyword.data);
     const auto& md = static_cast<const IKeywordListMD&>(*list.GetMD());
     PropertySummary property;
-    property.keyword = keyword.syntax->GetName();
+    property.keyword = deck.NameOf(keyword);
     property.property = cell->GetPropertyName();
     property.place = deck.files.PlaceOf(keyword.name);
     property.count = static_cast<std::size_t>(list.GetSize());
@@ -130,6 +135,20 @@ void AddProperty(const Deck& deck, const DeckKeyword& keyword, DeckSummary& summ
     summary.properties.push_back(std::move(property));
 }
 
+using Variables = std::map<std::string, std::set<std::string>>;
+
+void AddVariables(const Deck& deck, const DeckKeyword& keyword, Variables& variables)
+{
+    if (!keyword.notes || !keyword.notes->variables)
+        return;
+    KeywordDataMDProcessor processor;
+    KeywordVariableUtils::ProcessVariables(*keyword.data, *keyword.notes->variables, processor);
+    for (const auto& use : processor.GetData()) {
+        const std::string item = ItemName(*use.MD());
+        variables[use.VariableName()].insert(deck.NameOf(keyword) + (item.empty() ? "" : " " + item));
+    }
+}
+
 } // namespace
 
 DeckSummary Summarise(const Deck& deck)
@@ -139,10 +158,12 @@ DeckSummary Summarise(const Deck& deck)
     summary.sections = SummariseSections(deck);
     ReportSteps steps(deck.files);
     WellSummary wells;
+    Variables variables;
     for (const DeckKeyword& keyword : deck.keywords) {
         if (keyword.section == SectionType::RUNSPEC)
             AddRunspec(keyword, summary);
         AddProperty(deck, keyword, summary);
+        AddVariables(deck, keyword, variables);
         const auto times = steps.Follow(keyword);
         summary.reports += times.size();
         if (keyword.syntax->GetName() == "START")
@@ -154,6 +175,8 @@ DeckSummary Summarise(const Deck& deck)
     summary.start = steps.GetStart();
     summary.wells = wells.GetWells();
     summary.groups = wells.GetGroups();
+    for (auto& [name, uses] : variables)
+        summary.variables.push_back({name, std::move(uses)});
     return summary;
 }
 

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -48,6 +49,12 @@ struct PropertySummary {
     std::optional<Range> range; ///< empty if no value was given
 };
 
+/// A variable, and what it gives a value to.
+struct VariableSummary {
+    std::string name; ///< with its "$"
+    std::set<std::string> uses; ///< keywords, with the item
+};
+
 /// What is in a deck, in short.
 struct DeckSummary {
     std::string title;
@@ -62,6 +69,7 @@ struct DeckSummary {
     std::vector<Well> wells;
     std::vector<Group> groups;
     std::vector<PropertySummary> properties;
+    std::vector<VariableSummary> variables; ///< by name
 };
 
 DeckSummary Summarise(const Deck& deck);

@@ -65,7 +65,8 @@ void AppendIdentity(const IKeywordData& data, std::string& text)
 class Splitter {
 public:
     explicit Splitter(const Deck& deck)
-        : reports_(deck.files)
+        : deck_(deck)
+        , reports_(deck.files)
     {
         for (const DeckKeyword& keyword : deck.keywords)
             Add(keyword);
@@ -84,6 +85,7 @@ private:
         std::string key;
     };
 
+    const Deck& deck_;
     ReportSteps reports_;
     std::map<Step, StepUnits> steps_;
     Step step_;
@@ -128,10 +130,11 @@ void Splitter::AddUnits(const DeckKeyword& keyword)
 
 void Splitter::AddUnit(const DeckKeyword& keyword, const IKeywordData* data, const Spot& spot)
 {
-    Unit unit{scopes_.empty() ? std::string() : scopes_.back().key, {}, &keyword, data, spot};
+    Unit unit{scopes_.empty() ? std::string() : scopes_.back().key, deck_.NameOf(keyword), {}, &keyword, data,
+        spot};
     if (data && keyword.syntax->HasIdentifiers())
         AppendIdentity(*data, unit.identity);
-    unit.key.append("/").append(keyword.syntax->GetName()).append(" ").append(ToUpper(unit.identity));
+    unit.key.append("/").append(unit.name).append(" ").append(ToUpper(unit.identity));
     units_->units.push_back(std::move(unit));
 }
 

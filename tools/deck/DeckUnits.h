@@ -16,6 +16,7 @@ namespace Veld::Quor::Tools::Deck {
 /// What is compared with what: a keyword, or one record of a keyword whose records have identifiers.
 struct Unit {
     std::string key; ///< of units that are the same thing: the scopes around it, keyword, identifiers
+    std::string name; ///< of the keyword
     std::string identity; ///< the identifiers for people; empty if there are none
     const DeckKeyword* keyword;
     const Core::Keywords::IKeywordData* data; ///< null if it carries nothing

@@ -269,8 +269,7 @@ void LossFinder::Tell(Kind kind, const std::string& item, const std::string& det
     const auto [position, isNew] =
         positions_.try_emplace({kind, keyword_->syntax, section, item, detail}, entries_.size());
     if (isNew)
-        entries_.push_back(
-            {{kind, keyword_->syntax->GetName(), keyword_->section, item, detail, 0, {}, {}}, {}});
+        entries_.push_back({{kind, deck_.NameOf(*keyword_), keyword_->section, item, detail, 0, {}, {}}, {}});
     Entry& entry = entries_[position->second];
     entry.loss.count += count;
     if (isNew || options_.withPlaces)

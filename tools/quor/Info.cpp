@@ -152,6 +152,16 @@ void PrintProperties(const Deck::DeckSummary& summary, bool withAll)
         "--properties");
 }
 
+void PrintVariables(const Deck::DeckSummary& summary)
+{
+    if (summary.variables.empty())
+        return;
+    Columns table({"name", "gives a value to"});
+    for (const Deck::VariableSummary& row : summary.variables)
+        table.Add({MakePrintable(row.name), fmt::format("{}", fmt::join(row.uses, ", "))});
+    PrintTable(Plural(summary.variables.size(), "variable"), table, summary.variables.size());
+}
+
 void PrintText(const Deck::DeckSummary& summary, const InfoOptions& options)
 {
     Print(fmt::format("title: {}\n", Dashed(summary.title)));
@@ -162,6 +172,7 @@ void PrintText(const Deck::DeckSummary& summary, const InfoOptions& options)
     PrintWells(summary, options.withAllWells);
     PrintGroups(summary, options.withAllWells);
     PrintProperties(summary, options.withAllProperties);
+    PrintVariables(summary);
 }
 
 ordered_json PropertyJson(const Deck::PropertySummary& row)
@@ -217,11 +228,15 @@ void PrintJson(const Deck::DeckSummary& summary, const InfoOptions& options)
     auto properties = ordered_json::array();
     for (const Deck::PropertySummary& row : summary.properties)
         properties.push_back(PropertyJson(row));
+    auto variables = ordered_json::array();
+    for (const Deck::VariableSummary& row : summary.variables)
+        variables.push_back({{"name", row.name}, {"uses", row.uses}});
     json.update({{"files", files}, {"sections", sections}, {"sizes", SizesJson(summary)},
         {"options", summary.options}, {"units", TextOrNull(summary.units)},
         {"start", TextOrNull(Deck::DateText(summary.start))},
         {"end", TextOrNull(Deck::DateText(summary.end))}, {"reports", summary.reports},
-        {"wells", WellsJson(summary.wells)}, {"groups", groups}, {"properties", properties}});
+        {"wells", WellsJson(summary.wells)}, {"groups", groups}, {"properties", properties},
+        {"variables", variables}});
     Print(ToText(json));
 }
 
