@@ -5,6 +5,7 @@
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
+#include "tools/deck/VisitData.h"
 
 #include <fmt/format.h>
 
@@ -84,32 +85,11 @@ bool DataComparison::CompareData(const IKeywordData& a, const IKeywordData& b, c
 {
     if (KeywordDataEqual(a, b))
         return true;
-    switch (a.GetMD()->GetType()) {
-    case MDType::Record:
-        return CompareRecords(
-            static_cast<const IKeywordRecordData&>(a), static_cast<const IKeywordRecordData&>(b), path);
-    case MDType::List:
-        return CompareLists(static_cast<const List&>(a), static_cast<const List&>(b), path);
-    case MDType::Map:
-        return CompareMaps(
-            static_cast<const IKeywordMapData&>(a), static_cast<const IKeywordMapData&>(b), path);
-    case MDType::Raw:
-        return CompareRaws(
-            static_cast<const IKeywordRawData&>(a), static_cast<const IKeywordRawData&>(b), path);
-    case MDType::Assignment:
-    case MDType::Boolean:
-    case MDType::Choice:
-    case MDType::Integer:
-    case MDType::Line:
-    case MDType::None:
-    case MDType::Real:
-    case MDType::String:
-        break;
-    }
-    return true;
+    return VisitData(
+        a, [&](const auto& first) { return CompareNodes(first, static_cast<decltype(first)>(b), path); });
 }
 
-bool DataComparison::CompareRecords(
+bool DataComparison::CompareNodes(
     const IKeywordRecordData& a, const IKeywordRecordData& b, const std::string& path)
 {
     const auto& md = static_cast<const IKeywordRecordMD&>(*a.GetMD());
@@ -138,7 +118,7 @@ bool DataComparison::CompareScalars(const MD& md, const Scalar& a, const Scalar&
     return Tell({path, ScalarText(md, a), ScalarText(md, b)});
 }
 
-bool DataComparison::CompareLists(const List& a, const List& b, const std::string& path)
+bool DataComparison::CompareNodes(const List& a, const List& b, const std::string& path)
 {
     const MDType::Enum type = KeywordUtils::GetMDType(ItemOf(a));
     if (type == MDType::Integer || type == MDType::Real)
@@ -197,7 +177,7 @@ bool DataComparison::CompareNumbers(const List& a, const List& b, const std::str
         change});
 }
 
-bool DataComparison::CompareMaps(const IKeywordMapData& a, const IKeywordMapData& b, const std::string& path)
+bool DataComparison::CompareNodes(const IKeywordMapData& a, const IKeywordMapData& b, const std::string& path)
 {
     struct Pair {
         const MD* md = nullptr;
@@ -221,7 +201,7 @@ bool DataComparison::CompareMaps(const IKeywordMapData& a, const IKeywordMapData
     return isEqual;
 }
 
-bool DataComparison::CompareRaws(const IKeywordRawData& a, const IKeywordRawData& b, const std::string& path)
+bool DataComparison::CompareNodes(const IKeywordRawData& a, const IKeywordRawData& b, const std::string& path)
 {
     const std::string& before = a.GetData();
     const std::string& after = b.GetData();

@@ -77,15 +77,15 @@ private:
 
     bool CompareData(const Core::Keywords::IKeywordData& a, const Core::Keywords::IKeywordData& b,
         const std::string& path);
-    bool CompareRecords(const Core::Keywords::IKeywordRecordData& a,
+    bool CompareNodes(const Core::Keywords::IKeywordRecordData& a,
         const Core::Keywords::IKeywordRecordData& b, const std::string& path);
     bool CompareScalars(const MD& md, const Scalar& a, const Scalar& b, const std::string& path);
-    bool CompareLists(const List& a, const List& b, const std::string& path);
+    bool CompareNodes(const List& a, const List& b, const std::string& path);
     bool CompareElements(const List& a, std::size_t i, const List& b, std::size_t j, const std::string& path);
     bool CompareNumbers(const List& a, const List& b, const std::string& path);
-    bool CompareMaps(const Core::Keywords::IKeywordMapData& a, const Core::Keywords::IKeywordMapData& b,
+    bool CompareNodes(const Core::Keywords::IKeywordMapData& a, const Core::Keywords::IKeywordMapData& b,
         const std::string& path);
-    bool CompareRaws(const Core::Keywords::IKeywordRawData& a, const Core::Keywords::IKeywordRawData& b,
+    bool CompareNodes(const Core::Keywords::IKeywordRawData& a, const Core::Keywords::IKeywordRawData& b,
         const std::string& path);
 
     /// False, always: what is told isn't equal.

@@ -1,8 +1,7 @@
 #include "tools/deck/DataReader.h"
 
-#include "quor/data/IKeywordListData.h"
-#include "quor/data/IKeywordMapData.h"
 #include "quor/data/IKeywordRecordData.h"
+#include "tools/deck/VisitData.h"
 #include "tools/deck/WordHints.h"
 
 #include <fmt/format.h>
@@ -70,27 +69,14 @@ DataReader::Ended DataReader::ReadRoot(
 
 DataReader::Ended DataReader::ReadContainer(const DataPlan& plan, IKeywordData& data)
 {
-    switch (plan.type) {
-    case MDType::Record:
-        return ReadRecord(plan, static_cast<IKeywordRecordData&>(data));
-    case MDType::List:
-        return ReadList(plan, static_cast<IKeywordListData&>(data), nullptr);
-    case MDType::Map:
-        return ReadMap(plan, static_cast<IKeywordMapData&>(data));
-    case MDType::Raw:
-        ReadRaw(plan, data);
-        return Ended::Complete;
-    case MDType::Assignment:
-    case MDType::Boolean:
-    case MDType::Choice:
-    case MDType::Integer:
-    case MDType::Line:
-    case MDType::None:
-    case MDType::Real:
-    case MDType::String:
-        break;
-    }
-    return Ended::Complete;
+    return VisitData(data,
+        Overloaded{[&](IKeywordRecordData& record) { return ReadRecord(plan, record); },
+            [&](IKeywordListData& list) { return ReadList(plan, list, nullptr); },
+            [&](IKeywordMapData& map) { return ReadMap(plan, map); },
+            [&](IKeywordRawData& raw) {
+                ReadRaw(plan, raw);
+                return Ended::Complete;
+            }});
 }
 
 // Words

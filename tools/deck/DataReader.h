@@ -21,6 +21,7 @@ namespace Veld::Quor::Core::Keywords {
 class IKeywordAssignmentMD;
 class IKeywordListData;
 class IKeywordMapData;
+class IKeywordRawData;
 class IKeywordRecordData;
 } // namespace Veld::Quor::Core::Keywords
 
@@ -116,7 +117,7 @@ private:
     void ReadAssignment(Core::Keywords::IKeywordMapData& map);
     void CheckAssignment(
         const Core::Keywords::IKeywordAssignmentMD& md, const std::string& name, int value, const Spot& spot);
-    void ReadRaw(const DataPlan& plan, Core::Keywords::IKeywordData& data);
+    void ReadRaw(const DataPlan& plan, Core::Keywords::IKeywordRawData& data);
 
     Got Next();
     Got Peek();

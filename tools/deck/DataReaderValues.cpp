@@ -104,11 +104,11 @@ void DataReader::CheckAssignment(
                                                     : fmt::format("greater than {}", *md.GetMax())));
 }
 
-void DataReader::ReadRaw(const DataPlan& plan, IKeywordData& data)
+void DataReader::ReadRaw(const DataPlan& plan, IKeywordRawData& data)
 {
     const std::string end = static_cast<const IKeywordRawMD&>(*plan.md).GetTerminationString();
     const Token text = text_.NextRaw(end);
-    static_cast<IKeywordRawData&>(data).SetData(std::string(text.text));
+    data.SetData(std::string(text.text));
     if (text.kind == Token::Kind::End)
         teller_.Tell(keyword_.spot, Code::UnclosedText,
             "the text of this keyword goes on to the end of the file",

@@ -1,13 +1,11 @@
 #include "tools/deck/DataWriter.h"
 
-#include "quor/data/IKeywordListData.h"
-#include "quor/data/IKeywordMapData.h"
-#include "quor/data/IKeywordRecordData.h"
 #include "quor/metadata/IKeywordAssignmentMD.h"
 #include "quor/metadata/IKeywordListMD.h"
 #include "tools/deck/DataValue.h"
 #include "tools/deck/PlanShape.h"
 #include "tools/deck/ValueText.h"
+#include "tools/deck/VisitData.h"
 
 #include <fmt/format.h>
 
@@ -57,27 +55,11 @@ std::string DataWriter::Write(std::string_view name, const IKeywordData& data, b
 /// `needsWord`: a slash alone would end what is around it.
 void DataWriter::WriteContainer(const DataPlan& plan, const IKeywordData& data, bool needsWord)
 {
-    switch (plan.type) {
-    case MDType::Record:
-        WriteRecord(plan, static_cast<const IKeywordRecordData&>(data), needsWord);
-        break;
-    case MDType::List:
-        WriteList(plan, static_cast<const IKeywordListData&>(data));
-        break;
-    case MDType::Map:
-        WriteMap(plan, static_cast<const IKeywordMapData&>(data));
-        break;
-    case MDType::Raw: // its text is kept as it stands
-    case MDType::Assignment:
-    case MDType::Boolean:
-    case MDType::Choice:
-    case MDType::Integer:
-    case MDType::Line:
-    case MDType::None:
-    case MDType::Real:
-    case MDType::String:
-        break;
-    }
+    VisitData(data,
+        Overloaded{[&](const IKeywordRecordData& record) { WriteRecord(plan, record, needsWord); },
+            [&](const IKeywordListData& list) { WriteList(plan, list); },
+            [&](const IKeywordMapData& map) { WriteMap(plan, map); },
+            [](const IKeywordRawData& /*raw*/) {}}); // its text is kept as it stands
 }
 
 // Records

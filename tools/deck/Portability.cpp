@@ -1,8 +1,5 @@
 #include "tools/deck/Portability.h"
 
-#include "quor/data/IKeywordListData.h"
-#include "quor/data/IKeywordMapData.h"
-#include "quor/data/IKeywordRecordData.h"
 #include "quor/metadata/IKeywordAssignmentMD.h"
 #include "quor/metadata/IKeywordChoiceMD.h"
 #include "quor/metadata/IKeywordListMD.h"
@@ -14,6 +11,7 @@
 #include "tools/deck/DataValue.h"
 #include "tools/deck/LineText.h"
 #include "tools/deck/SpotPlaces.h"
+#include "tools/deck/VisitData.h"
 
 #include <fmt/format.h>
 
@@ -66,7 +64,7 @@ private:
 
     void Visit(const DeckKeyword& keyword);
     bool IsKeywordLost(const DeckKeyword& keyword) const;
-    void VisitData(const IKeywordData& data);
+    void Visit(const IKeywordData& data);
     void VisitRecord(const IKeywordRecordData& record);
     void VisitItem(const IKeywordRecordMD& md, int index, const void* item);
     void VisitList(const IKeywordListData& list);
@@ -110,13 +108,13 @@ void LossFinder::Visit(const DeckKeyword& keyword)
     if (!keyword.data)
         return;
     if (keyword.records.empty()) {
-        VisitData(*keyword.data);
+        Visit(*keyword.data);
         return;
     }
     const auto& list = static_cast<const IKeywordListData&>(*keyword.data);
     for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i) {
         spot_ = SpotOf(keyword, i);
-        VisitData(*static_cast<const IKeywordData*>(list.GetData(i)));
+        Visit(*static_cast<const IKeywordData*>(list.GetData(i)));
     }
 }
 
@@ -131,29 +129,12 @@ bool LossFinder::IsKeywordLost(const DeckKeyword& keyword) const
     return isValid(options_.from) && !isValid(options_.to);
 }
 
-void LossFinder::VisitData(const IKeywordData& data)
+void LossFinder::Visit(const IKeywordData& data)
 {
-    switch (data.GetMD()->GetType()) {
-    case MDType::Record:
-        VisitRecord(static_cast<const IKeywordRecordData&>(data));
-        break;
-    case MDType::List:
-        VisitList(static_cast<const IKeywordListData&>(data));
-        break;
-    case MDType::Map:
-        VisitMap(static_cast<const IKeywordMapData&>(data));
-        break;
-    case MDType::Assignment:
-    case MDType::Boolean:
-    case MDType::Choice:
-    case MDType::Integer:
-    case MDType::Line:
-    case MDType::None:
-    case MDType::Raw:
-    case MDType::Real:
-    case MDType::String:
-        break;
-    }
+    VisitData(data,
+        Overloaded{[this](const IKeywordRecordData& record) { VisitRecord(record); },
+            [this](const IKeywordListData& list) { VisitList(list); },
+            [this](const IKeywordMapData& map) { VisitMap(map); }, [](const IKeywordRawData& /*raw*/) {}});
 }
 
 void LossFinder::VisitRecord(const IKeywordRecordData& record)
@@ -172,7 +153,7 @@ void LossFinder::VisitItem(const IKeywordRecordMD& md, int index, const void* it
         if (IsGiven(value) && IsValidFor(md.GetValidity(index), options_.from))
             Tell(Kind::ItemNotValid, ItemName(itemMD));
     } else if (!isScalar) {
-        VisitData(*static_cast<const IKeywordData*>(item));
+        Visit(*static_cast<const IKeywordData*>(item));
     } else if (!IsGiven(value)) {
         VisitLeftOut(itemMD);
     } else if (IsUnsupportedBy(md.GetUnsupportedBy(index), options_.to)) {
@@ -192,7 +173,7 @@ void LossFinder::VisitList(const IKeywordListData& list)
         return;
     if (!KeywordUtils::IsItemMDType(item)) {
         for (std::size_t i = 0; i < size; ++i)
-            VisitData(*static_cast<const IKeywordData*>(list.GetData(i)));
+            Visit(*static_cast<const IKeywordData*>(list.GetData(i)));
         return;
     }
     const bool mayLoseDefault =
