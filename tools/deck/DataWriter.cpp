@@ -9,6 +9,7 @@
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/IKeywordNumericMD.h"
 #include "tools/deck/LineText.h"
+#include "tools/deck/NumberText.h"
 #include "tools/deck/ValueText.h"
 
 #include <fmt/format.h>
@@ -106,10 +107,18 @@ TableRow::Cell CellOfOptional(const DataPlan& item, const void* place)
     return value.HasValue() ? MakeCell(item, *value) : TableRow::Cell();
 }
 
-/// A text with a variable is a bare word, unless it is the value of a text.
+/// Whether a text that begins with no quote is read as the one word that it is.
+bool IsWord(const std::string& text)
+{
+    return FindRepeat(text).length == 0 && text.find("--") == std::string::npos
+        && std::none_of(
+            text.begin(), text.end(), [](char c) { return IsSeparator(c) || IsQuote(c) || c == '/'; });
+}
+
+/// A text with a variable is a bare word where it may be, unless it is the value of a text.
 std::string VariableText(const DataPlan& item, const std::string& text)
 {
-    return item.type == MDType::String ? Quote(text) : text;
+    return item.type != MDType::String && IsWord(text) ? text : Quote(text);
 }
 
 bool IsFlat(const DataPlan& record)
@@ -581,8 +590,11 @@ void DataWriter::WriteMap(const DataPlan& plan, const IKeywordMapData& map)
     if (const auto* const keyed = variables
             ? dynamic_cast<const IKeywordMapDataVariables*>(variables->GetDataVariables(map))
             : nullptr) {
-        for (const std::string& key : keyed->GetKeys())
-            lines_.Word(fmt::format("{}={}", key, keyed->GetVariablesString(key).GetString()));
+        for (const std::string& key : keyed->GetKeys()) {
+            const std::string& text = keyed->GetVariablesString(key).GetString();
+            lines_.Word(
+                IsWord(text) ? fmt::format("{}={}", key, text) : fmt::format("{}= {}", key, Quote(text)));
+        }
     }
     lines_.SetWrapping(true);
     WriteEnd(plan, false);
