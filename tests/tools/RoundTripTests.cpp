@@ -1,3 +1,4 @@
+#include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
 #include "tests/tools/RandomLanguage.h"
 #include "tests/tools/SameDecks.h"
@@ -52,6 +53,36 @@ std::string CommentsLostIn(const std::string& text, int comments)
     }
     return lost;
 }
+
+struct OddDeck {
+    const char* name;
+    const char* data; // of the keyword KEY
+    const char* text;
+};
+
+class OddDecks : public RoundTrip, public testing::WithParamInterface<OddDeck> { };
+
+TEST_P(OddDecks, SayTheSameWhenWritten)
+{
+    const LoadedTable table("<keyword name='RUNSPEC'/><keyword name='KEY'><data>"
+        + std::string(GetParam().data) + "</data></keyword>");
+    Vocabulary vocabulary(*table.operator->());
+    const auto deck = Read(GetParam().text, vocabulary);
+    const std::string written = Write(*deck);
+    const auto again = Read(written, vocabulary);
+    EXPECT_TRUE(SayTheSame(*deck, *again)) << written;
+    EXPECT_EQ(FirstFinding(*again), FirstFinding(*deck)) << written;
+    EXPECT_EQ(Write(*again), written);
+}
+
+INSTANTIATE_TEST_SUITE_P(Found, OddDecks,
+    testing::Values(
+        OddDeck{"EmptyLineAtTheEnd", "<record><item name='T'><line/></item></record>", "RUNSPEC\nKEY\n "},
+        OddDeck{"VariableAndSlashInQuotes", "<list><real/></list>", "RUNSPEC\nKEY\n '$NONE/' /\n"},
+        OddDeck{"VariableAndSlashInQuotesOfAMap",
+            "<map termination='SLASH'><assignment name='A'><integer/></assignment></map>",
+            "RUNSPEC\nKEY\n A= '$NONE/' /\n"}),
+    CaseName<OddDeck>);
 
 class RandomRoundTrip : public RoundTrip, public testing::WithParamInterface<int> { };
 

@@ -181,8 +181,11 @@ void DataWriter::WriteMap(const DataPlan& plan, const IKeywordMapData& map)
     if (const auto* const keyed = variables
             ? dynamic_cast<const IKeywordMapDataVariables*>(variables->GetDataVariables(map))
             : nullptr) {
-        for (const std::string& key : keyed->GetKeys())
-            lines_.Word(fmt::format("{}={}", key, keyed->GetVariablesString(key).GetString()));
+        for (const std::string& key : keyed->GetKeys()) {
+            const std::string& text = keyed->GetVariablesString(key).GetString();
+            lines_.Word(
+                IsWord(text) ? fmt::format("{}={}", key, text) : fmt::format("{}= {}", key, Quote(text)));
+        }
     }
     lines_.SetWrapping(true);
     WriteEnd(plan, false);

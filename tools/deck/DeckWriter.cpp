@@ -88,6 +88,8 @@ std::string DeckWriter::Write(std::uint32_t file, std::size_t end, bool takesInc
         if (part.keyword) {
             const std::string written = Write(part);
             text += isWindows ? ToWindowsLineEnds(written) : written;
+            if (written.ends_with('\n') && position == source.size())
+                text += '\n'; // an empty line is one if it is ended
             continue;
         }
         text += Write(part.inclusion, deck_.files.Get(part.inclusion).end, true);

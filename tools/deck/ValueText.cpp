@@ -95,9 +95,16 @@ std::string WordOf(const IKeywordDataMD& md, const Scalar& value)
     return isQuoted ? Quote(text) : text;
 }
 
+bool IsWord(const std::string& text)
+{
+    return FindRepeat(text).length == 0 && text.find("--") == std::string::npos
+        && std::none_of(
+            text.begin(), text.end(), [](char c) { return IsSeparator(c) || IsQuote(c) || c == '/'; });
+}
+
 std::string VariableText(const DataPlan& item, const std::string& text)
 {
-    return item.type == DataPlan::MDType::String ? Quote(text) : text;
+    return item.type != DataPlan::MDType::String && IsWord(text) ? text : Quote(text);
 }
 
 std::string Quote(const std::string& text, bool always)

@@ -17,7 +17,9 @@ std::string NumberToText(int value, const Core::Keywords::IKeywordNumericMD& md)
 
 /// A scalar as a word of a deck, of a choice its word; empty if it isn't given. A line stands for itself.
 std::string WordOf(const Core::Keywords::IKeywordDataMD& md, const Scalar& value);
-/// The text of a value with variables in it: a bare word, unless it is the value of a text.
+/// Whether a text that begins with no quote is read as the one word that it is.
+bool IsWord(const std::string& text);
+/// The text of a value with variables in it: a bare word where it may be, unless it is the value of a text.
 std::string VariableText(const DataPlan& item, const std::string& text);
 
 /// The text as a word of a deck, in quotes where it needs them, or always. Throws `std::invalid_argument` for

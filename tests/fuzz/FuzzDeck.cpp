@@ -1,0 +1,334 @@
+// Bytes become a deck and a file that it may include. Whatever they say, reading them, telling what was found
+// and writing them goes well; and a deck without errors says the same when it is read as it was written.
+
+#include "quor/foundation/service/Log.h"
+#include "tests/fuzz/DeckMutator.h"
+#include "tests/tools/SameDecks.h"
+#include "tools/deck/Codes.h"
+#include "tools/deck/DeckDifference.h"
+#include "tools/deck/DeckSummary.h"
+#include "tools/deck/DeckWriter.h"
+#include "tools/deck/Portability.h"
+#include "tools/quor/FindingLines.h"
+#include "tools/quor/FindingText.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <unistd.h>
+
+using namespace Veld::Quor::Core::Keywords;
+using namespace Veld::Quor::Tools::Deck;
+using Veld::Quor::Tests::DeckMutator;
+using Veld::Quor::Tests::SayTheSame;
+using Veld::Quor::Tools::CountsText;
+using Veld::Quor::Tools::FindingsText;
+using Veld::Quor::Tools::GccText;
+using Veld::Quor::Tools::GitHubText;
+
+extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
+
+namespace {
+
+/// Between the deck and the file that it may include.
+constexpr char separator = '\x1E';
+/// Files from here on are mapped, and must not change while they are read.
+constexpr std::size_t largestInput = (std::size_t(64) << 10) - 1;
+/// What repeats and inclusions may make of an input; more takes time and memory, as it should.
+constexpr std::size_t mostRepeated = 200'000;
+constexpr std::size_t mostIncluded = std::size_t(256) << 10;
+
+struct Conditions {
+    Target target;
+    bool keepsPlaces;
+};
+
+/// By the first byte, unless that is text already.
+constexpr Conditions allConditions[] = {
+    {{SimulatorType::Any, SimulatorModeType::Any}, false},
+    {{SimulatorType::Carrow, SimulatorModeType::Any}, true},
+    {{SimulatorType::Carrow, SimulatorModeType::BlackOil}, false},
+    {{SimulatorType::Dunmere, SimulatorModeType::BlackOil}, false},
+    {{SimulatorType::Dunmere, SimulatorModeType::Compositional}, true},
+    {{SimulatorType::Dunmere, SimulatorModeType::Thermal}, false},
+    {{SimulatorType::Sedge, SimulatorModeType::Any}, true},
+    {{SimulatorType::Wend, SimulatorModeType::Any}, false},
+    {{SimulatorType::Any, SimulatorModeType::Thermal}, true},
+};
+
+void Require(bool holds, const std::string& claim)
+{
+    if (holds)
+        return;
+    std::cerr << "does not hold: " << claim << '\n';
+    std::abort();
+}
+
+// Files
+
+/// The deck, and what it may include.
+using Texts = std::array<std::string, 2>;
+
+/// A folder in memory with one place for each of the two.
+class Folder {
+public:
+    Folder()
+        : path_(MakeFolder())
+        , places_{path_ / "deck.data", path_ / "a.inc"}
+    {
+    }
+    ~Folder() { std::filesystem::remove_all(path_); }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+
+    void Store(const Texts& texts) const
+    {
+        for (std::size_t i = 0; i < texts.size(); ++i)
+            Require((std::ofstream(places_[i], std::ios::binary) << texts[i]).good(), "files can be written");
+    }
+    std::string GetDeck() const { return places_[0].string(); }
+    /// Which of the two a file is; none: some other.
+    std::optional<std::size_t> Find(const std::string& name) const
+    {
+        for (std::size_t i = 0; i < places_.size(); ++i) {
+            if (std::filesystem::equivalent(name, places_[i]))
+                return i;
+        }
+        return std::nullopt;
+    }
+
+private:
+    static std::filesystem::path MakeFolder()
+    {
+        const std::filesystem::path memory = "/dev/shm";
+        const auto parent = std::filesystem::exists(memory) ? memory : std::filesystem::temp_directory_path();
+        std::string name = parent / "quor-fuzz-XXXXXX";
+        Require(::mkdtemp(name.data()) != nullptr, "a folder can be made");
+        return name;
+    }
+
+    std::filesystem::path path_;
+    std::array<std::filesystem::path, 2> places_;
+};
+
+const Folder& GetFolder()
+{
+    static const Folder folder;
+    return folder;
+}
+
+// Input
+
+struct Input {
+    Conditions conditions;
+    Texts texts;
+};
+
+Input Parse(std::string_view bytes)
+{
+    const auto first = bytes.empty() ? std::size(allConditions) : static_cast<std::uint8_t>(bytes.front());
+    const bool isChosen = first < std::size(allConditions);
+    const std::string_view text = bytes.substr(isChosen ? 1 : 0);
+    const std::size_t end = std::min(text.find(separator), text.size());
+    return {allConditions[isChosen ? first : 0],
+        {std::string(text.substr(0, end)), std::string(text.substr(std::min(end + 1, text.size())))}};
+}
+
+/// How many values the repeats in a text stand for.
+std::size_t CountRepeated(std::string_view text)
+{
+    std::size_t sum = 0;
+    std::size_t count = 0;
+    for (const char c : text) {
+        const bool isDigit = c >= '0' && c <= '9';
+        sum += c == '*' ? count : 0;
+        count = isDigit ? std::min(count * 10 + static_cast<std::size_t>(c - '0'), mostRepeated + 1) : 0;
+    }
+    return sum;
+}
+
+std::size_t CountInclusions(std::string_view text)
+{
+    constexpr std::string_view word = "INCLUDE";
+    std::size_t count = 0;
+    for (std::size_t at = text.find(word); at != std::string_view::npos; at = text.find(word, at + 1))
+        ++count;
+    return count;
+}
+
+bool IsModest(const Texts& texts)
+{
+    const std::size_t inclusions = CountInclusions(texts[0]);
+    return inclusions * texts[1].size() <= mostIncluded
+        && CountRepeated(texts[0]) + inclusions * CountRepeated(texts[1]) <= mostRepeated;
+}
+
+// Checks
+
+/// Made anew now and then, since they keep each word that they were asked for.
+Vocabulary& GetVocabulary()
+{
+    static std::optional<Vocabulary> vocabulary;
+    static int uses = 0;
+    if (uses++ % 2000 == 0)
+        vocabulary.emplace(KeywordSyntaxTable::Instance());
+    return *vocabulary;
+}
+
+/// As `quor format` does: a file that is included several times, and would be written in several ways, stays
+/// as it is.
+Texts WriteFiles(const Deck& deck, const Target& target)
+{
+    DeckWriter writer(deck, target);
+    Texts texts;
+    std::array<bool, 2> isWritten = {};
+    for (std::uint32_t i = 0; i < deck.files.GetSize(); ++i) {
+        std::string text = writer.WriteFile(i);
+        const auto place = GetFolder().Find(deck.files.Get(i).name);
+        if (!place)
+            continue;
+        if (isWritten[*place] && texts[*place] != text)
+            text = deck.files.GetText(i);
+        texts[*place] = std::move(text);
+        isWritten[*place] = true;
+    }
+    return texts;
+}
+
+/// A slash too many does no harm behind some data, and they are written without. A second one is an error, until
+/// it comes to be the first.
+bool HasStraySlash(const Deck& deck)
+{
+    const auto isSlash = [](const Finding& finding) {
+        return finding.code == InfoOf(Code::StrayText).name
+            && finding.excerpt.compare(finding.place.column - finding.excerptColumn, 1, "/") == 0;
+    };
+    const auto& kept = deck.findings.GetKept();
+    return deck.findings.GetOmittedCount() > 0 || std::any_of(kept.begin(), kept.end(), isSlash);
+}
+
+void RequireSame(const Deck& deck, const Deck& again, const std::string& what)
+{
+    const std::size_t errors = again.findings.GetCount(Severity::Error);
+    Require(errors == deck.findings.GetCount(Severity::Error),
+        what + " has as many errors, and not " + std::to_string(errors));
+    const testing::AssertionResult same = SayTheSame(deck, again);
+    Require(same, what + " says the same: " + same.message());
+}
+
+void CheckWritten(const Deck& deck, const ReadOptions& options, Vocabulary& vocabulary)
+{
+    const Texts written = WriteFiles(deck, options.target);
+    const std::string all = DeckWriter(deck, options.target).WriteAll();
+    if (HasStraySlash(deck))
+        return;
+    { static int m = 0; if (++m % 1000 == 0) std::cerr << "STRICT " << m << std::endl; }
+    GetFolder().Store(written);
+    auto again = ReadDeck(GetFolder().GetDeck(), options, vocabulary);
+    RequireSame(deck, *again, "the written deck");
+    Require(Compare(deck, *again, {options.target.simulator, true}).groups.empty(), "diff finds nothing");
+    Require(WriteFiles(*again, options.target) == written, "the second time gives the same text");
+    if (deck.files.GetSize() == 1) {
+        Require(all == written[0], "the deck is in one file already");
+        return;
+    }
+    again.reset();
+    GetFolder().Store({all, ""});
+    again = ReadDeck(GetFolder().GetDeck(), options, vocabulary);
+    RequireSame(deck, *again, "the deck in one file");
+}
+
+void CheckAnswers(const Deck& deck, const Conditions& conditions)
+{
+    FindingsText(deck.findings);
+    CountsText(deck.findings);
+    GccText({&deck.findings});
+    GitHubText({&deck.findings});
+    Summarise(deck);
+    for (const bool isStrict : {false, true})
+        Require(Compare(deck, deck, {conditions.target.simulator, isStrict}).groups.empty(),
+            "a deck doesn't differ from itself");
+    FindLosses(deck, {{}, conditions.target, conditions.keepsPlaces});
+    FindLosses(deck, {conditions.target, {SimulatorType::Dunmere, SimulatorModeType::Any}, true});
+}
+
+DeckMutator& GetMutator()
+{
+    static Vocabulary vocabulary(KeywordSyntaxTable::Instance());
+    static DeckMutator mutator(vocabulary);
+    return mutator;
+}
+
+std::size_t Store(const std::string& text, std::uint8_t* data, std::size_t most)
+{
+    const std::size_t size = std::min(text.size(), most);
+    std::memcpy(data, text.data(), size);
+    return size;
+}
+
+std::string_view ToText(const std::uint8_t* data, std::size_t size)
+{
+    return {reinterpret_cast<const char*>(data), size};
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+    Veld::Quor::Core::Service::Log::SetHandler(
+        [](const char*, Veld::Quor::Core::Service::MessageSeverity) {});
+    ::unsetenv("QUOR_KEYWORD_SYNTAX_FILE");
+    ::unsetenv("QUOR_KEYWORD_TRUSTED_SYNTAX_DIR");
+    GetMutator();
+    GetFolder();
+    return 0;
+}
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(
+    std::uint8_t* data, std::size_t size, std::size_t maxSize, unsigned seed)
+{
+    if (seed % 3 == 0)
+        return LLVMFuzzerMutate(data, size, maxSize);
+    std::string text = GetMutator().Mutate(ToText(data, size), seed / 3);
+    if (seed % 16 == 1) {
+        const bool isChosen = !text.empty() && static_cast<std::uint8_t>(text[0]) < std::size(allConditions);
+        text.replace(0, isChosen ? 1 : 0, 1, static_cast<char>(seed / 16 % std::size(allConditions)));
+    }
+    return Store(text, data, maxSize);
+}
+
+extern "C" std::size_t LLVMFuzzerCustomCrossOver(const std::uint8_t* data1, std::size_t size1,
+    const std::uint8_t* data2, std::size_t size2, std::uint8_t* out, std::size_t maxOutSize, unsigned seed)
+{
+    return Store(GetMutator().Cross(ToText(data1, size1), ToText(data2, size2), seed), out, maxOutSize);
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const Input input = Parse(ToText(data, size));
+    if (size > largestInput || !IsModest(input.texts))
+        return -1;
+    Vocabulary& vocabulary = GetVocabulary();
+    ReadOptions options;
+    options.target = input.conditions.target;
+    options.keepsPlaces = input.conditions.keepsPlaces;
+    options.variables = {{"$ONE", "1"}};
+    GetFolder().Store(input.texts);
+    const auto deck = ReadDeck(GetFolder().GetDeck(), options, vocabulary);
+    CheckAnswers(*deck, input.conditions);
+    CheckWritten(*deck, options, vocabulary);
+    { static int n = 0, ok = 0, kw = 0; ++n; if (deck->findings.GetCount(Severity::Error) == 0) { ++ok; kw += (int)deck->keywords.size(); }
+      if (n % 2000 == 0) std::cerr << "COUNT " << n << " ok " << ok << " kw " << kw << std::endl; }
+    return 0;
+}
