@@ -3,10 +3,14 @@
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordMapData.h"
 #include "quor/data/IKeywordRecordData.h"
+#include "tools/deck/LineText.h"
+#include "tools/deck/RecordFit.h"
 #include "tools/deck/WordHints.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <span>
 #include <utility>
 
 namespace Veld::Quor::Tools::Deck {
@@ -105,7 +109,7 @@ DataReader::Got DataReader::Next()
     if (isOneLine_ && text_.IsAtLineEnd())
         return Got::Slash;
     value_ = text_.NextData();
-    isDefault_ = false;
+    isDefault_ = isMisfitTold_ = false;
     switch (value_.kind) {
     case Token::Kind::Keyword:
     case Token::Kind::End:
@@ -167,9 +171,12 @@ void DataReader::SetLast(const Spot& spot)
 /// Behind one word too many.
 DataReader::Ended DataReader::SkipToSlash()
 {
-    repeats_ = 0;
     for (;;) {
-        const Got got = Next();
+        repeats_ = 0;
+        const Got got = [this] {
+            const Teller::Muted muted(teller_, true);
+            return Next();
+        }();
         repeats_ = 0;
         if (got == Got::Slash)
             return Ended::Complete;
@@ -232,7 +239,15 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
         Pass();
         return Ended::Complete;
     }
-    switch (Next()) {
+    if (BeginsNextRecord(plan, index)) {
+        Unclosed("record");
+        PassMissing(item, 0);
+        return Ended::BySlash;
+    }
+    const Got got = Next();
+    if (index == 0 && element_ == &plan)
+        begin_ = value_.spot;
+    switch (got) {
     case Got::Stop:
         return Unclosed("record");
     case Got::Slash:
@@ -254,26 +269,26 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
     else if (item.isUnsupported)
         teller_.Tell(value_.spot, Code::ItemUnsupported,
             fmt::format("{} has no effect for {}", In(item), NameOf(target_)));
+    isShifted_ = false;
+    ReadScalar(plan, index, place);
+    if (isVariable_)
+        NoteVariable(static_cast<int>(index), 1);
+    Pass();
+    if (std::exchange(isShifted_, false))
+        return SkipToSlash() == Ended::ByStop ? Ended::ByStop : Ended::BySlash;
+    return Ended::Complete;
+}
+
+/// What `value_` says goes to the place of the item, if it fits.
+void DataReader::ReadScalar(const DataPlan& plan, std::size_t index, void* place)
+{
+    const DataPlan& item = plan.items[index];
     switch (item.type) {
     case MDType::Integer:
-    case MDType::Choice: {
-        int value = 0;
-        if (Convert(item, value)) {
-            CheckLimits(item, value);
-            CheckColumn(plan, index, value);
-            *static_cast<Optional<int>*>(place) = value;
-        }
-        break;
-    }
-    case MDType::Real: {
-        double value = 0;
-        if (Convert(item, value)) {
-            CheckLimits(item, value);
-            CheckColumn(plan, index, value);
-            *static_cast<Optional<double>*>(place) = value;
-        }
-        break;
-    }
+    case MDType::Choice:
+        return SetNumber<int>(plan, index, place);
+    case MDType::Real:
+        return SetNumber<double>(plan, index, place);
     case MDType::Boolean: {
         bool value = false;
         if (Convert(item, value))
@@ -295,10 +310,60 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
     case MDType::Record:
         break;
     }
-    if (isVariable_)
-        NoteVariable(static_cast<int>(index), 1);
-    Pass();
-    return Ended::Complete;
+}
+
+template <class T>
+void DataReader::SetNumber(const DataPlan& record, std::size_t index, void* place)
+{
+    T value = T();
+    if (!Convert(record.items[index], value))
+        return;
+    if (CheckLimits(record.items[index], static_cast<double>(value)))
+        CheckColumn(record, index, static_cast<double>(value));
+    *static_cast<Optional<T>*>(place) = value;
+}
+
+/// Whether the slash of the record is missing: the next line makes no sense as the rest of it, but does as the
+/// next record.
+bool DataReader::BeginsNextRecord(const DataPlan& plan, std::size_t index)
+{
+    const bool mayBegin = index > 0 && element_ == &plan && plan.termination == Termination::SLASH
+        && repeats_ == 0 && !isOneLine_ && text_.IsAtLineEnd();
+    if (!mayBegin)
+        return false;
+    const Token& next = text_.PeekData();
+    if ((next.kind != Token::Kind::Word && next.kind != Token::Kind::Quoted)
+        || next.spot.file != begin_.file)
+        return false;
+    const RecordWords line = FindRecordWords(text_.GetLineFrom(next.spot));
+    const auto isNumber = [](char c) { return !IsLetter(c) && !IsQuote(c); };
+    const bool beginsAlike = isNumber(text_.GetLineFrom(begin_).front()) == isNumber(text_.GetLineFrom(next.spot).front());
+    return line.isEnded && beginsAlike && !Fits(plan, index, line.words) && Fits(plan, 0, line.words);
+}
+
+/// The hint for a value that doesn't fit, where all behind it would if one were there before it, or if it
+/// weren't there itself.
+std::string DataReader::FindShift(const DataPlan& item)
+{
+    if (records_.empty() || repeats_ > 0 || text_.HasPeeked())
+        return {};
+    const DataPlan& record = *records_.back().first;
+    const auto at = std::find_if(
+        record.items.begin(), record.items.end(), [&item](const DataPlan& other) { return &other == &item; });
+    const RecordWords line = FindRecordWords(text_.GetLineFrom(value_.spot));
+    if (at == record.items.end() || !line.isEnded)
+        return {};
+    const auto index = static_cast<std::size_t>(at - record.items.begin());
+    const std::span<const RecordWord> behind = std::span(line.words).subspan(1);
+    if (Fits(record, index + 1, behind))
+        return {};
+    isShifted_ = true;
+    if (Fits(record, index + 1, line.words))
+        return "a value seems to be missing before it";
+    if (Fits(record, index, behind))
+        return "it seems to be one value too many";
+    isShifted_ = false;
+    return {};
 }
 
 DataReader::Ended DataReader::EndRecord(const DataPlan& plan)
@@ -307,6 +372,10 @@ DataReader::Ended DataReader::EndRecord(const DataPlan& plan)
         return Ended::Complete;
     if (plan.items.back().type == MDType::Line)
         return Ended::Complete; // with its line
+    if (BeginsNextRecord(plan, plan.items.size())) {
+        Unclosed("record");
+        return Ended::Complete;
+    }
     switch (Next()) {
     case Got::Slash:
         return Ended::Complete;
@@ -332,7 +401,7 @@ void DataReader::CheckMissing(const DataPlan& plan, std::size_t first, const Spo
         if (item.IsScalar() && !item.MayBeMissing() && item.isValid)
             missing += (missing.empty() ? "" : ", ") + NameOf(item);
     }
-    if (!missing.empty())
+    if (!missing.empty() && !(columns_ && columns_->isOutOfStep))
         teller_.Tell(spot, Code::TooFewValues,
             fmt::format("{}: the record ends before {}", keyword_.text, missing),
             "only what has a default may be left out");

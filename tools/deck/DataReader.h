@@ -94,7 +94,10 @@ private:
     Ended ReadContainer(const DataPlan& plan, Core::Keywords::IKeywordData& data);
     Ended ReadRecord(const DataPlan& plan, Core::Keywords::IKeywordRecordData& record);
     Ended ReadItem(const DataPlan& plan, std::size_t index, Core::Keywords::IKeywordRecordData& record);
+    void ReadScalar(const DataPlan& plan, std::size_t index, void* place);
     Ended EndRecord(const DataPlan& plan);
+    bool BeginsNextRecord(const DataPlan& plan, std::size_t index);
+    std::string FindShift(const DataPlan& item);
     void CheckMissing(const DataPlan& plan, std::size_t first, const Spot& spot);
     Ended ReadList(
         const DataPlan& plan, Core::Keywords::IKeywordListData& list, std::vector<RecordPlace>* places);
@@ -142,15 +145,21 @@ private:
     bool Convert(const DataPlan& item, bool& value);
     bool Convert(const DataPlan& item, std::string& value);
     bool ConvertChoice(const DataPlan& item, int& value);
-    void CheckLimits(const DataPlan& item, double value);
+    template <class T>
+    void SetNumber(const DataPlan& record, std::size_t index, void* place);
+    bool CheckLimits(const DataPlan& item, double value);
     void CheckSize(const DataPlan& plan, long long size, long long count, const Spot& spot);
     void CheckColumn(const DataPlan& record, std::size_t index, double value);
+    std::string BeyondText(const DataPlan& item, double value) const;
     void TellBeyond(const DataPlan& item, const Spot& spot, double value, long long more);
     long long SizeOf(const std::string* text) const;
     std::optional<long long> SizeOfName(const std::string& name) const;
     /// "WCONPROD, ORAT" for an item with a name, else the keyword's name.
     std::string In(const DataPlan& item) const;
     void TellWrong(const DataPlan& item, const char* expected);
+    /// Once for each word, however often it is repeated; once for each table whose rows are out of step.
+    void TellMisfit(const DataPlan& item, Code code, std::string message, std::string hint = {});
+    bool IsOutOfStep() const;
 
     Target target_;
     DeckText& text_;
@@ -170,6 +179,8 @@ private:
     long long longestRepeat_ = mostRecords;
     std::size_t taken_ = 0; // words, repeated ones each time
     bool isDefault_ = false; // `value_` stands for a default
+    bool isMisfitTold_ = false; // of `value_`
+    bool isShifted_ = false; // the rest of the record fits one place further on, or before
     Spot last_; // of the last word
     std::size_t lastTurns_ = 0;
     std::string choiceMessage_;
@@ -190,8 +201,11 @@ private:
     struct Columns {
         const DataPlan* record;
         std::vector<double> last;
+        bool isOutOfStep = false; // told: the rows don't begin where they should
     };
     Columns* columns_ = nullptr; // of the innermost list of records
+    const DataPlan* element_ = nullptr; // of that list
+    Spot begin_; // of the element being read
     std::vector<std::pair<const DataPlan*, const Core::Keywords::IKeywordRecordData*>> records_; // being read
 };
 

@@ -9,6 +9,7 @@
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/IKeywordRealMD.h"
 #include "quor/metadata/IKeywordStringMD.h"
+#include "tools/deck/RecordFit.h"
 
 #include <fmt/format.h>
 
@@ -196,8 +197,10 @@ DataReader::Ended DataReader::ReadElements(
     const DataPlan& item = plan.items.front();
     Columns columns{&item, std::vector<double>(item.hasConstraints ? item.items.size() : 0, std::nan(""))};
     Columns* const around = std::exchange(columns_, item.hasConstraints ? &columns : nullptr);
+    const DataPlan* const elementAround = std::exchange(element_, &item);
     const Ended ended = ReadEachElement(plan, size, list, places);
     columns_ = around;
+    element_ = elementAround;
     return ended;
 }
 
@@ -433,9 +436,22 @@ void DataReader::CheckColumn(const DataPlan& record, std::size_t index, double v
         return;
     const bool isInOrder = std::isnan(last) || KeepsOrder(item.constraint, last, value);
     if (!isInOrder)
-        teller_.Tell(value_.spot, Code::ColumnOrder,
+        TellMisfit(item, Code::ColumnOrder,
             fmt::format("{}: {} {}, {}", In(item), value, OrderOf(item.constraint), last));
     last = isInOrder ? value : HUGE_VAL;
+}
+
+/// Whether the row of the table that is being read begins or ends within a line: one before it has a value too
+/// few or too many.
+bool DataReader::IsOutOfStep() const
+{
+    const DataPlan& row = *columns_->record;
+    if (row.termination != Termination::NONE || begin_.file != value_.spot.file)
+        return false;
+    const std::string_view line = text_.GetLineFrom(begin_);
+    const bool isSplit = value_.spot.offset >= begin_.offset + line.size();
+    const std::size_t values = CountValues(FindRecordWords(line));
+    return isSplit || values % row.items.size() != 0;
 }
 
 /// Names are those of items of the records being read, the innermost first, and then those of the deck.
