@@ -120,6 +120,8 @@ DataReader::Got DataReader::Next()
         break;
     }
     ++taken_;
+    if (value_.kind == Token::Kind::Slash)
+        lastValue_ = last_;
     SetLast(value_.spot);
     if (value_.kind != Token::Kind::Word)
         return value_.kind == Token::Kind::Slash ? Got::Slash : Got::Value;
@@ -187,11 +189,27 @@ DataReader::Ended DataReader::SkipToSlash()
 
 DataReader::Ended DataReader::Unclosed(const char* what)
 {
-    const Spot behind{last_.file, last_.offset + last_.length, 0};
     if (!text_.MissedInclusion()) // which may have held the end
-        teller_.Tell(behind, Code::UnclosedData, fmt::format("{}: the {} is not closed", keyword_.text, what),
-            "put a slash behind its last value");
+        TellUnclosed(last_, what);
     return Ended::ByStop;
+}
+
+/// A slash that stands alone on its line was meant to close the list, and has closed its last record.
+DataReader::Ended DataReader::UnclosedList(const DataPlan& element)
+{
+    const bool isTaken = element.type == MDType::Record && element.termination == Termination::SLASH
+        && last_.file == text_.GetFile() && text_.GetLineFrom(last_).starts_with('/')
+        && text_.IsFirstOnLine(last_);
+    if (!isTaken || text_.MissedInclusion())
+        return Unclosed("list");
+    TellUnclosed(lastValue_, "record");
+    return Ended::ByStop;
+}
+
+void DataReader::TellUnclosed(const Spot& last, const char* what)
+{
+    teller_.Tell({last.file, last.offset + last.length, 0}, Code::UnclosedData,
+        fmt::format("{}: the {} is not closed", keyword_.text, what), "put a slash behind its last value");
 }
 
 // Records

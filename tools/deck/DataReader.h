@@ -126,6 +126,8 @@ private:
     void SetLast(const Spot& spot);
     Ended SkipToSlash();
     Ended Unclosed(const char* what);
+    Ended UnclosedList(const DataPlan& element);
+    void TellUnclosed(const Spot& last, const char* what);
 
     /// A slot was passed, or several that `value_` stands for.
     void Pass(std::size_t slots = 1);
@@ -182,6 +184,7 @@ private:
     bool isMisfitTold_ = false; // of `value_`
     bool isShifted_ = false; // the rest of the record fits one place further on, or before
     Spot last_; // of the last word
+    Spot lastValue_; // of the word before the last slash
     std::size_t lastTurns_ = 0;
     std::string choiceMessage_;
     DataNotes notes_;

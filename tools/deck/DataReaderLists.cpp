@@ -160,7 +160,7 @@ bool DataReader::HasMore(const DataPlan& plan, long long size, const IKeywordLis
     if (got == Got::Stop) {
         // A list of unknown size that nothing closes goes on to the next keyword.
         if (!endsByItself)
-            ended = Unclosed("list");
+            ended = UnclosedList(plan.items.front());
         else if (size != unknownSize)
             CheckSize(plan, size, list.GetSize(), {last_.file, last_.offset + last_.length, 0});
         return false;

@@ -232,8 +232,7 @@ void DeckReader::ReadStray(const Token& token)
             "here is {}, {}, where a keyword is expected", Shorten(deck_->files.GetText(word.spot)), behind),
         entry ? "a keyword stands at the beginning of its line" : "");
     const auto lone = FindLoneWord(text_.GetLineFrom(word.spot));
-    const bool isIndented = entry && lone && !lone->hasSlash && lone->word == word.text
-        && IsEmpty(deck_->files.LineOf(word.spot).first.substr(0, deck_->files.PlaceOf(word.spot).column - 1));
+    const bool isIndented = entry && lone && !lone->hasSlash && text_.IsFirstOnLine(word.spot);
     if (isIndented)
         ReadAs(word, *entry);
     else

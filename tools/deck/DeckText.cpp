@@ -110,12 +110,8 @@ Token DeckText::ScanData()
 {
     while (SkipToText()) {
         const char c = *position_;
-        if (c == '/') {
-            const Token slash = TakeToken(Token::Kind::Slash, 1);
-            NoteRemark();
-            SkipLine();
-            return slash;
-        }
+        if (c == '/')
+            return TakeSlash();
         if (IsQuote(c))
             return TakeQuoted();
         Token keyword;
@@ -124,8 +120,13 @@ Token DeckText::ScanData()
         if (keyword.entry)
             return keyword;
         Token word = TakeToken(Token::Kind::Word, LengthOfWord(GetRest()));
+        if (word.text == "\\") {
+            position_ -= word.spot.length;
+            TellOnce(word.spot, Code::StrayText, "here is a backslash, where a slash is expected", "write /");
+            return TakeSlash();
+        }
         if (word.spot.length > 1 && IsQuote(word.text.back())) {
-            TellQuote(word.spot, "the quote behind the text was not opened",
+            TellOnce(word.spot, Code::UnclosedQuote, "the quote behind the text was not opened",
                 fmt::format("put a {} before the text", word.text.back()));
             word.text.remove_suffix(1);
         }
@@ -179,18 +180,33 @@ Token DeckText::TakeQuoted()
     Token token = TakeToken(Token::Kind::Quoted, length);
     token.text.remove_prefix(1);
     token.isClosed = false;
-    TellQuote(token.spot, "the quote is not closed on its line",
+    TellOnce(token.spot, Code::UnclosedQuote, "the quote is not closed on its line",
         fmt::format("put a {} behind the text", line[0]));
     return token;
 }
 
-/// Once, even if the word is read again.
-void DeckText::TellQuote(const Spot& spot, const char* message, std::string hint)
+/// With what stands behind it on its line.
+Token DeckText::TakeSlash()
 {
-    if (spot.file == lastQuote_.file && spot.offset <= lastQuote_.offset && lastQuote_.length > 0)
+    const Token slash = TakeToken(Token::Kind::Slash, 1);
+    NoteRemark();
+    SkipLine();
+    return slash;
+}
+
+/// Even if the word is read again.
+void DeckText::TellOnce(const Spot& spot, Code code, const char* message, std::string hint)
+{
+    if (spot.file == lastTold_.file && spot.offset <= lastTold_.offset && lastTold_.length > 0)
         return;
-    lastQuote_ = spot;
-    teller_.Tell(spot, Code::UnclosedQuote, message, std::move(hint));
+    lastTold_ = spot;
+    teller_.Tell(spot, code, message, std::move(hint));
+}
+
+bool DeckText::IsFirstOnLine(const Spot& spot) const
+{
+    const auto [line, start] = files_.LineOf(spot);
+    return IsEmpty(line.substr(0, spot.offset - start));
 }
 
 std::string_view DeckText::GetLineFrom(const Spot& spot) const

@@ -96,6 +96,8 @@ public:
     Spot SpotOf(std::string_view part) const;
     /// From the spot, in the file being read, to the end of its line.
     std::string_view GetLineFrom(const Spot& spot) const;
+    /// Whether nothing but blanks stands before the spot on its line.
+    bool IsFirstOnLine(const Spot& spot) const;
     std::size_t GetOffset() const { return static_cast<std::size_t>(position_ - begin_); }
     std::uint32_t GetFile() const { return frames_.back().file; }
     /// How often inclusions, their ends and skipped blocks have led away from the text before.
@@ -133,7 +135,8 @@ private:
     bool TakeLineStart(Token& keyword);
     Token TakeToken(Token::Kind kind, std::size_t length);
     Token TakeQuoted();
-    void TellQuote(const Spot& spot, const char* message, std::string hint);
+    Token TakeSlash();
+    void TellOnce(const Spot& spot, Code code, const char* message, std::string hint);
     Token TakeLine();
     void NoteComment();
     void NoteRemark();
@@ -174,7 +177,7 @@ private:
     bool isEnded_ = false;
     bool hasPeeked_ = false;
     Token peeked_;
-    Spot lastQuote_; // that was told
+    Spot lastTold_; // of the words with a fault of their own
 
     std::map<SourceText::Identity, std::weak_ptr<const SourceText>> texts_;
     std::set<SourceText::Identity> identities_;
