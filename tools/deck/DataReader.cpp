@@ -292,7 +292,7 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
     if (isVariable_)
         NoteVariable(static_cast<int>(index), 1);
     Pass();
-    if (std::exchange(isShifted_, false))
+    if (std::exchange(isShifted_, false) || (!value_.isClosed && !FitsBehind(plan, index)))
         return SkipToSlash() == Ended::ByStop ? Ended::ByStop : Ended::BySlash;
     return Ended::Complete;
 }
@@ -341,8 +341,8 @@ void DataReader::SetNumber(const DataPlan& record, std::size_t index, void* plac
     *static_cast<Optional<T>*>(place) = value;
 }
 
-/// Whether the slash of the record is missing: the next line makes no sense as the rest of it, but does as the
-/// next record.
+/// Whether the slash of the record is missing: the next line makes no sense as the rest of it, but does as
+/// the next record.
 bool DataReader::BeginsNextRecord(const DataPlan& plan, std::size_t index)
 {
     const bool mayBegin = index > 0 && element_ == &plan && plan.termination == Termination::SLASH
@@ -350,13 +350,20 @@ bool DataReader::BeginsNextRecord(const DataPlan& plan, std::size_t index)
     if (!mayBegin)
         return false;
     const Token& next = text_.PeekData();
-    if ((next.kind != Token::Kind::Word && next.kind != Token::Kind::Quoted)
-        || next.spot.file != begin_.file)
+    if ((next.kind != Token::Kind::Word && next.kind != Token::Kind::Quoted) || next.spot.file != begin_.file)
         return false;
     const RecordWords line = FindRecordWords(text_.GetLineFrom(next.spot));
     const auto isNumber = [](char c) { return !IsLetter(c) && !IsQuote(c); };
-    const bool beginsAlike = isNumber(text_.GetLineFrom(begin_).front()) == isNumber(text_.GetLineFrom(next.spot).front());
+    const bool beginsAlike =
+        isNumber(text_.GetLineFrom(begin_).front()) == isNumber(text_.GetLineFrom(next.spot).front());
     return line.isEnded && beginsAlike && !Fits(plan, index, line.words) && Fits(plan, 0, line.words);
+}
+
+/// Whether what is left of the line can be the rest of the record.
+bool DataReader::FitsBehind(const DataPlan& plan, std::size_t index) const
+{
+    const Spot behind{value_.spot.file, value_.spot.offset + value_.spot.length, 0};
+    return Fits(plan, index + 1, FindRecordWords(text_.GetLineFrom(behind)).words);
 }
 
 /// The hint for a value that doesn't fit, where all behind it would if one were there before it, or if it

@@ -97,6 +97,7 @@ private:
     void ReadScalar(const DataPlan& plan, std::size_t index, void* place);
     Ended EndRecord(const DataPlan& plan);
     bool BeginsNextRecord(const DataPlan& plan, std::size_t index);
+    bool FitsBehind(const DataPlan& plan, std::size_t index) const;
     std::string FindShift(const DataPlan& item);
     void CheckMissing(const DataPlan& plan, std::size_t first, const Spot& spot);
     Ended ReadList(

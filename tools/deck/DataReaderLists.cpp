@@ -441,8 +441,8 @@ void DataReader::CheckColumn(const DataPlan& record, std::size_t index, double v
     last = isInOrder ? value : HUGE_VAL;
 }
 
-/// Whether the row of the table that is being read begins or ends within a line: one before it has a value too
-/// few or too many.
+/// Whether the row of the table that is being read begins or ends within a line: one before it has a value
+/// too few or too many.
 bool DataReader::IsOutOfStep() const
 {
     const DataPlan& row = *columns_->record;

@@ -107,8 +107,10 @@ private:
     TimeLine timeLine_;
 
     SectionType::Enum section_ = SectionType::None;
-    SectionType::Enum headedSection_ = SectionType::None; // whose line was read last; the other may be assumed
-    SectionType::Enum expectedSection_ = SectionType::None; // of the keyword that was told to be in a wrong one
+    SectionType::Enum headedSection_ =
+        SectionType::None; // whose line was read last; the other may be assumed
+    SectionType::Enum expectedSection_ =
+        SectionType::None; // of the keyword that was told to be in a wrong one
     SectionType::Enum furthestSection_ = SectionType::None;
     // False behind an inclusion that couldn't be read: it may have gone on to another section.
     bool isSectionSure_ = true;
@@ -136,8 +138,9 @@ std::unique_ptr<Deck> DeckReader::Read()
             dimensions_.ForgetDefaults();
     }
     CloseScopes();
-    if (deck_->keywords.empty() && teller_.GetErrorCount() == 0)
-        teller_.Tell({}, Code::NoSection, "the deck has no keywords", "a deck begins with the section RUNSPEC");
+    if (deck_->keywords.empty() && deck_->files.GetSize() == 1 && teller_.GetErrorCount() == 0)
+        teller_.Tell(
+            {}, Code::NoSection, "the deck has no keywords", "a deck begins with the section RUNSPEC");
     text_.Finish();
     teller_.TellBadSilences();
     deck_->distinctFiles = text_.GetFileCount();
@@ -304,7 +307,12 @@ bool DeckReader::IsWelcome(const Token& head, const Entry& entry)
             return false;
     }
     const auto objection = FindObjection(entry, GetSureSection(), options_.target);
-    if (!objection || (objection->code == Code::WrongSection && AssumesSection(entry)))
+    if (!objection) {
+        if (expectedSection_ != SectionType::None && !IsValidIn(expectedSection_, entry))
+            expectedSection_ = SectionType::None;
+        return true;
+    }
+    if (objection->code == Code::WrongSection && AssumesSection(entry))
         return true;
     teller_.Tell(head.spot, objection->code, objection->message,
         expectedSection_ == SectionType::None

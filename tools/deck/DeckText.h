@@ -89,8 +89,8 @@ public:
     std::string_view GetRest() const { return {position_, static_cast<std::size_t>(end_ - position_)}; }
     void Take(std::size_t count);
 
-    /// Takes a head that was taken already for the keyword of the text itself that it should be; false if that
-    /// is none.
+    /// Takes a head that was taken already for the keyword of the text itself that it should be; false if
+    /// that is none.
     bool TakeAs(const Token& head, const Entry& entry);
 
     Spot SpotOf(std::string_view part) const;
