@@ -273,11 +273,11 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
         PassMissing(item, 0);
         return Ended::BySlash;
     case Got::Default:
+        isShifted_ = false;
         if (!item.MayBeMissing())
-            teller_.Tell(
-                value_.spot, Code::NoDefault, fmt::format("{} has no default", In(item)), "give its value");
+            TellMisfit(item, Code::NoDefault, fmt::format("{} has no default", In(item)), "give its value");
         Pass();
-        return Ended::Complete;
+        return std::exchange(isShifted_, false) ? PassOverRest() : Ended::Complete;
     case Got::Value:
         break;
     }
@@ -292,9 +292,14 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
     if (isVariable_)
         NoteVariable(static_cast<int>(index), 1);
     Pass();
-    if (std::exchange(isShifted_, false) || (!value_.isClosed && !FitsBehind(plan, index)))
-        return SkipToSlash() == Ended::ByStop ? Ended::ByStop : Ended::BySlash;
-    return Ended::Complete;
+    const bool isLost = std::exchange(isShifted_, false) || (!value_.isClosed && !FitsBehind(plan, index));
+    return isLost ? PassOverRest() : Ended::Complete;
+}
+
+/// Of the record: what was told explains whatever else is wrong with it.
+DataReader::Ended DataReader::PassOverRest()
+{
+    return SkipToSlash() == Ended::ByStop ? Ended::ByStop : Ended::BySlash;
 }
 
 /// What `value_` says goes to the place of the item, if it fits.
@@ -370,23 +375,27 @@ bool DataReader::FitsBehind(const DataPlan& plan, std::size_t index) const
 /// weren't there itself.
 std::string DataReader::FindShift(const DataPlan& item)
 {
-    if (records_.empty() || repeats_ > 0 || text_.HasPeeked())
+    if (records_.empty() || text_.HasPeeked())
         return {};
     const DataPlan& record = *records_.back().first;
     const auto at = std::find_if(
         record.items.begin(), record.items.end(), [&item](const DataPlan& other) { return &other == &item; });
-    const RecordWords line = FindRecordWords(text_.GetLineFrom(value_.spot));
-    if (at == record.items.end() || !line.isEnded)
+    RecordWords line = FindRecordWords(text_.GetLineFrom(value_.spot));
+    if (at == record.items.end() || !line.isEnded || line.words.empty())
         return {};
     const auto index = static_cast<std::size_t>(at - record.items.begin());
-    const std::span<const RecordWord> behind = std::span(line.words).subspan(1);
-    if (Fits(record, index + 1, behind))
+    line.words.front().count = repeats_;
+    if (Fits(record, index + 1, line.words))
         return {};
     isShifted_ = true;
-    if (Fits(record, index + 1, line.words))
-        return "a value seems to be missing before it";
-    if (Fits(record, index, behind))
-        return "it seems to be one value too many";
+    if (Fits(record, index, std::span(line.words).subspan(1)))
+        return "it seems to be one too many";
+    line.words.front().count = repeats_ + 1;
+    for (std::size_t first = index + 1; first < record.items.size(); ++first) {
+        if (Fits(record, first, line.words))
+            return first == index + 1 ? "a value seems to be missing before it"
+                                      : fmt::format("{} values seem to be missing before it", first - index);
+    }
     isShifted_ = false;
     return {};
 }

@@ -97,6 +97,7 @@ private:
     void ReadScalar(const DataPlan& plan, std::size_t index, void* place);
     Ended EndRecord(const DataPlan& plan);
     bool BeginsNextRecord(const DataPlan& plan, std::size_t index);
+    Ended PassOverRest();
     bool FitsBehind(const DataPlan& plan, std::size_t index) const;
     std::string FindShift(const DataPlan& item);
     void CheckMissing(const DataPlan& plan, std::size_t first, const Spot& spot);
@@ -162,7 +163,9 @@ private:
     void TellWrong(const DataPlan& item, const char* expected);
     /// Once for each word, however often it is repeated; once for each table whose rows are out of step.
     void TellMisfit(const DataPlan& item, Code code, std::string message, std::string hint = {});
-    bool IsOutOfStep() const;
+    /// False if the rows of the table are out of step, and that was told.
+    bool MayTellOfRow(const Spot& spot, std::string& hint);
+    bool IsOutOfStep(const Spot& spot) const;
 
     Target target_;
     DeckText& text_;
@@ -183,6 +186,7 @@ private:
     std::size_t taken_ = 0; // words, repeated ones each time
     bool isDefault_ = false; // `value_` stands for a default
     bool isMisfitTold_ = false; // of `value_`
+    long long misfits_ = 0; // values of the list being read that were none
     bool isShifted_ = false; // the rest of the record fits one place further on, or before
     Spot last_; // of the last word
     Spot lastValue_; // of the word before the last slash

@@ -216,15 +216,11 @@ void DataReader::TellMisfit(const DataPlan& item, Code code, std::string message
 {
     if (std::exchange(isMisfitTold_, true))
         return;
-    const bool isOfRow = code == Code::ColumnOrder || code == Code::OutOfRange;
-    if (isOfRow && columns_ && columns_->record == records_.back().first) {
-        if (columns_->isOutOfStep)
+    if (code == Code::ColumnOrder || code == Code::OutOfRange) {
+        if (!MayTellOfRow(value_.spot, hint))
             return;
-        columns_->isOutOfStep = IsOutOfStep();
-        if (columns_->isOutOfStep)
-            hint = "a row on this line or before it has a value too few or too many";
     } else if (std::string shift = FindShift(item); !shift.empty()) {
-        hint = hint.empty() ? std::move(shift) : fmt::format("{}; {}", shift, hint);
+        hint = std::move(shift);
     }
     teller_.Tell(value_.spot, code, std::move(message), std::move(hint));
 }
@@ -246,10 +242,13 @@ std::string DataReader::BeyondText(const DataPlan& item, double value) const
 
 void DataReader::TellBeyond(const DataPlan& item, const Spot& spot, double value, long long more)
 {
+    std::string hint;
+    if (!MayTellOfRow(spot, hint))
+        return;
     std::string message = BeyondText(item, value);
     if (more > 0)
         message += fmt::format(", and {} more are beyond the limits", more);
-    teller_.Tell(spot, Code::OutOfRange, std::move(message));
+    teller_.Tell(spot, Code::OutOfRange, std::move(message), std::move(hint));
 }
 
 std::string DataReader::In(const DataPlan& item) const

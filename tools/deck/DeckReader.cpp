@@ -115,6 +115,7 @@ private:
     // False behind an inclusion that couldn't be read: it may have gone on to another section.
     bool isSectionSure_ = true;
     bool isMissingSectionTold_ = false;
+    bool mayMissKeywords_ = false; // data were found without one
     bool mayTakeSlash_ = false; // behind a keyword without data a slash does no harm
     std::array<std::optional<Spot>, SectionType::Count> sectionSpots_;
     std::set<std::string> seen_; // names of the keywords so far, and of missing ones that were told
@@ -240,6 +241,7 @@ void DeckReader::ReadStray(const Token& token)
         ReadAs(word, *entry);
     else
         text_.SkipData();
+    mayMissKeywords_ = mayMissKeywords_ || !isIndented;
 }
 
 /// `isGuess`: the deck has another word, which was told; nothing is to be told of it, nor made of it.
@@ -324,8 +326,8 @@ bool DeckReader::IsWelcome(const Token& head, const Entry& entry)
 /// The line of the section is missing, and was told to be.
 void DeckReader::AssumeFirstSection(const Entry& entry)
 {
-    section_ = IsValidIn(SectionType::RUNSPEC, entry) ? SectionType::RUNSPEC
-                                                      : FindOnlySection(entry, options_.target);
+    if (IsValidIn(SectionType::RUNSPEC, entry))
+        section_ = SectionType::RUNSPEC;
 }
 
 /// Whether the line of a section seems to be missing before the keyword, which is so where one keyword behind
@@ -402,7 +404,7 @@ void DeckReader::FollowPaths(const DeckKeyword& keyword)
 
 void DeckReader::CheckPrecedents(const DeckKeyword& keyword)
 {
-    if (!keyword.syntax->HasPrecedents() || !isSectionSure_)
+    if (!keyword.syntax->HasPrecedents() || !isSectionSure_ || mayMissKeywords_)
         return;
     std::string missing;
     for (const std::string& name : keyword.syntax->GetPrecedents(section_)) {
