@@ -226,6 +226,7 @@ INSTANTIATE_TEST_SUITE_P(Tables, Readings,
         Reading{"ColumnsToldOnce", "TABLES\n 1 4 1 5 0 6 /\n 1 4 2 3 /\n", nullptr,
             "column-order:3:6 column-order:3:8"},
         Reading{"RowCutShort", "TABLES\n 1 9\n 2\n 3 7\n 4 6 /\n 1 4 2 3 /\n", nullptr, "column-order:6:2"},
+        Reading{"NoSlashBetween", "TABLES\n 1 4\n 2 3\n 1 9\n 2 8 /\n", nullptr, "column-order:5:2"},
         Reading{"Nested", "NESTED\n 1 2 3 /\n 4 5 /\n/\n", "[(1 [(2) (3)]) (4 [(5)])]"}),
     CaseName<Reading>);
 

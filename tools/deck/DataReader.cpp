@@ -53,6 +53,7 @@ void DataReader::Read(const DataPlan& plan, const Token& keyword, IKeywordData& 
     notes_ = {};
     position_ = {};
     unknownVariables_ = 0;
+    isShapeTold_ = false;
     if (plan.termination == Termination::EOL && !StartsWithLine(plan) && text_.IsAtLineEnd())
         text_.PeekData(); // the line is the next one
     const bool endsByItself = plan.type != MDType::Raw && plan.termination == Termination::NONE;

@@ -165,6 +165,7 @@ private:
     void TellMisfit(const DataPlan& item, Code code, std::string message, std::string hint = {});
     /// False if the rows of the table are out of step, and that was told.
     bool MayTellOfRow(const Spot& spot, std::string& hint);
+    void TellColumn(const DataPlan& item, bool isFirst, std::string message);
     bool IsOutOfStep(const Spot& spot) const;
 
     Target target_;
@@ -185,6 +186,7 @@ private:
     long long longestRepeat_ = mostRecords;
     std::size_t taken_ = 0; // words, repeated ones each time
     bool isDefault_ = false; // `value_` stands for a default
+    bool isShapeTold_ = false; // of tables: sizes are wrong for a reason that was told
     bool isMisfitTold_ = false; // of `value_`
     long long misfits_ = 0; // values of the list being read that were none
     bool isShifted_ = false; // the rest of the record fits one place further on, or before

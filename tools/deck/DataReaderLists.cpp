@@ -416,7 +416,7 @@ DataReader::Ended DataReader::ReadLines(const DataPlan& plan, IKeywordListData& 
 
 void DataReader::CheckSize(const DataPlan& plan, long long size, long long count, const Spot& spot)
 {
-    if (text_.MissedInclusion() || (columns_ && columns_->isOutOfStep))
+    if (text_.MissedInclusion() || isShapeTold_)
         return;
     const std::string* const least = ListMD(plan).GetMinSize();
     const std::string* const most = ListMD(plan).GetMaxSize();
@@ -445,9 +445,20 @@ void DataReader::CheckColumn(const DataPlan& record, std::size_t index, double v
         return;
     const bool isInOrder = std::isnan(last) || KeepsOrder(item.constraint, last, value);
     if (!isInOrder)
-        TellMisfit(item, Code::ColumnOrder,
-            fmt::format("{}: {} {}, {}", In(item), value, OrderOf(item.constraint), last));
+        TellColumn(
+            item, index == 0, fmt::format("{}: {} {}, {}", In(item), value, OrderOf(item.constraint), last));
     last = isInOrder ? value : HUGE_VAL;
+}
+
+/// Where the first column of a table begins anew, so may a table.
+void DataReader::TellColumn(const DataPlan& item, bool isFirst, std::string message)
+{
+    const bool mayBeNew = isFirst && columns_->record->termination == Termination::NONE
+        && !columns_->isOutOfStep && !IsOutOfStep(value_.spot);
+    TellMisfit(item, Code::ColumnOrder, std::move(message),
+        mayBeNew ? "if a new table begins here, put a slash before it" : "");
+    if (mayBeNew)
+        columns_->isOutOfStep = isShapeTold_ = true;
 }
 
 bool DataReader::MayTellOfRow(const Spot& spot, std::string& hint)
@@ -457,6 +468,7 @@ bool DataReader::MayTellOfRow(const Spot& spot, std::string& hint)
     if (columns_->isOutOfStep)
         return false;
     columns_->isOutOfStep = IsOutOfStep(spot);
+    isShapeTold_ = isShapeTold_ || columns_->isOutOfStep;
     if (columns_->isOutOfStep)
         hint = "a row on this line or before it has a value too few or too many";
     return true;

@@ -115,7 +115,7 @@ private:
     // False behind an inclusion that couldn't be read: it may have gone on to another section.
     bool isSectionSure_ = true;
     bool isMissingSectionTold_ = false;
-    bool mayMissKeywords_ = false; // data were found without one
+    bool mayMissKeywords_ = false; // one could not be made out
     bool mayTakeSlash_ = false; // behind a keyword without data a slash does no harm
     std::array<std::optional<Spot>, SectionType::Count> sectionSpots_;
     std::set<std::string> seen_; // names of the keywords so far, and of missing ones that were told
@@ -186,6 +186,7 @@ void DeckReader::ReadMisspelt(const Token& head)
     using Role = KeywordDeckRole;
     const Entry* const meant = TellUnknown(head.spot, head.text);
     if (!meant || meant->role == Role::End || meant->role == Role::EndInclude) {
+        mayMissKeywords_ = true;
         text_.SkipData();
         return;
     }
@@ -425,7 +426,7 @@ void DeckReader::FollowScopes(const DeckKeyword& keyword)
     if (!scopes_.empty() && ends(*scopes_.back().first)) {
         scopes_.pop_back();
         dimensions_.Leave();
-    } else if (vocabulary_.EndsScopes(*keyword.syntax)) {
+    } else if (vocabulary_.EndsScopes(*keyword.syntax) && !mayMissKeywords_) {
         teller_.Tell(keyword.name, Code::StrayEnd,
             fmt::format("{} ends nothing that was opened", keyword.syntax->GetName()));
     }
