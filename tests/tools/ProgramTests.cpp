@@ -40,20 +40,21 @@ TEST_P(Usage, IsRefused)
 }
 
 INSTANTIATE_TEST_SUITE_P(Arguments, Usage,
-    testing::Values(Refusal{"None", "", "Subcommands:"}, Refusal{"UnknownSubcommand", "shwo", "shwo"},
-        Refusal{"UnknownOption", "list --sections GRID", "quor: error: "},
+    testing::Values(Refusal{"None", "", "Subcommands:"},
+        Refusal{"UnknownSubcommand", "chekc x", "no command 'chekc'; did you mean check?"},
+        Refusal{"UnknownOption", "list --sections GRID", "'--sections'; did you mean --section?"},
         Refusal{"UnknownSection", "list --section GIRD", "GIRD not in {RUNSPEC,GRID,"},
         Refusal{"UnknownSimulator", "check x --simulator Nobody", "{Carrow,Dunmere,"},
         Refusal{"UnknownMode", "list --mode Cold", "{BlackOil,Compositional,Thermal}"},
         Refusal{"UnknownFormat", "list --format xml", "{text,json}"},
         Refusal{"ShowNothing", "show", "quor show --help"},
-        Refusal{"TwoSubcommands", "man list", "was not expected"},
+        Refusal{"TwoSubcommands", "man list", "'list' is one argument too many"},
         Refusal{"UnknownShell", "completion tcsh", "{bash,zsh,fish}"},
         Refusal{"OptionWithoutValue", "check x --baseline", "--baseline"},
         Refusal{"TwoBaselines", "check x --baseline a --write-baseline b", "excludes"},
         Refusal{"MissingBaseline", "check x --baseline /none --format json",
             "the baseline '/none': No such file"},
-        Refusal{"NegativeLimit", "check x --max-findings=-1", "--max-findings"},
+        Refusal{"NegativeLimit", "check x --max-findings=-1", "'-1' is no whole number from 0 on"},
         Refusal{"MissingDeck", "check /none.data --format json", "can't read '/none.data': No such file"},
         Refusal{"InfoOnNothing", "info /none.data", "can't read '/none.data': No such file"},
         Refusal{"DiffWithNothing", "diff /none.data /none.data", "can't read '/none.data': No such file"},
@@ -243,6 +244,16 @@ TEST(Output, ThatCannotBeWrittenIsAFailure)
     const Outcome full = RunQuor("list > /dev/full");
     EXPECT_EQ(full.status, 2);
     EXPECT_TRUE(Holds(full.err, "can't write to standard output")) << full.err;
+    const TemporaryDirectory folder;
+    const std::string deck =
+        Quote(folder.Write("d.data", "RUNSPEC\nTITLE\n" + std::string(9999, 'x') + "\nOIL /\n"));
+    const std::string listing = "; ls -A " + Quote(folder.Path());
+    const Outcome large = RunShell("ulimit -f 1; \"$QUOR\" format --in-place " + deck + listing);
+    EXPECT_TRUE(Holds(large.err, "File too large")) << large.err;
+    EXPECT_EQ(large.out, "d.data\n");
+    EXPECT_EQ(
+        RunShell("chmod 640 " + deck + "; \"$QUOR\" format --in-place " + deck + "; stat -c %a " + deck).out,
+        "640\n");
     // The reader is gone before the first write.
     EXPECT_EQ(RunShell("{ sleep 0.2; \"$QUOR\" list; echo status $? >&2; } | true").err, "status 2\n");
 }

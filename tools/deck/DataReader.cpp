@@ -1,11 +1,15 @@
 #include "tools/deck/DataReader.h"
 
 #include "quor/data/IKeywordRecordData.h"
+#include "tools/deck/LineText.h"
+#include "tools/deck/RecordFit.h"
 #include "tools/deck/VisitData.h"
 #include "tools/deck/WordHints.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <span>
 #include <utility>
 
 namespace Veld::Quor::Tools::Deck {
@@ -48,6 +52,7 @@ void DataReader::Read(const DataPlan& plan, const Token& keyword, IKeywordData& 
     notes_ = {};
     position_ = {};
     unknownVariables_ = 0;
+    isShapeTold_ = false;
     if (plan.termination == Termination::EOL && !StartsWithLine(plan) && text_.IsAtLineEnd())
         text_.PeekData(); // the line is the next one
     const bool endsByItself = plan.type != MDType::Raw && plan.termination == Termination::NONE;
@@ -91,7 +96,7 @@ DataReader::Got DataReader::Next()
     if (isOneLine_ && text_.IsAtLineEnd())
         return Got::Slash;
     value_ = text_.NextData();
-    isDefault_ = false;
+    isDefault_ = isMisfitTold_ = false;
     switch (value_.kind) {
     case Token::Kind::Keyword:
     case Token::Kind::End:
@@ -102,6 +107,8 @@ DataReader::Got DataReader::Next()
         break;
     }
     ++taken_;
+    if (value_.kind == Token::Kind::Slash)
+        lastValue_ = last_;
     SetLast(value_.spot);
     if (value_.kind != Token::Kind::Word)
         return value_.kind == Token::Kind::Slash ? Got::Slash : Got::Value;
@@ -156,9 +163,12 @@ void DataReader::SetLast(const Spot& spot)
 /// Behind one word too many.
 DataReader::Ended DataReader::SkipToSlash()
 {
-    repeats_ = 0;
     for (;;) {
-        const Got got = Next();
+        repeats_ = 0;
+        const Got got = [this] {
+            const Teller::Muted muted(teller_, true);
+            return Next();
+        }();
         repeats_ = 0;
         if (got == Got::Slash)
             return Ended::Complete;
@@ -169,11 +179,27 @@ DataReader::Ended DataReader::SkipToSlash()
 
 DataReader::Ended DataReader::Unclosed(const char* what)
 {
-    const Spot behind{last_.file, last_.offset + last_.length, 0};
     if (!text_.MissedInclusion()) // which may have held the end
-        teller_.Tell(behind, Code::UnclosedData, fmt::format("{}: the {} is not closed", keyword_.text, what),
-            "put a slash behind its last value");
+        TellUnclosed(last_, what);
     return Ended::ByStop;
+}
+
+/// A slash that stands alone on its line was meant to close the list, and has closed its last record.
+DataReader::Ended DataReader::UnclosedList(const DataPlan& element)
+{
+    const bool isTaken = element.type == MDType::Record && element.termination == Termination::SLASH
+        && last_.file == text_.GetFile() && text_.GetLineFrom(last_).starts_with('/')
+        && text_.IsFirstOnLine(last_);
+    if (!isTaken || text_.MissedInclusion())
+        return Unclosed("list");
+    TellUnclosed(lastValue_, "record");
+    return Ended::ByStop;
+}
+
+void DataReader::TellUnclosed(const Spot& last, const char* what)
+{
+    teller_.Tell({last.file, last.offset + last.length, 0}, Code::UnclosedData,
+        fmt::format("{}: the {} is not closed", keyword_.text, what), "put a slash behind its last value");
 }
 
 // Records
@@ -221,7 +247,15 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
         Pass();
         return Ended::Complete;
     }
-    switch (Next()) {
+    if (BeginsNextRecord(plan, index)) {
+        Unclosed("record");
+        PassMissing(item, 0);
+        return Ended::BySlash;
+    }
+    const Got got = Next();
+    if (index == 0 && element_ == &plan)
+        begin_ = value_.spot;
+    switch (got) {
     case Got::Stop:
         return Unclosed("record");
     case Got::Slash:
@@ -229,11 +263,11 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
         PassMissing(item, 0);
         return Ended::BySlash;
     case Got::Default:
+        isShifted_ = false;
         if (!item.MayBeMissing())
-            teller_.Tell(
-                value_.spot, Code::NoDefault, fmt::format("{} has no default", In(item)), "give its value");
+            TellMisfit(item, Code::NoDefault, fmt::format("{} has no default", In(item)), "give its value");
         Pass();
-        return Ended::Complete;
+        return std::exchange(isShifted_, false) ? PassOverRest() : Ended::Complete;
     case Got::Value:
         break;
     }
@@ -243,26 +277,31 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
     else if (item.isUnsupported)
         teller_.Tell(value_.spot, Code::ItemUnsupported,
             fmt::format("{} has no effect for {}", In(item), NameOf(target_)));
+    isShifted_ = false;
+    ReadScalar(plan, index, place);
+    if (isVariable_)
+        NoteVariable(static_cast<int>(index), 1);
+    Pass();
+    const bool isLost = std::exchange(isShifted_, false) || (!value_.isClosed && !FitsBehind(plan, index));
+    return isLost ? PassOverRest() : Ended::Complete;
+}
+
+/// Of the record: what was told explains whatever else is wrong with it.
+DataReader::Ended DataReader::PassOverRest()
+{
+    return SkipToSlash() == Ended::ByStop ? Ended::ByStop : Ended::BySlash;
+}
+
+/// What `value_` says goes to the place of the item, if it fits.
+void DataReader::ReadScalar(const DataPlan& plan, std::size_t index, void* place)
+{
+    const DataPlan& item = plan.items[index];
     switch (item.type) {
     case MDType::Integer:
-    case MDType::Choice: {
-        int value = 0;
-        if (Convert(item, value)) {
-            CheckLimits(item, value);
-            CheckColumn(plan, index, value);
-            *static_cast<Optional<int>*>(place) = value;
-        }
-        break;
-    }
-    case MDType::Real: {
-        double value = 0;
-        if (Convert(item, value)) {
-            CheckLimits(item, value);
-            CheckColumn(plan, index, value);
-            *static_cast<Optional<double>*>(place) = value;
-        }
-        break;
-    }
+    case MDType::Choice:
+        return SetNumber<int>(plan, index, place);
+    case MDType::Real:
+        return SetNumber<double>(plan, index, place);
     case MDType::Boolean: {
         bool value = false;
         if (Convert(item, value))
@@ -284,10 +323,71 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
     case MDType::Record:
         break;
     }
-    if (isVariable_)
-        NoteVariable(static_cast<int>(index), 1);
-    Pass();
-    return Ended::Complete;
+}
+
+template <class T>
+void DataReader::SetNumber(const DataPlan& record, std::size_t index, void* place)
+{
+    T value = T();
+    if (!Convert(record.items[index], value))
+        return;
+    if (CheckLimits(record.items[index], static_cast<double>(value)))
+        CheckColumn(record, index, static_cast<double>(value));
+    *static_cast<Optional<T>*>(place) = value;
+}
+
+/// Whether the slash of the record is missing: the next line makes no sense as the rest of it, but does as
+/// the next record.
+bool DataReader::BeginsNextRecord(const DataPlan& plan, std::size_t index)
+{
+    const bool mayBegin = index > 0 && element_ == &plan && plan.termination == Termination::SLASH
+        && repeats_ == 0 && !isOneLine_ && text_.IsAtLineEnd();
+    if (!mayBegin)
+        return false;
+    const Token& next = text_.PeekData();
+    if ((next.kind != Token::Kind::Word && next.kind != Token::Kind::Quoted) || next.spot.file != begin_.file)
+        return false;
+    const RecordWords line = FindRecordWords(text_.GetLineFrom(next.spot));
+    const auto isNumber = [](char c) { return !IsLetter(c) && !IsQuote(c); };
+    const bool beginsAlike =
+        isNumber(text_.GetLineFrom(begin_).front()) == isNumber(text_.GetLineFrom(next.spot).front());
+    return line.isEnded && beginsAlike && !Fits(plan, index, line.words) && Fits(plan, 0, line.words);
+}
+
+/// Whether what is left of the line can be the rest of the record.
+bool DataReader::FitsBehind(const DataPlan& plan, std::size_t index) const
+{
+    const Spot behind{value_.spot.file, value_.spot.offset + value_.spot.length, 0};
+    return Fits(plan, index + 1, FindRecordWords(text_.GetLineFrom(behind)).words);
+}
+
+/// The hint for a value that doesn't fit, where all behind it would if one were there before it, or if it
+/// weren't there itself.
+std::string DataReader::FindShift(const DataPlan& item)
+{
+    if (records_.empty() || text_.HasPeeked())
+        return {};
+    const DataPlan& record = *records_.back().first;
+    const auto at = std::find_if(
+        record.items.begin(), record.items.end(), [&item](const DataPlan& other) { return &other == &item; });
+    RecordWords line = FindRecordWords(text_.GetLineFrom(value_.spot));
+    if (at == record.items.end() || !line.isEnded || line.words.empty())
+        return {};
+    const auto index = static_cast<std::size_t>(at - record.items.begin());
+    line.words.front().count = repeats_;
+    if (Fits(record, index + 1, line.words))
+        return {};
+    isShifted_ = true;
+    if (Fits(record, index, std::span(line.words).subspan(1)))
+        return "it seems to be one too many";
+    line.words.front().count = repeats_ + 1;
+    for (std::size_t first = index + 1; first < record.items.size(); ++first) {
+        if (Fits(record, first, line.words))
+            return first == index + 1 ? "a value seems to be missing before it"
+                                      : fmt::format("{} values seem to be missing before it", first - index);
+    }
+    isShifted_ = false;
+    return {};
 }
 
 DataReader::Ended DataReader::EndRecord(const DataPlan& plan)
@@ -296,6 +396,10 @@ DataReader::Ended DataReader::EndRecord(const DataPlan& plan)
         return Ended::Complete;
     if (plan.items.back().type == MDType::Line)
         return Ended::Complete; // with its line
+    if (BeginsNextRecord(plan, plan.items.size())) {
+        Unclosed("record");
+        return Ended::Complete;
+    }
     switch (Next()) {
     case Got::Slash:
         return Ended::Complete;
@@ -321,7 +425,7 @@ void DataReader::CheckMissing(const DataPlan& plan, std::size_t first, const Spo
         if (item.IsScalar() && !item.MayBeMissing() && item.isValid)
             missing += (missing.empty() ? "" : ", ") + NameOf(item);
     }
-    if (!missing.empty())
+    if (!missing.empty() && !(columns_ && columns_->isOutOfStep))
         teller_.Tell(spot, Code::TooFewValues,
             fmt::format("{}: the record ends before {}", keyword_.text, missing),
             "only what has a default may be left out");

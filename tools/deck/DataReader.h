@@ -95,7 +95,12 @@ private:
     Ended ReadContainer(const DataPlan& plan, Core::Keywords::IKeywordData& data);
     Ended ReadRecord(const DataPlan& plan, Core::Keywords::IKeywordRecordData& record);
     Ended ReadItem(const DataPlan& plan, std::size_t index, Core::Keywords::IKeywordRecordData& record);
+    void ReadScalar(const DataPlan& plan, std::size_t index, void* place);
     Ended EndRecord(const DataPlan& plan);
+    bool BeginsNextRecord(const DataPlan& plan, std::size_t index);
+    Ended PassOverRest();
+    bool FitsBehind(const DataPlan& plan, std::size_t index) const;
+    std::string FindShift(const DataPlan& item);
     void CheckMissing(const DataPlan& plan, std::size_t first, const Spot& spot);
     Ended ReadList(
         const DataPlan& plan, Core::Keywords::IKeywordListData& list, std::vector<RecordPlace>* places);
@@ -124,6 +129,8 @@ private:
     void SetLast(const Spot& spot);
     Ended SkipToSlash();
     Ended Unclosed(const char* what);
+    Ended UnclosedList(const DataPlan& element);
+    void TellUnclosed(const Spot& last, const char* what);
 
     /// A slot was passed, or several that `value_` stands for.
     void Pass(std::size_t slots = 1);
@@ -143,15 +150,24 @@ private:
     bool Convert(const DataPlan& item, bool& value);
     bool Convert(const DataPlan& item, std::string& value);
     bool ConvertChoice(const DataPlan& item, int& value);
-    void CheckLimits(const DataPlan& item, double value);
+    template <class T>
+    void SetNumber(const DataPlan& record, std::size_t index, void* place);
+    bool CheckLimits(const DataPlan& item, double value);
     void CheckSize(const DataPlan& plan, long long size, long long count, const Spot& spot);
     void CheckColumn(const DataPlan& record, std::size_t index, double value);
+    std::string BeyondText(const DataPlan& item, double value) const;
     void TellBeyond(const DataPlan& item, const Spot& spot, double value, long long more);
     long long SizeOf(const std::string* text) const;
     std::optional<long long> SizeOfName(const std::string& name) const;
     /// "WCONPROD, ORAT" for an item with a name, else the keyword's name.
     std::string In(const DataPlan& item) const;
     void TellWrong(const DataPlan& item, const char* expected);
+    /// Once for each word, however often it is repeated; once for each table whose rows are out of step.
+    void TellMisfit(const DataPlan& item, Code code, std::string message, std::string hint = {});
+    /// False if the rows of the table are out of step, and that was told.
+    bool MayTellOfRow(const Spot& spot, std::string& hint);
+    void TellColumn(const DataPlan& item, bool isFirst, std::string message);
+    bool IsOutOfStep(const Spot& spot) const;
 
     Target target_;
     DeckText& text_;
@@ -171,7 +187,12 @@ private:
     long long longestRepeat_ = mostRecords;
     std::size_t taken_ = 0; // words, repeated ones each time
     bool isDefault_ = false; // `value_` stands for a default
+    bool isShapeTold_ = false; // of tables: sizes are wrong for a reason that was told
+    bool isMisfitTold_ = false; // of `value_`
+    long long misfits_ = 0; // values of the list being read that were none
+    bool isShifted_ = false; // the rest of the record fits one place further on, or before
     Spot last_; // of the last word
+    Spot lastValue_; // of the word before the last slash
     std::size_t lastTurns_ = 0;
     std::string choiceMessage_;
     DataNotes notes_;
@@ -191,8 +212,11 @@ private:
     struct Columns {
         const DataPlan* record;
         std::vector<double> last;
+        bool isOutOfStep = false; // told: the rows don't begin where they should
     };
     Columns* columns_ = nullptr; // of the innermost list of records
+    const DataPlan* element_ = nullptr; // of that list
+    Spot begin_; // of the element being read
     std::vector<std::pair<const DataPlan*, const Core::Keywords::IKeywordRecordData*>> records_; // being read
 };
 

@@ -9,6 +9,7 @@
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/IKeywordRealMD.h"
 #include "quor/metadata/IKeywordStringMD.h"
+#include "tools/deck/RecordFit.h"
 
 #include <fmt/format.h>
 
@@ -116,8 +117,10 @@ DataReader::Ended DataReader::ReadList(
     if (plan.items.empty())
         return Ended::Complete;
     const bool wasOneLine = std::exchange(isOneLine_, plan.termination == Termination::EOL);
+    const long long misfits = std::exchange(misfits_, 0);
     const Ended ended = ReadElementsOf(plan, list, places);
     isOneLine_ = wasOneLine;
+    misfits_ = misfits;
     return ended;
 }
 
@@ -159,7 +162,7 @@ bool DataReader::HasMore(const DataPlan& plan, long long size, const IKeywordLis
     if (got == Got::Stop) {
         // A list of unknown size that nothing closes goes on to the next keyword.
         if (!endsByItself)
-            ended = Unclosed("list");
+            ended = UnclosedList(plan.items.front());
         else if (size != unknownSize)
             CheckSize(plan, size, list.GetSize(), {last_.file, last_.offset + last_.length, 0});
         return false;
@@ -196,8 +199,10 @@ DataReader::Ended DataReader::ReadElements(
     const DataPlan& item = plan.items.front();
     Columns columns{&item, std::vector<double>(item.hasConstraints ? item.items.size() : 0, std::nan(""))};
     Columns* const around = std::exchange(columns_, item.hasConstraints ? &columns : nullptr);
+    const DataPlan* const elementAround = std::exchange(element_, &item);
     const Ended ended = ReadEachElement(plan, size, list, places);
     columns_ = around;
+    element_ = elementAround;
     return ended;
 }
 
@@ -246,6 +251,7 @@ DataReader::Ended DataReader::ReadValues(const DataPlan& plan, long long size, I
             continue;
         }
         const SimulatorType::Enum simulator = target_.simulator;
+        const std::int64_t before = list.GetSize();
         if (item.type == MDType::String) {
             std::string value =
                 isDefault ? DefaultOf<IKeywordStringMD, std::string>(item, simulator) : std::string();
@@ -262,6 +268,8 @@ DataReader::Ended DataReader::ReadValues(const DataPlan& plan, long long size, I
             if (isDefault || Convert(item, value) || isVariable_)
                 list.AddData(&value);
         }
+        if (list.GetSize() == before)
+            ++misfits_;
         const auto index = static_cast<std::size_t>(list.GetSize() - 1);
         if (isDefault)
             list.SetDefaulted(index, true);
@@ -343,8 +351,10 @@ DataReader::Ended DataReader::ReadNumbers(const DataPlan& plan, long long size, 
             if (ListMD(plan).FillEmptyElementsWithPreviousValue() && list.GetSize() > 0)
                 value = *static_cast<const T*>(list.GetData(static_cast<std::size_t>(list.GetSize() - 1)));
         } else if (!Convert(item, value)) {
-            if (!isVariable_)
+            if (!isVariable_) {
+                ++misfits_;
                 continue;
+            }
             value = T();
         }
         const long long count = repeats_ + 1;
@@ -368,7 +378,8 @@ DataReader::Ended DataReader::ReadNumbers(const DataPlan& plan, long long size, 
         Pass(static_cast<std::size_t>(kept));
     }
     longestRepeat_ = longest;
-    if (beyond > 0)
+    // Without its size the list may have taken what doesn't belong to it.
+    if (beyond > 0 && (size != unknownSize || plan.termination != Termination::NONE || records_.empty()))
         TellBeyond(item, firstBeyond, beyondValue, beyond - 1);
     if (surplus > 0)
         teller_.Tell(firstSurplus, Code::WrongSize,
@@ -405,17 +416,18 @@ DataReader::Ended DataReader::ReadLines(const DataPlan& plan, IKeywordListData& 
 
 void DataReader::CheckSize(const DataPlan& plan, long long size, long long count, const Spot& spot)
 {
-    if (text_.MissedInclusion())
+    if (text_.MissedInclusion() || isShapeTold_)
         return;
     const std::string* const least = ListMD(plan).GetMinSize();
     const std::string* const most = ListMD(plan).GetMaxSize();
-    const bool isShort = size != unknownSize && count < size && !(mayBeShort_ && count > 0);
+    const bool isShort = size != unknownSize && count + misfits_ < size && !(mayBeShort_ && count > 0);
     // A table without rows stands for the one before it.
     if (isShort && (count > 0 || plan.termination == Termination::NONE || plan.items.front().IsScalar()))
         teller_.Tell(spot, Code::WrongSize,
             fmt::format("{}: {} values are expected, and here are {}", keyword_.text, size, count),
             fmt::format("the size is {}", *ListMD(plan).GetSize()));
-    else if (const long long fewest = SizeOf(least); count > 0 && fewest != unknownSize && count < fewest)
+    else if (const long long fewest = SizeOf(least);
+             count > 0 && fewest != unknownSize && count + misfits_ < fewest)
         teller_.Tell(spot, Code::WrongSize,
             fmt::format("{}: at least {} are expected, and here are {}", keyword_.text, fewest, count));
     else if (const long long greatest = SizeOf(most); greatest != unknownSize && count > greatest)
@@ -433,9 +445,48 @@ void DataReader::CheckColumn(const DataPlan& record, std::size_t index, double v
         return;
     const bool isInOrder = std::isnan(last) || KeepsOrder(item.constraint, last, value);
     if (!isInOrder)
-        teller_.Tell(value_.spot, Code::ColumnOrder,
-            fmt::format("{}: {} {}, {}", In(item), value, OrderOf(item.constraint), last));
+        TellColumn(
+            item, index == 0, fmt::format("{}: {} {}, {}", In(item), value, OrderOf(item.constraint), last));
     last = isInOrder ? value : HUGE_VAL;
+}
+
+/// Where the first column of a table begins anew, so may a table.
+void DataReader::TellColumn(const DataPlan& item, bool isFirst, std::string message)
+{
+    const bool mayBeNew = isFirst && columns_->record->termination == Termination::NONE
+        && !columns_->isOutOfStep && !IsOutOfStep(value_.spot);
+    TellMisfit(item, Code::ColumnOrder, std::move(message),
+        mayBeNew ? "if a new table begins here, put a slash before it" : "");
+    if (mayBeNew)
+        columns_->isOutOfStep = isShapeTold_ = true;
+}
+
+bool DataReader::MayTellOfRow(const Spot& spot, std::string& hint)
+{
+    if (!columns_ || records_.empty() || columns_->record != records_.back().first)
+        return true;
+    if (columns_->isOutOfStep)
+        return false;
+    columns_->isOutOfStep = IsOutOfStep(spot);
+    isShapeTold_ = isShapeTold_ || columns_->isOutOfStep;
+    if (columns_->isOutOfStep)
+        hint = "a row on this line or before it has a value too few or too many";
+    return true;
+}
+
+/// Whether the row of the table that is being read begins or ends within a line, so that one before it has a
+/// value too few or too many.
+bool DataReader::IsOutOfStep(const Spot& spot) const
+{
+    const DataPlan& row = *columns_->record;
+    if (row.termination != Termination::NONE || begin_.file != spot.file || spot.file != text_.GetFile())
+        return false;
+    const std::string_view line = text_.GetLineFrom(begin_);
+    if (spot.offset >= begin_.offset + line.size())
+        return true;
+    const bool isFlat =
+        std::all_of(row.items.begin(), row.items.end(), [](const DataPlan& item) { return item.IsScalar(); });
+    return isFlat && CountValues(FindRecordWords(line)) % row.items.size() != 0;
 }
 
 /// Names are those of items of the records being read, the innermost first, and then those of the deck.

@@ -8,6 +8,7 @@
 #include "quor/metadata/IKeywordRawMD.h"
 #include "quor/metadata/IUnsupportedByMD.h"
 #include "quor/metadata/IValidityMD.h"
+#include "tools/deck/RecordFit.h"
 #include "tools/deck/WordHints.h"
 
 #include <fmt/format.h>
@@ -147,16 +148,14 @@ bool DataReader::Convert(const DataPlan& item, int& value)
 
 bool DataReader::Convert(const DataPlan& item, bool& value)
 {
-    const std::string word = ToUpper(value_.text);
-    const bool isTrue = word == "YES" || word == "Y" || word == "TRUE" || word == "T";
-    const bool isFalse = word == "NO" || word == "N" || word == "FALSE" || word == "F";
-    if (!isTrue && !isFalse) {
+    const std::optional<bool> word = ToBoolean(value_.text);
+    if (!word) {
         if (const auto converted = ConvertVariables(item, value))
             return *converted;
         TellWrong(item, "YES or NO");
         return false;
     }
-    value = isTrue;
+    value = *word;
     return true;
 }
 
@@ -182,7 +181,7 @@ bool DataReader::ConvertChoice(const DataPlan& item, int& value)
     if (value < 0) {
         if (const auto converted = ConvertVariables(item, value))
             return *converted;
-        teller_.Tell(value_.spot, Code::NotAChoice,
+        TellMisfit(item, Code::NotAChoice,
             fmt::format("{}: {} is not one of its words", In(item), Shorten(word)),
             HintOfChoice(choice, word));
         return false;
@@ -208,25 +207,48 @@ bool DataReader::ConvertChoice(const DataPlan& item, int& value)
 
 void DataReader::TellWrong(const DataPlan& item, const char* expected)
 {
-    teller_.Tell(value_.spot, Code::WrongType,
+    TellMisfit(item, Code::WrongType,
         fmt::format("{}: {} is expected, and here is {}", In(item), expected,
             value_.kind == Token::Kind::Quoted ? "a text in quotes" : Shorten(value_.text)));
 }
 
-void DataReader::CheckLimits(const DataPlan& item, double value)
+void DataReader::TellMisfit(const DataPlan& item, Code code, std::string message, std::string hint)
 {
-    if (value < item.min || value > item.max)
-        TellBeyond(item, value_.spot, value, 0);
+    if (std::exchange(isMisfitTold_, true))
+        return;
+    if (code == Code::ColumnOrder || code == Code::OutOfRange) {
+        if (!MayTellOfRow(value_.spot, hint))
+            return;
+    } else if (std::string shift = FindShift(item); !shift.empty()) {
+        hint = std::move(shift);
+    }
+    teller_.Tell(value_.spot, code, std::move(message), std::move(hint));
+}
+
+/// False, and told, if the value is beyond them.
+bool DataReader::CheckLimits(const DataPlan& item, double value)
+{
+    const bool isWithin = value >= item.min && value <= item.max;
+    if (!isWithin)
+        TellMisfit(item, Code::OutOfRange, BeyondText(item, value));
+    return isWithin;
+}
+
+std::string DataReader::BeyondText(const DataPlan& item, double value) const
+{
+    return value < item.min ? fmt::format("{}: {} is less than {}", In(item), value, item.min)
+                            : fmt::format("{}: {} is greater than {}", In(item), value, item.max);
 }
 
 void DataReader::TellBeyond(const DataPlan& item, const Spot& spot, double value, long long more)
 {
-    std::string message = value < item.min
-        ? fmt::format("{}: {} is less than {}", In(item), value, item.min)
-        : fmt::format("{}: {} is greater than {}", In(item), value, item.max);
+    std::string hint;
+    if (!MayTellOfRow(spot, hint))
+        return;
+    std::string message = BeyondText(item, value);
     if (more > 0)
         message += fmt::format(", and {} more are beyond the limits", more);
-    teller_.Tell(spot, Code::OutOfRange, std::move(message));
+    teller_.Tell(spot, Code::OutOfRange, std::move(message), std::move(hint));
 }
 
 std::string DataReader::In(const DataPlan& item) const

@@ -76,14 +76,20 @@ public:
 private:
     void ReadHead(const Token& head);
     void ReadUnknown(const Token& head);
-    void TellUnknown(const Spot& spot, std::string_view word);
-    void TellStray(const Token& token);
-    void ReadKeyword(const Token& head, const Entry& entry);
+    void ReadMisspelt(const Token& head);
+    void ReadAs(const Token& head, const Entry& entry);
+    const Entry* TellUnknown(const Spot& spot, std::string_view word);
+    void ReadStray(const Token& token);
+    void ReadKeyword(const Token& head, const Entry& entry, bool isGuess = false);
     void EnterSection(const Token& head, const Entry& entry);
     bool IsWelcome(const Token& head, const Entry& entry);
+    void AssumeFirstSection(const Entry& entry);
+    bool AssumesSection(const Entry& entry);
+    bool IsValidIn(SectionType::Enum section, const Entry& entry) const;
     void ReadData(DeckKeyword& keyword, const Token& head, bool isTold);
     void CheckNoData(const Token& head);
     void Follow(const DeckKeyword& keyword);
+    void FollowPaths(const DeckKeyword& keyword);
     void CheckPrecedents(const DeckKeyword& keyword);
     void FollowScopes(const DeckKeyword& keyword);
     void CloseScopes();
@@ -101,13 +107,18 @@ private:
     TimeLine timeLine_;
 
     SectionType::Enum section_ = SectionType::None;
+    SectionType::Enum headedSection_ =
+        SectionType::None; // whose line was read last; the other may be assumed
+    SectionType::Enum expectedSection_ =
+        SectionType::None; // of the keyword that was told to be in a wrong one
     SectionType::Enum furthestSection_ = SectionType::None;
     // False behind an inclusion that couldn't be read: it may have gone on to another section.
     bool isSectionSure_ = true;
     bool isMissingSectionTold_ = false;
+    bool mayMissKeywords_ = false; // one could not be made out
     bool mayTakeSlash_ = false; // behind a keyword without data a slash does no harm
     std::array<std::optional<Spot>, SectionType::Count> sectionSpots_;
-    std::set<std::string> seen_; // names of the keywords so far
+    std::set<std::string> seen_; // names of the keywords so far, and of missing ones that were told
     std::vector<std::pair<const IKeywordSyntax*, Spot>> scopes_; // open ones, outermost first
 };
 
@@ -121,9 +132,16 @@ std::unique_ptr<Deck> DeckReader::Read()
         text_.ForgetMissedInclusion();
         if (head.kind == Token::Kind::End)
             break;
+        const std::size_t errors = teller_.GetErrorCount();
         ReadHead(head);
+        const bool mayHoldSizes = section_ == SectionType::None || section_ == SectionType::RUNSPEC;
+        if (mayHoldSizes && errors != teller_.GetErrorCount())
+            dimensions_.ForgetDefaults();
     }
     CloseScopes();
+    if (deck_->keywords.empty() && deck_->files.GetSize() == 1 && teller_.GetErrorCount() == 0)
+        teller_.Tell(
+            {}, Code::NoSection, "the deck has no keywords", "a deck begins with the section RUNSPEC");
     text_.Finish();
     teller_.TellBadSilences();
     deck_->distinctFiles = text_.GetFileCount();
@@ -139,7 +157,7 @@ void DeckReader::ReadHead(const Token& head)
         if (mayTakeSlash && head.text == "/")
             text_.NextData();
         else
-            TellStray(head);
+            ReadStray(head);
     } else if (head.entry) {
         ReadKeyword(head, *head.entry);
     } else {
@@ -152,48 +170,83 @@ void DeckReader::ReadUnknown(const Token& head)
 {
     const std::string upper = ToUpper(head.text);
     if (upper == head.text) {
-        TellUnknown(head.spot, head.text);
-        text_.SkipData();
-    } else if (const Entry* const entry = vocabulary_.Find(upper); entry && !entry->IsOfText()) {
+        ReadMisspelt(head);
+    } else if (const Entry* const entry = vocabulary_.Find(upper)) {
         teller_.Tell(head.spot, Code::LowerCase, fmt::format("the keyword {} is not in upper case", upper),
             fmt::format("write {}", upper));
-        ReadKeyword(head, *entry);
+        ReadAs(head, *entry);
     } else {
-        TellStray(head);
+        ReadStray(head);
     }
 }
 
-void DeckReader::TellUnknown(const Spot& spot, std::string_view word)
+/// If it is sure which keyword was meant, what follows is read as if it stood there, and nothing told of it.
+void DeckReader::ReadMisspelt(const Token& head)
+{
+    using Role = KeywordDeckRole;
+    const Entry* const meant = TellUnknown(head.spot, head.text);
+    if (!meant || meant->role == Role::End || meant->role == Role::EndInclude) {
+        mayMissKeywords_ = true;
+        text_.SkipData();
+        return;
+    }
+    const Teller::Muted muted(teller_, true);
+    if (!meant->IsOfText() || !text_.TakeAs(head, *meant))
+        ReadKeyword(head, *meant, true);
+}
+
+void DeckReader::ReadAs(const Token& head, const Entry& entry)
+{
+    if (!entry.IsOfText() || !text_.TakeAs(head, entry))
+        ReadKeyword(head, entry);
+}
+
+/// The keyword that was meant, if one is nearer than all others; else null.
+const Entry* DeckReader::TellUnknown(const Spot& spot, std::string_view word)
 {
     if (teller_.IsFull()) {
         teller_.Tell(spot, Code::UnknownKeyword, {});
-        return;
+        return nullptr;
     }
+    const std::string name(word);
+    const auto& nearest = vocabulary_.GetNearestNames().Find(name, GetSureSection());
     std::string hint;
-    for (const std::string& name : vocabulary_.GetNearestNames().Find(std::string(word), GetSureSection()))
-        hint += (hint.empty() ? "did you mean " : ", ") + name;
+    for (const std::string& known : nearest)
+        hint += (hint.empty() ? "did you mean " : ", ") + known;
     if (hint.empty() && word.size() > longestName)
         hint = fmt::format("the names of keywords have at most {} characters", longestName);
     else if (!hint.empty())
         hint += '?';
     teller_.Tell(
         spot, Code::UnknownKeyword, fmt::format("{} is not a keyword", Shorten(word)), std::move(hint));
+    const auto isNear = [&name](const std::string& known) { return EditDistance(name, known, 1) <= 1; };
+    const auto first = std::find_if(nearest.begin(), nearest.end(), isNear);
+    const bool isSure = std::count_if(nearest.begin(), nearest.end(), isNear) == 1;
+    return isSure ? vocabulary_.Find(*first) : nullptr;
 }
 
-void DeckReader::TellStray(const Token& token)
+void DeckReader::ReadStray(const Token& token)
 {
     const std::string behind = deck_->keywords.empty()
         ? std::string("before the first keyword")
         : fmt::format("behind the data of {}", deck_->keywords.back().syntax->GetName());
     const Token word = token.kind == Token::Kind::Keyword ? token : text_.NextData();
+    const Entry* const entry = vocabulary_.Find(word.text);
     teller_.Tell(word.spot, Code::StrayText,
         fmt::format(
             "here is {}, {}, where a keyword is expected", Shorten(deck_->files.GetText(word.spot)), behind),
-        vocabulary_.Find(word.text) ? "a keyword stands at the beginning of its line" : "");
-    text_.SkipData();
+        entry ? "a keyword stands at the beginning of its line" : "");
+    const auto lone = FindLoneWord(text_.GetLineFrom(word.spot));
+    const bool isIndented = entry && lone && !lone->hasSlash && text_.IsFirstOnLine(word.spot);
+    if (isIndented)
+        ReadAs(word, *entry);
+    else
+        text_.SkipData();
+    mayMissKeywords_ = mayMissKeywords_ || !isIndented;
 }
 
-void DeckReader::ReadKeyword(const Token& head, const Entry& entry)
+/// `isGuess`: the deck has another word, which was told; nothing is to be told of it, nor made of it.
+void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess)
 {
     if (entry.role == KeywordDeckRole::Section)
         EnterSection(head, entry);
@@ -205,10 +258,12 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry)
         ReadData(keyword, head, isTold);
     else
         CheckNoData(head);
-    keyword.isSound = !isTold && errors == countErrors();
+    keyword.isSound = !isTold && !isGuess && errors == countErrors();
     deck_->keywords.push_back(std::move(keyword));
     if (deck_->keywords.back().isSound && data_.GetUnknownVariableCount() == 0)
         Follow(deck_->keywords.back());
+    if (deck_->keywords.back().data)
+        FollowPaths(deck_->keywords.back());
     CheckPrecedents(deck_->keywords.back());
     FollowScopes(deck_->keywords.back());
     seen_.insert(deck_->keywords.back().syntax->GetName());
@@ -218,7 +273,8 @@ void DeckReader::EnterSection(const Token& head, const Entry& entry)
 {
     CloseScopes();
     dimensions_.ResetBox();
-    section_ = SectionType::FromString(vocabulary_.Get(entry, section_).GetName());
+    section_ = headedSection_ = SectionType::FromString(vocabulary_.Get(entry, section_).GetName());
+    expectedSection_ = SectionType::None;
     isSectionSure_ = true;
     std::optional<Spot>& spot = sectionSpots_[static_cast<std::size_t>(section_)];
     const bool isFirst = furthestSection_ == SectionType::None;
@@ -249,12 +305,52 @@ bool DeckReader::IsWelcome(const Token& head, const Entry& entry)
             teller_.Tell(head.spot, Code::NoSection,
                 fmt::format("{} stands before the first section", entry.spelling),
                 "a deck begins with the section RUNSPEC");
-        return false;
+        AssumeFirstSection(entry);
+        if (section_ == SectionType::None)
+            return false;
     }
     const auto objection = FindObjection(entry, GetSureSection(), options_.target);
-    if (objection)
-        teller_.Tell(head.spot, objection->code, objection->message, objection->hint);
-    return !objection;
+    if (!objection) {
+        if (expectedSection_ != SectionType::None && !IsValidIn(expectedSection_, entry))
+            expectedSection_ = SectionType::None;
+        return true;
+    }
+    if (objection->code == Code::WrongSection && AssumesSection(entry))
+        return true;
+    teller_.Tell(head.spot, objection->code, objection->message,
+        expectedSection_ == SectionType::None
+            ? objection->hint
+            : fmt::format("put it there, or the line {} before it", SectionType::ToString(expectedSection_)));
+    return false;
+}
+
+/// The line of the section is missing, and was told to be.
+void DeckReader::AssumeFirstSection(const Entry& entry)
+{
+    if (IsValidIn(SectionType::RUNSPEC, entry))
+        section_ = SectionType::RUNSPEC;
+}
+
+/// Whether the line of a section seems to be missing before the keyword, which is so where one keyword behind
+/// the other belongs to a later section. The first of them was told.
+bool DeckReader::AssumesSection(const Entry& entry)
+{
+    const bool isBack = section_ != headedSection_ && IsValidIn(headedSection_, entry);
+    if (isBack || IsValidIn(expectedSection_, entry)) {
+        section_ = isBack ? headedSection_ : expectedSection_;
+        expectedSection_ = SectionType::None;
+        return true;
+    }
+    const SectionType::Enum only = FindOnlySection(entry, options_.target);
+    const bool mayBeMissing = only != SectionType::None && only > section_
+        && (furthestSection_ == SectionType::None || only > furthestSection_);
+    expectedSection_ = mayBeMissing ? only : SectionType::None;
+    return false;
+}
+
+bool DeckReader::IsValidIn(SectionType::Enum section, const Entry& entry) const
+{
+    return section != SectionType::None && !FindObjection(entry, section, options_.target);
 }
 
 /// `isTold`: the keyword may not stand here, and more need not be said.
@@ -295,19 +391,25 @@ void DeckReader::Follow(const DeckKeyword& keyword)
         return;
     if (name == "BOX")
         dimensions_.SetBox(*keyword.data);
-    else if (name == "PATHS" && IsListOfRecords(keyword.data->GetMD(), {MDType::String, MDType::String}))
-        DataAccessUtils::AddPathAliases(keyword.data.get(), text_.GetAliases());
     else if (section_ == SectionType::RUNSPEC)
         dimensions_.Add(*keyword.data);
 }
 
+/// What is wrong with one of them was told, and needn't be told of each file that is found by the others.
+void DeckReader::FollowPaths(const DeckKeyword& keyword)
+{
+    if (keyword.syntax->GetName() == "PATHS"
+        && IsListOfRecords(keyword.data->GetMD(), {MDType::String, MDType::String}))
+        DataAccessUtils::AddPathAliases(keyword.data.get(), text_.GetAliases());
+}
+
 void DeckReader::CheckPrecedents(const DeckKeyword& keyword)
 {
-    if (!keyword.syntax->HasPrecedents() || !isSectionSure_)
+    if (!keyword.syntax->HasPrecedents() || !isSectionSure_ || mayMissKeywords_)
         return;
     std::string missing;
     for (const std::string& name : keyword.syntax->GetPrecedents(section_)) {
-        if (seen_.count(name) == 0)
+        if (seen_.insert(name).second)
             missing += (missing.empty() ? "" : ", ") + name;
     }
     if (!missing.empty())
@@ -324,7 +426,7 @@ void DeckReader::FollowScopes(const DeckKeyword& keyword)
     if (!scopes_.empty() && ends(*scopes_.back().first)) {
         scopes_.pop_back();
         dimensions_.Leave();
-    } else if (vocabulary_.EndsScopes(*keyword.syntax)) {
+    } else if (vocabulary_.EndsScopes(*keyword.syntax) && !mayMissKeywords_) {
         teller_.Tell(keyword.name, Code::StrayEnd,
             fmt::format("{} ends nothing that was opened", keyword.syntax->GetName()));
     }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstring>
 #include <optional>
+#include <utility>
 
 namespace Veld::Quor::Tools::Deck {
 
@@ -17,14 +18,6 @@ constexpr std::size_t deepestInclusion = 100;
 constexpr std::size_t mostInclusions = 100'000;
 /// After how many bytes memory is given back and progress told.
 constexpr std::size_t stride = std::size_t(16) << 20;
-
-/// A quote ends a word only where a repeat count stands before it.
-bool EndsWord(std::string_view text, std::size_t offset)
-{
-    const char c = text[offset];
-    return IsSeparator(c) || c == '/' || (c == '-' && IsCommentAt(text, offset))
-        || (IsQuote(c) && text[offset - 1] == '*');
-}
 
 std::string_view TrimBlanks(std::string_view line)
 {
@@ -117,12 +110,8 @@ Token DeckText::ScanData()
 {
     while (SkipToText()) {
         const char c = *position_;
-        if (c == '/') {
-            const Token slash = TakeToken(Token::Kind::Slash, 1);
-            NoteRemark();
-            SkipLine();
-            return slash;
-        }
+        if (c == '/')
+            return TakeSlash();
         if (IsQuote(c))
             return TakeQuoted();
         Token keyword;
@@ -130,11 +119,18 @@ Token DeckText::ScanData()
             continue;
         if (keyword.entry)
             return keyword;
-        const std::string_view rest = GetRest();
-        std::size_t length = 1;
-        while (length < rest.size() && !EndsWord(rest, length))
-            ++length;
-        return TakeToken(Token::Kind::Word, length);
+        Token word = TakeToken(Token::Kind::Word, LengthOfWord(GetRest()));
+        if (word.text == "\\") {
+            position_ -= word.spot.length;
+            TellOnce(word.spot, Code::StrayText, "here is a backslash, where a slash is expected", "write /");
+            return TakeSlash();
+        }
+        if (word.spot.length > 1 && IsQuote(word.text.back())) {
+            TellOnce(word.spot, Code::UnclosedQuote, "the quote behind the text was not opened",
+                fmt::format("put a {} before the text", word.text.back()));
+            word.text.remove_suffix(1);
+        }
+        return word;
     }
     return {Token::Kind::End, SpotOf(GetRest().substr(0, 0)), {}};
 }
@@ -167,18 +163,56 @@ Token DeckText::TakeToken(Token::Kind kind, std::size_t length)
     return {kind, SpotOf(text), text};
 }
 
-/// A quote that isn't closed on its line is told, and taken for closed at the end of the line.
+/// A quote that isn't closed on its line is told, and taken for closed behind the word, so that what follows
+/// is still read.
 Token DeckText::TakeQuoted()
 {
     const std::string_view line = GetLine();
     const std::size_t end = line.find(line[0], 1);
-    const bool isClosed = end != std::string_view::npos;
-    Token token = TakeToken(Token::Kind::Quoted, isClosed ? end + 1 : line.size());
-    token.text = line.substr(1, isClosed ? end - 1 : end);
-    if (!isClosed)
-        teller_.Tell(token.spot, Code::UnclosedQuote, "the quote is not closed on its line",
-            fmt::format("put a {} behind the text", line[0]));
+    if (end != std::string_view::npos) {
+        Token token = TakeToken(Token::Kind::Quoted, end + 1);
+        token.text = line.substr(1, end - 1);
+        return token;
+    }
+    std::size_t length = std::min(line.find_first_of(" \t", 1), line.size());
+    if (length > 2 && line[length - 1] == '/')
+        --length;
+    Token token = TakeToken(Token::Kind::Quoted, length);
+    token.text.remove_prefix(1);
+    token.isClosed = false;
+    TellOnce(token.spot, Code::UnclosedQuote, "the quote is not closed on its line",
+        fmt::format("put a {} behind the text", line[0]));
     return token;
+}
+
+/// With what stands behind it on its line.
+Token DeckText::TakeSlash()
+{
+    const Token slash = TakeToken(Token::Kind::Slash, 1);
+    NoteRemark();
+    SkipLine();
+    return slash;
+}
+
+/// Even if the word is read again.
+void DeckText::TellOnce(const Spot& spot, Code code, const char* message, std::string hint)
+{
+    if (spot.file == lastTold_.file && spot.offset <= lastTold_.offset && lastTold_.length > 0)
+        return;
+    lastTold_ = spot;
+    teller_.Tell(spot, code, message, std::move(hint));
+}
+
+bool DeckText::IsFirstOnLine(const Spot& spot) const
+{
+    const auto [line, start] = files_.LineOf(spot);
+    return IsEmpty(line.substr(0, spot.offset - start));
+}
+
+std::string_view DeckText::GetLineFrom(const Spot& spot) const
+{
+    const std::string_view rest(begin_ + spot.offset, static_cast<std::size_t>(end_ - begin_) - spot.offset);
+    return rest.substr(0, rest.find('\n'));
 }
 
 Token DeckText::NextLine(bool isDirectlyBehind)
@@ -379,6 +413,13 @@ bool DeckText::TakeStructure(const Entry& entry, std::string_view word)
     return false;
 }
 
+bool DeckText::TakeAs(const Token& head, const Entry& entry)
+{
+    Unpeek();
+    position_ = begin_ + head.spot.offset;
+    return TakeStructure(entry, head.text);
+}
+
 /// The name stands behind the keyword or on a line below it.
 void DeckText::ReadInclude(std::string_view word)
 {
@@ -424,9 +465,7 @@ void DeckText::Include(const Spot& statement, const Spot& name, const std::strin
 {
     std::string resolved;
     if (aliases_.resolvePathAliases(text, resolved)) {
-        teller_.Tell(name, Code::UnknownAlias,
-            fmt::format("the path '{}' has an alias that is not defined", text),
-            "the keyword PATHS defines aliases");
+        TellAlias(name, resolved);
         missedInclusion_ = true;
         return;
     }
@@ -447,6 +486,18 @@ void DeckText::Include(const Spot& statement, const Spot& name, const std::strin
             "a relative name starts from the folder of the deck");
         missedInclusion_ = true;
     }
+}
+
+/// Once for each alias.
+void DeckText::TellAlias(const Spot& name, const std::string& path)
+{
+    const std::string rest = path.substr(path.find('$'));
+    const std::string alias = rest.substr(0, rest.find_first_of("/\\"));
+    if (!toldAliases_.insert(alias).second)
+        return;
+    teller_.Tell(name, Code::UnknownAlias,
+        fmt::format("the path '{}' has the alias {}, which is not defined", path, alias),
+        "the keyword PATHS defines aliases");
 }
 
 bool DeckText::MayInclude(const Spot& name, const std::string& path, const SourceText::Identity& identity)

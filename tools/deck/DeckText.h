@@ -32,6 +32,7 @@ struct Token {
     Spot spot; ///< quotes included
     std::string_view text; ///< without quotes; lasts as long as the deck's files
     const Entry* entry = nullptr; ///< of a keyword
+    bool isClosed = true; ///< false: the closing quote is missing
 };
 
 /// How a comment stands to what is around it.
@@ -88,7 +89,15 @@ public:
     std::string_view GetRest() const { return {position_, static_cast<std::size_t>(end_ - position_)}; }
     void Take(std::size_t count);
 
+    /// Takes a head that was taken already for the keyword of the text itself that it should be; false if
+    /// that is none.
+    bool TakeAs(const Token& head, const Entry& entry);
+
     Spot SpotOf(std::string_view part) const;
+    /// From the spot, in the file being read, to the end of its line.
+    std::string_view GetLineFrom(const Spot& spot) const;
+    /// Whether nothing but blanks stands before the spot on its line.
+    bool IsFirstOnLine(const Spot& spot) const;
     std::size_t GetOffset() const { return static_cast<std::size_t>(position_ - begin_); }
     std::uint32_t GetFile() const { return frames_.back().file; }
     /// How often inclusions, their ends and skipped blocks have led away from the text before.
@@ -126,6 +135,8 @@ private:
     bool TakeLineStart(Token& keyword);
     Token TakeToken(Token::Kind kind, std::size_t length);
     Token TakeQuoted();
+    Token TakeSlash();
+    void TellOnce(const Spot& spot, Code code, const char* message, std::string hint);
     Token TakeLine();
     void NoteComment();
     void NoteRemark();
@@ -135,6 +146,7 @@ private:
     void ReadInclude(std::string_view keyword);
     void TellMissingName(const Spot& keyword);
     void Include(const Spot& statement, const Spot& name, const std::string& text);
+    void TellAlias(const Spot& name, const std::string& path);
     bool MayInclude(const Spot& name, const std::string& path, const SourceText::Identity& identity);
     void Enter(DeckFile file);
     void Leave();
@@ -165,9 +177,11 @@ private:
     bool isEnded_ = false;
     bool hasPeeked_ = false;
     Token peeked_;
+    Spot lastTold_; // of the words with a fault of their own
 
     std::map<SourceText::Identity, std::weak_ptr<const SourceText>> texts_;
     std::set<SourceText::Identity> identities_;
+    std::set<std::string> toldAliases_;
     std::size_t inclusions_ = 0;
     bool missedInclusion_ = false;
 };

@@ -28,6 +28,9 @@ public:
     void SetBox(const Core::Keywords::IKeywordData& data);
     void ResetBox() { box_.clear(); }
 
+    /// From now on what was not given is not known: something that might have given it could not be read.
+    void ForgetDefaults() { defaults_.clear(); }
+
     std::optional<long long> Find(const std::string& name) const;
 
 private:

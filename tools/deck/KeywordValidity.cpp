@@ -131,4 +131,10 @@ bool IsValidInAllSections(const Entry& entry)
     return ValidSections(entry, SimulatorType::Any, SimulatorModeType::Any).size() == SectionType::Count;
 }
 
+SectionType::Enum FindOnlySection(const Entry& entry, const Target& target)
+{
+    const auto sections = ValidSections(entry, target.simulator, SimulatorModeType::Any);
+    return sections.size() == 1 ? sections.front() : SectionType::None;
+}
+
 } // namespace Veld::Quor::Tools::Deck

@@ -34,4 +34,7 @@ std::optional<Objection> FindObjection(
 
 bool IsValidInAllSections(const Entry& entry);
 
+/// The section to which the keyword belongs; `SectionType::None` if there is none, or several.
+Core::Keywords::SectionType::Enum FindOnlySection(const Entry& entry, const Target& target);
+
 } // namespace Veld::Quor::Tools::Deck

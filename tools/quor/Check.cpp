@@ -202,7 +202,9 @@ Command MakeCheckCommand(CLI::App& application)
         "Reads decks and tells what is wrong: keywords, sections, included files, skipped blocks, and\n"
         "the data behind the keywords. Without a simulator or mode, a keyword is fine that is valid for "
         "any.");
-    command.add_option("DECK", options->decks, "Files, each a deck of its own")->required();
+    command.add_option("DECK", options->decks, "Files, each a deck of its own")
+        ->required()
+        ->type_name("FILE");
     AddReadOptions(command, options->check);
     AddFindingFormatOption(command, options->format);
     AddMaxFindingsOption(command, options->check.maxFindings, " for each deck");
@@ -212,7 +214,8 @@ Command MakeCheckCommand(CLI::App& application)
         "next one if it stands alone on its line; '-- quor: begin-off CODE' all up to\n"
         "'-- quor: end-off CODE'. Without a code it is for all; 'quor explain' lists the codes.\n"
         "Comments that can't be followed are told, but not in a file above 1 MiB in which nothing\n"
-        "is found.\n\n"
+        "is found.\n"
+        "Exit status: 0 there is no error and no warning, 1 there are some, 2 something can't be read.\n\n"
         "Examples:\n"
         "  quor check reservoir.data --simulator Carrow\n"
         "  quor check *.data --simulator Dunmere --mode Thermal --format json\n"

@@ -158,8 +158,8 @@ Command MakeDiffCommand(CLI::App& application)
     CLI::App& command = *application.add_subcommand("diff",
         "Compares what two decks say, and not how: section by section, in SCHEDULE date by date, keywords\n"
         "and records by their identifiers, values item by item.");
-    command.add_option("A", options->decks[0], "The first deck")->required();
-    command.add_option("B", options->decks[1], "The second deck")->required();
+    command.add_option("A", options->decks[0], "The file of the first deck")->required()->type_name("FILE");
+    command.add_option("B", options->decks[1], "The file of the second deck")->required()->type_name("FILE");
     AddReadOptions(command, options->read);
     command.add_flag("--strict", options->isStrict,
         "Tell a value that is left to its default from the same value that is given");

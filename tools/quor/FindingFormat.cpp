@@ -29,7 +29,12 @@ void AddMaxFindingsOption(CLI::App& command, std::size_t& limit, const std::stri
     command
         .add_option("--max-findings", limit,
             fmt::format("How many findings are told{}; the others are counted", scope))
-        ->check(CLI::NonNegativeNumber)
+        ->check(CLI::Validator(
+            [](const std::string& word) {
+                const bool isCount = word.find_first_not_of("0123456789") == std::string::npos;
+                return isCount ? std::string() : fmt::format("'{}' is no whole number from 0 on", word);
+            },
+            ""))
         ->type_name("N")
         ->capture_default_str()
         ->take_last();

@@ -81,18 +81,25 @@ int CheckFiles(const std::vector<Formatted>& files)
 /// False, and told, if something can't be written.
 bool WriteFiles(const std::vector<Formatted>& files)
 {
+    std::size_t written = 0;
+    const auto fail = [&](const Formatted& file, const std::string& why) {
+        PrintError(fmt::format("can't write '{}': {}", file.path, why));
+        if (written > 0)
+            PrintAside(
+                fmt::format("{} of {} had been written before it\n", written, Plural(files.size(), "file")));
+        return false;
+    };
     for (const Formatted& file : files) {
         try {
             if (const fs::path folder = fs::path(file.path).parent_path(); !folder.empty())
                 fs::create_directories(folder);
             WriteFile(file.path, file.after);
         } catch (const fs::filesystem_error& error) {
-            PrintError(fmt::format("can't write '{}': {}", file.path, error.code().message()));
-            return false;
+            return fail(file, error.code().message());
         } catch (const OutputError& error) {
-            PrintError(fmt::format("can't write '{}': {}", file.path, error.what()));
-            return false;
+            return fail(file, error.what());
         }
+        ++written;
     }
     return true;
 }
@@ -177,13 +184,16 @@ Command MakeFormatCommand(CLI::App& application)
     inPlace->excludes(folder)->excludes(check);
     folder->excludes(check);
     oneFile->excludes(inPlace)->excludes(check);
-    command.footer("Keywords with errors, raw texts, and data that go on in another file or around a skipped "
-                   "block stay as\n"
-                   "they are. Without --in-place, --output or --check the text goes to standard output.\n\n"
-                   "Examples:\n"
-                   "  quor format reservoir.data > tidy.data\n"
-                   "  quor format reservoir.data --in-place\n"
-                   "  quor format reservoir.data --one-file --output flat");
+    command.footer(
+        "Keywords with errors, raw texts, and data that go on in another file or around a skipped "
+        "block stay as\n"
+        "they are. Without --in-place, --output or --check the text goes to standard output.\n"
+        "Exit status: 0 all is well, 1 with --check if a file would change, 2 something can't be read or\n"
+        "written.\n\n"
+        "Examples:\n"
+        "  quor format reservoir.data > tidy.data\n"
+        "  quor format reservoir.data --in-place\n"
+        "  quor format reservoir.data --one-file --output flat");
     return {&command, [options](Catalogue& catalogue) { return Format(catalogue, *options); }};
 }
 

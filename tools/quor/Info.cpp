@@ -262,7 +262,7 @@ Command MakeInfoCommand(CLI::App& application)
     CLI::App& command = *application.add_subcommand("info",
         "Tells what is in a deck: files, sections, sizes, dates, wells, groups, and of each cell property\n"
         "the number, the least, the mean and the greatest of its values.");
-    command.add_option("DECK", options->deck, "The deck's file")->required();
+    command.add_option("DECK", options->deck, "The file of the deck")->required()->type_name("FILE");
     AddReadOptions(command, options->read);
     command.add_flag("--wells", options->withAllWells, "List all wells and groups, not the first 20");
     command.add_flag(

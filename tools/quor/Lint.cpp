@@ -134,7 +134,8 @@ Command MakeLintCommand(CLI::App& application)
         "else, and what to write instead. All files together count as one language. Keywords that they name "
         "and don't\n"
         "define may be those of the language that is built in.");
-    command.add_option("FILE", options->paths, "Documents, or folders whose *.xml files are documents");
+    command.add_option("FILE", options->paths, "Documents, or folders whose *.xml files are documents")
+        ->type_name("PATH");
     command.add_flag("--builtin", options->isBuiltin,
         "The documents that are built in; places are those of a text made of them");
     AddFindingFormatOption(command, options->format);

@@ -160,7 +160,7 @@ Command MakePortCommand(CLI::App& application)
     CLI::App& command = *application.add_subcommand("port",
         "Tells what a deck loses on another simulator: keywords, values and words that it doesn't take or\n"
         "act on, and values left to a default that is another one there.");
-    command.add_option("DECK", options->deck, "The deck's file")->required();
+    command.add_option("DECK", options->deck, "The file of the deck")->required()->type_name("FILE");
     AddSimulatorOption(command, port.to.simulator, "--to", "Simulator that the deck is to run on");
     command.get_option("--to")->required();
     AddModeOption(command, port.to.mode);

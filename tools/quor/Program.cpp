@@ -1,5 +1,6 @@
 #include "tools/quor/Program.h"
 
+#include "tools/deck/NearestNames.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/Terminal.h"
@@ -7,12 +8,14 @@
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <csignal>
 #include <exception>
 #include <new>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace Veld::Quor::Tools {
 
@@ -25,6 +28,30 @@ std::string NameOfHelp(const CLI::App& application)
     return asked.empty() ? "quor --help" : fmt::format("quor {} --help", asked.front()->get_name());
 }
 
+/// What the program or its command doesn't know, and what may have been meant.
+std::string UnknownText(const CLI::App& application)
+{
+    const auto asked = application.get_subcommands();
+    const CLI::App& command = asked.empty() ? application : *asked.front();
+    const std::vector<std::string> rest = application.remaining(true);
+    const std::string word = rest.empty() ? std::string() : rest.front();
+    const bool isOption = word.starts_with('-');
+    std::vector<std::string> known;
+    for (const CLI::App* const subcommand : application.get_subcommands({}))
+        known.push_back(subcommand->get_name());
+    if (isOption) {
+        known.clear();
+        for (const CLI::Option* const option : command.get_options({}))
+            known.push_back(option->get_name());
+    }
+    const std::string text = isOption ? fmt::format("there is no option '{}'", word)
+        : asked.empty()               ? fmt::format("there is no command '{}'", word)
+                                      : fmt::format("'{}' is one argument too many", word);
+    const auto nearest =
+        isOption || asked.empty() ? Deck::FindNearest(known, word) : std::vector<std::string>();
+    return nearest.empty() ? text : fmt::format("{}; did you mean {}?", text, fmt::join(nearest, ", "));
+}
+
 int TellUsageError(const CLI::App& application, const CLI::ParseError& error)
 {
     if (error.get_exit_code() == 0) { // help or version was asked for
@@ -33,7 +60,8 @@ int TellUsageError(const CLI::App& application, const CLI::ParseError& error)
         Print(text.str());
         return Success;
     }
-    PrintError(error.what());
+    const auto* const extras = dynamic_cast<const CLI::ExtrasError*>(&error);
+    PrintError(extras ? UnknownText(application) : error.what());
     PrintAside(fmt::format("'{}' tells the usage\n", NameOfHelp(application)));
     return Failure;
 }
@@ -89,6 +117,7 @@ int RunCommand(int argc, char** argv)
 int RunProgram(int argc, char** argv)
 {
     std::signal(SIGPIPE, SIG_IGN); // a reader that goes away is a failed write, told by the exit status
+    std::signal(SIGXFSZ, SIG_IGN); // so is a file that may grow no further
     int status = Failure;
     try {
         status = RunCommand(argc, argv);
