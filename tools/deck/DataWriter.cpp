@@ -238,7 +238,7 @@ void DataWriter::WriteRecord(const DataPlan& plan, const IKeywordRecordData& rec
     std::size_t missing = 0;
     for (std::size_t i = 0; i < given; ++i) {
         const DataPlan& item = plan.items[i];
-        const Cell cell = item.IsScalar() ? CellOf(item, record, i) : Cell();
+        const Cell cell = item.IsScalar() ? CellToWrite(item, record, i) : Cell();
         const bool isMissing = item.IsScalar() && item.type != MDType::Line && cell.text.empty();
         if (FindComment() || !isMissing) {
             WriteMissing(std::exchange(missing, 0));
@@ -316,6 +316,15 @@ bool DataWriter::IsGiven(const DataPlan& plan, const IKeywordData& data) const
             return true;
     }
     return false;
+}
+
+DataWriter::Cell DataWriter::CellToWrite(
+    const DataPlan& item, const IKeywordRecordData& record, std::size_t index) const
+{
+    Cell cell = CellOf(item, record, index);
+    if (cell.text.empty() && item.type != MDType::Line && !item.MayBeMissing())
+        throw std::invalid_argument(fmt::format("{} has neither a value nor a default", NameOf(item)));
+    return cell;
 }
 
 DataWriter::Cell DataWriter::CellOf(
@@ -511,7 +520,7 @@ void DataWriter::WriteTabular(const DataPlan& record, const IKeywordListData& li
         TableRow row;
         TakeRowComments(row);
         for (std::size_t item = 0; item < lead; ++item)
-            row.cells.push_back(CellOf(record.items[item], data, item));
+            row.cells.push_back(CellToWrite(record.items[item], data, item));
         position_.slots += lead;
         for (std::size_t j = 0; j < static_cast<std::size_t>(inner.GetSize()); ++j) {
             if (j > 0) {
@@ -562,7 +571,7 @@ void DataWriter::FillRow(
 {
     const std::size_t given = CountGiven(record, data, needsWord);
     for (std::size_t i = 0; i < given; ++i)
-        row.cells.push_back(CellOf(record.items[i], data, i));
+        row.cells.push_back(CellToWrite(record.items[i], data, i));
     row.isEnded = record.termination == Termination::SLASH;
     position_.slots += record.slots;
     position_.ends += row.isEnded ? 1U : 0U;
