@@ -325,15 +325,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto deck = ReadDeck(GetFolder().GetDeck(), options, vocabulary);
     CheckAnswers(*deck, input.conditions);
     CheckWritten(*deck, options, vocabulary);
-    {
-        static int n = 0, ok = 0, kw = 0;
-        ++n;
-        if (deck->findings.GetCount(Severity::Error) == 0) {
-            ++ok;
-            kw += (int)deck->keywords.size();
-        }
-        if (n % 2000 == 0)
-            std::cerr << "COUNT " << n << " ok " << ok << " kw " << kw << std::endl;
-    }
     return 0;
 }
