@@ -1,5 +1,5 @@
 // Bytes become a deck and a file that it may include. Whatever they say, reading them, telling what was found
-// and writing them goes well; and a deck without errors says the same when it is read as it was written.
+// and writing them goes well, and what was written says the same when it is read.
 
 #include "quor/foundation/service/Log.h"
 #include "tests/fuzz/DeckMutator.h"
@@ -16,7 +16,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -270,7 +269,7 @@ DeckMutator& GetMutator()
 std::size_t Store(const std::string& text, std::uint8_t* data, std::size_t most)
 {
     const std::size_t size = std::min(text.size(), most);
-    std::memcpy(data, text.data(), size);
+    std::copy_n(text.begin(), size, data);
     return size;
 }
 
