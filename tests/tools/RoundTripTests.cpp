@@ -81,7 +81,15 @@ INSTANTIATE_TEST_SUITE_P(Found, OddDecks,
         OddDeck{"VariableAndSlashInQuotes", "<list><real/></list>", "RUNSPEC\nKEY\n '$NONE/' /\n"},
         OddDeck{"VariableAndSlashInQuotesOfAMap",
             "<map termination='SLASH'><assignment name='A'><integer/></assignment></map>",
-            "RUNSPEC\nKEY\n A= '$NONE/' /\n"}),
+            "RUNSPEC\nKEY\n A= '$NONE/' /\n"},
+        OddDeck{"SlashWithinAListOfUnknownSize",
+            "<list size='2'><list termination='SLASH'><record termination='NONE'><item "
+            "name='A'><real/></item>"
+            "<item name='B'><list size='N'><real/></list></item><item "
+            "name='C'><real/></item></record></list></list>",
+            "RUNSPEC\nKEY\n 1 2 3 / remark\n 4 /\n"},
+        OddDeck{"RemarkBehindASlashThatNeedNotBe", "<list size='2'><real/></list>",
+            "RUNSPEC\nKEY\n 1 2 / remark\nKEY\n 3 4 /\n"}),
     CaseName<OddDeck>);
 
 class RandomRoundTrip : public RoundTrip, public testing::WithParamInterface<int> { };

@@ -57,7 +57,7 @@ void DataReader::Read(const DataPlan& plan, const Token& keyword, IKeywordData& 
         text_.PeekData(); // the line is the next one
     const bool endsByItself = plan.type != MDType::Raw && plan.termination == Termination::NONE;
     if (ReadRoot(plan, data, places) == Ended::Complete && endsByItself && Peek() == Got::Slash)
-        Next(); // a slash behind data that end by themselves does no harm
+        text_.NextData(); // a slash behind data that end by themselves does no harm; it isn't part of them
     if (repeats_ > 0)
         teller_.Tell(value_.spot, Code::TooManyValues,
             fmt::format("{}: the repeat goes on beyond the end of the data by {}", keyword_.text, repeats_));

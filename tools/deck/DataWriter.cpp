@@ -71,7 +71,7 @@ void DataWriter::WriteRecord(const DataPlan& plan, const IKeywordRecordData& rec
     std::size_t missing = 0;
     for (std::size_t i = 0; i < given; ++i) {
         const DataPlan& item = plan.items[i];
-        const Cell cell = item.IsScalar() ? CellOf(item, record, i) : Cell();
+        const Cell cell = item.IsScalar() ? CellToWrite(item, record, i) : Cell();
         const bool isMissing = item.IsScalar() && item.type != MDType::Line && cell.text.empty();
         if (FindComment() || !isMissing) {
             WriteMissing(std::exchange(missing, 0));
@@ -149,6 +149,15 @@ bool DataWriter::IsGiven(const DataPlan& plan, const IKeywordData& data) const
             return true;
     }
     return false;
+}
+
+DataWriter::Cell DataWriter::CellToWrite(
+    const DataPlan& item, const IKeywordRecordData& record, std::size_t index) const
+{
+    Cell cell = CellOf(item, record, index);
+    if (cell.text.empty() && item.type != MDType::Line && !item.MayBeMissing())
+        throw std::invalid_argument(fmt::format("{} has neither a value nor a default", NameOf(item)));
+    return cell;
 }
 
 /// An item that is not given has no text.

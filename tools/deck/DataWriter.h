@@ -35,7 +35,7 @@ public:
 
     /// The lines, without the end of the last one. `mayShareLine`: the data may begin on the keyword's line,
     /// if their metadata want that. Throws `std::invalid_argument` for data that no deck can hold: a text
-    /// with both kinds of quotes or several lines.
+    /// with both kinds of quotes or several lines, no value where there is no default.
     std::string Write(std::string_view name, const Core::Keywords::IKeywordData& data, bool mayShareLine);
 
 private:
@@ -61,6 +61,8 @@ private:
     void WriteMap(const DataPlan& plan, const Core::Keywords::IKeywordMapData& map);
     void WriteEnd(const DataPlan& plan, bool isOnNewLine);
 
+    Cell CellToWrite(
+        const DataPlan& item, const Core::Keywords::IKeywordRecordData& record, std::size_t index) const;
     Cell CellOf(
         const DataPlan& item, const Core::Keywords::IKeywordRecordData& record, std::size_t index) const;
     Cell ElementOf(

@@ -175,7 +175,7 @@ void DataWriter::WriteTabular(const DataPlan& record, const IKeywordListData& li
         TableRow row;
         TakeRowComments(row);
         for (std::size_t item = 0; item < lead; ++item)
-            row.cells.push_back(CellOf(record.items[item], data, item));
+            row.cells.push_back(CellToWrite(record.items[item], data, item));
         position_.slots += lead;
         for (std::size_t j = 0; j < static_cast<std::size_t>(inner.GetSize()); ++j) {
             if (j > 0) {
@@ -226,7 +226,7 @@ void DataWriter::FillRow(
 {
     const std::size_t given = CountGiven(record, data, needsWord);
     for (std::size_t i = 0; i < given; ++i)
-        row.cells.push_back(CellOf(record.items[i], data, i));
+        row.cells.push_back(CellToWrite(record.items[i], data, i));
     row.isEnded = record.termination == Termination::SLASH;
     position_.slots += record.slots;
     position_.ends += row.isEnded ? 1U : 0U;
