@@ -113,6 +113,9 @@ public:
     void SetCommentSink(CommentSink sink) { commentSink_ = std::move(sink); }
 
 private:
+    /// After how many bytes memory is given back and progress told.
+    static constexpr std::size_t stride = std::size_t(16) << 20;
+
     /// A block between a skip keyword and its end.
     struct SkipBlock {
         Spot opened;
