@@ -3,7 +3,7 @@
 #include "tests/data/DataText.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
-#include "tools/deck/ValueEdit.h"
+#include "tools/deck/write/ValueEdit.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
-#include "tools/deck/DeckWriter.h"
+#include "tools/deck/write/DeckWriter.h"
 
 #include <gtest/gtest.h>
 

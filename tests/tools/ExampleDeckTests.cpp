@@ -3,7 +3,7 @@
 #include "tests/tools/SameDecks.h"
 #include "tools/deck/Codes.h"
 #include "tools/deck/DeckCheck.h"
-#include "tools/deck/DeckWriter.h"
+#include "tools/deck/write/DeckWriter.h"
 
 #include <gtest/gtest.h>
 

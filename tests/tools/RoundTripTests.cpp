@@ -3,7 +3,7 @@
 #include "tests/tools/RandomLanguage.h"
 #include "tests/tools/SameDecks.h"
 #include "tools/deck/Deck.h"
-#include "tools/deck/DeckWriter.h"
+#include "tools/deck/write/DeckWriter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tools/deck/DeckDifference.h"
+#include "tools/deck/ask/DeckDifference.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/Conditions.h"

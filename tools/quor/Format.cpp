@@ -1,4 +1,4 @@
-#include "tools/deck/DeckWriter.h"
+#include "tools/deck/write/DeckWriter.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/DeckReading.h"

@@ -1,5 +1,5 @@
-#include "tools/deck/DeckSummary.h"
-#include "tools/deck/ReportSteps.h"
+#include "tools/deck/ask/DeckSummary.h"
+#include "tools/deck/ask/ReportSteps.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/Conditions.h"

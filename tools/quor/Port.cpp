@@ -1,4 +1,4 @@
-#include "tools/deck/Portability.h"
+#include "tools/deck/ask/Portability.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/Conditions.h"

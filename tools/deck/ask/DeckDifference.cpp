@@ -1,8 +1,8 @@
-#include "tools/deck/DeckDifference.h"
+#include "tools/deck/ask/DeckDifference.h"
 
-#include "tools/deck/DeckUnits.h"
-#include "tools/deck/ReportSteps.h"
-#include "tools/deck/SpotPlaces.h"
+#include "tools/deck/ask/DeckUnits.h"
+#include "tools/deck/ask/ReportSteps.h"
+#include "tools/deck/ask/SpotPlaces.h"
 
 #include <fmt/format.h>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "tools/deck/DataLines.h"
 #include "tools/deck/DataNotes.h"
 #include "tools/deck/DataPlan.h"
 #include "tools/deck/DeckFile.h"
+#include "tools/deck/write/DataLines.h"
 
 #include <cstddef>
 #include <cstdint>

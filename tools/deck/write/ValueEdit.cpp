@@ -1,4 +1,4 @@
-#include "tools/deck/ValueEdit.h"
+#include "tools/deck/write/ValueEdit.h"
 
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/IKeywordRecordMD.h"

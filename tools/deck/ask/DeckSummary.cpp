@@ -1,4 +1,4 @@
-#include "tools/deck/DeckSummary.h"
+#include "tools/deck/ask/DeckSummary.h"
 
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
@@ -11,7 +11,7 @@
 #include "quor/variables/KeywordVariableUtils.h"
 #include "tools/deck/DataShape.h"
 #include "tools/deck/DataValue.h"
-#include "tools/deck/ReportSteps.h"
+#include "tools/deck/ask/ReportSteps.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "tools/deck/DataLines.h"
+#include "tools/deck/write/DataLines.h"
 
 #include "tools/deck/LineText.h"
 

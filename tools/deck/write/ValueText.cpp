@@ -1,4 +1,4 @@
-#include "tools/deck/ValueText.h"
+#include "tools/deck/write/ValueText.h"
 
 #include "quor/metadata/IKeywordNumericMD.h"
 #include "tools/deck/LineText.h"

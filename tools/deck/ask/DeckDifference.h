@@ -1,8 +1,8 @@
 #pragma once
 
 #include "quor/foundation/SectionType.h"
-#include "tools/deck/DataComparison.h"
 #include "tools/deck/Deck.h"
+#include "tools/deck/ask/DataComparison.h"
 
 #include <array>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "tools/deck/DataComparison.h"
+#include "tools/deck/ask/DataComparison.h"
 
 #include "quor/data/KeywordDataEqual.h"
 #include "quor/metadata/IKeywordAssignmentMD.h"

@@ -1,4 +1,4 @@
-#include "tools/deck/ReportSteps.h"
+#include "tools/deck/ask/ReportSteps.h"
 
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/KeywordDataFactory.h"

@@ -1,4 +1,4 @@
-#include "tools/deck/Portability.h"
+#include "tools/deck/ask/Portability.h"
 
 #include "quor/metadata/IKeywordAssignmentMD.h"
 #include "quor/metadata/IKeywordChoiceMD.h"
@@ -10,8 +10,8 @@
 #include "quor/syntax/KeywordSyntaxUtils.h"
 #include "tools/deck/DataValue.h"
 #include "tools/deck/LineText.h"
-#include "tools/deck/SpotPlaces.h"
 #include "tools/deck/VisitData.h"
+#include "tools/deck/ask/SpotPlaces.h"
 
 #include <fmt/format.h>
 

@@ -3,7 +3,7 @@
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/service/Time.h"
 #include "tools/deck/Deck.h"
-#include "tools/deck/WellSummary.h"
+#include "tools/deck/ask/WellSummary.h"
 
 #include <cstddef>
 #include <optional>

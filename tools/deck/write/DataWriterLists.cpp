@@ -1,12 +1,12 @@
-#include "tools/deck/DataWriter.h"
+#include "tools/deck/write/DataWriter.h"
 
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/metadata/ICustomReadTermination.h"
 #include "quor/metadata/IKeywordListMD.h"
 #include "tools/deck/DataValue.h"
-#include "tools/deck/PlanShape.h"
-#include "tools/deck/ValueText.h"
+#include "tools/deck/write/PlanShape.h"
+#include "tools/deck/write/ValueText.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "tools/deck/DeckUnits.h"
+#include "tools/deck/ask/DeckUnits.h"
 
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
@@ -8,8 +8,8 @@
 #include "tools/deck/DataShape.h"
 #include "tools/deck/DataValue.h"
 #include "tools/deck/LineText.h"
-#include "tools/deck/ReportSteps.h"
-#include "tools/deck/SpotPlaces.h"
+#include "tools/deck/ask/ReportSteps.h"
+#include "tools/deck/ask/SpotPlaces.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "tools/deck/SpotPlaces.h"
+#include "tools/deck/ask/SpotPlaces.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,11 +1,11 @@
-#include "tools/deck/DataWriter.h"
+#include "tools/deck/write/DataWriter.h"
 
 #include "quor/metadata/IKeywordAssignmentMD.h"
 #include "quor/metadata/IKeywordListMD.h"
 #include "tools/deck/DataValue.h"
-#include "tools/deck/PlanShape.h"
-#include "tools/deck/ValueText.h"
 #include "tools/deck/VisitData.h"
+#include "tools/deck/write/PlanShape.h"
+#include "tools/deck/write/ValueText.h"
 
 #include <fmt/format.h>
 

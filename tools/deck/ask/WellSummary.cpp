@@ -1,4 +1,4 @@
-#include "tools/deck/WellSummary.h"
+#include "tools/deck/ask/WellSummary.h"
 
 #include "quor/data/IKeywordListData.h"
 #include "quor/metadata/KeywordUtils.h"

@@ -1,4 +1,4 @@
-#include "tools/deck/PlanShape.h"
+#include "tools/deck/write/PlanShape.h"
 
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/metadata/IKeywordListMD.h"

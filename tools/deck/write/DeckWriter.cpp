@@ -1,6 +1,6 @@
-#include "tools/deck/DeckWriter.h"
+#include "tools/deck/write/DeckWriter.h"
 
-#include "tools/deck/DataWriter.h"
+#include "tools/deck/write/DataWriter.h"
 
 #include <algorithm>
 #include <stdexcept>
