@@ -155,10 +155,11 @@ TEST_F(DeckWriting, PutsIncludedFilesInTheirPlaces)
 {
     folder_.Write("a.inc", "VALUES\n 1 1 1 /\nINCLUDE\n 'b.inc' /\nENDINC\nleft out\n");
     folder_.Write("b.inc", "ROWS\n P1 1");
-    const auto deck = Read("FLAG\nINCLUDE\n 'a.inc' /\n 2 /\n/\nFLAG\n");
+    const auto deck = Read("FLAG\nINCLUDE -- values\n 'a.inc' / and rows\n 2 /\n/\nFLAG\n");
     DeckWriter writer(*deck, {});
-    EXPECT_EQ(writer.WriteAll(), "FLAG\nVALUES\n  3*1 /\nROWS\n P1 1\n 2 /\n/\nFLAG\n");
-    EXPECT_EQ(writer.WriteFile(0), "FLAG\nINCLUDE\n 'a.inc' /\n 2 /\n/\nFLAG\n");
+    EXPECT_EQ(
+        writer.WriteAll(), "FLAG\n-- values\n-- and rows\nVALUES\n  3*1 /\nROWS\n P1 1\n 2 /\n/\nFLAG\n");
+    EXPECT_EQ(writer.WriteFile(0), "FLAG\nINCLUDE -- values\n 'a.inc' / and rows\n 2 /\n/\nFLAG\n");
     EXPECT_EQ(writer.WriteFile(1), "VALUES\n  3*1 /\nINCLUDE\n 'b.inc' /\nENDINC\nleft out\n");
 }
 

@@ -1,5 +1,7 @@
 #include "tools/deck/write/DeckWriter.h"
 
+#include "tools/deck/LineText.h"
+#include "tools/deck/SourceText.h"
 #include "tools/deck/write/DataWriter.h"
 
 #include <algorithm>
@@ -21,6 +23,33 @@ bool HasWindowsLineEnds(std::string_view text)
 {
     const std::size_t end = text.find('\n');
     return end != std::string_view::npos && end > 0 && text[end - 1] == '\r';
+}
+
+/// The comment of a line of an inclusion, be it behind hyphens or behind the slash; empty if there is none.
+std::string_view FindComment(std::string_view line)
+{
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (IsQuote(line[i]))
+            i = std::min(line.find(line[i], i + 1), line.size());
+        else if (IsCommentAt(line, i))
+            return line.substr(i);
+        else if (line[i] == '/' && (i == 0 || IsSeparator(line[i - 1]) || IsQuote(line[i - 1])))
+            return line.substr(std::min(line.find_first_not_of(" \t", i + 1), line.size()));
+    }
+    return {};
+}
+
+/// What an inclusion has in comments, on lines of their own.
+std::string CommentsOf(std::string_view inclusion)
+{
+    std::string comments;
+    LineReader lines(inclusion);
+    for (Line line; lines.Next(line);) {
+        const std::string_view comment = FindComment(line.text);
+        if (!comment.empty())
+            comments.append(IsComment(comment) ? "" : "-- ").append(comment).append("\n");
+    }
+    return comments;
 }
 
 std::string ToWindowsLineEnds(const std::string& text)
@@ -92,6 +121,7 @@ std::string DeckWriter::Write(std::uint32_t file, std::size_t end, bool takesInc
                 text += '\n'; // an empty line is one if it is ended
             continue;
         }
+        text += CommentsOf(deck_.files.GetText(part.spot));
         text += Write(part.inclusion, deck_.files.Get(part.inclusion).end, true);
         if (text.ends_with('\n') && position < source.size())
             position = std::min(source.find('\n', position), source.size() - 1) + 1; // one line end will do
