@@ -1,7 +1,11 @@
 #include "tools/deck/DataVariables.h"
 
-#include "quor/data/IKeywordData.h"
-#include "quor/metadata/IKeywordDataMD.h"
+#include "quor/metadata/IKeywordRecordMD.h"
+#include "quor/variables/KeywordVariableUtils.h"
+#include "tools/deck/DataValue.h"
+#include "tools/deck/VisitData.h"
+
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <map>
@@ -61,6 +65,44 @@ public:
     std::map<std::string, VariablesString> texts;
 };
 
+/// Puts all texts behind one another.
+class Lister : public IVariableProcessor {
+public:
+    void Process(const IKeywordData& data, const IKeywordDataVariables& variables) override
+    {
+        VisitData(data,
+            Overloaded{[&](const IKeywordListData&) {
+                           AddIndexed(static_cast<const IKeywordListDataVariables&>(variables),
+                               [](int index) { return fmt::format("[{}]", index + 1); });
+                       },
+                [&](const IKeywordRecordData& record) {
+                    const auto& md = static_cast<const IKeywordRecordMD&>(*record.GetMD());
+                    AddIndexed(static_cast<const IKeywordRecordDataVariables&>(variables),
+                        [&md](int index) { return ItemName(*md.GetItemMD(index)); });
+                },
+                [&](const IKeywordMapData&) {
+                    const auto& ofMap = static_cast<const IKeywordMapDataVariables&>(variables);
+                    for (const std::string& key : ofMap.GetKeys())
+                        Add(key, ofMap.GetVariablesString(key));
+                },
+                [](const IKeywordRawData&) {}});
+    }
+
+    std::string text;
+
+private:
+    template <class Variables, class NameOf>
+    void AddIndexed(const Variables& variables, const NameOf& nameOf)
+    {
+        for (const int index : variables.GetIndices())
+            Add(nameOf(index), variables.GetVariablesString(index));
+    }
+    void Add(const std::string& name, const VariablesString& value)
+    {
+        text += fmt::format("{}{} {}", text.empty() ? "" : ", ", name, value.GetString());
+    }
+};
+
 } // namespace
 
 struct DataVariables::Node {
@@ -114,6 +156,13 @@ const std::string* DataVariables::Find(const IKeywordData& node, int index) cons
     if (const auto range = found.ofRecord.FindRange(index); range != found.ofRecord.ranges.end())
         return &range->text.GetString();
     return nullptr;
+}
+
+std::string DataVariables::ListBelow(const IKeywordData& node) const
+{
+    Lister lister;
+    KeywordVariableUtils::ProcessVariables(node, *this, lister);
+    return lister.text;
 }
 
 const std::string* DataVariables::Find(const IKeywordData& map, const std::string& key) const

@@ -32,6 +32,9 @@ public:
         const Core::Keywords::IKeywordData& node) const override;
     /// Of one element or item; null if there is no variable in it.
     const std::string* Find(const Core::Keywords::IKeywordData& node, int index) const;
+    /// All texts with variables at the node and below it, each with the item, element or key that it stands
+    /// at; empty if there is none.
+    std::string ListBelow(const Core::Keywords::IKeywordData& node) const;
     /// Of one key; null if there is no variable in its value.
     const std::string* Find(const Core::Keywords::IKeywordData& map, const std::string& key) const;
 

@@ -48,6 +48,13 @@ Change ChangeOf(Kind kind, const Unit& unit)
     return {kind, unit.name, unit.identity};
 }
 
+/// Values that are variables are no part of the data.
+std::string VariablesOf(const Unit& unit)
+{
+    const DataNotes* const notes = unit.keyword->notes.get();
+    return notes && notes->variables && unit.data ? notes->variables->ListBelow(*unit.data) : std::string();
+}
+
 class Comparer {
 public:
     Comparer(const Deck& a, const Deck& b, const ComparisonOptions& options)
@@ -114,7 +121,8 @@ void Comparer::CompareSteps(const Step& step, const StepUnits* before, const Ste
 void Comparer::CompareBucket(const Bucket& bucket)
 {
     const Pairs pairs = PairUp(bucket.before.size(), bucket.after.size(), [&](std::size_t i, std::size_t j) {
-        return comparison_.AreEqual(bucket.before[i]->data, bucket.after[j]->data);
+        return comparison_.AreEqual(bucket.before[i]->data, bucket.after[j]->data)
+            && VariablesOf(*bucket.before[i]) == VariablesOf(*bucket.after[j]);
     });
     for (const auto& [i, j] : pairs) {
         if (i == unpaired)
@@ -135,6 +143,13 @@ void Comparer::CompareUnits(const Unit& before, const Unit& after)
         change.item = std::move(item);
         Tell(change, &before.spot, &after.spot);
     }
+    const std::string oldVariables = VariablesOf(before);
+    const std::string newVariables = VariablesOf(after);
+    if (oldVariables == newVariables)
+        return;
+    change.item = {"variables", oldVariables.empty() ? "none" : oldVariables,
+        newVariables.empty() ? "none" : newVariables};
+    Tell(change, &before.spot, &after.spot);
 }
 
 /// A null spot: the deck has no such thing.
