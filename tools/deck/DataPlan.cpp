@@ -102,6 +102,11 @@ const DataPlan& DataPlans::Get(const IKeywordDataMD& root)
     return *plan;
 }
 
+const IKeywordListMD& ListMD(const DataPlan& list)
+{
+    return static_cast<const IKeywordListMD&>(*list.md);
+}
+
 std::string NameOf(const DataPlan& item)
 {
     const std::string& name = item.md->GetName();

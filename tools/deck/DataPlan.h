@@ -11,6 +11,10 @@
 #include <unordered_map>
 #include <vector>
 
+namespace Veld::Quor::Core::Keywords {
+class IKeywordListMD;
+}
+
 namespace Veld::Quor::Tools::Deck {
 
 /// What a reader needs to know of one node of metadata for one target, so that it needn't ask for each value.
@@ -63,6 +67,7 @@ private:
     std::unordered_map<const Core::Keywords::IKeywordDataMD*, std::unique_ptr<DataPlan>> plans_;
 };
 
+const Core::Keywords::IKeywordListMD& ListMD(const DataPlan& list);
 /// The item as messages name it: by its name, or by its number.
 std::string NameOf(const DataPlan& item);
 

@@ -12,11 +12,6 @@ using namespace Core::Keywords;
 using MDType = DataPlan::MDType;
 using Termination = DataPlan::Termination;
 
-const IKeywordListMD& ListMD(const DataPlan& plan)
-{
-    return static_cast<const IKeywordListMD&>(*plan.md);
-}
-
 bool IsOneLine(const DataPlan& plan)
 {
     return plan.termination == Termination::EOL

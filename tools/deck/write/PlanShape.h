@@ -4,7 +4,6 @@
 
 namespace Veld::Quor::Core::Keywords {
 class IKeywordData;
-class IKeywordListMD;
 class IKeywordRecordData;
 } // namespace Veld::Quor::Core::Keywords
 
@@ -12,7 +11,6 @@ namespace Veld::Quor::Tools::Deck {
 
 // What a writer asks about the form of data.
 
-const Core::Keywords::IKeywordListMD& ListMD(const DataPlan& list);
 bool IsNumber(const DataPlan& item);
 /// Whether it ends with its line, and isn't a line itself.
 bool IsOneLine(const DataPlan& plan);
