@@ -75,9 +75,10 @@ benchmark: setup-test build-benchmark ## Measure, each hot path beside its peer
 
 FUZZ_SECONDS ?= 60
 fuzz: setup-test build-fuzz ## Run each fuzz target for FUZZ_SECONDS (60)
+	@tests/fuzz/dictionary.sh build/fuzz/bin/quor >build/fuzz/deck.dict
 	@for t in build/fuzz/bin/fuzz-*; do \
 	    name=$$(basename $$t); corpus=build/fuzz/corpus/$$name; mkdir -p $$corpus; \
-	    case $$name in fuzz-deck) more="-entropic=0 examples/decks";; *) more=;; esac; \
+	    case $$name in fuzz-deck) more="-entropic=0 -dict=build/fuzz/deck.dict examples/decks";; *) more=;; esac; \
 	    $$t -max_total_time=$(FUZZ_SECONDS) $$corpus $$more || exit 1; done
 
 schema: setup-test ## Make the XML form of the documents' schema from its source

@@ -2,7 +2,6 @@
 // and writing them goes well, and what was written says the same when it is read.
 
 #include "quor/foundation/service/Log.h"
-#include "tests/fuzz/DeckMutator.h"
 #include "tests/tools/SameDecks.h"
 #include "tools/deck/ask/DeckDifference.h"
 #include "tools/deck/ask/DeckSummary.h"
@@ -28,14 +27,11 @@
 
 using namespace Veld::Quor::Core::Keywords;
 using namespace Veld::Quor::Tools::Deck;
-using Veld::Quor::Tests::DeckMutator;
 using Veld::Quor::Tests::SayTheSame;
 using Veld::Quor::Tools::CountsText;
 using Veld::Quor::Tools::FindingsText;
 using Veld::Quor::Tools::GccText;
 using Veld::Quor::Tools::GitHubText;
-
-extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
 
 namespace {
 
@@ -259,20 +255,6 @@ void CheckAnswers(const Deck& deck, const Conditions& conditions)
     FindLosses(deck, {conditions.target, {SimulatorType::Dunmere, SimulatorModeType::Any}, true});
 }
 
-DeckMutator& GetMutator()
-{
-    static Vocabulary vocabulary(KeywordSyntaxTable::Instance());
-    static DeckMutator mutator(vocabulary);
-    return mutator;
-}
-
-std::size_t Store(const std::string& text, std::uint8_t* data, std::size_t most)
-{
-    const std::size_t size = std::min(text.size(), most);
-    std::copy_n(text.begin(), size, data);
-    return size;
-}
-
 std::string_view ToText(const std::uint8_t* data, std::size_t size)
 {
     return {reinterpret_cast<const char*>(data), size};
@@ -286,28 +268,9 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
         [](const char*, Veld::Quor::Core::Service::MessageSeverity) {});
     ::unsetenv("QUOR_KEYWORD_SYNTAX_FILE");
     ::unsetenv("QUOR_KEYWORD_TRUSTED_SYNTAX_DIR");
-    GetMutator();
+    GetVocabulary();
     GetFolder();
     return 0;
-}
-
-extern "C" std::size_t LLVMFuzzerCustomMutator(
-    std::uint8_t* data, std::size_t size, std::size_t maxSize, unsigned seed)
-{
-    if (seed % 3 == 0)
-        return LLVMFuzzerMutate(data, size, maxSize);
-    std::string text = GetMutator().Mutate(ToText(data, size), seed / 3);
-    if (seed % 16 == 1) {
-        const bool isChosen = !text.empty() && static_cast<std::uint8_t>(text[0]) < std::size(allConditions);
-        text.replace(0, isChosen ? 1 : 0, 1, static_cast<char>(seed / 16 % std::size(allConditions)));
-    }
-    return Store(text, data, maxSize);
-}
-
-extern "C" std::size_t LLVMFuzzerCustomCrossOver(const std::uint8_t* data1, std::size_t size1,
-    const std::uint8_t* data2, std::size_t size2, std::uint8_t* out, std::size_t maxOutSize, unsigned seed)
-{
-    return Store(GetMutator().Cross(ToText(data1, size1), ToText(data2, size2), seed), out, maxOutSize);
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
