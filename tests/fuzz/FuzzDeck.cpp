@@ -2,6 +2,7 @@
 // and writing them goes well, and what was written says the same when it is read.
 
 #include "quor/foundation/service/Log.h"
+#include "tests/support/Documents.h"
 #include "tests/tools/SameDecks.h"
 #include "tools/deck/ask/DeckDifference.h"
 #include "tools/deck/ask/DeckSummary.h"
@@ -16,18 +17,16 @@
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
-#include <unistd.h>
-
 using namespace Veld::Quor::Core::Keywords;
 using namespace Veld::Quor::Tools::Deck;
 using Veld::Quor::Tests::SayTheSame;
+using Veld::Quor::Tests::TemporaryDirectory;
 using Veld::Quor::Tools::CountsText;
 using Veld::Quor::Tools::FindingsText;
 using Veld::Quor::Tools::GccText;
@@ -74,52 +73,33 @@ void Require(bool holds, const std::string& claim)
 /// The deck, and what it may include.
 using Texts = std::array<std::string, 2>;
 
-/// A folder in memory with one place for each of the two.
-class Folder {
-public:
-    Folder()
-        : path_(MakeFolder())
-        , places_{path_ / "deck.data", path_ / "a.inc"}
-    {
-    }
-    ~Folder() { std::filesystem::remove_all(path_); }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
+const std::array<std::string, 2> names = {"deck.data", "a.inc"};
 
-    void Store(const Texts& texts) const
-    {
-        for (std::size_t i = 0; i < texts.size(); ++i)
-            Require((std::ofstream(places_[i], std::ios::binary) << texts[i]).good(), "files can be written");
-    }
-    std::string GetDeck() const { return places_[0].string(); }
-    /// Which of the two a file is; none: some other.
-    std::optional<std::size_t> Find(const std::string& name) const
-    {
-        for (std::size_t i = 0; i < places_.size(); ++i) {
-            if (std::filesystem::equivalent(name, places_[i]))
-                return i;
-        }
-        return std::nullopt;
-    }
-
-private:
-    static std::filesystem::path MakeFolder()
-    {
-        const std::filesystem::path memory = "/dev/shm";
-        const auto parent = std::filesystem::exists(memory) ? memory : std::filesystem::temp_directory_path();
-        std::string name = parent / "quor-fuzz-XXXXXX";
-        Require(::mkdtemp(name.data()) != nullptr, "a folder can be made");
-        return name;
-    }
-
-    std::filesystem::path path_;
-    std::array<std::filesystem::path, 2> places_;
-};
-
-const Folder& GetFolder()
+const TemporaryDirectory& GetFolder()
 {
-    static const Folder folder;
+    static const TemporaryDirectory folder;
     return folder;
+}
+
+std::string GetDeck()
+{
+    return GetFolder().Path() / names[0];
+}
+
+void Store(const Texts& texts)
+{
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        GetFolder().Write(names[i], texts[i]);
+}
+
+/// Which of the two a file is; none: some other.
+std::optional<std::size_t> FindPlace(const std::string& file)
+{
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (std::filesystem::equivalent(file, GetFolder().Path() / names[i]))
+            return i;
+    }
+    return std::nullopt;
 }
 
 // Input
@@ -189,7 +169,7 @@ Texts WriteFiles(const Deck& deck, const Target& target)
     std::array<bool, 2> isWritten = {};
     for (std::uint32_t i = 0; i < deck.files.GetSize(); ++i) {
         std::string text = writer.WriteFile(i);
-        const auto place = GetFolder().Find(deck.files.Get(i).name);
+        const auto place = FindPlace(deck.files.Get(i).name);
         if (!place)
             continue;
         if (isWritten[*place] && texts[*place] != text)
@@ -226,8 +206,8 @@ void CheckWritten(const Deck& deck, const ReadOptions& options, Vocabulary& voca
     const std::string all = DeckWriter(deck, options.target).WriteAll();
     if (deck.findings.GetHiddenCount(Hiding::Silenced) > 0)
         return; // by comments, which are for a line, or for the rest of a file
-    GetFolder().Store(written);
-    auto again = ReadDeck(GetFolder().GetDeck(), options, vocabulary);
+    Store(written);
+    auto again = ReadDeck(GetDeck(), options, vocabulary);
     RequireSame(deck, *again, "the written deck");
     Require(Compare(deck, *again, {options.target.simulator, true}).groups.empty(), "diff finds nothing");
     Require(WriteFiles(*again, options.target) == written, "the second time gives the same text");
@@ -236,8 +216,8 @@ void CheckWritten(const Deck& deck, const ReadOptions& options, Vocabulary& voca
     if (deck.files.GetSize() == 1 || IsBroken(deck))
         return;
     again.reset();
-    GetFolder().Store({all, ""});
-    again = ReadDeck(GetFolder().GetDeck(), options, vocabulary);
+    Store({all, ""});
+    again = ReadDeck(GetDeck(), options, vocabulary);
     RequireSame(deck, *again, "the deck in one file");
 }
 
@@ -268,6 +248,8 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
         [](const char*, Veld::Quor::Core::Service::MessageSeverity) {});
     ::unsetenv("QUOR_KEYWORD_SYNTAX_FILE");
     ::unsetenv("QUOR_KEYWORD_TRUSTED_SYNTAX_DIR");
+    if (std::filesystem::is_directory("/dev/shm")) // files in memory are faster
+        ::setenv("TMPDIR", "/dev/shm", 0);
     GetVocabulary();
     GetFolder();
     return 0;
@@ -283,8 +265,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     options.target = input.conditions.target;
     options.keepsPlaces = input.conditions.keepsPlaces;
     options.variables = {{"$ONE", "1"}};
-    GetFolder().Store(input.texts);
-    const auto deck = ReadDeck(GetFolder().GetDeck(), options, vocabulary);
+    Store(input.texts);
+    const auto deck = ReadDeck(GetDeck(), options, vocabulary);
     CheckAnswers(*deck, input.conditions);
     CheckWritten(*deck, options, vocabulary);
     return 0;

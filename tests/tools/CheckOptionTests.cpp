@@ -8,12 +8,10 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
-#include <thread>
 
 using namespace Veld::Quor::Tests;
 using nlohmann::json;
@@ -171,16 +169,5 @@ INSTANTIATE_TEST_SUITE_P(Progress, Bars,
         Bar{"MoreThanKnown", 9, 3, 1, 28, "[============]  100%  0 MB/s"},
         Bar{"Narrow", 1, 2, 1, 16, " 50%  0 MB/s"}, Bar{"NoRoom", 1, 2, 1, 5, ""}),
     CaseName<Bar>);
-
-TEST(Progress, IsNotDrawnIntoAFile)
-{
-    testing::internal::CaptureStderr();
-    {
-        Veld::Quor::Tools::ProgressBar bar;
-        std::this_thread::sleep_for(std::chrono::milliseconds(600)); // a terminal would have it by now
-        bar.Show(1, 2);
-    }
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-}
 
 } // namespace
