@@ -4,8 +4,8 @@
 
 #include "benchmarks/deck/DeckGenerator.h"
 #include "quor/Keywords.h"
-#include "tools/deck/Deck.h"
-#include "tools/deck/SourceText.h"
+#include "quor/deck/internal/read/Deck.h"
+#include "quor/deck/internal/text/SourceText.h"
 
 #include <benchmark/benchmark.h>
 #include <fast_float/fast_float.h>
@@ -23,7 +23,7 @@
 #include <unistd.h>
 
 using namespace Veld::Quor;
-using namespace Veld::Quor::Tools::Deck;
+using namespace Veld::Quor::Core::Decks;
 
 namespace {
 
@@ -175,13 +175,13 @@ BENCHMARK(ReadCells)
     ->Arg(100'000'000)
     ->Iterations(3)
     ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
+    ->ComparisonUnit(benchmark::kMillisecond);
 BENCHMARK(ReadRecords)
     ->Arg(10'000)
     ->Arg(100'000)
     ->Arg(1'000'000)
     ->Iterations(3)
     ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
+    ->ComparisonUnit(benchmark::kMillisecond);
 
 } // namespace

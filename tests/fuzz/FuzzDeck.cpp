@@ -1,13 +1,13 @@
 // Bytes become a deck and a file that it may include. Whatever they say, reading them, telling what was found
 // and writing them goes well, and what was written says the same when it is read.
 
+#include "quor/deck/internal/compare/DeckDifference.h"
+#include "quor/deck/internal/compare/DeckSummary.h"
+#include "quor/deck/internal/compare/Portability.h"
+#include "quor/deck/internal/write/DeckWriter.h"
 #include "quor/foundation/service/Log.h"
 #include "tests/support/Documents.h"
 #include "tests/tools/SameDecks.h"
-#include "tools/deck/ask/DeckDifference.h"
-#include "tools/deck/ask/DeckSummary.h"
-#include "tools/deck/ask/Portability.h"
-#include "tools/deck/write/DeckWriter.h"
 #include "tools/quor/FindingLines.h"
 #include "tools/quor/FindingText.h"
 
@@ -24,7 +24,7 @@
 #include <string_view>
 
 using namespace Veld::Quor::Core::Keywords;
-using namespace Veld::Quor::Tools::Deck;
+using namespace Veld::Quor::Core::Decks;
 using Veld::Quor::Tests::SayTheSame;
 using Veld::Quor::Tests::TemporaryDirectory;
 using Veld::Quor::Tools::CountsText;
@@ -44,7 +44,7 @@ constexpr std::size_t mostIncluded = std::size_t(256) << 10;
 
 struct Conditions {
     Target target;
-    bool keepsPlaces;
+    bool keepsValueRanges;
 };
 
 /// By the first byte, unless that is text already.
@@ -169,13 +169,13 @@ Texts WriteFiles(const Deck& deck, const Target& target)
     std::array<bool, 2> isWritten = {};
     for (std::uint32_t i = 0; i < deck.files.GetSize(); ++i) {
         std::string text = writer.WriteFile(i);
-        const auto place = FindPlace(deck.files.Get(i).name);
-        if (!place)
+        const auto location = FindPlace(deck.files.Get(i).name);
+        if (!location)
             continue;
-        if (isWritten[*place] && texts[*place] != text)
+        if (isWritten[*location] && texts[*location] != text)
             text = deck.files.GetText(i);
-        texts[*place] = std::move(text);
-        isWritten[*place] = true;
+        texts[*location] = std::move(text);
+        isWritten[*location] = true;
     }
     return texts;
 }
@@ -231,7 +231,7 @@ void CheckAnswers(const Deck& deck, const Conditions& conditions)
     for (const bool isStrict : {false, true})
         Require(Compare(deck, deck, {conditions.target.simulator, isStrict}).groups.empty(),
             "a deck doesn't differ from itself");
-    FindLosses(deck, {{}, conditions.target, conditions.keepsPlaces});
+    FindLosses(deck, {{}, conditions.target, conditions.keepsValueRanges});
     FindLosses(deck, {conditions.target, {SimulatorType::Dunmere, SimulatorModeType::Any}, true});
 }
 
@@ -263,7 +263,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Vocabulary& vocabulary = GetVocabulary();
     ReadOptions options;
     options.target = input.conditions.target;
-    options.keepsPlaces = input.conditions.keepsPlaces;
+    options.keepsValueRanges = input.conditions.keepsValueRanges;
     options.variables = {{"$ONE", "1"}};
     Store(input.texts);
     const auto deck = ReadDeck(GetDeck(), options, vocabulary);

@@ -12,7 +12,8 @@
 
 using namespace Veld::Quor::Tests;
 using namespace Veld::Quor::Tools;
-using Deck::Severity;
+namespace Decks = Veld::Quor::Core::Decks;
+using Decks::Severity;
 using Lint::Code;
 
 namespace {
@@ -43,7 +44,7 @@ std::string Described(
     return "<" + tag + " " + attributes + ">\n<description>d</description>" + content + "</" + tag + ">";
 }
 
-std::string Scalar(const std::string& tag, const std::string& content)
+std::string ScalarValue(const std::string& tag, const std::string& content)
 {
     return Item(Described(tag, content));
 }
@@ -51,7 +52,7 @@ std::string Scalar(const std::string& tag, const std::string& content)
 std::string Choice(
     const std::string& defaultText, const std::string& values = "<value string='OIL'/><value string='GAS'/>")
 {
-    return Scalar("choice", defaultText + "<values>" + values + "</values>");
+    return ScalarValue("choice", defaultText + "<values>" + values + "</values>");
 }
 
 std::string Simulators(const std::string& attributes)
@@ -99,7 +100,7 @@ const std::vector<Row>& Rows()
         {Code::NoKeyword, "<!-- none -->", K("")},
         {Code::NestedKeyword, K("^" + Keyword("name='L'", "")), K("") + Keyword("name='L'", "")},
         {Code::UnknownElement, Data("<record><item name='I'>" + real + "</item>^<itm/></record>"),
-            Scalar("real", "")},
+            ScalarValue("real", "")},
         {Code::IgnoredElement, K("^<documentatoin>D</documentatoin>"), K("<documentation>D</documentation>")},
         {Code::IgnoredAttribute, Item(real, "^optoinal='true'"), Item(real, "optional='true'")},
         {Code::PassedOver,
@@ -108,13 +109,14 @@ const std::vector<Row>& Rows()
                   "name='Carrow'/>\n</validity>"),
             Item(real + "<validity>\n<simulator name='Carrow'/>\n<option value='Thermal'/>\n</validity>")},
         {Code::StrayText, K("^<isHidden>false</isHidden>"), K("<isHidden> </isHidden>")},
-        {Code::RepeatedElement, Scalar("real", "<max val='1'/>^<max val='2'/>"),
-            Scalar("real", "<min val='1'/><max val='2'/>")},
+        {Code::RepeatedElement, ScalarValue("real", "<max val='1'/>^<max val='2'/>"),
+            ScalarValue("real", "<min val='1'/><max val='2'/>")},
         {Code::SecondType, Item(real + "^<string/>"), Item(real)},
         {Code::MissingType, Data("<record>^<item name='I'><description>d</description></item></record>"),
             Item(real)},
-        {Code::EmptyElement, Data("^<record><description>d</description></record>"), Scalar("real", "")},
-        {Code::MissingAttribute, Scalar("real", "^<quantity/>"), Scalar("real", "<quantity name='length'/>")},
+        {Code::EmptyElement, Data("^<record><description>d</description></record>"), ScalarValue("real", "")},
+        {Code::MissingAttribute, ScalarValue("real", "^<quantity/>"),
+            ScalarValue("real", "<quantity name='length'/>")},
         {Code::ListedTwice, K("<validSections><section name='GRID'/><section name='^GRID'/></validSections>"),
             K("<validSections><section name='GRID'/><section name='EDIT'/></validSections>")},
         {Code::FlagText, Item(real, "optional='^yes'"), Item(real, "optional='false'")},
@@ -123,8 +125,10 @@ const std::vector<Row>& Rows()
             K("<validOptions><option value='BlackOil'/></validOptions>")},
         {Code::UnknownSection, K(Section("^Grid")), K(Section("GRID"))},
         {Code::UnknownOverride,
-            Scalar("real", "<default type='calculated'><override name='^X' type='calculated'/></default>"),
-            Scalar("real", "<default type='calculated'><override name='Wend' type='calculated'/></default>")},
+            ScalarValue(
+                "real", "<default type='calculated'><override name='^X' type='calculated'/></default>"),
+            ScalarValue(
+                "real", "<default type='calculated'><override name='Wend' type='calculated'/></default>")},
         {Code::UnknownTermination, Data("<list termination='^slash'>" + real + "</list>"), Data(list)},
         {Code::UnknownConstraint, Item(real, "columnConstraint='^Increasing'"),
             Item(real, "columnConstraint='increasing'")},
@@ -141,21 +145,21 @@ const std::vector<Row>& Rows()
             K(Simulators("name='Wend'"))},
         {Code::EntryWithoutEffect, K(Simulators("name='Sedge' ^classicOnly='true'")),
             K(Simulators("name='Wend' classicOnly='true'"))},
-        {Code::DefaultType, Scalar("line", "<default type='^no default'/>"),
-            Scalar("line", "<default type='calculated'/>")},
+        {Code::DefaultType, ScalarValue("line", "<default type='^no default'/>"),
+            ScalarValue("line", "<default type='calculated'/>")},
         {Code::ChoiceDefaultType, Choice("<default type='^none'/>"), Choice("<default type='no default'/>")},
-        {Code::DefaultValue, Scalar("real", "<default type='calculated' ^val='1'/>"),
-            Scalar("real", "<default type='calculated'/>")},
-        {Code::IgnoredValue, Scalar("real", "<default type='no default' ^val='1'/>"),
-            Scalar("real", "<default type='no default'/>")},
-        {Code::NumberText, Scalar("integer", "\n<max val='^12abc'/>"),
-            Scalar("integer", "\n<max val='+12'/>")},
-        {Code::CrossedLimits, Scalar("real", "<min val='2'/><max val='^1e0'/>"),
-            Scalar("real", "<min val='2'/><max val='2'/>")},
-        {Code::DefaultOutside, Scalar("real", "<max val='1'/><default type='specified' val='^1.5'/>"),
-            Scalar("real", "<max val='1'/><default type='specified' val='1'/>")},
-        {Code::BooleanText, Scalar("boolean", "<default type='specified' val='^no'/>"),
-            Scalar("boolean", "<default type='specified' val='NO'/>")},
+        {Code::DefaultValue, ScalarValue("real", "<default type='calculated' ^val='1'/>"),
+            ScalarValue("real", "<default type='calculated'/>")},
+        {Code::IgnoredValue, ScalarValue("real", "<default type='no default' ^val='1'/>"),
+            ScalarValue("real", "<default type='no default'/>")},
+        {Code::NumberText, ScalarValue("integer", "\n<max val='^12abc'/>"),
+            ScalarValue("integer", "\n<max val='+12'/>")},
+        {Code::CrossedLimits, ScalarValue("real", "<min val='2'/><max val='^1e0'/>"),
+            ScalarValue("real", "<min val='2'/><max val='2'/>")},
+        {Code::DefaultOutside, ScalarValue("real", "<max val='1'/><default type='specified' val='^1.5'/>"),
+            ScalarValue("real", "<max val='1'/><default type='specified' val='1'/>")},
+        {Code::BooleanText, ScalarValue("boolean", "<default type='specified' val='^no'/>"),
+            ScalarValue("boolean", "<default type='specified' val='NO'/>")},
         {Code::DefaultNoChoice, Choice("<default type='specified' val='^OILS'/>"),
             Choice("<default type='specified' val='oil'/>")},
         {Code::DefaultNotInFull, Choice("<default type='specified' val='^GA'/>"),
@@ -210,28 +214,29 @@ const std::vector<Row>& Rows()
             Item(real, "columnConstraint='increasing'")},
         {Code::CellWithoutList, K("^<cell/><data><record><item name='I'>" + real + "</item></record></data>"),
             K("<cell/><data>" + list + "</data>")},
-        {Code::BlankFormat, Scalar("real", "^<format> </format>"), Scalar("real", "<format>%g</format>")},
+        {Code::BlankFormat, ScalarValue("real", "^<format> </format>"),
+            ScalarValue("real", "<format>%g</format>")},
         {Code::UnseenIdentifier, Item(list, "^identifier='true'"), Item(real, "identifier='true'")},
     };
     return rows;
 }
 
 /// "code line:column" of each finding.
-std::string Told(const std::string& text)
+std::string Reported(const std::string& text)
 {
     std::vector<Lint::Document> documents;
     documents.push_back(Lint::Document::ReadText(text, "x.xml"));
     const Lint::LintReport report = LintDocuments(documents, 100);
     std::string told;
-    for (const Deck::Finding& finding : report.findings.GetKept())
-        told += finding.code + " " + std::to_string(finding.place.line) + ":"
-            + std::to_string(finding.place.column) + "\n";
+    for (const Decks::Finding& finding : report.findings.GetKept())
+        told += finding.code + " " + std::to_string(finding.location.line) + ":"
+            + std::to_string(finding.location.column) + "\n";
     return told;
 }
 
 struct Marked {
     std::string text;
-    std::string place;
+    std::string location;
 };
 
 Marked TakeMark(std::string body)
@@ -248,11 +253,12 @@ Marked TakeMark(std::string body)
 
 class Slip : public testing::TestWithParam<Row> { };
 
-TEST_P(Slip, IsToldAtItsPlaceAndNothingElseIs)
+TEST_P(Slip, IsReportedAtItsPlaceAndNothingElseIs)
 {
     const Marked marked = TakeMark(GetParam().slip);
-    EXPECT_EQ(Told(marked.text), std::string(InfoOf(GetParam().code).name) + " " + marked.place + "\n");
-    EXPECT_EQ(Told(Document(GetParam().clean)), "");
+    EXPECT_EQ(
+        Reported(marked.text), std::string(InfoOf(GetParam().code).name) + " " + marked.location + "\n");
+    EXPECT_EQ(Reported(Document(GetParam().clean)), "");
 }
 
 TEST_P(Slip, IsAnErrorExactlyIfTheLoadFails)

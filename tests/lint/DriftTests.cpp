@@ -11,8 +11,8 @@
 #include <vector>
 
 using namespace Veld::Quor::Tools::Lint;
+using Veld::Quor::Core::Decks::Finding;
 using Veld::Quor::Tests::LoadFailureOf;
-using Veld::Quor::Tools::Deck::Finding;
 
 namespace {
 
@@ -69,7 +69,7 @@ void Note(const Element& element, Form form, std::set<std::string>& seen)
 TEST(FullDocument, IsCleanAndLoads)
 {
     for (const Finding& finding : Lint(Document::ReadText(Write(*FullDocument().GetRoot()), "full.xml")))
-        ADD_FAILURE() << finding.place.line << ": " << finding.message;
+        ADD_FAILURE() << finding.location.line << ": " << finding.message;
     std::string content;
     for (const Element& keyword : FullDocument().GetRoot()->children)
         content += Write(keyword) + "\n";

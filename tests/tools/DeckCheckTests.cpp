@@ -1,9 +1,9 @@
-#include "tools/deck/DeckCheck.h"
+#include "quor/deck/internal/check/DeckCheck.h"
 
+#include "quor/deck/internal/text/SourceText.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
 #include "tests/tools/Language.h"
-#include "tools/deck/SourceText.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@
 
 using namespace Veld::Quor::Core::Keywords;
 using namespace Veld::Quor::Tests;
-using namespace Veld::Quor::Tools::Deck;
+using namespace Veld::Quor::Core::Decks;
 
 namespace {
 
@@ -52,9 +52,9 @@ std::string Dump(const DeckReport& report)
 {
     std::string text;
     for (const Finding& finding : report.findings.GetKept()) {
-        const std::string file = std::filesystem::path(finding.place.file).filename();
+        const std::string file = std::filesystem::path(finding.location.file).filename();
         text += (text.empty() ? "" : " ") + (file == "main.data" ? "" : file + ":") + finding.code + ":"
-            + std::to_string(finding.place.line) + ":" + std::to_string(finding.place.column);
+            + std::to_string(finding.location.line) + ":" + std::to_string(finding.location.column);
     }
     return text;
 }
@@ -215,7 +215,7 @@ INSTANTIATE_TEST_SUITE_P(SkippedBlocks, Decks,
             "a.inc:unclosed-skip:1:1 stray-endskip:3:1", {{"a.inc", "SKIP\n"}}}),
     CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Silences, Decks,
+INSTANTIATE_TEST_SUITE_P(Suppressions, Decks,
     testing::Values(
         Row{"OnItsLine", "RUNSPEC\nWATR -- quor: off unknown-keyword\nOLI\n", "unknown-keyword:3:1"},
         Row{"OnTheNextLine", "RUNSPEC\n  --quor: off\n\n-- c\nWATR\nOLI\n", "unknown-keyword:6:1"},
@@ -281,7 +281,7 @@ struct Sentence {
 
 class Sentences : public testing::TestWithParam<Sentence> { };
 
-TEST_P(Sentences, AreTold)
+TEST_P(Sentences, AreReported)
 {
     const DeckReport report = DeckOnDisk(GetParam().deck).Check({GetParam().target, 200});
     ASSERT_EQ(report.findings.GetKept().size(), 1U);
@@ -308,7 +308,7 @@ TEST(DeckFinding, ShowsThePartOfALongLineAroundThePlace)
     const DeckReport report = DeckOnDisk("RUNSPEC\nINCLUDE" + std::string(1000, ' ') + "'x.inc' /\n").Check();
     ASSERT_EQ(report.findings.GetKept().size(), 1U);
     const Finding& finding = report.findings.GetKept().front();
-    EXPECT_EQ(finding.place.column, 1008U);
+    EXPECT_EQ(finding.location.column, 1008U);
     EXPECT_EQ(finding.excerptColumn, 1008U);
     EXPECT_EQ(finding.excerpt, "'x.inc' /");
 }

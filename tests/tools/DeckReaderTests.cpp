@@ -1,9 +1,9 @@
-#include "tools/deck/Deck.h"
+#include "quor/deck/internal/read/Deck.h"
 
+#include "quor/deck/internal/write/ValueEdit.h"
 #include "tests/data/DataText.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
-#include "tools/deck/write/ValueEdit.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 
 using namespace Veld::Quor::Core::Keywords;
 using namespace Veld::Quor::Tests;
-using namespace Veld::Quor::Tools;
+namespace Decks = Veld::Quor::Core::Decks;
 
 namespace {
 
@@ -98,12 +98,12 @@ struct Reading {
     SimulatorType::Enum simulator = SimulatorType::Any;
 };
 
-std::string Dump(const Deck::Findings& findings)
+std::string Dump(const Decks::Findings& findings)
 {
     std::string text;
-    for (const Deck::Finding& finding : findings.GetKept())
-        text += (text.empty() ? "" : " ") + finding.code + ":" + std::to_string(finding.place.line) + ":"
-            + std::to_string(finding.place.column);
+    for (const Decks::Finding& finding : findings.GetKept())
+        text += (text.empty() ? "" : " ") + finding.code + ":" + std::to_string(finding.location.line) + ":"
+            + std::to_string(finding.location.column);
     return text;
 }
 
@@ -113,7 +113,7 @@ protected:
     static void SetUpTestSuite()
     {
         table_ = std::make_unique<LoadedTable>(dataLanguage);
-        vocabulary_ = std::make_unique<Deck::Vocabulary>(*table_->operator->());
+        vocabulary_ = std::make_unique<Decks::Vocabulary>(*table_->operator->());
     }
     static void TearDownTestSuite()
     {
@@ -121,16 +121,16 @@ protected:
         table_.reset();
     }
 
-    static std::unique_ptr<Deck::Deck> Read(const std::string& text, SimulatorType::Enum simulator)
+    static std::unique_ptr<Decks::Deck> Read(const std::string& text, SimulatorType::Enum simulator)
     {
         const TemporaryDirectory folder;
-        Deck::ReadOptions options;
+        Decks::ReadOptions options;
         options.target.simulator = simulator;
-        return Deck::ReadDeck(folder.Write("d.data", "RUNSPEC\n" + text), options, *vocabulary_);
+        return Decks::ReadDeck(folder.Write("d.data", "RUNSPEC\n" + text), options, *vocabulary_);
     }
 
     static inline std::unique_ptr<LoadedTable> table_;
-    static inline std::unique_ptr<Deck::Vocabulary> vocabulary_;
+    static inline std::unique_ptr<Decks::Vocabulary> vocabulary_;
 };
 
 class Readings : public Language, public testing::WithParamInterface<Reading> { };
@@ -263,12 +263,12 @@ INSTANTIATE_TEST_SUITE_P(Order, Readings,
 TEST_F(Readings, KeepWhereThingsStand)
 {
     const auto deck = Read("FLAG\n-- wells\nROWS  -- two\n 1 /\n  2 / last\n/ end\n", SimulatorType::Any);
-    const Deck::DeckKeyword& rows = deck->keywords.back();
+    const Decks::DeckKeyword& rows = deck->keywords.back();
     EXPECT_EQ(deck->files.GetText(rows.name), "ROWS");
     EXPECT_EQ(deck->files.GetText(rows.whole), "ROWS  -- two\n 1 /\n  2 / last\n/");
     ASSERT_EQ(rows.records.size(), 2U);
-    EXPECT_EQ(deck->files.PlaceOf({0, rows.records[1].offset, 0}).line, 6U);
-    EXPECT_EQ(deck->files.PlaceOf({0, rows.records[1].offset, 0}).column, 3U);
+    EXPECT_EQ(deck->files.LocationOf({0, rows.records[1].offset, 0}).line, 6U);
+    EXPECT_EQ(deck->files.LocationOf({0, rows.records[1].offset, 0}).column, 3U);
 }
 
 struct EditRow {
@@ -286,20 +286,20 @@ TEST_P(Edits, TouchNothingElse)
     const EditRow& row = GetParam();
     const auto read = [](const std::string& text) {
         const TemporaryDirectory folder;
-        Deck::ReadOptions options;
-        options.keepsPlaces = true;
-        return Deck::ReadDeck(folder.Write("d.data", text), options, *vocabulary_);
+        Decks::ReadOptions options;
+        options.keepsValueRanges = true;
+        return Decks::ReadDeck(folder.Write("d.data", text), options, *vocabulary_);
     };
     const std::string before = "RUNSPEC\n";
     const auto deck = read(before + row.keyword);
-    const auto edit = Deck::EditValue(deck->keywords.back(), deck->files, row.slot, row.word);
-    EXPECT_EQ(edit ? Deck::Apply(*edit, deck->files) : "", *row.changed ? before + row.changed : "");
+    const auto edit = Decks::EditValue(deck->keywords.back(), deck->files, row.slot, row.word);
+    EXPECT_EQ(edit ? Decks::Apply(*edit, deck->files) : "", *row.changed ? before + row.changed : "");
     if (!edit)
         return;
-    const auto again = read(Deck::Apply(*edit, deck->files));
+    const auto again = read(Decks::Apply(*edit, deck->files));
     EXPECT_EQ(Dump(again->findings), Dump(deck->findings));
-    const Deck::Spot& spot = again->keywords.back().notes->values[row.slot];
-    EXPECT_EQ(again->files.GetText(spot), row.word);
+    const Decks::TextRange& range = again->keywords.back().notes->values[row.slot];
+    EXPECT_EQ(again->files.GetText(range), row.word);
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, Edits,

@@ -1,6 +1,6 @@
+#include "quor/deck/internal/write/DeckWriter.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
-#include "tools/deck/write/DeckWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <string>
 
 using namespace Veld::Quor::Tests;
-using namespace Veld::Quor::Tools::Deck;
+using namespace Veld::Quor::Core::Decks;
 
 namespace {
 

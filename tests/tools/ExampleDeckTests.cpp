@@ -1,9 +1,9 @@
+#include "quor/deck/internal/check/DeckCheck.h"
+#include "quor/deck/internal/check/FindingCodes.h"
+#include "quor/deck/internal/write/DeckWriter.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
 #include "tests/tools/SameDecks.h"
-#include "tools/deck/Codes.h"
-#include "tools/deck/DeckCheck.h"
-#include "tools/deck/write/DeckWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@
 
 using namespace Veld::Quor::Core::Keywords;
 using namespace Veld::Quor::Tests;
-using namespace Veld::Quor::Tools::Deck;
+using namespace Veld::Quor::Core::Decks;
 
 namespace {
 
@@ -39,9 +39,9 @@ std::string FindingsOf(const std::filesystem::path& deck, const Target& target)
     const DeckReport report = CheckDeck(deck.string(), {target}, GetVocabulary());
     std::string text;
     for (const Finding& finding : report.findings.GetKept()) {
-        const auto file = std::filesystem::path(finding.place.file).lexically_relative(deck.parent_path());
+        const auto file = std::filesystem::path(finding.location.file).lexically_relative(deck.parent_path());
         text += (text.empty() ? "" : ", ") + (file == deck.filename() ? "" : file.string() + ":")
-            + std::to_string(finding.place.line) + ":" + std::to_string(finding.place.column) + " "
+            + std::to_string(finding.location.line) + ":" + std::to_string(finding.location.column) + " "
             + finding.code;
     }
     return text;
@@ -140,7 +140,7 @@ TEST(CleanDecks, AreAllOfTheFolder)
 /// A deck that is named after the code of its only finding.
 struct FaultyRow {
     const char* code;
-    const char* place;
+    const char* location;
     Target target = {};
 };
 
@@ -206,7 +206,7 @@ protected:
 
 TEST_P(FaultyDecks, HaveOneFinding)
 {
-    EXPECT_EQ(FindingsOf(path_, GetParam().target), std::string(GetParam().place) + " " + GetParam().code);
+    EXPECT_EQ(FindingsOf(path_, GetParam().target), std::string(GetParam().location) + " " + GetParam().code);
 }
 
 TEST_P(FaultyDecks, SurviveWriting)
@@ -215,7 +215,7 @@ TEST_P(FaultyDecks, SurviveWriting)
         ExpectToSurviveWriting(path_, GetParam().target);
 }
 
-TEST_P(FaultyDecks, TellHowToCheckThem)
+TEST_P(FaultyDecks, ReportHowToCheckThem)
 {
     std::string line;
     std::getline(std::ifstream(path_), line);

@@ -1,4 +1,4 @@
-#include "tools/deck/NearestNames.h"
+#include "quor/deck/internal/text/NearestNames.h"
 
 #include "tests/support/Cases.h"
 #include "tests/tools/Language.h"
@@ -9,7 +9,7 @@
 
 using namespace Veld::Quor::Core::Keywords;
 using namespace Veld::Quor::Tests;
-using namespace Veld::Quor::Tools::Deck;
+using namespace Veld::Quor::Core::Decks;
 
 namespace {
 

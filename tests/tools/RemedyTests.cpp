@@ -1,7 +1,7 @@
-#include "tools/deck/Remedies.h"
+#include "quor/deck/internal/check/Remedies.h"
 
+#include "quor/deck/internal/check/DeckCheck.h"
 #include "tests/support/Documents.h"
-#include "tools/deck/DeckCheck.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 
 using namespace Veld::Quor::Core::Keywords;
 using namespace Veld::Quor::Tests;
-using namespace Veld::Quor::Tools::Deck;
+using namespace Veld::Quor::Core::Decks;
 
 namespace {
 

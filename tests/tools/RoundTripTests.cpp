@@ -1,9 +1,9 @@
+#include "quor/deck/internal/read/Deck.h"
+#include "quor/deck/internal/write/DeckWriter.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
 #include "tests/tools/RandomLanguage.h"
 #include "tests/tools/SameDecks.h"
-#include "tools/deck/Deck.h"
-#include "tools/deck/write/DeckWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@
 
 using namespace Veld::Quor::Core::Keywords;
 using namespace Veld::Quor::Tests;
-using namespace Veld::Quor::Tools::Deck;
+using namespace Veld::Quor::Core::Decks;
 
 namespace {
 
@@ -38,7 +38,7 @@ std::string FirstFinding(const Deck& deck)
     if (deck.findings.GetKept().empty())
         return {};
     const Finding& finding = deck.findings.GetKept().front();
-    return std::to_string(finding.place.line) + ": " + finding.message;
+    return std::to_string(finding.location.line) + ": " + finding.message;
 }
 
 /// The comments that a text has, or has twice.
@@ -47,8 +47,8 @@ std::string CommentsLostIn(const std::string& text, int comments)
     std::string lost;
     for (int i = 1; i <= comments; ++i) {
         const std::string comment = " c" + std::to_string(i) + ".";
-        const std::size_t place = text.find(comment);
-        if (place == std::string::npos || text.find(comment, place + 1) != std::string::npos)
+        const std::size_t location = text.find(comment);
+        if (location == std::string::npos || text.find(comment, location + 1) != std::string::npos)
             lost += comment;
     }
     return lost;

@@ -4,9 +4,9 @@
 
 namespace Veld::Quor::Tests {
 
+using Core::Decks::Deck;
+using Core::Decks::DeckKeyword;
 using Core::Keywords::KeywordDataEqual;
-using Tools::Deck::Deck;
-using Tools::Deck::DeckKeyword;
 
 testing::AssertionResult SayTheSame(const Deck& a, const Deck& b)
 {

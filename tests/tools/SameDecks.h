@@ -1,12 +1,12 @@
 #pragma once
 
-#include "tools/deck/Deck.h"
+#include "quor/deck/internal/read/Deck.h"
 
 #include <gtest/gtest.h>
 
 namespace Veld::Quor::Tests {
 
 /// Whether the decks have the same keywords with equal data; else says where they differ first.
-testing::AssertionResult SayTheSame(const Tools::Deck::Deck& a, const Tools::Deck::Deck& b);
+testing::AssertionResult SayTheSame(const Core::Decks::Deck& a, const Core::Decks::Deck& b);
 
 } // namespace Veld::Quor::Tests

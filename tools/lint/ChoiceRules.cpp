@@ -48,7 +48,7 @@ void CheckWord(
     std::set<std::string>& words, const std::string& word, const Span& span, const Reporter& reporter)
 {
     if (!words.insert(word).second)
-        reporter.Tell(Code::UnreachableWord, span,
+        reporter.Report(Code::UnreachableWord, span,
             fmt::format("{} can't be reached: an earlier choice or alias is the same", Quoted(word)),
             "remove it");
 }
@@ -71,7 +71,7 @@ void CheckChoice(const Element& choice, const Reporter& reporter)
 void CheckValue(const Element& value, const Context& context, const Reporter& reporter)
 {
     if (!value.Find("string"))
-        reporter.Tell(Code::MissingAttribute, value.span,
+        reporter.Report(Code::MissingAttribute, value.span,
             "<value> has no string, and counts as a blank choice", "write string=\"...\"");
     CheckItemValidity(value, context, reporter.In("choice", value.Get("string")));
 }
@@ -96,12 +96,12 @@ void CheckDefaultChoice(const ChoiceWords& words, const Attribute& value, const 
     if (words.texts.contains(text))
         return;
     if (isBeginning(words.texts) || isBeginning(words.aliases))
-        reporter.Tell(Code::DefaultNotInFull, value.valueSpan,
+        reporter.Report(Code::DefaultNotInFull, value.valueSpan,
             fmt::format("the default {} is {} a choice", Quoted(value.value),
                 words.aliases.contains(text) ? "an alias of" : "the beginning of"),
             "write the choice in full");
     else
-        reporter.Tell(Code::DefaultNoChoice, value.valueSpan,
+        reporter.Report(Code::DefaultNoChoice, value.valueSpan,
             fmt::format(
                 "the default {} is none of the choices, and resolves to nothing", Quoted(value.value)),
             reporter.IsFull() ? "" : HintOfNearest(text, {words.texts.begin(), words.texts.end()}));

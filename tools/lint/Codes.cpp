@@ -5,10 +5,11 @@
 
 namespace Veld::Quor::Tools::Lint {
 
+namespace Decks = Core::Decks;
 const std::vector<CodeInfo>& Codes()
 {
-    constexpr auto error = Deck::Severity::Error;
-    constexpr auto warning = Deck::Severity::Warning;
+    constexpr auto error = Decks::Severity::Error;
+    constexpr auto warning = Decks::Severity::Warning;
     static const std::vector<CodeInfo> rows = {
         {Code::NotWellFormed, "not-well-formed", error, "The XML is malformed, or refused as unsafe."},
         {Code::NoKeyword, "no-keyword", warning, "The document has no keyword."},

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/deck/Finding.h"
+#include "quor/deck/internal/check/Finding.h"
 
 #include <vector>
 
@@ -73,7 +73,7 @@ enum class Code {
 struct CodeInfo {
     Code code;
     const char* name; ///< stable, for programs to go by
-    Deck::Severity severity; ///< an error if the load fails
+    Core::Decks::Severity severity; ///< an error if the load fails
     const char* meaning; ///< one sentence
 };
 

@@ -26,17 +26,17 @@ void CheckSizes(const Element& list, const Reporter& reporter)
     for (const char* const name : {"size", "minSize", "maxSize"}) {
         const Attribute* const given = list.Find(name);
         if (given && IsBlank(given->value))
-            reporter.Tell(
+            reporter.Report(
                 Code::MissingAttribute, given->nameSpan, fmt::format("the {} is empty", name), "remove it");
         if (given && size && given != size)
-            reporter.Tell(Code::SizeConflict, given->nameSpan,
+            reporter.Report(Code::SizeConflict, given->nameSpan,
                 fmt::format("{} says nothing new, since the size is given", name),
                 fmt::format("remove {}", name));
     }
     const auto least = ReadSize(list.Get("minSize"));
     const auto most = ReadSize(list.Get("maxSize"));
     if (least && most && *least > *most)
-        reporter.Tell(Code::CrossedLimits, list.Find("maxSize")->valueSpan,
+        reporter.Report(Code::CrossedLimits, list.Find("maxSize")->valueSpan,
             fmt::format("the greatest size {} is below the least, {}", *most, *least));
 }
 
@@ -48,16 +48,16 @@ void CheckListEnd(const Element& list, const Context& context, const Reporter& r
         return;
     const bool isCustomized = termination->value == "CUSTOMIZED";
     if (words && !isCustomized)
-        reporter.Tell(Code::TerminationOverridden, termination->valueSpan,
+        reporter.Report(Code::TerminationOverridden, termination->valueSpan,
             fmt::format("the termination is CUSTOMIZED because of <customReadTermination>, and not {}",
                 termination->value),
             "write CUSTOMIZED, or remove one of them");
     if (!words && isCustomized)
-        reporter.Tell(Code::NoTerminationWords, termination->valueSpan,
+        reporter.Report(Code::NoTerminationWords, termination->valueSpan,
             "no words are given that end the list, so that its end is left to its reader",
             "add a <customReadTermination>");
     if (!words && termination->value == "NONE" && !list.Find("size") && !context.isEnded)
-        reporter.Tell(Code::SizeConflict, termination->valueSpan, "the list has neither a size nor an end",
+        reporter.Report(Code::SizeConflict, termination->valueSpan, "the list has neither a size nor an end",
             "give its size, or a termination");
 }
 
@@ -71,7 +71,7 @@ void CheckAssignmentValidity(const Element& assignment, const Context& context, 
     if ((runs & context.runs).any() || context.runs.none())
         return;
     const Element* const validity = FindLast(assignment, "validity");
-    reporter.Tell(Code::ValidNowhere, validity ? validity->span : assignment.span,
+    reporter.Report(Code::ValidNowhere, validity ? validity->span : assignment.span,
         validity ? "the assignment is valid for no simulator of the keyword"
                  : "the assignment is valid nowhere, since it has no <validity>",
         "list its simulators in <validity>");
@@ -87,11 +87,11 @@ void CheckItem(const Element& item, const Context& context, const Reporter& repo
         return;
     const Attribute* const constraint = item.Find("columnConstraint");
     if (constraint && type->tag != "real" && type->tag != "integer")
-        reporter.Tell(Code::ConstraintOnText, constraint->nameSpan,
+        reporter.Report(Code::ConstraintOnText, constraint->nameSpan,
             fmt::format("the values of {} have no order for a column constraint", Tagged(type->tag)),
             "remove it");
     if (item.IsFlagged("identifier") && !IsScalar(*type))
-        reporter.Tell(Code::UnseenIdentifier, item.Find("identifier")->nameSpan,
+        reporter.Report(Code::UnseenIdentifier, item.Find("identifier")->nameSpan,
             fmt::format("identity looks at scalars only, and never at {} as a whole", Tagged(type->tag)),
             "mark the items in it that tell one from another");
 }
@@ -102,7 +102,7 @@ void CheckList(const Element& list, const Context& context, const Reporter& repo
     CheckListEnd(list, context, reporter);
     const Element* const type = FindType(list, Form::List);
     if (list.IsFlagged("itemsDefaultable") && !(type && IsScalar(*type)))
-        reporter.Tell(Code::DefaultableContainer, list.Find("itemsDefaultable")->nameSpan,
+        reporter.Report(Code::DefaultableContainer, list.Find("itemsDefaultable")->nameSpan,
             "only a list of scalars may be itemsDefaultable, and the load fails", "remove it");
 }
 
@@ -112,7 +112,7 @@ void CheckMap(const Element& map, const Reporter& reporter)
     const auto check = [&](const Element& element, const Reporter& inner) {
         const Attribute* const name = element.Find("name");
         if (name && !name->value.empty() && !keys.insert(name->value).second)
-            inner.Tell(Code::UnreachableWord, name->valueSpan,
+            inner.Report(Code::UnreachableWord, name->valueSpan,
                 fmt::format("{} is a key of an earlier assignment, which counts", Quoted(name->value)),
                 "remove it");
     };
@@ -128,11 +128,11 @@ void CheckMap(const Element& map, const Reporter& reporter)
 void CheckAssignment(const Element& assignment, const Context& context, const Reporter& reporter)
 {
     if (!IsDescribed(assignment))
-        reporter.Tell(
+        reporter.Report(
             Code::NoDescription, assignment.span, "the assignment has no description", "add a <description>");
     if (assignment.Get("name").empty() && !assignment.IsFlagged("wildcard")
         && !FindLast(assignment, "aliases"))
-        reporter.Tell(Code::NoKey, assignment.span, "no name leads to the assignment", "give it a name");
+        reporter.Report(Code::NoKey, assignment.span, "no name leads to the assignment", "give it a name");
     CheckAssignmentValidity(assignment, context, reporter);
 }
 
@@ -141,7 +141,7 @@ void CheckItemValidity(const Element& owner, const Context& context, const Repor
     const Element* const validity = FindLast(owner, "validity");
     if (!validity || context.runs.none() || (ReadItemRuns(*validity) & context.runs).any())
         return;
-    reporter.Tell(Code::ValidNowhere, validity->span,
+    reporter.Report(Code::ValidNowhere, validity->span,
         fmt::format("the {} is valid nowhere: <validity> lists nothing that the keyword is valid for",
             owner.tag == "value" ? "choice" : "item"),
         "list simulators or modes of the keyword, or remove <validity>");

@@ -22,6 +22,7 @@
 
 namespace Veld::Quor::Tools::Lint {
 
+namespace Decks = Core::Decks;
 using Core::Service::Log;
 using Core::Service::LogHandler;
 using Core::Service::XML::XMLDocument;
@@ -220,7 +221,7 @@ std::vector<Document> Document::ReadBuiltin()
     return documents;
 }
 
-Deck::Place Document::PlaceOf(std::size_t offset) const
+Decks::Location Document::LocationOf(std::size_t offset) const
 {
     const auto next = std::upper_bound(lines_.begin(), lines_.end(), offset);
     const auto line = static_cast<std::size_t>(next - lines_.begin());

@@ -86,7 +86,7 @@ bool CheckEnumeration(Words words, const std::string& text, const Span& span, co
     std::string hint = HintOfNearest(text, known);
     if (hint.empty())
         hint = fmt::format("known ones: {}", Listed(known));
-    reporter.Tell(
+    reporter.Report(
         rule->code, span, fmt::format("{} is no {}, and {}", Quoted(text), rule->what, rule->outcome), hint);
     return true;
 }
@@ -98,11 +98,11 @@ void CheckText(const Attribute& attribute, Words words, const Reporter& reporter
         return;
     const bool hasLower = text.find_first_of("abcdefghijklmnopqrstuvwxyz") != std::string::npos;
     if (words == Words::Upper && hasLower)
-        reporter.Tell(Code::LowerCase, attribute.valueSpan,
+        reporter.Report(Code::LowerCase, attribute.valueSpan,
             fmt::format("{} is never matched, since what a deck says is folded to upper case", Quoted(text)),
             "write it in upper case");
     if (words == Words::SupportLevel && text != "ignored" && !HintOfNearest(text, {"ignored"}).empty())
-        reporter.Tell(Code::SupportLevel, attribute.valueSpan,
+        reporter.Report(Code::SupportLevel, attribute.valueSpan,
             fmt::format("the support level {} isn't \"ignored\", and the entry counts", Quoted(text)),
             "write ignored");
 }
@@ -116,7 +116,7 @@ void CheckMissing(const Element& element, const AttributeForm& attribute, const 
     if (!given && CheckEnumeration(attribute.words, "", element.span, reporter))
         return;
     if (!given || TextsOf(attribute.words).empty())
-        reporter.Tell(Code::MissingAttribute, given ? given->nameSpan : element.span,
+        reporter.Report(Code::MissingAttribute, given ? given->nameSpan : element.span,
             fmt::format("{} has no {}", Tagged(element.tag), attribute.name),
             fmt::format("write {}=\"...\"", attribute.name));
 }
@@ -128,7 +128,7 @@ void CheckAttributes(const Element& element, const ElementForm& form, const Repo
             CheckText(attribute, known->words, reporter);
             continue;
         }
-        reporter.Tell(Code::IgnoredAttribute, attribute.nameSpan,
+        reporter.Report(Code::IgnoredAttribute, attribute.nameSpan,
             fmt::format("{} isn't known on {}, and is ignored", Quoted(attribute.name), Tagged(element.tag)),
             reporter.IsFull() ? ""
                               : HintOf(attribute.name, NamesOf(form.attributes, &AttributeForm::name),
@@ -175,10 +175,10 @@ public:
                 CheckUnknown(child);
         }
         if (form_.form == Form::Item && !type_)
-            reporter_.Tell(Code::MissingType, element_.span, "the item has no type, and the load fails",
+            reporter_.Report(Code::MissingType, element_.span, "the item has no type, and the load fails",
                 "add one of <real>, <integer>, <string>, <choice>, <boolean>, <line>, <list> and <record>");
         else if (!holdsSomething_ && form_.empty)
-            reporter_.Tell(Code::EmptyElement, element_.span,
+            reporter_.Report(Code::EmptyElement, element_.span,
                 fmt::format("{} holds nothing: {}", Tagged(element_.tag), form_.empty));
     }
 
@@ -188,7 +188,7 @@ private:
         holdsSomething_ = holdsSomething_
             || (hasTypes_ ? known.isType : child.tag != "description" && child.tag != "default");
         if (known.isOdd && child.position % 2 == 0) {
-            reporter_.Tell(Code::PassedOver, child.span,
+            reporter_.Report(Code::PassedOver, child.span,
                 fmt::format(
                     "{} is passed over, since no white space of its own stands before it", Tagged(child.tag)),
                 "put it on a line of its own, and comments elsewhere");
@@ -197,7 +197,7 @@ private:
         const Element*& earlier = known.isType ? type_ : first_[known.tag];
         const bool isAgain = earlier && known.repeat != Repeat::Adds;
         if (isAgain)
-            TellAgain(child, known, *earlier);
+            ReportAgain(child, known, *earlier);
         if (!isAgain || known.repeat == Repeat::LastCounts) {
             earlier = &child;
             CheckKey(child, known);
@@ -210,17 +210,17 @@ private:
         if (child.tag == "keyword" && !form_.failsOnUnknown)
             return; // one of its own: told where keywords are looked for
         if (form_.form == Form::Data && type_)
-            reporter_.Tell(Code::SecondType, child.span,
+            reporter_.Report(Code::SecondType, child.span,
                 fmt::format("{} is not looked at: the first element of <data> counts", Tagged(child.tag)),
                 "remove it");
         else
-            TellUnknownChild(child, element_, form_, reporter_);
+            ReportUnknownChild(child, element_, form_, reporter_);
     }
 
-    void TellAgain(const Element& child, const ChildForm& known, const Element& earlier)
+    void ReportAgain(const Element& child, const ChildForm& known, const Element& earlier)
     {
         const Code code = known.isType ? Code::SecondType : Code::RepeatedElement;
-        const std::size_t line = reporter_.GetDocument().PlaceOf(earlier.span.offset).line;
+        const std::size_t line = reporter_.GetDocument().LocationOf(earlier.span.offset).line;
         std::string message;
         if (known.form == Form::Flag)
             message = fmt::format("a second {} adds nothing to that of line {}", Tagged(child.tag), line);
@@ -232,7 +232,7 @@ private:
         else
             message = fmt::format(
                 "{} takes the place of {} of line {}", Tagged(child.tag), Tagged(earlier.tag), line);
-        reporter_.Tell(code, child.span, message, "keep one of them");
+        reporter_.Report(code, child.span, message, "keep one of them");
     }
 
     void CheckKey(const Element& child, const ChildForm& known)
@@ -240,7 +240,7 @@ private:
         const Attribute* const key = known.key ? child.Find(known.key) : nullptr;
         if (!key || key->value.empty() || keys_.insert(child.tag + '\n' + key->value).second)
             return;
-        reporter_.Tell(Code::ListedTwice, key->valueSpan,
+        reporter_.Report(Code::ListedTwice, key->valueSpan,
             fmt::format(
                 "there is a {} for {} before: {}", Tagged(child.tag), Quoted(key->value), known.twice),
             "remove one of them");
@@ -278,11 +278,11 @@ void CheckElement(
     ChildrenCheck(element, form, context, reporter).Check();
 }
 
-void TellUnknownChild(
+void ReportUnknownChild(
     const Element& child, const Element& parent, const ElementForm& form, const Reporter& reporter)
 {
     const char* const outcome = form.failsOnUnknown ? "the load fails" : "is ignored";
-    reporter.Tell(form.failsOnUnknown ? Code::UnknownElement : Code::IgnoredElement, child.span,
+    reporter.Report(form.failsOnUnknown ? Code::UnknownElement : Code::IgnoredElement, child.span,
         fmt::format("{} isn't known in {}, and {}", Tagged(child.tag), Tagged(parent.tag), outcome),
         reporter.IsFull()
             ? ""
@@ -293,7 +293,7 @@ void CheckOwnText(const Element& element, const ElementForm& form, const Reporte
 {
     if (form.takesText || IsBlank(element.text))
         return;
-    reporter.Tell(Code::StrayText, element.span,
+    reporter.Report(Code::StrayText, element.span,
         form.form == Form::Flag
             ? fmt::format("{} counts by being there, whatever its text says", Tagged(element.tag))
             : fmt::format("the text in {} is ignored", Tagged(element.tag)),

@@ -12,7 +12,7 @@ void CheckElement(
     const Element& element, const ElementForm& form, const Context& context, const Reporter& reporter);
 
 /// What the loader makes of a child that isn't known there, and where it belongs.
-void TellUnknownChild(
+void ReportUnknownChild(
     const Element& child, const Element& parent, const ElementForm& form, const Reporter& reporter);
 /// Text in an element whose text isn't looked at.
 void CheckOwnText(const Element& element, const ElementForm& form, const Reporter& reporter);

@@ -16,7 +16,7 @@ void CheckLateValidity(const Element& keyword, const Reporter& reporter)
     for (const Element& child : keyword.children) {
         ValidityElements ignored;
         if (isLate && ignored.Note(child))
-            reporter.Tell(Code::LateValidity, child.span,
+            reporter.Report(Code::LateValidity, child.span,
                 fmt::format("{} stands behind <data>, and counts for aliases only", Tagged(child.tag)),
                 "put it before <data>");
         isLate = isLate || child.tag == "data";
@@ -28,10 +28,10 @@ void CheckValidity(const Element& owner, const ValidityElements& elements, const
 {
     const KeywordValidity validity(elements);
     if (validity.cells.none())
-        reporter.Tell(Code::ValidNowhere, owner.span,
+        reporter.Report(Code::ValidNowhere, owner.span,
             fmt::format("the {} is valid nowhere: no simulator is left", owner.tag));
     if (validity.modeless.any())
-        reporter.Tell(Code::ModelessSimulator, elements.options->span,
+        reporter.Report(Code::ModelessSimulator, elements.options->span,
             fmt::format("{} {} none of the listed modes, and {} in all modes of {} own",
                 ListSimulators(validity.modeless), validity.modeless.count() > 1 ? "have" : "has",
                 validity.modeless.count() > 1 ? "count" : "counts",
@@ -49,7 +49,7 @@ void CheckSectionSimulators(const ValidityElements& elements, const Reporter& re
         bool isKnown = false;
         const auto simulator = SimulatorType::FromString(entry.Get("name"), &isKnown);
         if (isKnown && everywhere.cells.any() && !everywhere.IsValidFor(simulator))
-            reporter.Tell(Code::EntryWithoutEffect, entry.span,
+            reporter.Report(Code::EntryWithoutEffect, entry.span,
                 fmt::format(
                     "{} has no effect, since the keyword isn't valid for it at all", entry.Get("name")),
                 "add it to <validSimulators>, or remove it here");
@@ -66,7 +66,7 @@ void CheckCell(const Element& keyword, const Reporter& reporter)
     const Element* const list = data == keyword.children.end() ? nullptr : FindType(*data, Form::Data);
     const Element* const type = list && list->tag == "list" ? FindType(*list, Form::List) : nullptr;
     if (!type || !IsScalar(*type))
-        reporter.Tell(Code::CellWithoutList, cell->span,
+        reporter.Report(Code::CellWithoutList, cell->span,
             "the keyword is no cell property, since its data is no list of scalars",
             "remove <cell>, or make <data> a list of scalars");
 }
@@ -74,7 +74,7 @@ void CheckCell(const Element& keyword, const Reporter& reporter)
 void CheckDescribed(const Element& keyword, const Reporter& reporter)
 {
     if (!IsDescribed(keyword))
-        reporter.Tell(Code::NoDescription, keyword.span, "the keyword has no description",
+        reporter.Report(Code::NoDescription, keyword.span, "the keyword has no description",
             "add a <description> that says what it does");
 }
 
@@ -109,7 +109,7 @@ void CheckSimulatorEntry(const Element& entry, const Reporter& reporter)
 {
     for (const char* const flag : {"gridEditsOnly", "classicOnly"}) {
         if (entry.IsFlagged(flag) && entry.Get("name") != SimulatorType::ToString(SimulatorType::Wend))
-            reporter.Tell(Code::EntryWithoutEffect, entry.Find(flag)->nameSpan,
+            reporter.Report(Code::EntryWithoutEffect, entry.Find(flag)->nameSpan,
                 fmt::format("{} has no effect on {}: only Wend has variants", flag, entry.Get("name")),
                 "remove it");
     }
@@ -122,7 +122,7 @@ void CheckScope(const Element& scope, const Reporter& reporter)
         if (end.tag != "endKeyword" || !end.IsFlagged("explicit"))
             continue;
         if (earlier)
-            reporter.Tell(Code::RepeatedElement, end.span,
+            reporter.Report(Code::RepeatedElement, end.span,
                 fmt::format("two end keywords are explicit: {} counts, and {} doesn't", end.Get("name"),
                     earlier->Get("name")),
                 "mark one of them");
@@ -135,7 +135,7 @@ void CheckSummaryMnemonic(const Element& mnemonic, const Reporter& reporter)
     if (std::none_of(mnemonic.children.begin(), mnemonic.children.end(),
             [](const Element& child) { return child.Get("name") == "entity"; })
         && !mnemonic.children.empty())
-        reporter.Tell(Code::NoEntity, mnemonic.span, "the vector doesn't say what it reports on",
+        reporter.Report(Code::NoEntity, mnemonic.span, "the vector doesn't say what it reports on",
             "add <category name=\"entity\" val=\"...\"/>");
 }
 
@@ -147,7 +147,7 @@ void CheckCategory(const Element& category, const Reporter& reporter)
         return;
     const Attribute* const given = category.Find("val");
     const std::string hint = HintOfNearest(value, known);
-    reporter.Tell(Code::UnknownCategory, given ? given->valueSpan : category.span,
+    reporter.Report(Code::UnknownCategory, given ? given->valueSpan : category.span,
         fmt::format("{} is no value of {}, and the load fails", Quoted(value), Quoted(category.Get("name"))),
         hint.empty() ? fmt::format("known ones: {}", Listed(known)) : hint);
 }

@@ -11,6 +11,7 @@
 
 namespace Veld::Quor::Tools::Lint {
 
+namespace Decks = Core::Decks;
 namespace {
 
 /// All keywords below an element, which the loader finds at any depth.
@@ -35,7 +36,7 @@ public:
             } else if (SearchOutside(child)) {
                 hasKeyword = true;
             } else {
-                TellUnknownChild(child, parent, FormOf(Form::Root), reporter_);
+                ReportUnknownChild(child, parent, FormOf(Form::Root), reporter_);
             }
         }
         return hasKeyword;
@@ -45,7 +46,7 @@ private:
     void SearchInside(const Element& keyword)
     {
         ForEachBelow(keyword, "keyword", [&](const Element& inner) {
-            reporter_.InKeyword(inner).Tell(Code::NestedKeyword, inner.span,
+            reporter_.InKeyword(inner).Report(Code::NestedKeyword, inner.span,
                 "the keyword stands within another, and counts as one of its own",
                 "put it behind the other one");
             keywords_.push_back(&inner);
@@ -98,31 +99,31 @@ private:
     std::optional<NameSet> names_;
 };
 
-void SortByPlace(const std::vector<Document>& documents, Deck::Findings& findings)
+void SortByPlace(const std::vector<Document>& documents, Decks::Findings& findings)
 {
     std::unordered_map<std::string, std::size_t> ranks;
     for (const Document& document : documents)
         ranks.try_emplace(document.GetName(), ranks.size());
-    const auto key = [&](const Deck::Finding& finding) {
-        return std::make_tuple(ranks[finding.place.file], finding.place.line, finding.place.column);
+    const auto key = [&](const Decks::Finding& finding) {
+        return std::make_tuple(ranks[finding.location.file], finding.location.line, finding.location.column);
     };
-    findings.Sort([&](const Deck::Finding& a, const Deck::Finding& b) { return key(a) < key(b); });
+    findings.Sort([&](const Decks::Finding& a, const Decks::Finding& b) { return key(a) < key(b); });
 }
 
 } // namespace
 
 LintReport LintDocuments(const std::vector<Document>& documents, std::size_t maxFindings)
 {
-    LintReport report{Deck::Findings(maxFindings), {}};
+    LintReport report{Decks::Findings(maxFindings), {}};
     std::vector<Definition> definitions;
     for (const Document& document : documents) {
         const Reporter reporter(report.findings, document);
         std::vector<const Element*> keywords;
         if (const auto& refusal = document.GetRefusal())
-            reporter.TellAt(Code::NotWellFormed, refusal->place,
+            reporter.ReportAt(Code::NotWellFormed, refusal->location,
                 fmt::format("the document can't be read: {}", refusal->reason));
         else if (!KeywordSearch(reporter, keywords).SearchOutside(*document.GetRoot()))
-            reporter.Tell(Code::NoKeyword, document.GetRoot()->span,
+            reporter.Report(Code::NoKeyword, document.GetRoot()->span,
                 fmt::format("there is no <keyword> below {}", Tagged(document.GetRoot()->tag)));
         for (const Element* const keyword : keywords)
             definitions.push_back(CheckOne(*keyword, reporter));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/deck/Finding.h"
+#include "quor/deck/internal/check/Finding.h"
 #include "tools/lint/Document.h"
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 namespace Veld::Quor::Tools::Lint {
 
 struct LintReport {
-    Deck::Findings findings; ///< by document, line and column
+    Core::Decks::Findings findings; ///< by document, line and column
     std::vector<std::size_t> keywords; ///< how many each document has
 };
 

@@ -7,6 +7,7 @@
 
 namespace Veld::Quor::Tools::Lint {
 
+namespace Decks = Core::Decks;
 namespace {
 
 constexpr std::size_t longestName = 8;
@@ -22,10 +23,11 @@ std::string_view BeginningOf(std::string_view wildcard)
 }
 
 /// "FUEL (main.xml:12)"
-std::string PlaceText(const Definition& definition, const std::string& name)
+std::string LocationText(const Definition& definition, const std::string& name)
 {
-    const Deck::Place place = definition.reporter.GetDocument().PlaceOf(definition.keyword->span.offset);
-    return fmt::format("{} ({}:{})", name, place.file, place.line);
+    const Decks::Location location =
+        definition.reporter.GetDocument().LocationOf(definition.keyword->span.offset);
+    return fmt::format("{} ({}:{})", name, location.file, location.line);
 }
 
 /// A name by which a keyword is found: its own, or an alias.
@@ -70,19 +72,19 @@ void CheckText(const Name& name)
     const std::string& text = *name.text;
     const Reporter& reporter = name.definition->reporter;
     if (text.size() > longestName)
-        reporter.Tell(Code::NameLength, name.span,
+        reporter.Report(Code::NameLength, name.span,
             fmt::format(
                 "{} has {} characters, and a keyword at most {}", Quoted(text), text.size(), longestName));
     if (text.find_first_of("abcdefghijklmnopqrstuvwxyz") != std::string::npos)
-        reporter.Tell(Code::LowerCase, name.span,
+        reporter.Report(Code::LowerCase, name.span,
             fmt::format("{} is not found by a name in upper case", Quoted(text)), "write it in upper case");
     const std::size_t asterisk = text.find('*');
     if (asterisk < text.size() - 1)
-        reporter.Tell(Code::NameText, name.span,
+        reporter.Report(Code::NameText, name.span,
             fmt::format("what stands behind the asterisk in {} is never looked at", Quoted(text)),
             fmt::format("write {}", text.substr(0, asterisk + 1)));
     if (text.find_first_of(" \t\r\n") != std::string::npos)
-        reporter.Tell(Code::NameText, name.span,
+        reporter.Report(Code::NameText, name.span,
             fmt::format("no keyword of a deck has a blank, as {} has", Quoted(text)), "remove the blank");
 }
 
@@ -99,10 +101,10 @@ void CheckTwice(const std::vector<Name>& names)
         if (isNew)
             continue;
         if ((at->second.cells & name.cells).any())
-            name.definition->reporter.Tell(Code::DefinedTwice, name.span,
+            name.definition->reporter.Report(Code::DefinedTwice, name.span,
                 fmt::format("{} is defined before for one of its sections, as {}, which is found there",
                     Quoted(*name.text),
-                    PlaceText(
+                    LocationText(
                         *at->second.first->definition, at->second.first->definition->keyword->Get("name"))),
                 "give them different sections, or remove one");
         at->second.cells |= name.cells;
@@ -121,9 +123,9 @@ void CheckKeys(const std::vector<Definition>& definitions)
             continue;
         const auto [at, isNew] = earlier.try_emplace(key->value, &definition);
         if (!isNew)
-            definition.reporter.Tell(Code::KeyTwice, key->valueSpan,
+            definition.reporter.Report(Code::KeyTwice, key->valueSpan,
                 fmt::format("the {} {} is that of {} too", id ? "id" : "name", Quoted(key->value),
-                    PlaceText(*at->second, at->second->keyword->Get("name"))),
+                    LocationText(*at->second, at->second->keyword->Get("name"))),
                 id ? "give each definition an id of its own" : "give this definition an id");
     }
 }
@@ -147,9 +149,9 @@ void CheckWildcards(const std::vector<Name>& names)
             return *other->text != *name->text && (other->cells & name->cells).any();
         });
         if (at != wider.rend())
-            name->definition->reporter.Tell(Code::WildcardOverlap, name->span,
+            name->definition->reporter.Report(Code::WildcardOverlap, name->span,
                 fmt::format("{} takes all names that it stands for from {}", Quoted(*name->text),
-                    PlaceText(*(*at)->definition, *(*at)->text)),
+                    LocationText(*(*at)->definition, *(*at)->text)),
                 "give them different sections, or other beginnings");
         if (wider.empty() || *wider.back()->text != *name->text)
             wider.push_back(name);
@@ -169,7 +171,7 @@ void CheckReferences(
     ForEachBelow(*parent, tag, [&](const Element& reference) {
         const Attribute* const name = reference.Find("name");
         if (name && !name->value.empty() && !isKnown(name->value))
-            definition.reporter.Tell(Code::UnknownKeyword, name->valueSpan,
+            definition.reporter.Report(Code::UnknownKeyword, name->valueSpan,
                 fmt::format("the {} {} is no known keyword",
                     tag == std::string_view("precedent") ? tag : "end keyword", Quoted(name->value)),
                 "correct the name, or define the keyword");
@@ -235,7 +237,7 @@ void CheckCycles(const std::vector<Definition>& definitions)
             if (states[step.to] == State::New)
                 enter(step.to);
             else if (states[step.to] == State::Open)
-                step.from->reporter.Tell(Code::PrecedentCycle, step.precedent->Find("name")->valueSpan,
+                step.from->reporter.Report(Code::PrecedentCycle, step.precedent->Find("name")->valueSpan,
                     step.to == visit.keyword ? "the keyword is its own precedent"
                                              : fmt::format("{} has the keyword among its own precedents",
                                                  step.precedent->Get("name")),

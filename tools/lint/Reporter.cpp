@@ -1,7 +1,7 @@
 #include "tools/lint/Reporter.h"
 
-#include "tools/deck/LineText.h"
-#include "tools/deck/NearestNames.h"
+#include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/NearestNames.h"
 
 #include <fmt/format.h>
 
@@ -9,7 +9,8 @@
 
 namespace Veld::Quor::Tools::Lint {
 
-using Deck::Shorten;
+namespace Decks = Core::Decks;
+using Decks::Shorten;
 
 Reporter Reporter::InKeyword(const Element& keyword) const
 {
@@ -26,31 +27,31 @@ Reporter Reporter::In(const char* what, const std::string& name) const
     return inner;
 }
 
-void Reporter::Tell(Code code, const Span& span, const std::string& message, const std::string& hint) const
+void Reporter::Report(Code code, const Span& span, const std::string& message, const std::string& hint) const
 {
     const CodeInfo& info = InfoOf(code);
     if (findings_->Admit(info.severity))
-        Keep(info, document_->PlaceOf(span.offset), span.length, message, hint);
+        Keep(info, document_->LocationOf(span.offset), span.length, message, hint);
 }
 
-void Reporter::TellAt(Code code, const Deck::Place& place, const std::string& message) const
+void Reporter::ReportAt(Code code, const Decks::Location& location, const std::string& message) const
 {
     const CodeInfo& info = InfoOf(code);
     if (findings_->Admit(info.severity))
-        Keep(info, place, 0, message, {});
+        Keep(info, location, 0, message, {});
 }
 
-void Reporter::Keep(const CodeInfo& info, const Deck::Place& place, std::size_t length,
+void Reporter::Keep(const CodeInfo& info, const Decks::Location& location, std::size_t length,
     const std::string& message, const std::string& hint) const
 {
-    Deck::Finding finding;
+    Decks::Finding finding;
     finding.code = info.name;
     finding.severity = info.severity;
-    finding.place = place;
+    finding.location = location;
     finding.length = length;
     finding.message = subject_.empty() ? message : fmt::format("{}: {}", subject_, message);
     finding.hint = hint;
-    finding.SetExcerpt(document_->GetLine(place.line));
+    finding.SetExcerpt(document_->GetLine(location.line));
     findings_->Keep(std::move(finding));
 }
 
@@ -66,7 +67,7 @@ std::string Tagged(const std::string& tag)
 
 std::string HintOfNearest(const std::string& text, const std::vector<std::string>& known)
 {
-    const std::vector<std::string> nearest = Deck::FindNearest(known, text);
+    const std::vector<std::string> nearest = Decks::FindNearest(known, text);
     return nearest.empty() ? std::string() : fmt::format("write {}", nearest.front());
 }
 

@@ -13,7 +13,7 @@ namespace Veld::Quor::Tools::Lint {
 class Reporter {
 public:
     /// Both must outlive it and what is made of it.
-    Reporter(Deck::Findings& findings, const Document& document)
+    Reporter(Core::Decks::Findings& findings, const Document& document)
         : findings_(&findings)
         , document_(&document)
     {
@@ -23,19 +23,19 @@ public:
     /// Within a keyword: an item, a choice, an assignment.
     Reporter In(const char* what, const std::string& name) const;
 
-    void Tell(Code code, const Span& span, const std::string& message, const std::string& hint = {}) const;
+    void Report(Code code, const Span& span, const std::string& message, const std::string& hint = {}) const;
     /// The same at a place, of which nothing else is known.
-    void TellAt(Code code, const Deck::Place& place, const std::string& message) const;
+    void ReportAt(Code code, const Core::Decks::Location& location, const std::string& message) const;
 
     /// Whether findings are only counted, so that no trouble need be taken over their texts.
     bool IsFull() const { return findings_->IsFull(); }
     const Document& GetDocument() const { return *document_; }
 
 private:
-    void Keep(const CodeInfo& info, const Deck::Place& place, std::size_t length, const std::string& message,
-        const std::string& hint) const;
+    void Keep(const CodeInfo& info, const Core::Decks::Location& location, std::size_t length,
+        const std::string& message, const std::string& hint) const;
 
-    Deck::Findings* findings_;
+    Core::Decks::Findings* findings_;
     const Document* document_;
     std::string subject_;
 };

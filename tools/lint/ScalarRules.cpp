@@ -26,11 +26,11 @@ Number ReadNumber(const std::string& text, Form form)
     return IsInteger(form) ? ReadInteger(text) : ReadReal(text);
 }
 
-void TellNumber(
+void ReportNumber(
     const Attribute& attribute, const char* what, Form form, const Number& number, const Reporter& reporter)
 {
     const char* const kind = IsInteger(form) ? "whole number" : "number";
-    reporter.Tell(Code::NumberText, attribute.valueSpan,
+    reporter.Report(Code::NumberText, attribute.valueSpan,
         fmt::format("the {} {} is no {} that can be used, and counts as {}", what, Quoted(attribute.value),
             kind, number.isMark ? "none" : fmt::format("{}", number.value)),
         fmt::format("write a {} and nothing else", kind));
@@ -52,11 +52,11 @@ std::optional<double> ReadLimit(const Element& scalar, const char* tag, Form for
     if (number.isClean)
         return number.value;
     if (IsInteger(form) && number.hasRest)
-        reporter.Tell(Code::NumberText, value->valueSpan,
+        reporter.Report(Code::NumberText, value->valueSpan,
             fmt::format("{} {} is no whole number, and is dropped", tag, Quoted(value->value)),
             "write a whole number and nothing else");
     else
-        TellNumber(*value, tag, form, number, reporter);
+        ReportNumber(*value, tag, form, number, reporter);
     return std::nullopt;
 }
 
@@ -64,7 +64,7 @@ Limits ReadLimits(const Element& scalar, Form form, const Reporter& reporter)
 {
     const Limits limits{ReadLimit(scalar, "min", form, reporter), ReadLimit(scalar, "max", form, reporter)};
     if (limits.min && limits.max && *limits.min > *limits.max)
-        reporter.Tell(Code::CrossedLimits, FindLast(scalar, "max")->Find("val")->valueSpan,
+        reporter.Report(Code::CrossedLimits, FindLast(scalar, "max")->Find("val")->valueSpan,
             fmt::format("max {} is below min {}: no value is allowed", *limits.max, *limits.min));
     return limits;
 }
@@ -82,7 +82,7 @@ int ReadLengthLimit(const Element& scalar, const Reporter& reporter)
     const std::string text = begin == std::string::npos ? "" : limit->text.substr(begin, end - begin + 1);
     const Number number = ReadInteger(text);
     if (!number.isClean || number.value < 1)
-        reporter.Tell(Code::NumberText, limit->span,
+        reporter.Report(Code::NumberText, limit->span,
             fmt::format("the length limit {} is no length, and counts as {}", Quoted(text), number.value),
             "write a whole number above 0");
     return static_cast<int>(number.value);
@@ -108,40 +108,40 @@ public:
         const std::string& type = element.Get("type");
         const Attribute* const value = element.Find("val");
         if (type != "specified" && type != "calculated" && type != "no default")
-            return TellType(element, isOverride);
+            return ReportType(element, isOverride);
         if (type == "no default" && form_ == Form::Line && !isOverride)
-            return TellLine(element);
+            return ReportLine(element);
         const Span span = value ? value->nameSpan : element.span;
         if (type == "specified" && !value)
-            reporter_.Tell(
+            reporter_.Report(
                 Code::DefaultValue, span, "a specified default has no val, and the load fails", "add val");
         else if (type == "calculated" && value)
-            reporter_.Tell(
+            reporter_.Report(
                 Code::DefaultValue, span, "a calculated default has a val, and the load fails", "remove val");
         else if (type == "no default" && value)
-            reporter_.Tell(
+            reporter_.Report(
                 Code::IgnoredValue, span, "the val is ignored, since there is no default", "remove val");
         else if (value)
             CheckText(*value);
     }
 
 private:
-    void TellType(const Element& element, bool isOverride) const
+    void ReportType(const Element& element, bool isOverride) const
     {
         const std::vector<std::string> known = {"specified", "calculated", "no default"};
         const Attribute* const type = element.Find("type");
         const bool isLenient = form_ == Form::Choice && !isOverride;
         const std::string hint = HintOfNearest(element.Get("type"), known);
-        reporter_.Tell(isLenient ? Code::ChoiceDefaultType : Code::DefaultType,
+        reporter_.Report(isLenient ? Code::ChoiceDefaultType : Code::DefaultType,
             type ? type->valueSpan : element.span,
             fmt::format("the type of a default is {}, not {}, and {}", Listed(known),
                 Quoted(element.Get("type")), isLenient ? "there is no default" : "the load fails"),
             hint);
     }
 
-    void TellLine(const Element& element) const
+    void ReportLine(const Element& element) const
     {
-        reporter_.Tell(Code::DefaultType, element.Find("type")->valueSpan,
+        reporter_.Report(Code::DefaultType, element.Find("type")->valueSpan,
             "a line can't say that it has no default, and the load fails", "remove <default>");
     }
 
@@ -150,11 +150,11 @@ private:
         if (IsNumber(form_))
             CheckNumber(value);
         else if (form_ == Form::Boolean && value.value != "YES" && value.value != "NO")
-            reporter_.Tell(Code::BooleanText, value.valueSpan,
+            reporter_.Report(Code::BooleanText, value.valueSpan,
                 fmt::format("the default {} counts as true, as all but \"NO\"", Quoted(value.value)),
                 "write YES or NO");
         else if (form_ == Form::String && static_cast<double>(value.value.size()) > lengthLimit_)
-            reporter_.Tell(Code::DefaultOutside, value.valueSpan,
+            reporter_.Report(Code::DefaultOutside, value.valueSpan,
                 fmt::format("the default {} has more than the {} characters that count", Quoted(value.value),
                     lengthLimit_),
                 "raise <lengthLimit>");
@@ -166,12 +166,12 @@ private:
     {
         const Number number = ReadNumber(value.value, form_);
         if (!number.isClean)
-            return TellNumber(value, "default", form_, number, reporter_);
+            return ReportNumber(value, "default", form_, number, reporter_);
         if (limits_.min && number.value < *limits_.min)
-            reporter_.Tell(Code::DefaultOutside, value.valueSpan,
+            reporter_.Report(Code::DefaultOutside, value.valueSpan,
                 fmt::format("the default {} is below min {}", number.value, *limits_.min));
         if (limits_.max && number.value > *limits_.max)
-            reporter_.Tell(Code::DefaultOutside, value.valueSpan,
+            reporter_.Report(Code::DefaultOutside, value.valueSpan,
                 fmt::format("the default {} is above max {}", number.value, *limits_.max));
     }
 
@@ -189,7 +189,7 @@ void CheckLostOverride(const std::string& mainType, const Element& override, con
     const bool isSpecified = mainType == "specified" && type == "calculated";
     if (!isSpecified && !(mainType == "calculated" && type == "no default"))
         return;
-    reporter.Tell(Code::LostOverride, override.span,
+    reporter.Report(Code::LostOverride, override.span,
         fmt::format("the default for {} stays {}, whatever the override says", override.Get("name"),
             isSpecified ? "the specified one of the choice" : "a calculated one"),
         "give the simulator a specified default, or none of its own");
@@ -201,7 +201,7 @@ void CheckOverride(const Element& override, const std::string& mainType, Form fo
     bool isKnown = false;
     const auto simulator = SimulatorType::FromString(override.Get("name"), &isKnown);
     if (isKnown && context.simulators.any() && !context.simulators[static_cast<std::size_t>(simulator)])
-        reporter.Tell(Code::OverrideElsewhere, override.Find("name")->valueSpan,
+        reporter.Report(Code::OverrideElsewhere, override.Find("name")->valueSpan,
             fmt::format("the override is for {}, which the keyword isn't valid for", override.Get("name")),
             "remove it, or let the keyword be valid for the simulator");
     if (form == Form::Choice)
@@ -212,7 +212,7 @@ void CheckFormat(const Element& scalar, const Reporter& reporter)
 {
     const Element* const format = FindLast(scalar, "format");
     if (format && IsBlank(format->text))
-        reporter.Tell(
+        reporter.Report(
             Code::BlankFormat, format->span, "the format is blank, and counts as none", "remove it");
 }
 
@@ -221,7 +221,7 @@ void CheckFormat(const Element& scalar, const Reporter& reporter)
 void CheckScalar(const Element& scalar, Form form, const Context& context, const Reporter& reporter)
 {
     if (form != Form::AssignedInteger && !context.isDescribed && !IsDescribed(scalar))
-        reporter.Tell(Code::NoDescription, scalar.span,
+        reporter.Report(Code::NoDescription, scalar.span,
             fmt::format("{} has no description", Tagged(scalar.tag)),
             "add a <description> to the type element");
     if (IsNumber(form))

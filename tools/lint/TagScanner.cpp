@@ -9,13 +9,13 @@ bool TagScanner::Next(ScannedTag& tag)
     while ((at_ = std::min(text_.find('<', at_), text_.size())) < text_.size()) {
         const std::string_view rest = text_.substr(at_);
         if (rest.starts_with("<!--"))
-            SkipBehind("-->");
+            SkipAfter("-->");
         else if (rest.starts_with("<![CDATA["))
-            SkipBehind("]]>");
+            SkipAfter("]]>");
         else if (rest.starts_with("<?"))
-            SkipBehind("?>");
+            SkipAfter("?>");
         else if (rest.starts_with("</"))
-            SkipBehind(">");
+            SkipAfter(">");
         else
             break;
     }
@@ -40,7 +40,7 @@ bool TagScanner::Next(ScannedTag& tag)
     }
 }
 
-void TagScanner::SkipBehind(std::string_view end)
+void TagScanner::SkipAfter(std::string_view end)
 {
     at_ = std::min(text_.find(end, at_), text_.size());
     at_ = std::min(at_ + end.size(), text_.size());

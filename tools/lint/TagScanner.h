@@ -28,7 +28,7 @@ public:
     bool Next(ScannedTag& tag);
 
 private:
-    void SkipBehind(std::string_view end);
+    void SkipAfter(std::string_view end);
     Span TakeUntil(std::string_view stops);
 
     std::string_view text_;

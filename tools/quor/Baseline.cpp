@@ -1,7 +1,7 @@
 #include "tools/quor/Baseline.h"
 
-#include "tools/deck/LineText.h"
-#include "tools/deck/SourceText.h"
+#include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/SourceText.h"
 #include "tools/quor/Json.h"
 
 #include <fmt/format.h>
@@ -14,6 +14,7 @@
 
 namespace Veld::Quor::Tools {
 
+namespace Decks = Core::Decks;
 using Json = nlohmann::ordered_json;
 
 namespace {
@@ -46,26 +47,26 @@ public:
     }
 
     /// Lasts until the next one.
-    const Baseline::Key& Make(const Deck::DeckFiles& files, const Deck::Spot& spot, Deck::Code code)
+    const Baseline::Key& Make(const Decks::DeckFiles& files, const Decks::TextRange& range, Decks::Code code)
     {
         const bool isSameLine =
-            begin_ < end_ && spot.file == file_ && spot.offset >= begin_ && spot.offset < end_;
+            begin_ < end_ && range.file == file_ && range.offset >= begin_ && range.offset < end_;
         if (!isSameLine) // a line may be long, and have many findings
-            GoTo(files, spot);
+            GoTo(files, range);
         key_.code = InfoOf(code).name;
         return key_;
     }
 
 private:
-    void GoTo(const Deck::DeckFiles& files, const Deck::Spot& spot)
+    void GoTo(const Decks::DeckFiles& files, const Decks::TextRange& range)
     {
-        const auto [line, begin] = files.LineOf(spot);
-        std::string_view name = files.Get(spot.file).name;
+        const auto [line, begin] = files.LineOf(range);
+        std::string_view name = files.Get(range.file).name;
         if (name.starts_with(folder_))
             name.remove_prefix(folder_.size());
         key_.file = AsStored(name);
         key_.text = AsStored(Trim(line));
-        file_ = spot.file;
+        file_ = range.file;
         begin_ = begin;
         end_ = begin + line.size();
     }
@@ -106,7 +107,7 @@ std::size_t CountOf(const Json& entry, std::size_t number)
 
 Baseline Baseline::Read(const std::string& path)
 {
-    const Deck::SourceText source = Deck::SourceText::Read(path);
+    const Decks::SourceText source = Decks::SourceText::Read(path);
     const Json json = Parse(source.GetText());
     if (!json.is_object() || !json.contains("findings") || !json["findings"].is_array())
         throw BaselineError(fmt::format("it has no array \"findings\"; {}", advice));
@@ -130,11 +131,11 @@ std::string Baseline::ToText() const
     return Tools::ToText({{"version", version}, {"findings", std::move(findings)}});
 }
 
-Deck::KnownFinding Baseline::MakeFilter(const std::string& deck) const
+Decks::KnownFinding Baseline::MakeFilter(const std::string& deck) const
 {
     return [left = counts_, keys = KeyMaker(deck)](
-               const Deck::DeckFiles& files, const Deck::Spot& spot, Deck::Code code) mutable {
-        const auto at = left.find(keys.Make(files, spot, code));
+               const Decks::DeckFiles& files, const Decks::TextRange& range, Decks::Code code) mutable {
+        const auto at = left.find(keys.Make(files, range, code));
         if (at == left.end() || at->second == 0)
             return false;
         --at->second;
@@ -142,11 +143,11 @@ Deck::KnownFinding Baseline::MakeFilter(const std::string& deck) const
     };
 }
 
-Deck::KnownFinding Baseline::MakeRecorder(const std::string& deck, Counts& counts)
+Decks::KnownFinding Baseline::MakeRecorder(const std::string& deck, Counts& counts)
 {
     return [&counts, keys = KeyMaker(deck)](
-               const Deck::DeckFiles& files, const Deck::Spot& spot, Deck::Code code) mutable {
-        ++counts[keys.Make(files, spot, code)];
+               const Decks::DeckFiles& files, const Decks::TextRange& range, Decks::Code code) mutable {
+        ++counts[keys.Make(files, range, code)];
         return true;
     };
 }

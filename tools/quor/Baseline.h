@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/deck/Teller.h"
+#include "quor/deck/internal/check/FindingReporter.h"
 
 #include <cstddef>
 #include <map>
@@ -36,9 +36,9 @@ public:
     std::string ToText() const;
 
     /// Takes each finding for known as often as it is in the baseline. One answer is for one deck.
-    Deck::KnownFinding MakeFilter(const std::string& deck) const;
+    Core::Decks::KnownFinding MakeFilter(const std::string& deck) const;
     /// Takes all findings for known, and counts them in `counts`, which must outlive the answer.
-    static Deck::KnownFinding MakeRecorder(const std::string& deck, Counts& counts);
+    static Core::Decks::KnownFinding MakeRecorder(const std::string& deck, Counts& counts);
     /// So that the baseline knows what one deck has, and still what others have.
     void Add(const Counts& counts);
     std::size_t GetCount() const;

@@ -1,7 +1,7 @@
-#include "tools/deck/Codes.h"
-#include "tools/deck/DeckCheck.h"
-#include "tools/deck/SourceText.h"
-#include "tools/deck/Vocabulary.h"
+#include "quor/deck/internal/check/DeckCheck.h"
+#include "quor/deck/internal/check/FindingCodes.h"
+#include "quor/deck/internal/text/SourceText.h"
+#include "quor/deck/internal/text/Vocabulary.h"
 #include "tools/quor/Baseline.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
@@ -30,14 +30,15 @@
 
 namespace Veld::Quor::Tools {
 
+namespace Decks = Core::Decks;
 using namespace Core::Keywords;
-using Deck::DeckReport;
+using Decks::DeckReport;
 
 namespace {
 
 struct CheckCommandOptions {
     std::vector<std::string> decks;
-    Deck::ReadOptions check;
+    Decks::ReadOptions check;
     FindingFormat format = FindingFormat::Text;
     std::string baseline; // empty: none
     std::string newBaseline; // likewise
@@ -73,7 +74,7 @@ void PrintJson(const std::vector<Result>& results)
     for (const auto& [deck, report] : results) {
         decks.push_back({{"deck", deck}, {"keywords", report.keywords}, {"sections", report.sections},
             {"files", report.files}, {"clean", !report.findings.HasFault()}});
-        for (const Deck::Finding& finding : report.findings.GetKept()) {
+        for (const Decks::Finding& finding : report.findings.GetKept()) {
             nlohmann::ordered_json json = {{"deck", deck}};
             json.update(FindingJson(finding));
             findings.push_back(std::move(json));
@@ -91,13 +92,13 @@ void PrintHeader(Catalogue& catalogue)
 
 /// Empty, and told, if the deck can't be read.
 std::optional<Result> CheckOne(
-    const std::string& deck, Deck::ReadOptions options, Deck::Vocabulary& vocabulary)
+    const std::string& deck, Decks::ReadOptions options, Decks::Vocabulary& vocabulary)
 {
     try {
         ProgressBar bar;
         options.progress = [&bar](std::size_t done, std::size_t known) { bar.Show(done, known); };
         return Result{deck, CheckDeck(deck, options, vocabulary)};
-    } catch (const Deck::SourceError& error) {
+    } catch (const Decks::SourceError& error) {
         PrintError(fmt::format("can't read '{}': {}", deck, error.what()));
         return std::nullopt;
     }
@@ -109,7 +110,7 @@ void PrintEnd(const std::vector<Result>& results, FindingFormat format)
     if (format == FindingFormat::Json)
         PrintJson(results);
     else if (format != FindingFormat::Text) // text was printed deck by deck
-        Print(FindingsText(format, FindingsOf(results), RulesOf(Deck::Codes())));
+        Print(FindingsText(format, FindingsOf(results), RulesOf(Decks::Codes())));
 }
 
 /// An empty one if none is asked for; no value, and told, if it can't be read.
@@ -140,11 +141,11 @@ bool WriteBaseline(const std::string& path, const Baseline& baseline)
 /// Of the decks that can be read. What they have is added to `baseline` if a new one is to be written.
 std::vector<Result> CheckAll(Catalogue& catalogue, const CheckCommandOptions& options, Baseline& baseline)
 {
-    Deck::Vocabulary vocabulary(catalogue.GetTable());
+    Decks::Vocabulary vocabulary(catalogue.GetTable());
     std::vector<Result> results;
     for (const std::string& deck : options.decks) {
         Baseline::Counts counts;
-        Deck::ReadOptions check = options.check;
+        Decks::ReadOptions check = options.check;
         if (!options.newBaseline.empty())
             check.isKnown = Baseline::MakeRecorder(deck, counts);
         else if (!options.baseline.empty())

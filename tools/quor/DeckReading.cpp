@@ -1,7 +1,7 @@
 #include "tools/quor/DeckReading.h"
 
+#include "quor/deck/internal/text/SourceText.h"
 #include "quor/variables/VariablesString.h"
-#include "tools/deck/SourceText.h"
 #include "tools/quor/Conditions.h"
 #include "tools/quor/FindingText.h"
 #include "tools/quor/ProgressBar.h"
@@ -15,11 +15,12 @@
 
 namespace Veld::Quor::Tools {
 
+namespace Decks = Core::Decks;
 using namespace Core::Keywords;
 
 namespace {
 
-std::string CheckCommand(const std::string& path, const Deck::Target& target)
+std::string CheckCommand(const std::string& path, const Decks::Target& target)
 {
     std::string command = "quor check " + MakePrintable(path);
     if (target.simulator != SimulatorType::Any)
@@ -37,14 +38,14 @@ bool IsVariableName(const std::string& name)
 
 } // namespace
 
-void AddReadOptions(CLI::App& command, Deck::ReadOptions& options)
+void AddReadOptions(CLI::App& command, Decks::ReadOptions& options)
 {
     AddSimulatorOption(command, options.target.simulator);
     AddModeOption(command, options.target.mode);
     AddVariablesOption(command, options.variables);
 }
 
-void AddVariablesOption(CLI::App& command, Deck::VariableTexts& variables)
+void AddVariablesOption(CLI::App& command, Decks::VariableTexts& variables)
 {
     const auto add = [&variables](const std::vector<std::string>& words) {
         for (const std::string& word : words) {
@@ -63,32 +64,32 @@ void AddVariablesOption(CLI::App& command, Deck::VariableTexts& variables)
         ->allow_extra_args(false);
 }
 
-std::unique_ptr<Deck::Deck> ReadForAnswers(
-    const std::string& path, Deck::ReadOptions options, Deck::Vocabulary& vocabulary, const char* consequence)
+std::unique_ptr<Decks::Deck> ReadForAnswers(const std::string& path, Decks::ReadOptions options,
+    Decks::Vocabulary& vocabulary, const char* consequence)
 {
-    std::unique_ptr<Deck::Deck> deck;
+    std::unique_ptr<Decks::Deck> deck;
     try {
         ProgressBar bar;
         options.progress = [&bar](std::size_t done, std::size_t known) { bar.Show(done, known); };
-        deck = Deck::ReadDeck(path, options, vocabulary);
-    } catch (const Deck::SourceError& error) {
+        deck = Decks::ReadDeck(path, options, vocabulary);
+    } catch (const Decks::SourceError& error) {
         PrintError(fmt::format("can't read '{}': {}", path, error.what()));
         return nullptr;
     }
-    if (const std::size_t errors = deck->findings.GetCount(Deck::Severity::Error); errors > 0)
+    if (const std::size_t errors = deck->findings.GetCount(Decks::Severity::Error); errors > 0)
         PrintAside(fmt::format("quor: {} has {}, told by '{}'; {}\n", MakePrintable(path),
             Plural(errors, "error"), CheckCommand(path, options.target), consequence));
     return deck;
 }
 
-std::string PlaceText(const Deck::Place& place)
+std::string LocationText(const Decks::Location& location)
 {
-    return fmt::format("{}:{}", MakePrintable(place.file), place.line);
+    return fmt::format("{}:{}", MakePrintable(location.file), location.line);
 }
 
-nlohmann::ordered_json PlaceJson(const Deck::Place& place)
+nlohmann::ordered_json LocationJson(const Decks::Location& location)
 {
-    return {{"file", place.file}, {"line", place.line}};
+    return {{"file", location.file}, {"line", location.line}};
 }
 
 } // namespace Veld::Quor::Tools

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tools/deck/Deck.h"
-#include "tools/deck/KeywordValidity.h"
-#include "tools/deck/Vocabulary.h"
+#include "quor/deck/internal/check/KeywordValidity.h"
+#include "quor/deck/internal/read/Deck.h"
+#include "quor/deck/internal/text/Vocabulary.h"
 
 #include <nlohmann/json_fwd.hpp>
 
@@ -17,17 +17,17 @@ namespace Veld::Quor::Tools {
 
 /// Adds the options that tell for what a deck is read: simulator, mode, and values of variables. `options`
 /// must outlive the application.
-void AddReadOptions(CLI::App& command, Deck::ReadOptions& options);
-void AddVariablesOption(CLI::App& command, Deck::VariableTexts& variables);
+void AddReadOptions(CLI::App& command, Core::Decks::ReadOptions& options);
+void AddVariablesOption(CLI::App& command, Core::Decks::VariableTexts& variables);
 
 /// Reads a deck for a command that does something else than to check it, with a bar that tells how far that
 /// is. Tells in a line if the deck has errors, and what this means for the command. Null, and told, if it
 /// can't be read.
-std::unique_ptr<Deck::Deck> ReadForAnswers(const std::string& path, Deck::ReadOptions options,
-    Deck::Vocabulary& vocabulary, const char* consequence = "the answer may lack what they hide");
+std::unique_ptr<Core::Decks::Deck> ReadForAnswers(const std::string& path, Core::Decks::ReadOptions options,
+    Core::Decks::Vocabulary& vocabulary, const char* consequence = "the answer may lack what they hide");
 
 /// "file:line"
-std::string PlaceText(const Deck::Place& place);
-nlohmann::ordered_json PlaceJson(const Deck::Place& place);
+std::string LocationText(const Core::Decks::Location& location);
+nlohmann::ordered_json LocationJson(const Core::Decks::Location& location);
 
 } // namespace Veld::Quor::Tools

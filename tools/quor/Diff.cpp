@@ -1,4 +1,4 @@
-#include "tools/deck/ask/DeckDifference.h"
+#include "quor/deck/internal/compare/DeckDifference.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/Conditions.h"
@@ -20,15 +20,16 @@
 
 namespace Veld::Quor::Tools {
 
+namespace Decks = Core::Decks;
 using namespace Core::Keywords;
-using Deck::Change;
+using Decks::Change;
 using nlohmann::ordered_json;
 
 namespace {
 
 struct DiffOptions {
     std::string decks[2];
-    Deck::ReadOptions read;
+    Decks::ReadOptions read;
     bool isStrict = false;
     bool isJson = false;
 };
@@ -51,9 +52,9 @@ std::string ValueText(const std::string& text)
     return text.empty() ? "''" : Cut(MakePrintable(text), widest);
 }
 
-std::string ArrayText(const Deck::ItemChange& item)
+std::string ArrayText(const Decks::ItemChange& item)
 {
-    const Deck::ArrayChange& array = *item.array;
+    const Decks::ArrayChange& array = *item.array;
     std::string text;
     if (array.sizeBefore != array.sizeAfter)
         text = fmt::format("{} values -> {}", array.sizeBefore, array.sizeAfter);
@@ -65,7 +66,7 @@ std::string ArrayText(const Deck::ItemChange& item)
     return array.differing == 1 ? text : fmt::format("{}, by {:.6g} at most", text, array.greatest);
 }
 
-std::string ItemText(const Deck::ItemChange& item)
+std::string ItemText(const Decks::ItemChange& item)
 {
     const std::string values =
         item.array ? ArrayText(item) : fmt::format("{} -> {}", ValueText(item.before), ValueText(item.after));
@@ -80,18 +81,18 @@ std::string LineText(const Change& change, bool isColoured)
         line += ' ' + MakePrintable(change.identity);
     if (change.kind == Change::Kind::Changed)
         line += ": " + ItemText(change.item);
-    std::string places = change.before ? PlaceText(*change.before) : "";
+    std::string locations = change.before ? LocationText(*change.before) : "";
     if (change.after)
-        places += (places.empty() ? "" : ", ") + PlaceText(*change.after);
+        locations += (locations.empty() ? "" : ", ") + LocationText(*change.after);
     if (isColoured)
         line = fmt::format("\x1b[{}m{}\x1b[0m", kind.colour, line);
-    return fmt::format("  {}   ({})\n", line, places);
+    return fmt::format("  {}   ({})\n", line, locations);
 }
 
-void PrintText(const Deck::Difference& difference)
+void PrintText(const Decks::Difference& difference)
 {
     const bool isColoured = TakesColour();
-    for (const Deck::ChangeGroup& group : difference.groups) {
+    for (const Decks::ChangeGroup& group : difference.groups) {
         const std::string& section = SectionType::ToString(group.section);
         Print(fmt::format("{}{}{}\n", section.empty() ? "before the first section" : section,
             group.step.empty() ? "" : ", ", group.step));
@@ -112,15 +113,15 @@ ordered_json ChangeJson(const Change& change)
     if (const auto& array = change.item.array)
         json["array"] = {{"differing", array->differing}, {"sizeBefore", array->sizeBefore},
             {"sizeAfter", array->sizeAfter}, {"first", array->first}, {"greatest", array->greatest}};
-    json["a"] = change.before ? PlaceJson(*change.before) : ordered_json();
-    json["b"] = change.after ? PlaceJson(*change.after) : ordered_json();
+    json["a"] = change.before ? LocationJson(*change.before) : ordered_json();
+    json["b"] = change.after ? LocationJson(*change.after) : ordered_json();
     return json;
 }
 
-void PrintJson(const Deck::Difference& difference, const DiffOptions& options)
+void PrintJson(const Decks::Difference& difference, const DiffOptions& options)
 {
     auto changes = ordered_json::array();
-    for (const Deck::ChangeGroup& group : difference.groups) {
+    for (const Decks::ChangeGroup& group : difference.groups) {
         for (const Change& change : group.changes) {
             ordered_json json = {{"section", TextOrNull(SectionType::ToString(group.section))},
                 {"step", TextOrNull(group.step)}};
@@ -137,12 +138,12 @@ void PrintJson(const Deck::Difference& difference, const DiffOptions& options)
 
 int Diff(Catalogue& catalogue, const DiffOptions& options)
 {
-    Deck::Vocabulary vocabulary(catalogue.GetTable());
+    Decks::Vocabulary vocabulary(catalogue.GetTable());
     const auto a = ReadForAnswers(options.decks[0], options.read, vocabulary);
     const auto b = ReadForAnswers(options.decks[1], options.read, vocabulary);
     if (!a || !b)
         return Failure;
-    const auto difference = Deck::Compare(*a, *b, {options.read.target.simulator, options.isStrict});
+    const auto difference = Decks::Compare(*a, *b, {options.read.target.simulator, options.isStrict});
     if (options.isJson)
         PrintJson(difference, options);
     else

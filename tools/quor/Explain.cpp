@@ -1,6 +1,6 @@
-#include "tools/deck/KeywordValidity.h"
-#include "tools/deck/NearestNames.h"
-#include "tools/deck/SourceText.h"
+#include "quor/deck/internal/check/KeywordValidity.h"
+#include "quor/deck/internal/text/NearestNames.h"
+#include "quor/deck/internal/text/SourceText.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/Conditions.h"
 #include "tools/quor/FindingCodes.h"
@@ -21,6 +21,7 @@
 
 namespace Veld::Quor::Tools {
 
+namespace Decks = Core::Decks;
 using namespace Core::Keywords;
 
 namespace {
@@ -31,11 +32,11 @@ struct ExplainOptions {
 };
 
 /// Nothing for an empty deck.
-std::string ExampleText(const char* label, const Deck::Remedy& remedy, const char* deck)
+std::string ExampleText(const char* label, const Decks::Remedy& remedy, const char* deck)
 {
-    Deck::LineReader lines(deck);
+    Decks::LineReader lines(deck);
     std::string text;
-    for (Deck::Line line; lines.Next(line);)
+    for (Decks::Line line; lines.Next(line);)
         text += fmt::format("    {}\n", line.text);
     const bool isForAny = remedy.target.simulator == SimulatorType::Any;
     const std::string target = isForAny ? "" : fmt::format(", for {}", NameOf(remedy.target));
@@ -82,9 +83,9 @@ std::string ListText(const std::vector<FindingCode>& codes)
     return text;
 }
 
-void TellUnknown(const std::string& name)
+void ReportUnknown(const std::string& name)
 {
-    const auto nearest = Deck::FindNearest(FindingCodeNames(), name);
+    const auto nearest = Decks::FindNearest(FindingCodeNames(), name);
     PrintError(fmt::format("{} is not a code of findings{}", name,
         nearest.empty() ? "" : fmt::format("; did you mean {}?", fmt::join(nearest, ", "))));
     if (nearest.empty())
@@ -118,7 +119,7 @@ int Explain(const ExplainOptions& options)
                 asked.push_back(code);
         }
         if (asked.size() == before) {
-            TellUnknown(name);
+            ReportUnknown(name);
             status = HasFindings;
         }
     }

@@ -1,18 +1,19 @@
 #include "tools/quor/FindingCodes.h"
 
-#include "tools/deck/Codes.h"
+#include "quor/deck/internal/check/FindingCodes.h"
 #include "tools/lint/Codes.h"
 
 #include <set>
 
 namespace Veld::Quor::Tools {
 
+namespace Decks = Core::Decks;
 std::vector<FindingCode> AllFindingCodes()
 {
     std::vector<FindingCode> codes;
-    const std::vector<FindingRule> rules = RulesOf(Deck::Codes());
+    const std::vector<FindingRule> rules = RulesOf(Decks::Codes());
     for (std::size_t i = 0; i < rules.size(); ++i)
-        codes.push_back({"check", rules[i], &RemedyOf(Deck::Codes()[i].code)});
+        codes.push_back({"check", rules[i], &RemedyOf(Decks::Codes()[i].code)});
     for (const FindingRule& rule : RulesOf(Lint::Codes()))
         codes.push_back({"lint", rule, nullptr});
     return codes;

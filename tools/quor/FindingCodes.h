@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/deck/Remedies.h"
+#include "quor/deck/internal/check/Remedies.h"
 #include "tools/quor/FindingFormat.h"
 
 #include <string>
@@ -12,7 +12,7 @@ namespace Veld::Quor::Tools {
 struct FindingCode {
     const char* command; ///< the subcommand that tells such findings
     FindingRule rule;
-    const Deck::Remedy* remedy; ///< null for codes of documents
+    const Core::Decks::Remedy* remedy; ///< null for codes of documents
 };
 
 /// Those of decks, then those of documents.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/deck/Finding.h"
+#include "quor/deck/internal/check/Finding.h"
 
 #include <string>
 #include <vector>
@@ -29,7 +29,7 @@ void AddMaxFindingsOption(CLI::App& command, std::size_t& limit, const std::stri
 struct FindingRule {
     std::string code;
     std::string meaning;
-    Deck::Severity severity;
+    Core::Decks::Severity severity;
 };
 
 /// The rows of a table of codes.
@@ -42,7 +42,7 @@ std::vector<FindingRule> RulesOf(const std::vector<CodeInfo>& codes)
     return rules;
 }
 
-using FindingSets = std::vector<const Deck::Findings*>;
+using FindingSets = std::vector<const Core::Decks::Findings*>;
 
 /// The findings in one of the formats that need nothing but them: all but text and JSON. `rules` may be
 /// empty, or lack some of the codes.

@@ -4,15 +4,17 @@
 
 namespace Veld::Quor::Tools {
 
-using Deck::Severity;
+namespace Decks = Core::Decks;
+using Decks::Severity;
 
-nlohmann::ordered_json FindingJson(const Deck::Finding& finding)
+nlohmann::ordered_json FindingJson(const Decks::Finding& finding)
 {
     auto includedFrom = nlohmann::ordered_json::array();
-    for (const Deck::Place& place : finding.includedFrom)
-        includedFrom.push_back({{"file", place.file}, {"line", place.line}, {"column", place.column}});
-    return {{"code", finding.code}, {"severity", ToString(finding.severity)}, {"file", finding.place.file},
-        {"line", finding.place.line}, {"column", finding.place.column}, {"length", finding.length},
+    for (const Decks::Location& location : finding.includedFrom)
+        includedFrom.push_back(
+            {{"file", location.file}, {"line", location.line}, {"column", location.column}});
+    return {{"code", finding.code}, {"severity", ToString(finding.severity)}, {"file", finding.location.file},
+        {"line", finding.location.line}, {"column", finding.location.column}, {"length", finding.length},
         {"message", finding.message}, {"hint", finding.hint}, {"includedFrom", includedFrom}};
 }
 
@@ -24,13 +26,13 @@ nlohmann::ordered_json CountsJson(const FindingSets& sets)
     std::size_t omitted = 0;
     std::size_t known = 0;
     std::size_t silenced = 0;
-    for (const Deck::Findings* const findings : sets) {
+    for (const Decks::Findings* const findings : sets) {
         errors += findings->GetCount(Severity::Error);
         warnings += findings->GetCount(Severity::Warning);
         notes += findings->GetCount(Severity::Note);
         omitted += findings->GetOmittedCount();
-        known += findings->GetHiddenCount(Deck::Hiding::Known);
-        silenced += findings->GetHiddenCount(Deck::Hiding::Silenced);
+        known += findings->GetHiddenCount(Decks::Hiding::Known);
+        silenced += findings->GetHiddenCount(Decks::Hiding::Silenced);
     }
     return {{"errors", errors}, {"warnings", warnings}, {"notes", notes}, {"omitted", omitted},
         {"known", known}, {"silenced", silenced}};

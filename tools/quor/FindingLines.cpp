@@ -6,8 +6,9 @@
 
 namespace Veld::Quor::Tools {
 
-using Deck::Finding;
-using Deck::Severity;
+namespace Decks = Core::Decks;
+using Decks::Finding;
+using Decks::Severity;
 
 namespace {
 
@@ -15,7 +16,7 @@ template <class Line>
 std::string ForEachFinding(const FindingSets& sets, Line line)
 {
     std::string text;
-    for (const Deck::Findings* const findings : sets) {
+    for (const Decks::Findings* const findings : sets) {
         for (const Finding& finding : findings->GetKept())
             text += line(finding);
     }
@@ -50,8 +51,9 @@ const char* CommandOf(Severity severity)
 std::string GccText(const FindingSets& sets)
 {
     return ForEachFinding(sets, [](const Finding& finding) {
-        return fmt::format("{}:{}:{}: {}: {} [{}]\n", MakePrintable(finding.place.file), finding.place.line,
-            finding.place.column, ToString(finding.severity), MakePrintable(WithHint(finding)), finding.code);
+        return fmt::format("{}:{}:{}: {}: {} [{}]\n", MakePrintable(finding.location.file),
+            finding.location.line, finding.location.column, ToString(finding.severity),
+            MakePrintable(WithHint(finding)), finding.code);
     });
 }
 
@@ -59,7 +61,7 @@ std::string GitHubText(const FindingSets& sets)
 {
     return ForEachFinding(sets, [](const Finding& finding) {
         return fmt::format("::{} file={},line={},col={},title={}::{}\n", CommandOf(finding.severity),
-            Escape(finding.place.file, "%\r\n:,"), finding.place.line, finding.place.column,
+            Escape(finding.location.file, "%\r\n:,"), finding.location.line, finding.location.column,
             Escape(finding.code, "%\r\n:,"), Escape(WithHint(finding), "%\r\n"));
     });
 }

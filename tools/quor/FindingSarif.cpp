@@ -13,7 +13,8 @@
 
 namespace Veld::Quor::Tools {
 
-using Deck::Finding;
+namespace Decks = Core::Decks;
+using Decks::Finding;
 using Json = nlohmann::ordered_json;
 
 namespace {
@@ -37,18 +38,19 @@ std::string UriOf(const std::string& path)
 /// do.
 Json RegionOf(const Finding& finding)
 {
-    const std::size_t offset = finding.place.column - finding.excerptColumn;
+    const std::size_t offset = finding.location.column - finding.excerptColumn;
     const std::string_view excerpt = finding.excerpt;
     const std::size_t begin = std::min(offset, excerpt.size());
     const std::size_t column = finding.excerptColumn + CountCharacters(excerpt.substr(0, begin));
     const std::size_t length =
         std::max<std::size_t>(CountCharacters(excerpt.substr(begin, finding.length)), 1);
-    return {{"startLine", finding.place.line}, {"startColumn", column}, {"endColumn", column + length}};
+    return {{"startLine", finding.location.line}, {"startColumn", column}, {"endColumn", column + length}};
 }
 
-Json LocationOf(const Deck::Place& place, const Json& region)
+Json LocationOf(const Decks::Location& location, const Json& region)
 {
-    return {{"physicalLocation", {{"artifactLocation", {{"uri", UriOf(place.file)}}}, {"region", region}}}};
+    return {
+        {"physicalLocation", {{"artifactLocation", {{"uri", UriOf(location.file)}}}, {"region", region}}}};
 }
 
 Json ResultOf(const Finding& finding, std::size_t ruleIndex)
@@ -57,9 +59,9 @@ Json ResultOf(const Finding& finding, std::size_t ruleIndex)
         finding.hint.empty() ? finding.message : fmt::format("{}; {}", finding.message, finding.hint);
     Json result = {{"ruleId", finding.code}, {"ruleIndex", ruleIndex}, {"level", ToString(finding.severity)},
         {"message", {{"text", text}}},
-        {"locations", Json::array({LocationOf(finding.place, RegionOf(finding))})}};
-    for (const Deck::Place& place : finding.includedFrom)
-        result["relatedLocations"].push_back(LocationOf(place, {{"startLine", place.line}}));
+        {"locations", Json::array({LocationOf(finding.location, RegionOf(finding))})}};
+    for (const Decks::Location& location : finding.includedFrom)
+        result["relatedLocations"].push_back(LocationOf(location, {{"startLine", location.line}}));
     return result;
 }
 
@@ -85,7 +87,7 @@ std::string SarifText(const FindingSets& sets, const std::vector<FindingRule>& r
     };
     std::for_each(rules.begin(), rules.end(), addRule);
     Json results = Json::array();
-    for (const Deck::Findings* const findings : sets) {
+    for (const Decks::Findings* const findings : sets) {
         for (const Finding& finding : findings->GetKept())
             results.push_back(ResultOf(finding, addRule({finding.code, {}, finding.severity})));
     }

@@ -9,8 +9,9 @@
 
 namespace Veld::Quor::Tools {
 
-using Deck::Finding;
-using Deck::Severity;
+namespace Decks = Core::Decks;
+using Decks::Finding;
+using Decks::Severity;
 
 namespace {
 
@@ -49,7 +50,7 @@ std::string ExcerptText(const Finding& finding, const Colours& colours)
     if (finding.excerpt.empty())
         return "";
     const std::string excerpt = MakePrintable(finding.excerpt);
-    const std::size_t offset = std::min(finding.place.column - finding.excerptColumn, excerpt.size());
+    const std::size_t offset = std::min(finding.location.column - finding.excerptColumn, excerpt.size());
     std::string margin;
     for (std::size_t i = 0; i < offset; ++i)
         margin += excerpt[i] == '\t' ? '\t' : ' ';
@@ -61,19 +62,20 @@ std::string ExcerptText(const Finding& finding, const Colours& colours)
 std::string FindingText(const Finding& finding, const Colours& colours)
 {
     const std::string severity = colours.Paint(Colours::CodeOf(finding.severity), ToString(finding.severity));
-    std::string text = fmt::format("{}:{}:{}: {}: {} [{}]\n", MakePrintable(finding.place.file),
-        finding.place.line, finding.place.column, severity, MakePrintable(finding.message), finding.code);
+    std::string text =
+        fmt::format("{}:{}:{}: {}: {} [{}]\n", MakePrintable(finding.location.file), finding.location.line,
+            finding.location.column, severity, MakePrintable(finding.message), finding.code);
     text += ExcerptText(finding, colours);
     if (!finding.hint.empty())
         text += fmt::format("  hint: {}\n", MakePrintable(finding.hint));
-    for (const Deck::Place& place : finding.includedFrom)
-        text += fmt::format("  included from {}:{}\n", MakePrintable(place.file), place.line);
+    for (const Decks::Location& location : finding.includedFrom)
+        text += fmt::format("  included from {}:{}\n", MakePrintable(location.file), location.line);
     return text;
 }
 
 } // namespace
 
-std::string FindingsText(const Deck::Findings& findings)
+std::string FindingsText(const Decks::Findings& findings)
 {
     const Colours colours(TakesColour());
     std::string text;
@@ -84,7 +86,7 @@ std::string FindingsText(const Deck::Findings& findings)
     return text;
 }
 
-std::string CountsText(const Deck::Findings& findings)
+std::string CountsText(const Decks::Findings& findings)
 {
     std::vector<std::string> counts;
     for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Note}) {
@@ -93,9 +95,9 @@ std::string CountsText(const Deck::Findings& findings)
     }
     if (!findings.HasFault())
         counts.insert(counts.begin(), "no findings");
-    if (const std::size_t known = findings.GetHiddenCount(Deck::Hiding::Known); known > 0)
+    if (const std::size_t known = findings.GetHiddenCount(Decks::Hiding::Known); known > 0)
         counts.push_back(Plural(known, "known finding") + " hidden");
-    if (const std::size_t silenced = findings.GetHiddenCount(Deck::Hiding::Silenced); silenced > 0)
+    if (const std::size_t silenced = findings.GetHiddenCount(Decks::Hiding::Silenced); silenced > 0)
         counts.push_back(fmt::format("{} silenced", silenced));
     return fmt::format("{}", fmt::join(counts, ", "));
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/deck/Finding.h"
+#include "quor/deck/internal/check/Finding.h"
 
 #include <cstddef>
 #include <string>
@@ -9,10 +9,10 @@ namespace Veld::Quor::Tools {
 
 /// All findings that are kept, for people, and how many more there are. In colours if standard output takes
 /// them.
-std::string FindingsText(const Deck::Findings& findings);
+std::string FindingsText(const Core::Decks::Findings& findings);
 
 /// "2 errors, 1 warning"; "no findings" if there are none but notes. Behind them, what is hidden.
-std::string CountsText(const Deck::Findings& findings);
+std::string CountsText(const Core::Decks::Findings& findings);
 
 /// "1 file", "2 files"
 std::string Plural(std::size_t count, const char* word);

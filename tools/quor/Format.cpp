@@ -1,4 +1,4 @@
-#include "tools/deck/write/DeckWriter.h"
+#include "quor/deck/internal/write/DeckWriter.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/DeckReading.h"
@@ -20,13 +20,14 @@
 
 namespace Veld::Quor::Tools {
 
+namespace Decks = Core::Decks;
 namespace fs = std::filesystem;
 
 namespace {
 
 struct FormatOptions {
     std::string deck;
-    Deck::ReadOptions read;
+    Decks::ReadOptions read;
     bool isOneFile = false;
     bool isInPlace = false;
     bool isCheck = false;
@@ -53,9 +54,9 @@ void Add(std::vector<Formatted>& files, Formatted file)
     files.push_back(std::move(file));
 }
 
-std::vector<Formatted> FormatFiles(const Deck::Deck& deck, const FormatOptions& options)
+std::vector<Formatted> FormatFiles(const Decks::Deck& deck, const FormatOptions& options)
 {
-    Deck::DeckWriter writer(deck, options.read.target);
+    Decks::DeckWriter writer(deck, options.read.target);
     std::vector<Formatted> files;
     if (options.isOneFile)
         return {{deck.files.Get(0).name, deck.files.GetText(0), writer.WriteAll()}};
@@ -147,7 +148,7 @@ int PrintFirst(const std::vector<Formatted>& files)
 
 int Format(Catalogue& catalogue, const FormatOptions& options)
 {
-    Deck::Vocabulary vocabulary(catalogue.GetTable());
+    Decks::Vocabulary vocabulary(catalogue.GetTable());
     const auto deck =
         ReadForAnswers(options.deck, options.read, vocabulary, "what has errors stays as it is");
     if (!deck)

@@ -1,5 +1,5 @@
-#include "tools/deck/ask/DeckSummary.h"
-#include "tools/deck/ask/ReportSteps.h"
+#include "quor/deck/internal/compare/DeckSummary.h"
+#include "quor/deck/internal/compare/ReportSteps.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/Conditions.h"
@@ -24,6 +24,7 @@
 
 namespace Veld::Quor::Tools {
 
+namespace Decks = Core::Decks;
 using namespace Core::Keywords;
 using nlohmann::ordered_json;
 
@@ -31,7 +32,7 @@ namespace {
 
 struct InfoOptions {
     std::string deck;
-    Deck::ReadOptions read;
+    Decks::ReadOptions read;
     bool withAllWells = false;
     bool withAllProperties = false;
     bool isJson = false;
@@ -73,28 +74,28 @@ void PrintSomeRows(
         Print(fmt::format("  and {} more; {} lists all\n", count - shown, option));
 }
 
-void PrintFiles(const Deck::DeckSummary& summary)
+void PrintFiles(const Decks::DeckSummary& summary)
 {
     constexpr std::size_t deepest = 20;
     Columns table({"file", "bytes", "keywords"});
-    for (const Deck::FileSummary& file : summary.files)
+    for (const Decks::FileSummary& file : summary.files)
         table.Add({std::string(2 * std::min(file.depth, deepest), ' ') + MakePrintable(file.name),
             fmt::format("{}", file.bytes), fmt::format("{}", file.keywords)});
     PrintTable("files", table, summary.files.size());
 }
 
-void PrintSections(const Deck::DeckSummary& summary)
+void PrintSections(const Decks::DeckSummary& summary)
 {
     Columns table({"section", "keywords", "from"});
-    for (const Deck::SectionSummary& row : summary.sections)
-        table.Add({SectionName(row.section), fmt::format("{}", row.keywords), PlaceText(row.place)});
+    for (const Decks::SectionSummary& row : summary.sections)
+        table.Add({SectionName(row.section), fmt::format("{}", row.keywords), LocationText(row.location)});
     PrintTable("sections", table, summary.sections.size());
 }
 
-void PrintRunspec(const Deck::DeckSummary& summary)
+void PrintRunspec(const Decks::DeckSummary& summary)
 {
     Columns table({"keyword", "sizes"});
-    for (const Deck::SizeSummary& row : summary.sizes) {
+    for (const Decks::SizeSummary& row : summary.sizes) {
         std::vector<std::string> sizes;
         for (const auto& [item, value] : row.sizes)
             sizes.push_back(fmt::format("{} {}", item, value));
@@ -108,61 +109,62 @@ void PrintRunspec(const Deck::DeckSummary& summary)
     Print(fmt::format("units: {}\n", summary.units.empty() ? "no set is named" : summary.units));
 }
 
-void PrintTime(const Deck::DeckSummary& summary)
+void PrintTime(const Decks::DeckSummary& summary)
 {
-    const std::string start = Deck::DateText(summary.start);
-    const std::string end = Deck::DateText(summary.end);
+    const std::string start = Decks::DateText(summary.start);
+    const std::string end = Decks::DateText(summary.end);
     Print(fmt::format("time: {} to {}, {}\n", start.empty() ? "no start" : start,
         end.empty() ? "no date" : end, Plural(summary.reports, "report step")));
 }
 
-void PrintWells(const Deck::DeckSummary& summary, bool withAll)
+void PrintWells(const Decks::DeckSummary& summary, bool withAll)
 {
     std::vector<Columns::Row> rows;
-    for (const Deck::Well& well : summary.wells)
+    for (const Decks::Well& well : summary.wells)
         rows.push_back({MakePrintable(well.name), Dashed(well.group), Dashed(well.control),
-            fmt::format("{}", well.completions), Dashed(Deck::DateText(well.since))});
+            fmt::format("{}", well.completions), Dashed(Decks::DateText(well.since))});
     PrintSomeRows("well", std::move(rows), {"name", "group", "last control", "completions", "since"}, withAll,
         "--wells");
 }
 
-void PrintGroups(const Deck::DeckSummary& summary, bool withAll)
+void PrintGroups(const Decks::DeckSummary& summary, bool withAll)
 {
     constexpr std::size_t deepest = 20;
     std::vector<Columns::Row> rows;
-    for (const Deck::Group& group : summary.groups)
+    for (const Decks::Group& group : summary.groups)
         rows.push_back({std::string(2 * std::min(group.depth, deepest), ' ') + MakePrintable(group.name),
             fmt::format("{}", group.wells)});
     PrintSomeRows("group", std::move(rows), {"name", "wells"}, withAll, "--wells");
 }
 
-void PrintProperties(const Deck::DeckSummary& summary, bool withAll)
+void PrintProperties(const Decks::DeckSummary& summary, bool withAll)
 {
     std::vector<Columns::Row> rows;
-    for (const Deck::PropertySummary& row : summary.properties) {
-        const auto number = [&row](double Deck::PropertySummary::Range::*member) {
+    for (const Decks::PropertySummary& row : summary.properties) {
+        const auto number = [&row](double Decks::PropertySummary::Range::*member) {
             return row.range ? fmt::format("{:.6g}", *row.range.*member) : "-";
         };
         rows.push_back({row.keyword, fmt::format("{}", row.count), fmt::format("{}", row.defaulted),
-            number(&Deck::PropertySummary::Range::least), number(&Deck::PropertySummary::Range::mean),
-            number(&Deck::PropertySummary::Range::greatest), Dashed(row.measurement), PlaceText(row.place)});
+            number(&Decks::PropertySummary::Range::least), number(&Decks::PropertySummary::Range::mean),
+            number(&Decks::PropertySummary::Range::greatest), Dashed(row.measurement),
+            LocationText(row.location)});
     }
     PrintSomeRows("cell property definition", std::move(rows),
         {"keyword", "values", "defaulted", "least", "mean", "greatest", "measurement", "at"}, withAll,
         "--properties");
 }
 
-void PrintVariables(const Deck::DeckSummary& summary)
+void PrintVariables(const Decks::DeckSummary& summary)
 {
     if (summary.variables.empty())
         return;
     Columns table({"name", "gives a value to"});
-    for (const Deck::VariableSummary& row : summary.variables)
+    for (const Decks::VariableSummary& row : summary.variables)
         table.Add({MakePrintable(row.name), fmt::format("{}", fmt::join(row.uses, ", "))});
     PrintTable(Plural(summary.variables.size(), "variable"), table, summary.variables.size());
 }
 
-void PrintText(const Deck::DeckSummary& summary, const InfoOptions& options)
+void PrintText(const Decks::DeckSummary& summary, const InfoOptions& options)
 {
     Print(fmt::format("title: {}\n", Dashed(summary.title)));
     PrintFiles(summary);
@@ -175,11 +177,12 @@ void PrintText(const Deck::DeckSummary& summary, const InfoOptions& options)
     PrintVariables(summary);
 }
 
-ordered_json PropertyJson(const Deck::PropertySummary& row)
+ordered_json PropertyJson(const Decks::PropertySummary& row)
 {
     ordered_json json = {{"keyword", row.keyword}, {"property", row.property},
-        {"measurement", TextOrNull(row.measurement)}, {"place", PlaceJson(row.place)}, {"count", row.count},
-        {"defaulted", row.defaulted}, {"least", nullptr}, {"mean", nullptr}, {"greatest", nullptr}};
+        {"measurement", TextOrNull(row.measurement)}, {"place", LocationJson(row.location)},
+        {"count", row.count}, {"defaulted", row.defaulted}, {"least", nullptr}, {"mean", nullptr},
+        {"greatest", nullptr}};
     if (row.range) {
         json["least"] = row.range->least;
         json["mean"] = row.range->mean;
@@ -188,20 +191,20 @@ ordered_json PropertyJson(const Deck::PropertySummary& row)
     return json;
 }
 
-ordered_json WellsJson(const std::vector<Deck::Well>& wells)
+ordered_json WellsJson(const std::vector<Decks::Well>& wells)
 {
     auto json = ordered_json::array();
-    for (const Deck::Well& well : wells)
+    for (const Decks::Well& well : wells)
         json.push_back(
             {{"name", well.name}, {"group", TextOrNull(well.group)}, {"control", TextOrNull(well.control)},
-                {"completions", well.completions}, {"since", TextOrNull(Deck::DateText(well.since))}});
+                {"completions", well.completions}, {"since", TextOrNull(Decks::DateText(well.since))}});
     return json;
 }
 
-ordered_json SizesJson(const Deck::DeckSummary& summary)
+ordered_json SizesJson(const Decks::DeckSummary& summary)
 {
     auto json = ordered_json::array();
-    for (const Deck::SizeSummary& row : summary.sizes) {
+    for (const Decks::SizeSummary& row : summary.sizes) {
         auto sizes = ordered_json::object();
         for (const auto& [item, value] : row.sizes)
             sizes[item] = value;
@@ -210,31 +213,31 @@ ordered_json SizesJson(const Deck::DeckSummary& summary)
     return json;
 }
 
-void PrintJson(const Deck::DeckSummary& summary, const InfoOptions& options)
+void PrintJson(const Decks::DeckSummary& summary, const InfoOptions& options)
 {
     ordered_json json = {{"deck", options.deck}, {"title", TextOrNull(summary.title)}};
     auto files = ordered_json::array();
-    for (const Deck::FileSummary& file : summary.files)
+    for (const Decks::FileSummary& file : summary.files)
         files.push_back(
             {{"name", file.name}, {"depth", file.depth}, {"bytes", file.bytes}, {"keywords", file.keywords}});
     auto sections = ordered_json::array();
-    for (const Deck::SectionSummary& row : summary.sections)
+    for (const Decks::SectionSummary& row : summary.sections)
         sections.push_back({{"section", TextOrNull(SectionType::ToString(row.section))},
-            {"keywords", row.keywords}, {"place", PlaceJson(row.place)}});
+            {"keywords", row.keywords}, {"place", LocationJson(row.location)}});
     auto groups = ordered_json::array();
-    for (const Deck::Group& group : summary.groups)
+    for (const Decks::Group& group : summary.groups)
         groups.push_back(
             {{"name", group.name}, {"parent", TextOrNull(group.parent)}, {"wells", group.wells}});
     auto properties = ordered_json::array();
-    for (const Deck::PropertySummary& row : summary.properties)
+    for (const Decks::PropertySummary& row : summary.properties)
         properties.push_back(PropertyJson(row));
     auto variables = ordered_json::array();
-    for (const Deck::VariableSummary& row : summary.variables)
+    for (const Decks::VariableSummary& row : summary.variables)
         variables.push_back({{"name", row.name}, {"uses", row.uses}});
     json.update({{"files", files}, {"sections", sections}, {"sizes", SizesJson(summary)},
         {"options", summary.options}, {"units", TextOrNull(summary.units)},
-        {"start", TextOrNull(Deck::DateText(summary.start))},
-        {"end", TextOrNull(Deck::DateText(summary.end))}, {"reports", summary.reports},
+        {"start", TextOrNull(Decks::DateText(summary.start))},
+        {"end", TextOrNull(Decks::DateText(summary.end))}, {"reports", summary.reports},
         {"wells", WellsJson(summary.wells)}, {"groups", groups}, {"properties", properties},
         {"variables", variables}});
     Print(ToText(json));
@@ -242,11 +245,11 @@ void PrintJson(const Deck::DeckSummary& summary, const InfoOptions& options)
 
 int Info(Catalogue& catalogue, const InfoOptions& options)
 {
-    Deck::Vocabulary vocabulary(catalogue.GetTable());
+    Decks::Vocabulary vocabulary(catalogue.GetTable());
     const auto deck = ReadForAnswers(options.deck, options.read, vocabulary);
     if (!deck)
         return Failure;
-    const Deck::DeckSummary summary = Deck::Summarise(*deck);
+    const Decks::DeckSummary summary = Decks::Summarise(*deck);
     if (options.isJson)
         PrintJson(summary, options);
     else

@@ -150,19 +150,19 @@ void TreeBuilder::Fill(Node& node, const IKeywordDataMD& md) const
 
 void TreeBuilder::FillScalar(Node& node, const IKeywordIntegerMD& md) const
 {
-    node.scalar = Scalar{
+    node.scalar = ScalarValue{
         MakeDefaults(md), ToValue(md.GetMin()), ToValue(md.GetMax()), {}, Copy(md.GetFormatting()), {}, {}};
 }
 
 void TreeBuilder::FillScalar(Node& node, const IKeywordRealMD& md) const
 {
-    node.scalar = Scalar{MakeDefaults(md), ToValue(md.GetMin()), ToValue(md.GetMax()),
+    node.scalar = ScalarValue{MakeDefaults(md), ToValue(md.GetMin()), ToValue(md.GetMax()),
         Copy(md.GetMeasurement()), Copy(md.GetFormatting()), {}, {}};
 }
 
 void TreeBuilder::FillScalar(Node& node, const IKeywordChoiceMD& md) const
 {
-    Scalar& scalar = node.scalar.emplace();
+    ScalarValue& scalar = node.scalar.emplace();
     scalar.defaults = MakeDefaults(md, [&md](int index) {
         return index >= 0 && index < md.NumChoices() ? Value(md.GetChoice(index)) : Value();
     });
@@ -184,14 +184,14 @@ void TreeBuilder::FillScalar(Node& node, const IKeywordChoiceMD& md) const
 
 void TreeBuilder::FillScalar(Node& node, const IKeywordStringMD& md) const
 {
-    Scalar& scalar = node.scalar.emplace();
+    ScalarValue& scalar = node.scalar.emplace();
     scalar.defaults = MakeDefaults(md);
     scalar.string = {md.IsCaseSensitive(), md.LimitLengthTo(), md.CanContainComma()};
 }
 
 void TreeBuilder::FillAssignment(Node& node, const IKeywordAssignmentMD& md) const
 {
-    node.scalar = Scalar{MakeDefaults(md), ToValue(md.GetMin()), ToValue(md.GetMax()), {}, {}, {}, {}};
+    node.scalar = ScalarValue{MakeDefaults(md), ToValue(md.GetMin()), ToValue(md.GetMax()), {}, {}, {}, {}};
     const ModeTable valid = MakeModeTable(
         [&md](SimulatorType::Enum simulator, SimulatorModeType::Enum) { return md.IsValid(simulator); });
     node.key = {md.GetKeys(), md.IsWildcard(), valid};
@@ -204,7 +204,8 @@ void TreeBuilder::FillRecord(Node& node, const IKeywordRecordMD& md) const
     for (int i = 0; i < md.GetSize(); ++i) {
         Node& item = node.children.emplace_back(Build(*md.GetItemMD(i)));
         const auto index = static_cast<unsigned>(i);
-        item.place = {md.IsOptional(i), md.IsIdentifier(i), skippable && skippable->IsSkippableOnRead(index),
+        item.location = {md.IsOptional(i), md.IsIdentifier(i),
+            skippable && skippable->IsSkippableOnRead(index),
             skippable && skippable->IsSkippableOnWrite(index), md.GetColumnConstraint(i),
             MakeModeTable([&validity = md.GetValidity(i)](SimulatorType::Enum simulator,
                               SimulatorModeType::Enum mode) { return validity.IsValid(simulator, mode); }),

@@ -69,7 +69,7 @@ struct StringRules {
     bool mayHoldComma;
 };
 
-struct Scalar {
+struct ScalarValue {
     Defaults defaults;
     std::optional<Value> min;
     std::optional<Value> max;
@@ -80,7 +80,7 @@ struct Scalar {
 };
 
 /// What an item is beside its type, by its place in a record.
-struct Place {
+struct Location {
     bool isOptional;
     bool isIdentifier;
     bool isSkippableOnRead;
@@ -119,8 +119,8 @@ struct Node {
     std::string name; ///< of an item of a record
     unsigned number = 0; ///< one-based among the items of a record
     std::string description;
-    std::optional<Place> place;
-    std::optional<Scalar> scalar;
+    std::optional<Location> location;
+    std::optional<ScalarValue> scalar;
     std::optional<KeyRules> key;
     std::optional<Ending> ending;
     std::optional<ListRules> list;

@@ -23,6 +23,7 @@
 
 namespace Veld::Quor::Tools {
 
+namespace Decks = Core::Decks;
 namespace fs = std::filesystem;
 using Lint::Document;
 using Lint::LintReport;
@@ -86,7 +87,7 @@ void PrintJson(const std::vector<Document>& documents, const LintReport& report)
     for (std::size_t i = 0; i < documents.size(); ++i)
         files.push_back({{"file", documents[i].GetName()}, {"keywords", report.keywords[i]}});
     auto findings = nlohmann::ordered_json::array();
-    for (const Deck::Finding& finding : report.findings.GetKept())
+    for (const Decks::Finding& finding : report.findings.GetKept())
         findings.push_back(FindingJson(finding));
     Print(ToText({{"documents", files}, {"clean", !report.findings.HasFault()},
         {"counts", CountsJson({&report.findings})}, {"findings", findings}}));

@@ -1,5 +1,5 @@
+#include "quor/deck/internal/text/LineText.h"
 #include "quor/syntax/KeywordSyntaxUtils.h"
-#include "tools/deck/LineText.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/Conditions.h"
@@ -23,6 +23,7 @@
 
 namespace Veld::Quor::Tools {
 
+namespace Decks = Core::Decks;
 using namespace Core::Keywords;
 
 namespace {
@@ -64,7 +65,7 @@ bool IsValid(const IKeywordSyntax& syntax, const ListOptions& options)
 bool HoldsText(const IKeywordSyntax& syntax, const std::string& upperText)
 {
     const auto holds = [&upperText](const std::string& text) {
-        return Deck::ToUpper(text).find(upperText) != std::string::npos;
+        return Decks::ToUpper(text).find(upperText) != std::string::npos;
     };
     const auto& aliases = syntax.GetAliases();
     return holds(syntax.GetName()) || holds(syntax.GetDescription())
@@ -82,7 +83,7 @@ bool CarriesWhatIsAsked(const IKeywordSyntax& syntax, const ListOptions& options
 Catalogue::Syntaxes Select(Catalogue& catalogue, const ListOptions& options)
 {
     Catalogue::Syntaxes syntaxes = catalogue.GetSyntaxes(options.withHidden);
-    const std::string upperText = Deck::ToUpper(options.text);
+    const std::string upperText = Decks::ToUpper(options.text);
     std::erase_if(syntaxes, [&](const IKeywordSyntax* syntax) {
         return (options.AsksForValidity() && !IsValid(*syntax, options)) || !HoldsText(*syntax, upperText)
             || !CarriesWhatIsAsked(*syntax, options);

@@ -1,6 +1,6 @@
 #include "tools/quor/ManPage.h"
 
-#include "tools/deck/LineText.h"
+#include "quor/deck/internal/text/LineText.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -9,6 +9,7 @@
 
 namespace Veld::Quor::Tools {
 
+namespace Decks = Core::Decks;
 namespace {
 
 /// As roff prints it, wherever it stands.
@@ -93,7 +94,7 @@ std::string NoteText(const std::string& note)
     if (colon == std::string::npos || colon > note.find('\n'))
         return ".SH NOTES\n" + Flow(note);
     return fmt::format(
-        ".SH {}\n{}", Escape(Deck::ToUpper(note.substr(0, colon))), Flow(note.substr(colon + 2)));
+        ".SH {}\n{}", Escape(Decks::ToUpper(note.substr(0, colon))), Flow(note.substr(colon + 2)));
 }
 
 } // namespace
@@ -101,7 +102,7 @@ std::string NoteText(const std::string& note)
 std::string ManPage(const CommandDescription& program, const std::string& version)
 {
     std::string page = fmt::format(".TH {} 1 \"\" \"{} {}\"\n.SH NAME\n{} \\- {}\n.SH SYNOPSIS\n.B {}\n",
-        Deck::ToUpper(program.name), program.name, Escape(version), program.name,
+        Decks::ToUpper(program.name), program.name, Escape(version), program.name,
         Escape(FirstSentence(program.text)), program.name);
     page +=
         "\\fICOMMAND\\fR [\\fIOPTION\\fR]... [\\fIARGUMENT\\fR]...\n.SH DESCRIPTION\n" + Flow(program.text);

@@ -1,4 +1,4 @@
-#include "tools/deck/ask/Portability.h"
+#include "quor/deck/internal/compare/Portability.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/Conditions.h"
@@ -23,16 +23,17 @@
 
 namespace Veld::Quor::Tools {
 
+namespace Decks = Core::Decks;
 using namespace Core::Keywords;
-using Deck::Loss;
+using Decks::Loss;
 using nlohmann::ordered_json;
 
 namespace {
 
 struct PortCommandOptions {
     std::string deck;
-    Deck::PortOptions port;
-    Deck::VariableTexts variables;
+    Decks::PortOptions port;
+    Decks::VariableTexts variables;
     bool isJson = false;
 };
 
@@ -68,9 +69,9 @@ void PrintKind(const std::vector<const Loss*>& losses, bool withAll)
     Columns table({"", "times", withAll ? "at" : "first at"});
     std::vector<Columns::Row> rows;
     for (const Loss* const loss : losses) {
-        rows.push_back({NameOf(*loss), fmt::format("{}", loss->count), PlaceText(loss->first)});
-        for (std::size_t i = 1; i < loss->places.size(); ++i)
-            rows.push_back({"", "", PlaceText(loss->places[i])});
+        rows.push_back({NameOf(*loss), fmt::format("{}", loss->count), LocationText(loss->first)});
+        for (std::size_t i = 1; i < loss->locations.size(); ++i)
+            rows.push_back({"", "", LocationText(loss->locations[i])});
     }
     for (Columns::Row& row : rows)
         table.Add(std::move(row));
@@ -89,9 +90,9 @@ void PrintText(const std::vector<Loss>& losses, const PortCommandOptions& option
             ofKind.push_back(&*loss);
             count += loss->count;
         }
-        PrintKind(ofKind, options.port.withPlaces);
+        PrintKind(ofKind, options.port.withLocations);
     }
-    const std::string target = Deck::NameOf(options.port.to);
+    const std::string target = Decks::NameOf(options.port.to);
     Print(losses.empty() ? fmt::format("nothing is lost for {}\n", target)
                          : fmt::format("lost for {}: {} in {}\n", target, Plural(losses.size(), "thing"),
                              Plural(count, "place")));
@@ -101,13 +102,13 @@ ordered_json LossJson(const Loss& loss)
 {
     ordered_json json = {{"kind", RowOf(loss.kind).code}, {"keyword", loss.keyword},
         {"section", TextOrNull(SectionType::ToString(loss.section))}, {"item", TextOrNull(loss.item)},
-        {"detail", TextOrNull(loss.detail)}, {"count", loss.count}, {"first", PlaceJson(loss.first)}};
-    for (const Deck::Place& place : loss.places)
-        json["places"].push_back(PlaceJson(place));
+        {"detail", TextOrNull(loss.detail)}, {"count", loss.count}, {"first", LocationJson(loss.first)}};
+    for (const Decks::Location& location : loss.locations)
+        json["places"].push_back(LocationJson(location));
     return json;
 }
 
-ordered_json TargetJson(const Deck::Target& target)
+ordered_json TargetJson(const Decks::Target& target)
 {
     if (target.simulator == SimulatorType::Any)
         return nullptr;
@@ -125,7 +126,7 @@ void PrintJson(const std::vector<Loss>& losses, const PortCommandOptions& option
 }
 
 /// Tells if the simulator hasn't got the mode.
-bool HasMode(const Deck::Target& target)
+bool HasMode(const Decks::Target& target)
 {
     if (target.simulator == SimulatorType::Any || SimulatorType::HasMode(target.simulator, target.mode))
         return true;
@@ -138,12 +139,12 @@ int Port(Catalogue& catalogue, const PortCommandOptions& options)
 {
     if (!HasMode(options.port.from) || !HasMode(options.port.to))
         return Failure;
-    Deck::Vocabulary vocabulary(catalogue.GetTable());
+    Decks::Vocabulary vocabulary(catalogue.GetTable());
     const auto deck =
         ReadForAnswers(options.deck, {.target = options.port.to, .variables = options.variables}, vocabulary);
     if (!deck)
         return Failure;
-    const std::vector<Loss> losses = Deck::FindLosses(*deck, options.port);
+    const std::vector<Loss> losses = Decks::FindLosses(*deck, options.port);
     if (options.isJson)
         PrintJson(losses, options);
     else
@@ -156,7 +157,7 @@ int Port(Catalogue& catalogue, const PortCommandOptions& options)
 Command MakePortCommand(CLI::App& application)
 {
     const auto options = std::make_shared<PortCommandOptions>();
-    Deck::PortOptions& port = options->port;
+    Decks::PortOptions& port = options->port;
     CLI::App& command = *application.add_subcommand("port",
         "Tells what a deck loses on another simulator: keywords, values and words that it doesn't take or\n"
         "act on, and values left to a default that is another one there.");
@@ -168,7 +169,7 @@ Command MakePortCommand(CLI::App& application)
     AddModeOption(command, port.from.mode, "--from-mode", "Mode of that simulator");
     AddVariablesOption(command, options->variables);
     command.get_option("--from-mode")->needs("--from");
-    command.add_flag("--all", port.withPlaces, "List all places of a loss, not the first");
+    command.add_flag("--all", port.withLocations, "List all places of a loss, not the first");
     AddFormatOption(command, options->isJson);
     command.footer("Blocks that the simulator passes over are passed over. Without --from, what any "
                    "simulator takes counts, and\nthe defaults are those of the keywords. What --from doesn't "

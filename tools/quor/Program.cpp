@@ -1,6 +1,6 @@
 #include "tools/quor/Program.h"
 
-#include "tools/deck/NearestNames.h"
+#include "quor/deck/internal/text/NearestNames.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/Terminal.h"
@@ -19,6 +19,7 @@
 
 namespace Veld::Quor::Tools {
 
+namespace Decks = Core::Decks;
 namespace {
 
 /// The subcommand that the command line got to, for a pointer to its help.
@@ -48,11 +49,11 @@ std::string UnknownText(const CLI::App& application)
         : asked.empty()               ? fmt::format("there is no command '{}'", word)
                                       : fmt::format("'{}' is one argument too many", word);
     const auto nearest =
-        isOption || asked.empty() ? Deck::FindNearest(known, word) : std::vector<std::string>();
+        isOption || asked.empty() ? Decks::FindNearest(known, word) : std::vector<std::string>();
     return nearest.empty() ? text : fmt::format("{}; did you mean {}?", text, fmt::join(nearest, ", "));
 }
 
-int TellUsageError(const CLI::App& application, const CLI::ParseError& error)
+int ReportUsageError(const CLI::App& application, const CLI::ParseError& error)
 {
     if (error.get_exit_code() == 0) { // help or version was asked for
         std::ostringstream text;
@@ -98,7 +99,7 @@ int RunCommand(int argc, char** argv)
     try {
         application.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return TellUsageError(application, error);
+        return ReportUsageError(application, error);
     }
     for (const Command& command : commands) {
         if (!command.app->parsed())

@@ -1,6 +1,6 @@
+#include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/NearestNames.h"
 #include "quor/syntax/ICellPropertyInfo.h"
-#include "tools/deck/LineText.h"
-#include "tools/deck/NearestNames.h"
 #include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/Conditions.h"
@@ -26,6 +26,7 @@
 
 namespace Veld::Quor::Tools {
 
+namespace Decks = Core::Decks;
 using namespace Core::Keywords;
 
 namespace {
@@ -222,9 +223,9 @@ void Append(std::vector<Found>& all, const std::string& spelling, KeywordSyntaxT
         all.push_back({spelling, syntax});
 }
 
-void TellUnknown(const std::string& name, Deck::NearestNames& nearestNames)
+void ReportUnknown(const std::string& name, Decks::NearestNames& nearestNames)
 {
-    const auto& nearest = nearestNames.Find(Deck::ToUpper(name), SectionType::None);
+    const auto& nearest = nearestNames.Find(Decks::ToUpper(name), SectionType::None);
     PrintError(fmt::format("{} is not a keyword{}", name,
         nearest.empty() ? "" : fmt::format("; did you mean {}?", fmt::join(nearest, ", "))));
 }
@@ -232,16 +233,16 @@ void TellUnknown(const std::string& name, Deck::NearestNames& nearestNames)
 int Show(Catalogue& catalogue, const ShowOptions& options)
 {
     KeywordSyntaxTable& table = catalogue.GetTable();
-    Deck::NearestNames nearestNames(table);
+    Decks::NearestNames nearestNames(table);
     std::vector<Found> all;
     int status = Success;
     for (const std::string& name : options.names) {
         const std::size_t before = all.size();
         Append(all, name, table);
         if (all.size() == before)
-            Append(all, Deck::ToUpper(name), table);
+            Append(all, Decks::ToUpper(name), table);
         if (all.size() == before) {
-            TellUnknown(name, nearestNames);
+            ReportUnknown(name, nearestNames);
             status = HasFindings;
         }
     }

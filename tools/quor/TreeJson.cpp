@@ -91,19 +91,19 @@ Json ToJson(const Choice& choice)
         {"unsupportedBy", ToJson(choice.unsupported)}};
 }
 
-void Add(Json& json, const Place& place)
+void Add(Json& json, const Location& location)
 {
-    const std::string& column = IKeywordDataMD::ColumnConstraintType::ToString(place.column);
-    json["optional"] = place.isOptional;
-    json["identifier"] = place.isIdentifier;
-    json["skippableOnRead"] = place.isSkippableOnRead;
-    json["skippableOnWrite"] = place.isSkippableOnWrite;
+    const std::string& column = IKeywordDataMD::ColumnConstraintType::ToString(location.column);
+    json["optional"] = location.isOptional;
+    json["identifier"] = location.isIdentifier;
+    json["skippableOnRead"] = location.isSkippableOnRead;
+    json["skippableOnWrite"] = location.isSkippableOnWrite;
     json["columnConstraint"] = column.empty() ? Json() : Json(column);
-    json["validity"] = ValidityJson(place.valid);
-    json["unsupportedBy"] = ToJson(place.unsupported);
+    json["validity"] = ValidityJson(location.valid);
+    json["unsupportedBy"] = ToJson(location.unsupported);
 }
 
-void Add(Json& json, const Scalar& scalar, MDType::Enum type)
+void Add(Json& json, const ScalarValue& scalar, MDType::Enum type)
 {
     json["default"] = ToJson(scalar.defaults);
     if (type == MDType::Real)
@@ -172,13 +172,13 @@ void AddChildren(Json& json, const Node& node)
 Json ToJson(const Node& node)
 {
     Json json = {{"type", TypeWord(node.type)}};
-    if (node.place) {
+    if (node.location) {
         json["number"] = node.number;
         json["name"] = node.name;
     }
     json["description"] = node.description;
-    if (node.place)
-        Add(json, *node.place);
+    if (node.location)
+        Add(json, *node.location);
     if (node.key)
         Add(json, *node.key);
     if (node.scalar)

@@ -93,7 +93,7 @@ DefaultTexts ToTexts(const Defaults& defaults, MDType::Enum type)
     return {ToText(main, type), Join(others)};
 }
 
-std::string LimitsText(const Scalar& scalar, MDType::Enum type)
+std::string LimitsText(const ScalarValue& scalar, MDType::Enum type)
 {
     if (scalar.string)
         return fmt::format("<= {} chars", scalar.string->greatestLength);
@@ -114,7 +114,7 @@ std::string AliasesText(const Choice& choice, bool areHidden, const char* label)
     return names.empty() ? "" : label + Join(names);
 }
 
-std::string ChoicesText(const Scalar& scalar, const ModeTable& keyword)
+std::string ChoicesText(const ScalarValue& scalar, const ModeTable& keyword)
 {
     Words texts;
     for (const Choice& choice : scalar.choices) {
@@ -176,7 +176,7 @@ Words FactsOf(const Node& node)
 }
 
 /// What the type of a scalar brings with it.
-Words MarksOf(const Scalar& scalar)
+Words MarksOf(const ScalarValue& scalar)
 {
     Words marks;
     if (const auto& rules = scalar.string) {
@@ -206,20 +206,20 @@ const char* ColumnText(IKeywordDataMD::ColumnConstraintType::Enum constraint)
     return nullptr;
 }
 
-Words MarksOf(const Place& place)
+Words MarksOf(const Location& location)
 {
     Words marks;
-    if (place.isIdentifier)
+    if (location.isIdentifier)
         marks.push_back("identifier");
-    if (place.isOptional)
+    if (location.isOptional)
         marks.push_back("optional");
-    if (const char* column = ColumnText(place.column))
+    if (const char* column = ColumnText(location.column))
         marks.push_back(column);
-    if (place.isSkippableOnRead && place.isSkippableOnWrite)
+    if (location.isSkippableOnRead && location.isSkippableOnWrite)
         marks.push_back("skippable");
-    else if (place.isSkippableOnRead)
+    else if (location.isSkippableOnRead)
         marks.push_back("skippable on read");
-    else if (place.isSkippableOnWrite)
+    else if (location.isSkippableOnWrite)
         marks.push_back("skippable on write");
     return marks;
 }
@@ -316,12 +316,12 @@ std::string TreePrinter::PrintItems(const Node& record, std::size_t indent) cons
 
 Columns::Row TreePrinter::ItemRow(const Node& item, std::size_t numberWidth) const
 {
-    Words marks = MarksOf(*item.place);
+    Words marks = MarksOf(*item.location);
     Append(marks, FactsOf(item));
     Columns::Row row = {
         fmt::format("{:>{}}", item.number, numberWidth), item.name, ShapeText(item), "", "", ""};
     if (const Node* node = FindScalarNode(item)) {
-        const Scalar& scalar = *node->scalar;
+        const ScalarValue& scalar = *node->scalar;
         row[3] = scalar.measurement.value_or("");
         row[4] = ToTexts(scalar.defaults, node->type).main;
         row[5] = LimitsText(scalar, node->type);
@@ -340,7 +340,7 @@ std::string TreePrinter::PrintItemContent(const Node& item, std::size_t indent) 
         text += Detail("each: ", scalar->description, indent);
     if (scalar)
         text += PrintScalarDetails(*scalar, indent);
-    text += Detail("", RestrictionsText(item.place->valid, item.place->unsupported, keyword_), indent);
+    text += Detail("", RestrictionsText(item.location->valid, item.location->unsupported, keyword_), indent);
     return scalar ? text : text + PrintContent(item, indent);
 }
 
@@ -370,7 +370,7 @@ std::string TreePrinter::PrintAssignments(const Node& map, std::size_t indent) c
 Columns::Row TreePrinter::AssignmentRow(const Node& assignment) const
 {
     const KeyRules& key = *assignment.key;
-    const Scalar& scalar = *assignment.scalar;
+    const ScalarValue& scalar = *assignment.scalar;
     Words marks;
     if (key.isWildcard)
         marks.push_back("wildcard");

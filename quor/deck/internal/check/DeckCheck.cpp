@@ -1,0 +1,14 @@
+#include "quor/deck/internal/check/DeckCheck.h"
+
+#include <memory>
+#include <utility>
+
+namespace Veld::Quor::Core::Decks {
+
+DeckReport CheckDeck(const std::string& path, const ReadOptions& options, Vocabulary& vocabulary)
+{
+    const std::unique_ptr<Deck> deck = ReadDeck(path, options, vocabulary);
+    return {std::move(deck->findings), deck->keywords.size(), deck->sections, deck->distinctFiles};
+}
+
+} // namespace Veld::Quor::Core::Decks

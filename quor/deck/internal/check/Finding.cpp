@@ -1,0 +1,60 @@
+#include "quor/deck/internal/check/Finding.h"
+
+#include <algorithm>
+
+#include <utility>
+
+namespace Veld::Quor::Core::Decks {
+
+const char* ToString(Severity severity)
+{
+    switch (severity) {
+    case Severity::Error:
+        return "error";
+    case Severity::Warning:
+        return "warning";
+    case Severity::Note:
+        return "note";
+    }
+    return "";
+}
+
+void Finding::SetExcerpt(std::string_view line)
+{
+    constexpr std::size_t longest = 160;
+    const std::size_t offset = std::min(location.column - 1, line.size());
+    const std::size_t start = offset + length <= longest ? 0 : offset;
+    excerpt = line.substr(start, longest);
+    excerptColumn = start + 1;
+}
+
+Findings::Findings(std::size_t limit)
+    : limit_(limit)
+{
+}
+
+bool Findings::Admit(Severity severity)
+{
+    ++counts_[static_cast<std::size_t>(severity)];
+    if (!IsFull())
+        return true;
+    ++omitted_;
+    return false;
+}
+
+void Findings::Keep(Finding finding)
+{
+    kept_.push_back(std::move(finding));
+}
+
+std::size_t Findings::GetCount(Severity severity) const
+{
+    return counts_[static_cast<std::size_t>(severity)];
+}
+
+bool Findings::HasFault() const
+{
+    return GetCount(Severity::Error) + GetCount(Severity::Warning) > 0;
+}
+
+} // namespace Veld::Quor::Core::Decks

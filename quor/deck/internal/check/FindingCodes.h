@@ -1,0 +1,70 @@
+#pragma once
+
+#include "quor/deck/internal/check/Finding.h"
+
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// What can be wrong with a deck.
+enum class Code {
+    UnknownKeyword,
+    LowerCase,
+    StrayText,
+    NoSection,
+    SectionOrder,
+    WrongSection,
+    WrongSimulator,
+    WrongMode,
+    MissingPrecedent,
+    TooFewValues,
+    TooManyValues,
+    NoDefault,
+    WrongType,
+    OutOfRange,
+    ColumnOrder,
+    WrongSize,
+    BadRepeat,
+    LongText,
+    NotAChoice,
+    AbbreviatedWord,
+    DeprecatedWord,
+    ChoiceNotValid,
+    ChoiceUnsupported,
+    ItemNotValid,
+    ItemUnsupported,
+    UnknownName,
+    UnknownVariable,
+    BadDate,
+    DateOrder,
+    UnclosedData,
+    UnclosedQuote,
+    UnclosedText,
+    UnclosedSkip,
+    UnclosedScope,
+    StrayEnd,
+    StrayEndskip,
+    StrayEndinc,
+    IncludeName,
+    IncludeMissing,
+    IncludeLoop,
+    IncludeDepth,
+    IncludeCount,
+    UnknownAlias,
+    Encoding,
+    BadSilence,
+    Count,
+};
+
+struct CodeInfo {
+    Code code;
+    const char* name; ///< stable, for programs to go by
+    Severity severity;
+    const char* meaning; ///< one sentence
+};
+
+/// One row for each code, in the order of the codes.
+const std::vector<CodeInfo>& Codes();
+const CodeInfo& InfoOf(Code code);
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,55 @@
+#include "quor/deck/internal/check/FindingReporter.h"
+
+#include <utility>
+
+namespace Veld::Quor::Core::Decks {
+
+void FindingReporter::Report(const TextRange& range, Code code, std::string message, std::string hint)
+{
+    if (isMuted_)
+        return;
+    const CodeInfo& info = InfoOf(code);
+    errors_ += info.severity == Severity::Error ? 1 : 0;
+    if (code != Code::BadSilence && SuppressionsOf(range.file).Cover(range.offset, code)) {
+        findings_.Hide(Hiding::Silenced);
+        return;
+    }
+    if (isKnown_ && isKnown_(files_, range, code)) {
+        findings_.Hide(Hiding::Known);
+        return;
+    }
+    if (!findings_.Admit(info.severity))
+        return;
+    Finding finding;
+    finding.code = info.name;
+    finding.severity = info.severity;
+    finding.location = files_.LocationOf(range);
+    finding.length = range.length;
+    finding.message = std::move(message);
+    finding.hint = std::move(hint);
+    finding.includedFrom = files_.InclusionsOf(range.file);
+    finding.SetExcerpt(files_.LineOf(range).first);
+    findings_.Keep(std::move(finding));
+}
+
+void FindingReporter::ReportBadSuppressions()
+{
+    constexpr std::size_t large = std::size_t(1) << 20;
+    for (std::uint32_t file = 0; file < files_.GetSize(); ++file) {
+        if (files_.GetText(file).size() < large)
+            SuppressionsOf(file);
+    }
+}
+
+const Suppressions& FindingReporter::SuppressionsOf(std::uint32_t file)
+{
+    const SourceText& source = *files_.Get(file).text;
+    const auto [at, isNew] = suppressions_.try_emplace(&source, source);
+    if (isNew) {
+        for (const Suppressions::Fault& fault : at->second.GetFaults())
+            Report({file, fault.offset, fault.length}, Code::BadSilence, fault.message, fault.hint);
+    }
+    return at->second;
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "quor/deck/internal/check/Finding.h"
+#include "quor/deck/internal/check/FindingCodes.h"
+#include "quor/deck/internal/check/Suppressions.h"
+#include "quor/deck/internal/text/DeckFile.h"
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <unordered_map>
+#include <utility>
+
+namespace Veld::Quor::Core::Decks {
+
+/// Whether a finding is known already, so that it isn't reported. Asked once for each that no comment
+/// silences.
+using KnownFinding = std::function<bool(const DeckFiles& files, const TextRange& range, Code code)>;
+
+/// Turns what is found at a range of a deck into a finding, unless it is to be hidden.
+class FindingReporter {
+public:
+    /// `isKnown` may be empty: nothing is known.
+    FindingReporter(const DeckFiles& files, Findings& findings, KnownFinding isKnown = {})
+        : files_(files)
+        , findings_(findings)
+        , isKnown_(std::move(isKnown))
+    {
+    }
+
+    void Report(const TextRange& range, Code code, std::string message, std::string hint = {});
+    /// Reports the silencing comments that can't be followed, of files in which nothing was found. Large ones
+    /// are left alone: it would take as long as to read them.
+    void ReportBadSuppressions();
+
+    /// Errors met so far, hidden ones included.
+    std::size_t GetErrorCount() const { return errors_; }
+
+    /// Nothing is reported, nor counted, while one with `isMuted` lives.
+    class Muted {
+    public:
+        Muted(FindingReporter& reporter, bool isMuted)
+            : reporter_(reporter)
+            , before_(reporter.isMuted_)
+        {
+            reporter.isMuted_ = reporter.isMuted_ || isMuted;
+        }
+        ~Muted() { reporter_.isMuted_ = before_; }
+        Muted(const Muted&) = delete;
+        Muted& operator=(const Muted&) = delete;
+
+    private:
+        FindingReporter& reporter_;
+        bool before_;
+    };
+
+    /// Whether findings are only counted, so that no trouble need be taken over their texts.
+    bool IsFull() const { return findings_.IsFull(); }
+
+private:
+    /// Scans the file when it is first asked for, and reports what is wrong with its comments.
+    const Suppressions& SuppressionsOf(std::uint32_t file);
+
+    const DeckFiles& files_;
+    Findings& findings_;
+    KnownFinding isKnown_;
+    std::unordered_map<const SourceText*, Suppressions> suppressions_;
+    std::size_t errors_ = 0;
+    bool isMuted_ = false;
+};
+
+} // namespace Veld::Quor::Core::Decks

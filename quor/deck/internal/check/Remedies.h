@@ -1,0 +1,23 @@
+#pragma once
+
+#include "quor/deck/internal/check/FindingCodes.h"
+#include "quor/deck/internal/check/KeywordValidity.h"
+
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// What to do about the findings of a code.
+struct Remedy {
+    Code code;
+    const char* text; ///< one or two sentences
+    const char* wrong; ///< a deck that has such a finding and no other; empty if one file can't show it
+    const char* right; ///< the same, fixed
+    Target target = {}; ///< for which the decks are
+};
+
+/// One row for each code, in the order of the codes.
+const std::vector<Remedy>& Remedies();
+const Remedy& RemedyOf(Code code);
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "quor/deck/internal/check/FindingCodes.h"
+#include "quor/deck/internal/text/SourceText.h"
+
+#include <array>
+#include <bitset>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// What the comments of a file say of findings that aren't to be reported:
+///   -- quor: off CODE, CODE   on this line; alone on its line, on the next one that is more than a comment
+///   -- quor: begin-off CODE   from here on
+///   -- quor: end-off CODE     up to here
+/// No code stands for all. After a further `--` there is room for a reason.
+class Suppressions {
+public:
+    /// A comment that can't be followed.
+    struct Fault {
+        std::size_t offset;
+        std::size_t length;
+        std::string message;
+        std::string hint;
+    };
+
+    /// Looks through the whole text.
+    explicit Suppressions(const SourceText& source);
+
+    /// Whether findings with the code aren't to be reported at the offset.
+    bool Cover(std::size_t offset, Code code) const;
+    const std::vector<Fault>& GetFaults() const { return faults_; }
+
+private:
+    static constexpr auto codeCount = static_cast<std::size_t>(Code::Count);
+    using CodeSet = std::bitset<codeCount>;
+
+    struct Line {
+        std::size_t begin;
+        std::size_t end;
+        CodeSet codes;
+    };
+    /// What is silenced from the offset on.
+    struct Region {
+        std::size_t offset;
+        CodeSet codes;
+    };
+
+    void Scan(const SourceText& source);
+    void Follow(std::size_t mark);
+    void Do(std::string_view verb, std::string_view words, std::string_view comment);
+    CodeSet ReadCodes(std::string_view words);
+    void SilenceLine(std::string_view comment, const CodeSet& codes);
+    void Open(std::string_view comment, const CodeSet& codes);
+    void Close(std::string_view comment, const CodeSet& codes);
+    void ReportOpen();
+    void Blame(std::string_view part, std::string message, std::string hint);
+    std::size_t OffsetOf(std::string_view part) const
+    {
+        return static_cast<std::size_t>(part.data() - text_.data());
+    }
+    std::string_view LineAt(std::size_t offset) const;
+    std::string_view NextFullLine(std::size_t offset) const;
+
+    std::string_view text_;
+    std::size_t followed_ = 0; // where the last comment that counts ends
+    std::vector<Line> lines_; // by offset
+    std::vector<Region> regions_; // by offset
+    std::array<std::optional<std::string_view>, codeCount> opened_ = {}; // the comments of open regions
+    std::vector<Fault> faults_;
+};
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "quor/data/IKeywordRecordData.h"
+#include "quor/deck/internal/read/Deck.h"
+#include "quor/foundation/service/Time.h"
+#include "quor/metadata/IKeywordRecordMD.h"
+
+#include <array>
+#include <cstddef>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+struct Well {
+    std::string name;
+    std::string group;
+    std::string control; ///< the last: keyword, fluid that is injected, quantity; empty if there is none
+    long long completions = 0; ///< cells in which it was ever completed
+    Core::Service::Time since; ///< when it was introduced first
+};
+
+struct Group {
+    std::string name;
+    std::string parent; ///< empty at the top
+    std::size_t depth = 0; ///< below the top
+    std::size_t wells = 0; ///< its own
+};
+
+/// Gathers the wells and groups of a deck from its keywords, as they come. A language whose keywords have
+/// other forms, or lack the items, has no wells.
+class WellSummary {
+public:
+    void Follow(const DeckKeyword& keyword, const Core::Service::Time& now);
+
+    /// In the order in which they were introduced.
+    std::vector<Well> GetWells() const;
+    /// Each after the one above it; last, at the top, those that are above themselves.
+    std::vector<Group> GetGroups() const;
+
+private:
+    using Record = Core::Keywords::IKeywordRecordData;
+    struct Entry {
+        Well well;
+        std::size_t number = 0; // in the order of coming
+        std::set<std::array<int, 4>> completions; // I, J, K1, K2
+    };
+    struct Reader {
+        const char* keyword;
+        void (WellSummary::*read)(const Record& record);
+    };
+    static const Reader* FindReader(const std::string& keyword);
+
+    void ReadWell(const Record& record);
+    void ReadGroup(const Record& record);
+    void ReadCompletion(const Record& record);
+    void ReadControl(const Record& record);
+
+    void AddGroup(const std::string& name, const std::string& parent, bool isFirm);
+    template <class Visit>
+    void ForEachWell(const std::string& pattern, Visit visit);
+
+    std::map<std::string, Entry> wells_;
+    std::map<std::string, std::string> parents_; // of groups, by name
+    std::vector<std::string> groups_; // in the order of coming
+    // Of the keyword being read
+    std::string keyword_;
+    Core::Service::Time now_;
+};
+
+} // namespace Veld::Quor::Core::Decks

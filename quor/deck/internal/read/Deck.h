@@ -1,0 +1,64 @@
+#pragma once
+
+#include "quor/data/IKeywordData.h"
+#include "quor/deck/internal/check/Finding.h"
+#include "quor/deck/internal/check/FindingReporter.h"
+#include "quor/deck/internal/check/KeywordValidity.h"
+#include "quor/deck/internal/read/DataReader.h"
+#include "quor/deck/internal/text/DeckFile.h"
+#include "quor/deck/internal/text/Vocabulary.h"
+#include "quor/foundation/SectionType.h"
+#include "quor/syntax/IKeywordSyntax.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// A known keyword of a deck, and what it carries there.
+struct DeckKeyword {
+    const Core::Keywords::IKeywordSyntax* syntax;
+    Core::Keywords::SectionType::Enum section; ///< in which it stands; `None` before the first
+    TextRange name;
+    TextRange whole; ///< with its data; of no length if they go on in another file, or around a skipped block
+    std::unique_ptr<Core::Keywords::IKeywordData> data = {}; ///< null if it carries nothing
+    std::unique_ptr<DataNotes> notes = {}; ///< null if there is nothing to note
+    std::vector<RecordStart> records =
+        {}; ///< of the elements of its outermost list, if that is one of records or lists
+    bool isSound = true; ///< its data are what its text says: nothing is wrong but for warnings and variables
+};
+
+/// A deck as it was read. What was no keyword and no data (comments, blank lines, inclusions, skipped blocks,
+/// unknown keywords) stands in the texts of the files, between the ranges of the keywords.
+struct Deck {
+    explicit Deck(std::size_t maxFindings)
+        : findings(maxFindings)
+    {
+    }
+
+    /// The keyword's name; of one that stands for many, as the deck has it.
+    std::string NameOf(const DeckKeyword& keyword) const;
+
+    DeckFiles files;
+    std::vector<DeckKeyword> keywords; ///< in the order of reading
+    Findings findings; ///< likewise
+    std::size_t sections = 0; ///< different ones
+    std::size_t distinctFiles = 0; ///< the deck itself included
+};
+
+struct ReadOptions {
+    Target target;
+    std::size_t maxFindings = 200;
+    DeckText::Progress progress = {};
+    VariableTexts variables = {}; ///< what the variables of the deck stand for
+    bool keepsValueRanges = false; ///< whether the notes of each keyword get the ranges of its values
+    KnownFinding isKnown = {};
+};
+
+/// Reads a deck whole; what is wrong with it is among its findings. Throws `SourceError` if the deck itself
+/// can't be read; an included file that can't is a finding. The vocabulary's table must outlive the deck.
+std::unique_ptr<Deck> ReadDeck(const std::string& path, const ReadOptions& options, Vocabulary& vocabulary);
+
+} // namespace Veld::Quor::Core::Decks

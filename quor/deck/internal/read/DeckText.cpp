@@ -1,0 +1,366 @@
+#include "quor/deck/internal/read/DeckText.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstring>
+#include <optional>
+#include <utility>
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+
+namespace {
+
+std::string_view TrimBlanks(std::string_view line)
+{
+    const std::size_t first = std::min(line.find_first_not_of(" \t"), line.size());
+    return line.substr(first, line.find_last_not_of(" \t") + 1 - first);
+}
+
+} // namespace
+
+DeckText::DeckText(const std::string& path, const Target& target, Vocabulary& vocabulary, DeckFiles& files,
+    FindingReporter& reporter)
+    : folder_(std::filesystem::path(path).parent_path())
+    , target_(target)
+    , vocabulary_(vocabulary)
+    , files_(files)
+    , reporter_(reporter)
+{
+    Enter({path, std::make_shared<SourceText>(SourceText::Read(path)), std::nullopt, 0});
+}
+
+// Reading
+
+Token DeckText::NextHead()
+{
+    Unpeek();
+    while (SkipToText()) {
+        if (!IsAtLineStart() || !IsLetter(*position_))
+            return {Token::Kind::Word, RangeOf(GetRest().substr(0, 1)), GetRest().substr(0, 1)};
+        const std::string_view word = FindLeadingWord(GetLine());
+        const Entry* const entry = vocabulary_.Find(word);
+        if (entry && TakeStructure(*entry, word))
+            continue;
+        Token token = TakeToken(Token::Kind::Keyword, word.size());
+        token.entry = entry;
+        return token;
+    }
+    return {Token::Kind::End, RangeOf(GetRest().substr(0, 0)), {}};
+}
+
+void DeckText::SkipData()
+{
+    Unpeek();
+    bool mayKeywordStand = true; // names of wells and groups stand before a slash
+    while (SkipToText()) {
+        if (IsAtLineStart() && IsLetter(*position_)) {
+            const std::string_view line = GetLine();
+            const auto lone = FindLoneWord(line);
+            const std::string_view word = FindLeadingWord(line);
+            const Entry* const entry = vocabulary_.Find(word);
+            if (entry && (lone || vocabulary_.FindInclude(word))) {
+                if (TakeStructure(*entry, word))
+                    continue;
+                return;
+            }
+            if (lone && lone->isUpper && !lone->hasSlash && mayKeywordStand)
+                return;
+        }
+        mayKeywordStand = HasEndingSlash(GetLine());
+        SkipLine();
+    }
+}
+
+Token DeckText::NextData()
+{
+    if (!hasPeeked_)
+        return ScanData();
+    if (peeked_.kind != Token::Kind::Keyword && peeked_.kind != Token::Kind::End)
+        hasPeeked_ = false;
+    return peeked_;
+}
+
+const Token& DeckText::PeekData()
+{
+    if (!hasPeeked_) {
+        peeked_ = ScanData();
+        hasPeeked_ = true;
+    }
+    return peeked_;
+}
+
+/// Back to before the word that was looked at.
+void DeckText::Unpeek()
+{
+    if (hasPeeked_ && peeked_.kind != Token::Kind::Keyword && peeked_.kind != Token::Kind::End)
+        position_ = begin_ + peeked_.range.offset;
+    hasPeeked_ = false;
+}
+
+Token DeckText::ScanData()
+{
+    while (SkipToText()) {
+        const char c = *position_;
+        if (c == '/')
+            return TakeSlash();
+        if (IsQuote(c))
+            return TakeQuoted();
+        Token keyword;
+        if (TakeLineStart(keyword))
+            continue;
+        if (keyword.entry)
+            return keyword;
+        Token word = TakeToken(Token::Kind::Word, LengthOfWord(GetRest()));
+        if (word.text == "\\") {
+            position_ -= word.range.length;
+            ReportOnce(
+                word.range, Code::StrayText, "here is a backslash, where a slash is expected", "write /");
+            return TakeSlash();
+        }
+        if (word.range.length > 1 && IsQuote(word.text.back())) {
+            ReportOnce(word.range, Code::UnclosedQuote, "the quote behind the text was not opened",
+                fmt::format("put a {} before the text", word.text.back()));
+            word.text.remove_suffix(1);
+        }
+        return word;
+    }
+    return {Token::Kind::End, RangeOf(GetRest().substr(0, 0)), {}};
+}
+
+/// Where data are expected: takes a keyword that belongs to the text itself, and reports so; finds any other
+/// one, which has to stand alone on its line.
+bool DeckText::TakeLineStart(Token& keyword)
+{
+    if (!IsLetter(*position_) || !IsAtLineStart())
+        return false;
+    const std::string_view line = GetLine();
+    const std::string_view word = FindLeadingWord(line);
+    const Entry* entry = vocabulary_.FindInclude(word);
+    if (!entry) {
+        const auto lone = FindLoneWord(line);
+        entry = lone && !lone->hasSlash ? vocabulary_.Find(word) : nullptr;
+    }
+    if (!entry)
+        return false;
+    if (TakeStructure(*entry, word))
+        return true;
+    keyword = {Token::Kind::Keyword, RangeOf(word), word, entry};
+    return false;
+}
+
+Token DeckText::TakeToken(Token::Kind kind, std::size_t length)
+{
+    const std::string_view text = GetRest().substr(0, length);
+    position_ += length;
+    return {kind, RangeOf(text), text};
+}
+
+/// A quote that isn't closed on its line is reported, and taken for closed after the word, so that what
+/// follows is still read.
+Token DeckText::TakeQuoted()
+{
+    const std::string_view line = GetLine();
+    const std::size_t end = line.find(line[0], 1);
+    if (end != std::string_view::npos) {
+        Token token = TakeToken(Token::Kind::Quoted, end + 1);
+        token.text = line.substr(1, end - 1);
+        return token;
+    }
+    std::size_t length = std::min(line.find_first_of(" \t", 1), line.size());
+    if (length > 2 && line[length - 1] == '/')
+        --length;
+    Token token = TakeToken(Token::Kind::Quoted, length);
+    token.text.remove_prefix(1);
+    token.isClosed = false;
+    ReportOnce(token.range, Code::UnclosedQuote, "the quote is not closed on its line",
+        fmt::format("put a {} behind the text", line[0]));
+    return token;
+}
+
+/// With what stands after it on its line.
+Token DeckText::TakeSlash()
+{
+    const Token slash = TakeToken(Token::Kind::Slash, 1);
+    NoteRemark();
+    SkipLine();
+    return slash;
+}
+
+/// Even if the word is read again.
+void DeckText::ReportOnce(const TextRange& range, Code code, const char* message, std::string hint)
+{
+    if (range.file == lastReported_.file && range.offset <= lastReported_.offset && lastReported_.length > 0)
+        return;
+    lastReported_ = range;
+    reporter_.Report(range, code, message, std::move(hint));
+}
+
+bool DeckText::IsFirstOnLine(const TextRange& range) const
+{
+    const auto [line, start] = files_.LineOf(range);
+    return IsEmpty(line.substr(0, range.offset - start));
+}
+
+std::string_view DeckText::GetLineFrom(const TextRange& range) const
+{
+    const std::string_view rest(
+        begin_ + range.offset, static_cast<std::size_t>(end_ - begin_) - range.offset);
+    return rest.substr(0, rest.find('\n'));
+}
+
+Token DeckText::NextLine(bool isDirectlyAfter)
+{
+    Unpeek();
+    if (!IsAtLineStart()) {
+        if (!IsEmpty(GetLine()))
+            return TakeLine();
+        NoteComment();
+        SkipLine();
+    }
+    while (!isEnded_) {
+        if (position_ == end_) {
+            if (frames_.size() == 1)
+                break;
+            Leave();
+            continue;
+        }
+        const std::string_view line = GetLine();
+        if (IsComment(line) || (!isDirectlyAfter && IsEmpty(line))) {
+            isDirectlyAfter = false;
+            NoteComment();
+            SkipLine();
+            continue;
+        }
+        Token keyword;
+        if (!isDirectlyAfter && TakeLineStart(keyword))
+            continue;
+        return keyword.entry ? keyword : TakeLine();
+    }
+    return {Token::Kind::End, RangeOf(GetRest().substr(0, 0)), {}};
+}
+
+/// What is left of the line, without the blanks around it.
+Token DeckText::TakeLine()
+{
+    const std::string_view line = TrimBlanks(GetLine());
+    const Token token{Token::Kind::Word, RangeOf(line), line};
+    SkipLine();
+    return token;
+}
+
+Token DeckText::NextRaw(std::string_view endWord)
+{
+    Unpeek();
+    SkipLine();
+    const std::string upper = ToUpper(endWord);
+    const char* const start = position_;
+    while (position_ != end_) {
+        const std::string_view line = GetLine();
+        const std::string_view text(start, static_cast<std::size_t>(position_ - start));
+        const bool isEnd = ToUpper(FindLeadingWord(line)) == upper;
+        SkipLine();
+        if (isEnd)
+            return {Token::Kind::Word, RangeOf(text), text};
+    }
+    const std::string_view text(start, static_cast<std::size_t>(position_ - start));
+    return {Token::Kind::End, RangeOf(text), text};
+}
+
+void DeckText::Take(std::size_t count)
+{
+    position_ += count;
+    if (static_cast<std::size_t>(position_ - begin_) - released_ >= stride)
+        Release();
+}
+
+/// The comment that the rest of the line holds, if any.
+void DeckText::NoteComment()
+{
+    if (!commentSink_)
+        return;
+    const std::string_view line = TrimBlanks(GetLine());
+    if (line.empty())
+        return;
+    const TextRange range = RangeOf(line);
+    const auto [whole, start] = files_.LineOf(range);
+    const bool isAlone = IsEmpty(whole.substr(0, range.offset - start));
+    commentSink_(range, isAlone ? CommentKind::OwnLine : CommentKind::AfterText);
+}
+
+/// What stands after a slash.
+void DeckText::NoteRemark()
+{
+    if (!commentSink_)
+        return;
+    const std::string_view line = TrimBlanks(GetLine());
+    if (!line.empty())
+        commentSink_(RangeOf(line), CommentKind::AfterSlash);
+}
+
+/// Bytes that were read stay in the file, and needn't stay in memory.
+void DeckText::Release()
+{
+    const std::size_t done = GetOffset();
+    files_.Get(GetFile()).text->Release(released_, done);
+    released_ = done;
+    ReportProgress();
+}
+
+/// Files that were left count as read whole, the one being read and those that led to it as far as they were.
+void DeckText::ReportProgress()
+{
+    unreported_ = 0;
+    if (!progress_)
+        return;
+    std::size_t done = left_ + GetOffset();
+    for (std::size_t i = 0; i + 1 < frames_.size(); ++i)
+        done += frames_[i].offset;
+    progress_(done, known_);
+}
+
+TextRange DeckText::RangeOf(std::string_view part) const
+{
+    return {GetFile(), static_cast<std::size_t>(part.data() - begin_), part.size()};
+}
+
+/// To the next byte that is neither white nor in a comment; false at the end of the deck.
+bool DeckText::SkipToText()
+{
+    while (!isEnded_) {
+        while (position_ != end_ && IsSeparator(*position_))
+            ++position_;
+        if (position_ == end_) {
+            if (frames_.size() == 1)
+                return false;
+            Leave();
+        } else if (IsCommentAt(GetRest(), 0)) {
+            NoteComment();
+            SkipLine();
+        } else {
+            return true;
+        }
+        if (GetOffset() - released_ >= stride)
+            Release();
+    }
+    return false;
+}
+
+std::string_view DeckText::GetLine() const
+{
+    const std::string_view rest = GetRest();
+    std::string_view line = rest.substr(0, rest.find('\n'));
+    if (line.ends_with('\r'))
+        line.remove_suffix(1);
+    return line;
+}
+
+void DeckText::SkipLine()
+{
+    const void* const end = std::memchr(position_, '\n', GetRest().size());
+    position_ = end ? static_cast<const char*>(end) + 1 : end_;
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,192 @@
+#pragma once
+
+#include "quor/data/PathAliases.h"
+#include "quor/deck/internal/check/FindingReporter.h"
+#include "quor/deck/internal/check/KeywordValidity.h"
+#include "quor/deck/internal/text/DeckFile.h"
+#include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/Vocabulary.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// One word of a deck's text.
+struct Token {
+    enum class Kind {
+        Word, ///< bare
+        Quoted,
+        Slash,
+        Keyword, ///< at the start of a line, where data are expected: nothing was taken
+        End, ///< of the deck
+    };
+    Kind kind = Kind::End;
+    TextRange range; ///< quotes included
+    std::string_view text; ///< without quotes; lasts as long as the deck's files
+    const Entry* entry = nullptr; ///< of a keyword
+    bool isClosed = true; ///< false: the closing quote is missing
+};
+
+/// How a comment stands to what is around it.
+enum class CommentKind {
+    OwnLine,
+    AfterText, ///< on the line of a word
+    AfterSlash, ///< the rest of the line, which need not begin with hyphens
+};
+
+/// The text of a deck as one stream, whatever files it stands in. Comments, inclusions, skipped blocks and
+/// the end of the deck are dealt with here, within the data of a keyword as well, and not seen above.
+class DeckText {
+public:
+    /// Called now and then with how many bytes of the deck were passed, and of how many that are known so
+    /// far.
+    using Progress = std::function<void(std::size_t done, std::size_t known)>;
+
+    /// Called with each comment that is passed over. Empty for none.
+    using CommentSink = std::function<void(const TextRange&, CommentKind)>;
+
+    /// All but `path` must outlive it. Throws `SourceError` if the deck can't be read.
+    DeckText(const std::string& path, const Target& target, Vocabulary& vocabulary, DeckFiles& files,
+        FindingReporter& reporter);
+
+    /// What stands where a keyword may stand: the word at the start of a line, known or not (`Keyword`,
+    /// taken), any other text (`Word`, not taken), or the end.
+    Token NextHead();
+    /// Passes over what is no keyword, up to a line that starts with one, or looks as if it wanted to.
+    void SkipData();
+
+    /// The next word of data; a keyword is not taken, and comes again. After a slash the rest of the line is
+    /// a comment.
+    Token NextData();
+    /// The same, and it comes again.
+    const Token& PeekData();
+
+    /// Whether nothing but a comment is left of the line.
+    bool IsAtLineEnd() const { return !hasPeeked_ && IsEmpty(GetLine()); }
+    bool HasPeeked() const { return hasPeeked_; }
+
+    /// The rest of the line, or the next line that is no comment, without blanks around it; `Keyword` or
+    /// `End` if there is none. `isDirectlyAfter`: the next line counts even if it is blank or looks like a
+    /// keyword.
+    Token NextLine(bool isDirectlyAfter);
+    /// All up to a line that starts with the word, in any case of letters. `End`: the file has no such line,
+    /// and all of it was taken.
+    Token NextRaw(std::string_view endWord);
+
+    /// Reports the blocks that are still open at the end.
+    void Finish();
+
+    /// For readers of long lists of numbers: the bytes of the current file that aren't read yet. A caller
+    /// takes from their beginning what is neither a comment nor begins a line with a letter.
+    std::string_view GetRest() const { return {position_, static_cast<std::size_t>(end_ - position_)}; }
+    void Take(std::size_t count);
+
+    /// Takes a head that was taken already for the keyword of the text itself that it should be; false if
+    /// that is none.
+    bool TakeAs(const Token& head, const Entry& entry);
+
+    TextRange RangeOf(std::string_view part) const;
+    /// From the range, in the file being read, to the end of its line.
+    std::string_view GetLineFrom(const TextRange& range) const;
+    /// Whether nothing but blanks stands before the range on its line.
+    bool IsFirstOnLine(const TextRange& range) const;
+    std::size_t GetOffset() const { return static_cast<std::size_t>(position_ - begin_); }
+    std::uint32_t GetFile() const { return frames_.back().file; }
+    /// How often inclusions, their ends and skipped blocks have led away from the text before.
+    std::size_t GetTurns() const { return turns_; }
+
+    std::size_t GetFileCount() const { return identities_.size(); }
+    /// Whether an inclusion could not be read: what it holds is not known. Reset by the caller.
+    bool MissedInclusion() const { return missedInclusion_; }
+    void ForgetMissedInclusion() { missedInclusion_ = false; }
+
+    Core::Keywords::PathAliases& GetAliases() { return aliases_; }
+    void SetProgress(Progress progress) { progress_ = std::move(progress); }
+    void SetCommentSink(CommentSink sink) { commentSink_ = std::move(sink); }
+
+private:
+    /// After how many bytes memory is given back and progress reported.
+    static constexpr std::size_t stride = std::size_t(16) << 20;
+
+    /// A block between a skip keyword and its end.
+    struct SkipBlock {
+        TextRange opened;
+        std::string_view keyword;
+    };
+    /// One file on the way from the deck down to the text being read.
+    struct Frame {
+        std::uint32_t file = 0;
+        std::size_t offset = 0; // while an included file is read
+        std::vector<SkipBlock> blocks; // open ones, outermost first
+    };
+
+    bool SkipToText();
+    bool IsAtLineStart() const { return position_ == begin_ || position_[-1] == '\n'; }
+    std::string_view GetLine() const;
+    void SkipLine();
+    bool TakeStructure(const Entry& entry, std::string_view word);
+    void Unpeek();
+    Token ScanData();
+    bool TakeLineStart(Token& keyword);
+    Token TakeToken(Token::Kind kind, std::size_t length);
+    Token TakeQuoted();
+    Token TakeSlash();
+    void ReportOnce(const TextRange& range, Code code, const char* message, std::string hint);
+    Token TakeLine();
+    void NoteComment();
+    void NoteRemark();
+    void Release();
+    void ReportProgress();
+
+    void ReadInclude(std::string_view keyword);
+    void ReportMissingName(const TextRange& keyword);
+    void Include(const TextRange& statement, const TextRange& name, const std::string& text);
+    void ReportAlias(const TextRange& name, const std::string& path);
+    bool MayInclude(const TextRange& name, const std::string& path, const SourceText::Identity& identity);
+    void Enter(DeckFile file);
+    void Leave();
+    void ReportOpenBlocks();
+
+    void OpenBlock(const TextRange& range, std::string_view keyword, bool isPassedOver);
+    void CloseBlock(const TextRange& range, std::string_view keyword);
+    void PassOver();
+
+    std::filesystem::path folder_;
+    Target target_;
+    Vocabulary& vocabulary_;
+    DeckFiles& files_;
+    FindingReporter& reporter_;
+    Core::Keywords::PathAliases aliases_;
+    Progress progress_;
+    CommentSink commentSink_;
+
+    std::vector<Frame> frames_; // the deck first, then one inclusion after the other
+    const char* begin_ = nullptr; // of the file being read
+    const char* position_ = nullptr;
+    const char* end_ = nullptr;
+    std::size_t released_ = 0; // bytes of the file being read that need not stay in memory
+    std::size_t left_ = 0; // bytes of the files that were left
+    std::size_t known_ = 0; // bytes of all files so far
+    std::size_t unreported_ = 0; // bytes of files that were left since progress was last reported
+    std::size_t turns_ = 0;
+    bool isEnded_ = false;
+    bool hasPeeked_ = false;
+    Token peeked_;
+    TextRange lastReported_; // of the words with a fault of their own
+
+    std::map<SourceText::Identity, std::weak_ptr<const SourceText>> texts_;
+    std::set<SourceText::Identity> identities_;
+    std::set<std::string> reportedAliases_;
+    std::size_t inclusions_ = 0;
+    bool missedInclusion_ = false;
+};
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,95 @@
+#include "quor/deck/internal/read/Dimensions.h"
+
+#include "quor/data/IKeywordRecordData.h"
+#include "quor/deck/internal/read/DataShape.h"
+#include "quor/metadata/IKeywordIntegerMD.h"
+#include "quor/metadata/IKeywordRecordMD.h"
+#include "quor/metadata/KeywordUtils.h"
+#include "quor/syntax/IKeywordSyntax.h"
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+using Core::Service::Optional;
+
+namespace {
+
+using MDType = IKeywordDataMD::MDType;
+
+template <class Visit> // (item, index)
+void ForEachInteger(const IKeywordDataMD* md, Visit visit)
+{
+    if (KeywordUtils::GetMDType(md) != MDType::Record)
+        return;
+    const auto& record = static_cast<const IKeywordRecordMD&>(*md);
+    for (int i = 0; i < record.GetSize(); ++i) {
+        if (KeywordUtils::GetMDType(record.GetItemMD(i)) == MDType::Integer)
+            visit(static_cast<const IKeywordIntegerMD&>(*record.GetItemMD(i)), i);
+    }
+}
+
+Optional<int> ValueOf(const IKeywordData& record, int index)
+{
+    return *static_cast<const Optional<int>*>(static_cast<const IKeywordRecordData&>(record).GetData(index));
+}
+
+} // namespace
+
+Dimensions::Dimensions(KeywordSyntaxTable& table, SimulatorType::Enum simulator)
+    : simulator_(simulator)
+    , frames_(1)
+{
+    KeywordSyntaxEnumerator enumerator = table.KeywordsEnumerator();
+    while (enumerator.NextWithHidden()) {
+        const IKeywordSyntax& syntax = *enumerator.Current()->second;
+        if (syntax.GetFirstValidSection() != SectionType::RUNSPEC)
+            continue;
+        ForEachInteger(syntax.GetDataMD(), [&](const IKeywordIntegerMD& item, int) {
+            if (const Optional<int> value = item.GetDefault(simulator))
+                defaults_.emplace(item.GetName(), *value);
+        });
+    }
+}
+
+void Dimensions::Add(const IKeywordData& data)
+{
+    ForEachInteger(data.GetMD(), [&](const IKeywordIntegerMD& item, int i) {
+        Optional<int> value = ValueOf(data, i);
+        if (!value)
+            value = item.GetDefault(simulator_);
+        if (value)
+            frames_.back()[item.GetName()] = *value;
+    });
+}
+
+void Dimensions::SetBox(const IKeywordData& data)
+{
+    box_.clear();
+    Sizes box;
+    const char* const names[] = {"NX", "NY", "NZ"};
+    constexpr MDType::Enum bound = MDType::Integer;
+    if (!IsRecordOf(data.GetMD(), {bound, bound, bound, bound, bound, bound}))
+        return;
+    for (int i = 0; i < 3; ++i) {
+        const Optional<int> first = ValueOf(data, 2 * i);
+        const Optional<int> last = ValueOf(data, 2 * i + 1);
+        const std::optional<long long> whole = Find(names[i]);
+        if (last || whole)
+            box[names[i]] = (last ? *last : *whole) - first.ValueOr(1) + 1;
+    }
+    box_ = std::move(box);
+}
+
+std::optional<long long> Dimensions::Find(const std::string& name) const
+{
+    if (const auto size = box_.find(name); size != box_.end())
+        return size->second;
+    for (auto frame = frames_.rbegin(); frame != frames_.rend(); ++frame) {
+        if (const auto size = frame->find(name); size != frame->end())
+            return size->second;
+    }
+    const auto size = defaults_.find(name);
+    return size == defaults_.end() ? std::nullopt : std::optional(size->second);
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "quor/data/IKeywordData.h"
+#include "quor/foundation/SimulatorType.h"
+#include "quor/metadata/IKeywordDataMD.h"
+#include "quor/syntax/KeywordSyntaxTable.h"
+
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// The sizes of a deck by name: the whole numbers of its RUNSPEC section, and their defaults where it gives
+/// none. A scope, such as that of a local grid, may have sizes of its own; so does a box.
+class Dimensions {
+public:
+    Dimensions(Core::Keywords::KeywordSyntaxTable& table, Core::Keywords::SimulatorType::Enum simulator);
+
+    /// Takes the whole numbers of a record; other data have none.
+    void Add(const Core::Keywords::IKeywordData& data);
+    /// What is added from now on holds until `Leave`.
+    void Enter() { frames_.emplace_back(); }
+    void Leave() { frames_.pop_back(); }
+
+    /// The data of BOX: six bounds, of which those that are missing are those of the grid.
+    void SetBox(const Core::Keywords::IKeywordData& data);
+    void ResetBox() { box_.clear(); }
+
+    /// From now on what was not given is not known: something that might have given it could not be read.
+    void ForgetDefaults() { defaults_.clear(); }
+
+    std::optional<long long> Find(const std::string& name) const;
+
+private:
+    using Sizes = std::unordered_map<std::string, long long>;
+
+    Core::Keywords::SimulatorType::Enum simulator_;
+    Sizes defaults_;
+    std::vector<Sizes> frames_;
+    Sizes box_;
+};
+
+} // namespace Veld::Quor::Core::Decks

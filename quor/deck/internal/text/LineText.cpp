@@ -1,0 +1,146 @@
+#include "quor/deck/internal/text/LineText.h"
+
+#include <algorithm>
+
+namespace Veld::Quor::Core::Decks {
+
+namespace {
+
+constexpr bool IsLowerLetter(char c)
+{
+    return c >= 'a' && c <= 'z';
+}
+
+bool IsNameCharacter(char c)
+{
+    return IsLetter(c) || (c >= '0' && c <= '9') || c == '_' || c == '-' || c == '+' || c == '#' || c == '&';
+}
+
+constexpr bool IsBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f';
+}
+
+std::size_t SkipBlanks(std::string_view line, std::size_t offset)
+{
+    while (offset < line.size() && IsBlank(line[offset]))
+        ++offset;
+    return offset;
+}
+
+bool IsEmptyFrom(std::string_view line, std::size_t offset)
+{
+    offset = SkipBlanks(line, offset);
+    return offset == line.size() || IsCommentAt(line, offset);
+}
+
+} // namespace
+
+std::string_view FindLeadingWord(std::string_view line)
+{
+    if (line.empty() || !IsLetter(line[0]))
+        return {};
+    std::size_t length = 1;
+    while (length < line.size() && IsNameCharacter(line[length]) && !IsCommentAt(line, length))
+        ++length;
+    return line.substr(0, length);
+}
+
+std::size_t LengthOfWord(std::string_view text)
+{
+    const auto counts = [](char c) { return (c >= '0' && c <= '9') || c == '*'; };
+    bool isCount = counts(text[0]);
+    std::size_t length = 1;
+    for (; length < text.size(); ++length) {
+        const char c = text[length];
+        if (IsSeparator(c) || c == '/' || IsCommentAt(text, length)
+            || (IsQuote(c) && isCount && text[length - 1] == '*'))
+            break;
+        isCount = isCount && counts(c);
+    }
+    return length;
+}
+
+std::optional<LoneWord> FindLoneWord(std::string_view line)
+{
+    LoneWord lone;
+    lone.word = FindLeadingWord(line);
+    if (lone.word.empty())
+        return std::nullopt;
+    std::size_t offset = SkipBlanks(line, lone.word.size());
+    if (offset < line.size() && line[offset] == '/') {
+        lone.hasSlash = true;
+        ++offset;
+    }
+    if (!IsEmptyFrom(line, offset))
+        return std::nullopt;
+    lone.isUpper = std::none_of(lone.word.begin(), lone.word.end(), IsLowerLetter);
+    return lone;
+}
+
+bool IsEmpty(std::string_view line)
+{
+    return IsEmptyFrom(line, 0);
+}
+
+bool IsComment(std::string_view line)
+{
+    return IsCommentAt(line, SkipBlanks(line, 0));
+}
+
+bool HasEndingSlash(std::string_view line)
+{
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (line[i] == '/')
+            return true;
+        if (IsCommentAt(line, i))
+            return false;
+        if (IsQuote(line[i])) {
+            i = line.find(line[i], i + 1);
+            if (i == std::string_view::npos)
+                return false;
+        }
+    }
+    return false;
+}
+
+std::optional<FileNameToken> FindFileName(std::string_view line, std::size_t offset)
+{
+    if (IsEmptyFrom(line, offset))
+        return std::nullopt;
+    FileNameToken token;
+    token.offset = SkipBlanks(line, offset);
+    const std::string_view rest = line.substr(token.offset);
+    if (IsQuote(rest[0])) {
+        const std::size_t end = rest.find(rest[0], 1);
+        token.isClosed = end != std::string_view::npos;
+        token.name = rest.substr(1, token.isClosed ? end - 1 : end);
+        token.length = token.isClosed ? end + 1 : rest.size();
+        return token;
+    }
+    token.length = static_cast<std::size_t>(std::find_if(rest.begin(), rest.end(), IsBlank) - rest.begin());
+    token.name = rest.substr(0, token.length);
+    if (token.name.ends_with('/')) {
+        token.name.remove_suffix(1);
+        token.length = std::max<std::size_t>(token.name.size(), 1);
+    }
+    return token;
+}
+
+std::string Shorten(std::string_view word)
+{
+    constexpr std::size_t longest = 40;
+    return word.size() <= longest ? std::string(word) : std::string(word.substr(0, longest)) + "...";
+}
+
+std::string ToUpper(std::string_view text)
+{
+    std::string upper(text);
+    for (char& c : upper) {
+        if (IsLowerLetter(c))
+            c = static_cast<char>(c - 'a' + 'A');
+    }
+    return upper;
+}
+
+} // namespace Veld::Quor::Core::Decks

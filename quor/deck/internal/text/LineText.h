@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace Veld::Quor::Core::Decks {
+
+/// A word at the start of a line that has no data after it: what a keyword looks like.
+struct LoneWord {
+    std::string_view word;
+    bool isUpper = false; ///< has no lower-case letter
+    bool hasSlash = false; ///< a slash follows, with nothing but a comment after it
+};
+
+/// Empty if the line doesn't start with such a word.
+std::optional<LoneWord> FindLoneWord(std::string_view line);
+
+/// The word at the start of the line, whatever follows; empty if the line starts otherwise.
+std::string_view FindLeadingWord(std::string_view line);
+
+/// Whether the line holds nothing but blanks and a comment.
+bool IsEmpty(std::string_view line);
+bool IsComment(std::string_view line);
+
+/// Whether a slash outside quotes and before any comment ends a record on the line.
+bool HasEndingSlash(std::string_view line);
+
+/// Of the bare word at the beginning of a text. A quote ends it only where a repeat count stands before it.
+std::size_t LengthOfWord(std::string_view text);
+
+struct FileNameToken {
+    std::string_view name; ///< without quotes; empty if a slash stands where the name should
+    std::size_t offset = 0; ///< of the token in the line, quote included
+    std::size_t length = 0; ///< of the token, quotes included
+    bool isClosed = true; ///< false: the closing quote is missing
+};
+
+/// The first token of `line` from `offset` on, quoted or bare. A bare name goes on to the next blank; a slash
+/// at its end doesn't belong to it, but one inside does. Empty if there is only a comment.
+std::optional<FileNameToken> FindFileName(std::string_view line, std::size_t offset);
+
+/// Blank, tab, line end, or the comma that may stand between values.
+inline bool IsSeparator(char c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r') || c == ',';
+}
+
+inline bool IsQuote(char c)
+{
+    return c == '\'' || c == '"';
+}
+
+inline bool IsLetter(char c)
+{
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+inline bool IsCommentAt(std::string_view text, std::size_t offset)
+{
+    return text.substr(offset, 2) == "--";
+}
+
+/// A word as messages quote it: cut, if it is very long.
+std::string Shorten(std::string_view word);
+
+/// In the letters of ASCII.
+std::string ToUpper(std::string_view text);
+
+} // namespace Veld::Quor::Core::Decks

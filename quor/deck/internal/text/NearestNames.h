@@ -1,0 +1,52 @@
+#pragma once
+
+#include "quor/foundation/SectionType.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace Veld::Quor::Core::Keywords {
+class IKeywordSyntax;
+class KeywordSyntaxTable;
+} // namespace Veld::Quor::Core::Keywords
+
+namespace Veld::Quor::Core::Decks {
+
+/// Insertions, deletions, replacements and swaps of neighbours that turn one text into the other, no place
+/// being edited twice. `limit` + 1 stands for all distances beyond `limit`.
+std::size_t EditDistance(std::string_view a, std::string_view b, std::size_t limit);
+
+/// The words that a misspelt one may stand for, without regard to case: at most three, the nearest first. The
+/// cut-off grows with the length of the word.
+std::vector<std::string> FindNearest(const std::vector<std::string>& known, const std::string& word);
+
+/// The names of a table that a misspelt one may stand for: those that aren't hidden, aliases included, no
+/// wildcards. Must not outlive the table.
+class NearestNames {
+public:
+    explicit NearestNames(Core::Keywords::KeywordSyntaxTable& table);
+
+    /// At most three: those valid in `section` before others, then the nearest first, and of
+    /// equally near ones those that start alike. `SectionType::None`
+    /// prefers none. The answer lasts as long as this object.
+    const std::vector<std::string>& Find(const std::string& word, Core::Keywords::SectionType::Enum section);
+
+private:
+    struct Name {
+        std::string text;
+        const Core::Keywords::IKeywordSyntax* syntax;
+        std::uint64_t characters; // a bit for each that occurs
+    };
+
+    std::vector<std::string> Search(const std::string& word, Core::Keywords::SectionType::Enum section) const;
+
+    std::map<std::size_t, std::vector<Name>> byLength_;
+    std::map<std::pair<std::string, int>, std::vector<std::string>> answers_;
+};
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,77 @@
+#include "quor/deck/internal/text/NumberText.h"
+
+#include <fast_float/fast_float.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <string>
+
+namespace Veld::Quor::Core::Decks {
+
+namespace {
+
+bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+/// Where the digits begin: after a plus, which no conversion of a library takes.
+std::size_t StartOfDigits(std::string_view text)
+{
+    return text.size() > 1 && text[0] == '+' && text[1] != '-' ? 1 : 0;
+}
+
+} // namespace
+
+std::optional<int> ToInteger(std::string_view text)
+{
+    text.remove_prefix(StartOfDigits(text));
+    int value = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    return error == std::errc() && stop == end && !text.empty() ? std::optional<int>(value) : std::nullopt;
+}
+
+LeadingReal FindLeadingReal(std::string_view text)
+{
+    const std::size_t start = StartOfDigits(text);
+    const char* const first = text.data() + start;
+    const char* const end = text.data() + text.size();
+    const char* const digits = first != end && *first == '-' ? first + 1 : first;
+    if (digits == end || !(IsDigit(*digits) || *digits == '.')) // the conversion knows infinity and others
+        return {};
+    LeadingReal real;
+    const auto [stop, error] = fast_float::from_chars(first, end, real.value);
+    if (error == std::errc() && std::isfinite(real.value))
+        real.length = static_cast<std::size_t>(stop - text.data());
+    return real;
+}
+
+std::optional<double> ToReal(std::string_view text)
+{
+    const LeadingReal real = FindLeadingReal(text);
+    if (real.length == text.size() && real.length > 0)
+        return real.value;
+    if (text.find_first_of("Dd") == std::string_view::npos)
+        return std::nullopt;
+    std::string standard(text);
+    std::replace_if(
+        standard.begin(), standard.end(), [](char c) { return c == 'D' || c == 'd'; }, 'E');
+    return ToReal(standard);
+}
+
+Repeat FindRepeat(std::string_view text)
+{
+    std::size_t digits = 0;
+    long long count = 0;
+    while (digits < text.size() && IsDigit(text[digits])) {
+        count = std::min(count * 10 + (text[digits] - '0'), mostRepeats + 1);
+        ++digits;
+    }
+    if (digits == text.size() || text[digits] != '*' || (digits == 0 && text.size() > 1))
+        return {};
+    return {digits == 0 ? 1 : count, digits + 1};
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace Veld::Quor::Core::Decks {
+
+/// A whole number, in digits with a sign or without. Empty if the text is anything else, or out of range.
+std::optional<int> ToInteger(std::string_view text);
+
+/// A number; `D` stands for `E` too. Empty if the text is anything else, or too large.
+std::optional<double> ToReal(std::string_view text);
+
+/// The number at the beginning of a text, correctly rounded.
+struct LeadingReal {
+    double value = 0;
+    std::size_t length = 0; ///< 0: there is none
+};
+LeadingReal FindLeadingReal(std::string_view text);
+
+/// The count of a repeat, `n*` at the beginning of a text.
+struct Repeat {
+    long long count = 1;
+    std::size_t length = 0; ///< asterisk included; 0: no repeat
+};
+/// A lone asterisk counts as `1*`. A count beyond all bounds is cut to `mostRepeats` + 1.
+Repeat FindRepeat(std::string_view text);
+
+constexpr long long mostRepeats = 2'000'000'000;
+
+} // namespace Veld::Quor::Core::Decks

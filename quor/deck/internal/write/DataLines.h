@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// Lays out the words of a keyword's data on lines.
+class DataLines {
+public:
+    /// `name`: of the keyword, on the first line.
+    explicit DataLines(std::string_view name, std::size_t width = 100);
+
+    /// Puts a word after the one before it, or on a new line if it doesn't fit.
+    void Word(std::string_view word);
+    /// The same for numbers of an array, which get a column each; a missing one is empty.
+    void Numbers(const std::vector<std::string>& words);
+    /// The next word starts a line.
+    void Break() { isBroken_ = isBroken_ || !line_.empty(); }
+    /// Blanks before the words of a line.
+    void SetIndent(std::size_t indent) { indent_ = indent; }
+    std::size_t GetIndent() const { return indent_; }
+    /// Whether words may go on on another line.
+    void SetWrapping(bool wraps) { wraps_ = wraps; }
+
+    /// A comment on a line of its own: its hyphens stand where the words do, or at the start of the line.
+    void Comment(std::string_view comment, bool isIndented);
+    /// After what was written last; the line ends with it. Gets hyphens if it has none and doesn't stand
+    /// after a slash.
+    void After(std::string_view comment);
+
+    /// All lines, without the end of the last one.
+    std::string Take();
+
+private:
+    void EndLine();
+
+    std::size_t width_;
+    std::size_t indent_ = 2;
+    bool isBroken_ = false;
+    bool wraps_ = true;
+    bool isBehindSlash_ = false; // the last word was one
+    std::string text_;
+    std::string line_;
+};
+
+/// One line of a table.
+struct TableRow {
+    struct Cell {
+        std::string text; ///< empty: no value is given
+        bool isNumber = false;
+        bool isBlank = false; ///< nothing stands there
+    };
+    std::vector<Cell> cells; ///< as far as they are to be written
+    std::vector<std::pair<std::string, bool>> above; ///< comments, and whether they are indented
+    std::string after; ///< a comment
+    bool isEnded = false; ///< by a slash
+};
+
+/// Writes rows below one another, their cells in columns. Columns that no row has a value for become one
+/// repeat count.
+void WriteTable(const std::vector<TableRow>& rows, DataLines& lines);
+
+/// The word that stands for so many values that aren't given.
+std::string MissingText(std::size_t count);
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,145 @@
+#include "quor/deck/internal/write/DeckWriter.h"
+
+#include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/SourceText.h"
+#include "quor/deck/internal/write/DataWriter.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+
+namespace {
+
+/// Whether its data go on to the next keyword, which must then stand alone on its line.
+bool IsOpen(const DataPlan& plan)
+{
+    return plan.termination == DataPlan::Termination::NONE && plan.type != DataPlan::MDType::Raw;
+}
+
+bool HasWindowsLineEnds(std::string_view text)
+{
+    const std::size_t end = text.find('\n');
+    return end != std::string_view::npos && end > 0 && text[end - 1] == '\r';
+}
+
+/// The comment of a line of an inclusion, be it after hyphens or after the slash; empty if there is none.
+std::string_view FindComment(std::string_view line)
+{
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (IsQuote(line[i]))
+            i = std::min(line.find(line[i], i + 1), line.size());
+        else if (IsCommentAt(line, i))
+            return line.substr(i);
+        else if (line[i] == '/' && (i == 0 || IsSeparator(line[i - 1]) || IsQuote(line[i - 1])))
+            return line.substr(std::min(line.find_first_not_of(" \t", i + 1), line.size()));
+    }
+    return {};
+}
+
+/// What an inclusion has in comments, on lines of their own.
+std::string CommentsOf(std::string_view inclusion)
+{
+    std::string comments;
+    LineReader lines(inclusion);
+    for (Line line; lines.Next(line);) {
+        const std::string_view comment = FindComment(line.text);
+        if (!comment.empty())
+            comments.append(IsComment(comment) ? "" : "-- ").append(comment).append("\n");
+    }
+    return comments;
+}
+
+std::string ToWindowsLineEnds(const std::string& text)
+{
+    std::string changed;
+    for (const char c : text) {
+        if (c == '\n')
+            changed += '\r';
+        changed += c;
+    }
+    return changed;
+}
+
+} // namespace
+
+DeckWriter::DeckWriter(const Deck& deck, const Target& target)
+    : deck_(deck)
+    , plans_(target)
+    , parts_(deck.files.GetSize())
+{
+    AddParts();
+}
+
+void DeckWriter::AddParts()
+{
+    bool isOpen = false;
+    for (const DeckKeyword& keyword : deck_.keywords) {
+        const DataPlan* const plan = keyword.data ? &plans_.Get(*keyword.data->GetMD()) : nullptr;
+        const bool isWritten = plan && plan->type != DataPlan::MDType::Raw && keyword.isSound
+            && keyword.whole.length > keyword.name.length;
+        if (isWritten)
+            parts_[keyword.whole.file].push_back({keyword.whole, &keyword, 0, !isOpen});
+        isOpen = plan && IsOpen(*plan);
+    }
+    for (std::uint32_t file = 1; file < deck_.files.GetSize(); ++file) {
+        const TextRange& inclusion = *deck_.files.Get(file).inclusion;
+        parts_[inclusion.file].push_back({inclusion, nullptr, file, false});
+    }
+    for (std::vector<Part>& parts : parts_)
+        std::sort(parts.begin(), parts.end(),
+            [](const Part& a, const Part& b) { return a.range.offset < b.range.offset; });
+}
+
+std::string DeckWriter::WriteFile(std::uint32_t file)
+{
+    return Write(file, deck_.files.GetText(file).size(), false);
+}
+
+std::string DeckWriter::WriteAll()
+{
+    return Write(0, deck_.files.GetText(0).size(), true);
+}
+
+std::string DeckWriter::Write(std::uint32_t file, std::size_t end, bool takesInclusions)
+{
+    const std::string_view source = deck_.files.GetText(file);
+    const bool isWindows = HasWindowsLineEnds(source);
+    std::string text;
+    std::size_t position = 0;
+    for (const Part& part : parts_[file]) {
+        if (!part.keyword && !takesInclusions)
+            continue;
+        text += source.substr(position, part.range.offset - position);
+        position = part.range.offset + part.range.length;
+        if (part.keyword) {
+            const std::string written = Write(part);
+            text += isWindows ? ToWindowsLineEnds(written) : written;
+            if (written.ends_with('\n') && position == source.size())
+                text += '\n'; // an empty line is one if it is ended
+            continue;
+        }
+        text += CommentsOf(deck_.files.GetText(part.range));
+        text += Write(part.inclusion, deck_.files.Get(part.inclusion).end, true);
+        if (text.ends_with('\n') && position < source.size())
+            position = std::min(source.find('\n', position), source.size() - 1) + 1; // one line end will do
+    }
+    text += source.substr(position, end - position);
+    return text;
+}
+
+/// A keyword whose data can't be written as they should keeps its text.
+std::string DeckWriter::Write(const Part& part)
+{
+    const DeckKeyword& keyword = *part.keyword;
+    DataWriter writer(plans_.Get(*keyword.data->GetMD()), keyword.notes.get(), deck_.files);
+    try {
+        return writer.Write(deck_.files.GetText(keyword.name), *keyword.data, part.mayShareLine);
+    } catch (const std::invalid_argument&) {
+        return std::string(deck_.files.GetText(keyword.whole));
+    }
+}
+
+} // namespace Veld::Quor::Core::Decks

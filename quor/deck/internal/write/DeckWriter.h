@@ -1,0 +1,46 @@
+#pragma once
+
+#include "quor/deck/internal/check/KeywordValidity.h"
+#include "quor/deck/internal/read/DataPlan.h"
+#include "quor/deck/internal/read/Deck.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// Writes a deck from its trees. What is no keyword stays as it stands: comments, blank lines, inclusions,
+/// skipped blocks, unknown keywords. So does a keyword with errors in it, one of raw text, and one whose data
+/// go on in another file or around a skipped block.
+class DeckWriter {
+public:
+    /// `target`: the one that the deck was read for. The deck must outlive it.
+    DeckWriter(const Deck& deck, const Target& target);
+
+    /// The text of one of the deck's files.
+    std::string WriteFile(std::uint32_t file);
+    /// The whole deck, with the included files in place of their inclusions.
+    std::string WriteAll();
+
+private:
+    /// A keyword, or an inclusion.
+    struct Part {
+        TextRange range;
+        const DeckKeyword* keyword; // null for an inclusion
+        std::uint32_t inclusion; // the file
+        bool mayShareLine; // its data, with its name
+    };
+
+    void AddParts();
+    std::string Write(std::uint32_t file, std::size_t end, bool takesInclusions);
+    std::string Write(const Part& part);
+
+    const Deck& deck_;
+    DataPlans plans_;
+    std::vector<std::vector<Part>> parts_; // by file, in the order of their ranges
+};
+
+} // namespace Veld::Quor::Core::Decks
