@@ -4,8 +4,8 @@
 
 #include "benchmarks/deck/DeckGenerator.h"
 #include "quor/Keywords.h"
+#include "quor/deck/SourceText.h"
 #include "quor/deck/internal/read/Deck.h"
-#include "quor/deck/internal/text/SourceText.h"
 
 #include <benchmark/benchmark.h>
 #include <fast_float/fast_float.h>
@@ -70,8 +70,8 @@ Seconds TimeOf(const Action& action)
 /// The conversion of all numbers of the file. What begins with a letter is none.
 void ConvertNumbers(const std::string& path)
 {
-    const SourceText source = SourceText::Read(path);
-    const std::string_view text = source.GetText();
+    const auto source = SourceText::FromFile(path);
+    const std::string_view text = source->GetText();
     const char* const end = text.data() + text.size();
     double sum = 0;
     for (const char* position = text.data(); position < end;) {

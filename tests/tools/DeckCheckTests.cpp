@@ -1,6 +1,6 @@
 #include "quor/deck/internal/check/DeckCheck.h"
 
-#include "quor/deck/internal/text/SourceText.h"
+#include "quor/deck/SourceText.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
 #include "tests/tools/Language.h"

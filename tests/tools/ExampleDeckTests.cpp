@@ -1,5 +1,5 @@
+#include "quor/deck/FindingCodes.h"
 #include "quor/deck/internal/check/DeckCheck.h"
-#include "quor/deck/internal/check/FindingCodes.h"
 #include "quor/deck/internal/write/DeckWriter.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"

@@ -1,7 +1,7 @@
 #include "tools/quor/Baseline.h"
 
+#include "quor/deck/SourceText.h"
 #include "quor/deck/internal/text/LineText.h"
-#include "quor/deck/internal/text/SourceText.h"
 #include "tools/quor/Json.h"
 
 #include <fmt/format.h>
@@ -107,8 +107,8 @@ std::size_t CountOf(const Json& entry, std::size_t number)
 
 Baseline Baseline::Read(const std::string& path)
 {
-    const Decks::SourceText source = Decks::SourceText::Read(path);
-    const Json json = Parse(source.GetText());
+    const auto source = Decks::SourceText::FromFile(path);
+    const Json json = Parse(source->GetText());
     if (!json.is_object() || !json.contains("findings") || !json["findings"].is_array())
         throw BaselineError(fmt::format("it has no array \"findings\"; {}", advice));
     if (!json.contains("version") || json["version"] != version)

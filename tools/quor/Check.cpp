@@ -1,6 +1,6 @@
+#include "quor/deck/FindingCodes.h"
+#include "quor/deck/SourceText.h"
 #include "quor/deck/internal/check/DeckCheck.h"
-#include "quor/deck/internal/check/FindingCodes.h"
-#include "quor/deck/internal/text/SourceText.h"
 #include "quor/deck/internal/text/Vocabulary.h"
 #include "tools/quor/Baseline.h"
 #include "tools/quor/Catalogue.h"

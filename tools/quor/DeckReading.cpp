@@ -1,6 +1,6 @@
 #include "tools/quor/DeckReading.h"
 
-#include "quor/deck/internal/text/SourceText.h"
+#include "quor/deck/SourceText.h"
 #include "quor/variables/VariablesString.h"
 #include "tools/quor/Conditions.h"
 #include "tools/quor/FindingText.h"

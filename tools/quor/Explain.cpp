@@ -1,6 +1,6 @@
 #include "quor/deck/internal/check/KeywordValidity.h"
+#include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/NearestNames.h"
-#include "quor/deck/internal/text/SourceText.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/Conditions.h"
 #include "tools/quor/FindingCodes.h"
@@ -20,7 +20,6 @@
 #include <vector>
 
 namespace Veld::Quor::Tools {
-
 namespace Decks = Core::Decks;
 using namespace Core::Keywords;
 

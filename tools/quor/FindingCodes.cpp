@@ -1,6 +1,6 @@
 #include "tools/quor/FindingCodes.h"
 
-#include "quor/deck/internal/check/FindingCodes.h"
+#include "quor/deck/FindingCodes.h"
 #include "tools/lint/Codes.h"
 
 #include <set>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "quor/deck/internal/check/Finding.h"
-#include "quor/deck/internal/check/FindingCodes.h"
+#include "quor/deck/DeckFiles.h"
+#include "quor/deck/Finding.h"
+#include "quor/deck/FindingCodes.h"
 #include "quor/deck/internal/check/Suppressions.h"
-#include "quor/deck/internal/text/DeckFile.h"
 
 #include <cstddef>
 #include <functional>

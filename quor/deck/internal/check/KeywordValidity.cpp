@@ -96,15 +96,6 @@ Objection WrongMode(const Entry& entry, SectionType::Enum section, const Target&
 
 } // namespace
 
-std::string NameOf(const Target& target)
-{
-    const std::string& simulator = SimulatorType::ToString(target.simulator);
-    if (target.mode == SimulatorModeType::Any)
-        return simulator;
-    return fmt::format("the mode {}{}", SimulatorModeType::ToString(target.mode),
-        simulator.empty() ? "" : " of " + simulator);
-}
-
 std::optional<Objection> FindObjection(const Entry& entry, SectionType::Enum section, const Target& target)
 {
     constexpr Mode anyMode = SimulatorModeType::Any;

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "quor/deck/internal/check/FindingCodes.h"
+#include "quor/deck/FindingCodes.h"
+#include "quor/deck/Target.h"
 #include "quor/deck/internal/text/Vocabulary.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/SimulatorModeType.h"
@@ -10,15 +11,6 @@
 #include <string>
 
 namespace Veld::Quor::Core::Decks {
-
-/// Where a deck is to run.
-struct Target {
-    Core::Keywords::SimulatorType::Enum simulator = Core::Keywords::SimulatorType::Any;
-    Core::Keywords::SimulatorModeType::Enum mode = Core::Keywords::SimulatorModeType::Any;
-};
-
-/// "Dunmere", or "the mode Thermal of Dunmere".
-std::string NameOf(const Target& target);
 
 /// Why a keyword may not stand where it stands.
 struct Objection {

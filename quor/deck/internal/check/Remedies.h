@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/deck/internal/check/FindingCodes.h"
+#include "quor/deck/FindingCodes.h"
 #include "quor/deck/internal/check/KeywordValidity.h"
 
 #include <vector>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "quor/deck/internal/check/FindingCodes.h"
-#include "quor/deck/internal/text/SourceText.h"
+#include "quor/deck/FindingCodes.h"
+#include "quor/deck/SourceText.h"
 
 #include <array>
 #include <bitset>

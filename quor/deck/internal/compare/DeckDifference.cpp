@@ -169,8 +169,8 @@ void Comparer::Report(Change change, const TextRange* before, const TextRange* a
 
 void Comparer::FillLocations()
 {
-    const std::vector<Location> locationsBefore = LocationsOf(a_.files, rangesBefore_);
-    const std::vector<Location> locationsAfter = LocationsOf(b_.files, rangesAfter_);
+    const std::vector<Location> locationsBefore = a_.files.LocationsOf(rangesBefore_);
+    const std::vector<Location> locationsAfter = b_.files.LocationsOf(rangesAfter_);
     auto before = locationsBefore.begin();
     auto after = locationsAfter.begin();
     for (ChangeGroup& group : difference_.groups) {

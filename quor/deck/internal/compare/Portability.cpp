@@ -262,7 +262,7 @@ std::vector<Loss> LossFinder::Collect()
     std::vector<TextRange> ranges;
     for (const Entry& entry : entries_)
         ranges.insert(ranges.end(), entry.ranges.begin(), entry.ranges.end());
-    std::vector<Location> locations = LocationsOf(deck_.files, ranges);
+    std::vector<Location> locations = deck_.files.LocationsOf(ranges);
     std::vector<Loss> losses;
     auto location = locations.begin();
     for (Entry& entry : entries_) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/deck/internal/check/Finding.h"
+#include "quor/deck/Finding.h"
 #include "quor/deck/internal/check/FindingReporter.h"
 #include "quor/deck/internal/read/Deck.h"
 #include "quor/deck/internal/read/TimeLine.h"

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "quor/deck/DeckFiles.h"
 #include "quor/deck/internal/read/DataVariables.h"
 #include "quor/deck/internal/read/DeckText.h"
-#include "quor/deck/internal/text/DeckFile.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,16 +1,19 @@
 #pragma once
 
 #include "quor/data/IKeywordData.h"
-#include "quor/deck/internal/check/Finding.h"
+#include "quor/deck/DeckFiles.h"
+#include "quor/deck/DeckSource.h"
+#include "quor/deck/Finding.h"
+#include "quor/deck/ReadCancelled.h"
 #include "quor/deck/internal/check/FindingReporter.h"
 #include "quor/deck/internal/check/KeywordValidity.h"
 #include "quor/deck/internal/read/DataReader.h"
-#include "quor/deck/internal/text/DeckFile.h"
 #include "quor/deck/internal/text/Vocabulary.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/syntax/IKeywordSyntax.h"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -55,10 +58,13 @@ struct ReadOptions {
     VariableTexts variables = {}; ///< what the variables of the deck stand for
     bool keepsValueRanges = false; ///< whether the notes of each keyword get the ranges of its values
     KnownFinding isKnown = {};
+    std::shared_ptr<const DeckSource> source = {}; ///< null: the files of the system
+    std::function<bool()> isCancelled = {}; ///< asked now and then; once it is true the read ends
 };
 
 /// Reads a deck whole; what is wrong with it is among its findings. Throws `SourceError` if the deck itself
-/// can't be read; an included file that can't is a finding. The vocabulary's table must outlive the deck.
+/// can't be read, `ReadCancelled` if it was cancelled; an included
+/// file that can't be read is a finding. The vocabulary's table must outlive the deck.
 std::unique_ptr<Deck> ReadDeck(const std::string& path, const ReadOptions& options, Vocabulary& vocabulary);
 
 } // namespace Veld::Quor::Core::Decks

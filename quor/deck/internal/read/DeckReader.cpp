@@ -52,14 +52,21 @@ private:
     LogHandler before_;
 };
 
+ReadOptions WithSource(ReadOptions options)
+{
+    if (!options.source)
+        options.source = std::make_shared<FileSource>();
+    return options;
+}
+
 class DeckReader {
 public:
     DeckReader(const std::string& path, const ReadOptions& options, Vocabulary& vocabulary)
-        : options_(options)
+        : options_(WithSource(options))
         , vocabulary_(vocabulary)
         , deck_(std::make_unique<Deck>(options.maxFindings))
         , reporter_(deck_->files, deck_->findings, options.isKnown)
-        , text_(path, options.target, vocabulary, deck_->files, reporter_)
+        , text_(path, *options_.source, options.target, vocabulary, deck_->files, reporter_)
         , plans_(options.target)
         , dimensions_(vocabulary.GetTable(), options.target.simulator)
         , data_(
@@ -69,6 +76,7 @@ public:
         , timeLine_(reporter_)
     {
         text_.SetProgress(options.progress);
+        text_.SetCancellation(options.isCancelled);
     }
 
     std::unique_ptr<Deck> Read();

@@ -1,5 +1,7 @@
 #include "quor/deck/internal/read/DeckText.h"
 
+#include "quor/deck/ReadCancelled.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -21,21 +23,23 @@ std::string_view TrimBlanks(std::string_view line)
 
 } // namespace
 
-DeckText::DeckText(const std::string& path, const Target& target, Vocabulary& vocabulary, DeckFiles& files,
-    FindingReporter& reporter)
-    : folder_(std::filesystem::path(path).parent_path())
+DeckText::DeckText(const std::string& path, const DeckSource& source, const Target& target,
+    Vocabulary& vocabulary, DeckFiles& files, FindingReporter& reporter)
+    : source_(source)
+    , folder_(std::filesystem::path(path).parent_path())
     , target_(target)
     , vocabulary_(vocabulary)
     , files_(files)
     , reporter_(reporter)
 {
-    Enter({path, std::make_shared<SourceText>(SourceText::Read(path)), std::nullopt, 0});
+    Enter({path, source.Open(path), std::nullopt, 0}, source.Identify(path));
 }
 
 // Reading
 
 Token DeckText::NextHead()
 {
+    CheckCancelled();
     Unpeek();
     while (SkipToText()) {
         if (!IsAtLineStart() || !IsLetter(*position_))
@@ -307,6 +311,13 @@ void DeckText::Release()
     files_.Get(GetFile()).text->Release(released_, done);
     released_ = done;
     ReportProgress();
+    CheckCancelled();
+}
+
+void DeckText::CheckCancelled() const
+{
+    if (isCancelled_ && isCancelled_())
+        throw ReadCancelled();
 }
 
 /// Files that were left count as read whole, the one being read and those that led to it as far as they were.

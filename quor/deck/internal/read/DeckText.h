@@ -1,9 +1,10 @@
 #pragma once
 
 #include "quor/data/PathAliases.h"
+#include "quor/deck/DeckFiles.h"
+#include "quor/deck/DeckSource.h"
 #include "quor/deck/internal/check/FindingReporter.h"
 #include "quor/deck/internal/check/KeywordValidity.h"
-#include "quor/deck/internal/text/DeckFile.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/Vocabulary.h"
 
@@ -54,8 +55,8 @@ public:
     using CommentSink = std::function<void(const TextRange&, CommentKind)>;
 
     /// All but `path` must outlive it. Throws `SourceError` if the deck can't be read.
-    DeckText(const std::string& path, const Target& target, Vocabulary& vocabulary, DeckFiles& files,
-        FindingReporter& reporter);
+    DeckText(const std::string& path, const DeckSource& source, const Target& target, Vocabulary& vocabulary,
+        DeckFiles& files, FindingReporter& reporter);
 
     /// What stands where a keyword may stand: the word at the start of a line, known or not (`Keyword`,
     /// taken), any other text (`Word`, not taken), or the end.
@@ -110,6 +111,8 @@ public:
 
     Core::Keywords::PathAliases& GetAliases() { return aliases_; }
     void SetProgress(Progress progress) { progress_ = std::move(progress); }
+    /// Asked at each keyword and each stride of a long text; once it is true, `ReadCancelled` is thrown.
+    void SetCancellation(std::function<bool()> isCancelled) { isCancelled_ = std::move(isCancelled); }
     void SetCommentSink(CommentSink sink) { commentSink_ = std::move(sink); }
 
 private:
@@ -124,6 +127,7 @@ private:
     /// One file on the way from the deck down to the text being read.
     struct Frame {
         std::uint32_t file = 0;
+        std::string identity; // as the source tells it
         std::size_t offset = 0; // while an included file is read
         std::vector<SkipBlock> blocks; // open ones, outermost first
     };
@@ -145,13 +149,14 @@ private:
     void NoteRemark();
     void Release();
     void ReportProgress();
+    void CheckCancelled() const;
 
     void ReadInclude(std::string_view keyword);
     void ReportMissingName(const TextRange& keyword);
     void Include(const TextRange& statement, const TextRange& name, const std::string& text);
     void ReportAlias(const TextRange& name, const std::string& path);
-    bool MayInclude(const TextRange& name, const std::string& path, const SourceText::Identity& identity);
-    void Enter(DeckFile file);
+    bool MayInclude(const TextRange& name, const std::string& path, const std::string& identity);
+    void Enter(DeckFile file, const std::string& identity);
     void Leave();
     void ReportOpenBlocks();
 
@@ -159,6 +164,7 @@ private:
     void CloseBlock(const TextRange& range, std::string_view keyword);
     void PassOver();
 
+    const DeckSource& source_;
     std::filesystem::path folder_;
     Target target_;
     Vocabulary& vocabulary_;
@@ -166,6 +172,7 @@ private:
     FindingReporter& reporter_;
     Core::Keywords::PathAliases aliases_;
     Progress progress_;
+    std::function<bool()> isCancelled_; // empty: never
     CommentSink commentSink_;
 
     std::vector<Frame> frames_; // the deck first, then one inclusion after the other
@@ -182,8 +189,8 @@ private:
     Token peeked_;
     TextRange lastReported_; // of the words with a fault of their own
 
-    std::map<SourceText::Identity, std::weak_ptr<const SourceText>> texts_;
-    std::set<SourceText::Identity> identities_;
+    std::map<std::string, std::weak_ptr<const SourceText>> texts_; // by identity
+    std::set<std::string> identities_;
     std::set<std::string> reportedAliases_;
     std::size_t inclusions_ = 0;
     bool missedInclusion_ = false;

@@ -123,15 +123,15 @@ void DeckText::Include(const TextRange& statement, const TextRange& name, const 
     const std::string path = (folder_ / resolved).string(); // an absolute name stands for itself
     try {
         // First, since a file that includes itself may be large and do so often.
-        const SourceText::Identity identity = SourceText::Identify(path);
+        const std::string identity = source_.Identify(path);
         if (!MayInclude(name, path, identity)) {
             missedInclusion_ = true;
             return;
         }
         std::shared_ptr<const SourceText> source = texts_[identity].lock();
         if (!source)
-            source = std::make_shared<SourceText>(SourceText::Read(path));
-        Enter({path, std::move(source), statement, 0});
+            source = source_.Open(path);
+        Enter({path, std::move(source), statement, 0}, identity);
     } catch (const SourceError& error) {
         reporter_.Report(name, Code::IncludeMissing, fmt::format("can't read '{}': {}", path, error.what()),
             "a relative name starts from the folder of the deck");
@@ -151,11 +151,10 @@ void DeckText::ReportAlias(const TextRange& name, const std::string& path)
         "the keyword PATHS defines aliases");
 }
 
-bool DeckText::MayInclude(
-    const TextRange& name, const std::string& path, const SourceText::Identity& identity)
+bool DeckText::MayInclude(const TextRange& name, const std::string& path, const std::string& identity)
 {
-    const bool isLoop = std::any_of(frames_.begin(), frames_.end(),
-        [&](const Frame& frame) { return files_.Get(frame.file).text->GetIdentity() == identity; });
+    const bool isLoop = std::any_of(
+        frames_.begin(), frames_.end(), [&](const Frame& frame) { return frame.identity == identity; });
     if (isLoop) {
         reporter_.Report(name, Code::IncludeLoop,
             fmt::format("'{}' is being read already and can't be included in itself", path));
@@ -175,16 +174,15 @@ bool DeckText::MayInclude(
     return true;
 }
 
-void DeckText::Enter(DeckFile file)
+void DeckText::Enter(DeckFile file, const std::string& identity)
 {
     ++turns_;
     if (!frames_.empty())
         frames_.back().offset = GetOffset();
-    const SourceText::Identity identity = file.text->GetIdentity();
     identities_.insert(identity);
     texts_[identity] = file.text;
     const bool isWide = file.text->IsWide();
-    frames_.push_back({files_.Add(std::move(file)), 0, {}});
+    frames_.push_back({files_.Add(std::move(file)), identity, 0, {}});
     const std::string_view text = files_.GetText(GetFile());
     begin_ = position_ = text.data();
     end_ = begin_ + text.size();

@@ -127,6 +127,19 @@ std::optional<FileNameToken> FindFileName(std::string_view line, std::size_t off
     return token;
 }
 
+bool LineReader::Next(Line& line)
+{
+    if (rest_.empty())
+        return false;
+    const std::size_t length = std::min(rest_.find('\n'), rest_.size());
+    line.text = rest_.substr(0, length);
+    if (line.text.ends_with('\r'))
+        line.text.remove_suffix(1);
+    line.number = ++number_;
+    rest_.remove_prefix(std::min(length + 1, rest_.size()));
+    return true;
+}
+
 std::string Shorten(std::string_view word)
 {
     constexpr std::size_t longest = 40;

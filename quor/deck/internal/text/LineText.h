@@ -62,6 +62,27 @@ inline bool IsCommentAt(std::string_view text, std::size_t offset)
     return text.substr(offset, 2) == "--";
 }
 
+struct Line {
+    std::string_view text; ///< without the line end, of either kind
+    std::size_t number = 0; ///< from 1
+};
+
+/// Hands out the lines of a text, which must outlive it.
+class LineReader {
+public:
+    explicit LineReader(std::string_view text)
+        : rest_(text)
+    {
+    }
+
+    /// False at the end.
+    bool Next(Line& line);
+
+private:
+    std::string_view rest_;
+    std::size_t number_ = 0;
+};
+
 /// A word as messages quote it: cut, if it is very long.
 std::string Shorten(std::string_view word);
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "quor/deck/DeckFiles.h"
 #include "quor/deck/internal/read/DataNotes.h"
 #include "quor/deck/internal/read/DataPlan.h"
-#include "quor/deck/internal/text/DeckFile.h"
 #include "quor/deck/internal/write/DataLines.h"
 
 #include <cstddef>

@@ -1,7 +1,7 @@
 #include "quor/deck/internal/write/DeckWriter.h"
 
+#include "quor/deck/SourceText.h"
 #include "quor/deck/internal/text/LineText.h"
-#include "quor/deck/internal/text/SourceText.h"
 #include "quor/deck/internal/write/DataWriter.h"
 
 #include <algorithm>

@@ -1,6 +1,4 @@
-#include "quor/deck/internal/check/Finding.h"
-
-#include <algorithm>
+#include "quor/deck/Finding.h"
 
 #include <utility>
 
@@ -32,6 +30,12 @@ Findings::Findings(std::size_t limit)
     : limit_(limit)
 {
 }
+
+Findings::~Findings() = default;
+Findings::Findings(const Findings&) = default;
+Findings& Findings::operator=(const Findings&) = default;
+Findings::Findings(Findings&&) noexcept = default;
+Findings& Findings::operator=(Findings&&) noexcept = default;
 
 bool Findings::Admit(Severity severity)
 {

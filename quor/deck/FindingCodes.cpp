@@ -1,4 +1,4 @@
-#include "quor/deck/internal/check/FindingCodes.h"
+#include "quor/deck/FindingCodes.h"
 
 #include <cassert>
 #include <cstddef>

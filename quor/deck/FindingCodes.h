@@ -1,12 +1,13 @@
 #pragma once
 
-#include "quor/deck/internal/check/Finding.h"
+#include "quor/deck/Finding.h"
 
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
-/// What can be wrong with a deck.
+/// What can be wrong with a deck. Hosts go by the name of the code: the numbers change when a code comes in
+/// between.
 enum class Code {
     UnknownKeyword,
     LowerCase,
@@ -64,7 +65,7 @@ struct CodeInfo {
 };
 
 /// One row for each code, in the order of the codes.
-const std::vector<CodeInfo>& Codes();
-const CodeInfo& InfoOf(Code code);
+VELD_QUOR_EXPORT const std::vector<CodeInfo>& Codes();
+VELD_QUOR_EXPORT const CodeInfo& InfoOf(Code code);
 
 } // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,122 @@
+#include "quor/deck/DeckFiles.h"
+
+#include <algorithm>
+#include <mutex>
+#include <numeric>
+#include <tuple>
+
+namespace Veld::Quor::Core::Decks {
+
+namespace {
+
+std::size_t StartOfLine(std::string_view text, std::size_t offset)
+{
+    const std::size_t end = offset == 0 ? std::string_view::npos : text.rfind('\n', offset - 1);
+    return end == std::string_view::npos ? 0 : end + 1;
+}
+
+} // namespace
+
+struct DeckFiles::Entry {
+    explicit Entry(DeckFile added)
+        : file(std::move(added))
+    {
+    }
+
+    /// The number of the line of an offset.
+    std::size_t LineNumberOf(std::string_view text, std::size_t offset)
+    {
+        const std::lock_guard lock(mutex);
+        if (offset < lastOffset) {
+            lastOffset = 0;
+            lastLine = 1;
+        }
+        const auto lines = std::count(text.begin() + static_cast<std::ptrdiff_t>(lastOffset),
+            text.begin() + static_cast<std::ptrdiff_t>(offset), '\n');
+        lastLine += static_cast<std::size_t>(lines);
+        lastOffset = offset;
+        return lastLine;
+    }
+
+    DeckFile file;
+    // The last answer, so that the next one needn't count lines from the start.
+    std::mutex mutex;
+    std::size_t lastOffset = 0;
+    std::size_t lastLine = 1;
+};
+
+DeckFiles::DeckFiles() = default;
+DeckFiles::~DeckFiles() = default;
+
+std::uint32_t DeckFiles::Add(DeckFile file)
+{
+    file.end = file.text->GetText().size();
+    entries_.push_back(std::make_unique<Entry>(std::move(file)));
+    return static_cast<std::uint32_t>(entries_.size() - 1);
+}
+
+void DeckFiles::SetEnd(std::uint32_t file, std::size_t end)
+{
+    entries_[file]->file.end = end;
+}
+
+std::size_t DeckFiles::GetSize() const
+{
+    return entries_.size();
+}
+
+const DeckFile& DeckFiles::Get(std::uint32_t file) const
+{
+    return entries_[file]->file;
+}
+
+std::string_view DeckFiles::GetText(std::uint32_t file) const
+{
+    return entries_[file]->file.text->GetText();
+}
+
+std::string_view DeckFiles::GetText(const TextRange& range) const
+{
+    return GetText(range.file).substr(range.offset, range.length);
+}
+
+Location DeckFiles::LocationOf(const TextRange& range) const
+{
+    const std::string_view text = GetText(range.file);
+    return {Get(range.file).name, entries_[range.file]->LineNumberOf(text, range.offset),
+        range.offset - StartOfLine(text, range.offset) + 1};
+}
+
+std::vector<Location> DeckFiles::LocationsOf(const std::vector<TextRange>& ranges) const
+{
+    std::vector<std::size_t> order(ranges.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::sort(order.begin(), order.end(), [&ranges](std::size_t a, std::size_t b) {
+        return std::tie(ranges[a].file, ranges[a].offset) < std::tie(ranges[b].file, ranges[b].offset);
+    });
+    std::vector<Location> locations(ranges.size());
+    for (const std::size_t i : order)
+        locations[i] = LocationOf(ranges[i]);
+    return locations;
+}
+
+std::vector<Location> DeckFiles::InclusionsOf(std::uint32_t file) const
+{
+    std::vector<Location> locations;
+    for (const auto* inclusion = &Get(file).inclusion; *inclusion;
+         inclusion = &Get((*inclusion)->file).inclusion)
+        locations.push_back(LocationOf(**inclusion));
+    return locations;
+}
+
+std::pair<std::string_view, std::size_t> DeckFiles::LineOf(const TextRange& range) const
+{
+    const std::string_view text = GetText(range.file);
+    const std::size_t start = StartOfLine(text, range.offset);
+    std::string_view line = text.substr(start, text.find('\n', range.offset) - start);
+    if (line.ends_with('\r'))
+        line.remove_suffix(1);
+    return {line, start};
+}
+
+} // namespace Veld::Quor::Core::Decks

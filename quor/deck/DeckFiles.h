@@ -1,0 +1,60 @@
+#pragma once
+
+#include "quor/deck/SourceText.h"
+#include "quor/deck/TextRange.h"
+#include "quor/foundation/Export.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// A file of a deck. One that is included twice is there twice, with one text.
+struct DeckFile {
+    std::string name; ///< the path that it was read from
+    std::shared_ptr<const SourceText> text;
+    std::optional<TextRange> inclusion; ///< from the keyword that led here to the end of the line with the
+                                        ///< name; none for the deck itself
+    std::size_t end = 0; ///< where reading left it: before the word that ends an included file, or the size
+};
+
+/// The files of a deck, in the order in which they were read: the deck itself is the first. What is const
+/// here may be called by several threads at once.
+class VELD_QUOR_EXPORT DeckFiles {
+public:
+    DeckFiles();
+    ~DeckFiles();
+    DeckFiles(const DeckFiles&) = delete;
+    DeckFiles& operator=(const DeckFiles&) = delete;
+
+    /// Returns the index of the file.
+    std::uint32_t Add(DeckFile file);
+    void SetEnd(std::uint32_t file, std::size_t end);
+
+    std::size_t GetSize() const;
+    const DeckFile& Get(std::uint32_t file) const;
+    /// Texts are valid as long as this object.
+    std::string_view GetText(std::uint32_t file) const;
+    std::string_view GetText(const TextRange& range) const;
+
+    /// Where the range begins. Cheap for ranges that rise within a file.
+    Location LocationOf(const TextRange& range) const;
+    /// The locations of ranges in any order, at the cost of one pass through the files.
+    std::vector<Location> LocationsOf(const std::vector<TextRange>& ranges) const;
+    /// The inclusions that led to a file, innermost first; empty for the deck itself.
+    std::vector<Location> InclusionsOf(std::uint32_t file) const;
+    /// The line in which the range begins, without its end, and the offset of that line in the file.
+    std::pair<std::string_view, std::size_t> LineOf(const TextRange& range) const;
+
+private:
+    struct Entry;
+    std::vector<std::unique_ptr<Entry>> entries_;
+};
+
+} // namespace Veld::Quor::Core::Decks

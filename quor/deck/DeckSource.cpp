@@ -1,0 +1,88 @@
+#include "quor/deck/DeckSource.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <map>
+#include <system_error>
+#include <utility>
+
+#include <sys/stat.h>
+
+namespace Veld::Quor::Core::Decks {
+
+namespace {
+
+std::string Normal(const std::string& path)
+{
+    return std::filesystem::path(path).lexically_normal().string();
+}
+
+} // namespace
+
+DeckSource::DeckSource() = default;
+DeckSource::DeckSource(const DeckSource&) = default;
+DeckSource& DeckSource::operator=(const DeckSource&) = default;
+DeckSource::~DeckSource() = default;
+
+FileSource::FileSource() = default;
+FileSource::~FileSource() = default;
+
+std::string FileSource::Identify(const std::string& path) const
+{
+    if (path.find('\0') != std::string::npos)
+        throw SourceError("its name holds a zero byte");
+    struct stat status = {};
+    if (::stat(path.c_str(), &status) != 0)
+        throw SourceError(std::generic_category().message(errno));
+    return std::to_string(status.st_dev) + ':' + std::to_string(status.st_ino);
+}
+
+std::shared_ptr<const SourceText> FileSource::Open(const std::string& path) const
+{
+    return SourceText::FromFile(path);
+}
+
+struct MemorySource::Texts {
+    std::map<std::string, std::shared_ptr<const SourceText>> byPath;
+    std::shared_ptr<const DeckSource> others; // or null
+};
+
+MemorySource::MemorySource(std::shared_ptr<const DeckSource> others)
+    : texts_(std::make_unique<Texts>(Texts{{}, std::move(others)}))
+{
+}
+
+MemorySource::~MemorySource() = default;
+
+void MemorySource::Set(const std::string& path, std::string bytes)
+{
+    Set(path, SourceText::FromMemory(std::move(bytes)));
+}
+
+void MemorySource::Set(const std::string& path, std::shared_ptr<const SourceText> text)
+{
+    texts_->byPath[Normal(path)] = std::move(text);
+}
+
+const std::shared_ptr<const SourceText>* MemorySource::Find(const std::string& path) const
+{
+    const auto text = texts_->byPath.find(Normal(path));
+    if (text != texts_->byPath.end())
+        return &text->second;
+    if (!texts_->others)
+        throw SourceError(std::generic_category().message(ENOENT));
+    return nullptr;
+}
+
+std::string MemorySource::Identify(const std::string& path) const
+{
+    return Find(path) ? "memory:" + Normal(path) : texts_->others->Identify(path);
+}
+
+std::shared_ptr<const SourceText> MemorySource::Open(const std::string& path) const
+{
+    const auto* const text = Find(path);
+    return text ? *text : texts_->others->Open(path);
+}
+
+} // namespace Veld::Quor::Core::Decks

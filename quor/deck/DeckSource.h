@@ -1,0 +1,66 @@
+#pragma once
+
+#include "quor/deck/SourceText.h"
+#include "quor/foundation/Export.h"
+
+#include <memory>
+#include <string>
+
+namespace Veld::Quor::Core::Decks {
+
+/// Where the files of a deck come from: gives the bytes for a path. A host derives from it to read from an
+/// archive or a database. One source may serve several threads at once.
+///
+/// Paths are those of the deck: the name that the host gave for the deck itself, and for an included file its
+/// name below the folder of the deck, or as it is if it is absolute.
+class VELD_QUOR_EXPORT DeckSource {
+public:
+    virtual ~DeckSource();
+
+    /// Tells one file from another, whatever paths lead to it, so that a file that includes itself is
+    /// noticed. Throws `SourceError` if there is no such file.
+    virtual std::string Identify(const std::string& path) const = 0;
+    /// Throws `SourceError` if the file can't be read.
+    virtual std::shared_ptr<const SourceText> Open(const std::string& path) const = 0;
+
+protected:
+    DeckSource();
+    DeckSource(const DeckSource&);
+    DeckSource& operator=(const DeckSource&);
+};
+
+/// The files of the system.
+class VELD_QUOR_EXPORT FileSource : public DeckSource {
+public:
+    FileSource();
+    ~FileSource() override;
+
+    std::string Identify(const std::string& path) const override;
+    std::shared_ptr<const SourceText> Open(const std::string& path) const override;
+};
+
+/// Texts in memory, such as the unsaved buffers of an editor, in front of another source.
+class VELD_QUOR_EXPORT MemorySource : public DeckSource {
+public:
+    /// `others` serves the paths that have no text here; null: such paths are missing files.
+    explicit MemorySource(std::shared_ptr<const DeckSource> others = nullptr);
+    ~MemorySource() override;
+    MemorySource(const MemorySource&) = delete;
+    MemorySource& operator=(const MemorySource&) = delete;
+
+    /// Puts a text under a path, in place of an earlier one. Not while a deck is being read from the source.
+    /// Two spellings of a path (`a/../b.inc`, `./b.inc`) are the same.
+    void Set(const std::string& path, std::string bytes);
+    void Set(const std::string& path, std::shared_ptr<const SourceText> text);
+
+    std::string Identify(const std::string& path) const override;
+    std::shared_ptr<const SourceText> Open(const std::string& path) const override;
+
+private:
+    struct Texts;
+    const std::shared_ptr<const SourceText>* Find(const std::string& path) const;
+
+    std::unique_ptr<Texts> texts_;
+};
+
+} // namespace Veld::Quor::Core::Decks

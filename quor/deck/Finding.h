@@ -1,0 +1,96 @@
+#pragma once
+
+#include "quor/deck/TextRange.h"
+#include "quor/foundation/Export.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// A note reports something that is no mistake in the deck, and doesn't make the deck a faulty one.
+enum class Severity { Error, Warning, Note };
+
+/// "error", "warning", "note"
+VELD_QUOR_EXPORT const char* ToString(Severity severity);
+
+/// A change of a text that fixes a finding for certain.
+struct FindingFix {
+    TextRange range; ///< the bytes to remove; may be empty
+    Location begin; ///< of the range
+    Location end; ///< just after the range
+    std::string text; ///< the bytes to put in their place
+};
+
+/// One thing that is wrong, or worth a note.
+struct Finding {
+    std::string code; ///< stable, for programs to use
+    Severity severity = Severity::Error;
+    Location location; ///< where `range` begins
+    std::size_t length = 0; ///< bytes from the location on that the finding is about; may be 0
+    std::string message; ///< one sentence, without a full stop
+    std::string hint; ///< how to fix it; may be empty
+    std::vector<Location> includedFrom; ///< innermost inclusion first; empty in the main file
+    std::string excerpt; ///< the part of the line around the location
+    std::size_t excerptColumn = 1; ///< column of the first byte of `excerpt`
+    std::vector<FindingFix> fix; ///< changes to be made together; empty if the fix isn't certain
+    TextRange range; ///< the bytes of the deck that the finding is about
+
+    /// Keeps of the line of the location what is worth showing: its beginning, or from the location on.
+    VELD_QUOR_EXPORT void SetExcerpt(std::string_view line);
+};
+
+/// Why a finding isn't reported.
+enum class Hiding {
+    Silenced, ///< a comment of the deck says so
+    Known, ///< whoever asked for the findings has it already
+};
+
+/// Keeps the first findings up to a limit, and counts all. Hidden ones are counted for themselves, and as no
+/// others.
+class VELD_QUOR_EXPORT Findings {
+public:
+    explicit Findings(std::size_t limit);
+    ~Findings();
+    Findings(const Findings&);
+    Findings& operator=(const Findings&);
+    Findings(Findings&&) noexcept;
+    Findings& operator=(Findings&&) noexcept;
+
+    /// In the order in which they were met.
+    const std::vector<Finding>& GetKept() const { return kept_; }
+    std::vector<Finding>::const_iterator begin() const { return kept_.begin(); }
+    std::vector<Finding>::const_iterator end() const { return kept_.end(); }
+    /// Of all, kept or not.
+    std::size_t GetCount(Severity severity) const;
+    /// How many are counted and not kept.
+    std::size_t GetOmittedCount() const { return omitted_; }
+    std::size_t GetHiddenCount(Hiding why) const { return hidden_[static_cast<std::size_t>(why)]; }
+    /// Whether there is an error or a warning.
+    bool HasFault() const;
+
+    /// Whether further findings are only counted.
+    bool IsFull() const { return kept_.size() >= limit_; }
+    /// Counts a finding; true if it is to be kept as well.
+    bool Admit(Severity severity);
+    void Keep(Finding finding);
+    void Hide(Hiding why) { ++hidden_[static_cast<std::size_t>(why)]; }
+    /// Brings those that are kept into another order; equal ones stay as they are.
+    template <class Less>
+    void Sort(Less less)
+    {
+        std::stable_sort(kept_.begin(), kept_.end(), less);
+    }
+
+private:
+    std::size_t limit_;
+    std::size_t omitted_ = 0;
+    std::size_t counts_[3] = {};
+    std::size_t hidden_[2] = {};
+    std::vector<Finding> kept_;
+};
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "quor/foundation/Export.h"
+#include "quor/foundation/SimulatorModeType.h"
+#include "quor/foundation/SimulatorType.h"
+
+#include <string>
+
+namespace Veld::Quor::Core::Decks {
+
+/// Where a deck is to run. `Any` asks for what holds for at least one simulator, or mode.
+struct Target {
+    Keywords::SimulatorType::Enum simulator = Keywords::SimulatorType::Any;
+    Keywords::SimulatorModeType::Enum mode = Keywords::SimulatorModeType::Any;
+};
+
+/// "Dunmere", or "the mode Thermal of Dunmere".
+VELD_QUOR_EXPORT std::string NameOf(const Target& target);
+
+} // namespace Veld::Quor::Core::Decks
