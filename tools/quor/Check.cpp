@@ -3,7 +3,6 @@
 #include "quor/deck/internal/check/DeckCheck.h"
 #include "quor/deck/internal/text/Vocabulary.h"
 #include "tools/quor/Baseline.h"
-#include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/DeckReading.h"
 #include "tools/quor/FileOutput.h"
@@ -11,6 +10,7 @@
 #include "tools/quor/FindingJson.h"
 #include "tools/quor/FindingText.h"
 #include "tools/quor/Json.h"
+#include "tools/quor/LoadedLanguage.h"
 #include "tools/quor/Program.h"
 #include "tools/quor/ProgressBar.h"
 #include "tools/quor/Terminal.h"
@@ -83,11 +83,11 @@ void PrintJson(const std::vector<Result>& results)
     Print(ToText({{"decks", decks}, {"counts", CountsJson(FindingsOf(results))}, {"findings", findings}}));
 }
 
-void PrintHeader(Catalogue& catalogue)
+void PrintHeader(LoadedLanguage& language)
 {
     PrintAside(fmt::format("language: {} ({}), loaded in {} ms\n",
-        Plural(catalogue.GetSyntaxes(true).size(), "keyword"), Catalogue::GetOrigin(),
-        catalogue.GetLoadTime().count()));
+        Plural(language.GetSyntaxes(true).size(), "keyword"), LoadedLanguage::GetOrigin(),
+        language.GetLoadTime().count()));
 }
 
 /// Empty, and told, if the deck can't be read.
@@ -139,9 +139,9 @@ bool WriteBaseline(const std::string& path, const Baseline& baseline)
 }
 
 /// Of the decks that can be read. What they have is added to `baseline` if a new one is to be written.
-std::vector<Result> CheckAll(Catalogue& catalogue, const CheckCommandOptions& options, Baseline& baseline)
+std::vector<Result> CheckAll(LoadedLanguage& language, const CheckCommandOptions& options, Baseline& baseline)
 {
-    Decks::Vocabulary vocabulary(catalogue.GetTable());
+    Decks::Vocabulary vocabulary(language.GetTable());
     std::vector<Result> results;
     for (const std::string& deck : options.decks) {
         Baseline::Counts counts;
@@ -161,14 +161,14 @@ std::vector<Result> CheckAll(Catalogue& catalogue, const CheckCommandOptions& op
     return results;
 }
 
-int Check(Catalogue& catalogue, const CheckCommandOptions& options)
+int Check(LoadedLanguage& language, const CheckCommandOptions& options)
 {
     std::optional<Baseline> baseline = ReadBaseline(options.baseline);
     if (!baseline)
         return Failure;
     if (options.format == FindingFormat::Text)
-        PrintHeader(catalogue);
-    const std::vector<Result> results = CheckAll(catalogue, options, *baseline);
+        PrintHeader(language);
+    const std::vector<Result> results = CheckAll(language, options, *baseline);
     if (!results.empty())
         PrintEnd(results, options.format);
     if (results.size() < options.decks.size())
@@ -222,7 +222,7 @@ Command MakeCheckCommand(CLI::App& application)
         "  quor check *.data --simulator Dunmere --mode Thermal --format json\n"
         "  quor check reservoir.data --write-baseline known.json\n"
         "  quor check reservoir.data --baseline known.json");
-    return {&command, [options](Catalogue& catalogue) { return Check(catalogue, *options); }};
+    return {&command, [options](LoadedLanguage& language) { return Check(language, *options); }};
 }
 
 } // namespace Veld::Quor::Tools

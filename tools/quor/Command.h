@@ -8,12 +8,12 @@ class App;
 
 namespace Veld::Quor::Tools {
 
-class Catalogue;
+class LoadedLanguage;
 
 /// One subcommand.
 struct Command {
     const CLI::App* app; ///< tells whether it was asked for; owned by the application
-    std::function<int(Catalogue&)> run; ///< gives the exit status
+    std::function<int(LoadedLanguage&)> run; ///< gives the exit status
     std::function<int()> runAlone = {}; ///< in its place, for one that must not load the language
 };
 

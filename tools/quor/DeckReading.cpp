@@ -2,7 +2,7 @@
 
 #include "quor/deck/SourceText.h"
 #include "quor/variables/VariablesString.h"
-#include "tools/quor/Conditions.h"
+#include "tools/quor/CommonOptions.h"
 #include "tools/quor/FindingText.h"
 #include "tools/quor/ProgressBar.h"
 #include "tools/quor/Terminal.h"
@@ -64,7 +64,7 @@ void AddVariablesOption(CLI::App& command, Decks::VariableTexts& variables)
         ->allow_extra_args(false);
 }
 
-std::unique_ptr<Decks::Deck> ReadForAnswers(const std::string& path, Decks::ReadOptions options,
+std::unique_ptr<Decks::Deck> ReadDeckOrReport(const std::string& path, Decks::ReadOptions options,
     Decks::Vocabulary& vocabulary, const char* consequence)
 {
     std::unique_ptr<Decks::Deck> deck;

@@ -1,10 +1,10 @@
 #include "quor/deck/internal/compare/DeckDifference.h"
-#include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
-#include "tools/quor/Conditions.h"
+#include "tools/quor/CommonOptions.h"
 #include "tools/quor/DeckReading.h"
 #include "tools/quor/FindingText.h"
 #include "tools/quor/Json.h"
+#include "tools/quor/LoadedLanguage.h"
 #include "tools/quor/Program.h"
 #include "tools/quor/Terminal.h"
 
@@ -136,11 +136,11 @@ void PrintJson(const Decks::Difference& difference, const DiffOptions& options)
         {"counts", counts}, {"changes", changes}}));
 }
 
-int Diff(Catalogue& catalogue, const DiffOptions& options)
+int Diff(LoadedLanguage& language, const DiffOptions& options)
 {
-    Decks::Vocabulary vocabulary(catalogue.GetTable());
-    const auto a = ReadForAnswers(options.decks[0], options.read, vocabulary);
-    const auto b = ReadForAnswers(options.decks[1], options.read, vocabulary);
+    Decks::Vocabulary vocabulary(language.GetTable());
+    const auto a = ReadDeckOrReport(options.decks[0], options.read, vocabulary);
+    const auto b = ReadDeckOrReport(options.decks[1], options.read, vocabulary);
     if (!a || !b)
         return Failure;
     const auto difference = Decks::Compare(*a, *b, {options.read.target.simulator, options.isStrict});
@@ -173,7 +173,7 @@ Command MakeDiffCommand(CLI::App& application)
         "Examples:\n"
         "  quor diff history.data forecast.data\n"
         "  quor diff old.data new.data --strict --format json");
-    return {&command, [options](Catalogue& catalogue) { return Diff(catalogue, *options); }};
+    return {&command, [options](LoadedLanguage& language) { return Diff(language, *options); }};
 }
 
 } // namespace Veld::Quor::Tools

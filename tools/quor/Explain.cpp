@@ -2,7 +2,7 @@
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/NearestNames.h"
 #include "tools/quor/Command.h"
-#include "tools/quor/Conditions.h"
+#include "tools/quor/CommonOptions.h"
 #include "tools/quor/FindingCodes.h"
 #include "tools/quor/Json.h"
 #include "tools/quor/Program.h"

@@ -1,9 +1,9 @@
 #include "quor/deck/internal/write/DeckWriter.h"
-#include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/DeckReading.h"
 #include "tools/quor/FileOutput.h"
 #include "tools/quor/FindingText.h"
+#include "tools/quor/LoadedLanguage.h"
 #include "tools/quor/Program.h"
 #include "tools/quor/Terminal.h"
 
@@ -146,11 +146,11 @@ int PrintFirst(const std::vector<Formatted>& files)
     return Success;
 }
 
-int Format(Catalogue& catalogue, const FormatOptions& options)
+int Format(LoadedLanguage& language, const FormatOptions& options)
 {
-    Decks::Vocabulary vocabulary(catalogue.GetTable());
+    Decks::Vocabulary vocabulary(language.GetTable());
     const auto deck =
-        ReadForAnswers(options.deck, options.read, vocabulary, "what has errors stays as it is");
+        ReadDeckOrReport(options.deck, options.read, vocabulary, "what has errors stays as it is");
     if (!deck)
         return Failure;
     std::vector<Formatted> files = FormatFiles(*deck, options);
@@ -195,7 +195,7 @@ Command MakeFormatCommand(CLI::App& application)
         "  quor format reservoir.data > tidy.data\n"
         "  quor format reservoir.data --in-place\n"
         "  quor format reservoir.data --one-file --output flat");
-    return {&command, [options](Catalogue& catalogue) { return Format(catalogue, *options); }};
+    return {&command, [options](LoadedLanguage& language) { return Format(language, *options); }};
 }
 
 } // namespace Veld::Quor::Tools

@@ -1,11 +1,11 @@
 #include "quor/deck/internal/compare/DeckSummary.h"
 #include "quor/deck/internal/compare/ReportSteps.h"
-#include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
-#include "tools/quor/Conditions.h"
+#include "tools/quor/CommonOptions.h"
 #include "tools/quor/DeckReading.h"
 #include "tools/quor/FindingText.h"
 #include "tools/quor/Json.h"
+#include "tools/quor/LoadedLanguage.h"
 #include "tools/quor/Program.h"
 #include "tools/quor/Terminal.h"
 #include "tools/quor/TextLayout.h"
@@ -243,10 +243,10 @@ void PrintJson(const Decks::DeckSummary& summary, const InfoOptions& options)
     Print(ToText(json));
 }
 
-int Info(Catalogue& catalogue, const InfoOptions& options)
+int Info(LoadedLanguage& language, const InfoOptions& options)
 {
-    Decks::Vocabulary vocabulary(catalogue.GetTable());
-    const auto deck = ReadForAnswers(options.deck, options.read, vocabulary);
+    Decks::Vocabulary vocabulary(language.GetTable());
+    const auto deck = ReadDeckOrReport(options.deck, options.read, vocabulary);
     if (!deck)
         return Failure;
     const Decks::DeckSummary summary = Decks::Summarise(*deck);
@@ -277,7 +277,7 @@ Command MakeInfoCommand(CLI::App& application)
                    "  quor info reservoir.data\n"
                    "  quor info reservoir.data --wells\n"
                    "  quor info reservoir.data --simulator Dunmere --format json");
-    return {&command, [options](Catalogue& catalogue) { return Info(catalogue, *options); }};
+    return {&command, [options](LoadedLanguage& language) { return Info(language, *options); }};
 }
 
 } // namespace Veld::Quor::Tools

@@ -1,10 +1,10 @@
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/syntax/KeywordSyntaxUtils.h"
-#include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
-#include "tools/quor/Conditions.h"
+#include "tools/quor/CommonOptions.h"
 #include "tools/quor/Json.h"
 #include "tools/quor/KeywordTree.h"
+#include "tools/quor/LoadedLanguage.h"
 #include "tools/quor/Measurements.h"
 #include "tools/quor/Program.h"
 #include "tools/quor/SummaryFilter.h"
@@ -80,9 +80,9 @@ bool CarriesWhatIsAsked(const IKeywordSyntax& syntax, const ListOptions& options
         && options.summary.Admits(syntax.GetSummaryMnemonicInfo());
 }
 
-Catalogue::Syntaxes Select(Catalogue& catalogue, const ListOptions& options)
+LoadedLanguage::Syntaxes Select(LoadedLanguage& language, const ListOptions& options)
 {
-    Catalogue::Syntaxes syntaxes = catalogue.GetSyntaxes(options.withHidden);
+    LoadedLanguage::Syntaxes syntaxes = language.GetSyntaxes(options.withHidden);
     const std::string upperText = Decks::ToUpper(options.text);
     std::erase_if(syntaxes, [&](const IKeywordSyntax* syntax) {
         return (options.AsksForValidity() && !IsValid(*syntax, options)) || !HoldsText(*syntax, upperText)
@@ -112,7 +112,7 @@ std::string SectionsText(const IKeywordSyntax& syntax)
     return text.empty() ? "none" : text;
 }
 
-void PrintText(const Catalogue::Syntaxes& syntaxes)
+void PrintText(const LoadedLanguage::Syntaxes& syntaxes)
 {
     constexpr std::size_t widestSections = 24;
     std::size_t nameWidth = 0;
@@ -137,7 +137,7 @@ std::vector<std::string> SectionNames(const std::vector<SectionType::Enum>& sect
     return names;
 }
 
-void PrintJson(const Catalogue::Syntaxes& syntaxes)
+void PrintJson(const LoadedLanguage::Syntaxes& syntaxes)
 {
     auto list = nlohmann::ordered_json::array();
     for (const IKeywordSyntax* syntax : syntaxes) {
@@ -172,9 +172,9 @@ void PrintMeasurements(const MeasurementCounts& counts, const ListOptions& optio
 }
 
 /// Puts the measurement asked for as the documents spell it. False, and told, if no keyword uses it.
-bool ResolveMeasurement(Catalogue& catalogue, ListOptions& options)
+bool ResolveMeasurement(LoadedLanguage& language, ListOptions& options)
 {
-    const MeasurementCounts counts = CountMeasurements(catalogue.GetSyntaxes(true));
+    const MeasurementCounts counts = CountMeasurements(language.GetSyntaxes(true));
     if (const std::string* measurement = FindMeasurement(options.measurement, counts)) {
         options.measurement = *measurement;
         return true;
@@ -186,11 +186,11 @@ bool ResolveMeasurement(Catalogue& catalogue, ListOptions& options)
     return false;
 }
 
-int List(Catalogue& catalogue, ListOptions options)
+int List(LoadedLanguage& language, ListOptions options)
 {
-    if (!options.measurement.empty() && !ResolveMeasurement(catalogue, options))
+    if (!options.measurement.empty() && !ResolveMeasurement(language, options))
         return Failure;
-    const Catalogue::Syntaxes syntaxes = Select(catalogue, options);
+    const LoadedLanguage::Syntaxes syntaxes = Select(language, options);
     if (options.measurementsOnly) {
         PrintMeasurements(CountMeasurements(syntaxes), options);
         return Success;
@@ -238,7 +238,7 @@ Command MakeListCommand(CLI::App& application)
                    "  quor list --cell --measurement permeability\n"
                    "  quor list --entity Well --flow Production --function Rate\n"
                    "  quor list --text saturation --format json");
-    return {&command, [options](Catalogue& catalogue) { return List(catalogue, *options); }};
+    return {&command, [options](LoadedLanguage& language) { return List(language, *options); }};
 }
 
 } // namespace Veld::Quor::Tools

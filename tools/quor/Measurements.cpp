@@ -12,7 +12,7 @@ namespace Veld::Quor::Tools {
 namespace Decks = Core::Decks;
 using namespace Core::Keywords;
 
-MeasurementCounts CountMeasurements(const Catalogue::Syntaxes& syntaxes)
+MeasurementCounts CountMeasurements(const LoadedLanguage::Syntaxes& syntaxes)
 {
     MeasurementCounts counts;
     for (const IKeywordSyntax* syntax : syntaxes) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/quor/Catalogue.h"
+#include "tools/quor/LoadedLanguage.h"
 
 #include <cstddef>
 #include <map>
@@ -12,7 +12,7 @@ namespace Veld::Quor::Tools {
 /// By measurement, how many keywords use it.
 using MeasurementCounts = std::map<std::string, std::size_t>;
 
-MeasurementCounts CountMeasurements(const Catalogue::Syntaxes& syntaxes);
+MeasurementCounts CountMeasurements(const LoadedLanguage::Syntaxes& syntaxes);
 
 /// Whether some real that the keyword carries has the measurement.
 bool HasMeasurement(const Core::Keywords::IKeywordSyntax& syntax, const std::string& measurement);

@@ -1,10 +1,10 @@
 #include "quor/deck/internal/compare/Portability.h"
-#include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
-#include "tools/quor/Conditions.h"
+#include "tools/quor/CommonOptions.h"
 #include "tools/quor/DeckReading.h"
 #include "tools/quor/FindingText.h"
 #include "tools/quor/Json.h"
+#include "tools/quor/LoadedLanguage.h"
 #include "tools/quor/Program.h"
 #include "tools/quor/Terminal.h"
 #include "tools/quor/TextLayout.h"
@@ -135,13 +135,13 @@ bool HasMode(const Decks::Target& target)
     return false;
 }
 
-int Port(Catalogue& catalogue, const PortCommandOptions& options)
+int Port(LoadedLanguage& language, const PortCommandOptions& options)
 {
     if (!HasMode(options.port.from) || !HasMode(options.port.to))
         return Failure;
-    Decks::Vocabulary vocabulary(catalogue.GetTable());
-    const auto deck =
-        ReadForAnswers(options.deck, {.target = options.port.to, .variables = options.variables}, vocabulary);
+    Decks::Vocabulary vocabulary(language.GetTable());
+    const auto deck = ReadDeckOrReport(
+        options.deck, {.target = options.port.to, .variables = options.variables}, vocabulary);
     if (!deck)
         return Failure;
     const std::vector<Loss> losses = Decks::FindLosses(*deck, options.port);
@@ -178,7 +178,7 @@ Command MakePortCommand(CLI::App& application)
                    "Examples:\n"
                    "  quor port reservoir.data --to Carrow\n"
                    "  quor port reservoir.data --from Dunmere --to Sedge --mode Compositional --all");
-    return {&command, [options](Catalogue& catalogue) { return Port(catalogue, *options); }};
+    return {&command, [options](LoadedLanguage& language) { return Port(language, *options); }};
 }
 
 } // namespace Veld::Quor::Tools

@@ -1,8 +1,8 @@
 #include "tools/quor/Program.h"
 
 #include "quor/deck/internal/text/NearestNames.h"
-#include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
+#include "tools/quor/LoadedLanguage.h"
 #include "tools/quor/Terminal.h"
 #include "tools/quor/Version.h"
 
@@ -106,8 +106,8 @@ int RunCommand(int argc, char** argv)
             continue;
         if (command.runAlone)
             return command.runAlone();
-        Catalogue catalogue;
-        return command.run(catalogue);
+        LoadedLanguage language;
+        return command.run(language);
     }
     PrintAside(application.help());
     return Failure;

@@ -1,10 +1,10 @@
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/NearestNames.h"
 #include "quor/syntax/ICellPropertyInfo.h"
-#include "tools/quor/Catalogue.h"
 #include "tools/quor/Command.h"
-#include "tools/quor/Conditions.h"
+#include "tools/quor/CommonOptions.h"
 #include "tools/quor/Json.h"
+#include "tools/quor/LoadedLanguage.h"
 #include "tools/quor/Program.h"
 #include "tools/quor/SummaryFilter.h"
 #include "tools/quor/Terminal.h"
@@ -230,9 +230,9 @@ void ReportUnknown(const std::string& name, Decks::NearestNames& nearestNames)
         nearest.empty() ? "" : fmt::format("; did you mean {}?", fmt::join(nearest, ", "))));
 }
 
-int Show(Catalogue& catalogue, const ShowOptions& options)
+int Show(LoadedLanguage& language, const ShowOptions& options)
 {
-    KeywordSyntaxTable& table = catalogue.GetTable();
+    KeywordSyntaxTable& table = language.GetTable();
     Decks::NearestNames nearestNames(table);
     std::vector<Found> all;
     int status = Success;
@@ -270,7 +270,7 @@ Command MakeShowCommand(CLI::App& application)
     command.footer("Examples:\n"
                    "  quor show WELSPECS\n"
                    "  quor show PORO PERMX --format json");
-    return {&command, [options](Catalogue& catalogue) { return Show(catalogue, *options); }};
+    return {&command, [options](LoadedLanguage& language) { return Show(language, *options); }};
 }
 
 } // namespace Veld::Quor::Tools

@@ -1,4 +1,4 @@
-#include "tools/quor/Conditions.h"
+#include "tools/quor/CommonOptions.h"
 
 #include <CLI/CLI.hpp>
 

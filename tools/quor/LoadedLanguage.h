@@ -10,12 +10,12 @@
 namespace Veld::Quor::Tools {
 
 /// The language that the program answers from.
-class Catalogue {
+class LoadedLanguage {
 public:
     using Syntaxes = std::vector<const Core::Keywords::IKeywordSyntax*>;
 
     /// Loads the table. Throws what the load throws; the library's own print on standard output is kept away.
-    Catalogue();
+    LoadedLanguage();
 
     Core::Keywords::KeywordSyntaxTable& GetTable() { return table_; }
     std::chrono::milliseconds GetLoadTime() const { return loadTime_; }

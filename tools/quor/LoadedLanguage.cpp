@@ -1,4 +1,4 @@
-#include "tools/quor/Catalogue.h"
+#include "tools/quor/LoadedLanguage.h"
 
 #include "quor/foundation/service/Environment.h"
 
@@ -41,7 +41,7 @@ KeywordSyntaxTable& Load()
 
 } // namespace
 
-Catalogue::Catalogue()
+LoadedLanguage::LoadedLanguage()
     : start_(std::chrono::steady_clock::now())
     , table_(Load())
     , loadTime_(
@@ -49,7 +49,7 @@ Catalogue::Catalogue()
 {
 }
 
-Catalogue::Syntaxes Catalogue::GetSyntaxes(bool withHidden)
+LoadedLanguage::Syntaxes LoadedLanguage::GetSyntaxes(bool withHidden)
 {
     Syntaxes syntaxes;
     KeywordSyntaxEnumerator enumerator = table_.KeywordsEnumerator();
@@ -65,7 +65,7 @@ Catalogue::Syntaxes Catalogue::GetSyntaxes(bool withHidden)
     return syntaxes;
 }
 
-std::string Catalogue::GetOrigin()
+std::string LoadedLanguage::GetOrigin()
 {
     const std::string main = Core::Service::GetEnvVariable("QUOR_KEYWORD_SYNTAX_FILE");
     const std::string trusted = Core::Service::GetEnvVariable("QUOR_KEYWORD_TRUSTED_SYNTAX_DIR");
