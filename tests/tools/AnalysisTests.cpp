@@ -136,7 +136,7 @@ TEST(Difference, OfManyRecordsTakesTimeByTheirNumber)
 {
     const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(Analyse("diff a.data b.data", ManyRecords(false), ManyRecords(true)).out,
-        "0 changed, 0 added, 0 gone\n");
+        "0 changed, 0 added, 0 removed\n");
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60)); // under a sanitizer too
 }
 
@@ -212,7 +212,7 @@ TEST(Summary, ListsTheFirstRowsUnlessAskedForAll)
         deck += " P" + std::to_string(i) + " G 1 1 1* OIL /\n";
     const Outcome few = Analyse("info a.data", deck + "/\n");
     EXPECT_TRUE(Holds(few.out, "25 wells\n")) << few.out;
-    EXPECT_TRUE(Holds(few.out, "  and 5 more; --wells lists all\n")) << few.out;
+    EXPECT_TRUE(Holds(few.out, "  5 more; use --wells to list all\n")) << few.out;
     EXPECT_TRUE(Holds(Analyse("info a.data --wells", deck + "/\n").out, "  P24 "));
 }
 
@@ -312,7 +312,7 @@ TEST(Loss, OfEachPlaceIsListedIfAskedFor)
     EXPECT_TRUE(
         Holds(outcome.out, "  TIME in SCHEDULE  2      a.data:2\n                           a.data:4\n"))
         << outcome.out;
-    EXPECT_TRUE(Holds(outcome.out, "lost for Carrow: 1 thing in 2 places\n")) << outcome.out;
+    EXPECT_TRUE(Holds(outcome.out, "lost for Carrow: 1 feature in 2 locations\n")) << outcome.out;
 }
 
 // All three
@@ -322,7 +322,7 @@ TEST(Analysis, GoesOnBehindErrorsAndSaysSo)
     for (const std::string arguments : {"info a.data", "diff a.data a.data", "port a.data --to Carrow"}) {
         const Outcome outcome = Analyse(arguments, runspec + "NOSUCH\n");
         EXPECT_EQ(outcome.status, 0) << arguments;
-        EXPECT_TRUE(Holds(outcome.err, "a.data has 1 error, told by 'quor check a.data")) << outcome.err;
+        EXPECT_TRUE(Holds(outcome.err, "a.data has 1 error; run 'quor check a.data")) << outcome.err;
     }
 }
 

@@ -113,15 +113,18 @@ TEST_P(BadBaselines, AreRefused)
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, BadBaselines,
-    testing::Values(BadFile{"Empty", "", "line 1: it is no JSON"},
-        BadFile{"CutShort", "{\"version\": 1,\n\"findings\": [{", "line 2: it is no JSON"},
-        BadFile{"OtherJson", "[1]", "it has no array \"findings\""},
-        BadFile{"OtherVersion", R"({"version": 2, "findings": []})", "its \"version\" is not 1"},
+    testing::Values(BadFile{"Empty", "", "line 1: invalid JSON; create a new baseline with --write-baseline"},
+        BadFile{"CutShort", "{\"version\": 1,\n\"findings\": [{",
+            "line 2: invalid JSON; create a new baseline with --write-baseline"},
+        BadFile{"OtherJson", "[1]",
+            "expected an array \"findings\"; create a new baseline with --write-baseline"},
+        BadFile{"OtherVersion", R"({"version": 2, "findings": []})",
+            "expected \"version\" 1; create a new baseline with --write-baseline"},
         BadFile{"NoText", R"({"version": 1, "findings": [{"code": "a", "file": "b"}]})",
-            "finding 1 has no text \"text\""},
+            "finding 1: expected a string \"text\"; create a new baseline with --write-baseline"},
         BadFile{"NegativeCount",
             R"({"version": 1, "findings": [{"code": "a", "file": "b", "text": "c", "count": -1}]})",
-            "finding 1 has no \"count\""}),
+            "finding 1: expected \"count\" above 0; create a new baseline with --write-baseline"}),
     CaseName<BadFile>);
 
 TEST(Check, CountsAbbreviationsOfEachDeckInFull) // the library tells like messages ten times only

@@ -109,7 +109,7 @@ INSTANTIATE_TEST_SUITE_P(Codes, Explain,
         Explanation{"ForASimulator", "wrong-simulator", "  right, for Carrow:\n    RUNSPEC\n", 0},
         Explanation{"Json", "bad-date --format json", R"("right": "SCHEDULE\nDATES\n 28 FEB)", 0},
         Explanation{
-            "Unknown", "bad-data bad-date", "bad-data is not a code of findings; did you mean bad-date?", 1}),
+            "Unknown", "bad-data bad-date", "unknown finding code 'bad-data'; did you mean bad-date?", 1}),
     CaseName<Explanation>);
 
 } // namespace

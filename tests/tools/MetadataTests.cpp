@@ -311,8 +311,10 @@ TEST_P(UnknownWord, IsRefused)
 INSTANTIATE_TEST_SUITE_P(Filters, UnknownWord,
     testing::Values(Refusal{"Type", "list --type number", "number not in {integer,real,"},
         Refusal{"Measurement", "list --measurement porosty",
-            "porosty is used by no keyword; did you mean Porosity?\n'quor list --measurements' lists all"},
-        Refusal{"FarMeasurement", "list --measurement xyzzy", "xyzzy is used by no keyword\n"},
+            "quor: error: --measurement: unknown measurement 'porosty'; did you mean Porosity?\n'quor list "
+            "--measurements' lists all measurements"},
+        Refusal{"FarMeasurement", "list --measurement xyzzy",
+            "quor: error: --measurement: unknown measurement 'xyzzy'\n"},
         Refusal{"Entity", "list --entity Wells", "Wells not in {Aquifer,Aquifer Gradient,"},
         Refusal{"EntityOfAnotherCategory", "list --entity Oil", "Oil not in {Aquifer,"},
         Refusal{"Flow", "list --flow up", "up not in {Injection,Production}"},

@@ -41,25 +41,28 @@ TEST_P(Usage, IsRefused)
 
 INSTANTIATE_TEST_SUITE_P(Arguments, Usage,
     testing::Values(Refusal{"None", "", "Subcommands:"},
-        Refusal{"UnknownSubcommand", "chekc x", "no command 'chekc'; did you mean check?"},
-        Refusal{"UnknownOption", "list --sections GRID", "'--sections'; did you mean --section?"},
+        Refusal{"UnknownSubcommand", "chekc x", "unknown command 'chekc'; did you mean check?"},
+        Refusal{
+            "UnknownOption", "list --sections GRID", "unknown option '--sections'; did you mean --section?"},
         Refusal{"UnknownSection", "list --section GIRD", "GIRD not in {RUNSPEC,GRID,"},
         Refusal{"UnknownSimulator", "check x --simulator Nobody", "{Carrow,Dunmere,"},
         Refusal{"UnknownMode", "list --mode Cold", "{BlackOil,Compositional,Thermal}"},
         Refusal{"UnknownFormat", "list --format xml", "{text,json}"},
         Refusal{"ShowNothing", "show", "quor show --help"},
-        Refusal{"TwoSubcommands", "man list", "'list' is one argument too many"},
+        Refusal{"TwoSubcommands", "man list", "unexpected argument 'list'"},
         Refusal{"UnknownShell", "completion tcsh", "{bash,zsh,fish}"},
         Refusal{"OptionWithoutValue", "check x --baseline", "--baseline"},
         Refusal{"TwoBaselines", "check x --baseline a --write-baseline b", "excludes"},
         Refusal{"MissingBaseline", "check x --baseline /none --format json",
             "the baseline '/none': No such file"},
-        Refusal{"NegativeLimit", "check x --max-findings=-1", "'-1' is no whole number from 0 on"},
+        Refusal{
+            "NegativeLimit", "check x --max-findings=-1", "'-1' is not a whole number; expected 0 or more"},
         Refusal{"MissingDeck", "check /none.data --format json", "can't read '/none.data': No such file"},
         Refusal{"InfoOnNothing", "info /none.data", "can't read '/none.data': No such file"},
         Refusal{"DiffWithNothing", "diff /none.data /none.data", "can't read '/none.data': No such file"},
         Refusal{"PortToNowhere", "port x", "--to is required"},
-        Refusal{"PortToNoMode", "port x --to Carrow --mode Thermal", "Carrow has no mode Thermal"},
+        Refusal{
+            "PortToNoMode", "port x --to Carrow --mode Thermal", "simulator 'Carrow' has no mode 'Thermal'"},
         Refusal{"FolderAsDeck", "check /tmp", "it is a folder"}),
     CaseName<Refusal>);
 
@@ -126,11 +129,11 @@ INSTANTIATE_TEST_SUITE_P(List, SmallLanguageAnswers,
         Answer{"ByAlias", "list --text permr", "PERMX  GRID  Permeability in x.\n"},
         Answer{"BySimulator", "list --section RUNSPEC --simulator Carrow --text l --count", "5\n"},
         Answer{"ByMode", "list --section RUNSPEC --mode Thermal --text comps", "", 0,
-            "no keyword meets all conditions\n"},
+            "no keyword matches all options\n"},
         Answer{"OneLineForEachDefinition", "list --text TIME --section SCHEDULE", "TIME  SCHEDULE  \n"},
         Answer{"HiddenOnes", "list --hidden --text WELSPECH --count", "1\n"},
-        Answer{"EmptyJson", "list --text nothing --format json", "[]\n", 0,
-            "no keyword meets all conditions\n"}),
+        Answer{
+            "EmptyJson", "list --text nothing --format json", "[]\n", 0, "no keyword matches all options\n"}),
     CaseName<Answer>);
 
 INSTANTIATE_TEST_SUITE_P(Show, SmallLanguageAnswers,
@@ -143,7 +146,7 @@ INSTANTIATE_TEST_SUITE_P(Show, SmallLanguageAnswers,
             "    Hallow        BCT\n    Marlpit       BCT\n    Ostrey        BCT\n    Wend          BCT\n"
             "    Tolmen        BCT\n    Wend_GE       BCT\n    Wend_CLASSIC  BCT\n  data: none\n"},
         Answer{"Unknown", "show WELSPEXX", "", 1,
-            "quor: error: WELSPEXX is not a keyword; did you mean WELSPECL, WELSPECS?\n"}),
+            "quor: error: unknown keyword 'WELSPEXX'; did you mean WELSPECL, WELSPECS?\n"}),
     CaseName<Answer>);
 
 TEST(Show, GivesAllDefinitionsAndWhatIsKnownBesideTheUnknown)
@@ -212,7 +215,7 @@ TEST(Check, JudgesEachDeckAlone)
     const std::string faulty = folder.Write("faulty.data", "GRID\nWATR\nWATR\nWATR\n");
     const Outcome both = RunSmall("check " + faulty + " " + clean + " --max-findings 1");
     EXPECT_EQ(both.status, 1);
-    EXPECT_TRUE(Holds(both.out, "2 findings more; ")) << both.out;
+    EXPECT_TRUE(Holds(both.out, "2 findings not shown; use --max-findings to show more\n")) << both.out;
     EXPECT_TRUE(Holds(both.out, "clean.data: 2 keywords in 1 section, 1 file: no findings\n")) << both.out;
     EXPECT_EQ(RunSmall("check " + clean + " /none.data").status, 2);
 }

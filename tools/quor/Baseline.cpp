@@ -20,7 +20,7 @@ using Json = nlohmann::ordered_json;
 namespace {
 
 constexpr int version = 1;
-constexpr const char* advice = "write a new one with --write-baseline";
+constexpr const char* advice = "create a new baseline with --write-baseline";
 
 /// As it comes back from a file: what is no UTF-8 is replaced.
 std::string AsStored(std::string_view text)
@@ -84,22 +84,22 @@ Json Parse(std::string_view text)
         return Json::parse(text);
     } catch (const Json::parse_error& error) {
         const std::string_view before = text.substr(0, error.byte == 0 ? 0 : error.byte - 1);
-        throw BaselineError(fmt::format("line {}: it is no JSON from here on; {}",
-            std::count(before.begin(), before.end(), '\n') + 1, advice));
+        throw BaselineError(fmt::format(
+            "line {}: invalid JSON; {}", std::count(before.begin(), before.end(), '\n') + 1, advice));
     }
 }
 
 std::string TextOf(const Json& entry, const char* name, std::size_t number)
 {
     if (!entry.is_object() || !entry.contains(name) || !entry[name].is_string())
-        throw BaselineError(fmt::format("finding {} has no text \"{}\"; {}", number, name, advice));
+        throw BaselineError(fmt::format("finding {}: expected a string \"{}\"; {}", number, name, advice));
     return entry[name].get<std::string>();
 }
 
 std::size_t CountOf(const Json& entry, std::size_t number)
 {
     if (!entry.contains("count") || !entry["count"].is_number_unsigned() || entry["count"] == 0)
-        throw BaselineError(fmt::format("finding {} has no \"count\" above 0; {}", number, advice));
+        throw BaselineError(fmt::format("finding {}: expected \"count\" above 0; {}", number, advice));
     return entry["count"].get<std::size_t>();
 }
 
@@ -110,9 +110,9 @@ Baseline Baseline::Read(const std::string& path)
     const auto source = Decks::SourceText::FromFile(path);
     const Json json = Parse(source->GetText());
     if (!json.is_object() || !json.contains("findings") || !json["findings"].is_array())
-        throw BaselineError(fmt::format("it has no array \"findings\"; {}", advice));
+        throw BaselineError(fmt::format("expected an array \"findings\"; {}", advice));
     if (!json.contains("version") || json["version"] != version)
-        throw BaselineError(fmt::format("its \"version\" is not {}; {}", version, advice));
+        throw BaselineError(fmt::format("expected \"version\" {}; {}", version, advice));
     Baseline baseline;
     std::size_t number = 0;
     for (const Json& entry : json["findings"]) {

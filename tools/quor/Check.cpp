@@ -183,12 +183,12 @@ int Check(LoadedLanguage& language, const CheckCommandOptions& options)
 void AddBaselineOptions(CLI::App& command, CheckCommandOptions& options)
 {
     CLI::Option* const baseline =
-        command.add_option("--baseline", options.baseline, "Hide the findings that this file knows")
+        command.add_option("--baseline", options.baseline, "Hide the findings that are listed in this file")
             ->type_name("FILE")
             ->take_last();
     command
         .add_option("--write-baseline", options.newBaseline,
-            "Write the findings to this file, for --baseline; from then on they are known")
+            "Write all findings to this file, for use with --baseline")
         ->type_name("FILE")
         ->take_last()
         ->excludes(baseline);
@@ -200,10 +200,9 @@ Command MakeCheckCommand(CLI::App& application)
 {
     const auto options = std::make_shared<CheckCommandOptions>();
     CLI::App& command = *application.add_subcommand("check",
-        "Reads decks and tells what is wrong: keywords, sections, included files, skipped blocks, and\n"
-        "the data behind the keywords. Without a simulator or mode, a keyword is fine that is valid for "
-        "any.");
-    command.add_option("DECK", options->decks, "Files, each a deck of its own")
+        "Checks decks and reports errors in keywords, sections, included files, skipped blocks and keyword\n"
+        "data. Without --simulator and --mode, a keyword is accepted if any simulator and mode accepts it.");
+    command.add_option("DECK", options->decks, "Main files of the decks to check")
         ->required()
         ->type_name("FILE");
     AddReadOptions(command, options->check);
@@ -211,12 +210,12 @@ Command MakeCheckCommand(CLI::App& application)
     AddMaxFindingsOption(command, options->check.maxFindings, " for each deck");
     AddBaselineOptions(command, *options);
     command.footer(
-        "A comment in a deck silences findings: '-- quor: off CODE, CODE' those on its line, or on the\n"
-        "next one if it stands alone on its line; '-- quor: begin-off CODE' all up to\n"
-        "'-- quor: end-off CODE'. Without a code it is for all; 'quor explain' lists the codes.\n"
-        "Comments that can't be followed are told, but not in a file above 1 MiB in which nothing\n"
-        "is found.\n"
-        "Exit status: 0 there is no error and no warning, 1 there are some, 2 something can't be read.\n\n"
+        "A comment in a deck hides findings: '-- quor: off CODE, CODE' hides those on its line, or on the\n"
+        "next line if the comment is alone on its line; '-- quor: begin-off CODE' hides all up to\n"
+        "'-- quor: end-off CODE'. Without a code it hides all findings; 'quor explain' lists the codes.\n"
+        "Invalid comments are reported, but not in a file above 1 MiB in which nothing\n"
+        "else is found.\n"
+        "Exit status: 0 no errors and no warnings, 1 errors or warnings, 2 a file can't be read.\n\n"
         "Examples:\n"
         "  quor check reservoir.data --simulator Carrow\n"
         "  quor check *.data --simulator Dunmere --mode Thermal --format json\n"

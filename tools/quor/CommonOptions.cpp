@@ -77,8 +77,7 @@ void AddModeOption(
 
 void AddTypeOption(CLI::App& command, std::optional<MDType::Enum>& value)
 {
-    AddWordOption(command, "--type",
-        "Type of the values: of a list that of its item, else that of the data itself", TypeWords(),
+    AddWordOption(command, "--type", "Type of the values; for a list, the type of its items", TypeWords(),
         [&value](const std::string& word) {
             value = *std::find_if(std::begin(valueTypes), std::end(valueTypes),
                 [&word](MDType::Enum type) { return TypeWord(type) == word; });
@@ -87,7 +86,7 @@ void AddTypeOption(CLI::App& command, std::optional<MDType::Enum>& value)
 
 void AddFormatOption(CLI::App& command, bool& isJson)
 {
-    AddWordOption(command, "--format", "Form of the output; text is the default", {"text", "json"},
+    AddWordOption(command, "--format", "Output format; the default is text", {"text", "json"},
         [&isJson](const std::string& word) { isJson = word == "json"; });
 }
 

@@ -18,7 +18,7 @@ namespace Veld::Quor::Tools {
 /// what it holds if the option isn't given, and must outlive the application.
 void AddSectionOption(CLI::App& command, Core::Keywords::SectionType::Enum& value);
 void AddSimulatorOption(CLI::App& command, Core::Keywords::SimulatorType::Enum& value,
-    const char* name = "--simulator", const char* description = "Simulator that is to run the deck");
+    const char* name = "--simulator", const char* description = "Simulator that runs the deck");
 void AddModeOption(CLI::App& command, Core::Keywords::SimulatorModeType::Enum& value,
     const char* name = "--mode", const char* description = "Mode of the simulator");
 

@@ -53,12 +53,12 @@ void AddVariablesOption(CLI::App& command, Decks::VariableTexts& variables)
             const std::size_t first = word.starts_with('$') ? 1 : 0;
             const std::string name = word.substr(first, sign - first);
             if (sign == std::string::npos || !IsVariableName(name))
-                throw CLI::ValidationError("--set", fmt::format("'{}' is not of the form NAME=VALUE", word));
+                throw CLI::ValidationError("--set", fmt::format("'{}' is not in the form NAME=VALUE", word));
             variables['$' + name] = word.substr(sign + 1);
         }
         return true;
     };
-    command.add_option("--set", add, "Value of a variable, which the deck has as $NAME; may be given again")
+    command.add_option("--set", add, "Value of the variable $NAME; can be repeated")
         ->type_name("NAME=VALUE")
         ->expected(1, 1'000'000)
         ->allow_extra_args(false);
@@ -77,7 +77,7 @@ std::unique_ptr<Decks::Deck> ReadDeckOrReport(const std::string& path, Decks::Re
         return nullptr;
     }
     if (const std::size_t errors = deck->findings.GetCount(Decks::Severity::Error); errors > 0)
-        PrintAside(fmt::format("quor: {} has {}, told by '{}'; {}\n", MakePrintable(path),
+        PrintAside(fmt::format("quor: {} has {}; run '{}' to list them; {}\n", MakePrintable(path),
             Plural(errors, "error"), CheckCommand(path, options.target), consequence));
     return deck;
 }

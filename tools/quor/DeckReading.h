@@ -24,7 +24,7 @@ void AddVariablesOption(CLI::App& command, Core::Decks::VariableTexts& variables
 /// is. Tells in a line if the deck has errors, and what this means for the command. Null, and told, if it
 /// can't be read.
 std::unique_ptr<Core::Decks::Deck> ReadDeckOrReport(const std::string& path, Core::Decks::ReadOptions options,
-    Core::Decks::Vocabulary& vocabulary, const char* consequence = "the answer may lack what they hide");
+    Core::Decks::Vocabulary& vocabulary, const char* consequence = "the result may be incomplete");
 
 /// "file:line"
 std::string LocationText(const Core::Decks::Location& location);

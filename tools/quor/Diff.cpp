@@ -99,7 +99,7 @@ void PrintText(const Decks::Difference& difference)
         for (const Change& change : group.changes)
             Print(LineText(change, isColoured));
     }
-    Print(fmt::format("{} changed, {} added, {} gone\n", difference.GetCount(Change::Kind::Changed),
+    Print(fmt::format("{} changed, {} added, {} removed\n", difference.GetCount(Change::Kind::Changed),
         difference.GetCount(Change::Kind::Added), difference.GetCount(Change::Kind::Gone)));
 }
 
@@ -157,19 +157,19 @@ Command MakeDiffCommand(CLI::App& application)
 {
     const auto options = std::make_shared<DiffOptions>();
     CLI::App& command = *application.add_subcommand("diff",
-        "Compares what two decks say, and not how: section by section, in SCHEDULE date by date, keywords\n"
-        "and records by their identifiers, values item by item.");
-    command.add_option("A", options->decks[0], "The file of the first deck")->required()->type_name("FILE");
-    command.add_option("B", options->decks[1], "The file of the second deck")->required()->type_name("FILE");
+        "Compares the data of two decks: by section, in SCHEDULE by date, keywords and records by their\n"
+        "identifiers, and values by item.");
+    command.add_option("A", options->decks[0], "Main file of the first deck")->required()->type_name("FILE");
+    command.add_option("B", options->decks[1], "Main file of the second deck")->required()->type_name("FILE");
     AddReadOptions(command, options->read);
     command.add_flag("--strict", options->isStrict,
-        "Tell a value that is left to its default from the same value that is given");
+        "Report a difference between a defaulted value and the same value given explicitly");
     AddFormatOption(command, options->isJson);
     command.footer(
         "Comments, layout, inclusions and the order of different keywords don't matter. A value that is left "
         "to its\ndefault is the same as the default that is given, as the simulator has it; --strict tells "
         "them apart.\nA line stands for one change: ~ changed, + only in B, - only in A.\n"
-        "Exit status: 0 the decks say the same, 1 they differ, 2 one can't be read.\n\n"
+        "Exit status: 0 the decks are equal, 1 they differ, 2 a deck can't be read.\n\n"
         "Examples:\n"
         "  quor diff history.data forecast.data\n"
         "  quor diff old.data new.data --strict --format json");

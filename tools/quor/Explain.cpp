@@ -50,7 +50,7 @@ std::string CodeText(const FindingCode& code)
         code.rule.meaning, 4, GetWidth());
     if (!code.remedy)
         return text;
-    return text + Wrap("  to mend: ", code.remedy->text, 2 * indent, GetWidth())
+    return text + Wrap("  to fix: ", code.remedy->text, 2 * indent, GetWidth())
         + ExampleText("wrong", *code.remedy, code.remedy->wrong)
         + ExampleText("right", *code.remedy, code.remedy->right);
 }
@@ -73,7 +73,7 @@ nlohmann::ordered_json CodeJson(const FindingCode& code)
 
 std::string ListText(const std::vector<FindingCode>& codes)
 {
-    Columns columns({"code", "told by", "severity", "meaning"});
+    Columns columns({"code", "command", "severity", "meaning"});
     for (const FindingCode& code : codes)
         columns.Add({code.rule.code, code.command, ToString(code.rule.severity), code.rule.meaning});
     std::string text = columns.GetHead(0);
@@ -85,10 +85,10 @@ std::string ListText(const std::vector<FindingCode>& codes)
 void ReportUnknown(const std::string& name)
 {
     const auto nearest = Decks::FindNearest(FindingCodeNames(), name);
-    PrintError(fmt::format("{} is not a code of findings{}", name,
+    PrintError(fmt::format("unknown finding code '{}'{}", name,
         nearest.empty() ? "" : fmt::format("; did you mean {}?", fmt::join(nearest, ", "))));
     if (nearest.empty())
-        PrintAside("'quor explain' lists all\n");
+        PrintAside("'quor explain' lists all codes\n");
 }
 
 void PrintCodes(const std::vector<FindingCode>& codes, const ExplainOptions& options)
@@ -131,9 +131,9 @@ int Explain(const ExplainOptions& options)
 Command MakeExplainCommand(CLI::App& application)
 {
     const auto options = std::make_shared<ExplainOptions>();
-    CLI::App& command = *application.add_subcommand("explain",
-        "Tells what codes of findings mean, and what to do about them; without a code, lists them all.");
-    command.add_option("CODE", options->names, "Codes, as they stand in brackets behind a finding");
+    CLI::App& command = *application.add_subcommand(
+        "explain", "Explains finding codes and how to fix them. Without a code, lists all codes.");
+    command.add_option("CODE", options->names, "Finding codes, as printed in brackets after a finding");
     AddFormatOption(command, options->isJson);
     command.footer("Examples:\n"
                    "  quor explain\n"

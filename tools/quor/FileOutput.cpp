@@ -22,7 +22,7 @@ std::string TargetOf(const std::string& path)
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
     if (fs::exists(status) && !fs::is_regular_file(status))
-        throw OutputError("it is no regular file");
+        throw OutputError("not a regular file");
     const fs::path target = fs::is_symlink(path, error) ? fs::weakly_canonical(path, error) : fs::path(path);
     return error ? path : target.string();
 }
@@ -53,7 +53,7 @@ void WriteFile(const std::string& path, std::string_view text)
     const std::string part = fmt::format("{}.{}.part", target, ::getpid());
     int error = WriteNew(part, target, text);
     if (error == EEXIST)
-        throw OutputError(fmt::format("'{}' is in the way", part));
+        throw OutputError(fmt::format("temporary file '{}' already exists", part));
     if (error == 0 && std::rename(part.c_str(), target.c_str()) != 0)
         error = errno;
     if (error == 0)

@@ -18,7 +18,7 @@ void AddFindingFormatOption(CLI::App& command, FindingFormat& format)
     command
         .add_option_function<std::string>(
             "--format", [&format](const std::string& word) { format = formats.at(word); },
-            "Form of the output; text is the default")
+            "Output format; the default is text")
         ->transform(CLI::IsMember({"text", "json", "sarif", "gcc", "github"}, CLI::ignore_case))
         ->type_name("NAME")
         ->take_last();
@@ -28,11 +28,12 @@ void AddMaxFindingsOption(CLI::App& command, std::size_t& limit, const std::stri
 {
     command
         .add_option("--max-findings", limit,
-            fmt::format("How many findings are told{}; the others are counted", scope))
+            fmt::format("Maximum number of findings printed{}; the others are only counted", scope))
         ->check(CLI::Validator(
             [](const std::string& word) {
                 const bool isCount = word.find_first_not_of("0123456789") == std::string::npos;
-                return isCount ? std::string() : fmt::format("'{}' is no whole number from 0 on", word);
+                return isCount ? std::string()
+                               : fmt::format("'{}' is not a whole number; expected 0 or more", word);
             },
             ""))
         ->type_name("N")

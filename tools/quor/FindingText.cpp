@@ -82,7 +82,7 @@ std::string FindingsText(const Decks::Findings& findings)
     for (const Finding& finding : findings.GetKept())
         text += FindingText(finding, colours);
     if (const std::size_t omitted = findings.GetOmittedCount(); omitted > 0)
-        text += fmt::format("{} more; --max-findings sets how many are told\n", Plural(omitted, "finding"));
+        text += fmt::format("{} not shown; use --max-findings to show more\n", Plural(omitted, "finding"));
     return text;
 }
 

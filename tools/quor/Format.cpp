@@ -86,8 +86,8 @@ bool WriteFiles(const std::vector<Formatted>& files)
     const auto fail = [&](const Formatted& file, const std::string& why) {
         PrintError(fmt::format("can't write '{}': {}", file.path, why));
         if (written > 0)
-            PrintAside(
-                fmt::format("{} of {} had been written before it\n", written, Plural(files.size(), "file")));
+            PrintAside(fmt::format(
+                "{} of {} were written before the error\n", written, Plural(files.size(), "file")));
         return false;
     };
     for (const Formatted& file : files) {
@@ -123,8 +123,8 @@ int WriteTree(std::vector<Formatted> files, const FormatOptions& options)
         const fs::path relative = fs::path(file.path).lexically_relative(root.empty() ? "." : root);
         const fs::path inner = root.empty() ? fs::path(file.path).lexically_normal() : relative;
         if (inner.empty() || inner.is_absolute() || *inner.begin() == "..") {
-            PrintError(fmt::format("'{}' lies outside of the folder of the deck", file.path));
-            PrintAside("--one-file writes the deck and what it includes into one file\n");
+            PrintError(fmt::format("'{}' is outside the folder of the deck", file.path));
+            PrintAside("use --one-file to write the deck and its included files into one file\n");
             return Failure;
         }
         file.path = (fs::path(options.folder) / inner).string();
@@ -132,7 +132,7 @@ int WriteTree(std::vector<Formatted> files, const FormatOptions& options)
     if (!WriteFiles(files))
         return Failure;
     PrintAside(
-        fmt::format("{} written below '{}'\n", Plural(files.size(), "file"), MakePrintable(options.folder)));
+        fmt::format("{} written to '{}'\n", Plural(files.size(), "file"), MakePrintable(options.folder)));
     return Success;
 }
 
@@ -140,9 +140,9 @@ int PrintFirst(const std::vector<Formatted>& files)
 {
     Print(files.front().after);
     if (files.size() > 1)
-        PrintAside(
-            fmt::format("{} more, included: --one-file prints all, --in-place and --output write them\n",
-                Plural(files.size() - 1, "file")));
+        PrintAside(fmt::format("{} not printed: use --one-file to print included files, or --in-place or "
+                               "--output to write them\n",
+            Plural(files.size() - 1, "file")));
     return Success;
 }
 
@@ -150,7 +150,7 @@ int Format(LoadedLanguage& language, const FormatOptions& options)
 {
     Decks::Vocabulary vocabulary(language.GetTable());
     const auto deck =
-        ReadDeckOrReport(options.deck, options.read, vocabulary, "what has errors stays as it is");
+        ReadDeckOrReport(options.deck, options.read, vocabulary, "keywords with errors are not changed");
     if (!deck)
         return Failure;
     std::vector<Formatted> files = FormatFiles(*deck, options);
@@ -169,19 +169,19 @@ Command MakeFormatCommand(CLI::App& application)
 {
     const auto options = std::make_shared<FormatOptions>();
     CLI::App& command = *application.add_subcommand("format",
-        "Writes a deck anew: columns aligned, repeats folded, numbers in their shortest form, what has its\n"
-        "default left out. Comments stay with what they stood by. Read again, the deck says the same.");
-    command.add_option("DECK", options->deck, "The file of the deck")->required()->type_name("FILE");
+        "Formats a deck: aligns columns, combines repeated values, shortens numbers and omits defaulted\n"
+        "values. Comments are kept. The formatted deck has the same data.");
+    command.add_option("DECK", options->deck, "Main file of the deck")->required()->type_name("FILE");
     AddReadOptions(command, options->read);
     CLI::Option* const oneFile = command.add_flag(
-        "--one-file", options->isOneFile, "Put included files in the place of their inclusions");
-    CLI::Option* const inPlace = command.add_flag(
-        "--in-place", options->isInPlace, "Change the deck and the files that it includes where they are");
+        "--one-file", options->isOneFile, "Replace each inclusion by the content of the included file");
+    CLI::Option* const inPlace =
+        command.add_flag("--in-place", options->isInPlace, "Overwrite the deck and its included files");
     CLI::Option* const folder = command.add_option(
-        "--output", options->folder, "Write the deck and the files that it includes below this folder");
+        "--output", options->folder, "Write the deck and its included files to this folder");
     folder->type_name("FOLDER");
     CLI::Option* const check = command.add_flag("--check", options->isCheck,
-        "Change nothing; list the files that would change, and exit with 1 if there is one");
+        "Write nothing; list the files that would change, and exit with 1 if there are any");
     inPlace->excludes(folder)->excludes(check);
     folder->excludes(check);
     oneFile->excludes(inPlace)->excludes(check);
@@ -189,7 +189,7 @@ Command MakeFormatCommand(CLI::App& application)
         "Keywords with errors, raw texts, and data that go on in another file or around a skipped "
         "block stay as\n"
         "they are. Without --in-place, --output or --check the text goes to standard output.\n"
-        "Exit status: 0 all is well, 1 with --check if a file would change, 2 something can't be read or\n"
+        "Exit status: 0 success, 1 with --check if a file would change, 2 a file can't be read or\n"
         "written.\n\n"
         "Examples:\n"
         "  quor format reservoir.data > tidy.data\n"

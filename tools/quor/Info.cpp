@@ -71,7 +71,7 @@ void PrintSomeRows(
         table.Add(std::move(rows[i]));
     PrintTable(Plural(count, noun), table, shown);
     if (shown < count)
-        Print(fmt::format("  and {} more; {} lists all\n", count - shown, option));
+        Print(fmt::format("  {} more; use {} to list all\n", count - shown, option));
 }
 
 void PrintFiles(const Decks::DeckSummary& summary)
@@ -106,15 +106,15 @@ void PrintRunspec(const Decks::DeckSummary& summary)
     Print("\n");
     if (!summary.options.empty())
         Print(Wrap("options: ", fmt::format("{}", fmt::join(summary.options, " ")), indent, GetWidth()));
-    Print(fmt::format("units: {}\n", summary.units.empty() ? "no set is named" : summary.units));
+    Print(fmt::format("units: {}\n", summary.units.empty() ? "not specified" : summary.units));
 }
 
 void PrintTime(const Decks::DeckSummary& summary)
 {
     const std::string start = Decks::DateText(summary.start);
     const std::string end = Decks::DateText(summary.end);
-    Print(fmt::format("time: {} to {}, {}\n", start.empty() ? "no start" : start,
-        end.empty() ? "no date" : end, Plural(summary.reports, "report step")));
+    Print(fmt::format("time: {} to {}, {}\n", start.empty() ? "no start date" : start,
+        end.empty() ? "no end date" : end, Plural(summary.reports, "report step")));
 }
 
 void PrintWells(const Decks::DeckSummary& summary, bool withAll)
@@ -150,7 +150,7 @@ void PrintProperties(const Decks::DeckSummary& summary, bool withAll)
             LocationText(row.location)});
     }
     PrintSomeRows("cell property definition", std::move(rows),
-        {"keyword", "values", "defaulted", "least", "mean", "greatest", "measurement", "at"}, withAll,
+        {"keyword", "values", "defaulted", "min", "mean", "max", "measurement", "at"}, withAll,
         "--properties");
 }
 
@@ -158,7 +158,7 @@ void PrintVariables(const Decks::DeckSummary& summary)
 {
     if (summary.variables.empty())
         return;
-    Columns table({"name", "gives a value to"});
+    Columns table({"name", "used in"});
     for (const Decks::VariableSummary& row : summary.variables)
         table.Add({MakePrintable(row.name), fmt::format("{}", fmt::join(row.uses, ", "))});
     PrintTable(Plural(summary.variables.size(), "variable"), table, summary.variables.size());
@@ -263,16 +263,16 @@ Command MakeInfoCommand(CLI::App& application)
 {
     const auto options = std::make_shared<InfoOptions>();
     CLI::App& command = *application.add_subcommand("info",
-        "Tells what is in a deck: files, sections, sizes, dates, wells, groups, and of each cell property\n"
-        "the number, the least, the mean and the greatest of its values.");
-    command.add_option("DECK", options->deck, "The file of the deck")->required()->type_name("FILE");
+        "Summarizes a deck: files, sections, sizes, dates, wells, groups, and for each cell property the\n"
+        "number, minimum, mean and maximum of its values.");
+    command.add_option("DECK", options->deck, "Main file of the deck")->required()->type_name("FILE");
     AddReadOptions(command, options->read);
     command.add_flag("--wells", options->withAllWells, "List all wells and groups, not the first 20");
     command.add_flag(
         "--properties", options->withAllProperties, "List all cell properties, not the first 20");
     AddFormatOption(command, options->isJson);
-    command.footer("A well's completions are the cells in which it was ever completed. The mean leaves out "
-                   "defaulted values.\nJSON lists all there is.\n\n"
+    command.footer("A well's completions are the cells in which it was ever completed. The mean excludes "
+                   "defaulted values.\nJSON output lists everything.\n\n"
                    "Examples:\n"
                    "  quor info reservoir.data\n"
                    "  quor info reservoir.data --wells\n"

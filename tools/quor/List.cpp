@@ -168,7 +168,7 @@ void PrintMeasurements(const MeasurementCounts& counts, const ListOptions& optio
             Print(fmt::format("{:{}}  {:>4}\n", MakePrintable(measurement), width, count));
     }
     if (counts.empty())
-        PrintAside("no keyword with a measurement meets all conditions\n");
+        PrintAside("no keyword with a measurement matches all options\n");
 }
 
 /// Puts the measurement asked for as the documents spell it. False, and told, if no keyword uses it.
@@ -180,9 +180,9 @@ bool ResolveMeasurement(LoadedLanguage& language, ListOptions& options)
         return true;
     }
     const auto nearest = FindNearestMeasurements(options.measurement, counts);
-    PrintError(fmt::format("--measurement: {} is used by no keyword{}", options.measurement,
+    PrintError(fmt::format("--measurement: unknown measurement '{}'{}", options.measurement,
         nearest.empty() ? "" : fmt::format("; did you mean {}?", fmt::join(nearest, ", "))));
-    PrintAside("'quor list --measurements' lists all\n");
+    PrintAside("'quor list --measurements' lists all measurements\n");
     return false;
 }
 
@@ -202,7 +202,7 @@ int List(LoadedLanguage& language, ListOptions options)
     else
         PrintText(syntaxes);
     if (syntaxes.empty())
-        PrintAside("no keyword meets all conditions\n");
+        PrintAside("no keyword matches all options\n");
     return Success;
 }
 
@@ -212,7 +212,7 @@ Command MakeListCommand(CLI::App& application)
 {
     const auto options = std::make_shared<ListOptions>();
     CLI::App& command = *application.add_subcommand(
-        "list", "Lists the keywords that meet all conditions given: name, sections, description.");
+        "list", "Lists the keywords that match all options: name, sections, description.");
     AddSectionOption(command, options->section);
     AddSimulatorOption(command, options->simulator);
     AddModeOption(command, options->mode);
@@ -221,23 +221,24 @@ Command MakeListCommand(CLI::App& application)
     command.add_flag(
         "--cell", options->cellsOnly, "List cell properties: keywords with a value for each cell");
     AddTypeOption(command, options->type);
-    command.add_option("--measurement", options->measurement, "A real of the keyword has this measurement")
+    command.add_option("--measurement", options->measurement, "Measurement of a real value of the keyword")
         ->type_name("NAME")
         ->take_last();
     AddSummaryOptions(command, options->summary);
     command.add_flag("--hidden", options->withHidden, "List hidden keywords too");
     command.add_flag("--measurements", options->measurementsOnly,
         "List the measurements that those keywords use, with the number of keywords");
-    command.add_flag("--count", options->countsOnly, "Print the number of rows alone");
+    command.add_flag("--count", options->countsOnly, "Print only the number of rows");
     AddFormatOption(command, options->isJson);
-    command.footer("A table of records has the type record, a list of lists the type list; a keyword without "
-                   "data none.\n"
-                   "The categories are those of summary vectors.\n\n"
-                   "Examples:\n"
-                   "  quor list --section SCHEDULE --simulator Carrow\n"
-                   "  quor list --cell --measurement permeability\n"
-                   "  quor list --entity Well --flow Production --function Rate\n"
-                   "  quor list --text saturation --format json");
+    command.footer(
+        "The type of a table of records is record, of a list of lists list, and of a keyword without "
+        "data none.\n"
+        "The categories are those of summary vectors.\n\n"
+        "Examples:\n"
+        "  quor list --section SCHEDULE --simulator Carrow\n"
+        "  quor list --cell --measurement permeability\n"
+        "  quor list --entity Well --flow Production --function Rate\n"
+        "  quor list --text saturation --format json");
     return {&command, [options](LoadedLanguage& language) { return List(language, *options); }};
 }
 

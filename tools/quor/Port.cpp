@@ -45,12 +45,12 @@ struct KindRow {
 const KindRow& RowOf(Loss::Kind kind)
 {
     static constexpr KindRow rows[] = {{"keyword-not-valid", "keywords that are not valid"},
-        {"item-not-valid", "values that it doesn't take"},
-        {"item-unsupported", "values that it takes and doesn't act on"},
-        {"choice-not-valid", "words that it doesn't take"},
-        {"choice-unsupported", "words that it takes and doesn't act on"},
-        {"no-default", "values to be given, since it has no default"},
-        {"other-default", "values left to a default that is another one"}};
+        {"item-not-valid", "values that are not accepted"},
+        {"item-unsupported", "values that are accepted but ignored"},
+        {"choice-not-valid", "choices that are not accepted"},
+        {"choice-unsupported", "choices that are accepted but ignored"},
+        {"no-default", "values that are required, because there is no default"},
+        {"other-default", "defaulted values whose default differs"}};
     return rows[static_cast<std::size_t>(kind)];
 }
 
@@ -94,8 +94,8 @@ void PrintText(const std::vector<Loss>& losses, const PortCommandOptions& option
     }
     const std::string target = Decks::NameOf(options.port.to);
     Print(losses.empty() ? fmt::format("nothing is lost for {}\n", target)
-                         : fmt::format("lost for {}: {} in {}\n", target, Plural(losses.size(), "thing"),
-                             Plural(count, "place")));
+                         : fmt::format("lost for {}: {} in {}\n", target, Plural(losses.size(), "feature"),
+                             Plural(count, "location")));
 }
 
 ordered_json LossJson(const Loss& loss)
@@ -130,7 +130,7 @@ bool HasMode(const Decks::Target& target)
 {
     if (target.simulator == SimulatorType::Any || SimulatorType::HasMode(target.simulator, target.mode))
         return true;
-    PrintError(fmt::format("{} has no mode {}", SimulatorType::ToString(target.simulator),
+    PrintError(fmt::format("simulator '{}' has no mode '{}'", SimulatorType::ToString(target.simulator),
         SimulatorModeType::ToString(target.mode)));
     return false;
 }
@@ -159,25 +159,27 @@ Command MakePortCommand(CLI::App& application)
     const auto options = std::make_shared<PortCommandOptions>();
     Decks::PortOptions& port = options->port;
     CLI::App& command = *application.add_subcommand("port",
-        "Tells what a deck loses on another simulator: keywords, values and words that it doesn't take or\n"
-        "act on, and values left to a default that is another one there.");
-    command.add_option("DECK", options->deck, "The file of the deck")->required()->type_name("FILE");
-    AddSimulatorOption(command, port.to.simulator, "--to", "Simulator that the deck is to run on");
+        "Reports what a deck loses on another simulator: keywords, values and choices that the simulator
+        "
+        "does not accept or ignores, and defaulted values whose default differs.");
+    command.add_option("DECK", options->deck, "Main file of the deck")->required()->type_name("FILE");
+    AddSimulatorOption(command, port.to.simulator, "--to", "Target simulator");
     command.get_option("--to")->required();
     AddModeOption(command, port.to.mode);
-    AddSimulatorOption(command, port.from.simulator, "--from", "Simulator that it runs on now");
-    AddModeOption(command, port.from.mode, "--from-mode", "Mode of that simulator");
+    AddSimulatorOption(command, port.from.simulator, "--from", "Current simulator");
+    AddModeOption(command, port.from.mode, "--from-mode", "Mode of the current simulator");
     AddVariablesOption(command, options->variables);
     command.get_option("--from-mode")->needs("--from");
-    command.add_flag("--all", port.withLocations, "List all places of a loss, not the first");
+    command.add_flag("--all", port.withLocations, "List all locations of each loss, not only the first");
     AddFormatOption(command, options->isJson);
-    command.footer("Blocks that the simulator passes over are passed over. Without --from, what any "
-                   "simulator takes counts, and\nthe defaults are those of the keywords. What --from doesn't "
-                   "take or act on can't be lost.\n"
-                   "Exit status: 0 nothing is lost, 1 something is, 2 the deck can't be read.\n\n"
-                   "Examples:\n"
-                   "  quor port reservoir.data --to Carrow\n"
-                   "  quor port reservoir.data --from Dunmere --to Sedge --mode Compositional --all");
+    command.footer(
+        "Blocks that the simulator skips are not compared. Without --from, the deck is compared "
+        "with what any\nsimulator accepts and with the defaults of the keywords. What --from does not accept "
+        "or ignores is not a loss.\n"
+        "Exit status: 0 nothing is lost, 1 something is lost, 2 the deck can't be read.\n\n"
+        "Examples:\n"
+        "  quor port reservoir.data --to Carrow\n"
+        "  quor port reservoir.data --from Dunmere --to Sedge --mode Compositional --all");
     return {&command, [options](LoadedLanguage& language) { return Port(language, *options); }};
 }
 

@@ -45,9 +45,9 @@ std::string UnknownText(const CLI::App& application)
         for (const CLI::Option* const option : command.get_options({}))
             known.push_back(option->get_name());
     }
-    const std::string text = isOption ? fmt::format("there is no option '{}'", word)
-        : asked.empty()               ? fmt::format("there is no command '{}'", word)
-                                      : fmt::format("'{}' is one argument too many", word);
+    const std::string text = isOption ? fmt::format("unknown option '{}'", word)
+        : asked.empty()               ? fmt::format("unknown command '{}'", word)
+                                      : fmt::format("unexpected argument '{}'", word);
     const auto nearest =
         isOption || asked.empty() ? Decks::FindNearest(known, word) : std::vector<std::string>();
     return nearest.empty() ? text : fmt::format("{}; did you mean {}?", text, fmt::join(nearest, ", "));
@@ -63,26 +63,25 @@ int ReportUsageError(const CLI::App& application, const CLI::ParseError& error)
     }
     const auto* const extras = dynamic_cast<const CLI::ExtrasError*>(&error);
     PrintError(extras ? UnknownText(application) : error.what());
-    PrintAside(fmt::format("'{}' tells the usage\n", NameOfHelp(application)));
+    PrintAside(fmt::format("run '{}' for usage\n", NameOfHelp(application)));
     return Failure;
 }
 
 int RunCommand(int argc, char** argv)
 {
-    CLI::App application("Answers questions about the keywords of reservoir simulator decks, and checks "
-                         "decks and the documents\n"
-                         "that describe keywords.");
+    CLI::App application(
+        "Checks, formats, compares and summarizes reservoir simulator decks, and shows the keywords of\n"
+        "their language.");
     application.name("quor");
     application.set_version_flag("--version", fmt::format("quor {}", GetVersion()));
     application.require_subcommand(0, 1);
     application.footer(
-        "Environment: The language is built in. QUOR_KEYWORD_SYNTAX_FILE names a document to take its\n"
-        "place, QUOR_KEYWORD_TRUSTED_SYNTAX_DIR a folder of documents with trusted keywords. A NO_COLOR "
-        "that\n"
-        "is not empty keeps colours out of what is for people.\n\n"
-        "Exit status: 0 if all is well, 1 if there are findings, differences or losses or a keyword is not "
-        "known,\n"
-        "2 if the usage is wrong or something can't be read or written.");
+        "Environment: The language is built in. QUOR_KEYWORD_SYNTAX_FILE names a document that\n"
+        "replaces it, QUOR_KEYWORD_TRUSTED_SYNTAX_DIR a folder of documents with trusted keywords. If\n"
+        "NO_COLOR is not empty, text is printed without colours.\n\n"
+        "Exit status: 0 success, 1 findings, differences, losses or unknown keywords, 2 invalid usage, or "
+        "a file\n"
+        "can't be read or written.");
     const Command commands[] = {
         MakeCheckCommand(application),
         MakeInfoCommand(application),
@@ -123,7 +122,7 @@ int RunProgram(int argc, char** argv)
     try {
         status = RunCommand(argc, argv);
     } catch (const std::bad_alloc&) {
-        PrintError("there is not enough memory");
+        PrintError("out of memory");
     } catch (const std::exception& error) {
         PrintError(error.what());
     }

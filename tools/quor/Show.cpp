@@ -226,7 +226,7 @@ void Append(std::vector<Found>& all, const std::string& spelling, KeywordSyntaxT
 void ReportUnknown(const std::string& name, Decks::NearestNames& nearestNames)
 {
     const auto& nearest = nearestNames.Find(Decks::ToUpper(name), SectionType::None);
-    PrintError(fmt::format("{} is not a keyword{}", name,
+    PrintError(fmt::format("unknown keyword '{}'{}", name,
         nearest.empty() ? "" : fmt::format("; did you mean {}?", fmt::join(nearest, ", "))));
 }
 
@@ -264,7 +264,7 @@ Command MakeShowCommand(CLI::App& application)
 {
     const auto options = std::make_shared<ShowOptions>();
     CLI::App& command =
-        *application.add_subcommand("show", "Shows all that is known of keywords, with all that they carry.");
+        *application.add_subcommand("show", "Shows keywords with their validity, items and other metadata.");
     command.add_option("NAME", options->names, "Names or aliases of keywords")->required();
     AddFormatOption(command, options->isJson);
     command.footer("Examples:\n"

@@ -94,12 +94,12 @@ bool SummaryFilter::Admits(const ISummaryMnemonicInfo* info) const
 
 void AddSummaryOptions(CLI::App& command, SummaryFilter& filter)
 {
-    AddOption<SummaryEntity>(command, "--entity", "What a summary vector reports on", filter.entity);
-    AddOption<SummaryFlow>(command, "--flow", "Which way its flow goes", filter.flow);
-    AddOption<SummaryFunction>(command, "--function", "What it tells of a quantity", filter.function);
-    AddOption<SummaryOption>(
-        command, "--option", "Option of the simulator that it belongs to", filter.option);
-    AddOption<SummaryPhase>(command, "--phase", "Phase that it concerns", filter.phase);
+    AddOption<SummaryEntity>(command, "--entity", "Entity of the summary vector", filter.entity);
+    AddOption<SummaryFlow>(command, "--flow", "Direction of its flow", filter.flow);
+    AddOption<SummaryFunction>(
+        command, "--function", "Kind of quantity, such as a rate or a total", filter.function);
+    AddOption<SummaryOption>(command, "--option", "Simulator option that it belongs to", filter.option);
+    AddOption<SummaryPhase>(command, "--phase", "Phase of the quantity", filter.phase);
 }
 
 std::vector<std::pair<const char*, std::string>> CategoriesOf(const ISummaryMnemonicInfo& info)
