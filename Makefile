@@ -9,15 +9,15 @@ QUOR = build/release/bin/quor
 DECK = examples/decks/field/field.data
 FAULTY_DECK = examples/decks/faulty/three-mistakes.data
 
-help: ## This list
+help: ## List the targets
 	@awk -F ':.*## ' '/^[a-z-]+:.*## / { printf "  make %-12s %s\n", $$1, $$2 }' Makefile
 
-run: setup-run build-release ## Build the release and try it on the model of a field
+run: setup-run build-release ## Build the release and try it on the deck of a field
 	@echo; echo "== quor info $(DECK)"
 	@$(QUOR) info $(DECK)
 	@echo; echo "== quor check $(DECK)"
 	@$(QUOR) check $(DECK)
-	@echo; echo "== quor check --simulator Carrow $(FAULTY_DECK)   (three mistakes are seeded in it)"
+	@echo; echo "== quor check --simulator Carrow $(FAULTY_DECK)   (it contains three mistakes)"
 	@$(QUOR) check --simulator Carrow $(FAULTY_DECK) || test $$? -eq 1
 	@echo; echo "Next: $(QUOR) check YOUR.data"
 	@echo "      $(QUOR) format YOUR.data"
@@ -25,7 +25,7 @@ run: setup-run build-release ## Build the release and try it on the model of a f
 	@echo "      $(QUOR) port YOUR.data --to Dunmere"
 	@echo "      $(QUOR) show WCONPROD, $(QUOR) --help"
 
-test: setup-test check-format check-release check-asan check-threads check-lint ## The gate: all builds, tests and checks
+test: setup-test check-format check-release check-asan check-threads check-lint ## Run all builds, tests and checks
 	@echo "== all passed"
 
 setup-run:
@@ -70,7 +70,7 @@ run_tests = ctest --preset $(1) -j $$(nproc) --quiet --output-log build/$(1)-tes
 format: setup-test ## Format all sources in place
 	clang-format -i $(SOURCES)
 
-benchmark: setup-test build-benchmark ## Measure, each hot path beside its peer
+benchmark: setup-test build-benchmark ## Run the benchmarks, each against a reference
 	@for b in build/benchmark/bin/*-benchmark; do $$b || exit 1; done
 
 FUZZ_SECONDS ?= 60
@@ -81,7 +81,7 @@ fuzz: setup-test build-fuzz ## Run each fuzz target for FUZZ_SECONDS (60)
 	    case $$name in fuzz-deck) more="-entropic=0 -dict=build/fuzz/deck.dict examples/decks";; *) more=;; esac; \
 	    $$t -max_total_time=$(FUZZ_SECONDS) $$corpus $$more || exit 1; done
 
-schema: setup-test ## Make the XML form of the documents' schema from its source
+schema: setup-test ## Generate the XML form of the schema from its source
 	trang language/schema/syntax.rnc language/schema/syntax.rng
 
 PREFIX ?= /usr/local
