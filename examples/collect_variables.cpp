@@ -1,5 +1,5 @@
-// Tells what kind of value each variable of a deck stands for. The reader keeps the texts with variables
-// behind the IKeywordVariables family; the library walks the data and pairs each variable with its metadata.
+// Prints the kind of value of each variable of a deck. The reader keeps the texts with variables
+// in the IKeywordVariables family; the library walks the data and pairs each variable with its metadata.
 
 #include "quor/Keywords.h"
 

@@ -1,5 +1,4 @@
-// Clones data, changes the clone, and tells the two apart: by all that they hold, and by what identifies
-// them.
+// Clones data, changes the clone, and compares the two: by all their values, and by their identity.
 
 #include "quor/Keywords.h"
 

@@ -1,4 +1,4 @@
-// Looks a keyword up and prints what it may carry: the tree of its metadata, one node a line.
+// Looks a keyword up and prints the tree of its metadata, one node a line.
 //
 //     show-metadata [KEYWORD]
 

@@ -90,7 +90,7 @@ void PrintHeader(LoadedLanguage& language)
         language.GetLoadTime().count()));
 }
 
-/// Empty, and told, if the deck can't be read.
+/// Empty, and reported, if the deck can't be read.
 std::optional<Result> CheckOne(
     const std::string& deck, Decks::ReadOptions options, Decks::Vocabulary& vocabulary)
 {
@@ -104,7 +104,7 @@ std::optional<Result> CheckOne(
     }
 }
 
-/// What is told of all decks together.
+/// Prints the end of the report on all decks.
 void PrintEnd(const std::vector<Result>& results, FindingFormat format)
 {
     if (format == FindingFormat::Json)
@@ -113,7 +113,7 @@ void PrintEnd(const std::vector<Result>& results, FindingFormat format)
         Print(FindingsText(format, FindingsOf(results), RulesOf(Decks::Codes())));
 }
 
-/// An empty one if none is asked for; no value, and told, if it can't be read.
+/// An empty one if none is asked for; no value, and reported, if it can't be read.
 std::optional<Baseline> ReadBaseline(const std::string& path)
 {
     try {
@@ -124,7 +124,7 @@ std::optional<Baseline> ReadBaseline(const std::string& path)
     }
 }
 
-/// False, and told, if it can't be written.
+/// False, and reported, if it can't be written.
 bool WriteBaseline(const std::string& path, const Baseline& baseline)
 {
     try {

@@ -21,7 +21,7 @@ void AddReadOptions(CLI::App& command, Core::Decks::ReadOptions& options);
 void AddVariablesOption(CLI::App& command, Core::Decks::VariableTexts& variables);
 
 /// Reads a deck for a command that does something else than to check it, with a bar that tells how far that
-/// is. Tells in a line if the deck has errors, and what this means for the command. Null, and told, if it
+/// is. Tells in a line if the deck has errors, and what this means for the command. Null, and reported, if it
 /// can't be read.
 std::unique_ptr<Core::Decks::Deck> ReadDeckOrReport(const std::string& path, Core::Decks::ReadOptions options,
     Core::Decks::Vocabulary& vocabulary, const char* consequence = "the result may be incomplete");

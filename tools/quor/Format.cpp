@@ -79,7 +79,7 @@ int CheckFiles(const std::vector<Formatted>& files)
     return changed == 0 ? Success : HasFindings;
 }
 
-/// False, and told, if something can't be written.
+/// False, and reported, if something can't be written.
 bool WriteFiles(const std::vector<Formatted>& files)
 {
     std::size_t written = 0;

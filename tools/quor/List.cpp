@@ -171,7 +171,7 @@ void PrintMeasurements(const MeasurementCounts& counts, const ListOptions& optio
         PrintAside("no keyword with a measurement matches all options\n");
 }
 
-/// Puts the measurement asked for as the documents spell it. False, and told, if no keyword uses it.
+/// Puts the measurement asked for as the documents spell it. False, and reported, if no keyword uses it.
 bool ResolveMeasurement(LoadedLanguage& language, ListOptions& options)
 {
     const MeasurementCounts counts = CountMeasurements(language.GetSyntaxes(true));

@@ -125,7 +125,7 @@ void PrintJson(const std::vector<Loss>& losses, const PortCommandOptions& option
         {"to", TargetJson(options.port.to)}, {"losses", array}}));
 }
 
-/// Tells if the simulator hasn't got the mode.
+/// False, and reported, if the simulator does not have the mode.
 bool HasMode(const Decks::Target& target)
 {
     if (target.simulator == SimulatorType::Any || SimulatorType::HasMode(target.simulator, target.mode))

@@ -116,7 +116,7 @@ int RunCommand(int argc, char** argv)
 
 int RunProgram(int argc, char** argv)
 {
-    std::signal(SIGPIPE, SIG_IGN); // a reader that goes away is a failed write, told by the exit status
+    std::signal(SIGPIPE, SIG_IGN); // a reader that goes away is a failed write, reported by the exit status
     std::signal(SIGXFSZ, SIG_IGN); // so is a file that may grow no further
     int status = Failure;
     try {

@@ -12,7 +12,7 @@ namespace Veld::Quor::Tools {
 
 namespace {
 
-/// Of a value that is told as "NAME:{text,json}".
+/// Of a value that is described as "NAME:{text,json}".
 std::vector<std::string> ChoicesOf(const std::string& type)
 {
     const std::size_t begin = type.find('{');
