@@ -20,14 +20,9 @@ std::unique_ptr<IKeywordData> Make(const char* keyword)
 
 void SetDate(IKeywordRecordData& record, int day, const std::string& month, int year)
 {
-    *static_cast<Service::Optional<int>*>(record.GetData(0)) = day;
-    *static_cast<Service::Optional<std::string>*>(record.GetData(1)) = month;
-    *static_cast<Service::Optional<int>*>(record.GetData(2)) = year;
-}
-
-void AddDays(IKeywordData& data, double days)
-{
-    static_cast<IKeywordListData&>(data).AddData(&days);
+    Set(record, "DAY", day);
+    Set(record, "MONTH", month);
+    Set(record, "YEAR", year);
 }
 
 } // namespace
@@ -35,17 +30,16 @@ void AddDays(IKeywordData& data, double days)
 int main()
 {
     const auto startData = Make("START");
-    SetDate(static_cast<IKeywordRecordData&>(*startData), 1, "JAN", 2031);
+    SetDate(AsRecord(*startData), 1, "JAN", 2031);
     const Service::Time start = DataAccessUtils::GetTimeFromSTART(startData.get());
 
     const auto tstep = Make("TSTEP"); // steps from where the run stands
-    AddDays(*tstep, 31);
-    AddDays(*tstep, 0.5);
+    AddValue(AsList(*tstep), 31.0);
+    AddValue(AsList(*tstep), 0.5);
     const auto dates = Make("DATES");
-    auto& record = *static_cast<IKeywordRecordData*>(static_cast<IKeywordListData&>(*dates).AddData(nullptr));
-    SetDate(record, 15, "MAR", 2031);
+    SetDate(AddRecord(AsList(*dates)), 15, "MAR", 2031);
     const auto time = Make("TIME"); // since the start
-    AddDays(*time, 365);
+    AddValue(AsList(*time), 365.0);
 
     Service::Time current = start;
     for (const IKeywordData* const keyword : {tstep.get(), dates.get(), time.get()}) {

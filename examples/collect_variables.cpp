@@ -50,8 +50,7 @@ int main()
 {
     const IKeywordSyntax& wefac = *KeywordSyntaxTable::Instance().Lookup("WEFAC", true);
     const auto data = KeywordDataFactory::Instance().Construct(wefac);
-    const auto& record =
-        *static_cast<IKeywordRecordData*>(static_cast<IKeywordListData&>(*data).AddData(nullptr));
+    const IKeywordRecordData& record = AddRecord(AsList(*data));
 
     DeckTexts texts;
     texts.Of(record).Set(0, "$FIELD/$WELL");

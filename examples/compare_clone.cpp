@@ -3,9 +3,7 @@
 #include "quor/Keywords.h"
 
 #include <iostream>
-#include <string>
 
-using namespace Veld::Quor::Core;
 using namespace Veld::Quor::Core::Keywords;
 
 namespace {
@@ -23,14 +21,14 @@ int main()
     // A list of records; the name of the well, the first item, is marked as identifier.
     const IKeywordSyntax& wefac = *KeywordSyntaxTable::Instance().Lookup("WEFAC", true);
     const auto data = KeywordDataFactory::Instance().Construct(wefac);
-    auto& record = *static_cast<IKeywordRecordData*>(static_cast<IKeywordListData&>(*data).AddData(nullptr));
-    *static_cast<Service::Optional<std::string>*>(record.GetData(0)) = std::string("P1");
-    *static_cast<Service::Optional<double>*>(record.GetData(1)) = 0.9;
+    IKeywordRecordData& record = AddRecord(AsList(*data));
+    Set(record, 0, "P1");
+    Set(record, 1, 0.9);
 
     const auto clone = data->CloneSafely();
     Compare(*data, *clone);
-    *static_cast<Service::Optional<double>*>(record.GetData(1)) = 0.8;
+    Set(record, 1, 0.8);
     Compare(*data, *clone);
-    *static_cast<Service::Optional<std::string>*>(record.GetData(0)) = std::string("P2");
+    Set(record, 0, "P2");
     Compare(*data, *clone);
 }

@@ -13,16 +13,9 @@ namespace {
 
 using MDType = IKeywordDataMD::MDType;
 
-const char* NameOf(MDType::Enum type)
-{
-    static const char* const names[] = {"none", "assignment", "boolean", "choice", "integer", "line", "list",
-        "map", "raw", "real", "record", "string"};
-    return names[type];
-}
-
 void Print(const IKeywordDataMD& md, int depth)
 {
-    std::cout << std::string(2 * static_cast<std::size_t>(depth), ' ') << NameOf(md.GetType());
+    std::cout << std::string(2 * static_cast<std::size_t>(depth), ' ') << MDType::ToString(md.GetType());
     if (!md.GetName().empty())
         std::cout << ' ' << md.GetName();
     if (!md.GetDescription().empty())
@@ -31,14 +24,14 @@ void Print(const IKeywordDataMD& md, int depth)
 
     // The type decides the interface.
     if (md.GetType() == MDType::Record) {
-        const auto& record = static_cast<const IKeywordRecordMD&>(md);
+        const IKeywordRecordMD& record = AsRecord(md);
         for (int i = 0; i < record.GetSize(); ++i)
             Print(*record.GetItemMD(i), depth + 1);
     } else if (md.GetType() == MDType::List) {
-        if (const IKeywordDataMD* const item = static_cast<const IKeywordListMD&>(md).GetItemMD())
+        if (const IKeywordDataMD* const item = AsList(md).GetItemMD())
             Print(*item, depth + 1);
     } else if (md.GetType() == MDType::Map) {
-        const auto& map = static_cast<const IKeywordMapMD&>(md);
+        const IKeywordMapMD& map = AsMap(md);
         for (int i = 0; i < map.GetSize(); ++i)
             Print(*map.GetItemMD(i), depth + 1);
     }

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-using namespace Veld::Quor::Core;
 using namespace Veld::Quor::Core::Keywords;
 
 namespace {
@@ -16,12 +15,7 @@ using MDType = IKeywordDataMD::MDType;
 template <class T>
 void PrintValue(const ConstDataIterator::ValueType& stop)
 {
-    if (!stop.isOptional) {
-        std::cout << *static_cast<const T*>(stop.value);
-        return;
-    }
-    const auto& value = *static_cast<const Service::Optional<T>*>(stop.value);
-    if (value)
+    if (const auto value = Get<T>(stop))
         std::cout << *value;
     else
         std::cout << "not given";
@@ -29,25 +23,25 @@ void PrintValue(const ConstDataIterator::ValueType& stop)
 
 void Print(const ConstDataIterator::ValueType& stop, const std::string& container)
 {
-    std::cout << container << '.' << (stop.md->GetName().empty() ? "value" : stop.md->GetName());
+    std::cout << container << '.' << (stop.md->GetName().empty() ? "value" : stop.md->GetName()) << ' '
+              << MDType::ToString(stop.md->GetType()) << ' ';
     switch (stop.md->GetType()) {
-    case MDType::Assignment:
     case MDType::Choice:
+        std::cout << GetChoice(stop).ValueOr("not given");
+        break;
+    case MDType::Assignment:
     case MDType::Integer:
-        std::cout << " integer ";
         PrintValue<int>(stop);
         break;
     case MDType::Real:
-        std::cout << " real ";
         PrintValue<double>(stop);
         break;
     case MDType::Line:
     case MDType::String:
-        std::cout << " text ";
         PrintValue<std::string>(stop);
         break;
     default:
-        std::cout << " of another type";
+        std::cout << "of another type";
     }
     std::cout << '\n';
 }
@@ -80,12 +74,11 @@ int main()
     const IKeywordSyntax& tstep = *table.Lookup("TSTEP", true);
     const auto steps = KeywordDataFactory::Instance().Construct(tstep);
     const std::vector<double> days{31, 28.5};
-    static_cast<IKeywordListData&>(*steps).AddData(days.data(), days.data() + days.size());
+    AddValues(AsList(*steps), days.data(), days.size());
     Walk(tstep, *steps);
 
     const IKeywordSyntax& dates = *table.Lookup("DATES", true);
     const auto list = KeywordDataFactory::Instance().Construct(dates);
-    auto& record = *static_cast<IKeywordRecordData*>(static_cast<IKeywordListData&>(*list).AddData(nullptr));
-    *static_cast<Service::Optional<int>*>(record.GetData(0)) = 14;
+    Set(AddRecord(AsList(*list)), "DAY", 14);
     Walk(dates, *list);
 }

@@ -2,8 +2,10 @@
 
 /// All public headers.
 
+#include "quor/data/Access.h"
 #include "quor/data/DataAccessUtils.h"
 #include "quor/data/DataIterator.h"
+#include "quor/data/DataViews.h"
 #include "quor/data/DefaultedFlags.h"
 #include "quor/data/ElementBuffer.h"
 #include "quor/data/IKeywordData.h"

@@ -12,6 +12,12 @@
 
 namespace Veld::Quor::Core::Keywords {
 
+/// The capacity that a full list grows to when one element is appended.
+inline std::size_t GrownCapacity(std::size_t capacity)
+{
+    return capacity == 0 ? 4 : 2 * capacity;
+}
+
 /// Contiguous elements of a type that is plain memory. Unlike `std::vector` it grows by `realloc`, which
 /// moves the pages of a large array and doesn't copy them.
 template <class T>
@@ -70,7 +76,7 @@ public:
 private:
     void Grow(std::size_t count)
     {
-        const std::size_t doubled = capacity_ == 0 ? 4 : 2 * capacity_;
+        const std::size_t doubled = GrownCapacity(capacity_);
         Reserve(count > doubled - size_ ? size_ + count : doubled);
     }
 
@@ -90,7 +96,13 @@ public:
     void Reserve(std::size_t capacity) { elements_.reserve(capacity); }
     T* Append(const T& value)
     {
-        elements_.push_back(value);
+        if (elements_.size() < elements_.capacity()) {
+            elements_.push_back(value);
+        } else {
+            T copy = value; // it may be one of the elements
+            elements_.reserve(GrownCapacity(elements_.capacity()));
+            elements_.push_back(std::move(copy));
+        }
         return &elements_.back();
     }
     void Append(const T* values, std::size_t count)

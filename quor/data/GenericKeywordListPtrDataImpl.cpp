@@ -1,5 +1,6 @@
 #include "quor/data/internal/GenericKeywordListPtrDataImpl.h"
 
+#include "quor/data/ElementBuffer.h"
 #include "quor/data/KeywordDataEqual.h"
 #include "quor/data/KeywordListData.h"
 #include "quor/data/internal/GenericKeywordDataFactory.h"
@@ -56,6 +57,8 @@ void* GenericKeywordListPtrDataImpl::AddData(const void* value)
         return nullptr;
     if (data && !fits) // Wanted: where no element can be made, the value is not looked at.
         KeywordListFailure::InconsistentType(setData);
+    if (elements_.size() == elements_.capacity())
+        elements_.reserve(GrownCapacity(elements_.capacity()));
     elements_.push_back(std::move(element));
     return elements_.back().get();
 }

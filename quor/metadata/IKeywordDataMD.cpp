@@ -9,6 +9,16 @@ namespace {
 template <class T>
 using Rows = std::vector<Service::EnumInfo<T>>;
 
+const Rows<IKeywordDataMD::MDType>& TypeRows()
+{
+    using T = IKeywordDataMD::MDType;
+    static const auto& rows = *new Rows<T>{{T::None, "None"}, {T::Assignment, "Assignment"},
+        {T::Boolean, "Boolean"}, {T::Choice, "Choice"}, {T::Integer, "Integer"}, {T::Line, "Line"},
+        {T::List, "List"}, {T::Map, "Map"}, {T::Raw, "Raw"}, {T::Real, "Real"}, {T::Record, "Record"},
+        {T::String, "String"}};
+    return rows;
+}
+
 const Rows<IKeywordDataMD::TerminationType>& TerminationRows()
 {
     using T = IKeywordDataMD::TerminationType;
@@ -27,6 +37,11 @@ const Rows<IKeywordDataMD::ColumnConstraintType>& ColumnConstraintRows()
 }
 
 } // namespace
+
+const std::string& IKeywordDataMD::MDType::ToString(Enum value)
+{
+    return Service::FindText(TypeRows(), value);
+}
 
 IKeywordDataMD::TerminationType::Enum IKeywordDataMD::TerminationType::FromString(
     const std::string& name, bool* found)

@@ -25,6 +25,8 @@ public:
             Record = 10,
             String = 11,
         };
+        /// The name of the value above, as "Real"; for messages.
+        VELD_QUOR_EXPORT static const std::string& ToString(Enum value);
     };
 
     /// How a record, a list or a map ends in a deck.

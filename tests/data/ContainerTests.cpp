@@ -234,6 +234,21 @@ TEST(List, IsFilledAndEmptied)
     }
 }
 
+TEST(ValueList, GrowsToFourElementsAndThenToTwiceAsMany)
+{
+    for (const char* const shape : {"[i]", "[r]", "[s]", "[b]"}) {
+        const Made made(shape);
+        IKeywordListData& list = AsList(*made.data);
+        const void* const first = list.AddData(nullptr);
+        for (int size = 2; size <= 8; ++size) {
+            const void* const before = list.GetData(0);
+            list.AddData(nullptr);
+            EXPECT_TRUE(size == 5 || list.GetData(0) == before) << shape << " moved at " << size;
+            EXPECT_TRUE(size > 4 || list.GetData(0) == first) << shape;
+        }
+    }
+}
+
 TEST(ValueList, DoublesFromAPartOfItself)
 {
     for (const auto& row : Table(R"(

@@ -104,19 +104,6 @@ T& At(IKeywordData& data, std::size_t i)
     return *static_cast<T*>(ChildrenOf(data).at(i).place);
 }
 
-inline IKeywordListData& AsList(IKeywordData& data)
-{
-    return dynamic_cast<IKeywordListData&>(data);
-}
-inline IKeywordMapData& AsMap(IKeywordData& data)
-{
-    return dynamic_cast<IKeywordMapData&>(data);
-}
-inline IKeywordRawData& AsRaw(IKeywordData& data)
-{
-    return dynamic_cast<IKeywordRawData&>(data);
-}
-
 /// The rows of a table with a row a line and bars between the cells. Blanks around a cell don't count.
 std::vector<std::vector<std::string>> Table(const std::string& text);
 

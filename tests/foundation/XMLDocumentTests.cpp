@@ -169,6 +169,8 @@ INSTANTIATE_TEST_SUITE_P(Malformed, RefusedDocument,
         Refused{"ControlCharacter", "<r>\x01</r>", "1:5", "invalid character 0x1"},
         Refused{"SecondRoot", "<r/>\n<r/>", "2:1", "comment or processing instruction expected"},
         Refused{"TextBehindRoot", "<r/>\nx", "2:1", "comment or processing instruction expected"},
+        Refused{"UnknownVersion", "<?xml version='2.0'?><r/>", "1:20", "unsupported XML version '2.0'"},
+        Refused{"LaterVersion", "<?xml version='1.2'?>\n<r/>", "1:22", "unsupported XML version '1.2'"},
         Refused{"UnknownEncoding", "<?xml version='1.0' encoding='no-such'?><r/>", "1:41",
             "unable to create converter for 'NO-SUCH' encoding"}),
     CaseName<Refused>);

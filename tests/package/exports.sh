@@ -6,8 +6,9 @@ exported=$(mktemp)
 trap 'rm -f "$exported"' EXIT
 for library in service keyword-syntax keywords; do
     nm --dynamic --defined-only --demangle --format=just-symbols "$libdir/libveld-quor-$library.so" |
-        sed -E -e 's/^(vtable|typeinfo|typeinfo name|VTT) for //' -e 's/\[abi:cxx11\]//g' \
-            -e ':again' -e 's/<[^<>]*>//' -e 't again' -e 's/\(.*//' \
+        sed -E -e 's/^(vtable|typeinfo|typeinfo name|VTT) for //' -e 's/^construction vtable for .*-in-//' \
+            -e 's/^((non-virtual|virtual|covariant return) thunk to )+//' -e 's/\[abi:cxx11\]//g' \
+            -e ':again' -e 's/<[^<>]*>//' -e 't again' -e 's/\(.*//' -e 's/^.* (Veld::)/\1/' \
             -e 's/^Veld::Quor::Core:://' -e "s/^/$library /"
 done | sort -u >"$exported"
 test -s "$exported"

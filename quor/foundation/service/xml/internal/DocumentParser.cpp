@@ -1,11 +1,13 @@
 #include "quor/foundation/service/xml/internal/DocumentParser.h"
 
+#include "quor/foundation/service/xml/DomText.h"
 #include "quor/foundation/service/xml/XMLDocument.h"
 #include "quor/foundation/service/xml/internal/Wide.h"
 
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/internal/XMLScanner.hpp>
 #include <xercesc/sax/SAXParseException.hpp>
+#include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
 #include <string_view>
@@ -58,6 +60,18 @@ xercesc::DOMDocument* DocumentParser::Parse(const void* text, std::size_t size, 
 void DocumentParser::Refuse(const std::string& why) const
 {
     throw xercesc::SAXParseException(Wide(why), *getScanner()->getLocator());
+}
+
+void DocumentParser::XMLDecl(
+    const XMLCh* version, const XMLCh* encoding, const XMLCh* standalone, const XMLCh* actualEncoding)
+{
+    // The scanner accepts every 1.x, and the document then refuses it without a location.
+    using xercesc::XMLString;
+    using xercesc::XMLUni;
+    if (!XMLString::equals(version, XMLUni::fgVersion1_0)
+        && !XMLString::equals(version, XMLUni::fgVersion1_1))
+        Refuse(std::string("unsupported XML version '") + XToC(version) + '\'');
+    XercesDOMParser::XMLDecl(version, encoding, standalone, actualEncoding);
 }
 
 void DocumentParser::doctypeDecl(const xercesc::DTDElementDecl&, const XMLCh*, const XMLCh*, bool, bool)

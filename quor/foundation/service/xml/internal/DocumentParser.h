@@ -20,6 +20,8 @@ public:
 private:
     [[noreturn]] void Refuse(const std::string& why) const;
 
+    void XMLDecl(const XMLCh* version, const XMLCh* encoding, const XMLCh* standalone,
+        const XMLCh* actualEncoding) override;
     void doctypeDecl(const xercesc::DTDElementDecl& root, const XMLCh* publicId, const XMLCh* systemId,
         bool hasInternalSubset, bool hasExternalSubset) override;
     void startElement(const xercesc::XMLElementDecl& declaration, unsigned int uriId, const XMLCh* prefix,

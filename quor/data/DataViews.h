@@ -1,0 +1,90 @@
+#pragma once
+
+#include "quor/data/IKeywordListData.h"
+#include "quor/data/IKeywordRecordData.h"
+
+#include <cstddef>
+#include <type_traits>
+
+namespace Veld::Quor::Core::Keywords {
+
+/// The elements of a list of values, read-only and without a copy. Lasts until the list changes.
+template <class T>
+class ArrayView {
+public:
+    using value_type = T;
+    using const_iterator = const T*;
+
+    /// `data` is the first of all elements of `list`.
+    ArrayView(const T* data, const IKeywordListData& list)
+        : data_(data)
+        , size_(static_cast<std::size_t>(list.GetSize()))
+        , list_(&list)
+    {
+    }
+
+    const T* data() const { return data_; }
+    std::size_t size() const { return size_; }
+    bool empty() const { return size_ == 0; }
+    const T* begin() const { return data_; }
+    const T* end() const { return data_ + size_; }
+    /// Not checked, as in an array; `ValueAt` is.
+    const T& operator[](std::size_t i) const { return data_[i]; }
+
+    /// Whether the deck left the element to its default. Throws `Service::Exception` for a bad index.
+    bool IsDefaulted(std::size_t i) const { return list_->IsDefaulted(i); }
+
+private:
+    const T* data_;
+    std::size_t size_;
+    const IKeywordListData* list_;
+};
+
+/// The records of a list of records, one by one; made by `Records`. `List` is `IKeywordListData`, const or
+/// not.
+template <class List>
+class RecordRange {
+public:
+    using Record = std::conditional_t<std::is_const_v<List>, const IKeywordRecordData, IKeywordRecordData>;
+
+    class Iterator {
+    public:
+        Iterator(List& list, std::size_t index)
+            : list_(&list)
+            , index_(index)
+        {
+        }
+        Record& operator*() const
+        {
+            using Node = std::conditional_t<std::is_const_v<List>, const IKeywordData, IKeywordData>;
+            return static_cast<Record&>(*static_cast<Node*>(list_->GetData(index_)));
+        }
+        Record* operator->() const { return &**this; }
+        Iterator& operator++()
+        {
+            ++index_;
+            return *this;
+        }
+        bool operator==(const Iterator& other) const { return index_ == other.index_; }
+        bool operator!=(const Iterator& other) const { return index_ != other.index_; }
+
+    private:
+        List* list_;
+        std::size_t index_;
+    };
+
+    /// `list` is a list of records.
+    explicit RecordRange(List& list)
+        : list_(&list)
+    {
+    }
+    Iterator begin() const { return Iterator(*list_, 0); }
+    Iterator end() const { return Iterator(*list_, size()); }
+    std::size_t size() const { return static_cast<std::size_t>(list_->GetSize()); }
+    bool empty() const { return size() == 0; }
+
+private:
+    List* list_;
+};
+
+} // namespace Veld::Quor::Core::Keywords

@@ -1,0 +1,70 @@
+#include "tests/data/DataText.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+
+using namespace Veld::Quor::Tests;
+
+namespace {
+
+template <class T>
+std::vector<T> Copy(const ArrayView<T>& view)
+{
+    return {view.begin(), view.end()};
+}
+
+} // namespace
+
+TEST(AccessToLists, SeesTheElementsInPlaceAndTheirFlags)
+{
+    const Made made("[?i]", "[1 2~ 3~]");
+    IKeywordListData& list = AsList(*made.data);
+    const ArrayView<int> view = Values<int>(list);
+    EXPECT_EQ(view.data(), list.GetData(0));
+    EXPECT_EQ(Copy(view), (std::vector<int>{1, 2, 3}));
+    EXPECT_TRUE(view.IsDefaulted(1));
+    SetValueAt(list, 1, 5); // a value is given now
+    EXPECT_EQ(Dump(list), "[1 5 3~]");
+    EXPECT_FALSE(view.IsDefaulted(1));
+    EXPECT_EQ(ValueAt<int>(list, 2), 3);
+    list.Clear();
+    EXPECT_TRUE(Values<int>(list).empty());
+}
+
+TEST(AccessToLists, OfTextsAndBooleansGoesByElement)
+{
+    const Made texts("[s]", "['a' 'b']");
+    AddValue(AsList(*texts.data), "c");
+    AddValue(AsList(*texts.data), std::string("d"));
+    SetValueAt(AsList(*texts.data), 0, "e");
+    EXPECT_EQ(Copy(Values<std::string>(AsList(*texts.data))), (std::vector<std::string>{"e", "b", "c", "d"}));
+    EXPECT_EQ(ValueAt<std::string>(AsList(*texts.data), 3), "d");
+    const Made flags("[b]", "[0 7]");
+    AddValue(AsList(*flags.data), true);
+    SetValueAt(AsList(*flags.data), 0, true);
+    EXPECT_EQ(Dump(*flags.data), "[1 7 1]");
+    EXPECT_TRUE(ValueAt<bool>(AsList(*flags.data), 1)) << "every byte but 0";
+}
+
+TEST(AccessToMaps, GoesByKey)
+{
+    const Made made("({A/B C W*} w)");
+    IKeywordRecordData& record = AsRecord(*made.data);
+    IKeywordMapData& map = MapIn(record, 0);
+    EXPECT_FALSE(Has(map, "A"));
+    Set(map, " b ", 5);
+    Set(map, "W1", 6);
+    EXPECT_EQ(Get(map, "A").Value(), 5);
+    EXPECT_EQ(Get(map, "w1").Value(), 6);
+    EXPECT_FALSE(Get(map, "W2")) << "known to the wildcard";
+    Clear(map, "B");
+    Clear(map, "W2");
+    RawIn(record, 1).SetData("raw");
+    EXPECT_EQ(Dump(record), R"(({A=- C=- W1=6} "raw"))");
+    EXPECT_EQ(FailureOf([&] { Get(map, "X"); }), "TEST: no key 'X'; did you mean 'A'?");
+    EXPECT_EQ(FailureOf([&] { Set(map, "FIELD", 1); }), "TEST: no key 'FIELD'");
+    EXPECT_EQ(FailureOf([&] { Clear(map, "FIELD"); }), "TEST: no key 'FIELD'");
+    EXPECT_EQ(FailureOf([&] { Set(map, "A", INT_MIN); }),
+        "TEST: key 'A' cannot hold the value that stands for 'not given'");
+}
