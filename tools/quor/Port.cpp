@@ -159,8 +159,7 @@ Command MakePortCommand(CLI::App& application)
     const auto options = std::make_shared<PortCommandOptions>();
     Decks::PortOptions& port = options->port;
     CLI::App& command = *application.add_subcommand("port",
-        "Reports what a deck loses on another simulator: keywords, values and choices that the simulator
-        "
+        "Reports what a deck loses on another simulator: keywords, values and choices that the simulator\n"
         "does not accept or ignores, and defaulted values whose default differs.");
     command.add_option("DECK", options->deck, "Main file of the deck")->required()->type_name("FILE");
     AddSimulatorOption(command, port.to.simulator, "--to", "Target simulator");
