@@ -50,6 +50,8 @@ std::string SmallLanguage()
     text += Keyword("PERMX",
         In("GRID") + Described("Permeability in x.")
             + "<aliases><alias name='PERMR'/><alias name='KX'><isHiddenAlias/></alias></aliases>");
+    text += Keyword(
+        "NOWHERE", "<validSimulators><simulator name='Carrow' supportLevel='ignored'/></validSimulators>");
     text += Keyword("SPLIT", In("GRID") + For("Carrow"));
     text += Keyword("SPLIT", In("PROPS") + For("Dunmere"));
     for (const char* name : {"WELSPECS", "WELSPECL", "WCONHIST"})
