@@ -411,7 +411,7 @@ TEST(DeckFinding, SaysWhatWhereAndWhatToDo)
     ASSERT_EQ(report.findings.GetKept().size(), 1U);
     const Finding& finding = report.findings.GetKept().front();
     EXPECT_EQ(finding.severity, Severity::Error);
-    EXPECT_EQ(finding.message, "unknown keyword 'WELSPEXX'");
+    EXPECT_EQ(finding.message, "WELSPEXX is not a keyword");
     EXPECT_EQ(finding.hint, "did you mean WELSPECL, WELSPECS?");
     EXPECT_EQ(finding.excerpt, "WELSPEXX  -- wells");
     EXPECT_EQ(finding.length, 8U);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/deck/internal/check/Finding.h"
+#include "quor/deck/Finding.h"
 
 #include <filesystem>
 #include <string>
