@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <mutex>
 
 namespace Veld::Quor::Core::Keywords {
 
@@ -255,21 +256,29 @@ const IKeywordSyntax* KeywordSyntax::GetScopeSyntax() const
 
 const std::set<std::string>& KeywordSyntax::GetPrecedents(SectionType::Enum section) const
 {
-    if (precedentsExpanded_)
-        return precedents_;
-    precedentsExpanded_ = true; // before the recursion, so that a cycle ends
-    std::set<std::string> further;
+    if (!arePrecedentsExpanded_.load(std::memory_order_acquire))
+        ExpandPrecedents(section);
+    return allPrecedents_;
+}
+
+void KeywordSyntax::ExpandPrecedents(SectionType::Enum section) const
+{
+    static auto& mutex = *new std::recursive_mutex; // one for all: each asks its precedents for theirs
+    const std::lock_guard lock(mutex);
+    if (arePrecedentsExpanding_)
+        return; // by another thread, which has finished, or in a cycle
+    arePrecedentsExpanding_ = true;
+    allPrecedents_ = precedents_;
     for (const std::string& name : precedents_) {
         const IKeywordSyntax* const precedent =
             KeywordSyntaxTable::Instance(false, true).Lookup(name, section, true);
         assert(precedent && "GetPrecedents: a precedent is not in the table");
         if (precedent) {
             const std::set<std::string>& theirs = precedent->GetPrecedents(section);
-            further.insert(theirs.begin(), theirs.end());
+            allPrecedents_.insert(theirs.begin(), theirs.end());
         }
     }
-    precedents_.merge(further);
-    return precedents_;
+    arePrecedentsExpanded_.store(true, std::memory_order_release);
 }
 
 } // namespace Veld::Quor::Core::Keywords

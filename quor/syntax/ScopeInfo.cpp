@@ -16,32 +16,32 @@ ScopeInfo::ScopeInfo(const DOMElement& element)
     for (const DOMElement& child : ChildElements(element)) {
         if (!Is(child, Tags::EndKeyword()))
             FailUnhandled("ScopeInfo::ScopeInfo(): unhandled element type: ", child);
-        pendingNames_.push_back(NameOf(child));
+        names_.push_back(NameOf(child));
         if (IsFlagged(child, Tags::Explicit()))
-            explicitName_ = pendingNames_.back();
+            explicitName_ = names_.back();
     }
 }
 
 const std::vector<const IKeywordSyntax*>& ScopeInfo::GetScopeKeywords() const
 {
-    if (keywords_)
-        return *keywords_;
-    auto keywords = std::make_unique<std::vector<const IKeywordSyntax*>>();
-    const KeywordSyntaxTable& table = KeywordSyntaxTable::Instance(false, true);
-    for (const std::string& name : pendingNames_) {
-        if (const IKeywordSyntax* const syntax = table.Lookup(name, true))
-            keywords->push_back(syntax);
-    }
-    keywords_ = std::move(keywords);
-    pendingNames_ = {};
-    return *keywords_;
+    std::call_once(areKeywordsFound_, [this] {
+        const KeywordSyntaxTable& table = KeywordSyntaxTable::Instance(false, true);
+        for (const std::string& name : names_) {
+            if (const IKeywordSyntax* const syntax = table.Lookup(name, true))
+                keywords_.push_back(syntax);
+        }
+    });
+    return keywords_;
 }
 
 const IKeywordSyntax* ScopeInfo::GetScopeSyntax() const
 {
-    if (!syntax_)
-        syntax_ = KeywordSyntaxTable::Instance(false, true).Lookup(explicitName_, true);
-    return syntax_;
+    const IKeywordSyntax* syntax = syntax_.load(std::memory_order_acquire);
+    if (!syntax) { // each thread finds the same
+        syntax = KeywordSyntaxTable::Instance(false, true).Lookup(explicitName_, true);
+        syntax_.store(syntax, std::memory_order_release);
+    }
+    return syntax;
 }
 
 } // namespace Veld::Quor::Core::Keywords

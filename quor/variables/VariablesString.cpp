@@ -33,6 +33,8 @@ VariablesString::VariablesString() = default;
 VariablesString::VariablesString(const std::string& text)
     : text_(text)
 {
+    if (text_.find(mark) != std::string::npos)
+        Parse();
 }
 
 VariablesString::VariablesString(const VariablesString&) = default;
@@ -40,13 +42,6 @@ VariablesString::VariablesString(VariablesString&&) noexcept = default;
 VariablesString& VariablesString::operator=(const VariablesString&) = default;
 VariablesString& VariablesString::operator=(VariablesString&&) noexcept = default;
 VariablesString::~VariablesString() = default;
-
-const std::vector<std::string>& VariablesString::GetVariables() const
-{
-    if (variables_.empty() && !text_.empty())
-        Parse();
-    return variables_;
-}
 
 bool VariablesString::ContainsVariables(const std::string& text)
 {
@@ -60,9 +55,8 @@ bool VariablesString::ContainsVariables(const std::string& text)
     return false;
 }
 
-void VariablesString::Parse() const
+void VariablesString::Parse()
 {
-    std::vector<std::string> found;
     CommentScan scan;
     for (std::string::size_type at = 0; at < text_.size();) {
         if (scan.Take(text_[at]) || text_[at] != mark) {
@@ -72,12 +66,11 @@ void VariablesString::Parse() const
         const auto end = text_.find_first_of(delimiters, at + 1);
         std::string variable = text_.substr(at, end == std::string::npos ? end : end - at);
         if (variable.size() > 1)
-            found.push_back(std::move(variable));
+            variables_.push_back(std::move(variable));
         // The scan goes on at the delimiter, so hyphens within a variable open no comment. Wanted: without a
         // delimiter it goes on behind the "$".
         at = end == std::string::npos ? at + 1 : end;
     }
-    variables_ = std::move(found);
 }
 
 } // namespace Veld::Quor::Core::Keywords

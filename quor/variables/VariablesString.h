@@ -21,19 +21,18 @@ public:
 
     const std::string& GetString() const { return text_; }
 
-    /// The variables with their "$", in the order in which they stand, as often as they stand. Looked for at
-    /// the first call, which must not race with another.
-    const std::vector<std::string>& GetVariables() const;
+    /// The variables with their "$", in the order in which they stand, as often as they stand.
+    const std::vector<std::string>& GetVariables() const { return variables_; }
 
     /// Whether there is a "$" outside comments: cheap, and looser than `GetVariables`, which finds nothing in
     /// a lone "$".
     static bool ContainsVariables(const std::string& text);
 
 private:
-    void Parse() const;
+    void Parse();
 
     std::string text_;
-    mutable std::vector<std::string> variables_;
+    std::vector<std::string> variables_;
 };
 
 } // namespace Veld::Quor::Core::Keywords

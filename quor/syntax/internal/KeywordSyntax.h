@@ -8,6 +8,7 @@
 #include "quor/syntax/internal/SummaryMnemonicInfo.h"
 #include "quor/syntax/internal/SyntaxValidity.h"
 
+#include <atomic>
 #include <memory>
 #include <optional>
 #include <set>
@@ -17,7 +18,7 @@
 namespace Veld::Quor::Core::Keywords {
 
 /// The one implementation: read from a keyword element when the table loads, and the same from then on, but
-/// for what `GetPrecedents` works out at its first call.
+/// for what `GetPrecedents` works out at its first call, which is safe from several threads.
 class KeywordSyntax final : public IKeywordSyntax {
 public:
     /// Keeps no pointer to `element`. Throws `KeywordException` with `name` and ": " before what a reader
@@ -66,6 +67,7 @@ private:
     void ReadXML(const xercesc::DOMElement& element);
     void CreateDataMD(const xercesc::DOMElement& element);
     std::unique_ptr<IKeywordDataMDInternal> ReadDataMD(const xercesc::DOMElement& typeElement) const;
+    void ExpandPrecedents(SectionType::Enum section) const;
     void ReadPrecedents(const xercesc::DOMElement& element);
     void ReadAliases(
         const std::vector<const xercesc::DOMElement*>& elements, const ValidityElements& ofKeyword);
@@ -84,10 +86,12 @@ private:
     SyntaxValidity validity_;
     bool isGeneric_ = false;
     bool isHidden_ = false;
-    mutable bool precedentsExpanded_ = false;
+    mutable bool arePrecedentsExpanding_ = false; // under the lock of `ExpandPrecedents`
+    mutable std::atomic<bool> arePrecedentsExpanded_{false};
     std::optional<std::string> documentation_;
     std::optional<std::string> description_;
-    mutable std::set<std::string> precedents_;
+    std::set<std::string> precedents_; // those of the document
+    mutable std::set<std::string> allPrecedents_; // with theirs
 };
 
 } // namespace Veld::Quor::Core::Keywords

@@ -2,7 +2,8 @@
 
 #include "quor/foundation/service/xml/DomForward.h"
 
-#include <memory>
+#include <atomic>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -11,7 +12,7 @@ namespace Veld::Quor::Core::Keywords {
 class IKeywordSyntax;
 
 /// The keywords that end the scope which a keyword opens. They are looked up when first asked for, since the
-/// table is still loading when this is read; that first call must not race with another.
+/// table is still loading when this is read. Safe from several threads.
 class ScopeInfo {
 public:
     /// Throws `KeywordException` for a child that is no end keyword.
@@ -23,9 +24,10 @@ public:
     const IKeywordSyntax* GetScopeSyntax() const;
 
 private:
-    mutable std::vector<std::string> pendingNames_; // until they are looked up
-    mutable std::unique_ptr<std::vector<const IKeywordSyntax*>> keywords_; // null until then
-    mutable const IKeywordSyntax* syntax_ = nullptr; // null: not found yet
+    std::vector<std::string> names_;
+    mutable std::once_flag areKeywordsFound_;
+    mutable std::vector<const IKeywordSyntax*> keywords_;
+    mutable std::atomic<const IKeywordSyntax*> syntax_{nullptr}; // null: not found yet
     std::string explicitName_;
 };
 
