@@ -53,9 +53,9 @@ private:
     std::filesystem::path path_;
 };
 
-Vocabulary& Words()
+const DeckLanguage& Words()
 {
-    static Vocabulary words(Core::Keywords::KeywordSyntaxTable::Instance());
+    static const DeckLanguage words(Core::Keywords::KeywordSyntaxTable::Instance());
     return words;
 }
 

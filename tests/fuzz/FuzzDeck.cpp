@@ -151,13 +151,13 @@ bool IsModest(const Texts& texts)
 // Checks
 
 /// Made anew now and then, since they keep each word that they were asked for.
-Vocabulary& GetVocabulary()
+const DeckLanguage& GetLanguage()
 {
-    static std::optional<Vocabulary> vocabulary;
+    static std::optional<DeckLanguage> language;
     static int uses = 0;
     if (uses++ % 2000 == 0)
-        vocabulary.emplace(KeywordSyntaxTable::Instance());
-    return *vocabulary;
+        language.emplace(KeywordSyntaxTable::Instance());
+    return *language;
 }
 
 /// As `quor format` does: a file that is included several times, and would be written in several ways, stays
@@ -200,14 +200,14 @@ void RequireSame(const Deck& deck, const Deck& again, const std::string& what)
     Require(same, what + " says the same: " + same.message());
 }
 
-void CheckWritten(const Deck& deck, const ReadOptions& options, Vocabulary& vocabulary)
+void CheckWritten(const Deck& deck, const ReadOptions& options, const DeckLanguage& language)
 {
     const Texts written = WriteFiles(deck, options.target);
     const std::string all = DeckWriter(deck, options.target).WriteAll();
     if (deck.findings.GetHiddenCount(Hiding::Silenced) > 0)
         return; // by comments, which are for a line, or for the rest of a file
     Store(written);
-    auto again = ReadDeck(GetDeck(), options, vocabulary);
+    auto again = ReadDeck(GetDeck(), options, language);
     RequireSame(deck, *again, "the written deck");
     Require(Compare(deck, *again, {options.target.simulator, true}).groups.empty(), "diff finds nothing");
     Require(WriteFiles(*again, options.target) == written, "the second time gives the same text");
@@ -217,7 +217,7 @@ void CheckWritten(const Deck& deck, const ReadOptions& options, Vocabulary& voca
         return;
     again.reset();
     Store({all, ""});
-    again = ReadDeck(GetDeck(), options, vocabulary);
+    again = ReadDeck(GetDeck(), options, language);
     RequireSame(deck, *again, "the deck in one file");
 }
 
@@ -250,7 +250,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
     ::unsetenv("QUOR_KEYWORD_TRUSTED_SYNTAX_DIR");
     if (std::filesystem::is_directory("/dev/shm")) // files in memory are faster
         ::setenv("TMPDIR", "/dev/shm", 0);
-    GetVocabulary();
+    GetLanguage();
     GetFolder();
     return 0;
 }
@@ -260,14 +260,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Input input = Parse(ToText(data, size));
     if (size > largestInput || !IsModest(input.texts))
         return -1;
-    Vocabulary& vocabulary = GetVocabulary();
+    const DeckLanguage& language = GetLanguage();
     ReadOptions options;
     options.target = input.conditions.target;
     options.keepsValueRanges = input.conditions.keepsValueRanges;
     options.variables = {{"$ONE", "1"}};
     Store(input.texts);
-    const auto deck = ReadDeck(GetDeck(), options, vocabulary);
+    const auto deck = ReadDeck(GetDeck(), options, language);
     CheckAnswers(*deck, input.conditions);
-    CheckWritten(*deck, options, vocabulary);
+    CheckWritten(*deck, options, language);
     return 0;
 }

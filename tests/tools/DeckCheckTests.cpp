@@ -22,10 +22,10 @@ namespace {
 
 using Files = std::vector<std::pair<std::string, std::string>>; // name, text
 
-Vocabulary& SmallVocabulary()
+const DeckLanguage& SmallLanguage()
 {
-    static Vocabulary vocabulary(SmallTable());
-    return vocabulary;
+    static const DeckLanguage language(SmallTable());
+    return language;
 }
 
 /// A deck in a folder of its own.
@@ -40,7 +40,7 @@ public:
 
     DeckReport Check(const ReadOptions& options = {}) const
     {
-        return CheckDeck(path_, options, SmallVocabulary());
+        return CheckDeck(path_, options, SmallLanguage());
     }
     std::string FindingsOf(const ReadOptions& options = {}) const
     {
@@ -511,8 +511,8 @@ TEST(DeckBlocks, CostTheSameAtAnyDepth) // quadratic work would run into the tim
 TEST(DeckThatCannotBeRead, Throws)
 {
     const TemporaryDirectory folder;
-    EXPECT_THROW(CheckDeck((folder.Path() / "none").string(), {}, SmallVocabulary()), SourceError);
-    EXPECT_THROW(CheckDeck(folder.Path().string(), {}, SmallVocabulary()), SourceError);
+    EXPECT_THROW(CheckDeck((folder.Path() / "none").string(), {}, SmallLanguage()), SourceError);
+    EXPECT_THROW(CheckDeck(folder.Path().string(), {}, SmallLanguage()), SourceError);
 }
 
 } // namespace

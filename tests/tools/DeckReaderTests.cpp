@@ -124,11 +124,11 @@ protected:
     static void SetUpTestSuite()
     {
         table_ = std::make_unique<LoadedTable>(dataLanguage);
-        vocabulary_ = std::make_unique<Decks::Vocabulary>(*table_->operator->());
+        language_ = std::make_unique<Decks::DeckLanguage>(*table_->operator->());
     }
     static void TearDownTestSuite()
     {
-        vocabulary_.reset();
+        language_.reset();
         table_.reset();
     }
 
@@ -136,11 +136,11 @@ protected:
     {
         Decks::ReadOptions options;
         options.target.simulator = simulator;
-        return Decks::ReadDeck(folder_.Write("d.data", "RUNSPEC\n" + text), options, *vocabulary_);
+        return Decks::ReadDeck(folder_.Write("d.data", "RUNSPEC\n" + text), options, *language_);
     }
 
     static inline std::unique_ptr<LoadedTable> table_;
-    static inline std::unique_ptr<Decks::Vocabulary> vocabulary_;
+    static inline std::unique_ptr<Decks::DeckLanguage> language_;
     TemporaryDirectory folder_;
 };
 
@@ -440,7 +440,7 @@ TEST_P(Edits, TouchNothingElse)
     const auto read = [this](const std::string& text) {
         Decks::ReadOptions options;
         options.keepsValueRanges = true;
-        return Decks::ReadDeck(folder_.Write("d.data", text), options, *vocabulary_);
+        return Decks::ReadDeck(folder_.Write("d.data", text), options, *language_);
     };
     const std::string before = "RUNSPEC\n";
     const auto deck = read(before + row.keyword);

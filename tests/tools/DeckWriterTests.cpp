@@ -52,21 +52,21 @@ protected:
     static void SetUpTestSuite()
     {
         table_ = std::make_unique<LoadedTable>(language);
-        vocabulary_ = std::make_unique<Vocabulary>(*table_->operator->());
+        language_ = std::make_unique<DeckLanguage>(*table_->operator->());
     }
     static void TearDownTestSuite()
     {
-        vocabulary_.reset();
+        language_.reset();
         table_.reset();
     }
 
     std::unique_ptr<Deck> Read(const std::string& text) const
     {
-        return ReadDeck(folder_.Write("d.data", text), {}, *vocabulary_);
+        return ReadDeck(folder_.Write("d.data", text), {}, *language_);
     }
 
     static inline std::unique_ptr<LoadedTable> table_;
-    static inline std::unique_ptr<Vocabulary> vocabulary_;
+    static inline std::unique_ptr<DeckLanguage> language_;
     TemporaryDirectory folder_;
 };
 

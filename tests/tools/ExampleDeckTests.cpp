@@ -27,16 +27,16 @@ constexpr Target thermal{SimulatorType::Dunmere, SimulatorModeType::Thermal};
 
 const std::filesystem::path folder = std::filesystem::path(QUOR_SOURCE_DIR) / "examples" / "decks";
 
-Vocabulary& GetVocabulary()
+const DeckLanguage& GetLanguage()
 {
-    static Vocabulary vocabulary(KeywordSyntaxTable::Instance());
-    return vocabulary;
+    static const DeckLanguage language(KeywordSyntaxTable::Instance());
+    return language;
 }
 
 /// "line:column code" of each finding, with the file in front if it isn't the deck itself.
 std::string FindingsOf(const std::filesystem::path& deck, const Target& target)
 {
-    const DeckReport report = CheckDeck(deck.string(), {target}, GetVocabulary());
+    const DeckReport report = CheckDeck(deck.string(), {target}, GetLanguage());
     std::string text;
     for (const Finding& finding : report.findings.GetKept()) {
         const auto file = std::filesystem::path(finding.location.file).lexically_relative(deck.parent_path());
@@ -50,7 +50,7 @@ std::string FindingsOf(const std::filesystem::path& deck, const Target& target)
 /// Reads a deck, writes its files into another folder, and reads them there.
 void ExpectToSurviveWriting(const std::filesystem::path& path, const Target& target)
 {
-    const auto deck = ReadDeck(path.string(), {target}, GetVocabulary());
+    const auto deck = ReadDeck(path.string(), {target}, GetLanguage());
     DeckWriter writer(*deck, target);
     const TemporaryDirectory tree;
     for (std::uint32_t i = 0; i < deck->files.GetSize(); ++i) {
@@ -59,7 +59,7 @@ void ExpectToSurviveWriting(const std::filesystem::path& path, const Target& tar
         std::filesystem::create_directories((tree.Path() / name).parent_path());
         tree.Write(name, writer.WriteFile(i));
     }
-    const auto again = ReadDeck((tree.Path() / path.filename()).string(), {target}, GetVocabulary());
+    const auto again = ReadDeck((tree.Path() / path.filename()).string(), {target}, GetLanguage());
     EXPECT_TRUE(SayTheSame(*deck, *again));
     DeckWriter second(*again, target);
     for (std::uint32_t i = 0; i < again->files.GetSize(); ++i)
@@ -118,10 +118,10 @@ TEST_P(CleanDecks, SurviveWriting)
 TEST_P(CleanDecks, FitIntoOneFile)
 {
     const std::string path = folder / (std::string(GetParam().deck) + ".data");
-    const auto deck = ReadDeck(path, {GetParam().target}, GetVocabulary());
+    const auto deck = ReadDeck(path, {GetParam().target}, GetLanguage());
     const TemporaryDirectory directory;
     const std::string all = directory.Write("all.data", DeckWriter(*deck, GetParam().target).WriteAll());
-    const auto again = ReadDeck(all, {GetParam().target}, GetVocabulary());
+    const auto again = ReadDeck(all, {GetParam().target}, GetLanguage());
     EXPECT_EQ(again->files.GetSize(), 1);
     EXPECT_TRUE(SayTheSame(*deck, *again));
 }

@@ -47,13 +47,11 @@ class Nearest : public testing::TestWithParam<Misspelt> { };
 
 TEST_P(Nearest, NamesAreFound)
 {
-    NearestNames names(SmallTable());
-    for (int times = 0; times < 2; ++times) { // the second answer is a kept one
-        std::string found;
-        for (const std::string& name : names.Find(GetParam().word, GetParam().section))
-            found += (found.empty() ? "" : " ") + name;
-        EXPECT_EQ(found, GetParam().nearest);
-    }
+    const NearestNames names(SmallTable());
+    std::string found;
+    for (const std::string& name : names.Find(GetParam().word, GetParam().section))
+        found += (found.empty() ? "" : " ") + name;
+    EXPECT_EQ(found, GetParam().nearest);
 }
 
 INSTANTIATE_TEST_SUITE_P(Words, Nearest,

@@ -19,13 +19,13 @@ protected:
     /// The codes found in a deck of the built-in language.
     static std::string CodesOf(const std::string& deck)
     {
-        static Vocabulary vocabulary(KeywordSyntaxTable::Instance());
+        static const DeckLanguage language(KeywordSyntaxTable::Instance());
         if (deck.empty())
             return {};
         const TemporaryDirectory folder;
         std::string codes;
         const DeckReport report =
-            CheckDeck(folder.Write("main.data", deck), {GetParam().target, 200}, vocabulary);
+            CheckDeck(folder.Write("main.data", deck), {GetParam().target, 200}, language);
         for (const Finding& finding : report.findings.GetKept())
             codes += finding.code + " ";
         return codes;

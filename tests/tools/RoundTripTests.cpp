@@ -18,11 +18,11 @@ namespace {
 
 class RoundTrip : public testing::Test {
 protected:
-    std::unique_ptr<Deck> Read(const std::string& text, Vocabulary& vocabulary) const
+    std::unique_ptr<Deck> Read(const std::string& text, const DeckLanguage& language) const
     {
         ReadOptions options;
         options.variables = {{RandomLanguage::variable, "1"}};
-        return ReadDeck(folder_.Write("d.data", text), options, vocabulary);
+        return ReadDeck(folder_.Write("d.data", text), options, language);
     }
 
     TemporaryDirectory folder_;
@@ -66,10 +66,10 @@ TEST_P(OddDecks, SayTheSameWhenWritten)
 {
     const LoadedTable table("<keyword name='RUNSPEC'/><keyword name='KEY'><data>"
         + std::string(GetParam().data) + "</data></keyword>");
-    Vocabulary vocabulary(*table.operator->());
-    const auto deck = Read(GetParam().text, vocabulary);
+    const DeckLanguage language(*table.operator->());
+    const auto deck = Read(GetParam().text, language);
     const std::string written = Write(*deck);
-    const auto again = Read(written, vocabulary);
+    const auto again = Read(written, language);
     EXPECT_TRUE(SayTheSame(*deck, *again)) << written;
     EXPECT_EQ(FirstFinding(*again), FirstFinding(*deck)) << written;
     EXPECT_EQ(Write(*again), written);
@@ -101,13 +101,13 @@ TEST_P(RandomRoundTrip, ChangesNoDataAndLosesNoComment)
     for (int i = 0; i < languages && !HasFailure(); ++i) {
         RandomLanguage language(static_cast<std::uint32_t>(GetParam() * languages + i));
         const LoadedTable table(language.GetDocument());
-        Vocabulary vocabulary(*table.operator->());
+        const DeckLanguage ofDecks(*table.operator->());
         for (int j = 0; j < decks && !HasFailure(); ++j) {
             int comments = 0;
             const std::string text = language.MakeDeck(8, comments);
-            const auto deck = Read(text, vocabulary);
+            const auto deck = Read(text, ofDecks);
             const std::string written = Write(*deck);
-            const auto again = Read(written, vocabulary);
+            const auto again = Read(written, ofDecks);
             SCOPED_TRACE(language.GetDocument() + "\n== deck\n" + text + "\n== written\n" + written);
             EXPECT_EQ(FirstFinding(*deck), "");
             EXPECT_EQ(FirstFinding(*again), "");

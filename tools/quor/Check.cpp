@@ -1,7 +1,7 @@
 #include "quor/deck/FindingCodes.h"
 #include "quor/deck/SourceText.h"
 #include "quor/deck/internal/check/DeckCheck.h"
-#include "quor/deck/internal/text/Vocabulary.h"
+#include "quor/deck/internal/text/DeckLanguage.h"
 #include "tools/quor/Baseline.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/DeckReading.h"
@@ -92,12 +92,12 @@ void PrintHeader(LoadedLanguage& language)
 
 /// Empty, and reported, if the deck can't be read.
 std::optional<Result> CheckOne(
-    const std::string& deck, Decks::ReadOptions options, Decks::Vocabulary& vocabulary)
+    const std::string& deck, Decks::ReadOptions options, const Decks::DeckLanguage& deckLanguage)
 {
     try {
         ProgressBar bar;
         options.progress = [&bar](std::size_t done, std::size_t known) { bar.Show(done, known); };
-        return Result{deck, CheckDeck(deck, options, vocabulary)};
+        return Result{deck, CheckDeck(deck, options, deckLanguage)};
     } catch (const Decks::SourceError& error) {
         PrintError(fmt::format("can't read '{}': {}", deck, error.what()));
         return std::nullopt;
@@ -141,7 +141,7 @@ bool WriteBaseline(const std::string& path, const Baseline& baseline)
 /// Of the decks that can be read. What they have is added to `baseline` if a new one is to be written.
 std::vector<Result> CheckAll(LoadedLanguage& language, const CheckCommandOptions& options, Baseline& baseline)
 {
-    Decks::Vocabulary vocabulary(language.GetTable());
+    const Decks::DeckLanguage deckLanguage(language.GetTable());
     std::vector<Result> results;
     for (const std::string& deck : options.decks) {
         Baseline::Counts counts;
@@ -150,7 +150,7 @@ std::vector<Result> CheckAll(LoadedLanguage& language, const CheckCommandOptions
             check.isKnown = Baseline::MakeRecorder(deck, counts);
         else if (!options.baseline.empty())
             check.isKnown = baseline.MakeFilter(deck);
-        auto result = CheckOne(deck, std::move(check), vocabulary);
+        auto result = CheckOne(deck, std::move(check), deckLanguage);
         if (!result)
             continue;
         baseline.Add(counts);

@@ -65,13 +65,13 @@ void AddVariablesOption(CLI::App& command, Decks::VariableTexts& variables)
 }
 
 std::unique_ptr<Decks::Deck> ReadDeckOrReport(const std::string& path, Decks::ReadOptions options,
-    Decks::Vocabulary& vocabulary, const char* consequence)
+    const Decks::DeckLanguage& deckLanguage, const char* consequence)
 {
     std::unique_ptr<Decks::Deck> deck;
     try {
         ProgressBar bar;
         options.progress = [&bar](std::size_t done, std::size_t known) { bar.Show(done, known); };
-        deck = Decks::ReadDeck(path, options, vocabulary);
+        deck = Decks::ReadDeck(path, options, deckLanguage);
     } catch (const Decks::SourceError& error) {
         PrintError(fmt::format("can't read '{}': {}", path, error.what()));
         return nullptr;

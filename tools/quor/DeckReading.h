@@ -2,7 +2,7 @@
 
 #include "quor/deck/internal/check/KeywordValidity.h"
 #include "quor/deck/internal/read/Deck.h"
-#include "quor/deck/internal/text/Vocabulary.h"
+#include "quor/deck/internal/text/DeckLanguage.h"
 
 #include <nlohmann/json_fwd.hpp>
 
@@ -24,7 +24,7 @@ void AddVariablesOption(CLI::App& command, Core::Decks::VariableTexts& variables
 /// is. Tells in a line if the deck has errors, and what this means for the command. Null, and reported, if it
 /// can't be read.
 std::unique_ptr<Core::Decks::Deck> ReadDeckOrReport(const std::string& path, Core::Decks::ReadOptions options,
-    Core::Decks::Vocabulary& vocabulary, const char* consequence = "the result may be incomplete");
+    const Core::Decks::DeckLanguage& deckLanguage, const char* consequence = "the result may be incomplete");
 
 /// "file:line"
 std::string LocationText(const Core::Decks::Location& location);

@@ -138,9 +138,9 @@ void PrintJson(const Decks::Difference& difference, const DiffOptions& options)
 
 int Diff(LoadedLanguage& language, const DiffOptions& options)
 {
-    Decks::Vocabulary vocabulary(language.GetTable());
-    const auto a = ReadDeckOrReport(options.decks[0], options.read, vocabulary);
-    const auto b = ReadDeckOrReport(options.decks[1], options.read, vocabulary);
+    const Decks::DeckLanguage deckLanguage(language.GetTable());
+    const auto a = ReadDeckOrReport(options.decks[0], options.read, deckLanguage);
+    const auto b = ReadDeckOrReport(options.decks[1], options.read, deckLanguage);
     if (!a || !b)
         return Failure;
     const auto difference = Decks::Compare(*a, *b, {options.read.target.simulator, options.isStrict});

@@ -148,9 +148,9 @@ int PrintFirst(const std::vector<Formatted>& files)
 
 int Format(LoadedLanguage& language, const FormatOptions& options)
 {
-    Decks::Vocabulary vocabulary(language.GetTable());
+    const Decks::DeckLanguage deckLanguage(language.GetTable());
     const auto deck =
-        ReadDeckOrReport(options.deck, options.read, vocabulary, "keywords with errors are not changed");
+        ReadDeckOrReport(options.deck, options.read, deckLanguage, "keywords with errors are not changed");
     if (!deck)
         return Failure;
     std::vector<Formatted> files = FormatFiles(*deck, options);

@@ -245,8 +245,8 @@ void PrintJson(const Decks::DeckSummary& summary, const InfoOptions& options)
 
 int Info(LoadedLanguage& language, const InfoOptions& options)
 {
-    Decks::Vocabulary vocabulary(language.GetTable());
-    const auto deck = ReadDeckOrReport(options.deck, options.read, vocabulary);
+    const Decks::DeckLanguage deckLanguage(language.GetTable());
+    const auto deck = ReadDeckOrReport(options.deck, options.read, deckLanguage);
     if (!deck)
         return Failure;
     const Decks::DeckSummary summary = Decks::Summarise(*deck);

@@ -139,9 +139,9 @@ int Port(LoadedLanguage& language, const PortCommandOptions& options)
 {
     if (!HasMode(options.port.from) || !HasMode(options.port.to))
         return Failure;
-    Decks::Vocabulary vocabulary(language.GetTable());
+    const Decks::DeckLanguage deckLanguage(language.GetTable());
     const auto deck = ReadDeckOrReport(
-        options.deck, {.target = options.port.to, .variables = options.variables}, vocabulary);
+        options.deck, {.target = options.port.to, .variables = options.variables}, deckLanguage);
     if (!deck)
         return Failure;
     const std::vector<Loss> losses = Decks::FindLosses(*deck, options.port);

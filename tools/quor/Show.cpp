@@ -223,9 +223,9 @@ void Append(std::vector<Found>& all, const std::string& spelling, KeywordSyntaxT
         all.push_back({spelling, syntax});
 }
 
-void ReportUnknown(const std::string& name, Decks::NearestNames& nearestNames)
+void ReportUnknown(const std::string& name, const Decks::NearestNames& nearestNames)
 {
-    const auto& nearest = nearestNames.Find(Decks::ToUpper(name), SectionType::None);
+    const auto nearest = nearestNames.Find(Decks::ToUpper(name), SectionType::None);
     PrintError(fmt::format("unknown keyword '{}'{}", name,
         nearest.empty() ? "" : fmt::format("; did you mean {}?", fmt::join(nearest, ", "))));
 }
@@ -233,7 +233,7 @@ void ReportUnknown(const std::string& name, Decks::NearestNames& nearestNames)
 int Show(LoadedLanguage& language, const ShowOptions& options)
 {
     KeywordSyntaxTable& table = language.GetTable();
-    Decks::NearestNames nearestNames(table);
+    const Decks::NearestNames nearestNames(table);
     std::vector<Found> all;
     int status = Success;
     for (const std::string& name : options.names) {

@@ -15,6 +15,6 @@ struct DeckReport {
 };
 
 /// Reads the deck in `path` and lets go of all but its findings. Throws `SourceError` as `ReadDeck` does.
-DeckReport CheckDeck(const std::string& path, const ReadOptions& options, Vocabulary& vocabulary);
+DeckReport CheckDeck(const std::string& path, const ReadOptions& options, const DeckLanguage& language);
 
 } // namespace Veld::Quor::Core::Decks

@@ -40,7 +40,7 @@ struct Difference {
 
 /// Compares what the decks say and not how: comments, layout, inclusions and the order of independent
 /// keywords don't matter, nor how records are spread over keywords. Instances of a keyword that have the same
-/// identifiers are matched in their order. Both decks were read with one vocabulary.
+/// identifiers are matched in their order. Both decks were read with one language.
 Difference Compare(const Deck& a, const Deck& b, const ComparisonOptions& options);
 
 } // namespace Veld::Quor::Core::Decks

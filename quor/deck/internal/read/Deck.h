@@ -5,20 +5,25 @@
 #include "quor/deck/DeckSource.h"
 #include "quor/deck/Finding.h"
 #include "quor/deck/ReadCancelled.h"
+#include "quor/deck/Target.h"
 #include "quor/deck/internal/check/FindingReporter.h"
 #include "quor/deck/internal/check/KeywordValidity.h"
 #include "quor/deck/internal/read/DataReader.h"
-#include "quor/deck/internal/text/Vocabulary.h"
+#include "quor/deck/internal/text/DeckLanguage.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/syntax/IKeywordSyntax.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
+
+constexpr std::uint32_t noIndex = std::numeric_limits<std::uint32_t>::max();
 
 /// A known keyword of a deck, and what it carries there.
 struct DeckKeyword {
@@ -30,7 +35,14 @@ struct DeckKeyword {
     std::unique_ptr<DataNotes> notes = {}; ///< null if there is nothing to note
     std::vector<RecordStart> records =
         {}; ///< of the elements of its outermost list, if that is one of records or lists
+    std::uint32_t scope = noIndex; ///< the innermost one around it, of the deck's; `noIndex` if there is none
     bool isSound = true; ///< its data are what its text says: nothing is wrong but for warnings and variables
+};
+
+/// What one keyword opens and another closes, or the end of the section.
+struct DeckScope {
+    std::uint32_t opener; ///< of the deck's keywords
+    std::uint32_t around; ///< the scope around this one; `noIndex` if there is none
 };
 
 /// A deck as it was read. What was no keyword and no data (comments, blank lines, inclusions, skipped blocks,
@@ -46,7 +58,8 @@ struct Deck {
 
     DeckFiles files;
     std::vector<DeckKeyword> keywords; ///< in the order of reading
-    Findings findings; ///< likewise
+    std::vector<DeckScope> scopes; ///< in the order of their openers
+    Findings findings; ///< in the order of reading
     std::size_t sections = 0; ///< different ones
     std::size_t distinctFiles = 0; ///< the deck itself included
 };
@@ -63,8 +76,9 @@ struct ReadOptions {
 };
 
 /// Reads a deck whole; what is wrong with it is among its findings. Throws `SourceError` if the deck itself
-/// can't be read, `ReadCancelled` if it was cancelled; an included
-/// file that can't be read is a finding. The vocabulary's table must outlive the deck.
-std::unique_ptr<Deck> ReadDeck(const std::string& path, const ReadOptions& options, Vocabulary& vocabulary);
+/// can't be read, `ReadCancelled` if it was cancelled; an included file that can't be read is a finding. The
+/// language and its table must outlive the deck. Threads may read at once with one language.
+std::unique_ptr<Deck> ReadDeck(
+    const std::string& path, const ReadOptions& options, const DeckLanguage& language);
 
 } // namespace Veld::Quor::Core::Decks

@@ -6,9 +6,12 @@
 #include "quor/deck/internal/read/Deck.h"
 #include "quor/deck/internal/read/DeckText.h"
 #include "quor/deck/internal/read/Dimensions.h"
+#include "quor/deck/internal/read/OpenScopes.h"
+#include "quor/deck/internal/read/SectionOrder.h"
 #include "quor/deck/internal/read/TimeLine.h"
 #include "quor/deck/internal/read/WordHints.h"
 #include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/Vocabulary.h"
 #include "quor/foundation/service/Log.h"
 #include "quor/foundation/service/MessageCapper.h"
 #include "quor/syntax/ICellPropertyInfo.h"
@@ -16,8 +19,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
-#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -61,18 +62,20 @@ ReadOptions WithSource(ReadOptions options)
 
 class DeckReader {
 public:
-    DeckReader(const std::string& path, const ReadOptions& options, Vocabulary& vocabulary)
+    DeckReader(const std::string& path, const ReadOptions& options, const DeckLanguage& language)
         : options_(WithSource(options))
-        , vocabulary_(vocabulary)
+        , vocabulary_(language, options.target)
         , deck_(std::make_unique<Deck>(options.maxFindings))
         , reporter_(deck_->files, deck_->findings, options.isKnown)
-        , text_(path, *options_.source, options.target, vocabulary, deck_->files, reporter_)
+        , text_(path, *options_.source, options.target, vocabulary_, deck_->files, reporter_)
         , plans_(options.target)
-        , dimensions_(vocabulary.GetTable(), options.target.simulator)
+        , dimensions_(language, options.target.simulator)
         , data_(
               options.target, text_, reporter_,
               [this](const std::string& name) { return dimensions_.Find(name); }, options.variables,
               options.keepsValueRanges)
+        , sections_(options.target, deck_->files, reporter_)
+        , scopes_(language, *deck_, dimensions_, reporter_)
         , timeLine_(reporter_)
     {
         text_.SetProgress(options.progress);
@@ -90,44 +93,27 @@ private:
     void ReadStray(const Token& token);
     void ReadKeyword(const Token& head, const Entry& entry, bool isGuess = false);
     void EnterSection(const Token& head, const Entry& entry);
-    bool IsWelcome(const Token& head, const Entry& entry);
-    void AssumeFirstSection(const Entry& entry);
-    bool AssumesSection(const Entry& entry);
-    bool IsValidIn(SectionType::Enum section, const Entry& entry) const;
     void ReadData(DeckKeyword& keyword, const Token& head, bool isReported);
     void CheckNoData(const Token& head);
     void Follow(const DeckKeyword& keyword);
     void FollowPaths(const DeckKeyword& keyword);
     void CheckPrecedents(const DeckKeyword& keyword);
-    void FollowScopes(const DeckKeyword& keyword);
-    void CloseScopes();
-    /// `SectionType::None` if it isn't known.
-    SectionType::Enum GetSureSection() const { return isSectionSure_ ? section_ : SectionType::None; }
 
     ReadOptions options_;
-    Vocabulary& vocabulary_;
+    Vocabulary vocabulary_;
     std::unique_ptr<Deck> deck_;
     FindingReporter reporter_;
     DeckText text_;
     DataPlans plans_;
     Dimensions dimensions_;
     DataReader data_;
+    SectionOrder sections_;
+    OpenScopes scopes_;
     TimeLine timeLine_;
 
-    SectionType::Enum section_ = SectionType::None;
-    SectionType::Enum headedSection_ =
-        SectionType::None; // whose line was read last; the other may be assumed
-    SectionType::Enum expectedSection_ =
-        SectionType::None; // of the keyword that was reported to be in a wrong one
-    SectionType::Enum furthestSection_ = SectionType::None;
-    // False after an inclusion that couldn't be read: it may have gone on to another section.
-    bool isSectionSure_ = true;
-    bool isMissingSectionReported_ = false;
     bool mayMissKeywords_ = false; // one could not be made out
     bool mayTakeSlash_ = false; // after a keyword without data a slash does no harm
-    std::array<std::optional<TextRange>, SectionType::Count> sectionRanges_;
     std::set<std::string> seen_; // names of the keywords so far, and of missing ones that were reported
-    std::vector<std::pair<const IKeywordSyntax*, TextRange>> scopes_; // open ones, outermost first
 };
 
 std::unique_ptr<Deck> DeckReader::Read()
@@ -136,25 +122,25 @@ std::unique_ptr<Deck> DeckReader::Read()
     for (;;) {
         const Token head = text_.NextHead();
         if (text_.MissedInclusion())
-            isSectionSure_ = false;
+            sections_.Lose();
         text_.ForgetMissedInclusion();
         if (head.kind == Token::Kind::End)
             break;
         const std::size_t errors = reporter_.GetErrorCount();
         ReadHead(head);
-        const bool mayHoldSizes = section_ == SectionType::None || section_ == SectionType::RUNSPEC;
+        const SectionType::Enum section = sections_.GetCurrent();
+        const bool mayHoldSizes = section == SectionType::None || section == SectionType::RUNSPEC;
         if (mayHoldSizes && errors != reporter_.GetErrorCount())
             dimensions_.ForgetDefaults();
     }
-    CloseScopes();
+    scopes_.CloseAll(sections_.IsSure());
     if (deck_->keywords.empty() && deck_->files.GetSize() == 1 && reporter_.GetErrorCount() == 0)
         reporter_.Report(
             {}, Code::NoSection, "the deck has no keywords", "a deck begins with the section RUNSPEC");
     text_.Finish();
     reporter_.ReportBadSuppressions();
     deck_->distinctFiles = text_.GetFileCount();
-    deck_->sections = static_cast<std::size_t>(std::count_if(
-        sectionRanges_.begin(), sectionRanges_.end(), [](const auto& range) { return range.has_value(); }));
+    deck_->sections = sections_.GetCount();
     return std::move(deck_);
 }
 
@@ -218,7 +204,7 @@ const Entry* DeckReader::ReportUnknown(const TextRange& range, std::string_view 
         return nullptr;
     }
     const std::string name(word);
-    const auto& nearest = vocabulary_.GetNearestNames().Find(name, GetSureSection());
+    const auto& nearest = vocabulary_.FindNearest(name, sections_.GetSure());
     std::string hint;
     for (const std::string& known : nearest)
         hint += (hint.empty() ? "did you mean " : ", ") + known;
@@ -257,10 +243,13 @@ void DeckReader::ReadStray(const Token& token)
 /// `isGuess`: the deck has another word, which was reported; nothing is to be reported of it, nor made of it.
 void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess)
 {
-    if (entry.role == KeywordDeckRole::Section)
+    const bool isSection = entry.role == KeywordDeckRole::Section;
+    if (isSection)
         EnterSection(head, entry);
-    const bool isReported = entry.role != KeywordDeckRole::Section && !IsWelcome(head, entry);
-    DeckKeyword keyword{&vocabulary_.Get(entry, section_), section_, head.range, head.range};
+    const bool isReported = !isSection && !sections_.Accept(head.range, entry);
+    const SectionType::Enum section = sections_.GetCurrent();
+    DeckKeyword keyword{&vocabulary_.Get(entry, section), section, head.range, head.range};
+    keyword.scope = scopes_.GetInnermost();
     const auto countErrors = [this] { return reporter_.GetErrorCount() - data_.GetReportedVariableCount(); };
     const std::size_t errors = countErrors();
     if (keyword.syntax->GetDataMD())
@@ -274,93 +263,16 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
     if (deck_->keywords.back().data)
         FollowPaths(deck_->keywords.back());
     CheckPrecedents(deck_->keywords.back());
-    FollowScopes(deck_->keywords.back());
+    scopes_.Follow(mayMissKeywords_);
     seen_.insert(deck_->keywords.back().syntax->GetName());
 }
 
 void DeckReader::EnterSection(const Token& head, const Entry& entry)
 {
-    CloseScopes();
+    scopes_.CloseAll(sections_.IsSure());
     dimensions_.ResetBox();
-    section_ = headedSection_ = SectionType::FromString(vocabulary_.Get(entry, section_).GetName());
-    expectedSection_ = SectionType::None;
-    isSectionSure_ = true;
-    std::optional<TextRange>& range = sectionRanges_[static_cast<std::size_t>(section_)];
-    const bool isFirst = furthestSection_ == SectionType::None;
-    if (range) {
-        const Location location = deck_->files.LocationOf(*range);
-        reporter_.Report(head.range, Code::SectionOrder,
-            fmt::format("the section {} is repeated", entry.spelling),
-            fmt::format("it began in {}:{}", location.file, location.line));
-        return;
-    }
-    range = head.range;
-    if (!isFirst && section_ < furthestSection_) {
-        const std::string& furthest = SectionType::ToString(furthestSection_);
-        reporter_.Report(head.range, Code::SectionOrder,
-            fmt::format("the section {} stands behind {}", entry.spelling, furthest),
-            fmt::format("put it before {}", furthest));
-        return;
-    }
-    furthestSection_ = section_;
-    if (const auto objection = FindObjection(entry, SectionType::None, options_.target))
-        reporter_.Report(head.range, objection->code, objection->message, objection->hint);
-}
-
-/// Whether the keyword may stand here; reports if not.
-bool DeckReader::IsWelcome(const Token& head, const Entry& entry)
-{
-    if (section_ == SectionType::None && isSectionSure_ && !IsValidInAllSections(entry)) {
-        if (!std::exchange(isMissingSectionReported_, true))
-            reporter_.Report(head.range, Code::NoSection,
-                fmt::format("{} stands before the first section", entry.spelling),
-                "a deck begins with the section RUNSPEC");
-        AssumeFirstSection(entry);
-        if (section_ == SectionType::None)
-            return false;
-    }
-    const auto objection = FindObjection(entry, GetSureSection(), options_.target);
-    if (!objection) {
-        if (expectedSection_ != SectionType::None && !IsValidIn(expectedSection_, entry))
-            expectedSection_ = SectionType::None;
-        return true;
-    }
-    if (objection->code == Code::WrongSection && AssumesSection(entry))
-        return true;
-    reporter_.Report(head.range, objection->code, objection->message,
-        expectedSection_ == SectionType::None
-            ? objection->hint
-            : fmt::format("put it there, or the line {} before it", SectionType::ToString(expectedSection_)));
-    return false;
-}
-
-/// The line of the section is missing, and was reported to be.
-void DeckReader::AssumeFirstSection(const Entry& entry)
-{
-    if (IsValidIn(SectionType::RUNSPEC, entry))
-        section_ = SectionType::RUNSPEC;
-}
-
-/// Whether the line of a section seems to be missing before the keyword, which is so where one keyword after
-/// the other belongs to a later section. The first of them was reported.
-bool DeckReader::AssumesSection(const Entry& entry)
-{
-    const bool isBack = section_ != headedSection_ && IsValidIn(headedSection_, entry);
-    if (isBack || IsValidIn(expectedSection_, entry)) {
-        section_ = isBack ? headedSection_ : expectedSection_;
-        expectedSection_ = SectionType::None;
-        return true;
-    }
-    const SectionType::Enum only = FindOnlySection(entry, options_.target);
-    const bool mayBeMissing = only != SectionType::None && only > section_
-        && (furthestSection_ == SectionType::None || only > furthestSection_);
-    expectedSection_ = mayBeMissing ? only : SectionType::None;
-    return false;
-}
-
-bool DeckReader::IsValidIn(SectionType::Enum section, const Entry& entry) const
-{
-    return section != SectionType::None && !FindObjection(entry, section, options_.target);
+    const IKeywordSyntax& syntax = vocabulary_.Get(entry, sections_.GetCurrent());
+    sections_.Enter(SectionType::FromString(syntax.GetName()), head.range, entry);
 }
 
 /// `isReported`: the keyword may not stand here, and more need not be said.
@@ -401,7 +313,7 @@ void DeckReader::Follow(const DeckKeyword& keyword)
         return;
     if (name == "BOX")
         dimensions_.SetBox(*keyword.data);
-    else if (section_ == SectionType::RUNSPEC)
+    else if (keyword.section == SectionType::RUNSPEC)
         dimensions_.Add(*keyword.data);
 }
 
@@ -416,49 +328,16 @@ void DeckReader::FollowPaths(const DeckKeyword& keyword)
 
 void DeckReader::CheckPrecedents(const DeckKeyword& keyword)
 {
-    if (!keyword.syntax->HasPrecedents() || !isSectionSure_ || mayMissKeywords_)
+    if (!keyword.syntax->HasPrecedents() || !sections_.IsSure() || mayMissKeywords_)
         return;
     std::string missing;
-    for (const std::string& name : keyword.syntax->GetPrecedents(section_)) {
+    for (const std::string& name : keyword.syntax->GetPrecedents(keyword.section)) {
         if (seen_.insert(name).second)
             missing += (missing.empty() ? "" : ", ") + name;
     }
     if (!missing.empty())
         reporter_.Report(keyword.name, Code::MissingPrecedent,
             fmt::format("{} needs {} before it", keyword.syntax->GetName(), missing));
-}
-
-void DeckReader::FollowScopes(const DeckKeyword& keyword)
-{
-    const auto ends = [&keyword](const IKeywordSyntax& scope) {
-        const auto& words = scope.GetScopeKeywords();
-        return std::find(words.begin(), words.end(), keyword.syntax) != words.end();
-    };
-    if (!scopes_.empty() && ends(*scopes_.back().first)) {
-        scopes_.pop_back();
-        dimensions_.Leave();
-    } else if (vocabulary_.EndsScopes(*keyword.syntax) && !mayMissKeywords_) {
-        reporter_.Report(keyword.name, Code::StrayEnd,
-            fmt::format("{} ends nothing that was opened", keyword.syntax->GetName()));
-    }
-    if (!keyword.syntax->HasScope())
-        return;
-    scopes_.emplace_back(keyword.syntax, keyword.name);
-    dimensions_.Enter();
-    if (keyword.data)
-        dimensions_.Add(*keyword.data);
-}
-
-void DeckReader::CloseScopes()
-{
-    for (; !scopes_.empty(); scopes_.pop_back()) {
-        dimensions_.Leave();
-        const IKeywordSyntax* const end = scopes_.back().first->GetScopeSyntax();
-        if (end && isSectionSure_)
-            reporter_.Report(scopes_.back().second, Code::UnclosedScope,
-                fmt::format("what {} opens is not closed", scopes_.back().first->GetName()),
-                fmt::format("close it with {}", end->GetName()));
-    }
 }
 
 } // namespace
@@ -468,9 +347,10 @@ std::string Deck::NameOf(const DeckKeyword& keyword) const
     return keyword.syntax->IsWildcard() ? ToUpper(files.GetText(keyword.name)) : keyword.syntax->GetName();
 }
 
-std::unique_ptr<Deck> ReadDeck(const std::string& path, const ReadOptions& options, Vocabulary& vocabulary)
+std::unique_ptr<Deck> ReadDeck(
+    const std::string& path, const ReadOptions& options, const DeckLanguage& language)
 {
-    return DeckReader(path, options, vocabulary).Read();
+    return DeckReader(path, options, language).Read();
 }
 
 } // namespace Veld::Quor::Core::Decks

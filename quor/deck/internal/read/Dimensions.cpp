@@ -5,7 +5,6 @@
 #include "quor/metadata/IKeywordIntegerMD.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
-#include "quor/syntax/IKeywordSyntax.h"
 
 namespace Veld::Quor::Core::Decks {
 
@@ -16,18 +15,6 @@ namespace {
 
 using MDType = IKeywordDataMD::MDType;
 
-template <class Visit> // (item, index)
-void ForEachInteger(const IKeywordDataMD* md, Visit visit)
-{
-    if (KeywordUtils::GetMDType(md) != MDType::Record)
-        return;
-    const auto& record = static_cast<const IKeywordRecordMD&>(*md);
-    for (int i = 0; i < record.GetSize(); ++i) {
-        if (KeywordUtils::GetMDType(record.GetItemMD(i)) == MDType::Integer)
-            visit(static_cast<const IKeywordIntegerMD&>(*record.GetItemMD(i)), i);
-    }
-}
-
 Optional<int> ValueOf(const IKeywordData& record, int index)
 {
     return *static_cast<const Optional<int>*>(static_cast<const IKeywordRecordData&>(record).GetData(index));
@@ -35,31 +22,31 @@ Optional<int> ValueOf(const IKeywordData& record, int index)
 
 } // namespace
 
-Dimensions::Dimensions(KeywordSyntaxTable& table, SimulatorType::Enum simulator)
+Dimensions::Dimensions(const DeckLanguage& language, SimulatorType::Enum simulator)
     : simulator_(simulator)
     , frames_(1)
 {
-    KeywordSyntaxEnumerator enumerator = table.KeywordsEnumerator();
-    while (enumerator.NextWithHidden()) {
-        const IKeywordSyntax& syntax = *enumerator.Current()->second;
-        if (syntax.GetFirstValidSection() != SectionType::RUNSPEC)
-            continue;
-        ForEachInteger(syntax.GetDataMD(), [&](const IKeywordIntegerMD& item, int) {
-            if (const Optional<int> value = item.GetDefault(simulator))
-                defaults_.emplace(item.GetName(), *value);
-        });
+    for (const IKeywordIntegerMD* const item : language.GetSizes()) {
+        if (const Optional<int> value = item->GetDefault(simulator))
+            defaults_.emplace(item->GetName(), *value);
     }
 }
 
 void Dimensions::Add(const IKeywordData& data)
 {
-    ForEachInteger(data.GetMD(), [&](const IKeywordIntegerMD& item, int i) {
+    if (KeywordUtils::GetMDType(data.GetMD()) != MDType::Record)
+        return;
+    const auto& record = static_cast<const IKeywordRecordMD&>(*data.GetMD());
+    for (int i = 0; i < record.GetSize(); ++i) {
+        if (KeywordUtils::GetMDType(record.GetItemMD(i)) != MDType::Integer)
+            continue;
+        const auto& item = static_cast<const IKeywordIntegerMD&>(*record.GetItemMD(i));
         Optional<int> value = ValueOf(data, i);
         if (!value)
             value = item.GetDefault(simulator_);
         if (value)
             frames_.back()[item.GetName()] = *value;
-    });
+    }
 }
 
 void Dimensions::SetBox(const IKeywordData& data)

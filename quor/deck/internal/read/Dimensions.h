@@ -1,9 +1,9 @@
 #pragma once
 
 #include "quor/data/IKeywordData.h"
+#include "quor/deck/internal/text/DeckLanguage.h"
 #include "quor/foundation/SimulatorType.h"
 #include "quor/metadata/IKeywordDataMD.h"
-#include "quor/syntax/KeywordSyntaxTable.h"
 
 #include <optional>
 #include <string>
@@ -16,7 +16,7 @@ namespace Veld::Quor::Core::Decks {
 /// none. A scope, such as that of a local grid, may have sizes of its own; so does a box.
 class Dimensions {
 public:
-    Dimensions(Core::Keywords::KeywordSyntaxTable& table, Core::Keywords::SimulatorType::Enum simulator);
+    Dimensions(const DeckLanguage& language, Core::Keywords::SimulatorType::Enum simulator);
 
     /// Takes the whole numbers of a record; other data have none.
     void Add(const Core::Keywords::IKeywordData& data);

@@ -98,15 +98,7 @@ NearestNames::NearestNames(KeywordSyntaxTable& table)
     }
 }
 
-const std::vector<std::string>& NearestNames::Find(const std::string& word, SectionType::Enum section)
-{
-    const auto [answer, isNew] = answers_.try_emplace({word, static_cast<int>(section)});
-    if (isNew)
-        answer->second = Search(word, section);
-    return answer->second;
-}
-
-std::vector<std::string> NearestNames::Search(const std::string& word, SectionType::Enum section) const
+std::vector<std::string> NearestNames::Find(const std::string& word, SectionType::Enum section) const
 {
     const std::size_t cutOff = CutOff(word.size());
     const std::uint64_t characters = CharactersOf(word);

@@ -7,7 +7,6 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace Veld::Quor::Core::Keywords {
@@ -26,15 +25,14 @@ std::size_t EditDistance(std::string_view a, std::string_view b, std::size_t lim
 std::vector<std::string> FindNearest(const std::vector<std::string>& known, const std::string& word);
 
 /// The names of a table that a misspelt one may stand for: those that aren't hidden, aliases included, no
-/// wildcards. Must not outlive the table.
+/// wildcards. Never changes; must not outlive the table.
 class NearestNames {
 public:
     explicit NearestNames(Core::Keywords::KeywordSyntaxTable& table);
 
     /// At most three: those valid in `section` before others, then the nearest first, and of
-    /// equally near ones those that start alike. `SectionType::None`
-    /// prefers none. The answer lasts as long as this object.
-    const std::vector<std::string>& Find(const std::string& word, Core::Keywords::SectionType::Enum section);
+    /// equally near ones those that start alike. `SectionType::None` prefers none.
+    std::vector<std::string> Find(const std::string& word, Core::Keywords::SectionType::Enum section) const;
 
 private:
     struct Name {
@@ -43,10 +41,7 @@ private:
         std::uint64_t characters; // a bit for each that occurs
     };
 
-    std::vector<std::string> Search(const std::string& word, Core::Keywords::SectionType::Enum section) const;
-
     std::map<std::size_t, std::vector<Name>> byLength_;
-    std::map<std::pair<std::string, int>, std::vector<std::string>> answers_;
 };
 
 } // namespace Veld::Quor::Core::Decks

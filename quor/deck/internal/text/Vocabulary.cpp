@@ -23,18 +23,12 @@ std::optional<SimulatorType::Enum> FindSkippingSimulator(const std::vector<const
 
 } // namespace
 
-Vocabulary::Vocabulary(KeywordSyntaxTable& table)
-    : table_(table)
-    , nearestNames_(table)
+Vocabulary::Vocabulary(const DeckLanguage& language, const Target& target)
+    : language_(language)
+    , target_(target)
 {
-    KeywordSyntaxEnumerator enumerator = table.KeywordsEnumerator();
-    while (enumerator.NextWithHidden()) {
-        const IKeywordSyntax& syntax = *enumerator.Current()->second;
-        if (syntax.GetDeckRole() == KeywordDeckRole::Include)
-            includes_.push_back(MakeEntry(*enumerator.Current()->first));
-        if (syntax.HasScope() && syntax.GetScopeSyntax())
-            scopeEnds_.insert(syntax.GetScopeSyntax());
-    }
+    for (const std::string& name : language.GetIncludeNames())
+        includes_.push_back(MakeEntry(name));
 }
 
 const Entry* Vocabulary::Find(std::string_view word)
@@ -56,17 +50,30 @@ const Entry* Vocabulary::FindInclude(std::string_view word) const
 
 const IKeywordSyntax& Vocabulary::Get(const Entry& entry, SectionType::Enum section) const
 {
-    const IKeywordSyntax* const syntax = table_.Lookup(entry.spelling, section, true);
+    if (entry.syntaxes.size() == 1)
+        return *entry.syntaxes.front();
+    const IKeywordSyntax* const syntax = language_.Lookup(entry.spelling, section);
     return syntax ? *syntax : *entry.syntaxes.front();
 }
 
-Entry Vocabulary::MakeEntry(std::string_view word)
+const std::vector<std::string>& Vocabulary::FindNearest(const std::string& word, SectionType::Enum section)
+{
+    const auto [answer, isNew] = nearest_.try_emplace({word, section});
+    if (isNew)
+        answer->second = language_.GetNearestNames().Find(word, section);
+    return answer->second;
+}
+
+Entry Vocabulary::MakeEntry(std::string_view word) const
 {
     Entry entry;
     entry.spelling = word;
-    entry.syntaxes = table_.LookupAll(entry.spelling);
+    entry.syntaxes = language_.LookupAll(entry.spelling);
     if (entry.syntaxes.empty())
         return entry;
+    entry.valid = {FindValidSections(entry.syntaxes, entry.spelling, target_),
+        FindValidSections(entry.syntaxes, entry.spelling, {target_.simulator}),
+        FindValidSections(entry.syntaxes, entry.spelling, {})};
     entry.role = entry.syntaxes.front()->GetDeckRole();
     entry.skipsFor = FindSkippingSimulator(entry.syntaxes);
     return entry;

@@ -1,17 +1,20 @@
 #pragma once
 
-#include "quor/deck/internal/text/NearestNames.h"
+#include "quor/deck/Target.h"
+#include "quor/deck/internal/text/DeckLanguage.h"
+#include "quor/deck/internal/text/ValidSections.h"
+#include "quor/foundation/SectionType.h"
 #include "quor/foundation/SimulatorType.h"
 #include "quor/syntax/IKeywordSyntax.h"
-#include "quor/syntax/KeywordSyntaxTable.h"
 
 #include <cstddef>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
@@ -19,10 +22,11 @@ namespace Veld::Quor::Core::Decks {
 /// Longer words are no keywords.
 constexpr std::size_t longestName = 8;
 
-/// What the table knows under one spelling.
+/// What the language knows under one spelling.
 struct Entry {
     std::string spelling;
     std::vector<const Core::Keywords::IKeywordSyntax*> syntaxes;
+    ValidSections valid;
     Core::Keywords::KeywordDeckRole::Enum role = Core::Keywords::KeywordDeckRole::Ordinary;
     /// The one simulator for which the keyword opens a skipped block; no value for all other keywords.
     std::optional<Core::Keywords::SimulatorType::Enum> skipsFor;
@@ -35,10 +39,11 @@ struct Entry {
     }
 };
 
-/// The names of a table, as a deck uses them: what was looked up once is kept. Must not outlive the table.
+/// The words of one deck that is read for one target: what was looked up once is kept. Used by one thread.
+/// Must not outlive the language.
 class Vocabulary {
 public:
-    explicit Vocabulary(Core::Keywords::KeywordSyntaxTable& table);
+    Vocabulary(const DeckLanguage& language, const Target& target);
 
     /// Null if the word is no keyword. Lasts as long as this object.
     const Entry* Find(std::string_view word);
@@ -48,27 +53,24 @@ public:
     /// the first.
     const Core::Keywords::IKeywordSyntax& Get(
         const Entry& entry, Core::Keywords::SectionType::Enum section) const;
+    /// As `NearestNames::Find`. Lasts as long as this object.
+    const std::vector<std::string>& FindNearest(
+        const std::string& word, Core::Keywords::SectionType::Enum section);
 
-    NearestNames& GetNearestNames() { return nearestNames_; }
-    Core::Keywords::KeywordSyntaxTable& GetTable() { return table_; }
-    /// Whether the keyword is there to end scopes, and for nothing else.
-    bool EndsScopes(const Core::Keywords::IKeywordSyntax& syntax) const
-    {
-        return scopeEnds_.count(&syntax) > 0;
-    }
+    const DeckLanguage& GetLanguage() const { return language_; }
 
 private:
     struct Hash : std::hash<std::string_view> {
         using is_transparent = void;
     };
 
-    Entry MakeEntry(std::string_view word);
+    Entry MakeEntry(std::string_view word) const;
 
-    Core::Keywords::KeywordSyntaxTable& table_;
-    NearestNames nearestNames_;
+    const DeckLanguage& language_;
+    Target target_;
     std::unordered_map<std::string, Entry, Hash, std::equal_to<>> entries_; // without syntaxes: unknown words
     std::vector<Entry> includes_;
-    std::unordered_set<const Core::Keywords::IKeywordSyntax*> scopeEnds_;
+    std::map<std::pair<std::string, Core::Keywords::SectionType::Enum>, std::vector<std::string>> nearest_;
 };
 
 } // namespace Veld::Quor::Core::Decks

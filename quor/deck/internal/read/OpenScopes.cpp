@@ -1,0 +1,54 @@
+#include "quor/deck/internal/read/OpenScopes.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+
+void OpenScopes::Follow(bool mayMissKeywords)
+{
+    const DeckKeyword& keyword = deck_.keywords.back();
+    if (IsEndedBy(keyword))
+        Leave();
+    else if (language_.EndsScopes(*keyword.syntax) && !mayMissKeywords)
+        reporter_.Report(keyword.name, Code::StrayEnd,
+            fmt::format("{} ends nothing that was opened", keyword.syntax->GetName()));
+    if (!keyword.syntax->HasScope())
+        return;
+    deck_.scopes.push_back({static_cast<std::uint32_t>(deck_.keywords.size() - 1), innermost_});
+    innermost_ = static_cast<std::uint32_t>(deck_.scopes.size() - 1);
+    dimensions_.Enter();
+    if (keyword.data)
+        dimensions_.Add(*keyword.data);
+}
+
+void OpenScopes::CloseAll(bool isSure)
+{
+    for (; innermost_ != noIndex; Leave()) {
+        const DeckKeyword& opener = OpenerOfInnermost();
+        const IKeywordSyntax* const end = opener.syntax->GetScopeSyntax();
+        if (end && isSure)
+            reporter_.Report(opener.name, Code::UnclosedScope,
+                fmt::format("what {} opens is not closed", opener.syntax->GetName()),
+                fmt::format("close it with {}", end->GetName()));
+    }
+}
+
+bool OpenScopes::IsEndedBy(const DeckKeyword& keyword) const
+{
+    if (innermost_ == noIndex)
+        return false;
+    const auto& ends = OpenerOfInnermost().syntax->GetScopeKeywords();
+    return std::find(ends.begin(), ends.end(), keyword.syntax) != ends.end();
+}
+
+void OpenScopes::Leave()
+{
+    innermost_ = deck_.scopes[innermost_].around;
+    dimensions_.Leave();
+}
+
+} // namespace Veld::Quor::Core::Decks
