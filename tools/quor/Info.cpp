@@ -1,5 +1,5 @@
 #include "quor/deck/internal/compare/DeckSummary.h"
-#include "quor/deck/internal/compare/ReportSteps.h"
+#include "quor/deck/internal/read/TimeLine.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/CommonOptions.h"
 #include "tools/quor/DeckReading.h"

@@ -2,16 +2,14 @@
 
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
-#include "quor/deck/internal/compare/ElementRanges.h"
-#include "quor/deck/internal/compare/ReportSteps.h"
 #include "quor/deck/internal/read/DataShape.h"
 #include "quor/deck/internal/read/DataValue.h"
+#include "quor/deck/internal/read/TimeLine.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
@@ -66,87 +64,76 @@ class Splitter {
 public:
     explicit Splitter(const Deck& deck)
         : deck_(deck)
-        , reports_(deck.files)
     {
-        for (const DeckKeyword& keyword : deck.keywords)
-            Add(keyword);
+        for (std::size_t i = 0; i < deck.keywords.size(); ++i)
+            Add(i);
     }
 
     std::map<Step, StepUnits> Take() { return std::move(steps_); }
 
 private:
-    void Add(const DeckKeyword& keyword);
-    void AddUnits(const DeckKeyword& keyword);
-    void AddUnit(const DeckKeyword& keyword, const IKeywordData* data, const TextRange& range);
-    void FollowScopes(const DeckKeyword& keyword);
-
-    struct Scope {
-        const IKeywordSyntax* opener;
-        std::string key;
-    };
+    void Add(std::size_t index);
+    Step StepAt(SectionType::Enum section, std::size_t step) const;
+    void AddUnits(const DeckKeyword& keyword, StepUnits& units);
+    ComparisonUnit MakeUnit(
+        const DeckKeyword& keyword, const IKeywordData* data, const TextRange& range) const;
+    const std::string& KeyOf(std::uint32_t scope) const
+    {
+        return scope == noIndex ? outside_ : scopeKeys_[scope];
+    }
 
     const Deck& deck_;
-    ReportSteps reports_;
     std::map<Step, StepUnits> steps_;
-    Step step_;
-    std::size_t number_ = 0; // reports so far
-    StepUnits* units_ = nullptr; // of the step
-    std::vector<Scope> scopes_; // open ones, outermost first
+    std::size_t stepCount_ = 0; // of the deck's, so far
+    std::vector<std::string> scopeKeys_; // of the deck's scopes so far, by index
+    const std::string outside_;
 };
 
-void Splitter::Add(const DeckKeyword& keyword)
+void Splitter::Add(std::size_t index)
 {
-    if (!units_ || keyword.section != step_.section) {
-        step_ = {keyword.section, {}, 0};
-        scopes_.clear();
-        units_ = &steps_[step_];
-    }
-    const auto times = reports_.Follow(keyword);
-    for (std::size_t i = 0; i < times.size(); ++i) {
-        step_ = {keyword.section, times[i], ++number_};
-        if (times[i].IsDef())
-            step_.number = 0;
-        const auto [at, isNew] = steps_.try_emplace(step_);
-        units_ = &at->second;
+    const DeckKeyword& keyword = deck_.keywords[index];
+    StepUnits& units = steps_[StepAt(keyword.section, keyword.step)];
+    for (; stepCount_ < deck_.steps.size() && deck_.steps[stepCount_].keyword == index; ++stepCount_) {
+        const auto [at, isNew] = steps_.try_emplace(StepAt(keyword.section, stepCount_));
         if (isNew)
-            units_->range = RangeOf(keyword, i);
+            at->second.range = deck_.steps[stepCount_].range;
     }
+    const std::size_t before = units.units.size();
     if (!TimeLine::Advances(keyword))
-        AddUnits(keyword);
+        AddUnits(keyword, units);
+    if (scopeKeys_.size() < deck_.scopes.size() && deck_.scopes[scopeKeys_.size()].opener == index)
+        scopeKeys_.push_back(units.units.size() > before ? units.units.back().key : KeyOf(keyword.scope));
 }
 
-void Splitter::AddUnits(const DeckKeyword& keyword)
+Step Splitter::StepAt(SectionType::Enum section, std::size_t step) const
+{
+    if (step == noIndex)
+        return {section, {}, 0};
+    const Core::Service::Time& time = deck_.steps[step].time;
+    return {section, time, time.IsDef() ? 0 : step + 1};
+}
+
+void Splitter::AddUnits(const DeckKeyword& keyword, StepUnits& units)
 {
     const IKeywordData* const data = keyword.data.get();
-    if (data && IsListOfNamedRecords(data->GetMD())) {
-        const auto& list = static_cast<const IKeywordListData&>(*data);
-        for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i)
-            AddUnit(keyword, static_cast<const IKeywordData*>(list.GetData(i)), RangeOf(keyword, i));
-    } else {
-        AddUnit(keyword, data, keyword.name);
-        FollowScopes(keyword);
+    if (!data || !IsListOfNamedRecords(data->GetMD())) {
+        units.units.push_back(MakeUnit(keyword, data, keyword.name));
+        return;
     }
+    const auto& list = static_cast<const IKeywordListData&>(*data);
+    for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i)
+        units.units.push_back(
+            MakeUnit(keyword, static_cast<const IKeywordData*>(list.GetData(i)), RangeOf(keyword, i)));
 }
 
-void Splitter::AddUnit(const DeckKeyword& keyword, const IKeywordData* data, const TextRange& range)
+ComparisonUnit Splitter::MakeUnit(
+    const DeckKeyword& keyword, const IKeywordData* data, const TextRange& range) const
 {
-    ComparisonUnit unit{scopes_.empty() ? std::string() : scopes_.back().key, deck_.NameOf(keyword), {},
-        &keyword, data, range};
+    ComparisonUnit unit{KeyOf(keyword.scope), deck_.NameOf(keyword), {}, &keyword, data, range};
     if (data && keyword.syntax->HasIdentifiers())
         AppendIdentity(*data, unit.identity);
     unit.key.append("/").append(unit.name).append(" ").append(ToUpper(unit.identity));
-    units_->units.push_back(std::move(unit));
-}
-
-void Splitter::FollowScopes(const DeckKeyword& keyword)
-{
-    if (!scopes_.empty()) {
-        const auto& ends = scopes_.back().opener->GetScopeKeywords();
-        if (std::find(ends.begin(), ends.end(), keyword.syntax) != ends.end())
-            scopes_.pop_back();
-    }
-    if (keyword.syntax->HasScope())
-        scopes_.push_back({keyword.syntax, units_->units.back().key});
+    return unit;
 }
 
 } // namespace

@@ -1,8 +1,7 @@
 #include "quor/deck/internal/compare/DeckDifference.h"
 
 #include "quor/deck/internal/compare/ComparisonUnits.h"
-#include "quor/deck/internal/compare/ElementRanges.h"
-#include "quor/deck/internal/compare/ReportSteps.h"
+#include "quor/deck/internal/read/TimeLine.h"
 
 #include <fmt/format.h>
 

@@ -2,7 +2,6 @@
 
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
-#include "quor/deck/internal/compare/ReportSteps.h"
 #include "quor/deck/internal/read/DataShape.h"
 #include "quor/deck/internal/read/DataValue.h"
 #include "quor/metadata/IKeywordListMD.h"
@@ -156,23 +155,23 @@ DeckSummary Summarise(const Deck& deck)
     DeckSummary summary;
     summary.files = SummariseFiles(deck);
     summary.sections = SummariseSections(deck);
-    ReportSteps steps(deck.files);
+    std::size_t step = 0;
     WellSummary wells;
     Variables variables;
-    for (const DeckKeyword& keyword : deck.keywords) {
+    for (std::size_t i = 0; i < deck.keywords.size(); ++i) {
+        const DeckKeyword& keyword = deck.keywords[i];
         if (keyword.section == SectionType::RUNSPEC)
             AddRunspec(keyword, summary);
         AddProperty(deck, keyword, summary);
         AddVariables(deck, keyword, variables);
-        const auto times = steps.Follow(keyword);
-        summary.reports += times.size();
         if (keyword.syntax->GetName() == "START")
-            summary.end = steps.GetStart();
-        if (!times.empty())
-            summary.end = times.back();
+            summary.end = deck.start;
+        for (; step < deck.steps.size() && deck.steps[step].keyword == i; ++step)
+            summary.end = deck.steps[step].time;
         wells.Follow(keyword, summary.end);
     }
-    summary.start = steps.GetStart();
+    summary.reports = deck.steps.size();
+    summary.start = deck.start;
     summary.wells = wells.GetWells();
     summary.groups = wells.GetGroups();
     for (auto& [name, uses] : variables)

@@ -1,6 +1,5 @@
 #include "quor/deck/internal/compare/Portability.h"
 
-#include "quor/deck/internal/compare/ElementRanges.h"
 #include "quor/deck/internal/read/DataValue.h"
 #include "quor/deck/internal/read/VisitData.h"
 #include "quor/deck/internal/text/LineText.h"

@@ -11,6 +11,7 @@
 #include "quor/deck/internal/read/DataReader.h"
 #include "quor/deck/internal/text/DeckLanguage.h"
 #include "quor/foundation/SectionType.h"
+#include "quor/foundation/service/Time.h"
 #include "quor/syntax/IKeywordSyntax.h"
 
 #include <cstddef>
@@ -35,8 +36,20 @@ struct DeckKeyword {
     std::unique_ptr<DataNotes> notes = {}; ///< null if there is nothing to note
     std::vector<RecordStart> records =
         {}; ///< of the elements of its outermost list, if that is one of records or lists
+    std::uint32_t step =
+        noIndex; ///< the last report step of the deck's before it, in its section; `noIndex` if there is none
     std::uint32_t scope = noIndex; ///< the innermost one around it, of the deck's; `noIndex` if there is none
     bool isSound = true; ///< its data are what its text says: nothing is wrong but for warnings and variables
+};
+
+/// Where an element of the keyword's outermost list begins; the keyword itself if that isn't known.
+TextRange RangeOf(const DeckKeyword& keyword, std::size_t element);
+
+/// A report that the deck asks for. Its number, counted from 1, is its index in the deck plus 1.
+struct ReportStep {
+    Core::Service::Time time; ///< undefined as long as the deck gives no date
+    std::uint32_t keyword; ///< that leads to it, of the deck's; those of the step come after it
+    TextRange range; ///< of the element that leads to it, or of the keyword if that isn't known
 };
 
 /// What one keyword opens and another closes, or the end of the section.
@@ -58,6 +71,8 @@ struct Deck {
 
     DeckFiles files;
     std::vector<DeckKeyword> keywords; ///< in the order of reading
+    Core::Service::Time start; ///< undefined if the deck gives none
+    std::vector<ReportStep> steps; ///< in the order of reading
     std::vector<DeckScope> scopes; ///< in the order of their openers
     Findings findings; ///< in the order of reading
     std::size_t sections = 0; ///< different ones

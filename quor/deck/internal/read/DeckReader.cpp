@@ -7,8 +7,10 @@
 #include "quor/deck/internal/read/DeckText.h"
 #include "quor/deck/internal/read/Dimensions.h"
 #include "quor/deck/internal/read/OpenScopes.h"
+#include "quor/deck/internal/read/Precedents.h"
 #include "quor/deck/internal/read/SectionOrder.h"
 #include "quor/deck/internal/read/TimeLine.h"
+#include "quor/deck/internal/read/UnknownKeyword.h"
 #include "quor/deck/internal/read/WordHints.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/Vocabulary.h"
@@ -19,7 +21,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <set>
 #include <string>
 #include <utility>
 
@@ -76,7 +77,8 @@ public:
               options.keepsValueRanges)
         , sections_(options.target, deck_->files, reporter_)
         , scopes_(language, *deck_, dimensions_, reporter_)
-        , timeLine_(reporter_)
+        , precedents_(reporter_)
+        , timeLine_(*deck_, reporter_)
     {
         text_.SetProgress(options.progress);
         text_.SetCancellation(options.isCancelled);
@@ -89,15 +91,13 @@ private:
     void ReadUnknown(const Token& head);
     void ReadMisspelt(const Token& head);
     void ReadAs(const Token& head, const Entry& entry);
-    const Entry* ReportUnknown(const TextRange& range, std::string_view word);
     void ReadStray(const Token& token);
     void ReadKeyword(const Token& head, const Entry& entry, bool isGuess = false);
     void EnterSection(const Token& head, const Entry& entry);
     void ReadData(DeckKeyword& keyword, const Token& head, bool isReported);
     void CheckNoData(const Token& head);
-    void Follow(const DeckKeyword& keyword);
+    void FollowSizes(const DeckKeyword& keyword);
     void FollowPaths(const DeckKeyword& keyword);
-    void CheckPrecedents(const DeckKeyword& keyword);
 
     ReadOptions options_;
     Vocabulary vocabulary_;
@@ -109,11 +109,11 @@ private:
     DataReader data_;
     SectionOrder sections_;
     OpenScopes scopes_;
+    Precedents precedents_;
     TimeLine timeLine_;
 
     bool mayMissKeywords_ = false; // one could not be made out
     bool mayTakeSlash_ = false; // after a keyword without data a slash does no harm
-    std::set<std::string> seen_; // names of the keywords so far, and of missing ones that were reported
 };
 
 std::unique_ptr<Deck> DeckReader::Read()
@@ -179,7 +179,8 @@ void DeckReader::ReadUnknown(const Token& head)
 void DeckReader::ReadMisspelt(const Token& head)
 {
     using Role = KeywordDeckRole;
-    const Entry* const meant = ReportUnknown(head.range, head.text);
+    const Entry* const meant =
+        ReportUnknownKeyword(head.range, head.text, sections_.GetSure(), vocabulary_, reporter_);
     if (!meant || meant->role == Role::End || meant->role == Role::EndInclude) {
         mayMissKeywords_ = true;
         text_.SkipData();
@@ -194,30 +195,6 @@ void DeckReader::ReadAs(const Token& head, const Entry& entry)
 {
     if (!entry.IsOfText() || !text_.TakeAs(head, entry))
         ReadKeyword(head, entry);
-}
-
-/// The keyword that was meant, if one is nearer than all others; else null.
-const Entry* DeckReader::ReportUnknown(const TextRange& range, std::string_view word)
-{
-    if (reporter_.IsFull()) {
-        reporter_.Report(range, Code::UnknownKeyword, {});
-        return nullptr;
-    }
-    const std::string name(word);
-    const auto& nearest = vocabulary_.FindNearest(name, sections_.GetSure());
-    std::string hint;
-    for (const std::string& known : nearest)
-        hint += (hint.empty() ? "did you mean " : ", ") + known;
-    if (hint.empty() && word.size() > longestName)
-        hint = fmt::format("the names of keywords have at most {} characters", longestName);
-    else if (!hint.empty())
-        hint += '?';
-    reporter_.Report(
-        range, Code::UnknownKeyword, fmt::format("{} is not a keyword", Shorten(word)), std::move(hint));
-    const auto isNear = [&name](const std::string& known) { return EditDistance(name, known, 1) <= 1; };
-    const auto first = std::find_if(nearest.begin(), nearest.end(), isNear);
-    const bool isSure = std::count_if(nearest.begin(), nearest.end(), isNear) == 1;
-    return isSure ? vocabulary_.Find(*first) : nullptr;
 }
 
 void DeckReader::ReadStray(const Token& token)
@@ -249,6 +226,7 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
     const bool isReported = !isSection && !sections_.Accept(head.range, entry);
     const SectionType::Enum section = sections_.GetCurrent();
     DeckKeyword keyword{&vocabulary_.Get(entry, section), section, head.range, head.range};
+    keyword.step = timeLine_.StepIn(section);
     keyword.scope = scopes_.GetInnermost();
     const auto countErrors = [this] { return reporter_.GetErrorCount() - data_.GetReportedVariableCount(); };
     const std::size_t errors = countErrors();
@@ -258,13 +236,14 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
         CheckNoData(head);
     keyword.isSound = !isReported && !isGuess && errors == countErrors();
     deck_->keywords.push_back(std::move(keyword));
-    if (deck_->keywords.back().isSound && data_.GetUnknownVariableCount() == 0)
-        Follow(deck_->keywords.back());
+    const bool isKnown = deck_->keywords.back().isSound && data_.GetUnknownVariableCount() == 0;
+    timeLine_.Follow(isKnown);
+    if (isKnown)
+        FollowSizes(deck_->keywords.back());
     if (deck_->keywords.back().data)
         FollowPaths(deck_->keywords.back());
-    CheckPrecedents(deck_->keywords.back());
+    precedents_.Follow(deck_->keywords.back(), sections_.IsSure() && !mayMissKeywords_);
     scopes_.Follow(mayMissKeywords_);
-    seen_.insert(deck_->keywords.back().syntax->GetName());
 }
 
 void DeckReader::EnterSection(const Token& head, const Entry& entry)
@@ -303,9 +282,8 @@ void DeckReader::CheckNoData(const Token& head)
     text_.SkipData();
 }
 
-void DeckReader::Follow(const DeckKeyword& keyword)
+void DeckReader::FollowSizes(const DeckKeyword& keyword)
 {
-    timeLine_.Follow(keyword);
     const std::string& name = keyword.syntax->GetName();
     if (name == "ENDBOX")
         dimensions_.ResetBox();
@@ -326,26 +304,7 @@ void DeckReader::FollowPaths(const DeckKeyword& keyword)
         DataAccessUtils::AddPathAliases(keyword.data.get(), text_.GetAliases());
 }
 
-void DeckReader::CheckPrecedents(const DeckKeyword& keyword)
-{
-    if (!keyword.syntax->HasPrecedents() || !sections_.IsSure() || mayMissKeywords_)
-        return;
-    std::string missing;
-    for (const std::string& name : keyword.syntax->GetPrecedents(keyword.section)) {
-        if (seen_.insert(name).second)
-            missing += (missing.empty() ? "" : ", ") + name;
-    }
-    if (!missing.empty())
-        reporter_.Report(keyword.name, Code::MissingPrecedent,
-            fmt::format("{} needs {} before it", keyword.syntax->GetName(), missing));
-}
-
 } // namespace
-
-std::string Deck::NameOf(const DeckKeyword& keyword) const
-{
-    return keyword.syntax->IsWildcard() ? ToUpper(files.GetText(keyword.name)) : keyword.syntax->GetName();
-}
 
 std::unique_ptr<Deck> ReadDeck(
     const std::string& path, const ReadOptions& options, const DeckLanguage& language)

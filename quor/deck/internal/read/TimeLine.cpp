@@ -7,7 +7,9 @@
 
 #include <fmt/format.h>
 
+#include <memory>
 #include <string>
+#include <string_view>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -20,19 +22,55 @@ using MDType = IKeywordDataMD::MDType;
 
 constexpr MDTypes date = {MDType::Integer, MDType::String, MDType::Integer, MDType::String};
 
+/// Lists of one element each, for what answers for a list.
+class SingleElements {
+public:
+    explicit SingleElements(const DeckKeyword& keyword)
+        : list_(static_cast<const IKeywordListData&>(*keyword.data))
+        , single_(KeywordDataFactory::Instance().Construct(*keyword.syntax))
+    {
+    }
+
+    std::size_t GetSize() const { return static_cast<std::size_t>(list_.GetSize()); }
+    /// Lasts until the next call.
+    const IKeywordData* Get(std::size_t element)
+    {
+        auto& single = static_cast<IKeywordListData&>(*single_);
+        single.Clear();
+        single.AddData(list_.GetData(element));
+        return single_.get();
+    }
+
+private:
+    const IKeywordListData& list_;
+    std::unique_ptr<IKeywordData> single_;
+};
+
 } // namespace
 
-void TimeLine::Follow(const DeckKeyword& keyword)
+void TimeLine::Follow(bool isSound)
 {
+    const DeckKeyword& keyword = deck_.keywords.back();
     const std::string& name = keyword.syntax->GetName();
-    if (name == "LAB") // the one set of units whose unit of time is the hour
-        ticksPerUnit_ = 3600 * Time::TicksPerSecond;
-    else if (!keyword.data)
+    if (name == "LAB") { // the one set of units whose unit of time is the hour
+        reached_.ticksPerUnit = 3600 * Time::TicksPerSecond;
+        if (isSound)
+            sound_.ticksPerUnit = reached_.ticksPerUnit;
+    } else if (!keyword.data) {
         return;
-    else if (name == "START" && IsRecordOf(keyword.data->GetMD(), date))
-        FollowStart(keyword);
-    else if (Advances(keyword))
-        name == "DATES" ? FollowDates(keyword) : Advance(keyword);
+    } else if (name == "START" && IsRecordOf(keyword.data->GetMD(), date)) {
+        FollowStart(keyword, isSound);
+    } else if (Advances(keyword)) {
+        name == "DATES" ? FollowDates(keyword, isSound) : FollowPeriods(keyword, isSound);
+    }
+}
+
+std::uint32_t TimeLine::StepIn(SectionType::Enum section)
+{
+    if (section != section_)
+        step_ = noIndex;
+    section_ = section;
+    return step_;
 }
 
 bool TimeLine::Advances(const DeckKeyword& keyword)
@@ -45,45 +83,85 @@ bool TimeLine::Advances(const DeckKeyword& keyword)
     return (name == "TSTEP" || name == "TIME") && IsListOf(keyword.data->GetMD(), MDType::Real);
 }
 
-void TimeLine::FollowStart(const DeckKeyword& keyword)
+void TimeLine::FollowStart(const DeckKeyword& keyword, bool isSound)
 {
-    start_ = DataAccessUtils::GetTimeFromSTART(keyword.data.get());
-    now_ = start_;
-    if (!start_.IsDef())
+    const Time start = DataAccessUtils::GetTimeFromSTART(keyword.data.get());
+    reached_.start = reached_.now = deck_.start = start;
+    if (!isSound)
+        return;
+    sound_.start = sound_.now = start;
+    if (!start.IsDef())
         reporter_.Report(keyword.name, Code::BadDate, "START: there is no such date", "as in 1 JAN 2020");
 }
 
-void TimeLine::FollowDates(const DeckKeyword& keyword)
+void TimeLine::FollowDates(const DeckKeyword& keyword, bool isSound)
 {
-    const auto& dates = static_cast<const IKeywordListData&>(*keyword.data);
-    for (std::size_t i = 0; i < keyword.records.size(); ++i) {
-        const auto one = KeywordDataFactory::Instance().Construct(*keyword.syntax);
-        static_cast<IKeywordListData&>(*one).AddData(dates.GetData(i));
-        const auto times = DataAccessUtils::GetTimesFromDATES(one.get());
-        const TextRange range{
-            static_cast<std::uint32_t>(keyword.records[i].file), keyword.records[i].offset, 1};
-        if (times.empty()) {
-            reporter_.Report(range, Code::BadDate, "DATES: there is no such date", "as in 1 JAN 2020");
-            continue;
-        }
-        if (now_.IsDef() && times.front() <= now_)
-            reporter_.Report(range, Code::DateOrder,
-                fmt::format("DATES: {} does not lie behind {}, which was reached before",
-                    times.front().GetAsString(), now_.GetAsString()));
-        else
-            now_ = times.front();
+    SingleElements dates(keyword);
+    for (std::size_t i = 0; i < dates.GetSize(); ++i) {
+        const auto times = DataAccessUtils::GetTimesFromDATES(dates.Get(i));
+        const Time time = times.empty() ? Time() : times.front();
+        if (isSound)
+            CheckDate(time, RangeOf(keyword, i));
+        if (time.IsDef() && !(reached_.now.IsDef() && time <= reached_.now))
+            Reach(time, i);
     }
 }
 
-void TimeLine::Advance(const DeckKeyword& keyword)
+void TimeLine::CheckDate(const Time& date, const TextRange& range)
 {
-    const Time next = DataAccessUtils::AdvanceTime(start_, now_, ticksPerUnit_, keyword.data.get());
-    if (now_.IsDef() && next < now_)
+    if (!date.IsDef())
+        reporter_.Report(range, Code::BadDate, "DATES: there is no such date", "as in 1 JAN 2020");
+    else if (sound_.now.IsDef() && date <= sound_.now)
+        reporter_.Report(range, Code::DateOrder,
+            fmt::format("DATES: {} does not lie behind {}, which was reached before", date.GetAsString(),
+                sound_.now.GetAsString()));
+    else
+        sound_.now = date;
+}
+
+/// Of TSTEP and TIME.
+void TimeLine::FollowPeriods(const DeckKeyword& keyword, bool isSound)
+{
+    if (isSound)
+        CheckPeriods(keyword);
+    SingleElements periods(keyword);
+    for (std::size_t i = 0; i < periods.GetSize(); ++i) {
+        const Time next =
+            DataAccessUtils::AdvanceTime(reached_.start, reached_.now, reached_.ticksPerUnit, periods.Get(i));
+        if (!(reached_.now.IsDef() && next < reached_.now))
+            Reach(next, i);
+    }
+}
+
+void TimeLine::CheckPeriods(const DeckKeyword& keyword)
+{
+    const Time next =
+        DataAccessUtils::AdvanceTime(sound_.start, sound_.now, sound_.ticksPerUnit, keyword.data.get());
+    if (sound_.now.IsDef() && next < sound_.now)
         reporter_.Report(keyword.name, Code::DateOrder,
             fmt::format("{}: {} lies before {}, which was reached already", keyword.syntax->GetName(),
-                next.GetAsString(), now_.GetAsString()));
+                next.GetAsString(), sound_.now.GetAsString()));
     else
-        now_ = next;
+        sound_.now = next;
+}
+
+/// The last keyword of the deck leads to a report.
+void TimeLine::Reach(const Time& time, std::size_t element)
+{
+    reached_.now = time;
+    step_ = static_cast<std::uint32_t>(deck_.steps.size());
+    deck_.steps.push_back({time, static_cast<std::uint32_t>(deck_.keywords.size() - 1),
+        RangeOf(deck_.keywords.back(), element)});
+}
+
+std::string DateText(const Time& time)
+{
+    std::string text = time.GetAsString();
+    for (const std::string_view nothing : {".000", " 00:00:00"}) {
+        if (text.ends_with(nothing))
+            text.resize(text.size() - nothing.size());
+    }
+    return text;
 }
 
 } // namespace Veld::Quor::Core::Decks

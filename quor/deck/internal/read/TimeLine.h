@@ -2,35 +2,57 @@
 
 #include "quor/deck/internal/check/FindingReporter.h"
 #include "quor/deck/internal/read/Deck.h"
+#include "quor/foundation/SectionType.h"
 #include "quor/foundation/service/Time.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
 
 namespace Veld::Quor::Core::Decks {
 
-/// Follows the simulated time of a deck from keyword to keyword.
+/// Follows the simulated time of a deck as it is read: keeps its report steps with the deck, and reports
+/// dates that can't be and times that don't go forward.
 class TimeLine {
 public:
-    explicit TimeLine(FindingReporter& reporter)
-        : reporter_(reporter)
+    TimeLine(Deck& deck, FindingReporter& reporter)
+        : deck_(deck)
+        , reporter_(reporter)
     {
     }
 
-    /// Reports dates that can't be, and times that don't go forward.
-    void Follow(const DeckKeyword& keyword);
+    /// Follows the last keyword of the deck. One that isn't `isSound` makes report steps, as far as its data
+    /// can be made out, but nothing is reported by it.
+    void Follow(bool isSound);
+    /// The report step in which a next keyword of `section` is; `noIndex` before the first of the section.
+    std::uint32_t StepIn(Core::Keywords::SectionType::Enum section);
+
     /// Whether each element of the keyword's list is a step on.
     static bool Advances(const DeckKeyword& keyword);
 
-    const Core::Service::Time& GetStart() const { return start_; }
-    const Core::Service::Time& GetNow() const { return now_; }
-
 private:
-    void FollowStart(const DeckKeyword& keyword);
-    void FollowDates(const DeckKeyword& keyword);
-    void Advance(const DeckKeyword& keyword);
+    struct Clock {
+        Core::Service::Time start; // undefined as long as the deck gives none
+        Core::Service::Time now;
+        long long ticksPerUnit = 24LL * 3600 * Core::Service::Time::TicksPerSecond;
+    };
 
+    void FollowStart(const DeckKeyword& keyword, bool isSound);
+    void FollowDates(const DeckKeyword& keyword, bool isSound);
+    void FollowPeriods(const DeckKeyword& keyword, bool isSound);
+    void CheckDate(const Core::Service::Time& date, const TextRange& range);
+    void CheckPeriods(const DeckKeyword& keyword);
+    void Reach(const Core::Service::Time& time, std::size_t element);
+
+    Deck& deck_;
     FindingReporter& reporter_;
-    Core::Service::Time start_; // undefined as long as the deck gives none
-    Core::Service::Time now_;
-    long long ticksPerUnit_ = 24LL * 3600 * Core::Service::Time::TicksPerSecond;
+    Clock reached_; // by all keywords
+    Clock sound_; // by those that are sound: what others say may be wrong
+    Core::Keywords::SectionType::Enum section_ = Core::Keywords::SectionType::None;
+    std::uint32_t step_ = noIndex;
 };
+
+/// "2030-01-31", with the time of day if that isn't midnight; empty for an undefined time.
+std::string DateText(const Core::Service::Time& time);
 
 } // namespace Veld::Quor::Core::Decks

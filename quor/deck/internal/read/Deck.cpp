@@ -1,6 +1,6 @@
-#include "quor/deck/internal/compare/ElementRanges.h"
+#include "quor/deck/internal/read/Deck.h"
 
-#include <cstdint>
+#include "quor/deck/internal/text/LineText.h"
 
 namespace Veld::Quor::Core::Decks {
 
@@ -10,6 +10,11 @@ TextRange RangeOf(const DeckKeyword& keyword, std::size_t element)
         return keyword.name;
     const RecordStart& start = keyword.records[element];
     return {static_cast<std::uint32_t>(start.file), start.offset, 1};
+}
+
+std::string Deck::NameOf(const DeckKeyword& keyword) const
+{
+    return keyword.syntax->IsWildcard() ? ToUpper(files.GetText(keyword.name)) : keyword.syntax->GetName();
 }
 
 } // namespace Veld::Quor::Core::Decks

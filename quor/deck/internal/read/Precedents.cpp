@@ -1,0 +1,26 @@
+#include "quor/deck/internal/read/Precedents.h"
+
+#include <fmt/format.h>
+
+namespace Veld::Quor::Core::Decks {
+
+void Precedents::Follow(const DeckKeyword& keyword, bool isSure)
+{
+    if (isSure && keyword.syntax->HasPrecedents())
+        Check(keyword);
+    seen_.insert(keyword.syntax->GetName());
+}
+
+void Precedents::Check(const DeckKeyword& keyword)
+{
+    std::string missing;
+    for (const std::string& name : keyword.syntax->GetPrecedents(keyword.section)) {
+        if (seen_.insert(name).second)
+            missing += (missing.empty() ? "" : ", ") + name;
+    }
+    if (!missing.empty())
+        reporter_.Report(keyword.name, Code::MissingPrecedent,
+            fmt::format("{} needs {} before it", keyword.syntax->GetName(), missing));
+}
+
+} // namespace Veld::Quor::Core::Decks

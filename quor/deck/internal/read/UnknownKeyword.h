@@ -1,0 +1,17 @@
+#pragma once
+
+#include "quor/deck/TextRange.h"
+#include "quor/deck/internal/check/FindingReporter.h"
+#include "quor/deck/internal/text/Vocabulary.h"
+#include "quor/foundation/SectionType.h"
+
+#include <string_view>
+
+namespace Veld::Quor::Core::Decks {
+
+/// Reports a word that is no keyword. The keyword that was meant, if one is nearer than all others; else
+/// null.
+const Entry* ReportUnknownKeyword(const TextRange& range, std::string_view word,
+    Core::Keywords::SectionType::Enum section, Vocabulary& vocabulary, FindingReporter& reporter);
+
+} // namespace Veld::Quor::Core::Decks

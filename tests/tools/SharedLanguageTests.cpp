@@ -1,0 +1,88 @@
+#include "quor/deck/internal/read/Deck.h"
+#include "tests/support/Documents.h"
+#include "tests/support/LogCapture.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <thread>
+#include <vector>
+
+using namespace Veld::Quor::Core::Keywords;
+using namespace Veld::Quor::Tests;
+using namespace Veld::Quor::Core::Decks;
+
+namespace {
+
+// What is worked out at its first use: scopes, keywords that others need, defaults of sizes.
+constexpr const char* keywords = R"(
+<keyword name='RUNSPEC'/> <keyword name='GRID'/> <keyword name='FLAG'/> <keyword name='OTHER'/>
+<keyword name='INCLUDE'/> <keyword name='END'/> <keyword name='ENDINC'/>
+<keyword name='SKIP'/> <keyword name='SKIPCAR'/> <keyword name='SKIPDUN'/> <keyword name='ENDSKIP'/>
+<keyword name='DIMENS'><validSections><section name='RUNSPEC'/></validSections><data><record termination='SLASH'>
+  <item name='NX'><integer><default type='specified' val='2'/></integer></item>
+  <item name='NY'><integer><default type='specified' val='3'/></integer></item>
+</record></data></keyword>
+<keyword name='CARROWS'><validSimulators><simulator name='Carrow'/></validSimulators></keyword>
+<keyword name='ARRAY'><data><list size='NX*NY' termination='SLASH'><real><max val='9'/></real></list></data></keyword>
+<keyword name='NEEDS'><precedents><precedent name='FLAG'/></precedents></keyword>
+<keyword name='NEEDSALL'><precedents><precedent name='NEEDS'/><precedent name='OTHER'/></precedents></keyword>
+<keyword name='OPEN'><scope><endKeyword name='SHUT' explicit='true'/></scope></keyword> <keyword name='SHUT'/>
+)";
+
+constexpr const char* text = R"(RUNSPEC
+DIMENS
+ 2 /
+GRID
+NEEDSALL
+OPEN
+SHUT
+SHUT
+ARRAY
+ 1 2 3 4 5 60 /
+ARRAI
+ 1 2 3 4 5 6 7 /
+DIMENS
+ 1 1 /
+CARROWS
+OPEN
+NEEDS
+)";
+
+std::string FindingsOf(const std::string& path, SimulatorType::Enum simulator, const DeckLanguage& language)
+{
+    ReadOptions options;
+    options.target.simulator = simulator;
+    const auto deck = ReadDeck(path, options, language);
+    std::string found;
+    for (const Finding& finding : deck->findings.GetKept())
+        found += (found.empty() ? "" : " ") + finding.code + ":" + std::to_string(finding.location.line);
+    return found;
+}
+
+TEST(SharedLanguage, IsReadWithBySeveralThreads)
+{
+    const LogCapture log; // brings back the handler that was there before the reads
+    const LoadedTable table(keywords);
+    const DeckLanguage language(*table.operator->());
+    const TemporaryDirectory folder;
+    const std::string path = folder.Write("d.data", text);
+    std::vector<std::string> found(8);
+    std::vector<std::thread> threads;
+    for (std::size_t i = 0; i < found.size(); ++i)
+        threads.emplace_back([&found, &path, &language, i] {
+            const auto simulator = i % 2 == 0 ? SimulatorType::Carrow : SimulatorType::Dunmere;
+            for (int round = 0; round < 20; ++round)
+                found[i] = FindingsOf(path, simulator, language);
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    const std::string carrow = "missing-precedent:5 stray-end:8 out-of-range:10 unknown-keyword:11 "
+                               "wrong-section:13 unclosed-scope:16";
+    const std::string dunmere = "missing-precedent:5 stray-end:8 out-of-range:10 unknown-keyword:11 "
+                                "wrong-section:13 wrong-simulator:15 unclosed-scope:16";
+    for (std::size_t i = 0; i < found.size(); ++i)
+        EXPECT_EQ(found[i], i % 2 == 0 ? carrow : dunmere);
+}
+
+} // namespace
