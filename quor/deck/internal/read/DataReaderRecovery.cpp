@@ -3,12 +3,9 @@
 #include "quor/deck/internal/read/RecordFit.h"
 #include "quor/deck/internal/text/LineText.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
-#include <span>
 
-// What is made of a record that went wrong: where it ends, and what is wrong with it.
+// Words that don't fit: what is reported of them, and where the record continues.
 
 namespace Veld::Quor::Core::Decks {
 
@@ -16,112 +13,95 @@ using namespace Core::Keywords;
 
 namespace {
 
-using MDType = IKeywordDataMD::MDType;
 using Termination = DataPlan::Termination;
 
 } // namespace
 
-/// After one word too many.
-DataReader::Ended DataReader::SkipToSlash()
+/// Of the last word. True if the rest of the record is shifted.
+bool DataReader::Report(const DataPlan& item, WordFaults faults)
 {
-    for (;;) {
-        repeats_ = 0;
-        const Got got = [this] {
-            const FindingReporter::Muted muted(reporter_, true);
-            return Next();
-        }();
-        repeats_ = 0;
-        if (got == Got::Slash)
-            return Ended::Complete;
-        if (got == Got::Stop)
-            return Unclosed("record");
-    }
+    for (Misfit& remark : faults.remarks)
+        ReportAt(words_.GetRange(), std::move(remark));
+    return faults.misfit && ReportMisfit(item, std::move(*faults.misfit));
+}
+
+/// Once for each word, however often it is repeated. True if the rest of the record is shifted: it fits some
+/// items further on, or one before.
+bool DataReader::ReportMisfit(const DataPlan& item, Misfit misfit)
+{
+    if (!words_.MayReport())
+        return false;
+    std::string shift = FindShift(item);
+    const bool isShifted = !shift.empty();
+    if (isShifted)
+        misfit.hint = std::move(shift);
+    ReportAt(words_.GetRange(), std::move(misfit));
+    return isShifted;
+}
+
+/// Once for each word, and once for each table whose rows are out of step.
+void DataReader::ReportInRow(Misfit misfit)
+{
+    if (words_.MayReport() && MayReportOfRow(words_.GetRange(), misfit.hint))
+        ReportAt(words_.GetRange(), std::move(misfit));
+}
+
+bool DataReader::MayReportOfRow(const TextRange& range, std::string& hint)
+{
+    return records_.empty() || order_.MayReport(*records_.back().first, range, hint);
+}
+
+void DataReader::ReportAt(const TextRange& range, Misfit misfit)
+{
+    reporter_.Report(range, misfit.code, std::move(misfit.message), std::move(misfit.hint));
 }
 
 /// Of the record: what was reported explains whatever else is wrong with it.
-DataReader::Ended DataReader::PassOverRest()
+DataReader::Ended DataReader::SkipRest()
 {
     return SkipToSlash() == Ended::ByStop ? Ended::ByStop : Ended::BySlash;
-}
-
-DataReader::Ended DataReader::Unclosed(const char* what)
-{
-    if (!text_.MissedInclusion()) // which may have held the end
-        ReportUnclosed(last_, what);
-    return Ended::ByStop;
-}
-
-/// A slash that stands alone on its line was meant to close the list, and has closed its last record.
-DataReader::Ended DataReader::UnclosedList(const DataPlan& element)
-{
-    const bool isTaken = element.type == MDType::Record && element.termination == Termination::SLASH
-        && last_.file == text_.GetFile() && text_.GetLineFrom(last_).starts_with('/')
-        && text_.IsFirstOnLine(last_);
-    if (!isTaken || text_.MissedInclusion())
-        return Unclosed("list");
-    ReportUnclosed(lastValue_, "record");
-    return Ended::ByStop;
-}
-
-void DataReader::ReportUnclosed(const TextRange& last, const char* what)
-{
-    reporter_.Report({last.file, last.offset + last.length, 0}, Code::UnclosedData,
-        fmt::format("{}: the {} is not closed", keyword_.text, what), "put a slash behind its last value");
 }
 
 /// Whether the slash of the record is missing: the next line makes no sense as the rest of it, but does as
 /// the next record.
 bool DataReader::BeginsNextRecord(const DataPlan& plan, std::size_t index)
 {
-    const bool mayBegin = index > 0 && element_ == &plan && plan.termination == Termination::SLASH
-        && repeats_ == 0 && !isOneLine_ && text_.IsAtLineEnd();
+    const bool mayBegin = index > 0 && order_.IsRow(plan) && plan.termination == Termination::SLASH
+        && words_.GetRepeats() == 0 && !words_.IsOneLine() && text_.IsAtLineEnd();
     if (!mayBegin)
         return false;
     const Token& next = text_.PeekData();
     if ((next.kind != Token::Kind::Word && next.kind != Token::Kind::Quoted)
-        || next.range.file != begin_.file)
+        || next.range.file != order_.GetRowBegin().file)
         return false;
-    const RecordWords line = FindRecordWords(text_.GetLineFrom(next.range));
+    const std::string_view text = text_.GetLineFrom(next.range);
+    const LineWords line = FindLineWords(text);
     const auto isNumber = [](char c) { return !IsLetter(c) && !IsQuote(c); };
     const bool beginsAlike =
-        isNumber(text_.GetLineFrom(begin_).front()) == isNumber(text_.GetLineFrom(next.range).front());
+        isNumber(text_.GetLineFrom(order_.GetRowBegin()).front()) == isNumber(text.front());
     return line.isEnded && beginsAlike && !Fits(plan, index, line.words) && Fits(plan, 0, line.words);
 }
 
 /// Whether what is left of the line can be the rest of the record.
 bool DataReader::FitsAfter(const DataPlan& plan, std::size_t index) const
 {
-    const TextRange after{value_.range.file, value_.range.offset + value_.range.length, 0};
-    return Fits(plan, index + 1, FindRecordWords(text_.GetLineFrom(after)).words);
+    const TextRange& word = words_.GetRange();
+    const TextRange after{word.file, word.offset + word.length, 0};
+    return Fits(plan, index + 1, FindLineWords(text_.GetLineFrom(after)).words);
 }
 
-/// The hint for a value that doesn't fit, where all after it would if one were there before it, or if it
-/// weren't there itself.
-std::string DataReader::FindShift(const DataPlan& item)
+/// The hint for a value of the item that doesn't fit.
+std::string DataReader::FindShift(const DataPlan& item) const
 {
     if (records_.empty() || text_.HasPeeked())
         return {};
     const DataPlan& record = *records_.back().first;
     const auto at = std::find_if(
         record.items.begin(), record.items.end(), [&item](const DataPlan& other) { return &other == &item; });
-    RecordWords line = FindRecordWords(text_.GetLineFrom(value_.range));
-    if (at == record.items.end() || !line.isEnded || line.words.empty())
+    if (at == record.items.end())
         return {};
-    const auto index = static_cast<std::size_t>(at - record.items.begin());
-    line.words.front().count = repeats_;
-    if (Fits(record, index + 1, line.words))
-        return {};
-    isShifted_ = true;
-    if (Fits(record, index, std::span(line.words).subspan(1)))
-        return "it seems to be one too many";
-    line.words.front().count = repeats_ + 1;
-    for (std::size_t first = index + 1; first < record.items.size(); ++first) {
-        if (Fits(record, first, line.words))
-            return first == index + 1 ? "a value seems to be missing before it"
-                                      : fmt::format("{} values seem to be missing before it", first - index);
-    }
-    isShifted_ = false;
-    return {};
+    return Decks::FindShift(record, static_cast<std::size_t>(at - record.items.begin()), words_.GetRepeats(),
+        FindLineWords(text_.GetLineFrom(words_.GetRange())));
 }
 
 } // namespace Veld::Quor::Core::Decks

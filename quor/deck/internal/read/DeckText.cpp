@@ -107,29 +107,20 @@ void DeckText::Unpeek()
 Token DeckText::ScanData()
 {
     while (SkipToText()) {
-        const char c = *position_;
-        if (c == '/')
+        if (*position_ == '/')
             return TakeSlash();
-        if (IsQuote(c))
-            return TakeQuoted();
         Token keyword;
         if (TakeLineStart(keyword))
             continue;
         if (keyword.entry)
             return keyword;
-        Token word = TakeToken(Token::Kind::Word, LengthOfWord(GetRest()));
-        if (word.text == "\\") {
-            position_ -= word.range.length;
-            ReportOnce(
-                word.range, Code::StrayText, "here is a backslash, where a slash is expected", "write /");
+        const DataWord word = FindDataWord(GetRest());
+        if (word.text == "\\" && word.length == 1) {
+            ReportOnce(RangeOf(word.text), Code::StrayText, "here is a backslash, where a slash is expected",
+                "write /");
             return TakeSlash();
         }
-        if (word.range.length > 1 && IsQuote(word.text.back())) {
-            ReportOnce(word.range, Code::UnclosedQuote, "the quote behind the text was not opened",
-                fmt::format("put a {} before the text", word.text.back()));
-            word.text.remove_suffix(1);
-        }
-        return word;
+        return TakeWord(word);
     }
     return {Token::Kind::End, RangeOf(GetRest().substr(0, 0)), {}};
 }
@@ -162,25 +153,24 @@ Token DeckText::TakeToken(Token::Kind kind, std::size_t length)
     return {kind, RangeOf(text), text};
 }
 
-/// A quote that isn't closed on its line is reported, and taken for closed after the word, so that what
-/// follows is still read.
-Token DeckText::TakeQuoted()
+/// A quote that isn't closed on its line is reported, and read as closed after the word, so that what follows
+/// is still read.
+Token DeckText::TakeWord(const DataWord& word)
 {
-    const std::string_view line = GetLine();
-    const std::size_t end = line.find(line[0], 1);
-    if (end != std::string_view::npos) {
-        Token token = TakeToken(Token::Kind::Quoted, end + 1);
-        token.text = line.substr(1, end - 1);
-        return token;
+    Token token = TakeToken(word.IsQuoted() ? Token::Kind::Quoted : Token::Kind::Word, word.length);
+    token.repeat = word.repeat;
+    if (word.IsQuoted())
+        token.text = word.text;
+    if (word.quotes == DataWord::Quotes::Unclosed) {
+        token.isClosed = false;
+        const char* const quote = word.text.data() - 1;
+        ReportOnce(RangeOf({quote, word.length - word.repeat.length}), Code::UnclosedQuote,
+            "the quote is not closed on its line", fmt::format("put a {} behind the text", *quote));
+    } else if (word.quotes == DataWord::Quotes::Unopened) {
+        ReportOnce(token.range, Code::UnclosedQuote, "the quote behind the text was not opened",
+            fmt::format("put a {} before the text", word.text.back()));
+        token.text.remove_suffix(1);
     }
-    std::size_t length = std::min(line.find_first_of(" \t", 1), line.size());
-    if (length > 2 && line[length - 1] == '/')
-        --length;
-    Token token = TakeToken(Token::Kind::Quoted, length);
-    token.text.remove_prefix(1);
-    token.isClosed = false;
-    ReportOnce(token.range, Code::UnclosedQuote, "the quote is not closed on its line",
-        fmt::format("put a {} behind the text", line[0]));
     return token;
 }
 

@@ -7,6 +7,7 @@
 #include "quor/deck/internal/check/KeywordValidity.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/Vocabulary.h"
+#include "quor/deck/internal/text/WordText.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -34,6 +35,7 @@ struct Token {
     std::string_view text; ///< without quotes; lasts as long as the deck's files
     const Entry* entry = nullptr; ///< of a keyword
     bool isClosed = true; ///< false: the closing quote is missing
+    Repeat repeat = {}; ///< of a bare word at the beginning of `text`, of a quoted one before the quote
 };
 
 /// How a comment stands to what is around it.
@@ -141,7 +143,7 @@ private:
     Token ScanData();
     bool TakeLineStart(Token& keyword);
     Token TakeToken(Token::Kind kind, std::size_t length);
-    Token TakeQuoted();
+    Token TakeWord(const DataWord& word);
     Token TakeSlash();
     void ReportOnce(const TextRange& range, Code code, const char* message, std::string hint);
     Token TakeLine();

@@ -46,21 +46,6 @@ std::string_view FindLeadingWord(std::string_view line)
     return line.substr(0, length);
 }
 
-std::size_t LengthOfWord(std::string_view text)
-{
-    const auto counts = [](char c) { return (c >= '0' && c <= '9') || c == '*'; };
-    bool isCount = counts(text[0]);
-    std::size_t length = 1;
-    for (; length < text.size(); ++length) {
-        const char c = text[length];
-        if (IsSeparator(c) || c == '/' || IsCommentAt(text, length)
-            || (IsQuote(c) && isCount && text[length - 1] == '*'))
-            break;
-        isCount = isCount && counts(c);
-    }
-    return length;
-}
-
 std::optional<LoneWord> FindLoneWord(std::string_view line)
 {
     LoneWord lone;

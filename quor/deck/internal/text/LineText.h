@@ -27,9 +27,6 @@ bool IsComment(std::string_view line);
 /// Whether a slash outside quotes and before any comment ends a record on the line.
 bool HasEndingSlash(std::string_view line);
 
-/// Of the bare word at the beginning of a text. A quote ends it only where a repeat count stands before it.
-std::size_t LengthOfWord(std::string_view text);
-
 struct FileNameToken {
     std::string_view name; ///< without quotes; empty if a slash stands where the name should
     std::size_t offset = 0; ///< of the token in the line, quote included

@@ -24,7 +24,8 @@ std::size_t StartOfDigits(std::string_view text)
 
 } // namespace
 
-std::optional<int> ToInteger(std::string_view text)
+template <>
+std::optional<int> ToNumber(std::string_view text)
 {
     text.remove_prefix(StartOfDigits(text));
     int value = 0;
@@ -48,7 +49,8 @@ LeadingReal FindLeadingReal(std::string_view text)
     return real;
 }
 
-std::optional<double> ToReal(std::string_view text)
+template <>
+std::optional<double> ToNumber(std::string_view text)
 {
     const LeadingReal real = FindLeadingReal(text);
     if (real.length == text.size() && real.length > 0)
@@ -58,7 +60,7 @@ std::optional<double> ToReal(std::string_view text)
     std::string standard(text);
     std::replace_if(
         standard.begin(), standard.end(), [](char c) { return c == 'D' || c == 'd'; }, 'E');
-    return ToReal(standard);
+    return ToNumber<double>(standard);
 }
 
 Repeat FindRepeat(std::string_view text)

@@ -6,11 +6,15 @@
 
 namespace Veld::Quor::Core::Decks {
 
-/// A whole number, in digits with a sign or without. Empty if the text is anything else, or out of range.
-std::optional<int> ToInteger(std::string_view text);
-
-/// A number; `D` stands for `E` too. Empty if the text is anything else, or too large.
-std::optional<double> ToReal(std::string_view text);
+/// The number that a text is. Empty if it is anything else, or out of range.
+template <class T>
+std::optional<T> ToNumber(std::string_view text);
+/// A whole number, in digits with a sign or without.
+template <>
+std::optional<int> ToNumber(std::string_view text);
+/// `D` is an exponent too, as `E`.
+template <>
+std::optional<double> ToNumber(std::string_view text);
 
 /// The number at the beginning of a text, correctly rounded.
 struct LeadingReal {

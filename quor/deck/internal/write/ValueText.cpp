@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <optional>
 #include <stdexcept>
 
 namespace Veld::Quor::Core::Decks {
@@ -18,16 +17,6 @@ using namespace Core::Keywords;
 
 namespace {
 
-std::optional<double> FromText(const std::string& text, double /*type*/)
-{
-    return ToReal(text);
-}
-
-std::optional<int> FromText(const std::string& text, int /*type*/)
-{
-    return ToInteger(text);
-}
-
 /// Empty if the format can't print such a number, or changes it.
 template <class T>
 std::string Format(const std::string& format, T value)
@@ -35,7 +24,7 @@ std::string Format(const std::string& format, T value)
     try {
         std::string text = fmt::sprintf(format, value);
         text.erase(0, text.find_first_not_of(' '));
-        return FromText(text, value) == value ? text : std::string();
+        return ToNumber<T>(text) == value ? text : std::string();
     } catch (const fmt::format_error&) {
         return {};
     }

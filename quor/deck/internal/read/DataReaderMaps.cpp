@@ -1,0 +1,127 @@
+#include "quor/deck/internal/read/DataReader.h"
+
+#include "quor/data/IKeywordMapData.h"
+#include "quor/data/IKeywordRawData.h"
+#include "quor/deck/internal/read/WordHints.h"
+#include "quor/metadata/IKeywordAssignmentMD.h"
+#include "quor/metadata/IKeywordMapMD.h"
+#include "quor/metadata/IKeywordRawMD.h"
+
+#include <fmt/format.h>
+
+// Maps and raw text.
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+
+namespace {
+
+using Termination = DataPlan::Termination;
+
+} // namespace
+
+DataReader::Ended DataReader::ReadMap(const DataPlan& plan, IKeywordMapData& map)
+{
+    const bool wasOneLine = words_.SetOneLine(plan.termination == Termination::EOL);
+    Ended ended = Ended::Complete;
+    for (;;) {
+        const Got got = words_.Next();
+        if (words_.TakeRepeats() > 1)
+            reporter_.Report(words_.GetRange(), Code::BadRepeat,
+                fmt::format("{}: names can't be repeated", keyword_.text));
+        if (got == Got::Value)
+            ReadAssignment(map);
+        else if (got == Got::Stop && plan.termination != Termination::NONE)
+            ended = Unclosed("list of names");
+        if (got == Got::Stop || got == Got::Slash)
+            break;
+    }
+    if (plan.termination == Termination::SLASH)
+        notes_.PassEnd();
+    words_.SetOneLine(wasOneLine);
+    return ended;
+}
+
+/// `NAME`, which counts as 1, or `NAME=value`, blanks around the sign allowed.
+void DataReader::ReadAssignment(IKeywordMapData& map)
+{
+    const TextRange range = words_.GetRange();
+    const std::string_view word = words_.GetWord().text;
+    const std::string name(word.substr(0, word.find('=')));
+    const std::optional<std::string_view> number = ReadAssigned();
+    const std::optional<int> value = number ? ConvertAssigned(name, *number, range) : 1;
+    if (!value)
+        return;
+    if (!map.SetValue(name, *value)) {
+        reporter_.Report(range, Code::UnknownName,
+            fmt::format("{}: {} is none of its names", keyword_.text, Shorten(name)),
+            HintOfKey(static_cast<const IKeywordMapMD&>(*map.GetMD()), name));
+        return;
+    }
+    if (const IKeywordAssignmentMD* md = FindAssignment(map, name))
+        CheckAssignment(*md, name, *value, range);
+}
+
+/// What is after the sign in the word or after it; empty if there is no sign.
+std::optional<std::string_view> DataReader::ReadAssigned()
+{
+    std::string_view word = words_.GetWord().text;
+    std::size_t sign = word.find('=');
+    const auto isValueNext = [this] { return words_.Peek() == Got::Value; };
+    if (sign == std::string_view::npos) {
+        if (!isValueNext() || !text_.PeekData().text.starts_with('='))
+            return std::nullopt;
+        word = text_.NextData().text;
+        sign = 0;
+    }
+    const std::string_view number = word.substr(sign + 1);
+    return number.empty() && isValueNext() ? text_.NextData().text : number;
+}
+
+/// Empty, and reported, if it is no whole number.
+std::optional<int> DataReader::ConvertAssigned(
+    const std::string& name, std::string_view number, const TextRange& range)
+{
+    std::optional<int> value = ToNumber<int>(number);
+    if (value)
+        return value;
+    if (VariablesString::ContainsVariables(std::string(number))) {
+        const VariablesString text((std::string(number)));
+        notes_.AddVariable(name, text.GetString());
+        const auto replaced = variables_.Replace(text, range);
+        if (!replaced)
+            return std::nullopt;
+        value = ToNumber<int>(*replaced);
+    }
+    if (!value)
+        reporter_.Report(range, Code::WrongType,
+            fmt::format("{}, {}: '{}' is no whole number", keyword_.text, Shorten(name), Shorten(number)));
+    return value;
+}
+
+void DataReader::CheckAssignment(
+    const IKeywordAssignmentMD& md, const std::string& name, int value, const TextRange& range)
+{
+    if (target_.simulator != SimulatorType::Any && !md.IsValid(target_.simulator))
+        reporter_.Report(range, Code::ItemNotValid,
+            fmt::format("{}: {} is not valid for {}", keyword_.text, name, NameOf(target_)), "leave it out");
+    else if ((md.GetMin() && value < *md.GetMin()) || (md.GetMax() && value > *md.GetMax()))
+        reporter_.Report(range, Code::OutOfRange,
+            fmt::format("{}, {}: {} is {}", keyword_.text, name, value,
+                md.GetMin() && value < *md.GetMin() ? fmt::format("less than {}", *md.GetMin())
+                                                    : fmt::format("greater than {}", *md.GetMax())));
+}
+
+void DataReader::ReadRaw(const DataPlan& plan, IKeywordRawData& data)
+{
+    const std::string end = static_cast<const IKeywordRawMD&>(*plan.md).GetTerminationString();
+    const Token text = text_.NextRaw(end);
+    data.SetData(std::string(text.text));
+    if (text.kind == Token::Kind::End)
+        reporter_.Report(keyword_.range, Code::UnclosedText,
+            "the text of this keyword goes on to the end of the file",
+            fmt::format("end it with {} at the start of a line", end));
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,220 @@
+#include "quor/deck/internal/read/DataReader.h"
+
+#include "quor/data/IKeywordRecordData.h"
+#include "quor/foundation/service/Optional.h"
+
+#include <fmt/format.h>
+
+#include <type_traits>
+
+// Records and their items.
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+using Core::Service::Optional;
+
+namespace {
+
+using MDType = IKeywordDataMD::MDType;
+using Termination = DataPlan::Termination;
+
+} // namespace
+
+DataReader::Ended DataReader::ReadRecord(const DataPlan& plan, IKeywordRecordData& record)
+{
+    const bool wasOneLine = words_.SetOneLine(plan.termination == Termination::EOL);
+    records_.emplace_back(&plan, &record);
+    Ended ended = Ended::Complete;
+    std::size_t i = 0;
+    while (i < plan.items.size() && ended == Ended::Complete)
+        ended = ReadItem(plan, i++, record);
+    records_.pop_back();
+    if (ended == Ended::BySlash)
+        notes_.PassMissing(plan, i, words_.GetRange());
+    if (ended == Ended::Complete)
+        ended = EndRecord(plan);
+    else if (ended == Ended::BySlash && plan.termination != Termination::NONE)
+        ended = Ended::Complete;
+    if (plan.termination == Termination::SLASH)
+        notes_.PassEnd();
+    words_.SetOneLine(wasOneLine);
+    return ended;
+}
+
+/// `BySlash`: the slash came in place of the item.
+DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, IKeywordRecordData& record)
+{
+    const DataPlan& item = plan.items[index];
+    void* const storage = record.GetData(static_cast<int>(index));
+    if (!item.IsScalar())
+        return ReadWithin(item, index, storage);
+    if (item.type == MDType::Line)
+        return ReadLine(records_.size() == 1 && index == 0, storage);
+    if (BeginsNextRecord(plan, index)) {
+        Unclosed("record");
+        notes_.PassMissing(item, 0, words_.GetRange());
+        return Ended::BySlash;
+    }
+    const Got got = words_.Next();
+    if (index == 0 && order_.IsRow(plan))
+        order_.BeginRow(words_.GetRange());
+    switch (got) {
+    case Got::Stop:
+        return Unclosed("record");
+    case Got::Slash:
+        CheckMissing(plan, index, words_.GetRange());
+        notes_.PassMissing(item, 0, words_.GetRange());
+        return Ended::BySlash;
+    case Got::Default:
+        return ReadDefault(item);
+    case Got::Value:
+        break;
+    }
+    return ReadGiven(plan, index, storage);
+}
+
+DataReader::Ended DataReader::ReadWithin(const DataPlan& item, std::size_t index, void* storage)
+{
+    notes_.Enter(static_cast<int>(index));
+    const Ended ended = ReadContainer(item, *static_cast<IKeywordData*>(storage));
+    notes_.Leave();
+    return ended;
+}
+
+DataReader::Ended DataReader::ReadLine(bool isFirst, void* storage)
+{
+    const Token line = text_.NextLine(isFirst);
+    if (line.kind == Token::Kind::Word) {
+        *static_cast<Optional<std::string>*>(storage) = std::string(line.text);
+        words_.TakeLine(line);
+    }
+    notes_.Pass(line.range);
+    return Ended::Complete;
+}
+
+DataReader::Ended DataReader::ReadDefault(const DataPlan& item)
+{
+    bool isShifted = false;
+    if (!item.MayBeMissing())
+        isShifted = ReportMisfit(
+            item, {Code::NoDefault, fmt::format("{} has no default", values_.In(item)), "give its value"});
+    notes_.Pass(words_.GetRange());
+    return isShifted ? SkipRest() : Ended::Complete;
+}
+
+DataReader::Ended DataReader::ReadGiven(const DataPlan& plan, std::size_t index, void* storage)
+{
+    CheckValid(plan.items[index]);
+    const bool isShifted = ReadScalar(plan, index, storage);
+    notes_.Pass(words_.GetRange());
+    const bool isLost = isShifted || (!words_.GetWord().isClosed && !FitsAfter(plan, index));
+    return isLost ? SkipRest() : Ended::Complete;
+}
+
+void DataReader::CheckValid(const DataPlan& item)
+{
+    if (!item.isValid)
+        reporter_.Report(words_.GetRange(), Code::ItemNotValid,
+            fmt::format("{} is not valid for {}", values_.In(item), NameOf(target_)),
+            "leave it to its default");
+    else if (item.isUnsupported)
+        reporter_.Report(words_.GetRange(), Code::ItemUnsupported,
+            fmt::format("{} has no effect for {}", values_.In(item), NameOf(target_)));
+}
+
+/// What the word says goes to the item, if it fits. True if the rest of the record is shifted.
+bool DataReader::ReadScalar(const DataPlan& plan, std::size_t index, void* storage)
+{
+    switch (plan.items[index].type) {
+    case MDType::Integer:
+    case MDType::Choice:
+        return ReadScalarAs<int>(plan, index, storage);
+    case MDType::Real:
+        return ReadScalarAs<double>(plan, index, storage);
+    case MDType::Boolean:
+        return ReadScalarAs<bool>(plan, index, storage);
+    case MDType::String:
+        return ReadScalarAs<std::string>(plan, index, storage);
+    case MDType::Assignment:
+    case MDType::Line:
+    case MDType::List:
+    case MDType::Map:
+    case MDType::None:
+    case MDType::Raw:
+    case MDType::Record:
+        break;
+    }
+    return false;
+}
+
+template <class T>
+bool DataReader::ReadScalarAs(const DataPlan& plan, std::size_t index, void* storage)
+{
+    Reading<T> reading = values_.Read<T>(plan.items[index], words_.GetWord());
+    const bool isShifted = Report(plan.items[index], std::move(reading.faults));
+    if (reading.hasVariables)
+        notes_.AddVariable(static_cast<int>(index), 1, words_.GetWord().text);
+    if (!reading.value)
+        return isShifted;
+    if constexpr (std::is_same_v<T, int> || std::is_same_v<T, double>)
+        CheckNumber(plan, index, static_cast<double>(*reading.value));
+    *static_cast<Optional<T>*>(storage) = std::move(*reading.value);
+    return false;
+}
+
+/// Against the limits of the item, and the values before it in its column.
+void DataReader::CheckNumber(const DataPlan& plan, std::size_t index, double value)
+{
+    const DataPlan& item = plan.items[index];
+    if (!IsWithinLimits(item, value)) {
+        ReportInRow(values_.Beyond(item, value));
+    } else if (auto disorder = order_.Check(plan, index, value, words_.GetRange())) {
+        ReportInRow(std::move(disorder->misfit));
+        if (disorder->mayBeNewTable)
+            order_.SetOutOfStep();
+    }
+}
+
+DataReader::Ended DataReader::EndRecord(const DataPlan& plan)
+{
+    if (plan.termination == Termination::NONE || plan.items.empty())
+        return Ended::Complete;
+    if (plan.items.back().type == MDType::Line)
+        return Ended::Complete; // with its line
+    if (BeginsNextRecord(plan, plan.items.size())) {
+        Unclosed("record");
+        return Ended::Complete;
+    }
+    switch (words_.Next()) {
+    case Got::Slash:
+        return Ended::Complete;
+    case Got::Stop:
+        return Unclosed("record");
+    case Got::Value:
+    case Got::Default:
+        break;
+    }
+    reporter_.Report(words_.GetRange(), Code::TooManyValues,
+        fmt::format("{}: the record has {} item{}, and here is one more", keyword_.text, plan.items.size(),
+            plan.items.size() == 1 ? "" : "s"),
+        "end the record with a slash before it");
+    return SkipToSlash();
+}
+
+/// One message for all items that are missing.
+void DataReader::CheckMissing(const DataPlan& plan, std::size_t first, const TextRange& range)
+{
+    std::string missing;
+    for (std::size_t i = first; i < plan.items.size(); ++i) {
+        const DataPlan& item = plan.items[i];
+        if (item.IsScalar() && !item.MayBeMissing() && item.isValid)
+            missing += (missing.empty() ? "" : ", ") + NameOf(item);
+    }
+    if (!missing.empty() && !order_.IsOutOfStep())
+        reporter_.Report(range, Code::TooFewValues,
+            fmt::format("{}: the record ends before {}", keyword_.text, missing),
+            "only what has a default may be left out");
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,193 @@
+#include "quor/deck/internal/read/ValueReader.h"
+
+#include "quor/deck/internal/read/WordHints.h"
+#include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/NumberText.h"
+#include "quor/metadata/IKeywordChoiceMD.h"
+#include "quor/metadata/IUnsupportedByMD.h"
+#include "quor/metadata/IValidityMD.h"
+
+#include <fmt/format.h>
+
+#include <type_traits>
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+
+namespace {
+
+using MDType = IKeywordDataMD::MDType;
+
+template <class T>
+constexpr bool isText = std::is_same_v<T, std::string>;
+
+/// YES and NO, in the forms that decks have for them.
+std::optional<bool> ToBoolean(std::string_view text)
+{
+    const std::string word = ToUpper(text);
+    if (word == "YES" || word == "Y" || word == "TRUE" || word == "T")
+        return true;
+    if (word == "NO" || word == "N" || word == "FALSE" || word == "F")
+        return false;
+    return std::nullopt;
+}
+
+const IKeywordChoiceMD& ChoiceMD(const DataPlan& item)
+{
+    return static_cast<const IKeywordChoiceMD&>(*item.md);
+}
+
+std::optional<int> FindChoice(const IKeywordChoiceMD& choice, std::string_view text)
+{
+    std::string ignored;
+    const int index = choice.GetIndex(std::string(text), ignored);
+    return index < 0 ? std::nullopt : std::optional<int>(index);
+}
+
+/// The value of the item that a word stands for.
+template <class T>
+std::optional<T> FindValue(const DataPlan& item, std::string_view text, bool isQuoted)
+{
+    if constexpr (isText<T>)
+        return std::string(text);
+    else if constexpr (std::is_same_v<T, bool>)
+        return ToBoolean(text);
+    else if (item.type == MDType::Choice)
+        return static_cast<std::optional<T>>(FindChoice(ChoiceMD(item), text));
+    else
+        return isQuoted ? std::nullopt : ToNumber<T>(text);
+}
+
+bool MayHoldVariables(std::string_view text)
+{
+    return text.find('$') != std::string_view::npos;
+}
+
+template <class T>
+bool IsValue(const DataPlan& item, const DataWord& word)
+{
+    const std::optional<T> value = FindValue<T>(item, word.text, word.IsQuoted());
+    return value && IsWithinLimits(item, static_cast<double>(*value));
+}
+
+} // namespace
+
+template <class T>
+Reading<T> ValueReader::Read(const DataPlan& item, const Token& word)
+{
+    choiceMessage_.clear();
+    Text text{word.text, word.kind == Token::Kind::Quoted};
+    Reading<T> reading;
+    reading.value = FindValue<T>(item, text.text, text.isQuoted);
+    std::optional<std::string> replaced;
+    if ((isText<T> || !reading.value) && MayHoldVariables(text.text)) {
+        const VariablesString variables((std::string(text.text)));
+        reading.hasVariables = !variables.GetVariables().empty();
+        if (reading.hasVariables)
+            replaced = variables_.Replace(variables, word.range);
+        if (replaced) {
+            choiceMessage_.clear();
+            text = {*replaced, false};
+            reading.value = FindValue<T>(item, text.text, text.isQuoted);
+        } else if (reading.hasVariables && !isText<T>) {
+            return reading;
+        }
+    }
+    if (reading.value)
+        Remark(item, text, *reading.value, reading.faults.remarks);
+    else
+        reading.faults.misfit = MisfitOf<T>(item, text);
+    return reading;
+}
+
+template Reading<bool> ValueReader::Read(const DataPlan&, const Token&);
+template Reading<int> ValueReader::Read(const DataPlan&, const Token&);
+template Reading<double> ValueReader::Read(const DataPlan&, const Token&);
+template Reading<std::string> ValueReader::Read(const DataPlan&, const Token&);
+
+template <class T>
+Misfit ValueReader::MisfitOf(const DataPlan& item, const Text& word) const
+{
+    if (item.type == MDType::Choice)
+        return {Code::NotAChoice, fmt::format("{}: {} is not one of its words", In(item), Shorten(word.text)),
+            HintOfChoice(ChoiceMD(item), std::string(word.text))};
+    constexpr const char* expected = std::is_same_v<T, bool> ? "YES or NO"
+        : std::is_same_v<T, int>                             ? "a whole number"
+                                                             : "a number";
+    return {Code::WrongType,
+        fmt::format("{}: {} is expected, and here is {}", In(item), expected,
+            word.isQuoted ? "a text in quotes" : Shorten(word.text))};
+}
+
+void ValueReader::Remark(
+    const DataPlan& item, const Text& word, const std::string& /*value*/, std::vector<Misfit>& to)
+{
+    if (item.longest > 0 && CountCharacters(word.text) > static_cast<std::size_t>(item.longest))
+        to.push_back({Code::LongText,
+            fmt::format("{}: of the text only the first {} characters count", In(item), item.longest),
+            "shorten it"});
+}
+
+void ValueReader::Remark(const DataPlan& item, const Text& word, int value, std::vector<Misfit>& to)
+{
+    if (item.type != MDType::Choice)
+        return;
+    const IKeywordChoiceMD& choice = ChoiceMD(item);
+    if (!choiceMessage_.empty()) {
+        const bool isDeprecated = choiceMessage_.find(" is a deprecated synonym for ") != std::string::npos;
+        to.push_back({isDeprecated ? Code::DeprecatedWord : Code::AbbreviatedWord,
+            fmt::format("{}: {} stands for {}{}", In(item), Shorten(word.text), choice.GetChoice(value),
+                isDeprecated ? ", and may not be understood in future" : ""),
+            fmt::format("write {}", choice.GetChoice(value))});
+    }
+    if (target_.simulator == SimulatorType::Any)
+        return;
+    if (!choice.GetValidity(value).IsValid(target_.simulator, target_.mode))
+        to.push_back({Code::ChoiceNotValid,
+            fmt::format("{}: {} is not valid for {}", In(item), choice.GetChoice(value), NameOf(target_)),
+            "choose another word"});
+    else if (choice.GetUnsupportedBy(value).IsUnsupportedBy(target_.simulator, target_.mode))
+        to.push_back({Code::ChoiceUnsupported,
+            fmt::format("{}: {} has no effect for {}", In(item), choice.GetChoice(value), NameOf(target_))});
+}
+
+Misfit ValueReader::Beyond(const DataPlan& item, double value) const
+{
+    return {Code::OutOfRange,
+        value < item.min ? fmt::format("{}: {} is less than {}", In(item), value, item.min)
+                         : fmt::format("{}: {} is greater than {}", In(item), value, item.max)};
+}
+
+std::string ValueReader::In(const DataPlan& item) const
+{
+    return item.md->GetName().empty() ? std::string(keyword_)
+                                      : fmt::format("{}, {}", keyword_, item.md->GetName());
+}
+
+bool CanBeValue(const DataPlan& item, const DataWord& word)
+{
+    if (MayHoldVariables(word.text))
+        return true;
+    switch (item.type) {
+    case MDType::Boolean:
+        return FindValue<bool>(item, word.text, word.IsQuoted()).has_value();
+    case MDType::Choice:
+    case MDType::Integer:
+        return IsValue<int>(item, word);
+    case MDType::Real:
+        return IsValue<double>(item, word);
+    case MDType::Assignment:
+    case MDType::Line:
+    case MDType::List:
+    case MDType::Map:
+    case MDType::None:
+    case MDType::Raw:
+    case MDType::Record:
+    case MDType::String:
+        break;
+    }
+    return true;
+}
+
+} // namespace Veld::Quor::Core::Decks

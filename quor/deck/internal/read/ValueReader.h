@@ -1,0 +1,94 @@
+#pragma once
+
+#include "quor/deck/FindingCodes.h"
+#include "quor/deck/Target.h"
+#include "quor/deck/internal/read/DataPlan.h"
+#include "quor/deck/internal/read/DeckText.h"
+#include "quor/deck/internal/read/VariableValues.h"
+#include "quor/deck/internal/text/WordText.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Veld::Quor::Core::Keywords {
+class IKeywordChoiceMD;
+}
+
+namespace Veld::Quor::Core::Decks {
+
+/// What is wrong with a word, to be reported where it is.
+struct Misfit {
+    Code code;
+    std::string message;
+    std::string hint = {};
+};
+
+/// What is wrong with a word.
+struct WordFaults {
+    std::optional<Misfit> misfit; ///< why it is no value
+    std::vector<Misfit> remarks; ///< on a value
+};
+
+/// What a word says of an item. Of a choice the value is the index.
+template <class T>
+struct Reading {
+    std::optional<T> value; ///< empty without a misfit: a variable has no value, and that was reported
+    WordFaults faults;
+    bool hasVariables = false; ///< there are variables in the word
+};
+
+/// Reads the values of a keyword's items from words.
+class ValueReader {
+public:
+    ValueReader(const Target& target, VariableValues& variables)
+        : target_(target)
+        , variables_(variables)
+    {
+    }
+
+    /// The messages name the keyword.
+    void Begin(const Token& keyword) { keyword_ = keyword.text; }
+    /// Takes a message of the library about a choice that was not the plain word.
+    void NoteChoice(const char* message) { choiceMessage_ = message; }
+
+    /// T: bool, int, double or std::string, as the item's data are stored. The limits of the item are not
+    /// checked.
+    template <class T>
+    Reading<T> Read(const DataPlan& item, const Token& word);
+
+    /// The value is not within the item's limits.
+    Misfit Beyond(const DataPlan& item, double value) const;
+    /// "WCONPROD, ORAT" for an item with a name, else the keyword's name.
+    std::string In(const DataPlan& item) const;
+
+private:
+    /// A word, or what became of it when variables were replaced.
+    struct Text {
+        std::string_view text;
+        bool isQuoted;
+    };
+
+    template <class T>
+    Misfit MisfitOf(const DataPlan& item, const Text& word) const;
+    void Remark(const DataPlan& item, const Text& word, const std::string& value, std::vector<Misfit>& to);
+    void Remark(const DataPlan& item, const Text& word, int value, std::vector<Misfit>& to);
+    void Remark(const DataPlan&, const Text&, double, std::vector<Misfit>&) { }
+    void Remark(const DataPlan&, const Text&, bool, std::vector<Misfit>&) { }
+
+    Target target_;
+    VariableValues& variables_;
+    std::string_view keyword_;
+    std::string choiceMessage_;
+};
+
+/// Whether the word can be a value of the item, within its limits.
+bool CanBeValue(const DataPlan& item, const DataWord& word);
+
+inline bool IsWithinLimits(const DataPlan& item, double value)
+{
+    return value >= item.min && value <= item.max;
+}
+
+} // namespace Veld::Quor::Core::Decks

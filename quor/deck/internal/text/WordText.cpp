@@ -1,0 +1,97 @@
+#include "quor/deck/internal/text/WordText.h"
+
+#include "quor/deck/internal/text/LineText.h"
+
+#include <algorithm>
+
+namespace Veld::Quor::Core::Decks {
+
+namespace {
+
+using Quotes = DataWord::Quotes;
+
+std::size_t LengthOfBareWord(std::string_view text)
+{
+    const auto counts = [](char c) { return (c >= '0' && c <= '9') || c == '*'; };
+    bool isCount = counts(text[0]);
+    std::size_t length = 1;
+    for (; length < text.size(); ++length) {
+        const char c = text[length];
+        if (IsSeparator(c) || c == '/' || IsCommentAt(text, length)
+            || (IsQuote(c) && isCount && text[length - 1] == '*'))
+            break;
+        isCount = isCount && counts(c);
+    }
+    return length;
+}
+
+DataWord FindQuoted(std::string_view text)
+{
+    std::string_view line = text.substr(0, text.find('\n'));
+    if (line.ends_with('\r'))
+        line.remove_suffix(1);
+    const std::size_t end = line.find(line[0], 1);
+    if (end != std::string_view::npos)
+        return {line.substr(1, end - 1), end + 1, {}, Quotes::Closed};
+    std::size_t length = std::min(line.find_first_of(" \t", 1), line.size());
+    if (length > 2 && line[length - 1] == '/')
+        --length;
+    return {line.substr(1, length - 1), length, {}, Quotes::Unclosed};
+}
+
+} // namespace
+
+DataWord FindDataWord(std::string_view text)
+{
+    if (IsQuote(text[0]))
+        return FindQuoted(text);
+    DataWord word;
+    word.length = LengthOfBareWord(text);
+    word.text = text.substr(0, word.length);
+    word.repeat = FindRepeat(word.text);
+    const bool isRepeatedQuote =
+        word.repeat.length == word.length && word.length < text.size() && IsQuote(text[word.length]);
+    if (isRepeatedQuote) {
+        const Repeat repeat = word.repeat;
+        word = FindQuoted(text.substr(repeat.length));
+        word.length += repeat.length;
+        word.repeat = repeat;
+        return word;
+    }
+    if (word.length > 1 && IsQuote(word.text.back()))
+        word.quotes = Quotes::Unopened;
+    word.text.remove_prefix(word.repeat.length);
+    return word;
+}
+
+LineWords FindLineWords(std::string_view line)
+{
+    LineWords found;
+    std::size_t offset = 0;
+    while (offset < line.size() && !found.isEnded && !IsCommentAt(line, offset)) {
+        if (IsSeparator(line[offset])) {
+            ++offset;
+        } else if (line[offset] == '/') {
+            found.isEnded = true;
+        } else {
+            DataWord word = FindDataWord(line.substr(offset));
+            if (word.quotes == Quotes::Unclosed) {
+                word.text = line.substr(static_cast<std::size_t>(word.text.data() - line.data()));
+                word.length = line.size() - offset;
+            }
+            offset += word.length;
+            found.words.push_back(word);
+        }
+    }
+    return found;
+}
+
+std::size_t CountValues(const LineWords& line)
+{
+    std::size_t count = 0;
+    for (const DataWord& word : line.words)
+        count += static_cast<std::size_t>(word.repeat.count);
+    return count;
+}
+
+} // namespace Veld::Quor::Core::Decks
