@@ -41,20 +41,20 @@ struct RecordStart {
     }
 };
 
-/// Reads what stands after a keyword into its data, as its metadata say, and reports what is wrong. One wrong
-/// word is reported once; after it, reading goes on.
+/// Reads what is after a keyword into its data, as its metadata say, and reports what is wrong. One wrong word
+/// is reported once; after it, reading continues.
 class DataReader {
 public:
     /// `keepsValueRanges`: the notes get the range of each value, at a cost in time and memory.
     DataReader(const Target& target, DeckText& text, FindingReporter& reporter, Decks::SizeOfName sizeOfName,
         VariableTexts variables, bool keepsValueRanges);
 
-    /// The text stands after `keyword`. Where the outermost data are a list, `places` gets the begin of each
+    /// The text continues after `keyword`. Where the outermost data are a list, `starts` gets the begin of each
     /// element.
     void Read(const DataPlan& plan, const Token& keyword, Core::Keywords::IKeywordData& data, bool mayBeShort,
         std::vector<RecordStart>& starts);
 
-    /// What stood in the text of the keyword beside its data.
+    /// What the text of the keyword holds beside its data.
     DataNotes TakeNotes() { return std::move(notesOfKeyword_); }
 
     /// How many variables of the keyword have no value.
