@@ -50,6 +50,7 @@
 #include "quor/foundation/service/xml/XMLDocument.h"
 #include "quor/foundation/service/xml/XMLElement.h"
 #include "quor/metadata/AliasesMDImpl.h"
+#include "quor/metadata/ChoiceMatch.h"
 #include "quor/metadata/ConstMetaDataIterator.h"
 #include "quor/metadata/CustomReadTermination.h"
 #include "quor/metadata/DefaultTable.h"

@@ -2,15 +2,13 @@
 
 #include "quor/foundation/internal/DocumentWalk.h"
 #include "quor/foundation/internal/DocumentWords.h"
-#include "quor/foundation/service/MatchPolicy.h"
 #include "quor/foundation/service/MessageCapper.h"
 #include "quor/foundation/service/Strings.h"
+#include "quor/metadata/internal/ChoiceMatching.h"
 #include "quor/metadata/internal/DefaultReader.h"
 
-#include <algorithm>
 #include <array>
 #include <cassert>
-#include <limits>
 #include <utility>
 
 namespace Veld::Quor::Core::Keywords {
@@ -21,17 +19,10 @@ using xercesc::DOMElement;
 
 namespace {
 
-constexpr int none = -1;
-
 std::string ToUpper(std::string text)
 {
     Service::StringToUpper(text);
     return text;
-}
-
-bool StartsWith(const std::string& text, const std::string& start)
-{
-    return text.compare(0, start.size(), start) == 0;
 }
 
 } // namespace
@@ -45,12 +36,22 @@ const KeywordChoiceMDImpl::ChoiceMD& KeywordChoiceMDImpl::At(int index) const
 int KeywordChoiceMDImpl::GetIndex(const std::string& text) const
 {
     std::string message;
-    return Index(text, message, true);
+    return GetIndex(text, message);
 }
 
 int KeywordChoiceMDImpl::GetIndex(const std::string& text, std::string& message) const
 {
-    return Index(text, message, true);
+    const ChoiceMatch match = Match(text);
+    if (match.needsWarning)
+        Service::MessageCapper::instance()->logW(Internal::WarningOf(choices_, match, text));
+    if (match.kind == ChoiceMatch::Kind::None && !Service::AllBlanks(text))
+        message = "Must be one of " + GetChoicesAsString();
+    return match.index;
+}
+
+ChoiceMatch KeywordChoiceMDImpl::Match(std::string_view text) const
+{
+    return Internal::MatchChoice(choices_, text);
 }
 
 void KeywordChoiceMDImpl::AddChoice(ChoiceMD&& choice)
@@ -61,108 +62,8 @@ void KeywordChoiceMDImpl::AddChoice(ChoiceMD&& choice)
 void KeywordChoiceMDImpl::AddChoice(
     const std::string& text, const ValidityMDImpl& validity, const UnsupportedByMDImpl& unsupportedBy)
 {
-    std::string ignored;
-    if (Index(text, ignored, false) == none)
+    if (Internal::FindWord(choices_, text) < 0)
         choices_.push_back({ToUpper(text), validity, unsupportedBy, AliasesMDImpl()});
-}
-
-int KeywordChoiceMDImpl::Index(const std::string& text, std::string& message, bool abbreviate) const
-{
-    if (Service::AllBlanks(text)) {
-        const auto at = std::find_if(choices_.begin(), choices_.end(),
-            [](const ChoiceMD& choice) { return Service::AllBlanks(choice.text); });
-        return at == choices_.end() ? none : static_cast<int>(at - choices_.begin());
-    }
-    const std::string upper = ToUpper(text);
-    int index = abbreviate ? FindAbbreviated(upper) : FindText(upper);
-    if (index == none && abbreviate && Service::UseLaxMatch())
-        index = FindLax(upper);
-    if (index == none)
-        message = "Must be one of " + GetChoicesAsString();
-    return index;
-}
-
-int KeywordChoiceMDImpl::FindText(const std::string& upper) const
-{
-    for (int index = 0; index < NumChoices(); ++index) {
-        if (GetChoice(index) == upper)
-            return index;
-    }
-    return none;
-}
-
-/// The shortest word or alias that starts with the text wins, and among equals the first.
-int KeywordChoiceMDImpl::FindAbbreviated(const std::string& upper) const
-{
-    int best = none;
-    std::size_t bestLength = std::numeric_limits<std::size_t>::max();
-    const AliasesMDImpl::Alias* alias = nullptr; // the last one that was the best so far
-    const auto isBetter = [&](const std::string& candidate) {
-        return candidate.size() < bestLength && StartsWith(candidate, upper);
-    };
-    for (int index = 0; index < NumChoices(); ++index) {
-        const ChoiceMD& choice = At(index);
-        if (isBetter(choice.text)) {
-            // Wanted: `alias` stays, so an earlier, longer, hidden alias of another choice is still warned
-            // of.
-            best = index;
-            bestLength = choice.text.size();
-        }
-        for (const AliasesMDImpl::Alias& candidate : choice.aliases.GetAliasList()) {
-            if (!isBetter(candidate.first))
-                continue;
-            best = index;
-            bestLength = candidate.first.size();
-            if (candidate.first != choice.text)
-                alias = &candidate;
-        }
-    }
-    if (best == none)
-        return none;
-    if (alias && alias->second) {
-        const std::string& word = GetChoice(best);
-        Service::MessageCapper::instance()->logW(alias->first + " is a deprecated synonym for " + word
-            + " and may be removed in a future release; please use " + word + ".");
-    } else if (GetChoice(best).size() != upper.size()) {
-        // Wanted: lengths decide, so an alias as long as the word passes in silence.
-        WarnOfMatch(upper, best);
-    }
-    return best;
-}
-
-/// The words that agree with the text furthest from its start, and of these the shortest; aliases take no
-/// part. A text whose first character starts no word has no match.
-int KeywordChoiceMDImpl::FindLax(const std::string& upper) const
-{
-    std::vector<int> candidates(choices_.size());
-    for (int index = 0; index < NumChoices(); ++index)
-        candidates[static_cast<std::size_t>(index)] = index;
-    for (std::size_t position = 0; position < upper.size(); ++position) {
-        std::vector<int> next;
-        for (const int index : candidates) {
-            const std::string& word = GetChoice(index);
-            if (word.size() > position && word[position] == upper[position])
-                next.push_back(index);
-        }
-        if (next.empty() && position > 0)
-            break;
-        candidates = std::move(next);
-        if (candidates.size() <= 1)
-            break;
-    }
-    const auto shortest = std::min_element(candidates.begin(), candidates.end(),
-        [this](int a, int b) { return GetChoice(a).size() < GetChoice(b).size(); });
-    if (shortest == candidates.end())
-        return none;
-    WarnOfMatch(upper, *shortest);
-    return *shortest;
-}
-
-void KeywordChoiceMDImpl::WarnOfMatch(const std::string& upper, int index) const
-{
-    const std::string& word = GetChoice(index);
-    Service::MessageCapper::instance()->logW(
-        upper + " has matched option " + word + "; please use " + word + " to avoid ambiguity.");
 }
 
 /// "A, B or C"

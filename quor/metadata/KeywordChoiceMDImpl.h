@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Veld::Quor::Core::Keywords {
@@ -30,6 +31,7 @@ public:
     const IUnsupportedByMD& GetUnsupportedBy(int index) const override { return At(index).unsupportedBy; }
     int GetIndex(const std::string& text) const override;
     int GetIndex(const std::string& text, std::string& message) const override;
+    ChoiceMatch Match(std::string_view text) const override;
 
     const std::vector<ChoiceMD>& GetChoices() const { return choices_; }
 
@@ -46,11 +48,6 @@ private:
     class PendingDefaults;
 
     const ChoiceMD& At(int index) const;
-    int Index(const std::string& text, std::string& message, bool abbreviate) const;
-    int FindText(const std::string& upper) const;
-    int FindAbbreviated(const std::string& upper) const;
-    int FindLax(const std::string& upper) const;
-    void WarnOfMatch(const std::string& upper, int index) const;
     std::string GetChoicesAsString() const;
 
     void ReadValues(const xercesc::DOMElement& element);

@@ -52,12 +52,30 @@ std::string Match(const IKeywordChoiceMD& choice, const std::string& text, bool 
     return result;
 }
 
+/// "1 Alias ALT warned", or "None".
+std::string Describe(const ChoiceMatch& match)
+{
+    static const char* const kinds[] = {"None", "Word", "Alias", "Abbreviation", "Deprecated", "Lax"};
+    const std::string kind = kinds[static_cast<int>(match.kind)];
+    return (match.index < 0 ? kind : std::to_string(match.index) + ' ' + kind)
+        + (match.alias.empty() ? "" : ' ' + match.alias) + (match.needsWarning ? " warned" : "");
+}
+
+/// A choice of a host that knows no `Match`: "YES" by its first letter.
+class HostChoice : public KeywordChoiceMDImpl {
+public:
+    HostChoice() { AddChoice("YES", ValidityMDImpl(true), UnsupportedByMDImpl(false)); }
+    using KeywordChoiceMDImpl::GetIndex;
+    int GetIndex(const std::string& text) const override { return text.starts_with('Y') ? 0 : -1; }
+    ChoiceMatch Match(std::string_view text) const override { return IKeywordChoiceMD::Match(text); }
+};
+
 /// "words / text": what `text` matches of the words. The names of the rows tell which match is asked for.
-class ChoiceMatch : public testing::TestWithParam<Row> { };
+class ChoiceWarning : public testing::TestWithParam<Row> { };
 
 } // namespace
 
-TEST_P(ChoiceMatch, GivesIndexAndWarning)
+TEST_P(ChoiceWarning, GivesIndexAndWarning)
 {
     const auto& [name, row, expected] = GetParam();
     const std::size_t bar = row.find(" / ");
@@ -65,7 +83,7 @@ TEST_P(ChoiceMatch, GivesIndexAndWarning)
     EXPECT_EQ(Match(*choice, row.substr(bar + 3), name.starts_with("Lax")), expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Words, ChoiceMatch, testing::ValuesIn(Rows(R"(
+INSTANTIATE_TEST_SUITE_P(Words, ChoiceWarning, testing::ValuesIn(Rows(R"(
 AnyCase: ALPHA ALTO|ALT BETA|~OLD / alpha => 0
 ShortestCandidate: ALPHA ALTO|ALT BETA|~OLD / AL => 1: AL has matched option ALTO; please use ALTO to avoid ambiguity.
 Abbreviation: ALPHA ALTO|ALT BETA|~OLD / alp => 0: ALP has matched option ALPHA; please use ALPHA to avoid ambiguity.
@@ -94,12 +112,58 @@ LaxFirstCharacterStartsNone: ONLY / XNLY => -1: Must be one of ONLY
 )")),
     CaseName<Row>);
 
+class ChoiceValue : public testing::TestWithParam<Row> { };
+
+TEST_P(ChoiceValue, SaysHowItMatchedAndLogsNothing)
+{
+    const auto& [name, row, expected] = GetParam();
+    const std::size_t bar = row.find(" / ");
+    const auto choice = Read<KeywordChoiceMDImpl>(Choices(row.substr(0, bar)));
+    const LogCapture log;
+    Service::SetUseLaxMatch(name.starts_with("Lax"));
+    const ChoiceMatch match = choice->Match(row.substr(bar + 3));
+    Service::SetUseLaxMatch(false);
+    EXPECT_EQ(Describe(match), expected);
+    EXPECT_EQ(log.Text(), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Words, ChoiceValue, testing::ValuesIn(Rows(R"(
+Word: ALPHA ALTO|ALT BETA|~OLD / Beta => 2 Word
+WordBeforeItsLongerSister: ABC AB / ab => 1 Word
+Abbreviation: ALPHA ALTO|ALT BETA|~OLD / alp => 0 Abbreviation warned
+Alias: ALPHA ALTO|ALT BETA|~OLD / alt => 1 Alias ALT warned
+StartOfAlias: ALPHA ALTO|ALT BETA|~OLD / AL => 1 Abbreviation ALT warned
+AliasAsLongAsTheWord: RATE|FLOW / flow => 0 Alias FLOW
+AbbreviationAsLongAsTheWord: AB|CDE / cd => 0 Abbreviation CDE
+WordShorterThanAPlainAlias: LONG|ABCDEF ABCD / ABC => 1 Abbreviation warned
+HiddenAlias: ALPHA ALTO|ALT BETA|~OLD / OLD => 2 Deprecated OLD warned
+StartOfHiddenAlias: ALPHA ALTO|ALT BETA|~OLD / o => 2 Deprecated OLD warned
+HiddenAliasOfAnotherChoice: LONG|~ABCDEF ABCD / ABCD => 1 Deprecated ABCDEF warned
+PlainAliasAfterAHiddenOne: ONE|~XYZZ TWO|XYZ / XY => 1 Abbreviation XYZ warned
+None: ALPHA ALTO|ALT BETA|~OLD / BEXX => None
+Blank: ALPHA ALTO|ALT BETA|~OLD /   => None
+Lax: ALPHA ALTO|ALT BETA|~OLD / BEXX => 2 Lax warned
+LaxAsLongAsTheWord: ABX / ABZ => 0 Lax warned
+LaxLeavesAliases: ALPHA ALTO|ALT BETA|~OLD / OLD => 2 Deprecated OLD warned
+LaxNone: ONLY / XNLY => None
+)")),
+    CaseName<Row>);
+
+TEST(Choices, OfAHostMatchByTheirOwnIndex)
+{
+    const HostChoice host;
+    EXPECT_EQ(Describe(host.Match("yes")), "None");
+    EXPECT_EQ(Describe(host.Match("YES")), "0 Word");
+    EXPECT_EQ(Describe(host.Match("YEAH")), "0 Abbreviation warned");
+}
+
 TEST(Choices, BlankTextMeansTheBlankChoice)
 {
     const auto choice = Read<KeywordChoiceMDImpl>(
         "<choice><values><value string='A'/><value string=' '/><value/></values></choice>");
     EXPECT_EQ(Match(*choice, "") + Match(*choice, "  \t", true), "11");
     EXPECT_EQ(choice->GetChoice(2), "");
+    EXPECT_EQ(Describe(choice->Match(" \t ")), "1 Word");
     EXPECT_EQ(Match(KeywordChoiceMDImpl(), "X"), "-1: Must be one of ");
 }
 
