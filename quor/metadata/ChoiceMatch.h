@@ -26,7 +26,11 @@ struct ChoiceMatch {
     /// `Abbreviation` if the text is not as long as the word of the choice.
     bool needsWarning = false;
 
-    bool operator==(const ChoiceMatch&) const = default;
+    friend bool operator==(const ChoiceMatch& a, const ChoiceMatch& b)
+    {
+        return a.index == b.index && a.kind == b.kind && a.alias == b.alias
+            && a.needsWarning == b.needsWarning;
+    }
 };
 
 } // namespace Veld::Quor::Core::Keywords

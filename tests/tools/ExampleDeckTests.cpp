@@ -1,8 +1,10 @@
 #include "quor/deck/FindingCodes.h"
 #include "quor/deck/internal/check/DeckCheck.h"
 #include "quor/deck/internal/write/DeckWriter.h"
+#include "quor/foundation/service/MessageCapper.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
+#include "tests/support/LogCapture.h"
 #include "tests/tools/SameDecks.h"
 
 #include <gtest/gtest.h>
@@ -14,6 +16,7 @@
 #include <string>
 
 using namespace Veld::Quor::Core::Keywords;
+using Veld::Quor::Core::Service::MessageCapper;
 using namespace Veld::Quor::Tests;
 using namespace Veld::Quor::Core::Decks;
 
@@ -135,6 +138,32 @@ TEST(CleanDecks, AreAllOfTheFolder)
         inTable.insert(row.deck);
     inTable.erase("field/field");
     EXPECT_EQ(DecksIn(folder), inTable);
+}
+
+/// Reads every deck of the examples, for any simulator and for one.
+void ReadAllDecks()
+{
+    for (const std::string& directory : {std::string(), std::string("field"), std::string("faulty")}) {
+        for (const std::string& name : DecksIn(folder / directory)) {
+            for (const Target& target : {Target{}, carrow})
+                ReadDeck((folder / directory / (name + ".data")).string(), {target}, GetVocabulary());
+        }
+    }
+}
+
+TEST(ReadingADeck, LeavesTheLogAndItsLimitsAlone)
+{
+    GetVocabulary();
+    MessageCapper& capper = *MessageCapper::instance();
+    const LogCapture log;
+    capper.Reset();
+    capper.SetLimit(1);
+    capper.logW("of the host");
+    ReadAllDecks();
+    capper.logW("of the host");
+    EXPECT_EQ(log.Text(), "of the host\n") << "once: the limit and what was counted are as before";
+    capper.SetLimit(MessageCapper::DefaultLimit);
+    capper.Reset();
 }
 
 /// A deck that is named after the code of its only finding.

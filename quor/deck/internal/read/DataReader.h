@@ -41,16 +41,16 @@ struct RecordStart {
     }
 };
 
-/// Reads what is after a keyword into its data, as its metadata say, and reports what is wrong. One wrong word
-/// is reported once; after it, reading continues.
+/// Reads what is after a keyword into its data, as its metadata say, and reports what is wrong. One wrong
+/// word is reported once; after it, reading continues.
 class DataReader {
 public:
     /// `keepsValueRanges`: the notes get the range of each value, at a cost in time and memory.
     DataReader(const Target& target, DeckText& text, FindingReporter& reporter, Decks::SizeOfName sizeOfName,
         VariableTexts variables, bool keepsValueRanges);
 
-    /// The text continues after `keyword`. Where the outermost data are a list, `starts` gets the begin of each
-    /// element.
+    /// The text continues after `keyword`. Where the outermost data are a list, `starts` gets the begin of
+    /// each element.
     void Read(const DataPlan& plan, const Token& keyword, Core::Keywords::IKeywordData& data, bool mayBeShort,
         std::vector<RecordStart>& starts);
 
@@ -66,9 +66,6 @@ public:
     std::size_t GetEnd() const { return words_.GetEnd().offset; }
     /// The turns of the text before that.
     std::size_t GetTurns() const { return words_.GetTurns(); }
-
-    /// Takes a message of the library about a choice that was not the plain word.
-    void NoteChoice(const char* message) { values_.NoteChoice(message); }
 
 private:
     using Got = WordStream::Got;

@@ -14,8 +14,6 @@
 #include "quor/deck/internal/read/WordHints.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/Vocabulary.h"
-#include "quor/foundation/service/Log.h"
-#include "quor/foundation/service/MessageCapper.h"
 #include "quor/syntax/ICellPropertyInfo.h"
 
 #include <fmt/format.h>
@@ -32,27 +30,6 @@ using namespace Core::Service;
 namespace {
 
 using MDType = IKeywordDataMD::MDType;
-
-/// Hands what the library says of choices to the reader, for as long as it lives.
-class ChoiceMessages {
-public:
-    explicit ChoiceMessages(DataReader& reader)
-        : before_(Log::SetHandler([&reader](const char* text, MessageSeverity) { reader.NoteChoice(text); }))
-    {
-        MessageCapper::instance()->SetLimit(-1);
-    }
-    ~ChoiceMessages()
-    {
-        MessageCapper::instance()->SetLimit(MessageCapper::DefaultLimit);
-        MessageCapper::instance()->Reset();
-        Log::SetHandler(before_);
-    }
-    ChoiceMessages(const ChoiceMessages&) = delete;
-    ChoiceMessages& operator=(const ChoiceMessages&) = delete;
-
-private:
-    LogHandler before_;
-};
 
 ReadOptions WithSource(ReadOptions options)
 {
@@ -118,7 +95,6 @@ private:
 
 std::unique_ptr<Deck> DeckReader::Read()
 {
-    const ChoiceMessages messages(data_);
     for (;;) {
         const Token head = text_.NextHead();
         if (text_.MissedInclusion())

@@ -40,9 +40,8 @@ const IKeywordChoiceMD& ChoiceMD(const DataPlan& item)
 
 std::optional<int> FindChoice(const IKeywordChoiceMD& choice, std::string_view text)
 {
-    std::string ignored;
-    const int index = choice.GetIndex(std::string(text), ignored);
-    return index < 0 ? std::nullopt : std::optional<int>(index);
+    const ChoiceMatch match = choice.Match(text);
+    return match.kind == ChoiceMatch::Kind::None ? std::nullopt : std::optional<int>(match.index);
 }
 
 /// The value of the item that a word stands for.
@@ -73,13 +72,25 @@ bool IsValue(const DataPlan& item, const DataWord& word)
 
 } // namespace
 
+/// As `FindValue`; keeps how a choice matched.
+template <class T>
+std::optional<T> ValueReader::Find(const DataPlan& item, const Text& word)
+{
+    if constexpr (std::is_same_v<T, int>) {
+        if (item.type == MDType::Choice) {
+            match_ = ChoiceMD(item).Match(word.text);
+            return match_.kind == ChoiceMatch::Kind::None ? std::nullopt : std::optional<int>(match_.index);
+        }
+    }
+    return FindValue<T>(item, word.text, word.isQuoted);
+}
+
 template <class T>
 Reading<T> ValueReader::Read(const DataPlan& item, const Token& word)
 {
-    choiceMessage_.clear();
     Text text{word.text, word.kind == Token::Kind::Quoted};
     Reading<T> reading;
-    reading.value = FindValue<T>(item, text.text, text.isQuoted);
+    reading.value = Find<T>(item, text);
     std::optional<std::string> replaced;
     if ((isText<T> || !reading.value) && MayHoldVariables(text.text)) {
         const VariablesString variables((std::string(text.text)));
@@ -87,9 +98,8 @@ Reading<T> ValueReader::Read(const DataPlan& item, const Token& word)
         if (reading.hasVariables)
             replaced = variables_.Replace(variables, word.range);
         if (replaced) {
-            choiceMessage_.clear();
             text = {*replaced, false};
-            reading.value = FindValue<T>(item, text.text, text.isQuoted);
+            reading.value = Find<T>(item, text);
         } else if (reading.hasVariables && !isText<T>) {
             return reading;
         }
@@ -134,8 +144,8 @@ void ValueReader::Remark(const DataPlan& item, const Text& word, int value, std:
     if (item.type != MDType::Choice)
         return;
     const IKeywordChoiceMD& choice = ChoiceMD(item);
-    if (!choiceMessage_.empty()) {
-        const bool isDeprecated = choiceMessage_.find(" is a deprecated synonym for ") != std::string::npos;
+    if (match_.needsWarning) {
+        const bool isDeprecated = match_.kind == ChoiceMatch::Kind::Deprecated;
         to.push_back({isDeprecated ? Code::DeprecatedWord : Code::AbbreviatedWord,
             fmt::format("{}: {} stands for {}{}", In(item), Shorten(word.text), choice.GetChoice(value),
                 isDeprecated ? ", and may not be understood in future" : ""),

@@ -6,6 +6,7 @@
 #include "quor/deck/internal/read/DeckText.h"
 #include "quor/deck/internal/read/VariableValues.h"
 #include "quor/deck/internal/text/WordText.h"
+#include "quor/metadata/ChoiceMatch.h"
 
 #include <optional>
 #include <string>
@@ -50,8 +51,6 @@ public:
 
     /// The messages name the keyword.
     void Begin(const Token& keyword) { keyword_ = keyword.text; }
-    /// Takes a message of the library about a choice that was not the plain word.
-    void NoteChoice(const char* message) { choiceMessage_ = message; }
 
     /// T: bool, int, double or std::string, as the item's data are stored. The limits of the item are not
     /// checked.
@@ -71,6 +70,8 @@ private:
     };
 
     template <class T>
+    std::optional<T> Find(const DataPlan& item, const Text& word);
+    template <class T>
     Misfit MisfitOf(const DataPlan& item, const Text& word) const;
     void Remark(const DataPlan& item, const Text& word, const std::string& value, std::vector<Misfit>& to);
     void Remark(const DataPlan& item, const Text& word, int value, std::vector<Misfit>& to);
@@ -80,7 +81,7 @@ private:
     Target target_;
     VariableValues& variables_;
     std::string_view keyword_;
-    std::string choiceMessage_;
+    Keywords::ChoiceMatch match_; // of the choice that was read last
 };
 
 /// Whether the word can be a value of the item, within its limits.
