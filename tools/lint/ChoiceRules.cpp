@@ -1,4 +1,4 @@
-// The words of a choice, and how a default finds its own.
+// The words of a choice, and the choice that a default names.
 
 #include "tools/lint/Rules.h"
 
@@ -16,7 +16,7 @@ namespace {
 std::string Fold(std::string text)
 {
     if (IsBlank(text))
-        return {}; // a blank text finds a blank choice, of whatever blanks
+        return {}; // any blank text matches a blank choice
     Core::Service::StringToUpper(text);
     return text;
 }
@@ -49,7 +49,7 @@ void CheckWord(
 {
     if (!words.insert(word).second)
         reporter.Report(Code::UnreachableWord, span,
-            fmt::format("{} can't be reached: an earlier choice or alias is the same", Quoted(word)),
+            fmt::format("unreachable choice or alias {}; an earlier one has the same text", Quoted(word)),
             "remove it");
 }
 
@@ -72,7 +72,7 @@ void CheckValue(const Element& value, const Context& context, const Reporter& re
 {
     if (!value.Find("string"))
         reporter.Report(Code::MissingAttribute, value.span,
-            "<value> has no string, and counts as a blank choice", "write string=\"...\"");
+            "<value> without attribute 'string' is read as a blank choice", "write string=\"...\"");
     CheckItemValidity(value, context, reporter.In("choice", value.Get("string")));
 }
 
@@ -89,21 +89,23 @@ ChoiceWords ReadChoiceWords(const Element& choice)
 void CheckDefaultChoice(const ChoiceWords& words, const Attribute& value, const Reporter& reporter)
 {
     const std::string text = Fold(value.value);
-    const auto isBeginning = [&](const std::set<std::string>& of) {
+    const auto isPrefix = [&](const std::set<std::string>& of) {
         const auto at = of.lower_bound(text);
         return !text.empty() && at != of.end() && at->starts_with(text);
     };
     if (words.texts.contains(text))
         return;
-    if (isBeginning(words.texts) || isBeginning(words.aliases))
+    if (words.aliases.contains(text))
         reporter.Report(Code::DefaultNotInFull, value.valueSpan,
-            fmt::format("the default {} is {} a choice", Quoted(value.value),
-                words.aliases.contains(text) ? "an alias of" : "the beginning of"),
+            fmt::format("default {} is an alias of a choice", Quoted(value.value)),
+            "write the choice in full");
+    else if (isPrefix(words.texts) || isPrefix(words.aliases))
+        reporter.Report(Code::DefaultNotInFull, value.valueSpan,
+            fmt::format("default {} is an abbreviation of a choice", Quoted(value.value)),
             "write the choice in full");
     else
         reporter.Report(Code::DefaultNoChoice, value.valueSpan,
-            fmt::format(
-                "the default {} is none of the choices, and resolves to nothing", Quoted(value.value)),
+            fmt::format("default {} matches no choice and gives no value", Quoted(value.value)),
             reporter.IsFull() ? "" : HintOfNearest(text, {words.texts.begin(), words.texts.end()}));
 }
 

@@ -72,8 +72,8 @@ enum class Code {
 
 struct CodeInfo {
     Code code;
-    const char* name; ///< stable, for programs to go by
-    Core::Decks::Severity severity; ///< an error if the load fails
+    const char* name; ///< stable; programs can rely on it
+    Deck::Severity severity; ///< an error if the load fails
     const char* meaning; ///< one sentence
 };
 

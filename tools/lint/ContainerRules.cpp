@@ -26,18 +26,18 @@ void CheckSizes(const Element& list, const Reporter& reporter)
     for (const char* const name : {"size", "minSize", "maxSize"}) {
         const Attribute* const given = list.Find(name);
         if (given && IsBlank(given->value))
-            reporter.Report(
-                Code::MissingAttribute, given->nameSpan, fmt::format("the {} is empty", name), "remove it");
+            reporter.Report(Code::MissingAttribute, given->nameSpan,
+                fmt::format("attribute '{}' is empty", name), "remove the attribute");
         if (given && size && given != size)
             reporter.Report(Code::SizeConflict, given->nameSpan,
-                fmt::format("{} says nothing new, since the size is given", name),
-                fmt::format("remove {}", name));
+                fmt::format("attribute '{}' has no effect because the list has attribute 'size'", name),
+                fmt::format("remove attribute '{}'", name));
     }
     const auto least = ReadSize(list.Get("minSize"));
     const auto most = ReadSize(list.Get("maxSize"));
     if (least && most && *least > *most)
         reporter.Report(Code::CrossedLimits, list.Find("maxSize")->valueSpan,
-            fmt::format("the greatest size {} is below the least, {}", *most, *least));
+            fmt::format("maxSize {} is less than minSize {}", *most, *least));
 }
 
 void CheckListEnd(const Element& list, const Context& context, const Reporter& reporter)
@@ -49,16 +49,17 @@ void CheckListEnd(const Element& list, const Context& context, const Reporter& r
     const bool isCustomized = termination->value == "CUSTOMIZED";
     if (words && !isCustomized)
         reporter.Report(Code::TerminationOverridden, termination->valueSpan,
-            fmt::format("the termination is CUSTOMIZED because of <customReadTermination>, and not {}",
-                termination->value),
-            "write CUSTOMIZED, or remove one of them");
+            fmt::format("termination {} has no effect; with <customReadTermination> it is CUSTOMIZED",
+                Quoted(termination->value)),
+            "write CUSTOMIZED, or remove <customReadTermination>");
     if (!words && isCustomized)
         reporter.Report(Code::NoTerminationWords, termination->valueSpan,
-            "no words are given that end the list, so that its end is left to its reader",
-            "add a <customReadTermination>");
+            "termination CUSTOMIZED without <customReadTermination>; no word ends the list",
+            "add <customReadTermination>");
     if (!words && termination->value == "NONE" && !list.Find("size") && !context.isEnded)
-        reporter.Report(Code::SizeConflict, termination->valueSpan, "the list has neither a size nor an end",
-            "give its size, or a termination");
+        reporter.Report(Code::SizeConflict, termination->valueSpan,
+            "the list has neither a size nor a termination",
+            "add attribute 'size', or a termination other than NONE");
 }
 
 void CheckAssignmentValidity(const Element& assignment, const Context& context, const Reporter& reporter)
@@ -72,8 +73,8 @@ void CheckAssignmentValidity(const Element& assignment, const Context& context, 
         return;
     const Element* const validity = FindLast(assignment, "validity");
     reporter.Report(Code::ValidNowhere, validity ? validity->span : assignment.span,
-        validity ? "the assignment is valid for no simulator of the keyword"
-                 : "the assignment is valid nowhere, since it has no <validity>",
+        validity ? "the assignment is not valid for any simulator of the keyword"
+                 : "the assignment is not valid for any simulator because it has no <validity>",
         "list its simulators in <validity>");
 }
 
@@ -88,12 +89,12 @@ void CheckItem(const Element& item, const Context& context, const Reporter& repo
     const Attribute* const constraint = item.Find("columnConstraint");
     if (constraint && type->tag != "real" && type->tag != "integer")
         reporter.Report(Code::ConstraintOnText, constraint->nameSpan,
-            fmt::format("the values of {} have no order for a column constraint", Tagged(type->tag)),
-            "remove it");
+            fmt::format("column constraint on {}; expected <real> or <integer>", Tagged(type->tag)),
+            "remove the attribute");
     if (item.IsFlagged("identifier") && !IsScalar(*type))
         reporter.Report(Code::UnseenIdentifier, item.Find("identifier")->nameSpan,
-            fmt::format("identity looks at scalars only, and never at {} as a whole", Tagged(type->tag)),
-            "mark the items in it that tell one from another");
+            fmt::format("attribute 'identifier' has no effect on {}; expected a scalar", Tagged(type->tag)),
+            "mark the identifying items inside it");
 }
 
 void CheckList(const Element& list, const Context& context, const Reporter& reporter)
@@ -103,7 +104,8 @@ void CheckList(const Element& list, const Context& context, const Reporter& repo
     const Element* const type = FindType(list, Form::List);
     if (list.IsFlagged("itemsDefaultable") && !(type && IsScalar(*type)))
         reporter.Report(Code::DefaultableContainer, list.Find("itemsDefaultable")->nameSpan,
-            "only a list of scalars may be itemsDefaultable, and the load fails", "remove it");
+            "attribute 'itemsDefaultable' on a list that has no scalar elements; the load fails",
+            "remove the attribute");
 }
 
 void CheckMap(const Element& map, const Reporter& reporter)
@@ -113,7 +115,8 @@ void CheckMap(const Element& map, const Reporter& reporter)
         const Attribute* const name = element.Find("name");
         if (name && !name->value.empty() && !keys.insert(name->value).second)
             inner.Report(Code::UnreachableWord, name->valueSpan,
-                fmt::format("{} is a key of an earlier assignment, which counts", Quoted(name->value)),
+                fmt::format(
+                    "unreachable key {}; an earlier assignment has the same key", Quoted(name->value)),
                 "remove it");
     };
     for (const Element& assignment : map.children) {
@@ -132,7 +135,8 @@ void CheckAssignment(const Element& assignment, const Context& context, const Re
             Code::NoDescription, assignment.span, "the assignment has no description", "add a <description>");
     if (assignment.Get("name").empty() && !assignment.IsFlagged("wildcard")
         && !FindLast(assignment, "aliases"))
-        reporter.Report(Code::NoKey, assignment.span, "no name leads to the assignment", "give it a name");
+        reporter.Report(Code::NoKey, assignment.span, "the assignment has neither a name nor an alias",
+            "add attribute 'name'");
     CheckAssignmentValidity(assignment, context, reporter);
 }
 
@@ -142,8 +146,9 @@ void CheckItemValidity(const Element& owner, const Context& context, const Repor
     if (!validity || context.runs.none() || (ReadItemRuns(*validity) & context.runs).any())
         return;
     reporter.Report(Code::ValidNowhere, validity->span,
-        fmt::format("the {} is valid nowhere: <validity> lists nothing that the keyword is valid for",
-            owner.tag == "value" ? "choice" : "item"),
+        owner.tag == "value"
+            ? "the choice is not valid anywhere: <validity> lists no simulator or mode of the keyword"
+            : "the item is not valid anywhere: <validity> lists no simulator or mode of the keyword",
         "list simulators or modes of the keyword, or remove <validity>");
 }
 

@@ -146,9 +146,9 @@ std::string ReadBytes(const std::string& path)
     if (!std::filesystem::exists(status))
         throw DocumentError(std::generic_category().message(error ? error.value() : ENOENT));
     if (!std::filesystem::is_regular_file(status))
-        throw DocumentError("it is no regular file");
+        throw DocumentError("not a regular file");
     if (std::filesystem::file_size(path, error) > XMLDocument::MaxBytes)
-        throw DocumentError(fmt::format("it has more than {} bytes", XMLDocument::MaxBytes));
+        throw DocumentError(fmt::format("file too large (expected at most {} bytes)", XMLDocument::MaxBytes));
     std::ifstream file(path, std::ios::binary);
     std::string bytes{std::istreambuf_iterator<char>(file), {}};
     if (!file.good() && !file.eof())
@@ -221,7 +221,7 @@ std::vector<Document> Document::ReadBuiltin()
     return documents;
 }
 
-Decks::Location Document::LocationOf(std::size_t offset) const
+Deck::Place Document::LocationOf(std::size_t offset) const
 {
     const auto next = std::upper_bound(lines_.begin(), lines_.end(), offset);
     const auto line = static_cast<std::size_t>(next - lines_.begin());

@@ -70,34 +70,34 @@ void ForEachAlias(const Element& owner, const Use& use)
     }
 }
 
-/// Why there is no document to look at.
+/// The document cannot be read.
 class DocumentError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// A syntax document as the loader reads it, with the place of each part.
+/// A syntax document as the loader reads it, with the location of each part.
 class Document {
 public:
-    /// What the loader says of a text that it doesn't take.
+    /// The reason why the loader rejects a text.
     struct Refusal {
         std::string reason;
-        Core::Decks::Location location;
+        Deck::Place location;
     };
 
     /// Throws `DocumentError` if there is no such file, or it can't be read.
     static Document ReadFile(const std::string& path);
     static Document ReadText(std::string text, const std::string& name);
-    /// The documents that the library carries, trusted ones first, as the loader takes them. Their places are
-    /// those of a text that is made of them.
+    /// The documents that the library carries, trusted ones first, as the loader reads them. Their locations
+    /// refer to the text that they are written as.
     static std::vector<Document> ReadBuiltin();
 
     const std::string& GetName() const { return name_; }
-    /// Null if the text was refused.
+    /// Null if the text was rejected.
     const Element* GetRoot() const { return root_.get(); }
     const std::optional<Refusal>& GetRefusal() const { return refusal_; }
 
-    Core::Decks::Location LocationOf(std::size_t offset) const;
+    Deck::Place LocationOf(std::size_t offset) const;
     /// A line, without its end, by its number; empty if there is none.
     std::string_view GetLine(std::size_t number) const;
 

@@ -40,9 +40,10 @@ ChildForm Type(const char* tag, Form form, Repeat repeat)
     return {.tag = tag, .form = form, .repeat = repeat, .isType = true};
 }
 
-ChildForm Entry(const char* tag, Form form, const char* key, const char* twice = "it counts once")
+ChildForm Entry(
+    const char* tag, Form form, const char* key, const char* duplicate = "duplicate {} {} counts once")
 {
-    return {.tag = tag, .form = form, .key = key, .twice = twice};
+    return {.tag = tag, .form = form, .key = key, .duplicate = duplicate};
 }
 
 ChildForm Odd(ChildForm child)
@@ -73,8 +74,8 @@ std::vector<ElementForm> MakeForm()
     const Children number = {Last("min", Form::Limit), Last("max", Form::Limit),
         Last("default", Form::Default), Last("format", Form::Text)};
 
-    // Form, tag, attributes, children, what an empty one comes to, whether an unknown child fails, whether
-    // text counts.
+    // Form, tag, attributes, children, message for an empty one, whether an unknown child fails the load,
+    // whether text is read.
     return {
         {Form::Root, "the root", {}, {{"keyword", Form::Keyword}}},
         {Form::Keyword, "keyword", {name, {"id"}},
@@ -86,28 +87,29 @@ std::vector<ElementForm> MakeForm()
         {Form::Text, "text", {}, {}, nullptr, false, true},
         {Form::Flag, "flag"},
         {Form::KeywordAliases, "aliases", {}, {Entry("alias", Form::KeywordAlias, "name")},
-            "there are no aliases"},
+            "<aliases> is empty; expected <alias>"},
         {Form::KeywordAlias, "alias", {name}, Join({Flag("isHiddenAlias")}, keywordValidity)},
         {Form::ValidSimulators, "validSimulators", {}, {Entry("simulator", Form::KeywordSimulator, "name")},
-            "all simulators count"},
+            "<validSimulators> is empty; the keyword is valid for all simulators"},
         {Form::KeywordSimulator, "simulator",
             {simulator, {"supportLevel", Words::SupportLevel}, gridEditsOnly, classicOnly}},
-        {Form::ValidOptions, "validOptions", {}, {Entry("option", Form::Option, "value")}, "all modes count"},
+        {Form::ValidOptions, "validOptions", {}, {Entry("option", Form::Option, "value")},
+            "<validOptions> is empty; the keyword is valid in all modes"},
         {Form::Option, "option", {{"value", Words::Mode, true}}},
         {Form::ValidSections, "validSections", {}, {Entry("section", Form::Section, "name")},
-            "all sections count"},
+            "<validSections> is empty; the keyword is valid in all sections"},
         {Form::Section, "section", {{"name", Words::Section, true}},
             {Entry("simulator", Form::VariantSimulator, "name")}},
         {Form::VariantSimulator, "simulator", {simulator, gridEditsOnly, classicOnly}},
         {Form::Precedents, "precedents", {}, {Entry("precedent", Form::Precedent, "name")},
-            "there are no precedents"},
+            "<precedents> is empty; expected <precedent>"},
         {Form::Precedent, "precedent", {name}},
-        {Form::Scope, "scope", {}, {Entry("endKeyword", Form::EndKeyword, "name")}, "nothing ends the scope",
-            true},
+        {Form::Scope, "scope", {}, {Entry("endKeyword", Form::EndKeyword, "name")},
+            "<scope> is empty; nothing ends the scope", true},
         {Form::EndKeyword, "endKeyword", {name, {"explicit", Words::Flag}}},
         {Form::SummaryMnemonic, "summaryMnemonic", {},
-            {Entry("category", Form::Category, "name", "the last one counts")}, "the vector has no category",
-            true},
+            {Entry("category", Form::Category, "name", "duplicate {} {}; the last one is used")},
+            "<summaryMnemonic> is empty; the summary vector has no category", true},
         {Form::Category, "category", {{"name", Words::Category, true}, {"val"}}},
         {Form::Cell, "cell",
             {{"property"}, {"components", Words::Flag}, {"copyLayerAboveByDefault", Words::Flag},
@@ -115,10 +117,11 @@ std::vector<ElementForm> MakeForm()
         {Form::Data, "data", {},
             {Type("record", Form::Record, Repeat::FirstCounts), Type("list", Form::List, Repeat::FirstCounts),
                 Type("map", Form::Map, Repeat::FirstCounts), Type("raw", Form::Raw, Repeat::FirstCounts)},
-            "the keyword has no data", true},
+            "<data> is empty; the keyword has no data", true},
         {Form::Record, "record", {termination},
-            {description, Entry("item", Form::Item, "name", "only their places tell them apart")},
-            "the record holds nothing", true},
+            {description,
+                Entry("item", Form::Item, "name", "duplicate {} {}; only the position distinguishes them")},
+            "<record> has no item", true},
         {Form::Item, "item",
             {name, {"optional", Words::Flag}, {"identifier", Words::Flag},
                 {"columnConstraint", Words::Constraint}},
@@ -132,16 +135,17 @@ std::vector<ElementForm> MakeForm()
                 {"writeTerminationOnNewLine", Words::Flag}},
             Join({description, Last("customReadTermination", Form::CustomReadTermination)},
                 ItemTypes(Repeat::LastCounts)),
-            "the list has no elements", true},
+            "<list> has no element type", true},
         {Form::CustomReadTermination, "customReadTermination", {}, {{"stringTermination", Form::Text}},
-            "no word ends the list", true},
+            "<customReadTermination> is empty; no word ends the list", true},
         {Form::Map, "map", {termination}, {description, {"assignment", Form::Assignment}},
-            "nothing can be assigned", true},
+            "<map> has no assignment", true},
         {Form::Assignment, "assignment", {{"name", Words::Upper}, {"wildcard", Words::Flag}},
             {description, Last("integer", Form::AssignedInteger), {"aliases", Form::AssignmentAliases},
                 {"validity", Form::AssignmentValidity}}},
         {Form::AssignedInteger, "integer", {}, Join({description}, number)},
-        {Form::AssignmentAliases, "aliases", {}, {{"alias", Form::AssignmentAlias}}, "there are no aliases"},
+        {Form::AssignmentAliases, "aliases", {}, {{"alias", Form::AssignmentAlias}},
+            "<aliases> is empty; expected <alias>"},
         {Form::AssignmentAlias, "alias", {{"name", Words::Upper, true}}},
         {Form::AssignmentValidity, "validity", {}, {Odd(Entry("simulator", Form::ItemSimulator, "name"))}},
         {Form::ItemSimulator, "simulator", {simulator}},
@@ -153,17 +157,18 @@ std::vector<ElementForm> MakeForm()
         {Form::String, "string", {{"canContainComma", Words::Flag}},
             {description, defaultOf, Flag("caseSensitive"), Last("lengthLimit", Form::Text)}},
         {Form::Choice, "choice", {}, {description, defaultOf, {"values", Form::Values}},
-            "nothing can be chosen from it"},
+            "<choice> has no <values>; nothing can be chosen"},
         {Form::Limit, "min", {{"val", Words::Any, true}}},
         {Form::Quantity, "quantity", {name}},
         {Form::Default, "default", {{"type"}, {"val"}},
-            {Entry("override", Form::Override, "name", "the last one counts")}},
+            {Entry("override", Form::Override, "name", "duplicate {} {}; the last one is used")}},
         {Form::Override, "override", {{"name", Words::OverrideSimulator, true}, {"type"}, {"val"}}},
-        {Form::Values, "values", {}, {{"value", Form::Value}}, "nothing can be chosen"},
+        {Form::Values, "values", {}, {{"value", Form::Value}}, "<values> is empty; nothing can be chosen"},
         {Form::Value, "value", {{"string"}},
             {Last("validity", Form::Validity), Last("unsupportedBy", Form::UnsupportedBy),
                 {"aliases", Form::ChoiceAliases}}},
-        {Form::ChoiceAliases, "aliases", {}, {Odd({"alias", Form::ChoiceAlias})}, "there are no aliases"},
+        {Form::ChoiceAliases, "aliases", {}, {Odd({"alias", Form::ChoiceAlias})},
+            "<aliases> is empty; expected <alias>"},
         {Form::ChoiceAlias, "alias", {{"name", Words::Upper, true}}, {Odd(Flag("isHiddenAlias"))}},
         {Form::Validity, "validity", {},
             {Odd(Entry("simulator", Form::ItemSimulator, "name")),
@@ -242,7 +247,7 @@ std::vector<std::string> ValuesOfCategory(const std::string& category)
     if (category != "option")
         return {};
     std::vector<std::string> texts = Texts<SummaryOption>();
-    texts[SummaryOption::Aquifer] = "Aqui"; // the one text of a document that isn't the name
+    texts[SummaryOption::Aquifer] = "Aqui"; // the only text in documents that differs from the name
     return texts;
 }
 

@@ -6,7 +6,7 @@
 
 namespace Veld::Quor::Tools::Lint {
 
-/// An element in its place: one tag means different things in different places.
+/// An element in its context: one tag means different things in different parents.
 enum class Form {
     Root,
     Keyword,
@@ -81,15 +81,15 @@ struct AttributeForm {
     bool isRequired = false;
 };
 
-/// What becomes of a second element of a kind.
+/// What the loader does with a second element of a kind.
 enum class Repeat { Adds, FirstCounts, LastCounts };
 
 struct ChildForm {
     const char* tag;
     Form form;
     Repeat repeat = Repeat::Adds;
-    const char* key = nullptr; ///< the attribute that tells one from another; null if they may be alike
-    const char* twice = nullptr; ///< what becomes of two with the same key
+    const char* key = nullptr; ///< the attribute that must differ; null if equal elements are allowed
+    const char* duplicate = nullptr; ///< message for a second one with the same key: its tag, its key
     bool isType = false; ///< one of several of which one counts, as `repeat` says
     bool isOdd = false; ///< seen only at an odd position among its parent's nodes
 };
@@ -99,9 +99,9 @@ struct ElementForm {
     const char* tag; ///< for hints
     std::vector<AttributeForm> attributes = {};
     std::vector<ChildForm> children = {};
-    const char* empty = nullptr; ///< what the loader makes of one without children; null if it may be so
+    const char* empty = nullptr; ///< message for one without children; null if that is allowed
     bool failsOnUnknown = false; ///< on an unknown child; else it is ignored
-    bool takesText = false;
+    bool hasText = false;
 
     const AttributeForm* FindAttribute(std::string_view name) const;
     const ChildForm* FindChild(std::string_view childTag) const;

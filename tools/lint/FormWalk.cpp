@@ -43,34 +43,48 @@ std::vector<std::string> NamesOf(const std::vector<Row>& rows, Name name)
     return names;
 }
 
-std::string HintOf(const std::string& name, const std::vector<std::string>& known,
-    const std::vector<std::string>& homes, const char* belongs)
+/// For a name that is allowed nowhere else.
+std::string HintOfKnown(const std::vector<std::string>& known)
 {
-    std::string hint = HintOfNearest(name, known);
-    if (hint.empty() && !homes.empty())
-        hint = fmt::format("it belongs {} {}", belongs, Listed(homes));
-    if (hint.empty())
-        hint = known.empty() ? "remove it" : fmt::format("known here: {}", Listed(known));
-    return hint;
+    return known.empty() ? "remove it" : fmt::format("expected {}", Listed(known));
 }
 
-/// What the loader makes of a text that is none of an enumeration.
+std::string HintOfAttribute(const std::string& name, const ElementForm& form)
+{
+    const std::vector<std::string> known = NamesOf(form.attributes, &AttributeForm::name);
+    const std::string hint = HintOfNearest(name, known);
+    if (!hint.empty())
+        return hint;
+    const std::vector<std::string> owners = OwnersOf(name);
+    return owners.empty() ? HintOfKnown(known) : fmt::format("it is an attribute of {}", Listed(owners));
+}
+
+std::string HintOfElement(const std::string& tag, const ElementForm& form)
+{
+    const std::vector<std::string> known = NamesOf(form.children, &ChildForm::tag);
+    const std::string hint = HintOfNearest(tag, known);
+    if (!hint.empty())
+        return hint;
+    const std::vector<std::string> parents = ParentsOf(tag);
+    return parents.empty() ? HintOfKnown(known) : fmt::format("it is an element of {}", Listed(parents));
+}
+
+/// The message for a text that is not a value of an enumeration, and what the loader does with it.
 struct WordsRule {
     Words words;
     Code code;
-    const char* what;
-    const char* outcome;
+    const char* message;
 };
 
 constexpr WordsRule wordsRules[] = {
-    {Words::Flag, Code::FlagText, "flag", "counts as false"},
-    {Words::Simulator, Code::UnknownSimulator, "simulator", "counts as Carrow"},
-    {Words::OverrideSimulator, Code::UnknownOverride, "simulator", "the load fails"},
-    {Words::Mode, Code::UnknownMode, "mode", "counts as BlackOil"},
-    {Words::Section, Code::UnknownSection, "section", "counts as RUNSPEC"},
-    {Words::Termination, Code::UnknownTermination, "termination", "the load fails"},
-    {Words::Constraint, Code::UnknownConstraint, "column constraint", "the load fails"},
-    {Words::Category, Code::UnknownCategory, "category", "the load fails"},
+    {Words::Flag, Code::FlagText, "unknown flag {} is read as false"},
+    {Words::Simulator, Code::UnknownSimulator, "unknown simulator {} is read as Carrow"},
+    {Words::OverrideSimulator, Code::UnknownOverride, "unknown simulator {} of an override; the load fails"},
+    {Words::Mode, Code::UnknownMode, "unknown mode {} is read as BlackOil"},
+    {Words::Section, Code::UnknownSection, "unknown section {} is read as RUNSPEC"},
+    {Words::Termination, Code::UnknownTermination, "unknown termination {}; the load fails"},
+    {Words::Constraint, Code::UnknownConstraint, "unknown column constraint {}; the load fails"},
+    {Words::Category, Code::UnknownCategory, "unknown category {}; the load fails"},
 };
 
 /// True if the words are an enumeration.
@@ -85,9 +99,8 @@ bool CheckEnumeration(Words words, const std::string& text, const Span& span, co
         return true;
     std::string hint = HintOfNearest(text, known);
     if (hint.empty())
-        hint = fmt::format("known ones: {}", Listed(known));
-    reporter.Report(
-        rule->code, span, fmt::format("{} is no {}, and {}", Quoted(text), rule->what, rule->outcome), hint);
+        hint = fmt::format("expected {}", Listed(known));
+    reporter.Report(rule->code, span, fmt::format(fmt::runtime(rule->message), Quoted(text)), hint);
     return true;
 }
 
@@ -99,12 +112,12 @@ void CheckText(const Attribute& attribute, Words words, const Reporter& reporter
     const bool hasLower = text.find_first_of("abcdefghijklmnopqrstuvwxyz") != std::string::npos;
     if (words == Words::Upper && hasLower)
         reporter.Report(Code::LowerCase, attribute.valueSpan,
-            fmt::format("{} is never matched, since what a deck says is folded to upper case", Quoted(text)),
+            fmt::format("{} never matches because words of a deck are converted to upper case", Quoted(text)),
             "write it in upper case");
     if (words == Words::SupportLevel && text != "ignored" && !HintOfNearest(text, {"ignored"}).empty())
         reporter.Report(Code::SupportLevel, attribute.valueSpan,
-            fmt::format("the support level {} isn't \"ignored\", and the entry counts", Quoted(text)),
-            "write ignored");
+            fmt::format("unknown support level {}; the simulator counts as supported", Quoted(text)),
+            "did you mean 'ignored'?");
 }
 
 void CheckMissing(const Element& element, const AttributeForm& attribute, const Reporter& reporter)
@@ -112,12 +125,13 @@ void CheckMissing(const Element& element, const AttributeForm& attribute, const 
     const Attribute* const given = element.Find(attribute.name);
     if (given && !given->value.empty())
         return;
-    // An enumeration has said what an empty text is taken for, if there was one.
+    // For an enumeration, an empty text is already reported with the texts.
     if (!given && CheckEnumeration(attribute.words, "", element.span, reporter))
         return;
     if (!given || TextsOf(attribute.words).empty())
         reporter.Report(Code::MissingAttribute, given ? given->nameSpan : element.span,
-            fmt::format("{} has no {}", Tagged(element.tag), attribute.name),
+            given ? fmt::format("attribute '{}' of {} is empty", attribute.name, Tagged(element.tag))
+                  : fmt::format("{} has no attribute '{}'", Tagged(element.tag), attribute.name),
             fmt::format("write {}=\"...\"", attribute.name));
 }
 
@@ -129,10 +143,8 @@ void CheckAttributes(const Element& element, const ElementForm& form, const Repo
             continue;
         }
         reporter.Report(Code::IgnoredAttribute, attribute.nameSpan,
-            fmt::format("{} isn't known on {}, and is ignored", Quoted(attribute.name), Tagged(element.tag)),
-            reporter.IsFull() ? ""
-                              : HintOf(attribute.name, NamesOf(form.attributes, &AttributeForm::name),
-                                  OwnersOf(attribute.name), "on"));
+            fmt::format("unknown attribute {} of {} is ignored", Quoted(attribute.name), Tagged(element.tag)),
+            reporter.IsFull() ? "" : HintOfAttribute(attribute.name, form));
     }
     for (const AttributeForm& attribute : form.attributes) {
         if (attribute.isRequired)
@@ -146,7 +158,7 @@ bool HasTypes(const ElementForm& form)
         form.children.begin(), form.children.end(), [](const ChildForm& child) { return child.isType; });
 }
 
-/// Holds the children of one element against its form, one after the other.
+/// Checks the children of one element, in order, against its form.
 class ChildrenCheck {
 public:
     ChildrenCheck(
@@ -175,30 +187,28 @@ public:
                 CheckUnknown(child);
         }
         if (form_.form == Form::Item && !type_)
-            reporter_.Report(Code::MissingType, element_.span, "the item has no type, and the load fails",
-                "add one of <real>, <integer>, <string>, <choice>, <boolean>, <line>, <list> and <record>");
-        else if (!holdsSomething_ && form_.empty)
-            reporter_.Report(Code::EmptyElement, element_.span,
-                fmt::format("{} holds nothing: {}", Tagged(element_.tag), form_.empty));
+            reporter_.Report(Code::MissingType, element_.span, "the item has no type; the load fails",
+                "add <real>, <integer>, <string>, <choice>, <boolean>, <line>, <list> or <record>");
+        else if (!hasContent_ && form_.empty)
+            reporter_.Report(Code::EmptyElement, element_.span, form_.empty);
     }
 
 private:
     void CheckKnown(const Element& child, const ChildForm& known)
     {
-        holdsSomething_ = holdsSomething_
-            || (hasTypes_ ? known.isType : child.tag != "description" && child.tag != "default");
+        hasContent_ =
+            hasContent_ || (hasTypes_ ? known.isType : child.tag != "description" && child.tag != "default");
         if (known.isOdd && child.position % 2 == 0) {
             reporter_.Report(Code::PassedOver, child.span,
-                fmt::format(
-                    "{} is passed over, since no white space of its own stands before it", Tagged(child.tag)),
-                "put it on a line of its own, and comments elsewhere");
+                fmt::format("{} is ignored because no white space is directly before it", Tagged(child.tag)),
+                "put it, and each comment, on a separate line");
             return;
         }
         const Element*& earlier = known.isType ? type_ : first_[known.tag];
-        const bool isAgain = earlier && known.repeat != Repeat::Adds;
-        if (isAgain)
-            ReportAgain(child, known, *earlier);
-        if (!isAgain || known.repeat == Repeat::LastCounts) {
+        const bool isDuplicate = earlier && known.repeat != Repeat::Adds;
+        if (isDuplicate)
+            ReportDuplicate(child, known, *earlier);
+        if (!isDuplicate || known.repeat == Repeat::LastCounts) {
             earlier = &child;
             CheckKey(child, known);
             Enter(child, known);
@@ -208,30 +218,30 @@ private:
     void CheckUnknown(const Element& child)
     {
         if (child.tag == "keyword" && !form_.failsOnUnknown)
-            return; // one of its own: told where keywords are looked for
+            return; // reported as a nested keyword
         if (form_.form == Form::Data && type_)
             reporter_.Report(Code::SecondType, child.span,
-                fmt::format("{} is not looked at: the first element of <data> counts", Tagged(child.tag)),
+                fmt::format("{} is ignored; the first element of <data> is used", Tagged(child.tag)),
                 "remove it");
         else
             ReportUnknownChild(child, element_, form_, reporter_);
     }
 
-    void ReportAgain(const Element& child, const ChildForm& known, const Element& earlier)
+    void ReportDuplicate(const Element& child, const ChildForm& known, const Element& earlier)
     {
         const Code code = known.isType ? Code::SecondType : Code::RepeatedElement;
         const std::size_t line = reporter_.GetDocument().LocationOf(earlier.span.offset).line;
         std::string message;
         if (known.form == Form::Flag)
-            message = fmt::format("a second {} adds nothing to that of line {}", Tagged(child.tag), line);
+            message = fmt::format(
+                "duplicate {} has no effect; the one on line {} is enough", Tagged(child.tag), line);
         else if (known.form == Form::Default)
-            message = fmt::format("a second <default> is laid over that of line {}", line);
+            message = fmt::format("duplicate <default> is merged into the one on line {}", line);
         else if (known.repeat == Repeat::FirstCounts)
             message = fmt::format(
-                "{} is not looked at: {} of line {} counts", Tagged(child.tag), Tagged(earlier.tag), line);
+                "{} is ignored; {} on line {} is used", Tagged(child.tag), Tagged(earlier.tag), line);
         else
-            message = fmt::format(
-                "{} takes the place of {} of line {}", Tagged(child.tag), Tagged(earlier.tag), line);
+            message = fmt::format("{} replaces {} on line {}", Tagged(child.tag), Tagged(earlier.tag), line);
         reporter_.Report(code, child.span, message, "keep one of them");
     }
 
@@ -241,8 +251,7 @@ private:
         if (!key || key->value.empty() || keys_.insert(child.tag + '\n' + key->value).second)
             return;
         reporter_.Report(Code::ListedTwice, key->valueSpan,
-            fmt::format(
-                "there is a {} for {} before: {}", Tagged(child.tag), Quoted(key->value), known.twice),
+            fmt::format(fmt::runtime(known.duplicate), Tagged(child.tag), Quoted(key->value)),
             "remove one of them");
     }
 
@@ -261,7 +270,7 @@ private:
     bool hasTypes_;
     bool isEnded_ = false;
     const Element* lastItem_ = nullptr; // of a record
-    bool holdsSomething_ = false;
+    bool hasContent_ = false;
     const Element* type_ = nullptr;
     std::map<std::string_view, const Element*> first_;
     std::unordered_set<std::string> keys_;
@@ -281,21 +290,23 @@ void CheckElement(
 void ReportUnknownChild(
     const Element& child, const Element& parent, const ElementForm& form, const Reporter& reporter)
 {
-    const char* const outcome = form.failsOnUnknown ? "the load fails" : "is ignored";
-    reporter.Report(form.failsOnUnknown ? Code::UnknownElement : Code::IgnoredElement, child.span,
-        fmt::format("{} isn't known in {}, and {}", Tagged(child.tag), Tagged(parent.tag), outcome),
-        reporter.IsFull()
-            ? ""
-            : HintOf(child.tag, NamesOf(form.children, &ChildForm::tag), ParentsOf(child.tag), "in"));
+    const std::string hint = reporter.IsFull() ? "" : HintOfElement(child.tag, form);
+    if (form.failsOnUnknown)
+        reporter.Report(Code::UnknownElement, child.span,
+            fmt::format("unknown element {} in {}; the load fails", Tagged(child.tag), Tagged(parent.tag)),
+            hint);
+    else
+        reporter.Report(Code::IgnoredElement, child.span,
+            fmt::format("unknown element {} in {} is ignored", Tagged(child.tag), Tagged(parent.tag)), hint);
 }
 
 void CheckOwnText(const Element& element, const ElementForm& form, const Reporter& reporter)
 {
-    if (form.takesText || IsBlank(element.text))
+    if (form.hasText || IsBlank(element.text))
         return;
     reporter.Report(Code::StrayText, element.span,
         form.form == Form::Flag
-            ? fmt::format("{} counts by being there, whatever its text says", Tagged(element.tag))
+            ? fmt::format("the text in {} is ignored; the element itself sets the flag", Tagged(element.tag))
             : fmt::format("the text in {} is ignored", Tagged(element.tag)),
         "remove the text, or the element");
 }

@@ -6,15 +6,15 @@
 
 namespace Veld::Quor::Tools::Lint {
 
-/// Holds an element and all below it against the form of a document, and against the rules, where the loader
-/// looks. What it doesn't look at is told, and not entered.
+/// Checks an element and all below it against the form of a document and the rules. Parts that the loader
+/// ignores are reported, and not checked further.
 void CheckElement(
     const Element& element, const ElementForm& form, const Context& context, const Reporter& reporter);
 
-/// What the loader makes of a child that isn't known there, and where it belongs.
+/// Reports a child that is unknown in its parent, with the elements where it is allowed.
 void ReportUnknownChild(
     const Element& child, const Element& parent, const ElementForm& form, const Reporter& reporter);
-/// Text in an element whose text isn't looked at.
+/// Reports text in an element whose text is ignored.
 void CheckOwnText(const Element& element, const ElementForm& form, const Reporter& reporter);
 
 } // namespace Veld::Quor::Tools::Lint

@@ -1,4 +1,4 @@
-// What a keyword says of itself: where it is valid, what ends its scope, what its vector is.
+// The rules of a keyword: where it is valid, what ends its scope, its summary vector.
 
 #include "tools/lint/Rules.h"
 
@@ -17,8 +17,8 @@ void CheckLateValidity(const Element& keyword, const Reporter& reporter)
         ValidityElements ignored;
         if (isLate && ignored.Note(child))
             reporter.Report(Code::LateValidity, child.span,
-                fmt::format("{} stands behind <data>, and counts for aliases only", Tagged(child.tag)),
-                "put it before <data>");
+                fmt::format("{} after <data> applies to aliases only", Tagged(child.tag)),
+                "move it before <data>");
         isLate = isLate || child.tag == "data";
     }
 }
@@ -29,17 +29,15 @@ void CheckValidity(const Element& owner, const ValidityElements& elements, const
     const KeywordValidity validity(elements);
     if (validity.cells.none())
         reporter.Report(Code::ValidNowhere, owner.span,
-            fmt::format("the {} is valid nowhere: no simulator is left", owner.tag));
+            fmt::format("{} is not valid for any simulator", Tagged(owner.tag)));
     if (validity.modeless.any())
         reporter.Report(Code::ModelessSimulator, elements.options->span,
-            fmt::format("{} {} none of the listed modes, and {} in all modes of {} own",
-                ListSimulators(validity.modeless), validity.modeless.count() > 1 ? "have" : "has",
-                validity.modeless.count() > 1 ? "count" : "counts",
-                validity.modeless.count() > 1 ? "their" : "its"),
+            fmt::format("no listed mode is a mode of {}; the keyword is valid in all modes there",
+                ListSimulators(validity.modeless)),
             "list in <validSimulators> only simulators that have one of the modes");
 }
 
-/// A section's own simulators only narrow down those of the keyword.
+/// The simulators of a section only restrict those of the keyword.
 void CheckSectionSimulators(const ValidityElements& elements, const Reporter& reporter)
 {
     if (!elements.sections || !elements.simulators)
@@ -50,8 +48,8 @@ void CheckSectionSimulators(const ValidityElements& elements, const Reporter& re
         const auto simulator = SimulatorType::FromString(entry.Get("name"), &isKnown);
         if (isKnown && everywhere.cells.any() && !everywhere.IsValidFor(simulator))
             reporter.Report(Code::EntryWithoutEffect, entry.span,
-                fmt::format(
-                    "{} has no effect, since the keyword isn't valid for it at all", entry.Get("name")),
+                fmt::format("simulator {} has no effect because the keyword is not valid for it",
+                    Quoted(entry.Get("name"))),
                 "add it to <validSimulators>, or remove it here");
     });
 }
@@ -67,15 +65,15 @@ void CheckCell(const Element& keyword, const Reporter& reporter)
     const Element* const type = list && list->tag == "list" ? FindType(*list, Form::List) : nullptr;
     if (!type || !IsScalar(*type))
         reporter.Report(Code::CellWithoutList, cell->span,
-            "the keyword is no cell property, since its data is no list of scalars",
+            "<cell> has no effect because <data> is not a list of scalars",
             "remove <cell>, or make <data> a list of scalars");
 }
 
 void CheckDescribed(const Element& keyword, const Reporter& reporter)
 {
     if (!IsDescribed(keyword))
-        reporter.Report(Code::NoDescription, keyword.span, "the keyword has no description",
-            "add a <description> that says what it does");
+        reporter.Report(
+            Code::NoDescription, keyword.span, "the keyword has no description", "add a <description>");
 }
 
 } // namespace
@@ -110,8 +108,9 @@ void CheckSimulatorEntry(const Element& entry, const Reporter& reporter)
     for (const char* const flag : {"gridEditsOnly", "classicOnly"}) {
         if (entry.IsFlagged(flag) && entry.Get("name") != SimulatorType::ToString(SimulatorType::Wend))
             reporter.Report(Code::EntryWithoutEffect, entry.Find(flag)->nameSpan,
-                fmt::format("{} has no effect on {}: only Wend has variants", flag, entry.Get("name")),
-                "remove it");
+                fmt::format("attribute '{}' has no effect on simulator {}; only Wend has variants", flag,
+                    Quoted(entry.Get("name"))),
+                "remove the attribute");
     }
 }
 
@@ -123,9 +122,9 @@ void CheckScope(const Element& scope, const Reporter& reporter)
             continue;
         if (earlier)
             reporter.Report(Code::RepeatedElement, end.span,
-                fmt::format("two end keywords are explicit: {} counts, and {} doesn't", end.Get("name"),
-                    earlier->Get("name")),
-                "mark one of them");
+                fmt::format("explicit end keyword {} replaces {}; expected one explicit end keyword",
+                    Quoted(end.Get("name")), Quoted(earlier->Get("name"))),
+                "remove attribute 'explicit' from one of them");
         earlier = &end;
     }
 }
@@ -135,7 +134,7 @@ void CheckSummaryMnemonic(const Element& mnemonic, const Reporter& reporter)
     if (std::none_of(mnemonic.children.begin(), mnemonic.children.end(),
             [](const Element& child) { return child.Get("name") == "entity"; })
         && !mnemonic.children.empty())
-        reporter.Report(Code::NoEntity, mnemonic.span, "the vector doesn't say what it reports on",
+        reporter.Report(Code::NoEntity, mnemonic.span, "the summary vector has no category 'entity'",
             "add <category name=\"entity\" val=\"...\"/>");
 }
 
@@ -148,8 +147,9 @@ void CheckCategory(const Element& category, const Reporter& reporter)
     const Attribute* const given = category.Find("val");
     const std::string hint = HintOfNearest(value, known);
     reporter.Report(Code::UnknownCategory, given ? given->valueSpan : category.span,
-        fmt::format("{} is no value of {}, and the load fails", Quoted(value), Quoted(category.Get("name"))),
-        hint.empty() ? fmt::format("known ones: {}", Listed(known)) : hint);
+        fmt::format(
+            "unknown value {} of category {}; the load fails", Quoted(value), Quoted(category.Get("name"))),
+        hint.empty() ? fmt::format("expected {}", Listed(known)) : hint);
 }
 
 } // namespace Veld::Quor::Tools::Lint

@@ -16,7 +16,7 @@ std::size_t ModeOf(const Element& option)
     return static_cast<std::size_t>(SimulatorModeType::FromString(option.Get("value")));
 }
 
-/// Sets the simulator of an entry: Wend stands for its variants too, unless the entry is for one of them.
+/// Sets the simulator of an entry: Wend includes its variants, unless the entry is for one of them.
 template <class Set>
 void Apply(const Element& entry, const Set& set)
 {

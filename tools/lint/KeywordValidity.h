@@ -42,13 +42,13 @@ struct ValidityElements {
     ValidityElements Or(const ValidityElements& other) const;
 };
 
-/// Where a keyword, or an alias, may be used, as the loader works it out.
+/// Where a keyword, or an alias, may be used, as the loader computes it.
 struct KeywordValidity {
     explicit KeywordValidity(const ValidityElements& elements);
 
-    Runs runs; ///< before the sections have their say
+    Runs runs; ///< without regard to sections
     Cells cells;
-    Simulators modeless; ///< that have none of the listed modes, and count in all of their own
+    Simulators modeless; ///< that have none of the listed modes, and are valid in all their modes
 
     /// The runs in some section.
     Runs GetRuns() const;

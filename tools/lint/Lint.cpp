@@ -23,7 +23,7 @@ public:
     {
     }
 
-    /// An element that is no keyword may stand around keywords, and for nothing else.
+    /// An element other than <keyword> is only allowed if it contains keywords.
     bool SearchOutside(const Element& parent)
     {
         CheckOwnText(parent, FormOf(Form::Root), reporter_);
@@ -47,8 +47,8 @@ private:
     {
         ForEachBelow(keyword, "keyword", [&](const Element& inner) {
             reporter_.InKeyword(inner).Report(Code::NestedKeyword, inner.span,
-                "the keyword stands within another, and counts as one of its own",
-                "put it behind the other one");
+                "keyword inside another keyword is read as a separate keyword",
+                "move it after the other keyword");
             keywords_.push_back(&inner);
         });
     }
@@ -63,7 +63,7 @@ Definition CheckOne(const Element& keyword, const Reporter& reporter)
     ValidityElements elements;
     for (const Element& child : keyword.children) {
         if (child.tag == "data")
-            break; // what stands behind comes too late
+            break; // validity after <data> is too late
         elements.Note(child);
     }
     const KeywordValidity validity(elements);
@@ -75,7 +75,7 @@ Definition CheckOne(const Element& keyword, const Reporter& reporter)
     return {&keyword, own, validity.cells};
 }
 
-/// The names of the language that is built in, read when they are first asked for.
+/// The names of the built-in language, read at the first question.
 class BuiltinNames {
 public:
     bool Has(const std::string& name)
@@ -99,7 +99,7 @@ private:
     std::optional<NameSet> names_;
 };
 
-void SortByPlace(const std::vector<Document>& documents, Decks::Findings& findings)
+void SortByLocation(const std::vector<Document>& documents, Deck::Findings& findings)
 {
     std::unordered_map<std::string, std::size_t> ranks;
     for (const Document& document : documents)
@@ -121,17 +121,17 @@ LintReport LintDocuments(const std::vector<Document>& documents, std::size_t max
         std::vector<const Element*> keywords;
         if (const auto& refusal = document.GetRefusal())
             reporter.ReportAt(Code::NotWellFormed, refusal->location,
-                fmt::format("the document can't be read: {}", refusal->reason));
+                fmt::format("cannot read the document: {}", refusal->reason));
         else if (!KeywordSearch(reporter, keywords).SearchOutside(*document.GetRoot()))
             reporter.Report(Code::NoKeyword, document.GetRoot()->span,
-                fmt::format("there is no <keyword> below {}", Tagged(document.GetRoot()->tag)));
+                fmt::format("no <keyword> in {}", Tagged(document.GetRoot()->tag)));
         for (const Element* const keyword : keywords)
             definitions.push_back(CheckOne(*keyword, reporter));
         report.keywords.push_back(keywords.size());
     }
     BuiltinNames builtin;
     CheckNames(definitions, [&](const std::string& name) { return builtin.Has(name); });
-    SortByPlace(documents, report.findings);
+    SortByLocation(documents, report.findings);
     return report;
 }
 

@@ -13,8 +13,8 @@ struct LintReport {
     std::vector<std::size_t> keywords; ///< how many each document has
 };
 
-/// Tells what the loader would pass over, misunderstand or refuse in the documents, which count as one
-/// language. Keywords that they name and don't have are looked for in the language that is built in.
+/// Reports what the loader would ignore, misread or reject in the documents, which together are one language.
+/// Keywords that they refer to and don't define are searched for in the built-in language.
 LintReport LintDocuments(const std::vector<Document>& documents, std::size_t maxFindings);
 
 } // namespace Veld::Quor::Tools::Lint

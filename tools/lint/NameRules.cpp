@@ -17,17 +17,17 @@ bool IsWildcard(std::string_view name)
     return name.ends_with('*');
 }
 
-std::string_view BeginningOf(std::string_view wildcard)
+std::string_view PrefixOf(std::string_view wildcard)
 {
     return wildcard.substr(0, wildcard.size() - 1);
 }
 
-/// "FUEL (main.xml:12)"
-std::string LocationText(const Definition& definition, const std::string& name)
+/// "main.xml:12"
+std::string LocationText(const Definition& definition)
 {
-    const Decks::Location location =
+    const Deck::Place location =
         definition.reporter.GetDocument().LocationOf(definition.keyword->span.offset);
-    return fmt::format("{} ({}:{})", name, location.file, location.line);
+    return fmt::format("{}:{}", location.file, location.line);
 }
 
 /// A name by which a keyword is found: its own, or an alias.
@@ -74,21 +74,23 @@ void CheckText(const Name& name)
     if (text.size() > longestName)
         reporter.Report(Code::NameLength, name.span,
             fmt::format(
-                "{} has {} characters, and a keyword at most {}", Quoted(text), text.size(), longestName));
+                "name {} has {} characters (expected at most {})", Quoted(text), text.size(), longestName));
     if (text.find_first_of("abcdefghijklmnopqrstuvwxyz") != std::string::npos)
         reporter.Report(Code::LowerCase, name.span,
-            fmt::format("{} is not found by a name in upper case", Quoted(text)), "write it in upper case");
+            fmt::format("name {} does not match a name in upper case", Quoted(text)),
+            "write it in upper case");
     const std::size_t asterisk = text.find('*');
     if (asterisk < text.size() - 1)
         reporter.Report(Code::NameText, name.span,
-            fmt::format("what stands behind the asterisk in {} is never looked at", Quoted(text)),
-            fmt::format("write {}", text.substr(0, asterisk + 1)));
+            fmt::format("text after '*' in name {} is ignored", Quoted(text)),
+            fmt::format("write {}", Quoted(text.substr(0, asterisk + 1))));
     if (text.find_first_of(" \t\r\n") != std::string::npos)
         reporter.Report(Code::NameText, name.span,
-            fmt::format("no keyword of a deck has a blank, as {} has", Quoted(text)), "remove the blank");
+            fmt::format("name {} contains a blank; a keyword in a deck has none", Quoted(text)),
+            "remove the blank");
 }
 
-/// Each name against those of the same text that came before it.
+/// Compares each name with the earlier ones of the same text.
 void CheckTwice(const std::vector<Name>& names)
 {
     struct Earlier {
@@ -102,16 +104,15 @@ void CheckTwice(const std::vector<Name>& names)
             continue;
         if ((at->second.cells & name.cells).any())
             name.definition->reporter.Report(Code::DefinedTwice, name.span,
-                fmt::format("{} is defined before for one of its sections, as {}, which is found there",
-                    Quoted(*name.text),
-                    LocationText(
-                        *at->second.first->definition, at->second.first->definition->keyword->Get("name"))),
-                "give them different sections, or remove one");
+                fmt::format("{} is already defined for one of its sections by keyword {} at {}",
+                    Quoted(*name.text), Quoted(at->second.first->definition->keyword->Get("name")),
+                    LocationText(*at->second.first->definition)),
+                "use different sections, or remove one of them");
         at->second.cells |= name.cells;
     }
 }
 
-/// An id, or in its place the name, tells one definition from another.
+/// The key of a definition is its id, or its name if it has no id.
 void CheckKeys(const std::vector<Definition>& definitions)
 {
     std::unordered_map<std::string, const Definition*> earlier;
@@ -122,16 +123,23 @@ void CheckKeys(const std::vector<Definition>& definitions)
         if (!key || key->value.empty())
             continue;
         const auto [at, isNew] = earlier.try_emplace(key->value, &definition);
-        if (!isNew)
+        if (isNew)
+            continue;
+        const std::string other = Quoted(at->second->keyword->Get("name"));
+        const std::string location = LocationText(*at->second);
+        if (id)
             definition.reporter.Report(Code::KeyTwice, key->valueSpan,
-                fmt::format("the {} {} is that of {} too", id ? "id" : "name", Quoted(key->value),
-                    LocationText(*at->second, at->second->keyword->Get("name"))),
-                id ? "give each definition an id of its own" : "give this definition an id");
+                fmt::format("id {} is already used by keyword {} at {}", Quoted(key->value), other, location),
+                "use a different id");
+        else
+            definition.reporter.Report(Code::KeyTwice, key->valueSpan,
+                fmt::format("name {} is already used by keyword {} at {}; expected an id", Quoted(key->value),
+                    other, location),
+                "add attribute 'id'");
     }
 }
 
-/// Of two wildcards the longer one takes the names that it stands for from the other, even where it isn't
-/// valid.
+/// Of two wildcards the longer one matches first, even where it isn't valid.
 void CheckWildcards(const std::vector<Name>& names)
 {
     std::vector<const Name*> wildcards;
@@ -140,19 +148,19 @@ void CheckWildcards(const std::vector<Name>& names)
             wildcards.push_back(&name);
     }
     std::sort(wildcards.begin(), wildcards.end(),
-        [](const Name* a, const Name* b) { return BeginningOf(*a->text) < BeginningOf(*b->text); });
-    std::vector<const Name*> wider; // each stands for all that the next one does
+        [](const Name* a, const Name* b) { return PrefixOf(*a->text) < PrefixOf(*b->text); });
+    std::vector<const Name*> wider; // each matches all names that the next one matches
     for (const Name* const name : wildcards) {
-        while (!wider.empty() && !name->text->starts_with(BeginningOf(*wider.back()->text)))
+        while (!wider.empty() && !name->text->starts_with(PrefixOf(*wider.back()->text)))
             wider.pop_back();
         const auto at = std::find_if(wider.rbegin(), wider.rend(), [&](const Name* other) {
             return *other->text != *name->text && (other->cells & name->cells).any();
         });
         if (at != wider.rend())
             name->definition->reporter.Report(Code::WildcardOverlap, name->span,
-                fmt::format("{} takes all names that it stands for from {}", Quoted(*name->text),
-                    LocationText(*(*at)->definition, *(*at)->text)),
-                "give them different sections, or other beginnings");
+                fmt::format("wildcard {} hides part of wildcard {} at {}", Quoted(*name->text),
+                    Quoted(*(*at)->text), LocationText(*(*at)->definition)),
+                "use different sections or different prefixes");
         if (wider.empty() || *wider.back()->text != *name->text)
             wider.push_back(name);
     }
@@ -161,9 +169,10 @@ void CheckWildcards(const std::vector<Name>& names)
 void CheckReferences(
     const Definition& definition, const char* tag, const std::function<bool(const std::string&)>& isKnown)
 {
+    const bool isPrecedent = tag == std::string_view("precedent");
     const Element* parent = nullptr;
     for (const Element& child : definition.keyword->children) {
-        if (child.tag == (tag == std::string_view("precedent") ? "precedents" : "scope"))
+        if (child.tag == (isPrecedent ? "precedents" : "scope"))
             parent = &child; // the last one counts
     }
     if (!parent)
@@ -172,13 +181,13 @@ void CheckReferences(
         const Attribute* const name = reference.Find("name");
         if (name && !name->value.empty() && !isKnown(name->value))
             definition.reporter.Report(Code::UnknownKeyword, name->valueSpan,
-                fmt::format("the {} {} is no known keyword",
-                    tag == std::string_view("precedent") ? tag : "end keyword", Quoted(name->value)),
+                isPrecedent ? fmt::format("unknown precedent {}", Quoted(name->value))
+                            : fmt::format("unknown end keyword {}", Quoted(name->value)),
                 "correct the name, or define the keyword");
     });
 }
 
-/// A precedent of a keyword, and the definition that it leads to.
+/// A precedent of a keyword, and the definition that it names.
 struct Step {
     const Definition* from;
     const Element* precedent;
@@ -208,7 +217,7 @@ std::vector<std::vector<Step>> ListSteps(const std::vector<Definition>& definiti
     return steps;
 }
 
-/// Goes from keyword to precedent, each once, and tells each step that leads back to where it came from.
+/// Follows the precedents, visiting each keyword once, and reports each step that closes a cycle.
 void CheckCycles(const std::vector<Definition>& definitions)
 {
     enum class State { New, Open, Done };
@@ -238,9 +247,10 @@ void CheckCycles(const std::vector<Definition>& definitions)
                 enter(step.to);
             else if (states[step.to] == State::Open)
                 step.from->reporter.Report(Code::PrecedentCycle, step.precedent->Find("name")->valueSpan,
-                    step.to == visit.keyword ? "the keyword is its own precedent"
-                                             : fmt::format("{} has the keyword among its own precedents",
-                                                 step.precedent->Get("name")),
+                    step.to == visit.keyword
+                        ? "the keyword is its own precedent"
+                        : fmt::format("circular precedents: the keyword is a precedent of {}",
+                            Quoted(step.precedent->Get("name"))),
                     "remove the precedent");
         }
     }
@@ -254,7 +264,7 @@ void NameSet::Add(const std::string& name)
         names_.insert(name);
         return;
     }
-    beginnings_.emplace(BeginningOf(name));
+    prefixes_.emplace(PrefixOf(name));
     longest_ = std::max(longest_, name.size() - 1);
 }
 
@@ -268,9 +278,8 @@ bool NameSet::Has(std::string_view name) const
 {
     if (names_.contains(std::string(name)))
         return true;
-    for (std::size_t length = 0; !beginnings_.empty() && length <= std::min(longest_, name.size());
-         ++length) {
-        if (beginnings_.contains(std::string(name.substr(0, length))))
+    for (std::size_t length = 0; !prefixes_.empty() && length <= std::min(longest_, name.size()); ++length) {
+        if (prefixes_.contains(std::string(name.substr(0, length))))
             return true;
     }
     return false;

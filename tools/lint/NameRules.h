@@ -23,17 +23,17 @@ class NameSet {
 public:
     void Add(const std::string& name);
     void AddAll(const Element& keyword);
-    /// Whether the name is among them, or a wildcard stands for it.
+    /// Whether the name is one of them, or matches a wildcard.
     bool Has(std::string_view name) const;
 
 private:
     std::unordered_set<std::string> names_;
-    std::unordered_set<std::string> beginnings_; // of wildcards
+    std::unordered_set<std::string> prefixes_; // of wildcards
     std::size_t longest_ = 0; // of them
 };
 
-/// The rules for the names of all keywords together. `isKnownElsewhere` tells of a name that is none of
-/// theirs.
+/// The rules for the names of all keywords together. `isKnownElsewhere` is asked about a name that none of
+/// them has.
 void CheckNames(const std::vector<Definition>& definitions,
     const std::function<bool(const std::string&)>& isKnownElsewhere);
 

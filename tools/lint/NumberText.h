@@ -8,8 +8,8 @@ namespace Veld::Quor::Tools::Lint {
 struct Number {
     double value = 0; ///< what the loader reads
     bool isClean = false; ///< the text is that number and nothing else, in decimal
-    bool isMark = false; ///< what the loader reads is the library's mark for no value
-    bool hasRest = false; ///< something is left behind what the loader reads
+    bool isMark = false; ///< the loader reads the library's mark for no value
+    bool hasRest = false; ///< the loader ignores the end of the text
 };
 
 Number ReadReal(const std::string& text);

@@ -8,31 +8,30 @@
 
 namespace Veld::Quor::Tools::Lint {
 
-/// Turns what is wrong at a place of a document into a finding, with the keyword and the item that it is in
-/// before its message.
+/// Makes findings for locations in a document. The message starts with the keyword and the item there.
 class Reporter {
 public:
-    /// Both must outlive it and what is made of it.
-    Reporter(Core::Decks::Findings& findings, const Document& document)
+    /// Both must outlive the reporter and its copies.
+    Reporter(Deck::Findings& findings, const Document& document)
         : findings_(&findings)
         , document_(&document)
     {
     }
 
     Reporter InKeyword(const Element& keyword) const;
-    /// Within a keyword: an item, a choice, an assignment.
+    /// Inside a keyword: an item, a choice, an assignment.
     Reporter In(const char* what, const std::string& name) const;
 
     void Report(Code code, const Span& span, const std::string& message, const std::string& hint = {}) const;
-    /// The same at a place, of which nothing else is known.
-    void ReportAt(Code code, const Core::Decks::Location& location, const std::string& message) const;
+    /// The same for a location without a span.
+    void ReportAt(Code code, const Deck::Place& location, const std::string& message) const;
 
-    /// Whether findings are only counted, so that no trouble need be taken over their texts.
+    /// Whether findings are only counted, so that their texts are not needed.
     bool IsFull() const { return findings_->IsFull(); }
     const Document& GetDocument() const { return *document_; }
 
 private:
-    void Keep(const CodeInfo& info, const Core::Decks::Location& location, std::size_t length,
+    void Keep(const CodeInfo& info, const Deck::Place& location, std::size_t length,
         const std::string& message, const std::string& hint) const;
 
     Core::Decks::Findings* findings_;
@@ -40,11 +39,11 @@ private:
     std::string subject_;
 };
 
-/// `text` in double quotes, cut if it is very long.
+/// `text` in single quotes, shortened if it is very long.
 std::string Quoted(const std::string& text);
 /// `<tag>`
 std::string Tagged(const std::string& tag);
-/// "write ..." with the one of `known` that `text` may be a slip of; empty if none is near.
+/// "did you mean '...'?" with the nearest word of `known`; empty if none is near.
 std::string HintOfNearest(const std::string& text, const std::vector<std::string>& known);
 /// "a, b or c", or with another word before the last
 std::string Listed(const std::vector<std::string>& words, const char* conjunction = "or");

@@ -36,7 +36,7 @@ void CheckRules(const Element& element, Form form, const Context& context, const
         return CheckScalar(element, form, context, reporter);
     case Form::Value:
         return CheckValue(element, context, reporter);
-    default: // the form says all
+    default: // the form has all rules
         return;
     }
 }

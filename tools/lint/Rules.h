@@ -9,7 +9,7 @@
 
 namespace Veld::Quor::Tools::Lint {
 
-/// What rules need to know of the keyword that an element is in.
+/// What rules need to know about the keyword of an element.
 struct Context {
     Runs runs; ///< for which it is valid in some section
     Simulators simulators; ///< the same, in any mode
@@ -18,7 +18,7 @@ struct Context {
         false; ///< what ends the record around an element ends the element too, as the last one there
 };
 
-/// The rules that the form of a document doesn't say, for one element.
+/// The rules for one element that are not part of the form of a document.
 void CheckRules(const Element& element, Form form, const Context& context, const Reporter& reporter);
 
 // One for each kind of element.
@@ -37,7 +37,7 @@ void CheckAssignment(const Element& assignment, const Context& context, const Re
 void CheckScalar(const Element& scalar, Form form, const Context& context, const Reporter& reporter);
 void CheckChoice(const Element& choice, const Reporter& reporter);
 void CheckValue(const Element& value, const Context& context, const Reporter& reporter);
-/// The words by which a choice is made, folded as they are matched; a blank one is empty.
+/// The words of a choice, in upper case as they are matched; a blank one is empty.
 struct ChoiceWords {
     std::set<std::string> texts;
     std::set<std::string> aliases;
@@ -46,10 +46,10 @@ ChoiceWords ReadChoiceWords(const Element& choice);
 /// Whether a default resolves to a choice.
 void CheckDefaultChoice(const ChoiceWords& words, const Attribute& value, const Reporter& reporter);
 
-/// The validity element of an item or a choice has to leave something of that of the keyword.
+/// The validity of an item or a choice must have something in common with that of the keyword.
 void CheckItemValidity(const Element& owner, const Context& context, const Reporter& reporter);
 
-// What several rules ask.
+// Shared by several rules.
 
 /// The last child of that tag, null if there is none.
 const Element* FindLast(const Element& element, std::string_view tag);

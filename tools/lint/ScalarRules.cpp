@@ -26,14 +26,19 @@ Number ReadNumber(const std::string& text, Form form)
     return IsInteger(form) ? ReadInteger(text) : ReadReal(text);
 }
 
+/// Reports a value of <min>, <max> or <default> that the loader reads as something else.
 void ReportNumber(
-    const Attribute& attribute, const char* what, Form form, const Number& number, const Reporter& reporter)
+    const Attribute& attribute, const char* tag, Form form, const Number& number, const Reporter& reporter)
 {
-    const char* const kind = IsInteger(form) ? "whole number" : "number";
-    reporter.Report(Code::NumberText, attribute.valueSpan,
-        fmt::format("the {} {} is no {} that can be used, and counts as {}", what, Quoted(attribute.value),
-            kind, number.isMark ? "none" : fmt::format("{}", number.value)),
-        fmt::format("write a {} and nothing else", kind));
+    if (number.isMark)
+        reporter.Report(Code::NumberText, attribute.valueSpan,
+            fmt::format("number {} of <{}> is read as no value", Quoted(attribute.value), tag),
+            "write another number");
+    else
+        reporter.Report(Code::NumberText, attribute.valueSpan,
+            fmt::format(
+                "invalid number {} of <{}> is read as {}", Quoted(attribute.value), tag, number.value),
+            IsInteger(form) ? "expected an integer" : "expected a number");
 }
 
 /// The limits of a number, as the loader keeps them.
@@ -53,8 +58,8 @@ std::optional<double> ReadLimit(const Element& scalar, const char* tag, Form for
         return number.value;
     if (IsInteger(form) && number.hasRest)
         reporter.Report(Code::NumberText, value->valueSpan,
-            fmt::format("{} {} is no whole number, and is dropped", tag, Quoted(value->value)),
-            "write a whole number and nothing else");
+            fmt::format("invalid number {} of <{}> is ignored", Quoted(value->value), tag),
+            "expected an integer");
     else
         ReportNumber(*value, tag, form, number, reporter);
     return std::nullopt;
@@ -65,30 +70,30 @@ Limits ReadLimits(const Element& scalar, Form form, const Reporter& reporter)
     const Limits limits{ReadLimit(scalar, "min", form, reporter), ReadLimit(scalar, "max", form, reporter)};
     if (limits.min && limits.max && *limits.min > *limits.max)
         reporter.Report(Code::CrossedLimits, FindLast(scalar, "max")->Find("val")->valueSpan,
-            fmt::format("max {} is below min {}: no value is allowed", *limits.max, *limits.min));
+            fmt::format("max {} is less than min {}", *limits.max, *limits.min));
     return limits;
 }
 
-constexpr int usualLength = 8;
+constexpr int defaultLength = 8;
 
 /// How many characters of a string count.
 int ReadLengthLimit(const Element& scalar, const Reporter& reporter)
 {
     const Element* const limit = FindLast(scalar, "lengthLimit");
     if (!limit)
-        return usualLength;
+        return defaultLength;
     const std::size_t begin = limit->text.find_first_not_of(" \t\r\n");
     const std::size_t end = limit->text.find_last_not_of(" \t\r\n");
     const std::string text = begin == std::string::npos ? "" : limit->text.substr(begin, end - begin + 1);
     const Number number = ReadInteger(text);
     if (!number.isClean || number.value < 1)
         reporter.Report(Code::NumberText, limit->span,
-            fmt::format("the length limit {} is no length, and counts as {}", Quoted(text), number.value),
-            "write a whole number above 0");
+            fmt::format("invalid length limit {} is read as {}", Quoted(text), number.value),
+            "expected an integer greater than 0");
     return static_cast<int>(number.value);
 }
 
-/// One default or override, of whatever type.
+/// One default or override, of any type.
 class DefaultCheck {
 public:
     DefaultCheck(const Element& scalar, Form form, const Reporter& reporter)
@@ -113,14 +118,14 @@ public:
             return ReportLine(element);
         const Span span = value ? value->nameSpan : element.span;
         if (type == "specified" && !value)
-            reporter_.Report(
-                Code::DefaultValue, span, "a specified default has no val, and the load fails", "add val");
+            reporter_.Report(Code::DefaultValue, span,
+                "specified default without attribute 'val'; the load fails", "add attribute 'val'");
         else if (type == "calculated" && value)
-            reporter_.Report(
-                Code::DefaultValue, span, "a calculated default has a val, and the load fails", "remove val");
+            reporter_.Report(Code::DefaultValue, span,
+                "calculated default with attribute 'val'; the load fails", "remove attribute 'val'");
         else if (type == "no default" && value)
-            reporter_.Report(
-                Code::IgnoredValue, span, "the val is ignored, since there is no default", "remove val");
+            reporter_.Report(Code::IgnoredValue, span,
+                "attribute 'val' is ignored because the type is 'no default'", "remove attribute 'val'");
         else if (value)
             CheckText(*value);
     }
@@ -134,15 +139,17 @@ private:
         const std::string hint = HintOfNearest(element.Get("type"), known);
         reporter_.Report(isLenient ? Code::ChoiceDefaultType : Code::DefaultType,
             type ? type->valueSpan : element.span,
-            fmt::format("the type of a default is {}, not {}, and {}", Listed(known),
-                Quoted(element.Get("type")), isLenient ? "there is no default" : "the load fails"),
-            hint);
+            isLenient
+                ? fmt::format(
+                    "unknown type {} of a default is read as 'no default'", Quoted(element.Get("type")))
+                : fmt::format("unknown type {} of a default; the load fails", Quoted(element.Get("type"))),
+            hint.empty() ? fmt::format("expected {}", Listed(known)) : hint);
     }
 
     void ReportLine(const Element& element) const
     {
         reporter_.Report(Code::DefaultType, element.Find("type")->valueSpan,
-            "a line can't say that it has no default, and the load fails", "remove <default>");
+            "type 'no default' is not allowed for a line; the load fails", "remove <default>");
     }
 
     void CheckText(const Attribute& value) const
@@ -151,13 +158,12 @@ private:
             CheckNumber(value);
         else if (form_ == Form::Boolean && value.value != "YES" && value.value != "NO")
             reporter_.Report(Code::BooleanText, value.valueSpan,
-                fmt::format("the default {} counts as true, as all but \"NO\"", Quoted(value.value)),
-                "write YES or NO");
+                fmt::format("default {} is read as true", Quoted(value.value)), "expected YES or NO");
         else if (form_ == Form::String && static_cast<double>(value.value.size()) > lengthLimit_)
             reporter_.Report(Code::DefaultOutside, value.valueSpan,
-                fmt::format("the default {} has more than the {} characters that count", Quoted(value.value),
-                    lengthLimit_),
-                "raise <lengthLimit>");
+                fmt::format(
+                    "default {} is longer than its length limit {}", Quoted(value.value), lengthLimit_),
+                "increase <lengthLimit>");
         else if (form_ == Form::Choice)
             CheckDefaultChoice(words_, value, reporter_);
     }
@@ -169,10 +175,10 @@ private:
             return ReportNumber(value, "default", form_, number, reporter_);
         if (limits_.min && number.value < *limits_.min)
             reporter_.Report(Code::DefaultOutside, value.valueSpan,
-                fmt::format("the default {} is below min {}", number.value, *limits_.min));
+                fmt::format("default {} is less than min {}", number.value, *limits_.min));
         if (limits_.max && number.value > *limits_.max)
             reporter_.Report(Code::DefaultOutside, value.valueSpan,
-                fmt::format("the default {} is above max {}", number.value, *limits_.max));
+                fmt::format("default {} is greater than max {}", number.value, *limits_.max));
     }
 
     Form form_;
@@ -182,7 +188,7 @@ private:
     int lengthLimit_ = 0;
 };
 
-/// Of choices alone: the main default is laid over some overrides in the end.
+/// Only for choices: the main default replaces some overrides.
 void CheckLostOverride(const std::string& mainType, const Element& override, const Reporter& reporter)
 {
     const std::string& type = override.Get("type");
@@ -190,9 +196,12 @@ void CheckLostOverride(const std::string& mainType, const Element& override, con
     if (!isSpecified && !(mainType == "calculated" && type == "no default"))
         return;
     reporter.Report(Code::LostOverride, override.span,
-        fmt::format("the default for {} stays {}, whatever the override says", override.Get("name"),
-            isSpecified ? "the specified one of the choice" : "a calculated one"),
-        "give the simulator a specified default, or none of its own");
+        isSpecified
+            ? fmt::format("override for {} has no effect; the specified default of the choice is used",
+                Quoted(override.Get("name")))
+            : fmt::format("override for {} has no effect; the calculated default of the choice is used",
+                Quoted(override.Get("name"))),
+        "write a specified default for the simulator, or remove the override");
 }
 
 void CheckOverride(const Element& override, const std::string& mainType, Form form, const Context& context,
@@ -202,8 +211,8 @@ void CheckOverride(const Element& override, const std::string& mainType, Form fo
     const auto simulator = SimulatorType::FromString(override.Get("name"), &isKnown);
     if (isKnown && context.simulators.any() && !context.simulators[static_cast<std::size_t>(simulator)])
         reporter.Report(Code::OverrideElsewhere, override.Find("name")->valueSpan,
-            fmt::format("the override is for {}, which the keyword isn't valid for", override.Get("name")),
-            "remove it, or let the keyword be valid for the simulator");
+            fmt::format("override for {}, for which the keyword is not valid", Quoted(override.Get("name"))),
+            "remove the override, or make the keyword valid for the simulator");
     if (form == Form::Choice)
         CheckLostOverride(mainType, override, reporter);
 }
@@ -212,8 +221,7 @@ void CheckFormat(const Element& scalar, const Reporter& reporter)
 {
     const Element* const format = FindLast(scalar, "format");
     if (format && IsBlank(format->text))
-        reporter.Report(
-            Code::BlankFormat, format->span, "the format is blank, and counts as none", "remove it");
+        reporter.Report(Code::BlankFormat, format->span, "blank format is ignored", "remove <format>");
 }
 
 } // namespace

@@ -9,13 +9,13 @@ bool TagScanner::Next(ScannedTag& tag)
     while ((at_ = std::min(text_.find('<', at_), text_.size())) < text_.size()) {
         const std::string_view rest = text_.substr(at_);
         if (rest.starts_with("<!--"))
-            SkipAfter("-->");
+            SkipPast("-->");
         else if (rest.starts_with("<![CDATA["))
-            SkipAfter("]]>");
+            SkipPast("]]>");
         else if (rest.starts_with("<?"))
-            SkipAfter("?>");
+            SkipPast("?>");
         else if (rest.starts_with("</"))
-            SkipAfter(">");
+            SkipPast(">");
         else
             break;
     }
@@ -40,7 +40,7 @@ bool TagScanner::Next(ScannedTag& tag)
     }
 }
 
-void TagScanner::SkipAfter(std::string_view end)
+void TagScanner::SkipPast(std::string_view end)
 {
     at_ = std::min(text_.find(end, at_), text_.size());
     at_ = std::min(at_ + end.size(), text_.size());

@@ -15,8 +15,8 @@ struct ScannedTag {
     std::vector<Span> values; ///< of the same, without quotes
 };
 
-/// Finds the start tags of a well-formed text in an encoding that extends ASCII. Of any other text it finds
-/// something, and ends.
+/// Finds the start tags of a well-formed text in an encoding that extends ASCII. In any other text the result
+/// is unspecified, but the scan ends.
 class TagScanner {
 public:
     explicit TagScanner(std::string_view text)
@@ -28,7 +28,7 @@ public:
     bool Next(ScannedTag& tag);
 
 private:
-    void SkipAfter(std::string_view end);
+    void SkipPast(std::string_view end);
     Span TakeUntil(std::string_view stops);
 
     std::string_view text_;

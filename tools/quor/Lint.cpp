@@ -37,7 +37,7 @@ struct LintCommandOptions {
     std::size_t maxFindings = 200;
 };
 
-/// A file itself; of a folder its documents, by name.
+/// The file itself, or the documents of a folder by name.
 std::vector<std::string> ListFiles(const std::string& path)
 {
     std::error_code error;
@@ -49,12 +49,12 @@ std::vector<std::string> ListFiles(const std::string& path)
             files.push_back(entry.path().string());
     }
     if (files.empty())
-        throw Lint::DocumentError("the folder has no file whose name ends in .xml");
+        throw Lint::DocumentError("the folder has no .xml file");
     std::sort(files.begin(), files.end());
     return files;
 }
 
-/// False, and told, if something of the path can't be read.
+/// Reports an error and returns false if something of the path can't be read.
 bool ReadPath(const std::string& path, std::vector<Document>& documents)
 {
     std::string file = path;
@@ -96,9 +96,9 @@ void PrintJson(const std::vector<Document>& documents, const LintReport& report)
 int RunLint(const LintCommandOptions& options)
 {
     if (options.paths.empty() != options.isBuiltin) {
-        PrintError(
-            options.isBuiltin ? "give files or --builtin, not both" : "give files, folders or --builtin");
-        PrintAside("'quor lint --help' tells the usage\n");
+        PrintError(options.isBuiltin ? "'--builtin' cannot be combined with files"
+                                     : "no input; expected files, folders or '--builtin'");
+        PrintAside("see 'quor lint --help'\n");
         return Failure;
     }
     std::vector<Document> documents;
@@ -131,17 +131,16 @@ Command MakeLintCommand(CLI::App& application)
 {
     const auto options = std::make_shared<LintCommandOptions>();
     CLI::App& command = *application.add_subcommand("lint",
-        "Checks syntax documents: tells what the loader would refuse, pass over or take for something\n"
-        "else, and what to write instead. All files together count as one language. Keywords that they name "
-        "and don't\n"
-        "define may be those of the language that is built in.");
+        "Checks syntax documents: reports what the loader would reject, ignore or misread, and how to fix\n"
+        "it. All files together are one language. Keywords that they refer to and don't define are searched\n"
+        "for in the built-in language.");
     command.add_option("FILE", options->paths, "Documents, or folders whose *.xml files are documents")
         ->type_name("PATH");
     command.add_flag("--builtin", options->isBuiltin,
-        "The documents that are built in; places are those of a text made of them");
+        "Check the built-in documents; locations refer to the text that they are written as");
     AddFindingFormatOption(command, options->format);
     AddMaxFindingsOption(command, options->maxFindings, "");
-    command.footer("An error is what the load fails on; a warning is what it goes on with, in silence.\n\n"
+    command.footer("With an error the load fails; with a warning it continues silently.\n\n"
                    "Examples:\n"
                    "  quor lint language/main language/trusted\n"
                    "  quor lint extra.xml --format gcc");
