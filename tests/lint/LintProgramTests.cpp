@@ -38,9 +38,9 @@ TEST_F(LintProgram, ShowsTheLineAndAHint)
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "");
     const std::string expected = bad_
-        + ":3:22: warning: NAME: <descripton> isn't known in <keyword>, and is ignored [ignored-element]\n   "
+        + ":3:22: warning: NAME: unknown element <descripton> in <keyword> is ignored [ignored-element]\n   "
           " "
-        + slip + "\n    " + std::string(21, ' ') + "^~~~~~~~~~~\n  hint: write description\n";
+        + slip + "\n    " + std::string(21, ' ') + "^~~~~~~~~~~\n  hint: did you mean 'description'?\n";
     EXPECT_TRUE(outcome.out.starts_with(expected)) << outcome.out;
     EXPECT_TRUE(outcome.out.ends_with("\n2 keywords in 2 documents: 2 warnings\n")) << outcome.out;
 }
@@ -79,7 +79,7 @@ TEST_P(UnreadablePath, IsToldAndTheRestIsChecked)
 
 INSTANTIATE_TEST_SUITE_P(Paths, UnreadablePath,
     testing::Values(Unreadable{"Missing", "none.xml", "No such file or directory"},
-        Unreadable{"FolderWithoutDocuments", "empty", "the folder has no file whose name ends in .xml"}),
+        Unreadable{"FolderWithoutDocuments", "empty", "the folder has no .xml file"}),
     CaseName<Unreadable>);
 
 TEST_F(LintProgram, WritesJson)
@@ -115,12 +115,13 @@ TEST_F(LintProgram, WritesSarifWithColumnsInCharacters)
 TEST_F(LintProgram, WritesALineAFindingForOtherPrograms)
 {
     const std::string gcc = Run(Path("both/bad.xml") + " --format gcc").out;
-    EXPECT_TRUE(gcc.starts_with(
-        bad_ + ":3:22: warning: NAME: <descripton> isn't known in <keyword>, and is ignored; write"))
+    EXPECT_TRUE(gcc.starts_with(bad_
+        + ":3:22: warning: NAME: unknown element <descripton> in <keyword> is ignored; did you mean "
+          "'description'?"))
         << gcc;
     const std::string github = Run(Path("both/bad.xml") + " --format github").out;
-    EXPECT_TRUE(
-        github.starts_with("::warning file=" + bad_ + ",line=3,col=22,title=ignored-element::NAME: <desc"))
+    EXPECT_TRUE(github.starts_with(
+        "::warning file=" + bad_ + ",line=3,col=22,title=ignored-element::NAME: unknown element <desc"))
         << github;
 }
 
@@ -130,7 +131,7 @@ TEST_F(LintProgram, WorksOnTheVeryDocumentThatDoesNotLoad)
         folder_.Write("broken.xml", Document("<keyword name='K'><data><what/></data></keyword>"));
     const Outcome outcome = RunQuor("lint " + Quote(broken), "QUOR_KEYWORD_SYNTAX_FILE=" + Quote(broken));
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_TRUE(Holds(outcome.out, "<what> isn't known in <data>, and the load fails [unknown-element]"))
+    EXPECT_TRUE(Holds(outcome.out, "unknown element <what> in <data>; the load fails [unknown-element]"))
         << outcome.out;
 }
 
@@ -161,7 +162,7 @@ std::string Wide(const std::string& text)
 INSTANTIATE_TEST_SUITE_P(Texts, WholeText,
     testing::Values(Whole{"Empty", "", "1:1: error: "}, Whole{"Blank", " \n", "2:1: error: "},
         Whole{"NoXml", std::string("\0\1\2", 3), "1:1: error: "},
-        Whole{"NoKeyword", "<keywords/>", "1:1: warning: there is no <keyword> below <keywords>"},
+        Whole{"NoKeyword", "<keywords/>", "1:1: warning: no <keyword> in <keywords>"},
         Whole{"TypeDeclaration", "<!DOCTYPE a [<!ENTITY b 'c'>]>\n<a/>", "1:"},
         Whole{"Deep", Document([] {
                   std::string tags;
@@ -171,7 +172,8 @@ INSTANTIATE_TEST_SUITE_P(Texts, WholeText,
               }()),
             "3:"},
         Whole{"SixteenBits", Wide("<k>\n<keyword nmae='K'/>\n</k>"), "2:"},
-        Whole{"OtherLineEnds", "<k>\r\n<keyword name='K' nmae=''/>\r\n</k>", "2:19: warning: K: \"nmae\""}),
+        Whole{"OtherLineEnds", "<k>\r\n<keyword name='K' nmae=''/>\r\n</k>",
+            "2:19: warning: K: unknown attribute 'nmae'"}),
     CaseName<Whole>);
 
 /// As many keywords as asked for, in the ways that cost most: one name, one chain of precedents, many

@@ -174,7 +174,7 @@ std::vector<ElementForm> MakeForm()
             {Odd(Entry("simulator", Form::ItemSimulator, "name")),
                 Odd(Entry("option", Form::Option, "value"))}},
         {Form::UnsupportedBy, "unsupportedBy", {}, {Odd(Entry("simulator", Form::VariantSimulator, "name"))},
-            "all simulators support it"},
+            "<unsupportedBy> is empty; all simulators support it"},
     };
 }
 
