@@ -10,9 +10,8 @@
 
 using namespace Veld::Quor::Tests;
 using namespace Veld::Quor::Tools;
-namespace Decks = Veld::Quor::Core::Decks;
-using Decks::Severity;
 using Lint::Code;
+using Veld::Quor::Core::Decks::Severity;
 
 namespace {
 

@@ -84,8 +84,8 @@ inline std::string FindingsOf(const std::string& body)
     const Tools::Lint::LintReport report = LintDocuments(documents, 100);
     std::string lines;
     for (const auto& finding : report.findings.GetKept()) {
-        lines += finding.place.file + ":" + std::to_string(finding.place.line) + ":"
-            + std::to_string(finding.place.column) + ": " + ToString(finding.severity) + ": "
+        lines += finding.location.file + ":" + std::to_string(finding.location.line) + ":"
+            + std::to_string(finding.location.column) + ": " + ToString(finding.severity) + ": "
             + finding.message + " [" + finding.code + "]";
         lines += finding.hint.empty() ? "\n" : " | " + finding.hint + "\n";
     }

@@ -73,7 +73,7 @@ enum class Code {
 struct CodeInfo {
     Code code;
     const char* name; ///< stable; programs can rely on it
-    Deck::Severity severity; ///< an error if the load fails
+    Core::Decks::Severity severity; ///< an error if the load fails
     const char* meaning; ///< one sentence
 };
 

@@ -221,7 +221,7 @@ std::vector<Document> Document::ReadBuiltin()
     return documents;
 }
 
-Deck::Place Document::LocationOf(std::size_t offset) const
+Decks::Location Document::LocationOf(std::size_t offset) const
 {
     const auto next = std::upper_bound(lines_.begin(), lines_.end(), offset);
     const auto line = static_cast<std::size_t>(next - lines_.begin());

@@ -82,7 +82,7 @@ public:
     /// The reason why the loader rejects a text.
     struct Refusal {
         std::string reason;
-        Deck::Place location;
+        Core::Decks::Location location;
     };
 
     /// Throws `DocumentError` if there is no such file, or it can't be read.
@@ -97,7 +97,7 @@ public:
     const Element* GetRoot() const { return root_.get(); }
     const std::optional<Refusal>& GetRefusal() const { return refusal_; }
 
-    Deck::Place LocationOf(std::size_t offset) const;
+    Core::Decks::Location LocationOf(std::size_t offset) const;
     /// A line, without its end, by its number; empty if there is none.
     std::string_view GetLine(std::size_t number) const;
 

@@ -99,7 +99,7 @@ private:
     std::optional<NameSet> names_;
 };
 
-void SortByLocation(const std::vector<Document>& documents, Deck::Findings& findings)
+void SortByLocation(const std::vector<Document>& documents, Decks::Findings& findings)
 {
     std::unordered_map<std::string, std::size_t> ranks;
     for (const Document& document : documents)

@@ -25,7 +25,7 @@ std::string_view PrefixOf(std::string_view wildcard)
 /// "main.xml:12"
 std::string LocationText(const Definition& definition)
 {
-    const Deck::Place location =
+    const Decks::Location location =
         definition.reporter.GetDocument().LocationOf(definition.keyword->span.offset);
     return fmt::format("{}:{}", location.file, location.line);
 }

@@ -34,20 +34,20 @@ void Reporter::Report(Code code, const Span& span, const std::string& message, c
         Keep(info, document_->LocationOf(span.offset), span.length, message, hint);
 }
 
-void Reporter::ReportAt(Code code, const Deck::Place& location, const std::string& message) const
+void Reporter::ReportAt(Code code, const Decks::Location& location, const std::string& message) const
 {
     const CodeInfo& info = InfoOf(code);
     if (findings_->Admit(info.severity))
         Keep(info, location, 0, message, {});
 }
 
-void Reporter::Keep(const CodeInfo& info, const Deck::Place& location, std::size_t length,
+void Reporter::Keep(const CodeInfo& info, const Decks::Location& location, std::size_t length,
     const std::string& message, const std::string& hint) const
 {
     Decks::Finding finding;
     finding.code = info.name;
     finding.severity = info.severity;
-    finding.place = location;
+    finding.location = location;
     finding.length = length;
     finding.message = subject_.empty() ? message : fmt::format("{}: {}", subject_, message);
     finding.hint = hint;
@@ -67,7 +67,7 @@ std::string Tagged(const std::string& tag)
 
 std::string HintOfNearest(const std::string& text, const std::vector<std::string>& known)
 {
-    const std::vector<std::string> nearest = Deck::FindNearest(known, text);
+    const std::vector<std::string> nearest = Decks::FindNearest(known, text);
     return nearest.empty() ? std::string() : fmt::format("did you mean '{}'?", nearest.front());
 }
 

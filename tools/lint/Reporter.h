@@ -12,7 +12,7 @@ namespace Veld::Quor::Tools::Lint {
 class Reporter {
 public:
     /// Both must outlive the reporter and its copies.
-    Reporter(Deck::Findings& findings, const Document& document)
+    Reporter(Core::Decks::Findings& findings, const Document& document)
         : findings_(&findings)
         , document_(&document)
     {
@@ -24,14 +24,14 @@ public:
 
     void Report(Code code, const Span& span, const std::string& message, const std::string& hint = {}) const;
     /// The same for a location without a span.
-    void ReportAt(Code code, const Deck::Place& location, const std::string& message) const;
+    void ReportAt(Code code, const Core::Decks::Location& location, const std::string& message) const;
 
     /// Whether findings are only counted, so that their texts are not needed.
     bool IsFull() const { return findings_->IsFull(); }
     const Document& GetDocument() const { return *document_; }
 
 private:
-    void Keep(const CodeInfo& info, const Deck::Place& location, std::size_t length,
+    void Keep(const CodeInfo& info, const Core::Decks::Location& location, std::size_t length,
         const std::string& message, const std::string& hint) const;
 
     Core::Decks::Findings* findings_;
