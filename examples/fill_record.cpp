@@ -1,5 +1,5 @@
-// Creates the data of a keyword that is a list of records, and fills one record, each value by the name of its
-// item. Items that are not set have no value: defaults are in the metadata.
+// Creates the data of a keyword that is a list of records, and fills one record, each value by the name of
+// its item. Items that are not set have no value: defaults are in the metadata.
 
 #include "quor/Keywords.h"
 
