@@ -17,11 +17,11 @@ using nlohmann::json;
 namespace {
 
 const std::string cleanKeyword = "<keyword name='GOOD'><description>d</description></keyword>";
-const std::string slip =
+const std::string wrongKeyword =
     "<keyword "
     "name='NAME'><descripton>\xC3\xA4</descripton><description>\xC3\xA4</description><isHiden/></keyword>";
 
-/// A folder with two documents, one of them with two slips.
+/// A folder with two documents, one of them with two mistakes.
 class LintProgram : public testing::Test {
 protected:
     Outcome Run(const std::string& arguments) const { return RunQuor("lint " + arguments); }
@@ -29,7 +29,7 @@ protected:
 
     TemporaryDirectory folder_;
     std::string good_ = folder_.Write("both/good.xml", Document(cleanKeyword));
-    std::string bad_ = folder_.Write("both/bad.xml", Document(slip));
+    std::string bad_ = folder_.Write("both/bad.xml", Document(wrongKeyword));
 };
 
 TEST_F(LintProgram, ShowsTheLineAndAHint)
@@ -40,7 +40,8 @@ TEST_F(LintProgram, ShowsTheLineAndAHint)
     const std::string expected = bad_
         + ":3:22: warning: NAME: unknown element <descripton> in <keyword> is ignored [ignored-element]\n   "
           " "
-        + slip + "\n    " + std::string(21, ' ') + "^~~~~~~~~~~\n  hint: did you mean 'description'?\n";
+        + wrongKeyword + "\n    " + std::string(21, ' ')
+        + "^~~~~~~~~~~\n  hint: did you mean 'description'?\n";
     EXPECT_TRUE(outcome.out.starts_with(expected)) << outcome.out;
     EXPECT_TRUE(outcome.out.ends_with("\n2 keywords in 2 documents: 2 warnings\n")) << outcome.out;
 }
@@ -68,7 +69,7 @@ struct Unreadable {
 
 class UnreadablePath : public LintProgram, public testing::WithParamInterface<Unreadable> { };
 
-TEST_P(UnreadablePath, IsToldAndTheRestIsChecked)
+TEST_P(UnreadablePath, IsReportedAndTheRestIsChecked)
 {
     folder_.Write("empty/notes.txt", "");
     const Outcome outcome = Run(Path(GetParam().path) + " " + Path("both/good.xml"));
@@ -107,7 +108,7 @@ TEST_F(LintProgram, WritesSarifWithColumnsInCharacters)
     EXPECT_EQ(result["level"], "warning");
     const json& location = result["locations"][0]["physicalLocation"];
     EXPECT_EQ(location["artifactLocation"]["uri"], "file://" + bad_);
-    const auto column = slip.find("<isHiden") + 1 - 2; // two letters of two bytes come before
+    const auto column = wrongKeyword.find("<isHiden") + 1 - 2; // two letters of two bytes come before
     EXPECT_EQ(
         location["region"], json({{"startLine", 3}, {"startColumn", column}, {"endColumn", column + 8}}));
 }
@@ -138,17 +139,17 @@ TEST_F(LintProgram, WorksOnTheVeryDocumentThatDoesNotLoad)
 struct Whole {
     const char* name;
     std::string text;
-    const char* told; // a part of it
+    const char* finding; // a part of it
 };
 
 class WholeText : public LintProgram, public testing::WithParamInterface<Whole> { };
 
-TEST_P(WholeText, IsTold)
+TEST_P(WholeText, IsReported)
 {
     const std::string path = folder_.Write("x.xml", GetParam().text);
     const Outcome outcome = Run(Quote(path));
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_TRUE(Holds(outcome.out, path + ":" + GetParam().told)) << outcome.out;
+    EXPECT_TRUE(Holds(outcome.out, path + ":" + GetParam().finding)) << outcome.out;
 }
 
 std::string Wide(const std::string& text)
@@ -188,7 +189,7 @@ std::string Many(int count)
     return Document(text);
 }
 
-TEST(ManyKeywords, AreCheckedInAMomentAndLimitWhatIsTold)
+TEST(ManyKeywords, AreCheckedInAMomentAndLimitWhatIsReported)
 {
     std::vector<Lint::Document> documents;
     documents.push_back(Lint::Document::ReadText(Many(20'000), "many.xml"));

@@ -52,7 +52,7 @@ std::string HintOfKnown(const std::vector<std::string>& known)
 std::string HintOfAttribute(const std::string& name, const ElementForm& form)
 {
     const std::vector<std::string> known = NamesOf(form.attributes, &AttributeForm::name);
-    const std::string hint = HintOfNearest(name, known);
+    std::string hint = HintOfNearest(name, known);
     if (!hint.empty())
         return hint;
     const std::vector<std::string> owners = OwnersOf(name);
@@ -62,7 +62,7 @@ std::string HintOfAttribute(const std::string& name, const ElementForm& form)
 std::string HintOfElement(const std::string& tag, const ElementForm& form)
 {
     const std::vector<std::string> known = NamesOf(form.children, &ChildForm::tag);
-    const std::string hint = HintOfNearest(tag, known);
+    std::string hint = HintOfNearest(tag, known);
     if (!hint.empty())
         return hint;
     const std::vector<std::string> parents = ParentsOf(tag);
