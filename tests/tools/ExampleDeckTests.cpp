@@ -146,14 +146,14 @@ void ReadAllDecks()
     for (const std::string& directory : {std::string(), std::string("field"), std::string("faulty")}) {
         for (const std::string& name : DecksIn(folder / directory)) {
             for (const Target& target : {Target{}, carrow})
-                ReadDeck((folder / directory / (name + ".data")).string(), {target}, GetVocabulary());
+                ReadDeck((folder / directory / (name + ".data")).string(), {target}, GetLanguage());
         }
     }
 }
 
 TEST(ReadingADeck, LeavesTheLogAndItsLimitsAlone)
 {
-    GetVocabulary();
+    GetLanguage();
     MessageCapper& capper = *MessageCapper::instance();
     const LogCapture log;
     capper.Reset();
