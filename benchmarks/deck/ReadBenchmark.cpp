@@ -175,13 +175,13 @@ BENCHMARK(ReadCells)
     ->Arg(100'000'000)
     ->Iterations(3)
     ->UseManualTime()
-    ->ComparisonUnit(benchmark::kMillisecond);
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadRecords)
     ->Arg(10'000)
     ->Arg(100'000)
     ->Arg(1'000'000)
     ->Iterations(3)
     ->UseManualTime()
-    ->ComparisonUnit(benchmark::kMillisecond);
+    ->Unit(benchmark::kMillisecond);
 
 } // namespace
