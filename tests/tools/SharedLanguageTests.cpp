@@ -1,6 +1,5 @@
 #include "quor/deck/internal/read/Deck.h"
 #include "tests/support/Documents.h"
-#include "tests/support/LogCapture.h"
 
 #include <gtest/gtest.h>
 
@@ -62,7 +61,6 @@ std::string FindingsOf(const std::string& path, SimulatorType::Enum simulator, c
 
 TEST(SharedLanguage, IsReadWithBySeveralThreads)
 {
-    const LogCapture log; // brings back the handler that was there before the reads
     const LoadedTable table(keywords);
     const DeckLanguage language(*table.operator->());
     const TemporaryDirectory folder;

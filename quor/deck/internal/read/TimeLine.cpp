@@ -107,16 +107,16 @@ void TimeLine::FollowDates(const DeckKeyword& keyword, bool isSound)
     }
 }
 
-void TimeLine::CheckDate(const Time& date, const TextRange& range)
+void TimeLine::CheckDate(const Time& time, const TextRange& range)
 {
-    if (!date.IsDef())
+    if (!time.IsDef())
         reporter_.Report(range, Code::BadDate, "DATES: there is no such date", "as in 1 JAN 2020");
-    else if (sound_.now.IsDef() && date <= sound_.now)
+    else if (sound_.now.IsDef() && time <= sound_.now)
         reporter_.Report(range, Code::DateOrder,
-            fmt::format("DATES: {} does not lie behind {}, which was reached before", date.GetAsString(),
+            fmt::format("DATES: {} does not lie behind {}, which was reached before", time.GetAsString(),
                 sound_.now.GetAsString()));
     else
-        sound_.now = date;
+        sound_.now = time;
 }
 
 /// Of TSTEP and TIME.

@@ -40,7 +40,7 @@ private:
     void FollowStart(const DeckKeyword& keyword, bool isSound);
     void FollowDates(const DeckKeyword& keyword, bool isSound);
     void FollowPeriods(const DeckKeyword& keyword, bool isSound);
-    void CheckDate(const Core::Service::Time& date, const TextRange& range);
+    void CheckDate(const Core::Service::Time& time, const TextRange& range);
     void CheckPeriods(const DeckKeyword& keyword);
     void Reach(const Core::Service::Time& time, std::size_t element);
 
