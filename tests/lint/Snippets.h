@@ -89,7 +89,7 @@ inline std::string FindingsOf(const std::string& body)
             + finding.message + " [" + finding.code + "]";
         lines += finding.hint.empty() ? "\n" : " | " + finding.hint + "\n";
     }
-    lines.erase(lines.find_last_not_of("\n") + 1);
+    lines.erase(lines.find_last_not_of('\n') + 1);
     return lines;
 }
 

@@ -30,7 +30,7 @@ void CheckValidity(const Element& owner, const ValidityElements& elements, const
     if (validity.cells.none())
         reporter.Report(Code::ValidNowhere, owner.span,
             fmt::format("{} is not valid for any simulator", Tagged(owner.tag)));
-    if (validity.modeless.any())
+    if (elements.options && validity.modeless.any())
         reporter.Report(Code::ModelessSimulator, elements.options->span,
             fmt::format("no listed mode is a mode of {}; the keyword is valid in all modes there",
                 ListSimulators(validity.modeless)),
