@@ -17,14 +17,6 @@ enum class Severity { Error, Warning, Note };
 /// "error", "warning", "note"
 VELD_QUOR_EXPORT const char* ToString(Severity severity);
 
-/// A change of a text that fixes a finding for certain.
-struct FindingFix {
-    TextRange range; ///< the bytes to remove; may be empty
-    Location begin; ///< of the range
-    Location end; ///< just after the range
-    std::string text; ///< the bytes to put in their place
-};
-
 /// One thing that is wrong, or worth a note.
 struct Finding {
     std::string code; ///< stable, for programs to use
@@ -36,8 +28,7 @@ struct Finding {
     std::vector<Location> includedFrom; ///< innermost inclusion first; empty in the main file
     std::string excerpt; ///< the part of the line around the location
     std::size_t excerptColumn = 1; ///< column of the first byte of `excerpt`
-    std::vector<FindingFix> fix; ///< changes to be made together; empty if the fix isn't certain
-    TextRange range; ///< the bytes of the deck that the finding is about
+    TextRange range = {}; ///< the same bytes among the files of the deck; of a document, nothing
 
     /// Keeps of the line of the location what is worth showing: its beginning, or from the location on.
     VELD_QUOR_EXPORT void SetExcerpt(std::string_view line);

@@ -25,6 +25,7 @@ void FindingReporter::Report(const TextRange& range, Code code, std::string mess
     finding.severity = info.severity;
     finding.location = files_.LocationOf(range);
     finding.length = range.length;
+    finding.range = range;
     finding.message = std::move(message);
     finding.hint = std::move(hint);
     finding.includedFrom = files_.InclusionsOf(range.file);

@@ -38,9 +38,9 @@ const IKeywordChoiceMD& ChoiceMD(const DataPlan& item)
     return static_cast<const IKeywordChoiceMD&>(*item.md);
 }
 
-std::optional<int> FindChoice(const IKeywordChoiceMD& choice, std::string_view text)
+/// Empty if nothing matched.
+std::optional<int> IndexOf(const ChoiceMatch& match)
 {
-    const ChoiceMatch match = choice.Match(text);
     return match.kind == ChoiceMatch::Kind::None ? std::nullopt : std::optional<int>(match.index);
 }
 
@@ -53,7 +53,7 @@ std::optional<T> FindValue(const DataPlan& item, std::string_view text, bool isQ
     else if constexpr (std::is_same_v<T, bool>)
         return ToBoolean(text);
     else if (item.type == MDType::Choice)
-        return static_cast<std::optional<T>>(FindChoice(ChoiceMD(item), text));
+        return static_cast<std::optional<T>>(IndexOf(ChoiceMD(item).Match(text)));
     else
         return isQuoted ? std::nullopt : ToNumber<T>(text);
 }
@@ -79,7 +79,7 @@ std::optional<T> ValueReader::Find(const DataPlan& item, const Text& word)
     if constexpr (std::is_same_v<T, int>) {
         if (item.type == MDType::Choice) {
             match_ = ChoiceMD(item).Match(word.text);
-            return match_.kind == ChoiceMatch::Kind::None ? std::nullopt : std::optional<int>(match_.index);
+            return IndexOf(match_);
         }
     }
     return FindValue<T>(item, word.text, word.isQuoted);

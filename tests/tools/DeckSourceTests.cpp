@@ -1,0 +1,94 @@
+#include "quor/deck/DeckSource.h"
+
+#include "quor/deck/ReadCancelled.h"
+#include "quor/deck/internal/read/Deck.h"
+#include "tests/support/Cases.h"
+#include "tests/support/Documents.h"
+#include "tests/tools/Language.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+using namespace Veld::Quor::Core::Decks;
+using namespace Veld::Quor::Tests;
+
+namespace {
+
+const DeckLanguage& SmallLanguage()
+{
+    static const DeckLanguage language(SmallTable());
+    return language;
+}
+
+/// "file:line:code" of each finding.
+std::string FindingsOf(const std::string& path, std::shared_ptr<const DeckSource> source)
+{
+    ReadOptions options;
+    options.source = std::move(source);
+    const auto deck = ReadDeck(path, options, SmallLanguage());
+    std::string text;
+    for (const Finding& finding : deck->findings.GetKept()) {
+        text += (text.empty() ? "" : " ") + finding.location.file + ":"
+            + std::to_string(finding.location.line) + ":" + finding.code;
+        EXPECT_EQ(deck->files.LocationOf(finding.range).line, finding.location.line);
+    }
+    return text;
+}
+
+struct Inclusion {
+    const char* name;
+    const char* path; // as the deck includes it
+    const char* included; // text of the buffer "case/part.inc"
+    const char* findings;
+};
+
+class DeckInMemory : public testing::TestWithParam<Inclusion> { };
+
+TEST_P(DeckInMemory, IsReadWithWhatItIncludes)
+{
+    const auto source = std::make_shared<MemorySource>();
+    source->Set("case/deck.data", std::string("RUNSPEC\nINCLUDE\n '") + GetParam().path + "' /\n");
+    source->Set("case/part.inc", std::string(GetParam().included));
+    EXPECT_EQ(FindingsOf("case/deck.data", source), GetParam().findings);
+}
+
+INSTANTIATE_TEST_SUITE_P(Inclusions, DeckInMemory,
+    testing::Values(Inclusion{"Sound", "part.inc", "GRID\n", ""},
+        Inclusion{"AnotherSpelling", "x/../part.inc", "NOSUCHKW\n", "case/x/../part.inc:1:unknown-keyword"},
+        Inclusion{"Missing", "none.inc", "", "case/deck.data:3:include-missing"},
+        Inclusion{"Itself", "part.inc", "INCLUDE\n 'x/../part.inc' /\n", "case/part.inc:2:include-loop"}),
+    CaseName<Inclusion>);
+
+TEST(MemoryBeforeFiles, ServesTheBufferAndElseTheFile)
+{
+    const TemporaryDirectory folder;
+    const std::string deck = folder.Write("deck.data", "RUNSPEC\nINCLUDE\n 'part.inc' /\n");
+    const std::string part = folder.Write("part.inc", "NOSUCHKW\n");
+    const auto files = std::make_shared<FileSource>();
+    const auto source = std::make_shared<MemorySource>(files);
+    EXPECT_EQ(FindingsOf(deck, source), part + ":1:unknown-keyword");
+    source->Set(part, std::string("GRID\n"));
+    EXPECT_EQ(FindingsOf(deck, source), "");
+    EXPECT_EQ(FindingsOf(deck, files), part + ":1:unknown-keyword");
+}
+
+TEST(MemoryAlone, HasNoOtherFiles)
+{
+    EXPECT_THROW(FindingsOf("deck.data", std::make_shared<MemorySource>()), SourceError);
+}
+
+TEST(CancelledRead, EndsAtTheNextKeyword)
+{
+    const auto source = std::make_shared<MemorySource>();
+    source->Set("deck.data", std::string("RUNSPEC\nGRID\nRUNSPEC\n"));
+    int asked = 0;
+    ReadOptions options;
+    options.source = source;
+    options.isCancelled = [&asked] { return ++asked == 2; };
+    EXPECT_THROW(ReadDeck("deck.data", options, SmallLanguage()), ReadCancelled);
+    EXPECT_EQ(asked, 2);
+}
+
+} // namespace
