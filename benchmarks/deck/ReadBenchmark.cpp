@@ -4,8 +4,8 @@
 
 #include "benchmarks/deck/DeckGenerator.h"
 #include "quor/Keywords.h"
+#include "quor/deck/Deck.h"
 #include "quor/deck/SourceText.h"
-#include "quor/deck/internal/read/Deck.h"
 
 #include <benchmark/benchmark.h>
 #include <fast_float/fast_float.h>
@@ -17,6 +17,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include <malloc.h>
@@ -131,13 +132,13 @@ void MeasureOnce(benchmark::State& state, const DeckFileOnDisk& file, Measured& 
     ForgetPeak();
     const double resident = MemoryOf("VmRSS");
     const double allocated = AllocatedBytes();
-    std::unique_ptr<Deck> deck;
-    const Seconds time = TimeOf([&] { deck = ReadDeck(file.Path(), {}, Words()); });
+    std::optional<Deck> deck;
+    const Seconds time = TimeOf([&] { deck = Deck::Read(file.Path(), Words()); });
     measured.peak = MemoryOf("VmHWM") - resident;
     measured.kept = AllocatedBytes() - allocated;
     measured.read = std::min(measured.read, time);
     state.SetIterationTime(time.count());
-    if (deck->findings.HasFault())
+    if (!deck->IsClean())
         state.SkipWithError("the deck has findings");
 }
 

@@ -1,10 +1,10 @@
 // Bytes become a deck and a file that it may include. Whatever they say, reading them, telling what was found
 // and writing them goes well, and what was written says the same when it is read.
 
-#include "quor/deck/internal/compare/DeckDifference.h"
-#include "quor/deck/internal/compare/DeckSummary.h"
-#include "quor/deck/internal/compare/Portability.h"
-#include "quor/deck/internal/write/DeckWriter.h"
+#include "quor/deck/DeckDifference.h"
+#include "quor/deck/DeckFormatter.h"
+#include "quor/deck/DeckSummary.h"
+#include "quor/deck/Portability.h"
 #include "quor/foundation/service/Log.h"
 #include "tests/support/Documents.h"
 #include "tests/tools/SameDecks.h"
@@ -44,7 +44,7 @@ constexpr std::size_t mostIncluded = std::size_t(256) << 10;
 
 struct Conditions {
     Target target;
-    bool keepsValueRanges;
+    bool isEditable;
 };
 
 /// By the first byte, unless that is text already.
@@ -156,24 +156,24 @@ const DeckLanguage& GetLanguage()
     static std::optional<DeckLanguage> language;
     static int uses = 0;
     if (uses++ % 2000 == 0)
-        language.emplace(KeywordSyntaxTable::Instance());
+        language.emplace();
     return *language;
 }
 
 /// As `quor format` does: a file that is included several times, and would be written in several ways, stays
 /// as it is.
-Texts WriteFiles(const Deck& deck, const Target& target)
+Texts WriteFiles(const Deck& deck)
 {
-    DeckWriter writer(deck, target);
+    DeckFormatter formatter(deck);
     Texts texts;
     std::array<bool, 2> isWritten = {};
-    for (std::uint32_t i = 0; i < deck.files.GetSize(); ++i) {
-        std::string text = writer.WriteFile(i);
-        const auto location = FindPlace(deck.files.Get(i).name);
+    for (std::uint32_t i = 0; i < deck.GetFiles().GetSize(); ++i) {
+        std::string text = formatter.FormatFile(i);
+        const auto location = FindPlace(deck.GetFiles().Get(i).name);
         if (!location)
             continue;
         if (isWritten[*location] && texts[*location] != text)
-            text = deck.files.GetText(i);
+            text = deck.GetFiles().GetText(i);
         texts[*location] = std::move(text);
         isWritten[*location] = true;
     }
@@ -183,8 +183,8 @@ Texts WriteFiles(const Deck& deck, const Target& target)
 /// Whether some finding is about how the deck hangs together, which an included file decides for itself.
 bool IsBroken(const Deck& deck)
 {
-    const auto& kept = deck.findings.GetKept();
-    return deck.findings.GetOmittedCount() > 0
+    const auto& kept = deck.GetFindings().GetKept();
+    return deck.GetFindings().GetOmittedCount() > 0
         || std::any_of(kept.begin(), kept.end(), [](const Finding& finding) {
                return finding.code.starts_with("include-") || finding.code.starts_with("unclosed-")
                    || finding.code.starts_with("stray-") || finding.code == "unknown-alias";
@@ -193,8 +193,8 @@ bool IsBroken(const Deck& deck)
 
 void RequireSame(const Deck& deck, const Deck& again, const std::string& what)
 {
-    const std::size_t errors = again.findings.GetCount(Severity::Error);
-    Require(errors == deck.findings.GetCount(Severity::Error),
+    const std::size_t errors = again.GetFindings().GetCount(Severity::Error);
+    Require(errors == deck.GetFindings().GetCount(Severity::Error),
         what + " has as many errors, and not " + std::to_string(errors));
     const testing::AssertionResult same = SayTheSame(deck, again);
     Require(same, what + " says the same: " + same.message());
@@ -202,36 +202,36 @@ void RequireSame(const Deck& deck, const Deck& again, const std::string& what)
 
 void CheckWritten(const Deck& deck, const ReadOptions& options, const DeckLanguage& language)
 {
-    const Texts written = WriteFiles(deck, options.target);
-    const std::string all = DeckWriter(deck, options.target).WriteAll();
-    if (deck.findings.GetHiddenCount(Hiding::Silenced) > 0)
+    const Texts written = WriteFiles(deck);
+    const std::string all = DeckFormatter(deck).FormatAll();
+    if (deck.GetFindings().GetHiddenCount(Hiding::Silenced) > 0)
         return; // by comments, which are for a line, or for the rest of a file
     Store(written);
-    auto again = ReadDeck(GetDeck(), options, language);
+    std::optional<Deck> again = Deck::Read(GetDeck(), language, options);
     RequireSame(deck, *again, "the written deck");
-    Require(Compare(deck, *again, {options.target.simulator, true}).groups.empty(), "diff finds nothing");
-    Require(WriteFiles(*again, options.target) == written, "the second time gives the same text");
-    if (deck.files.GetSize() == 1)
+    Require(Compare(deck, *again, {deck.GetTarget().simulator, true}).groups.empty(), "diff finds nothing");
+    Require(WriteFiles(*again) == written, "the second time gives the same text");
+    if (deck.GetFiles().GetSize() == 1)
         Require(all == written[0], "the deck is in one file already");
-    if (deck.files.GetSize() == 1 || IsBroken(deck))
+    if (deck.GetFiles().GetSize() == 1 || IsBroken(deck))
         return;
     again.reset();
     Store({all, ""});
-    again = ReadDeck(GetDeck(), options, language);
+    again = Deck::Read(GetDeck(), language, options);
     RequireSame(deck, *again, "the deck in one file");
 }
 
 void CheckAnswers(const Deck& deck, const Conditions& conditions)
 {
-    FindingsText(deck.findings);
-    CountsText(deck.findings);
-    GccText({&deck.findings});
-    GitHubText({&deck.findings});
+    FindingsText(deck.GetFindings());
+    CountsText(deck.GetFindings());
+    GccText({&deck.GetFindings()});
+    GitHubText({&deck.GetFindings()});
     Summarise(deck);
     for (const bool isStrict : {false, true})
         Require(Compare(deck, deck, {conditions.target.simulator, isStrict}).groups.empty(),
             "a deck doesn't differ from itself");
-    FindLosses(deck, {{}, conditions.target, conditions.keepsValueRanges});
+    FindLosses(deck, {{}, conditions.target, conditions.isEditable});
     FindLosses(deck, {conditions.target, {SimulatorType::Dunmere, SimulatorModeType::Any}, true});
 }
 
@@ -261,13 +261,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size > largestInput || !IsModest(input.texts))
         return -1;
     const DeckLanguage& language = GetLanguage();
-    ReadOptions options;
-    options.target = input.conditions.target;
-    options.keepsValueRanges = input.conditions.keepsValueRanges;
-    options.variables = {{"$ONE", "1"}};
+    const auto options = ReadOptions()
+                             .SetTarget(input.conditions.target)
+                             .SetEditable(input.conditions.isEditable)
+                             .SetVariable("ONE", "1");
     Store(input.texts);
-    const auto deck = ReadDeck(GetDeck(), options, language);
-    CheckAnswers(*deck, input.conditions);
-    CheckWritten(*deck, options, language);
+    const Deck deck = Deck::Read(GetDeck(), language, options);
+    CheckAnswers(deck, input.conditions);
+    CheckWritten(deck, options, language);
     return 0;
 }

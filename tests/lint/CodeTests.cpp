@@ -1,5 +1,5 @@
+#include "quor/lint/Codes.h"
 #include "tests/lint/Snippets.h"
-#include "tools/lint/Codes.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 #include <vector>
 
 using namespace Veld::Quor::Tests;
-using namespace Veld::Quor::Tools;
+using namespace Veld::Quor::Core;
 using Lint::Code;
 using Veld::Quor::Core::Decks::Severity;
 

@@ -1,6 +1,6 @@
+#include "quor/lint/Lint.h"
+#include "quor/lint/internal/DocumentForm.h"
 #include "tests/support/Documents.h"
-#include "tools/lint/DocumentForm.h"
-#include "tools/lint/Lint.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-using namespace Veld::Quor::Tools::Lint;
+using namespace Veld::Quor::Core::Lint;
 using Veld::Quor::Core::Decks::Finding;
 using Veld::Quor::Tests::LoadFailureOf;
 

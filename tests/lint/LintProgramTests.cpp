@@ -1,7 +1,7 @@
+#include "quor/lint/Lint.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
 #include "tests/tools/RunProgram.h"
-#include "tools/lint/Lint.h"
 
 #include <nlohmann/json.hpp>
 
@@ -11,7 +11,7 @@
 #include <vector>
 
 using namespace Veld::Quor::Tests;
-using namespace Veld::Quor::Tools;
+using namespace Veld::Quor::Core;
 using nlohmann::json;
 
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "quor/lint/Lint.h"
 #include "tests/support/Documents.h"
-#include "tools/lint/Lint.h"
 
 #include <string>
 #include <utility>
@@ -79,9 +79,9 @@ inline std::string Precedent(const std::string& name)
 /// hint.
 inline std::string FindingsOf(const std::string& body)
 {
-    std::vector<Tools::Lint::Document> documents;
-    documents.push_back(Tools::Lint::Document::ReadText(Document(body), "x.xml"));
-    const Tools::Lint::LintReport report = LintDocuments(documents, 100);
+    std::vector<Core::Lint::Document> documents;
+    documents.push_back(Core::Lint::Document::ReadText(Document(body), "x.xml"));
+    const Core::Lint::LintReport report = LintDocuments(documents, 100);
     std::string lines;
     for (const auto& finding : report.findings.GetKept()) {
         lines += finding.location.file + ":" + std::to_string(finding.location.line) + ":"

@@ -1,4 +1,4 @@
-#include "quor/deck/internal/check/DeckCheck.h"
+#include "quor/deck/Deck.h"
 
 #include "quor/deck/SourceText.h"
 #include "tests/support/Cases.h"
@@ -38,13 +38,10 @@ public:
             folder_.Write(name, content);
     }
 
-    DeckReport Check(const ReadOptions& options = {}) const
-    {
-        return CheckDeck(path_, options, SmallLanguage());
-    }
+    Deck Read(const ReadOptions& options = {}) const { return Deck::Read(path_, SmallLanguage(), options); }
     std::string FindingsOf(const ReadOptions& options = {}) const
     {
-        return Dump(Check(options).findings, folder_.Path());
+        return Dump(Read(options).GetFindings(), folder_.Path());
     }
     const std::filesystem::path& Folder() const { return folder_.Path(); }
 
@@ -78,7 +75,7 @@ class Decks : public testing::TestWithParam<Row> { };
 TEST_P(Decks, AreChecked)
 {
     const DeckOnDisk deck(GetParam().deck, GetParam().files);
-    EXPECT_EQ(deck.FindingsOf({.target = GetParam().target}), GetParam().findings);
+    EXPECT_EQ(deck.FindingsOf(ReadOptions().SetTarget(GetParam().target)), GetParam().findings);
 }
 
 INSTANTIATE_TEST_SUITE_P(Bytes, Decks,
@@ -391,9 +388,9 @@ INSTANTIATE_TEST_SUITE_P(Suppressions, Decks,
 
 TEST(DeckReports, CountSilencedFindingsForThemselves)
 {
-    const DeckReport report = DeckOnDisk("RUNSPEC\nWATR -- quor: off\nOLI\n").Check();
-    EXPECT_EQ(report.findings.GetHiddenCount(Hiding::Silenced), 1U);
-    EXPECT_EQ(report.findings.GetCount(Severity::Error), 1U);
+    const Deck deck = DeckOnDisk("RUNSPEC\nWATR -- quor: off\nOLI\n").Read();
+    EXPECT_EQ(deck.GetFindings().GetHiddenCount(Hiding::Silenced), 1U);
+    EXPECT_EQ(deck.GetFindings().GetCount(Severity::Error), 1U);
 }
 
 TEST(DeckSilences, OfManyLinesCostNoMoreThanReadingThem) // quadratic work would run into the time limit
@@ -405,11 +402,11 @@ TEST(DeckSilences, OfManyLinesCostNoMoreThanReadingThem) // quadratic work would
 
 TEST(DeckFinding, SaysWhatWhereAndWhatToDo)
 {
-    const DeckReport report =
+    const Deck deck =
         DeckOnDisk("RUNSPEC\nINCLUDE\n 'a.inc' /\n", {{"a.inc", "-- c\nSCHEDULE\nWELSPEXX  -- wells\n"}})
-            .Check();
-    ASSERT_EQ(report.findings.GetKept().size(), 1U);
-    const Finding& finding = report.findings.GetKept().front();
+            .Read();
+    ASSERT_EQ(deck.GetFindings().GetKept().size(), 1U);
+    const Finding& finding = deck.GetFindings().GetKept().front();
     EXPECT_EQ(finding.severity, Severity::Error);
     EXPECT_EQ(finding.message, "WELSPEXX is not a keyword");
     EXPECT_EQ(finding.hint, "did you mean WELSPECL, WELSPECS?");
@@ -422,9 +419,9 @@ TEST(DeckFinding, SaysWhatWhereAndWhatToDo)
 
 TEST(DeckFinding, ShowsThePartOfALongLineAroundThePlace)
 {
-    const DeckReport report = DeckOnDisk("RUNSPEC\nINCLUDE" + std::string(1000, ' ') + "'x.inc' /\n").Check();
-    ASSERT_EQ(report.findings.GetKept().size(), 1U);
-    const Finding& finding = report.findings.GetKept().front();
+    const Deck deck = DeckOnDisk("RUNSPEC\nINCLUDE" + std::string(1000, ' ') + "'x.inc' /\n").Read();
+    ASSERT_EQ(deck.GetFindings().GetKept().size(), 1U);
+    const Finding& finding = deck.GetFindings().GetKept().front();
     EXPECT_EQ(finding.location.column, 1008U);
     EXPECT_EQ(finding.excerptColumn, 1008U);
     EXPECT_EQ(finding.excerpt, "'x.inc' /");
@@ -432,21 +429,22 @@ TEST(DeckFinding, ShowsThePartOfALongLineAroundThePlace)
 
 TEST(DeckReports, CountWhatIsNotPassedOver)
 {
-    const DeckReport report = DeckOnDisk(
+    const Deck deck = DeckOnDisk(
         "RUNSPEC\nOIL\nSKIP\nWATER\nENDSKIP\nGRID\nINCLUDE 'a.inc' /\nINCLUDE 'a.inc' /\nEND\nOIL\n",
-        {{"a.inc",
-            "PORO\n 1 /\n"}}).Check();
-    EXPECT_EQ(report.keywords, 5U); // what belongs to the text is not among them
-    EXPECT_EQ(report.sections, 2U);
-    EXPECT_EQ(report.files, 2U);
+        {{"a.inc", "PORO\n 1 /\n"}})
+                          .Read();
+    EXPECT_EQ(deck.GetSize(), 5U); // what belongs to the text is not among them
+    EXPECT_EQ(deck.GetSectionCount(), 2U);
+    EXPECT_EQ(deck.GetFileCount(), 2U);
 }
 
 TEST(DeckReports, KeepFindingsUpToTheLimitAndCountAll)
 {
-    const DeckReport report = DeckOnDisk("RUNSPEC\n" + Repeat("WATR\n", 5) + "INCLUDE '$X'\n").Check({{}, 2});
-    EXPECT_EQ(report.findings.GetKept().size(), 2U);
-    EXPECT_EQ(report.findings.GetOmittedCount(), 4U);
-    EXPECT_EQ(report.findings.GetCount(Severity::Error), 6U);
+    const Deck deck = DeckOnDisk("RUNSPEC\n" + Repeat("WATR\n", 5) + "INCLUDE '$X'\n")
+                          .Read(ReadOptions().SetMaxFindings(2));
+    EXPECT_EQ(deck.GetFindings().GetKept().size(), 2U);
+    EXPECT_EQ(deck.GetFindings().GetOmittedCount(), 4U);
+    EXPECT_EQ(deck.GetFindings().GetCount(Severity::Error), 6U);
 }
 
 TEST(DeckReports, NotesAreNoFault)
@@ -471,18 +469,18 @@ Files Chain(int length, int times)
 TEST(DeckInclusions, GoAHundredDeep)
 {
     EXPECT_EQ(DeckOnDisk("RUNSPEC\nINCLUDE '0'\n", Chain(99, 1)).FindingsOf(), "");
-    const DeckReport report = DeckOnDisk("RUNSPEC\nINCLUDE '0'\n", Chain(100, 1)).Check();
-    ASSERT_EQ(report.findings.GetKept().size(), 1U);
-    const Finding& finding = report.findings.GetKept().front();
+    const Deck deck = DeckOnDisk("RUNSPEC\nINCLUDE '0'\n", Chain(100, 1)).Read();
+    ASSERT_EQ(deck.GetFindings().GetKept().size(), 1U);
+    const Finding& finding = deck.GetFindings().GetKept().front();
     EXPECT_TRUE(finding.location.file.ends_with("/99")) << finding.location.file;
     EXPECT_EQ(finding.message, "more than 100 files are included in one another");
 }
 
 TEST(DeckInclusions, ThatGrowWithoutBoundsAreStopped)
 {
-    const DeckReport report = DeckOnDisk("RUNSPEC\nINCLUDE '0'\n", Chain(50, 2)).Check();
-    ASSERT_EQ(report.findings.GetKept().size(), 1U);
-    EXPECT_EQ(report.findings.GetKept()[0].message,
+    const Deck deck = DeckOnDisk("RUNSPEC\nINCLUDE '0'\n", Chain(50, 2)).Read();
+    ASSERT_EQ(deck.GetFindings().GetKept().size(), 1U);
+    EXPECT_EQ(deck.GetFindings().GetKept()[0].message,
         "more than 100000 inclusions; the rest of the deck is not read");
 }
 
@@ -496,8 +494,8 @@ TEST(DeckInclusions, LoopThroughALinkToo)
 
 TEST(DeckInclusions, OfALargeFileInItselfDontReadItAgain) // it would run into the time limit
 {
-    const DeckReport report = DeckOnDisk("RUNSPEC\n" + Repeat("INCLUDE 'd.data' /\n", 300'000)).Check();
-    EXPECT_EQ(report.findings.GetCount(Severity::Error), 300'000U);
+    const Deck deck = DeckOnDisk("RUNSPEC\n" + Repeat("INCLUDE 'd.data' /\n", 300'000)).Read();
+    EXPECT_EQ(deck.GetFindings().GetCount(Severity::Error), 300'000U);
 }
 
 TEST(DeckBlocks, CostTheSameAtAnyDepth) // quadratic work would run into the time limit
@@ -511,8 +509,8 @@ TEST(DeckBlocks, CostTheSameAtAnyDepth) // quadratic work would run into the tim
 TEST(DeckThatCannotBeRead, Throws)
 {
     const TemporaryDirectory folder;
-    EXPECT_THROW(CheckDeck((folder.Path() / "none").string(), {}, SmallLanguage()), SourceError);
-    EXPECT_THROW(CheckDeck(folder.Path().string(), {}, SmallLanguage()), SourceError);
+    EXPECT_THROW(Deck::Read((folder.Path() / "none").string(), SmallLanguage()), SourceError);
+    EXPECT_THROW(Deck::Read(folder.Path().string(), SmallLanguage()), SourceError);
 }
 
 } // namespace

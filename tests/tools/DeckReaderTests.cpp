@@ -1,5 +1,6 @@
-#include "quor/deck/internal/read/Deck.h"
+#include "quor/deck/Deck.h"
 
+#include "quor/deck/internal/ContentsOf.h"
 #include "quor/deck/internal/write/ValueEdit.h"
 #include "tests/data/DataText.h"
 #include "tests/support/Cases.h"
@@ -132,11 +133,10 @@ protected:
         table_.reset();
     }
 
-    std::unique_ptr<Decks::Deck> Read(const std::string& text, SimulatorType::Enum simulator) const
+    Decks::Deck Read(const std::string& text, SimulatorType::Enum simulator) const
     {
-        Decks::ReadOptions options;
-        options.target.simulator = simulator;
-        return Decks::ReadDeck(folder_.Write("d.data", "RUNSPEC\n" + text), options, *language_);
+        return Decks::Deck::Read(folder_.Write("d.data", "RUNSPEC\n" + text), *language_,
+            Decks::ReadOptions().SetSimulator(simulator));
     }
 
     static inline std::unique_ptr<LoadedTable> table_;
@@ -149,9 +149,9 @@ class Readings : public Language, public testing::WithParamInterface<Reading> { 
 TEST_P(Readings, GiveDataAndFindings)
 {
     const auto deck = Read(GetParam().deck, GetParam().simulator);
-    EXPECT_EQ(Dump(deck->findings, folder_.Path()), GetParam().findings);
+    EXPECT_EQ(Dump(deck.GetFindings(), folder_.Path()), GetParam().findings);
     if (GetParam().data) {
-        EXPECT_EQ(Veld::Quor::Tests::Dump(*deck->keywords.back().data), GetParam().data);
+        EXPECT_EQ(Veld::Quor::Tests::Dump(deck[deck.GetSize() - 1].GetData()), GetParam().data);
     }
 }
 
@@ -416,12 +416,12 @@ INSTANTIATE_TEST_SUITE_P(Order, Readings,
 TEST_F(Readings, KeepWhereThingsStand)
 {
     const auto deck = Read("FLAG\n-- wells\nROWS  -- two\n 1 /\n  2 / last\n/ end\n", SimulatorType::Any);
-    const Decks::DeckKeyword& rows = deck->keywords.back();
-    EXPECT_EQ(deck->files.GetText(rows.name), "ROWS");
-    EXPECT_EQ(deck->files.GetText(rows.whole), "ROWS  -- two\n 1 /\n  2 / last\n/");
-    ASSERT_EQ(rows.records.size(), 2U);
-    EXPECT_EQ(deck->files.LocationOf({0, rows.records[1].offset, 0}).line, 6U);
-    EXPECT_EQ(deck->files.LocationOf({0, rows.records[1].offset, 0}).column, 3U);
+    const Decks::DeckKeyword rows = deck.Get("ROWS");
+    EXPECT_EQ(deck.GetFiles().GetText(rows.GetNameRange()), "ROWS");
+    EXPECT_EQ(rows.GetText(), "ROWS  -- two\n 1 /\n  2 / last\n/");
+    EXPECT_EQ(rows.GetLocation(1).line, 6U);
+    EXPECT_EQ(rows.GetLocation(1).column, 3U);
+    EXPECT_EQ(rows.GetLocation(2).line, 4U);
 }
 
 struct EditRow {
@@ -437,21 +437,20 @@ class Edits : public Language, public testing::WithParamInterface<EditRow> { };
 TEST_P(Edits, TouchNothingElse)
 {
     const EditRow& row = GetParam();
-    const auto read = [this](const std::string& text) {
-        Decks::ReadOptions options;
-        options.keepsValueRanges = true;
-        return Decks::ReadDeck(folder_.Write("d.data", text), options, *language_);
+    const auto read = [](const std::string& text) {
+        return Decks::Deck::ReadText(text, *language_, Decks::ReadOptions().SetEditable(true));
     };
     const std::string before = "RUNSPEC\n";
-    const auto deck = read(before + row.keyword);
-    const auto edit = Decks::EditValue(deck->keywords.back(), deck->files, row.slot, row.word);
-    EXPECT_EQ(edit ? Decks::Apply(*edit, deck->files) : "", *row.changed ? before + row.changed : "");
+    const Decks::Deck deck = read(before + row.keyword);
+    const Decks::DeckFiles& files = deck.GetFiles();
+    const auto edit = Decks::EditValue(ContentsOf(deck).keywords.back(), files, row.slot, row.word);
+    EXPECT_EQ(edit ? Decks::Apply(*edit, files) : "", *row.changed ? before + row.changed : "");
     if (!edit)
         return;
-    const auto again = read(Decks::Apply(*edit, deck->files));
-    EXPECT_EQ(Dump(again->findings, folder_.Path()), "");
-    const Decks::TextRange& range = again->keywords.back().notes->values[row.slot];
-    EXPECT_EQ(again->files.GetText(range), row.word);
+    const Decks::Deck again = read(Decks::Apply(*edit, files));
+    EXPECT_EQ(Dump(again.GetFindings(), folder_.Path()), "");
+    const Decks::TextRange& range = ContentsOf(again).keywords.back().notes->values[row.slot];
+    EXPECT_EQ(again.GetFiles().GetText(range), row.word);
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, Edits,

@@ -1,7 +1,6 @@
 #include "quor/deck/DeckSource.h"
 
-#include "quor/deck/ReadCancelled.h"
-#include "quor/deck/internal/read/Deck.h"
+#include "quor/deck/Deck.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
 #include "tests/tools/Language.h"
@@ -25,14 +24,12 @@ const DeckLanguage& SmallLanguage()
 /// "file:line:code" of each finding.
 std::string FindingsOf(const std::string& path, std::shared_ptr<const DeckSource> source)
 {
-    ReadOptions options;
-    options.source = std::move(source);
-    const auto deck = ReadDeck(path, options, SmallLanguage());
+    const Deck deck = Deck::Read(path, SmallLanguage(), ReadOptions().SetSource(std::move(source)));
     std::string text;
-    for (const Finding& finding : deck->findings.GetKept()) {
+    for (const Finding& finding : deck.GetFindings()) {
         text += (text.empty() ? "" : " ") + finding.location.file + ":"
             + std::to_string(finding.location.line) + ":" + finding.code;
-        EXPECT_EQ(deck->files.LocationOf(finding.range).line, finding.location.line);
+        EXPECT_EQ(deck.GetFiles().LocationOf(finding.range).line, finding.location.line);
     }
     return text;
 }
@@ -84,10 +81,8 @@ TEST(CancelledRead, EndsAtTheNextKeyword)
     const auto source = std::make_shared<MemorySource>();
     source->Set("deck.data", std::string("RUNSPEC\nGRID\nRUNSPEC\n"));
     int asked = 0;
-    ReadOptions options;
-    options.source = source;
-    options.isCancelled = [&asked] { return ++asked == 2; };
-    EXPECT_THROW(ReadDeck("deck.data", options, SmallLanguage()), ReadCancelled);
+    const auto options = ReadOptions().SetSource(source).SetCancellation([&asked] { return ++asked == 2; });
+    EXPECT_THROW(Deck::Read("deck.data", SmallLanguage(), options), ReadCancelled);
     EXPECT_EQ(asked, 2);
 }
 

@@ -1,4 +1,4 @@
-#include "quor/deck/internal/write/DeckWriter.h"
+#include "quor/deck/DeckFormatter.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
 
@@ -60,10 +60,7 @@ protected:
         table_.reset();
     }
 
-    std::unique_ptr<Deck> Read(const std::string& text) const
-    {
-        return ReadDeck(folder_.Write("d.data", text), {}, *language_);
-    }
+    Deck Read(const std::string& text) const { return Deck::Read(folder_.Write("d.data", text), *language_); }
 
     static inline std::unique_ptr<LoadedTable> table_;
     static inline std::unique_ptr<DeckLanguage> language_;
@@ -82,7 +79,7 @@ TEST_P(Writings, AreInOrder)
 {
     const std::string& expected = GetParam().written.empty() ? GetParam().deck : GetParam().written;
     const auto deck = Read(GetParam().deck);
-    EXPECT_EQ(DeckWriter(*deck, {}).WriteFile(0), expected);
+    EXPECT_EQ(DeckFormatter(deck).FormatFile(0), expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, Writings,
@@ -156,11 +153,11 @@ TEST_F(DeckWriting, PutsIncludedFilesInTheirPlaces)
     folder_.Write("a.inc", "VALUES\n 1 1 1 /\nINCLUDE\n 'b.inc' /\nENDINC\nleft out\n");
     folder_.Write("b.inc", "ROWS\n P1 1");
     const auto deck = Read("FLAG\nINCLUDE -- values\n 'a.inc' / and rows\n 2 /\n/\nFLAG\n");
-    DeckWriter writer(*deck, {});
+    DeckFormatter formatter(deck);
     EXPECT_EQ(
-        writer.WriteAll(), "FLAG\n-- values\n-- and rows\nVALUES\n  3*1 /\nROWS\n P1 1\n 2 /\n/\nFLAG\n");
-    EXPECT_EQ(writer.WriteFile(0), "FLAG\nINCLUDE -- values\n 'a.inc' / and rows\n 2 /\n/\nFLAG\n");
-    EXPECT_EQ(writer.WriteFile(1), "VALUES\n  3*1 /\nINCLUDE\n 'b.inc' /\nENDINC\nleft out\n");
+        formatter.FormatAll(), "FLAG\n-- values\n-- and rows\nVALUES\n  3*1 /\nROWS\n P1 1\n 2 /\n/\nFLAG\n");
+    EXPECT_EQ(formatter.FormatFile(0), "FLAG\nINCLUDE -- values\n 'a.inc' / and rows\n 2 /\n/\nFLAG\n");
+    EXPECT_EQ(formatter.FormatFile(1), "VALUES\n  3*1 /\nINCLUDE\n 'b.inc' /\nENDINC\nleft out\n");
 }
 
 } // namespace

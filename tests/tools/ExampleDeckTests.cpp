@@ -1,6 +1,6 @@
+#include "quor/deck/Deck.h"
+#include "quor/deck/DeckFormatter.h"
 #include "quor/deck/FindingCodes.h"
-#include "quor/deck/internal/check/DeckCheck.h"
-#include "quor/deck/internal/write/DeckWriter.h"
 #include "quor/foundation/service/MessageCapper.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
@@ -32,16 +32,21 @@ const std::filesystem::path folder = std::filesystem::path(QUOR_SOURCE_DIR) / "e
 
 const DeckLanguage& GetLanguage()
 {
-    static const DeckLanguage language(KeywordSyntaxTable::Instance());
+    static const DeckLanguage language;
     return language;
+}
+
+Deck Read(const std::string& path, const Target& target)
+{
+    return Deck::Read(path, GetLanguage(), ReadOptions().SetTarget(target));
 }
 
 /// "line:column code" of each finding, with the file in front if it isn't the deck itself.
 std::string FindingsOf(const std::filesystem::path& deck, const Target& target)
 {
-    const DeckReport report = CheckDeck(deck.string(), {target}, GetLanguage());
     std::string text;
-    for (const Finding& finding : report.findings.GetKept()) {
+    const Deck read = Read(deck, target);
+    for (const Finding& finding : read.GetFindings()) {
         const auto file = std::filesystem::path(finding.location.file).lexically_relative(deck.parent_path());
         text += (text.empty() ? "" : ", ") + (file == deck.filename() ? "" : file.string() + ":")
             + std::to_string(finding.location.line) + ":" + std::to_string(finding.location.column) + " "
@@ -53,20 +58,20 @@ std::string FindingsOf(const std::filesystem::path& deck, const Target& target)
 /// Reads a deck, writes its files into another folder, and reads them there.
 void ExpectToSurviveWriting(const std::filesystem::path& path, const Target& target)
 {
-    const auto deck = ReadDeck(path.string(), {target}, GetLanguage());
-    DeckWriter writer(*deck, target);
+    const auto deck = Read(path, target);
+    DeckFormatter formatter(deck);
     const TemporaryDirectory tree;
-    for (std::uint32_t i = 0; i < deck->files.GetSize(); ++i) {
-        const auto file = std::filesystem::path(deck->files.Get(i).name);
+    for (std::uint32_t i = 0; i < deck.GetFiles().GetSize(); ++i) {
+        const auto file = std::filesystem::path(deck.GetFiles().Get(i).name);
         const std::string name = file.lexically_normal().lexically_relative(path.parent_path());
         std::filesystem::create_directories((tree.Path() / name).parent_path());
-        tree.Write(name, writer.WriteFile(i));
+        tree.Write(name, formatter.FormatFile(i));
     }
-    const auto again = ReadDeck((tree.Path() / path.filename()).string(), {target}, GetLanguage());
-    EXPECT_TRUE(SayTheSame(*deck, *again));
-    DeckWriter second(*again, target);
-    for (std::uint32_t i = 0; i < again->files.GetSize(); ++i)
-        EXPECT_TRUE(second.WriteFile(i) == again->files.GetText(i)) << again->files.Get(i).name;
+    const auto again = Read((tree.Path() / path.filename()), target);
+    EXPECT_TRUE(SayTheSame(deck, again));
+    DeckFormatter second(again);
+    for (std::uint32_t i = 0; i < again.GetFiles().GetSize(); ++i)
+        EXPECT_TRUE(second.FormatFile(i) == again.GetFiles().GetText(i)) << again.GetFiles().Get(i).name;
 }
 
 std::set<std::string> DecksIn(const std::filesystem::path& directory)
@@ -121,12 +126,12 @@ TEST_P(CleanDecks, SurviveWriting)
 TEST_P(CleanDecks, FitIntoOneFile)
 {
     const std::string path = folder / (std::string(GetParam().deck) + ".data");
-    const auto deck = ReadDeck(path, {GetParam().target}, GetLanguage());
+    const auto deck = Read(path, GetParam().target);
     const TemporaryDirectory directory;
-    const std::string all = directory.Write("all.data", DeckWriter(*deck, GetParam().target).WriteAll());
-    const auto again = ReadDeck(all, {GetParam().target}, GetLanguage());
-    EXPECT_EQ(again->files.GetSize(), 1);
-    EXPECT_TRUE(SayTheSame(*deck, *again));
+    const std::string all = directory.Write("all.data", DeckFormatter(deck).FormatAll());
+    const auto again = Read(all, GetParam().target);
+    EXPECT_EQ(again.GetFiles().GetSize(), 1);
+    EXPECT_TRUE(SayTheSame(deck, again));
 }
 
 INSTANTIATE_TEST_SUITE_P(Examples, CleanDecks, testing::ValuesIn(cleanRows), CaseName<CleanRow>);
@@ -146,7 +151,7 @@ void ReadAllDecks()
     for (const std::string& directory : {std::string(), std::string("field"), std::string("faulty")}) {
         for (const std::string& name : DecksIn(folder / directory)) {
             for (const Target& target : {Target{}, carrow})
-                ReadDeck((folder / directory / (name + ".data")).string(), {target}, GetLanguage());
+                Read((folder / directory / (name + ".data")), target);
         }
     }
 }

@@ -1,4 +1,6 @@
-#include "quor/deck/internal/text/NearestNames.h"
+#include "quor/deck/NearestWords.h"
+
+#include "quor/deck/DeckLanguage.h"
 
 #include "tests/support/Cases.h"
 #include "tests/tools/Language.h"
@@ -47,9 +49,9 @@ class Nearest : public testing::TestWithParam<Misspelt> { };
 
 TEST_P(Nearest, NamesAreFound)
 {
-    const NearestNames names(SmallTable());
+    static const DeckLanguage language(SmallTable());
     std::string found;
-    for (const std::string& name : names.Find(GetParam().word, GetParam().section))
+    for (const std::string& name : language.FindNearest(GetParam().word, GetParam().section))
         found += (found.empty() ? "" : " ") + name;
     EXPECT_EQ(found, GetParam().nearest);
 }

@@ -1,15 +1,12 @@
-#include "quor/deck/internal/check/Remedies.h"
+#include "quor/deck/Remedies.h"
 
-#include "quor/deck/internal/check/DeckCheck.h"
-#include "tests/support/Documents.h"
+#include "quor/deck/Deck.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string>
 
-using namespace Veld::Quor::Core::Keywords;
-using namespace Veld::Quor::Tests;
 using namespace Veld::Quor::Core::Decks;
 
 namespace {
@@ -19,14 +16,12 @@ protected:
     /// The codes found in a deck of the built-in language.
     static std::string CodesOf(const std::string& deck)
     {
-        static const DeckLanguage language(KeywordSyntaxTable::Instance());
+        static const DeckLanguage language;
         if (deck.empty())
             return {};
-        const TemporaryDirectory folder;
         std::string codes;
-        const DeckReport report =
-            CheckDeck(folder.Write("main.data", deck), {GetParam().target, 200}, language);
-        for (const Finding& finding : report.findings.GetKept())
+        const Deck read = Deck::ReadText(deck, language, ReadOptions().SetTarget(GetParam().target));
+        for (const Finding& finding : read.GetFindings())
             codes += finding.code + " ";
         return codes;
     }

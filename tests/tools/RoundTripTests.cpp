@@ -1,5 +1,5 @@
-#include "quor/deck/internal/read/Deck.h"
-#include "quor/deck/internal/write/DeckWriter.h"
+#include "quor/deck/Deck.h"
+#include "quor/deck/DeckFormatter.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
 #include "tests/tools/RandomLanguage.h"
@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 
 using namespace Veld::Quor::Core::Keywords;
@@ -18,26 +17,22 @@ namespace {
 
 class RoundTrip : public testing::Test {
 protected:
-    std::unique_ptr<Deck> Read(const std::string& text, const DeckLanguage& language) const
+    static Deck Read(const std::string& text, const DeckLanguage& language)
     {
-        ReadOptions options;
-        options.variables = {{RandomLanguage::variable, "1"}};
-        return ReadDeck(folder_.Write("d.data", text), options, language);
+        return Deck::ReadText(text, language, ReadOptions().SetVariable(RandomLanguage::variable, "1"));
     }
-
-    TemporaryDirectory folder_;
 };
 
 std::string Write(const Deck& deck)
 {
-    return DeckWriter(deck, {}).WriteFile(0);
+    return DeckFormatter(deck).FormatFile(0);
 }
 
 std::string FirstFinding(const Deck& deck)
 {
-    if (deck.findings.GetKept().empty())
+    if (deck.GetFindings().GetKept().empty())
         return {};
-    const Finding& finding = deck.findings.GetKept().front();
+    const Finding& finding = deck.GetFindings().GetKept().front();
     return std::to_string(finding.location.line) + ": " + finding.message;
 }
 
@@ -68,11 +63,11 @@ TEST_P(OddDecks, SayTheSameWhenWritten)
         + std::string(GetParam().data) + "</data></keyword>");
     const DeckLanguage language(*table.operator->());
     const auto deck = Read(GetParam().text, language);
-    const std::string written = Write(*deck);
+    const std::string written = Write(deck);
     const auto again = Read(written, language);
-    EXPECT_TRUE(SayTheSame(*deck, *again)) << written;
-    EXPECT_EQ(FirstFinding(*again), FirstFinding(*deck)) << written;
-    EXPECT_EQ(Write(*again), written);
+    EXPECT_TRUE(SayTheSame(deck, again)) << written;
+    EXPECT_EQ(FirstFinding(again), FirstFinding(deck)) << written;
+    EXPECT_EQ(Write(again), written);
 }
 
 INSTANTIATE_TEST_SUITE_P(Found, OddDecks,
@@ -106,14 +101,14 @@ TEST_P(RandomRoundTrip, ChangesNoDataAndLosesNoComment)
             int comments = 0;
             const std::string text = language.MakeDeck(8, comments);
             const auto deck = Read(text, ofDecks);
-            const std::string written = Write(*deck);
+            const std::string written = Write(deck);
             const auto again = Read(written, ofDecks);
             SCOPED_TRACE(language.GetDocument() + "\n== deck\n" + text + "\n== written\n" + written);
-            EXPECT_EQ(FirstFinding(*deck), "");
-            EXPECT_EQ(FirstFinding(*again), "");
-            EXPECT_TRUE(SayTheSame(*deck, *again));
+            EXPECT_EQ(FirstFinding(deck), "");
+            EXPECT_EQ(FirstFinding(again), "");
+            EXPECT_TRUE(SayTheSame(deck, again));
             EXPECT_EQ(CommentsLostIn(written, comments), "");
-            EXPECT_TRUE(Write(*again) == written) << "the second time changes more:\n" << Write(*again);
+            EXPECT_TRUE(Write(again) == written) << "the second time changes more:\n" << Write(again);
         }
     }
 }

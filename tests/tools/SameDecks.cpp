@@ -1,23 +1,23 @@
 #include "tests/tools/SameDecks.h"
 
 #include "quor/data/KeywordDataEqual.h"
+#include "quor/syntax/IKeywordSyntax.h"
 
 namespace Veld::Quor::Tests {
 
 using Core::Decks::Deck;
-using Core::Decks::DeckKeyword;
 using Core::Keywords::KeywordDataEqual;
 
 testing::AssertionResult SayTheSame(const Deck& a, const Deck& b)
 {
-    if (a.keywords.size() != b.keywords.size())
-        return testing::AssertionFailure() << a.keywords.size() << " keywords, and " << b.keywords.size();
-    for (std::size_t i = 0; i < a.keywords.size(); ++i) {
-        const DeckKeyword& first = a.keywords[i];
-        const DeckKeyword& second = b.keywords[i];
-        if (first.syntax != second.syntax || !first.data != !second.data
-            || (first.data && !KeywordDataEqual(*first.data, *second.data)))
-            return testing::AssertionFailure() << "keyword " << i << ", " << first.syntax->GetName();
+    if (a.GetSize() != b.GetSize())
+        return testing::AssertionFailure() << a.GetSize() << " keywords, and " << b.GetSize();
+    for (std::size_t i = 0; i < a.GetSize(); ++i) {
+        const Core::Keywords::IKeywordData* const first = a[i].FindData();
+        const Core::Keywords::IKeywordData* const second = b[i].FindData();
+        if (&a[i].GetSyntax() != &b[i].GetSyntax() || !first != !second
+            || (first && !KeywordDataEqual(*first, *second)))
+            return testing::AssertionFailure() << "keyword " << i << ", " << a[i].GetName();
     }
     return testing::AssertionSuccess();
 }

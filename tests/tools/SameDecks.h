@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/deck/internal/read/Deck.h"
+#include "quor/deck/Deck.h"
 
 #include <gtest/gtest.h>
 

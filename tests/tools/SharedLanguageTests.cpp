@@ -1,4 +1,4 @@
-#include "quor/deck/internal/read/Deck.h"
+#include "quor/deck/Deck.h"
 #include "tests/support/Documents.h"
 
 #include <gtest/gtest.h>
@@ -50,11 +50,9 @@ NEEDS
 
 std::string FindingsOf(const std::string& path, SimulatorType::Enum simulator, const DeckLanguage& language)
 {
-    ReadOptions options;
-    options.target.simulator = simulator;
-    const auto deck = ReadDeck(path, options, language);
+    const Deck deck = Deck::Read(path, language, ReadOptions().SetSimulator(simulator));
     std::string found;
-    for (const Finding& finding : deck->findings.GetKept())
+    for (const Finding& finding : deck.GetFindings())
         found += (found.empty() ? "" : " ") + finding.code + ":" + std::to_string(finding.location.line);
     return found;
 }

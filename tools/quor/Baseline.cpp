@@ -1,7 +1,6 @@
 #include "tools/quor/Baseline.h"
 
 #include "quor/deck/SourceText.h"
-#include "quor/deck/internal/text/LineText.h"
 #include "tools/quor/Json.h"
 
 #include <fmt/format.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/deck/internal/check/FindingReporter.h"
+#include "quor/deck/ReadOptions.h"
 
 #include <cstddef>
 #include <map>

@@ -1,7 +1,6 @@
+#include "quor/deck/Deck.h"
 #include "quor/deck/FindingCodes.h"
 #include "quor/deck/SourceText.h"
-#include "quor/deck/internal/check/DeckCheck.h"
-#include "quor/deck/internal/text/DeckLanguage.h"
 #include "tools/quor/Baseline.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/DeckReading.h"
@@ -32,38 +31,41 @@ namespace Veld::Quor::Tools {
 
 namespace Decks = Core::Decks;
 using namespace Core::Keywords;
-using Decks::DeckReport;
 
 namespace {
 
 struct CheckCommandOptions {
     std::vector<std::string> decks;
-    Decks::ReadOptions check;
+    Decks::ReadOptions read;
+    std::size_t maxFindings = 200;
     FindingFormat format = FindingFormat::Text;
     std::string baseline; // empty: none
     std::string newBaseline; // likewise
 };
 
+/// What is kept of a deck.
 struct Result {
     std::string deck;
-    DeckReport report;
+    Decks::Findings findings;
+    std::size_t keywords;
+    std::size_t sections;
+    std::size_t files;
 };
 
 void PrintText(const Result& result)
 {
-    const DeckReport& report = result.report;
-    Print(FindingsText(report.findings));
+    Print(FindingsText(result.findings));
     Print(fmt::format("{}: {} in {}, {}: {}\n",
         MakePrintable(std::filesystem::path(result.deck).filename().string()),
-        Plural(report.keywords, "keyword"), Plural(report.sections, "section"), Plural(report.files, "file"),
-        CountsText(report.findings)));
+        Plural(result.keywords, "keyword"), Plural(result.sections, "section"), Plural(result.files, "file"),
+        CountsText(result.findings)));
 }
 
 FindingSets FindingsOf(const std::vector<Result>& results)
 {
     FindingSets sets;
     for (const Result& result : results)
-        sets.push_back(&result.report.findings);
+        sets.push_back(&result.findings);
     return sets;
 }
 
@@ -71,11 +73,11 @@ void PrintJson(const std::vector<Result>& results)
 {
     auto decks = nlohmann::ordered_json::array();
     auto findings = nlohmann::ordered_json::array();
-    for (const auto& [deck, report] : results) {
-        decks.push_back({{"deck", deck}, {"keywords", report.keywords}, {"sections", report.sections},
-            {"files", report.files}, {"clean", !report.findings.HasFault()}});
-        for (const Decks::Finding& finding : report.findings.GetKept()) {
-            nlohmann::ordered_json json = {{"deck", deck}};
+    for (const Result& result : results) {
+        decks.push_back({{"deck", result.deck}, {"keywords", result.keywords}, {"sections", result.sections},
+            {"files", result.files}, {"clean", !result.findings.HasFault()}});
+        for (const Decks::Finding& finding : result.findings) {
+            nlohmann::ordered_json json = {{"deck", result.deck}};
             json.update(FindingJson(finding));
             findings.push_back(std::move(json));
         }
@@ -96,8 +98,9 @@ std::optional<Result> CheckOne(
 {
     try {
         ProgressBar bar;
-        options.progress = [&bar](std::size_t done, std::size_t known) { bar.Show(done, known); };
-        return Result{deck, CheckDeck(deck, options, deckLanguage)};
+        options.SetProgress([&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
+        const Decks::Deck read = Decks::Deck::Read(deck, deckLanguage, options);
+        return Result{deck, read.GetFindings(), read.GetSize(), read.GetSectionCount(), read.GetFileCount()};
     } catch (const Decks::SourceError& error) {
         PrintError(fmt::format("can't read '{}': {}", deck, error.what()));
         return std::nullopt;
@@ -145,12 +148,13 @@ std::vector<Result> CheckAll(LoadedLanguage& language, const CheckCommandOptions
     std::vector<Result> results;
     for (const std::string& deck : options.decks) {
         Baseline::Counts counts;
-        Decks::ReadOptions check = options.check;
+        Decks::ReadOptions read = options.read;
+        read.SetMaxFindings(options.maxFindings);
         if (!options.newBaseline.empty())
-            check.isKnown = Baseline::MakeRecorder(deck, counts);
+            read.SetKnownFinding(Baseline::MakeRecorder(deck, counts));
         else if (!options.baseline.empty())
-            check.isKnown = baseline.MakeFilter(deck);
-        auto result = CheckOne(deck, std::move(check), deckLanguage);
+            read.SetKnownFinding(baseline.MakeFilter(deck));
+        auto result = CheckOne(deck, std::move(read), deckLanguage);
         if (!result)
             continue;
         baseline.Add(counts);
@@ -175,8 +179,8 @@ int Check(LoadedLanguage& language, const CheckCommandOptions& options)
         return Failure;
     if (!options.newBaseline.empty() && !WriteBaseline(options.newBaseline, *baseline))
         return Failure;
-    const bool isClean = std::none_of(results.begin(), results.end(),
-        [](const Result& result) { return result.report.findings.HasFault(); });
+    const bool isClean = std::none_of(
+        results.begin(), results.end(), [](const Result& result) { return result.findings.HasFault(); });
     return isClean ? Success : HasFindings;
 }
 
@@ -205,9 +209,9 @@ Command MakeCheckCommand(CLI::App& application)
     command.add_option("DECK", options->decks, "Main files of the decks to check")
         ->required()
         ->type_name("FILE");
-    AddReadOptions(command, options->check);
+    AddReadOptions(command, options->read);
     AddFindingFormatOption(command, options->format);
-    AddMaxFindingsOption(command, options->check.maxFindings, " for each deck");
+    AddMaxFindingsOption(command, options->maxFindings, " for each deck");
     AddBaselineOptions(command, *options);
     command.footer(
         "A comment in a deck hides findings: '-- quor: off CODE, CODE' hides those on its line, or on the\n"

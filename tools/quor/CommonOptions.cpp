@@ -61,18 +61,18 @@ void AddSectionOption(CLI::App& command, SectionType::Enum& value)
         [&value](const std::string& word) { value = SectionType::FromString(word); });
 }
 
-void AddSimulatorOption(
-    CLI::App& command, SimulatorType::Enum& value, const char* name, const char* description)
+void AddSimulatorOption(CLI::App& command, const std::function<void(SimulatorType::Enum)>& set,
+    const char* name, const char* description)
 {
     AddWordOption(command, name, description, WordsOf<SimulatorType>(),
-        [&value](const std::string& word) { value = SimulatorType::FromString(word); });
+        [set](const std::string& word) { set(SimulatorType::FromString(word)); });
 }
 
-void AddModeOption(
-    CLI::App& command, SimulatorModeType::Enum& value, const char* name, const char* description)
+void AddModeOption(CLI::App& command, const std::function<void(SimulatorModeType::Enum)>& set,
+    const char* name, const char* description)
 {
     AddWordOption(command, name, description, WordsOf<SimulatorModeType>(),
-        [&value](const std::string& word) { value = SimulatorModeType::FromString(word); });
+        [set](const std::string& word) { set(SimulatorModeType::FromString(word)); });
 }
 
 void AddTypeOption(CLI::App& command, std::optional<MDType::Enum>& value)

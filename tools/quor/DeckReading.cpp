@@ -1,7 +1,6 @@
 #include "tools/quor/DeckReading.h"
 
 #include "quor/deck/SourceText.h"
-#include "quor/variables/VariablesString.h"
 #include "tools/quor/CommonOptions.h"
 #include "tools/quor/FindingText.h"
 #include "tools/quor/ProgressBar.h"
@@ -11,6 +10,7 @@
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
+#include <stdexcept>
 #include <vector>
 
 namespace Veld::Quor::Tools {
@@ -30,31 +30,27 @@ std::string CheckCommand(const std::string& path, const Decks::Target& target)
     return command;
 }
 
-bool IsVariableName(const std::string& name)
-{
-    const Core::Keywords::VariablesString text('$' + name);
-    return text.GetVariables() == std::vector<std::string>{'$' + name};
-}
-
 } // namespace
 
 void AddReadOptions(CLI::App& command, Decks::ReadOptions& options)
 {
-    AddSimulatorOption(command, options.target.simulator);
-    AddModeOption(command, options.target.mode);
-    AddVariablesOption(command, options.variables);
+    AddSimulatorOption(command, [&options](SimulatorType::Enum value) { options.SetSimulator(value); });
+    AddModeOption(command, [&options](SimulatorModeType::Enum value) { options.SetMode(value); });
+    AddVariablesOption(command, options);
 }
 
-void AddVariablesOption(CLI::App& command, Decks::VariableTexts& variables)
+void AddVariablesOption(CLI::App& command, Decks::ReadOptions& options)
 {
-    const auto add = [&variables](const std::vector<std::string>& words) {
+    const auto add = [&options](const std::vector<std::string>& words) {
         for (const std::string& word : words) {
             const std::size_t sign = word.find('=');
-            const std::size_t first = word.starts_with('$') ? 1 : 0;
-            const std::string name = word.substr(first, sign - first);
-            if (sign == std::string::npos || !IsVariableName(name))
+            try {
+                if (sign == std::string::npos)
+                    throw std::invalid_argument(word);
+                options.SetVariable(word.substr(0, sign), word.substr(sign + 1));
+            } catch (const std::invalid_argument&) {
                 throw CLI::ValidationError("--set", fmt::format("'{}' is not in the form NAME=VALUE", word));
-            variables['$' + name] = word.substr(sign + 1);
+            }
         }
         return true;
     };
@@ -64,21 +60,21 @@ void AddVariablesOption(CLI::App& command, Decks::VariableTexts& variables)
         ->allow_extra_args(false);
 }
 
-std::unique_ptr<Decks::Deck> ReadDeckOrReport(const std::string& path, Decks::ReadOptions options,
+std::optional<Decks::Deck> ReadDeckOrReport(const std::string& path, Decks::ReadOptions options,
     const Decks::DeckLanguage& deckLanguage, const char* consequence)
 {
-    std::unique_ptr<Decks::Deck> deck;
+    std::optional<Decks::Deck> deck;
     try {
         ProgressBar bar;
-        options.progress = [&bar](std::size_t done, std::size_t known) { bar.Show(done, known); };
-        deck = Decks::ReadDeck(path, options, deckLanguage);
+        options.SetProgress([&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
+        deck = Decks::Deck::Read(path, deckLanguage, options);
     } catch (const Decks::SourceError& error) {
         PrintError(fmt::format("can't read '{}': {}", path, error.what()));
-        return nullptr;
+        return std::nullopt;
     }
-    if (const std::size_t errors = deck->findings.GetCount(Decks::Severity::Error); errors > 0)
+    if (const std::size_t errors = deck->GetFindings().GetCount(Decks::Severity::Error); errors > 0)
         PrintAside(fmt::format("quor: {} has {}; run '{}' to list them; {}\n", MakePrintable(path),
-            Plural(errors, "error"), CheckCommand(path, options.target), consequence));
+            Plural(errors, "error"), CheckCommand(path, options.GetTarget()), consequence));
     return deck;
 }
 

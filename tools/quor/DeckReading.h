@@ -1,12 +1,10 @@
 #pragma once
 
-#include "quor/deck/internal/check/KeywordValidity.h"
-#include "quor/deck/internal/read/Deck.h"
-#include "quor/deck/internal/text/DeckLanguage.h"
+#include "quor/deck/Deck.h"
 
 #include <nlohmann/json_fwd.hpp>
 
-#include <memory>
+#include <optional>
 #include <string>
 
 namespace CLI {
@@ -18,12 +16,12 @@ namespace Veld::Quor::Tools {
 /// Adds the options that tell for what a deck is read: simulator, mode, and values of variables. `options`
 /// must outlive the application.
 void AddReadOptions(CLI::App& command, Core::Decks::ReadOptions& options);
-void AddVariablesOption(CLI::App& command, Core::Decks::VariableTexts& variables);
+void AddVariablesOption(CLI::App& command, Core::Decks::ReadOptions& options);
 
 /// Reads a deck for a command that does something else than to check it, with a bar that tells how far that
-/// is. Tells in a line if the deck has errors, and what this means for the command. Null, and reported, if it
-/// can't be read.
-std::unique_ptr<Core::Decks::Deck> ReadDeckOrReport(const std::string& path, Core::Decks::ReadOptions options,
+/// is. Reports in a line if the deck has errors, and what this means for the command. Empty, and reported, if
+/// it can't be read.
+std::optional<Core::Decks::Deck> ReadDeckOrReport(const std::string& path, Core::Decks::ReadOptions options,
     const Core::Decks::DeckLanguage& deckLanguage, const char* consequence = "the result may be incomplete");
 
 /// "file:line"

@@ -1,4 +1,4 @@
-#include "quor/deck/internal/compare/DeckDifference.h"
+#include "quor/deck/DeckDifference.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/CommonOptions.h"
 #include "tools/quor/DeckReading.h"
@@ -143,7 +143,7 @@ int Diff(LoadedLanguage& language, const DiffOptions& options)
     const auto b = ReadDeckOrReport(options.decks[1], options.read, deckLanguage);
     if (!a || !b)
         return Failure;
-    const auto difference = Decks::Compare(*a, *b, {options.read.target.simulator, options.isStrict});
+    const auto difference = Decks::Compare(*a, *b, {options.read.GetTarget().simulator, options.isStrict});
     if (options.isJson)
         PrintJson(difference, options);
     else

@@ -1,6 +1,4 @@
-#include "quor/deck/internal/check/KeywordValidity.h"
-#include "quor/deck/internal/text/LineText.h"
-#include "quor/deck/internal/text/NearestNames.h"
+#include "quor/deck/NearestWords.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/CommonOptions.h"
 #include "tools/quor/FindingCodes.h"
@@ -15,6 +13,7 @@
 #include <nlohmann/json.hpp>
 
 #include <memory>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -33,10 +32,10 @@ struct ExplainOptions {
 /// Nothing for an empty deck.
 std::string ExampleText(const char* label, const Decks::Remedy& remedy, const char* deck)
 {
-    Decks::LineReader lines(deck);
+    std::istringstream lines(deck);
     std::string text;
-    for (Decks::Line line; lines.Next(line);)
-        text += fmt::format("    {}\n", line.text);
+    for (std::string line; std::getline(lines, line);)
+        text += fmt::format("    {}\n", line);
     const bool isForAny = remedy.target.simulator == SimulatorType::Any;
     const std::string target = isForAny ? "" : fmt::format(", for {}", NameOf(remedy.target));
     return text.empty() ? text : fmt::format("  {}{}:\n{}", label, target, text);

@@ -1,13 +1,14 @@
 #include "tools/quor/FindingCodes.h"
 
 #include "quor/deck/FindingCodes.h"
-#include "tools/lint/Codes.h"
+#include "quor/lint/Codes.h"
 
 #include <set>
 
 namespace Veld::Quor::Tools {
 
 namespace Decks = Core::Decks;
+namespace Lint = Core::Lint;
 std::vector<FindingCode> AllFindingCodes()
 {
     std::vector<FindingCode> codes;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/deck/internal/check/Remedies.h"
+#include "quor/deck/Remedies.h"
 #include "tools/quor/FindingFormat.h"
 
 #include <string>

@@ -1,4 +1,4 @@
-#include "quor/deck/internal/write/DeckWriter.h"
+#include "quor/deck/DeckFormatter.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/DeckReading.h"
 #include "tools/quor/FileOutput.h"
@@ -56,12 +56,13 @@ void Add(std::vector<Formatted>& files, Formatted file)
 
 std::vector<Formatted> FormatFiles(const Decks::Deck& deck, const FormatOptions& options)
 {
-    Decks::DeckWriter writer(deck, options.read.target);
+    Decks::DeckFormatter formatter(deck);
+    const Decks::DeckFiles& sources = deck.GetFiles();
     std::vector<Formatted> files;
     if (options.isOneFile)
-        return {{deck.files.Get(0).name, deck.files.GetText(0), writer.WriteAll()}};
-    for (std::uint32_t i = 0; i < deck.files.GetSize(); ++i)
-        Add(files, {deck.files.Get(i).name, deck.files.GetText(i), writer.WriteFile(i)});
+        return {{sources.Get(0).name, sources.GetText(0), formatter.FormatAll()}};
+    for (std::uint32_t i = 0; i < sources.GetSize(); ++i)
+        Add(files, {sources.Get(i).name, sources.GetText(i), formatter.FormatFile(i)});
     return files;
 }
 

@@ -1,5 +1,5 @@
-#include "quor/deck/internal/compare/DeckSummary.h"
-#include "quor/deck/internal/read/TimeLine.h"
+#include "quor/deck/DeckSummary.h"
+#include "quor/deck/ReportStep.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/CommonOptions.h"
 #include "tools/quor/DeckReading.h"

@@ -1,5 +1,5 @@
-#include "tools/lint/Lint.h"
-#include "tools/lint/Codes.h"
+#include "quor/lint/Lint.h"
+#include "quor/lint/Codes.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/FindingFormat.h"
 #include "tools/quor/FindingJson.h"
@@ -24,6 +24,7 @@
 namespace Veld::Quor::Tools {
 
 namespace Decks = Core::Decks;
+namespace Lint = Core::Lint;
 namespace fs = std::filesystem;
 using Lint::Document;
 using Lint::LintReport;

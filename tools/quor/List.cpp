@@ -1,4 +1,3 @@
-#include "quor/deck/internal/text/LineText.h"
 #include "quor/syntax/KeywordSyntaxUtils.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/CommonOptions.h"
@@ -9,6 +8,7 @@
 #include "tools/quor/Program.h"
 #include "tools/quor/SummaryFilter.h"
 #include "tools/quor/Terminal.h"
+#include "tools/quor/TextLayout.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -23,7 +23,6 @@
 
 namespace Veld::Quor::Tools {
 
-namespace Decks = Core::Decks;
 using namespace Core::Keywords;
 
 namespace {
@@ -65,7 +64,7 @@ bool IsValid(const IKeywordSyntax& syntax, const ListOptions& options)
 bool HoldsText(const IKeywordSyntax& syntax, const std::string& upperText)
 {
     const auto holds = [&upperText](const std::string& text) {
-        return Decks::ToUpper(text).find(upperText) != std::string::npos;
+        return ToUpper(text).find(upperText) != std::string::npos;
     };
     const auto& aliases = syntax.GetAliases();
     return holds(syntax.GetName()) || holds(syntax.GetDescription())
@@ -83,7 +82,7 @@ bool CarriesWhatIsAsked(const IKeywordSyntax& syntax, const ListOptions& options
 LoadedLanguage::Syntaxes Select(LoadedLanguage& language, const ListOptions& options)
 {
     LoadedLanguage::Syntaxes syntaxes = language.GetSyntaxes(options.withHidden);
-    const std::string upperText = Decks::ToUpper(options.text);
+    const std::string upperText = ToUpper(options.text);
     std::erase_if(syntaxes, [&](const IKeywordSyntax* syntax) {
         return (options.AsksForValidity() && !IsValid(*syntax, options)) || !HoldsText(*syntax, upperText)
             || !CarriesWhatIsAsked(*syntax, options);
@@ -214,8 +213,8 @@ Command MakeListCommand(CLI::App& application)
     CLI::App& command = *application.add_subcommand(
         "list", "Lists the keywords that match all options: name, sections, description.");
     AddSectionOption(command, options->section);
-    AddSimulatorOption(command, options->simulator);
-    AddModeOption(command, options->mode);
+    AddSimulatorOption(command, Into(options->simulator));
+    AddModeOption(command, Into(options->mode));
     command.add_option("--text", options->text, "Text in the name, an alias or the description, in any case")
         ->take_last();
     command.add_flag(

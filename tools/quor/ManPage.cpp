@@ -1,6 +1,5 @@
 #include "tools/quor/ManPage.h"
-
-#include "quor/deck/internal/text/LineText.h"
+#include "tools/quor/TextLayout.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -9,7 +8,6 @@
 
 namespace Veld::Quor::Tools {
 
-namespace Decks = Core::Decks;
 namespace {
 
 /// As roff prints it, wherever it stands.
@@ -93,8 +91,7 @@ std::string NoteText(const std::string& note)
     const std::size_t colon = note.find(": ");
     if (colon == std::string::npos || colon > note.find('\n'))
         return ".SH NOTES\n" + Flow(note);
-    return fmt::format(
-        ".SH {}\n{}", Escape(Decks::ToUpper(note.substr(0, colon))), Flow(note.substr(colon + 2)));
+    return fmt::format(".SH {}\n{}", Escape(ToUpper(note.substr(0, colon))), Flow(note.substr(colon + 2)));
 }
 
 } // namespace
@@ -102,7 +99,7 @@ std::string NoteText(const std::string& note)
 std::string ManPage(const CommandDescription& program, const std::string& version)
 {
     std::string page = fmt::format(".TH {} 1 \"\" \"{} {}\"\n.SH NAME\n{} \\- {}\n.SH SYNOPSIS\n.B {}\n",
-        Decks::ToUpper(program.name), program.name, Escape(version), program.name,
+        ToUpper(program.name), program.name, Escape(version), program.name,
         Escape(FirstSentence(program.text)), program.name);
     page +=
         "\\fICOMMAND\\fR [\\fIOPTION\\fR]... [\\fIARGUMENT\\fR]...\n.SH DESCRIPTION\n" + Flow(program.text);

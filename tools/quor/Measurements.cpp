@@ -1,8 +1,8 @@
 #include "tools/quor/Measurements.h"
 
-#include "quor/deck/internal/text/LineText.h"
-#include "quor/deck/internal/text/NearestNames.h"
+#include "quor/deck/NearestWords.h"
 #include "tools/quor/KeywordTree.h"
+#include "tools/quor/TextLayout.h"
 
 #include <algorithm>
 #include <utility>
@@ -31,18 +31,18 @@ bool HasMeasurement(const IKeywordSyntax& syntax, const std::string& measurement
 const std::string* FindMeasurement(const std::string& word, const MeasurementCounts& counts)
 {
     const auto found = std::find_if(counts.begin(), counts.end(),
-        [upper = Decks::ToUpper(word)](const auto& row) { return Decks::ToUpper(row.first) == upper; });
+        [upper = ToUpper(word)](const auto& row) { return ToUpper(row.first) == upper; });
     return found == counts.end() ? nullptr : &found->first;
 }
 
 std::vector<std::string> FindNearestMeasurements(const std::string& word, const MeasurementCounts& counts)
 {
     constexpr std::size_t most = 3;
-    const std::string upper = Decks::ToUpper(word);
+    const std::string upper = ToUpper(word);
     const std::size_t cutOff = std::max<std::size_t>(2, word.size() / 3);
     std::vector<std::pair<std::size_t, std::string>> near;
     for (const auto& [measurement, count] : counts) {
-        const std::string other = Decks::ToUpper(measurement);
+        const std::string other = ToUpper(measurement);
         const bool isPart = other.find(upper) != std::string::npos;
         const std::size_t distance = Decks::EditDistance(upper, other, cutOff);
         if (isPart || distance <= cutOff)

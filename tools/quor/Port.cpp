@@ -1,4 +1,4 @@
-#include "quor/deck/internal/compare/Portability.h"
+#include "quor/deck/Portability.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/CommonOptions.h"
 #include "tools/quor/DeckReading.h"
@@ -33,7 +33,7 @@ namespace {
 struct PortCommandOptions {
     std::string deck;
     Decks::PortOptions port;
-    Decks::VariableTexts variables;
+    Decks::ReadOptions read;
     bool isJson = false;
 };
 
@@ -141,7 +141,7 @@ int Port(LoadedLanguage& language, const PortCommandOptions& options)
         return Failure;
     const Decks::DeckLanguage deckLanguage(language.GetTable());
     const auto deck = ReadDeckOrReport(
-        options.deck, {.target = options.port.to, .variables = options.variables}, deckLanguage);
+        options.deck, Decks::ReadOptions(options.read).SetTarget(options.port.to), deckLanguage);
     if (!deck)
         return Failure;
     const std::vector<Loss> losses = Decks::FindLosses(*deck, options.port);
@@ -162,12 +162,12 @@ Command MakePortCommand(CLI::App& application)
         "Reports what a deck loses on another simulator: keywords, values and choices that the simulator\n"
         "does not accept or ignores, and defaulted values whose default differs.");
     command.add_option("DECK", options->deck, "Main file of the deck")->required()->type_name("FILE");
-    AddSimulatorOption(command, port.to.simulator, "--to", "Target simulator");
+    AddSimulatorOption(command, Into(port.to.simulator), "--to", "Target simulator");
     command.get_option("--to")->required();
-    AddModeOption(command, port.to.mode);
-    AddSimulatorOption(command, port.from.simulator, "--from", "Current simulator");
-    AddModeOption(command, port.from.mode, "--from-mode", "Mode of the current simulator");
-    AddVariablesOption(command, options->variables);
+    AddModeOption(command, Into(port.to.mode));
+    AddSimulatorOption(command, Into(port.from.simulator), "--from", "Current simulator");
+    AddModeOption(command, Into(port.from.mode), "--from-mode", "Mode of the current simulator");
+    AddVariablesOption(command, options->read);
     command.get_option("--from-mode")->needs("--from");
     command.add_flag("--all", port.withLocations, "List all locations of each loss, not only the first");
     AddFormatOption(command, options->isJson);

@@ -1,6 +1,6 @@
 #include "tools/quor/Program.h"
 
-#include "quor/deck/internal/text/NearestNames.h"
+#include "quor/deck/NearestWords.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/LoadedLanguage.h"
 #include "tools/quor/Terminal.h"

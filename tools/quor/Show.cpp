@@ -1,5 +1,4 @@
-#include "quor/deck/internal/text/LineText.h"
-#include "quor/deck/internal/text/NearestNames.h"
+#include "quor/deck/DeckLanguage.h"
 #include "quor/syntax/ICellPropertyInfo.h"
 #include "tools/quor/Command.h"
 #include "tools/quor/CommonOptions.h"
@@ -223,9 +222,9 @@ void Append(std::vector<Found>& all, const std::string& spelling, KeywordSyntaxT
         all.push_back({spelling, syntax});
 }
 
-void ReportUnknown(const std::string& name, const Decks::NearestNames& nearestNames)
+void ReportUnknown(const std::string& name, const Decks::DeckLanguage& deckLanguage)
 {
-    const auto nearest = nearestNames.Find(Decks::ToUpper(name), SectionType::None);
+    const auto nearest = deckLanguage.FindNearest(name);
     PrintError(fmt::format("unknown keyword '{}'{}", name,
         nearest.empty() ? "" : fmt::format("; did you mean {}?", fmt::join(nearest, ", "))));
 }
@@ -233,16 +232,16 @@ void ReportUnknown(const std::string& name, const Decks::NearestNames& nearestNa
 int Show(LoadedLanguage& language, const ShowOptions& options)
 {
     KeywordSyntaxTable& table = language.GetTable();
-    const Decks::NearestNames nearestNames(table);
+    const Decks::DeckLanguage deckLanguage(table);
     std::vector<Found> all;
     int status = Success;
     for (const std::string& name : options.names) {
         const std::size_t before = all.size();
         Append(all, name, table);
         if (all.size() == before)
-            Append(all, Decks::ToUpper(name), table);
+            Append(all, ToUpper(name), table);
         if (all.size() == before) {
-            ReportUnknown(name, nearestNames);
+            ReportUnknown(name, deckLanguage);
             status = HasFindings;
         }
     }

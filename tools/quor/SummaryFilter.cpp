@@ -1,7 +1,7 @@
 #include "tools/quor/SummaryFilter.h"
 
-#include "quor/deck/internal/text/LineText.h"
 #include "quor/foundation/service/Optional.h"
+#include "tools/quor/TextLayout.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -14,7 +14,6 @@
 
 namespace Veld::Quor::Tools {
 
-namespace Decks = Core::Decks;
 using namespace Core::Keywords;
 
 namespace {
@@ -49,7 +48,7 @@ std::optional<typename Category::Enum> FindCategory(const std::string& word)
 {
     const auto names = NamesOf<Category>();
     const auto name = std::find_if(names.begin(), names.end(),
-        [&word](const std::string& text) { return Decks::ToUpper(text) == Decks::ToUpper(word); });
+        [&word](const std::string& text) { return ToUpper(text) == ToUpper(word); });
     if (name != names.end())
         return static_cast<typename Category::Enum>(name - names.begin());
     bool found = false;

@@ -1,5 +1,6 @@
 #include "tools/quor/TextLayout.h"
 
+#include "quor/foundation/service/Strings.h"
 #include "tools/quor/Terminal.h"
 
 #include <fmt/format.h>
@@ -22,6 +23,12 @@ std::string TrimEnd(std::string line)
 }
 
 } // namespace
+
+std::string ToUpper(std::string text)
+{
+    Core::Service::StringToUpper(text);
+    return text;
+}
 
 std::string Wrap(const std::string& head, std::string_view text, std::size_t indent, std::size_t width)
 {

@@ -7,6 +7,9 @@
 
 namespace Veld::Quor::Tools {
 
+/// In the letters of ASCII.
+std::string ToUpper(std::string text);
+
 /// The words of `text` behind `head`, on lines of at most `width` characters where the words allow; further
 /// lines are indented to `indent`. Ends in a line end; empty if there are no words and no head.
 std::string Wrap(const std::string& head, std::string_view text, std::size_t indent, std::size_t width);

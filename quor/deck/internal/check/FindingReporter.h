@@ -3,6 +3,7 @@
 #include "quor/deck/DeckFiles.h"
 #include "quor/deck/Finding.h"
 #include "quor/deck/FindingCodes.h"
+#include "quor/deck/ReadOptions.h"
 #include "quor/deck/internal/check/Suppressions.h"
 
 #include <cstddef>
@@ -12,10 +13,6 @@
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
-
-/// Whether a finding is known already, so that it isn't reported. Asked once for each that no comment
-/// silences.
-using KnownFinding = std::function<bool(const DeckFiles& files, const TextRange& range, Code code)>;
 
 /// Turns what is found at a range of a deck into a finding, unless it is to be hidden.
 class FindingReporter {

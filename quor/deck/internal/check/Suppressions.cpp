@@ -1,7 +1,7 @@
 #include "quor/deck/internal/check/Suppressions.h"
 
+#include "quor/deck/NearestWords.h"
 #include "quor/deck/internal/text/LineText.h"
-#include "quor/deck/internal/text/NearestNames.h"
 
 #include <fmt/format.h>
 

@@ -62,7 +62,7 @@ void AppendIdentity(const IKeywordData& data, std::string& text)
 
 class Splitter {
 public:
-    explicit Splitter(const Deck& deck)
+    explicit Splitter(const DeckContents& deck)
         : deck_(deck)
     {
         for (std::size_t i = 0; i < deck.keywords.size(); ++i)
@@ -74,15 +74,15 @@ public:
 private:
     void Add(std::size_t index);
     Step StepAt(SectionType::Enum section, std::size_t step) const;
-    void AddUnits(const DeckKeyword& keyword, StepUnits& units);
+    void AddUnits(const KeywordInstance& keyword, StepUnits& units);
     ComparisonUnit MakeUnit(
-        const DeckKeyword& keyword, const IKeywordData* data, const TextRange& range) const;
+        const KeywordInstance& keyword, const IKeywordData* data, const TextRange& range) const;
     const std::string& KeyOf(std::uint32_t scope) const
     {
         return scope == noIndex ? outside_ : scopeKeys_[scope];
     }
 
-    const Deck& deck_;
+    const DeckContents& deck_;
     std::map<Step, StepUnits> steps_;
     std::size_t stepCount_ = 0; // of the deck's, so far
     std::vector<std::string> scopeKeys_; // of the deck's scopes so far, by index
@@ -91,7 +91,7 @@ private:
 
 void Splitter::Add(std::size_t index)
 {
-    const DeckKeyword& keyword = deck_.keywords[index];
+    const KeywordInstance& keyword = deck_.keywords[index];
     StepUnits& units = steps_[StepAt(keyword.section, keyword.step)];
     for (; stepCount_ < deck_.steps.size() && deck_.steps[stepCount_].keyword == index; ++stepCount_) {
         const auto [at, isNew] = steps_.try_emplace(StepAt(keyword.section, stepCount_));
@@ -113,7 +113,7 @@ Step Splitter::StepAt(SectionType::Enum section, std::size_t step) const
     return {section, time, time.IsDef() ? 0 : step + 1};
 }
 
-void Splitter::AddUnits(const DeckKeyword& keyword, StepUnits& units)
+void Splitter::AddUnits(const KeywordInstance& keyword, StepUnits& units)
 {
     const IKeywordData* const data = keyword.data.get();
     if (!data || !IsListOfNamedRecords(data->GetMD())) {
@@ -127,7 +127,7 @@ void Splitter::AddUnits(const DeckKeyword& keyword, StepUnits& units)
 }
 
 ComparisonUnit Splitter::MakeUnit(
-    const DeckKeyword& keyword, const IKeywordData* data, const TextRange& range) const
+    const KeywordInstance& keyword, const IKeywordData* data, const TextRange& range) const
 {
     ComparisonUnit unit{KeyOf(keyword.scope), deck_.NameOf(keyword), {}, &keyword, data, range};
     if (data && keyword.syntax->HasIdentifiers())
@@ -138,7 +138,7 @@ ComparisonUnit Splitter::MakeUnit(
 
 } // namespace
 
-std::map<Step, StepUnits> SplitDeck(const Deck& deck)
+std::map<Step, StepUnits> SplitDeck(const DeckContents& deck)
 {
     return Splitter(deck).Take();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "quor/data/IKeywordData.h"
-#include "quor/deck/internal/read/Deck.h"
+#include "quor/deck/internal/read/DeckContents.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/service/Time.h"
 
@@ -18,7 +18,7 @@ struct ComparisonUnit {
     std::string key; ///< of units that are the same thing: the scopes around it, keyword, identifiers
     std::string name; ///< of the keyword
     std::string identity; ///< the identifiers for people; empty if there are none
-    const DeckKeyword* keyword;
+    const KeywordInstance* keyword;
     const Core::Keywords::IKeywordData* data; ///< null if it carries nothing
     TextRange range;
 };
@@ -42,6 +42,6 @@ struct StepUnits {
 };
 
 /// All units of a deck. The keywords that advance the time are not among them: they make the steps.
-std::map<Step, StepUnits> SplitDeck(const Deck& deck);
+std::map<Step, StepUnits> SplitDeck(const DeckContents& deck);
 
 } // namespace Veld::Quor::Core::Decks

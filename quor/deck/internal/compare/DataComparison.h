@@ -5,38 +5,16 @@
 #include "quor/data/IKeywordMapData.h"
 #include "quor/data/IKeywordRawData.h"
 #include "quor/data/IKeywordRecordData.h"
+#include "quor/deck/DeckDifference.h"
 #include "quor/deck/internal/read/DataValue.h"
 #include "quor/foundation/SimulatorType.h"
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
-
-/// How two lists of numbers differ.
-struct ArrayChange {
-    std::size_t differing = 0; ///< of the elements that both have
-    std::size_t sizeBefore = 0;
-    std::size_t sizeAfter = 0;
-    std::size_t first = 0; ///< from 1; 0: none differ
-    double greatest = 0; ///< difference
-};
-
-/// One item of a keyword's data that differs.
-struct ItemChange {
-    std::string item; ///< the way to it: names of items, and numbers of elements from 1 as in "[3]"
-    std::string before; ///< as text; "absent" for an element that the other list has in excess
-    std::string after;
-    std::optional<ArrayChange> array = {}; ///< `before` and `after` are of the first element that differs
-};
-
-struct ComparisonOptions {
-    Core::Keywords::SimulatorType::Enum simulator = Core::Keywords::SimulatorType::Any; ///< whose defaults
-    bool isStrict = false; ///< a value left to its default isn't the same as that value
-};
 
 /// Pairs of positions of two lists, in order; `unpaired` where one has no partner.
 constexpr std::size_t unpaired = static_cast<std::size_t>(-1);

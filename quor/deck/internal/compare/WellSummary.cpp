@@ -74,7 +74,7 @@ const WellSummary::Reader* WellSummary::FindReader(const std::string& keyword)
     return reader == std::end(readers) ? nullptr : reader;
 }
 
-void WellSummary::Follow(const DeckKeyword& keyword, const Core::Service::Time& now)
+void WellSummary::Follow(const KeywordInstance& keyword, const Core::Service::Time& now)
 {
     if (!keyword.data || !IsListOfRecords(keyword.data->GetMD(), {}))
         return;

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "quor/data/IKeywordRecordData.h"
-#include "quor/deck/internal/read/Deck.h"
+#include "quor/deck/DeckSummary.h"
+#include "quor/deck/internal/read/DeckContents.h"
 #include "quor/foundation/service/Time.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 
@@ -14,26 +15,11 @@
 
 namespace Veld::Quor::Core::Decks {
 
-struct Well {
-    std::string name;
-    std::string group;
-    std::string control; ///< the last: keyword, fluid that is injected, quantity; empty if there is none
-    long long completions = 0; ///< cells in which it was ever completed
-    Core::Service::Time since; ///< when it was introduced first
-};
-
-struct Group {
-    std::string name;
-    std::string parent; ///< empty at the top
-    std::size_t depth = 0; ///< below the top
-    std::size_t wells = 0; ///< its own
-};
-
 /// Gathers the wells and groups of a deck from its keywords, as they come. A language whose keywords have
 /// other forms, or lack the items, has no wells.
 class WellSummary {
 public:
-    void Follow(const DeckKeyword& keyword, const Core::Service::Time& now);
+    void Follow(const KeywordInstance& keyword, const Core::Service::Time& now);
 
     /// In the order in which they were introduced.
     std::vector<Well> GetWells() const;

@@ -3,7 +3,7 @@
 #include "quor/deck/internal/read/DataPlan.h"
 #include "quor/deck/internal/read/DataReader.h"
 #include "quor/deck/internal/read/DataShape.h"
-#include "quor/deck/internal/read/Deck.h"
+#include "quor/deck/internal/read/DeckContents.h"
 #include "quor/deck/internal/read/DeckText.h"
 #include "quor/deck/internal/read/Dimensions.h"
 #include "quor/deck/internal/read/OpenScopes.h"
@@ -31,7 +31,7 @@ namespace {
 
 using MDType = IKeywordDataMD::MDType;
 
-ReadOptions WithSource(ReadOptions options)
+ReadSettings WithSource(ReadSettings options)
 {
     if (!options.source)
         options.source = std::make_shared<FileSource>();
@@ -40,10 +40,10 @@ ReadOptions WithSource(ReadOptions options)
 
 class DeckReader {
 public:
-    DeckReader(const std::string& path, const ReadOptions& options, const DeckLanguage& language)
+    DeckReader(const std::string& path, const ReadSettings& options, const LanguageIndex& language)
         : options_(WithSource(options))
         , vocabulary_(language, options.target)
-        , deck_(std::make_unique<Deck>(options.maxFindings))
+        , deck_(std::make_unique<DeckContents>(language, options.target, options.maxFindings))
         , reporter_(deck_->files, deck_->findings, options.isKnown)
         , text_(path, *options_.source, options.target, vocabulary_, deck_->files, reporter_)
         , plans_(options.target)
@@ -61,7 +61,7 @@ public:
         text_.SetCancellation(options.isCancelled);
     }
 
-    std::unique_ptr<Deck> Read();
+    std::unique_ptr<DeckContents> Read();
 
 private:
     void ReadHead(const Token& head);
@@ -71,14 +71,14 @@ private:
     void ReadStray(const Token& token);
     void ReadKeyword(const Token& head, const Entry& entry, bool isGuess = false);
     void EnterSection(const Token& head, const Entry& entry);
-    void ReadData(DeckKeyword& keyword, const Token& head, bool isReported);
+    void ReadData(KeywordInstance& keyword, const Token& head, bool isReported);
     void CheckNoData(const Token& head);
-    void FollowSizes(const DeckKeyword& keyword);
-    void FollowPaths(const DeckKeyword& keyword);
+    void FollowSizes(const KeywordInstance& keyword);
+    void FollowPaths(const KeywordInstance& keyword);
 
-    ReadOptions options_;
+    ReadSettings options_;
     Vocabulary vocabulary_;
-    std::unique_ptr<Deck> deck_;
+    std::unique_ptr<DeckContents> deck_;
     FindingReporter reporter_;
     DeckText text_;
     DataPlans plans_;
@@ -93,7 +93,7 @@ private:
     bool mayTakeSlash_ = false; // after a keyword without data a slash does no harm
 };
 
-std::unique_ptr<Deck> DeckReader::Read()
+std::unique_ptr<DeckContents> DeckReader::Read()
 {
     for (;;) {
         const Token head = text_.NextHead();
@@ -201,7 +201,7 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
         EnterSection(head, entry);
     const bool isReported = !isSection && !sections_.Accept(head.range, entry);
     const SectionType::Enum section = sections_.GetCurrent();
-    DeckKeyword keyword{&vocabulary_.Get(entry, section), section, head.range, head.range};
+    KeywordInstance keyword{&vocabulary_.Get(entry, section), section, head.range, head.range};
     keyword.step = timeLine_.StepIn(section);
     keyword.scope = scopes_.GetInnermost();
     const auto countErrors = [this] { return reporter_.GetErrorCount() - data_.GetReportedVariableCount(); };
@@ -231,7 +231,7 @@ void DeckReader::EnterSection(const Token& head, const Entry& entry)
 }
 
 /// `isReported`: the keyword may not stand here, and more need not be said.
-void DeckReader::ReadData(DeckKeyword& keyword, const Token& head, bool isReported)
+void DeckReader::ReadData(KeywordInstance& keyword, const Token& head, bool isReported)
 {
     keyword.data = KeywordDataFactory::Instance().Construct(*keyword.syntax);
     const ICellPropertyInfo* const cell = keyword.syntax->GetCellPropertyInfo();
@@ -258,7 +258,7 @@ void DeckReader::CheckNoData(const Token& head)
     text_.SkipData();
 }
 
-void DeckReader::FollowSizes(const DeckKeyword& keyword)
+void DeckReader::FollowSizes(const KeywordInstance& keyword)
 {
     const std::string& name = keyword.syntax->GetName();
     if (name == "ENDBOX")
@@ -273,7 +273,7 @@ void DeckReader::FollowSizes(const DeckKeyword& keyword)
 
 /// What is wrong with one of them was reported, and needn't be reported of each file that is found by the
 /// others.
-void DeckReader::FollowPaths(const DeckKeyword& keyword)
+void DeckReader::FollowPaths(const KeywordInstance& keyword)
 {
     if (keyword.syntax->GetName() == "PATHS"
         && IsListOfRecords(keyword.data->GetMD(), {MDType::String, MDType::String}))
@@ -282,8 +282,8 @@ void DeckReader::FollowPaths(const DeckKeyword& keyword)
 
 } // namespace
 
-std::unique_ptr<Deck> ReadDeck(
-    const std::string& path, const ReadOptions& options, const DeckLanguage& language)
+std::unique_ptr<DeckContents> ReadDeck(
+    const std::string& path, const ReadSettings& options, const LanguageIndex& language)
 {
     return DeckReader(path, options, language).Read();
 }

@@ -1,6 +1,6 @@
 #include "quor/deck/internal/read/DeckText.h"
 
-#include "quor/deck/ReadCancelled.h"
+#include "quor/deck/ReadOptions.h"
 
 #include <fmt/format.h>
 

@@ -3,6 +3,7 @@
 #include "quor/data/PathAliases.h"
 #include "quor/deck/DeckFiles.h"
 #include "quor/deck/DeckSource.h"
+#include "quor/deck/ReadOptions.h"
 #include "quor/deck/internal/check/FindingReporter.h"
 #include "quor/deck/internal/check/KeywordValidity.h"
 #include "quor/deck/internal/text/LineText.h"
@@ -49,10 +50,6 @@ enum class CommentKind {
 /// the end of the deck are dealt with here, within the data of a keyword as well, and not seen above.
 class DeckText {
 public:
-    /// Called now and then with how many bytes of the deck were passed, and of how many that are known so
-    /// far.
-    using Progress = std::function<void(std::size_t done, std::size_t known)>;
-
     /// Called with each comment that is passed over. Empty for none.
     using CommentSink = std::function<void(const TextRange&, CommentKind)>;
 
@@ -112,9 +109,9 @@ public:
     void ForgetMissedInclusion() { missedInclusion_ = false; }
 
     Core::Keywords::PathAliases& GetAliases() { return aliases_; }
-    void SetProgress(Progress progress) { progress_ = std::move(progress); }
+    void SetProgress(ReadProgress progress) { progress_ = std::move(progress); }
     /// Asked at each keyword and each stride of a long text; once it is true, `ReadCancelled` is thrown.
-    void SetCancellation(std::function<bool()> isCancelled) { isCancelled_ = std::move(isCancelled); }
+    void SetCancellation(ReadCancellation isCancelled) { isCancelled_ = std::move(isCancelled); }
     void SetCommentSink(CommentSink sink) { commentSink_ = std::move(sink); }
 
 private:
@@ -173,8 +170,8 @@ private:
     DeckFiles& files_;
     FindingReporter& reporter_;
     Core::Keywords::PathAliases aliases_;
-    Progress progress_;
-    std::function<bool()> isCancelled_; // empty: never
+    ReadProgress progress_;
+    ReadCancellation isCancelled_; // empty: never
     CommentSink commentSink_;
 
     std::vector<Frame> frames_; // the deck first, then one inclusion after the other

@@ -22,7 +22,7 @@ Optional<int> ValueOf(const IKeywordData& record, int index)
 
 } // namespace
 
-Dimensions::Dimensions(const DeckLanguage& language, SimulatorType::Enum simulator)
+Dimensions::Dimensions(const LanguageIndex& language, SimulatorType::Enum simulator)
     : simulator_(simulator)
     , frames_(1)
 {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "quor/data/IKeywordData.h"
-#include "quor/deck/internal/text/DeckLanguage.h"
+#include "quor/deck/internal/text/LanguageIndex.h"
 #include "quor/foundation/SimulatorType.h"
 #include "quor/metadata/IKeywordDataMD.h"
 
@@ -16,7 +16,7 @@ namespace Veld::Quor::Core::Decks {
 /// none. A scope, such as that of a local grid, may have sizes of its own; so does a box.
 class Dimensions {
 public:
-    Dimensions(const DeckLanguage& language, Core::Keywords::SimulatorType::Enum simulator);
+    Dimensions(const LanguageIndex& language, Core::Keywords::SimulatorType::Enum simulator);
 
     /// Takes the whole numbers of a record; other data have none.
     void Add(const Core::Keywords::IKeywordData& data);

@@ -10,7 +10,7 @@ using namespace Core::Keywords;
 
 void OpenScopes::Follow(bool mayMissKeywords)
 {
-    const DeckKeyword& keyword = deck_.keywords.back();
+    const KeywordInstance& keyword = deck_.keywords.back();
     if (IsEndedBy(keyword))
         Leave();
     else if (language_.EndsScopes(*keyword.syntax) && !mayMissKeywords)
@@ -28,7 +28,7 @@ void OpenScopes::Follow(bool mayMissKeywords)
 void OpenScopes::CloseAll(bool isSure)
 {
     for (; innermost_ != noIndex; Leave()) {
-        const DeckKeyword& opener = OpenerOfInnermost();
+        const KeywordInstance& opener = OpenerOfInnermost();
         const IKeywordSyntax* const end = opener.syntax->GetScopeSyntax();
         if (end && isSure)
             reporter_.Report(opener.name, Code::UnclosedScope,
@@ -37,7 +37,7 @@ void OpenScopes::CloseAll(bool isSure)
     }
 }
 
-bool OpenScopes::IsEndedBy(const DeckKeyword& keyword) const
+bool OpenScopes::IsEndedBy(const KeywordInstance& keyword) const
 {
     if (innermost_ == noIndex)
         return false;

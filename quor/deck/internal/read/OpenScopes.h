@@ -1,9 +1,9 @@
 #pragma once
 
 #include "quor/deck/internal/check/FindingReporter.h"
-#include "quor/deck/internal/read/Deck.h"
+#include "quor/deck/internal/read/DeckContents.h"
 #include "quor/deck/internal/read/Dimensions.h"
-#include "quor/deck/internal/text/DeckLanguage.h"
+#include "quor/deck/internal/text/LanguageIndex.h"
 
 #include <cstdint>
 
@@ -13,7 +13,8 @@ namespace Veld::Quor::Core::Decks {
 /// opens and closes the sizes that hold within them.
 class OpenScopes {
 public:
-    OpenScopes(const DeckLanguage& language, Deck& deck, Dimensions& dimensions, FindingReporter& reporter)
+    OpenScopes(
+        const LanguageIndex& language, DeckContents& deck, Dimensions& dimensions, FindingReporter& reporter)
         : language_(language)
         , deck_(deck)
         , dimensions_(dimensions)
@@ -31,12 +32,15 @@ public:
     std::uint32_t GetInnermost() const { return innermost_; }
 
 private:
-    bool IsEndedBy(const DeckKeyword& keyword) const;
-    const DeckKeyword& OpenerOfInnermost() const { return deck_.keywords[deck_.scopes[innermost_].opener]; }
+    bool IsEndedBy(const KeywordInstance& keyword) const;
+    const KeywordInstance& OpenerOfInnermost() const
+    {
+        return deck_.keywords[deck_.scopes[innermost_].opener];
+    }
     void Leave();
 
-    const DeckLanguage& language_;
-    Deck& deck_;
+    const LanguageIndex& language_;
+    DeckContents& deck_;
     Dimensions& dimensions_;
     FindingReporter& reporter_;
     std::uint32_t innermost_ = noIndex;

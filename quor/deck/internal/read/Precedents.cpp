@@ -4,14 +4,14 @@
 
 namespace Veld::Quor::Core::Decks {
 
-void Precedents::Follow(const DeckKeyword& keyword, bool isSure)
+void Precedents::Follow(const KeywordInstance& keyword, bool isSure)
 {
     if (isSure && keyword.syntax->HasPrecedents())
         Check(keyword);
     seen_.insert(keyword.syntax->GetName());
 }
 
-void Precedents::Check(const DeckKeyword& keyword)
+void Precedents::Check(const KeywordInstance& keyword)
 {
     std::string missing;
     for (const std::string& name : keyword.syntax->GetPrecedents(keyword.section)) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "quor/deck/internal/check/FindingReporter.h"
-#include "quor/deck/internal/read/Deck.h"
+#include "quor/deck/internal/read/DeckContents.h"
 
 #include <set>
 #include <string>
@@ -17,10 +17,10 @@ public:
     }
 
     /// `isSure`: no keyword before it was missed.
-    void Follow(const DeckKeyword& keyword, bool isSure);
+    void Follow(const KeywordInstance& keyword, bool isSure);
 
 private:
-    void Check(const DeckKeyword& keyword);
+    void Check(const KeywordInstance& keyword);
 
     FindingReporter& reporter_;
     std::set<std::string> seen_; // names of the keywords so far, and of missing ones that were reported

@@ -25,7 +25,7 @@ constexpr MDTypes date = {MDType::Integer, MDType::String, MDType::Integer, MDTy
 /// Lists of one element each, for what answers for a list.
 class SingleElements {
 public:
-    explicit SingleElements(const DeckKeyword& keyword)
+    explicit SingleElements(const KeywordInstance& keyword)
         : list_(static_cast<const IKeywordListData&>(*keyword.data))
         , single_(KeywordDataFactory::Instance().Construct(*keyword.syntax))
     {
@@ -50,7 +50,7 @@ private:
 
 void TimeLine::Follow(bool isSound)
 {
-    const DeckKeyword& keyword = deck_.keywords.back();
+    const KeywordInstance& keyword = deck_.keywords.back();
     const std::string& name = keyword.syntax->GetName();
     if (name == "LAB") { // the one set of units whose unit of time is the hour
         reached_.ticksPerUnit = 3600 * Time::TicksPerSecond;
@@ -73,7 +73,7 @@ std::uint32_t TimeLine::StepIn(SectionType::Enum section)
     return step_;
 }
 
-bool TimeLine::Advances(const DeckKeyword& keyword)
+bool TimeLine::Advances(const KeywordInstance& keyword)
 {
     if (!keyword.data)
         return false;
@@ -83,7 +83,7 @@ bool TimeLine::Advances(const DeckKeyword& keyword)
     return (name == "TSTEP" || name == "TIME") && IsListOf(keyword.data->GetMD(), MDType::Real);
 }
 
-void TimeLine::FollowStart(const DeckKeyword& keyword, bool isSound)
+void TimeLine::FollowStart(const KeywordInstance& keyword, bool isSound)
 {
     const Time start = DataAccessUtils::GetTimeFromSTART(keyword.data.get());
     reached_.start = reached_.now = deck_.start = start;
@@ -94,7 +94,7 @@ void TimeLine::FollowStart(const DeckKeyword& keyword, bool isSound)
         reporter_.Report(keyword.name, Code::BadDate, "START: there is no such date", "as in 1 JAN 2020");
 }
 
-void TimeLine::FollowDates(const DeckKeyword& keyword, bool isSound)
+void TimeLine::FollowDates(const KeywordInstance& keyword, bool isSound)
 {
     SingleElements dates(keyword);
     for (std::size_t i = 0; i < dates.GetSize(); ++i) {
@@ -120,7 +120,7 @@ void TimeLine::CheckDate(const Time& time, const TextRange& range)
 }
 
 /// Of TSTEP and TIME.
-void TimeLine::FollowPeriods(const DeckKeyword& keyword, bool isSound)
+void TimeLine::FollowPeriods(const KeywordInstance& keyword, bool isSound)
 {
     if (isSound)
         CheckPeriods(keyword);
@@ -133,7 +133,7 @@ void TimeLine::FollowPeriods(const DeckKeyword& keyword, bool isSound)
     }
 }
 
-void TimeLine::CheckPeriods(const DeckKeyword& keyword)
+void TimeLine::CheckPeriods(const KeywordInstance& keyword)
 {
     const Time next =
         DataAccessUtils::AdvanceTime(sound_.start, sound_.now, sound_.ticksPerUnit, keyword.data.get());
@@ -152,16 +152,6 @@ void TimeLine::Reach(const Time& time, std::size_t element)
     step_ = static_cast<std::uint32_t>(deck_.steps.size());
     deck_.steps.push_back({time, static_cast<std::uint32_t>(deck_.keywords.size() - 1),
         RangeOf(deck_.keywords.back(), element)});
-}
-
-std::string DateText(const Time& time)
-{
-    std::string text = time.GetAsString();
-    for (const std::string_view nothing : {".000", " 00:00:00"}) {
-        if (text.ends_with(nothing))
-            text.resize(text.size() - nothing.size());
-    }
-    return text;
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "quor/deck/internal/check/FindingReporter.h"
-#include "quor/deck/internal/read/Deck.h"
+#include "quor/deck/internal/read/DeckContents.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/service/Time.h"
 
@@ -15,7 +15,7 @@ namespace Veld::Quor::Core::Decks {
 /// dates that can't be and times that don't go forward.
 class TimeLine {
 public:
-    TimeLine(Deck& deck, FindingReporter& reporter)
+    TimeLine(DeckContents& deck, FindingReporter& reporter)
         : deck_(deck)
         , reporter_(reporter)
     {
@@ -28,7 +28,7 @@ public:
     std::uint32_t StepIn(Core::Keywords::SectionType::Enum section);
 
     /// Whether each element of the keyword's list is a step on.
-    static bool Advances(const DeckKeyword& keyword);
+    static bool Advances(const KeywordInstance& keyword);
 
 private:
     struct Clock {
@@ -37,22 +37,19 @@ private:
         long long ticksPerUnit = 24LL * 3600 * Core::Service::Time::TicksPerSecond;
     };
 
-    void FollowStart(const DeckKeyword& keyword, bool isSound);
-    void FollowDates(const DeckKeyword& keyword, bool isSound);
-    void FollowPeriods(const DeckKeyword& keyword, bool isSound);
+    void FollowStart(const KeywordInstance& keyword, bool isSound);
+    void FollowDates(const KeywordInstance& keyword, bool isSound);
+    void FollowPeriods(const KeywordInstance& keyword, bool isSound);
     void CheckDate(const Core::Service::Time& time, const TextRange& range);
-    void CheckPeriods(const DeckKeyword& keyword);
+    void CheckPeriods(const KeywordInstance& keyword);
     void Reach(const Core::Service::Time& time, std::size_t element);
 
-    Deck& deck_;
+    DeckContents& deck_;
     FindingReporter& reporter_;
     Clock reached_; // by all keywords
     Clock sound_; // by those that are sound: what others say may be wrong
     Core::Keywords::SectionType::Enum section_ = Core::Keywords::SectionType::None;
     std::uint32_t step_ = noIndex;
 };
-
-/// "2030-01-31", with the time of day if that isn't midnight; empty for an undefined time.
-std::string DateText(const Core::Service::Time& time);
 
 } // namespace Veld::Quor::Core::Decks

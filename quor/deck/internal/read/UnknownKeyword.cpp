@@ -1,5 +1,6 @@
 #include "quor/deck/internal/read/UnknownKeyword.h"
 
+#include "quor/deck/NearestWords.h"
 #include "quor/deck/internal/read/WordHints.h"
 #include "quor/deck/internal/text/LineText.h"
 

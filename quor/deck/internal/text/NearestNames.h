@@ -16,14 +16,6 @@ class KeywordSyntaxTable;
 
 namespace Veld::Quor::Core::Decks {
 
-/// Insertions, deletions, replacements and swaps of neighbours that turn one text into the other, no place
-/// being edited twice. `limit` + 1 stands for all distances beyond `limit`.
-std::size_t EditDistance(std::string_view a, std::string_view b, std::size_t limit);
-
-/// The words that a misspelt one may stand for, without regard to case: at most three, the nearest first. The
-/// cut-off grows with the length of the word.
-std::vector<std::string> FindNearest(const std::vector<std::string>& known, const std::string& word);
-
 /// The names of a table that a misspelt one may stand for: those that aren't hidden, aliases included, no
 /// wildcards. Never changes; must not outlive the table.
 class NearestNames {

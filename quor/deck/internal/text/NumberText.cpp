@@ -24,8 +24,7 @@ std::size_t StartOfDigits(std::string_view text)
 
 } // namespace
 
-template <>
-std::optional<int> ToNumber(std::string_view text)
+std::optional<int> ToInteger(std::string_view text)
 {
     text.remove_prefix(StartOfDigits(text));
     int value = 0;
@@ -49,8 +48,7 @@ LeadingReal FindLeadingReal(std::string_view text)
     return real;
 }
 
-template <>
-std::optional<double> ToNumber(std::string_view text)
+std::optional<double> ToReal(std::string_view text)
 {
     const LeadingReal real = FindLeadingReal(text);
     if (real.length == text.size() && real.length > 0)
@@ -60,7 +58,7 @@ std::optional<double> ToNumber(std::string_view text)
     std::string standard(text);
     std::replace_if(
         standard.begin(), standard.end(), [](char c) { return c == 'D' || c == 'd'; }, 'E');
-    return ToNumber<double>(standard);
+    return ToReal(standard);
 }
 
 Repeat FindRepeat(std::string_view text)

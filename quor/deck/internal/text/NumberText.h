@@ -3,18 +3,24 @@
 #include <cstddef>
 #include <optional>
 #include <string_view>
+#include <type_traits>
 
 namespace Veld::Quor::Core::Decks {
 
 /// The number that a text is. Empty if it is anything else, or out of range.
-template <class T>
-std::optional<T> ToNumber(std::string_view text);
 /// A whole number, in digits with a sign or without.
-template <>
-std::optional<int> ToNumber(std::string_view text);
+std::optional<int> ToInteger(std::string_view text);
 /// `D` is an exponent too, as `E`.
-template <>
-std::optional<double> ToNumber(std::string_view text);
+std::optional<double> ToReal(std::string_view text);
+/// `T` is `int` or `double`.
+template <class T>
+std::optional<T> ToNumber(std::string_view text)
+{
+    if constexpr (std::is_same_v<T, int>)
+        return ToInteger(text);
+    else
+        return ToReal(text);
+}
 
 /// The number at the beginning of a text, correctly rounded.
 struct LeadingReal {

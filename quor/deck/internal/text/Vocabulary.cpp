@@ -23,7 +23,7 @@ std::optional<SimulatorType::Enum> FindSkippingSimulator(const std::vector<const
 
 } // namespace
 
-Vocabulary::Vocabulary(const DeckLanguage& language, const Target& target)
+Vocabulary::Vocabulary(const LanguageIndex& language, const Target& target)
     : language_(language)
     , target_(target)
 {

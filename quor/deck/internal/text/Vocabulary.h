@@ -1,7 +1,7 @@
 #pragma once
 
 #include "quor/deck/Target.h"
-#include "quor/deck/internal/text/DeckLanguage.h"
+#include "quor/deck/internal/text/LanguageIndex.h"
 #include "quor/deck/internal/text/ValidSections.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/SimulatorType.h"
@@ -43,7 +43,7 @@ struct Entry {
 /// Must not outlive the language.
 class Vocabulary {
 public:
-    Vocabulary(const DeckLanguage& language, const Target& target);
+    Vocabulary(const LanguageIndex& language, const Target& target);
 
     /// Null if the word is no keyword. Lasts as long as this object.
     const Entry* Find(std::string_view word);
@@ -57,7 +57,7 @@ public:
     const std::vector<std::string>& FindNearest(
         const std::string& word, Core::Keywords::SectionType::Enum section);
 
-    const DeckLanguage& GetLanguage() const { return language_; }
+    const LanguageIndex& GetLanguage() const { return language_; }
 
 private:
     struct Hash : std::hash<std::string_view> {
@@ -66,7 +66,7 @@ private:
 
     Entry MakeEntry(std::string_view word) const;
 
-    const DeckLanguage& language_;
+    const LanguageIndex& language_;
     Target target_;
     std::unordered_map<std::string, Entry, Hash, std::equal_to<>> entries_; // without syntaxes: unknown words
     std::vector<Entry> includes_;

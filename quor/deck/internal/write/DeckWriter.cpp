@@ -65,7 +65,7 @@ std::string ToWindowsLineEnds(const std::string& text)
 
 } // namespace
 
-DeckWriter::DeckWriter(const Deck& deck, const Target& target)
+DeckWriter::DeckWriter(const DeckContents& deck, const Target& target)
     : deck_(deck)
     , plans_(target)
     , parts_(deck.files.GetSize())
@@ -76,7 +76,7 @@ DeckWriter::DeckWriter(const Deck& deck, const Target& target)
 void DeckWriter::AddParts()
 {
     bool isOpen = false;
-    for (const DeckKeyword& keyword : deck_.keywords) {
+    for (const KeywordInstance& keyword : deck_.keywords) {
         const DataPlan* const plan = keyword.data ? &plans_.Get(*keyword.data->GetMD()) : nullptr;
         const bool isWritten = plan && plan->type != DataPlan::MDType::Raw && keyword.isSound
             && keyword.whole.length > keyword.name.length;
@@ -133,7 +133,7 @@ std::string DeckWriter::Write(std::uint32_t file, std::size_t end, bool takesInc
 /// A keyword whose data can't be written as they should keeps its text.
 std::string DeckWriter::Write(const Part& part)
 {
-    const DeckKeyword& keyword = *part.keyword;
+    const KeywordInstance& keyword = *part.keyword;
     DataWriter writer(plans_.Get(*keyword.data->GetMD()), keyword.notes.get(), deck_.files);
     try {
         return writer.Write(deck_.files.GetText(keyword.name), *keyword.data, part.mayShareLine);

@@ -2,7 +2,7 @@
 
 #include "quor/deck/internal/check/KeywordValidity.h"
 #include "quor/deck/internal/read/DataPlan.h"
-#include "quor/deck/internal/read/Deck.h"
+#include "quor/deck/internal/read/DeckContents.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -18,7 +18,7 @@ namespace Veld::Quor::Core::Decks {
 class DeckWriter {
 public:
     /// `target`: the one that the deck was read for. The deck must outlive it.
-    DeckWriter(const Deck& deck, const Target& target);
+    DeckWriter(const DeckContents& deck, const Target& target);
 
     /// The text of one of the deck's files.
     std::string WriteFile(std::uint32_t file);
@@ -29,7 +29,7 @@ private:
     /// A keyword, or an inclusion.
     struct Part {
         TextRange range;
-        const DeckKeyword* keyword; // null for an inclusion
+        const KeywordInstance* keyword; // null for an inclusion
         std::uint32_t inclusion; // the file
         bool mayShareLine; // its data, with its name
     };
@@ -38,7 +38,7 @@ private:
     std::string Write(std::uint32_t file, std::size_t end, bool takesInclusions);
     std::string Write(const Part& part);
 
-    const Deck& deck_;
+    const DeckContents& deck_;
     DataPlans plans_;
     std::vector<std::vector<Part>> parts_; // by file, in the order of their ranges
 };

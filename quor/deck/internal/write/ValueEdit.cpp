@@ -54,7 +54,7 @@ std::string Joined(const std::string& before, std::string_view word, const std::
 } // namespace
 
 std::optional<Edit> EditValue(
-    const DeckKeyword& keyword, const DeckFiles& files, std::size_t slot, std::string_view word)
+    const KeywordInstance& keyword, const DeckFiles& files, std::size_t slot, std::string_view word)
 {
     if (!keyword.notes || slot >= keyword.notes->values.size())
         return std::nullopt;

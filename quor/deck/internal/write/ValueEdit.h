@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/deck/internal/read/Deck.h"
+#include "quor/deck/internal/read/DeckContents.h"
 
 #include <cstddef>
 #include <optional>
@@ -20,7 +20,7 @@ struct Edit {
 /// to its defaults. The deck must have been read with `keepsValueRanges`. `word` is the value as a word of a
 /// deck. Empty if the slot has no place, or has a list or a map between it and the word before it.
 std::optional<Edit> EditValue(
-    const DeckKeyword& keyword, const DeckFiles& files, std::size_t slot, std::string_view word);
+    const KeywordInstance& keyword, const DeckFiles& files, std::size_t slot, std::string_view word);
 
 /// The text of the file with the change made.
 std::string Apply(const Edit& edit, const DeckFiles& files);

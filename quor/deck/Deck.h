@@ -1,0 +1,151 @@
+#pragma once
+
+#include "quor/deck/DeckFiles.h"
+#include "quor/deck/DeckKeyword.h"
+#include "quor/deck/DeckLanguage.h"
+#include "quor/deck/Finding.h"
+#include "quor/deck/ReadOptions.h"
+#include "quor/deck/ReportStep.h"
+#include "quor/foundation/Export.h"
+#include "quor/foundation/SectionType.h"
+#include "quor/foundation/service/Time.h"
+
+#include <cstddef>
+#include <iterator>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// The deck has no such keyword, or the keyword no data. The text has the name, and names of the deck that
+/// are near.
+class VELD_QUOR_EXPORT KeywordNotFound : public std::out_of_range {
+public:
+    explicit KeywordNotFound(const std::string& message);
+    KeywordNotFound(const KeywordNotFound&) = default;
+    KeywordNotFound& operator=(const KeywordNotFound&) = default;
+    ~KeywordNotFound() override;
+};
+
+/// A deck as it was read: its keywords with their data, its report steps, its findings and the texts of its
+/// files. It never changes, so several threads may use it at once.
+///
+///     const DeckLanguage language;
+///     const Deck deck = Deck::Read("FIELD.data", language);
+///     for (const Finding& finding : deck.GetFindings())
+///         std::cout << ToString(finding) << '\n';
+///     const auto porosities = As<double>(AsList(deck.Get("PORO").GetData()));
+///
+/// A deck with errors is read as far as it can be made out. What was no keyword and no data (comments, blank
+/// lines, inclusions, skipped blocks, unknown keywords) is in the texts of the files.
+class VELD_QUOR_EXPORT Deck {
+public:
+    /// Reads a deck whole; what is wrong with it is among its findings. Throws `SourceError` if the deck
+    /// itself can't be read (an included file that can't be read is a finding), `ReadCancelled` if the host
+    /// cancelled it, `std::bad_alloc` if memory runs out. The language must outlive the deck.
+    static Deck Read(
+        const std::string& path, const DeckLanguage& language, const ReadOptions& options = ReadOptions());
+    /// The same for a text in memory. `name` stands for its path: findings have it, and files that the deck
+    /// includes are sought in its folder, in the source of the options.
+    static Deck ReadText(std::string text, const DeckLanguage& language,
+        const ReadOptions& options = ReadOptions(), const std::string& name = "deck.data");
+
+    ~Deck();
+    Deck(Deck&&) noexcept;
+    Deck& operator=(Deck&&) noexcept;
+
+    // Its keywords, in the order of reading.
+
+    class Iterator;
+    std::size_t GetSize() const;
+    /// `index` < `GetSize()`; not checked.
+    DeckKeyword operator[](std::size_t index) const { return DeckKeyword(*contents_, index); }
+    Iterator begin() const;
+    Iterator end() const;
+
+    // By name, without regard to case. The first call makes an index; the rest cost a look-up.
+
+    bool Has(std::string_view name) const;
+    /// The last one: what it says is what holds. Throws `KeywordNotFound`.
+    DeckKeyword Get(std::string_view name) const;
+    /// In the order of reading; empty if the deck has none.
+    std::vector<DeckKeyword> GetAll(std::string_view name) const;
+
+    // By section and date.
+
+    std::vector<DeckKeyword> GetSection(Keywords::SectionType::Enum section) const;
+    /// Those after the report step with this index, up to the next step or the end of the section.
+    std::vector<DeckKeyword> GetAfterStep(std::size_t step) const;
+    /// When the simulation starts; undefined if the deck doesn't say it.
+    Service::Time GetStart() const;
+    /// In the order of reading.
+    const std::vector<ReportStep>& GetSteps() const;
+
+    // What was found and read.
+
+    const Findings& GetFindings() const;
+    /// Whether there are no errors and no warnings.
+    bool IsClean() const { return !GetFindings().HasFault(); }
+    /// For which the deck was read.
+    const Target& GetTarget() const;
+    const DeckFiles& GetFiles() const;
+    /// Different files, the deck itself included.
+    std::size_t GetFileCount() const;
+    /// Different sections.
+    std::size_t GetSectionCount() const;
+
+private:
+    explicit Deck(std::unique_ptr<DeckContents> contents);
+    friend const DeckContents& ContentsOf(const Deck& deck);
+
+    std::unique_ptr<DeckContents> contents_;
+};
+
+/// Goes over the keywords of a deck.
+class Deck::Iterator {
+public:
+    using iterator_category = std::input_iterator_tag;
+    using value_type = DeckKeyword;
+    using difference_type = std::ptrdiff_t;
+    using pointer = void;
+    using reference = DeckKeyword;
+
+    Iterator(const Deck& deck, std::size_t index)
+        : deck_(&deck)
+        , index_(index)
+    {
+    }
+    DeckKeyword operator*() const { return (*deck_)[index_]; }
+    Iterator& operator++()
+    {
+        ++index_;
+        return *this;
+    }
+    Iterator operator++(int)
+    {
+        const Iterator before = *this;
+        ++index_;
+        return before;
+    }
+    bool operator==(const Iterator& other) const { return index_ == other.index_; }
+    bool operator!=(const Iterator& other) const { return index_ != other.index_; }
+
+private:
+    const Deck* deck_;
+    std::size_t index_;
+};
+
+inline Deck::Iterator Deck::begin() const
+{
+    return Iterator(*this, 0);
+}
+
+inline Deck::Iterator Deck::end() const
+{
+    return Iterator(*this, GetSize());
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,193 @@
+#include "quor/deck/DeckDifference.h"
+
+#include "quor/deck/internal/ContentsOf.h"
+#include "quor/deck/internal/compare/ComparisonUnits.h"
+#include "quor/deck/internal/compare/DataComparison.h"
+
+#include <fmt/format.h>
+
+#include <set>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+namespace Veld::Quor::Core::Decks {
+
+namespace {
+
+using Kind = Change::Kind;
+
+/// What both decks have under one key.
+struct Bucket {
+    std::vector<const ComparisonUnit*> before;
+    std::vector<const ComparisonUnit*> after;
+};
+
+/// In the order of the first deck, and after it what only the second one has.
+std::vector<Bucket> Match(const StepUnits* before, const StepUnits* after)
+{
+    std::vector<Bucket> buckets;
+    std::unordered_map<std::string_view, std::size_t> positions;
+    const auto add = [&](const StepUnits* units, std::vector<const ComparisonUnit*> Bucket::*side) {
+        if (!units)
+            return;
+        for (const ComparisonUnit& unit : units->units) {
+            const auto [position, isNew] = positions.try_emplace(unit.key, buckets.size());
+            if (isNew)
+                buckets.emplace_back();
+            (buckets[position->second].*side).push_back(&unit);
+        }
+    };
+    add(before, &Bucket::before);
+    add(after, &Bucket::after);
+    return buckets;
+}
+
+Change ChangeOf(Kind kind, const ComparisonUnit& unit)
+{
+    return {kind, unit.name, unit.identity};
+}
+
+/// Values that are variables are no part of the data.
+std::string VariablesOf(const ComparisonUnit& unit)
+{
+    const DataNotes* const notes = unit.keyword->notes.get();
+    return notes && notes->variables && unit.data ? notes->variables->ListBelow(*unit.data) : std::string();
+}
+
+class Comparer {
+public:
+    Comparer(const DeckContents& a, const DeckContents& b, const ComparisonOptions& options)
+        : a_(a)
+        , b_(b)
+        , comparison_(options)
+    {
+    }
+
+    Difference Compare();
+
+private:
+    void CompareSteps(const Step& step, const StepUnits* before, const StepUnits* after);
+    void CompareBucket(const Bucket& bucket);
+    void CompareUnits(const ComparisonUnit& before, const ComparisonUnit& after);
+    void Report(Change change, const TextRange* before, const TextRange* after);
+    void FillLocations();
+
+    const DeckContents& a_;
+    const DeckContents& b_;
+    DataComparison comparison_;
+    Difference difference_;
+    std::vector<Change> changes_; // of the step
+    // Of all changes in order, to be turned into places at the end, in one pass through the files.
+    std::vector<TextRange> rangesBefore_;
+    std::vector<TextRange> rangesAfter_;
+};
+
+Difference Comparer::Compare()
+{
+    const auto before = SplitDeck(a_);
+    const auto after = SplitDeck(b_);
+    std::set<Step> steps;
+    for (const auto* const side : {&before, &after}) {
+        for (const auto& [step, units] : *side)
+            steps.insert(step);
+    }
+    for (const Step& step : steps) {
+        const auto inBefore = before.find(step);
+        const auto inAfter = after.find(step);
+        CompareSteps(step, inBefore == before.end() ? nullptr : &inBefore->second,
+            inAfter == after.end() ? nullptr : &inAfter->second);
+    }
+    FillLocations();
+    return std::move(difference_);
+}
+
+void Comparer::CompareSteps(const Step& step, const StepUnits* before, const StepUnits* after)
+{
+    if (step.IsReport() && before && !after)
+        Report({Kind::Gone, {}, {}}, &before->range, nullptr);
+    else if (step.IsReport() && after && !before)
+        Report({Kind::Added, {}, {}}, nullptr, &after->range);
+    for (const Bucket& bucket : Match(before, after))
+        CompareBucket(bucket);
+    if (changes_.empty())
+        return;
+    std::string name = DateText(step.time);
+    if (name.empty() && step.number > 0)
+        name = fmt::format("report step {}", step.number);
+    difference_.groups.push_back({step.section, std::move(name), std::exchange(changes_, {})});
+}
+
+void Comparer::CompareBucket(const Bucket& bucket)
+{
+    const Pairs pairs = PairUp(bucket.before.size(), bucket.after.size(), [&](std::size_t i, std::size_t j) {
+        return comparison_.AreEqual(bucket.before[i]->data, bucket.after[j]->data)
+            && VariablesOf(*bucket.before[i]) == VariablesOf(*bucket.after[j]);
+    });
+    for (const auto& [i, j] : pairs) {
+        if (i == unpaired)
+            Report(ChangeOf(Kind::Added, *bucket.after[j]), nullptr, &bucket.after[j]->range);
+        else if (j == unpaired)
+            Report(ChangeOf(Kind::Gone, *bucket.before[i]), &bucket.before[i]->range, nullptr);
+        else
+            CompareUnits(*bucket.before[i], *bucket.after[j]);
+    }
+}
+
+void Comparer::CompareUnits(const ComparisonUnit& before, const ComparisonUnit& after)
+{
+    if (!before.data || !after.data)
+        return;
+    Change change = ChangeOf(Kind::Changed, before);
+    for (ItemChange& item : comparison_.Compare(*before.data, *after.data)) {
+        change.item = std::move(item);
+        Report(change, &before.range, &after.range);
+    }
+    const std::string oldVariables = VariablesOf(before);
+    const std::string newVariables = VariablesOf(after);
+    if (oldVariables == newVariables)
+        return;
+    change.item = {"variables", oldVariables.empty() ? "none" : oldVariables,
+        newVariables.empty() ? "none" : newVariables};
+    Report(change, &before.range, &after.range);
+}
+
+/// A null range: the deck has no such thing.
+void Comparer::Report(Change change, const TextRange* before, const TextRange* after)
+{
+    if (before) {
+        rangesBefore_.push_back(*before);
+        change.before.emplace();
+    }
+    if (after) {
+        rangesAfter_.push_back(*after);
+        change.after.emplace();
+    }
+    ++difference_.counts[static_cast<std::size_t>(change.kind)];
+    changes_.push_back(std::move(change));
+}
+
+void Comparer::FillLocations()
+{
+    const std::vector<Location> locationsBefore = a_.files.LocationsOf(rangesBefore_);
+    const std::vector<Location> locationsAfter = b_.files.LocationsOf(rangesAfter_);
+    auto before = locationsBefore.begin();
+    auto after = locationsAfter.begin();
+    for (ChangeGroup& group : difference_.groups) {
+        for (Change& change : group.changes) {
+            if (change.before)
+                change.before = *before++;
+            if (change.after)
+                change.after = *after++;
+        }
+    }
+}
+
+} // namespace
+
+Difference Compare(const Deck& a, const Deck& b, const ComparisonOptions& options)
+{
+    return Comparer(ContentsOf(a), ContentsOf(b), options).Compare();
+}
+
+} // namespace Veld::Quor::Core::Decks

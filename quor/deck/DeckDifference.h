@@ -1,0 +1,69 @@
+#pragma once
+
+#include "quor/deck/Deck.h"
+#include "quor/foundation/Export.h"
+#include "quor/foundation/SectionType.h"
+#include "quor/foundation/SimulatorType.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// How two lists of numbers differ.
+struct ArrayChange {
+    std::size_t differing = 0; ///< of the elements that both have
+    std::size_t sizeBefore = 0;
+    std::size_t sizeAfter = 0;
+    std::size_t first = 0; ///< from 1; 0: none differ
+    double greatest = 0; ///< difference
+};
+
+/// One item of a keyword's data that differs.
+struct ItemChange {
+    std::string item; ///< the way to it: names of items, and numbers of elements from 1 as in "[3]"
+    std::string before; ///< as text; "absent" for an element that the other list has in excess
+    std::string after;
+    std::optional<ArrayChange> array = {}; ///< `before` and `after` are of the first element that differs
+};
+
+struct ComparisonOptions {
+    Keywords::SimulatorType::Enum simulator = Keywords::SimulatorType::Any; ///< whose defaults
+    bool isStrict = false; ///< a value left to its default isn't the same as that value
+};
+
+/// One difference between two decks.
+struct Change {
+    enum class Kind { Changed, Added, Gone };
+
+    Kind kind = Kind::Changed;
+    std::string keyword; ///< empty: it is the report step itself that was added, or is gone
+    std::string identity; ///< the identifiers of the instance; may be empty
+    ItemChange item = {}; ///< of what has changed
+    std::optional<Location> before = {}; ///< in the first deck
+    std::optional<Location> after = {}; ///< in the second one
+};
+
+/// The differences in one section, or in SCHEDULE at one report step.
+struct ChangeGroup {
+    Keywords::SectionType::Enum section;
+    std::string step; ///< date, or number of the report; empty: no step, or before the first
+    std::vector<Change> changes;
+};
+
+struct Difference {
+    std::vector<ChangeGroup> groups; ///< in the order of sections and dates; none of them empty
+    std::array<std::size_t, 3> counts = {}; ///< by kind
+
+    std::size_t GetCount(Change::Kind kind) const { return counts[static_cast<std::size_t>(kind)]; }
+};
+
+/// Compares what the decks say and not how: comments, layout, inclusions and the order of independent
+/// keywords don't matter, nor how records are spread over keywords. Instances of a keyword that have the same
+/// identifiers are matched in their order. Both decks were read with one language.
+VELD_QUOR_EXPORT Difference Compare(const Deck& a, const Deck& b, const ComparisonOptions& options);
+
+} // namespace Veld::Quor::Core::Decks

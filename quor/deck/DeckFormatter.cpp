@@ -1,0 +1,33 @@
+#include "quor/deck/DeckFormatter.h"
+
+#include "quor/deck/internal/ContentsOf.h"
+#include "quor/deck/internal/write/DeckWriter.h"
+
+#include <fmt/format.h>
+
+#include <stdexcept>
+
+namespace Veld::Quor::Core::Decks {
+
+DeckFormatter::DeckFormatter(const Deck& deck)
+    : deck_(deck)
+    , writer_(std::make_unique<DeckWriter>(ContentsOf(deck), deck.GetTarget()))
+{
+}
+
+DeckFormatter::~DeckFormatter() = default;
+
+std::string DeckFormatter::FormatFile(std::uint32_t file)
+{
+    if (file >= deck_.GetFiles().GetSize())
+        throw std::out_of_range(
+            fmt::format("file {} of a deck of {} files does not exist", file, deck_.GetFiles().GetSize()));
+    return writer_->WriteFile(file);
+}
+
+std::string DeckFormatter::FormatAll()
+{
+    return writer_->WriteAll();
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "quor/deck/Deck.h"
+#include "quor/foundation/Export.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace Veld::Quor::Core::Decks {
+
+class DeckWriter;
+
+/// Writes a deck anew: aligns columns, combines repeated values, shortens numbers and omits defaulted values.
+/// The result has the same data. What is no keyword stays as it is: comments, blank lines, inclusions,
+/// skipped blocks, unknown keywords. So does a keyword with errors in it, one of raw text, and one whose data
+/// continue in another file or around a skipped block.
+class VELD_QUOR_EXPORT DeckFormatter {
+public:
+    /// The deck must outlive it.
+    explicit DeckFormatter(const Deck& deck);
+    ~DeckFormatter();
+    DeckFormatter(const DeckFormatter&) = delete;
+    DeckFormatter& operator=(const DeckFormatter&) = delete;
+
+    /// The text of one of the deck's files, by its index among them. Throws `std::out_of_range`.
+    std::string FormatFile(std::uint32_t file);
+    /// The whole deck, with the included files in place of their inclusions.
+    std::string FormatAll();
+
+private:
+    const Deck& deck_;
+    std::unique_ptr<DeckWriter> writer_;
+};
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "quor/deck/ReportStep.h"
+#include "quor/deck/TextRange.h"
+#include "quor/foundation/Export.h"
+#include "quor/foundation/SectionType.h"
+#include "quor/foundation/service/Time.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace Veld::Quor::Core::Keywords {
+class IKeywordData;
+class IKeywordSyntax;
+} // namespace Veld::Quor::Core::Keywords
+
+namespace Veld::Quor::Core::Decks {
+
+struct DeckContents;
+struct KeywordInstance;
+
+/// One keyword of a deck: a handle of two words, cheap to copy, valid as long as the deck.
+class VELD_QUOR_EXPORT DeckKeyword {
+public:
+    /// Its name; of one that stands for many names, the name as the deck has it, in upper case.
+    std::string GetName() const;
+    /// Whether `name` is its name, without regard to case.
+    bool IsNamed(std::string_view name) const;
+    /// The table's.
+    const Keywords::IKeywordSyntax& GetSyntax() const;
+    /// In which it stands; `SectionType::None` before the first.
+    Keywords::SectionType::Enum GetSection() const;
+    /// Counted from 0, in the order of reading.
+    std::size_t GetIndex() const { return index_; }
+
+    /// Null if the keyword carries nothing. The deck's; read it with `quor/data/Access.h`.
+    const Keywords::IKeywordData* FindData() const;
+    /// Throws `KeywordNotFound` if the keyword carries nothing.
+    const Keywords::IKeywordData& GetData() const;
+    /// Whether its data are what its text says: no errors were found in it but those of variables.
+    bool IsSound() const;
+
+    /// The last report step before it, in its section; null if there is none.
+    const ReportStep* FindStep() const;
+    /// The time of that step, or in SCHEDULE the start of the deck before the first; undefined elsewhere, and
+    /// if the deck gives none.
+    Service::Time GetTime() const;
+
+    Location GetLocation() const;
+    /// Where an element of the keyword's outermost list begins, counted from 0; the keyword itself if that
+    /// isn't known.
+    Location GetLocation(std::size_t element) const;
+    TextRange GetNameRange() const;
+    /// The keyword with its data; of no length if they continue in another file or around a skipped block.
+    TextRange GetRange() const;
+    /// The text of `GetRange`; valid as long as the deck.
+    std::string_view GetText() const;
+
+private:
+    friend class Deck;
+    DeckKeyword(const DeckContents& contents, std::size_t index)
+        : contents_(&contents)
+        , index_(index)
+    {
+    }
+    const KeywordInstance& Get() const;
+
+    const DeckContents* contents_;
+    std::size_t index_;
+};
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "quor/foundation/Export.h"
+#include "quor/foundation/SectionType.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Core::Keywords {
+class KeywordSyntaxTable;
+}
+
+namespace Veld::Quor::Core::Decks {
+
+class LanguageIndex;
+
+/// What a table of keywords says of decks. It never changes: made once for a table, it serves any number of
+/// threads that read decks at once. The table must outlive it, and it must outlive the decks read with it.
+class VELD_QUOR_EXPORT DeckLanguage {
+public:
+    /// Of the process's table, which is loaded if it isn't yet. Throws what the load throws.
+    DeckLanguage();
+    explicit DeckLanguage(Keywords::KeywordSyntaxTable& table);
+    ~DeckLanguage();
+    DeckLanguage(const DeckLanguage&) = delete;
+    DeckLanguage& operator=(const DeckLanguage&) = delete;
+
+    /// The keywords that a misspelt name may stand for, the nearest first: at most three, those valid in
+    /// `section` before others. `SectionType::None` prefers none.
+    std::vector<std::string> FindNearest(
+        const std::string& name, Keywords::SectionType::Enum section = Keywords::SectionType::None) const;
+
+private:
+    friend class Deck;
+    std::unique_ptr<const LanguageIndex> index_;
+};
+
+} // namespace Veld::Quor::Core::Decks

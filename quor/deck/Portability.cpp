@@ -1,0 +1,289 @@
+#include "quor/deck/Portability.h"
+
+#include "quor/deck/internal/ContentsOf.h"
+#include "quor/deck/internal/read/DataValue.h"
+#include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/read/VisitData.h"
+#include "quor/deck/internal/text/LineText.h"
+#include "quor/metadata/IKeywordAssignmentMD.h"
+#include "quor/metadata/IKeywordChoiceMD.h"
+#include "quor/metadata/IKeywordListMD.h"
+#include "quor/metadata/IKeywordRecordMD.h"
+#include "quor/metadata/IUnsupportedByMD.h"
+#include "quor/metadata/IValidityMD.h"
+#include "quor/metadata/KeywordUtils.h"
+#include "quor/syntax/KeywordSyntaxUtils.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <map>
+#include <tuple>
+#include <unordered_map>
+#include <utility>
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+using MDType = IKeywordDataMD::MDType;
+
+namespace {
+
+using Kind = Loss::Kind;
+
+bool IsValidFor(const IValidityMD& validity, const Target& target)
+{
+    return target.simulator == SimulatorType::Any || validity.IsValid(target.simulator, target.mode);
+}
+
+bool IsUnsupportedBy(const IUnsupportedByMD& unsupported, const Target& target)
+{
+    return target.simulator != SimulatorType::Any
+        && unsupported.IsUnsupportedBy(target.simulator, target.mode);
+}
+
+class LossFinder {
+public:
+    LossFinder(const DeckContents& deck, const PortOptions& options)
+        : deck_(deck)
+        , options_(options)
+    {
+    }
+
+    std::vector<Loss> Find();
+
+private:
+    /// What is reported once, with a count: kind, keyword, section of one that is lost, item, detail.
+    using Key = std::tuple<Kind, const IKeywordSyntax*, SectionType::Enum, std::string, std::string>;
+    /// What becomes of a value that is left out.
+    struct LeftOut {
+        bool isLost;
+        Kind kind;
+        std::string detail;
+    };
+
+    void Visit(const KeywordInstance& keyword);
+    bool IsKeywordLost(const KeywordInstance& keyword) const;
+    void Visit(const IKeywordData& data);
+    void VisitRecord(const IKeywordRecordData& record);
+    void VisitItem(const IKeywordRecordMD& md, int index, const void* item);
+    void VisitList(const IKeywordListData& list);
+    void VisitMap(const IKeywordMapData& map);
+    void VisitValue(const IKeywordDataMD& md, const ScalarValue& value);
+    void VisitLeftOut(const IKeywordDataMD& md, std::size_t count = 1);
+    const LeftOut& GetLeftOut(const IKeywordDataMD& md);
+
+    void Report(Kind kind, const std::string& item, const std::string& detail = {}, std::size_t count = 1);
+    std::vector<Loss> Collect();
+
+    const DeckContents& deck_;
+    PortOptions options_;
+    std::unordered_map<const IKeywordDataMD*, LeftOut> leftOut_;
+    struct Entry {
+        Loss loss;
+        std::vector<TextRange> ranges; // the first, or all
+    };
+    std::map<Key, std::size_t> positions_;
+    std::vector<Entry> entries_; // in the order of the deck
+    // Of what is being visited
+    const KeywordInstance* keyword_ = nullptr;
+    TextRange range_; // of the record, or the keyword
+};
+
+std::vector<Loss> LossFinder::Find()
+{
+    for (const KeywordInstance& keyword : deck_.keywords)
+        Visit(keyword);
+    return Collect();
+}
+
+void LossFinder::Visit(const KeywordInstance& keyword)
+{
+    keyword_ = &keyword;
+    range_ = keyword.name;
+    if (IsKeywordLost(keyword)) {
+        Report(Kind::KeywordNotValid, {});
+        return;
+    }
+    if (!keyword.data)
+        return;
+    if (keyword.records.empty()) {
+        Visit(*keyword.data);
+        return;
+    }
+    const auto& list = static_cast<const IKeywordListData&>(*keyword.data);
+    for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i) {
+        range_ = RangeOf(keyword, i);
+        Visit(*static_cast<const IKeywordData*>(list.GetData(i)));
+    }
+}
+
+/// What isn't valid where the deck runs now, or in its section at all, has nothing to lose.
+bool LossFinder::IsKeywordLost(const KeywordInstance& keyword) const
+{
+    const std::string spelling = ToUpper(deck_.files.GetText(keyword.name));
+    const auto isValid = [&](const Target& target) {
+        return KeywordSyntaxUtils::IsValid(
+            *keyword.syntax, spelling, keyword.section, target.simulator, target.mode);
+    };
+    return isValid(options_.from) && !isValid(options_.to);
+}
+
+void LossFinder::Visit(const IKeywordData& data)
+{
+    VisitData(data,
+        Overloaded{[this](const IKeywordRecordData& record) { VisitRecord(record); },
+            [this](const IKeywordListData& list) { VisitList(list); },
+            [this](const IKeywordMapData& map) { VisitMap(map); }, [](const IKeywordRawData& /*raw*/) {}});
+}
+
+void LossFinder::VisitRecord(const IKeywordRecordData& record)
+{
+    const auto& md = static_cast<const IKeywordRecordMD&>(*record.GetMD());
+    for (int i = 0; i < md.GetSize(); ++i)
+        VisitItem(md, i, record.GetData(i));
+}
+
+void LossFinder::VisitItem(const IKeywordRecordMD& md, int index, const void* item)
+{
+    const IKeywordDataMD& itemMD = *md.GetItemMD(index);
+    const bool isScalar = KeywordUtils::IsItemMDType(itemMD.GetType());
+    const ScalarValue value = isScalar ? ItemValue(itemMD, item) : ScalarValue();
+    if (!IsValidFor(md.GetValidity(index), options_.to)) {
+        if (IsGiven(value) && IsValidFor(md.GetValidity(index), options_.from))
+            Report(Kind::ItemNotValid, ItemName(itemMD));
+    } else if (!isScalar) {
+        Visit(*static_cast<const IKeywordData*>(item));
+    } else if (!IsGiven(value)) {
+        VisitLeftOut(itemMD);
+    } else if (IsUnsupportedBy(md.GetUnsupportedBy(index), options_.to)) {
+        if (!IsUnsupportedBy(md.GetUnsupportedBy(index), options_.from))
+            Report(Kind::ItemUnsupported, ItemName(itemMD));
+    } else {
+        VisitValue(itemMD, value);
+    }
+}
+
+void LossFinder::VisitList(const IKeywordListData& list)
+{
+    const auto& md = static_cast<const IKeywordListMD&>(*list.GetMD());
+    const IKeywordDataMD* const item = md.GetItemMD();
+    const auto size = static_cast<std::size_t>(list.GetSize());
+    if (!item || size == 0)
+        return;
+    if (!KeywordUtils::IsItemMDType(item)) {
+        for (std::size_t i = 0; i < size; ++i)
+            Visit(*static_cast<const IKeywordData*>(list.GetData(i)));
+        return;
+    }
+    const bool mayLoseDefault =
+        md.IsItemDefaultable() && !md.FillEmptyElementsWithPreviousValue() && GetLeftOut(*item).isLost;
+    if (item->GetType() != MDType::Choice && !mayLoseDefault)
+        return;
+    std::size_t leftOut = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+        if (list.IsDefaulted(i))
+            ++leftOut;
+        else
+            VisitValue(*item, ElementValue(*item, list.GetData(i)));
+    }
+    if (leftOut > 0 && mayLoseDefault)
+        VisitLeftOut(*item, leftOut);
+}
+
+void LossFinder::VisitMap(const IKeywordMapData& map)
+{
+    for (int i = 0; i < map.GetSize(); ++i) {
+        const IKeywordAssignmentMD& md = *map.GetItemMD(i);
+        const bool isGiven = map.GetValue(i).HasValue();
+        const bool wasValid =
+            options_.from.simulator == SimulatorType::Any || md.IsValid(options_.from.simulator);
+        if (!md.IsValid(options_.to.simulator)) {
+            if (isGiven && wasValid)
+                Report(Kind::ItemNotValid, ItemName(md));
+        } else if (!isGiven) {
+            VisitLeftOut(md);
+        }
+    }
+}
+
+void LossFinder::VisitValue(const IKeywordDataMD& md, const ScalarValue& value)
+{
+    if (md.GetType() != MDType::Choice || !IsGiven(value))
+        return;
+    const auto& choice = static_cast<const IKeywordChoiceMD&>(md);
+    const int index = std::get<int>(value);
+    if (index < 0 || index >= choice.NumChoices())
+        return;
+    if (!IsValidFor(choice.GetValidity(index), options_.to)) {
+        if (IsValidFor(choice.GetValidity(index), options_.from))
+            Report(Kind::ChoiceNotValid, ItemName(md), choice.GetChoice(index));
+    } else if (IsUnsupportedBy(choice.GetUnsupportedBy(index), options_.to)
+        && !IsUnsupportedBy(choice.GetUnsupportedBy(index), options_.from)) {
+        Report(Kind::ChoiceUnsupported, ItemName(md), choice.GetChoice(index));
+    }
+}
+
+void LossFinder::VisitLeftOut(const IKeywordDataMD& md, std::size_t count)
+{
+    const LeftOut& leftOut = GetLeftOut(md);
+    if (leftOut.isLost)
+        Report(leftOut.kind, ItemName(md), leftOut.detail, count);
+}
+
+/// Asked for each value that is left out, so it is kept.
+const LossFinder::LeftOut& LossFinder::GetLeftOut(const IKeywordDataMD& md)
+{
+    const auto known = leftOut_.find(&md);
+    if (known != leftOut_.end())
+        return known->second;
+    const DefaultValue from = DefaultOf(md, options_.from.simulator);
+    const DefaultValue to = DefaultOf(md, options_.to.simulator);
+    LeftOut leftOut{from.isThere && !(from == to), to.isThere ? Kind::OtherDefault : Kind::NoDefault,
+        fmt::format("{} -> {}", ToText(md, from), ToText(md, to))};
+    return leftOut_.emplace(&md, std::move(leftOut)).first->second;
+}
+
+void LossFinder::Report(Kind kind, const std::string& item, const std::string& detail, std::size_t count)
+{
+    const SectionType::Enum section = kind == Kind::KeywordNotValid ? keyword_->section : SectionType::None;
+    const auto [position, isNew] =
+        positions_.try_emplace({kind, keyword_->syntax, section, item, detail}, entries_.size());
+    if (isNew)
+        entries_.push_back({{kind, deck_.NameOf(*keyword_), keyword_->section, item, detail, 0, {}, {}}, {}});
+    Entry& entry = entries_[position->second];
+    entry.loss.count += count;
+    if (isNew || options_.withLocations)
+        entry.ranges.push_back(range_);
+}
+
+std::vector<Loss> LossFinder::Collect()
+{
+    std::vector<TextRange> ranges;
+    for (const Entry& entry : entries_)
+        ranges.insert(ranges.end(), entry.ranges.begin(), entry.ranges.end());
+    std::vector<Location> locations = deck_.files.LocationsOf(ranges);
+    std::vector<Loss> losses;
+    auto location = locations.begin();
+    for (Entry& entry : entries_) {
+        const auto end = location + static_cast<std::ptrdiff_t>(entry.ranges.size());
+        entry.loss.first = *location;
+        if (options_.withLocations)
+            entry.loss.locations.assign(location, end);
+        location = end;
+        losses.push_back(std::move(entry.loss));
+    }
+    std::stable_sort(
+        losses.begin(), losses.end(), [](const Loss& a, const Loss& b) { return a.kind < b.kind; });
+    return losses;
+}
+
+} // namespace
+
+std::vector<Loss> FindLosses(const Deck& deck, const PortOptions& options)
+{
+    return LossFinder(ContentsOf(deck), options).Find();
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "quor/deck/DeckFiles.h"
+#include "quor/deck/DeckSource.h"
+#include "quor/deck/FindingCodes.h"
+#include "quor/deck/Target.h"
+#include "quor/foundation/Export.h"
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+namespace Veld::Quor::Core::Decks {
+
+struct ReadSettings;
+
+/// Called now and then with how many bytes of the deck were read, and of how many that are known so far. The
+/// second number grows as the deck includes files.
+using ReadProgress = std::function<void(std::size_t done, std::size_t known)>;
+
+/// Called now and then; once it returns true the read ends with `ReadCancelled`.
+using ReadCancellation = std::function<bool()>;
+
+/// Whether a finding is known already, so that it isn't reported. Called once for each finding that no
+/// comment of the deck suppresses.
+using KnownFinding = std::function<bool(const DeckFiles& files, const TextRange& range, Code code)>;
+
+/// The host cancelled the read of a deck.
+class VELD_QUOR_EXPORT ReadCancelled : public std::runtime_error {
+public:
+    ReadCancelled();
+    ReadCancelled(const ReadCancelled&) = default;
+    ReadCancelled& operator=(const ReadCancelled&) = default;
+    ~ReadCancelled() override;
+};
+
+/// How a deck is read. Functions are called by the thread that reads; what they throw ends the read.
+///
+///     const auto options = ReadOptions().SetSimulator(SimulatorType::Carrow).SetVariable("CASE", "1");
+class VELD_QUOR_EXPORT ReadOptions {
+public:
+    ReadOptions();
+    ~ReadOptions();
+    ReadOptions(const ReadOptions&);
+    ReadOptions& operator=(const ReadOptions&);
+    ReadOptions(ReadOptions&&) noexcept;
+    ReadOptions& operator=(ReadOptions&&) noexcept;
+
+    /// Where the deck is to run. Without it, what is valid for any simulator and mode is accepted.
+    ReadOptions& SetTarget(const Target& target);
+    ReadOptions& SetSimulator(Keywords::SimulatorType::Enum simulator);
+    ReadOptions& SetMode(Keywords::SimulatorModeType::Enum mode);
+    /// What the variable `$NAME` of the deck stands for. `name` may begin with the "$". Throws
+    /// `std::invalid_argument` if it is no name of a variable.
+    ReadOptions& SetVariable(const std::string& name, const std::string& value);
+    /// How many findings are kept; others are counted. 200 at first.
+    ReadOptions& SetMaxFindings(std::size_t count);
+    /// Where the files of the deck come from; null, as at first: the files of the system.
+    ReadOptions& SetSource(std::shared_ptr<const DeckSource> source);
+    ReadOptions& SetProgress(ReadProgress progress);
+    ReadOptions& SetCancellation(ReadCancellation cancellation);
+    ReadOptions& SetKnownFinding(KnownFinding isKnown);
+    /// Whether the deck remembers where each value stands in the text, so that a `DeckEditor` can change it.
+    /// Takes 24 bytes a value. False at first.
+    ReadOptions& SetEditable(bool isEditable);
+
+    const Target& GetTarget() const;
+    /// By name, with the "$".
+    const std::map<std::string, std::string>& GetVariables() const;
+    std::size_t GetMaxFindings() const;
+    const std::shared_ptr<const DeckSource>& GetSource() const;
+    bool IsEditable() const;
+
+private:
+    friend class Deck;
+    std::unique_ptr<ReadSettings> settings_;
+};
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,43 @@
+#include "quor/deck/internal/text/LanguageIndex.h"
+
+#include "quor/metadata/IKeywordRecordMD.h"
+#include "quor/metadata/KeywordUtils.h"
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+
+namespace {
+
+using MDType = IKeywordDataMD::MDType;
+
+void AppendIntegers(const IKeywordDataMD* md, std::vector<const IKeywordIntegerMD*>& integers)
+{
+    if (KeywordUtils::GetMDType(md) != MDType::Record)
+        return;
+    const auto& record = static_cast<const IKeywordRecordMD&>(*md);
+    for (int i = 0; i < record.GetSize(); ++i) {
+        if (KeywordUtils::GetMDType(record.GetItemMD(i)) == MDType::Integer)
+            integers.push_back(static_cast<const IKeywordIntegerMD*>(record.GetItemMD(i)));
+    }
+}
+
+} // namespace
+
+LanguageIndex::LanguageIndex(KeywordSyntaxTable& table)
+    : table_(table)
+    , nearestNames_(table)
+{
+    KeywordSyntaxEnumerator enumerator = table.KeywordsEnumerator();
+    while (enumerator.NextWithHidden()) {
+        const IKeywordSyntax& syntax = *enumerator.Current()->second;
+        if (syntax.GetDeckRole() == KeywordDeckRole::Include)
+            includeNames_.push_back(*enumerator.Current()->first);
+        if (syntax.HasScope() && syntax.GetScopeSyntax())
+            scopeEnds_.insert(syntax.GetScopeSyntax());
+        if (syntax.GetFirstValidSection() == SectionType::RUNSPEC)
+            AppendIntegers(syntax.GetDataMD(), sizes_);
+    }
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "quor/deck/internal/text/NearestNames.h"
+#include "quor/foundation/SectionType.h"
+#include "quor/metadata/IKeywordIntegerMD.h"
+#include "quor/syntax/IKeywordSyntax.h"
+#include "quor/syntax/KeywordSyntaxTable.h"
+
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// What a table says of decks. It never changes: made once for a table, it serves any number of threads that
+/// read decks at once. Must not outlive the table.
+class LanguageIndex {
+public:
+    explicit LanguageIndex(Core::Keywords::KeywordSyntaxTable& table);
+
+    /// All that the table knows under the name; empty if it is no keyword.
+    std::vector<const Core::Keywords::IKeywordSyntax*> LookupAll(const std::string& name) const
+    {
+        return table_.LookupAll(name);
+    }
+    /// The syntax of the name in the section; null if there are several, none of which is valid there.
+    const Core::Keywords::IKeywordSyntax* Lookup(
+        const std::string& name, Core::Keywords::SectionType::Enum section) const
+    {
+        return table_.Lookup(name, section, true);
+    }
+
+    /// The names of the keywords that include a file.
+    const std::vector<std::string>& GetIncludeNames() const { return includeNames_; }
+    /// Whether the keyword is there to end scopes, and for nothing else.
+    bool EndsScopes(const Core::Keywords::IKeywordSyntax& syntax) const
+    {
+        return scopeEnds_.count(&syntax) > 0;
+    }
+    const NearestNames& GetNearestNames() const { return nearestNames_; }
+    /// The whole numbers of the records of RUNSPEC, in the order of the table.
+    const std::vector<const Core::Keywords::IKeywordIntegerMD*>& GetSizes() const { return sizes_; }
+
+private:
+    Core::Keywords::KeywordSyntaxTable& table_;
+    NearestNames nearestNames_;
+    std::vector<std::string> includeNames_;
+    std::unordered_set<const Core::Keywords::IKeywordSyntax*> scopeEnds_;
+    std::vector<const Core::Keywords::IKeywordIntegerMD*> sizes_;
+};
+
+} // namespace Veld::Quor::Core::Decks

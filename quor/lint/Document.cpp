@@ -1,0 +1,251 @@
+#include "quor/lint/Document.h"
+
+#include "quor/foundation/builtin/KeywordSyntaxData.h"
+#include "quor/foundation/builtin/TrustedSyntaxData.h"
+#include "quor/foundation/service/Log.h"
+#include "quor/foundation/service/xml/DomText.h"
+#include "quor/foundation/service/xml/Initialise.h"
+#include "quor/foundation/service/xml/XMLDocument.h"
+#include "quor/lint/internal/TagScanner.h"
+
+#include <fmt/format.h>
+#include <xercesc/dom/DOM.hpp>
+#include <xercesc/framework/MemBufFormatTarget.hpp>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+#include <utility>
+
+namespace Veld::Quor::Core::Lint {
+
+namespace Decks = Core::Decks;
+using Core::Service::Log;
+using Core::Service::LogHandler;
+using Core::Service::XML::XMLDocument;
+using Core::Service::XML::XToC;
+using xercesc::DOMNode;
+
+namespace {
+
+/// Takes what the library logs, as long as it lives.
+class LogTaker {
+public:
+    LogTaker()
+        : earlier_(
+            Log::SetHandler([this](const char* text, Core::Service::MessageSeverity) { text_ = text; }))
+    {
+    }
+    ~LogTaker() { Log::SetHandler(std::move(earlier_)); }
+    LogTaker(const LogTaker&) = delete;
+    LogTaker& operator=(const LogTaker&) = delete;
+
+    const std::string& GetLast() const { return text_; }
+
+private:
+    std::string text_;
+    LogHandler earlier_;
+};
+
+/// A number at the start of `text` with a colon behind it is taken from it; else 0.
+std::size_t TakeNumber(std::string_view& text)
+{
+    const std::size_t end = std::min(text.find_first_not_of("0123456789"), text.size());
+    if (end == 0 || end > 9 || text.substr(end, 1) != ":")
+        return 0;
+    const std::size_t number = std::stoul(std::string(text.substr(0, end)));
+    text.remove_prefix(end + 1);
+    return number;
+}
+
+/// Of a line of the log: the name, line and column if they are known, and the reason, all with colons behind.
+Document::Refusal ReadRefusal(std::string_view logged, const std::string& name)
+{
+    if (logged.starts_with(name + ":"))
+        logged.remove_prefix(name.size() + 1);
+    const std::size_t line = TakeNumber(logged);
+    const std::size_t column = TakeNumber(logged);
+    logged.remove_prefix(std::min(logged.find_first_not_of(' '), logged.size()));
+    while (logged.ends_with('.'))
+        logged.remove_suffix(1);
+    return {std::string(logged), {name, std::max<std::size_t>(line, 1), std::max<std::size_t>(column, 1)}};
+}
+
+Element Copy(const xercesc::DOMElement& node, std::size_t position)
+{
+    Element element;
+    element.tag = XToC(node.getTagName());
+    element.position = position;
+    const xercesc::DOMNamedNodeMap& attributes = *node.getAttributes();
+    for (XMLSize_t i = 0; i < attributes.getLength(); ++i) {
+        const DOMNode& attribute = *attributes.item(i);
+        element.attributes.push_back({XToC(attribute.getNodeName()), XToC(attribute.getNodeValue()), {}, {}});
+    }
+    std::size_t count = 0;
+    for (const DOMNode* child = node.getFirstChild(); child; child = child->getNextSibling(), ++count) {
+        const DOMNode::NodeType type = child->getNodeType();
+        if (type == DOMNode::ELEMENT_NODE)
+            element.children.push_back(Copy(static_cast<const xercesc::DOMElement&>(*child), count));
+        else if (type == DOMNode::TEXT_NODE || type == DOMNode::CDATA_SECTION_NODE)
+            element.text += XToC(child->getNodeValue());
+    }
+    return element;
+}
+
+/// Gives each element its place. False if the tags found in the text are others than those of the document:
+/// it is in an encoding that does not extend ASCII, say.
+bool Locate(Element& element, std::string_view text, TagScanner& scanner)
+{
+    ScannedTag tag;
+    if (!scanner.Next(tag) || tag.name != element.tag || tag.names.size() != element.attributes.size())
+        return false;
+    element.span = tag.span;
+    for (Attribute& attribute : element.attributes) {
+        const auto at = std::find_if(tag.names.begin(), tag.names.end(),
+            [&](const Span& span) { return text.substr(span.offset, span.length) == attribute.name; });
+        if (at == tag.names.end())
+            return false;
+        attribute.nameSpan = *at;
+        attribute.valueSpan = tag.values[static_cast<std::size_t>(at - tag.names.begin())];
+    }
+    return std::all_of(element.children.begin(), element.children.end(),
+        [&](Element& child) { return Locate(child, text, scanner); });
+}
+
+/// A text of the document, in UTF-8, with all its nodes.
+std::string Serialize(const xercesc::DOMDocument& document)
+{
+    struct Release {
+        void operator()(xercesc::DOMLSSerializer* serializer) const { serializer->release(); }
+        void operator()(xercesc::DOMLSOutput* output) const { output->release(); }
+    };
+    try {
+        auto* const implementation = xercesc::DOMImplementationRegistry::getDOMImplementation(u"LS");
+        const std::unique_ptr<xercesc::DOMLSSerializer, Release> serializer(
+            implementation->createLSSerializer());
+        const std::unique_ptr<xercesc::DOMLSOutput, Release> output(implementation->createLSOutput());
+        xercesc::MemBufFormatTarget target;
+        output->setByteStream(&target);
+        output->setEncoding(u"UTF-8");
+        serializer->write(&document, output.get());
+        return {reinterpret_cast<const char*>(target.getRawBuffer()), target.getLen()};
+    } catch (const xercesc::XMLException& error) {
+        throw DocumentError(XToC(error.getMessage()));
+    } catch (const xercesc::DOMException& error) {
+        throw DocumentError(XToC(error.getMessage()));
+    }
+}
+
+std::string ReadBytes(const std::string& path)
+{
+    std::error_code error;
+    const auto status = std::filesystem::status(path, error);
+    if (!std::filesystem::exists(status))
+        throw DocumentError(std::generic_category().message(error ? error.value() : ENOENT));
+    if (!std::filesystem::is_regular_file(status))
+        throw DocumentError("not a regular file");
+    constexpr std::size_t most = XMLDocument::MaxBytes;
+    if (std::filesystem::file_size(path, error) > most)
+        throw DocumentError(fmt::format("file too large (expected at most {} bytes)", most));
+    std::ifstream file(path, std::ios::binary);
+    std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    if (!file.good() && !file.eof())
+        throw DocumentError(std::generic_category().message(errno));
+    return bytes;
+}
+
+} // namespace
+
+DocumentError::DocumentError(const std::string& message)
+    : std::runtime_error(message)
+{
+}
+
+DocumentError::~DocumentError() = default;
+
+const Attribute* Element::Find(std::string_view attribute) const
+{
+    const auto at = std::find_if(
+        attributes.begin(), attributes.end(), [&](const Attribute& own) { return own.name == attribute; });
+    return at == attributes.end() ? nullptr : &*at;
+}
+
+const std::string& Element::Get(std::string_view attribute) const
+{
+    static const std::string none;
+    const Attribute* const found = Find(attribute);
+    return found ? found->value : none;
+}
+
+bool IsBlank(std::string_view text)
+{
+    return text.find_first_not_of(" \t\r\n\f\v") == std::string_view::npos;
+}
+
+Document::Document(std::string name, std::string text)
+    : name_(std::move(name))
+    , text_(std::move(text))
+{
+    lines_.push_back(0);
+    for (std::size_t at = text_.find('\n'); at != std::string::npos; at = text_.find('\n', at + 1))
+        lines_.push_back(at + 1);
+}
+
+Document Document::ReadFile(const std::string& path)
+{
+    return ReadText(ReadBytes(path), path);
+}
+
+Document Document::ReadText(std::string text, const std::string& name)
+{
+    const LogTaker log;
+    XMLDocument holder;
+    const xercesc::DOMDocument* const dom = holder.readMemory(text.data(), text.size(), name.c_str());
+    Document document(name, std::move(text));
+    if (!dom || !dom->getDocumentElement()) {
+        document.refusal_ = ReadRefusal(log.GetLast(), name);
+        return document;
+    }
+    document.root_ = std::make_unique<Element>(Copy(*dom->getDocumentElement(), 0));
+    TagScanner scanner(document.text_);
+    if (Locate(*document.root_, document.text_, scanner))
+        return document;
+    return ReadText(Serialize(*dom), name);
+}
+
+std::vector<Document> Document::ReadBuiltin()
+{
+    Core::Service::XML::Initialise::Init();
+    Core::KeywordSyntax::TrustedSyntaxData trusted;
+    Core::KeywordSyntax::KeywordSyntaxData main;
+    std::vector<Document> documents;
+    if (const xercesc::DOMDocument* const dom = trusted.GetData())
+        documents.push_back(ReadText(Serialize(*dom), "(built in trusted)"));
+    if (const xercesc::DOMDocument* const dom = main.GetData())
+        documents.push_back(ReadText(Serialize(*dom), "(built in main)"));
+    return documents;
+}
+
+Decks::Location Document::LocationOf(std::size_t offset) const
+{
+    const auto next = std::upper_bound(lines_.begin(), lines_.end(), offset);
+    const auto line = static_cast<std::size_t>(next - lines_.begin());
+    return {name_, line, offset - lines_[line - 1] + 1};
+}
+
+std::string_view Document::GetLine(std::size_t number) const
+{
+    if (number < 1 || number > lines_.size())
+        return {};
+    const std::size_t begin = lines_[number - 1];
+    const std::size_t end = number == lines_.size() ? text_.size() : lines_[number] - 1;
+    std::string_view line = std::string_view(text_).substr(begin, end - begin);
+    if (line.ends_with('\r'))
+        line.remove_suffix(1);
+    return line;
+}
+
+} // namespace Veld::Quor::Core::Lint

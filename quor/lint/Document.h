@@ -1,0 +1,118 @@
+#pragma once
+
+#include "quor/deck/Finding.h"
+#include "quor/foundation/Export.h"
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Veld::Quor::Core::Lint {
+
+/// Bytes of a document's text.
+struct Span {
+    std::size_t offset = 0;
+    std::size_t length = 0;
+};
+
+struct Attribute {
+    std::string name;
+    std::string value;
+    Span nameSpan;
+    Span valueSpan; ///< without quotes
+};
+
+struct VELD_QUOR_EXPORT Element {
+    std::string tag;
+    Span span; ///< from the bracket to the end of the tag's name
+    std::size_t position = 0; ///< among all nodes of its parent, text and comments included, from 0
+    std::string text; ///< its own, without that of its children
+    std::vector<Attribute> attributes;
+    std::vector<Element> children;
+
+    /// Null if there is none.
+    const Attribute* Find(std::string_view attribute) const;
+    /// As the loader sees it: empty if there is none.
+    const std::string& Get(std::string_view attribute) const;
+    /// As the loader sees it: only the text "true" is true.
+    bool IsFlagged(std::string_view attribute) const { return Get(attribute) == "true"; }
+};
+
+/// Only blanks, or nothing.
+VELD_QUOR_EXPORT bool IsBlank(std::string_view text);
+
+/// Calls `use` with each element below `root` that has the tag, at any depth, in document order; the root
+/// itself is not among them.
+template <class Use>
+void ForEachBelow(const Element& root, std::string_view tag, const Use& use)
+{
+    for (const Element& child : root.children) {
+        if (child.tag == tag)
+            use(child);
+        ForEachBelow(child, tag, use);
+    }
+}
+
+/// Calls `use` with each alias of a keyword or an assignment.
+template <class Use>
+void ForEachAlias(const Element& owner, const Use& use)
+{
+    for (const Element& aliases : owner.children) {
+        if (aliases.tag != "aliases")
+            continue;
+        for (const Element& alias : aliases.children) {
+            if (alias.tag == "alias")
+                use(alias);
+        }
+    }
+}
+
+/// The document cannot be read.
+class VELD_QUOR_EXPORT DocumentError : public std::runtime_error {
+public:
+    explicit DocumentError(const std::string& message);
+    DocumentError(const DocumentError&) = default;
+    DocumentError& operator=(const DocumentError&) = default;
+    ~DocumentError() override;
+};
+
+/// A syntax document as the loader reads it, with the location of each part.
+class VELD_QUOR_EXPORT Document {
+public:
+    /// The reason why the loader rejects a text.
+    struct Refusal {
+        std::string reason;
+        Core::Decks::Location location;
+    };
+
+    /// Throws `DocumentError` if there is no such file, or it can't be read.
+    static Document ReadFile(const std::string& path);
+    static Document ReadText(std::string text, const std::string& name);
+    /// The documents that the library carries, trusted ones first, as the loader reads them. Their locations
+    /// refer to the text that they are written as.
+    static std::vector<Document> ReadBuiltin();
+
+    const std::string& GetName() const { return name_; }
+    /// Null if the text was rejected.
+    const Element* GetRoot() const { return root_.get(); }
+    const std::optional<Refusal>& GetRefusal() const { return refusal_; }
+
+    Core::Decks::Location LocationOf(std::size_t offset) const;
+    /// A line, without its end, by its number; empty if there is none.
+    std::string_view GetLine(std::size_t number) const;
+
+private:
+    Document(std::string name, std::string text);
+
+    std::string name_;
+    std::string text_;
+    std::vector<std::size_t> lines_; // where each begins
+    std::unique_ptr<Element> root_;
+    std::optional<Refusal> refusal_;
+};
+
+} // namespace Veld::Quor::Core::Lint
