@@ -44,7 +44,7 @@ int FindByName(const IKeywordRecordData& record, const IKeywordRecordMD& md, std
 
 AccessSubject FindItem(const IKeywordRecordData& record, const ItemKey& key)
 {
-    const auto& md = As<const IKeywordRecordMD>(*record.GetMD());
+    const auto& md = CastMD<const IKeywordRecordMD>(*record.GetMD());
     const int index = key.IsName() ? FindByName(record, md, key.Name()) : key.Index();
     if (index < 0 || index >= record.GetSize())
         FailAccess(record.GetSyntax(),
@@ -106,14 +106,14 @@ template <class T>
 Optional<T> DefaultOf(const IKeywordDataMD& md, SimulatorType::Enum simulator)
 {
     if constexpr (std::is_same_v<T, bool>)
-        return As<const IKeywordBooleanMD>(md).GetDefault(simulator);
+        return CastMD<const IKeywordBooleanMD>(md).GetDefault(simulator);
     else if constexpr (std::is_same_v<T, int>)
-        return As<const IKeywordIntegerMD>(md).GetDefault(simulator);
+        return CastMD<const IKeywordIntegerMD>(md).GetDefault(simulator);
     else if constexpr (std::is_same_v<T, double>)
-        return As<const IKeywordRealMD>(md).GetDefault(simulator);
+        return CastMD<const IKeywordRealMD>(md).GetDefault(simulator);
     else
-        return md.GetType() == MDType::Line ? As<const IKeywordLineMD>(md).GetDefault(simulator)
-                                            : As<const IKeywordStringMD>(md).GetDefault(simulator);
+        return md.GetType() == MDType::Line ? CastMD<const IKeywordLineMD>(md).GetDefault(simulator)
+                                            : CastMD<const IKeywordStringMD>(md).GetDefault(simulator);
 }
 
 template <class Data>

@@ -138,7 +138,7 @@ VELD_QUOR_EXPORT const IKeywordRawData& RawIn(const IKeywordRecordData& record, 
 
 /// All elements without a copy. `T` is `int`, `double` or `std::string`; booleans are read one by one.
 template <class T>
-VELD_QUOR_EXPORT ArrayView<T> Values(const IKeywordListData& list);
+VELD_QUOR_EXPORT ArrayView<T> As(const IKeywordListData& list);
 template <class T>
 VELD_QUOR_EXPORT T ValueAt(const IKeywordListData& list, std::size_t i);
 VELD_QUOR_EXPORT const std::string& ChoiceAt(const IKeywordListData& list, std::size_t i);

@@ -58,7 +58,7 @@ void AccessSubject::FailType(const std::string& expected) const
 const IKeywordChoiceMD& AccessSubject::Choice() const
 {
     CheckType(IKeywordDataMD::MDType::Choice);
-    return As<const IKeywordChoiceMD>(*md);
+    return CastMD<const IKeywordChoiceMD>(*md);
 }
 
 void FailAccess(const IKeywordSyntax* syntax, const std::string& what)

@@ -21,14 +21,14 @@ template <class To, class Data>
 To& Checked(Data& data, MDType::Enum type)
 {
     AccessSubject{data.GetSyntax(), data.GetMD(), "the data"}.CheckType(type);
-    return As<To>(data);
+    return CastMD<To>(data);
 }
 
 template <class To>
 const To& CheckedMD(const IKeywordDataMD& md, MDType::Enum type)
 {
     AccessSubject{nullptr, &md, "the metadata"}.CheckType(type);
-    return As<const To>(md);
+    return CastMD<const To>(md);
 }
 
 bool AcceptedByWildcard(const IKeywordMapMD& md, const std::string& key)
@@ -44,7 +44,7 @@ bool AcceptedByWildcard(const IKeywordMapMD& md, const std::string& key)
 
 [[noreturn]] void FailKey(const IKeywordMapData& map, std::string_view key)
 {
-    const auto& md = As<const IKeywordMapMD>(*map.GetMD());
+    const auto& md = CastMD<const IKeywordMapMD>(*map.GetMD());
     for (int i = 0; i < md.GetSize(); ++i) {
         for (const std::string& name : md.GetItemMD(i)->GetKeys()) {
             if (IsNearName(key, name))
@@ -115,7 +115,7 @@ Optional<int> Get(const IKeywordMapData& map, std::string_view key)
 {
     Optional<int> value;
     const std::string text(key);
-    if (!map.GetValue(text, value) && !AcceptedByWildcard(As<const IKeywordMapMD>(*map.GetMD()), text))
+    if (!map.GetValue(text, value) && !AcceptedByWildcard(CastMD<const IKeywordMapMD>(*map.GetMD()), text))
         FailKey(map, key);
     return value;
 }

@@ -17,7 +17,7 @@ using Element = std::conditional_t<std::is_same_v<T, bool>, char, T>;
 
 AccessSubject ElementOf(const IKeywordListData& list)
 {
-    return {list.GetSyntax(), As<const IKeywordListMD>(*list.GetMD()).GetItemMD(), "list element"};
+    return {list.GetSyntax(), CastMD<const IKeywordListMD>(*list.GetMD()).GetItemMD(), "list element"};
 }
 
 void CheckIndex(const IKeywordListData& list, std::size_t i)
@@ -67,15 +67,15 @@ IKeywordData& AddNested(IKeywordListData& list, MDType::Enum type)
 } // namespace
 
 template <class T>
-ArrayView<T> Values(const IKeywordListData& list)
+ArrayView<T> As(const IKeywordListData& list)
 {
     CheckHolds<T>(ElementOf(list));
     return ArrayView<T>(static_cast<const T*>(list.GetSize() == 0 ? nullptr : list.GetData(0)), list);
 }
 
-template VELD_QUOR_EXPORT ArrayView<int> Values<int>(const IKeywordListData&);
-template VELD_QUOR_EXPORT ArrayView<double> Values<double>(const IKeywordListData&);
-template VELD_QUOR_EXPORT ArrayView<std::string> Values<std::string>(const IKeywordListData&);
+template VELD_QUOR_EXPORT ArrayView<int> As<int>(const IKeywordListData&);
+template VELD_QUOR_EXPORT ArrayView<double> As<double>(const IKeywordListData&);
+template VELD_QUOR_EXPORT ArrayView<std::string> As<std::string>(const IKeywordListData&);
 
 template <class T>
 T ValueAt(const IKeywordListData& list, std::size_t i)

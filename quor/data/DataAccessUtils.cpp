@@ -32,18 +32,18 @@ void Expect(const IKeywordData* data, const IKeywordDataMD* md, const char* what
 
 const String& TextOf(const IKeywordData* data)
 {
-    return *static_cast<const String*>(As<const IKeywordRecordData>(*data).GetData(0));
+    return *static_cast<const String*>(CastMD<const IKeywordRecordData>(*data).GetData(0));
 }
 
 void SetText(IKeywordData* data, const std::string& value)
 {
-    *static_cast<String*>(As<IKeywordRecordData>(*data).GetData(0)) = value;
+    *static_cast<String*>(CastMD<IKeywordRecordData>(*data).GetData(0)) = value;
 }
 
 const IKeywordRecordData& RecordAt(const IKeywordListData& list, std::int64_t i)
 {
     const auto* const element = static_cast<const IKeywordData*>(list.GetData(static_cast<std::size_t>(i)));
-    return As<const IKeywordRecordData>(*element);
+    return CastMD<const IKeywordRecordData>(*element);
 }
 
 double RealAt(const IKeywordListData& list, std::int64_t i)
@@ -166,14 +166,14 @@ Time DataAccessUtils::GetTimeFromSTART(const IKeywordData* data)
 {
     static const IKeywordDataMD* const md = RootMDOf("START");
     Expect(data, md, "START");
-    return ReadDateRecord(As<const IKeywordRecordData>(*data));
+    return ReadDateRecord(CastMD<const IKeywordRecordData>(*data));
 }
 
 std::vector<Time> DataAccessUtils::GetTimesFromDATES(const IKeywordData* data)
 {
     static const IKeywordDataMD* const md = RootMDOf("DATES");
     Expect(data, md, "DATES");
-    const auto& dates = As<const IKeywordListData>(*data);
+    const auto& dates = CastMD<const IKeywordListData>(*data);
     std::vector<Time> times;
     for (std::int64_t i = 0; i < dates.GetSize(); ++i) {
         Time time = ReadDateRecord(RecordAt(dates, i));
@@ -192,17 +192,17 @@ Time DataAccessUtils::AdvanceTime(
     if (!data)
         return current;
     if (data->GetMD() == dates)
-        return AdvanceByDATES(current, As<const IKeywordListData>(*data));
+        return AdvanceByDATES(current, CastMD<const IKeywordListData>(*data));
     if (data->GetMD() == tstep)
-        return AdvanceByTSTEP(start, current, ticksPerUnit, As<const IKeywordListData>(*data));
+        return AdvanceByTSTEP(start, current, ticksPerUnit, CastMD<const IKeywordListData>(*data));
     if (data->GetMD() == time)
-        return AdvanceByTIME(start, current, ticksPerUnit, As<const IKeywordListData>(*data));
+        return AdvanceByTIME(start, current, ticksPerUnit, CastMD<const IKeywordListData>(*data));
     return current;
 }
 
 void DataAccessUtils::AddPathAliases(const IKeywordData* data, PathAliases& aliases)
 {
-    const auto& list = As<const IKeywordListData>(*data);
+    const auto& list = CastMD<const IKeywordListData>(*data);
     for (std::int64_t i = 0; i < list.GetSize(); ++i) {
         const IKeywordRecordData& record = RecordAt(list, i);
         const auto textAt = [&record](int item) { return *static_cast<const String*>(record.GetData(item)); };

@@ -28,9 +28,9 @@ std::size_t DepthOf(const IKeywordDataMD* md)
     };
     switch (KeywordUtils::GetMDType(md)) {
     case MDType::List:
-        return 1 + depthBelow(As<const IKeywordListMD>(*md).GetItemMD());
+        return 1 + depthBelow(CastMD<const IKeywordListMD>(*md).GetItemMD());
     case MDType::Record: {
-        const auto& record = As<const IKeywordRecordMD>(*md);
+        const auto& record = CastMD<const IKeywordRecordMD>(*md);
         std::size_t depth = 0;
         for (int i = 0; i < record.GetSize(); ++i)
             depth = std::max(depth, depthBelow(record.GetItemMD(i)));
@@ -82,7 +82,7 @@ template <class Data>
 void DataIteratorOf<Data>::Enter(const void* data, const IKeywordDataMD* md)
 {
     const MDType::Enum type = md->GetType();
-    const auto* const itemMD = type == MDType::List ? As<const IKeywordListMD>(*md).GetItemMD() : nullptr;
+    const auto* const itemMD = type == MDType::List ? CastMD<const IKeywordListMD>(*md).GetItemMD() : nullptr;
     path_.push_back({static_cast<const IKeywordData*>(data), md, type, itemMD, -1});
     // Data that a DataIterator walks were handed in for writing.
     current_ = {const_cast<void*>(data), md, false};
@@ -107,18 +107,18 @@ bool DataIteratorOf<Data>::NextBelow(Level& level)
     const std::int64_t index = ++level.index;
     switch (level.type) {
     case MDType::List: {
-        const auto& list = As<const IKeywordListData>(*level.data);
+        const auto& list = CastMD<const IKeywordListData>(*level.data);
         return index < list.GetSize()
             && Visit(list.GetData(static_cast<std::size_t>(index)), level.itemMD, false);
     }
     case MDType::Record: {
-        const auto& record = As<const IKeywordRecordData>(*level.data);
+        const auto& record = CastMD<const IKeywordRecordData>(*level.data);
         const int i = static_cast<int>(index);
         return i < record.GetSize()
-            && Visit(record.GetData(i), As<const IKeywordRecordMD>(*level.md).GetItemMD(i), true);
+            && Visit(record.GetData(i), CastMD<const IKeywordRecordMD>(*level.md).GetItemMD(i), true);
     }
     case MDType::Map: {
-        const auto& map = As<const IKeywordMapData>(*level.data);
+        const auto& map = CastMD<const IKeywordMapData>(*level.data);
         const int i = static_cast<int>(index);
         if (i >= map.GetSize())
             return false;

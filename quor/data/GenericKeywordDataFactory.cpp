@@ -24,13 +24,13 @@ std::unique_ptr<IKeywordData> GenericKeywordDataFactory::Construct(
 {
     switch (KeywordUtils::GetMDType(md)) {
     case MDType::List:
-        return Construct(&As<const IKeywordListMD>(*md), syntax);
+        return Construct(&CastMD<const IKeywordListMD>(*md), syntax);
     case MDType::Map:
-        return std::make_unique<GenericKeywordMapDataImpl>(&As<const IKeywordMapMD>(*md), syntax);
+        return std::make_unique<GenericKeywordMapDataImpl>(&CastMD<const IKeywordMapMD>(*md), syntax);
     case MDType::Raw:
-        return std::make_unique<GenericKeywordRawDataImpl>(&As<const IKeywordRawMD>(*md), syntax);
+        return std::make_unique<GenericKeywordRawDataImpl>(&CastMD<const IKeywordRawMD>(*md), syntax);
     case MDType::Record:
-        return std::make_unique<GenericKeywordRecordDataImpl>(&As<const IKeywordRecordMD>(*md), syntax);
+        return std::make_unique<GenericKeywordRecordDataImpl>(&CastMD<const IKeywordRecordMD>(*md), syntax);
     default:
         return nullptr;
     }

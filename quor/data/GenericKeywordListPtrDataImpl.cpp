@@ -84,7 +84,7 @@ std::unique_ptr<IKeywordData> GenericKeywordListPtrDataImpl::CreateElement()
     const IKeywordDataMD* const itemMD = md_->GetItemMD();
     if (KeywordUtils::GetMDType(itemMD) != IKeywordDataMD::MDType::Record)
         return GenericKeywordDataFactory::Construct(itemMD, syntax_);
-    const auto& recordMD = As<const IKeywordRecordMD>(*itemMD);
+    const auto& recordMD = CastMD<const IKeywordRecordMD>(*itemMD);
     if (!layout_)
         layout_ = std::make_shared<const RecordLayout>(recordMD);
     return std::make_unique<GenericKeywordRecordDataImpl>(&recordMD, syntax_, layout_);

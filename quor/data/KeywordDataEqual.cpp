@@ -44,7 +44,7 @@ bool EqualLists(const IKeywordListData& a, const IKeywordListData& b)
 {
     if (a.GetSize() != b.GetSize())
         return false;
-    const auto& md = As<const IKeywordListMD>(*a.GetMD());
+    const auto& md = CastMD<const IKeywordListMD>(*a.GetMD());
     const IKeywordDataMD* const item = md.GetItemMD();
     const MDType::Enum type = KeywordUtils::GetMDType(item);
     if (const ScalarOps* const ops = FindScalarOps(type))
@@ -94,7 +94,7 @@ bool EqualRecords(const IKeywordRecordData& a, const IKeywordRecordData& b)
         && typeid(b) == typeid(GenericKeywordRecordDataImpl))
         return EqualByLayout(static_cast<const GenericKeywordRecordDataImpl&>(a),
             static_cast<const GenericKeywordRecordDataImpl&>(b));
-    const auto& md = As<const IKeywordRecordMD>(*a.GetMD());
+    const auto& md = CastMD<const IKeywordRecordMD>(*a.GetMD());
     for (int i = 0; i < a.GetSize(); ++i) {
         const IKeywordDataMD* const item = md.GetItemMD(i);
         if (item && !KeywordRecordItemEqual(*item, a.GetData(i), b.GetData(i)))
@@ -113,13 +113,13 @@ bool KeywordDataEqual(const IKeywordData& a, const IKeywordData& b)
         return false;
     switch (KeywordUtils::GetMDType(a.GetMD())) {
     case MDType::List:
-        return EqualLists(As<const IKeywordListData>(a), As<const IKeywordListData>(b));
+        return EqualLists(CastMD<const IKeywordListData>(a), CastMD<const IKeywordListData>(b));
     case MDType::Map:
-        return EqualMaps(As<const IKeywordMapData>(a), As<const IKeywordMapData>(b));
+        return EqualMaps(CastMD<const IKeywordMapData>(a), CastMD<const IKeywordMapData>(b));
     case MDType::Raw:
-        return As<const IKeywordRawData>(a).GetData() == As<const IKeywordRawData>(b).GetData();
+        return CastMD<const IKeywordRawData>(a).GetData() == CastMD<const IKeywordRawData>(b).GetData();
     case MDType::Record:
-        return EqualRecords(As<const IKeywordRecordData>(a), As<const IKeywordRecordData>(b));
+        return EqualRecords(CastMD<const IKeywordRecordData>(a), CastMD<const IKeywordRecordData>(b));
     default:
         throw KeywordException(
             std::string("KeywordDataEqual: unhandled IKeywordData type ") + typeid(a).name());

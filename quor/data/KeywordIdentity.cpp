@@ -23,7 +23,7 @@ namespace {
 const IKeywordRecordData* RecordWithItems(const void* node)
 {
     const auto* const data = static_cast<const IKeywordData*>(node);
-    const auto* const record = data ? &As<const IKeywordRecordData>(*data) : nullptr;
+    const auto* const record = data ? &CastMD<const IKeywordRecordData>(*data) : nullptr;
     return record && record->GetSize() > 0 ? record : nullptr;
 }
 
@@ -37,11 +37,11 @@ const IKeywordRecordData* FirstRecord(const IKeywordData* node)
             return RecordWithItems(node);
         if (type != MDType::List)
             return nullptr;
-        const auto& list = As<const IKeywordListData>(*node);
+        const auto& list = CastMD<const IKeywordListData>(*node);
         if (list.GetSize() == 0)
             return nullptr;
         const MDType::Enum itemType =
-            KeywordUtils::GetMDType(As<const IKeywordListMD>(*node->GetMD()).GetItemMD());
+            KeywordUtils::GetMDType(CastMD<const IKeywordListMD>(*node->GetMD()).GetItemMD());
         if (itemType == MDType::Record)
             return RecordWithItems(list.GetData(0));
         if (itemType != MDType::List)
@@ -53,7 +53,7 @@ const IKeywordRecordData* FirstRecord(const IKeywordData* node)
 
 const IKeywordRecordMD& MDOf(const IKeywordRecordData& record)
 {
-    return As<const IKeywordRecordMD>(*record.GetMD());
+    return CastMD<const IKeywordRecordMD>(*record.GetMD());
 }
 
 bool MayHoldIdentifiers(MDType::Enum type)

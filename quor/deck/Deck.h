@@ -37,7 +37,7 @@ public:
 ///     const Deck deck = Deck::Read("FIELD.data", language);
 ///     for (const Finding& finding : deck.GetFindings())
 ///         std::cout << ToString(finding) << '\n';
-///     const auto porosities = As<double>(AsList(deck.Get("PORO").GetData()));
+///     const auto porosities = CastMD<double>(AsList(deck.Get("PORO").GetData()));
 ///
 /// A deck with errors is read as far as it can be made out. What was no keyword and no data (comments, blank
 /// lines, inclusions, skipped blocks, unknown keywords) is in the texts of the files.

@@ -1,5 +1,7 @@
 #include "quor/deck/Finding.h"
 
+#include <fmt/format.h>
+
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
@@ -24,6 +26,13 @@ void Finding::SetExcerpt(std::string_view line)
     const std::size_t start = offset + length <= longest ? 0 : offset;
     excerpt = line.substr(start, longest);
     excerptColumn = start + 1;
+}
+
+std::string ToString(const Finding& finding)
+{
+    return fmt::format("{}:{}:{}: {}: {}{}{} [{}]", finding.location.file, finding.location.line,
+        finding.location.column, ToString(finding.severity), finding.message,
+        finding.hint.empty() ? "" : "; ", finding.hint, finding.code);
 }
 
 Findings::Findings(std::size_t limit)

@@ -34,6 +34,10 @@ struct Finding {
     VELD_QUOR_EXPORT void SetExcerpt(std::string_view line);
 };
 
+/// "file:line:column: severity: message; hint [code]", one line, as compilers print it. The texts of the deck
+/// in it are as they are, control characters included.
+VELD_QUOR_EXPORT std::string ToString(const Finding& finding);
+
 /// Why a finding isn't reported.
 enum class Hiding {
     Silenced, ///< a comment of the deck says so

@@ -46,20 +46,20 @@ void KeywordDataMDProcessor::Process(const IKeywordData& data, const IKeywordDat
     const IKeywordDataMD* const md = data.GetMD();
     switch (KeywordUtils::GetMDType(md)) {
     case MDType::List: {
-        const auto& list = As<const IKeywordListDataVariables>(variables);
+        const auto& list = CastMD<const IKeywordListDataVariables>(variables);
         for (const int index : list.GetIndices())
-            Insert(list.GetVariablesString(index), As<const IKeywordListMD>(*md).GetItemMD());
+            Insert(list.GetVariablesString(index), CastMD<const IKeywordListMD>(*md).GetItemMD());
         break;
     }
     case MDType::Record: {
-        const auto& record = As<const IKeywordRecordDataVariables>(variables);
+        const auto& record = CastMD<const IKeywordRecordDataVariables>(variables);
         for (const int index : record.GetIndices())
-            Insert(record.GetVariablesString(index), As<const IKeywordRecordMD>(*md).GetItemMD(index));
+            Insert(record.GetVariablesString(index), CastMD<const IKeywordRecordMD>(*md).GetItemMD(index));
         break;
     }
     case MDType::Map: {
-        const auto& map = As<const IKeywordMapDataVariables>(variables);
-        const auto& mapMD = As<const IKeywordMapMD>(*md);
+        const auto& map = CastMD<const IKeywordMapDataVariables>(variables);
+        const auto& mapMD = CastMD<const IKeywordMapMD>(*md);
         std::map<std::string, int> keyToIndex;
         BuildKeyToIndex(mapMD, keyToIndex);
         for (const std::string& key : map.GetKeys()) {

@@ -26,10 +26,10 @@ public:
     {
         switch (type) {
         case MDType::List:
-            VisitList(As<const IKeywordListData>(data));
+            VisitList(CastMD<const IKeywordListData>(data));
             break;
         case MDType::Record:
-            VisitRecord(As<const IKeywordRecordData>(data));
+            VisitRecord(CastMD<const IKeywordRecordData>(data));
             break;
         case MDType::Map:
             Process(data);
@@ -53,7 +53,7 @@ private:
         if (Process(list)) // Wanted: unlike a record, a list with variables is not looked into.
             return;
         const MDType::Enum type =
-            KeywordUtils::GetMDType(As<const IKeywordListMD>(*list.GetMD()).GetItemMD());
+            KeywordUtils::GetMDType(CastMD<const IKeywordListMD>(*list.GetMD()).GetItemMD());
         if (type != MDType::List && type != MDType::Record) // Wanted: a map is no element that counts.
             return;
         for (std::int64_t i = 0; i < list.GetSize(); ++i) {
@@ -65,7 +65,7 @@ private:
     void VisitRecord(const IKeywordRecordData& record)
     {
         Process(record);
-        const auto& md = As<const IKeywordRecordMD>(*record.GetMD());
+        const auto& md = CastMD<const IKeywordRecordMD>(*record.GetMD());
         for (int i = 0; i < record.GetSize(); ++i) {
             const MDType::Enum type = KeywordUtils::GetMDType(md.GetItemMD(i));
             if (!KeywordUtils::IsItemMDType(type) && type != MDType::None)

@@ -20,7 +20,7 @@ TEST(AccessToLists, SeesTheElementsInPlaceAndTheirFlags)
 {
     const Made made("[?i]", "[1 2~ 3~]");
     IKeywordListData& list = AsList(*made.data);
-    const ArrayView<int> view = Values<int>(list);
+    const ArrayView<int> view = As<int>(list);
     EXPECT_EQ(view.data(), list.GetData(0));
     EXPECT_EQ(Copy(view), (std::vector<int>{1, 2, 3}));
     EXPECT_TRUE(view.IsDefaulted(1));
@@ -29,7 +29,7 @@ TEST(AccessToLists, SeesTheElementsInPlaceAndTheirFlags)
     EXPECT_FALSE(view.IsDefaulted(1));
     EXPECT_EQ(ValueAt<int>(list, 2), 3);
     list.Clear();
-    EXPECT_TRUE(Values<int>(list).empty());
+    EXPECT_TRUE(As<int>(list).empty());
 }
 
 TEST(AccessToLists, OfTextsAndBooleansGoesByElement)
@@ -38,7 +38,7 @@ TEST(AccessToLists, OfTextsAndBooleansGoesByElement)
     AddValue(AsList(*texts.data), "c");
     AddValue(AsList(*texts.data), std::string("d"));
     SetValueAt(AsList(*texts.data), 0, "e");
-    EXPECT_EQ(Copy(Values<std::string>(AsList(*texts.data))), (std::vector<std::string>{"e", "b", "c", "d"}));
+    EXPECT_EQ(Copy(As<std::string>(AsList(*texts.data))), (std::vector<std::string>{"e", "b", "c", "d"}));
     EXPECT_EQ(ValueAt<std::string>(AsList(*texts.data), 3), "d");
     const Made flags("[b]", "[0 7]");
     AddValue(AsList(*flags.data), true);

@@ -107,7 +107,7 @@ TEST_F(Access, ContainersInARecordAreItsOwn)
     const std::vector<double> more{2, 3};
     AddValues(limits, more.data(), more.size());
     SetValueAt(limits, 1, 4.0);
-    EXPECT_EQ(Values<double>(ListIn(constWell, "LIMITS"))[2], 3);
+    EXPECT_EQ(As<double>(ListIn(constWell, "LIMITS"))[2], 3);
     AddChoice(ListIn(well, "MODES"), "OFF");
     AddChoice(ListIn(well, "MODES"), "OFF");
     SetChoiceAt(ListIn(well, "MODES"), 1, "ON");
@@ -116,7 +116,7 @@ TEST_F(Access, ContainersInARecordAreItsOwn)
     Set(RecordIn(well, "PLACE"), "I", 5);
     EXPECT_EQ(Get<int>(RecordIn(constWell, "PLACE"), 0).Value(), 5);
     AddValue(AddList(ListIn(well, "ROWS")), 6);
-    EXPECT_EQ(Values<int>(ListAt(ListIn(constWell, "ROWS"), 0))[0], 6);
+    EXPECT_EQ(As<int>(ListAt(ListIn(constWell, "ROWS"), 0))[0], 6);
     EXPECT_EQ(Dump(well), "(- - - - - - - [1.5 4 3] [1 0] (5) [[6]])");
 }
 
@@ -232,10 +232,9 @@ INSTANTIATE_TEST_SUITE_P(ValuesToSet, AccessFailure,
     CaseName<Failure>);
 
 INSTANTIATE_TEST_SUITE_P(Lists, AccessFailure,
-    testing::Values(Failure{"ValuesOfOtherType", [](L, R w) { Values<int>(ListIn(w, "LIMITS")); },
+    testing::Values(Failure{"ValuesOfOtherType", [](L, R w) { As<int>(ListIn(w, "LIMITS")); },
                         "WELLS: list element is Real, not Integer"},
-        Failure{
-            "ValuesOfRecords", [](L l, R) { Values<double>(l); }, "WELLS: list element is Record, not Real"},
+        Failure{"ValuesOfRecords", [](L l, R) { As<double>(l); }, "WELLS: list element is Record, not Real"},
         Failure{"AddOtherType", [](L, R w) { AddValue(ListIn(w, "LIMITS"), 3); },
             "WELLS: list element is Real, not Integer"},
         Failure{"AddArrayToRecords",

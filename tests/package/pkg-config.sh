@@ -1,10 +1,21 @@
 #!/bin/sh
-# pkg-config.sh HOST.cpp OUTPUT LIBDIR COMPILER [FLAGS]: a host that is built without CMake.
+# pkg-config.sh HOST.cpp EXAMPLES OUTPUT LIBDIR COMPILER [FLAGS]: hosts that are built without CMake.
 set -eu
-source=$1 output=$2 libdir=$3
-shift 3
+host=$1 examples=$2 output=$3 libdir=$4
+shift 4
 PKG_CONFIG_PATH=$libdir/pkgconfig
-export PKG_CONFIG_PATH
-# shellcheck disable=SC2046
-$* -std=c++17 $(pkg-config --cflags veld-quor-keywords) "$source" -o "$output" $(pkg-config --libs veld-quor-keywords)
-LD_LIBRARY_PATH=$libdir "$output"
+LD_LIBRARY_PATH=$libdir
+export PKG_CONFIG_PATH LD_LIBRARY_PATH
+# build STANDARD PACKAGE SOURCE COMPILER [FLAGS]
+build() {
+    standard=$1 package=$2 source=$3
+    shift 3
+    # shellcheck disable=SC2046
+    "$@" -std="$standard" $(pkg-config --cflags "$package") "$source" -o "$output" $(pkg-config --libs "$package")
+}
+build c++17 veld-quor-keywords "$host" "$@"
+"$output"
+for standard in c++17 c++20; do
+    build $standard veld-quor-decks "$examples/read_deck.cpp" "$@"
+    "$output" "$examples/decks/steam-injection.data"
+done

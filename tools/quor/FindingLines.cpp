@@ -50,11 +50,8 @@ const char* CommandOf(Severity severity)
 
 std::string GccText(const FindingSets& sets)
 {
-    return ForEachFinding(sets, [](const Finding& finding) {
-        return fmt::format("{}:{}:{}: {}: {} [{}]\n", MakePrintable(finding.location.file),
-            finding.location.line, finding.location.column, ToString(finding.severity),
-            MakePrintable(WithHint(finding)), finding.code);
-    });
+    return ForEachFinding(
+        sets, [](const Finding& finding) { return MakePrintable(ToString(finding)) + '\n'; });
 }
 
 std::string GitHubText(const FindingSets& sets)

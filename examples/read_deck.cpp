@@ -1,0 +1,31 @@
+// Reads a deck, prints what is wrong with it, and the mean of the porosities that it gives.
+
+#include "quor/Deck.h"
+
+#include <exception>
+#include <iostream>
+#include <numeric>
+
+using namespace Veld::Quor::Core;
+
+int main(int count, char** arguments)
+{
+    if (count != 2) {
+        std::cerr << "usage: read-deck DECK\n";
+        return 2;
+    }
+    try {
+        const Decks::DeckLanguage language;
+        const Decks::Deck deck = Decks::Deck::Read(arguments[1], language);
+        for (const Decks::Finding& finding : deck.GetFindings())
+            std::cout << ToString(finding) << '\n';
+
+        const auto porosities = Keywords::As<double>(Keywords::AsList(deck.Get("PORO").GetData()));
+        const double sum = std::accumulate(porosities.begin(), porosities.end(), 0.0);
+        std::cout << "mean of PORO " << sum / static_cast<double>(porosities.size()) << '\n';
+        return deck.IsClean() ? 0 : 1;
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+        return 2;
+    }
+}
