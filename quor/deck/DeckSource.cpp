@@ -30,7 +30,7 @@ FileSource::~FileSource() = default;
 std::string FileSource::Identify(const std::string& path) const
 {
     if (path.find('\0') != std::string::npos)
-        throw SourceError("its name holds a zero byte");
+        throw SourceError("the name contains a zero byte");
     struct stat status = {};
     if (::stat(path.c_str(), &status) != 0)
         throw SourceError(std::generic_category().message(errno));

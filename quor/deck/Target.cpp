@@ -11,8 +11,8 @@ std::string NameOf(const Target& target)
     const std::string& simulator = SimulatorType::ToString(target.simulator);
     if (target.mode == SimulatorModeType::Any)
         return simulator;
-    return fmt::format("the mode {}{}", SimulatorModeType::ToString(target.mode),
-        simulator.empty() ? "" : " of " + simulator);
+    const std::string& mode = SimulatorModeType::ToString(target.mode);
+    return simulator.empty() ? fmt::format("mode {}", mode) : fmt::format("{} in mode {}", simulator, mode);
 }
 
 } // namespace Veld::Quor::Core::Decks

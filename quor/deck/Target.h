@@ -14,7 +14,7 @@ struct Target {
     Keywords::SimulatorModeType::Enum mode = Keywords::SimulatorModeType::Any;
 };
 
-/// "Dunmere", or "the mode Thermal of Dunmere".
+/// "Dunmere", "Dunmere in mode Thermal", or "mode Thermal" for any simulator.
 VELD_QUOR_EXPORT std::string NameOf(const Target& target);
 
 } // namespace Veld::Quor::Core::Decks

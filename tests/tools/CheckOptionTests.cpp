@@ -146,7 +146,7 @@ TEST(Check, GivesTheRulesTheirMeaningInSarif)
     const json run = json::parse(outcome.out)["runs"][0];
     const json rule = run["tool"]["driver"]["rules"][run["results"][0]["ruleIndex"].get<std::size_t>()];
     EXPECT_EQ(rule["id"], "unknown-keyword");
-    EXPECT_EQ(rule["shortDescription"]["text"], "A word where a keyword is expected is none.");
+    EXPECT_EQ(rule["shortDescription"]["text"], "A word is not a known keyword.");
 }
 
 struct Bar {

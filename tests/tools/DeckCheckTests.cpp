@@ -15,7 +15,6 @@
 
 using namespace Veld::Quor::Core::Keywords;
 using namespace Veld::Quor::Tests;
-using namespace std::string_literals;
 using namespace Veld::Quor::Core::Decks;
 
 namespace {
@@ -81,126 +80,127 @@ TEST_P(Decks, AreChecked)
 INSTANTIATE_TEST_SUITE_P(Bytes, Decks,
     testing::Values(Row{"Empty", "-- nothing\n",
                         "d.data:1:1: error: the deck has no keywords "
-                        "[no-section] | a deck begins with the section RUNSPEC"},
+                        "[no-section] | start the deck with section RUNSPEC"},
         Row{"NoLastLineEnd", "RUNSPEC\nWATR",
-            "d.data:2:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"WindowsLineEnds", "RUNSPEC\r\nOIL\r\nWATR\r\n",
-            "d.data:3:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"ByteOrderMark", "\xEF\xBB\xBFRUNSPEC\nOIL\n", ""},
         Row{"WideCharacters", std::string("\xFF\xFER\0U\0", 6),
-            "d.data:1:1: error: the file is in an encoding of 16-bit units "
-            "[encoding] | save it as plain text or in UTF-8"},
+            "d.data:1:1: error: unsupported file encoding UTF-16 "
+            "[encoding] | save the file as plain text or UTF-8"},
         Row{"TabsAndComments", "RUNSPEC\t-- first\nOIL--last\nWATR \t /\t-- x\nWATR\t\n",
-            "d.data:3:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?\n"
-            "d.data:4:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?\n"
+            "d.data:4:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"ZeroBytes", std::string("RUNSPEC\n 1 \0 /\nOIL\0\nWATER\n", 26),
-            "d.data:2:2: error: here is 1, behind the data of RUNSPEC, where a keyword is expected "
+            "d.data:2:2: error: unexpected '1' after RUNSPEC; expected a keyword "
             "[stray-text]"},
         Row{"LineOfMegabytes", "RUNSPEC\nDIMENS\n" + std::string(3'000'000, '7') + " /\nWATR\n",
             "d.data:3:1: error: "
-            "DIMENS: a whole number is expected, and here is 7777777777777777777777777777777777777777... "
+            "DIMENS: invalid value '7777777777777777777777777777777777777777...'; expected a whole number "
             "[wrong-type]\n"
-            "d.data:4:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:4:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"WordOfMegabytes", "RUNSPEC\n" + std::string(3'000'000, 'A') + "\n",
-            "d.data:2:1: error: AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA... is not a keyword "
-            "[unknown-keyword] | the names of keywords have at most 8 characters"}),
+            "d.data:2:1: error: unknown keyword 'AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA...' "
+            "[unknown-keyword] | keyword names have at most 8 characters"}),
     CaseName<Row>);
 
 INSTANTIATE_TEST_SUITE_P(Recognition, Decks,
     testing::Values(Row{"NumberBeforeTheFirstKeyword", " 1 2\nRUNSPEC\n",
-                        "d.data:1:2: error: here is 1, before the first keyword, where a keyword is expected "
+                        "d.data:1:2: error: unexpected '1' before the first keyword; expected a keyword "
                         "[stray-text]"},
         Row{"IndentedWordIsNoKeyword", "RUNSPEC\n OIL\n",
-            "d.data:2:2: error: here is OIL, behind the data of RUNSPEC, where a keyword is expected "
-            "[stray-text] | a keyword stands at the beginning of its line"},
+            "d.data:2:2: error: unexpected 'OIL' after RUNSPEC; expected a keyword "
+            "[stray-text] | a keyword must start in the first column"},
         Row{"UnknownWithDataBehind", "RUNSPEC\nWATR 1 /\n 2 /\n",
-            "d.data:2:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"UnknownBehindKeywordWithoutData", "RUNSPEC\nOIL\nWATR\n",
-            "d.data:3:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"UnknownBehindClosedData", "RUNSPEC\nDIMENS\n 1 1\n 1 / cells\n\n-- c\nWATR\n",
-            "d.data:7:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:7:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"UnknownInOpenDataIsData", "SCHEDULE\nDATES\n 1 JAN\nXYZ\n 1999 /\n", ""},
         Row{"SlashInQuotesDoesNotClose", "SCHEDULE\nDATES\n 'a/b'\nXYZ\n",
-            "d.data:4:4: error: DATES: the list is not closed "
-            "[unclosed-data] | put a slash behind its last value"},
+            "d.data:4:4: error: DATES: missing slash at the end of the list "
+            "[unclosed-data] | add a slash after the last value"},
         Row{"SlashInCommentDoesNotClose", "SCHEDULE\nDATES\n 1 -- a/b\nXYZ\n",
-            "d.data:4:4: error: DATES: the list is not closed "
-            "[unclosed-data] | put a slash behind its last value"},
+            "d.data:4:4: error: DATES: missing slash at the end of the list "
+            "[unclosed-data] | add a slash after the last value"},
         Row{"NameBeforeSlashIsData", "SUMMARY\nWBHP\nPROD /\n/\n",
-            "d.data:4:1: error: here is /, behind the data of WBHP, where a keyword is expected "
+            "d.data:4:1: error: unexpected '/' after the data of WBHP; expected a keyword "
             "[stray-text]"},
         Row{"KnownInOpenDataIsKeyword", "SCHEDULE\nDATES\n 1 JAN\nPORO\n 1 /\n",
-            "d.data:3:7: error: DATES: the list is not closed "
-            "[unclosed-data] | put a slash behind its last value\n"
-            "d.data:4:1: error: PORO is not valid in SCHEDULE; it is valid in GRID [wrong-section]"},
+            "d.data:3:7: error: DATES: missing slash at the end of the list "
+            "[unclosed-data] | add a slash after the last value\n"
+            "d.data:4:1: error: PORO is not valid in section SCHEDULE (valid in GRID) [wrong-section]"},
         Row{"LongNameDoesNotMatchWildcard", "SUMMARY\nFUWELL\nFUNNYNAME\n",
-            "d.data:3:1: error: FUNNYNAME is not a keyword "
-            "[unknown-keyword] | the names of keywords have at most 8 characters"},
+            "d.data:3:1: error: unknown keyword 'FUNNYNAME' "
+            "[unknown-keyword] | keyword names have at most 8 characters"},
         Row{"LowerCaseIsToldOnce", "RUNSPEC\nOIL\nGrid\nPORO\n 1 /\nporo\n 1 /\n",
-            "d.data:3:1: error: the keyword GRID is not in upper case [lower-case] | write GRID\n"
-            "d.data:6:1: error: the keyword PORO is not in upper case [lower-case] | write PORO"},
+            "d.data:3:1: error: keyword 'Grid' is not in upper case [lower-case] | write GRID\n"
+            "d.data:6:1: error: keyword 'poro' is not in upper case [lower-case] | write PORO"},
         Row{"LowerCaseInOpenDataIsData", "SCHEDULE\nDATES\n 1 JAN\noil\n 1999 /\n", ""},
         Row{"LowerCaseInclusionIsRead", "RUNSPEC\ninclude 'a.inc' /\n",
-            "d.data:2:1: error: the keyword INCLUDE is not in upper case [lower-case] | write INCLUDE\n"
-            "a.inc:1:1: error: OLI is not a keyword [unknown-keyword] | did you mean OIL? <- d.data:2:1",
+            "d.data:2:1: error: keyword 'include' is not in upper case [lower-case] | write INCLUDE\n"
+            "a.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1",
             {{"a.inc", "OLI\n"}}},
         Row{"MisspeltInclusionIsRead", "RUNSPEC\nINCLDUE\n 'a.inc' /\n",
-            "d.data:2:1: error: INCLDUE is not a keyword [unknown-keyword] | did you mean INCLUDE?\n"
-            "a.inc:1:1: error: OLI is not a keyword [unknown-keyword] | did you mean OIL? <- d.data:2:1",
+            "d.data:2:1: error: unknown keyword 'INCLDUE' [unknown-keyword] | did you mean INCLUDE?\n"
+            "a.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1",
             {{"a.inc", "OLI\n"}}},
         Row{"OrdinaryTextIsData", "RUNSPEC\nTITLE\nx\nsome\nOIL\n",
-            "d.data:4:1: error: here is some, behind the data of TITLE, where a keyword is expected "
+            "d.data:4:1: error: unexpected 'some' after the data of TITLE; expected a keyword "
             "[stray-text]"},
         Row{"TitleMayBeAKeyword", "RUNSPEC\nTITLE\nGRID\nOIL\n", ""},
         Row{"TitleMayBeBlank", "RUNSPEC\nTITLE\n\nWATR\n",
-            "d.data:4:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:4:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"TitleMayFollowAComment", "RUNSPEC\nTITLE\n-- c\nSTUDY\nWATR\n",
-            "d.data:5:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:5:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"KeywordBehindCommentIsNoTitle", "RUNSPEC\nTITLE\n-- c\nOIL\nWATR\n",
-            "d.data:5:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:5:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"RawTextIsPassedOver", "RUNSPEC\nHOSTDATA\nWATR\nGRID\nEND\nendhost of it\nOIL\nWATR\n",
-            "d.data:8:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:8:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"RawTextEndsWithAWholeWord", "RUNSPEC\nHOSTDATA\nENDHOST1\nWATR\nENDHOST\nOIL\n", ""},
         Row{"RawTextMustEnd", "RUNSPEC\nHOSTDATA\nOIL\n",
-            "d.data:2:1: error: the text of this keyword goes on to the end of the file "
-            "[unclosed-text] | end it with EndHost at the start of a line"},
+            "d.data:2:1: error: HOSTDATA: missing EndHost at the end of the text "
+            "[unclosed-text] | add EndHost at the start of a line"},
         Row{"ListEndsWithItsWord", "SCHEDULE\nUNTIL\n a b\nSTOP\nWATR\n",
-            "d.data:5:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:5:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"BareNamesInAListAreData", "SUMMARY\nWBHP\nP1\nP2\n/\nWATR\n",
-            "d.data:6:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"}),
+            "d.data:6:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"}),
     CaseName<Row>);
 
 INSTANTIATE_TEST_SUITE_P(Sections, Decks,
     testing::Values(Row{"NoneIsToldOnce", "OIL\nWATER\nGRID\nPORO\n 1 /\n",
-                        "d.data:1:1: error: OIL stands before the first section "
-                        "[no-section] | a deck begins with the section RUNSPEC"},
+                        "d.data:1:1: error: OIL is before the first section "
+                        "[no-section] | start the deck with section RUNSPEC"},
         Row{"ValidEverywhereNeedsNone", "ECHO\nSKIP\nENDSKIP\nRUNSPEC\n", ""},
         Row{"OutOfOrder", "RUNSPEC\nPROPS\nGRID\nPORO\n 1 /\nREGIONS\n",
-            "d.data:3:1: error: the section GRID stands behind PROPS "
-            "[section-order] | put it before PROPS"},
+            "d.data:3:1: error: section GRID must come before section PROPS "
+            "[section-order] | move section GRID before section PROPS"},
         Row{"Repeated", "RUNSPEC\nGRID\nGRID\nPORO\n 1 /\n",
-            "d.data:3:1: error: the section GRID is repeated [section-order] | it began in d.data:2"},
+            "d.data:3:1: error: section GRID is repeated [section-order] | section GRID starts at d.data:2"},
         Row{"WrongSection", "RUNSPEC\nGRID\nDATES\n 1 JAN 1999 /\n",
-            "d.data:3:1: error: DATES is not valid in GRID; it is valid in SCHEDULE "
-            "[wrong-section] | put it there, or the line SCHEDULE before it"},
+            "d.data:3:1: error: DATES is not valid in section GRID (valid in SCHEDULE) "
+            "[wrong-section] | move DATES to section SCHEDULE, or add the missing keyword SCHEDULE before "
+            "it"},
         Row{"MisspeltLine", "RUNSPEC\nGIRD\nPORO\n 1 /\n",
-            "d.data:2:1: error: GIRD is not a keyword [unknown-keyword] | did you mean GRID?"},
+            "d.data:2:1: error: unknown keyword 'GIRD' [unknown-keyword] | did you mean GRID?"},
         Row{"MissingLineIsToldOnce", "RUNSPEC\nPORO\n 1 /\nPORO\n 1 /\nPROPS\nPORO\n 1 /\n",
-            "d.data:2:1: error: PORO is not valid in RUNSPEC; it is valid in GRID "
-            "[wrong-section] | put it there, or the line GRID before it\n"
-            "d.data:7:1: error: PORO is not valid in PROPS; it is valid in GRID [wrong-section]"},
+            "d.data:2:1: error: PORO is not valid in section RUNSPEC (valid in GRID) "
+            "[wrong-section] | move PORO to section GRID, or add the missing keyword GRID before it\n"
+            "d.data:7:1: error: PORO is not valid in section PROPS (valid in GRID) [wrong-section]"},
         Row{"BackFromAMissingLine", "RUNSPEC\nPORO\n 1 /\nPORO\n 1 /\nOIL\nPORO\n 1 /\n",
-            "d.data:2:1: error: PORO is not valid in RUNSPEC; it is valid in GRID "
-            "[wrong-section] | put it there, or the line GRID before it\n"
-            "d.data:7:1: error: PORO is not valid in RUNSPEC; it is valid in GRID "
-            "[wrong-section] | put it there, or the line GRID before it"},
+            "d.data:2:1: error: PORO is not valid in section RUNSPEC (valid in GRID) "
+            "[wrong-section] | move PORO to section GRID, or add the missing keyword GRID before it\n"
+            "d.data:7:1: error: PORO is not valid in section RUNSPEC (valid in GRID) "
+            "[wrong-section] | move PORO to section GRID, or add the missing keyword GRID before it"},
         Row{"AliasInItsSection", "GRID\nPERMR\nKX\n", ""},
         Row{"SeveralDefinitions", "GRID\nTIME\nSUMMARY\nTIME\nSCHEDULE\nTIME\n",
-            "d.data:2:1: error: TIME is not valid in GRID; it is valid in SUMMARY, SCHEDULE "
+            "d.data:2:1: error: TIME is not valid in section GRID (valid in SUMMARY, SCHEDULE) "
             "[wrong-section]"},
         Row{"WildcardInItsSection", "GRID\nFUXX\nSUMMARY\nFUXX\n",
-            "d.data:2:1: error: FUXX is not valid in GRID; it is valid in SUMMARY "
-            "[wrong-section] | put it there, or the line SUMMARY before it"}),
+            "d.data:2:1: error: FUXX is not valid in section GRID (valid in SUMMARY) "
+            "[wrong-section] | move FUXX to section SUMMARY, or add the missing keyword SUMMARY before it"}),
     CaseName<Row>);
 
 const std::string someKeywords = "RUNSPEC\nPARALLEL\n /\nCOMPS\n /\nGRID\nSPLIT\n /\nPROPS\nSPLIT\n /\n";
@@ -209,180 +209,179 @@ INSTANTIATE_TEST_SUITE_P(Targets, Decks,
     testing::Values(Row{"None", someKeywords, ""},
         Row{"Carrow", someKeywords,
             "d.data:2:1: error: PARALLEL is not valid for Carrow "
-            "[wrong-simulator] | it is valid for Dunmere\n"
-            "d.data:10:1: error: SPLIT is not valid in PROPS; it is valid in GRID [wrong-section]",
+            "[wrong-simulator] | valid simulators: Dunmere\n"
+            "d.data:10:1: error: SPLIT is not valid in section PROPS (valid in GRID) [wrong-section]",
             {}, carrow},
         Row{"Dunmere", someKeywords,
-            "d.data:7:1: error: SPLIT is not valid in GRID; it is valid in PROPS "
-            "[wrong-section] | put it there, or the line PROPS before it",
+            "d.data:7:1: error: SPLIT is not valid in section GRID (valid in PROPS) "
+            "[wrong-section] | move SPLIT to section PROPS, or add the missing keyword PROPS before it",
             {}, dunmere},
         Row{"DunmereBlackOil", someKeywords,
-            "d.data:4:1: error: COMPS is not valid in the mode BlackOil of Dunmere "
-            "[wrong-mode] | it is valid in Compositional\n"
-            "d.data:7:1: error: SPLIT is not valid in GRID; it is valid in PROPS "
-            "[wrong-section] | put it there, or the line PROPS before it",
+            "d.data:4:1: error: COMPS is not valid for Dunmere in mode BlackOil "
+            "[wrong-mode] | valid modes: Compositional\n"
+            "d.data:7:1: error: SPLIT is not valid in section GRID (valid in PROPS) "
+            "[wrong-section] | move SPLIT to section PROPS, or add the missing keyword PROPS before it",
             {}, {SimulatorType::Dunmere, SimulatorModeType::BlackOil}},
         Row{"ModeAlone", someKeywords,
-            "d.data:4:1: error: COMPS is not valid in the mode Thermal "
-            "[wrong-mode] | it is valid in BlackOil, Compositional\n"
-            "d.data:7:1: error: SPLIT is not valid in the mode Thermal "
-            "[wrong-mode] | it is valid in BlackOil",
+            "d.data:4:1: error: COMPS is not valid for mode Thermal "
+            "[wrong-mode] | valid modes: BlackOil, Compositional\n"
+            "d.data:7:1: error: SPLIT is not valid for mode Thermal "
+            "[wrong-mode] | valid modes: BlackOil",
             {}, {SimulatorType::Any, SimulatorModeType::Thermal}},
         Row{"WrongSectionHidesWrongSimulator", "GRID\nPARALLEL\n /\n",
-            "d.data:2:1: error: PARALLEL is not valid in GRID; it is valid in RUNSPEC [wrong-section]", {},
+            "d.data:2:1: error: PARALLEL is not valid in section GRID (valid in RUNSPEC) [wrong-section]", {},
             carrow},
         Row{"SectionForTheSimulator", "PROPS\nSPLIT\n /\n",
-            "d.data:2:1: error: SPLIT is not valid in PROPS; it is valid in GRID [wrong-section]", {},
+            "d.data:2:1: error: SPLIT is not valid in section PROPS (valid in GRID) [wrong-section]", {},
             carrow},
         Row{"ValidNowhere", "GRID\nNOWHERE\n",
-            "d.data:2:1: error: NOWHERE is valid in no section [wrong-section]"},
+            "d.data:2:1: error: NOWHERE is not valid in any section [wrong-section]"},
         Row{"SectionOfOtherSimulator", "RUNSPEC\nOPTIMIZE\n",
             "d.data:2:1: error: OPTIMIZE is not valid for Carrow "
-            "[wrong-simulator] | it is valid for Dunmere",
+            "[wrong-simulator] | valid simulators: Dunmere",
             {}, carrow}),
     CaseName<Row>);
 
 INSTANTIATE_TEST_SUITE_P(Inclusions, Decks,
     testing::Values(Row{"NameOnTheNextLine", "RUNSPEC\nINCLUDE\n-- c\n\n 'a.inc' /\nWATR\n",
-                        "a.inc:1:1: error: OLI is not a keyword "
+                        "a.inc:1:1: error: unknown keyword 'OLI' "
                         "[unknown-keyword] | did you mean OIL? <- d.data:2:1\n"
-                        "d.data:6:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?",
+                        "d.data:6:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?",
                         {{"a.inc", "OLI\n"}}},
         Row{"NameOnTheSameLine", "RUNSPEC\nINCLUDE \"a b.inc\" /\n",
-            "a b.inc:1:1: error: OLI is not a keyword "
+            "a b.inc:1:1: error: unknown keyword 'OLI' "
             "[unknown-keyword] | did you mean OIL? <- d.data:2:1",
             {{"a b.inc", "OLI"}}},
         Row{"BareName", "RUNSPEC\nINCLUDE\nsub/a.inc/\n",
-            "sub/a.inc:1:1: error: OLI is not a keyword "
+            "sub/a.inc:1:1: error: unknown keyword 'OLI' "
             "[unknown-keyword] | did you mean OIL? <- d.data:2:1",
             {{"sub/a.inc", "OLI\n"}}},
         Row{"FromTheFolderOfTheDeck", "RUNSPEC\nINCLUDE\n'sub/a.inc' /\n",
-            "sub/b.inc:1:1: error: OLI is not a keyword "
+            "sub/b.inc:1:1: error: unknown keyword 'OLI' "
             "[unknown-keyword] | did you mean OIL? <- sub/a.inc:1:1 <- d.data:2:1",
             {{"sub/a.inc", "INCLUDE\n'sub/b.inc' /\n"}, {"sub/b.inc", "OLI\n"}}},
         Row{"SectionsGoOnBehind", "RUNSPEC\nINCLUDE\n'a.inc' /\nPORO\n 1 /\nOIL\n",
-            "d.data:6:1: error: OIL is not valid in GRID; it is valid in RUNSPEC [wrong-section]",
+            "d.data:6:1: error: OIL is not valid in section GRID (valid in RUNSPEC) [wrong-section]",
             {{"a.inc", "GRID\n"}}},
         Row{"OpenDataGoOnInside", "GRID\nPORO\n 1 2\nINCLUDE\n'a.inc' /\n 5 /\nXX\n",
-            "a.inc:1:1: error: PORO: a whole number is expected, and here is XX "
+            "a.inc:1:1: error: PORO: invalid value 'XX'; expected a whole number "
             "[wrong-type] <- d.data:4:1\n"
-            "d.data:7:1: error: XX is not a keyword [unknown-keyword]",
+            "d.data:7:1: error: unknown keyword 'XX' [unknown-keyword]",
             {{"a.inc", "XX\n 3 4\n"}}},
         Row{"EndOfTheFile", "RUNSPEC\nINCLUDE\n'a.inc' /\nWATR\n",
-            "d.data:4:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?",
+            "d.data:4:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?",
             {{"a.inc", "OIL\nENDINC\nOLI\n"}}},
         Row{"EndInside", "RUNSPEC\nINCLUDE\n'a.inc' /\nWATR\n", "", {{"a.inc", "OIL\nEND\nOLI\n"}}},
         Row{"EndIsTheEnd", "RUNSPEC\nOIL\nEND\nWATR\nSKIP\n", ""},
         Row{"EndOfTheFileInTheDeck", "RUNSPEC\nENDINC\nWATR\n",
-            "d.data:2:1: warning: ENDINC has no effect in a file that isn't included "
-            "[stray-endinc] | END ends the deck\n"
-            "d.data:3:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:2:1: warning: ENDINC has no effect outside an included file "
+            "[stray-endinc] | use END to end the deck\n"
+            "d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"Missing", "RUNSPEC\nINCLUDE\n  'none.inc' /\n",
             "d.data:3:3: error: can't read 'none.inc': No such file or directory "
             "[include-missing] | a relative name starts from the folder of the deck"},
         Row{"Folder", "RUNSPEC\nINCLUDE '/'\n",
-            "d.data:2:9: error: can't read '/': it is a folder "
-            "[include-missing] | a relative name starts from the folder of the deck"},
+            "d.data:2:9: error: can't read '/': is a folder [include-missing]"},
         Row{"EndlessDevice", "RUNSPEC\nINCLUDE '/dev/zero' /\n",
-            "d.data:2:9: error: can't read '/dev/zero': it is no regular file "
-            "[include-missing] | a relative name starts from the folder of the deck"},
+            "d.data:2:9: error: can't read '/dev/zero': not a regular file [include-missing]"},
         Row{"ZeroByteInName", std::string("RUNSPEC\nINCLUDE 'a\0b' /\n", 24),
-            "d.data:2:9: error: can't read 'a\0b': its name holds a zero byte "
-            "[include-missing] | a relative name starts from the folder of the deck"s},
+            "d.data:2:9: error: can't read 'a?b': the name contains a zero byte "
+            "[include-missing] | a relative name starts from the folder of the deck"},
         Row{"MissingMayHaveHeldSections", "RUNSPEC\nINCLUDE 'x' /\nPORO\n 1 /\nPROPS\nPORO\n",
             "d.data:2:9: error: can't read 'x': No such file or directory "
             "[include-missing] | a relative name starts from the folder of the deck\n"
-            "d.data:6:1: error: PORO is not valid in PROPS; it is valid in GRID [wrong-section]"},
+            "d.data:6:1: error: PORO is not valid in section PROPS (valid in GRID) [wrong-section]"},
         Row{"AliasIsToldOnce", "RUNSPEC\nINCLUDE '$DIR/x.inc' /\nINCLUDE '$DIR/y.inc' /\n",
-            "d.data:2:9: error: the path '$DIR/x.inc' has the alias $DIR, which is not defined "
-            "[unknown-alias] | the keyword PATHS defines aliases"},
+            "d.data:2:9: error: unknown path alias '$DIR' in '$DIR/x.inc' "
+            "[unknown-alias] | define the alias with PATHS"},
         Row{"NoName", "RUNSPEC\nINCLUDE\nOIL\nINCLUDE /\nINCLUDE\n",
-            "d.data:2:1: error: the name of the file to include is missing "
-            "[include-name] | put it in quotes, with a slash behind it\n"
-            "d.data:4:1: error: the name of the file to include is missing "
-            "[include-name] | put it in quotes, with a slash behind it\n"
-            "d.data:5:1: error: the name of the file to include is missing "
-            "[include-name] | put it in quotes, with a slash behind it"},
+            "d.data:2:1: error: missing name of the included file "
+            "[include-name] | write the name in quotes, followed by a slash\n"
+            "d.data:4:1: error: missing name of the included file "
+            "[include-name] | write the name in quotes, followed by a slash\n"
+            "d.data:5:1: error: missing name of the included file "
+            "[include-name] | write the name in quotes, followed by a slash"},
         Row{"OpenQuote", "RUNSPEC\nINCLUDE 'a.inc /\n",
-            "d.data:2:9: error: the name of the file to include has no closing quote "
-            "[include-name] | close it on the same line"},
+            "d.data:2:9: error: unclosed quote in the name of the included file "
+            "[include-name] | add a closing quote on the same line"},
         Row{"Loop", "RUNSPEC\nINCLUDE 'a.inc' /\nWATR\n",
-            "a.inc:1:9: error: './sub/../d.data' is being read already and can't be included in itself "
+            "a.inc:1:9: error: file './sub/../d.data' includes itself "
             "[include-loop] <- d.data:2:1\n"
-            "d.data:3:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?",
+            "d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?",
             {{"a.inc", "INCLUDE './sub/../d.data'\n"}, {"sub/x", ""}}},
         Row{"TwiceIsNoLoop", "RUNSPEC\nINCLUDE 'a.inc' /\nINCLUDE 'a.inc' /\n", "", {{"a.inc", "OIL\n"}}}),
     CaseName<Row>);
 
 INSTANTIATE_TEST_SUITE_P(SkippedBlocks, Decks,
     testing::Values(Row{"PassedOver", "RUNSPEC\nSKIP\nWATR\nGRID\nINCLUDE\n'x'\nEND\nENDSKIP\nOLI\n",
-                        "d.data:9:1: error: OLI is not a keyword [unknown-keyword] | did you mean OIL?"},
+                        "d.data:9:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?"},
         Row{"Counted", "RUNSPEC\nSKIP\nSKIPDUN\nENDSKIP\nWATR\nENDSKIP\nOLI\n",
-            "d.data:7:1: error: OLI is not a keyword [unknown-keyword] | did you mean OIL?"},
+            "d.data:7:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?"},
         Row{"OfNoSimulatorAskedFor", "RUNSPEC\nSKIPCAR\nWATR\nENDSKIP\n",
-            "d.data:3:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"OfTheSimulator", "RUNSPEC\nSKIPCAR\nWATR\nENDSKIP\nOLI\n",
-            "d.data:5:1: error: OLI is not a keyword [unknown-keyword] | did you mean OIL?", {}, carrow},
+            "d.data:5:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?", {}, carrow},
         Row{"OfAnotherSimulator", "RUNSPEC\nSKIPCAR\nWATR\nENDSKIP\nSKIPDUN\nWATR\nENDSKIP\n",
-            "d.data:3:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?", {}, dunmere},
+            "d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?", {}, dunmere},
         Row{"InsideABlockThatIsRead", "RUNSPEC\nSKIPCAR\nSKIP\nWATR\nENDSKIP\nOLI\nENDSKIP\n",
-            "d.data:6:1: error: OLI is not a keyword [unknown-keyword] | did you mean OIL?", {}, dunmere},
+            "d.data:6:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?", {}, dunmere},
         Row{"Unclosed", "RUNSPEC\nSKIP\nSKIP\nENDSKIP\nWATR\n",
-            "d.data:2:1: error: the block that SKIP opens is not closed in this file "
-            "[unclosed-skip] | close it with ENDSKIP"},
+            "d.data:2:1: error: unclosed SKIP; expected ENDSKIP in the same file "
+            "[unclosed-skip] | add ENDSKIP after the block"},
         Row{"UnclosedAtTheEnd", "RUNSPEC\nSKIPCAR\nEND\n",
-            "d.data:2:1: error: the block that SKIPCAR opens is not closed in this file "
-            "[unclosed-skip] | close it with ENDSKIP"},
+            "d.data:2:1: error: unclosed SKIPCAR; expected ENDSKIP in the same file "
+            "[unclosed-skip] | add ENDSKIP after the block"},
         Row{"Stray", "RUNSPEC\nENDSKIP\nOIL\n",
-            "d.data:2:1: error: ENDSKIP ends no block that was opened in this file [stray-endskip]"},
+            "d.data:2:1: error: ENDSKIP has no matching opening keyword in this file [stray-endskip]"},
         Row{"EndsInItsFile", "RUNSPEC\nINCLUDE 'a.inc' /\nENDSKIP\n",
-            "a.inc:1:1: error: the block that SKIP opens is not closed in this file "
-            "[unclosed-skip] | close it with ENDSKIP <- d.data:2:1\n"
-            "d.data:3:1: error: ENDSKIP ends no block that was opened in this file [stray-endskip]",
+            "a.inc:1:1: error: unclosed SKIP; expected ENDSKIP in the same file "
+            "[unclosed-skip] | add ENDSKIP after the block <- d.data:2:1\n"
+            "d.data:3:1: error: ENDSKIP has no matching opening keyword in this file [stray-endskip]",
             {{"a.inc", "SKIP\n"}}}),
     CaseName<Row>);
 
 INSTANTIATE_TEST_SUITE_P(Suppressions, Decks,
     testing::Values(Row{"OnItsLine", "RUNSPEC\nWATR -- quor: off unknown-keyword\nOLI\n",
-                        "d.data:3:1: error: OLI is not a keyword [unknown-keyword] | did you mean OIL?"},
+                        "d.data:3:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?"},
         Row{"OnTheNextLine", "RUNSPEC\n  --quor: off\n\n-- c\nWATR\nOLI\n",
-            "d.data:6:1: error: OLI is not a keyword [unknown-keyword] | did you mean OIL?"},
+            "d.data:6:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?"},
         Row{"SeveralForOneLine", "RUNSPEC\n-- quor: off unknown-keyword\n-- quor: off stray-text\nWATR\n",
             ""},
         Row{"OtherCodeIsTold", "RUNSPEC\nWATR -- quor: off wrong-section, stray-text\n",
-            "d.data:2:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"ARegion",
             "RUNSPEC\n-- quor: begin-off wrong-section,unknown-keyword -- later\nWATR\nPORO\n 1 /\noil\n"
             "-- quor: end-off wrong-section\nWATR\nPORO\n 1 /\n-- quor: end-off\nWATR\n",
-            "d.data:6:1: error: the keyword OIL is not in upper case [lower-case] | write OIL\n"
-            "d.data:9:1: error: PORO is not valid in RUNSPEC; it is valid in GRID "
-            "[wrong-section] | put it there, or the line GRID before it\n"
-            "d.data:12:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:6:1: error: keyword 'oil' is not in upper case [lower-case] | write OIL\n"
+            "d.data:9:1: error: PORO is not valid in section RUNSPEC (valid in GRID) "
+            "[wrong-section] | move PORO to section GRID, or add the missing keyword GRID before it\n"
+            "d.data:12:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"OfOneFile", "RUNSPEC\nINCLUDE 'a.inc' /\nWATR\n",
-            "d.data:3:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?",
+            "d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?",
             {{"a.inc", "-- quor: begin-off\nWATR\n-- quor: end-off\n"}}},
         Row{"WindowsLineEnds", "RUNSPEC\r\nWATR -- quor: off unknown-keyword\r\n", ""},
         Row{"WordsOfOtherComments", "RUNSPEC\nWATR -- see quor: off\n -- quor off\n",
-            "d.data:2:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"UnknownCode", "RUNSPEC\nWATR -- quor: off unknwon-keyword\n",
-            "d.data:2:19: warning: unknwon-keyword is no code of a finding "
-            "[bad-silence] | write unknown-keyword\n"
-            "d.data:2:1: error: WATR is not a keyword [unknown-keyword] | did you mean WATER?"},
+            "d.data:2:19: warning: unknown finding code 'unknwon-keyword' "
+            "[bad-silence] | did you mean unknown-keyword?\n"
+            "d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"UnknownCodeLikeNone", "RUNSPEC\n-- quor: off everything\n",
-            "d.data:2:14: warning: everything is no code of a finding "
-            "[bad-silence] | 'quor explain' lists the codes"},
+            "d.data:2:14: warning: unknown finding code 'everything' "
+            "[bad-silence] | write the code of a finding, for example wrong-section"},
         Row{"UnknownVerb", "RUNSPEC\n-- quor: of\n",
-            "d.data:2:10: warning: the comment says 'of' instead of what to silence "
-            "[bad-silence] | write off, begin-off or end-off behind the colon"},
+            "d.data:2:10: warning: unexpected 'of' after 'quor:'; expected off, begin-off or end-off "
+            "[bad-silence] | for example '-- quor: off wrong-section'"},
         Row{"Unclosed", "RUNSPEC\n-- quor: begin-off\nWATR\n",
-            "d.data:2:1: warning: what the comment silences goes on to the end of the file "
-            "[bad-silence] | end it with a comment '-- quor: end-off'"},
+            "d.data:2:1: warning: begin-off without end-off; the findings are hidden up to the end of the "
+            "file "
+            "[bad-silence] | add '-- quor: end-off' with the same codes after it"},
         Row{"ClosesNothing", "RUNSPEC\n-- quor: end-off\n",
-            "d.data:2:1: warning: the comment ends what no comment has begun "
-            "[bad-silence] | 'quor: begin-off' begins it, with the same codes"},
+            "d.data:2:1: warning: end-off without begin-off "
+            "[bad-silence] | add '-- quor: begin-off' with the same codes before it"},
         Row{"ItsFaultsAreToldOfATextOnce", "RUNSPEC\nINCLUDE 'a.inc' /\nINCLUDE 'a.inc' /\n",
-            "a.inc:1:1: warning: the comment says '' instead of what to silence "
-            "[bad-silence] | write off, begin-off or end-off behind the colon <- d.data:2:1",
+            "a.inc:1:1: warning: nothing after 'quor:'; expected off, begin-off or end-off "
+            "[bad-silence] | for example '-- quor: off wrong-section' <- d.data:2:1",
             {{"a.inc", "-- quor:\n"}}}),
     CaseName<Row>);
 
@@ -408,7 +407,7 @@ TEST(DeckFinding, SaysWhatWhereAndWhatToDo)
     ASSERT_EQ(deck.GetFindings().GetKept().size(), 1U);
     const Finding& finding = deck.GetFindings().GetKept().front();
     EXPECT_EQ(finding.severity, Severity::Error);
-    EXPECT_EQ(finding.message, "WELSPEXX is not a keyword");
+    EXPECT_EQ(finding.message, "unknown keyword 'WELSPEXX'");
     EXPECT_EQ(finding.hint, "did you mean WELSPECL, WELSPECS?");
     EXPECT_EQ(finding.excerpt, "WELSPEXX  -- wells");
     EXPECT_EQ(finding.length, 8U);
@@ -473,7 +472,7 @@ TEST(DeckInclusions, GoAHundredDeep)
     ASSERT_EQ(deck.GetFindings().GetKept().size(), 1U);
     const Finding& finding = deck.GetFindings().GetKept().front();
     EXPECT_TRUE(finding.location.file.ends_with("/99")) << finding.location.file;
-    EXPECT_EQ(finding.message, "more than 100 files are included in one another");
+    EXPECT_EQ(finding.message, "too many nested included files (expected at most 100)");
 }
 
 TEST(DeckInclusions, ThatGrowWithoutBoundsAreStopped)
@@ -481,15 +480,14 @@ TEST(DeckInclusions, ThatGrowWithoutBoundsAreStopped)
     const Deck deck = DeckOnDisk("RUNSPEC\nINCLUDE '0'\n", Chain(50, 2)).Read();
     ASSERT_EQ(deck.GetFindings().GetKept().size(), 1U);
     EXPECT_EQ(deck.GetFindings().GetKept()[0].message,
-        "more than 100000 inclusions; the rest of the deck is not read");
+        "too many included files (expected at most 100000); the rest of the deck is not read");
 }
 
 TEST(DeckInclusions, LoopThroughALinkToo)
 {
     const DeckOnDisk deck("RUNSPEC\nINCLUDE 'link.inc' /\n");
     std::filesystem::create_symlink("d.data", deck.Folder() / "link.inc");
-    EXPECT_EQ(deck.FindingsOf(),
-        "d.data:2:9: error: 'link.inc' is being read already and can't be included in itself [include-loop]");
+    EXPECT_EQ(deck.FindingsOf(), "d.data:2:9: error: file 'link.inc' includes itself [include-loop]");
 }
 
 TEST(DeckInclusions, OfALargeFileInItselfDontReadItAgain) // it would run into the time limit

@@ -158,164 +158,168 @@ TEST_P(Readings, GiveDataAndFindings)
 INSTANTIATE_TEST_SUITE_P(Arrays, Readings,
     testing::Values(Reading{"Plain", "DIMENS\n 2 2 /\nARRAY\n 1 +2.5, 3D1 4e-1/\n", "[1 2.5 30 0.4]"},
         Reading{"Repeats", "DIMENS\n 2 3 /\nARRAY\n 2*1 3*\n  2*\n/\n", "[1 1 0~ 0~ 0~ 0~]",
-            "d.data:6:3: error: ARRAY: 6 values are expected, and here are 1 more "
+            "d.data:6:3: error: ARRAY: too many values (expected 6, found 7) "
             "[wrong-size] | the size is NX*NY"},
         Reading{"LoneAsterisk", "DIMENS\n 2 1 /\nARRAY\n * 1 /\n", "[0~ 1]"},
         Reading{"Surplus", "DIMENS\n 1 2 /\nARRAY\n 1 2\n 3 4*5 /\n", "[1 2]",
-            "d.data:6:2: error: ARRAY: 2 values are expected, and here are 5 more "
+            "d.data:6:2: error: ARRAY: too many values (expected 2, found 7) "
             "[wrong-size] | the size is NX*NY"},
         // The error in the sizes is not told, and still leaves them as they were.
         Reading{
             "SilencedSizes", "DIMENS\n 3 1 /\nDIMENS\n 2 x / -- quor: off\nARRAY\n 1 2 3 /\n", nullptr, ""},
         Reading{"Short", "DIMENS\n 1 2 /\nARRAY\n 1 /\n", "[1]",
-            "d.data:5:4: error: ARRAY: 2 values are expected, and here are 1 "
+            "d.data:5:4: error: ARRAY: too few values (expected 2, found 1) "
             "[wrong-size] | the size is NX*NY"},
         Reading{"DefaultDimensions", "ARRAY\n 1 /\n", "[1]"},
         Reading{"InABox",
             "DIMENS\n 4 4 /\nBOX\n 2 3 2* 1 1 /\nARRAY\n 8*1 /\nENDBOX\nARRAY\n 16*1 /\nGRID\nFLAG\n",
             nullptr},
         Reading{"OneMessageForManyBeyond", "DIMENS\n 5 1 /\nARRAY\n 1 101 3 -1 2*200 /\n", nullptr,
-            "d.data:5:4: error: ARRAY: 101 is greater than 100, and 3 more are beyond the limits "
+            "d.data:5:4: error: ARRAY: value 101 is too large (expected at most 100); other values out of "
+            "range: 3 "
             "[out-of-range]\n"
-            "d.data:5:13: error: ARRAY: 5 values are expected, and here are 1 more "
+            "d.data:5:13: error: ARRAY: too many values (expected 5, found 6) "
             "[wrong-size] | the size is NX*NY"},
         Reading{"WrongWord", "DIMENS\n 2 1 /\nARRAY\n 1 x 2 /\n", "[1 2]",
-            "d.data:5:4: error: ARRAY: a number is expected, and here is x [wrong-type]"},
+            "d.data:5:4: error: ARRAY: invalid value 'x'; expected a number [wrong-type]"},
         Reading{"NumberWithATail", "DIMENS\n 2 1 /\nARRAY\n 1.0.0 2 3 /\n", "[2 3]",
-            "d.data:5:2: error: ARRAY: a number is expected, and here is 1.0.0 [wrong-type]"},
+            "d.data:5:2: error: ARRAY: invalid value '1.0.0'; expected a number [wrong-type]"},
         Reading{"InfinityIsNoNumber", "DIMENS\n 1 1 /\nARRAY\n inf 1e999 nan 7 /\n", "[7]",
-            "d.data:5:2: error: ARRAY: a number is expected, and here is inf [wrong-type]\n"
-            "d.data:5:6: error: ARRAY: a number is expected, and here is 1e999 [wrong-type]\n"
-            "d.data:5:12: error: ARRAY: a number is expected, and here is nan [wrong-type]"},
+            "d.data:5:2: error: ARRAY: invalid value 'inf'; expected a number [wrong-type]\n"
+            "d.data:5:6: error: ARRAY: invalid value '1e999'; expected a number [wrong-type]\n"
+            "d.data:5:12: error: ARRAY: invalid value 'nan'; expected a number [wrong-type]"},
         Reading{"Comments", "DIMENS\n 2 1 /\nARRAY -- c\n-- FLAG\n 1--c\n 2 / text\n", "[1 2]"},
         Reading{"OnTheLineOfItsKeyword", "DIMENS 2 1 /\nARRAY 1 2 /\n", "[1 2]"},
         Reading{"WholeNumbers", "WHOLE\n 1 2*3 1.5 -1 99999999999 /\n", "[1 3 3 -1]",
-            "d.data:3:8: error: WHOLE: a whole number is expected, and here is 1.5 [wrong-type]\n"
-            "d.data:3:15: error: WHOLE: a whole number is expected, and here is 99999999999 "
+            "d.data:3:8: error: WHOLE: invalid value '1.5'; expected a whole number [wrong-type]\n"
+            "d.data:3:15: error: WHOLE: invalid value '99999999999'; expected a whole number "
             "[wrong-type]\n"
-            "d.data:3:12: error: WHOLE: -1 is less than 0 [out-of-range]"},
+            "d.data:3:12: error: WHOLE: value -1 is too small (expected at least 0) [out-of-range]"},
         Reading{"PreviousValueFills", "PREVIOUS\n 4 2* 7 1* /\n", "[4 4~ 4~ 7 7~]"},
         Reading{"EndsByItself", "FIXED\n 1 2 3\nFLAG\n", nullptr},
         Reading{"SlashDoesNoHarm", "FIXED\n 3*1 /\n", "[1 1 1]"},
         Reading{"BadRepeat", "WHOLE\n 0*1 2 99999999999*3 /\n", "[1 2 3]",
-            "d.data:3:2: error: WHOLE: the repeat count of 0*1 is not from 1 to 1000000 [bad-repeat]\n"
-            "d.data:3:8: error: WHOLE: the repeat count of 99999999999*3 is not from 1 to 1000000 "
+            "d.data:3:2: error: WHOLE: invalid repeat count in '0*1' (expected 1 to 1000000) [bad-repeat]\n"
+            "d.data:3:8: error: WHOLE: invalid repeat count in '99999999999*3' (expected 1 to 1000000) "
             "[bad-repeat]"},
         Reading{"RepeatsBeyondAllSense", "NAMES\n 1000001*A B /\n", "['A' 'B']",
-            "d.data:3:2: error: NAMES: the repeat count of 1000001*A is not from 1 to 1000000 "
+            "d.data:3:2: error: NAMES: invalid repeat count in '1000001*A' (expected 1 to 1000000) "
             "[bad-repeat]"},
         Reading{"RepeatedNamesOfAMap", "MAP\n 3*A /\n", "{A=1 BETA=-}",
-            "d.data:3:2: error: MAP: names can't be repeated [bad-repeat]"},
+            "d.data:3:2: error: MAP: a name can't have a repeat count [bad-repeat]"},
         Reading{"NoDefaults", "NAMES\n A 2* B /\nWHOLE\n 1 2* /\n", nullptr,
-            "d.data:3:4: error: NAMES: the values have no default [no-default]\n"
-            "d.data:5:4: error: WHOLE: the values have no default [no-default] | give each value"},
+            "d.data:3:4: error: NAMES: the values have no default [no-default] | write each value\n"
+            "d.data:5:4: error: WHOLE: the values have no default [no-default] | write each value"},
         Reading{"Names", "NAMES\n A 'B C' 2*D \"E/\" 2*'F G' O'K /\n",
             "['A' 'B C' 'D' 'D' 'E/' 'F G' 'F G' 'O'K']"},
         Reading{"OpenQuote", "NAMES\n 'A\n B /\n", "['A' 'B']",
-            "d.data:3:2: error: the quote is not closed on its line "
-            "[unclosed-quote] | put a ' behind the text"},
+            "d.data:3:2: error: unclosed quote before 'A' "
+            "[unclosed-quote] | add a closing ' on the same line"},
         Reading{"KeywordWithASlashIsAName", "NAMES\nFLAG /\n", "['FLAG']"},
         Reading{"KeywordEndsOpenData", "NAMES\n A\nFLAG\n", nullptr,
-            "d.data:3:3: error: NAMES: the list is not closed "
-            "[unclosed-data] | put a slash behind its last value"},
+            "d.data:3:3: error: NAMES: missing slash at the end of the list "
+            "[unclosed-data] | add a slash after the last value"},
         Reading{"EndOfDeckEndsOpenData", "ROWS\n 1 2\n", nullptr,
-            "d.data:3:5: error: ROWS: the record is not closed "
-            "[unclosed-data] | put a slash behind its last value"}),
+            "d.data:3:5: error: ROWS: missing slash at the end of the record "
+            "[unclosed-data] | add a slash after the last value"}),
     CaseName<Reading>);
 
 INSTANTIATE_TEST_SUITE_P(Records, Readings,
     testing::Values(Reading{"All", "RECORD\n P1 7.5 GAS YES 3 /\n", "('P1' 7.5 2 1 3)"},
         Reading{"Defaults", "RECORD\n P1 3* 3 /\n", "('P1' - - - 3)"},
         Reading{"TooFew", "RECORD\n P1 2 /\n", "('P1' 2 - - -)",
-            "d.data:3:7: error: RECORD: the record ends before COUNT "
-            "[too-few-values] | only what has a default may be left out"},
+            "d.data:3:7: error: RECORD: too few values (missing: COUNT) "
+            "[too-few-values] | only items with a default can be omitted"},
         Reading{"TooMany", "RECORD\n P1 1 OIL NO 3 4 5 /\nFLAG\n", nullptr,
-            "d.data:3:16: error: RECORD: the record has 5 items, and here is one more "
-            "[too-many-values] | end the record with a slash before it"},
+            "d.data:3:16: error: RECORD: too many values (expected at most 5) "
+            "[too-many-values] | end the record with a slash before this value"},
         Reading{"NoDefault", "RECORD\n 1* 1 OIL NO 3 /\n", "(- 1 0 0 3)",
-            "d.data:3:2: error: RECORD, NAME has no default [no-default] | give its value"},
+            "d.data:3:2: error: RECORD, NAME: the item has no default [no-default] | write a value"},
         Reading{"WrongTypes", "RECORD\n P1 'x' OIL 7 1.0 /\n", "('P1' - 0 - -)",
-            "d.data:3:5: error: RECORD, RATE: a number is expected, and here is a text in quotes "
+            "d.data:3:5: error: RECORD, RATE: invalid text 'x' in quotes; expected a number "
             "[wrong-type]\n"
-            "d.data:3:13: error: RECORD, ON: YES or NO is expected, and here is 7 [wrong-type]\n"
-            "d.data:3:15: error: RECORD, COUNT: a whole number is expected, and here is 1.0 "
+            "d.data:3:13: error: RECORD, ON: invalid value '7'; expected YES or NO [wrong-type]\n"
+            "d.data:3:15: error: RECORD, COUNT: invalid value '1.0'; expected a whole number "
             "[wrong-type]"},
         Reading{"Limits", "RECORD\n P1 -1 OIL NO 10 /\n", "('P1' -1 0 0 10)",
-            "d.data:3:5: error: RECORD, RATE: -1 is less than 0 [out-of-range]\n"
-            "d.data:3:15: error: RECORD, COUNT: 10 is greater than 9 [out-of-range]"},
+            "d.data:3:5: error: RECORD, RATE: value -1 is too small (expected at least 0) [out-of-range]\n"
+            "d.data:3:15: error: RECORD, COUNT: value 10 is too large (expected at most 9) [out-of-range]"},
         Reading{"LongText", "RECORD\n PROD1 1 OIL NO 1 /\n", nullptr,
-            "d.data:3:2: warning: RECORD, NAME: of the text only the first 4 characters count "
-            "[long-text] | shorten it"},
+            "d.data:3:2: warning: RECORD, NAME: 'PROD1' is longer than 4 characters; the rest is ignored "
+            "[long-text] | shorten the text"},
         Reading{"Abbreviation", "RECORD\n P 1 wat NO 1 /\n", "('P' 1 1 0 1)",
-            "d.data:3:6: warning: RECORD, KIND: wat stands for WATER [abbreviated-word] | write WATER"},
+            "d.data:3:6: warning: RECORD, KIND: 'wat' is an abbreviation of WATER [abbreviated-word] | write "
+            "WATER"},
         Reading{"Deprecated", "RECORD\n P 1 AQUA NO 1 /\n", "('P' 1 1 0 1)",
             "d.data:3:6: warning: "
-            "RECORD, KIND: AQUA stands for WATER, and may not be understood in future "
+            "RECORD, KIND: 'AQUA' is a deprecated name of WATER "
             "[deprecated-word] | write WATER"},
         Reading{"NoChoice", "RECORD\n P 1 COAL NO 1 /\nRECORD\n P 1 OLI NO 1 /\n", "('P' 1 - 0 1)",
-            "d.data:3:6: error: RECORD, KIND: COAL is not one of its words "
-            "[not-a-choice] | it must be one of OIL, WATER, GAS\n"
-            "d.data:5:6: error: RECORD, KIND: OLI is not one of its words "
+            "d.data:3:6: error: RECORD, KIND: unknown value 'COAL' "
+            "[not-a-choice] | expected one of: OIL, WATER, GAS\n"
+            "d.data:5:6: error: RECORD, KIND: unknown value 'OLI' "
             "[not-a-choice] | did you mean OIL?"},
         Reading{"OfAnotherSimulator", "RECORD\n P 1 GAS NO 1 /\nRECORD\n P 1* WATER 1* 1 /\n", nullptr,
-            "d.data:3:4: warning: RECORD, RATE has no effect for Carrow [item-unsupported]\n"
-            "d.data:3:6: error: RECORD, KIND: GAS is not valid for Carrow "
-            "[choice-not-valid] | choose another word\n"
-            "d.data:3:10: error: RECORD, ON is not valid for Carrow "
-            "[item-not-valid] | leave it to its default\n"
-            "d.data:5:7: warning: RECORD, KIND: WATER has no effect for Carrow [choice-unsupported]",
+            "d.data:3:4: warning: RECORD, RATE: the item has no effect for Carrow [item-unsupported]\n"
+            "d.data:3:6: error: RECORD, KIND: value GAS is not valid for Carrow "
+            "[choice-not-valid] | choose another value\n"
+            "d.data:3:10: error: RECORD, ON: the item is not valid for Carrow "
+            "[item-not-valid] | write '1*' instead of the value\n"
+            "d.data:5:7: warning: RECORD, KIND: value WATER has no effect for Carrow [choice-unsupported]",
             SimulatorType::Carrow},
         Reading{"ListOfThem", "ROWS\n 1 2 /\n 3 /\n 2*4 /\n/\n", "[(1 2) (3 -) (4 4)]"},
         Reading{"RecordWithoutASlash", "ROWS\n 1 2\n 3 4 /\n/\n", "[(1 2) (3 4)]",
-            "d.data:3:5: error: ROWS: the record is not closed "
-            "[unclosed-data] | put a slash behind its last value"},
+            "d.data:3:5: error: ROWS: missing slash at the end of the record "
+            "[unclosed-data] | add a slash after the last value"},
         Reading{"LastRecordWithoutASlash", "ROWS\n 1 2 /\n 3 4\n/\nFLAG\n", nullptr,
-            "d.data:4:5: error: ROWS: the record is not closed "
-            "[unclosed-data] | put a slash behind its last value"},
+            "d.data:4:5: error: ROWS: missing slash at the end of the record "
+            "[unclosed-data] | add a slash after the last value"},
         Reading{"RecordOnTwoLines", "ROWS\n 1\n 2 /\n 3\n 4 5 /\n/\n", "[(1 2) (3 -) (4 5)]",
-            "d.data:5:3: error: ROWS: the record is not closed "
-            "[unclosed-data] | put a slash behind its last value"},
+            "d.data:5:3: error: ROWS: missing slash at the end of the record "
+            "[unclosed-data] | add a slash after the last value"},
         Reading{"Backslash", "ROWS\n 1 2 \\\n 3 4 /\n/\n", "[(1 2) (3 4)]",
-            "d.data:3:6: error: here is a backslash, where a slash is expected [stray-text] | write /"},
+            "d.data:3:6: error: unexpected backslash; expected a slash [stray-text] | write '/'"},
         Reading{"RepeatedWrongWord", "ROWS\n 2*x /\n/\n", "[(- -)]",
-            "d.data:3:2: error: ROWS, A: a whole number is expected, and here is x [wrong-type]"},
+            "d.data:3:2: error: ROWS, A: invalid value 'x'; expected a whole number [wrong-type]"},
         Reading{"MissingValue", "RECORD\n P1 OIL YES 3 /\n", "('P1' - - - -)",
-            "d.data:3:5: error: RECORD, RATE: a number is expected, and here is OIL "
-            "[wrong-type] | a value seems to be missing before it"},
+            "d.data:3:5: error: RECORD, RATE: invalid value 'OIL'; expected a number "
+            "[wrong-type] | a value seems to be missing before this one"},
         Reading{"MissingValues", "RECORD\n P1 YES 3 /\n", "('P1' - - - -)",
-            "d.data:3:5: error: RECORD, RATE: a number is expected, and here is YES "
-            "[wrong-type] | 2 values seem to be missing before it"},
+            "d.data:3:5: error: RECORD, RATE: invalid value 'YES'; expected a number "
+            "[wrong-type] | 2 values seem to be missing before this one"},
         Reading{"ValueTooMany", "RECORD\n P1 1 1 OIL YES 3 /\n", "('P1' 1 - - -)",
-            "d.data:3:7: error: RECORD, KIND: 1 is not one of its words "
-            "[not-a-choice] | it seems to be one too many"},
+            "d.data:3:7: error: RECORD, KIND: unknown value '1' "
+            "[not-a-choice] | this value seems to be extra"},
         Reading{"OpenQuoteInARecord", "RECORD\n 'P1 1 OIL NO 3 /\n", "('P1' 1 0 0 3)",
-            "d.data:3:2: error: the quote is not closed on its line "
-            "[unclosed-quote] | put a ' behind the text"},
+            "d.data:3:2: error: unclosed quote before 'P1' "
+            "[unclosed-quote] | add a closing ' on the same line"},
         Reading{"QuoteThatWasNotOpened", "RECORD\n P*' 1 OIL NO 3 /\n", "('P*' 1 0 0 3)",
-            "d.data:3:2: error: the quote behind the text was not opened "
-            "[unclosed-quote] | put a ' before the text"},
+            "d.data:3:2: error: unopened quote after 'P*' "
+            "[unclosed-quote] | add an opening ' before the text"},
         Reading{"OpenQuoteOfSeveralWords", "RECORD\n 'P of Q 1 OIL NO 3 /\nFLAG\n", nullptr,
-            "d.data:3:2: error: the quote is not closed on its line "
-            "[unclosed-quote] | put a ' behind the text"},
+            "d.data:3:2: error: unclosed quote before 'P' "
+            "[unclosed-quote] | add a closing ' on the same line"},
         Reading{"EmptyList", "ROWS\n/\n", "[]"},
         Reading{"ElementsOfNoSize", "SIZED\n 0 1 2 /\nFLAG\n", nullptr,
-            "d.data:3:4: error: SIZED: nothing takes a value here "
-            "[too-many-values] | the size of the data is 0\n"
-            "d.data:3:9: error: SIZED: the record is not closed "
-            "[unclosed-data] | put a slash behind its last value"},
+            "d.data:3:4: error: SIZED: too many values (expected none) "
+            "[too-many-values] | the size of the list is 0\n"
+            "d.data:3:9: error: SIZED: missing slash at the end of the record "
+            "[unclosed-data] | add a slash after the last value"},
         Reading{"TextsHaveNoOrder", "ORDERED\n B /\n A /\n/\n", "[('B' - -) ('A' - -)]"},
         Reading{"Orders", "ORDERED\n A 1 9 /\n B 1 9 /\n C 0 8 /\n/\n", nullptr,
-            "d.data:4:6: error: ORDERED, DOWN: 9 must be less than the value before, 9 [column-order]\n"
-            "d.data:5:4: error: ORDERED, UP: 0 must not be less than the value before, 1 [column-order]"},
+            "d.data:4:6: error: ORDERED, DOWN: value 9 must be less than the previous value 9 "
+            "[column-order]\n"
+            "d.data:5:4: error: ORDERED, UP: value 0 must not be less than the previous value 1 "
+            "[column-order]"},
         Reading{"RepeatBeyondTheEnd", "PAIR\n 1 4*2\n", "(1 2)",
-            "d.data:3:4: error: PAIR: the repeat goes on beyond the end of the data by 3 "
+            "d.data:3:4: error: PAIR: too many values (the repeat count is too large by 3) "
             "[too-many-values]"},
         Reading{"SurplusOfOneItem", "TSTEP\n 1 2 /\n/\n", "[(1)]",
-            "d.data:3:4: error: TSTEP: the record has 1 item, and here is one more "
-            "[too-many-values] | end the record with a slash before it"},
+            "d.data:3:4: error: TSTEP: too many values (expected at most 1) "
+            "[too-many-values] | end the record with a slash before this value"},
         Reading{"Variables", "RECORD\n P1 $RATE OIL NO 3 /\nRECORD\n P1 $RATE OIL NO 3 /\n", nullptr,
-            "d.data:3:5: error: the variable $RATE has no value "
-            "[unknown-variable] | give it one with --set RATE=VALUE"},
+            "d.data:3:5: error: variable '$RATE' has no value "
+            "[unknown-variable] | give variable $RATE a value"},
         Reading{"StepsOfAnotherForm", "TSTEP\n 1 /\n/\n", "[(1)]"},
         Reading{"CountedByAnItem", "COUNTED\n 2 5 6 /\n", "(2 [5 6])"}),
     CaseName<Reading>);
@@ -324,27 +328,27 @@ INSTANTIATE_TEST_SUITE_P(Tables, Readings,
     testing::Values(
         Reading{"Two", "TABLES\n 1 4\n 2 3 /\n 1 9 2 8 3 7 /\n", "[[(1 4) (2 3)] [(1 9) (2 8) (3 7)]]"},
         Reading{"CutRow", "TABLES\n 1 4 2 / 1 4 2 4 /\n", nullptr,
-            "d.data:3:9: error: TABLES: 2 values are expected, and here are 1 "
+            "d.data:3:9: error: TABLES: too few tables (expected 2, found 1) "
             "[wrong-size] | the size is 2"},
         Reading{"EmptyStandsForTheOneBefore", "TABLES\n 1 4 2 3 /\n /\n", "[[(1 4) (2 3)] []]"},
         Reading{"OneIsMissing", "TABLES\n 1 4 2 3 /\nFLAG\n", nullptr,
-            "d.data:3:11: error: TABLES: 2 values are expected, and here are 1 "
+            "d.data:3:11: error: TABLES: too few tables (expected 2, found 1) "
             "[wrong-size] | the size is 2"},
         Reading{"TooFewRows", "TABLES\n 1 4 /\n 1 4 2 3 /\n", nullptr,
-            "d.data:3:6: error: TABLES: at least 2 are expected, and here are 1 [wrong-size]"},
+            "d.data:3:6: error: TABLES: too few rows (expected at least 2, found 1) [wrong-size]"},
         Reading{"TooManyRows", "TABLES\n 1 4 2 4 3 4 4 4 5 4 /\n 1 4 2 3 /\n", nullptr,
-            "d.data:3:22: error: TABLES: at most 4 are expected, and here are 5 [wrong-size]"},
+            "d.data:3:22: error: TABLES: too many rows (expected at most 4, found 5) [wrong-size]"},
         Reading{"ColumnsToldOnce", "TABLES\n 1 4\n 2 5\n 3 6\n 0 7 /\n 1 4 2 3 /\n", nullptr,
-            "d.data:4:4: error: TABLES, Y: 5 must not be greater than the value before, 4 "
+            "d.data:4:4: error: TABLES, Y: value 5 must not be greater than the previous value 4 "
             "[column-order]\n"
-            "d.data:6:2: error: TABLES, X: 0 must be greater than the value before, 3 "
-            "[column-order] | if a new table begins here, put a slash before it"},
+            "d.data:6:2: error: TABLES, X: value 0 must be greater than the previous value 3 "
+            "[column-order] | if a new table starts here, add a slash before it"},
         Reading{"RowCutShort", "TABLES\n 1 9\n 2\n 3 7\n 4 6 /\n 1 4 2 3 /\n", nullptr,
-            "d.data:6:2: error: TABLES, Y: 4 must not be greater than the value before, 3 "
-            "[column-order] | a row on this line or before it has a value too few or too many"},
+            "d.data:6:2: error: TABLES, Y: value 4 must not be greater than the previous value 3 "
+            "[column-order] | a row on this line or before it has too few or too many values"},
         Reading{"NoSlashBetween", "TABLES\n 1 4\n 2 3\n 1 9\n 2 8 /\n", nullptr,
-            "d.data:5:2: error: TABLES, X: 1 must be greater than the value before, 2 "
-            "[column-order] | if a new table begins here, put a slash before it"},
+            "d.data:5:2: error: TABLES, X: value 1 must be greater than the previous value 2 "
+            "[column-order] | if a new table starts here, add a slash before it"},
         Reading{"Nested", "NESTED\n 1 2 3 /\n 4 5 /\n/\n", "[(1 [(2) (3)]) (4 [(5)])]"}),
     CaseName<Reading>);
 
@@ -352,64 +356,67 @@ INSTANTIATE_TEST_SUITE_P(Texts, Readings,
     testing::Values(Reading{"Map", "MAP\n A=3 BETA = 2 /\n", "{A=3 BETA=2}"},
         Reading{"NameAlone", "MAP\n beta A= 4/\n", "{A=4 BETA=1}"},
         Reading{"UnknownName", "MAP\n A C=1 BETTA /\n", "{A=1 BETA=-}",
-            "d.data:3:4: error: MAP: C is none of its names [unknown-name]\n"
-            "d.data:3:8: error: MAP: BETTA is none of its names [unknown-name] | did you mean BETA?"},
+            "d.data:3:4: error: MAP: unknown name 'C' [unknown-name]\n"
+            "d.data:3:8: error: MAP: unknown name 'BETTA' [unknown-name] | did you mean BETA?"},
         Reading{"NoNumber", "MAP\n A=x BETA /\n", "{A=- BETA=1}",
-            "d.data:3:2: error: MAP, A: 'x' is no whole number [wrong-type]"},
+            "d.data:3:2: error: MAP, A: invalid value 'x'; expected a whole number [wrong-type]"},
         Reading{"MapLimits", "MAP\n A=6 A=0 /\n", nullptr,
-            "d.data:3:2: error: MAP, A: 6 is greater than 5 [out-of-range]\n"
-            "d.data:3:6: error: MAP, A: 0 is less than 1 [out-of-range]"},
+            "d.data:3:2: error: MAP, A: value 6 is too large (expected at most 5) [out-of-range]\n"
+            "d.data:3:6: error: MAP, A: value 0 is too small (expected at least 1) [out-of-range]"},
         Reading{"NameOfAnother", "MAP\n BETA /\n", nullptr,
-            "d.data:3:2: error: MAP: BETA is not valid for Carrow [item-not-valid] | leave it out",
+            "d.data:3:2: error: MAP: name BETA is not valid for Carrow [item-not-valid] | remove the name",
             SimulatorType::Carrow},
         Reading{"MapWithoutASlash", "MAP\n A\nFLAG\n", nullptr,
-            "d.data:3:3: error: MAP: the list of names is not closed "
-            "[unclosed-data] | put a slash behind its last value"},
+            "d.data:3:3: error: MAP: missing slash at the end of the list of names "
+            "[unclosed-data] | add a slash after the last name"},
         Reading{"Title", "TITLE\n  A title / of it -- all  \nFLAG\nTITLE\nFLAG\n", "('FLAG')"},
         Reading{"Lines", "LINES\nDEFINE A 1/2 /\n-- c\n\n B\n/\n", "['DEFINE A 1/2 /' 'B']"},
         Reading{"LinesWithoutEnd", "LINES\nA\n", "['A']",
-            "d.data:3:2: error: LINES: the list is not closed "
-            "[unclosed-data] | put a slash behind its last value"},
+            "d.data:3:2: error: LINES: missing slash at the end of the list "
+            "[unclosed-data] | add a slash after the last value"},
         Reading{"Raw", "RAW\n a / 'b\nFLAG\nendraw\n", "\" a / 'b\nFLAG\n\""},
         Reading{"RawWithoutEnd", "RAW\n a\n", nullptr,
-            "d.data:2:1: error: the text of this keyword goes on to the end of the file "
-            "[unclosed-text] | end it with ENDRAW at the start of a line"}),
+            "d.data:2:1: error: RAW: missing ENDRAW at the end of the text "
+            "[unclosed-text] | add ENDRAW at the start of a line"}),
     CaseName<Reading>);
 
 INSTANTIATE_TEST_SUITE_P(Order, Readings,
     testing::Values(Reading{"Precedent", "NEEDS\nFLAG\nNEEDS\n", nullptr,
-                        "d.data:2:1: error: NEEDS needs FLAG before it [missing-precedent]"},
+                        "d.data:2:1: error: NEEDS requires FLAG before it [missing-precedent]"},
         Reading{"PrecedentIsToldOnce", "NEEDS\nNEEDS\n", nullptr,
-            "d.data:2:1: error: NEEDS needs FLAG before it [missing-precedent]"},
+            "d.data:2:1: error: NEEDS requires FLAG before it [missing-precedent]"},
         Reading{"IndentedKeywordIsRead", "  DIMENS\n 2 1 /\nARRAY\n 1 2 /\n", "[1 2]",
             "d.data:2:3: error: "
-            "here is DIMENS, behind the data of RUNSPEC, where a keyword is expected "
-            "[stray-text] | a keyword stands at the beginning of its line"},
+            "unexpected 'DIMENS' after RUNSPEC; expected a keyword "
+            "[stray-text] | a keyword must start in the first column"},
         Reading{"MisspeltKeywordIsRead", "DIMNES\n 2 x /\nARRAY\n 1 2 /\n", "[1 2]",
-            "d.data:2:1: error: DIMNES is not a keyword [unknown-keyword] | did you mean DIMENS, LINES?"},
+            "d.data:2:1: error: unknown keyword 'DIMNES' [unknown-keyword] | did you mean DIMENS, LINES?"},
         Reading{"SizesWithAnErrorAreNotKnown", "DIMENS\n x 2 /\nARRAY\n 1 2 3 /\n", "[1 2 3]",
-            "d.data:3:2: error: DIMENS, NX: a whole number is expected, and here is x [wrong-type]"},
+            "d.data:3:2: error: DIMENS, NX: invalid value 'x'; expected a whole number [wrong-type]"},
         Reading{"NoSuchDates", "START\n 31 JUN 2020 /\nSCHEDULE\nDATES\n 30 JUX 2020 /\n 1 JUL 2020 /\n/\n",
             nullptr,
-            "d.data:2:1: error: START: there is no such date [bad-date] | as in 1 JAN 2020\n"
-            "d.data:6:2: error: DATES: there is no such date [bad-date] | as in 1 JAN 2020"},
+            "d.data:2:1: error: START: invalid date '31 JUN 2020' [bad-date] | expected a date such as 1 JAN "
+            "2020\n"
+            "d.data:6:2: error: DATES: invalid date '30 JUX 2020' [bad-date] | expected a date such as 1 JAN "
+            "2020"},
         Reading{"TimeGoesForward",
             "START\n 1 JUL 2020 /\nSCHEDULE\nDATES\n 1 JUL 2020 /\n 2 JUL 2020 /\n/\nTIME\n 0.5 /\n", nullptr,
             "d.data:6:2: error: "
-            "DATES: 2020-07-01 00:00:00.000 does not lie behind 2020-07-01 00:00:00.000, which was reached "
-            "before "
-            "[date-order]\n"
+            "DATES: 2020-07-01 is not after 2020-07-01, which the schedule has already reached [date-order]\n"
             "d.data:9:1: error: "
-            "TIME: 2020-07-01 12:00:00.000 lies before 2020-07-02 00:00:00.000, which was reached already "
+            "TIME: 2020-07-01 12:00:00 is before 2020-07-02, which the schedule has already reached "
             "[date-order]"},
         Reading{"Scope", "OPEN\nSHUT\nSHUT\nOPEN\nGRID\nOPEN\n", nullptr,
-            "d.data:4:1: error: SHUT ends nothing that was opened [stray-end]\n"
-            "d.data:5:1: error: what OPEN opens is not closed [unclosed-scope] | close it with SHUT\n"
-            "d.data:7:1: error: what OPEN opens is not closed [unclosed-scope] | close it with SHUT"},
+            "d.data:4:1: error: SHUT has no matching opening keyword [stray-end]\n"
+            "d.data:5:1: error: unclosed OPEN; expected SHUT [unclosed-scope] | add SHUT before the end of "
+            "the section\n"
+            "d.data:7:1: error: unclosed OPEN; expected SHUT [unclosed-scope] | add SHUT before the end of "
+            "the section"},
         Reading{"DataBehindAFlag", "FLAG 1\n 2\nFLAG /\nFLAG\n/\n", nullptr,
-            "d.data:2:6: error: FLAG takes no data [stray-text] | end the line behind it"},
+            "d.data:2:6: error: unexpected '1' after FLAG; expected the end of the line [stray-text] | FLAG "
+            "has no data"},
         Reading{"StrayBehindData", "WHOLE\n 1 /\n 2 /\n 3 /\nFLAG\n", nullptr,
-            "d.data:4:2: error: here is 2, behind the data of WHOLE, where a keyword is expected "
+            "d.data:4:2: error: unexpected '2' after the data of WHOLE; expected a keyword "
             "[stray-text]"}),
     CaseName<Reading>);
 

@@ -63,7 +63,7 @@ INSTANTIATE_TEST_SUITE_P(Arguments, Usage,
         Refusal{"PortToNowhere", "port x", "--to is required"},
         Refusal{
             "PortToNoMode", "port x --to Carrow --mode Thermal", "simulator 'Carrow' has no mode 'Thermal'"},
-        Refusal{"FolderAsDeck", "check /tmp", "it is a folder"}),
+        Refusal{"FolderAsDeck", "check /tmp", "is a folder"}),
     CaseName<Refusal>);
 
 TEST(Help, IsDataAndHasExamples)

@@ -52,7 +52,7 @@ std::string ListModes(const Entry& entry, SectionType::Enum section, SimulatorTy
 Objection WrongSection(const Entry& entry, SectionType::Enum section, const SectionSet& valid)
 {
     return {Code::WrongSection,
-        fmt::format("{} is not valid in {}; it is valid in {}", entry.spelling,
+        fmt::format("{} is not valid in section {} (valid in {})", entry.spelling,
             SectionType::ToString(section), ListSections(valid)),
         ""};
 }
@@ -61,13 +61,13 @@ Objection WrongSimulator(const Entry& entry, SectionType::Enum section, Simulato
 {
     return {Code::WrongSimulator,
         fmt::format("{} is not valid for {}", entry.spelling, SimulatorType::ToString(simulator)),
-        fmt::format("it is valid for {}", ListSimulators(entry, section))};
+        fmt::format("valid simulators: {}", ListSimulators(entry, section))};
 }
 
 Objection WrongMode(const Entry& entry, SectionType::Enum section, const Target& target)
 {
-    return {Code::WrongMode, fmt::format("{} is not valid in {}", entry.spelling, NameOf(target)),
-        fmt::format("it is valid in {}", ListModes(entry, section, target.simulator))};
+    return {Code::WrongMode, fmt::format("{} is not valid for {}", entry.spelling, NameOf(target)),
+        fmt::format("valid modes: {}", ListModes(entry, section, target.simulator))};
 }
 
 } // namespace
@@ -80,7 +80,8 @@ std::optional<Objection> FindObjection(const Entry& entry, SectionType::Enum sec
     if (valid.ofSimulator.Allows(section))
         return WrongMode(entry, section, target);
     if (valid.ofAny.IsEmpty())
-        return Objection{Code::WrongSection, fmt::format("{} is valid in no section", entry.spelling), ""};
+        return Objection{
+            Code::WrongSection, fmt::format("{} is not valid in any section", entry.spelling), ""};
     if (section != SectionType::None) {
         if (!valid.ofSimulator.IsEmpty())
             return WrongSection(entry, section, valid.ofSimulator);

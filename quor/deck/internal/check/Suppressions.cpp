@@ -13,6 +13,7 @@ namespace Veld::Quor::Core::Decks {
 namespace {
 
 constexpr std::string_view mark = "quor:";
+constexpr const char* example = "for example '-- quor: off wrong-section'";
 
 /// Takes the next word, which blanks or commas end; empty if there is none, or only a comment.
 std::string_view TakeWord(std::string_view& text)
@@ -33,7 +34,8 @@ std::string HintOf(std::string_view word)
     for (const CodeInfo& info : Codes())
         names.emplace_back(info.name);
     const std::vector<std::string> nearest = FindNearest(names, Shorten(word));
-    return nearest.empty() ? "'quor explain' lists the codes" : fmt::format("write {}", nearest.front());
+    return nearest.empty() ? "write the code of a finding, for example wrong-section"
+                           : SuggestionOf({nearest.front()});
 }
 
 } // namespace
@@ -96,10 +98,12 @@ void Suppressions::Do(std::string_view verb, std::string_view words, std::string
         Open(comment, ReadCodes(words));
     else if (verb == "end-off")
         Close(comment, ReadCodes(words));
+    else if (verb.empty())
+        Blame(comment, "nothing after 'quor:'; expected off, begin-off or end-off", example);
     else
-        Blame(verb.empty() ? comment : verb,
-            fmt::format("the comment says '{}' instead of what to silence", Shorten(verb)),
-            "write off, begin-off or end-off behind the colon");
+        Blame(verb,
+            fmt::format("unexpected '{}' after 'quor:'; expected off, begin-off or end-off", Shorten(verb)),
+            example);
 }
 
 Suppressions::CodeSet Suppressions::ReadCodes(std::string_view words)
@@ -116,7 +120,7 @@ Suppressions::CodeSet Suppressions::ReadCodes(std::string_view words)
             continue;
         }
         constexpr std::size_t mostHints = 1000; // they take long to find
-        Blame(word, fmt::format("{} is no code of a finding", Shorten(word)),
+        Blame(word, fmt::format("unknown finding code '{}'", Shorten(word)),
             faults_.size() < mostHints ? HintOf(word) : "");
     }
     return isAll ? codes.set() : codes;
@@ -161,8 +165,7 @@ void Suppressions::Close(std::string_view comment, const CodeSet& codes)
 {
     const CodeSet open = regions_.empty() ? CodeSet() : regions_.back().codes;
     if (codes.any() && (open & codes).none())
-        Blame(comment, "the comment ends what no comment has begun",
-            "'quor: begin-off' begins it, with the same codes");
+        Blame(comment, "end-off without begin-off", "add '-- quor: begin-off' with the same codes before it");
     for (std::size_t i = 0; i < codeCount; ++i) {
         if (codes[i])
             opened_[i].reset();
@@ -178,8 +181,8 @@ void Suppressions::ReportOpen()
         if (!comment || std::find(told.begin(), told.end(), comment->data()) != told.end())
             continue;
         told.push_back(comment->data());
-        Blame(*comment, "what the comment silences goes on to the end of the file",
-            "end it with a comment '-- quor: end-off'");
+        Blame(*comment, "begin-off without end-off; the findings are hidden up to the end of the file",
+            "add '-- quor: end-off' with the same codes after it");
     }
     const auto byPlace = [](const Fault& a, const Fault& b) { return a.offset < b.offset; };
     std::stable_sort(faults_.begin(), faults_.end(), byPlace);

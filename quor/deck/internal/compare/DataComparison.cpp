@@ -226,20 +226,4 @@ std::string DataComparison::ScalarText(const MD& md, const ScalarValue& value) c
     return fallback.isThere ? fmt::format("default ({})", ToText(md, fallback)) : absent;
 }
 
-std::string RecordText(const IKeywordRecordData& record)
-{
-    const auto& md = static_cast<const IKeywordRecordMD&>(*record.GetMD());
-    std::string text;
-    for (int i = 0; i < md.GetSize(); ++i) {
-        const IKeywordDataMD& item = *md.GetItemMD(i);
-        if (!KeywordUtils::IsItemMDType(item.GetType()))
-            break;
-        const ScalarValue value = ItemValue(item, record.GetData(i));
-        text.append(i == 0 ? "" : " ").append(IsGiven(value) ? ToText(item, value) : "*");
-    }
-    while (text.ends_with(" *"))
-        text.resize(text.size() - 2);
-    return text;
-}
-
 } // namespace Veld::Quor::Core::Decks

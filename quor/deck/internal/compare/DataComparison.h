@@ -74,7 +74,4 @@ private:
     std::vector<ItemChange>* changes_ = nullptr; // null: only whether there are some is asked
 };
 
-/// The values of a record, or those of its first items, on one line.
-std::string RecordText(const Core::Keywords::IKeywordRecordData& record);
-
 } // namespace Veld::Quor::Core::Decks

@@ -31,21 +31,21 @@ bool KeepsOrder(Constraint::Enum constraint, double before, double now)
     return true;
 }
 
-const char* OrderOf(Constraint::Enum constraint)
+std::string OrderText(Constraint::Enum constraint, const std::string& where, double before, double now)
 {
     switch (constraint) {
     case Constraint::StrictlyIncreasing:
-        return "must be greater than the value before";
+        return fmt::format("{}: value {} must be greater than the previous value {}", where, now, before);
     case Constraint::StrictlyDecreasing:
-        return "must be less than the value before";
+        return fmt::format("{}: value {} must be less than the previous value {}", where, now, before);
     case Constraint::Increasing:
-        return "must not be less than the value before";
+        return fmt::format("{}: value {} must not be less than the previous value {}", where, now, before);
     case Constraint::Decreasing:
-        return "must not be greater than the value before";
+        return fmt::format("{}: value {} must not be greater than the previous value {}", where, now, before);
     case Constraint::None:
         break;
     }
-    return "";
+    return {};
 }
 
 } // namespace
@@ -73,9 +73,8 @@ std::optional<ColumnOrder::Disorder> ColumnOrder::Check(
     // Where the first column begins again, so may a table.
     const bool mayBeNew =
         index == 0 && record.termination == Termination::NONE && !rows_->isOutOfStep && !IsRowShifted(range);
-    Misfit misfit{Code::ColumnOrder,
-        fmt::format("{}: {} {}, {}", values_.In(item), value, OrderOf(item.constraint), last),
-        mayBeNew ? "if a new table begins here, put a slash before it" : ""};
+    Misfit misfit{Code::ColumnOrder, OrderText(item.constraint, values_.In(item), last, value),
+        mayBeNew ? "if a new table starts here, add a slash before it" : ""};
     last = HUGE_VAL;
     return Disorder{std::move(misfit), mayBeNew};
 }
@@ -93,7 +92,7 @@ bool ColumnOrder::MayReport(const DataPlan& record, const TextRange& range, std:
         return false;
     if (IsRowShifted(range)) {
         SetOutOfStep();
-        hint = "a row on this line or before it has a value too few or too many";
+        hint = "a row on this line or before it has too few or too many values";
     }
     return true;
 }

@@ -56,7 +56,7 @@ void DataReader::Read(const DataPlan& plan, const Token& keyword, IKeywordData& 
         text_.NextData(); // a slash after data that end by themselves does no harm; it isn't part of them
     if (words_.GetRepeats() > 0)
         reporter_.Report(words_.GetRange(), Code::TooManyValues,
-            fmt::format("{}: the repeat goes on beyond the end of the data by {}", keyword_.text,
+            fmt::format("{}: too many values (the repeat count is too large by {})", keyword_.text,
                 words_.GetRepeats()));
     notesOfKeyword_ = notes_.Finish(data, {keyword.range.file, GetEnd(), 0});
 }
@@ -84,20 +84,37 @@ DataReader::Ended DataReader::ReadContainer(const DataPlan& plan, IKeywordData& 
 /// After one word too many.
 DataReader::Ended DataReader::SkipToSlash()
 {
-    return words_.SkipToSlash() == Got::Slash ? Ended::Complete : Unclosed("record");
+    return words_.SkipToSlash() == Got::Slash ? Ended::Complete : Unclosed(Open::Record);
 }
 
-DataReader::Ended DataReader::Unclosed(const char* what)
+DataReader::Ended DataReader::Unclosed(Open what)
 {
     if (!text_.MissedInclusion()) // which may have held the end
         ReportUnclosed(words_.GetEnd(), what);
     return Ended::ByStop;
 }
 
-void DataReader::ReportUnclosed(const TextRange& end, const char* what)
+void DataReader::ReportUnclosed(const TextRange& end, Open what)
 {
-    reporter_.Report(end, Code::UnclosedData, fmt::format("{}: the {} is not closed", keyword_.text, what),
-        "put a slash behind its last value");
+    const auto report = [&](std::string message, const char* hint) {
+        reporter_.Report(end, Code::UnclosedData, std::move(message), hint);
+    };
+    switch (what) {
+    case Open::Record:
+        return report(fmt::format("{}: missing slash at the end of the record", keyword_.text),
+            "add a slash after the last value");
+    case Open::Values:
+    case Open::Records:
+        return report(fmt::format("{}: missing slash at the end of the list", keyword_.text),
+            what == Open::Values ? "add a slash after the last value"
+                                 : "add a line with a slash after the last record");
+    case Open::Names:
+        return report(fmt::format("{}: missing slash at the end of the list of names", keyword_.text),
+            "add a slash after the last name");
+    case Open::ByWord:
+        return report(fmt::format("{}: missing end word of the list", keyword_.text),
+            "add the word that ends the list of this keyword");
+    }
 }
 
 /// Names are those of items of the records being read, the innermost first, and then those of the deck.

@@ -77,6 +77,8 @@ private:
         BySlash, ///< a slash that belongs to what is around it was taken
         ByStop, ///< reported already
     };
+    /// What lacks its end.
+    enum class Open { Record, Values, Records, Names, ByWord };
     /// Of a list of numbers: what is reported once, with how many there are.
     struct NumberFaults {
         TextRange firstBeyond; // its limits
@@ -91,8 +93,8 @@ private:
         const DataPlan& plan, Core::Keywords::IKeywordData& data, std::vector<RecordStart>& starts);
     Ended ReadContainer(const DataPlan& plan, Core::Keywords::IKeywordData& data);
     Ended SkipToSlash();
-    Ended Unclosed(const char* what);
-    void ReportUnclosed(const TextRange& end, const char* what);
+    Ended Unclosed(Open what);
+    void ReportUnclosed(const TextRange& end, Open what);
     long long SizeOf(const std::string* text) const;
     std::optional<long long> SizeOfName(const std::string& name) const;
 
@@ -140,7 +142,9 @@ private:
     Ended EndListByStop(const DataPlan& plan, long long size, const Core::Keywords::IKeywordListData& list);
     Ended EndListBySlash(const DataPlan& plan, long long size, const Core::Keywords::IKeywordListData& list);
     bool EndsByWord(const Core::Keywords::ICustomReadTermination& endWords);
-    Ended UnclosedList(const DataPlan& element);
+    Ended UnclosedList(const DataPlan& plan);
+    static Open OpenListOf(const DataPlan& plan);
+    void ReportNoDefault(const DataPlan& item);
     void CheckSize(const DataPlan& plan, long long size, long long count, const TextRange& range);
 
     // Lists of numbers

@@ -9,6 +9,8 @@
 
 #include <fmt/format.h>
 
+#include <limits>
+
 // Maps and raw text.
 
 namespace Veld::Quor::Core::Decks {
@@ -29,11 +31,11 @@ DataReader::Ended DataReader::ReadMap(const DataPlan& plan, IKeywordMapData& map
         const Got got = words_.Next();
         if (words_.TakeRepeats() > 1)
             reporter_.Report(words_.GetRange(), Code::BadRepeat,
-                fmt::format("{}: names can't be repeated", keyword_.text));
+                fmt::format("{}: a name can't have a repeat count", keyword_.text));
         if (got == Got::Value)
             ReadAssignment(map);
         else if (got == Got::Stop && plan.termination != Termination::NONE)
-            ended = Unclosed("list of names");
+            ended = Unclosed(Open::Names);
         if (got == Got::Stop || got == Got::Slash)
             break;
     }
@@ -55,7 +57,8 @@ void DataReader::ReadAssignment(IKeywordMapData& map)
         return;
     if (!map.SetValue(name, *value)) {
         reporter_.Report(range, Code::UnknownName,
-            fmt::format("{}: {} is none of its names", keyword_.text, Shorten(name)),
+            name.empty() ? fmt::format("{}: missing name before '='", keyword_.text)
+                         : fmt::format("{}: unknown name '{}'", keyword_.text, Shorten(name)),
             HintOfKey(static_cast<const IKeywordMapMD&>(*map.GetMD()), name));
         return;
     }
@@ -96,7 +99,10 @@ std::optional<int> DataReader::ConvertAssigned(
     }
     if (!value)
         reporter_.Report(range, Code::WrongType,
-            fmt::format("{}, {}: '{}' is no whole number", keyword_.text, Shorten(name), Shorten(number)));
+            number.empty() ? fmt::format(
+                "{}, {}: missing value after '='; expected a whole number", keyword_.text, Shorten(name))
+                           : fmt::format("{}, {}: invalid value '{}'; expected a whole number", keyword_.text,
+                               Shorten(name), Shorten(number)));
     return value;
 }
 
@@ -105,12 +111,13 @@ void DataReader::CheckAssignment(
 {
     if (target_.simulator != SimulatorType::Any && !md.IsValid(target_.simulator))
         reporter_.Report(range, Code::ItemNotValid,
-            fmt::format("{}: {} is not valid for {}", keyword_.text, name, NameOf(target_)), "leave it out");
+            fmt::format("{}: name {} is not valid for {}", keyword_.text, name, NameOf(target_)),
+            "remove the name");
     else if ((md.GetMin() && value < *md.GetMin()) || (md.GetMax() && value > *md.GetMax()))
         reporter_.Report(range, Code::OutOfRange,
-            fmt::format("{}, {}: {} is {}", keyword_.text, name, value,
-                md.GetMin() && value < *md.GetMin() ? fmt::format("less than {}", *md.GetMin())
-                                                    : fmt::format("greater than {}", *md.GetMax())));
+            OutOfRangeText(fmt::format("{}, {}", keyword_.text, name), value,
+                md.GetMin().ValueOr(std::numeric_limits<int>::min()),
+                md.GetMax().ValueOr(std::numeric_limits<int>::max())));
 }
 
 void DataReader::ReadRaw(const DataPlan& plan, IKeywordRawData& data)
@@ -120,8 +127,8 @@ void DataReader::ReadRaw(const DataPlan& plan, IKeywordRawData& data)
     data.SetData(std::string(text.text));
     if (text.kind == Token::Kind::End)
         reporter_.Report(keyword_.range, Code::UnclosedText,
-            "the text of this keyword goes on to the end of the file",
-            fmt::format("end it with {} at the start of a line", end));
+            fmt::format("{}: missing {} at the end of the text", keyword_.text, end),
+            fmt::format("add {} at the start of a line", end));
 }
 
 } // namespace Veld::Quor::Core::Decks

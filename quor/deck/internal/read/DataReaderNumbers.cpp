@@ -178,8 +178,7 @@ T DataReader::DefaultNumber(const DataPlan& plan, const IKeywordListData& list)
     const DataPlan& item = plan.items.front();
     const IKeywordListMD& md = ListMD(plan);
     if (!md.IsItemDefaultable())
-        reporter_.Report(words_.GetRange(), Code::NoDefault,
-            fmt::format("{}: the values have no default", values_.In(item)), "give each value");
+        ReportNoDefault(item);
     if (md.FillEmptyElementsWithPreviousValue() && list.GetSize() > 0)
         return *static_cast<const T*>(list.GetData(static_cast<std::size_t>(list.GetSize() - 1)));
     return static_cast<const MD*>(item.md)->GetDefault(target_.simulator).ValueOr(T());
@@ -192,16 +191,14 @@ void DataReader::ReportNumbers(const DataPlan& plan, long long size, const Numbe
     // Without its size the list may have taken what doesn't belong to it.
     const bool isSure = size != unknownSize || plan.termination != Termination::NONE || records_.empty();
     if (faults.beyond > 0 && isSure) {
-        Misfit misfit = values_.Beyond(plan.items.front(), faults.beyondValue);
-        if (faults.beyond > 1)
-            misfit.message += fmt::format(", and {} more are beyond the limits", faults.beyond - 1);
+        Misfit misfit = values_.Beyond(plan.items.front(), faults.beyondValue, faults.beyond - 1);
         if (MayReportOfRow(faults.firstBeyond, misfit.hint))
             ReportAt(faults.firstBeyond, std::move(misfit));
     }
     if (faults.surplus > 0)
         reporter_.Report(faults.firstSurplus, Code::WrongSize,
             fmt::format(
-                "{}: {} values are expected, and here are {} more", keyword_.text, size, faults.surplus),
+                "{}: too many values (expected {}, found {})", keyword_.text, size, size + faults.surplus),
             fmt::format("the size is {}", *ListMD(plan).GetSize()));
 }
 

@@ -52,7 +52,7 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
     if (item.type == MDType::Line)
         return ReadLine(records_.size() == 1 && index == 0, storage);
     if (BeginsNextRecord(plan, index)) {
-        Unclosed("record");
+        Unclosed(Open::Record);
         notes_.PassMissing(item, 0, words_.GetRange());
         return Ended::BySlash;
     }
@@ -61,7 +61,7 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
         order_.BeginRow(words_.GetRange());
     switch (got) {
     case Got::Stop:
-        return Unclosed("record");
+        return Unclosed(Open::Record);
     case Got::Slash:
         CheckMissing(plan, index, words_.GetRange());
         notes_.PassMissing(item, 0, words_.GetRange());
@@ -97,8 +97,8 @@ DataReader::Ended DataReader::ReadDefault(const DataPlan& item)
 {
     bool isShifted = false;
     if (!item.MayBeMissing())
-        isShifted = ReportMisfit(
-            item, {Code::NoDefault, fmt::format("{} has no default", values_.In(item)), "give its value"});
+        isShifted = ReportMisfit(item,
+            {Code::NoDefault, fmt::format("{}: the item has no default", values_.In(item)), "write a value"});
     notes_.Pass(words_.GetRange());
     return isShifted ? SkipRest() : Ended::Complete;
 }
@@ -116,11 +116,11 @@ void DataReader::CheckValid(const DataPlan& item)
 {
     if (!item.isValid)
         reporter_.Report(words_.GetRange(), Code::ItemNotValid,
-            fmt::format("{} is not valid for {}", values_.In(item), NameOf(target_)),
-            "leave it to its default");
+            fmt::format("{}: the item is not valid for {}", values_.In(item), NameOf(target_)),
+            "write '1*' instead of the value");
     else if (item.isUnsupported)
         reporter_.Report(words_.GetRange(), Code::ItemUnsupported,
-            fmt::format("{} has no effect for {}", values_.In(item), NameOf(target_)));
+            fmt::format("{}: the item has no effect for {}", values_.In(item), NameOf(target_)));
 }
 
 /// What the word says goes to the item, if it fits. True if the rest of the record is shifted.
@@ -183,22 +183,21 @@ DataReader::Ended DataReader::EndRecord(const DataPlan& plan)
     if (plan.items.back().type == MDType::Line)
         return Ended::Complete; // with its line
     if (BeginsNextRecord(plan, plan.items.size())) {
-        Unclosed("record");
+        Unclosed(Open::Record);
         return Ended::Complete;
     }
     switch (words_.Next()) {
     case Got::Slash:
         return Ended::Complete;
     case Got::Stop:
-        return Unclosed("record");
+        return Unclosed(Open::Record);
     case Got::Value:
     case Got::Default:
         break;
     }
     reporter_.Report(words_.GetRange(), Code::TooManyValues,
-        fmt::format("{}: the record has {} item{}, and here is one more", keyword_.text, plan.items.size(),
-            plan.items.size() == 1 ? "" : "s"),
-        "end the record with a slash before it");
+        fmt::format("{}: too many values (expected at most {})", keyword_.text, plan.items.size()),
+        "end the record with a slash before this value");
     return SkipToSlash();
 }
 
@@ -213,8 +212,8 @@ void DataReader::CheckMissing(const DataPlan& plan, std::size_t first, const Tex
     }
     if (!missing.empty() && !order_.IsOutOfStep())
         reporter_.Report(range, Code::TooFewValues,
-            fmt::format("{}: the record ends before {}", keyword_.text, missing),
-            "only what has a default may be left out");
+            fmt::format("{}: too few values (missing: {})", keyword_.text, missing),
+            "only items with a default can be omitted");
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -1,5 +1,6 @@
 #include "quor/deck/internal/read/DataValue.h"
 
+#include "quor/data/IKeywordRecordData.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/foundation/service/Optional.h"
 #include "quor/metadata/IKeywordAssignmentMD.h"
@@ -8,7 +9,9 @@
 #include "quor/metadata/IKeywordIntegerMD.h"
 #include "quor/metadata/IKeywordLineMD.h"
 #include "quor/metadata/IKeywordRealMD.h"
+#include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/IKeywordStringMD.h"
+#include "quor/metadata/KeywordUtils.h"
 
 #include <fmt/format.h>
 
@@ -107,7 +110,7 @@ std::string ToText(const IKeywordDataMD& md, const ScalarValue& value)
     if (md.GetType() != MDType::Choice)
         return fmt::format("{}", *integer);
     const auto& choice = static_cast<const IKeywordChoiceMD&>(md);
-    return *integer >= 0 && *integer < choice.NumChoices() ? choice.GetChoice(*integer) : "an unknown choice";
+    return *integer >= 0 && *integer < choice.NumChoices() ? choice.GetChoice(*integer) : "unknown choice";
 }
 
 std::string ToText(const IKeywordDataMD& md, const DefaultValue& value)
@@ -126,6 +129,22 @@ std::string ItemName(const IKeywordDataMD& md)
     if (md.GetName().empty() && md.GetItemNumber() > 0)
         return fmt::format("item {}", md.GetItemNumber());
     return md.GetName();
+}
+
+std::string RecordText(const IKeywordRecordData& record)
+{
+    const auto& md = static_cast<const IKeywordRecordMD&>(*record.GetMD());
+    std::string text;
+    for (int i = 0; i < md.GetSize(); ++i) {
+        const IKeywordDataMD& item = *md.GetItemMD(i);
+        if (!KeywordUtils::IsItemMDType(item.GetType()))
+            break;
+        const ScalarValue value = ItemValue(item, record.GetData(i));
+        text.append(i == 0 ? "" : " ").append(IsGiven(value) ? ToText(item, value) : "*");
+    }
+    while (text.ends_with(" *"))
+        text.resize(text.size() - 2);
+    return text;
 }
 
 } // namespace Veld::Quor::Core::Decks

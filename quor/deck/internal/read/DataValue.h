@@ -6,6 +6,10 @@
 #include <string>
 #include <variant>
 
+namespace Veld::Quor::Core::Keywords {
+class IKeywordRecordData;
+}
+
 namespace Veld::Quor::Core::Decks {
 
 /// A scalar of a keyword's data or metadata; `std::monostate` if there is none. Of a choice its index.
@@ -38,6 +42,9 @@ bool MeanSame(const Core::Keywords::IKeywordDataMD& md, const ScalarValue& a, co
 std::string ToText(const Core::Keywords::IKeywordDataMD& md, const ScalarValue& value);
 /// "none", "calculated", or the value.
 std::string ToText(const Core::Keywords::IKeywordDataMD& md, const DefaultValue& value);
+
+/// The values of a record, or those of its first items, on one line.
+std::string RecordText(const Core::Keywords::IKeywordRecordData& record);
 
 /// The item as people know it: its name or its number.
 std::string ItemName(const Core::Keywords::IKeywordDataMD& md);

@@ -69,6 +69,7 @@ private:
     void ReadMisspelt(const Token& head);
     void ReadAs(const Token& head, const Entry& entry);
     void ReadStray(const Token& token);
+    std::string StrayMessage(const std::string& word) const;
     void ReadKeyword(const Token& head, const Entry& entry, bool isGuess = false);
     void EnterSection(const Token& head, const Entry& entry);
     void ReadData(KeywordInstance& keyword, const Token& head, bool isReported);
@@ -112,7 +113,7 @@ std::unique_ptr<DeckContents> DeckReader::Read()
     scopes_.CloseAll(sections_.IsSure());
     if (deck_->keywords.empty() && deck_->files.GetSize() == 1 && reporter_.GetErrorCount() == 0)
         reporter_.Report(
-            {}, Code::NoSection, "the deck has no keywords", "a deck begins with the section RUNSPEC");
+            {}, Code::NoSection, "the deck has no keywords", "start the deck with section RUNSPEC");
     text_.Finish();
     reporter_.ReportBadSuppressions();
     deck_->distinctFiles = text_.GetFileCount();
@@ -143,7 +144,8 @@ void DeckReader::ReadUnknown(const Token& head)
         ReadMisspelt(head);
     } else if (const Entry* const entry = vocabulary_.Find(upper)) {
         reporter_.Report(head.range, Code::LowerCase,
-            fmt::format("the keyword {} is not in upper case", upper), fmt::format("write {}", upper));
+            fmt::format("keyword '{}' is not in upper case", Shorten(head.text)),
+            fmt::format("write {}", upper));
         ReadAs(head, *entry);
     } else {
         ReadStray(head);
@@ -175,15 +177,10 @@ void DeckReader::ReadAs(const Token& head, const Entry& entry)
 
 void DeckReader::ReadStray(const Token& token)
 {
-    const std::string after = deck_->keywords.empty()
-        ? std::string("before the first keyword")
-        : fmt::format("behind the data of {}", deck_->keywords.back().syntax->GetName());
     const Token word = token.kind == Token::Kind::Keyword ? token : text_.NextData();
     const Entry* const entry = vocabulary_.Find(word.text);
-    reporter_.Report(word.range, Code::StrayText,
-        fmt::format(
-            "here is {}, {}, where a keyword is expected", Shorten(deck_->files.GetText(word.range)), after),
-        entry ? "a keyword stands at the beginning of its line" : "");
+    reporter_.Report(word.range, Code::StrayText, StrayMessage(Shorten(word.text)),
+        entry ? "a keyword must start in the first column" : "");
     const auto lone = FindLoneWord(text_.GetLineFrom(word.range));
     const bool isIndented = entry && lone && !lone->hasSlash && text_.IsFirstOnLine(word.range);
     if (isIndented)
@@ -191,6 +188,16 @@ void DeckReader::ReadStray(const Token& token)
     else
         text_.SkipData();
     mayMissKeywords_ = mayMissKeywords_ || !isIndented;
+}
+
+std::string DeckReader::StrayMessage(const std::string& word) const
+{
+    if (deck_->keywords.empty())
+        return fmt::format("unexpected '{}' before the first keyword; expected a keyword", word);
+    const IKeywordSyntax& last = *deck_->keywords.back().syntax;
+    if (!last.GetDataMD())
+        return fmt::format("unexpected '{}' after {}; expected a keyword", word, last.GetName());
+    return fmt::format("unexpected '{}' after the data of {}; expected a keyword", word, last.GetName());
 }
 
 /// `isGuess`: the deck has another word, which was reported; nothing is to be reported of it, nor made of it.
@@ -253,8 +260,9 @@ void DeckReader::CheckNoData(const Token& head)
     const Token word = text_.NextData();
     if (word.kind == Token::Kind::Slash)
         return;
-    reporter_.Report(
-        word.range, Code::StrayText, fmt::format("{} takes no data", head.text), "end the line behind it");
+    reporter_.Report(word.range, Code::StrayText,
+        fmt::format("unexpected '{}' after {}; expected the end of the line", Shorten(word.text), head.text),
+        fmt::format("{} has no data", head.text));
     text_.SkipData();
 }
 

@@ -116,8 +116,8 @@ Token DeckText::ScanData()
             return keyword;
         const DataWord word = FindDataWord(GetRest());
         if (word.text == "\\" && word.length == 1) {
-            ReportOnce(RangeOf(word.text), Code::StrayText, "here is a backslash, where a slash is expected",
-                "write /");
+            ReportOnce(
+                RangeOf(word.text), Code::StrayText, "unexpected backslash; expected a slash", "write '/'");
             return TakeSlash();
         }
         return TakeWord(word);
@@ -165,11 +165,14 @@ Token DeckText::TakeWord(const DataWord& word)
         token.isClosed = false;
         const char* const quote = word.text.data() - 1;
         ReportOnce(RangeOf({quote, word.length - word.repeat.length}), Code::UnclosedQuote,
-            "the quote is not closed on its line", fmt::format("put a {} behind the text", *quote));
+            token.text.empty() ? "unclosed quote"
+                               : fmt::format("unclosed quote before '{}'", Shorten(token.text)),
+            fmt::format("add a closing {} on the same line", *quote));
     } else if (word.quotes == DataWord::Quotes::Unopened) {
-        ReportOnce(token.range, Code::UnclosedQuote, "the quote behind the text was not opened",
-            fmt::format("put a {} before the text", word.text.back()));
         token.text.remove_suffix(1);
+        ReportOnce(token.range, Code::UnclosedQuote,
+            fmt::format("unopened quote after '{}'", Shorten(token.text)),
+            fmt::format("add an opening {} before the text", word.text.back()));
     }
     return token;
 }
@@ -184,12 +187,12 @@ Token DeckText::TakeSlash()
 }
 
 /// Even if the word is read again.
-void DeckText::ReportOnce(const TextRange& range, Code code, const char* message, std::string hint)
+void DeckText::ReportOnce(const TextRange& range, Code code, std::string message, std::string hint)
 {
     if (range.file == lastReported_.file && range.offset <= lastReported_.offset && lastReported_.length > 0)
         return;
     lastReported_ = range;
-    reporter_.Report(range, code, message, std::move(hint));
+    reporter_.Report(range, code, std::move(message), std::move(hint));
 }
 
 bool DeckText::IsFirstOnLine(const TextRange& range) const

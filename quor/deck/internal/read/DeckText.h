@@ -142,7 +142,7 @@ private:
     Token TakeToken(Token::Kind kind, std::size_t length);
     Token TakeWord(const DataWord& word);
     Token TakeSlash();
-    void ReportOnce(const TextRange& range, Code code, const char* message, std::string hint);
+    void ReportOnce(const TextRange& range, Code code, std::string message, std::string hint);
     Token TakeLine();
     void NoteComment();
     void NoteRemark();

@@ -37,8 +37,8 @@ bool DeckText::TakeStructure(const Entry& entry, std::string_view word)
         }
         position_ += word.size();
         reporter_.Report(range, Code::StrayEndinc,
-            fmt::format("{} has no effect in a file that isn't included", entry.spelling),
-            "END ends the deck");
+            fmt::format("{} has no effect outside an included file", entry.spelling),
+            "use END to end the deck");
         ++turns_;
         return true;
     case KeywordDeckRole::Include:
@@ -100,15 +100,15 @@ void DeckText::ReadInclude(std::string_view word)
         Include(statement, name, std::string(token->name));
         return;
     }
-    reporter_.Report(name, Code::IncludeName, "the name of the file to include has no closing quote",
-        "close it on the same line");
+    reporter_.Report(name, Code::IncludeName, "unclosed quote in the name of the included file",
+        "add a closing quote on the same line");
     missedInclusion_ = true;
 }
 
 void DeckText::ReportMissingName(const TextRange& keyword)
 {
-    reporter_.Report(keyword, Code::IncludeName, "the name of the file to include is missing",
-        "put it in quotes, with a slash behind it");
+    reporter_.Report(keyword, Code::IncludeName, "missing name of the included file",
+        "write the name in quotes, followed by a slash");
     missedInclusion_ = true;
 }
 
@@ -133,8 +133,11 @@ void DeckText::Include(const TextRange& statement, const TextRange& name, const 
             source = source_.Open(path);
         Enter({path, std::move(source), statement, 0}, identity);
     } catch (const SourceError& error) {
-        reporter_.Report(name, Code::IncludeMissing, fmt::format("can't read '{}': {}", path, error.what()),
-            "a relative name starts from the folder of the deck");
+        reporter_.Report(name, Code::IncludeMissing,
+            fmt::format("can't read '{}': {}", Printable(path), error.what()),
+            std::filesystem::path(resolved).is_absolute()
+                ? ""
+                : "a relative name starts from the folder of the deck");
         missedInclusion_ = true;
     }
 }
@@ -147,8 +150,8 @@ void DeckText::ReportAlias(const TextRange& name, const std::string& path)
     if (!reportedAliases_.insert(alias).second)
         return;
     reporter_.Report(name, Code::UnknownAlias,
-        fmt::format("the path '{}' has the alias {}, which is not defined", path, alias),
-        "the keyword PATHS defines aliases");
+        fmt::format("unknown path alias '{}' in '{}'", Printable(alias), Printable(path)),
+        "define the alias with PATHS");
 }
 
 bool DeckText::MayInclude(const TextRange& name, const std::string& path, const std::string& identity)
@@ -156,18 +159,18 @@ bool DeckText::MayInclude(const TextRange& name, const std::string& path, const 
     const bool isLoop = std::any_of(
         frames_.begin(), frames_.end(), [&](const Frame& frame) { return frame.identity == identity; });
     if (isLoop) {
-        reporter_.Report(name, Code::IncludeLoop,
-            fmt::format("'{}' is being read already and can't be included in itself", path));
+        reporter_.Report(name, Code::IncludeLoop, fmt::format("file '{}' includes itself", Printable(path)));
         return false;
     }
     if (frames_.size() > deepestInclusion) {
         reporter_.Report(name, Code::IncludeDepth,
-            fmt::format("more than {} files are included in one another", deepestInclusion));
+            fmt::format("too many nested included files (expected at most {})", deepestInclusion));
         return false;
     }
     if (++inclusions_ > mostInclusions) {
         reporter_.Report(name, Code::IncludeCount,
-            fmt::format("more than {} inclusions; the rest of the deck is not read", mostInclusions));
+            fmt::format("too many included files (expected at most {}); the rest of the deck is not read",
+                mostInclusions));
         isEnded_ = true; // each further one would say the same
         return false;
     }
@@ -190,8 +193,8 @@ void DeckText::Enter(DeckFile file, const std::string& identity)
     known_ += text.size();
     if (!isWide)
         return;
-    reporter_.Report({GetFile(), 0, 0}, Code::Encoding, "the file is in an encoding of 16-bit units",
-        "save it as plain text or in UTF-8");
+    reporter_.Report({GetFile(), 0, 0}, Code::Encoding, "unsupported file encoding UTF-16",
+        "save the file as plain text or UTF-8");
     missedInclusion_ = true;
     position_ = end_;
 }
@@ -226,8 +229,8 @@ void DeckText::ReportOpenBlocks()
 {
     for (const SkipBlock& block : frames_.back().blocks)
         reporter_.Report(block.opened, Code::UnclosedSkip,
-            fmt::format("the block that {} opens is not closed in this file", block.keyword),
-            "close it with ENDSKIP");
+            fmt::format("unclosed {}; expected ENDSKIP in the same file", block.keyword),
+            "add ENDSKIP after the block");
 }
 
 void DeckText::OpenBlock(const TextRange& range, std::string_view keyword, bool isPassedOver)
@@ -244,8 +247,8 @@ void DeckText::CloseBlock(const TextRange& range, std::string_view keyword)
     if (!frames_.back().blocks.empty())
         frames_.back().blocks.pop_back();
     else
-        reporter_.Report(
-            range, Code::StrayEndskip, fmt::format("{} ends no block that was opened in this file", keyword));
+        reporter_.Report(range, Code::StrayEndskip,
+            fmt::format("{} has no matching opening keyword in this file", keyword));
 }
 
 /// Only what opens and closes blocks counts in a block that is passed over.

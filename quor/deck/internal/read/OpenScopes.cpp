@@ -15,7 +15,7 @@ void OpenScopes::Follow(bool mayMissKeywords)
         Leave();
     else if (language_.EndsScopes(*keyword.syntax) && !mayMissKeywords)
         reporter_.Report(keyword.name, Code::StrayEnd,
-            fmt::format("{} ends nothing that was opened", keyword.syntax->GetName()));
+            fmt::format("{} has no matching opening keyword", keyword.syntax->GetName()));
     if (!keyword.syntax->HasScope())
         return;
     deck_.scopes.push_back({static_cast<std::uint32_t>(deck_.keywords.size() - 1), innermost_});
@@ -32,8 +32,8 @@ void OpenScopes::CloseAll(bool isSure)
         const IKeywordSyntax* const end = opener.syntax->GetScopeSyntax();
         if (end && isSure)
             reporter_.Report(opener.name, Code::UnclosedScope,
-                fmt::format("what {} opens is not closed", opener.syntax->GetName()),
-                fmt::format("close it with {}", end->GetName()));
+                fmt::format("unclosed {}; expected {}", opener.syntax->GetName(), end->GetName()),
+                fmt::format("add {} before the end of the section", end->GetName()));
     }
 }
 

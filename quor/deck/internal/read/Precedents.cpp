@@ -20,7 +20,7 @@ void Precedents::Check(const KeywordInstance& keyword)
     }
     if (!missing.empty())
         reporter_.Report(keyword.name, Code::MissingPrecedent,
-            fmt::format("{} needs {} before it", keyword.syntax->GetName(), missing));
+            fmt::format("{} requires {} before it", keyword.syntax->GetName(), missing));
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -34,12 +34,13 @@ std::string FindShift(const DataPlan& record, std::size_t index, long long repea
     if (Fits(record, index + 1, line.words))
         return {};
     if (Fits(record, index, std::span(line.words).subspan(1)))
-        return "it seems to be one too many";
+        return "this value seems to be extra";
     line.words.front().repeat.count = repeats + 1;
     for (std::size_t first = index + 1; first < record.items.size(); ++first) {
         if (Fits(record, first, line.words))
-            return first == index + 1 ? "a value seems to be missing before it"
-                                      : fmt::format("{} values seem to be missing before it", first - index);
+            return first == index + 1
+                ? "a value seems to be missing before this one"
+                : fmt::format("{} values seem to be missing before this one", first - index);
     }
     return {};
 }

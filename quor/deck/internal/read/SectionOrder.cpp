@@ -1,6 +1,7 @@
 #include "quor/deck/internal/read/SectionOrder.h"
 
 #include "quor/deck/internal/check/KeywordValidity.h"
+#include "quor/deck/internal/text/LineText.h"
 
 #include <fmt/format.h>
 
@@ -29,16 +30,17 @@ void SectionOrder::Enter(SectionType::Enum section, const TextRange& name, const
     std::optional<TextRange>& range = ranges_[static_cast<std::size_t>(section)];
     if (range) {
         const Location location = files_.LocationOf(*range);
-        reporter_.Report(name, Code::SectionOrder, fmt::format("the section {} is repeated", entry.spelling),
-            fmt::format("it began in {}:{}", location.file, location.line));
+        reporter_.Report(name, Code::SectionOrder, fmt::format("section {} is repeated", entry.spelling),
+            fmt::format(
+                "section {} starts at {}:{}", entry.spelling, Printable(location.file), location.line));
         return;
     }
     range = name;
     if (furthest_ != SectionType::None && section < furthest_) {
         const std::string& furthest = SectionType::ToString(furthest_);
         reporter_.Report(name, Code::SectionOrder,
-            fmt::format("the section {} stands behind {}", entry.spelling, furthest),
-            fmt::format("put it before {}", furthest));
+            fmt::format("section {} must come before section {}", entry.spelling, furthest),
+            fmt::format("move section {} before section {}", entry.spelling, furthest));
         return;
     }
     furthest_ = section;
@@ -62,7 +64,8 @@ bool SectionOrder::Accept(const TextRange& name, const Entry& entry)
     reporter_.Report(name, objection->code, objection->message,
         expected_ == SectionType::None
             ? objection->hint
-            : fmt::format("put it there, or the line {} before it", SectionType::ToString(expected_)));
+            : fmt::format("move {0} to section {1}, or add the missing keyword {1} before it", entry.spelling,
+                SectionType::ToString(expected_)));
     return false;
 }
 
@@ -70,9 +73,8 @@ bool SectionOrder::Accept(const TextRange& name, const Entry& entry)
 bool SectionOrder::AssumeFirst(const TextRange& name, const Entry& entry)
 {
     if (!std::exchange(isMissingReported_, true))
-        reporter_.Report(name, Code::NoSection,
-            fmt::format("{} stands before the first section", entry.spelling),
-            "a deck begins with the section RUNSPEC");
+        reporter_.Report(name, Code::NoSection, fmt::format("{} is before the first section", entry.spelling),
+            "start the deck with section RUNSPEC");
     if (!IsValidIn(SectionType::RUNSPEC, entry))
         return false;
     current_ = SectionType::RUNSPEC;

@@ -2,8 +2,10 @@
 
 #include "quor/data/DataAccessUtils.h"
 #include "quor/data/IKeywordListData.h"
+#include "quor/data/IKeywordRecordData.h"
 #include "quor/data/KeywordDataFactory.h"
 #include "quor/deck/internal/read/DataShape.h"
+#include "quor/deck/internal/read/DataValue.h"
 
 #include <fmt/format.h>
 
@@ -91,30 +93,35 @@ void TimeLine::FollowStart(const KeywordInstance& keyword, bool isSound)
         return;
     sound_.start = sound_.now = start;
     if (!start.IsDef())
-        reporter_.Report(keyword.name, Code::BadDate, "START: there is no such date", "as in 1 JAN 2020");
+        reporter_.Report(keyword.name, Code::BadDate,
+            fmt::format("START: invalid date '{}'",
+                RecordText(static_cast<const IKeywordRecordData&>(*keyword.data))),
+            "expected a date such as 1 JAN 2020");
 }
 
 void TimeLine::FollowDates(const KeywordInstance& keyword, bool isSound)
 {
+    const auto& list = static_cast<const IKeywordListData&>(*keyword.data);
     SingleElements dates(keyword);
     for (std::size_t i = 0; i < dates.GetSize(); ++i) {
         const auto times = DataAccessUtils::GetTimesFromDATES(dates.Get(i));
         const Time time = times.empty() ? Time() : times.front();
         if (isSound)
-            CheckDate(time, RangeOf(keyword, i));
+            CheckDate(time, *static_cast<const IKeywordRecordData*>(list.GetData(i)), RangeOf(keyword, i));
         if (time.IsDef() && !(reached_.now.IsDef() && time <= reached_.now))
             Reach(time, i);
     }
 }
 
-void TimeLine::CheckDate(const Time& time, const TextRange& range)
+void TimeLine::CheckDate(const Time& time, const IKeywordRecordData& date, const TextRange& range)
 {
     if (!time.IsDef())
-        reporter_.Report(range, Code::BadDate, "DATES: there is no such date", "as in 1 JAN 2020");
+        reporter_.Report(range, Code::BadDate, fmt::format("DATES: invalid date '{}'", RecordText(date)),
+            "expected a date such as 1 JAN 2020");
     else if (sound_.now.IsDef() && time <= sound_.now)
         reporter_.Report(range, Code::DateOrder,
-            fmt::format("DATES: {} does not lie behind {}, which was reached before", time.GetAsString(),
-                sound_.now.GetAsString()));
+            fmt::format("DATES: {} is not after {}, which the schedule has already reached", DateText(time),
+                DateText(sound_.now)));
     else
         sound_.now = time;
 }
@@ -139,8 +146,8 @@ void TimeLine::CheckPeriods(const KeywordInstance& keyword)
         DataAccessUtils::AdvanceTime(sound_.start, sound_.now, sound_.ticksPerUnit, keyword.data.get());
     if (sound_.now.IsDef() && next < sound_.now)
         reporter_.Report(keyword.name, Code::DateOrder,
-            fmt::format("{}: {} lies before {}, which was reached already", keyword.syntax->GetName(),
-                next.GetAsString(), sound_.now.GetAsString()));
+            fmt::format("{}: {} is before {}, which the schedule has already reached",
+                keyword.syntax->GetName(), DateText(next), DateText(sound_.now)));
     else
         sound_.now = next;
 }

@@ -40,7 +40,8 @@ private:
     void FollowStart(const KeywordInstance& keyword, bool isSound);
     void FollowDates(const KeywordInstance& keyword, bool isSound);
     void FollowPeriods(const KeywordInstance& keyword, bool isSound);
-    void CheckDate(const Core::Service::Time& time, const TextRange& range);
+    void CheckDate(const Core::Service::Time& time, const Core::Keywords::IKeywordRecordData& date,
+        const TextRange& range);
     void CheckPeriods(const KeywordInstance& keyword);
     void Reach(const Core::Service::Time& time, std::size_t element);
 

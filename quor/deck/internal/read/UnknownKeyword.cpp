@@ -23,15 +23,11 @@ const Entry* ReportUnknownKeyword(const TextRange& range, std::string_view word,
     }
     const std::string name(word);
     const auto& nearest = vocabulary.FindNearest(name, section);
-    std::string hint;
-    for (const std::string& known : nearest)
-        hint += (hint.empty() ? "did you mean " : ", ") + known;
+    std::string hint = SuggestionOf(nearest);
     if (hint.empty() && word.size() > longestName)
-        hint = fmt::format("the names of keywords have at most {} characters", longestName);
-    else if (!hint.empty())
-        hint += '?';
+        hint = fmt::format("keyword names have at most {} characters", longestName);
     reporter.Report(
-        range, Code::UnknownKeyword, fmt::format("{} is not a keyword", Shorten(word)), std::move(hint));
+        range, Code::UnknownKeyword, fmt::format("unknown keyword '{}'", Shorten(word)), std::move(hint));
     const auto isNear = [&name](const std::string& known) { return EditDistance(name, known, 1) <= 1; };
     const auto first = std::find_if(nearest.begin(), nearest.end(), isNear);
     const bool isSure = std::count_if(nearest.begin(), nearest.end(), isNear) == 1;

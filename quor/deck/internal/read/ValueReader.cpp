@@ -120,14 +120,19 @@ template <class T>
 Misfit ValueReader::MisfitOf(const DataPlan& item, const Text& word) const
 {
     if (item.type == MDType::Choice)
-        return {Code::NotAChoice, fmt::format("{}: {} is not one of its words", In(item), Shorten(word.text)),
+        return {Code::NotAChoice, fmt::format("{}: unknown value '{}'", In(item), Shorten(word.text)),
             HintOfChoice(ChoiceMD(item), std::string(word.text))};
-    constexpr const char* expected = std::is_same_v<T, bool> ? "YES or NO"
-        : std::is_same_v<T, int>                             ? "a whole number"
-                                                             : "a number";
+    const std::string text = Shorten(word.text);
+    if constexpr (std::is_same_v<T, bool>)
+        return {Code::WrongType, fmt::format("{}: invalid value '{}'; expected YES or NO", In(item), text)};
+    if (std::is_same_v<T, int>)
+        return {Code::WrongType,
+            word.isQuoted
+                ? fmt::format("{}: invalid text '{}' in quotes; expected a whole number", In(item), text)
+                : fmt::format("{}: invalid value '{}'; expected a whole number", In(item), text)};
     return {Code::WrongType,
-        fmt::format("{}: {} is expected, and here is {}", In(item), expected,
-            word.isQuoted ? "a text in quotes" : Shorten(word.text))};
+        word.isQuoted ? fmt::format("{}: invalid text '{}' in quotes; expected a number", In(item), text)
+                      : fmt::format("{}: invalid value '{}'; expected a number", In(item), text)};
 }
 
 void ValueReader::Remark(
@@ -135,8 +140,9 @@ void ValueReader::Remark(
 {
     if (item.longest > 0 && CountCharacters(word.text) > static_cast<std::size_t>(item.longest))
         to.push_back({Code::LongText,
-            fmt::format("{}: of the text only the first {} characters count", In(item), item.longest),
-            "shorten it"});
+            fmt::format("{}: '{}' is longer than {} characters; the rest is ignored", In(item),
+                Shorten(word.text), item.longest),
+            "shorten the text"});
 }
 
 void ValueReader::Remark(const DataPlan& item, const Text& word, int value, std::vector<Misfit>& to)
@@ -147,32 +153,48 @@ void ValueReader::Remark(const DataPlan& item, const Text& word, int value, std:
     if (match_.needsWarning) {
         const bool isDeprecated = match_.kind == ChoiceMatch::Kind::Deprecated;
         to.push_back({isDeprecated ? Code::DeprecatedWord : Code::AbbreviatedWord,
-            fmt::format("{}: {} stands for {}{}", In(item), Shorten(word.text), choice.GetChoice(value),
-                isDeprecated ? ", and may not be understood in future" : ""),
+            isDeprecated ? fmt::format(
+                "{}: '{}' is a deprecated name of {}", In(item), Shorten(word.text), choice.GetChoice(value))
+                         : fmt::format("{}: '{}' is an abbreviation of {}", In(item), Shorten(word.text),
+                             choice.GetChoice(value)),
             fmt::format("write {}", choice.GetChoice(value))});
     }
     if (target_.simulator == SimulatorType::Any)
         return;
     if (!choice.GetValidity(value).IsValid(target_.simulator, target_.mode))
         to.push_back({Code::ChoiceNotValid,
-            fmt::format("{}: {} is not valid for {}", In(item), choice.GetChoice(value), NameOf(target_)),
-            "choose another word"});
+            fmt::format(
+                "{}: value {} is not valid for {}", In(item), choice.GetChoice(value), NameOf(target_)),
+            "choose another value"});
     else if (choice.GetUnsupportedBy(value).IsUnsupportedBy(target_.simulator, target_.mode))
         to.push_back({Code::ChoiceUnsupported,
-            fmt::format("{}: {} has no effect for {}", In(item), choice.GetChoice(value), NameOf(target_))});
+            fmt::format(
+                "{}: value {} has no effect for {}", In(item), choice.GetChoice(value), NameOf(target_))});
 }
 
-Misfit ValueReader::Beyond(const DataPlan& item, double value) const
+Misfit ValueReader::Beyond(const DataPlan& item, double value, long long others) const
 {
-    return {Code::OutOfRange,
-        value < item.min ? fmt::format("{}: {} is less than {}", In(item), value, item.min)
-                         : fmt::format("{}: {} is greater than {}", In(item), value, item.max)};
+    return {Code::OutOfRange, OutOfRangeText(In(item), value, item.min, item.max, others)};
 }
 
 std::string ValueReader::In(const DataPlan& item) const
 {
     return item.md->GetName().empty() ? std::string(keyword_)
                                       : fmt::format("{}, {}", keyword_, item.md->GetName());
+}
+
+std::string OutOfRangeText(
+    const std::string& where, double value, double least, double most, long long others)
+{
+    if (value < least && others == 0)
+        return fmt::format("{}: value {} is too small (expected at least {})", where, value, least);
+    if (value < least)
+        return fmt::format("{}: value {} is too small (expected at least {}); other values out of range: {}",
+            where, value, least, others);
+    if (others == 0)
+        return fmt::format("{}: value {} is too large (expected at most {})", where, value, most);
+    return fmt::format("{}: value {} is too large (expected at most {}); other values out of range: {}",
+        where, value, most, others);
 }
 
 bool CanBeValue(const DataPlan& item, const DataWord& word)

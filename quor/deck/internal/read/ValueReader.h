@@ -58,7 +58,8 @@ public:
     Reading<T> Read(const DataPlan& item, const Token& word);
 
     /// The value is not within the item's limits.
-    Misfit Beyond(const DataPlan& item, double value) const;
+    /// `others`: how many more values aren't.
+    Misfit Beyond(const DataPlan& item, double value, long long others = 0) const;
     /// "WCONPROD, ORAT" for an item with a name, else the keyword's name.
     std::string In(const DataPlan& item) const;
 
@@ -83,6 +84,11 @@ private:
     std::string_view keyword_;
     Keywords::ChoiceMatch match_; // of the choice that was read last
 };
+
+/// The message on a value below `least` or above `most`. `where`: the keyword, with the item if it has a
+/// name. `others`: how many more values are out of range.
+std::string OutOfRangeText(
+    const std::string& where, double value, double least, double most, long long others = 0);
 
 /// Whether the word can be a value of the item, within its limits.
 bool CanBeValue(const DataPlan& item, const DataWord& word);

@@ -34,8 +34,8 @@ void VariableValues::Report(const std::string& name, const TextRange& range)
     ++unknown_;
     if (!reported_.insert(name).second)
         return;
-    reporter_.Report(range, Code::UnknownVariable, fmt::format("the variable {} has no value", name),
-        fmt::format("give it one with --set {}=VALUE", name.substr(1)));
+    reporter_.Report(range, Code::UnknownVariable, fmt::format("variable '{}' has no value", name),
+        fmt::format("give variable {} a value", name));
 }
 
 } // namespace Veld::Quor::Core::Decks

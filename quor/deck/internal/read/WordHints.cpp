@@ -19,8 +19,7 @@ namespace {
 
 std::string HintOf(const std::vector<std::string>& known, const std::string& word)
 {
-    const std::vector<std::string> nearest = FindNearest(known, word);
-    return nearest.empty() ? std::string() : fmt::format("did you mean {}?", fmt::join(nearest, ", "));
+    return SuggestionOf(FindNearest(known, word));
 }
 
 } // namespace
@@ -37,8 +36,7 @@ std::string HintOfChoice(const IKeywordChoiceMD& choice, const std::string& word
     for (int i = 0; i < choice.NumChoices(); ++i)
         words.push_back(choice.GetChoice(i));
     const std::string hint = HintOf(words, word);
-    return hint.empty() && !words.empty() ? fmt::format("it must be one of {}", fmt::join(words, ", "))
-                                          : hint;
+    return hint.empty() && !words.empty() ? fmt::format("expected one of: {}", fmt::join(words, ", ")) : hint;
 }
 
 std::string HintOfKey(const IKeywordMapMD& map, const std::string& word)

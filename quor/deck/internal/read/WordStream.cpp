@@ -48,7 +48,7 @@ void WordStream::TakeRepeat()
         const std::string_view written =
             isQuoted ? text_.GetLineFrom(range).substr(0, repeat.length) : word_.text;
         reporter_.Report(range, Code::BadRepeat,
-            fmt::format("{}: the repeat count of {} is not from 1 to {}", keyword_, Shorten(written),
+            fmt::format("{}: invalid repeat count in '{}' (expected 1 to {})", keyword_, Shorten(written),
                 longestRepeat_));
         repeat.count = 1;
     }

@@ -16,6 +16,17 @@ bool IsNameCharacter(char c)
     return IsLetter(c) || (c >= '0' && c <= '9') || c == '_' || c == '-' || c == '+' || c == '#' || c == '&';
 }
 
+constexpr bool IsControl(char c)
+{
+    return (c >= 0 && c < ' ') || c == '\x7F';
+}
+
+/// Of UTF-8.
+constexpr bool ContinuesCharacter(char c)
+{
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
 constexpr bool IsBlank(char c)
 {
     return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f';
@@ -125,10 +136,22 @@ bool LineReader::Next(Line& line)
     return true;
 }
 
+std::string Printable(std::string_view text)
+{
+    std::string printable(text);
+    std::replace_if(printable.begin(), printable.end(), IsControl, '?');
+    return printable;
+}
+
 std::string Shorten(std::string_view word)
 {
     constexpr std::size_t longest = 40;
-    return word.size() <= longest ? std::string(word) : std::string(word.substr(0, longest)) + "...";
+    if (word.size() <= longest)
+        return Printable(word);
+    std::size_t length = longest;
+    while (length > 0 && ContinuesCharacter(word[length]))
+        --length;
+    return Printable(word.substr(0, length)) + "...";
 }
 
 std::string ToUpper(std::string_view text)

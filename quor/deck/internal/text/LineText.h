@@ -80,7 +80,10 @@ private:
     std::size_t number_ = 0;
 };
 
-/// A word as messages quote it: cut, if it is very long.
+/// A text as messages quote it: without control characters.
+std::string Printable(std::string_view text);
+
+/// A word as messages quote it: without control characters, and cut if it is very long.
 std::string Shorten(std::string_view word);
 
 /// In the letters of ASCII.

@@ -3,6 +3,9 @@
 #include "quor/deck/NearestWords.h"
 #include "quor/syntax/KeywordSyntaxTable.h"
 
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
 #include <algorithm>
 #include <bit>
 #include <tuple>
@@ -42,6 +45,11 @@ std::size_t CommonStart(std::string_view a, std::string_view b)
 }
 
 } // namespace
+
+std::string SuggestionOf(const std::vector<std::string>& nearest)
+{
+    return nearest.empty() ? std::string() : fmt::format("did you mean {}?", fmt::join(nearest, ", "));
+}
 
 NearestNames::NearestNames(KeywordSyntaxTable& table)
 {

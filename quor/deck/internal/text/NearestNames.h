@@ -16,6 +16,9 @@ class KeywordSyntaxTable;
 
 namespace Veld::Quor::Core::Decks {
 
+/// The hint that offers words; empty if there are none.
+std::string SuggestionOf(const std::vector<std::string>& nearest);
+
 /// The names of a table that a misspelt one may stand for: those that aren't hidden, aliases included, no
 /// wildcards. Never changes; must not outlive the table.
 class NearestNames {

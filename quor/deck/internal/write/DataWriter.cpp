@@ -155,7 +155,7 @@ DataWriter::Cell DataWriter::CellToWrite(
 {
     Cell cell = CellOf(item, record, index);
     if (cell.text.empty() && item.type != MDType::Line && !item.MayBeMissing())
-        throw std::invalid_argument(fmt::format("{} has neither a value nor a default", NameOf(item)));
+        throw std::invalid_argument(fmt::format("{}: missing value; the item has no default", NameOf(item)));
     return cell;
 }
 

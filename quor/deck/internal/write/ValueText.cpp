@@ -101,10 +101,12 @@ std::string Quote(const std::string& text, bool always)
     if (!always && IsPlain(text))
         return text;
     const bool hasApostrophe = text.find('\'') != std::string::npos;
-    if (text.find_first_of("\r\n") != std::string::npos
-        || (hasApostrophe && text.find('"') != std::string::npos))
-        throw std::invalid_argument(fmt::format("the text '{}' can't be written in a deck: {}", text,
-            hasApostrophe ? "it has both kinds of quotes" : "it has several lines"));
+    if (text.find_first_of("\r\n") != std::string::npos)
+        throw std::invalid_argument(
+            fmt::format("can't write the text '{}': it contains a line break", Printable(text)));
+    if (hasApostrophe && text.find('"') != std::string::npos)
+        throw std::invalid_argument(
+            fmt::format("can't write the text '{}': it contains both kinds of quotes", Printable(text)));
     const char quote = hasApostrophe ? '"' : '\'';
     return quote + text + quote;
 }
