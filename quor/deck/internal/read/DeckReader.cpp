@@ -260,9 +260,10 @@ void DeckReader::CheckNoData(const Token& head)
     const Token word = text_.NextData();
     if (word.kind == Token::Kind::Slash)
         return;
+    const std::string keyword = ToUpper(head.text);
     reporter_.Report(word.range, Code::StrayText,
-        fmt::format("unexpected '{}' after {}; expected the end of the line", Shorten(word.text), head.text),
-        fmt::format("{} has no data", head.text));
+        fmt::format("unexpected '{}' after {}; expected the end of the line", Shorten(word.text), keyword),
+        fmt::format("{} has no data", keyword));
     text_.SkipData();
 }
 

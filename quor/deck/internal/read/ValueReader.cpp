@@ -9,6 +9,7 @@
 
 #include <fmt/format.h>
 
+#include <limits>
 #include <type_traits>
 
 namespace Veld::Quor::Core::Decks {
@@ -70,6 +71,37 @@ bool IsValue(const DataPlan& item, const DataWord& word)
     return value && IsWithinLimits(item, static_cast<double>(*value));
 }
 
+bool IsWholeNumber(std::string_view text)
+{
+    if (text.starts_with('-') || text.starts_with('+'))
+        text.remove_prefix(1);
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+Misfit NotAWholeNumber(const std::string& where, std::string_view word, bool isQuoted)
+{
+    const std::string text = Shorten(word);
+    if (isQuoted)
+        return {Code::WrongType,
+            fmt::format("{}: invalid text '{}' in quotes; expected a whole number", where, text),
+            ToNumber<int>(word) ? "remove the quotes" : ""};
+    if (IsWholeNumber(word))
+        return {Code::WrongType,
+            fmt::format("{}: whole number '{}' is out of range (expected {} to {})", where, text,
+                std::numeric_limits<int>::min(), std::numeric_limits<int>::max())};
+    return {Code::WrongType, fmt::format("{}: invalid value '{}'; expected a whole number", where, text)};
+}
+
+Misfit NotANumber(const std::string& where, std::string_view word, bool isQuoted)
+{
+    const std::string text = Shorten(word);
+    if (isQuoted)
+        return {Code::WrongType,
+            fmt::format("{}: invalid text '{}' in quotes; expected a number", where, text),
+            ToNumber<double>(word) ? "remove the quotes" : ""};
+    return {Code::WrongType, fmt::format("{}: invalid value '{}'; expected a number", where, text)};
+}
+
 } // namespace
 
 /// As `FindValue`; keeps how a choice matched.
@@ -122,17 +154,13 @@ Misfit ValueReader::MisfitOf(const DataPlan& item, const Text& word) const
     if (item.type == MDType::Choice)
         return {Code::NotAChoice, fmt::format("{}: unknown value '{}'", In(item), Shorten(word.text)),
             HintOfChoice(ChoiceMD(item), std::string(word.text))};
-    const std::string text = Shorten(word.text);
     if constexpr (std::is_same_v<T, bool>)
-        return {Code::WrongType, fmt::format("{}: invalid value '{}'; expected YES or NO", In(item), text)};
-    if (std::is_same_v<T, int>)
         return {Code::WrongType,
-            word.isQuoted
-                ? fmt::format("{}: invalid text '{}' in quotes; expected a whole number", In(item), text)
-                : fmt::format("{}: invalid value '{}'; expected a whole number", In(item), text)};
-    return {Code::WrongType,
-        word.isQuoted ? fmt::format("{}: invalid text '{}' in quotes; expected a number", In(item), text)
-                      : fmt::format("{}: invalid value '{}'; expected a number", In(item), text)};
+            fmt::format("{}: invalid value '{}'; expected YES or NO", In(item), Shorten(word.text))};
+    else if constexpr (std::is_same_v<T, int>)
+        return NotAWholeNumber(In(item), word.text, word.isQuoted);
+    else
+        return NotANumber(In(item), word.text, word.isQuoted);
 }
 
 void ValueReader::Remark(
