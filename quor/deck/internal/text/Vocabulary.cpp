@@ -1,7 +1,5 @@
 #include "quor/deck/internal/text/Vocabulary.h"
 
-#include "quor/syntax/KeywordSyntaxUtils.h"
-
 #include <algorithm>
 
 namespace Veld::Quor::Core::Decks {
@@ -10,12 +8,13 @@ using namespace Core::Keywords;
 
 namespace {
 
+/// By name, not by `KeywordSyntaxUtils`, which knows the keywords of the process's table alone.
 std::optional<SimulatorType::Enum> FindSkippingSimulator(const std::vector<const IKeywordSyntax*>& syntaxes)
 {
     for (const IKeywordSyntax* syntax : syntaxes) {
-        if (KeywordSyntaxUtils::IsSKIPCAR(*syntax))
+        if (syntax->GetName() == "SKIPCAR")
             return SimulatorType::Carrow;
-        if (KeywordSyntaxUtils::IsSKIPDUN(*syntax))
+        if (syntax->GetName() == "SKIPDUN")
             return SimulatorType::Dunmere;
     }
     return std::nullopt;
