@@ -59,7 +59,7 @@ ReadOptions& ReadOptions::SetVariable(const std::string& name, const std::string
 {
     const std::string key = name.rfind('$', 0) == 0 ? name : '$' + name;
     if (Keywords::VariablesString(key).GetVariables() != std::vector<std::string>{key})
-        throw std::invalid_argument(fmt::format("invalid name of a variable '{}'", name));
+        throw std::invalid_argument(fmt::format("invalid variable name '{}'", name));
     settings_->variables[key] = value;
     return *this;
 }

@@ -140,6 +140,14 @@ TEST(Difference, OfManyRecordsTakesTimeByTheirNumber)
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60)); // under a sanitizer too
 }
 
+TEST(Difference, ShowsAChoiceWithoutAValue)
+{
+    const std::string before = "RUNSPEC\nCOMPS\n 1 /\nPROPS\nEOS\n ";
+    const Outcome outcome = Analyse("diff a.data b.data", before + "$A /\n", before + "PR /\n");
+    EXPECT_TRUE(Holds(outcome.out, "  ~ EOS: [1] unknown value -> PR   (a.data:5, b.data:5)\n"))
+        << outcome.out;
+}
+
 TEST(Difference, AsJsonHasValuesAndPlaces)
 {
     const Outcome outcome = Analyse("diff a.data b.data --format json", runspec + "GRID\nPORO\n 4*1 /\n",

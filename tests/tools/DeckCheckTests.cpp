@@ -97,7 +97,8 @@ INSTANTIATE_TEST_SUITE_P(Bytes, Decks,
             "[stray-text]"},
         Row{"LineOfMegabytes", "RUNSPEC\nDIMENS\n" + std::string(3'000'000, '7') + " /\nWATR\n",
             "d.data:3:1: error: "
-            "DIMENS: invalid value '7777777777777777777777777777777777777777...'; expected a whole number "
+            "DIMENS: whole number '7777777777777777777777777777777777777777...' is out of range (expected "
+            "-2147483648 to 2147483647) "
             "[wrong-type]\n"
             "d.data:4:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
         Row{"WordOfMegabytes", "RUNSPEC\n" + std::string(3'000'000, 'A') + "\n",

@@ -38,6 +38,13 @@ const std::string dataLanguage = R"(
 <keyword name='PREVIOUS'><data>
   <list itemsDefaultable='true' fillEmptyElementsWithPreviousValue='true'><integer/></list></data></keyword>
 <keyword name='FIXED'><data><list size='3' termination='NONE'><real/></list></data></keyword>
+<keyword name='FEW'><data><list minSize='2' maxSize='3'><integer/></list></data></keyword>
+<keyword name='BYREGION'><data><list size='2' termination='SLASH'><record termination='SLASH'><item name='A'><integer/></item></record></list></data></keyword>
+<keyword name='SOME'><data><list minSize='2' maxSize='3'><record termination='SLASH'><item name='A'><integer/></item></record></list></data></keyword>
+<keyword name='CURVE'><data><list size='2' termination='SLASH'><record termination='NONE'><item name='A'><integer/></item></record></list></data></keyword>
+<keyword name='CURVES'><data><list minSize='2' maxSize='3'><list><real/></list></list></data></keyword>
+<keyword name='UNTIL'><data><list><string/><customReadTermination><stringTermination>STOP</stringTermination>
+  </customReadTermination></list></data></keyword>
 <keyword name='NAMES'><data><list><string/></list></data></keyword>
 <keyword name='RECORD'><data><record termination='SLASH'>
   <item name='NAME'><string><lengthLimit>4</lengthLimit></string></item>
@@ -192,12 +199,21 @@ INSTANTIATE_TEST_SUITE_P(Arrays, Readings,
         Reading{"OnTheLineOfItsKeyword", "DIMENS 2 1 /\nARRAY 1 2 /\n", "[1 2]"},
         Reading{"WholeNumbers", "WHOLE\n 1 2*3 1.5 -1 99999999999 /\n", "[1 3 3 -1]",
             "d.data:3:8: error: WHOLE: invalid value '1.5'; expected a whole number [wrong-type]\n"
-            "d.data:3:15: error: WHOLE: invalid value '99999999999'; expected a whole number "
+            "d.data:3:15: error: WHOLE: whole number '99999999999' is out of range (expected -2147483648 to "
+            "2147483647) "
             "[wrong-type]\n"
             "d.data:3:12: error: WHOLE: value -1 is too small (expected at least 0) [out-of-range]"},
         Reading{"PreviousValueFills", "PREVIOUS\n 4 2* 7 1* /\n", "[4 4~ 4~ 7 7~]"},
         Reading{"EndsByItself", "FIXED\n 1 2 3\nFLAG\n", nullptr},
         Reading{"SlashDoesNoHarm", "FIXED\n 3*1 /\n", "[1 1 1]"},
+        Reading{"BelowLeastSize", "FEW\n 1 /\n", "[1]",
+            "d.data:3:4: error: FEW: too few values (expected at least 2, found 1) [wrong-size]"},
+        Reading{"AboveGreatestSize", "FEW\n 1 2 3 4 /\n", "[1 2 3 4]",
+            "d.data:3:10: error: FEW: too many values (expected at most 3, found 4) [wrong-size]"},
+        Reading{"OneMessageForManyBelow", "WHOLE\n -1 2*-2 /\n", nullptr,
+            "d.data:3:2: error: WHOLE: value -1 is too small (expected at least 0); other values out of "
+            "range: 2 "
+            "[out-of-range]"},
         Reading{"BadRepeat", "WHOLE\n 0*1 2 99999999999*3 /\n", "[1 2 3]",
             "d.data:3:2: error: WHOLE: invalid repeat count in '0*1' (expected 1 to 1000000) [bad-repeat]\n"
             "d.data:3:8: error: WHOLE: invalid repeat count in '99999999999*3' (expected 1 to 1000000) "
@@ -241,6 +257,11 @@ INSTANTIATE_TEST_SUITE_P(Records, Readings,
             "d.data:3:13: error: RECORD, ON: invalid value '7'; expected YES or NO [wrong-type]\n"
             "d.data:3:15: error: RECORD, COUNT: invalid value '1.0'; expected a whole number "
             "[wrong-type]"},
+        Reading{"NumbersInQuotes", "RECORD\n P1 '2' OIL NO '3' /\n", nullptr,
+            "d.data:3:5: error: RECORD, RATE: invalid text '2' in quotes; expected a number "
+            "[wrong-type] | remove the quotes\n"
+            "d.data:3:16: error: RECORD, COUNT: invalid text '3' in quotes; expected a whole number "
+            "[wrong-type] | remove the quotes"},
         Reading{"Limits", "RECORD\n P1 -1 OIL NO 10 /\n", "('P1' -1 0 0 10)",
             "d.data:3:5: error: RECORD, RATE: value -1 is too small (expected at least 0) [out-of-range]\n"
             "d.data:3:15: error: RECORD, COUNT: value 10 is too large (expected at most 9) [out-of-range]"},
@@ -299,6 +320,21 @@ INSTANTIATE_TEST_SUITE_P(Records, Readings,
         Reading{"OpenQuoteOfSeveralWords", "RECORD\n 'P of Q 1 OIL NO 3 /\nFLAG\n", nullptr,
             "d.data:3:2: error: unclosed quote before 'P' "
             "[unclosed-quote] | add a closing ' on the same line"},
+        Reading{"OpenQuoteBeforeABlank", "RECORD\n ' P1 1 OIL NO 3 /\n", nullptr,
+            "d.data:3:2: error: unclosed quote [unclosed-quote] | add a closing ' on the same line"},
+        Reading{"ListOfRecordsWithoutASlash", "ROWS\n 1 2 /\nFLAG\n", nullptr,
+            "d.data:3:7: error: ROWS: missing slash at the end of the list "
+            "[unclosed-data] | add a line with a slash after the last record"},
+        Reading{"ListWithoutItsEndWord", "UNTIL\n A\nFLAG\n", nullptr,
+            "d.data:3:3: error: UNTIL: missing end word of the list "
+            "[unclosed-data] | add the word that ends the list of this keyword"},
+        Reading{"TooFewRecords", "BYREGION\n 1 /\n/\n", "[(1)]",
+            "d.data:4:1: error: BYREGION: too few records (expected 2, found 1) [wrong-size] | the size is "
+            "2"},
+        Reading{"RecordsBelowLeast", "SOME\n 1 /\n/\n", "[(1)]",
+            "d.data:4:1: error: SOME: too few records (expected at least 2, found 1) [wrong-size]"},
+        Reading{"RecordsAboveGreatest", "SOME\n 1 /\n 2 /\n 3 /\n 4 /\n/\n", nullptr,
+            "d.data:7:1: error: SOME: too many records (expected at most 3, found 4) [wrong-size]"},
         Reading{"EmptyList", "ROWS\n/\n", "[]"},
         Reading{"ElementsOfNoSize", "SIZED\n 0 1 2 /\nFLAG\n", nullptr,
             "d.data:3:4: error: SIZED: too many values (expected none) "
@@ -331,6 +367,12 @@ INSTANTIATE_TEST_SUITE_P(Tables, Readings,
             "d.data:3:9: error: TABLES: too few tables (expected 2, found 1) "
             "[wrong-size] | the size is 2"},
         Reading{"EmptyStandsForTheOneBefore", "TABLES\n 1 4 2 3 /\n /\n", "[[(1 4) (2 3)] []]"},
+        Reading{"RowsOfASize", "CURVE\n 1 /\n", nullptr,
+            "d.data:3:4: error: CURVE: too few rows (expected 2, found 1) [wrong-size] | the size is 2"},
+        Reading{"BelowLeast", "CURVES\n 1 2 /\n/\n", nullptr,
+            "d.data:4:1: error: CURVES: too few tables (expected at least 2, found 1) [wrong-size]"},
+        Reading{"AboveGreatest", "CURVES\n 1 /\n 2 /\n 3 /\n 4 /\n/\n", nullptr,
+            "d.data:7:1: error: CURVES: too many tables (expected at most 3, found 4) [wrong-size]"},
         Reading{"OneIsMissing", "TABLES\n 1 4 2 3 /\nFLAG\n", nullptr,
             "d.data:3:11: error: TABLES: too few tables (expected 2, found 1) "
             "[wrong-size] | the size is 2"},
@@ -358,6 +400,10 @@ INSTANTIATE_TEST_SUITE_P(Texts, Readings,
         Reading{"UnknownName", "MAP\n A C=1 BETTA /\n", "{A=1 BETA=-}",
             "d.data:3:4: error: MAP: unknown name 'C' [unknown-name]\n"
             "d.data:3:8: error: MAP: unknown name 'BETTA' [unknown-name] | did you mean BETA?"},
+        Reading{"NoName", "MAP\n =3 A /\n", "{A=1 BETA=-}",
+            "d.data:3:2: error: MAP: missing name before '=' [unknown-name]"},
+        Reading{"NoValue", "MAP\n A= /\n", "{A=- BETA=-}",
+            "d.data:3:2: error: MAP, A: missing value after '='; expected a whole number [wrong-type]"},
         Reading{"NoNumber", "MAP\n A=x BETA /\n", "{A=- BETA=1}",
             "d.data:3:2: error: MAP, A: invalid value 'x'; expected a whole number [wrong-type]"},
         Reading{"MapLimits", "MAP\n A=6 A=0 /\n", nullptr,

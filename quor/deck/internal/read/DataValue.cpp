@@ -110,7 +110,7 @@ std::string ToText(const IKeywordDataMD& md, const ScalarValue& value)
     if (md.GetType() != MDType::Choice)
         return fmt::format("{}", *integer);
     const auto& choice = static_cast<const IKeywordChoiceMD&>(md);
-    return *integer >= 0 && *integer < choice.NumChoices() ? choice.GetChoice(*integer) : "unknown choice";
+    return *integer >= 0 && *integer < choice.NumChoices() ? choice.GetChoice(*integer) : "unknown value";
 }
 
 std::string ToText(const IKeywordDataMD& md, const DefaultValue& value)

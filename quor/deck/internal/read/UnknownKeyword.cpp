@@ -3,6 +3,7 @@
 #include "quor/deck/NearestWords.h"
 #include "quor/deck/internal/read/WordHints.h"
 #include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/NearestNames.h"
 
 #include <fmt/format.h>
 

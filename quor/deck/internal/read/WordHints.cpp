@@ -3,6 +3,7 @@
 #include "quor/data/IKeywordMapData.h"
 #include "quor/deck/NearestWords.h"
 #include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/NearestNames.h"
 #include "quor/metadata/IKeywordAssignmentMD.h"
 
 #include <fmt/format.h>
