@@ -107,6 +107,8 @@ INSTANTIATE_TEST_SUITE_P(Codes, Explain,
         Explanation{"OfADeck", "date-order", "\n  wrong:\n    SCHEDULE\n    DATES\n     1 JUN 2030 /\n", 0},
         Explanation{"OfBoth", "stray-text", "\n\nstray-text\n  warning of 'quor lint': ", 0},
         Explanation{"ForASimulator", "wrong-simulator", "  right, for Carrow:\n    RUNSPEC\n", 0},
+        Explanation{
+            "SeeAlso", "unknown-name", "\n  see also: 'quor show KEYWORD', which lists what is valid\n", 0},
         Explanation{"Json", "bad-date --format json", R"("right": "SCHEDULE\nDATES\n 28 FEB)", 0},
         Explanation{
             "Unknown", "bad-data bad-date", "unknown finding code 'bad-data'; did you mean bad-date?", 1}),

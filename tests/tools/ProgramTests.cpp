@@ -208,6 +208,14 @@ TEST(Check, MarksThePlaceBelowTheLine)
             + "d.data: 2 keywords in 1 section, 2 files: 1 error\n");
 }
 
+TEST(Check, NamesTheOptionThatGivesAVariableAValue)
+{
+    const TemporaryDirectory folder;
+    const std::string deck = folder.Write("d.data", "RUNSPEC\nDIMENS\n $N /\n");
+    EXPECT_TRUE(
+        Holds(RunSmall("check " + deck).out, "hint: give variable $N a value with --set NAME=VALUE\n"));
+}
+
 TEST(Check, JudgesEachDeckAlone)
 {
     const TemporaryDirectory folder;

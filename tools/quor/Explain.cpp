@@ -49,8 +49,10 @@ std::string CodeText(const FindingCode& code)
         code.rule.meaning, 4, GetWidth());
     if (!code.remedy)
         return text;
-    return text + Wrap("  to fix: ", code.remedy->text, 2 * indent, GetWidth())
-        + ExampleText("wrong", *code.remedy, code.remedy->wrong)
+    text += Wrap("  to fix: ", code.remedy->text, 2 * indent, GetWidth());
+    if (*code.seeAlso != '\0')
+        text += fmt::format("  see also: {}\n", code.seeAlso);
+    return text + ExampleText("wrong", *code.remedy, code.remedy->wrong)
         + ExampleText("right", *code.remedy, code.remedy->right);
 }
 

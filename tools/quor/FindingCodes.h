@@ -13,6 +13,7 @@ struct FindingCode {
     const char* command; ///< the subcommand that tells such findings
     FindingRule rule;
     const Core::Decks::Remedy* remedy; ///< null for codes of documents
+    const char* seeAlso = ""; ///< what of the program helps to fix such findings; empty for most
 };
 
 /// Those of decks, then those of documents.

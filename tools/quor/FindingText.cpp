@@ -1,5 +1,6 @@
 #include "tools/quor/FindingText.h"
 
+#include "quor/deck/FindingCodes.h"
 #include "tools/quor/Terminal.h"
 
 #include <fmt/format.h>
@@ -59,6 +60,13 @@ std::string ExcerptText(const Finding& finding, const Colours& colours)
     return fmt::format("    {}\n    {}{}\n", excerpt, margin, colours.Paint("1;32", mark));
 }
 
+/// With the option that helps, which the library can't know.
+std::string HintText(const Finding& finding)
+{
+    const bool isOfVariable = finding.code == InfoOf(Decks::Code::UnknownVariable).name;
+    return MakePrintable(finding.hint) + (isOfVariable ? " with --set NAME=VALUE" : "");
+}
+
 std::string FindingText(const Finding& finding, const Colours& colours)
 {
     const std::string severity = colours.Paint(Colours::CodeOf(finding.severity), ToString(finding.severity));
@@ -67,7 +75,7 @@ std::string FindingText(const Finding& finding, const Colours& colours)
             finding.location.column, severity, MakePrintable(finding.message), finding.code);
     text += ExcerptText(finding, colours);
     if (!finding.hint.empty())
-        text += fmt::format("  hint: {}\n", MakePrintable(finding.hint));
+        text += fmt::format("  hint: {}\n", HintText(finding));
     for (const Decks::Location& location : finding.includedFrom)
         text += fmt::format("  included from {}:{}\n", MakePrintable(location.file), location.line);
     return text;
