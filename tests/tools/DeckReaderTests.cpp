@@ -262,6 +262,9 @@ INSTANTIATE_TEST_SUITE_P(Records, Readings,
             "[wrong-type] | remove the quotes\n"
             "d.data:3:16: error: RECORD, COUNT: invalid text '3' in quotes; expected a whole number "
             "[wrong-type] | remove the quotes"},
+        Reading{"EmptyTexts", "RECORD\n P1 '' '' NO 3 /\n", nullptr,
+            "d.data:3:5: error: RECORD, RATE: empty value [wrong-type] | write a value\n"
+            "d.data:3:8: error: RECORD, KIND: empty value [not-a-choice] | expected one of: OIL, WATER, GAS"},
         Reading{"Limits", "RECORD\n P1 -1 OIL NO 10 /\n", "('P1' -1 0 0 10)",
             "d.data:3:5: error: RECORD, RATE: value -1 is too small (expected at least 0) [out-of-range]\n"
             "d.data:3:15: error: RECORD, COUNT: value 10 is too large (expected at most 9) [out-of-range]"},

@@ -151,7 +151,11 @@ template Reading<std::string> ValueReader::Read(const DataPlan&, const Token&);
 template <class T>
 Misfit ValueReader::MisfitOf(const DataPlan& item, const Text& word) const
 {
-    if (item.type == MDType::Choice)
+    const bool isChoice = item.type == MDType::Choice;
+    if (word.text.empty())
+        return {isChoice ? Code::NotAChoice : Code::WrongType, fmt::format("{}: empty value", In(item)),
+            isChoice ? HintOfChoice(ChoiceMD(item), {}) : "write a value"};
+    if (isChoice)
         return {Code::NotAChoice, fmt::format("{}: unknown value '{}'", In(item), Shorten(word.text)),
             HintOfChoice(ChoiceMD(item), std::string(word.text))};
     if constexpr (std::is_same_v<T, bool>)
