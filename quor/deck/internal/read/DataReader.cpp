@@ -87,36 +87,6 @@ DataReader::Ended DataReader::SkipToSlash()
     return words_.SkipToSlash() == Got::Slash ? Ended::Complete : Unclosed(Open::Record);
 }
 
-DataReader::Ended DataReader::Unclosed(Open what)
-{
-    if (!text_.MissedInclusion()) // which may have held the end
-        ReportUnclosed(words_.GetEnd(), what);
-    return Ended::ByStop;
-}
-
-void DataReader::ReportUnclosed(const TextRange& end, Open what)
-{
-    const auto report = [&](std::string message, const char* hint) {
-        reporter_.Report(end, Code::UnclosedData, std::move(message), hint);
-    };
-    switch (what) {
-    case Open::Record:
-        return report(fmt::format("{}: missing slash at the end of the record", keyword_.text),
-            "add a slash after the last value");
-    case Open::Values:
-    case Open::Records:
-        return report(fmt::format("{}: missing slash at the end of the list", keyword_.text),
-            what == Open::Values ? "add a slash after the last value"
-                                 : "add a line with a slash after the last record");
-    case Open::Names:
-        return report(fmt::format("{}: missing slash at the end of the list of names", keyword_.text),
-            "add a slash after the last name");
-    case Open::ByWord:
-        return report(fmt::format("{}: missing end word of the list", keyword_.text),
-            "add the word that ends the list of this keyword");
-    }
-}
-
 /// Names are those of items of the records being read, the innermost first, and then those of the deck.
 long long DataReader::SizeOf(const std::string* text) const
 {

@@ -93,8 +93,6 @@ private:
         const DataPlan& plan, Core::Keywords::IKeywordData& data, std::vector<RecordStart>& starts);
     Ended ReadContainer(const DataPlan& plan, Core::Keywords::IKeywordData& data);
     Ended SkipToSlash();
-    Ended Unclosed(Open what);
-    void ReportUnclosed(const TextRange& end, Open what);
     long long SizeOf(const std::string* text) const;
     std::optional<long long> SizeOfName(const std::string& name) const;
 
@@ -142,9 +140,13 @@ private:
     Ended EndListByStop(const DataPlan& plan, long long size, const Core::Keywords::IKeywordListData& list);
     Ended EndListBySlash(const DataPlan& plan, long long size, const Core::Keywords::IKeywordListData& list);
     bool EndsByWord(const Core::Keywords::ICustomReadTermination& endWords);
+    void ReportNoDefault(const DataPlan& item);
+
+    // Ends and sizes
+    Ended Unclosed(Open what);
+    void ReportUnclosed(const TextRange& end, Open what);
     Ended UnclosedList(const DataPlan& plan);
     static Open OpenListOf(const DataPlan& plan);
-    void ReportNoDefault(const DataPlan& item);
     void CheckSize(const DataPlan& plan, long long size, long long count, const TextRange& range);
 
     // Lists of numbers

@@ -113,10 +113,10 @@ void TimeLine::FollowDates(const KeywordInstance& keyword, bool isSound)
     }
 }
 
-void TimeLine::CheckDate(const Time& time, const IKeywordRecordData& date, const TextRange& range)
+void TimeLine::CheckDate(const Time& time, const IKeywordRecordData& record, const TextRange& range)
 {
     if (!time.IsDef())
-        reporter_.Report(range, Code::BadDate, fmt::format("DATES: invalid date '{}'", RecordText(date)),
+        reporter_.Report(range, Code::BadDate, fmt::format("DATES: invalid date '{}'", RecordText(record)),
             "expected a date such as 1 JAN 2020");
     else if (sound_.now.IsDef() && time <= sound_.now)
         reporter_.Report(range, Code::DateOrder,

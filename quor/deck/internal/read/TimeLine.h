@@ -40,7 +40,7 @@ private:
     void FollowStart(const KeywordInstance& keyword, bool isSound);
     void FollowDates(const KeywordInstance& keyword, bool isSound);
     void FollowPeriods(const KeywordInstance& keyword, bool isSound);
-    void CheckDate(const Core::Service::Time& time, const Core::Keywords::IKeywordRecordData& date,
+    void CheckDate(const Core::Service::Time& time, const Core::Keywords::IKeywordRecordData& record,
         const TextRange& range);
     void CheckPeriods(const KeywordInstance& keyword);
     void Reach(const Core::Service::Time& time, std::size_t element);
