@@ -55,9 +55,9 @@ check-asan: setup-test build-asan
 
 check-threads: setup-test configure-tsan
 	@echo "== shared data under the thread sanitizer"
-	@cmake --build --preset tsan --target data-tests deck-thread-tests -- --quiet
+	@cmake --build --preset tsan --target data-tests deck-tests -- --quiet
 	@build/tsan/bin/data-tests --gtest_brief=1 --gtest_filter='SharedTree*'
-	@build/tsan/bin/deck-thread-tests --gtest_brief=1
+	@build/tsan/bin/deck-tests --gtest_brief=1
 
 check-lint: setup-test build-asan
 	@echo "== lint"

@@ -8,6 +8,7 @@
 #include "quor/metadata/internal/MDCast.h"
 #include "quor/syntax/IKeywordSyntax.h"
 #include "quor/syntax/KeywordSyntaxTable.h"
+#include "quor/syntax/internal/TableKeyword.h"
 
 #include <cmath>
 #include <limits>
@@ -19,14 +20,27 @@ using String = Service::Optional<std::string>;
 
 namespace {
 
-const IKeywordDataMD* RootMDOf(const char* keyword)
-{
-    return KeywordSyntaxTable::Instance(false, true).Lookup(keyword, true)->GetDataMD();
-}
+/// A keyword as the first look-up found it, told by its root metadata, for the rest of the process.
+class KeptKeyword {
+public:
+    explicit KeptKeyword(const char* name)
+        : table_(TableNumber())
+    {
+        if (const auto* const syntax = KeywordSyntaxTable::Instance(false, true).Lookup(name, true))
+            md_ = syntax->GetDataMD();
+    }
 
-void Expect(const IKeywordData* data, const IKeywordDataMD* md, const char* what)
+    // Wanted: data of a table that was loaded later are refused, also where they stand at an old address.
+    bool Has(const IKeywordData& data) const { return data.GetMD() == md_ && table_ == TableNumber(); }
+
+private:
+    const IKeywordDataMD* md_ = nullptr; // null also if the document lacks the keyword
+    unsigned long table_;
+};
+
+void Expect(const IKeywordData* data, const KeptKeyword& keyword, const char* what)
 {
-    if (!data || data->GetMD() != md)
+    if (!data || !keyword.Has(*data))
         throw KeywordException(std::string("Keywords::DataAccessUtils: expecting ") + what + " data");
 }
 
@@ -76,7 +90,7 @@ Time AdvanceByTSTEP(
 {
     Time time = current.IsDef() ? current : start;
     for (std::int64_t i = 0; i < steps.GetSize(); ++i)
-        time += TicksOf(ticksPerUnit, RealAt(steps, i)); // Wanted: each step is cut by itself.
+        time = DataAccessUtils::Advance(time, ticksPerUnit, RealAt(steps, i));
     return time;
 }
 
@@ -85,33 +99,33 @@ Time AdvanceByTIME(
 {
     if (times.GetSize() == 0)
         return current;
-    return start + TicksOf(ticksPerUnit, RealAt(times, times.GetSize() - 1));
+    return DataAccessUtils::Advance(start, ticksPerUnit, RealAt(times, times.GetSize() - 1));
 }
 
 } // namespace
 
 void DataAccessUtils::AssertINCLUDEData(const IKeywordData* data)
 {
-    static const IKeywordDataMD* const md = RootMDOf("INCLUDE");
-    Expect(data, md, "an INCLUDE");
+    static const KeptKeyword keyword("INCLUDE");
+    Expect(data, keyword, "an INCLUDE");
 }
 
 void DataAccessUtils::AssertMESSAGEData(const IKeywordData* data)
 {
-    static const IKeywordDataMD* const md = RootMDOf("MESSAGE");
-    Expect(data, md, "an MESSAGE");
+    static const KeptKeyword keyword("MESSAGE");
+    Expect(data, keyword, "an MESSAGE");
 }
 
 void DataAccessUtils::AssertGDFILEData(const IKeywordData* data)
 {
-    static const IKeywordDataMD* const md = RootMDOf("GDFILE");
-    Expect(data, md, "an GDFILE");
+    static const KeptKeyword keyword("GDFILE");
+    Expect(data, keyword, "an GDFILE");
 }
 
 void DataAccessUtils::AssertTOLGRIDData(const IKeywordData* data)
 {
-    static const IKeywordDataMD* const md = RootMDOf("TOLGRID");
-    Expect(data, md, "an TOLGRID");
+    static const KeptKeyword keyword("TOLGRID");
+    Expect(data, keyword, "an TOLGRID");
 }
 
 const String& DataAccessUtils::GetINCLUDEFileName(const IKeywordData* data)
@@ -164,15 +178,15 @@ void DataAccessUtils::SetTOLGRIDName(IKeywordData* data, const std::string& valu
 
 Time DataAccessUtils::GetTimeFromSTART(const IKeywordData* data)
 {
-    static const IKeywordDataMD* const md = RootMDOf("START");
-    Expect(data, md, "START");
+    static const KeptKeyword keyword("START");
+    Expect(data, keyword, "START");
     return ReadDateRecord(CastMD<const IKeywordRecordData>(*data));
 }
 
 std::vector<Time> DataAccessUtils::GetTimesFromDATES(const IKeywordData* data)
 {
-    static const IKeywordDataMD* const md = RootMDOf("DATES");
-    Expect(data, md, "DATES");
+    static const KeptKeyword keyword("DATES");
+    Expect(data, keyword, "DATES");
     const auto& dates = CastMD<const IKeywordListData>(*data);
     std::vector<Time> times;
     for (std::int64_t i = 0; i < dates.GetSize(); ++i) {
@@ -186,18 +200,28 @@ std::vector<Time> DataAccessUtils::GetTimesFromDATES(const IKeywordData* data)
 Time DataAccessUtils::AdvanceTime(
     const Time& start, const Time& current, long long ticksPerUnit, const IKeywordData* data)
 {
-    static const IKeywordDataMD* const dates = RootMDOf("DATES");
-    static const IKeywordDataMD* const tstep = RootMDOf("TSTEP");
-    static const IKeywordDataMD* const time = RootMDOf("TIME");
+    static const KeptKeyword dates("DATES");
+    static const KeptKeyword tstep("TSTEP");
+    static const KeptKeyword time("TIME");
     if (!data)
         return current;
-    if (data->GetMD() == dates)
+    if (dates.Has(*data))
         return AdvanceByDATES(current, CastMD<const IKeywordListData>(*data));
-    if (data->GetMD() == tstep)
+    if (tstep.Has(*data))
         return AdvanceByTSTEP(start, current, ticksPerUnit, CastMD<const IKeywordListData>(*data));
-    if (data->GetMD() == time)
+    if (time.Has(*data))
         return AdvanceByTIME(start, current, ticksPerUnit, CastMD<const IKeywordListData>(*data));
     return current;
+}
+
+Time DataAccessUtils::GetTime(const IKeywordRecordData& date)
+{
+    return ReadDateRecord(date);
+}
+
+Time DataAccessUtils::Advance(const Time& time, long long ticksPerUnit, double units)
+{
+    return time + TicksOf(ticksPerUnit, units);
 }
 
 void DataAccessUtils::AddPathAliases(const IKeywordData* data, PathAliases& aliases)

@@ -10,11 +10,12 @@
 namespace Veld::Quor::Core::Keywords {
 
 class IKeywordData;
+class IKeywordRecordData;
 class PathAliases;
 
 /// The data of a few keywords that every reader of decks needs. A keyword is told by the metadata of its
 /// data, looked up at the first call and kept for the rest of the process: data of a table that was loaded
-/// anew are refused.
+/// anew are refused. `GetTime`, `Advance` and `AddPathAliases` look nothing up and serve each table.
 class VELD_QUOR_EXPORT DataAccessUtils {
 public:
     /// The text, without a value if the deck gave none; a reference into the data. These, and the four below,
@@ -40,6 +41,12 @@ public:
     /// Each step is cut to whole ticks by itself.
     static Service::Time AdvanceTime(const Service::Time& start, const Service::Time& current,
         long long ticksPerUnit, const IKeywordData* data);
+
+    /// The date of one record, which starts with day, month, year and time of day, as those of START and
+    /// DATES do. `Service::Time::MinTime()` for a date that can't be read.
+    static Service::Time GetTime(const IKeywordRecordData& date);
+    /// `time` and `units` of `ticksPerUnit` each, cut to whole ticks. Undefined if `time` is.
+    static Service::Time Advance(const Service::Time& time, long long ticksPerUnit, double units);
 
     /// `data` is a list of records whose first two items are alias and path.
     static void AddPathAliases(const IKeywordData* data, PathAliases& aliases);

@@ -9,6 +9,7 @@
 #include "quor/syntax/internal/KeywordSyntax.h"
 #include "quor/syntax/internal/NameIndex.h"
 #include "quor/syntax/internal/SyntaxLoader.h"
+#include "quor/syntax/internal/TableKeyword.h"
 #include "quor/syntax/internal/TrustedSyntaxLoader.h"
 
 #include <xercesc/dom/DOMDocument.hpp>
@@ -20,6 +21,17 @@ namespace Veld::Quor::Core::Keywords {
 
 using namespace Service::XML;
 using namespace Service::XML::Internal;
+
+namespace {
+
+unsigned long tableNumber = 1;
+
+} // namespace
+
+unsigned long TableNumber()
+{
+    return tableNumber;
+}
 
 class KeywordSyntaxTableImpl final : public IKeywordSyntaxTable {
 public:
@@ -161,6 +173,8 @@ KeywordSyntaxTable& KeywordSyntaxTable::Instance(bool clear, bool permanently)
     if (clear) {
         table.reset();
         cleared = cleared || permanently;
+        if (!cleared)
+            ++tableNumber;
         return Unusable();
     }
     if (cleared)

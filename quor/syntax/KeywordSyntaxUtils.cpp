@@ -1,7 +1,7 @@
 #include "quor/syntax/KeywordSyntaxUtils.h"
 
-#include "quor/syntax/KeywordSyntaxTable.h"
 #include "quor/syntax/internal/KeywordSyntax.h"
+#include "quor/syntax/internal/TableKeyword.h"
 
 #include <cassert>
 
@@ -9,37 +9,14 @@ namespace Veld::Quor::Core::Keywords {
 
 namespace {
 
-const IKeywordSyntax* Find(const char* name)
-{
-    return KeywordSyntaxTable::Instance(false, true).Lookup(name, true);
-}
+constinit TableKeyword skip("SKIP");
+constinit TableKeyword skipcar("SKIPCAR");
+constinit TableKeyword skipdun("SKIPDUN");
+constinit TableKeyword endskip("ENDSKIP");
 
-const IKeywordSyntax* FindSKIP()
+const IKeywordSyntax& Get(TableKeyword& keyword)
 {
-    static const IKeywordSyntax* const syntax = Find("SKIP");
-    return syntax;
-}
-
-const IKeywordSyntax* FindSKIPCAR()
-{
-    static const IKeywordSyntax* const syntax = Find("SKIPCAR");
-    return syntax;
-}
-
-const IKeywordSyntax* FindSKIPDUN()
-{
-    static const IKeywordSyntax* const syntax = Find("SKIPDUN");
-    return syntax;
-}
-
-const IKeywordSyntax* FindENDSKIP()
-{
-    static const IKeywordSyntax* const syntax = Find("ENDSKIP");
-    return syntax;
-}
-
-const IKeywordSyntax& Get(const IKeywordSyntax* syntax)
-{
+    const IKeywordSyntax* const syntax = keyword.Find();
     assert(syntax && "KeywordSyntaxUtils: the document lacks a skip keyword");
     return *syntax;
 }
@@ -48,42 +25,42 @@ const IKeywordSyntax& Get(const IKeywordSyntax* syntax)
 
 const IKeywordSyntax& KeywordSyntaxUtils::GetSKIP()
 {
-    return Get(FindSKIP());
+    return Get(skip);
 }
 
 const IKeywordSyntax& KeywordSyntaxUtils::GetSKIPCAR()
 {
-    return Get(FindSKIPCAR());
+    return Get(skipcar);
 }
 
 const IKeywordSyntax& KeywordSyntaxUtils::GetSKIPDUN()
 {
-    return Get(FindSKIPDUN());
+    return Get(skipdun);
 }
 
 const IKeywordSyntax& KeywordSyntaxUtils::GetENDSKIP()
 {
-    return Get(FindENDSKIP());
+    return Get(endskip);
 }
 
 bool KeywordSyntaxUtils::IsSKIP(const IKeywordSyntax& syntax)
 {
-    return &syntax == FindSKIP();
+    return &syntax == skip.Find();
 }
 
 bool KeywordSyntaxUtils::IsSKIPCAR(const IKeywordSyntax& syntax)
 {
-    return &syntax == FindSKIPCAR();
+    return &syntax == skipcar.Find();
 }
 
 bool KeywordSyntaxUtils::IsSKIPDUN(const IKeywordSyntax& syntax)
 {
-    return &syntax == FindSKIPDUN();
+    return &syntax == skipdun.Find();
 }
 
 bool KeywordSyntaxUtils::IsENDSKIP(const IKeywordSyntax& syntax)
 {
-    return &syntax == FindENDSKIP();
+    return &syntax == endskip.Find();
 }
 
 bool KeywordSyntaxUtils::IsValid(const IKeywordSyntax& syntax, const std::string& spelling,

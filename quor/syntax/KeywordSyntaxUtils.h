@@ -13,9 +13,8 @@ class IKeywordSyntax;
 
 class VELD_QUOR_EXPORT KeywordSyntaxUtils {
 public:
-    /// The keywords that open and close skipped blocks. Looked up at the first call and kept for the rest of
-    /// the process: a program that calls any of these eight must not clear the table and go on. The document
-    /// must have the keyword.
+    /// The keywords that open and close skipped blocks, of the process's table. Looked up at the first call,
+    /// and at the first after the table was cleared. The document must have the keyword.
     static const IKeywordSyntax& GetSKIP();
     static const IKeywordSyntax& GetSKIPCAR();
     static const IKeywordSyntax& GetSKIPDUN();

@@ -3,13 +3,11 @@
 #include "quor/data/DataAccessUtils.h"
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
-#include "quor/data/KeywordDataFactory.h"
 #include "quor/deck/internal/read/DataShape.h"
 #include "quor/deck/internal/read/DataValue.h"
 
 #include <fmt/format.h>
 
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -24,29 +22,20 @@ using MDType = IKeywordDataMD::MDType;
 
 constexpr MDTypes date = {MDType::Integer, MDType::String, MDType::Integer, MDType::String};
 
-/// Lists of one element each, for what answers for a list.
-class SingleElements {
-public:
-    explicit SingleElements(const KeywordInstance& keyword)
-        : list_(static_cast<const IKeywordListData&>(*keyword.data))
-        , single_(KeywordDataFactory::Instance().Construct(*keyword.syntax))
-    {
-    }
+const IKeywordListData& ListOf(const KeywordInstance& keyword)
+{
+    return static_cast<const IKeywordListData&>(*keyword.data);
+}
 
-    std::size_t GetSize() const { return static_cast<std::size_t>(list_.GetSize()); }
-    /// Lasts until the next call.
-    const IKeywordData* Get(std::size_t element)
-    {
-        auto& single = static_cast<IKeywordListData&>(*single_);
-        single.Clear();
-        single.AddData(list_.GetData(element));
-        return single_.get();
-    }
+double PeriodAt(const IKeywordListData& periods, std::size_t i)
+{
+    return *static_cast<const double*>(periods.GetData(i));
+}
 
-private:
-    const IKeywordListData& list_;
-    std::unique_ptr<IKeywordData> single_;
-};
+const IKeywordRecordData& RecordAt(const IKeywordListData& list, std::size_t i)
+{
+    return static_cast<const IKeywordRecordData&>(*static_cast<const IKeywordData*>(list.GetData(i)));
+}
 
 } // namespace
 
@@ -87,7 +76,7 @@ bool TimeLine::Advances(const KeywordInstance& keyword)
 
 void TimeLine::FollowStart(const KeywordInstance& keyword, bool isSound)
 {
-    const Time start = DataAccessUtils::GetTimeFromSTART(keyword.data.get());
+    const Time start = DataAccessUtils::GetTime(static_cast<const IKeywordRecordData&>(*keyword.data));
     reached_.start = reached_.now = deck_.start = start;
     if (!isSound)
         return;
@@ -101,13 +90,13 @@ void TimeLine::FollowStart(const KeywordInstance& keyword, bool isSound)
 
 void TimeLine::FollowDates(const KeywordInstance& keyword, bool isSound)
 {
-    const auto& list = static_cast<const IKeywordListData&>(*keyword.data);
-    SingleElements dates(keyword);
-    for (std::size_t i = 0; i < dates.GetSize(); ++i) {
-        const auto times = DataAccessUtils::GetTimesFromDATES(dates.Get(i));
-        const Time time = times.empty() ? Time() : times.front();
+    const IKeywordListData& dates = ListOf(keyword);
+    const auto size = static_cast<std::size_t>(dates.GetSize());
+    for (std::size_t i = 0; i < size; ++i) {
+        const IKeywordRecordData& record = RecordAt(dates, i);
+        const Time time = DataAccessUtils::GetTime(record); // MinTime for what is no date
         if (isSound)
-            CheckDate(time, *static_cast<const IKeywordRecordData*>(list.GetData(i)), RangeOf(keyword, i));
+            CheckDate(time, record, RangeOf(keyword, i));
         if (time.IsDef() && !(reached_.now.IsDef() && time <= reached_.now))
             Reach(time, i);
     }
@@ -126,15 +115,22 @@ void TimeLine::CheckDate(const Time& time, const IKeywordRecordData& record, con
         sound_.now = time;
 }
 
+/// TSTEP goes on from the time that was reached, TIME from the start.
+Time TimeLine::Clock::After(const KeywordInstance& keyword, double period) const
+{
+    const bool isFromStart = keyword.syntax->GetName() == "TIME" || !now.IsDef();
+    return DataAccessUtils::Advance(isFromStart ? start : now, ticksPerUnit, period);
+}
+
 /// Of TSTEP and TIME.
 void TimeLine::FollowPeriods(const KeywordInstance& keyword, bool isSound)
 {
     if (isSound)
         CheckPeriods(keyword);
-    SingleElements periods(keyword);
-    for (std::size_t i = 0; i < periods.GetSize(); ++i) {
-        const Time next =
-            DataAccessUtils::AdvanceTime(reached_.start, reached_.now, reached_.ticksPerUnit, periods.Get(i));
+    const IKeywordListData& periods = ListOf(keyword);
+    const auto size = static_cast<std::size_t>(periods.GetSize());
+    for (std::size_t i = 0; i < size; ++i) {
+        const Time next = reached_.After(keyword, PeriodAt(periods, i));
         if (!(reached_.now.IsDef() && next < reached_.now))
             Reach(next, i);
     }
@@ -142,14 +138,17 @@ void TimeLine::FollowPeriods(const KeywordInstance& keyword, bool isSound)
 
 void TimeLine::CheckPeriods(const KeywordInstance& keyword)
 {
-    const Time next =
-        DataAccessUtils::AdvanceTime(sound_.start, sound_.now, sound_.ticksPerUnit, keyword.data.get());
-    if (sound_.now.IsDef() && next < sound_.now)
+    const IKeywordListData& periods = ListOf(keyword);
+    const auto size = static_cast<std::size_t>(periods.GetSize());
+    Clock end = sound_;
+    for (std::size_t i = 0; i < size; ++i)
+        end.now = end.After(keyword, PeriodAt(periods, i));
+    if (sound_.now.IsDef() && end.now < sound_.now)
         reporter_.Report(keyword.name, Code::DateOrder,
             fmt::format("{}: {} is before {}, which the schedule has already reached",
-                keyword.syntax->GetName(), DateText(next), DateText(sound_.now)));
+                keyword.syntax->GetName(), DateText(end.now), DateText(sound_.now)));
     else
-        sound_.now = next;
+        sound_ = end;
 }
 
 /// The last keyword of the deck leads to a report.

@@ -32,6 +32,8 @@ public:
 
 private:
     struct Clock {
+        Core::Service::Time After(const KeywordInstance& keyword, double period) const;
+
         Core::Service::Time start; // undefined as long as the deck gives none
         Core::Service::Time now;
         long long ticksPerUnit = 24LL * 3600 * Core::Service::Time::TicksPerSecond;
