@@ -1,17 +1,22 @@
 #include "quor/foundation/service/Strings.h"
 
-#include <boost/algorithm/string/case_conv.hpp>
 #include <boost/algorithm/string/predicate.hpp>
 #include <boost/algorithm/string/split.hpp>
 #include <boost/algorithm/string/trim.hpp>
 
-#include <locale>
+#include <algorithm>
 
 namespace Veld::Quor::Core::Service {
 
 namespace {
 
 constexpr auto isBlank = [](char c) { return c == ' ' || (c >= '\t' && c <= '\r'); };
+
+/// Of ASCII; a facet of a locale costs far more.
+constexpr char Upper(char c)
+{
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
 
 } // namespace
 
@@ -22,7 +27,7 @@ bool AllBlanks(const std::string& text)
 
 bool NoCaseStringEqual(const std::string& a, const std::string& b)
 {
-    return boost::iequals(a, b, std::locale::classic());
+    return std::ranges::equal(a, b, {}, Upper, Upper);
 }
 
 void StringTrimBlank(std::string& text, bool left, bool right)
@@ -35,7 +40,8 @@ void StringTrimBlank(std::string& text, bool left, bool right)
 
 void StringToUpper(std::string& text)
 {
-    boost::to_upper(text, std::locale::classic());
+    for (char& c : text)
+        c = Upper(c);
 }
 
 void StringSplit(

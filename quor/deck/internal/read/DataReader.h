@@ -117,7 +117,7 @@ private:
     bool FitsAfter(const DataPlan& plan, std::size_t index) const;
     std::string FindShift(const DataPlan& item) const;
     Ended SkipRest();
-    bool Report(const DataPlan& item, WordFaults faults);
+    bool Report(const DataPlan& item, WordFaults&& faults);
     bool ReportMisfit(const DataPlan& item, Misfit misfit);
     void ReportInRow(Misfit misfit);
     void ReportAt(const TextRange& range, Misfit misfit);

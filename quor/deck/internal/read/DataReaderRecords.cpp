@@ -152,7 +152,7 @@ template <class T>
 bool DataReader::ReadScalarAs(const DataPlan& plan, std::size_t index, void* storage)
 {
     Reading<T> reading = values_.Read<T>(plan.items[index], words_.GetWord());
-    const bool isShifted = Report(plan.items[index], std::move(reading.faults));
+    const bool isShifted = !reading.faults.IsEmpty() && Report(plan.items[index], std::move(reading.faults));
     if (reading.hasVariables)
         notes_.AddVariable(static_cast<int>(index), 1, words_.GetWord().text);
     if (!reading.value)
@@ -167,9 +167,11 @@ bool DataReader::ReadScalarAs(const DataPlan& plan, std::size_t index, void* sto
 void DataReader::CheckNumber(const DataPlan& plan, std::size_t index, double value)
 {
     const DataPlan& item = plan.items[index];
-    if (!IsWithinLimits(item, value)) {
-        ReportInRow(values_.Beyond(item, value));
-    } else if (auto disorder = order_.Check(plan, index, value, words_.GetRange())) {
+    if (!IsWithinLimits(item, value))
+        return ReportInRow(values_.Beyond(item, value));
+    if (item.constraint == DataPlan::Constraint::None)
+        return;
+    if (auto disorder = order_.Check(plan, index, value, words_.GetRange())) {
         ReportInRow(std::move(disorder->misfit));
         if (disorder->mayBeNewTable)
             order_.SetOutOfStep();

@@ -18,7 +18,7 @@ using Termination = DataPlan::Termination;
 } // namespace
 
 /// Of the last word. True if the rest of the record is shifted.
-bool DataReader::Report(const DataPlan& item, WordFaults faults)
+bool DataReader::Report(const DataPlan& item, WordFaults&& faults)
 {
     for (Misfit& remark : faults.remarks)
         ReportAt(words_.GetRange(), std::move(remark));

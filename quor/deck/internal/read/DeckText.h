@@ -70,7 +70,7 @@ public:
     const Token& PeekData();
 
     /// Whether nothing but a comment is left of the line.
-    bool IsAtLineEnd() const { return !hasPeeked_ && IsEmpty(GetLine()); }
+    bool IsAtLineEnd() const { return !hasPeeked_ && IsEmptyToLineEnd(GetRest()); }
     bool HasPeeked() const { return hasPeeked_; }
 
     /// The rest of the line, or the next line that is no comment, without blanks around it; `Keyword` or

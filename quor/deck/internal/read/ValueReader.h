@@ -30,6 +30,8 @@ struct Misfit {
 struct WordFaults {
     std::optional<Misfit> misfit; ///< why it is no value
     std::vector<Misfit> remarks; ///< on a value
+
+    bool IsEmpty() const { return !misfit && remarks.empty(); }
 };
 
 /// What a word says of an item. Of a choice the value is the index.

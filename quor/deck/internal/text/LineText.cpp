@@ -79,6 +79,12 @@ bool IsEmpty(std::string_view line)
     return IsEmptyFrom(line, 0);
 }
 
+bool IsEmptyToLineEnd(std::string_view text)
+{
+    const std::size_t offset = SkipBlanks(text, 0);
+    return offset == text.size() || text[offset] == '\n' || IsCommentAt(text, offset);
+}
+
 bool IsComment(std::string_view line)
 {
     return IsCommentAt(line, SkipBlanks(line, 0));

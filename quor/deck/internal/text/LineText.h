@@ -23,6 +23,8 @@ std::string_view FindLeadingWord(std::string_view line);
 /// Whether the line holds nothing but blanks and a comment.
 bool IsEmpty(std::string_view line);
 bool IsComment(std::string_view line);
+/// The same as `IsEmpty` of the first line of a text. It looks no further than it must.
+bool IsEmptyToLineEnd(std::string_view text);
 
 /// Whether a slash outside quotes and before any comment ends a record on the line.
 bool HasEndingSlash(std::string_view line);

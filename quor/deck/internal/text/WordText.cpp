@@ -3,12 +3,21 @@
 #include "quor/deck/internal/text/LineText.h"
 
 #include <algorithm>
+#include <array>
 
 namespace Veld::Quor::Core::Decks {
 
 namespace {
 
 using Quotes = DataWord::Quotes;
+
+/// What ends a bare word, or may: hyphens begin a comment, a quote follows a repeat count.
+constexpr std::array<bool, 256> mayEnd = [] {
+    std::array<bool, 256> table = {};
+    for (const char c : std::string_view(" \t\n\v\f\r,/-'\""))
+        table[static_cast<unsigned char>(c)] = true;
+    return table;
+}();
 
 std::size_t LengthOfBareWord(std::string_view text)
 {
@@ -17,8 +26,9 @@ std::size_t LengthOfBareWord(std::string_view text)
     std::size_t length = 1;
     for (; length < text.size(); ++length) {
         const char c = text[length];
-        if (IsSeparator(c) || c == '/' || IsCommentAt(text, length)
-            || (IsQuote(c) && isCount && text[length - 1] == '*'))
+        if (mayEnd[static_cast<unsigned char>(c)]
+            && (IsSeparator(c) || c == '/' || IsCommentAt(text, length)
+                || (IsQuote(c) && isCount && text[length - 1] == '*')))
             break;
         isCount = isCount && counts(c);
     }
