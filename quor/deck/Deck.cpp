@@ -90,8 +90,8 @@ std::vector<DeckKeyword> Deck::GetAfterStep(std::size_t step) const
 {
     std::vector<DeckKeyword> keywords;
     if (step >= contents_->steps.size())
-        throw std::out_of_range(
-            fmt::format("report step {} of {} does not exist", step, contents_->steps.size()));
+        throw std::out_of_range(fmt::format(
+            "report step index {} is out of range (the deck has {} steps)", step, contents_->steps.size()));
     for (std::size_t i = contents_->steps[step].keyword + 1; i < GetSize(); ++i) {
         if (contents_->keywords[i].step != step)
             break;

@@ -20,8 +20,8 @@ DeckFormatter::~DeckFormatter() = default;
 std::string DeckFormatter::FormatFile(std::uint32_t file)
 {
     if (file >= deck_.GetFiles().GetSize())
-        throw std::out_of_range(
-            fmt::format("file {} of a deck of {} files does not exist", file, deck_.GetFiles().GetSize()));
+        throw std::out_of_range(fmt::format(
+            "file index {} is out of range (the deck has {} files)", file, deck_.GetFiles().GetSize()));
     return writer_->WriteFile(file);
 }
 

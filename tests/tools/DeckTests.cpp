@@ -1,0 +1,175 @@
+#include "quor/Deck.h"
+#include "tests/support/Cases.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <thread>
+#include <vector>
+
+using namespace Veld::Quor::Core::Decks;
+using namespace Veld::Quor::Core::Keywords;
+using namespace Veld::Quor::Tests;
+
+namespace {
+
+constexpr const char* text = R"(RUNSPEC
+TITLE
+ A small deck
+DIMENS
+ 2 1 2 /
+OIL
+START
+ 1 JAN 2020 /
+GRID
+PORO
+ 0.1 0.2 2* /
+SUMMARY
+WOPRX
+/
+SCHEDULE
+WELSPECS
+ P1 G 1 1 /
+/
+TSTEP
+ 10 20 /
+WELOPEN
+ P1 SHUT /
+/
+DATES
+ 1 JUN 2020 /
+/
+WELOPEN
+ P1 OPEN /
+/
+)";
+
+const Deck& GetDeck()
+{
+    static const DeckLanguage language;
+    static const Deck deck = Deck::ReadText(text, language);
+    return deck;
+}
+
+std::string NamesOf(const std::vector<DeckKeyword>& keywords)
+{
+    std::string names;
+    for (const DeckKeyword keyword : keywords)
+        names += (names.empty() ? "" : " ") + keyword.GetName();
+    return names;
+}
+
+template <class Use>
+std::string ReasonOf(Use use)
+{
+    try {
+        use();
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+    return {};
+}
+
+TEST(ADeck, HandsOutItsKeywordsInOrderByNameSectionAndStep)
+{
+    const Deck& deck = GetDeck();
+    EXPECT_TRUE(deck.IsClean()) << ToString(deck.GetFindings().GetKept().front());
+    EXPECT_EQ(NamesOf({deck.begin(), deck.end()}),
+        "RUNSPEC TITLE DIMENS OIL START GRID PORO SUMMARY WOPRX SCHEDULE WELSPECS TSTEP WELOPEN DATES "
+        "WELOPEN");
+    EXPECT_EQ(NamesOf(deck.GetSection(SectionType::GRID)), "GRID PORO");
+    EXPECT_EQ(NamesOf(deck.GetSection(SectionType::EDIT)), "");
+    EXPECT_EQ(deck.GetAll("welopen").size(), 2U);
+    EXPECT_EQ(deck.Get("WELOPEN").GetIndex(), 14U);
+    EXPECT_TRUE(deck.Has("poro"));
+    EXPECT_FALSE(deck.Has("PERMX"));
+    EXPECT_TRUE(deck.Get("WOPRX").IsNamed("woprx")); // a wildcard stands for it
+    EXPECT_EQ(deck.GetSectionCount(), 4U);
+    EXPECT_EQ(deck.GetFileCount(), 1U);
+}
+
+TEST(ADeck, KnowsItsTimes)
+{
+    const Deck& deck = GetDeck();
+    EXPECT_EQ(DateText(deck.GetStart()), "2020-01-01");
+    ASSERT_EQ(deck.GetSteps().size(), 3U);
+    EXPECT_EQ(DateText(deck.GetSteps()[1].time), "2020-01-31");
+    EXPECT_EQ(NamesOf(deck.GetAfterStep(0)), ""); // the same keyword leads on to the next
+    EXPECT_EQ(NamesOf(deck.GetAfterStep(1)), "WELOPEN DATES");
+    EXPECT_EQ(NamesOf(deck.GetAfterStep(2)), "WELOPEN");
+    EXPECT_EQ(DateText(deck.Get("WELSPECS").GetTime()), "2020-01-01");
+    EXPECT_EQ(deck.Get("WELSPECS").FindStep(), nullptr);
+    EXPECT_EQ(DateText(deck.Get("WELOPEN").GetTime()), "2020-06-01");
+    EXPECT_FALSE(deck.Get("PORO").GetTime().IsDef());
+}
+
+TEST(ADeck, GivesDataWithoutACopy)
+{
+    const auto porosities = As<double>(AsList(GetDeck().Get("PORO").GetData()));
+    ASSERT_EQ(porosities.size(), 4U);
+    EXPECT_EQ(porosities[1], 0.2);
+    EXPECT_FALSE(porosities.IsDefaulted(1));
+    EXPECT_TRUE(porosities.IsDefaulted(2));
+    EXPECT_EQ(GetDeck().Get("OIL").FindData(), nullptr);
+    EXPECT_EQ(GetDeck().Get("PORO").GetText(), "PORO\n 0.1 0.2 2* /");
+    EXPECT_EQ(GetDeck().Get("TSTEP").GetLocation().line, 19U);
+}
+
+struct Failure {
+    const char* name;
+    void (*use)();
+    const char* reason;
+};
+
+class DeckFailures : public testing::TestWithParam<Failure> { };
+
+TEST_P(DeckFailures, SayWhatIsMissing)
+{
+    EXPECT_EQ(ReasonOf(GetParam().use), GetParam().reason);
+}
+
+INSTANTIATE_TEST_SUITE_P(Questions, DeckFailures,
+    testing::Values(Failure{"NearName", [] { GetDeck().Get("PORRO"); },
+                        "the deck has no keyword 'PORRO'; similar names: PORO"},
+        Failure{"NoNearName", [] { GetDeck().Get("WCONPROD"); }, "the deck has no keyword 'WCONPROD'"},
+        Failure{"NoData", [] { GetDeck().Get("OIL").GetData(); }, "OIL has no data"},
+        Failure{"NoStep", [] { GetDeck().GetAfterStep(3); },
+            "report step index 3 is out of range (the deck has 3 steps)"},
+        Failure{"NoFile", [] { DeckFormatter(GetDeck()).FormatFile(1); },
+            "file index 1 is out of range (the deck has 1 files)"},
+        Failure{
+            "VariableName", [] { ReadOptions().SetVariable("A B", "1"); }, "invalid variable name 'A B'"}),
+    CaseName<Failure>);
+
+TEST(ADeck, AnswersForAnAlias)
+{
+    const DeckLanguage language;
+    const Deck deck = Deck::ReadText("RUNSPEC\nDIMENS\n 1 1 1 /\nGRID\nPERMR\n 1 /\n", language);
+    const std::string name = deck[deck.GetSize() - 1].GetName();
+    EXPECT_TRUE(deck.Has("PERMR"));
+    EXPECT_EQ(deck.Get("PERMR").GetName(), name);
+}
+
+TEST(ADeck, IsAskedByManyThreadsAtOnce) // the first question makes the index
+{
+    const DeckLanguage language;
+    const Deck deck = Deck::ReadText(text, language);
+    std::vector<std::size_t> counts(4);
+    std::vector<std::thread> threads;
+    for (std::size_t& count : counts)
+        threads.emplace_back([&deck, &count] { count = deck.GetAll("WELOPEN").size(); });
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(counts, std::vector<std::size_t>(4, 2));
+}
+
+TEST(AFinding, IsALineAsCompilersPrintIt)
+{
+    const DeckLanguage language;
+    const Deck deck = Deck::ReadText("RUNSPEC\nOLI\n", language, ReadOptions().SetMaxFindings(5), "a/b.data");
+    ASSERT_EQ(deck.GetFindings().GetKept().size(), 1U);
+    EXPECT_EQ(ToString(deck.GetFindings().GetKept().front()),
+        "a/b.data:2:1: error: unknown keyword 'OLI'; did you mean OIL? [unknown-keyword]");
+}
+
+} // namespace
