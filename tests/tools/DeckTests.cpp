@@ -23,9 +23,9 @@ START
  1 JAN 2020 /
 GRID
 PORO
- 0.1 0.2 2* /
+ 0.1 0.2 2*0.3 /
 SUMMARY
-WOPRX
+WUOPRX
 /
 SCHEDULE
 WELSPECS
@@ -75,7 +75,7 @@ TEST(ADeck, HandsOutItsKeywordsInOrderByNameSectionAndStep)
     const Deck& deck = GetDeck();
     EXPECT_TRUE(deck.IsClean()) << ToString(deck.GetFindings().GetKept().front());
     EXPECT_EQ(NamesOf({deck.begin(), deck.end()}),
-        "RUNSPEC TITLE DIMENS OIL START GRID PORO SUMMARY WOPRX SCHEDULE WELSPECS TSTEP WELOPEN DATES "
+        "RUNSPEC TITLE DIMENS OIL START GRID PORO SUMMARY WUOPRX SCHEDULE WELSPECS TSTEP WELOPEN DATES "
         "WELOPEN");
     EXPECT_EQ(NamesOf(deck.GetSection(SectionType::GRID)), "GRID PORO");
     EXPECT_EQ(NamesOf(deck.GetSection(SectionType::EDIT)), "");
@@ -83,7 +83,7 @@ TEST(ADeck, HandsOutItsKeywordsInOrderByNameSectionAndStep)
     EXPECT_EQ(deck.Get("WELOPEN").GetIndex(), 14U);
     EXPECT_TRUE(deck.Has("poro"));
     EXPECT_FALSE(deck.Has("PERMX"));
-    EXPECT_TRUE(deck.Get("WOPRX").IsNamed("woprx")); // a wildcard stands for it
+    EXPECT_TRUE(deck.Get("WUOPRX").IsNamed("wuoprx")); // a wildcard stands for it
     EXPECT_EQ(deck.GetSectionCount(), 4U);
     EXPECT_EQ(deck.GetFileCount(), 1U);
 }
@@ -109,9 +109,9 @@ TEST(ADeck, GivesDataWithoutACopy)
     ASSERT_EQ(porosities.size(), 4U);
     EXPECT_EQ(porosities[1], 0.2);
     EXPECT_FALSE(porosities.IsDefaulted(1));
-    EXPECT_TRUE(porosities.IsDefaulted(2));
+    EXPECT_EQ(porosities[3], 0.3);
     EXPECT_EQ(GetDeck().Get("OIL").FindData(), nullptr);
-    EXPECT_EQ(GetDeck().Get("PORO").GetText(), "PORO\n 0.1 0.2 2* /");
+    EXPECT_EQ(GetDeck().Get("PORO").GetText(), "PORO\n 0.1 0.2 2*0.3 /");
     EXPECT_EQ(GetDeck().Get("TSTEP").GetLocation().line, 19U);
 }
 
