@@ -20,4 +20,5 @@
 #include "quor/deck/ReportStep.h"
 #include "quor/deck/SourceText.h"
 #include "quor/deck/Target.h"
+#include "quor/deck/TextEdit.h"
 #include "quor/deck/TextRange.h"

@@ -500,10 +500,11 @@ TEST_P(Edits, TouchNothingElse)
     const Decks::Deck deck = read(before + row.keyword);
     const Decks::DeckFiles& files = deck.GetFiles();
     const auto edit = Decks::EditValue(ContentsOf(deck).keywords.back(), files, row.slot, row.word);
-    EXPECT_EQ(edit ? Decks::Apply(*edit, files) : "", *row.changed ? before + row.changed : "");
+    EXPECT_EQ(
+        edit ? Decks::ApplyEdits(files.GetText(0), {*edit}) : "", *row.changed ? before + row.changed : "");
     if (!edit)
         return;
-    const Decks::Deck again = read(Decks::Apply(*edit, files));
+    const Decks::Deck again = read(Decks::ApplyEdits(files.GetText(0), {*edit}));
     EXPECT_EQ(Dump(again.GetFindings(), folder_.Path()), "");
     const Decks::TextRange& range = ContentsOf(again).keywords.back().notes->values[row.slot];
     EXPECT_EQ(again.GetFiles().GetText(range), row.word);

@@ -53,7 +53,7 @@ std::string Joined(const std::string& before, std::string_view word, const std::
 
 } // namespace
 
-std::optional<Edit> EditValue(
+std::optional<TextEdit> EditValue(
     const KeywordInstance& keyword, const DeckFiles& files, std::size_t slot, std::string_view word)
 {
     if (!keyword.notes || slot >= keyword.notes->values.size())
@@ -66,20 +66,14 @@ std::optional<Edit> EditValue(
     if (range.length == 0) {
         if (!IsFlat(*keyword.data->GetMD()))
             return std::nullopt;
-        return Edit{range, Joined(Repeated(slot - first, {}), word, {}) + ' '};
+        return TextEdit{range, Joined(Repeated(slot - first, {}), word, {}) + ' '};
     }
     std::size_t after = slot + 1;
     while (after < ranges.size() && IsSame(ranges[after], range))
         ++after;
     std::string_view old = files.GetText(range);
     old.remove_prefix(FindRepeat(old).length);
-    return Edit{range, Joined(Repeated(slot - first, old), word, Repeated(after - slot - 1, old))};
-}
-
-std::string Apply(const Edit& edit, const DeckFiles& files)
-{
-    std::string text(files.GetText(edit.range.file));
-    return text.replace(edit.range.offset, edit.range.length, edit.text);
+    return TextEdit{range, Joined(Repeated(slot - first, old), word, Repeated(after - slot - 1, old))};
 }
 
 } // namespace Veld::Quor::Core::Decks
