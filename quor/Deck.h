@@ -22,3 +22,4 @@
 #include "quor/deck/Target.h"
 #include "quor/deck/TextEdit.h"
 #include "quor/deck/TextRange.h"
+#include "quor/deck/ValueAddress.h"

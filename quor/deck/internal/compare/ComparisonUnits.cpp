@@ -1,64 +1,18 @@
 #include "quor/deck/internal/compare/ComparisonUnits.h"
 
 #include "quor/data/IKeywordListData.h"
-#include "quor/data/IKeywordRecordData.h"
-#include "quor/deck/internal/read/DataShape.h"
 #include "quor/deck/internal/read/DataValue.h"
+#include "quor/deck/internal/read/RecordIdentity.h"
 #include "quor/deck/internal/read/TimeLine.h"
 #include "quor/deck/internal/text/LineText.h"
-#include "quor/metadata/IKeywordListMD.h"
-#include "quor/metadata/IKeywordRecordMD.h"
-#include "quor/metadata/KeywordUtils.h"
 
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
 
 using namespace Core::Keywords;
-using MDType = IKeywordDataMD::MDType;
 
 namespace {
-
-bool HasIdentifier(const IKeywordRecordMD& md)
-{
-    for (int i = 0; i < md.GetSize(); ++i) {
-        if (md.IsIdentifier(i))
-            return true;
-    }
-    return false;
-}
-
-bool IsListOfNamedRecords(const IKeywordDataMD* md)
-{
-    return IsListOfRecords(md, {})
-        && HasIdentifier(
-            static_cast<const IKeywordRecordMD&>(*static_cast<const IKeywordListMD&>(*md).GetItemMD()));
-}
-
-/// The identifiers of a record, or of the first one of a list, and of what it holds.
-void AppendIdentity(const IKeywordData& data, std::string& text)
-{
-    const MDType::Enum type = data.GetMD()->GetType();
-    if (type == MDType::List) {
-        const auto& list = static_cast<const IKeywordListData&>(data);
-        const auto* const item = static_cast<const IKeywordListMD&>(*data.GetMD()).GetItemMD();
-        if (list.GetSize() > 0 && !KeywordUtils::IsItemMDType(item))
-            AppendIdentity(*static_cast<const IKeywordData*>(list.GetData(0)), text);
-    }
-    if (type != MDType::Record)
-        return;
-    const auto& md = static_cast<const IKeywordRecordMD&>(*data.GetMD());
-    const auto& record = static_cast<const IKeywordRecordData&>(data);
-    for (int i = 0; i < md.GetSize(); ++i) {
-        const IKeywordDataMD& item = *md.GetItemMD(i);
-        if (!KeywordUtils::IsItemMDType(item.GetType())) {
-            AppendIdentity(*static_cast<const IKeywordData*>(record.GetData(i)), text);
-        } else if (md.IsIdentifier(i)) {
-            const ScalarValue value = ItemValue(item, record.GetData(i));
-            text.append(text.empty() ? "" : " ").append(IsGiven(value) ? ToText(item, value) : "*");
-        }
-    }
-}
 
 class Splitter {
 public:
@@ -130,8 +84,11 @@ ComparisonUnit Splitter::MakeUnit(
     const KeywordInstance& keyword, const IKeywordData* data, const TextRange& range) const
 {
     ComparisonUnit unit{KeyOf(keyword.scope), deck_.NameOf(keyword), {}, &keyword, data, range};
-    if (data && keyword.syntax->HasIdentifiers())
-        AppendIdentity(*data, unit.identity);
+    if (data && keyword.syntax->HasIdentifiers()) {
+        for (const IdentityItem& item : IdentityOf(*data))
+            unit.identity.append(unit.identity.empty() ? "" : " ")
+                .append(IsGiven(item.value) ? ToText(*item.md, item.value) : "*");
+    }
     unit.key.append("/").append(unit.name).append(" ").append(ToUpper(unit.identity));
     return unit;
 }

@@ -1,0 +1,165 @@
+#include "quor/deck/ValueAddress.h"
+
+#include "quor/deck/internal/ContentsOf.h"
+#include "quor/deck/internal/edit/AddressAdvice.h"
+#include "quor/deck/internal/edit/AddressMatcher.h"
+#include "quor/deck/internal/edit/DataPath.h"
+#include "quor/deck/internal/read/DeckContents.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <algorithm>
+#include <unordered_map>
+
+// Where an address leads to.
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+
+namespace {
+
+/// Makes places of matches. Matches in the order of the deck cost least.
+class PlaceMaker {
+public:
+    explicit PlaceMaker(const Deck& deck)
+        : deck_(deck)
+        , contents_(ContentsOf(deck))
+    {
+    }
+
+    ValuePlace Make(const ValueMatch& match, ValueAddress address)
+    {
+        const KeywordInstance& keyword = contents_.keywords[match.keyword];
+        const ScalarPlace scalar = *FindScalar(*keyword.data, match.path);
+        return {deck_[match.keyword], match.path, std::move(address), ToText(*scalar.md, scalar.GetValue()),
+            FindRange(match)};
+    }
+
+private:
+    std::optional<TextRange> FindRange(const ValueMatch& match)
+    {
+        const KeywordInstance& keyword = contents_.keywords[match.keyword];
+        if (match.keyword != last_) {
+            last_ = match.keyword;
+            hasRanges_ = keyword.notes && !keyword.notes->values.empty()
+                && keyword.notes->values.size() == CountSlots(*keyword.data);
+        }
+        if (!hasRanges_)
+            return std::nullopt;
+        return keyword.notes->values[SlotOf(*keyword.data, match.path)];
+    }
+
+    const Deck& deck_;
+    const DeckContents& contents_;
+    std::uint32_t last_ = noIndex; // keyword
+    bool hasRanges_ = false; // it has one for each slot
+};
+
+/// Only the one that the number of the address says.
+void TakeNumber(const ValueAddress& address, std::vector<ValueMatch>& matches)
+{
+    if (address.number == 0)
+        return;
+    if (address.number > matches.size())
+        matches.clear();
+    else
+        matches = {matches[address.number - 1]};
+}
+
+bool IsSame(const ValueMatch& a, const ValueMatch& b)
+{
+    return a.keyword == b.keyword && a.path == b.path;
+}
+
+/// With its number if several have the address.
+ValueAddress FullAddress(const DeckContents& deck, const ValueMatch& match)
+{
+    ValueAddress address = MakeAddress(deck, match);
+    const auto matches = FindMatches(deck, address);
+    if (matches.size() > 1) {
+        const auto at = std::find_if(
+            matches.begin(), matches.end(), [&](const ValueMatch& other) { return IsSame(match, other); });
+        address.number = static_cast<std::size_t>(at - matches.begin()) + 1;
+    }
+    return address;
+}
+
+/// The full addresses of all values that one address matches.
+std::vector<ValueAddress> FullAddresses(const DeckContents& deck, const std::vector<ValueMatch>& matches)
+{
+    std::unordered_map<std::string, std::size_t> counts;
+    std::vector<std::string> keys;
+    for (const ValueMatch& match : matches)
+        ++counts[keys.emplace_back(MakeAddressKey(deck, match))];
+    std::unordered_map<std::string, std::size_t> numbers;
+    std::vector<ValueAddress> addresses;
+    for (std::size_t i = 0; i < matches.size(); ++i) {
+        addresses.push_back(MakeAddress(deck, matches[i]));
+        if (counts[keys[i]] > 1)
+            addresses.back().number = ++numbers[keys[i]];
+    }
+    return addresses;
+}
+
+} // namespace
+
+std::vector<ValuePlace> Resolve(const Deck& deck, const ValueAddress& address)
+{
+    const DeckContents& contents = ContentsOf(deck);
+    auto matches = FindMatches(contents, address);
+    auto addresses = FullAddresses(contents, matches);
+    if (address.number > 0 && address.number <= matches.size())
+        addresses = {addresses[address.number - 1]};
+    TakeNumber(address, matches);
+    PlaceMaker maker(deck);
+    std::vector<ValuePlace> places;
+    places.reserve(matches.size());
+    for (std::size_t i = 0; i < matches.size(); ++i)
+        places.push_back(maker.Make(matches[i], std::move(addresses[i])));
+    return places;
+}
+
+ValuePlace ResolveOne(const Deck& deck, const ValueAddress& address)
+{
+    const DeckContents& contents = ContentsOf(deck);
+    auto matches = FindMatches(contents, address);
+    if (matches.empty())
+        throw AddressError(ExplainNoMatch(contents, address));
+    const bool isOne = address.number == 0 ? matches.size() == 1 : address.number <= matches.size();
+    if (!isOne)
+        throw AddressError(ExplainMatches(contents, address, matches));
+    TakeNumber(address, matches);
+    return PlaceMaker(deck).Make(matches.front(), FullAddress(contents, matches.front()));
+}
+
+ValuePlace PlaceOf(const Deck& deck, const DeckKeyword& keyword, const ValuePath& path)
+{
+    if (!keyword.FindData() || !FindScalar(*keyword.FindData(), path))
+        throw AddressError(
+            fmt::format("{} has no value at the path {}", keyword.GetName(), fmt::join(path, ", ")));
+    const ValueMatch match{static_cast<std::uint32_t>(keyword.GetIndex()), path};
+    return PlaceMaker(deck).Make(match, FullAddress(ContentsOf(deck), match));
+}
+
+ValueAddress AddressOf(const Deck& deck, const DeckKeyword& keyword, std::size_t record, ItemKey item)
+{
+    const IKeywordData& root = keyword.GetData();
+    const bool isList = root.GetMD()->GetType() == IKeywordDataMD::MDType::List;
+    const IKeywordDataMD* const md = isList ? FindChildMD(root, record) : root.GetMD();
+    const IKeywordData* node = nullptr;
+    if (md && md->GetType() == IKeywordDataMD::MDType::Record)
+        node = isList ? &ChildOf(root, record) : &root;
+    const std::size_t size = node ? CountChildren(*node) : 0;
+    std::size_t index = item.IsName() ? 0 : static_cast<std::size_t>(item.Index());
+    while (item.IsName() && index < size && FindChildMD(*node, index)->GetName() != item.Name())
+        ++index;
+    const ValuePath path = isList ? ValuePath{record, index} : ValuePath{index};
+    if (index >= size || !FindScalar(root, path))
+        throw AddressError(fmt::format("{}: record {} has no value '{}'", keyword.GetName(), record,
+            item.IsName() ? std::string(item.Name()) : std::to_string(item.Index())));
+    return FullAddress(ContentsOf(deck), {static_cast<std::uint32_t>(keyword.GetIndex()), path});
+}
+
+} // namespace Veld::Quor::Core::Decks

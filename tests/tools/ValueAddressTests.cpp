@@ -1,0 +1,259 @@
+#include "quor/deck/ValueAddress.h"
+
+#include "tests/support/Cases.h"
+#include "tests/tools/EditorLanguage.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace Veld::Quor::Core::Decks;
+using namespace Veld::Quor::Tests;
+
+namespace {
+
+struct PrintRow {
+    const char* name;
+    ValueAddress address;
+    const char* text;
+};
+
+class Printed : public testing::TestWithParam<PrintRow> { };
+
+TEST_P(Printed, IsParsedAsTheSame)
+{
+    EXPECT_EQ(GetParam().address.ToString(), GetParam().text);
+    EXPECT_TRUE(ValueAddress::Parse(GetParam().text) == GetParam().address);
+    ValueAddress other = GetParam().address;
+    other.number = 99;
+    EXPECT_TRUE(ValueAddress::Parse(GetParam().text) != other);
+}
+
+INSTANTIATE_TEST_SUITE_P(Addresses, Printed,
+    testing::Values(
+        PrintRow{"Whole", {"WCONPROD", {"P1"}, {"ORAT"}, "2024-04-01"}, "WCONPROD[P1].ORAT@2024-04-01"},
+        PrintRow{"Keyword", {"PORO"}, "PORO"}, PrintRow{"Number", {"PORO", {"17"}}, "PORO[17]"},
+        PrintRow{"Negative", {"A", {"-1", "1*", "P*"}}, "A[-1,1*,P*]"},
+        PrintRow{"Several", {"A", {"B", "C D", "0.5"}, {"E", "2", "F"}, "2024-04-01 12:30:00.500", 3},
+            "A[B,'C D','0.5'].E.2.F@2024-04-01 12:30:00.500#3"},
+        PrintRow{"Quotes", {"A", {"it's", "\"", ""}}, "A['it''s','\"','']"},
+        PrintRow{"Special", {"A.B", {"[", "]", ",", "@", "#"}, {"P.Q", "\n"}},
+            "'A.B'['[',']',',','@','#'].'P.Q'.'\n'"},
+        PrintRow{"Nothing", {"", {}, {""}, " x@#'"}, "''.''@' x@#'''"}),
+    CaseName<PrintRow>);
+
+struct FailureRow {
+    const char* name;
+    const char* text;
+    std::size_t position;
+    const char* expected;
+};
+
+class Malformed : public testing::TestWithParam<FailureRow> { };
+
+TEST_P(Malformed, SaysWhatIsExpectedWhere)
+{
+    const FailureRow& row = GetParam();
+    try {
+        ValueAddress::Parse(row.text);
+        FAIL() << "no exception";
+    } catch (const AddressError& error) {
+        EXPECT_EQ(error.GetPosition(), row.position);
+        EXPECT_EQ(error.what(), "'" + std::string(row.text) + "' is not an address: " + row.expected);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Addresses, Malformed,
+    testing::Values(FailureRow{"Empty", "", 0, "the name of a keyword is expected at its end"},
+        FailureRow{"NoKeyword", "[P1]", 0, "the name of a keyword is expected at character 1"},
+        FailureRow{"OpenBracket", "A[P1", 4, "',' or ']' is expected at its end"},
+        FailureRow{"EmptyBrackets", "A[]", 2, "an identifier or a number is expected at character 3"},
+        FailureRow{"BlankInIdentifier", "A[B C]", 4, "',' or ']' is expected at character 5"},
+        FailureRow{"NoItem", "A[B].@x", 5, "the name of an item is expected at character 6"},
+        FailureRow{"NoDate", "A@", 2, "a date, as in 2024-04-01, is expected at its end"},
+        FailureRow{"NoSuchDate", "A@JAN", 2, "a date, as in 2024-04-01, is expected at character 3"},
+        FailureRow{"NoNumber", "A#0", 2, "a number from 1 is expected at character 3"},
+        FailureRow{"OpenQuote", "A['B", 4, "a closing ' is expected at its end"},
+        FailureRow{"TextAfterIt", "A[B]C", 4, "'[', '.', '@', '#' or the end is expected at character 5"},
+        FailureRow{"TextAfterANumber", "A#1.B", 3, "the end is expected at character 4"}),
+    CaseName<FailureRow>);
+
+const char* const deckText = R"(TITLE
+  A title
+BOX
+  1 2 2* 5 /
+WHOLE
+  7 3*8 /
+NAMES
+  'A B' C /
+TABLES
+  0 1  2 3 /
+  4 5 /
+NESTED
+  1  2 3  4 5 /
+  6  7 8 /
+/
+MAP
+  A=2 /
+START
+  1 MAR 2024 /
+SCHEDULE
+WELLS
+  P1 OIL 100 /
+  'P*' 1* 50 3 /
+/
+DATES
+  1 APR 2024 /
+/
+WELLS
+  P1 WATER 2* YES /
+  P1 OIL /
+/
+CELLS
+  a 1 0.50 2.5 /
+  A 1 0.50 3.5 /
+  A 2 1* 4.5 /
+/
+DATES
+  1 APR 2024 12:30:00 /
+/
+WELLS
+  P1 OIL 9 /
+/
+)";
+
+struct PlaceRow {
+    const char* name;
+    const char* address;
+    const char* places; ///< "full address = text in the deck", one to a line
+};
+
+class Places : public testing::TestWithParam<PlaceRow> { };
+
+std::string Listed(const Deck& deck, const std::vector<ValuePlace>& places)
+{
+    std::string text;
+    for (const ValuePlace& place : places) {
+        const std::string_view word = place.range ? deck.GetFiles().GetText(*place.range) : "no range";
+        text.append(text.empty() ? "" : "\n").append(place.address.ToString()).append(" = ").append(word);
+    }
+    return text;
+}
+
+TEST_P(Places, AreResolved)
+{
+    const Deck deck = ReadEditable(deckText);
+    ASSERT_TRUE(deck.IsClean());
+    const auto places = Resolve(deck, ValueAddress::Parse(GetParam().address));
+    EXPECT_EQ(Listed(deck, places), GetParam().places);
+    for (const ValuePlace& place : places) {
+        const ValuePlace again = ResolveOne(deck, place.address);
+        EXPECT_TRUE(again.address == place.address);
+        EXPECT_EQ(again.path, place.path);
+        EXPECT_TRUE(PlaceOf(deck, place.keyword, place.path).address == place.address);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Addresses, Places,
+    testing::Values(PlaceRow{"AtADate", "WELLS[P1].RATE@2024-03-01", "WELLS[P1].RATE@2024-03-01 = 100"},
+        PlaceRow{"WithATime", "WELLS[P1].RATE@2024-04-01 12:30:00", "WELLS[P1].RATE@2024-04-01 12:30:00 = 9"},
+        PlaceRow{"InAnyCase", "wells[p1].rate@2024-03-01", "WELLS[P1].RATE@2024-03-01 = 100"},
+        PlaceRow{"AtAllDates", "WELLS[P1].KIND",
+            "WELLS[P1].KIND@2024-03-01 = OIL\nWELLS[P1].KIND@2024-04-01#1 = WATER\n"
+            "WELLS[P1].KIND@2024-04-01#2 = OIL\nWELLS[P1].KIND@2024-04-01 12:30:00 = OIL"},
+        PlaceRow{"OneOfSeveral", "WELLS[P1].KIND@2024-04-01#2", "WELLS[P1].KIND@2024-04-01#2 = OIL"},
+        PlaceRow{"NoPatterns", "WELLS['P*'].RATE", "WELLS[P*].RATE@2024-03-01 = 50"},
+        PlaceRow{"AWholeRecord", "WELLS[P*]@2024-03-01",
+            "WELLS[P*].WELL@2024-03-01 = 'P*'\nWELLS[P*].KIND@2024-03-01 = 1*\n"
+            "WELLS[P*].RATE@2024-03-01 = 50\nWELLS[P*].COUNT@2024-03-01 = 3\nWELLS[P*].ON@2024-03-01 = "},
+        PlaceRow{"CaseMatters", "CELLS[a].SKIN", "CELLS[a,1,'0.5'].SKIN@2024-04-01 = 2.5"},
+        PlaceRow{"NumbersAsNumbers", "CELLS[A,01,'5e-1'].SKIN", "CELLS[A,1,'0.5'].SKIN@2024-04-01 = 3.5"},
+        PlaceRow{"IdentifierNotGiven", "CELLS[A,2,1*].SKIN", "CELLS[A,2,1*].SKIN@2024-04-01 = 4.5"},
+        PlaceRow{"SomeIdentifiers", "CELLS[A].SKIN",
+            "CELLS[A,1,'0.5'].SKIN@2024-04-01 = 3.5\nCELLS[A,2,1*].SKIN@2024-04-01 = 4.5"},
+        PlaceRow{"SingleRecord", "BOX.K1", "BOX.K1 = 5"},
+        PlaceRow{"SingleRecordByNumber", "BOX[1].I2", "BOX.I2 = 2"},
+        PlaceRow{"Line", "TITLE.T", "TITLE.T = A title"},
+        PlaceRow{"ValueOfAList", "WHOLE[3]", "WHOLE[3] = 3*8"},
+        PlaceRow{"QuotedText", "NAMES[1]", "NAMES[1] = 'A B'"},
+        PlaceRow{"ListOfLists", "TABLES[1].2.Y", "TABLES[1].2.Y = 3"},
+        PlaceRow{"AList", "TABLES[2]", "TABLES[2].1.X = 4\nTABLES[2].1.Y = 5"},
+        PlaceRow{"NestedAndWithoutAName", "NESTED[2].ROWS.1",
+            "NESTED[2].ROWS.1.'P.Q' = 7\nNESTED[2].ROWS.1.2 = 8"},
+        PlaceRow{"OfAMap", "MAP.A", ""}, PlaceRow{"NoSuchKeyword", "WELL[P1]", ""},
+        PlaceRow{"NoSuchRecord", "WELLS[P2].RATE", ""},
+        PlaceRow{"TooManyIdentifiers", "WELLS[P1,2].RATE", ""}, PlaceRow{"NoSuchItem", "WELLS[P1].RAT", ""},
+        PlaceRow{"NoSuchElement", "WHOLE[5]", ""}, PlaceRow{"ItemOfAValue", "WHOLE[1].A", ""},
+        PlaceRow{"NoSuchNumber", "WELLS[P1].KIND#5", ""}),
+    CaseName<PlaceRow>);
+
+struct AdviceRow {
+    const char* name;
+    const char* address;
+    const char* message;
+};
+
+class Advice : public testing::TestWithParam<AdviceRow> { };
+
+TEST_P(Advice, SaysWhatIsMissing)
+{
+    const Deck deck = ReadEditable(deckText);
+    try {
+        ResolveOne(deck, ValueAddress::Parse(GetParam().address));
+        FAIL() << "no exception";
+    } catch (const AddressError& error) {
+        EXPECT_STREQ(error.what(), GetParam().message);
+        EXPECT_EQ(error.GetPosition(), AddressError::noPosition);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Addresses, Advice,
+    testing::Values(AdviceRow{"Keyword", "WELS[P1].RATE", "the deck has no keyword 'WELS'; similar: WELLS"},
+        AdviceRow{"Date", "WELLS[P1].RATE@2024-03-02",
+            "WELLS[P1].RATE is not given at 2024-03-02; given at 2024-03-01, 2024-04-01, 2024-04-01 "
+            "12:30:00"},
+        AdviceRow{
+            "DateWhereNoneIs", "BOX.I1@2024-03-01", "BOX.I1 is not given at 2024-03-01; leave out the date"},
+        AdviceRow{"Record", "WELLS[P2].RATE@2024-03-01",
+            "WELLS at 2024-03-01 has no record [P2]; similar: [P1], [P*]"},
+        AdviceRow{"Element", "WHOLE[30]", "WHOLE has no record [30]; similar: [3]"},
+        AdviceRow{"SingleRecord", "BOX[2].I1", "BOX is a single record; nothing in brackets is expected"},
+        AdviceRow{"Item", "WELLS[P1].RAET@2024-03-01", "WELLS has no item 'RAET'; similar: RATE"},
+        AdviceRow{"ItemUnlikeAny", "BOX.NOTHING",
+            "BOX has no item 'NOTHING'; expected one of I1, I2, J1, J2, K1, K2"},
+        AdviceRow{"NestedItem", "NESTED[1].ROWS.3",
+            "NESTED has no value 'ROWS.3'; 'ROWS' has ROWS.1.P.Q, ROWS.1.2, ROWS.2.P.Q, ROWS.2.2"},
+        AdviceRow{"AddADate", "WELLS[P1].RATE",
+            "WELLS[P1].RATE matches 4 values; add a date: 2024-03-01, 2024-04-01, 2024-04-01 12:30:00"},
+        AdviceRow{"AddAnItem", "WELLS[P1]@2024-03-01",
+            "WELLS[P1]@2024-03-01 matches 5 values; add an item: WELL, KIND, RATE, COUNT, ON"},
+        AdviceRow{"AddTheRecord", "WELLS.RATE@2024-03-01",
+            "WELLS.RATE@2024-03-01 matches 2 values; add the record: [P1], [P*]"},
+        AdviceRow{"AddANumber", "WELLS[P1].RATE@2024-04-01",
+            "WELLS[P1].RATE@2024-04-01 matches 2 values; add a number: #1 to #2"},
+        AdviceRow{"Number", "WELLS[P1].RATE@2024-04-01#3",
+            "WELLS[P1].RATE@2024-04-01#3 does not exist: the rest of the address matches 2 values"},
+        AdviceRow{"Map", "MAP.A", "MAP has no values that have an address"}),
+    CaseName<AdviceRow>);
+
+TEST(Addresses, AreMadeOfRecordsAndItems)
+{
+    const Deck deck = ReadEditable(deckText);
+    EXPECT_EQ(AddressOf(deck, deck.Get("WELLS"), 0, "RATE").ToString(), "WELLS[P1].RATE@2024-04-01 12:30:00");
+    EXPECT_EQ(AddressOf(deck, deck.Get("BOX"), 0, 2).ToString(), "BOX.J1");
+    EXPECT_THROW(AddressOf(deck, deck.Get("WELLS"), 1, "RATE"), AddressError);
+    EXPECT_THROW(AddressOf(deck, deck.Get("BOX"), 0, "RATE"), AddressError);
+    EXPECT_THROW(AddressOf(deck, deck.Get("NESTED"), 0, "ROWS"), AddressError);
+    EXPECT_THROW(PlaceOf(deck, deck.Get("WHOLE"), {4}), AddressError);
+    EXPECT_THROW(PlaceOf(deck, deck.Get("WELLS"), {0}), AddressError);
+}
+
+TEST(Addresses, HaveNoRangesUnlessTheDeckIsEditable)
+{
+    const Deck deck = Deck::ReadText("RUNSPEC\nWHOLE\n 1 /\n", GetEditorLanguage());
+    const ValuePlace place = ResolveOne(deck, ValueAddress::Parse("WHOLE[1]"));
+    EXPECT_FALSE(place.range);
+    EXPECT_EQ(place.text, "1");
+}
+
+} // namespace
