@@ -5,6 +5,7 @@
 #include "quor/data/Access.h"
 #include "quor/deck/Deck.h"
 #include "quor/deck/DeckDifference.h"
+#include "quor/deck/DeckEditor.h"
 #include "quor/deck/DeckFiles.h"
 #include "quor/deck/DeckFormatter.h"
 #include "quor/deck/DeckKeyword.h"

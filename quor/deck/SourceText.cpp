@@ -147,9 +147,14 @@ void SourceText::Release(std::size_t begin, std::size_t end) const
 std::string_view SourceText::GetText() const
 {
     std::string_view text = bytes_->Get();
-    if (text.starts_with(utf8Mark))
-        text.remove_prefix(utf8Mark.size());
+    text.remove_prefix(GetMark().size());
     return text;
+}
+
+std::string_view SourceText::GetMark() const
+{
+    const std::string_view text = bytes_->Get();
+    return text.starts_with(utf8Mark) ? text.substr(0, utf8Mark.size()) : std::string_view();
 }
 
 bool SourceText::IsWide() const

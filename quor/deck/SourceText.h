@@ -33,6 +33,8 @@ public:
 
     /// The bytes without a byte order mark of UTF-8. Valid as long as this object.
     std::string_view GetText() const;
+    /// The byte order mark before it; empty if there is none.
+    std::string_view GetMark() const;
     /// Whether the bytes begin with the byte order mark of an encoding in 16-bit units, which decks can't
     /// have.
     bool IsWide() const;

@@ -68,6 +68,17 @@ void TakeNumber(const ValueAddress& address, std::vector<ValueMatch>& matches)
         matches = {matches[address.number - 1]};
 }
 
+/// Past the end if the node has no such item.
+std::size_t IndexOf(const IKeywordData& node, ItemKey item)
+{
+    if (!item.IsName())
+        return static_cast<std::size_t>(item.Index());
+    std::size_t index = 0;
+    while (index < CountChildren(node) && FindChildMD(node, index)->GetName() != item.Name())
+        ++index;
+    return index;
+}
+
 bool IsSame(const ValueMatch& a, const ValueMatch& b)
 {
     return a.keyword == b.keyword && a.path == b.path;
@@ -148,15 +159,11 @@ ValueAddress AddressOf(const Deck& deck, const DeckKeyword& keyword, std::size_t
     const IKeywordData& root = keyword.GetData();
     const bool isList = root.GetMD()->GetType() == IKeywordDataMD::MDType::List;
     const IKeywordDataMD* const md = isList ? FindChildMD(root, record) : root.GetMD();
-    const IKeywordData* node = nullptr;
+    ValuePath path;
     if (md && md->GetType() == IKeywordDataMD::MDType::Record)
-        node = isList ? &ChildOf(root, record) : &root;
-    const std::size_t size = node ? CountChildren(*node) : 0;
-    std::size_t index = item.IsName() ? 0 : static_cast<std::size_t>(item.Index());
-    while (item.IsName() && index < size && FindChildMD(*node, index)->GetName() != item.Name())
-        ++index;
-    const ValuePath path = isList ? ValuePath{record, index} : ValuePath{index};
-    if (index >= size || !FindScalar(root, path))
+        path =
+            isList ? ValuePath{record, IndexOf(ChildOf(root, record), item)} : ValuePath{IndexOf(root, item)};
+    if (!FindScalar(root, path))
         throw AddressError(fmt::format("{}: record {} has no value '{}'", keyword.GetName(), record,
             item.IsName() ? std::string(item.Name()) : std::to_string(item.Index())));
     return FullAddress(ContentsOf(deck), {static_cast<std::uint32_t>(keyword.GetIndex()), path});

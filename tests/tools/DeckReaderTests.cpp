@@ -1,7 +1,5 @@
 #include "quor/deck/Deck.h"
 
-#include "quor/deck/internal/ContentsOf.h"
-#include "quor/deck/internal/write/ValueEdit.h"
 #include "tests/data/DataText.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
@@ -479,52 +477,5 @@ TEST_F(Readings, KeepWhereThingsStand)
     EXPECT_EQ(rows.GetLocation(1).column, 3U);
     EXPECT_EQ(rows.GetLocation(2).line, 4U);
 }
-
-struct EditRow {
-    const char* name;
-    const char* keyword; ///< with its data
-    std::size_t slot;
-    const char* word;
-    const char* changed; ///< empty: it can't be done
-};
-
-class Edits : public Language, public testing::WithParamInterface<EditRow> { };
-
-TEST_P(Edits, TouchNothingElse)
-{
-    const EditRow& row = GetParam();
-    const auto read = [](const std::string& text) {
-        return Decks::Deck::ReadText(text, *language_, Decks::ReadOptions().SetEditable(true));
-    };
-    const std::string before = "RUNSPEC\n";
-    const Decks::Deck deck = read(before + row.keyword);
-    const Decks::DeckFiles& files = deck.GetFiles();
-    const auto edit = Decks::EditValue(ContentsOf(deck).keywords.back(), files, row.slot, row.word);
-    EXPECT_EQ(
-        edit ? Decks::ApplyEdits(files.GetText(0), {*edit}) : "", *row.changed ? before + row.changed : "");
-    if (!edit)
-        return;
-    const Decks::Deck again = read(Decks::ApplyEdits(files.GetText(0), {*edit}));
-    EXPECT_EQ(Dump(again.GetFindings(), folder_.Path()), "");
-    const Decks::TextRange& range = ContentsOf(again).keywords.back().notes->values[row.slot];
-    EXPECT_EQ(again.GetFiles().GetText(range), row.word);
-}
-
-INSTANTIATE_TEST_SUITE_P(Values, Edits,
-    testing::Values(
-        EditRow{"Plain", "ROWS\n 1 2 / -- c\n 3  4 /\n/\n", 2, "7", "ROWS\n 1 2 / -- c\n 7  4 /\n/\n"},
-        EditRow{"FirstOfARepeat", "WHOLE\n 1 4*2 3 /\n", 1, "9", "WHOLE\n 1 9 3*2 3 /\n"},
-        EditRow{"WithinARepeat", "WHOLE\n 1 4*2 3 /\n", 2, "9", "WHOLE\n 1 2 9 2*2 3 /\n"},
-        EditRow{"RepeatedText", "NAMES\n 3*'A B' /\n", 2, "C", "NAMES\n 2*'A B' C /\n"},
-        EditRow{"Defaults", "RECORD\n P1 3* 3 /\n", 2, "OIL", "RECORD\n P1 1* OIL 1* 3 /\n"},
-        EditRow{"OneDefault", "PREVIOUS\n 1 * 3 /\n", 1, "2", "PREVIOUS\n 1 2 3 /\n"},
-        EditRow{"NotGiven", "ROWS\n 1 /\n/\n", 1, "2", "ROWS\n 1 2 /\n/\n"},
-        EditRow{"BehindOthersNotGiven", "BOX\n 1 2 /\n", 4, "3", "BOX\n 1 2 2* 3 /\n"},
-        EditRow{"BehindAnEmptyList", "NESTED\n 1 /\n/\n", 0, "2", "NESTED\n 2 /\n/\n"},
-        EditRow{"OfATable", "TABLES\n 1 4\n 3 2 /\n 5 8\n 7 6 /\n", 7, "5",
-            "TABLES\n 1 4\n 3 2 /\n 5 8\n 7 5 /\n"},
-        EditRow{"NoSuchSlot", "ROWS\n 1 2 /\n/\n", 2, "7", ""},
-        EditRow{"OfAMap", "MAP\n A=2 /\n", 0, "7", ""}),
-    CaseName<EditRow>);
 
 } // namespace

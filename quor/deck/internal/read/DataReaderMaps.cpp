@@ -125,6 +125,9 @@ void DataReader::ReadRaw(const DataPlan& plan, IKeywordRawData& data)
     const std::string end = static_cast<const IKeywordRawMD&>(*plan.md).GetTerminationString();
     const Token text = text_.NextRaw(end);
     data.SetData(std::string(text.text));
+    const TextRange rest{text.range.file, text.range.offset + text.range.length, 0};
+    const std::string_view last = text_.GetLineFrom(rest); // the line that ends it
+    words_.SetLast({rest.file, rest.offset, last.size() - (last.ends_with('\r') ? 1 : 0)});
     if (text.kind == Token::Kind::End)
         reporter_.Report(keyword_.range, Code::UnclosedText,
             fmt::format("{}: missing {} at the end of the text", keyword_.text, end),

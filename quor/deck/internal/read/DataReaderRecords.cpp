@@ -31,7 +31,7 @@ DataReader::Ended DataReader::ReadRecord(const DataPlan& plan, IKeywordRecordDat
         ended = ReadItem(plan, i++, record);
     records_.pop_back();
     if (ended == Ended::BySlash)
-        notes_.PassMissing(plan, i, words_.GetRange());
+        notes_.PassMissing(plan, i, words_.GetMissingRange());
     if (ended == Ended::Complete)
         ended = EndRecord(plan);
     else if (ended == Ended::BySlash && plan.termination != Termination::NONE)
@@ -64,7 +64,7 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
         return Unclosed(Open::Record);
     case Got::Slash:
         CheckMissing(plan, index, words_.GetRange());
-        notes_.PassMissing(item, 0, words_.GetRange());
+        notes_.PassMissing(item, 0, words_.GetMissingRange());
         return Ended::BySlash;
     case Got::Default:
         return ReadDefault(item);

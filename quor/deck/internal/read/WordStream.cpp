@@ -18,7 +18,8 @@ WordStream::Got WordStream::Next()
         ++taken_;
         return GotRepeated();
     }
-    if (IsLineOver())
+    endsByLine_ = IsLineOver();
+    if (endsByLine_)
         return Got::Slash;
     word_ = text_.NextData();
     isDefault_ = isReported_ = false;

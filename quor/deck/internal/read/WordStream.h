@@ -43,6 +43,8 @@ public:
     /// The last word, without its repeat count.
     const Token& GetWord() const { return word_; }
     const TextRange& GetRange() const { return word_.range; }
+    /// After a slash, where a value that is missing before it would stand; that may be the end of the line.
+    TextRange GetMissingRange() const { return endsByLine_ ? GetEnd() : GetRange(); }
     /// How often the last word comes again.
     long long GetRepeats() const { return repeats_; }
     /// The last word counts as taken so often.
@@ -89,6 +91,7 @@ private:
 
     Token word_;
     long long repeats_ = 0; // of `word_`, still to come
+    bool endsByLine_ = false; // the last slash was the end of a line
     bool isDefault_ = false; // `word_` stands for a default
     bool isReported_ = false; // `word_`
     long long longestRepeat_ = mostRecords;

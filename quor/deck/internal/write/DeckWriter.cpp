@@ -1,6 +1,7 @@
 #include "quor/deck/internal/write/DeckWriter.h"
 
 #include "quor/deck/SourceText.h"
+#include "quor/deck/internal/text/LineEnds.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/write/DataWriter.h"
 
@@ -17,12 +18,6 @@ namespace {
 bool IsOpen(const DataPlan& plan)
 {
     return plan.termination == DataPlan::Termination::NONE && plan.type != DataPlan::MDType::Raw;
-}
-
-bool HasWindowsLineEnds(std::string_view text)
-{
-    const std::size_t end = text.find('\n');
-    return end != std::string_view::npos && end > 0 && text[end - 1] == '\r';
 }
 
 /// The comment of a line of an inclusion, be it after hyphens or after the slash; empty if there is none.
@@ -50,17 +45,6 @@ std::string CommentsOf(std::string_view inclusion)
             comments.append(IsComment(comment) ? "" : "-- ").append(comment).append("\n");
     }
     return comments;
-}
-
-std::string ToWindowsLineEnds(const std::string& text)
-{
-    std::string changed;
-    for (const char c : text) {
-        if (c == '\n')
-            changed += '\r';
-        changed += c;
-    }
-    return changed;
 }
 
 } // namespace
@@ -106,7 +90,6 @@ std::string DeckWriter::WriteAll()
 std::string DeckWriter::Write(std::uint32_t file, std::size_t end, bool takesInclusions)
 {
     const std::string_view source = deck_.files.GetText(file);
-    const bool isWindows = HasWindowsLineEnds(source);
     std::string text;
     std::size_t position = 0;
     for (const Part& part : parts_[file]) {
@@ -116,7 +99,7 @@ std::string DeckWriter::Write(std::uint32_t file, std::size_t end, bool takesInc
         position = part.range.offset + part.range.length;
         if (part.keyword) {
             const std::string written = Write(part);
-            text += isWindows ? ToWindowsLineEnds(written) : written;
+            text += WithLineEndsOf(source, written);
             if (written.ends_with('\n') && position == source.size())
                 text += '\n'; // an empty line is one if it is ended
             continue;

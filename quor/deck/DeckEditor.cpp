@@ -1,0 +1,246 @@
+#include "quor/deck/DeckEditor.h"
+
+#include "quor/data/KeywordDataFactory.h"
+#include "quor/deck/internal/ContentsOf.h"
+#include "quor/deck/internal/edit/DataPath.h"
+#include "quor/deck/internal/edit/DeckChanges.h"
+#include "quor/deck/internal/edit/ListEdits.h"
+#include "quor/deck/internal/edit/NewWords.h"
+#include "quor/deck/internal/read/DataShape.h"
+#include "quor/deck/internal/read/DeckContents.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Keywords;
+
+namespace {
+
+using MDType = IKeywordDataMD::MDType;
+
+std::uint32_t IndexOf(const DeckKeyword& keyword)
+{
+    return static_cast<std::uint32_t>(keyword.GetIndex());
+}
+
+/// A list of numbers of the keyword.
+template <class T>
+std::unique_ptr<IKeywordData> MakeArray(
+    const DeckKeyword& keyword, MDType::Enum type, const T* first, std::size_t count)
+{
+    const IKeywordDataMD* const md = keyword.GetSyntax().GetDataMD();
+    if (!IsListOf(md, type))
+        throw DataAccessError(
+            fmt::format("{} is not a list of {} values", keyword.GetName(), MDType::ToString(type)));
+    auto data = KeywordDataFactory::Instance().Construct(keyword.GetSyntax());
+    AddValues(AsList(*data), first, count);
+    return data;
+}
+
+} // namespace
+
+EditError::EditError(const std::string& message)
+    : std::runtime_error(message)
+{
+}
+
+EditError::~EditError() = default;
+
+DeckEditor::DeckEditor(const Deck& deck)
+    : deck_(deck)
+    , changes_(std::make_unique<DeckChanges>(ContentsOf(deck)))
+{
+    if (!ContentsOf(deck).isEditable)
+        throw std::invalid_argument("the deck wasn't read to be edited: see ReadOptions::SetEditable");
+}
+
+DeckEditor::~DeckEditor() = default;
+
+// Values
+
+void DeckEditor::SetValue(std::string_view address, const NewValue& value)
+{
+    SetValue(ValueAddress::Parse(address), value);
+}
+
+void DeckEditor::SetValue(const ValueAddress& address, const NewValue& value)
+{
+    SetValue(ResolveOne(deck_, address), value);
+}
+
+void DeckEditor::SetValue(const ValuePlace& place, const NewValue& value)
+{
+    Set(place, &value);
+}
+
+void DeckEditor::ClearValue(std::string_view address)
+{
+    ClearValue(ValueAddress::Parse(address));
+}
+
+void DeckEditor::ClearValue(const ValueAddress& address)
+{
+    ClearValue(ResolveOne(deck_, address));
+}
+
+void DeckEditor::ClearValue(const ValuePlace& place)
+{
+    Set(place, nullptr);
+}
+
+/// Null: the default.
+void DeckEditor::Set(const ValuePlace& place, const NewValue* value)
+{
+    const std::uint32_t index = IndexOf(place.keyword);
+    const DeckContents& contents = ContentsOf(deck_);
+    const KeywordInstance& keyword = contents.keywords[index];
+    const auto scalar = FindScalar(*keyword.data, place.path);
+    if (!scalar || !place.range)
+        throw EditError(fmt::format("errors in {} hide where its values stand", place.keyword.GetName()));
+    const auto word = value ? MakeNewWord(keyword, place.path, *value)
+                            : MakeDefaultWord(keyword, place.path, contents.target);
+    const std::string* const variable = keyword.notes->variables
+        ? keyword.notes->variables->Find(*scalar->node, static_cast<int>(scalar->index))
+        : nullptr;
+    if (variable)
+        throw EditError(fmt::format("{} is given by a variable: {}", place.address.ToString(), *variable));
+    changes_->SetWord(index, place.path, word);
+}
+
+void DeckEditor::SetArray(const DeckKeyword& keyword, const double* first, std::size_t count)
+{
+    ReplaceArray(keyword, *MakeArray(keyword, MDType::Real, first, count));
+}
+
+void DeckEditor::SetArray(const DeckKeyword& keyword, const int* first, std::size_t count)
+{
+    ReplaceArray(keyword, *MakeArray(keyword, MDType::Integer, first, count));
+}
+
+void DeckEditor::ReplaceArray(const DeckKeyword& keyword, const IKeywordData& data)
+{
+    const DeckContents& contents = ContentsOf(deck_);
+    const std::uint32_t index = IndexOf(keyword);
+    changes_->SetArray(index, ReplaceData(contents, contents.keywords[index], data));
+}
+
+// Records
+
+void DeckEditor::AddRecord(const DeckKeyword& keyword, std::string_view text)
+{
+    const DeckContents& contents = ContentsOf(deck_);
+    const std::uint32_t index = IndexOf(keyword);
+    changes_->AddRecords(index, AddRecordTo(contents, contents.keywords[index], text));
+}
+
+void DeckEditor::AddRecords(const DeckKeyword& keyword, const IKeywordData& records)
+{
+    const DeckContents& contents = ContentsOf(deck_);
+    const std::uint32_t index = IndexOf(keyword);
+    if (records.GetMD() != keyword.GetSyntax().GetDataMD())
+        throw DataAccessError(fmt::format("{}: the records are those of another keyword", keyword.GetName()));
+    if (AsList(records).GetSize() > 0)
+        changes_->AddRecords(index, AddRecordsTo(contents, contents.keywords[index], records));
+}
+
+void DeckEditor::RemoveRecord(const DeckKeyword& keyword, std::size_t index)
+{
+    const std::size_t size = ContentsOf(deck_).keywords[keyword.GetIndex()].records.size();
+    if (index >= size)
+        throw std::out_of_range(
+            fmt::format("{}: record {} of {} does not exist", keyword.GetName(), index, size));
+    changes_->RemoveRecord(IndexOf(keyword), index);
+}
+
+// Keywords
+
+void DeckEditor::AddKeywordAfter(const DeckKeyword& keyword, std::string_view text)
+{
+    AddKeyword(keyword.GetIndex(), false, text);
+}
+
+void DeckEditor::AddKeywordAtEnd(SectionType::Enum section, std::string_view text)
+{
+    for (std::size_t i = deck_.GetSize(); i-- > 0;) {
+        if (deck_[i].GetSection() == section)
+            return AddKeyword(i, true, text);
+    }
+    throw std::out_of_range(fmt::format("the deck has no section {}", SectionType::ToString(section)));
+}
+
+void DeckEditor::AddKeywordInStep(std::size_t step, std::string_view text)
+{
+    std::vector<DeckKeyword> keywords = deck_.GetAfterStep(step);
+    const std::vector<ReportStep>& steps = deck_.GetSteps();
+    const std::size_t opener = steps[step].keyword;
+    if (step + 1 < steps.size() && steps[step + 1].keyword == opener)
+        throw EditError(fmt::format(
+            "the {} that leads to the report step leads to later ones too", deck_[opener].GetName()));
+    if (step + 1 < steps.size() && !keywords.empty() && keywords.back().GetIndex() == steps[step + 1].keyword)
+        keywords.pop_back(); // it leads to the next step
+    AddKeyword(keywords.empty() ? opener : keywords.back().GetIndex(), true, text);
+}
+
+void DeckEditor::AddKeyword(std::size_t after, bool leavesBlocks, std::string_view text)
+{
+    changes_->AddKeyword(AddKeywordTo(ContentsOf(deck_), after, leavesBlocks, text));
+}
+
+void DeckEditor::RemoveKeyword(const DeckKeyword& keyword)
+{
+    changes_->RemoveKeyword(IndexOf(keyword));
+}
+
+// Results
+
+std::vector<TextEdit> DeckEditor::GetEdits() const
+{
+    return changes_->GetEdits();
+}
+
+std::vector<std::uint32_t> DeckEditor::GetChangedFiles() const
+{
+    std::vector<std::uint32_t> files;
+    for (const TextEdit& edit : GetEdits()) {
+        if (files.empty() || files.back() != edit.range.file)
+            files.push_back(edit.range.file);
+    }
+    return files;
+}
+
+std::string DeckEditor::GetText(std::uint32_t file) const
+{
+    const DeckFiles& files = deck_.GetFiles();
+    if (file >= files.GetSize())
+        throw std::out_of_range(fmt::format("file {} of {} does not exist", file, files.GetSize()));
+    std::vector<TextEdit> edits = GetEdits();
+    edits.erase(std::remove_if(edits.begin(), edits.end(),
+                    [file](const TextEdit& edit) { return edit.range.file != file; }),
+        edits.end());
+    return std::string(files.Get(file).text->GetMark()) + ApplyEdits(files.GetText(file), std::move(edits));
+}
+
+std::shared_ptr<const DeckSource> DeckEditor::MakeSource(std::shared_ptr<const DeckSource> others) const
+{
+    if (!others)
+        others = std::make_shared<FileSource>();
+    auto source = std::make_shared<MemorySource>(std::move(others));
+    const DeckFiles& files = deck_.GetFiles();
+    for (std::uint32_t file = 0; file < files.GetSize(); ++file)
+        source->Set(files.Get(file).name, files.Get(file).text);
+    for (const std::uint32_t file : GetChangedFiles())
+        source->Set(files.Get(file).name, GetText(file));
+    return source;
+}
+
+Deck DeckEditor::Read(const DeckLanguage& language, const ReadOptions& options) const
+{
+    return Deck::Read(deck_.GetFiles().Get(0).name, language,
+        ReadOptions(options).SetSource(MakeSource(options.GetSource())));
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,129 @@
+#include "quor/deck/internal/edit/TextLines.h"
+
+#include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/Vocabulary.h"
+#include "quor/deck/internal/text/WordText.h"
+
+#include <algorithm>
+#include <string>
+
+namespace Veld::Quor::Core::Decks {
+
+using Core::Keywords::KeywordDeckRole;
+
+namespace {
+
+/// From the offset on, the next byte that is neither white nor in a comment.
+std::size_t SkipComments(std::string_view text, std::size_t offset)
+{
+    while (offset < text.size()) {
+        if (IsSeparator(text[offset]))
+            ++offset;
+        else if (IsCommentAt(text, offset))
+            offset = EndOfLine(text, offset);
+        else
+            break;
+    }
+    return offset;
+}
+
+} // namespace
+
+bool IsAtLineStart(const DeckContents& deck, const TextRange& range)
+{
+    return StartOfLine(deck.files.GetText(range.file), range.offset) == range.offset;
+}
+
+bool IsKeywordName(const DeckContents& deck, std::string_view word)
+{
+    return !word.empty() && word.size() <= longestName && !deck.language.LookupAll(ToUpper(word)).empty();
+}
+
+std::size_t StartOfLine(std::string_view text, std::size_t offset)
+{
+    const std::size_t end = offset == 0 ? std::string_view::npos : text.rfind('\n', offset - 1);
+    return end == std::string_view::npos ? 0 : end + 1;
+}
+
+std::size_t EndOfLine(std::string_view text, std::size_t offset)
+{
+    const std::size_t end = text.find('\n', offset);
+    return end == std::string_view::npos ? text.size() : end + 1;
+}
+
+std::string_view RestOfLine(std::string_view text, std::size_t offset)
+{
+    std::string_view rest = text.substr(offset, EndOfLine(text, offset) - offset);
+    while (rest.ends_with('\n') || rest.ends_with('\r'))
+        rest.remove_suffix(1);
+    return rest;
+}
+
+std::size_t EndOfWords(std::string_view text, std::size_t begin, std::size_t limit)
+{
+    std::size_t end = begin;
+    for (std::size_t i = SkipComments(text, begin); i < limit; i = SkipComments(text, i)) {
+        if (text[i] == '/') {
+            end = i + 1;
+            i = EndOfLine(text, i);
+        } else {
+            end = i += FindDataWord(text.substr(i)).length;
+        }
+    }
+    return end;
+}
+
+TextRange RangeToRemove(const DeckContents& deck, const TextRange& range)
+{
+    const std::string_view text = deck.files.GetText(range.file);
+    std::size_t begin = range.offset;
+    std::size_t end = begin + range.length;
+    const std::string_view rest = RestOfLine(text, end);
+    const bool endsLine = IsEmpty(rest) || (range.length > 0 && text[end - 1] == '/');
+    const std::size_t start = StartOfLine(text, begin);
+    if (endsLine && IsEmpty(text.substr(start, begin - start))) {
+        begin = start;
+        end = EndOfLine(text, end);
+    } else if (endsLine) {
+        end += rest.size();
+    } else {
+        end += std::min(rest.find_first_not_of(" \t,"), rest.size());
+    }
+    return {range.file, begin, end - begin};
+}
+
+std::size_t EndOfKeyword(const DeckContents& deck, const KeywordInstance& keyword)
+{
+    const std::string_view text = deck.files.GetText(keyword.whole.file);
+    const std::size_t end = keyword.whole.offset + keyword.whole.length;
+    const bool isAfterSlash = text[end - 1] == '/' && keyword.whole.length > keyword.name.length;
+    const std::size_t next = SkipComments(text, isAfterSlash ? EndOfLine(text, end) : end);
+    return next < text.size() && text[next] == '/' ? next + 1 : end;
+}
+
+std::size_t LeaveBlocks(const DeckContents& deck, std::size_t keyword, std::size_t offset)
+{
+    const std::uint32_t file = deck.keywords[keyword].whole.file;
+    const std::string_view text = deck.files.GetText(file);
+    std::size_t limit = text.size();
+    if (keyword + 1 < deck.keywords.size() && deck.keywords[keyword + 1].name.file == file)
+        limit = deck.keywords[keyword + 1].name.offset;
+    Vocabulary vocabulary(deck.language, deck.target);
+    std::size_t opened = 0;
+    std::size_t left = offset;
+    for (; offset < limit; offset = EndOfLine(text, offset)) {
+        const auto lone = FindLoneWord(RestOfLine(text, offset));
+        const Entry* const entry = lone ? vocabulary.Find(lone->word) : nullptr;
+        if (!entry)
+            continue;
+        if (entry->role == KeywordDeckRole::Skip || entry->skipsFor)
+            ++opened;
+        else if (entry->role == KeywordDeckRole::EndSkip && opened > 0)
+            --opened;
+        else if (entry->role == KeywordDeckRole::EndSkip)
+            left = EndOfLine(text, offset);
+    }
+    return left;
+}
+
+} // namespace Veld::Quor::Core::Decks
