@@ -34,7 +34,7 @@ PathAliases::~PathAliases() = default;
 void PathAliases::setAlias(const std::string& alias, const std::string& path)
 {
     if (isAliasValid(alias))
-        paths_[aliasReference(alias)] = path;
+        paths_.insert_or_assign(aliasReference(alias), path);
 }
 
 bool PathAliases::resolvePathAliases(const std::string& path, std::string& resolved) const

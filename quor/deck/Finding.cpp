@@ -42,9 +42,13 @@ Findings::Findings(std::size_t limit)
 
 Findings::~Findings() = default;
 Findings::Findings(const Findings&) = default;
-Findings& Findings::operator=(const Findings&) = default;
 Findings::Findings(Findings&&) noexcept = default;
 Findings& Findings::operator=(Findings&&) noexcept = default;
+
+Findings& Findings::operator=(const Findings& other)
+{
+    return *this = Findings(other); // whole, or not at all
+}
 
 bool Findings::Admit(Severity severity)
 {

@@ -60,7 +60,7 @@ ReadOptions& ReadOptions::SetVariable(const std::string& name, const std::string
     const std::string key = name.rfind('$', 0) == 0 ? name : '$' + name;
     if (Keywords::VariablesString(key).GetVariables() != std::vector<std::string>{key})
         throw std::invalid_argument(fmt::format("invalid variable name '{}'", name));
-    settings_->variables[key] = value;
+    settings_->variables.insert_or_assign(key, value);
     return *this;
 }
 

@@ -43,6 +43,22 @@ KeywordDeckRole::Enum DeckRoleOf(const std::string& name)
     return isSection ? KeywordDeckRole::Section : KeywordDeckRole::Ordinary;
 }
 
+/// Sets a flag for as long as it lives.
+class Flagged {
+public:
+    explicit Flagged(bool& flag)
+        : flag_(flag)
+    {
+        flag_ = true;
+    }
+    ~Flagged() { flag_ = false; }
+    Flagged(const Flagged&) = delete;
+    Flagged& operator=(const Flagged&) = delete;
+
+private:
+    bool& flag_;
+};
+
 } // namespace
 
 KeywordSyntax::KeywordSyntax(const std::string& name, const DOMElement* element)
@@ -265,9 +281,9 @@ void KeywordSyntax::ExpandPrecedents(SectionType::Enum section) const
 {
     static auto& mutex = *new std::recursive_mutex; // one for all: each asks its precedents for theirs
     const std::lock_guard lock(mutex);
-    if (arePrecedentsExpanding_)
-        return; // by another thread, which has finished, or in a cycle
-    arePrecedentsExpanding_ = true;
+    if (arePrecedentsExpanding_ || arePrecedentsExpanded_.load(std::memory_order_relaxed))
+        return; // in a cycle, or by another thread
+    const Flagged expanding(arePrecedentsExpanding_);
     allPrecedents_ = precedents_;
     for (const std::string& name : precedents_) {
         const IKeywordSyntax* const precedent =

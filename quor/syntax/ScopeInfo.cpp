@@ -26,10 +26,12 @@ const std::vector<const IKeywordSyntax*>& ScopeInfo::GetScopeKeywords() const
 {
     std::call_once(areKeywordsFound_, [this] {
         const KeywordSyntaxTable& table = KeywordSyntaxTable::Instance(false, true);
+        std::vector<const IKeywordSyntax*> keywords;
         for (const std::string& name : names_) {
             if (const IKeywordSyntax* const syntax = table.Lookup(name, true))
-                keywords_.push_back(syntax);
+                keywords.push_back(syntax);
         }
+        keywords_ = std::move(keywords);
     });
     return keywords_;
 }

@@ -1,62 +1,9 @@
 #include "tests/data/DataText.h"
+#include "tests/support/FailingAllocation.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
-
 using namespace Veld::Quor::Tests;
-
-namespace {
-
-long live = 0; // what `new` gave and `delete` did not take back
-long untilFailure = -1; // allocations that still succeed; negative: all
-
-void* Allocate(std::size_t size)
-{
-    if (untilFailure == 0)
-        throw std::bad_alloc();
-    if (untilFailure > 0)
-        --untilFailure;
-    void* const memory = std::malloc(size == 0 ? 1 : size);
-    if (!memory)
-        throw std::bad_alloc();
-    ++live;
-    return memory;
-}
-
-void Free(void* memory)
-{
-    live -= memory ? 1 : 0;
-    std::free(memory);
-}
-
-} // namespace
-
-void* operator new(std::size_t size)
-{
-    return Allocate(size);
-}
-void* operator new[](std::size_t size)
-{
-    return Allocate(size);
-}
-void operator delete(void* memory) noexcept
-{
-    Free(memory);
-}
-void operator delete[](void* memory) noexcept
-{
-    Free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept
-{
-    Free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept
-{
-    Free(memory);
-}
 
 namespace {
 
@@ -64,30 +11,6 @@ constexpr const char* shape = "(b i r s l [i] [?s] [(i s [r])] [[s]] {A/B C W*} 
 constexpr const char* values = "(1 2 0.5 'a text that is too long to be stored in place' - [1 2 3]"
                                " ['another text that is not stored in place'~ 'x'] [(1 'y' [2 3])]"
                                " [['z'] []] {A=1 C=2 W1=3 W2=4} \"a raw text that is not stored in place\")";
-
-/// Runs `action` with the first allocation failing, then the second and so on until it gets through, and
-/// after each failure asks `check`. Nothing may be left behind. Gives the number of failures.
-template <class Action, class Check>
-int FailEachAllocation(Action action, Check check)
-{
-    for (int failures = 0;; ++failures) {
-        const long before = live;
-        bool failed = false;
-        untilFailure = failures;
-        try {
-            action();
-        } catch (const std::bad_alloc&) {
-            failed = true;
-        }
-        untilFailure = -1;
-        if (!failed)
-            return failures;
-        EXPECT_EQ(live, before) << "left behind by the failure of allocation " << failures + 1;
-        check();
-        if (testing::Test::HasFailure())
-            return failures;
-    }
-}
 
 } // namespace
 
@@ -170,13 +93,13 @@ TEST(Data, GiveBackAllThatTheyTook)
 {
     const Keyword keyword(shape);
     Make(keyword, values); // metadata may keep what they are asked for the first time
-    const long before = live;
+    const long before = Allocations::CountLive();
     {
         const auto data = Make(keyword, values);
         const auto clone = data->CloneSafely();
         AsList(At(*clone, 7)).RemoveData(0);
         AsList(At(*clone, 8)).Clear();
-        EXPECT_GT(live, before);
+        EXPECT_GT(Allocations::CountLive(), before);
     }
-    EXPECT_EQ(live, before);
+    EXPECT_EQ(Allocations::CountLive(), before);
 }

@@ -12,8 +12,20 @@ class IKeywordRecordData;
 
 namespace Veld::Quor::Core::Decks {
 
-/// A scalar of a keyword's data or metadata; `std::monostate` if there is none. Of a choice its index.
-using ScalarValue = std::variant<std::monostate, bool, int, double, std::string>;
+/// Where there is no value. Unlike `std::monostate` it isn't trivial to copy: of a variant of texts and what
+/// is trivial, GCC's library believes that it always holds a value, and destroys a text that could not be
+/// copied.
+struct NoValue {
+    NoValue() noexcept { }
+    NoValue(const NoValue&) noexcept { }
+    NoValue& operator=(const NoValue&) noexcept { return *this; }
+    ~NoValue() = default;
+
+    friend bool operator==(const NoValue&, const NoValue&) { return true; }
+};
+
+/// A scalar of a keyword's data or metadata; `NoValue` if there is none. Of a choice its index.
+using ScalarValue = std::variant<NoValue, bool, int, double, std::string>;
 
 inline bool IsGiven(const ScalarValue& value)
 {

@@ -37,8 +37,10 @@ std::vector<std::string> KeywordNames::FindNearest(const DeckContents& deck, std
 void KeywordNames::Make(const DeckContents& deck)
 {
     std::call_once(isMade_, [&] {
+        decltype(byName_) byName;
         for (std::uint32_t i = 0; i < deck.keywords.size(); ++i)
-            byName_[deck.NameOf(deck.keywords[i])].push_back(i);
+            byName[deck.NameOf(deck.keywords[i])].push_back(i);
+        byName_ = std::move(byName);
     });
 }
 
