@@ -4,13 +4,13 @@
 #include "quor/data/KeywordDataFactory.h"
 #include "quor/deck/DeckSource.h"
 #include "tests/support/Cases.h"
+#include "tests/tools/EditorChanges.h"
 #include "tests/tools/EditorLanguage.h"
 #include "tests/tools/FindingText.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <limits>
+#include <memory>
 #include <string>
 
 using namespace Veld::Quor::Core::Decks;
@@ -18,8 +18,6 @@ using namespace Veld::Quor::Core::Keywords;
 using namespace Veld::Quor::Tests;
 
 namespace {
-
-using Change = std::function<void(DeckEditor&, const Deck&)>;
 
 struct EditRow {
     const char* name;
@@ -38,69 +36,6 @@ TEST_P(Edits, TouchNothingElse)
     GetParam().change(editor, deck);
     EXPECT_EQ(editor.GetText(0).substr(8), GetParam().changed);
     EXPECT_EQ(Dump(editor.Read(GetEditorLanguage()).GetFindings(), {}), "");
-}
-
-/// Of one value.
-Change Set(const char* address, NewValue value)
-{
-    return [=](DeckEditor& editor, const Deck& /*deck*/) { editor.SetValue(address, value); };
-}
-
-Change Clear(const char* address)
-{
-    return [=](DeckEditor& editor, const Deck& /*deck*/) { editor.ClearValue(address); };
-}
-
-Change Both(const Change& first, const Change& second)
-{
-    return [=](DeckEditor& editor, const Deck& deck) {
-        first(editor, deck);
-        second(editor, deck);
-    };
-}
-
-Change Array(const char* keyword, std::vector<int> values)
-{
-    return [=](DeckEditor& editor, const Deck& deck) {
-        editor.SetArray(deck.Get(keyword), values.data(), values.size());
-    };
-}
-
-Change Reals(const char* keyword, std::vector<double> values)
-{
-    return [=](DeckEditor& editor, const Deck& deck) {
-        editor.SetArray(deck.Get(keyword), values.data(), values.size());
-    };
-}
-
-Change Add(const char* keyword, const char* record)
-{
-    return [=](DeckEditor& editor, const Deck& deck) { editor.AddRecord(deck.Get(keyword), record); };
-}
-
-Change Remove(const char* keyword, std::size_t record)
-{
-    return [=](DeckEditor& editor, const Deck& deck) { editor.RemoveRecord(deck.Get(keyword), record); };
-}
-
-Change Remove(const char* keyword)
-{
-    return [=](DeckEditor& editor, const Deck& deck) { editor.RemoveKeyword(deck.Get(keyword)); };
-}
-
-Change AddAfter(const char* keyword, const char* text)
-{
-    return [=](DeckEditor& editor, const Deck& deck) { editor.AddKeywordAfter(deck.Get(keyword), text); };
-}
-
-Change AddIn(SectionType::Enum section, const char* text)
-{
-    return [=](DeckEditor& editor, const Deck& /*deck*/) { editor.AddKeywordAtEnd(section, text); };
-}
-
-Change AddIn(std::size_t step, const char* text)
-{
-    return [=](DeckEditor& editor, const Deck& /*deck*/) { editor.AddKeywordInStep(step, text); };
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, Edits,
@@ -129,11 +64,12 @@ INSTANTIATE_TEST_SUITE_P(Values, Edits,
             "TABLES\n 1 4\n 3 2 /\n 5 8\n 7 0.25 /\n"},
         EditRow{"Nested", "NESTED\n 1 2 3 /\n 4 5 6 /\n/\n", Set("NESTED[2].HEAD", -1e-20),
             "NESTED\n 1 2 3 /\n -1E-20 5 6 /\n/\n"},
+        EditRow{"NotGivenInNestedData", "PARTS\n 1 /\n /\n 2 / c\n",
+            Both(Set("PARTS.FIRST.B", 3), Set("PARTS.SECOND.A", 4)), "PARTS\n 1 3 /\n 4 /\n 2 / c\n"},
         EditRow{"BesideASlash", "ROWS\n 1 2/\n/\n", Set("ROWS[1].B", 33), "ROWS\n 1 33/\n/\n"},
         EditRow{
             "TextBesideAnother", "WELLS\n'A'OIL /\n/\n", Set("WELLS[A].WELL", "BC"), "WELLS\nBC OIL /\n/\n"},
-        EditRow{"TextThatNeedsQuotes", "NAMES\n A /\n", Set("NAMES[1]", "a'/--*"),
-            "NAMES\n \"a'/--*\" /\n"},
+        EditRow{"TextThatNeedsQuotes", "NAMES\n A /\n", Set("NAMES[1]", "a'/--*"), "NAMES\n \"a'/--*\" /\n"},
         EditRow{"EmptyText", "NAMES\n A /\n", Set("NAMES[1]", ""), "NAMES\n '' /\n"},
         EditRow{"TextLikeAKeyword", "NAMES\nA\nB /\n", Set("NAMES[1]", "FLAG"), "NAMES\n'FLAG'\nB /\n"},
         EditRow{"NotGivenLikeAKeyword", "WELLS\n P1\n/\n/\n", Set("WELLS[P1].KIND", "OIL"),
@@ -223,97 +159,6 @@ INSTANTIATE_TEST_SUITE_P(Keywords, Edits,
         EditRow{"RemovedAndAnotherAdded", "FLAG\nBOX\n 1 /\nFLAG\n",
             Both(Remove("BOX"), AddAfter("BOX", "WHOLE\n 1 /\n")), "FLAG\nWHOLE\n 1 /\nFLAG\n"}),
     CaseName<EditRow>);
-
-struct RefusalRow {
-    const char* name;
-    const char* deck;
-    Change change;
-    const char* message;
-    Change before = [](DeckEditor&, const Deck&) {};
-};
-
-class Refusals : public testing::TestWithParam<RefusalRow> { };
-
-TEST_P(Refusals, ChangeNothing)
-{
-    const RefusalRow& row = GetParam();
-    const Deck deck = ReadEditable(row.deck);
-    DeckEditor editor(deck);
-    row.before(editor, deck);
-    const std::string text = editor.GetText(0);
-    try {
-        row.change(editor, deck);
-        FAIL() << "no exception: " << editor.GetText(0);
-    } catch (const std::exception& error) {
-        EXPECT_STREQ(error.what(), row.message);
-    }
-    EXPECT_EQ(editor.GetText(0), text);
-}
-
-const char* const rowsText = "ROWS\n 1 2 /\n 3 4 /\n/\n";
-
-INSTANTIATE_TEST_SUITE_P(Values, Refusals,
-    testing::Values(RefusalRow{"Address", rowsText, Set("ROWS[1", 1),
-                        "'ROWS[1' is not an address: ',' or ']' is expected at its end"},
-        RefusalRow{
-            "SeveralValues", rowsText, Set("ROWS.A", 1), "ROWS.A matches 2 values; add the record: [1], [2]"},
-        RefusalRow{"RealForInteger", rowsText, Set("ROWS[1].A", 1.0), "ROWS: item 'A' is Integer, not Real"},
-        RefusalRow{
-            "TextForInteger", rowsText, Set("ROWS[1].A", "1"), "ROWS: item 'A' is Integer, not String"},
-        RefusalRow{
-            "IntegerForReal", "ARRAY\n 1 /\n", Set("ARRAY[1]", 1), "ARRAY: the value is Real, not Integer"},
-        RefusalRow{"UnknownWord", "WELLS\n P1 OIL /\n/\n", Set("WELLS[P1].KIND", "GAS"),
-            "WELLS: item 'KIND' has no choice 'GAS'; expected one of OIL, WATER"},
-        RefusalRow{"Infinity", "ARRAY\n 1 /\n", Set("ARRAY[1]", std::numeric_limits<double>::infinity()),
-            "ARRAY: the value: a deck can't hold the number inf"},
-        RefusalRow{"BothQuotes", "NAMES\n A /\n", Set("NAMES[1]", "'\""),
-            "NAMES: the value: the text ''\"' can't be written in a deck: it has both kinds of quotes"},
-        RefusalRow{"LineOfSeveral", "TITLE\n A\n", Set("TITLE.T", "A\nB"),
-            "TITLE: item 'T': the text 'A\nB' would not be read as the same line"},
-        RefusalRow{"NoDefault", rowsText, Clear("ROWS[1].A"), "ROWS: item 'A' has no default"},
-        RefusalRow{"NoDefaultInAList", "WHOLE\n 1 /\n", Clear("WHOLE[1]"), "WHOLE: the value has no default"},
-        RefusalRow{"Variable", "WHOLE\n 1 $X /\n", Set("WHOLE[2]", 1), "WHOLE[2] is given by a variable: $X"},
-        RefusalRow{"HiddenByErrors", "NAMES\n A /\nROWS\n 1 2 3 /\n 4\n", Set("ROWS[2].B", 1),
-            "errors in ROWS hide where its values stand"},
-        RefusalRow{"NotGivenAfterAnError", "ROWS\n x /\n 4 /\n/\n", Set("ROWS[2].B", 1),
-            "ROWS: errors in the keyword hide where the value would stand"},
-        RefusalRow{"LongRepeat", "FIXED\n 1 /\n 2 3*4 /\n", Set("FIXED[2].B", 1),
-            "FIXED: errors in the keyword hide which values its words stand for"},
-        RefusalRow{"InARemovedRecord", rowsText, Set("ROWS[2].A", 1),
-            "ROWS can't be changed so: the record is removed by an earlier change", Remove("ROWS", 1)},
-        RefusalRow{"InARemovedKeyword", rowsText, Set("ROWS[2].A", 1),
-            "ROWS can't be changed so: the keyword is removed by an earlier change", Remove("ROWS")},
-        RefusalRow{"InAReplacedArray", "WHOLE\n 1 /\n", Set("WHOLE[1]", 2),
-            "WHOLE can't be changed so: its array is replaced by an earlier change", Array("WHOLE", {3})}),
-    CaseName<RefusalRow>);
-
-INSTANTIATE_TEST_SUITE_P(Others, Refusals,
-    testing::Values(RefusalRow{"ArrayOfAnotherType", "WHOLE\n 1 /\n", Reals("WHOLE", {1}),
-                        "WHOLE is not a list of Real values"},
-        RefusalRow{"ArrayOfRecords", rowsText, Array("ROWS", {1}), "ROWS is not a list of Integer values"},
-        RefusalRow{"ArrayAfterAValue", "WHOLE\n 1 /\n", Array("WHOLE", {1}),
-            "WHOLE can't be changed so: a value of it is changed by an earlier change", Set("WHOLE[1]", 2)},
-        RefusalRow{"ArrayAroundABlock", "WHOLE\n 1\nSKIP\n9\nENDSKIP\n 2 /\n", Array("WHOLE", {1}),
-            "the data of WHOLE continue in another file or around a skipped block"},
-        RefusalRow{
-            "RecordOfValues", "WHOLE\n 1 /\n", Add("WHOLE", "1"), "WHOLE is not a list of records or lists"},
-        RefusalRow{"EmptyRecord", rowsText, Add("ROWS", " "), "ROWS: the text of the record is empty"},
-        RefusalRow{"RecordAfterErrors", "ROWS\n 1 x /\n/\n", Add("ROWS", "1"),
-            "errors in ROWS hide where its data end"},
-        RefusalRow{"NoSuchRecord", rowsText, Remove("ROWS", 2), "ROWS: record 2 of 2 does not exist"},
-        RefusalRow{"RecordWithAChange", rowsText, Remove("ROWS", 0),
-            "ROWS can't be changed so: a value of the record is changed by an earlier change",
-            Set("ROWS[1].B", 5)},
-        RefusalRow{"KeywordWithAChange", rowsText, Remove("ROWS"),
-            "ROWS can't be changed so: its data are changed by an earlier change", Add("ROWS", "5")},
-        RefusalRow{"NoKeyword", rowsText, AddAfter("ROWS", "-- c\n 1 2 /"),
-            "a keyword is expected at the start of the first line of the text to add"},
-        RefusalRow{
-            "NoSuchSection", rowsText, AddIn(SectionType::GRID, "FLAG"), "the deck has no section GRID"},
-        RefusalRow{"StepWithinAKeyword",
-            "START\n 1 JAN 2020 /\nSCHEDULE\nDATES\n 1 FEB 2020 /\n 1 MAR 2020 /\n/\n", AddIn(0, "FLAG"),
-            "the DATES that leads to the report step leads to later ones too"}),
-    CaseName<RefusalRow>);
 
 TEST(DeckEditors, NeedARangeForEachValue)
 {

@@ -55,6 +55,17 @@ const char* const documents = R"(
   <item name='ROWS'><list termination='SLASH'><record termination='NONE'>
     <item name='P.Q'><real/></item><item><real/></item></record></list></item>
 </record></list></data></keyword>
+<keyword name='PARTS'><data><record termination='NONE'>
+  <item name='FIRST'><record termination='SLASH'>
+    <item name='A'><integer/></item><item name='B' optional='true'><integer/></item></record></item>
+  <item name='SECOND'><record termination='SLASH'>
+    <item name='A' optional='true'><integer/></item></record></item>
+  <item name='THIRD'><integer/></item></record></data></keyword>
+<keyword name='MIXED'><data><record termination='SLASH'>
+  <item name='FIRST'><record termination='NONE'>
+    <item name='A'><integer/></item><item name='B' optional='true'><integer/></item>
+    <item name='C' optional='true'><integer/></item></record></item>
+  <item name='LAST' optional='true'><integer/></item></record></data></keyword>
 <keyword name='MAP'><data><map><assignment name='A'><integer/></assignment></map></data></keyword>
 <keyword name='RAW'><data><raw stringTermination='ENDRAW'/></data></keyword>
 )";

@@ -46,19 +46,64 @@ std::optional<std::size_t> FixedSlots(const IKeywordDataMD& md)
     return slots;
 }
 
+bool IsFlat(const IKeywordDataMD& md)
+{
+    if (md.GetType() != MDType::Record)
+        return false;
+    const auto& record = static_cast<const IKeywordRecordMD&>(md);
+    for (int i = 0; i < record.GetSize(); ++i) {
+        if (!KeywordUtils::IsItemMDType(record.GetItemMD(i)->GetType()))
+            return false;
+    }
+    return true;
+}
+
+bool IsScalarAt(const IKeywordData& node, std::size_t index)
+{
+    return KeywordUtils::IsItemMDType(FindChildMD(node, index)->GetType());
+}
+
+std::size_t CountSlotsAt(const IKeywordData& node, std::size_t index)
+{
+    return IsScalarAt(node, index) ? 1 : CountSlots(ChildOf(node, index));
+}
+
+/// Of the elements of a list, if all have as many.
+std::optional<std::size_t> SlotsOfEach(const IKeywordData& node)
+{
+    return IsList(node) && CountChildren(node) > 0 ? FixedSlots(*FindChildMD(node, 0)) : std::nullopt;
+}
+
 /// Of the children before an index.
 std::size_t CountSlotsBefore(const IKeywordData& node, std::size_t end)
 {
-    if (IsList(node) && end > 0) {
-        if (const auto each = FixedSlots(*FindChildMD(node, 0)))
-            return *each * end;
-    }
+    if (const auto each = SlotsOfEach(node))
+        return *each * end;
     std::size_t slots = 0;
-    for (std::size_t i = 0; i < end; ++i) {
-        const bool isScalar = KeywordUtils::IsItemMDType(FindChildMD(node, i)->GetType());
-        slots += isScalar ? 1 : CountSlots(ChildOf(node, i));
-    }
+    for (std::size_t i = 0; i < end; ++i)
+        slots += CountSlotsAt(node, i);
     return slots;
+}
+
+struct Child {
+    std::size_t index;
+    std::size_t slotsBefore;
+};
+
+/// The child that has the slot of the node; empty if there is none.
+std::optional<Child> FindChildAt(const IKeywordData& node, std::size_t slot)
+{
+    const std::size_t size = CountChildren(node);
+    if (const auto each = SlotsOfEach(node); each && *each > 0)
+        return slot < size * *each ? std::optional(Child{slot / *each, slot / *each * *each}) : std::nullopt;
+    std::size_t before = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+        const std::size_t slots = CountSlotsAt(node, i);
+        if (slot < before + slots)
+            return Child{i, before};
+        before += slots;
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -127,6 +172,21 @@ std::size_t SlotOf(const IKeywordData& root, const ValuePath& path)
             node = &ChildOf(*node, path[i]);
     }
     return slot;
+}
+
+bool AreInFlatRecord(const IKeywordData& root, std::size_t first, std::size_t last)
+{
+    const IKeywordData* node = &root;
+    while (!IsFlat(*node->GetMD())) {
+        const auto child = FindChildAt(*node, first);
+        const auto other = FindChildAt(*node, last);
+        if (!child || !other || child->index != other->index || IsScalarAt(*node, child->index))
+            return false;
+        first -= child->slotsBefore;
+        last -= child->slotsBefore;
+        node = &ChildOf(*node, child->index);
+    }
+    return true;
 }
 
 } // namespace Veld::Quor::Core::Decks

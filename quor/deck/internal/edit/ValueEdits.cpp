@@ -1,14 +1,12 @@
 #include "quor/deck/internal/edit/ValueEdits.h"
 
 #include "quor/deck/DeckEditor.h"
+#include "quor/deck/internal/edit/DataPath.h"
 #include "quor/deck/internal/edit/TextLines.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/NumberText.h"
 #include "quor/deck/internal/text/WordText.h"
 #include "quor/deck/internal/write/ValueText.h"
-#include "quor/metadata/IKeywordListMD.h"
-#include "quor/metadata/IKeywordRecordMD.h"
-#include "quor/metadata/KeywordUtils.h"
 
 #include <fmt/format.h>
 
@@ -17,32 +15,11 @@
 
 namespace Veld::Quor::Core::Decks {
 
-using namespace Core::Keywords;
-
 namespace {
-
-using MDType = IKeywordDataMD::MDType;
 
 bool IsSame(const TextRange& a, const TextRange& b)
 {
     return a.file == b.file && a.offset == b.offset && a.length == b.length;
-}
-
-/// Whether it is a record of scalars, or a list of such records.
-bool IsFlat(const IKeywordDataMD& md)
-{
-    if (md.GetType() == MDType::List) {
-        const IKeywordDataMD* const item = static_cast<const IKeywordListMD&>(md).GetItemMD();
-        return item && item->GetType() == MDType::Record && IsFlat(*item);
-    }
-    if (md.GetType() != MDType::Record)
-        return false;
-    const auto& record = static_cast<const IKeywordRecordMD&>(md);
-    for (int i = 0; i < record.GetSize(); ++i) {
-        if (!KeywordUtils::IsItemMDType(record.GetItemMD(i)->GetType()))
-            return false;
-    }
-    return true;
 }
 
 /// Words one after another, equal ones that follow one another as a repeat. An empty word is a default.
@@ -153,12 +130,12 @@ void Editor::FillIn(std::size_t begin, std::size_t end)
 {
     if (!keyword_.isSound)
         Fail("errors in the keyword hide where the value would stand");
-    if (!IsFlat(*keyword_.data->GetMD()))
-        Fail("the value isn't given, and other data are between it and the last value before it");
     while (end > begin && (words_.count(end - 1) == 0 || words_.at(end - 1).text.empty()))
         --end;
     if (end == begin)
         return;
+    if (!AreInFlatRecord(*keyword_.data, begin, end - 1))
+        Fail("the value isn't given, and other data are between it and the last value before it");
     const TextRange& range = ranges_[begin];
     if (range.file == keyword_.name.file && range.offset <= keyword_.name.offset + keyword_.name.length)
         Fail("the record is empty");

@@ -1,0 +1,104 @@
+#include "quor/deck/DeckEditor.h"
+
+#include "tests/support/Cases.h"
+#include "tests/tools/EditorChanges.h"
+#include "tests/tools/EditorLanguage.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+
+using namespace Veld::Quor::Core::Decks;
+using Veld::Quor::Core::Keywords::SectionType;
+using namespace Veld::Quor::Tests;
+
+namespace {
+
+struct RefusalRow {
+    const char* name;
+    const char* deck;
+    Change change;
+    const char* message;
+    Change before = {};
+};
+
+class Refusals : public testing::TestWithParam<RefusalRow> { };
+
+TEST_P(Refusals, ChangeNothing)
+{
+    const RefusalRow& row = GetParam();
+    const Deck deck = ReadEditable(row.deck);
+    DeckEditor editor(deck);
+    if (row.before)
+        row.before(editor, deck);
+    const std::string text = editor.GetText(0);
+    try {
+        row.change(editor, deck);
+        FAIL() << "no exception: " << editor.GetText(0);
+    } catch (const std::exception& error) {
+        EXPECT_STREQ(error.what(), row.message);
+    }
+    EXPECT_EQ(editor.GetText(0), text);
+}
+
+const char* const rowsText = "ROWS\n 1 2 /\n 3 4 /\n/\n";
+
+const RefusalRow valueRows[] = {
+    {"Address", rowsText, Set("ROWS[1", 1), "'ROWS[1' is not an address: ',' or ']' is expected at its end"},
+    {"SeveralValues", rowsText, Set("ROWS.A", 1), "ROWS.A matches 2 values; add the record: [1], [2]"},
+    {"RealForInteger", rowsText, Set("ROWS[1].A", 1.0), "ROWS: item 'A' is Integer, not Real"},
+    {"TextForInteger", rowsText, Set("ROWS[1].A", "1"), "ROWS: item 'A' is Integer, not String"},
+    {"IntegerForReal", "ARRAY\n 1 /\n", Set("ARRAY[1]", 1), "ARRAY: the value is Real, not Integer"},
+    {"UnknownWord", "WELLS\n P1 OIL /\n/\n", Set("WELLS[P1].KIND", "GAS"),
+        "WELLS: item 'KIND' has no choice 'GAS'; expected one of OIL, WATER"},
+    {"Infinity", "ARRAY\n 1 /\n", Set("ARRAY[1]", std::numeric_limits<double>::infinity()),
+        "ARRAY: the value: a deck can't hold the number inf"},
+    {"BothQuotes", "NAMES\n A /\n", Set("NAMES[1]", "'\""),
+        "NAMES: the value: the text ''\"' can't be written in a deck: it has both kinds of quotes"},
+    {"LineOfSeveral", "TITLE\n A\n", Set("TITLE.T", "A\nB"),
+        "TITLE: item 'T': the text 'A\nB' would not be read as the same line"},
+    {"NoDefault", rowsText, Clear("ROWS[1].A"), "ROWS: item 'A' has no default"},
+    {"NoDefaultInAList", "WHOLE\n 1 /\n", Clear("WHOLE[1]"), "WHOLE: the value has no default"},
+    {"Variable", "WHOLE\n 1 $X /\n", Set("WHOLE[2]", 1), "WHOLE[2] is given by a variable: $X"},
+    {"HiddenByErrors", "NAMES\n A /\nROWS\n 1 2 3 /\n 4\n", Set("ROWS[2].B", 1),
+        "errors in ROWS hide where its values stand"},
+    {"NotGivenAfterAnError", "ROWS\n x /\n 4 /\n/\n", Set("ROWS[2].B", 1),
+        "ROWS: errors in the keyword hide where the value would stand"},
+    {"NotGivenAfterOtherData", "MIXED\n 1 2 /\n", Set("MIXED.LAST", 1),
+        "MIXED: the value isn't given, and other data are between it and the last value before it"},
+    {"LongRepeat", "FIXED\n 1 /\n 2 3*4 /\n", Set("FIXED[2].B", 1),
+        "FIXED: errors in the keyword hide which values its words stand for"},
+    {"InARemovedRecord", rowsText, Set("ROWS[2].A", 1),
+        "ROWS can't be changed so: the record is removed by an earlier change", Remove("ROWS", 1)},
+    {"InARemovedKeyword", rowsText, Set("ROWS[2].A", 1),
+        "ROWS can't be changed so: the keyword is removed by an earlier change", Remove("ROWS")},
+    {"InAReplacedArray", "WHOLE\n 1 /\n", Set("WHOLE[1]", 2),
+        "WHOLE can't be changed so: its array is replaced by an earlier change", Array("WHOLE", {3})}};
+
+const RefusalRow otherRows[] = {
+    {"ArrayOfAnotherType", "WHOLE\n 1 /\n", Reals("WHOLE", {1}), "WHOLE is not a list of Real values"},
+    {"ArrayOfRecords", rowsText, Array("ROWS", {1}), "ROWS is not a list of Integer values"},
+    {"ArrayAfterAValue", "WHOLE\n 1 /\n", Array("WHOLE", {1}),
+        "WHOLE can't be changed so: a value of it is changed by an earlier change", Set("WHOLE[1]", 2)},
+    {"ArrayAroundABlock", "WHOLE\n 1\nSKIP\n9\nENDSKIP\n 2 /\n", Array("WHOLE", {1}),
+        "the data of WHOLE continue in another file or around a skipped block"},
+    {"RecordOfValues", "WHOLE\n 1 /\n", Add("WHOLE", "1"), "WHOLE is not a list of records or lists"},
+    {"EmptyRecord", rowsText, Add("ROWS", " "), "ROWS: the text of the record is empty"},
+    {"RecordAfterErrors", "ROWS\n 1 x /\n/\n", Add("ROWS", "1"), "errors in ROWS hide where its data end"},
+    {"NoSuchRecord", rowsText, Remove("ROWS", 2), "ROWS: record 2 of 2 does not exist"},
+    {"RecordWithAChange", rowsText, Remove("ROWS", 0),
+        "ROWS can't be changed so: a value of the record is changed by an earlier change",
+        Set("ROWS[1].B", 5)},
+    {"KeywordWithAChange", rowsText, Remove("ROWS"),
+        "ROWS can't be changed so: its data are changed by an earlier change", Add("ROWS", "5")},
+    {"NoKeyword", rowsText, AddAfter("ROWS", "-- c\n 1 2 /"),
+        "a keyword is expected at the start of the first line of the text to add"},
+    {"NoSuchSection", rowsText, AddIn(SectionType::GRID, "FLAG"), "the deck has no section GRID"},
+    {"StepWithinAKeyword", "START\n 1 JAN 2020 /\nSCHEDULE\nDATES\n 1 FEB 2020 /\n 1 MAR 2020 /\n/\n",
+        AddIn(0, "FLAG"), "the DATES that leads to the report step leads to later ones too"}};
+
+INSTANTIATE_TEST_SUITE_P(Values, Refusals, testing::ValuesIn(valueRows), CaseName<RefusalRow>);
+INSTANTIATE_TEST_SUITE_P(Others, Refusals, testing::ValuesIn(otherRows), CaseName<RefusalRow>);
+
+} // namespace
