@@ -349,7 +349,7 @@ TEST(FirstAllocation, OfALanguageFailsAsAWhole)
 {
     constexpr const char* deck = "RUNSPEC\nNEEDSALL\nOPEN\nSHUT\nSHUT\nNEEDSALL\nOPEN\nGRID\n";
     const std::string expected = Show(NewLanguage().Read(deck));
-    EXPECT_NE(expected.find("needs FLAG"), std::string::npos);
+    EXPECT_NE(expected.find("[missing-precedent]"), std::string::npos);
     FailFirstOf<NewLanguage>([&](const NewLanguage& language) { language.Read(deck); },
         [&](const NewLanguage& language) { EXPECT_EQ(Show(language.Read(deck)), expected); });
     FailFirstOf<NewLanguage>(
