@@ -6,8 +6,8 @@
 #include "quor/deck/DeckSummary.h"
 #include "quor/deck/Portability.h"
 #include "quor/foundation/service/Log.h"
+#include "tests/deck/SameDecks.h"
 #include "tests/support/Documents.h"
-#include "tests/tools/SameDecks.h"
 #include "tools/quor/FindingLines.h"
 #include "tools/quor/FindingText.h"
 

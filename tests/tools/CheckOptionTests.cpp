@@ -1,6 +1,6 @@
+#include "tests/deck/Language.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
-#include "tests/tools/Language.h"
 #include "tests/tools/RunProgram.h"
 #include "tools/quor/ProgressBar.h"
 

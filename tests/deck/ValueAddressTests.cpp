@@ -1,7 +1,7 @@
 #include "quor/deck/ValueAddress.h"
 
 #include "tests/support/Cases.h"
-#include "tests/tools/EditorLanguage.h"
+#include "tests/deck/EditorLanguage.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tests/tools/EditorLanguage.h"
+#include "tests/deck/EditorLanguage.h"
 
 #include "tests/support/Documents.h"
 

@@ -3,7 +3,7 @@
 #include "quor/deck/DeckLanguage.h"
 
 #include "tests/support/Cases.h"
-#include "tests/tools/Language.h"
+#include "tests/deck/Language.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tests/tools/EditorChanges.h"
+#include "tests/deck/EditorChanges.h"
 
 namespace Veld::Quor::Tests {
 

@@ -5,7 +5,7 @@
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
 #include "tests/support/LogCapture.h"
-#include "tests/tools/SameDecks.h"
+#include "tests/deck/SameDecks.h"
 
 #include <gtest/gtest.h>
 

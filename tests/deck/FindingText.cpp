@@ -1,4 +1,4 @@
-#include "tests/tools/FindingText.h"
+#include "tests/deck/FindingText.h"
 
 #include <fmt/format.h>
 

@@ -3,8 +3,8 @@
 #include "quor/deck/SourceText.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
-#include "tests/tools/FindingText.h"
-#include "tests/tools/Language.h"
+#include "tests/deck/FindingText.h"
+#include "tests/deck/Language.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tests/tools/RandomLanguage.h"
+#include "tests/deck/RandomLanguage.h"
 
 #include <utility>
 

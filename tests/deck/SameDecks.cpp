@@ -1,4 +1,4 @@
-#include "tests/tools/SameDecks.h"
+#include "tests/deck/SameDecks.h"
 
 #include "quor/data/KeywordDataEqual.h"
 #include "quor/syntax/IKeywordSyntax.h"

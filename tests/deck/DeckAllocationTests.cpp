@@ -2,7 +2,7 @@
 #include "tests/data/DataText.h"
 #include "tests/support/Documents.h"
 #include "tests/support/FailingAllocation.h"
-#include "tests/tools/FindingText.h"
+#include "tests/deck/FindingText.h"
 
 #include <fmt/format.h>
 

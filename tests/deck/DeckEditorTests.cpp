@@ -4,9 +4,9 @@
 #include "quor/data/KeywordDataFactory.h"
 #include "quor/deck/DeckSource.h"
 #include "tests/support/Cases.h"
-#include "tests/tools/EditorChanges.h"
-#include "tests/tools/EditorLanguage.h"
-#include "tests/tools/FindingText.h"
+#include "tests/deck/EditorChanges.h"
+#include "tests/deck/EditorLanguage.h"
+#include "tests/deck/FindingText.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 #include "quor/deck/DeckFormatter.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
-#include "tests/tools/RandomLanguage.h"
-#include "tests/tools/SameDecks.h"
+#include "tests/deck/RandomLanguage.h"
+#include "tests/deck/SameDecks.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "quor/deck/DeckEditor.h"
 
 #include "tests/support/Cases.h"
-#include "tests/tools/EditorChanges.h"
-#include "tests/tools/EditorLanguage.h"
+#include "tests/deck/EditorChanges.h"
+#include "tests/deck/EditorLanguage.h"
 
 #include <gtest/gtest.h>
 

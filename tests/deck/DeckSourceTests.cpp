@@ -3,7 +3,7 @@
 #include "quor/deck/Deck.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
-#include "tests/tools/Language.h"
+#include "tests/deck/Language.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tests/tools/Language.h"
+#include "tests/deck/Language.h"
 
 #include "tests/support/Documents.h"
 

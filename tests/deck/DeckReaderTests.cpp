@@ -3,7 +3,7 @@
 #include "tests/data/DataText.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
-#include "tests/tools/FindingText.h"
+#include "tests/deck/FindingText.h"
 
 #include <gtest/gtest.h>
 
