@@ -55,7 +55,7 @@ const RefusalRow valueRows[] = {
     {"Infinity", "ARRAY\n 1 /\n", Set("ARRAY[1]", std::numeric_limits<double>::infinity()),
         "ARRAY: the value: a deck can't hold the number inf"},
     {"BothQuotes", "NAMES\n A /\n", Set("NAMES[1]", "'\""),
-        "NAMES: the value: the text ''\"' can't be written in a deck: it has both kinds of quotes"},
+        "NAMES: the value: can't write the text ''\"': it contains both kinds of quotes"},
     {"LineOfSeveral", "TITLE\n A\n", Set("TITLE.T", "A\nB"),
         "TITLE: item 'T': the text 'A\nB' would not be read as the same line"},
     {"NoDefault", rowsText, Clear("ROWS[1].A"), "ROWS: item 'A' has no default"},
