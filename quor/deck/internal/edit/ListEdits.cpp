@@ -68,7 +68,7 @@ TextEdit InsertLines(const DeckContents& deck, std::uint32_t file, std::size_t o
     if (!lines.ends_with('\n'))
         lines += '\n';
     if (offset > 0 && text[offset - 1] != '\n')
-        lines.insert(0, "\n");
+        lines.insert(0, 1, '\n');
     return MakeEdit(deck, {file, offset, 0}, lines);
 }
 

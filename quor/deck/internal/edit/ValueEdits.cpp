@@ -141,7 +141,8 @@ void Editor::FillIn(std::size_t begin, std::size_t end)
         Fail("the record is empty");
     const std::string_view text = deck_.files.GetText(range.file);
     const bool touchesBefore = !IsSeparator(text[range.offset - 1]);
-    Add(range, (touchesBefore ? " " : "") + Row(begin, end, {}));
+    const std::string row = Row(begin, end, {});
+    Add(range, touchesBefore ? ' ' + row : row);
 }
 
 /// The slots, as new words or the old one.
