@@ -42,9 +42,9 @@ void DeckChanges::SetWord(std::uint32_t keyword, const ValuePath& path, const st
     const std::size_t slot = SlotOf(*instance.data, path);
     if (const Change* const change = Find(keyword)) {
         if (change->array)
-            FailConflict(keyword, "its array is replaced");
+            FailConflict(keyword, "replaces its array");
         if (change->removed.count(path.front()) > 0)
-            FailConflict(keyword, "the record is removed");
+            FailConflict(keyword, "removes the record");
     }
     if (!word) {
         if (Find(keyword))
@@ -62,7 +62,7 @@ void DeckChanges::SetArray(std::uint32_t keyword, TextEdit edit)
     CheckFile(edit.range.file);
     const Change* const change = Find(keyword);
     if (change && !change->words.empty())
-        FailConflict(keyword, "a value of it is changed");
+        FailConflict(keyword, "changes a value of it");
     changes_[keyword].array = std::move(edit);
 }
 
@@ -83,7 +83,7 @@ void DeckChanges::RemoveRecord(std::uint32_t keyword, std::size_t index)
         const std::size_t first = SlotOf(*instance.data, {index});
         const std::size_t end = first + CountSlots(ChildOf(*instance.data, index));
         if (change->words.lower_bound(first) != change->words.lower_bound(end))
-            FailConflict(keyword, "a value of the record is changed");
+            FailConflict(keyword, "changes a value of the record");
     }
     changes_[keyword].removed[index] = std::move(edit);
 }
@@ -101,7 +101,7 @@ void DeckChanges::RemoveKeyword(std::uint32_t keyword)
         return;
     if (change
         && !(change->words.empty() && !change->array && change->removed.empty() && change->added.empty()))
-        FailConflict(keyword, "its data are changed");
+        FailConflict(keyword, "changes its data");
     TextEdit edit = RemoveKeywordFrom(deck_, deck_.keywords[keyword]);
     CheckFile(edit.range.file);
     changes_[keyword].removal = std::move(edit);
@@ -153,13 +153,12 @@ void DeckChanges::CheckNotRemoved(std::uint32_t keyword) const
 {
     const Change* const change = Find(keyword);
     if (change && change->removal)
-        FailConflict(keyword, "the keyword is removed");
+        FailConflict(keyword, "removes the keyword");
 }
 
 void DeckChanges::FailConflict(std::uint32_t keyword, const char* what) const
 {
-    throw EditError(fmt::format(
-        "{} can't be changed so: {} by an earlier change", deck_.NameOf(deck_.keywords[keyword]), what));
+    throw EditError(fmt::format("{}: an earlier change {}", deck_.NameOf(deck_.keywords[keyword]), what));
 }
 
 } // namespace Veld::Quor::Core::Decks
