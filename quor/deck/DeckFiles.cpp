@@ -15,6 +15,11 @@ std::size_t StartOfLine(std::string_view text, std::size_t offset)
     return end == std::string_view::npos ? 0 : end + 1;
 }
 
+std::size_t CountLines(std::string_view text)
+{
+    return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+}
+
 } // namespace
 
 struct DeckFiles::Entry {
@@ -23,26 +28,30 @@ struct DeckFiles::Entry {
     {
     }
 
-    /// The number of the line of an offset.
+    /// The number of the line of an offset. Counts lines from the start of the offset's block.
     std::size_t LineNumberOf(std::string_view text, std::size_t offset)
     {
-        const std::lock_guard lock(mutex);
-        if (offset < lastOffset) {
-            lastOffset = 0;
-            lastLine = 1;
-        }
-        const auto lines = std::count(text.begin() + static_cast<std::ptrdiff_t>(lastOffset),
-            text.begin() + static_cast<std::ptrdiff_t>(offset), '\n');
-        lastLine += static_cast<std::size_t>(lines);
-        lastOffset = offset;
-        return lastLine;
+        const std::size_t block = offset / blockSize;
+        return LineOfBlock(text, block) + CountLines(text.substr(block * blockSize, offset % blockSize));
     }
 
     DeckFile file;
-    // The last answer, so that the next one needn't count lines from the start.
-    std::mutex mutex;
-    std::size_t lastOffset = 0;
-    std::size_t lastLine = 1;
+
+private:
+    static constexpr std::size_t blockSize = 4096;
+
+    /// The number of the line in which a block of the text begins.
+    std::size_t LineOfBlock(std::string_view text, std::size_t block)
+    {
+        const std::lock_guard lock(mutex_);
+        while (lines_.size() <= block)
+            lines_.push_back(
+                lines_.back() + CountLines(text.substr((lines_.size() - 1) * blockSize, blockSize)));
+        return lines_[block];
+    }
+
+    std::mutex mutex_;
+    std::vector<std::size_t> lines_ = {1}; // of the blocks up to the last one that was asked for
 };
 
 DeckFiles::DeckFiles() = default;

@@ -43,7 +43,7 @@ public:
     std::string_view GetText(std::uint32_t file) const;
     std::string_view GetText(const TextRange& range) const;
 
-    /// Where the range begins. Cheap for ranges that rise within a file.
+    /// Where the range, which is one of the deck's, begins. The first call reads the file up to there.
     Location LocationOf(const TextRange& range) const;
     /// The locations of ranges in any order, at the cost of one pass through the files.
     std::vector<Location> LocationsOf(const std::vector<TextRange>& ranges) const;

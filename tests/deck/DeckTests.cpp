@@ -150,6 +150,18 @@ TEST(ADeck, AnswersForAnAlias)
     EXPECT_EQ(deck.Get("PERMR").GetName(), name);
 }
 
+TEST(ADeck, LocatesItsKeywordsInAnyOrder) // a file is longer than what is counted at once
+{
+    const DeckLanguage language;
+    std::string longText = "RUNSPEC\n";
+    for (int i = 0; i < 2000; ++i)
+        longText += "-- a comment\nOIL\n";
+    const Deck deck = Deck::ReadText(longText, language);
+    ASSERT_EQ(deck.GetSize(), 2001U);
+    for (const std::size_t i : {2000U, 1U, 1999U, 700U, 701U, 0U, 2000U})
+        EXPECT_EQ(deck[i].GetLocation().line, 2 * i + 1);
+}
+
 TEST(ADeck, IsAskedByManyThreadsAtOnce) // the first question makes the index
 {
     const DeckLanguage language;
