@@ -22,8 +22,9 @@ namespace {
 
 using MDType = IKeywordDataMD::MDType;
 
-std::uint32_t IndexOf(const DeckKeyword& keyword)
+std::uint32_t IndexIn(const Deck& deck, const DeckKeyword& keyword)
 {
+    CheckIsOf(deck, keyword);
     return static_cast<std::uint32_t>(keyword.GetIndex());
 }
 
@@ -95,11 +96,13 @@ void DeckEditor::ClearValue(const ValuePlace& place)
 /// Null: the default.
 void DeckEditor::Set(const ValuePlace& place, const NewValue* value)
 {
-    const std::uint32_t index = IndexOf(place.keyword);
+    const std::uint32_t index = IndexIn(deck_, place.keyword);
     const DeckContents& contents = ContentsOf(deck_);
     const KeywordInstance& keyword = contents.keywords[index];
-    const auto scalar = FindScalar(*keyword.data, place.path);
-    if (!scalar || !place.range)
+    const auto scalar = keyword.data ? FindScalar(*keyword.data, place.path) : std::nullopt;
+    if (!scalar)
+        throw AddressError(fmt::format("{} has no value at the path of the place", place.keyword.GetName()));
+    if (!place.range)
         throw EditError(fmt::format("errors in {} hide where its values stand", place.keyword.GetName()));
     const auto word = value ? MakeNewWord(keyword, place.path, *value)
                             : MakeDefaultWord(keyword, place.path, contents.target);
@@ -124,7 +127,7 @@ void DeckEditor::SetArray(const DeckKeyword& keyword, const int* first, std::siz
 void DeckEditor::ReplaceArray(const DeckKeyword& keyword, const IKeywordData& data)
 {
     const DeckContents& contents = ContentsOf(deck_);
-    const std::uint32_t index = IndexOf(keyword);
+    const std::uint32_t index = IndexIn(deck_, keyword);
     changes_->SetArray(index, ReplaceData(contents, contents.keywords[index], data));
 }
 
@@ -133,14 +136,14 @@ void DeckEditor::ReplaceArray(const DeckKeyword& keyword, const IKeywordData& da
 void DeckEditor::AddRecord(const DeckKeyword& keyword, std::string_view text)
 {
     const DeckContents& contents = ContentsOf(deck_);
-    const std::uint32_t index = IndexOf(keyword);
+    const std::uint32_t index = IndexIn(deck_, keyword);
     changes_->AddRecords(index, AddRecordTo(contents, contents.keywords[index], text));
 }
 
 void DeckEditor::AddRecords(const DeckKeyword& keyword, const IKeywordData& records)
 {
     const DeckContents& contents = ContentsOf(deck_);
-    const std::uint32_t index = IndexOf(keyword);
+    const std::uint32_t index = IndexIn(deck_, keyword);
     if (records.GetMD() != keyword.GetSyntax().GetDataMD())
         throw DataAccessError(fmt::format("{}: the records are those of another keyword", keyword.GetName()));
     if (AsList(records).GetSize() > 0)
@@ -149,18 +152,19 @@ void DeckEditor::AddRecords(const DeckKeyword& keyword, const IKeywordData& reco
 
 void DeckEditor::RemoveRecord(const DeckKeyword& keyword, std::size_t index)
 {
-    const std::size_t size = ContentsOf(deck_).keywords[keyword.GetIndex()].records.size();
+    const std::uint32_t position = IndexIn(deck_, keyword);
+    const std::size_t size = ContentsOf(deck_).keywords[position].records.size();
     if (index >= size)
         throw std::out_of_range(
             fmt::format("{}: record {} of {} does not exist", keyword.GetName(), index, size));
-    changes_->RemoveRecord(IndexOf(keyword), index);
+    changes_->RemoveRecord(position, index);
 }
 
 // Keywords
 
 void DeckEditor::AddKeywordAfter(const DeckKeyword& keyword, std::string_view text)
 {
-    AddKeyword(keyword.GetIndex(), false, text);
+    AddKeyword(IndexIn(deck_, keyword), false, text);
 }
 
 void DeckEditor::AddKeywordAtEnd(SectionType::Enum section, std::string_view text)
@@ -192,7 +196,7 @@ void DeckEditor::AddKeyword(std::size_t after, bool leavesBlocks, std::string_vi
 
 void DeckEditor::RemoveKeyword(const DeckKeyword& keyword)
 {
-    changes_->RemoveKeyword(IndexOf(keyword));
+    changes_->RemoveKeyword(IndexIn(deck_, keyword));
 }
 
 // Results

@@ -88,7 +88,8 @@ private:
 /// The deck stays as it is: the editor collects changes of its texts, which the host saves or reads. Each
 /// function either makes its change as a whole or throws, and then nothing has changed:
 /// `EditError` for what would lose something, such as a value that is a variable or a file that the deck
-/// includes twice, and for what contradicts an earlier change, such as a value in a removed record. What the
+/// includes twice, and for what contradicts an earlier change, such as a value in a removed record,
+/// `std::invalid_argument` for a keyword or place of another deck. What the
 /// changes mean for the rest of the deck, such as sizes and limits, is found by reading it.
 /// One thread at a time.
 class VELD_QUOR_EXPORT DeckEditor {
@@ -106,7 +107,7 @@ public:
 
     void SetValue(std::string_view address, const NewValue& value);
     void SetValue(const ValueAddress& address, const NewValue& value);
-    /// `place`: of this deck.
+    /// `place`: of this deck, with a range.
     void SetValue(const ValuePlace& place, const NewValue& value);
     /// Leaves the value to its default. Throws `EditError` if it has none.
     void ClearValue(std::string_view address);

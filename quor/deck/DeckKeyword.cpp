@@ -1,14 +1,23 @@
 #include "quor/deck/DeckKeyword.h"
 
 #include "quor/deck/Deck.h"
+#include "quor/deck/internal/ContentsOf.h"
 #include "quor/deck/internal/read/DeckContents.h"
 #include "quor/deck/internal/text/LineText.h"
 
 #include <fmt/format.h>
 
+#include <stdexcept>
+
 namespace Veld::Quor::Core::Decks {
 
 using Keywords::SectionType;
+
+void CheckIsOf(const Deck& deck, const DeckKeyword& keyword)
+{
+    if (keyword.contents_ != &ContentsOf(deck))
+        throw std::invalid_argument(fmt::format("the keyword {} is one of another deck", keyword.GetName()));
+}
 
 const KeywordInstance& DeckKeyword::Get() const
 {

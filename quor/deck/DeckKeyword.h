@@ -17,6 +17,7 @@ class IKeywordSyntax;
 
 namespace Veld::Quor::Core::Decks {
 
+class Deck;
 struct DeckContents;
 struct KeywordInstance;
 
@@ -59,6 +60,7 @@ public:
 
 private:
     friend class Deck;
+    friend void CheckIsOf(const Deck& deck, const DeckKeyword& keyword);
     DeckKeyword(const DeckContents& contents, std::size_t index)
         : contents_(&contents)
         , index_(index)

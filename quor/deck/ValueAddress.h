@@ -91,7 +91,8 @@ VELD_QUOR_EXPORT std::vector<ValuePlace> Resolve(const Deck& deck, const ValueAd
 /// deck doesn't have and what is similar, or if there are several, and says what to add.
 VELD_QUOR_EXPORT ValuePlace ResolveOne(const Deck& deck, const ValueAddress& address);
 
-/// The value at a path in the data of one of the deck's keywords. Throws `AddressError` if no value is there.
+/// The value at a path in the data of one of the deck's keywords. Throws `AddressError` if no value is there;
+/// this and the next throw `std::invalid_argument` for a keyword of another deck.
 VELD_QUOR_EXPORT ValuePlace PlaceOf(const Deck& deck, const DeckKeyword& keyword, const ValuePath& path);
 /// The full address of an item of a record. `record` is the index from 0 in the keyword's list, 0 for a
 /// keyword of a single record. Throws `AddressError` if there is no such record or item, or it is a

@@ -147,6 +147,7 @@ ValuePlace ResolveOne(const Deck& deck, const ValueAddress& address)
 
 ValuePlace PlaceOf(const Deck& deck, const DeckKeyword& keyword, const ValuePath& path)
 {
+    CheckIsOf(deck, keyword);
     if (!keyword.FindData() || !FindScalar(*keyword.FindData(), path))
         throw AddressError(
             fmt::format("{} has no value at the path {}", keyword.GetName(), fmt::join(path, ", ")));
@@ -156,6 +157,7 @@ ValuePlace PlaceOf(const Deck& deck, const DeckKeyword& keyword, const ValuePath
 
 ValueAddress AddressOf(const Deck& deck, const DeckKeyword& keyword, std::size_t record, ItemKey item)
 {
+    CheckIsOf(deck, keyword);
     const IKeywordData& root = keyword.GetData();
     const bool isList = root.GetMD()->GetType() == IKeywordDataMD::MDType::List;
     const IKeywordDataMD* const md = isList ? FindChildMD(root, record) : root.GetMD();

@@ -3,10 +3,10 @@
 #include "quor/data/Access.h"
 #include "quor/data/KeywordDataFactory.h"
 #include "quor/deck/DeckSource.h"
-#include "tests/support/Cases.h"
 #include "tests/deck/EditorChanges.h"
 #include "tests/deck/EditorLanguage.h"
 #include "tests/deck/FindingText.h"
+#include "tests/support/Cases.h"
 
 #include <gtest/gtest.h>
 
@@ -164,6 +164,25 @@ TEST(DeckEditors, NeedARangeForEachValue)
 {
     const Deck deck = Deck::ReadText("RUNSPEC\n", GetEditorLanguage());
     EXPECT_THROW(DeckEditor editor(deck), std::invalid_argument);
+}
+
+TEST(DeckEditors, RefuseKeywordsAndPlacesOfAnotherDeck)
+{
+    const Deck deck = ReadEditable("FLAG\n");
+    const Deck other = ReadEditable("WHOLE\n 1 /\nROWS\n 1 /\n/\n");
+    DeckEditor editor(deck);
+    const DeckKeyword whole = other.Get("WHOLE");
+    const int value = 1;
+    EXPECT_THROW(editor.RemoveKeyword(whole), std::invalid_argument);
+    EXPECT_THROW(editor.AddKeywordAfter(whole, "FLAG"), std::invalid_argument);
+    EXPECT_THROW(editor.SetArray(whole, &value, 1), std::invalid_argument);
+    EXPECT_THROW(editor.AddRecord(other.Get("ROWS"), "1"), std::invalid_argument);
+    EXPECT_THROW(editor.RemoveRecord(other.Get("ROWS"), 0), std::invalid_argument);
+    EXPECT_THROW(editor.SetValue(PlaceOf(other, whole, {0}), 2), std::invalid_argument);
+    EXPECT_THROW(PlaceOf(deck, whole, {0}), std::invalid_argument);
+    EXPECT_THROW(AddressOf(deck, other.Get("ROWS"), 0, "A"), std::invalid_argument);
+    EXPECT_THROW(editor.SetValue(ValuePlace{deck.Get("FLAG"), {0}, {}, {}, {}}, 1), AddressError);
+    EXPECT_TRUE(editor.GetEdits().empty());
 }
 
 TEST(DeckEditors, AddRecordsOfTheirOwnKeyword)
