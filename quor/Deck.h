@@ -3,6 +3,7 @@
 // All that a host needs to read, check, write and compare decks.
 
 #include "quor/data/Access.h"
+#include "quor/data/KeywordDataFactory.h"
 #include "quor/deck/Deck.h"
 #include "quor/deck/DeckDifference.h"
 #include "quor/deck/DeckEditor.h"
@@ -24,3 +25,4 @@
 #include "quor/deck/TextEdit.h"
 #include "quor/deck/TextRange.h"
 #include "quor/deck/ValueAddress.h"
+#include "quor/syntax/IKeywordSyntax.h"

@@ -31,13 +31,14 @@ public:
 };
 
 /// A deck as it was read: its keywords with their data, its report steps, its findings and the texts of its
-/// files. It never changes, so several threads may use it at once.
+/// files. It never changes, so several threads may use it at once. A deck that was moved from may only be
+/// assigned to and destroyed; what refers to it by a `DeckKeyword` or a view goes with the one it moved to.
 ///
 ///     const DeckLanguage language;
 ///     const Deck deck = Deck::Read("FIELD.data", language);
 ///     for (const Finding& finding : deck.GetFindings())
 ///         std::cout << ToString(finding) << '\n';
-///     const auto porosities = CastMD<double>(AsList(deck.Get("PORO").GetData()));
+///     const auto porosities = Keywords::As<double>(Keywords::AsList(deck.Get("PORO").GetData()));
 ///
 /// A deck with errors is read as far as it can be made out. What was no keyword and no data (comments, blank
 /// lines, inclusions, skipped blocks, unknown keywords) is in the texts of the files.
@@ -48,10 +49,14 @@ public:
     /// cancelled it, `std::bad_alloc` if memory runs out. The language must outlive the deck.
     static Deck Read(
         const std::string& path, const DeckLanguage& language, const ReadOptions& options = ReadOptions());
+    static Deck Read(const std::string& path, const DeckLanguage&& language,
+        const ReadOptions& options = ReadOptions()) = delete; // it would die before the deck
     /// The same for a text in memory. `name` stands for its path: findings have it, and files that the deck
     /// includes are sought in its folder, in the source of the options.
     static Deck ReadText(std::string text, const DeckLanguage& language,
         const ReadOptions& options = ReadOptions(), const std::string& name = "deck.data");
+    static Deck ReadText(std::string text, const DeckLanguage&& language,
+        const ReadOptions& options = ReadOptions(), const std::string& name = "deck.data") = delete;
 
     ~Deck();
     Deck(Deck&&) noexcept;
@@ -77,7 +82,8 @@ public:
     // By section and date.
 
     std::vector<DeckKeyword> GetSection(Keywords::SectionType::Enum section) const;
-    /// Those after the report step with this index, up to the next step or the end of the section.
+    /// Those after the report step with this index, up to the next step or the end of the section. Throws
+    /// `std::out_of_range` if the deck has no such step.
     std::vector<DeckKeyword> GetAfterStep(std::size_t step) const;
     /// When the simulation starts; undefined if the deck doesn't say it.
     Service::Time GetStart() const;

@@ -94,9 +94,10 @@ private:
 /// One thread at a time.
 class VELD_QUOR_EXPORT DeckEditor {
 public:
-    /// The deck must outlive it. Throws `std::invalid_argument` if it wasn't read with
+    /// The deck must outlive it and not be moved. Throws `std::invalid_argument` if it wasn't read with
     /// `ReadOptions::SetEditable`.
     explicit DeckEditor(const Deck& deck);
+    explicit DeckEditor(const Deck&& deck) = delete; // it would die before the editor
     ~DeckEditor();
     DeckEditor(const DeckEditor&) = delete;
     DeckEditor& operator=(const DeckEditor&) = delete;
@@ -126,8 +127,8 @@ public:
     /// added, and so is the indentation of the first line. This and the next throw
     /// `Keywords::DataAccessError` if the keyword is no such list.
     void AddRecord(const DeckKeyword& keyword, std::string_view text);
-    /// Appends all elements of a list of the same keyword, made with `quor/data/Access.h`. Throws
-    /// `Keywords::DataAccessError` if it is another keyword's.
+    /// Appends all elements of a list of the same keyword, made with `Keywords::KeywordDataFactory` and
+    /// filled with `quor/data/Access.h`. Throws `Keywords::DataAccessError` if it is another keyword's.
     void AddRecords(const DeckKeyword& keyword, const Keywords::IKeywordData& records);
     /// `index`: counted from 0, in the deck as it was read. Lines on which nothing else is go whole, with the
     /// comments after it; comments on lines before it stay. Throws `std::out_of_range`.

@@ -17,8 +17,9 @@ class DeckWriter;
 /// continue in another file or around a skipped block.
 class VELD_QUOR_EXPORT DeckFormatter {
 public:
-    /// The deck must outlive it.
+    /// The deck must outlive it and not be moved.
     explicit DeckFormatter(const Deck& deck);
+    explicit DeckFormatter(const Deck&& deck) = delete; // it would die before the formatter
     ~DeckFormatter();
     DeckFormatter(const DeckFormatter&) = delete;
     DeckFormatter& operator=(const DeckFormatter&) = delete;
