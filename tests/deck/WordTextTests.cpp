@@ -5,6 +5,9 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdlib>
+#include <random>
 #include <string>
 
 using namespace Veld::Quor::Core::Decks;
@@ -93,5 +96,43 @@ INSTANTIATE_TEST_SUITE_P(Texts, LinesOfWords,
         Line{"SlashInQuotes", "'A/B' /", "1 x <A/B> closed, ended", 1},
         Line{"UnclosedQuoteIsTheRest", "1 'A B /", "1 x <1> bare, 1 x <A B /> unclosed, open", 2}),
     CaseName<Line>);
+
+TEST(LeadingReals, EndWhereTheNumberDoes)
+{
+    struct Row {
+        const char* text;
+        std::size_t length;
+        double value;
+    };
+    for (const Row& row : {Row{"5. 7", 2, 5}, {".5/", 2, 0.5}, {"-0", 2, -0.0}, {"+1.50,", 5, 1.5},
+             {"12e3 ", 4, 12000}, {"1e ", 1, 1}, {"1D5", 1, 1}, {"1.2.3", 3, 1.2}, {"3*5", 1, 3},
+             {"00000000000000000001.5", 22, 1.5}, {"9007199254740993", 16, 9007199254740992.0},
+             {"0.000000000000001", 17, 1e-15}, {".", 0, 0}, {"-", 0, 0}, {"+-5", 0, 0}, {"--5", 0, 0},
+             {"-.e5", 0, 0}, {"inf", 0, 0}, {"1e999", 0, 0}, {"", 0, 0}}) {
+        const LeadingReal real = FindLeadingReal(row.text);
+        EXPECT_EQ(real.length, row.length) << row.text;
+        if (row.length > 0) {
+            EXPECT_EQ(real.value, row.value) << row.text;
+            EXPECT_EQ(std::signbit(real.value), std::signbit(row.value)) << row.text;
+        }
+    }
+}
+
+TEST(LeadingReals, AreRoundedCorrectly)
+{
+    std::mt19937_64 random(1);
+    for (int i = 0; i < 50'000; ++i) {
+        std::string text = std::to_string(random() >> (random() % 64));
+        if (random() % 4 != 0)
+            text.insert(random() % (text.size() + 1), 1, '.');
+        if (random() % 8 == 0)
+            text += "e-" + std::to_string(random() % 30);
+        if (random() % 2 == 0)
+            text.insert(0, 1, '-');
+        const LeadingReal real = FindLeadingReal(text + (random() % 2 == 0 ? " 7" : ""));
+        ASSERT_EQ(real.length, text.size()) << text;
+        ASSERT_EQ(real.value, std::strtod(text.c_str(), nullptr)) << text;
+    }
+}
 
 } // namespace
