@@ -1,4 +1,7 @@
 #include "quor/deck/Deck.h"
+#include "quor/deck/DeckDifference.h"
+#include "quor/deck/DeckFormatter.h"
+#include "quor/deck/DeckSummary.h"
 #include "tests/support/Documents.h"
 
 #include <gtest/gtest.h>
@@ -79,6 +82,35 @@ TEST(SharedLanguage, IsReadWithBySeveralThreads)
                                 "wrong-section:13 wrong-simulator:15 unclosed-scope:16";
     for (std::size_t i = 0; i < found.size(); ++i)
         EXPECT_EQ(found[i], i % 2 == 0 ? carrow : dunmere);
+}
+
+/// What several answers of the deck come to; each of them works something out at its first use.
+std::string AnswersOf(const Deck& deck)
+{
+    std::string answers = std::to_string(deck.GetAll("ARRAY").size());
+    for (std::size_t i = deck.GetSize(); i-- > 0;)
+        answers += ' ' + std::to_string(deck[i].GetLocation().line);
+    for (const VariableSummary& variable : Summarise(deck).variables)
+        answers += ' ' + variable.name;
+    return answers + ' ' + std::to_string(Compare(deck, deck, {}).groups.size()) + ' '
+        + DeckFormatter(deck).FormatAll();
+}
+
+TEST(SharedDeck, AnswersSeveralThreads)
+{
+    const LoadedTable table(keywords);
+    const DeckLanguage language(*table.operator->());
+    const Deck deck = Deck::ReadText("RUNSPEC\nDIMENS\n 2 3 /\nGRID\nARRAY\n 1 2*$V 1 2*$V /\nFLAG\n",
+        language, ReadOptions().SetVariable("V", "2"));
+    std::vector<std::string> answers(8);
+    std::vector<std::thread> threads;
+    for (std::string& answer : answers)
+        threads.emplace_back([&deck, &answer] { answer = AnswersOf(deck); });
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(answers,
+        std::vector<std::string>(
+            8, "1 7 5 4 2 1 $V 0 RUNSPEC\nDIMENS\n  2 3 /\nGRID\nARRAY\n   1 $V $V  1 $V $V /\nFLAG\n"));
 }
 
 } // namespace

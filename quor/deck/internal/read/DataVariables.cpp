@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <map>
+#include <mutex>
 #include <numeric>
 #include <utility>
 #include <vector>
@@ -32,12 +33,14 @@ class Indexed : public Base {
 public:
     const std::vector<int>& GetIndices() const override
     {
-        if (!indices_.empty())
-            return indices_;
-        for (const Range& range : ranges) {
-            indices_.resize(indices_.size() + static_cast<std::size_t>(range.count));
-            std::iota(indices_.end() - range.count, indices_.end(), range.first);
-        }
+        std::call_once(areIndicesMade_, [this] {
+            std::vector<int> indices;
+            for (const Range& range : ranges) {
+                indices.resize(indices.size() + static_cast<std::size_t>(range.count));
+                std::iota(indices.end() - range.count, indices.end(), range.first);
+            }
+            indices_ = std::move(indices);
+        });
         return indices_;
     }
     const VariablesString& GetVariablesString(int index) const override { return FindRange(index)->text; }
@@ -53,7 +56,9 @@ public:
     std::vector<Range> ranges;
 
 private:
-    mutable std::vector<int> indices_; // filled at the first call
+    // Made at the first call, which several threads may make at once.
+    mutable std::once_flag areIndicesMade_;
+    mutable std::vector<int> indices_;
 };
 
 class Keyed : public IKeywordMapDataVariables {
