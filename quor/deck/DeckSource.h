@@ -20,7 +20,7 @@ public:
     /// Tells one file from another, whatever paths lead to it, so that a file that includes itself is
     /// noticed. Throws `SourceError` if there is no such file.
     virtual std::string Identify(const std::string& path) const = 0;
-    /// Throws `SourceError` if the file can't be read.
+    /// Throws `SourceError` if the file can't be read; null is the same, without a reason.
     virtual std::shared_ptr<const SourceText> Open(const std::string& path) const = 0;
 
 protected:

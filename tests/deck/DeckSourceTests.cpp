@@ -1,9 +1,9 @@
 #include "quor/deck/DeckSource.h"
 
 #include "quor/deck/Deck.h"
+#include "tests/deck/Language.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
-#include "tests/deck/Language.h"
 
 #include <gtest/gtest.h>
 
@@ -74,6 +74,16 @@ TEST(MemoryBeforeFiles, ServesTheBufferAndElseTheFile)
 TEST(MemoryAlone, HasNoOtherFiles)
 {
     EXPECT_THROW(FindingsOf("deck.data", std::make_shared<MemorySource>()), SourceError);
+}
+
+TEST(MemoryWithoutAText, IsAFileThatCannotBeRead)
+{
+    const auto source = std::make_shared<MemorySource>();
+    source->Set("deck.data", std::shared_ptr<const SourceText>());
+    EXPECT_THROW(FindingsOf("deck.data", source), SourceError);
+    source->Set("deck.data", std::string("RUNSPEC\nINCLUDE\n 'part.inc' /\n"));
+    source->Set("part.inc", std::shared_ptr<const SourceText>());
+    EXPECT_EQ(FindingsOf("deck.data", source), "deck.data:3:include-missing");
 }
 
 TEST(CancelledRead, EndsAtTheNextKeyword)

@@ -179,6 +179,8 @@ bool DeckText::MayInclude(const TextRange& name, const std::string& path, const 
 
 void DeckText::Enter(DeckFile file, const std::string& identity)
 {
+    if (!file.text)
+        throw SourceError("the source returned no text");
     ++turns_;
     if (!frames_.empty())
         frames_.back().offset = GetOffset();
