@@ -11,7 +11,7 @@ namespace Veld::Quor::Core::Decks {
 
 class DeckWriter;
 
-/// Writes a deck anew: aligns columns, combines repeated values, shortens numbers and omits defaulted values.
+/// Rewrites a deck: aligns columns, combines repeated values, shortens numbers and omits defaulted values.
 /// The result has the same data. What is no keyword stays as it is: comments, blank lines, inclusions,
 /// skipped blocks, unknown keywords. So does a keyword with errors in it, one of raw text, and one whose data
 /// continue in another file or around a skipped block.
