@@ -123,7 +123,7 @@ public:
 
     // Records: the elements of a keyword that is a list of records or lists.
 
-    /// Appends a record, given as a deck has it: "P3 OPEN ORAT 800 /". A slash that is missing at its end is
+    /// Appends one record, given as a deck has it: "P3 OPEN ORAT 800 /". A slash that is missing at its end is
     /// added, and so is the indentation of the first line. This and the next throw
     /// `Keywords::DataAccessError` if the keyword is no such list.
     void AddRecord(const DeckKeyword& keyword, std::string_view text);

@@ -1,8 +1,8 @@
 #include "quor/deck/DeckEditor.h"
 
-#include "tests/support/Cases.h"
 #include "tests/deck/EditorChanges.h"
 #include "tests/deck/EditorLanguage.h"
+#include "tests/support/Cases.h"
 
 #include <gtest/gtest.h>
 
@@ -85,6 +85,8 @@ const RefusalRow otherRows[] = {
         "the data of WHOLE continue in another file or around a skipped block"},
     {"RecordOfValues", "WHOLE\n 1 /\n", Add("WHOLE", "1"), "WHOLE is not a list of records or lists"},
     {"EmptyRecord", rowsText, Add("ROWS", " "), "ROWS: the text of the record is empty"},
+    {"SlashForARecord", rowsText, Add("ROWS", "/"), "ROWS: a record without values would end the list"},
+    {"SeveralRecords", rowsText, Add("ROWS", "5 / -- c\n/\nFLAG"), "ROWS: the text has more than one record"},
     {"RecordAfterErrors", "ROWS\n 1 x /\n/\n", Add("ROWS", "1"), "errors in ROWS hide where its data end"},
     {"NoSuchRecord", rowsText, Remove("ROWS", 2), "ROWS: record 2 of 2 does not exist"},
     {"RecordWithAChange", rowsText, Remove("ROWS", 0),

@@ -93,6 +93,13 @@ private:
     const DataPlan& Check();
     const DataPlan& Element() const { return plan_.items.front(); }
     bool HasEnd() const { return plan_.termination != Termination::NONE; }
+    /// Whether one slash ends an element.
+    bool IsFlat() const
+    {
+        const auto& items = Element().items;
+        return Element().termination == Termination::SLASH
+            && std::all_of(items.begin(), items.end(), [](const DataPlan& item) { return item.IsScalar(); });
+    }
     std::size_t FindEnd() const;
     std::string Indentation() const;
     TextEdit AddLines(const std::string& lines) const;
@@ -144,6 +151,10 @@ TextEdit RecordList::Add(std::string_view record) const
     const std::size_t end = EndOfWords(lines, 0, lines.size());
     if (end == 0)
         Fail("the text of the record is empty");
+    if (HasEnd() && lines[0] == '/')
+        Fail("a record without values would end the list");
+    if (IsFlat() && EndOfRecord(lines) < end)
+        Fail("the text has more than one record");
     if (Element().termination == Termination::SLASH && lines[end - 1] != '/')
         lines.insert(end, " /");
     std::string indentation = Indentation();

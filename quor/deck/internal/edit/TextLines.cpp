@@ -73,6 +73,14 @@ std::size_t EndOfWords(std::string_view text, std::size_t begin, std::size_t lim
     return end;
 }
 
+std::size_t EndOfRecord(std::string_view text)
+{
+    std::size_t i = SkipComments(text, 0);
+    while (i < text.size() && text[i] != '/')
+        i = SkipComments(text, i + FindDataWord(text.substr(i)).length);
+    return std::min(i + 1, text.size());
+}
+
 TextRange RangeToRemove(const DeckContents& deck, const TextRange& range)
 {
     const std::string_view text = deck.files.GetText(range.file);

@@ -23,6 +23,9 @@ std::string_view RestOfLine(std::string_view text, std::size_t offset);
 /// what is after a slash on its line, are no words.
 std::size_t EndOfWords(std::string_view text, std::size_t begin, std::size_t limit);
 
+/// After the first slash that is a word, or the end of the text.
+std::size_t EndOfRecord(std::string_view text);
+
 /// What goes with the bytes from `begin` to `end` if they are removed: the whole lines if nothing else is on
 /// them but comments, else the blanks after them.
 TextRange RangeToRemove(const DeckContents& deck, const TextRange& range);
