@@ -25,7 +25,7 @@ int main(int count, char** arguments)
         std::cout << "mean of PORO " << sum / static_cast<double>(porosities.size()) << '\n';
         return deck.IsClean() ? 0 : 1;
     } catch (const std::exception& error) {
-        std::cerr << arguments[1] << ": " << error.what() << '\n'; // the reason alone, if it can't be read
+        std::cerr << error.what() << '\n';
         return 2;
     }
 }

@@ -11,7 +11,7 @@
 namespace Veld::Quor::Core::Decks {
 
 KeywordNotFound::KeywordNotFound(const std::string& message)
-    : std::out_of_range(message)
+    : Service::Exception(message)
 {
 }
 
@@ -33,7 +33,13 @@ Deck& Deck::operator=(Deck&&) noexcept = default;
 
 Deck Deck::Read(const std::string& path, const DeckLanguage& language, const ReadOptions& options)
 {
-    return Deck(ReadDeck(path, *options.settings_, *language.index_));
+    try {
+        Deck deck(ReadDeck(path, *options.settings_, *language.index_));
+        deck.contents_->options = options;
+        return deck;
+    } catch (const SourceError& error) {
+        throw SourceError(fmt::format("can't read '{}': {}", path, error.what()));
+    }
 }
 
 Deck Deck::ReadText(
@@ -118,6 +124,11 @@ const Findings& Deck::GetFindings() const
 const Target& Deck::GetTarget() const
 {
     return contents_->target;
+}
+
+const ReadOptions& Deck::GetOptions() const
+{
+    return contents_->options;
 }
 
 const DeckFiles& Deck::GetFiles() const

@@ -8,6 +8,7 @@
 #include "quor/deck/ReportStep.h"
 #include "quor/foundation/Export.h"
 #include "quor/foundation/SectionType.h"
+#include "quor/foundation/service/Exception.h"
 #include "quor/foundation/service/Time.h"
 
 #include <cstddef>
@@ -22,7 +23,7 @@ namespace Veld::Quor::Core::Decks {
 
 /// The deck has no such keyword, or the keyword no data. The text has the name, and names of the deck that
 /// are near.
-class VELD_QUOR_EXPORT KeywordNotFound : public std::out_of_range {
+class VELD_QUOR_EXPORT KeywordNotFound : public Service::Exception {
 public:
     explicit KeywordNotFound(const std::string& message);
     KeywordNotFound(const KeywordNotFound&) = default;
@@ -62,7 +63,8 @@ public:
     Deck(Deck&&) noexcept;
     Deck& operator=(Deck&&) noexcept;
 
-    // Its keywords, in the order of reading.
+    // Its keywords, in the order of reading, those that begin sections included. Keywords of the text itself
+    // (inclusions, skipped blocks, END) are not among them.
 
     class Iterator;
     std::size_t GetSize() const;
@@ -97,6 +99,8 @@ public:
     bool IsClean() const { return !GetFindings().HasFault(); }
     /// For which the deck was read.
     const Target& GetTarget() const;
+    /// With which the deck was read.
+    const ReadOptions& GetOptions() const;
     const DeckFiles& GetFiles() const;
     /// Different files, the deck itself included.
     std::size_t GetFileCount() const;

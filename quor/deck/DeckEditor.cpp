@@ -45,7 +45,7 @@ std::unique_ptr<IKeywordData> MakeArray(
 } // namespace
 
 EditError::EditError(const std::string& message)
-    : std::runtime_error(message)
+    : Service::Exception(message)
 {
 }
 
@@ -156,7 +156,8 @@ void DeckEditor::RemoveRecord(const DeckKeyword& keyword, std::size_t index)
     const std::size_t size = ContentsOf(deck_).keywords[position].records.size();
     if (index >= size)
         throw std::out_of_range(
-            fmt::format("{}: record {} of {} does not exist", keyword.GetName(), index, size));
+            fmt::format("{}: record index {} is out of range (the keyword has {} records)", keyword.GetName(),
+                index, size));
     changes_->RemoveRecord(position, index);
 }
 
@@ -220,7 +221,8 @@ std::string DeckEditor::GetText(std::uint32_t file) const
 {
     const DeckFiles& files = deck_.GetFiles();
     if (file >= files.GetSize())
-        throw std::out_of_range(fmt::format("file {} of {} does not exist", file, files.GetSize()));
+        throw std::out_of_range(
+            fmt::format("file index {} is out of range (the deck has {} files)", file, files.GetSize()));
     std::vector<TextEdit> edits = GetEdits();
     edits.erase(std::remove_if(edits.begin(), edits.end(),
                     [file](const TextEdit& edit) { return edit.range.file != file; }),
@@ -239,6 +241,11 @@ std::shared_ptr<const DeckSource> DeckEditor::MakeSource(std::shared_ptr<const D
     for (const std::uint32_t file : GetChangedFiles())
         source->Set(files.Get(file).name, GetText(file));
     return source;
+}
+
+Deck DeckEditor::Read(const DeckLanguage& language) const
+{
+    return Read(language, deck_.GetOptions());
 }
 
 Deck DeckEditor::Read(const DeckLanguage& language, const ReadOptions& options) const

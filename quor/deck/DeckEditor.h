@@ -9,14 +9,15 @@
 #include "quor/deck/ValueAddress.h"
 #include "quor/foundation/Export.h"
 #include "quor/foundation/SectionType.h"
+#include "quor/foundation/service/Exception.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -29,7 +30,7 @@ namespace Veld::Quor::Core::Decks {
 class DeckChanges;
 
 /// A change can't be made without a loss, or contradicts an earlier one. The text says which and why.
-class VELD_QUOR_EXPORT EditError : public std::runtime_error {
+class VELD_QUOR_EXPORT EditError : public Service::Exception {
 public:
     explicit EditError(const std::string& message);
     EditError(const EditError&) = default;
@@ -123,8 +124,8 @@ public:
 
     // Records: the elements of a keyword that is a list of records or lists.
 
-    /// Appends one record, given as a deck has it: "P3 OPEN ORAT 800 /". A slash that is missing at its end is
-    /// added, and so is the indentation of the first line. This and the next throw
+    /// Appends one record, given as a deck has it: "P3 OPEN ORAT 800 /". A slash that is missing at its end
+    /// is added, and so is the indentation of the first line. This and the next throw
     /// `Keywords::DataAccessError` if the keyword is no such list.
     void AddRecord(const DeckKeyword& keyword, std::string_view text);
     /// Appends all elements of a list of the same keyword, made with `Keywords::KeywordDataFactory` and
@@ -158,9 +159,10 @@ public:
     /// The files of the deck, changed, by the paths from which they were read. `others` serves files that the
     /// deck didn't read; null: the files of the system.
     std::shared_ptr<const DeckSource> MakeSource(std::shared_ptr<const DeckSource> others = nullptr) const;
-    /// Reads the changed deck. The source of the options serves files that the deck didn't read. Throws what
-    /// `Deck::Read` throws.
-    Deck Read(const DeckLanguage& language, const ReadOptions& options = ReadOptions()) const;
+    /// Reads the changed deck, with the options of the deck or others. Their source serves files that the
+    /// deck didn't read. Throws what `Deck::Read` throws.
+    Deck Read(const DeckLanguage& language) const;
+    Deck Read(const DeckLanguage& language, const ReadOptions& options) const;
 
 private:
     void Set(const ValuePlace& place, const NewValue* value);

@@ -64,6 +64,11 @@ void MemorySource::Set(const std::string& path, std::shared_ptr<const SourceText
     texts_->byPath[Normal(path)] = std::move(text);
 }
 
+void MemorySource::Remove(const std::string& path)
+{
+    texts_->byPath.erase(Normal(path));
+}
+
 const std::shared_ptr<const SourceText>* MemorySource::Find(const std::string& path) const
 {
     const auto text = texts_->byPath.find(Normal(path));

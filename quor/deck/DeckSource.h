@@ -53,6 +53,9 @@ public:
     void Set(const std::string& path, std::string bytes);
     void Set(const std::string& path, std::shared_ptr<const SourceText> text);
 
+    /// Takes away the text of a path, if it has one: the other source serves it again.
+    void Remove(const std::string& path);
+
     std::string Identify(const std::string& path) const override;
     std::shared_ptr<const SourceText> Open(const std::string& path) const override;
 

@@ -10,7 +10,7 @@
 namespace Veld::Quor::Core::Decks {
 
 ReadCancelled::ReadCancelled()
-    : std::runtime_error("reading the deck was cancelled")
+    : Service::Exception("reading the deck was cancelled")
 {
 }
 

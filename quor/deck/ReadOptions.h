@@ -5,23 +5,24 @@
 #include "quor/deck/FindingCodes.h"
 #include "quor/deck/Target.h"
 #include "quor/foundation/Export.h"
+#include "quor/foundation/service/Exception.h"
 
 #include <cstddef>
 #include <functional>
 #include <map>
 #include <memory>
-#include <stdexcept>
 #include <string>
 
 namespace Veld::Quor::Core::Decks {
 
 struct ReadSettings;
 
-/// Called now and then with how many bytes of the deck were read, and of how many that are known so far. The
-/// second number grows as the deck includes files.
+/// Called about once for each MiB and at the end with how many bytes of the deck were read, and of how many
+/// that are known so far. The second number grows as the deck includes files. What is after END is not read.
 using ReadProgress = std::function<void(std::size_t done, std::size_t known)>;
 
-/// Called now and then; once it returns true the read ends with `ReadCancelled`.
+/// Called at each keyword and for each MiB of a long one; once it returns true the read ends with
+/// `ReadCancelled`.
 using ReadCancellation = std::function<bool()>;
 
 /// Whether a finding is known already, so that it isn't reported. Called once for each finding that no
@@ -29,7 +30,7 @@ using ReadCancellation = std::function<bool()>;
 using KnownFinding = std::function<bool(const DeckFiles& files, const TextRange& range, Code code)>;
 
 /// The host cancelled the read of a deck.
-class VELD_QUOR_EXPORT ReadCancelled : public std::runtime_error {
+class VELD_QUOR_EXPORT ReadCancelled : public Service::Exception {
 public:
     ReadCancelled();
     ReadCancelled(const ReadCancelled&) = default;

@@ -75,7 +75,7 @@ Mapping Map(int descriptor, std::size_t size)
 } // namespace
 
 SourceError::SourceError(const std::string& reason)
-    : std::runtime_error(reason)
+    : Service::Exception(reason)
 {
 }
 

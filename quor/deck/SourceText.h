@@ -1,17 +1,18 @@
 #pragma once
 
 #include "quor/foundation/Export.h"
+#include "quor/foundation/service/Exception.h"
 
 #include <cstddef>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
 namespace Veld::Quor::Core::Decks {
 
-/// Why a text can't be read. `what()` gives the reason without the name of the file.
-class VELD_QUOR_EXPORT SourceError : public std::runtime_error {
+/// Why a text can't be read. `what()` of one that a source throws is the reason without the name of the file;
+/// `Deck::Read` puts the name before it.
+class VELD_QUOR_EXPORT SourceError : public Service::Exception {
 public:
     explicit SourceError(const std::string& reason);
     SourceError(const SourceError&) = default;

@@ -179,7 +179,7 @@ void AddressParser::Fail(const std::string& expected, std::size_t position) cons
 } // namespace
 
 AddressError::AddressError(const std::string& message, std::size_t position)
-    : std::invalid_argument(message)
+    : Service::Exception(message)
     , position_(position)
 {
 }

@@ -5,10 +5,10 @@
 #include "quor/deck/DeckKeyword.h"
 #include "quor/deck/TextRange.h"
 #include "quor/foundation/Export.h"
+#include "quor/foundation/service/Exception.h"
 
 #include <cstddef>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,7 +17,7 @@ namespace Veld::Quor::Core::Decks {
 
 /// A text is no address, or no value of the deck has the address, or several have it. `what()` says in a
 /// sentence what is wrong, and what is there instead.
-class VELD_QUOR_EXPORT AddressError : public std::invalid_argument {
+class VELD_QUOR_EXPORT AddressError : public Service::Exception {
 public:
     /// Of an address that is well formed.
     static constexpr std::size_t noPosition = static_cast<std::size_t>(-1);

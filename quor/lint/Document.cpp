@@ -160,7 +160,7 @@ std::string ReadBytes(const std::string& path)
 } // namespace
 
 DocumentError::DocumentError(const std::string& message)
-    : std::runtime_error(message)
+    : Service::Exception(message)
 {
 }
 

@@ -2,11 +2,11 @@
 
 #include "quor/deck/Finding.h"
 #include "quor/foundation/Export.h"
+#include "quor/foundation/service/Exception.h"
 
 #include <cstddef>
 #include <memory>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -72,7 +72,7 @@ void ForEachAlias(const Element& owner, const Use& use)
 }
 
 /// The document cannot be read.
-class VELD_QUOR_EXPORT DocumentError : public std::runtime_error {
+class VELD_QUOR_EXPORT DocumentError : public Service::Exception {
 public:
     explicit DocumentError(const std::string& message);
     DocumentError(const DocumentError&) = default;

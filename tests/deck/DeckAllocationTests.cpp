@@ -178,7 +178,7 @@ std::string Show(const Deck& deck)
             dump += Dump(keyword.GetData());
     }
     for (const ReportStep& step : deck.GetSteps())
-        dump += "\n" + DateText(step.time);
+        dump += '\n' + DateText(step.time);
     return dump;
 }
 
@@ -202,7 +202,7 @@ std::string Show(const Difference& difference)
 {
     std::string dump;
     for (const ChangeGroup& group : difference.groups) {
-        dump += "\n" + group.step;
+        dump += '\n' + group.step;
         for (const Change& change : group.changes)
             dump += fmt::format("\n  {} {} {} {} {}", change.keyword, change.identity, change.item.item,
                 change.item.before, change.item.after);
@@ -294,7 +294,7 @@ TEST_F(DeckAllocation, OfOptionsFailsAsAWhole)
     EXPECT_GT(FailEachAllocation([&] { options_.SetVariable(name, value); },
                   [&] { EXPECT_EQ(options_.GetVariables(), before); }),
         3);
-    EXPECT_EQ(options_.GetVariables().at("$" + name), value);
+    EXPECT_EQ(options_.GetVariables().at('$' + name), value);
 }
 
 TEST_F(DeckAllocation, OfALanguageFailsAsAWhole)

@@ -88,7 +88,7 @@ const RefusalRow otherRows[] = {
     {"SlashForARecord", rowsText, Add("ROWS", "/"), "ROWS: a record without values would end the list"},
     {"SeveralRecords", rowsText, Add("ROWS", "5 / -- c\n/\nFLAG"), "ROWS: the text has more than one record"},
     {"RecordAfterErrors", "ROWS\n 1 x /\n/\n", Add("ROWS", "1"), "errors in ROWS hide where its data end"},
-    {"NoSuchRecord", rowsText, Remove("ROWS", 2), "ROWS: record 2 of 2 does not exist"},
+    {"NoSuchRecord", rowsText, Remove("ROWS", 2), "ROWS: record index 2 is out of range (the keyword has 2 records)"},
     {"RecordWithAChange", rowsText, Remove("ROWS", 0),
         "ROWS: an earlier change changes a value of the record", Set("ROWS[1].B", 5)},
     {"KeywordWithAChange", rowsText, Remove("ROWS"), "ROWS: an earlier change changes its data",

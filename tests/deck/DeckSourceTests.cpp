@@ -7,8 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
+#include <vector>
 
 using namespace Veld::Quor::Core::Decks;
 using namespace Veld::Quor::Tests;
@@ -68,6 +70,8 @@ TEST(MemoryBeforeFiles, ServesTheBufferAndElseTheFile)
     EXPECT_EQ(FindingsOf(deck, source), part + ":1:unknown-keyword");
     source->Set(part, std::string("GRID\n"));
     EXPECT_EQ(FindingsOf(deck, source), "");
+    source->Remove(part);
+    EXPECT_EQ(FindingsOf(deck, source), part + ":1:unknown-keyword");
     EXPECT_EQ(FindingsOf(deck, files), part + ":1:unknown-keyword");
 }
 
@@ -84,6 +88,33 @@ TEST(MemoryWithoutAText, IsAFileThatCannotBeRead)
     source->Set("deck.data", std::string("RUNSPEC\nINCLUDE\n 'part.inc' /\n"));
     source->Set("part.inc", std::shared_ptr<const SourceText>());
     EXPECT_EQ(FindingsOf("deck.data", source), "deck.data:3:include-missing");
+}
+
+TEST(ProgressOfARead, IsReportedForEachMebibyteAndAtTheEnd)
+{
+    std::string deck = "RUNSPEC\n";
+    while (deck.size() < (3U << 20))
+        deck += "DIMENS\n 1 2 3 /\n";
+    std::vector<std::size_t> done;
+    const std::size_t size = deck.size();
+    Deck::ReadText(deck, SmallLanguage(), ReadOptions().SetProgress([&](std::size_t read, std::size_t known) {
+        EXPECT_EQ(known, size);
+        done.push_back(read);
+    }));
+    EXPECT_TRUE(std::is_sorted(done.begin(), done.end()));
+    EXPECT_GE(done.size(), 4U);
+    EXPECT_EQ(done.back(), size);
+}
+
+TEST(DeckThatCannotBeRead, IsNamed)
+{
+    const auto options = ReadOptions().SetSource(std::make_shared<MemorySource>());
+    try {
+        Deck::Read("none.data", SmallLanguage(), options);
+        FAIL();
+    } catch (const SourceError& error) {
+        EXPECT_STREQ(error.what(), "can't read 'none.data': No such file or directory");
+    }
 }
 
 TEST(CancelledRead, EndsAtTheNextKeyword)

@@ -1,7 +1,7 @@
 #include "quor/deck/ValueAddress.h"
 
-#include "tests/support/Cases.h"
 #include "tests/deck/EditorLanguage.h"
+#include "tests/support/Cases.h"
 
 #include <gtest/gtest.h>
 
@@ -216,7 +216,7 @@ INSTANTIATE_TEST_SUITE_P(Addresses, Advice,
             "DateWhereNoneIs", "BOX.I1@2024-03-01", "BOX.I1 is not given at 2024-03-01; leave out the date"},
         AdviceRow{"Record", "WELLS[P2].RATE@2024-03-01",
             "WELLS at 2024-03-01 has no record [P2]; similar: [P1], [P*]"},
-        AdviceRow{"Element", "WHOLE[30]", "WHOLE has no record [30]; similar: [3]"},
+        AdviceRow{"Element", "WHOLE[30]", "WHOLE has no value [30] (it has 4 values)"},
         AdviceRow{"SingleRecord", "BOX[2].I1", "BOX is a single record; nothing in brackets is expected"},
         AdviceRow{"Item", "WELLS[P1].RAET@2024-03-01", "WELLS has no item 'RAET'; similar: RATE"},
         AdviceRow{"ItemUnlikeAny", "BOX.NOTHING",

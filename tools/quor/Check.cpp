@@ -102,7 +102,7 @@ std::optional<Result> CheckOne(
         const Decks::Deck read = Decks::Deck::Read(deck, deckLanguage, options);
         return Result{deck, read.GetFindings(), read.GetSize(), read.GetSectionCount(), read.GetFileCount()};
     } catch (const Decks::SourceError& error) {
-        PrintError(fmt::format("can't read '{}': {}", deck, error.what()));
+        PrintError(error.what());
         return std::nullopt;
     }
 }

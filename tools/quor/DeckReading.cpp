@@ -69,7 +69,7 @@ std::optional<Decks::Deck> ReadDeckOrReport(const std::string& path, Decks::Read
         options.SetProgress([&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
         deck = Decks::Deck::Read(path, deckLanguage, options);
     } catch (const Decks::SourceError& error) {
-        PrintError(fmt::format("can't read '{}': {}", path, error.what()));
+        PrintError(error.what());
         return std::nullopt;
     }
     if (const std::size_t errors = deck->GetFindings().GetCount(Decks::Severity::Error); errors > 0)

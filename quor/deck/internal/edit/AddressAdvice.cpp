@@ -126,6 +126,9 @@ std::string ExplainRecord(const DeckContents& deck, const ValueAddress& address)
     const Texts records = RecordsOf(deck, matches);
     if (records.empty())
         return fmt::format("{} is a single record; nothing in brackets is expected", address.keyword);
+    if (matches.front().path.size() == 1)
+        return fmt::format(
+            "{}{} has no value {} (it has {} values)", address.keyword, at, brackets, matches.size());
     return fmt::format(
         "{}{} has no record {}; {}", address.keyword, at, brackets, Alternatives(records, brackets));
 }

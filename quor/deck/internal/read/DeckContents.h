@@ -3,6 +3,7 @@
 #include "quor/data/IKeywordData.h"
 #include "quor/deck/DeckFiles.h"
 #include "quor/deck/Finding.h"
+#include "quor/deck/ReadOptions.h"
 #include "quor/deck/ReportStep.h"
 #include "quor/deck/Target.h"
 #include "quor/deck/internal/read/DataReader.h"
@@ -64,6 +65,7 @@ struct DeckContents {
 
     const LanguageIndex& language;
     Target target; ///< for which it was read
+    ReadOptions options = {}; ///< with which it was read
     bool isEditable = false; ///< the notes of each keyword have the ranges of its values
     DeckFiles files;
     std::vector<KeywordInstance> keywords; ///< in the order of reading

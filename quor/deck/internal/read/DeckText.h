@@ -116,7 +116,7 @@ public:
 
 private:
     /// After how many bytes memory is given back and progress reported.
-    static constexpr std::size_t stride = std::size_t(16) << 20;
+    static constexpr std::size_t stride = std::size_t(1) << 20;
 
     /// A block between a skip keyword and its end.
     struct SkipBlock {

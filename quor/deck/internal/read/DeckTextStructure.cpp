@@ -225,6 +225,7 @@ void DeckText::Finish()
         Leave();
     ReportOpenBlocks();
     frames_.back().blocks.clear();
+    ReportProgress();
 }
 
 void DeckText::ReportOpenBlocks()
