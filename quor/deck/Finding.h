@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quor/deck/TextEdit.h"
 #include "quor/deck/TextRange.h"
 #include "quor/foundation/Export.h"
 
@@ -29,6 +30,9 @@ struct Finding {
     std::string excerpt; ///< the part of the line around the location
     std::size_t excerptColumn = 1; ///< column of the first byte of `excerpt`
     TextRange range = {}; ///< the same bytes among the files of the deck; of a document, nothing
+    /// Changes to be made together, after which the deck says what the reader made of it; empty if the fix
+    /// isn't certain.
+    std::vector<TextEdit> fix = {};
 
     /// Keeps of the line of the location what is worth showing: its beginning, or from the location on.
     VELD_QUOR_EXPORT void SetExcerpt(std::string_view line);

@@ -30,7 +30,12 @@ const char* const documents = R"(
 <keyword name='LINES'><data><list termination='SLASH'><line/></list></data></keyword>
 <keyword name='WELLS'><data><list termination='SLASH'><record termination='SLASH'>
   <item name='WELL' identifier='true'><string/></item>
-  <item name='KIND' optional='true'><choice><values><value string='OIL'/><value string='WATER'/></values></choice></item>
+  <item name='KIND' optional='true'><choice><values><value string='OIL'/><value string='WATER'>
+    <aliases>
+      <alias name='AQUA'>
+        <isHiddenAlias/>
+      </alias>
+    </aliases></value></values></choice></item>
   <item name='RATE' optional='true'><real/></item>
   <item name='COUNT' optional='true'><integer/></item>
   <item name='ON' optional='true'><boolean/></item>

@@ -4,7 +4,8 @@
 
 namespace Veld::Quor::Core::Decks {
 
-void FindingReporter::Report(const TextRange& range, Code code, std::string message, std::string hint)
+void FindingReporter::Report(
+    const TextRange& range, Code code, std::string message, std::string hint, std::vector<TextEdit> fix)
 {
     if (isMuted_)
         return;
@@ -28,6 +29,8 @@ void FindingReporter::Report(const TextRange& range, Code code, std::string mess
     finding.range = range;
     finding.message = std::move(message);
     finding.hint = std::move(hint);
+    if (!IsIncludedAgain(range.file))
+        finding.fix = std::move(fix);
     finding.includedFrom = files_.InclusionsOf(range.file);
     finding.SetExcerpt(files_.LineOf(range).first);
     findings_.Keep(std::move(finding));
@@ -40,6 +43,15 @@ void FindingReporter::ReportBadSuppressions()
         if (files_.GetText(file).size() < large)
             SuppressionsOf(file);
     }
+}
+
+bool FindingReporter::IsIncludedAgain(std::uint32_t file) const
+{
+    for (std::uint32_t other = 0; other < file; ++other) {
+        if (files_.Get(other).text == files_.Get(file).text)
+            return true;
+    }
+    return false;
 }
 
 const Suppressions& FindingReporter::SuppressionsOf(std::uint32_t file)

@@ -11,6 +11,7 @@
 #include <string>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -25,7 +26,9 @@ public:
     {
     }
 
-    void Report(const TextRange& range, Code code, std::string message, std::string hint = {});
+    /// `fix`: as the finding has it.
+    void Report(const TextRange& range, Code code, std::string message, std::string hint = {},
+        std::vector<TextEdit> fix = {});
     /// Reports the silencing comments that can't be followed, of files in which nothing was found. Large ones
     /// are left alone: it would take as long as to read them.
     void ReportBadSuppressions();
@@ -55,6 +58,8 @@ public:
     bool IsFull() const { return findings_.IsFull(); }
 
 private:
+    /// Whether the file was included before: a change of it was suggested then.
+    bool IsIncludedAgain(std::uint32_t file) const;
     /// Scans the file when it is first asked for, and reports what is wrong with its comments.
     const Suppressions& SuppressionsOf(std::uint32_t file);
 

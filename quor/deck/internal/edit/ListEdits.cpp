@@ -3,10 +3,11 @@
 #include "quor/data/Access.h"
 #include "quor/deck/DeckEditor.h"
 #include "quor/deck/internal/edit/DataPath.h"
-#include "quor/deck/internal/edit/TextLines.h"
+#include "quor/deck/internal/edit/KeywordText.h"
 #include "quor/deck/internal/read/DataPlan.h"
 #include "quor/deck/internal/text/LineEnds.h"
 #include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/TextLines.h"
 #include "quor/deck/internal/write/DataWriter.h"
 
 #include <fmt/format.h>

@@ -2,7 +2,7 @@
 
 #include "quor/deck/DeckEditor.h"
 #include "quor/deck/internal/edit/DataPath.h"
-#include "quor/deck/internal/edit/TextLines.h"
+#include "quor/deck/internal/edit/KeywordText.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/NumberText.h"
 #include "quor/deck/internal/text/WordText.h"

@@ -94,6 +94,12 @@ DataPlan MakePlan(const IKeywordDataMD& md, const Target& target)
 
 } // namespace
 
+bool DataPlan::MayEndAt(std::size_t index) const
+{
+    return std::all_of(items.begin() + static_cast<std::ptrdiff_t>(index), items.end(),
+        [](const DataPlan& item) { return item.IsScalar() && item.MayBeMissing(); });
+}
+
 const DataPlan& DataPlans::Get(const IKeywordDataMD& root)
 {
     std::unique_ptr<DataPlan>& plan = plans_[&root];

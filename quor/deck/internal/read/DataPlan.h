@@ -49,6 +49,8 @@ struct DataPlan {
     bool IsScalar() const { return Core::Keywords::KeywordUtils::IsItemMDType(type); }
     /// Whether a deck may leave the scalar out.
     bool MayBeMissing() const { return isOptional || hasDefault; }
+    /// Whether a deck may leave out the items of the record from `index` on.
+    bool MayEndAt(std::size_t index) const;
 };
 
 /// Makes plans, and keeps them.

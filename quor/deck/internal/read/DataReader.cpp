@@ -42,6 +42,7 @@ void DataReader::Read(const DataPlan& plan, const Token& keyword, IKeywordData& 
     std::vector<RecordStart>& starts)
 {
     keyword_ = keyword;
+    root_ = &plan;
     mayBeShort_ = mayBeShort;
     records_.clear();
     words_.Begin(keyword);

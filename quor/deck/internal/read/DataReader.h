@@ -143,8 +143,10 @@ private:
     void ReportNoDefault(const DataPlan& item);
 
     // Ends and sizes
-    Ended Unclosed(Open what);
-    void ReportUnclosed(const TextRange& end, Open what);
+    Ended Unclosed(Open what, std::vector<TextEdit> fix = {});
+    Ended UnclosedRecord(const DataPlan& plan, std::size_t missing);
+    void ReportUnclosed(const TextRange& end, Open what, std::vector<TextEdit> fix);
+    std::vector<TextEdit> SlashAfterLast(bool endsRecord, bool endsList) const;
     Ended UnclosedList(const DataPlan& plan);
     static Open OpenListOf(const DataPlan& plan);
     void CheckSize(const DataPlan& plan, long long size, long long count, const TextRange& range);
@@ -184,6 +186,7 @@ private:
 
     // Of the keyword being read
     Token keyword_;
+    const DataPlan* root_ = nullptr;
     bool mayBeShort_ = false;
     long long misfits_ = 0; // values of the list being read that were none
     std::vector<std::pair<const DataPlan*, const Core::Keywords::IKeywordRecordData*>> records_; // being read

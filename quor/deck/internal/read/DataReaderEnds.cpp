@@ -1,5 +1,6 @@
 #include "quor/deck/internal/read/DataReader.h"
 
+#include "quor/deck/internal/text/TextLines.h"
 #include "quor/metadata/ICustomReadTermination.h"
 #include "quor/metadata/IKeywordListMD.h"
 
@@ -48,17 +49,50 @@ const SizeTexts& SizeTextsOf(const DataPlan& element)
 
 } // namespace
 
-DataReader::Ended DataReader::Unclosed(Open what)
+DataReader::Ended DataReader::Unclosed(Open what, std::vector<TextEdit> fix)
 {
     if (!text_.MissedInclusion()) // which may have held the end
-        ReportUnclosed(words_.GetEnd(), what);
+        ReportUnclosed(words_.GetEnd(), what, std::move(fix));
     return Ended::ByStop;
 }
 
-void DataReader::ReportUnclosed(const TextRange& end, Open what)
+/// The deck continues with a keyword; the items of the record from `missing` on were not read. The list of
+/// the record has no end either.
+DataReader::Ended DataReader::UnclosedRecord(const DataPlan& plan, std::size_t missing)
+{
+    const bool isInList = root_->type == MDType::List && &plan == &root_->items.front();
+    const bool isSure =
+        (isInList || &plan == root_) && plan.termination == Termination::SLASH && plan.MayEndAt(missing);
+    const bool endsList = isInList && root_->termination == Termination::SLASH;
+    return Unclosed(Open::Record, isSure ? SlashAfterLast(true, endsList) : std::vector<TextEdit>());
+}
+
+/// Ends the record with its last word, and the list on the next line. Empty if nothing was read of them.
+std::vector<TextEdit> DataReader::SlashAfterLast(bool endsRecord, bool endsList) const
+{
+    const TextRange end = words_.GetEnd();
+    const bool isKeyword =
+        end.file == keyword_.range.file && end.offset == keyword_.range.offset + keyword_.range.length;
+    if (isKeyword || end.file != text_.GetFile() || !(endsRecord || endsList))
+        return {};
+    std::vector<TextEdit> fix;
+    if (endsRecord)
+        fix.push_back({end, " /"});
+    if (endsList) {
+        const std::string_view rest = RestOfLine(text_.GetLineFrom(end), 0);
+        const std::string line = text_.GetLineFrom(end).ends_with('\r') ? "\r\n/" : "\n/";
+        if (endsRecord && rest.empty())
+            fix.back().text += line;
+        else
+            fix.push_back({{end.file, end.offset + rest.size(), 0}, line});
+    }
+    return fix;
+}
+
+void DataReader::ReportUnclosed(const TextRange& end, Open what, std::vector<TextEdit> fix)
 {
     const auto report = [&](std::string message, const char* hint) {
-        reporter_.Report(end, Code::UnclosedData, std::move(message), hint);
+        reporter_.Report(end, Code::UnclosedData, std::move(message), hint, std::move(fix));
     };
     switch (what) {
     case Open::Record:
@@ -86,10 +120,15 @@ DataReader::Ended DataReader::UnclosedList(const DataPlan& plan)
     const bool isTaken = element.type == MDType::Record && element.termination == Termination::SLASH
         && last.file == text_.GetFile() && text_.GetLineFrom(last).starts_with('/')
         && text_.IsFirstOnLine(last);
-    if (!isTaken || text_.MissedInclusion())
-        return Unclosed(OpenListOf(plan));
+    if (!isTaken || text_.MissedInclusion()) {
+        const Open open = OpenListOf(plan);
+        const bool isSure = &plan == root_ && plan.termination == Termination::SLASH;
+        return Unclosed(open,
+            isSure ? SlashAfterLast(open == Open::Values, open == Open::Records) : std::vector<TextEdit>());
+    }
     const TextRange& value = words_.GetLastBeforeSlash();
-    ReportUnclosed({value.file, value.offset + value.length, 0}, Open::Record);
+    const TextRange end{value.file, value.offset + value.length, 0};
+    ReportUnclosed(end, Open::Record, {{end, " /"}});
     return Ended::ByStop;
 }
 

@@ -52,7 +52,7 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
     if (item.type == MDType::Line)
         return ReadLine(records_.size() == 1 && index == 0, storage);
     if (BeginsNextRecord(plan, index)) {
-        Unclosed(Open::Record);
+        Unclosed(Open::Record, SlashAfterLast(plan.MayEndAt(index), false));
         notes_.PassMissing(item, 0, words_.GetRange());
         return Ended::BySlash;
     }
@@ -61,7 +61,7 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
         order_.BeginRow(words_.GetRange());
     switch (got) {
     case Got::Stop:
-        return Unclosed(Open::Record);
+        return UnclosedRecord(plan, index);
     case Got::Slash:
         CheckMissing(plan, index, words_.GetRange());
         notes_.PassMissing(item, 0, words_.GetMissingRange());
@@ -185,14 +185,14 @@ DataReader::Ended DataReader::EndRecord(const DataPlan& plan)
     if (plan.items.back().type == MDType::Line)
         return Ended::Complete; // with its line
     if (BeginsNextRecord(plan, plan.items.size())) {
-        Unclosed(Open::Record);
+        Unclosed(Open::Record, SlashAfterLast(true, false));
         return Ended::Complete;
     }
     switch (words_.Next()) {
     case Got::Slash:
         return Ended::Complete;
     case Got::Stop:
-        return Unclosed(Open::Record);
+        return UnclosedRecord(plan, plan.items.size());
     case Got::Value:
     case Got::Default:
         break;

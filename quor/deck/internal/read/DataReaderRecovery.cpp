@@ -2,6 +2,7 @@
 
 #include "quor/deck/internal/read/RecordFit.h"
 #include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/WordText.h"
 
 #include <algorithm>
 
@@ -14,6 +15,12 @@ using namespace Core::Keywords;
 namespace {
 
 using Termination = DataPlan::Termination;
+
+bool IsBareWord(std::string_view text)
+{
+    const DataWord word = FindDataWord(text);
+    return word.length == text.size() && word.repeat.length == 0 && word.quotes == DataWord::Quotes::None;
+}
 
 } // namespace
 
@@ -53,7 +60,11 @@ bool DataReader::MayReportOfRow(const TextRange& range, std::string& hint)
 
 void DataReader::ReportAt(const TextRange& range, Misfit misfit)
 {
-    reporter_.Report(range, misfit.code, std::move(misfit.message), std::move(misfit.hint));
+    std::vector<TextEdit> fix;
+    const Token& word = words_.GetWord();
+    if (!misfit.instead.empty() && (word.kind == Token::Kind::Quoted || IsBareWord(misfit.instead)))
+        fix.push_back({text_.RangeOf(word.text), std::move(misfit.instead)});
+    reporter_.Report(range, misfit.code, std::move(misfit.message), std::move(misfit.hint), std::move(fix));
 }
 
 /// Of the record: what was reported explains whatever else is wrong with it.

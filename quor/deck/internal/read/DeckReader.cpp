@@ -1,5 +1,6 @@
 #include "quor/data/DataAccessUtils.h"
 #include "quor/data/KeywordDataFactory.h"
+#include "quor/deck/internal/read/CertainFixes.h"
 #include "quor/deck/internal/read/DataPlan.h"
 #include "quor/deck/internal/read/DataReader.h"
 #include "quor/deck/internal/read/DataShape.h"
@@ -18,14 +19,13 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
 using namespace Core::Keywords;
-using namespace Core::Service;
 
 namespace {
 
@@ -146,7 +146,7 @@ void DeckReader::ReadUnknown(const Token& head)
     } else if (const Entry* const entry = vocabulary_.Find(upper)) {
         reporter_.Report(head.range, Code::LowerCase,
             fmt::format("keyword '{}' is not in upper case", Shorten(head.text)),
-            fmt::format("write {}", upper));
+            fmt::format("write {}", upper), {{head.range, upper}});
         ReadAs(head, *entry);
     } else {
         ReadStray(head);
@@ -157,13 +157,11 @@ void DeckReader::ReadUnknown(const Token& head)
 /// it.
 void DeckReader::ReadMisspelt(const Token& head)
 {
-    using Role = KeywordDeckRole;
     const Entry* const meant =
         ReportUnknownKeyword(head.range, head.text, sections_.GetSure(), vocabulary_, reporter_);
-    if (!meant || meant->role == Role::End || meant->role == Role::EndInclude) {
+    if (!meant) {
         mayMissKeywords_ = true;
-        text_.SkipData();
-        return;
+        return text_.SkipData();
     }
     const FindingReporter::Muted muted(reporter_, true);
     if (!meant->IsOfText() || !text_.TakeAs(head, *meant))
@@ -180,10 +178,11 @@ void DeckReader::ReadStray(const Token& token)
 {
     const Token word = token.kind == Token::Kind::Keyword ? token : text_.NextData();
     const Entry* const entry = vocabulary_.Find(word.text);
-    reporter_.Report(word.range, Code::StrayText, StrayMessage(Shorten(word.text)),
-        entry ? "a keyword must start in the first column" : "");
     const auto lone = FindLoneWord(text_.GetLineFrom(word.range));
     const bool isIndented = entry && lone && !lone->hasSlash && text_.IsFirstOnLine(word.range);
+    reporter_.Report(word.range, Code::StrayText, StrayMessage(Shorten(word.text)),
+        entry ? "a keyword must start in the first column" : "",
+        isIndented ? Unindent(deck_->files, word.range) : std::vector<TextEdit>());
     if (isIndented)
         ReadAs(word, *entry);
     else
@@ -264,7 +263,7 @@ void DeckReader::CheckNoData(const Token& head)
     const std::string keyword = ToUpper(head.text);
     reporter_.Report(word.range, Code::StrayText,
         fmt::format("unexpected '{}' after {}; expected the end of the line", Shorten(word.text), keyword),
-        fmt::format("{} has no data", keyword));
+        fmt::format("{} has no data", keyword), CommentOut(word.range, text_.GetRest(), vocabulary_));
     text_.SkipData();
 }
 

@@ -1,6 +1,7 @@
 #include "quor/deck/internal/read/DeckText.h"
 
 #include "quor/deck/ReadOptions.h"
+#include "quor/deck/internal/read/CertainFixes.h"
 
 #include <fmt/format.h>
 
@@ -106,8 +107,8 @@ Token DeckText::ScanData()
             return keyword;
         const DataWord word = FindDataWord(GetRest());
         if (word.text == "\\" && word.length == 1) {
-            ReportOnce(
-                RangeOf(word.text), Code::StrayText, "unexpected backslash; expected a slash", "write '/'");
+            ReportOnce(RangeOf(word.text), Code::StrayText, "unexpected backslash; expected a slash",
+                "write '/'", {{RangeOf(word.text), "/"}});
             return TakeSlash();
         }
         return TakeWord(word);
@@ -157,12 +158,14 @@ Token DeckText::TakeWord(const DataWord& word)
         ReportOnce(RangeOf({quote, word.length - word.repeat.length}), Code::UnclosedQuote,
             token.text.empty() ? "unclosed quote"
                                : fmt::format("unclosed quote before '{}'", Shorten(token.text)),
-            fmt::format("add a closing {} on the same line", *quote));
+            fmt::format("add a closing {} on the same line", *quote),
+            CloseQuote(RangeOf(token.text), *quote, GetLine()));
     } else if (word.quotes == DataWord::Quotes::Unopened) {
         token.text.remove_suffix(1);
         ReportOnce(token.range, Code::UnclosedQuote,
             fmt::format("unopened quote after '{}'", Shorten(token.text)),
-            fmt::format("add an opening {} before the text", word.text.back()));
+            fmt::format("add an opening {} before the text", word.text.back()),
+            OpenQuote(files_, RangeOf(token.text.substr(token.repeat.length)), word.text.back()));
     }
     return token;
 }
@@ -177,12 +180,13 @@ Token DeckText::TakeSlash()
 }
 
 /// Even if the word is read again.
-void DeckText::ReportOnce(const TextRange& range, Code code, std::string message, std::string hint)
+void DeckText::ReportOnce(
+    const TextRange& range, Code code, std::string message, std::string hint, std::vector<TextEdit> fix)
 {
     if (range.file == lastReported_.file && range.offset <= lastReported_.offset && lastReported_.length > 0)
         return;
     lastReported_ = range;
-    reporter_.Report(range, code, std::move(message), std::move(hint));
+    reporter_.Report(range, code, std::move(message), std::move(hint), std::move(fix));
 }
 
 void DeckText::Take(std::size_t count)

@@ -4,6 +4,7 @@
 #include "quor/deck/DeckFiles.h"
 #include "quor/deck/DeckSource.h"
 #include "quor/deck/ReadOptions.h"
+#include "quor/deck/TextEdit.h"
 #include "quor/deck/internal/check/FindingReporter.h"
 #include "quor/deck/internal/check/KeywordValidity.h"
 #include "quor/deck/internal/text/LineText.h"
@@ -142,7 +143,8 @@ private:
     Token TakeToken(Token::Kind kind, std::size_t length);
     Token TakeWord(const DataWord& word);
     Token TakeSlash();
-    void ReportOnce(const TextRange& range, Code code, std::string message, std::string hint);
+    void ReportOnce(
+        const TextRange& range, Code code, std::string message, std::string hint, std::vector<TextEdit> fix);
     Token TakeLine();
     void NoteComment();
     void NoteRemark();

@@ -1,5 +1,7 @@
 #include "quor/deck/internal/read/DeckText.h"
 
+#include "quor/deck/internal/read/CertainFixes.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -251,7 +253,8 @@ void DeckText::CloseBlock(const TextRange& range, std::string_view keyword)
         frames_.back().blocks.pop_back();
     else
         reporter_.Report(range, Code::StrayEndskip,
-            fmt::format("{} has no matching opening keyword in this file", keyword));
+            fmt::format("{} has no matching opening keyword in this file", keyword), {},
+            RemoveLine(files_, range));
 }
 
 /// Only what opens and closes blocks counts in a block that is passed over.

@@ -9,8 +9,8 @@
 
 namespace Veld::Quor::Core::Decks {
 
-/// Reports a word that is no keyword. The keyword that was meant, if one is nearer than all others; else
-/// null.
+/// Reports a word that is no keyword. The keyword that was meant, if one is nearer than all others and ends
+/// neither the deck nor a file; else null.
 const Entry* ReportUnknownKeyword(const TextRange& range, std::string_view word,
     Core::Keywords::SectionType::Enum section, Vocabulary& vocabulary, FindingReporter& reporter);
 

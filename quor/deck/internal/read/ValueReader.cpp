@@ -140,6 +140,10 @@ Reading<T> ValueReader::Read(const DataPlan& item, const Token& word)
         Remark(item, text, *reading.value, reading.faults.remarks);
     else
         reading.faults.misfit = MisfitOf<T>(item, text);
+    for (Misfit& remark : reading.faults.remarks) {
+        if (replaced)
+            remark.instead.clear(); // the word comes from a variable
+    }
     return reading;
 }
 
@@ -189,7 +193,7 @@ void ValueReader::Remark(const DataPlan& item, const Text& word, int value, std:
                 "{}: '{}' is a deprecated name of {}", In(item), Shorten(word.text), choice.GetChoice(value))
                          : fmt::format("{}: '{}' is an abbreviation of {}", In(item), Shorten(word.text),
                              choice.GetChoice(value)),
-            fmt::format("write {}", choice.GetChoice(value))});
+            fmt::format("write {}", choice.GetChoice(value)), choice.GetChoice(value)});
     }
     if (target_.simulator == SimulatorType::Any)
         return;

@@ -24,6 +24,7 @@ struct Misfit {
     Code code;
     std::string message;
     std::string hint = {};
+    std::string instead = {}; ///< what the deck is certain to mean by the word; empty if that isn't known
 };
 
 /// What is wrong with a word.
