@@ -149,6 +149,44 @@ TEST(Check, GivesTheRulesTheirMeaningInSarif)
     EXPECT_EQ(rule["shortDescription"]["text"], "A word is not a known keyword.");
 }
 
+TEST(Check, GivesTheFixOfAFinding)
+{
+    const TemporaryDirectory folder;
+    const std::string deck =
+        folder.Write("d.data", "RUNSPEC\n\xC3\xA4ndern\nENDSKIP\nNOTES\nENDNOTES\nOIL \xC3\xA4\n");
+    const json change = {{"file", deck}, {"line", 3}, {"column", 1}, {"length", 8}, {"text", ""}};
+    const json findings = json::parse(RunQuor("check --format json " + deck).out)["findings"];
+    ASSERT_EQ(findings.size(), 3U);
+    EXPECT_EQ(findings[0]["fix"], json::array());
+    EXPECT_EQ(findings[1]["fix"], json::array({change}));
+
+    const json results = json::parse(RunQuor("check --format sarif " + deck).out)["runs"][0]["results"];
+    EXPECT_FALSE(results[0].contains("fixes"));
+    const auto replacementOf = [](const json& result) {
+        return result["fixes"][0]["artifactChanges"][0]["replacements"][0];
+    };
+    EXPECT_EQ(results[1]["fixes"][0]["artifactChanges"][0]["artifactLocation"],
+        results[1]["locations"][0]["physicalLocation"]["artifactLocation"]);
+    EXPECT_EQ(replacementOf(results[1]), json::parse(R"({"deletedRegion":
+        {"startLine": 3, "startColumn": 1, "endLine": 4, "endColumn": 1}})"));
+    EXPECT_EQ(replacementOf(results[2]), json::parse(R"({"deletedRegion":
+        {"startLine": 6, "startColumn": 5, "endLine": 6, "endColumn": 5}, "insertedContent": {"text": "-- "}})"));
+}
+
+TEST(Check, CountsTheColumnsOfAFixInCharacters)
+{
+    const TemporaryDirectory folder;
+    const std::string deck =
+        folder.Write("d.data", "SCHEDULE\nWELSPECS\n '\xC3\xA4' 'G' 1 1 2000 WATE /\n/\n");
+    const json finding = json::parse(RunQuor("check --format json " + deck).out)["findings"][0];
+    EXPECT_EQ(finding["fix"][0]["column"], 20);
+    const json result = json::parse(RunQuor("check --format sarif " + deck).out)["runs"][0]["results"][0];
+    const json replacement = result["fixes"][0]["artifactChanges"][0]["replacements"][0];
+    EXPECT_EQ(replacement["deletedRegion"]["startColumn"], 19);
+    EXPECT_EQ(replacement["deletedRegion"]["endColumn"], 23);
+    EXPECT_EQ(replacement["insertedContent"]["text"], "WATER");
+}
+
 struct Bar {
     const char* name;
     std::size_t done;

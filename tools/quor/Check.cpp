@@ -47,6 +47,7 @@ struct CheckCommandOptions {
 struct Result {
     std::string deck;
     Decks::Findings findings;
+    std::vector<Fix> fixes; // of each finding
     std::size_t keywords;
     std::size_t sections;
     std::size_t files;
@@ -65,7 +66,7 @@ FindingSets FindingsOf(const std::vector<Result>& results)
 {
     FindingSets sets;
     for (const Result& result : results)
-        sets.push_back(&result.findings);
+        sets.emplace_back(result.findings, &result.fixes);
     return sets;
 }
 
@@ -76,9 +77,9 @@ void PrintJson(const std::vector<Result>& results)
     for (const Result& result : results) {
         decks.push_back({{"deck", result.deck}, {"keywords", result.keywords}, {"sections", result.sections},
             {"files", result.files}, {"clean", !result.findings.HasFault()}});
-        for (const Decks::Finding& finding : result.findings) {
+        for (std::size_t i = 0; i < result.fixes.size(); ++i) {
             nlohmann::ordered_json json = {{"deck", result.deck}};
-            json.update(FindingJson(finding));
+            json.update(FindingJson(result.findings.GetKept()[i], result.fixes[i]));
             findings.push_back(std::move(json));
         }
     }
@@ -100,7 +101,8 @@ std::optional<Result> CheckOne(
         ProgressBar bar;
         options.SetProgress([&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
         const Decks::Deck read = Decks::Deck::Read(deck, deckLanguage, options);
-        return Result{deck, read.GetFindings(), read.GetSize(), read.GetSectionCount(), read.GetFileCount()};
+        return Result{deck, read.GetFindings(), FixesOf(read), read.GetSize(), read.GetSectionCount(),
+            read.GetFileCount()};
     } catch (const Decks::SourceError& error) {
         PrintError(error.what());
         return std::nullopt;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "quor/deck/Finding.h"
+#include "tools/quor/FindingFix.h"
 
 #include <string>
 #include <vector>
@@ -42,7 +43,17 @@ std::vector<FindingRule> RulesOf(const std::vector<CodeInfo>& codes)
     return rules;
 }
 
-using FindingSets = std::vector<const Core::Decks::Findings*>;
+/// The findings of one input.
+struct FindingSet {
+    FindingSet(const Core::Decks::Findings& all, const std::vector<Fix>* ofAll = nullptr)
+        : findings(&all)
+        , fixes(ofAll)
+    {
+    }
+    const Core::Decks::Findings* findings;
+    const std::vector<Fix>* fixes; ///< null: there are none
+};
+using FindingSets = std::vector<FindingSet>;
 
 /// The findings in one of the formats that need nothing but them: all but text and JSON. `rules` may be
 /// empty, or lack some of the codes.

@@ -7,15 +7,20 @@ namespace Veld::Quor::Tools {
 namespace Decks = Core::Decks;
 using Decks::Severity;
 
-nlohmann::ordered_json FindingJson(const Decks::Finding& finding)
+nlohmann::ordered_json FindingJson(const Decks::Finding& finding, const Fix& fix)
 {
     auto includedFrom = nlohmann::ordered_json::array();
     for (const Decks::Location& location : finding.includedFrom)
         includedFrom.push_back(
             {{"file", location.file}, {"line", location.line}, {"column", location.column}});
+    auto changes = nlohmann::ordered_json::array();
+    for (const FixPart& part : fix)
+        changes.push_back({{"file", part.location.file}, {"line", part.location.line},
+            {"column", part.location.column}, {"length", part.length}, {"text", part.text}});
     return {{"code", finding.code}, {"severity", ToString(finding.severity)}, {"file", finding.location.file},
         {"line", finding.location.line}, {"column", finding.location.column}, {"length", finding.length},
-        {"message", finding.message}, {"hint", finding.hint}, {"includedFrom", includedFrom}};
+        {"message", finding.message}, {"hint", finding.hint}, {"includedFrom", includedFrom},
+        {"fix", changes}};
 }
 
 nlohmann::ordered_json CountsJson(const FindingSets& sets)
@@ -26,7 +31,8 @@ nlohmann::ordered_json CountsJson(const FindingSets& sets)
     std::size_t omitted = 0;
     std::size_t known = 0;
     std::size_t silenced = 0;
-    for (const Decks::Findings* const findings : sets) {
+    for (const FindingSet& set : sets) {
+        const Decks::Findings* const findings = set.findings;
         errors += findings->GetCount(Severity::Error);
         warnings += findings->GetCount(Severity::Warning);
         notes += findings->GetCount(Severity::Note);

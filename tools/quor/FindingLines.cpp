@@ -16,8 +16,8 @@ template <class Line>
 std::string ForEachFinding(const FindingSets& sets, Line line)
 {
     std::string text;
-    for (const Decks::Findings* const findings : sets) {
-        for (const Finding& finding : findings->GetKept())
+    for (const FindingSet& set : sets) {
+        for (const Finding& finding : *set.findings)
             text += line(finding);
     }
     return text;

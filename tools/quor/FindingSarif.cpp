@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cctype>
 #include <map>
+#include <utility>
 
 namespace Veld::Quor::Tools {
 
@@ -53,7 +54,27 @@ Json LocationOf(const Decks::Location& location, const Json& region)
         {"physicalLocation", {{"artifactLocation", {{"uri", UriOf(location.file)}}}, {"region", region}}}};
 }
 
-Json ResultOf(const Finding& finding, std::size_t ruleIndex)
+/// What goes, and what comes in its place; each file once.
+Json FixOf(const Fix& fix)
+{
+    Json changes = Json::array();
+    std::string file;
+    for (const FixPart& part : fix) {
+        if (changes.empty() || file != part.location.file)
+            changes.push_back({{"artifactLocation", {{"uri", UriOf(part.location.file)}}},
+                {"replacements", Json::array()}});
+        file = part.location.file;
+        Json replacement = {{"deletedRegion",
+            {{"startLine", part.begin.line}, {"startColumn", part.begin.column}, {"endLine", part.end.line},
+                {"endColumn", part.end.column}}}};
+        if (!part.text.empty())
+            replacement["insertedContent"] = {{"text", part.text}};
+        changes.back()["replacements"].push_back(std::move(replacement));
+    }
+    return {{"artifactChanges", changes}};
+}
+
+Json ResultOf(const Finding& finding, const Fix& fix, std::size_t ruleIndex)
 {
     const std::string text =
         finding.hint.empty() ? finding.message : fmt::format("{}; {}", finding.message, finding.hint);
@@ -62,6 +83,8 @@ Json ResultOf(const Finding& finding, std::size_t ruleIndex)
         {"locations", Json::array({LocationOf(finding.location, RegionOf(finding))})}};
     for (const Decks::Location& location : finding.includedFrom)
         result["relatedLocations"].push_back(LocationOf(location, {{"startLine", location.line}}));
+    if (!fix.empty())
+        result["fixes"] = Json::array({FixOf(fix)});
     return result;
 }
 
@@ -87,9 +110,11 @@ std::string SarifText(const FindingSets& sets, const std::vector<FindingRule>& r
     };
     std::for_each(rules.begin(), rules.end(), addRule);
     Json results = Json::array();
-    for (const Decks::Findings* const findings : sets) {
-        for (const Finding& finding : findings->GetKept())
-            results.push_back(ResultOf(finding, addRule({finding.code, {}, finding.severity})));
+    for (const FindingSet& set : sets) {
+        const std::vector<Finding>& findings = set.findings->GetKept();
+        for (std::size_t i = 0; i < findings.size(); ++i)
+            results.push_back(ResultOf(findings[i], set.fixes ? (*set.fixes)[i] : Fix(),
+                addRule({findings[i].code, {}, findings[i].severity})));
     }
     const Json driver = {{"name", "quor"}, {"version", GetVersion()}, {"rules", ruleArray}};
     const Json run = {

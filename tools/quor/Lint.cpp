@@ -91,7 +91,7 @@ void PrintJson(const std::vector<Document>& documents, const LintReport& report)
     for (const Decks::Finding& finding : report.findings.GetKept())
         findings.push_back(FindingJson(finding));
     Print(ToText({{"documents", files}, {"clean", !report.findings.HasFault()},
-        {"counts", CountsJson({&report.findings})}, {"findings", findings}}));
+        {"counts", CountsJson({report.findings})}, {"findings", findings}}));
 }
 
 int RunLint(const LintCommandOptions& options)
@@ -119,7 +119,7 @@ int RunLint(const LintCommandOptions& options)
         PrintJson(documents, report);
         break;
     default:
-        Print(FindingsText(options.format, {&report.findings}, RulesOf(Lint::Codes())));
+        Print(FindingsText(options.format, {report.findings}, RulesOf(Lint::Codes())));
     }
     if (!isRead)
         return Failure;
