@@ -54,8 +54,10 @@ const Deck& GetDeck()
 std::string NamesOf(const std::vector<DeckKeyword>& keywords)
 {
     std::string names;
-    for (const DeckKeyword keyword : keywords)
-        names += (names.empty() ? "" : " ") + keyword.GetName();
+    for (const DeckKeyword keyword : keywords) {
+        names += names.empty() ? "" : " ";
+        names += keyword.GetName();
+    }
     return names;
 }
 

@@ -47,13 +47,18 @@ std::pair<NewValue, std::string> AnotherValue(const ValuePlace& place)
 {
     const IKeywordDataMD& md = MetadataOf(place);
     switch (md.GetType()) {
-    case MDType::Boolean:
-        return place.text == "YES" ? std::pair(NewValue(false), "NO") : std::pair(NewValue(true), "YES");
-    case MDType::Integer:
-        return place.text == "2" ? std::pair(NewValue(3), "3") : std::pair(NewValue(2), "2");
-    case MDType::Real:
-        return place.text == "0.375" ? std::pair(NewValue(0.25), "0.25")
-                                     : std::pair(NewValue(0.375), "0.375");
+    case MDType::Boolean: {
+        const bool value = place.text != "YES";
+        return {value, value ? "YES" : "NO"};
+    }
+    case MDType::Integer: {
+        const int value = place.text == "2" ? 3 : 2;
+        return {value, std::to_string(value)};
+    }
+    case MDType::Real: {
+        const bool isTaken = place.text == "0.375";
+        return {isTaken ? 0.25 : 0.375, isTaken ? "0.25" : "0.375"};
+    }
     case MDType::Choice: {
         const auto& choice = static_cast<const IKeywordChoiceMD&>(md);
         const std::string& word =
