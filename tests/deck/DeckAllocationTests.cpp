@@ -1,8 +1,8 @@
 #include "quor/Deck.h"
 #include "tests/data/DataText.h"
+#include "tests/deck/FindingText.h"
 #include "tests/support/Documents.h"
 #include "tests/support/FailingAllocation.h"
-#include "tests/deck/FindingText.h"
 
 #include <fmt/format.h>
 

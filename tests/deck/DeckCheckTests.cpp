@@ -1,10 +1,10 @@
 #include "quor/deck/Deck.h"
 
 #include "quor/deck/SourceText.h"
-#include "tests/support/Cases.h"
-#include "tests/support/Documents.h"
 #include "tests/deck/FindingText.h"
 #include "tests/deck/Language.h"
+#include "tests/support/Cases.h"
+#include "tests/support/Documents.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 #include "quor/deck/Deck.h"
 
 #include "tests/data/DataText.h"
+#include "tests/deck/FindingText.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
-#include "tests/deck/FindingText.h"
 
 #include <gtest/gtest.h>
 

@@ -2,10 +2,10 @@
 #include "quor/deck/DeckFormatter.h"
 #include "quor/deck/FindingCodes.h"
 #include "quor/foundation/service/MessageCapper.h"
+#include "tests/deck/SameDecks.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
 #include "tests/support/LogCapture.h"
-#include "tests/deck/SameDecks.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 
 #include "quor/deck/DeckLanguage.h"
 
-#include "tests/support/Cases.h"
 #include "tests/deck/Language.h"
+#include "tests/support/Cases.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 #include "quor/deck/Deck.h"
 #include "quor/deck/DeckFormatter.h"
-#include "tests/support/Cases.h"
-#include "tests/support/Documents.h"
 #include "tests/deck/RandomLanguage.h"
 #include "tests/deck/SameDecks.h"
+#include "tests/support/Cases.h"
+#include "tests/support/Documents.h"
 
 #include <gtest/gtest.h>
 
