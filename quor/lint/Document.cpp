@@ -2,7 +2,6 @@
 
 #include "quor/foundation/builtin/KeywordSyntaxData.h"
 #include "quor/foundation/builtin/TrustedSyntaxData.h"
-#include "quor/foundation/service/Log.h"
 #include "quor/foundation/service/xml/DomText.h"
 #include "quor/foundation/service/xml/Initialise.h"
 #include "quor/foundation/service/xml/XMLDocument.h"
@@ -23,55 +22,18 @@
 namespace Veld::Quor::Core::Lint {
 
 namespace Decks = Core::Decks;
-using Core::Service::Log;
-using Core::Service::LogHandler;
 using Core::Service::XML::XMLDocument;
 using Core::Service::XML::XToC;
 using xercesc::DOMNode;
 
 namespace {
 
-/// Takes what the library logs, as long as it lives.
-class LogTaker {
-public:
-    LogTaker()
-        : earlier_(
-            Log::SetHandler([this](const char* text, Core::Service::MessageSeverity) { text_ = text; }))
-    {
-    }
-    ~LogTaker() { Log::SetHandler(std::move(earlier_)); }
-    LogTaker(const LogTaker&) = delete;
-    LogTaker& operator=(const LogTaker&) = delete;
-
-    const std::string& GetLast() const { return text_; }
-
-private:
-    std::string text_;
-    LogHandler earlier_;
-};
-
-/// A number at the start of `text` with a colon behind it is taken from it; else 0.
-std::size_t TakeNumber(std::string_view& text)
+Document::Refusal RefusalOf(const XMLDocument::Failure& failure, const std::string& name)
 {
-    const std::size_t end = std::min(text.find_first_not_of("0123456789"), text.size());
-    if (end == 0 || end > 9 || text.substr(end, 1) != ":")
-        return 0;
-    const std::size_t number = std::stoul(std::string(text.substr(0, end)));
-    text.remove_prefix(end + 1);
-    return number;
-}
-
-/// Of a line of the log: the name, line and column if they are known, and the reason, all with colons behind.
-Document::Refusal ReadRefusal(std::string_view logged, const std::string& name)
-{
-    if (logged.starts_with(name + ":"))
-        logged.remove_prefix(name.size() + 1);
-    const std::size_t line = TakeNumber(logged);
-    const std::size_t column = TakeNumber(logged);
-    logged.remove_prefix(std::min(logged.find_first_not_of(' '), logged.size()));
-    while (logged.ends_with('.'))
-        logged.remove_suffix(1);
-    return {std::string(logged), {name, std::max<std::size_t>(line, 1), std::max<std::size_t>(column, 1)}};
+    std::string reason = failure.reason;
+    while (reason.ends_with('.'))
+        reason.pop_back();
+    return {reason, {name, std::max<std::size_t>(failure.line, 1), std::max<std::size_t>(failure.column, 1)}};
 }
 
 Element Copy(const xercesc::DOMElement& node, std::size_t position)
@@ -201,12 +163,13 @@ Document Document::ReadFile(const std::string& path)
 
 Document Document::ReadText(std::string text, const std::string& name)
 {
-    const LogTaker log;
     XMLDocument holder;
-    const xercesc::DOMDocument* const dom = holder.readMemory(text.data(), text.size(), name.c_str());
+    XMLDocument::Failure failure;
+    const xercesc::DOMDocument* const dom =
+        holder.readMemory(text.data(), text.size(), name.c_str(), failure);
     Document document(name, std::move(text));
     if (!dom || !dom->getDocumentElement()) {
-        document.refusal_ = ReadRefusal(log.GetLast(), name);
+        document.refusal_ = RefusalOf(failure, name);
         return document;
     }
     document.root_ = std::make_unique<Element>(Copy(*dom->getDocumentElement(), 0));

@@ -84,15 +84,12 @@ std::optional<std::string> ReadFile(const char* path)
     return text;
 }
 
-std::string Describe(const char* name, const xercesc::SAXParseException& error)
+std::string Describe(const char* name, const XMLDocument::Failure& failure)
 {
-    return std::string(name) + ":" + std::to_string(error.getLineNumber()) + ":"
-        + std::to_string(error.getColumnNumber()) + ": " + XToC(error.getMessage());
-}
-
-std::string Describe(const char* name, const XMLCh* message)
-{
-    return std::string(name) + ": " + XToC(message);
+    std::string text = name;
+    if (failure.isLocated)
+        text += ':' + std::to_string(failure.line) + ':' + std::to_string(failure.column);
+    return text + ": " + failure.reason;
 }
 
 } // namespace
@@ -124,6 +121,15 @@ xercesc::DOMDocument* XMLDocument::read(const char* path)
 
 xercesc::DOMDocument* XMLDocument::readMemory(const void* text, std::size_t size, const char* name)
 {
+    Failure failure;
+    if (!readMemory(text, size, name, failure))
+        LogError(Describe(name, failure));
+    return document_.get();
+}
+
+xercesc::DOMDocument* XMLDocument::readMemory(
+    const void* text, std::size_t size, const char* name, Failure& failure)
+{
     Initialise::Init();
     document_.reset();
     try {
@@ -132,13 +138,14 @@ xercesc::DOMDocument* XMLDocument::readMemory(const void* text, std::size_t size
     } catch (const xercesc::OutOfMemoryException&) {
         throw std::bad_alloc();
     } catch (const xercesc::SAXParseException& error) {
-        LogError(Describe(name, error));
+        failure = {XToC(error.getMessage()), true, static_cast<std::size_t>(error.getLineNumber()),
+            static_cast<std::size_t>(error.getColumnNumber())};
     } catch (const xercesc::SAXException& error) {
-        LogError(Describe(name, error.getMessage()));
+        failure.reason = XToC(error.getMessage());
     } catch (const xercesc::XMLException& error) {
-        LogError(Describe(name, error.getMessage()));
+        failure.reason = XToC(error.getMessage());
     } catch (const xercesc::DOMException& error) {
-        LogError(Describe(name, error.getMessage()));
+        failure.reason = XToC(error.getMessage());
     }
     return document_.get();
 }

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <string>
 
 namespace Veld::Quor::Core::Service::XML {
 
@@ -39,6 +40,17 @@ public:
     /// The same for a text in memory; `name` stands for the file in messages. The text may go when this
     /// returns.
     xercesc::DOMDocument* readMemory(const void* text, std::size_t size, const char* name);
+
+    /// Why a document was not read.
+    struct Failure {
+        std::string reason;
+        bool isLocated = false; ///< whether the line and the column, from 1, are known
+        std::size_t line = 0;
+        std::size_t column = 0;
+    };
+    /// The same for who wants the reason as a value: `failure` has it if null is returned, and nothing is
+    /// logged.
+    xercesc::DOMDocument* readMemory(const void* text, std::size_t size, const char* name, Failure& failure);
 
     /// The document held; null if there is none.
     xercesc::DOMDocument* GetDocument() const { return document_.get(); }
