@@ -81,6 +81,8 @@ const RefusalRow otherRows[] = {
     {"ArrayOfRecords", rowsText, Array("ROWS", {1}), "ROWS is not a list of Integer values"},
     {"ArrayAfterAValue", "WHOLE\n 1 /\n", Array("WHOLE", {1}),
         "WHOLE: an earlier change changes a value of it", Set("WHOLE[1]", 2)},
+    {"MarkOfNoValue", "WHOLE\n 1 /\n", Set("WHOLE[1]", std::numeric_limits<int>::min()),
+        "WHOLE: the value: -2147483648 stands for a value that isn't given"},
     {"ArrayAroundABlock", "WHOLE\n 1\nSKIP\n9\nENDSKIP\n 2 /\n", Array("WHOLE", {1}),
         "the data of WHOLE continue in another file or around a skipped block"},
     {"RecordOfValues", "WHOLE\n 1 /\n", Add("WHOLE", "1"), "WHOLE is not a list of records or lists"},
@@ -99,6 +101,39 @@ const RefusalRow otherRows[] = {
     {"NoSuchSection", rowsText, AddIn(SectionType::GRID, "FLAG"), "the deck has no section GRID"},
     {"StepWithinAKeyword", "START\n 1 JAN 2020 /\nSCHEDULE\nDATES\n 1 FEB 2020 /\n 1 MAR 2020 /\n/\n",
         AddIn(0, "FLAG"), "the DATES that leads to the report step leads to later ones too"}};
+
+template <class Use>
+std::string ReasonOf(Use use)
+{
+    try {
+        use();
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+    return {};
+}
+
+TEST(RefusedUses, SayWhatIsWrong)
+{
+    const Deck deck = ReadEditable(rowsText);
+    const Deck other = ReadEditable("WHOLE\n 1 /\n");
+    const Deck plain = Deck::ReadText(rowsText, GetEditorLanguage());
+    DeckEditor editor(deck);
+    EXPECT_EQ(ReasonOf([&] { DeckEditor refused(plain); }),
+        "the deck wasn't read to be edited: see ReadOptions::SetEditable");
+    EXPECT_EQ(ReasonOf([&] { editor.RemoveKeyword(other.Get("WHOLE")); }),
+        "the keyword WHOLE is one of another deck");
+    EXPECT_EQ(ReasonOf([&] { editor.AddRecords(deck.Get("ROWS"), other.Get("WHOLE").GetData()); }),
+        "ROWS: the records are those of another keyword");
+    EXPECT_EQ(ReasonOf([] {
+        ApplyEdits("abc", {{{0, 0, 2}, "x"}, {{0, 1, 1}, "y"}});
+    }),
+        "changes overlap at byte 1 of the text");
+    EXPECT_EQ(ReasonOf([] {
+        ApplyEdits("abc", {{{0, 2, 2}, "x"}});
+    }),
+        "a change ends at byte 4 of a text of 3 bytes");
+}
 
 INSTANTIATE_TEST_SUITE_P(Values, Refusals, testing::ValuesIn(valueRows), CaseName<RefusalRow>);
 INSTANTIATE_TEST_SUITE_P(Others, Refusals, testing::ValuesIn(otherRows), CaseName<RefusalRow>);
