@@ -71,16 +71,12 @@ private:
     void CompareBucket(const Bucket& bucket);
     void CompareUnits(const ComparisonUnit& before, const ComparisonUnit& after);
     void Report(Change change, const TextRange* before, const TextRange* after);
-    void FillLocations();
 
     const DeckContents& a_;
     const DeckContents& b_;
     DataComparison comparison_;
     Difference difference_;
     std::vector<Change> changes_; // of the step
-    // Of all changes in order, to be turned into places at the end, in one pass through the files.
-    std::vector<TextRange> rangesBefore_;
-    std::vector<TextRange> rangesAfter_;
 };
 
 Difference Comparer::Compare()
@@ -98,7 +94,6 @@ Difference Comparer::Compare()
         CompareSteps(step, inBefore == before.end() ? nullptr : &inBefore->second,
             inAfter == after.end() ? nullptr : &inAfter->second);
     }
-    FillLocations();
     return std::move(difference_);
 }
 
@@ -155,32 +150,12 @@ void Comparer::CompareUnits(const ComparisonUnit& before, const ComparisonUnit& 
 /// A null range: the deck has no such thing.
 void Comparer::Report(Change change, const TextRange* before, const TextRange* after)
 {
-    if (before) {
-        rangesBefore_.push_back(*before);
-        change.before.emplace();
-    }
-    if (after) {
-        rangesAfter_.push_back(*after);
-        change.after.emplace();
-    }
+    if (before)
+        change.before = a_.files.LocationOf(*before);
+    if (after)
+        change.after = b_.files.LocationOf(*after);
     ++difference_.counts[static_cast<std::size_t>(change.kind)];
     changes_.push_back(std::move(change));
-}
-
-void Comparer::FillLocations()
-{
-    const std::vector<Location> locationsBefore = a_.files.LocationsOf(rangesBefore_);
-    const std::vector<Location> locationsAfter = b_.files.LocationsOf(rangesAfter_);
-    auto before = locationsBefore.begin();
-    auto after = locationsAfter.begin();
-    for (ChangeGroup& group : difference_.groups) {
-        for (Change& change : group.changes) {
-            if (change.before)
-                change.before = *before++;
-            if (change.after)
-                change.after = *after++;
-        }
-    }
 }
 
 } // namespace

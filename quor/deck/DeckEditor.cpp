@@ -55,7 +55,7 @@ DeckEditor::DeckEditor(const Deck& deck)
     : deck_(deck)
     , changes_(std::make_unique<DeckChanges>(ContentsOf(deck)))
 {
-    if (!ContentsOf(deck).isEditable)
+    if (!deck.GetOptions().IsEditable())
         throw std::invalid_argument("the deck wasn't read to be edited: see ReadOptions::SetEditable");
 }
 

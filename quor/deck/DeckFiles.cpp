@@ -1,19 +1,13 @@
 #include "quor/deck/DeckFiles.h"
 
+#include "quor/deck/internal/text/TextLines.h"
+
 #include <algorithm>
 #include <mutex>
-#include <numeric>
-#include <tuple>
 
 namespace Veld::Quor::Core::Decks {
 
 namespace {
-
-std::size_t StartOfLine(std::string_view text, std::size_t offset)
-{
-    const std::size_t end = offset == 0 ? std::string_view::npos : text.rfind('\n', offset - 1);
-    return end == std::string_view::npos ? 0 : end + 1;
-}
 
 std::size_t CountLines(std::string_view text)
 {
@@ -94,19 +88,6 @@ Location DeckFiles::LocationOf(const TextRange& range) const
     const std::string_view text = GetText(range.file);
     return {Get(range.file).name, entries_[range.file]->LineNumberOf(text, range.offset),
         range.offset - StartOfLine(text, range.offset) + 1};
-}
-
-std::vector<Location> DeckFiles::LocationsOf(const std::vector<TextRange>& ranges) const
-{
-    std::vector<std::size_t> order(ranges.size());
-    std::iota(order.begin(), order.end(), 0);
-    std::sort(order.begin(), order.end(), [&ranges](std::size_t a, std::size_t b) {
-        return std::tie(ranges[a].file, ranges[a].offset) < std::tie(ranges[b].file, ranges[b].offset);
-    });
-    std::vector<Location> locations(ranges.size());
-    for (const std::size_t i : order)
-        locations[i] = LocationOf(ranges[i]);
-    return locations;
 }
 
 std::vector<Location> DeckFiles::InclusionsOf(std::uint32_t file) const

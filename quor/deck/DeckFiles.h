@@ -45,8 +45,6 @@ public:
 
     /// Where the range, which is one of the deck's, begins. The first call reads the file up to there.
     Location LocationOf(const TextRange& range) const;
-    /// The locations of ranges in any order, at the cost of one pass through the files.
-    std::vector<Location> LocationsOf(const std::vector<TextRange>& ranges) const;
     /// The inclusions that led to a file, innermost first; empty for the deck itself.
     std::vector<Location> InclusionsOf(std::uint32_t file) const;
     /// The line in which the range begins, without its end, and the offset of that line in the file.

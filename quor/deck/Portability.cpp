@@ -75,17 +75,12 @@ private:
     const LeftOut& GetLeftOut(const IKeywordDataMD& md);
 
     void Report(Kind kind, const std::string& item, const std::string& detail = {}, std::size_t count = 1);
-    std::vector<Loss> Collect();
 
     const DeckContents& deck_;
     PortOptions options_;
     std::unordered_map<const IKeywordDataMD*, LeftOut> leftOut_;
-    struct Entry {
-        Loss loss;
-        std::vector<TextRange> ranges; // the first, or all
-    };
     std::map<Key, std::size_t> positions_;
-    std::vector<Entry> entries_; // in the order of the deck
+    std::vector<Loss> losses_; // in the order of the deck
     // Of what is being visited
     const KeywordInstance* keyword_ = nullptr;
     TextRange range_; // of the record, or the keyword
@@ -95,7 +90,9 @@ std::vector<Loss> LossFinder::Find()
 {
     for (const KeywordInstance& keyword : deck_.keywords)
         Visit(keyword);
-    return Collect();
+    std::stable_sort(
+        losses_.begin(), losses_.end(), [](const Loss& a, const Loss& b) { return a.kind < b.kind; });
+    return std::move(losses_);
 }
 
 void LossFinder::Visit(const KeywordInstance& keyword)
@@ -249,34 +246,15 @@ void LossFinder::Report(Kind kind, const std::string& item, const std::string& d
 {
     const SectionType::Enum section = kind == Kind::KeywordNotValid ? keyword_->section : SectionType::None;
     const auto [position, isNew] =
-        positions_.try_emplace({kind, keyword_->syntax, section, item, detail}, entries_.size());
+        positions_.try_emplace({kind, keyword_->syntax, section, item, detail}, losses_.size());
     if (isNew)
-        entries_.push_back({{kind, deck_.NameOf(*keyword_), keyword_->section, item, detail, 0, {}, {}}, {}});
-    Entry& entry = entries_[position->second];
-    entry.loss.count += count;
-    if (isNew || options_.withLocations)
-        entry.ranges.push_back(range_);
-}
-
-std::vector<Loss> LossFinder::Collect()
-{
-    std::vector<TextRange> ranges;
-    for (const Entry& entry : entries_)
-        ranges.insert(ranges.end(), entry.ranges.begin(), entry.ranges.end());
-    std::vector<Location> locations = deck_.files.LocationsOf(ranges);
-    std::vector<Loss> losses;
-    auto location = locations.begin();
-    for (Entry& entry : entries_) {
-        const auto end = location + static_cast<std::ptrdiff_t>(entry.ranges.size());
-        entry.loss.first = *location;
-        if (options_.withLocations)
-            entry.loss.locations.assign(location, end);
-        location = end;
-        losses.push_back(std::move(entry.loss));
-    }
-    std::stable_sort(
-        losses.begin(), losses.end(), [](const Loss& a, const Loss& b) { return a.kind < b.kind; });
-    return losses;
+        losses_.push_back({kind, deck_.NameOf(*keyword_), keyword_->section, item, detail, 0, {}, {}});
+    Loss& loss = losses_[position->second];
+    loss.count += count;
+    if (isNew)
+        loss.first = deck_.files.LocationOf(range_);
+    if (options_.withLocations)
+        loss.locations.push_back(deck_.files.LocationOf(range_));
 }
 
 } // namespace

@@ -102,17 +102,6 @@ const RefusalRow otherRows[] = {
     {"StepWithinAKeyword", "START\n 1 JAN 2020 /\nSCHEDULE\nDATES\n 1 FEB 2020 /\n 1 MAR 2020 /\n/\n",
         AddIn(0, "FLAG"), "the DATES that leads to the report step leads to later ones too"}};
 
-template <class Use>
-std::string ReasonOf(Use use)
-{
-    try {
-        use();
-    } catch (const std::exception& error) {
-        return error.what();
-    }
-    return {};
-}
-
 TEST(RefusedUses, SayWhatIsWrong)
 {
     const Deck deck = ReadEditable(rowsText);

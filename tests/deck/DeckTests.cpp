@@ -61,17 +61,6 @@ std::string NamesOf(const std::vector<DeckKeyword>& keywords)
     return names;
 }
 
-template <class Use>
-std::string ReasonOf(Use use)
-{
-    try {
-        use();
-    } catch (const std::exception& error) {
-        return error.what();
-    }
-    return {};
-}
-
 TEST(ADeck, HandsOutItsKeywordsInOrderByNameSectionAndStep)
 {
     const Deck& deck = GetDeck();

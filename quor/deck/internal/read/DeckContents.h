@@ -66,7 +66,6 @@ struct DeckContents {
     const LanguageIndex& language;
     Target target; ///< for which it was read
     ReadOptions options = {}; ///< with which it was read
-    bool isEditable = false; ///< the notes of each keyword have the ranges of its values
     DeckFiles files;
     std::vector<KeywordInstance> keywords; ///< in the order of reading
     Core::Service::Time start; ///< undefined if the deck gives none

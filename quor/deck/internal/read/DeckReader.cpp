@@ -57,7 +57,6 @@ public:
         , precedents_(reporter_)
         , timeLine_(*deck_, reporter_)
     {
-        deck_->isEditable = options.keepsValueRanges;
         text_.SetProgress(options.progress);
         text_.SetCancellation(options.isCancelled);
     }
