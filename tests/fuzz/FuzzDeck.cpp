@@ -8,8 +8,8 @@
 #include "quor/foundation/service/Log.h"
 #include "tests/deck/SameDecks.h"
 #include "tests/support/Documents.h"
-#include "tools/quor/FindingLines.h"
-#include "tools/quor/FindingText.h"
+#include "tools/quor/findings/FindingLines.h"
+#include "tools/quor/findings/FindingText.h"
 
 #include <algorithm>
 #include <array>

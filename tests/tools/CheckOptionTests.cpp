@@ -2,7 +2,7 @@
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
 #include "tests/tools/RunProgram.h"
-#include "tools/quor/ProgressBar.h"
+#include "tools/quor/terminal/ProgressBar.h"
 
 #include <nlohmann/json.hpp>
 

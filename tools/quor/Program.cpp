@@ -1,10 +1,10 @@
 #include "tools/quor/Program.h"
 
 #include "quor/deck/NearestWords.h"
-#include "tools/quor/Command.h"
-#include "tools/quor/LoadedLanguage.h"
-#include "tools/quor/Terminal.h"
 #include "tools/quor/Version.h"
+#include "tools/quor/commands/Command.h"
+#include "tools/quor/commands/LoadedLanguage.h"
+#include "tools/quor/terminal/Terminal.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>

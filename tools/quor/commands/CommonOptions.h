@@ -1,0 +1,41 @@
+#pragma once
+
+#include "quor/foundation/SectionType.h"
+#include "quor/foundation/SimulatorModeType.h"
+#include "quor/foundation/SimulatorType.h"
+#include "tools/quor/tree/KeywordTree.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+namespace Veld::Quor::Tools {
+
+/// Each adds an option that takes the words of an enumeration, in any case, and refuses others. `value` keeps
+/// what it holds if the option isn't given, and must outlive the application.
+void AddSectionOption(CLI::App& command, Core::Keywords::SectionType::Enum& value);
+/// `set` is called with the value.
+void AddSimulatorOption(CLI::App& command,
+    const std::function<void(Core::Keywords::SimulatorType::Enum)>& set, const char* name = "--simulator",
+    const char* description = "Simulator that runs the deck");
+void AddModeOption(CLI::App& command, const std::function<void(Core::Keywords::SimulatorModeType::Enum)>& set,
+    const char* name = "--mode", const char* description = "Mode of the simulator");
+
+/// What sets a value, which must outlive the application.
+template <class T>
+std::function<void(T)> Into(T& value)
+{
+    return [&value](T word) { value = word; };
+}
+
+/// The type of the values, as `ValueTypeOf` tells it.
+void AddTypeOption(CLI::App& command, std::optional<MDType::Enum>& value);
+
+/// `isJson` becomes true for `--format json`.
+void AddFormatOption(CLI::App& command, bool& isJson);
+
+} // namespace Veld::Quor::Tools

@@ -1,0 +1,178 @@
+#include "quor/deck/DeckDifference.h"
+#include "tools/quor/commands/Command.h"
+#include "tools/quor/commands/CommonOptions.h"
+#include "tools/quor/commands/DeckReading.h"
+#include "tools/quor/commands/LoadedLanguage.h"
+#include "tools/quor/findings/FindingText.h"
+#include "tools/quor/terminal/Json.h"
+#include "tools/quor/terminal/Terminal.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace Veld::Quor::Tools {
+
+namespace Decks = Core::Decks;
+using namespace Core::Keywords;
+using Decks::Change;
+using nlohmann::ordered_json;
+
+namespace {
+
+struct DiffOptions {
+    std::string decks[2];
+    Decks::ReadOptions read;
+    bool isStrict = false;
+    bool isJson = false;
+};
+
+struct KindRow {
+    const char* word;
+    char sign;
+    const char* colour;
+};
+constexpr KindRow kinds[] = {{"changed", '~', "33"}, {"added", '+', "32"}, {"gone", '-', "31"}};
+
+const KindRow& RowOf(Change::Kind kind)
+{
+    return kinds[static_cast<std::size_t>(kind)];
+}
+
+std::string ValueText(const std::string& text)
+{
+    constexpr std::size_t widest = 60;
+    return text.empty() ? "''" : Cut(MakePrintable(text), widest);
+}
+
+std::string ArrayText(const Decks::ItemChange& item)
+{
+    const Decks::ArrayChange& array = *item.array;
+    std::string text;
+    if (array.sizeBefore != array.sizeAfter)
+        text = fmt::format("{} values -> {}", array.sizeBefore, array.sizeAfter);
+    if (array.differing == 0)
+        return text;
+    text += fmt::format("{}{} of {} differ, first [{}]: {} -> {}", text.empty() ? "" : "; ", array.differing,
+        std::min(array.sizeBefore, array.sizeAfter), array.first, ValueText(item.before),
+        ValueText(item.after));
+    return array.differing == 1 ? text : fmt::format("{}, by {:.6g} at most", text, array.greatest);
+}
+
+std::string ItemText(const Decks::ItemChange& item)
+{
+    const std::string values =
+        item.array ? ArrayText(item) : fmt::format("{} -> {}", ValueText(item.before), ValueText(item.after));
+    return item.item.empty() ? values : fmt::format("{} {}", item.item, values);
+}
+
+std::string LineText(const Change& change, bool isColoured)
+{
+    const KindRow& kind = RowOf(change.kind);
+    std::string line = fmt::format("{} {}", kind.sign, change.keyword.empty() ? "report" : change.keyword);
+    if (!change.identity.empty())
+        line += ' ' + MakePrintable(change.identity);
+    if (change.kind == Change::Kind::Changed)
+        line += ": " + ItemText(change.item);
+    std::string locations = change.before ? LocationText(*change.before) : "";
+    if (change.after)
+        locations += (locations.empty() ? "" : ", ") + LocationText(*change.after);
+    if (isColoured)
+        line = fmt::format("\x1b[{}m{}\x1b[0m", kind.colour, line);
+    return fmt::format("  {}   ({})\n", line, locations);
+}
+
+void PrintText(const Decks::Difference& difference)
+{
+    const bool isColoured = TakesColour();
+    for (const Decks::ChangeGroup& group : difference.groups) {
+        const std::string& section = SectionType::ToString(group.section);
+        Print(fmt::format("{}{}{}\n", section.empty() ? "before the first section" : section,
+            group.step.empty() ? "" : ", ", group.step));
+        for (const Change& change : group.changes)
+            Print(LineText(change, isColoured));
+    }
+    Print(fmt::format("{} changed, {} added, {} removed\n", difference.GetCount(Change::Kind::Changed),
+        difference.GetCount(Change::Kind::Added), difference.GetCount(Change::Kind::Gone)));
+}
+
+ordered_json ChangeJson(const Change& change)
+{
+    ordered_json json = {{"change", RowOf(change.kind).word}, {"keyword", TextOrNull(change.keyword)},
+        {"identity", TextOrNull(change.identity)}};
+    if (change.kind == Change::Kind::Changed)
+        json.update({{"item", TextOrNull(change.item.item)}, {"before", change.item.before},
+            {"after", change.item.after}});
+    if (const auto& array = change.item.array)
+        json["array"] = {{"differing", array->differing}, {"sizeBefore", array->sizeBefore},
+            {"sizeAfter", array->sizeAfter}, {"first", array->first}, {"greatest", array->greatest}};
+    json["a"] = change.before ? LocationJson(*change.before) : ordered_json();
+    json["b"] = change.after ? LocationJson(*change.after) : ordered_json();
+    return json;
+}
+
+void PrintJson(const Decks::Difference& difference, const DiffOptions& options)
+{
+    auto changes = ordered_json::array();
+    for (const Decks::ChangeGroup& group : difference.groups) {
+        for (const Change& change : group.changes) {
+            ordered_json json = {{"section", TextOrNull(SectionType::ToString(group.section))},
+                {"step", TextOrNull(group.step)}};
+            json.update(ChangeJson(change));
+            changes.push_back(std::move(json));
+        }
+    }
+    auto counts = ordered_json::object();
+    for (std::size_t i = 0; i < difference.counts.size(); ++i)
+        counts[kinds[i].word] = difference.counts[i];
+    Print(ToText({{"a", options.decks[0]}, {"b", options.decks[1]}, {"equal", difference.groups.empty()},
+        {"counts", counts}, {"changes", changes}}));
+}
+
+int Diff(LoadedLanguage& language, const DiffOptions& options)
+{
+    const Decks::DeckLanguage deckLanguage(language.GetTable());
+    const auto a = ReadDeckOrReport(options.decks[0], options.read, deckLanguage);
+    const auto b = ReadDeckOrReport(options.decks[1], options.read, deckLanguage);
+    if (!a || !b)
+        return Failure;
+    const auto difference = Decks::Compare(*a, *b, {options.read.GetTarget().simulator, options.isStrict});
+    if (options.isJson)
+        PrintJson(difference, options);
+    else
+        PrintText(difference);
+    return difference.groups.empty() ? Success : HasFindings;
+}
+
+} // namespace
+
+Command MakeDiffCommand(CLI::App& application)
+{
+    const auto options = std::make_shared<DiffOptions>();
+    CLI::App& command = *application.add_subcommand("diff",
+        "Compares the data of two decks: by section, in SCHEDULE by date, keywords and records by their\n"
+        "identifiers, and values by item.");
+    command.add_option("A", options->decks[0], "Main file of the first deck")->required()->type_name("FILE");
+    command.add_option("B", options->decks[1], "Main file of the second deck")->required()->type_name("FILE");
+    AddReadOptions(command, options->read);
+    command.add_flag("--strict", options->isStrict,
+        "Report a difference between a defaulted value and the same value given explicitly");
+    AddFormatOption(command, options->isJson);
+    command.footer(
+        "Comments, layout, inclusions and the order of different keywords don't matter. A value that is left "
+        "to its\ndefault is the same as the default that is given, as the simulator has it; --strict tells "
+        "them apart.\nA line stands for one change: ~ changed, + only in B, - only in A.\n"
+        "Exit status: 0 the decks are equal, 1 they differ, 2 a deck can't be read.\n\n"
+        "Examples:\n"
+        "  quor diff history.data forecast.data\n"
+        "  quor diff old.data new.data --strict --format json");
+    return {&command, [options](LoadedLanguage& language) { return Diff(language, *options); }};
+}
+
+} // namespace Veld::Quor::Tools

@@ -1,0 +1,146 @@
+#include "quor/deck/NearestWords.h"
+#include "tools/quor/commands/Command.h"
+#include "tools/quor/commands/CommonOptions.h"
+#include "tools/quor/findings/FindingCodes.h"
+#include "tools/quor/terminal/Json.h"
+#include "tools/quor/terminal/Terminal.h"
+#include "tools/quor/terminal/TextLayout.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+#include <nlohmann/json.hpp>
+
+#include <memory>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Veld::Quor::Tools {
+namespace Decks = Core::Decks;
+using namespace Core::Keywords;
+
+namespace {
+
+struct ExplainOptions {
+    std::vector<std::string> names; // none: all
+    bool isJson = false;
+};
+
+/// Nothing for an empty deck.
+std::string ExampleText(const char* label, const Decks::Remedy& remedy, const char* deck)
+{
+    std::istringstream lines(deck);
+    std::string text;
+    for (std::string line; std::getline(lines, line);)
+        text += fmt::format("    {}\n", line);
+    const bool isForAny = remedy.target.simulator == SimulatorType::Any;
+    const std::string target = isForAny ? "" : fmt::format(", for {}", NameOf(remedy.target));
+    return text.empty() ? text : fmt::format("  {}{}:\n{}", label, target, text);
+}
+
+std::string CodeText(const FindingCode& code)
+{
+    constexpr std::size_t indent = 2;
+    std::string text = fmt::format("{}\n", code.rule.code);
+    text += Wrap(fmt::format("  {} of 'quor {}': ", ToString(code.rule.severity), code.command),
+        code.rule.meaning, 4, GetWidth());
+    if (!code.remedy)
+        return text;
+    text += Wrap("  to fix: ", code.remedy->text, 2 * indent, GetWidth());
+    if (*code.seeAlso != '\0')
+        text += fmt::format("  see also: {}\n", code.seeAlso);
+    return text + ExampleText("wrong", *code.remedy, code.remedy->wrong)
+        + ExampleText("right", *code.remedy, code.remedy->right);
+}
+
+nlohmann::ordered_json CodeJson(const FindingCode& code)
+{
+    nlohmann::ordered_json json = {{"code", code.rule.code}, {"command", code.command},
+        {"severity", ToString(code.rule.severity)}, {"meaning", code.rule.meaning}};
+    if (!code.remedy)
+        return json;
+    json["remedy"] = code.remedy->text;
+    if (*code.remedy->wrong != '\0')
+        json["wrong"] = code.remedy->wrong;
+    if (*code.remedy->right != '\0')
+        json["right"] = code.remedy->right;
+    if (code.remedy->target.simulator != SimulatorType::Any)
+        json["for"] = NameOf(code.remedy->target);
+    return json;
+}
+
+std::string ListText(const std::vector<FindingCode>& codes)
+{
+    Columns columns({"code", "command", "severity", "meaning"});
+    for (const FindingCode& code : codes)
+        columns.Add({code.rule.code, code.command, ToString(code.rule.severity), code.rule.meaning});
+    std::string text = columns.GetHead(0);
+    for (std::size_t i = 0; i < codes.size(); ++i)
+        text += columns.GetRow(i, 0, GetWidth());
+    return text;
+}
+
+void ReportUnknown(const std::string& name)
+{
+    const auto nearest = Decks::FindNearest(FindingCodeNames(), name);
+    PrintError(fmt::format("unknown finding code '{}'{}", name,
+        nearest.empty() ? "" : fmt::format("; did you mean {}?", fmt::join(nearest, ", "))));
+    if (nearest.empty())
+        PrintAside("'quor explain' lists all codes\n");
+}
+
+void PrintCodes(const std::vector<FindingCode>& codes, const ExplainOptions& options)
+{
+    if (options.isJson) {
+        auto list = nlohmann::ordered_json::array();
+        for (const FindingCode& code : codes)
+            list.push_back(CodeJson(code));
+        Print(ToText(list));
+    } else if (options.names.empty()) {
+        Print(ListText(codes));
+    } else {
+        for (const FindingCode& code : codes)
+            Print((&code == &codes.front() ? "" : "\n") + CodeText(code));
+    }
+}
+
+int Explain(const ExplainOptions& options)
+{
+    const std::vector<FindingCode> all = AllFindingCodes();
+    std::vector<FindingCode> asked;
+    int status = Success;
+    for (const std::string& name : options.names) {
+        const std::size_t before = asked.size();
+        for (const FindingCode& code : all) {
+            if (code.rule.code == name)
+                asked.push_back(code);
+        }
+        if (asked.size() == before) {
+            ReportUnknown(name);
+            status = HasFindings;
+        }
+    }
+    PrintCodes(options.names.empty() ? all : asked, options);
+    return status;
+}
+
+} // namespace
+
+Command MakeExplainCommand(CLI::App& application)
+{
+    const auto options = std::make_shared<ExplainOptions>();
+    CLI::App& command = *application.add_subcommand(
+        "explain", "Explains finding codes and how to fix them. Without a code, lists all codes.");
+    command.add_option("CODE", options->names, "Finding codes, as printed in brackets after a finding");
+    AddFormatOption(command, options->isJson);
+    command.footer("Examples:\n"
+                   "  quor explain\n"
+                   "  quor explain wrong-section unclosed-data");
+    Command made{&command, {}};
+    made.runAlone = [options] { return Explain(*options); };
+    return made;
+}
+
+} // namespace Veld::Quor::Tools

@@ -1,0 +1,184 @@
+#include "quor/deck/Portability.h"
+#include "tools/quor/commands/Command.h"
+#include "tools/quor/commands/CommonOptions.h"
+#include "tools/quor/commands/DeckReading.h"
+#include "tools/quor/commands/LoadedLanguage.h"
+#include "tools/quor/findings/FindingText.h"
+#include "tools/quor/terminal/Json.h"
+#include "tools/quor/terminal/Terminal.h"
+#include "tools/quor/terminal/TextLayout.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Veld::Quor::Tools {
+
+namespace Decks = Core::Decks;
+using namespace Core::Keywords;
+using Decks::Loss;
+using nlohmann::ordered_json;
+
+namespace {
+
+struct PortCommandOptions {
+    std::string deck;
+    Decks::PortOptions port;
+    Decks::ReadOptions read;
+    bool isJson = false;
+};
+
+struct KindRow {
+    const char* code; ///< stable, for programs to go by
+    const char* heading;
+};
+
+const KindRow& RowOf(Loss::Kind kind)
+{
+    static constexpr KindRow rows[] = {{"keyword-not-valid", "keywords that are not valid"},
+        {"item-not-valid", "values that are not accepted"},
+        {"item-unsupported", "values that are accepted but ignored"},
+        {"choice-not-valid", "choices that are not accepted"},
+        {"choice-unsupported", "choices that are accepted but ignored"},
+        {"no-default", "values that are required, because there is no default"},
+        {"other-default", "defaulted values whose default differs"}};
+    return rows[static_cast<std::size_t>(kind)];
+}
+
+std::string NameOf(const Loss& loss)
+{
+    std::string name = loss.keyword;
+    if (!loss.item.empty())
+        name += ' ' + MakePrintable(loss.item);
+    if (loss.kind == Loss::Kind::KeywordNotValid)
+        name += " in " + SectionType::ToString(loss.section);
+    return loss.detail.empty() ? name : fmt::format("{}: {}", name, MakePrintable(loss.detail));
+}
+
+void PrintKind(const std::vector<const Loss*>& losses, bool withAll)
+{
+    Columns table({"", "times", withAll ? "at" : "first at"});
+    std::vector<Columns::Row> rows;
+    for (const Loss* const loss : losses) {
+        rows.push_back({NameOf(*loss), fmt::format("{}", loss->count), LocationText(loss->first)});
+        for (std::size_t i = 1; i < loss->locations.size(); ++i)
+            rows.push_back({"", "", LocationText(loss->locations[i])});
+    }
+    for (Columns::Row& row : rows)
+        table.Add(std::move(row));
+    Print(fmt::format("{}\n{}", RowOf(losses.front()->kind).heading, table.GetHead(2)));
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        Print(table.GetRow(i, 2, std::numeric_limits<std::size_t>::max()));
+    Print("\n");
+}
+
+void PrintText(const std::vector<Loss>& losses, const PortCommandOptions& options)
+{
+    std::size_t count = 0;
+    for (auto loss = losses.begin(); loss != losses.end();) {
+        std::vector<const Loss*> ofKind;
+        for (const auto kind = loss->kind; loss != losses.end() && loss->kind == kind; ++loss) {
+            ofKind.push_back(&*loss);
+            count += loss->count;
+        }
+        PrintKind(ofKind, options.port.withLocations);
+    }
+    const std::string target = Decks::NameOf(options.port.to);
+    Print(losses.empty() ? fmt::format("nothing is lost for {}\n", target)
+                         : fmt::format("lost for {}: {} in {}\n", target, Plural(losses.size(), "feature"),
+                             Plural(count, "location")));
+}
+
+ordered_json LossJson(const Loss& loss)
+{
+    ordered_json json = {{"kind", RowOf(loss.kind).code}, {"keyword", loss.keyword},
+        {"section", TextOrNull(SectionType::ToString(loss.section))}, {"item", TextOrNull(loss.item)},
+        {"detail", TextOrNull(loss.detail)}, {"count", loss.count}, {"first", LocationJson(loss.first)}};
+    for (const Decks::Location& location : loss.locations)
+        json["places"].push_back(LocationJson(location));
+    return json;
+}
+
+ordered_json TargetJson(const Decks::Target& target)
+{
+    if (target.simulator == SimulatorType::Any)
+        return nullptr;
+    return {{"simulator", SimulatorType::ToString(target.simulator)},
+        {"mode", TextOrNull(SimulatorModeType::ToString(target.mode))}};
+}
+
+void PrintJson(const std::vector<Loss>& losses, const PortCommandOptions& options)
+{
+    auto array = ordered_json::array();
+    for (const Loss& loss : losses)
+        array.push_back(LossJson(loss));
+    Print(ToText({{"deck", options.deck}, {"from", TargetJson(options.port.from)},
+        {"to", TargetJson(options.port.to)}, {"losses", array}}));
+}
+
+/// False, and reported, if the simulator does not have the mode.
+bool HasMode(const Decks::Target& target)
+{
+    if (target.simulator == SimulatorType::Any || SimulatorType::HasMode(target.simulator, target.mode))
+        return true;
+    PrintError(fmt::format("simulator '{}' has no mode '{}'", SimulatorType::ToString(target.simulator),
+        SimulatorModeType::ToString(target.mode)));
+    return false;
+}
+
+int Port(LoadedLanguage& language, const PortCommandOptions& options)
+{
+    if (!HasMode(options.port.from) || !HasMode(options.port.to))
+        return Failure;
+    const Decks::DeckLanguage deckLanguage(language.GetTable());
+    const auto deck = ReadDeckOrReport(
+        options.deck, Decks::ReadOptions(options.read).SetTarget(options.port.to), deckLanguage);
+    if (!deck)
+        return Failure;
+    const std::vector<Loss> losses = Decks::FindLosses(*deck, options.port);
+    if (options.isJson)
+        PrintJson(losses, options);
+    else
+        PrintText(losses, options);
+    return losses.empty() ? Success : HasFindings;
+}
+
+} // namespace
+
+Command MakePortCommand(CLI::App& application)
+{
+    const auto options = std::make_shared<PortCommandOptions>();
+    Decks::PortOptions& port = options->port;
+    CLI::App& command = *application.add_subcommand("port",
+        "Reports what a deck loses on another simulator: keywords, values and choices that the simulator\n"
+        "does not accept or ignores, and defaulted values whose default differs.");
+    command.add_option("DECK", options->deck, "Main file of the deck")->required()->type_name("FILE");
+    AddSimulatorOption(command, Into(port.to.simulator), "--to", "Target simulator");
+    command.get_option("--to")->required();
+    AddModeOption(command, Into(port.to.mode));
+    AddSimulatorOption(command, Into(port.from.simulator), "--from", "Current simulator");
+    AddModeOption(command, Into(port.from.mode), "--from-mode", "Mode of the current simulator");
+    AddVariablesOption(command, options->read);
+    command.get_option("--from-mode")->needs("--from");
+    command.add_flag("--all", port.withLocations, "List all locations of each loss, not only the first");
+    AddFormatOption(command, options->isJson);
+    command.footer(
+        "Blocks that the simulator skips are not compared. Without --from, the deck is compared "
+        "with what any\nsimulator accepts and with the defaults of the keywords. What --from does not accept "
+        "or ignores is not a loss.\n"
+        "Exit status: 0 nothing is lost, 1 something is lost, 2 the deck can't be read.\n\n"
+        "Examples:\n"
+        "  quor port reservoir.data --to Carrow\n"
+        "  quor port reservoir.data --from Dunmere --to Sedge --mode Compositional --all");
+    return {&command, [options](LoadedLanguage& language) { return Port(language, *options); }};
+}
+
+} // namespace Veld::Quor::Tools

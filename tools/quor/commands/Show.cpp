@@ -1,0 +1,274 @@
+#include "quor/deck/DeckLanguage.h"
+#include "quor/syntax/ICellPropertyInfo.h"
+#include "tools/quor/commands/Command.h"
+#include "tools/quor/commands/CommonOptions.h"
+#include "tools/quor/commands/LoadedLanguage.h"
+#include "tools/quor/commands/SummaryFilter.h"
+#include "tools/quor/terminal/Json.h"
+#include "tools/quor/terminal/Terminal.h"
+#include "tools/quor/terminal/TextLayout.h"
+#include "tools/quor/tree/TreeJson.h"
+#include "tools/quor/tree/TreeText.h"
+#include "tools/quor/tree/ValidityTable.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Tools {
+
+namespace Decks = Core::Decks;
+using namespace Core::Keywords;
+
+namespace {
+
+struct ShowOptions {
+    std::vector<std::string> names;
+    bool isJson = false;
+};
+
+/// A keyword and the spelling that led to it.
+struct Found {
+    std::string spelling;
+    const IKeywordSyntax* syntax;
+};
+
+bool IsAlias(const Found& found)
+{
+    const auto& aliases = found.syntax->GetAliases();
+    return found.spelling != found.syntax->GetName()
+        && std::find(aliases.begin(), aliases.end(), found.spelling) != aliases.end();
+}
+
+/// How the spelling leads to the keyword: "name", "alias" or "wildcard".
+const char* WayTo(const Found& found)
+{
+    if (found.spelling == found.syntax->GetName())
+        return "name";
+    return IsAlias(found) ? "alias" : "wildcard";
+}
+
+/// Null for an ordinary keyword.
+const char* FindRoleText(KeywordDeckRole::Enum role)
+{
+    switch (role) {
+    case KeywordDeckRole::End:
+        return "ends the deck";
+    case KeywordDeckRole::EndInclude:
+        return "ends an included file";
+    case KeywordDeckRole::Include:
+        return "includes a file";
+    case KeywordDeckRole::Skip:
+        return "opens a skipped block";
+    case KeywordDeckRole::EndSkip:
+        return "closes a skipped block";
+    case KeywordDeckRole::Section:
+        return "opens a section";
+    case KeywordDeckRole::Ordinary:
+        break;
+    }
+    return nullptr;
+}
+
+std::set<std::string> PrecedentsOf(const IKeywordSyntax& syntax)
+{
+    if (!syntax.HasPrecedents())
+        return {};
+    return syntax.GetPrecedents(syntax.GetFirstValidSection());
+}
+
+std::vector<std::string> MarksOf(const IKeywordSyntax& syntax)
+{
+    std::vector<std::string> marks;
+    if (syntax.IsWildcard())
+        marks.push_back("wildcard");
+    if (syntax.IsGeneric())
+        marks.push_back("generic");
+    if (syntax.IsHidden())
+        marks.push_back("hidden");
+    return marks;
+}
+
+std::string AliasesText(const IKeywordSyntax& syntax)
+{
+    std::vector<std::string> texts;
+    for (const std::string& alias : syntax.GetAliases())
+        texts.push_back(syntax.IsHidden(alias) ? alias + " (hidden)" : alias);
+    return fmt::format("{}", fmt::join(texts, ", "));
+}
+
+std::string ScopeText(const IKeywordSyntax& syntax)
+{
+    if (!syntax.HasScope())
+        return "";
+    std::vector<std::string> texts;
+    for (const IKeywordSyntax* end : syntax.GetScopeKeywords())
+        texts.push_back(end->GetName() + (end == syntax.GetScopeSyntax() ? " (explicit)" : ""));
+    return texts.empty() ? "no known keyword ends it" : fmt::format("ends with {}", fmt::join(texts, " or "));
+}
+
+nlohmann::ordered_json ScopeJson(const IKeywordSyntax& syntax)
+{
+    if (!syntax.HasScope())
+        return nullptr;
+    auto ends = nlohmann::ordered_json::array();
+    for (const IKeywordSyntax* end : syntax.GetScopeKeywords())
+        ends.push_back({{"name", end->GetName()}, {"explicit", end == syntax.GetScopeSyntax()}});
+    return {{"endKeywords", ends}};
+}
+
+std::string SummaryText(const IKeywordSyntax& syntax)
+{
+    const ISummaryMnemonicInfo* const info = syntax.GetSummaryMnemonicInfo();
+    if (!info)
+        return "";
+    std::vector<std::string> texts;
+    for (const auto& [category, name] : CategoriesOf(*info))
+        texts.push_back(fmt::format("{} {}", category, name));
+    return texts.empty() ? "no category" : fmt::format("{}", fmt::join(texts, ", "));
+}
+
+nlohmann::ordered_json SummaryJson(const IKeywordSyntax& syntax)
+{
+    const ISummaryMnemonicInfo* const info = syntax.GetSummaryMnemonicInfo();
+    return info ? CategoriesJson(*info) : nlohmann::ordered_json();
+}
+
+std::string CellText(const IKeywordSyntax& syntax)
+{
+    const ICellPropertyInfo* const info = syntax.GetCellPropertyInfo();
+    if (!info)
+        return "";
+    std::string text = info->GetPropertyName();
+    if (info->HasComponents())
+        text += ", for each component";
+    if (info->CopyLayerAboveByDefault())
+        text += ", copied from the layer above by default";
+    if (info->DualPorosityMatrixOnly())
+        text += ", in matrix cells only";
+    return text;
+}
+
+nlohmann::ordered_json CellJson(const IKeywordSyntax& syntax)
+{
+    const ICellPropertyInfo* const info = syntax.GetCellPropertyInfo();
+    if (!info)
+        return nullptr;
+    return {{"property", info->GetPropertyName()}, {"components", info->HasComponents()},
+        {"copyLayerAboveByDefault", info->CopyLayerAboveByDefault()},
+        {"dualPorosityMatrixOnly", info->DualPorosityMatrixOnly()}};
+}
+
+/// Nothing for an empty value.
+std::string Field(const char* label, const std::string& value)
+{
+    return value.empty() ? "" : Wrap(fmt::format("  {}: ", label), value, 4, GetWidth());
+}
+
+std::string KeywordText(const Found& found)
+{
+    const IKeywordSyntax& syntax = *found.syntax;
+    const std::string& name = syntax.GetName();
+    const std::string documentation = syntax.GetDocumentationName();
+    const char* const role = FindRoleText(syntax.GetDeckRole());
+    std::string text = name + '\n';
+    if (found.spelling != name)
+        text += fmt::format("  found as: {}, by {}\n", found.spelling, WayTo(found));
+    text += Field("description", syntax.GetDescription());
+    text += Field("aliases", AliasesText(syntax));
+    text += Field("documented as", documentation == name ? "" : documentation);
+    text += Field("marks", fmt::format("{}", fmt::join(MarksOf(syntax), ", ")));
+    text += Field("role", role ? role : "");
+    text += Field("comes after", fmt::format("{}", fmt::join(PrecedentsOf(syntax), ", ")));
+    text += ValidityText(syntax, found.spelling);
+    text += Field("scope", ScopeText(syntax));
+    text += Field("summary", SummaryText(syntax));
+    text += Field("cell property", CellText(syntax));
+    return text + TreeText(BuildTree(syntax), GetWidth());
+}
+
+nlohmann::ordered_json KeywordJson(const Found& found)
+{
+    const IKeywordSyntax& syntax = *found.syntax;
+    const char* const role = FindRoleText(syntax.GetDeckRole());
+    auto aliases = nlohmann::ordered_json::array();
+    for (const std::string& alias : syntax.GetAliases())
+        aliases.push_back({{"name", alias}, {"hidden", syntax.IsHidden(alias)}});
+    nlohmann::ordered_json json = {{"name", syntax.GetName()}, {"foundAs", found.spelling},
+        {"foundBy", WayTo(found)}, {"description", syntax.GetDescription()}, {"aliases", aliases},
+        {"documentation", syntax.GetDocumentationName()}, {"wildcard", syntax.IsWildcard()},
+        {"generic", syntax.IsGeneric()}, {"hidden", syntax.IsHidden()}, {"precedents", PrecedentsOf(syntax)}};
+    json["role"] = role ? nlohmann::ordered_json(role) : nlohmann::ordered_json();
+    json["validity"] = ValidityJson(syntax, found.spelling);
+    json["identifierCount"] = syntax.GetIdentifierCount();
+    json["scope"] = ScopeJson(syntax);
+    json["summary"] = SummaryJson(syntax);
+    json["cellProperty"] = CellJson(syntax);
+    json["data"] = TreeJson(BuildTree(syntax));
+    return json;
+}
+
+void Append(std::vector<Found>& all, const std::string& spelling, KeywordSyntaxTable& table)
+{
+    for (const IKeywordSyntax* syntax : table.LookupAll(spelling))
+        all.push_back({spelling, syntax});
+}
+
+void ReportUnknown(const std::string& name, const Decks::DeckLanguage& deckLanguage)
+{
+    const auto nearest = deckLanguage.FindNearest(name);
+    PrintError(fmt::format("unknown keyword '{}'{}", name,
+        nearest.empty() ? "" : fmt::format("; did you mean {}?", fmt::join(nearest, ", "))));
+}
+
+int Show(LoadedLanguage& language, const ShowOptions& options)
+{
+    KeywordSyntaxTable& table = language.GetTable();
+    const Decks::DeckLanguage deckLanguage(table);
+    std::vector<Found> all;
+    int status = Success;
+    for (const std::string& name : options.names) {
+        const std::size_t before = all.size();
+        Append(all, name, table);
+        if (all.size() == before)
+            Append(all, ToUpper(name), table);
+        if (all.size() == before) {
+            ReportUnknown(name, deckLanguage);
+            status = HasFindings;
+        }
+    }
+    if (options.isJson) {
+        auto list = nlohmann::ordered_json::array();
+        for (const Found& found : all)
+            list.push_back(KeywordJson(found));
+        Print(ToText(list));
+        return status;
+    }
+    for (const Found& found : all)
+        Print((&found == &all.front() ? "" : "\n") + KeywordText(found));
+    return status;
+}
+
+} // namespace
+
+Command MakeShowCommand(CLI::App& application)
+{
+    const auto options = std::make_shared<ShowOptions>();
+    CLI::App& command =
+        *application.add_subcommand("show", "Shows keywords with their validity, items and other metadata.");
+    command.add_option("NAME", options->names, "Names or aliases of keywords")->required();
+    AddFormatOption(command, options->isJson);
+    command.footer("Examples:\n"
+                   "  quor show WELSPECS\n"
+                   "  quor show PORO PERMX --format json");
+    return {&command, [options](LoadedLanguage& language) { return Show(language, *options); }};
+}
+
+} // namespace Veld::Quor::Tools

@@ -1,0 +1,60 @@
+#include "tools/quor/findings/FindingFormat.h"
+
+#include "tools/quor/findings/FindingLines.h"
+#include "tools/quor/findings/FindingSarif.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include <map>
+
+namespace Veld::Quor::Tools {
+
+void AddFindingFormatOption(CLI::App& command, FindingFormat& format)
+{
+    static const std::map<std::string, FindingFormat> formats = {{"text", FindingFormat::Text},
+        {"json", FindingFormat::Json}, {"sarif", FindingFormat::Sarif}, {"gcc", FindingFormat::Gcc},
+        {"github", FindingFormat::GitHub}};
+    command
+        .add_option_function<std::string>(
+            "--format", [&format](const std::string& word) { format = formats.at(word); },
+            "Output format; the default is text")
+        ->transform(CLI::IsMember({"text", "json", "sarif", "gcc", "github"}, CLI::ignore_case))
+        ->type_name("NAME")
+        ->take_last();
+}
+
+void AddMaxFindingsOption(CLI::App& command, std::size_t& limit, const std::string& scope)
+{
+    command
+        .add_option("--max-findings", limit,
+            fmt::format("Maximum number of findings printed{}; the others are only counted", scope))
+        ->check(CLI::Validator(
+            [](const std::string& word) {
+                const bool isCount = word.find_first_not_of("0123456789") == std::string::npos;
+                return isCount ? std::string()
+                               : fmt::format("'{}' is not a whole number; expected 0 or more", word);
+            },
+            ""))
+        ->type_name("N")
+        ->capture_default_str()
+        ->take_last();
+}
+
+std::string FindingsText(FindingFormat format, const FindingSets& sets, const std::vector<FindingRule>& rules)
+{
+    switch (format) {
+    case FindingFormat::Text:
+    case FindingFormat::Json:
+        break;
+    case FindingFormat::Sarif:
+        return SarifText(sets, rules);
+    case FindingFormat::Gcc:
+        return GccText(sets);
+    case FindingFormat::GitHub:
+        return GitHubText(sets);
+    }
+    return {};
+}
+
+} // namespace Veld::Quor::Tools

@@ -1,0 +1,66 @@
+#include "tools/quor/findings/FindingLines.h"
+
+#include "tools/quor/terminal/Terminal.h"
+
+#include <fmt/format.h>
+
+namespace Veld::Quor::Tools {
+
+namespace Decks = Core::Decks;
+using Decks::Finding;
+using Decks::Severity;
+
+namespace {
+
+template <class Line>
+std::string ForEachFinding(const FindingSets& sets, Line line)
+{
+    std::string text;
+    for (const FindingSet& set : sets) {
+        for (const Finding& finding : *set.findings)
+            text += line(finding);
+    }
+    return text;
+}
+
+std::string WithHint(const Finding& finding)
+{
+    return finding.hint.empty() ? finding.message : fmt::format("{}; {}", finding.message, finding.hint);
+}
+
+/// `marks` are written as a percent sign and their code.
+std::string Escape(const std::string& text, std::string_view marks)
+{
+    std::string escaped;
+    for (const char c : text) {
+        if (marks.find(c) == std::string_view::npos)
+            escaped += c;
+        else
+            escaped += fmt::format("%{:02X}", static_cast<unsigned char>(c));
+    }
+    return escaped;
+}
+
+const char* CommandOf(Severity severity)
+{
+    return severity == Severity::Note ? "notice" : ToString(severity);
+}
+
+} // namespace
+
+std::string GccText(const FindingSets& sets)
+{
+    return ForEachFinding(
+        sets, [](const Finding& finding) { return MakePrintable(ToString(finding)) + '\n'; });
+}
+
+std::string GitHubText(const FindingSets& sets)
+{
+    return ForEachFinding(sets, [](const Finding& finding) {
+        return fmt::format("::{} file={},line={},col={},title={}::{}\n", CommandOf(finding.severity),
+            Escape(finding.location.file, "%\r\n:,"), finding.location.line, finding.location.column,
+            Escape(finding.code, "%\r\n:,"), Escape(WithHint(finding), "%\r\n"));
+    });
+}
+
+} // namespace Veld::Quor::Tools
