@@ -92,6 +92,7 @@
 #include "quor/metadata/ScalarMD.h"
 #include "quor/metadata/UnsupportedByMDImpl.h"
 #include "quor/metadata/ValidityMDImpl.h"
+#include "quor/metadata/VisitMD.h"
 #include "quor/syntax/ICellPropertyInfo.h"
 #include "quor/syntax/IKeywordSyntax.h"
 #include "quor/syntax/IKeywordSyntaxTable.h"

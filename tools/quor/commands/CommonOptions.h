@@ -3,7 +3,7 @@
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/SimulatorModeType.h"
 #include "quor/foundation/SimulatorType.h"
-#include "tools/quor/tree/KeywordTree.h"
+#include "tools/quor/tree/MetadataFacts.h"
 
 #include <functional>
 #include <optional>

@@ -6,7 +6,7 @@
 #include "tools/quor/terminal/Json.h"
 #include "tools/quor/terminal/Terminal.h"
 #include "tools/quor/terminal/TextLayout.h"
-#include "tools/quor/tree/KeywordTree.h"
+#include "tools/quor/tree/MetadataFacts.h"
 #include "tools/quor/tree/Measurements.h"
 
 #include <CLI/CLI.hpp>

@@ -191,7 +191,7 @@ std::string KeywordText(const Found& found)
     text += Field("scope", ScopeText(syntax));
     text += Field("summary", SummaryText(syntax));
     text += Field("cell property", CellText(syntax));
-    return text + TreeText(BuildTree(syntax), GetWidth());
+    return text + TreeText(syntax, GetWidth());
 }
 
 nlohmann::ordered_json KeywordJson(const Found& found)
@@ -211,7 +211,7 @@ nlohmann::ordered_json KeywordJson(const Found& found)
     json["scope"] = ScopeJson(syntax);
     json["summary"] = SummaryJson(syntax);
     json["cellProperty"] = CellJson(syntax);
-    json["data"] = TreeJson(BuildTree(syntax));
+    json["data"] = TreeJson(syntax);
     return json;
 }
 

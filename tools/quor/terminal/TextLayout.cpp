@@ -30,6 +30,15 @@ std::string ToUpper(std::string text)
     return text;
 }
 
+std::string ToLower(std::string text)
+{
+    for (char& letter : text) {
+        if (letter >= 'A' && letter <= 'Z')
+            letter = static_cast<char>(letter - 'A' + 'a');
+    }
+    return text;
+}
+
 std::string Wrap(const std::string& head, std::string_view text, std::size_t indent, std::size_t width)
 {
     const std::size_t room = std::max(width, indent + narrowest);

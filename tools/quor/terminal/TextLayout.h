@@ -9,6 +9,7 @@ namespace Veld::Quor::Tools {
 
 /// In the letters of ASCII.
 std::string ToUpper(std::string text);
+std::string ToLower(std::string text);
 
 /// The words of `text` behind `head`, on lines of at most `width` characters where the words allow; further
 /// lines are indented to `indent`. Ends in a line end; empty if there are no words and no head.

@@ -2,7 +2,7 @@
 
 #include "quor/deck/NearestWords.h"
 #include "tools/quor/terminal/TextLayout.h"
-#include "tools/quor/tree/KeywordTree.h"
+#include "tools/quor/tree/MetadataFacts.h"
 
 #include <algorithm>
 #include <utility>
@@ -16,7 +16,7 @@ MeasurementCounts CountMeasurements(const LoadedLanguage::Syntaxes& syntaxes)
 {
     MeasurementCounts counts;
     for (const IKeywordSyntax* syntax : syntaxes) {
-        for (const std::string& measurement : MeasurementsOf(BuildTree(*syntax)))
+        for (const std::string& measurement : MeasurementsOf(*syntax))
             ++counts[measurement];
     }
     return counts;
@@ -24,7 +24,7 @@ MeasurementCounts CountMeasurements(const LoadedLanguage::Syntaxes& syntaxes)
 
 bool HasMeasurement(const IKeywordSyntax& syntax, const std::string& measurement)
 {
-    const auto measurements = MeasurementsOf(BuildTree(syntax));
+    const auto measurements = MeasurementsOf(syntax);
     return std::binary_search(measurements.begin(), measurements.end(), measurement);
 }
 

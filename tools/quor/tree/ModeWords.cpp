@@ -81,9 +81,16 @@ Words WordsFor(const ModeTable& part, const ModeTable& all)
     return words;
 }
 
-/// Empty if nobody passes it over.
-std::string UnsupportedText(const ModeTable& table, const ModeTable& keyword)
+/// Of a keyword that is valid nowhere nothing could be said otherwise.
+ModeTable AllIfNone(const ModeTable& keyword)
 {
+    return IsNone(keyword) ? AllModes() : keyword;
+}
+
+/// Empty if nobody passes it over.
+std::string UnsupportedText(const ModeTable& table, const ModeTable& ofKeyword)
+{
+    const ModeTable keyword = AllIfNone(ofKeyword);
     const ModeTable unsupported = And(table, keyword);
     if (IsNone(unsupported))
         return "";
@@ -93,13 +100,9 @@ std::string UnsupportedText(const ModeTable& table, const ModeTable& keyword)
 
 } // namespace
 
-bool IsNone(const ModeTable& table)
+std::string ValidText(const ModeTable& table, const ModeTable& ofKeyword)
 {
-    return std::all_of(table.begin(), table.end(), [](std::uint8_t modes) { return modes == 0; });
-}
-
-std::string ValidText(const ModeTable& table, const ModeTable& keyword)
-{
+    const ModeTable keyword = AllIfNone(ofKeyword);
     const ModeTable valid = And(table, keyword);
     if (valid == keyword)
         return "";

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "tools/quor/tree/KeywordTree.h"
+#include "tools/quor/tree/ModeTable.h"
 
 #include <string>
 
 namespace Veld::Quor::Tools {
-
-bool IsNone(const ModeTable& table);
 
 // `keyword` is where the keyword is valid: what lies outside is not told.
 

@@ -1,10 +1,15 @@
 #include "tools/quor/tree/TreeJson.h"
 
+#include "quor/metadata/ICustomReadTermination.h"
+#include "quor/metadata/ISkippableInfo.h"
+#include "quor/metadata/VisitMD.h"
+#include "tools/quor/tree/Defaults.h"
+#include "tools/quor/tree/MetadataFacts.h"
+
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
 #include <cmath>
-#include <type_traits>
 
 namespace Veld::Quor::Tools {
 
@@ -13,31 +18,26 @@ using Json = nlohmann::ordered_json;
 
 namespace {
 
+/// Null for what names no choice, and a text for what is no number of JSON.
 Json ToJson(const Value& value)
 {
     return std::visit(
-        [](const auto& held) {
-            using Held = std::decay_t<decltype(held)>;
-            if constexpr (std::is_same_v<Held, std::monostate>)
-                return Json();
-            else if constexpr (std::is_same_v<Held, double>)
-                return std::isfinite(held) ? Json(held) : Json(fmt::format("{}", held)); // no number of JSON
-            else
-                return Json(held);
-        },
+        Overloaded{[](std::monostate) { return Json(); },
+            [](double real) { return std::isfinite(real) ? Json(real) : Json(fmt::format("{}", real)); },
+            [](const auto& held) { return Json(held); }},
         value);
 }
 
 /// Null for what the document doesn't give.
 template <class T>
-Json OrNull(const std::optional<T>& value)
+Json OrNull(const Core::Service::Optional<T>& value)
 {
-    return value ? Json(*value) : Json();
+    return value ? ToJson(Value(*value)) : Json();
 }
 
-Json LimitJson(const std::optional<Value>& limit)
+Json OrNull(const std::string* text)
 {
-    return limit ? ToJson(*limit) : Json();
+    return text ? Json(*text) : Json();
 }
 
 Json ToJson(const Default& value)
@@ -53,7 +53,7 @@ Json ToJson(const Default& value)
     return {{"type", "specified"}, {"value", ToJson(value.value)}};
 }
 
-/// `override` stands at the simulators to which the document gives a default of their own.
+/// `override` is at the simulators to which the document gives their own default.
 Json ToJson(const Defaults& defaults)
 {
     Json json = {{"Any", ToJson(defaults.keyword)}};
@@ -77,128 +77,191 @@ Json ToJson(const ModeTable& table)
     return json;
 }
 
-Json ValidityJson(const ModeTable& table)
+Json ValidityJson(const IValidityMD& validity)
 {
+    const ModeTable table = ModesOf(validity);
     return table == AllModes() ? Json() : ToJson(table);
 }
 
-Json ToJson(const Choice& choice)
+/// Adds to an object what the metadata of a node say; one overload for each type.
+class NodeJson {
+public:
+    NodeJson(const IKeywordSyntax& syntax, const ModeTable& keyword)
+        : syntax_(syntax)
+        , keyword_(keyword)
+    {
+    }
+
+    Json operator()(const IKeywordDataMD& md) const
+    {
+        Json json = {{"type", TypeWord(md.GetType())}, {"description", md.GetDescription()}};
+        AddTo(json, md);
+        return json;
+    }
+
+private:
+    void AddTo(Json& json, const IKeywordDataMD& md) const
+    {
+        VisitMD(md, [&](const auto& own) { Add(json, own); });
+    }
+    void Add(Json& json, const IKeywordAssignmentMD& md) const;
+    void Add(Json& json, const IKeywordBooleanMD& md) const { AddDefaults(json, md); }
+    void Add(Json& json, const IKeywordChoiceMD& md) const;
+    void Add(Json& json, const IKeywordIntegerMD& md) const;
+    void Add(Json& json, const IKeywordLineMD& md) const { AddDefaults(json, md); }
+    void Add(Json& json, const IKeywordListMD& md) const;
+    void Add(Json& json, const IKeywordMapMD& md) const;
+    void Add(Json& json, const IKeywordRawMD& md) const
+    {
+        json["stringTermination"] = md.GetTerminationString();
+    }
+    void Add(Json& json, const IKeywordRealMD& md) const;
+    void Add(Json& json, const IKeywordRecordMD& md) const;
+    void Add(Json& json, const IKeywordStringMD& md) const;
+
+    template <class MD>
+    void AddDefaults(Json& json, const MD& md) const
+    {
+        json["default"] = ToJson(DefaultsOf(md, keyword_));
+    }
+    Json ItemJson(const IKeywordRecordMD& record, int index) const;
+
+    const IKeywordSyntax& syntax_;
+    const ModeTable& keyword_; // where the keyword is valid
+};
+
+template <class MD>
+void AddLimits(Json& json, const MD& md)
 {
-    auto aliases = Json::array();
-    for (const auto& [name, isHidden] : choice.aliases)
-        aliases.push_back({{"name", name}, {"hidden", isHidden}});
-    return {{"text", choice.text}, {"aliases", aliases}, {"validity", ValidityJson(choice.valid)},
-        {"unsupportedBy", ToJson(choice.unsupported)}};
+    json["min"] = OrNull(md.GetMin());
+    json["max"] = OrNull(md.GetMax());
 }
 
-void Add(Json& json, const Location& location)
+void AddFormat(Json& json, const IKeywordNumericMD& md)
 {
-    const std::string& column = IKeywordDataMD::ColumnConstraintType::ToString(location.column);
-    json["optional"] = location.isOptional;
-    json["identifier"] = location.isIdentifier;
-    json["skippableOnRead"] = location.isSkippableOnRead;
-    json["skippableOnWrite"] = location.isSkippableOnWrite;
-    json["columnConstraint"] = column.empty() ? Json() : Json(column);
-    json["validity"] = ValidityJson(location.valid);
-    json["unsupportedBy"] = ToJson(location.unsupported);
+    if (const std::string* format = md.GetFormatting())
+        json["format"] = *format;
 }
 
-void Add(Json& json, const ScalarValue& scalar, MDType::Enum type)
+template <class MD>
+void AddTermination(Json& json, const MD& md)
 {
-    json["default"] = ToJson(scalar.defaults);
-    if (type == MDType::Real)
-        json["measurement"] = OrNull(scalar.measurement);
-    if (type == MDType::Real || type == MDType::Integer || type == MDType::Assignment) {
-        json["min"] = LimitJson(scalar.min);
-        json["max"] = LimitJson(scalar.max);
-    }
-    if (scalar.format)
-        json["format"] = *scalar.format;
-    if (type == MDType::Choice) {
-        json["choices"] = Json::array();
-        for (const Choice& choice : scalar.choices)
-            json["choices"].push_back(ToJson(choice));
-    }
-    if (const auto& rules = scalar.string) {
-        json["caseSensitive"] = rules->isCaseSensitive;
-        json["lengthLimit"] = rules->greatestLength;
-        json["canContainComma"] = rules->mayHoldComma;
-    }
+    json["termination"] = IKeywordDataMD::TerminationType::ToString(md.GetTermination());
 }
 
-void Add(Json& json, const KeyRules& key)
+void NodeJson::Add(Json& json, const IKeywordAssignmentMD& md) const
 {
-    json["keys"] = key.keys;
-    json["wildcard"] = key.isWildcard;
+    json["keys"] = md.GetKeys();
+    json["wildcard"] = md.IsWildcard();
     json["validSimulators"] = Json::array();
     for (const auto& simulator : SimulatorType::EnumInfos()) {
-        if (key.valid[simulator.value] != 0)
+        if (md.IsValid(simulator.value))
             json["validSimulators"].push_back(simulator.text);
     }
+    AddDefaults(json, md);
+    AddLimits(json, md);
 }
 
-/// The end words are those that are known of a list that has some.
-void Add(Json& json, const Ending& ending)
+void NodeJson::Add(Json& json, const IKeywordChoiceMD& md) const
 {
-    json["termination"] = IKeywordDataMD::TerminationType::ToString(ending.type);
-    if (ending.hasOwnWords)
-        json["endWords"] = ending.words;
-}
-
-void Add(Json& json, const ListRules& list)
-{
-    json["size"] = OrNull(list.size);
-    json["minSize"] = OrNull(list.minSize);
-    json["maxSize"] = OrNull(list.maxSize);
-    json["itemsDefaultable"] = list.mayBeDefaulted;
-    json["fillEmptyElementsWithPreviousValue"] = list.repeatsPrevious;
-    json["writeStartingOnNewLine"] = OrNull(list.startsOnNewLine);
-    json["writeTerminationOnNewLine"] = OrNull(list.endsOnNewLine);
-}
-
-Json ToJson(const Node& node);
-
-void AddChildren(Json& json, const Node& node)
-{
-    if (node.list) {
-        json["item"] = node.children.empty() ? Json() : ToJson(node.children.front());
-        return;
+    AddDefaults(json, md);
+    json["choices"] = Json::array();
+    for (int i = 0; i < md.NumChoices(); ++i) {
+        auto aliases = Json::array();
+        for (const auto& [name, isHidden] : AliasesOf(md, i))
+            aliases.push_back({{"name", name}, {"hidden", isHidden}});
+        json["choices"].push_back(
+            {{"text", md.GetChoice(i)}, {"aliases", aliases}, {"validity", ValidityJson(md.GetValidity(i))},
+                {"unsupportedBy", ToJson(ModesOf(md.GetUnsupportedBy(i)))}});
     }
-    Json& children = json[node.type == MDType::Map ? "assignments" : "items"] = Json::array();
-    for (const Node& child : node.children)
-        children.push_back(ToJson(child));
 }
 
-Json ToJson(const Node& node)
+void NodeJson::Add(Json& json, const IKeywordIntegerMD& md) const
 {
-    Json json = {{"type", TypeWord(node.type)}};
-    if (node.location) {
-        json["number"] = node.number;
-        json["name"] = node.name;
-    }
-    json["description"] = node.description;
-    if (node.location)
-        Add(json, *node.location);
-    if (node.key)
-        Add(json, *node.key);
-    if (node.scalar)
-        Add(json, *node.scalar, node.type);
-    if (node.rawEnd)
-        json["stringTermination"] = *node.rawEnd;
-    if (node.list)
-        Add(json, *node.list);
-    if (node.ending) {
-        Add(json, *node.ending);
-        AddChildren(json, node);
-    }
+    AddDefaults(json, md);
+    AddLimits(json, md);
+    AddFormat(json, md);
+}
+
+void NodeJson::Add(Json& json, const IKeywordRealMD& md) const
+{
+    AddDefaults(json, md);
+    json["measurement"] = OrNull(md.GetMeasurement());
+    AddLimits(json, md);
+    AddFormat(json, md);
+}
+
+void NodeJson::Add(Json& json, const IKeywordStringMD& md) const
+{
+    AddDefaults(json, md);
+    json["caseSensitive"] = md.IsCaseSensitive();
+    json["lengthLimit"] = md.LimitLengthTo();
+    json["canContainComma"] = md.CanContainComma();
+}
+
+void NodeJson::Add(Json& json, const IKeywordListMD& md) const
+{
+    json["size"] = OrNull(md.GetSize());
+    json["minSize"] = OrNull(md.GetMinSize());
+    json["maxSize"] = OrNull(md.GetMaxSize());
+    json["itemsDefaultable"] = md.IsItemDefaultable();
+    json["fillEmptyElementsWithPreviousValue"] = md.FillEmptyElementsWithPreviousValue();
+    json["writeStartingOnNewLine"] = OrNull(md.WriteStartingOnNewLine());
+    json["writeTerminationOnNewLine"] = OrNull(md.WriteTerminationOnNewLine());
+    AddTermination(json, md);
+    if (const ICustomReadTermination* own = md.GetCustomReadTermination())
+        json["endWords"] = FindEndWords(*own, syntax_);
+    const IKeywordDataMD* const item = md.GetItemMD();
+    json["item"] = item ? (*this)(*item) : Json();
+}
+
+void NodeJson::Add(Json& json, const IKeywordMapMD& md) const
+{
+    AddTermination(json, md);
+    json["assignments"] = Json::array();
+    for (int i = 0; i < md.GetSize(); ++i)
+        json["assignments"].push_back((*this)(*md.GetItemMD(i)));
+    for (int i = 0; i < md.GetWildcardSize(); ++i)
+        json["assignments"].push_back((*this)(*md.GetWildcardItemMD(i)));
+}
+
+void NodeJson::Add(Json& json, const IKeywordRecordMD& md) const
+{
+    AddTermination(json, md);
+    json["items"] = Json::array();
+    for (int i = 0; i < md.GetSize(); ++i)
+        json["items"].push_back(ItemJson(md, i));
+}
+
+/// Beside what its metadata say, what the record says of it.
+Json NodeJson::ItemJson(const IKeywordRecordMD& record, int index) const
+{
+    const IKeywordDataMD& md = *record.GetItemMD(index);
+    const ISkippableInfo* const skippable = record.GetSkippableInfo();
+    const auto place = static_cast<unsigned>(index);
+    const std::string& column =
+        IKeywordDataMD::ColumnConstraintType::ToString(record.GetColumnConstraint(index));
+    Json json = {{"type", TypeWord(md.GetType())}, {"number", md.GetItemNumber()}, {"name", md.GetName()},
+        {"description", md.GetDescription()}, {"optional", record.IsOptional(index)},
+        {"identifier", record.IsIdentifier(index)},
+        {"skippableOnRead", skippable && skippable->IsSkippableOnRead(place)},
+        {"skippableOnWrite", skippable && skippable->IsSkippableOnWrite(place)},
+        {"columnConstraint", column.empty() ? Json() : Json(column)},
+        {"validity", ValidityJson(record.GetValidity(index))},
+        {"unsupportedBy", ToJson(ModesOf(record.GetUnsupportedBy(index)))}};
+    AddTo(json, md);
     return json;
 }
 
 } // namespace
 
-Json TreeJson(const KeywordTree& tree)
+Json TreeJson(const IKeywordSyntax& syntax)
 {
-    return tree.data ? ToJson(*tree.data) : Json();
+    const IKeywordDataMD* const md = syntax.GetDataMD();
+    if (!md)
+        return {};
+    const ModeTable keyword = ModesOf(syntax);
+    return NodeJson(syntax, keyword)(*md);
 }
 
 } // namespace Veld::Quor::Tools

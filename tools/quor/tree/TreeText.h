@@ -1,13 +1,13 @@
 #pragma once
 
-#include "tools/quor/tree/KeywordTree.h"
+#include "quor/syntax/IKeywordSyntax.h"
 
 #include <cstddef>
 #include <string>
 
 namespace Veld::Quor::Tools {
 
-/// What a keyword carries, for people; on lines of `width` characters.
-std::string TreeText(const KeywordTree& tree, std::size_t width);
+/// The data of a keyword, for people; on lines of `width` characters.
+std::string TreeText(const Core::Keywords::IKeywordSyntax& syntax, std::size_t width);
 
 } // namespace Veld::Quor::Tools

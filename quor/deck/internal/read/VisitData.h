@@ -4,20 +4,14 @@
 #include "quor/data/IKeywordMapData.h"
 #include "quor/data/IKeywordRawData.h"
 #include "quor/data/IKeywordRecordData.h"
-#include "quor/metadata/IKeywordDataMD.h"
+#include "quor/metadata/VisitMD.h"
 
 #include <cassert>
 #include <type_traits>
 
 namespace Veld::Quor::Core::Decks {
 
-/// One function object of several.
-template <class... Visits>
-struct Overloaded : Visits... {
-    using Visits::operator()...;
-};
-template <class... Visits>
-Overloaded(Visits...) -> Overloaded<Visits...>;
+using Keywords::Overloaded;
 
 /// Calls `visit` with the data by their own type: a record, list, map or raw text, const if `Data` is.
 template <class Data, class Visit>
