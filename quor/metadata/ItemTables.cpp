@@ -33,7 +33,7 @@ void UnsupportedByMDImpl::ReadXML(const DOMElement* element)
     for (const DOMElement& child : OddChildElements(*element)) {
         if (Is(child, Tags::Simulator()))
             ApplySimulatorEntry(
-                child,
+                ReadSimulatorEntry(child),
                 [this](SimulatorType::Enum row) { flags_.SetModes(row, SimulatorModeFlags::allModes); },
                 [this](SimulatorType::Enum row) { flags_.SetModes(row, 0); });
     }

@@ -53,8 +53,8 @@ void ReadFormat(const DOMElement& element, Numeric& numeric)
 /// number.
 void ReadLimit(const DOMElement& element, Service::Optional<int>& limit)
 {
-    int value = 0;
-    if (ParseWholeInteger(ValueOf(element), value))
+    const auto [value, isWhole] = ParseIntegerAtStart(ValueOf(element));
+    if (isWhole)
         limit = value;
 }
 

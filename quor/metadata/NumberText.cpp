@@ -6,25 +6,30 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-double ParseReal(const std::string& text)
+ParsedNumber<double> ParseRealAtStart(const std::string& text)
 {
     // A host may have set a locale with a decimal comma.
     static const locale_t classic = ::newlocale(LC_ALL_MASK, "C", nullptr);
-    return ::strtod_l(text.c_str(), nullptr, classic);
+    char* end = nullptr;
+    const double value = ::strtod_l(text.c_str(), &end, classic);
+    return {value, *end == '\0'};
+}
+
+ParsedNumber<int> ParseIntegerAtStart(const std::string& text)
+{
+    char* end = nullptr;
+    const long value = std::strtol(text.c_str(), &end, 10);
+    return {static_cast<int>(value), *end == '\0'};
+}
+
+double ParseReal(const std::string& text)
+{
+    return ParseRealAtStart(text).value;
 }
 
 int ParseInteger(const std::string& text)
 {
-    int value = 0;
-    ParseWholeInteger(text, value);
-    return value;
-}
-
-bool ParseWholeInteger(const std::string& text, int& value)
-{
-    char* end = nullptr;
-    value = static_cast<int>(std::strtol(text.c_str(), &end, 10));
-    return *end == '\0';
+    return ParseIntegerAtStart(text).value;
 }
 
 } // namespace Veld::Quor::Core::Keywords

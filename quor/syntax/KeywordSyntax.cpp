@@ -91,7 +91,7 @@ void KeywordSyntax::ReadXML(const DOMElement& element)
         } else if (Is(child, Tags::Data())) {
             // Wanted: validity elements behind the data element come too late for the keyword, though not for
             // its aliases. The metadata needs the valid simulators when it is read.
-            validity_.Read(validity);
+            validity_.Set(validity.ReadFacts());
             CreateDataMD(child);
             hasData = true;
         } else if (Is(child, Tags::Aliases())) {
@@ -110,7 +110,7 @@ void KeywordSyntax::ReadXML(const DOMElement& element)
         }
     }
     if (!hasData)
-        validity_.Read(validity);
+        validity_.Set(validity.ReadFacts());
     ReadAliases(aliases, validity);
 }
 
@@ -178,7 +178,7 @@ void KeywordSyntax::ReadAlias(const DOMElement& element, const ValidityElements&
     std::unique_ptr<SyntaxValidity> validity;
     if (!own.IsEmpty()) {
         validity = std::make_unique<SyntaxValidity>();
-        validity->Read(own.Or(ofKeyword));
+        validity->Set(own.Or(ofKeyword).ReadFacts());
     }
     aliases_->names.push_back(NameOf(element));
     aliases_->hidden.push_back(hidden);

@@ -35,37 +35,69 @@ unsigned ModesOf(SimulatorType::Enum simulator)
 
 using SimulatorFlags = std::bitset<SimulatorType::Count>;
 
-SimulatorFlags ReadSimulators(const DOMElement* element)
+SimulatorFlags FlagsOf(const std::optional<ValidityFacts::Entries>& entries)
 {
     SimulatorFlags flags;
-    bool any = false;
-    if (element) {
-        for (const DOMElement& child : ChildElements(*element)) {
-            if (!Is(child, Tags::Simulator()))
-                continue;
-            any = true; // an ignored entry too: a list of nothing else leaves no simulator
-            if (!GetAttributeValueEqual(&child, Tags::SupportLevel(), Tags::Ignored()))
-                ApplySimulatorEntry(
-                    child, [&](SimulatorType::Enum row) { flags.set(static_cast<std::size_t>(row)); },
-                    [&](SimulatorType::Enum row) { flags.reset(static_cast<std::size_t>(row)); });
-        }
-    }
-    return any ? flags : flags.set();
+    if (!entries)
+        return flags.set();
+    for (const SimulatorEntry& entry : *entries)
+        ApplySimulatorEntry(
+            entry, [&](SimulatorType::Enum row) { flags.set(static_cast<std::size_t>(row)); },
+            [&](SimulatorType::Enum row) { flags.reset(static_cast<std::size_t>(row)); });
+    return flags;
 }
 
-unsigned ReadOptions(const DOMElement* element)
+unsigned FlagsOf(const std::optional<std::vector<SimulatorModeType::Enum>>& modes)
 {
-    unsigned modes = 0;
-    bool any = false;
-    if (element) {
-        for (const DOMElement& child : ChildElements(*element)) {
-            if (!Is(child, Tags::Option()))
-                continue;
-            any = true;
-            modes |= Bit(ReadMode(child));
-        }
+    if (!modes)
+        return threeModes;
+    unsigned flags = 0;
+    for (const SimulatorModeType::Enum mode : *modes)
+        flags |= Bit(mode);
+    return flags;
+}
+
+/// Of a list of nothing but entries that ignore the keyword an empty one is left.
+std::optional<ValidityFacts::Entries> ReadSimulators(const DOMElement* element)
+{
+    std::optional<ValidityFacts::Entries> entries;
+    if (!element)
+        return entries;
+    for (const DOMElement& child : ChildElements(*element)) {
+        if (!Is(child, Tags::Simulator()))
+            continue;
+        if (!entries)
+            entries.emplace();
+        if (!GetAttributeValueEqual(&child, Tags::SupportLevel(), Tags::Ignored()))
+            entries->push_back(ReadSimulatorEntry(child));
     }
-    return any ? modes : threeModes;
+    return entries;
+}
+
+std::optional<std::vector<SimulatorModeType::Enum>> ReadModes(const DOMElement* element)
+{
+    std::optional<std::vector<SimulatorModeType::Enum>> modes;
+    if (!element)
+        return modes;
+    for (const DOMElement& child : ChildElements(*element)) {
+        if (!Is(child, Tags::Option()))
+            continue;
+        if (!modes)
+            modes.emplace();
+        modes->push_back(ReadMode(child));
+    }
+    return modes;
+}
+
+ValidityFacts::Section ReadSectionFacts(const DOMElement& element)
+{
+    ValidityFacts::Section section = {ReadSection(element), std::nullopt};
+    if (!HasChildTagName(&element, Tags::Simulator()))
+        return section;
+    section.simulators.emplace();
+    for (const DOMElement& entry : Descendants(element, Tags::Simulator()))
+        section.simulators->push_back(ReadSimulatorEntry(entry));
+    return section;
 }
 
 } // namespace
@@ -89,17 +121,22 @@ ValidityElements ValidityElements::Or(const ValidityElements& other) const
         sections ? sections : other.sections};
 }
 
-void SyntaxValidity::Read(const ValidityElements& elements)
+ValidityFacts ValidityElements::ReadFacts() const
 {
-    const Modes modes = ReadModes(elements);
-    bool any = false;
-    if (elements.sections) {
-        for (const DOMElement& section : Descendants(*elements.sections, Tags::Section())) {
-            any = true;
-            ReadSection(section, modes);
-        }
+    ValidityFacts facts = {ReadSimulators(simulators), ReadModes(options), {}};
+    if (sections) {
+        for (const DOMElement& section : Descendants(*sections, Tags::Section()))
+            facts.sections.push_back(ReadSectionFacts(section));
     }
-    if (any)
+    return facts;
+}
+
+void SyntaxValidity::Set(const ValidityFacts& facts)
+{
+    const Modes modes = MakeModes(facts);
+    for (const ValidityFacts::Section& section : facts.sections)
+        SetSection(section, modes);
+    if (!facts.sections.empty())
         return;
     for (SimulatorModeFlags& flags : sections_) {
         for (int row = 0; row < SimulatorType::Count; ++row)
@@ -107,10 +144,10 @@ void SyntaxValidity::Read(const ValidityElements& elements)
     }
 }
 
-SyntaxValidity::Modes SyntaxValidity::ReadModes(const ValidityElements& elements)
+SyntaxValidity::Modes SyntaxValidity::MakeModes(const ValidityFacts& facts)
 {
-    const SimulatorFlags simulators = ReadSimulators(elements.simulators);
-    const unsigned options = ReadOptions(elements.options);
+    const SimulatorFlags simulators = FlagsOf(facts.simulators);
+    const unsigned options = FlagsOf(facts.modes);
     Modes modes{};
     for (std::size_t row = 0; row < modes.size(); ++row) {
         if (!simulators[row])
@@ -122,18 +159,18 @@ SyntaxValidity::Modes SyntaxValidity::ReadModes(const ValidityElements& elements
     return modes;
 }
 
-void SyntaxValidity::ReadSection(const DOMElement& element, const Modes& modes)
+void SyntaxValidity::SetSection(const ValidityFacts::Section& section, const Modes& modes)
 {
-    SimulatorModeFlags& flags = sections_[static_cast<std::size_t>(Keywords::ReadSection(element))];
+    SimulatorModeFlags& flags = sections_[static_cast<std::size_t>(section.section)];
     const auto set = [&](SimulatorType::Enum row) {
         flags.SetModes(row, modes[static_cast<std::size_t>(row)]);
     };
-    if (!HasChildTagName(&element, Tags::Simulator())) {
+    if (!section.simulators) {
         for (int row = 0; row < SimulatorType::Count; ++row)
             set(SimulatorType::Enum(row));
         return;
     }
-    for (const DOMElement& entry : Descendants(element, Tags::Simulator()))
+    for (const SimulatorEntry& entry : *section.simulators)
         ApplySimulatorEntry(entry, set, [&](SimulatorType::Enum row) { flags.SetModes(row, 0); });
 }
 

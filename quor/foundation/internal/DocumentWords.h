@@ -3,6 +3,7 @@
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/SimulatorModeType.h"
 #include "quor/foundation/SimulatorType.h"
+#include "quor/foundation/internal/SimulatorEntry.h"
 #include "quor/foundation/service/xml/DomText.h"
 #include "quor/foundation/service/xml/Tags.h"
 
@@ -40,21 +41,10 @@ inline SimulatorModeType::Enum ReadMode(const xercesc::DOMElement& option)
         Service::XML::GetAttributeValue(&option, Service::XML::Tags::Value()));
 }
 
-/// Sets the simulator that an entry names. `Wend` speaks for its two variants as well, unless the entry is
-/// marked for one of them: then the other is cleared.
-template <class Set, class Clear>
-void ApplySimulatorEntry(const xercesc::DOMElement& entry, Set set, Clear clear)
+inline SimulatorEntry ReadSimulatorEntry(const xercesc::DOMElement& entry)
 {
-    const SimulatorType::Enum simulator = ReadSimulator(entry);
-    set(simulator);
-    if (simulator != SimulatorType::Wend)
-        return;
-    set(SimulatorType::Wend_GE);
-    set(SimulatorType::Wend_CLASSIC);
-    if (IsFlagged(entry, Service::XML::Tags::GridEditsOnly()))
-        clear(SimulatorType::Wend_CLASSIC);
-    if (IsFlagged(entry, Service::XML::Tags::ClassicOnly()))
-        clear(SimulatorType::Wend_GE);
+    return {ReadSimulator(entry), IsFlagged(entry, Service::XML::Tags::GridEditsOnly()),
+        IsFlagged(entry, Service::XML::Tags::ClassicOnly())};
 }
 
 } // namespace Veld::Quor::Core::Keywords

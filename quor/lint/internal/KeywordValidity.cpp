@@ -1,6 +1,9 @@
 #include "quor/lint/internal/KeywordValidity.h"
 
 #include "quor/lint/internal/Reporter.h"
+#include "quor/syntax/internal/SyntaxValidity.h"
+
+#include <algorithm>
 
 namespace Veld::Quor::Core::Lint {
 
@@ -16,46 +19,28 @@ std::size_t ModeOf(const Element& option)
     return static_cast<std::size_t>(SimulatorModeType::FromString(option.Get("value")));
 }
 
-/// Sets the simulator of an entry: Wend includes its variants, unless the entry is for one of them.
-template <class Set>
-void Apply(const Element& entry, const Set& set)
-{
-    const std::size_t row = RowOf(entry);
-    set(row, true);
-    if (row != SimulatorType::Wend)
-        return;
-    set(SimulatorType::Wend_CLASSIC, !entry.IsFlagged("gridEditsOnly"));
-    set(SimulatorType::Wend_GE, !entry.IsFlagged("classicOnly"));
-}
-
 const std::vector<Element>& ChildrenOf(const Element* element)
 {
     static const std::vector<Element> none;
     return element ? element->children : none;
 }
 
-Simulators ReadSimulators(const Element* element)
+SimulatorEntry EntryOf(const Element& simulator)
 {
-    Simulators simulators;
-    bool any = false;
-    for (const Element& entry : ChildrenOf(element)) {
-        if (entry.tag != "simulator")
-            continue;
-        any = true;
-        if (entry.Get("supportLevel") != "ignored")
-            Apply(entry, [&](std::size_t row, bool value) { simulators.set(row, value); });
-    }
-    return any ? simulators : simulators.set();
+    return {SimulatorType::FromString(simulator.Get("name")), simulator.IsFlagged("gridEditsOnly"),
+        simulator.IsFlagged("classicOnly")};
 }
 
-std::bitset<modeCount> ReadModes(const Element* element)
+ValidityFacts::Section SectionOf(const Element& element)
 {
-    std::bitset<modeCount> modes;
-    for (const Element& entry : ChildrenOf(element)) {
-        if (entry.tag == "option")
-            modes.set(ModeOf(entry));
-    }
-    return modes.any() ? modes : modes.set();
+    ValidityFacts::Section section = {SectionType::FromString(element.Get("name")), std::nullopt};
+    const auto isSimulator = [](const Element& child) { return child.tag == "simulator"; };
+    if (std::none_of(element.children.begin(), element.children.end(), isSimulator))
+        return section;
+    section.simulators.emplace();
+    ForEachBelow(element, "simulator",
+        [&](const Element& simulator) { section.simulators->push_back(EntryOf(simulator)); });
+    return section;
 }
 
 } // namespace
@@ -79,44 +64,59 @@ ValidityElements ValidityElements::Or(const ValidityElements& other) const
         sections ? sections : other.sections};
 }
 
+ValidityFacts ValidityElements::ReadFacts() const
+{
+    ValidityFacts facts;
+    for (const Element& entry : ChildrenOf(simulators)) {
+        if (entry.tag != "simulator")
+            continue;
+        if (!facts.simulators)
+            facts.simulators.emplace();
+        if (entry.Get("supportLevel") != "ignored")
+            facts.simulators->push_back(EntryOf(entry));
+    }
+    for (const Element& entry : ChildrenOf(options)) {
+        if (entry.tag != "option")
+            continue;
+        if (!facts.modes)
+            facts.modes.emplace();
+        facts.modes->push_back(SimulatorModeType::FromString(entry.Get("value")));
+    }
+    if (sections)
+        ForEachBelow(*sections, "section",
+            [&](const Element& section) { facts.sections.push_back(SectionOf(section)); });
+    return facts;
+}
+
 KeywordValidity::KeywordValidity(const ValidityElements& elements)
 {
-    const Simulators simulators = ReadSimulators(elements.simulators);
-    const auto modes = ReadModes(elements.options);
-    for (std::size_t row = 0; row < simulatorCount; ++row) {
-        std::bitset<modeCount> own;
-        for (std::size_t mode = 0; mode < modeCount; ++mode)
-            own.set(mode, SimulatorType::HasMode(SimulatorType::Enum(row), SimulatorModeType::Enum(mode)));
-        modeless.set(row, simulators[row] && (own & modes).none());
-        for (std::size_t mode = 0; mode < modeCount; ++mode)
-            runs.set(RunOf(row, mode), simulators[row] && own[mode] && (modes[mode] || modeless[row]));
+    const ValidityFacts facts = elements.ReadFacts();
+    Keywords::SyntaxValidity validity;
+    validity.Set(facts);
+    for (std::size_t cell = 0; cell < cells.size(); ++cell) {
+        const std::size_t run = cell % runCount;
+        cells.set(cell,
+            validity.IsValid(SectionType::Enum(cell / runCount), SimulatorType::Enum(run / modeCount),
+                SimulatorModeType::Enum(run % modeCount)));
     }
+    FindModeless(facts);
+}
 
-    const auto set = [&](std::size_t section, std::size_t row, bool value) {
-        for (std::size_t mode = 0; mode < modeCount; ++mode)
-            cells.set(section * runs.size() + RunOf(row, mode), value && runs[RunOf(row, mode)]);
+void KeywordValidity::FindModeless(const ValidityFacts& facts)
+{
+    if (!facts.modes)
+        return;
+    const auto hasSome = [&](SimulatorType::Enum simulator) {
+        return std::any_of(facts.modes->begin(), facts.modes->end(),
+            [simulator](SimulatorModeType::Enum mode) { return SimulatorType::HasMode(simulator, mode); });
     };
-    const auto setAll = [&](std::size_t section) {
-        for (std::size_t row = 0; row < simulatorCount; ++row)
-            set(section, row, true);
-    };
-    bool any = false;
-    if (elements.sections) {
-        ForEachBelow(*elements.sections, "section", [&](const Element& entry) {
-            any = true;
-            const auto section = static_cast<std::size_t>(SectionType::FromString(entry.Get("name")));
-            bool hasSimulators = false;
-            for (const Element& child : entry.children)
-                hasSimulators = hasSimulators || child.tag == "simulator";
-            if (!hasSimulators)
-                return setAll(section);
-            ForEachBelow(entry, "simulator", [&](const Element& simulator) {
-                Apply(simulator, [&](std::size_t row, bool value) { set(section, row, value); });
-            });
-        });
-    }
-    for (std::size_t section = 0; !any && section < sectionCount; ++section)
-        setAll(section);
+    ValidityFacts anywhere = facts;
+    anywhere.sections.clear();
+    Keywords::SyntaxValidity validity;
+    validity.Set(anywhere);
+    for (std::size_t row = 0; row < simulatorCount; ++row)
+        modeless.set(
+            row, validity.IsValidSimulator(SimulatorType::Enum(row)) && !hasSome(SimulatorType::Enum(row)));
 }
 
 Runs KeywordValidity::GetRuns() const
@@ -124,7 +124,7 @@ Runs KeywordValidity::GetRuns() const
     Runs all;
     for (std::size_t cell = 0; cell < cells.size(); ++cell) {
         if (cells[cell])
-            all.set(cell % all.size());
+            all.set(cell % runCount);
     }
     return all;
 }

@@ -1,8 +1,9 @@
 #include "quor/lint/internal/NumberText.h"
 
+#include "quor/metadata/internal/NumberText.h"
+
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <limits>
 
 namespace Veld::Quor::Core::Lint {
@@ -18,30 +19,26 @@ bool IsClean(const std::string& text, T& value)
     return error == std::errc() && rest == end;
 }
 
+/// `mark`: what the library takes for no value.
+template <class T>
+Number Judge(const Keywords::ParsedNumber<T>& read, const std::string& text, T mark)
+{
+    T clean = 0;
+    const bool isMark = read.value == mark;
+    return {static_cast<double>(read.value),
+        IsClean(text, clean) && std::isfinite(static_cast<double>(clean)) && !isMark, isMark, !read.isWhole};
+}
+
 } // namespace
 
 Number ReadReal(const std::string& text)
 {
-    char* rest = nullptr;
-    Number number;
-    number.value = std::strtod(text.c_str(), &rest); // the program never leaves the locale "C"
-    number.hasRest = *rest != '\0';
-    number.isMark = number.value == std::numeric_limits<double>::min();
-    double clean = 0;
-    number.isClean = IsClean(text, clean) && std::isfinite(clean) && !number.isMark;
-    return number;
+    return Judge(Keywords::ParseRealAtStart(text), text, std::numeric_limits<double>::min());
 }
 
 Number ReadInteger(const std::string& text)
 {
-    char* rest = nullptr;
-    Number number;
-    number.value = static_cast<int>(std::strtol(text.c_str(), &rest, 10));
-    number.hasRest = *rest != '\0';
-    number.isMark = number.value == std::numeric_limits<int>::min();
-    int clean = 0;
-    number.isClean = IsClean(text, clean) && !number.isMark;
-    return number;
+    return Judge(Keywords::ParseIntegerAtStart(text), text, std::numeric_limits<int>::min());
 }
 
 } // namespace Veld::Quor::Core::Lint

@@ -1,16 +1,26 @@
 #pragma once
 
+#include "quor/foundation/Export.h"
+
 #include <string>
 
-/// Numbers of a syntax document. A text that is no number, or goes on behind one, is not reported: it gives
+/// Numbers of a syntax document. A text that is no number, or continues after one, is not reported: it gives
 /// what the C functions give. The locale plays no part.
 namespace Veld::Quor::Core::Keywords {
 
+template <class T>
+struct ParsedNumber {
+    T value;
+    bool isWhole; ///< nothing is left after the number; true for an empty text, which counts as 0
+};
+
 /// As `strtod`: the longest number at the start, else 0.
-double ParseReal(const std::string& text);
+VELD_QUOR_EXPORT ParsedNumber<double> ParseRealAtStart(const std::string& text);
 /// As `atoi`: the digits at the start, else 0; cut to 32 bits.
+VELD_QUOR_EXPORT ParsedNumber<int> ParseIntegerAtStart(const std::string& text);
+
+/// The same without a look at the rest.
+double ParseReal(const std::string& text);
 int ParseInteger(const std::string& text);
-/// The same, and whether nothing is left behind the number. An empty text counts as 0.
-bool ParseWholeInteger(const std::string& text, int& value);
 
 } // namespace Veld::Quor::Core::Keywords

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "quor/foundation/Export.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/SimulatorModeFlags.h"
 #include "quor/foundation/service/xml/DomForward.h"
+#include "quor/syntax/internal/ValidityFacts.h"
 
 #include <array>
 #include <vector>
@@ -21,13 +23,16 @@ struct ValidityElements {
     bool IsEmpty() const { return !simulators && !options && !sections; }
     /// These, and those of `other` where there is none.
     ValidityElements Or(const ValidityElements& other) const;
+    ValidityFacts ReadFacts() const;
 };
 
-/// In which sections, by which simulators and in which modes a keyword may be used.
-class SyntaxValidity {
+/// In which sections, by which simulators and in which modes a keyword may be used. Exported for those who
+/// read documents in their own way.
+class VELD_QUOR_EXPORT SyntaxValidity {
 public:
-    /// Adds what the elements say; meant for a new object.
-    void Read(const ValidityElements& elements);
+    /// Adds what a document says; meant for a new object. Exported for those who read documents in their own
+    /// way.
+    void Set(const ValidityFacts& facts);
 
     /// In the mode, or in some mode. `SimulatorType::Any` asks for some simulator; no section is valid for
     /// nobody.
@@ -48,8 +53,8 @@ private:
     using Modes = std::array<unsigned, SimulatorType::Count>; // bit m of a simulator: mode m
 
     static bool IsValidForSome(const SimulatorModeFlags& flags, SimulatorModeType::Enum mode);
-    static Modes ReadModes(const ValidityElements& elements);
-    void ReadSection(const xercesc::DOMElement& element, const Modes& modes);
+    static Modes MakeModes(const ValidityFacts& facts);
+    void SetSection(const ValidityFacts::Section& section, const Modes& modes);
 
     std::array<SimulatorModeFlags, SectionType::Count> sections_;
 };

@@ -102,7 +102,7 @@ std::string ChoicesText(const IKeywordChoiceMD& md, const ModeTable& keyword)
             if (!note.empty())
                 notes.push_back(std::move(note));
         }
-        const std::string word = md.GetChoice(i);
+        const std::string& word = md.GetChoice(i);
         const std::string text = word.find_first_not_of(' ') == std::string::npos ? "(blank)" : word;
         texts.push_back(notes.empty() ? text : fmt::format("{} ({})", text, Join(notes, "; ")));
     }
