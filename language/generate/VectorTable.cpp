@@ -1,20 +1,18 @@
 #include "language/generate/VectorTable.h"
 
-#include "language/generate/Files.h"
+#include "language/generate/TableLine.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <map>
-#include <sstream>
-#include <stdexcept>
 #include <string_view>
 
 namespace {
 
 constexpr std::size_t longestName = 8;
 constexpr std::size_t familyBegins = 5; // in a name that ends with three characters of a family of regions
-constexpr std::string_view blanks = " \t\r";
+constexpr const char* columns = "stem phase flow function option mode entities words";
 
 struct Category {
     const char* name;
@@ -122,50 +120,6 @@ const std::vector<Entity> entities{
     {"LB", "LB", "LGR Block", "each block of a local grid", RecordsOf({localGrid, blockI, blockJ, blockK})},
 };
 
-struct Word {
-    std::string text;
-    std::string place; // file:line:
-    std::size_t column;
-};
-
-[[noreturn]] void Fail(const Word& at, const std::string& message)
-{
-    throw std::runtime_error(at.place + std::to_string(at.column) + ": " + message);
-}
-
-/// Cuts words off a line.
-class Line {
-public:
-    Line(std::string_view text, std::string place)
-        : text_(text.substr(0, text.find_last_not_of(blanks) + 1))
-        , place_(std::move(place))
-    {
-        SkipBlanks();
-    }
-
-    bool IsToBeRead() const { return at_ < text_.size() && text_[at_] != '#'; }
-    Word Next(const char* what) { return Cut(text_.find_first_of(blanks, at_), what); }
-    Word Rest(const char* what) { return Cut(text_.size(), what); }
-
-private:
-    void SkipBlanks() { at_ = std::min(text_.find_first_not_of(blanks, at_), text_.size()); }
-    Word Cut(std::size_t end, const char* what)
-    {
-        Word word{std::string(text_.substr(at_, end - at_)), place_, at_ + 1};
-        if (word.text.empty())
-            Fail(word,
-                std::string("the line ends where its ") + what
-                    + " should stand; it must have: stem phase flow function option mode entities words");
-        at_ = std::min(end, text_.size());
-        SkipBlanks();
-        return word;
-    }
-
-    std::string_view text_;
-    std::string place_;
-    std::size_t at_ = 0;
-};
-
 struct Row {
     Word stem;
     std::string_view clause; // of the wildcard; empty: the name is none
@@ -175,36 +129,16 @@ struct Row {
     Word words;
 };
 
-/// Reads the vectors of one table after the other.
+/// Collects the vectors of all rows.
 class Tables {
 public:
-    void Read(const std::string& path);
+    void Add(const Row& row);
     std::vector<Vector> Take() { return std::move(vectors_); }
 
 private:
-    void Add(const Row& row);
-
     std::vector<Vector> vectors_;
     std::map<std::string, std::string> places_; // by name
 };
-
-[[noreturn]] void FailUnknown(const Word& word, const std::string& what, const std::string& known)
-{
-    Fail(word, "unknown " + what + " '" + word.text + "'; known are" + known);
-}
-
-/// The row of `known` with the name that the word has.
-template <class Known>
-const Known& FindByName(const std::vector<Known>& known, const Word& word, const std::string& what)
-{
-    std::string names;
-    for (const Known& one : known) {
-        if (one.name == word.text)
-            return one;
-        names.append(" ").append(one.name);
-    }
-    FailUnknown(word, what, names);
-}
 
 void ReadStem(Word word, Row& row)
 {
@@ -219,7 +153,7 @@ void ReadStem(Word word, Row& row)
         return std::isupper(c) || std::isdigit(c) || c == '+' || c == '-' || c == '_';
     };
     if (stem.empty() || !std::all_of(stem.begin(), stem.end(), isPlain))
-        Fail(word,
+        Fail(word.place,
             "a stem has capitals, digits, +, - and _; it can end with <component>, <tracer> or <quantity>");
     row.stem = std::move(word);
 }
@@ -228,40 +162,38 @@ void ReadCategory(const Category& category, const Word& word, Row& row)
 {
     if (word.text == "-")
         return;
+    if (std::find(category.values.begin(), category.values.end(), word.text) != category.values.end()) {
+        row.categories.emplace_back(category.name, word.text);
+        return;
+    }
     std::string known = " -";
     for (const std::string& value : category.values)
         known += " " + value;
-    if (std::find(category.values.begin(), category.values.end(), word.text) == category.values.end())
-        FailUnknown(word, category.name, known);
-    row.categories.emplace_back(category.name, word.text);
+    FailUnknown(word, category.name, known);
 }
 
 void ReadEntities(const Word& word, Row& row)
 {
-    for (std::size_t begin = 0; begin <= word.text.size();) {
-        const std::size_t end = std::min(word.text.find(',', begin), word.text.size());
-        Word name{word.text.substr(begin, end - begin), word.place, word.column + begin};
+    for (const Word& name : CommaSeparated(word))
         row.entities.emplace_back(&FindByName(entities, name, "entity"), name);
-        begin = end + 1;
-    }
 }
 
 void CheckWords(const Row& row)
 {
     const std::string& words = row.words.text;
     if (!std::isupper(static_cast<unsigned char>(words.front())) || words.back() != '.')
-        Fail(row.words, "the words must be a sentence, from a capital to a full stop");
+        Fail(row.words.place, "the words must be a sentence, from a capital to a full stop");
     const bool hasEntity = words.find("{}") != std::string::npos;
     for (const auto& [entity, place] : row.entities) {
         if (hasEntity && std::string_view(entity->words).empty())
-            Fail(place,
+            Fail(place.place,
                 "nothing of entity " + std::string(entity->name) + " can stand for the {} of the words");
     }
     if (!hasEntity && row.entities.size() > 1)
-        Fail(row.words, "the words must have {} where the entity stands, since the line has several");
+        Fail(row.words.place, "the words must have {} where the entity stands, since the line has several");
 }
 
-Row ReadRow(Line line)
+Row ReadRow(TableLine line)
 {
     Row row;
     ReadStem(line.Next("stem"), row);
@@ -279,7 +211,7 @@ std::string NameOf(const Row& row, const Entity& entity, const Word& place)
     std::string name = entity.prefix + row.stem.text;
     if (entity.IsOfFamilies()) {
         if (!row.clause.empty() || name.size() > familyBegins)
-            Fail(place,
+            Fail(place.place,
                 name + " leaves no room for a family; " + entity.name
                     + " needs a stem that is no wildcard and has at most "
                     + std::to_string(familyBegins - std::string_view(entity.prefix).size()) + " characters");
@@ -288,7 +220,7 @@ std::string NameOf(const Row& row, const Entity& entity, const Word& place)
     if (entity.IsOfFamilies() || !row.clause.empty())
         name += '*';
     if (name.size() > longestName)
-        Fail(row.stem,
+        Fail(row.stem.place,
             "the name " + name + " has " + std::to_string(name.size())
                 + " characters; shorten the stem, since a name has at most " + std::to_string(longestName));
     return name;
@@ -309,21 +241,10 @@ void Tables::Add(const Row& row)
         Vector vector{NameOf(row, *entity, place), DescriptionOf(row, *entity), row.categories, row.mode,
             &entity->data};
         vector.categories.insert(vector.categories.begin(), {"entity", entity->category});
-        const auto [first, isNew] = places_.emplace(vector.name, place.place + std::to_string(place.column));
+        const auto [first, isNew] = places_.emplace(vector.name, place.place.Text());
         if (!isNew)
-            Fail(place, vector.name + " is made twice, first at " + first->second + "; remove one");
+            Fail(place.place, vector.name + " is made twice, first at " + first->second + "; remove one");
         vectors_.push_back(std::move(vector));
-    }
-}
-
-void Tables::Read(const std::string& path)
-{
-    std::istringstream text(ReadText(path));
-    std::size_t number = 0;
-    for (std::string line; std::getline(text, line);) {
-        const Line row(line, path + ":" + std::to_string(++number) + ":");
-        if (row.IsToBeRead())
-            Add(ReadRow(row));
     }
 }
 
@@ -333,6 +254,6 @@ std::vector<Vector> ReadVectorTables(const std::vector<std::string>& paths)
 {
     Tables tables;
     for (const std::string& path : paths)
-        tables.Read(path);
+        ForEachLine(path, columns, [&](const TableLine& line) { tables.Add(ReadRow(line)); });
     return tables.Take();
 }

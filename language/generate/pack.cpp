@@ -1,13 +1,15 @@
 // Puts the files of a syntax document together and packs them into a C++ source.
 //
-//   pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE.xml...
+//   pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE...
 //
-// Each file is a document of its own, in UTF-8; the packed document, which OUTPUT.xml holds as it is, has
-// their root elements, in the order given, under one root. A file that is not well formed ends the build with
-// its name, line and column.
+// A file is a table of arrays (*.txt), or XML in UTF-8: pieces, or a part of the document. The packed
+// document, which OUTPUT.xml holds as it is, has the root elements of the parts, in the order given, under
+// one root; short forms are replaced. A mistake ends the build with file, line and column. language/README.md
+// describes all this.
 
+#include "language/generate/ArrayTable.h"
+#include "language/generate/Expansion.h"
 #include "language/generate/Files.h"
-#include "quor/foundation/service/xml/XMLDocument.h"
 
 #include <zstd.h>
 
@@ -15,30 +17,28 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
-#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
 
-constexpr std::string_view declaration = R"(<?xml version="1.0" encoding="UTF-8"?>)";
-
-/// What follows the XML declaration, which can't stand in the middle of a document.
-std::string_view Body(const std::string& path, std::string_view text)
-{
-    if (text.substr(0, declaration.size()) != declaration)
-        throw std::runtime_error(path + ":1:1: the file must start with " + std::string(declaration));
-    return text.substr(declaration.size());
-}
-
 std::string PutTogether(const std::vector<std::string>& paths)
 {
-    std::string document = std::string(declaration) + "\n<keywords>";
+    Pieces pieces;
+    std::vector<Document> parts;
     for (const std::string& path : paths) {
-        const std::string text = ReadText(path);
-        if (!Veld::Quor::Core::Service::XML::XMLDocument().readMemory(text.data(), text.size(), path.c_str()))
-            throw std::runtime_error(path + ": no well-formed document");
-        document += Body(path, text);
+        Document read = path.ends_with(".txt") ? Document{{}, ReadArrayTable(path)} : ReadDocument(path);
+        if (read.root.tag == "pieces")
+            pieces.Add(read.root);
+        else
+            parts.push_back(std::move(read));
     }
+    std::string document = std::string(xmlDeclaration) + "\n<keywords>";
+    for (Document& part : parts) {
+        pieces.Expand(part.root);
+        document += part.prolog + Layout(part.root);
+    }
+    pieces.CheckAllUsed();
     return document + "</keywords>\n";
 }
 
@@ -71,7 +71,7 @@ std::string SourceOf(const std::string& variable, const std::string& packed)
 int main(int argc, char** argv)
 try {
     if (argc < 5) {
-        std::cerr << "usage: pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE.xml...\n";
+        std::cerr << "usage: pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE...\n";
         return 2;
     }
     const std::string document = PutTogether({argv + 4, argv + argc});
