@@ -20,13 +20,50 @@ bool Has(const Names& names, std::string_view name)
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-Element ListOf(const char* tag, const char* childTag, const char* childAttribute, const std::string& words)
+/// The texts between the separators, without empty ones.
+std::vector<std::string> Split(const std::string& text, char separator)
+{
+    std::vector<std::string> parts;
+    std::istringstream stream(text);
+    for (std::string part; std::getline(stream, part, separator);) {
+        if (!part.empty())
+            parts.push_back(part);
+    }
+    return parts;
+}
+
+Element ListOf(const char* tag, const char* childTag, const std::string& names)
 {
     Element list = MakeElement(tag);
-    std::istringstream stream(words);
-    for (std::string word; stream >> word;)
-        list.Add(MakeElement(childTag, {{childAttribute, word}}));
+    for (const std::string& name : Split(names, ' '))
+        list.Add(MakeElement(childTag, {{"name", name}}));
     return list;
+}
+
+/// A word of a choice: "WATER|WAT" has another word for the same, "SHUT|(CLOSED)" one that isn't offered.
+Element ValueOf(const std::string& word)
+{
+    const std::vector<std::string> names = Split(word, '|');
+    Element value = MakeElement("value", {{"string", names.front()}});
+    if (names.size() == 1)
+        return value;
+    Element& aliases = value.Add(MakeElement("aliases"));
+    for (auto name = names.begin() + 1; name != names.end(); ++name) {
+        const bool isHidden = name->size() > 2 && name->front() == '(' && name->back() == ')';
+        const std::string text = isHidden ? name->substr(1, name->size() - 2) : *name;
+        Element& alias = aliases.Add(MakeElement("alias", {{"name", text}}));
+        if (isHidden)
+            alias.Add(MakeElement("isHiddenAlias"));
+    }
+    return value;
+}
+
+Element ValuesOf(const std::string& words)
+{
+    Element values = MakeElement("values");
+    for (const std::string& word : Split(words, ' '))
+        values.Add(ValueOf(word));
+    return values;
 }
 
 Element DefaultOf(const std::string& value)
@@ -43,7 +80,7 @@ struct Part {
 };
 
 const std::array<Part, 7> parts{{
-    {"words", [](const std::string& value) { return ListOf("values", "value", "string", value); }},
+    {"words", ValuesOf},
     {"min",
         [](const std::string& value) {
             return MakeElement("min", {{"val", value}});
@@ -107,9 +144,9 @@ void ExpandKeyword(Element& keyword)
 {
     std::vector<Element> made;
     if (keyword.Find("sections"))
-        made.push_back(ListOf("validSections", "section", "name", keyword.Take("sections")));
+        made.push_back(ListOf("validSections", "section", keyword.Take("sections")));
     if (keyword.Find("precedents"))
-        made.push_back(ListOf("precedents", "precedent", "name", keyword.Take("precedents")));
+        made.push_back(ListOf("precedents", "precedent", keyword.Take("precedents")));
     const auto at = std::find_if(keyword.children.begin(), keyword.children.end(),
         [](const Element& child) { return Has(lastOfKeyword, child.tag); });
     keyword.children.insert(at, made.begin(), made.end());
