@@ -5,6 +5,7 @@
     check-format check-release check-asan check-threads check-lint format schema benchmark fuzz install clean
 
 SOURCES = $(shell find quor tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
+TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt)
 QUOR = build/release/bin/quor
 DECK = examples/decks/field/field.data
 FAULTY_DECK = examples/decks/faulty/three-mistakes.data
@@ -44,6 +45,7 @@ configure-%:
 check-format: setup-test
 	@echo "== format"
 	@clang-format --dry-run --Werror $(SOURCES)
+	@language/generate/lay-out-tables.sh --check $(TABLES)
 
 check-release: setup-test build-test
 	@echo "== tests of the release"
@@ -68,8 +70,9 @@ check-lint: setup-test build-asan
 run_tests = ctest --preset $(1) -j $$(nproc) --quiet --output-log build/$(1)-tests.log || \
     { cat build/$(1)-tests.log; exit 1; }; grep 'tests passed' build/$(1)-tests.log
 
-format: setup-test ## Format all sources in place
+format: setup-test ## Format all sources and tables in place
 	clang-format -i $(SOURCES)
+	language/generate/lay-out-tables.sh $(TABLES)
 
 benchmark: setup-test build-benchmark ## Run the benchmarks, each against a reference
 	@for b in build/benchmark/bin/*-benchmark; do $$b || exit 1; done
@@ -82,8 +85,8 @@ fuzz: setup-test build-fuzz ## Run each fuzz target for FUZZ_SECONDS (60)
 	    case $$name in fuzz-deck) more="-entropic=0 -dict=build/fuzz/deck.dict examples/decks";; *) more=;; esac; \
 	    $$t -max_total_time=$(FUZZ_SECONDS) $$corpus $$more || exit 1; done
 
-schema: setup-test ## Generate the XML form of the schema from its source
-	trang language/schema/syntax.rnc language/schema/syntax.rng
+schema: setup-test ## Generate the XML forms of the schemas from their sources
+	trang language/schema/written.rnc language/schema/written.rng
 
 PREFIX ?= /usr/local
 install: setup-run build-release ## Install the release below PREFIX (/usr/local)

@@ -66,6 +66,8 @@ void Pieces::AppendExpanded(std::vector<Element> elements, Element& to)
 void Pieces::AppendPiece(const Element& use, Element& to)
 {
     const std::string name = GetName(use, "piece");
+    if (!use.text.empty() || !use.children.empty())
+        Fail(use.place, "<use> must be empty");
     Piece& piece = GetPiece(use, name);
     piece.isUsed = true;
     open_.push_back(name);

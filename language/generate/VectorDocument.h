@@ -1,9 +1,9 @@
 #pragma once
 
+#include "language/generate/Markup.h"
 #include "language/generate/VectorTable.h"
 
-#include <string>
 #include <vector>
 
-/// The syntax document with the keywords of the vectors, laid out like those that are written by hand.
-std::string VectorDocument(const std::vector<Vector>& vectors);
+/// The document with the keywords of the vectors, in short form.
+Document VectorDocument(const std::vector<Vector>& vectors);

@@ -26,14 +26,6 @@ const std::array<Category, 4> categories{{
     {"option", {"API", "Aqui", "Flow"}},
 }};
 
-const std::vector<Mode> modes{
-    {"-", {}, {}},
-    {"blackoil", {}, {"BlackOil"}}, // which all simulators have
-    {"compositional", {"Dunmere", "Sedge", "Hallow", "Marlpit", "Ostrey", "Wend", "Tolmen"},
-        {"Compositional", "Thermal"}},
-    {"thermal", {"Dunmere", "Hallow", "Marlpit", "Ostrey", "Wend", "Tolmen"}, {"Thermal"}},
-};
-
 /// An end of a stem that makes the name a wildcard, and the clause that tells of it.
 struct Ending {
     std::string_view text;
@@ -124,7 +116,7 @@ struct Row {
     Word stem;
     std::string_view clause; // of the wildcard; empty: the name is none
     std::vector<std::pair<const char*, std::string>> categories;
-    const Mode* mode;
+    Word mode;
     std::vector<std::pair<const Entity*, Word>> entities;
     Word words;
 };
@@ -199,7 +191,7 @@ Row ReadRow(TableLine line)
     ReadStem(line.Next("stem"), row);
     for (const Category& category : categories)
         ReadCategory(category, line.Next(category.name), row);
-    row.mode = &FindByName(modes, line.Next("mode"), "mode");
+    row.mode = line.Next("mode");
     ReadEntities(line.Next("entities"), row);
     row.words = line.Rest("words");
     CheckWords(row);

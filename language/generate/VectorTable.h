@@ -1,5 +1,7 @@
 #pragma once
 
+#include "language/generate/TableLine.h"
+
 #include <string>
 #include <utility>
 #include <vector>
@@ -21,19 +23,12 @@ struct DataForm {
     std::vector<DataItem> items;
 };
 
-/// Where vectors are valid, if not everywhere.
-struct Mode {
-    const char* name;
-    std::vector<const char*> simulators;
-    std::vector<const char*> options;
-};
-
 /// One keyword.
 struct Vector {
     std::string name;
     std::string description;
     std::vector<std::pair<const char*, std::string>> categories;
-    const Mode* mode;
+    Word mode; // a piece; -: valid everywhere
     const DataForm* data;
 };
 

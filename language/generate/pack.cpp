@@ -1,15 +1,16 @@
 // Puts the files of a syntax document together and packs them into a C++ source.
 //
-//   pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE...
+//   pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE.xml... [--vectors TABLE.txt...] [--arrays TABLE.txt...]
 //
-// A file is a table of arrays (*.txt), or XML in UTF-8: pieces, or a part of the document. The packed
-// document, which OUTPUT.xml holds as it is, has the root elements of the parts, in the order given, under
-// one root; short forms are replaced. A mistake ends the build with file, line and column. language/README.md
-// describes all this.
+// An XML file has pieces, or a part of the document. The packed document, which OUTPUT.xml holds as it is,
+// has the root elements of the parts, in the order given, under one root, and the output vectors after them;
+// short forms are replaced. A mistake ends the build with file, line and column. language/README.md describes
+// all this.
 
 #include "language/generate/ArrayTable.h"
 #include "language/generate/Expansion.h"
 #include "language/generate/Files.h"
+#include "language/generate/VectorDocument.h"
 
 #include <zstd.h>
 
@@ -22,17 +23,42 @@
 
 namespace {
 
-std::string PutTogether(const std::vector<std::string>& paths)
+struct Inputs {
+    std::vector<std::string> documents;
+    std::vector<std::string> vectors;
+    std::vector<std::string> arrays;
+};
+
+Inputs InputsOf(const std::vector<std::string>& arguments)
+{
+    Inputs inputs;
+    std::vector<std::string>* to = &inputs.documents;
+    for (const std::string& argument : arguments) {
+        if (argument == "--vectors")
+            to = &inputs.vectors;
+        else if (argument == "--arrays")
+            to = &inputs.arrays;
+        else
+            to->push_back(argument);
+    }
+    return inputs;
+}
+
+std::string PutTogether(const Inputs& inputs)
 {
     Pieces pieces;
     std::vector<Document> parts;
-    for (const std::string& path : paths) {
-        Document read = path.ends_with(".txt") ? Document{{}, ReadArrayTable(path)} : ReadDocument(path);
+    for (const std::string& path : inputs.documents) {
+        Document read = ReadDocument(path);
         if (read.root.tag == "pieces")
             pieces.Add(read.root);
         else
             parts.push_back(std::move(read));
     }
+    for (const std::string& path : inputs.arrays)
+        pieces.Add(ReadArrayTable(path));
+    if (!inputs.vectors.empty())
+        parts.push_back(VectorDocument(ReadVectorTables(inputs.vectors)));
     std::string document = std::string(xmlDeclaration) + "\n<keywords>";
     for (Document& part : parts) {
         pieces.Expand(part.root);
@@ -71,10 +97,11 @@ std::string SourceOf(const std::string& variable, const std::string& packed)
 int main(int argc, char** argv)
 try {
     if (argc < 5) {
-        std::cerr << "usage: pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE...\n";
+        std::cerr << "usage: pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE.xml... [--vectors TABLE.txt...] "
+                     "[--arrays TABLE.txt...]\n";
         return 2;
     }
-    const std::string document = PutTogether({argv + 4, argv + argc});
+    const std::string document = PutTogether(InputsOf({argv + 4, argv + argc}));
     WriteText(argv[2], document);
     WriteText(argv[1], SourceOf(argv[3], Compress(document)));
     return 0;

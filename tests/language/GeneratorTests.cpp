@@ -1,46 +1,30 @@
+#include "tests/language/PackLanguage.h"
 #include "tests/metadata/MetadataText.h"
 #include "tests/support/Cases.h"
-#include "tests/support/Documents.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
-#include <regex>
 #include <string>
 
 using namespace Veld::Quor::Tests;
 
 namespace {
 
-std::string ReadFile(const std::filesystem::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-/// What the program prints, without the name of its folder, and whether it succeeds; `~` ends a line of the
-/// table.
-std::string MakeVectors(const std::string& table, const TemporaryDirectory& directory)
-{
-    directory.Write("rates.txt", std::regex_replace(table, std::regex("~"), "\n"));
-    const std::string command =
-        "cd '" + directory.Path().string() + "' && '" QUOR_MAKE_VECTORS "' out.xml rates.txt 2>errors";
-    const std::string status = std::system(command.c_str()) == 0 ? "made" : "refused";
-    return status + " " + ReadFile(directory.Path() / "errors");
-}
-
 class VectorTable : public testing::TestWithParam<Row> { };
+class ArrayTable : public testing::TestWithParam<Row> { };
+
+/// A document and the group of arrays that it has.
+std::string PackArrays(const std::string& table)
+{
+    return Pack({"<use piece='g'/>", "<piece name='cold'><isHidden/></piece>", {}, table});
+}
 
 } // namespace
 
 TEST_P(VectorTable, IsRefused)
 {
-    const TemporaryDirectory directory;
-    EXPECT_EQ(
-        MakeVectors(GetParam().xml, directory), "refused error: rates.txt:" + GetParam().expected + "\n");
-    EXPECT_FALSE(exists(directory.Path() / "out.xml"));
+    EXPECT_EQ(Pack({{}, {}, GetParam().xml, {}}), "error: vectors.txt:" + GetParam().expected + "\n");
 }
 
 INSTANTIATE_TEST_SUITE_P(Mistakes, VectorTable, testing::ValuesIn(Rows(R"(
@@ -48,7 +32,7 @@ UnknownPhase: OPR Oli - - - - F Rate of {}. => 1:5: unknown phase 'Oli'; known a
 UnknownFlow: OPR Oil In - - - F Rate of {}. => 1:9: unknown flow 'In'; known are - Production Injection
 UnknownFunction: ~OPR Oil - rate - - F Rate of {}. => 2:11: unknown function 'rate'; known are - Rate Total Historical
 UnknownOption: OPR Oil - Rate Aquifer - F Rate of {}. => 1:16: unknown option 'Aquifer'; known are - API Aqui Flow
-UnknownMode: # a~ ~  OPR Oil - Rate - cold F Rate of {}. => 3:20: unknown mode 'cold'; known are - blackoil compositional thermal
+UnknownMode: # a~ ~  OPR Oil - Rate - cold F Rate of {}. => 3:20: unknown piece 'cold'; define it in language/pieces
 UnknownEntity: OPR Oil - Rate - - F,X Rate of {}. => 1:22: unknown entity 'X'; known are General F G W C S B R R_ RF RF_ A LW LC LB
 NoEntityBehindAComma: OPR Oil - Rate - - F, Rate of {}. => 1:22: unknown entity ''; known are General F G W C S B R R_ RF RF_ A LW LC LB
 ShortLine: OPR Oil - Rate - - F  => 1:21: the line ends where its words should stand; it must have: stem phase flow function option mode entities words
@@ -59,67 +43,74 @@ LongName: OPRATES Oil - Rate - - F,LW Rate of {}. => 1:1: the name LWOPRATES has
 LongWildcard: OPRATES<tracer> Oil - Rate - - F Rate of {}. => 1:1: the name FOPRATES* has 9 characters; shorten the stem, since a name has at most 8
 NoRoomForFamilies: OPRHL Oil - Rate - - R,R_ Rate of {}. => 1:24: ROPRHL leaves no room for a family; R_ needs a stem that is no wildcard and has at most 4 characters
 WildcardOfFamilies: OP<tracer> Oil - Rate - - R_ Rate of {}. => 1:27: ROP leaves no room for a family; R_ needs a stem that is no wildcard and has at most 4 characters
-MadeTwice: OPR Oil - Rate - - F,G Rate of {}.~OPR Oil - - - - W,G Flow of {}. => 2:19: GOPR is made twice, first at rates.txt:1:22; remove one
+MadeTwice: OPR Oil - Rate - - F,G Rate of {}.~OPR Oil - - - - W,G Flow of {}. => 2:19: GOPR is made twice, first at vectors.txt:1:22; remove one
 WordsNoSentence: OPR Oil - Rate - - F Rate of {} => 1:22: the words must be a sentence, from a capital to a full stop
 WordsWithoutEntity: OPR Oil - Rate - - F,G Rate. => 1:24: the words must have {} where the entity stands, since the line has several
 NoEntityForWords: OPR Oil - Rate - - F,General Rate of {}. => 1:22: nothing of entity General can stand for the {} of the words
 )")),
     CaseName<Row>);
 
-TEST(VectorTables, GiveOneElementALine)
+TEST(VectorTables, GiveKeywords)
 {
-    const TemporaryDirectory directory;
-    EXPECT_EQ(MakeVectors("QR - - Rate Aqui compositional A Rate\tat <1 & {}.\r~", directory), "made ");
-    EXPECT_EQ(ReadFile(directory.Path() / "out.xml"), R"(<?xml version="1.0" encoding="UTF-8"?>
-<!-- The output vectors of the SUMMARY section. Made from the tables of language/summary. -->
-<keywords>
-  <keyword name="AQR">
-    <description>Rate	at &lt;1 &amp; each aquifer.</description>
-    <summaryMnemonic>
-      <category name="entity" val="Aquifer"/>
-      <category name="function" val="Rate"/>
-      <category name="option" val="Aqui"/>
-    </summaryMnemonic>
-    <validSimulators>
-      <simulator name="Dunmere"/>
-      <simulator name="Sedge"/>
-      <simulator name="Hallow"/>
-      <simulator name="Marlpit"/>
-      <simulator name="Ostrey"/>
-      <simulator name="Wend"/>
-      <simulator name="Tolmen"/>
-    </validSimulators>
-    <validOptions>
-      <option value="Compositional"/>
-      <option value="Thermal"/>
-    </validOptions>
-    <validSections>
-      <section name="SUMMARY"/>
-    </validSections>
-    <data>
-      <list termination="SLASH">
-        <description>The aquifers; all when the list is empty.</description>
-        <integer>
-          <description>Number of an aquifer.</description>
-          <min val="1"/>
-        </integer>
-      </list>
-    </data>
-  </keyword>
-</keywords>
-)");
+    EXPECT_EQ(Pack({{}, "<piece name='cold'><validOptions/></piece>",
+                  "QR - - Rate Aqui cold A Rate\tat <1 & {}.\r~", {}}),
+        R"(<keyword name="AQR"><description>Rate	at &lt;1 &amp; each aquifer.</description>)"
+        R"(<summaryMnemonic><category name="entity" val="Aquifer"/><category name="function" val="Rate"/>)"
+        R"(<category name="option" val="Aqui"/></summaryMnemonic><validOptions/>)"
+        R"(<validSections><section name="SUMMARY"/></validSections><data><list termination="SLASH">)"
+        R"(<description>The aquifers; all when the list is empty.</description><integer>)"
+        R"(<description>Number of an aquifer.</description><min val="1"/></integer></list></data></keyword>)");
 }
 
-TEST(VectorTables, MustBeThere)
+TEST_P(ArrayTable, IsRefused)
 {
-    EXPECT_EQ(std::system("'" QUOR_MAKE_VECTORS
-                          "' /none/out.xml 2>&1 | grep -qx 'usage: vectors OUTPUT.xml TABLE.txt...'"),
-        0);
-    EXPECT_EQ(std::system("'" QUOR_MAKE_VECTORS
-                          "' out.xml /none.txt 2>&1 | grep -qx \"error: /none.txt: can't be read\""),
-        0);
+    EXPECT_EQ(PackArrays(GetParam().xml), "error: arrays.txt:" + GetParam().expected + "\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(Mistakes, ArrayTable, testing::ValuesIn(Rows(R"(
+NoGroup: PORO GRID real 0..1 - - - - - Porosity. | One. => 1:1: the array belongs to no group; put it below a line such as [name of a group]
+OpenHeading: # a~[g => 2:1: expected a line such as [name of a group]
+EmptyHeading: [] => 1:1: expected a line such as [name of a group]
+ShortLine: [g]~PORO GRID real 0..1 => 2:20: the line ends where its quantity should stand; it must have: name sections type range quantity default mode needs cells words | value
+LowerCaseAlias: [g]~PERMX,permr GRID real 0.. - - - - - P. | P. => 2:7: expected the name of a keyword, or names with commas between them
+UnknownSection: [g]~PORO GRID,ROCK real 0..1 - - - - - P. | P. => 2:11: unknown section 'ROCK'; known are GRID EDIT PROPS REGIONS SOLUTION SCHEDULE
+UnknownType: [g]~PORO GRID double 0..1 - - - - - P. | P. => 2:11: unknown type 'double'; known are real integer
+NoRange: [g]~PORO GRID real 0 - - - - - P. | P. => 2:16: expected a range such as 0..1 or 0.., or -
+DotsAlone: [g]~PORO GRID real .. - - - - - P. | P. => 2:16: expected a range such as 0..1 or 0.., or -
+UnknownMode: [g]~PORO GRID real 0..1 - - col - - P. | P. => 2:25: unknown piece 'col'; did you mean 'cold'?
+UnknownCells: [g]~PORO GRID real 0..1 - - cold - fracture P. | P. => 2:32: unknown kind of cells 'fracture'; known are - matrix layers components
+OneSentence: [g]~PORO GRID real 0..1 - - cold - - Porosity. => 2:34: expected a sentence on the array and one on a value, with ' | ' between them
+UnusedGroup: [g]~PORO GRID real 0..1 - - cold - - P. | P.~[h] => 3:1: piece 'h' is never used; remove it, or write <use piece="h"/> where it belongs
+)")),
+    CaseName<Row>);
+
+TEST(ArrayTables, GiveKeywords)
+{
     EXPECT_EQ(
-        std::system("'" QUOR_MAKE_VECTORS
-                    "' /none/out.xml /dev/null 2>&1 | grep -qx \"error: /none/out.xml: can't be written\""),
-        0);
+        PackArrays(
+            "# Rock~[g]~PERMX,PERMR GRID,EDIT real 0..1 permeability 2 cold OIL,GAS matrix Flow. | One.~"
+            "MF* PROPS integer -  - - - - components F. | N.~"),
+        R"(<keyword name="PERMX"><description>Flow.</description><aliases><alias name="PERMR"/></aliases><isHidden/>)"
+        R"(<validSections><section name="GRID"/><section name="EDIT"/></validSections>)"
+        R"(<precedents><precedent name="OIL"/><precedent name="GAS"/></precedents><cell dualPorosityMatrixOnly="true"/>)"
+        R"(<data><list size="NX*NY*NZ" termination="SLASH" itemsDefaultable="true">)"
+        R"(<description>One value for each cell, in the order of the grid.</description><real><description>One.</description>)"
+        R"(<min val="0"/><max val="1"/><default type="specified" val="2"/><quantity name="permeability"/></real></list></data>)"
+        R"(</keyword><keyword name="MF*"><description>F.</description><validSections><section name="PROPS"/></validSections>)"
+        R"(<cell components="true"/><data><list size="NX*NY*NZ*NCOMPS" termination="SLASH">)"
+        R"(<description>One value for each cell, in the order of the grid.</description>)"
+        R"(<integer><description>N.</description></integer></list></data></keyword>)");
+}
+
+TEST(Packing, NeedsItsFiles)
+{
+    const auto says = [](const std::string& arguments, const std::string& text) {
+        const std::string command =
+            "'" QUOR_PACK_LANGUAGE "' " + arguments + " 2>&1 | grep -qx \"" + text + "\"";
+        return std::system(command.c_str()) == 0;
+    };
+    EXPECT_TRUE(says("/none/out.cpp", "usage: pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE.xml... .*"));
+    EXPECT_TRUE(says("out.cpp out.xml x /none.xml", "error: /none.xml: can't be read"));
+    EXPECT_TRUE(says("out.cpp out.xml x --arrays /none.txt", "error: /none.txt: can't be read"));
+    EXPECT_TRUE(says("out.cpp /none/out.xml x --arrays /dev/null", "error: /none/out.xml: can't be written"));
 }

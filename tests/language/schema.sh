@@ -1,16 +1,31 @@
 #!/bin/sh
-# Every document is valid against the schema, and the schema's XML form is what its source says.
+# Every document is valid against its schema, as it is written and as it is built, and the schemas' XML forms are
+# what their sources say.
 #
-#   schema.sh LANGUAGE FOLDER
+#   schema.sh LANGUAGE MAIN.xml FOLDER
 set -e
-schema=$1/schema/syntax
-made=$2/syntax.rng
-trang "$schema.rnc" "$made"
-cmp "$schema.rng" "$made" || { echo "syntax.rng is old: make schema"; exit 1; }
-jing "$schema.rng" "$1"/main/*.xml "$1"/trusted/*.xml
-# What the schema is there for: a misspelt name is told, with its line.
-for slip in 's/<real>/<rael>/' 's/identifier=/identifer=/' 's/name="SCHEDULE"/name="SCHEDUL"/'; do
-    sed "$slip" "$1/main/schedule-wells.xml" >"$made.slip.xml"
-    if cmp -s "$1/main/schedule-wells.xml" "$made.slip.xml"; then echo "nothing to spoil: $slip"; exit 1; fi
-    if jing "$schema.rng" "$made.slip.xml" >/dev/null; then echo "not told: $slip"; exit 1; fi
+written=$1/schema/written.rng
+built=$1/schema/syntax.rng
+made=$3/schema
+mkdir -p "$made"
+trang "$1/schema/written.rnc" "$made/written.rng"
+for form in written syntax; do
+    cmp "$1/schema/$form.rng" "$made/$form.rng" || { echo "$form.rng is old: make schema"; exit 1; }
 done
+jing "$written" "$1"/main/*.xml "$1"/pieces/*.xml "$1"/trusted/*.xml
+jing "$built" "$2" "$1"/trusted/*.xml
+
+# What a schema is there for: a misspelt name is reported, with its line.
+refuses() { # SCHEMA DOCUMENT MISTAKE...
+    schema=$1
+    document=$2
+    shift 2
+    for mistake; do
+        sed "$mistake" "$document" >"$made/mistake.xml"
+        if cmp -s "$document" "$made/mistake.xml"; then echo "nothing to spoil: $mistake"; exit 1; fi
+        if jing "$schema" "$made/mistake.xml" >/dev/null; then echo "not reported: $mistake"; exit 1; fi
+    done
+}
+refuses "$built" "$2" 's/<real>/<rael>/' 's/identifier=/identifer=/' 's/name="SCHEDULE"/name="SCHEDUL"/'
+refuses "$written" "$1/main/schedule-wells.xml" 's/<real /<rael /' 's/identifier=/identifer=/' 's/min="0"/mni="0"/' \
+    's/sections="SCHEDULE"/sections="SCHEDUL"/' 's/use piece=/use peice=/' 's/min="0"/min="none"/'
