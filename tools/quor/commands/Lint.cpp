@@ -142,7 +142,7 @@ Command MakeLintCommand(CLI::App& application)
     AddMaxFindingsOption(command, options->maxFindings, "");
     command.footer("With an error the load fails; with a warning it continues silently.\n\n"
                    "Examples:\n"
-                   "  quor lint language/main language/trusted\n"
+                   "  quor lint mine.xml documents/\n"
                    "  quor lint extra.xml --format gcc");
     Command made{&command, {}};
     made.runAlone = [options] { return RunLint(*options); };
