@@ -2,7 +2,7 @@
 
 .DEFAULT_GOAL := help
 .PHONY: help run test setup-run setup-test build-release build-test build-asan build-fuzz build-benchmark \
-    check-format check-release check-asan check-threads check-lint format schema benchmark fuzz install clean
+    check-format check-release check-asan check-threads check-lint format schema benchmark fuzz docs install clean
 
 SOURCES = $(shell find quor tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt)
@@ -87,6 +87,12 @@ fuzz: setup-test build-fuzz ## Run each fuzz target for FUZZ_SECONDS (60)
 
 schema: setup-test ## Generate the XML forms of the schemas from their sources
 	trang language/schema/written.rnc language/schema/written.rng
+
+docs: setup-test ## Build the reference of the public headers and the guides in build/docs/html
+	@mkdir -p build/docs
+	@doxygen docs/reference/Doxyfile 2>build/docs/warnings.txt || { cat build/docs/warnings.txt; exit 1; }
+	@! grep . build/docs/warnings.txt
+	@echo "see build/docs/html/index.html"
 
 PREFIX ?= /usr/local
 install: setup-run build-release ## Install the release below PREFIX (/usr/local)
