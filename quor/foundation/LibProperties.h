@@ -9,7 +9,7 @@ namespace Veld::Quor::Core::Keywords {
 /// both texts to empty ones, not to null. The texts are static.
 VELD_QUOR_EXPORT void getLibProperty(int index, const char*& name, const char*& value);
 
-/// 7
+/// How many properties there are: 7.
 VELD_QUOR_EXPORT int getNumLibProperties();
 
 } // namespace Veld::Quor::Core::Keywords

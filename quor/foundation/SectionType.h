@@ -10,6 +10,7 @@ namespace Veld::Quor::Core::Keywords {
 
 /// The sections of a deck, in the order in which they stand there.
 struct SectionType {
+    /// In the order of a deck, from 0; `None` stands apart.
     enum Enum : int {
         RUNSPEC = 0,
         GRID = 1,
@@ -28,11 +29,13 @@ struct SectionType {
     /// not exported.
     static const std::vector<Service::EnumInfo<SectionType>>& EnumInfos();
 
-    /// Exact, case included. For an unknown name the answer is value 0, and only `found`, which may be null,
-    /// tells.
+    /// Exact, case included, and not null. For an unknown name the answer is value 0, and only `found`, which
+    /// may be null, tells.
+    /// @{
     VELD_QUOR_EXPORT static Enum FromString(const std::string& name, bool* found = nullptr);
     VELD_QUOR_EXPORT static Enum FromString(const char* name, bool* found = nullptr);
-    /// Empty for a value that has no string form.
+    /// @}
+    /// Empty for a value that has no string form. Never freed.
     VELD_QUOR_EXPORT static const std::string& ToString(Enum value);
 };
 

@@ -1,3 +1,6 @@
+// Part of the implementation of ValidityMDImpl and UnsupportedByMDImpl: hosts use IValidityMD and
+// IUnsupportedByMD instead.
+
 #pragma once
 
 #include "quor/foundation/SimulatorModeType.h"
@@ -12,6 +15,7 @@ namespace Veld::Quor::Core::Keywords {
 class SimulatorModeFlags {
 public:
     SimulatorModeFlags() = default;
+    /// All flags are `value`, those of `SimulatorModeType::Any` too.
     explicit SimulatorModeFlags(bool value)
         : bits_(value ? all : 0)
     {
@@ -24,6 +28,7 @@ public:
         const std::uint64_t wanted = mode == SimulatorModeType::Any ? threeModes : std::uint64_t{1} << mode;
         return (bits_ >> Shift(simulator) & wanted) != 0;
     }
+    /// Whether some flag is set, one of `SimulatorModeType::Any` too.
     bool Any() const { return bits_ != 0; }
 
     /// Writes that one flag; for `SimulatorModeType::Any` too it is only its own bit.
@@ -38,8 +43,10 @@ public:
         bits_ = (bits_ & ~(std::uint64_t{allModes} << Shift(simulator)))
             | std::uint64_t{modes} << Shift(simulator);
     }
+    /// All flags at once.
     void Reset(bool value) { *this = SimulatorModeFlags(value); }
 
+    /// The four bits of a simulator, for `SetModes`.
     static constexpr unsigned allModes = 0xF;
 
 private:

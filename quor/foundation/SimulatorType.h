@@ -11,6 +11,7 @@ namespace Veld::Quor::Core::Keywords {
 
 /// The simulators of the family. The values index validity tables and never change.
 struct SimulatorType {
+    /// In the order of the rows; `Any` has none.
     enum Enum : int {
         Carrow = 0,
         Dunmere = 1,
@@ -29,11 +30,13 @@ struct SimulatorType {
     /// The rows in the order of the values; the same object on every call, never freed.
     VELD_QUOR_EXPORT static const std::vector<Service::EnumInfo<SimulatorType>>& EnumInfos();
 
-    /// Exact, case included. For an unknown name the answer is value 0, and only `found`, which may be null,
-    /// tells.
+    /// Exact, case included, and not null. For an unknown name the answer is value 0, and only `found`, which
+    /// may be null, tells.
+    /// @{
     VELD_QUOR_EXPORT static Enum FromString(const std::string& name, bool* found = nullptr);
     VELD_QUOR_EXPORT static Enum FromString(const char* name, bool* found = nullptr);
-    /// Empty for a value that has no string form.
+    /// @}
+    /// Empty for a value that has no string form. Never freed.
     VELD_QUOR_EXPORT static const std::string& ToString(Enum value);
     /// Whether the simulator can run in that mode at all. `SimulatorModeType::Any`: in some mode, which all
     /// can.

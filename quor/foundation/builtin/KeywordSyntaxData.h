@@ -11,13 +11,14 @@ class XMLDocument;
 
 namespace Veld::Quor::Core::KeywordSyntax {
 
-/// The built-in main syntax document, as a DOM document.
+/// The built-in main syntax document, as a DOM document. One thread at a time.
 class VELD_QUOR_EXPORT KeywordSyntaxData {
 public:
     KeywordSyntaxData();
     ~KeywordSyntaxData();
 
-    /// The document, which this object owns; made at the first call. Null if there is none.
+    /// The document, which this object owns, and with which it dies; unpacked at the first call. Null if the
+    /// library has none or can't unpack it.
     xercesc::DOMDocument* GetData();
 
 private:

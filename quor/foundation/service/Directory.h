@@ -10,12 +10,16 @@ namespace Veld::Quor::Core::Service {
 /// A directory on disk. An empty path is the current one.
 class VELD_QUOR_EXPORT Directory {
 public:
+    /// Keeps the path as it is; nothing is looked up.
     explicit Directory(const std::string& path);
     Directory(const Directory&);
     Directory& operator=(const Directory&);
     ~Directory();
 
+    /// As it was given.
     const std::string& GetPath() const { return path_; }
+    /// Whether there is a directory, links followed; false also if the system does not say. Throws nothing of
+    /// the file system.
     bool Exists() const;
 
     /// The names of the entries that the regular expression `pattern` (ECMAScript) is found in.

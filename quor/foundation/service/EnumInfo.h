@@ -9,8 +9,8 @@ namespace Veld::Quor::Core::Service {
 /// One row of an enumeration's table: `T` is the struct around the plain `Enum`.
 template <class T>
 struct EnumInfo {
-    typename T::Enum value;
-    std::string text;
+    typename T::Enum value; ///< at most one row each
+    std::string text; ///< the string form, in exact case
 };
 
 /// First row whose text equals `text`, byte for byte. Without one: `*found` is false and the answer is value

@@ -6,7 +6,8 @@
 
 namespace Veld::Quor::Core::Service {
 
-/// The value of an environment variable; empty if it isn't set.
+/// The value of an environment variable; empty if it isn't set. Not safe while another thread changes the
+/// environment.
 VELD_QUOR_EXPORT std::string GetEnvVariable(const std::string& name);
 
 } // namespace Veld::Quor::Core::Service

@@ -15,6 +15,7 @@ public:
     ~Exception() override;
 
 protected:
+    /// Only derived classes are thrown. Copies `message`.
     explicit Exception(const std::string& message);
 };
 

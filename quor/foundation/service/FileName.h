@@ -17,6 +17,7 @@ public:
     FileName& operator=(const FileName&);
     ~FileName();
 
+    /// Moves the name to another directory. The name itself stays.
     using Directory::operator=;
 
     /// Directory part and name joined; the name alone if there is no directory part.

@@ -11,6 +11,7 @@ namespace Veld::Quor::Core::Service {
 /// they differ in digits at most. Safe from any thread.
 class VELD_QUOR_EXPORT MessageCapper {
 public:
+    /// How many like messages pass until `SetLimit` says otherwise.
     static constexpr int DefaultLimit = 10;
 
     /// The process-wide capper; never null, never freed.

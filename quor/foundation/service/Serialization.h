@@ -17,6 +17,7 @@ public:
 class VELD_QUOR_EXPORT ISerializable {
 public:
     virtual ~ISerializable();
+    /// Transfers what the object consists of. What the serializer throws passes through.
     virtual void Serialize(Serializer& serializer) = 0;
 };
 

@@ -30,6 +30,7 @@ private:
 /// January 1900; without a time of day, midnight.
 class VELD_QUOR_EXPORT TimeFormat {
 public:
+    /// Keeps a copy of the format. An invalid one fails when a text is read.
     explicit TimeFormat(const std::string& format);
     TimeFormat(const TimeFormat&);
     TimeFormat(TimeFormat&&) noexcept;
@@ -37,6 +38,8 @@ public:
     TimeFormat& operator=(TimeFormat&&) noexcept;
     ~TimeFormat();
 
+    /// Binds the format to the time that is to be read: `stream >> format(time)`. This object and `time` must
+    /// outlive the result.
     BoundTimeFormat operator()(Time& time) const;
 
 private:

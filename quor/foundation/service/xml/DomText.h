@@ -5,7 +5,9 @@
 
 #include <string>
 
+/// @file
 /// Texts of a DOM document. Narrow strings are UTF-8, whatever the locale. No element may be null.
+
 namespace Veld::Quor::Core::Service::XML {
 
 /// Transcodes to UTF-8. The result is the calling thread's own and lasts to its next call; null gives an
@@ -17,6 +19,7 @@ VELD_QUOR_EXPORT std::string GetAttributeValue(const xercesc::DOMElement* elemen
 /// Whether the attribute is there and equals `value`.
 VELD_QUOR_EXPORT bool GetAttributeValueEqual(
     const xercesc::DOMElement* element, const XMLCh* attribute, const XMLCh* value);
+/// Whether the attribute is there, be it empty.
 VELD_QUOR_EXPORT bool AttributeExists(const xercesc::DOMElement* element, const XMLCh* attribute);
 /// Whether a direct child element has that tag.
 VELD_QUOR_EXPORT bool HasChildTagName(const xercesc::DOMElement* element, const XMLCh* tag);

@@ -4,10 +4,12 @@
 
 namespace Veld::Quor::Core::Service::XML {
 
+/// The XML platform of the process, which the libraries share with the host.
 class VELD_QUOR_EXPORT Initialise {
 public:
     /// Initialises the XML platform for the rest of the process; calls after the first do nothing. To be
-    /// called before any document is touched. Throws a `std::exception` if the platform can't be initialised.
+    /// called before any document is touched. Safe from any thread. Throws a `std::exception` if the platform
+    /// can't be initialised.
     static void Init();
 };
 

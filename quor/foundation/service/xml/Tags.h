@@ -7,6 +7,8 @@ namespace Veld::Quor::Core::Service::XML {
 /// The texts of the tags, attributes and attribute values of a syntax document, UTF-16 and never freed.
 class Tags {
 public:
+    /// The text of the tag, attribute or attribute value of that name.
+    /// @{
     static const XMLCh* Alias() { return u"alias"; }
     static const XMLCh* Aliases() { return u"aliases"; }
     static const XMLCh* Assignment() { return u"assignment"; }
@@ -87,6 +89,7 @@ public:
     static const XMLCh* Wildcard() { return u"wildcard"; }
     static const XMLCh* WriteStartingOnNewLine() { return u"writeStartingOnNewLine"; }
     static const XMLCh* WriteTerminationOnNewLine() { return u"writeTerminationOnNewLine"; }
+    /// @}
 };
 
 } // namespace Veld::Quor::Core::Service::XML

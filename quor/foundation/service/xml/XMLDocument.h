@@ -11,7 +11,8 @@ namespace Veld::Quor::Core::Service::XML {
 
 class XMLElement;
 
-/// Holds one DOM document and owns it: the document dies with the holder, or when another one is read.
+/// Holds one DOM document and owns it: the document dies with the holder, or when another one is read. One
+/// thread at a time; different objects are independent.
 ///
 /// Documents are read as from a stranger. Refused are: a document type declaration, and with it every entity
 /// but XML's own five; elements nested more than `MaxDepth` deep; elements with more than `MaxAttributes`
@@ -21,9 +22,12 @@ class XMLElement;
 /// encodings of Xerces-C++ are read.
 class VELD_QUOR_EXPORT XMLDocument {
 public:
+    /// What a document may have at most.
+    /// @{
     static constexpr unsigned MaxDepth = 256;
     static constexpr std::size_t MaxAttributes = 1'000;
     static constexpr std::size_t MaxBytes = std::size_t{1} << 30;
+    /// @}
 
     XMLDocument();
     /// A new document with a root element of that name. Throws a `std::exception` if it is no name.
@@ -43,10 +47,10 @@ public:
 
     /// Why a document was not read.
     struct Failure {
-        std::string reason;
+        std::string reason; ///< what the parser reports
         bool isLocated = false; ///< whether the line and the column, from 1, are known
-        std::size_t line = 0;
-        std::size_t column = 0;
+        std::size_t line = 0; ///< 0 if not known
+        std::size_t column = 0; ///< 0 if not known
     };
     /// The same for who wants the reason as a value: `failure` has it if null is returned, and nothing is
     /// logged.
@@ -55,7 +59,8 @@ public:
     /// The document held; null if there is none.
     xercesc::DOMDocument* GetDocument() const { return document_.get(); }
 
-    /// The root element of a document that is being written.
+    /// The root element of a document that is being written, which must be there. Lasts as long as the
+    /// document.
     XMLElement getRoot();
 
 private:
