@@ -10,6 +10,7 @@
 
 namespace Veld::Quor::Core::Keywords {
 
+/// The aliases of one choice, as `KeywordChoiceMDImpl` keeps them.
 class VELD_QUOR_EXPORT AliasesMDImpl : public IAliasesMD {
 public:
     /// An alias, and whether it is hidden: known, but not to be used any more.
@@ -21,7 +22,8 @@ public:
     /// In the order of the document.
     const std::vector<Alias>& GetAliasList() const { return aliases_; }
 
-    /// Adds the aliases of the element. Case is kept, so a name must stand in upper case to be matched.
+    /// Adds the aliases of the element. Case is kept, so a name must be in upper case to be matched. What it
+    /// does not know it ignores.
     void ReadXML(const xercesc::DOMElement* element);
 
 private:

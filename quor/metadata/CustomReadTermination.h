@@ -9,9 +9,10 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-/// One word that ends a list.
+/// One word that ends a list. Part of `CustomReadTermination`.
 class VELD_QUOR_EXPORT CustomReadStringTermination : public ICustomReadTermination {
 public:
+    /// The word is the text of the element, blanks included.
     explicit CustomReadStringTermination(const xercesc::DOMElement* element);
 
     /// Without regard to case. `matchFlag` becomes false on a match.
@@ -23,7 +24,7 @@ private:
     bool matchFlag_ = false;
 };
 
-/// Any of several words.
+/// Any of several words, as the document lists them; hosts read it through `ICustomReadTermination`.
 class VELD_QUOR_EXPORT CustomReadTermination : public ICustomReadTermination {
 public:
     /// Throws `Service::Exception` for a child that is no word.

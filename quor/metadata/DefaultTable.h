@@ -1,3 +1,6 @@
+// Part of the implementation of the scalar metadata: hosts use GetDefault, IsDefaultSpecified and
+// GetOverrideType of IKeywordItemMD and its family instead.
+
 #pragma once
 
 #include "quor/foundation/Export.h"
@@ -17,6 +20,7 @@ namespace Veld::Quor::Core::Keywords {
 
 /// What a document says of a default.
 struct DefaultType {
+    /// What the `type` attribute can say.
     enum Enum : int {
         None = 0, ///< nothing
         Calculated = 1,
@@ -33,7 +37,9 @@ struct DefaultType {
 template <class T>
 class DefaultTable {
 public:
+    /// Without a value: calculated.
     using Value = Service::Optional<T>;
+    /// All defaults by key; a key without a default is not in it.
     using Map = std::map<SimulatorType::Enum, Value>;
 
     DefaultTable() = default;
@@ -41,6 +47,7 @@ public:
     DefaultTable& operator=(const DefaultTable&) = default;
     /// Leaves `other` without defaults: its positions must not outlive its values.
     DefaultTable(DefaultTable&& other) noexcept { *this = std::move(other); }
+    /// As the move constructor.
     DefaultTable& operator=(DefaultTable&& other) noexcept
     {
         positions_ = std::exchange(other.positions_, 0);
@@ -50,19 +57,26 @@ public:
     }
     ~DefaultTable() = default;
 
+    /// Whether the key has a default, calculated ones included.
     bool Has(SimulatorType::Enum key) const { return Position(key) != 0; }
+    /// Without a value if the default is calculated or absent: `Has` tells which.
     Value Get(SimulatorType::Enum key) const
     {
         const unsigned position = Position(key);
         return position == 0 ? Value() : values_[position - 1];
     }
+    /// Replaces the default of the key. An override of it stays.
     void Set(SimulatorType::Enum key, const Value& value)
     {
         SetPosition(key, 0);
         SetPosition(key, PositionOf(value));
     }
+    /// The key has no default then. An override of it stays.
     void Erase(SimulatorType::Enum key) { SetPosition(key, 0); }
 
+    /// What the document says of the key in an override; `DefaultType::None` if it has none. Does not change
+    /// the default.
+    /// @{
     DefaultType::Enum GetOverride(SimulatorType::Enum key) const
     {
         return DefaultType::Enum(overrides_ >> OverrideShift(key) & 3U);
@@ -72,7 +86,9 @@ public:
         overrides_ &= ~(3U << OverrideShift(key));
         overrides_ |= static_cast<std::uint32_t>(type) << OverrideShift(key);
     }
+    /// @}
 
+    /// A copy of all defaults.
     Map ToMap() const
     {
         Map map;

@@ -4,7 +4,7 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-/// Other names of a choice; see `AliasesMDImpl`.
+/// Other names of a choice. Has no operations: only `AliasesMDImpl` lists them.
 class VELD_QUOR_EXPORT IAliasesMD {
 public:
     virtual ~IAliasesMD();

@@ -6,10 +6,13 @@
 
 namespace Veld::Quor::Core::Keywords {
 
+/// Yes or no.
 class VELD_QUOR_EXPORT IKeywordBooleanMD : public IKeywordItemMD {
 public:
     ~IKeywordBooleanMD() override;
 
+    /// For exactly `simulator`; without a value if it is calculated or absent. `IsDefaultSpecified` tells
+    /// which.
     virtual Service::Optional<bool> GetDefault(SimulatorType::Enum simulator) const = 0;
 };
 

@@ -1,3 +1,6 @@
+// Part of the implementation of the metadata: hosts that do not build metadata by code use IKeywordDataMD
+// instead.
+
 #pragma once
 
 #include "quor/foundation/Export.h"
@@ -13,8 +16,10 @@ public:
     virtual ~IKeywordDataMDInternal();
 
     /// The same object by its first base.
+    /// @{
     virtual IKeywordDataMD& MD() = 0;
     virtual const IKeywordDataMD& MD() const = 0;
+    /// @}
 };
 
 } // namespace Veld::Quor::Core::Keywords

@@ -19,8 +19,9 @@ class VELD_QUOR_EXPORT IKeywordItemMD : public IKeywordDataMD {
 public:
     ~IKeywordItemMD() override;
 
+    /// Whether there is a default, a value or a calculated one.
     virtual bool IsDefaultSpecified(SimulatorType::Enum simulator) const = 0;
-    /// Whether the simulator is one for which the keyword is valid.
+    /// Whether the simulator is one for which the keyword is valid. False for all in an assignment.
     virtual bool IsKeywordSupported(SimulatorType::Enum simulator) const = 0;
     /// Whether the document gives this simulator a default of its own.
     virtual bool hasOverride(SimulatorType::Enum simulator) const = 0;

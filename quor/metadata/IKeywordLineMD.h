@@ -8,11 +8,13 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-/// The rest of a line, as it stands.
+/// The rest of a line, as it is.
 class VELD_QUOR_EXPORT IKeywordLineMD : public IKeywordItemMD {
 public:
     ~IKeywordLineMD() override;
 
+    /// For exactly `simulator`; without a value if it is calculated or absent. `IsDefaultSpecified` tells
+    /// which.
     virtual Service::Optional<std::string> GetDefault(SimulatorType::Enum simulator) const = 0;
 };
 

@@ -15,9 +15,14 @@ public:
 
     /// Number of assignments that are no wildcards.
     virtual int GetSize() const = 0;
+    /// Number of wildcards.
     virtual int GetWildcardSize() const = 0;
+    /// Never null. Of the first `index` is below `GetSize()`, of the second below `GetWildcardSize()`.
+    /// @{
     virtual const IKeywordAssignmentMD* GetItemMD(int index) const = 0;
     virtual const IKeywordAssignmentMD* GetWildcardItemMD(int index) const = 0;
+    /// @}
+    /// `SLASH` if the document says nothing.
     virtual TerminationType::Enum GetTermination() const = 0;
 };
 

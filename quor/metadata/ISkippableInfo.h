@@ -8,8 +8,10 @@ namespace Veld::Quor::Core::Keywords {
 class VELD_QUOR_EXPORT ISkippableInfo {
 public:
     /// By zero-based item index; false for any item that is not marked.
+    /// @{
     virtual bool IsSkippableOnRead(unsigned int index) const = 0;
     virtual bool IsSkippableOnWrite(unsigned int index) const = 0;
+    /// @}
 
 protected:
     virtual ~ISkippableInfo();

@@ -12,6 +12,8 @@
 
 namespace Veld::Quor::Core::Keywords {
 
+/// Metadata of an assignment: hosts read them through `IKeywordAssignmentMD`, and need this class only to
+/// build metadata by code.
 class VELD_QUOR_EXPORT KeywordAssignmentMDImpl
     : public MDNode<IKeywordAssignmentMD, IKeywordDataMD::MDType::Assignment> {
 public:
@@ -39,11 +41,13 @@ public:
 
     /// Makes `text`, trimmed and in upper case, the only key.
     void SetKey(const std::string& text);
-    /// Replaces the keys, as they stand.
+    /// Replaces the keys, as they are.
     void SetKeys(const std::vector<std::string>& keys) { keys_ = keys; }
     /// Makes the assignment valid nowhere, whatever the argument.
     void SetValidity(bool valid);
+    /// Writes one flag. Never `SimulatorType::Any`: not checked.
     void SetValidity(SimulatorType::Enum simulator, bool valid);
+    /// Whether the keys are patterns; in a map it must be set before `KeywordMapMDImpl::AddItem`.
     void SetWildcard(bool wildcard) { wildcard_ = wildcard; }
 
     /// Fills a new object from its element. `simulators` are those of the keyword. Throws

@@ -10,6 +10,8 @@
 
 namespace Veld::Quor::Core::Keywords {
 
+/// Metadata of a boolean: hosts read them through `IKeywordBooleanMD`, and need this class only to build
+/// metadata by code.
 class VELD_QUOR_EXPORT KeywordBooleanMDImpl
     : public ScalarMD<IKeywordBooleanMD, IKeywordDataMD::MDType::Boolean, bool> {
 public:

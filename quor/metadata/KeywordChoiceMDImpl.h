@@ -15,14 +15,17 @@
 
 namespace Veld::Quor::Core::Keywords {
 
+/// Metadata of a choice: hosts read them through `IKeywordChoiceMD`, and need this class only to build
+/// metadata by code.
 class VELD_QUOR_EXPORT KeywordChoiceMDImpl
     : public ScalarMD<IKeywordChoiceMD, IKeywordDataMD::MDType::Choice, int> {
 public:
+    /// One word with all that belongs to it.
     struct ChoiceMD {
-        std::string text; // upper case if it came from a document
-        ValidityMDImpl validity{true};
-        UnsupportedByMDImpl unsupportedBy{false};
-        AliasesMDImpl aliases;
+        std::string text; ///< upper case if it came from a document
+        ValidityMDImpl validity{true}; ///< everywhere at first
+        UnsupportedByMDImpl unsupportedBy{false}; ///< nowhere at first
+        AliasesMDImpl aliases; ///< none at first
     };
 
     int NumChoices() const override { return static_cast<int>(choices_.size()); }
@@ -33,6 +36,7 @@ public:
     int GetIndex(const std::string& text, std::string& message) const override;
     ChoiceMatch Match(std::string_view text) const override;
 
+    /// By index; lasts until a choice is added.
     const std::vector<ChoiceMD>& GetChoices() const { return choices_; }
 
     /// Appends, whether or not there is a choice of that text; in matching the first one wins.

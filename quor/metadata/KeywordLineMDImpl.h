@@ -10,6 +10,8 @@
 
 namespace Veld::Quor::Core::Keywords {
 
+/// Metadata of a line: hosts read them through `IKeywordLineMD`, and need this class only to build metadata
+/// by code.
 class VELD_QUOR_EXPORT KeywordLineMDImpl
     : public ScalarMD<IKeywordLineMD, IKeywordDataMD::MDType::Line, std::string> {
 public:

@@ -12,15 +12,20 @@
 
 namespace Veld::Quor::Core::Keywords {
 
+/// Metadata of a list: hosts read them through `IKeywordListMD`, and need this class only to build metadata
+/// by code.
 class VELD_QUOR_EXPORT KeywordListMDImpl : public MDNode<IKeywordListMD, IKeywordDataMD::MDType::List> {
 public:
+    /// Without an item.
     KeywordListMDImpl();
+    /// Owns the item; null: none.
     explicit KeywordListMDImpl(std::unique_ptr<IKeywordDataMDInternal> item);
     ~KeywordListMDImpl() override;
     KeywordListMDImpl(const KeywordListMDImpl&) = delete;
     KeywordListMDImpl& operator=(const KeywordListMDImpl&) = delete;
 
     const IKeywordDataMD* GetItemMD() const override;
+    /// The same, to be changed while the metadata are built.
     IKeywordDataMD* GetItemMD();
     TerminationType::Enum GetTermination() const override { return termination_; }
     const ICustomReadTermination* GetCustomReadTermination() const override;
@@ -32,10 +37,14 @@ public:
     Service::Optional<bool> WriteStartingOnNewLine() const override { return startOnNewLine_; }
     Service::Optional<bool> WriteTerminationOnNewLine() const override { return terminationOnNewLine_; }
 
+    /// Overwrites what was read or set before; `ReadXML` overwrites it in turn.
     void SetTermination(TerminationType::Enum termination) { termination_ = termination; }
+    /// A count or an expression, as the document would give it. Not checked.
+    /// @{
     void SetSize(std::string&& size);
     void SetMinSize(std::string&& size);
     void SetMaxSize(std::string&& size);
+    /// @}
 
     /// Fills a new object from its element. `simulators` are those of the keyword. Throws
     /// `Service::Exception`.

@@ -14,6 +14,8 @@ namespace Veld::Quor::Core::Keywords {
 
 class KeywordAssignmentMDImpl;
 
+/// Metadata of a map: hosts read them through `IKeywordMapMD`, and need this class only to build metadata by
+/// code.
 class VELD_QUOR_EXPORT KeywordMapMDImpl : public MDNode<IKeywordMapMD, IKeywordDataMD::MDType::Map> {
 public:
     KeywordMapMDImpl();
@@ -25,13 +27,18 @@ public:
     int GetWildcardSize() const override { return static_cast<int>(items_.size() - namedCount_); }
     const IKeywordAssignmentMD* GetItemMD(int index) const override;
     const IKeywordAssignmentMD* GetWildcardItemMD(int index) const override;
+    /// The same, to be changed while the metadata are built.
+    /// @{
     KeywordAssignmentMDImpl* GetItemMD(int index);
     KeywordAssignmentMDImpl* GetWildcardItemMD(int index);
+    /// @}
     TerminationType::Enum GetTermination() const override { return termination_; }
 
+    /// `SLASH` at first.
     void SetTermination(TerminationType::Enum termination) { termination_ = termination; }
 
-    /// Takes its place behind the others of its sort: named assignments stand before wildcards.
+    /// Appends the assignment, which is not null, to the wildcards or to the others, as `IsWildcard` says
+    /// now.
     void AddItem(std::unique_ptr<KeywordAssignmentMDImpl> assignment);
 
     /// Fills a new object from its element. `simulators` are those of the keyword. Throws

@@ -9,6 +9,8 @@
 
 namespace Veld::Quor::Core::Keywords {
 
+/// Metadata of raw text: hosts read them through `IKeywordRawMD`, and need this class only to build metadata
+/// by code.
 class VELD_QUOR_EXPORT KeywordRawMDImpl : public MDNode<IKeywordRawMD, IKeywordDataMD::MDType::Raw> {
 public:
     std::string GetTerminationString() const override { return terminationString_; }

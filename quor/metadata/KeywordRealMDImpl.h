@@ -10,6 +10,8 @@
 
 namespace Veld::Quor::Core::Keywords {
 
+/// Metadata of a real: hosts read them through `IKeywordRealMD`, and need this class only to build metadata
+/// by code.
 class VELD_QUOR_EXPORT KeywordRealMDImpl
     : public NumericMD<IKeywordRealMD, IKeywordDataMD::MDType::Real, double> {
 public:

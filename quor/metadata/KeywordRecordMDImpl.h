@@ -16,6 +16,8 @@ class SkippableInfo;
 class UnsupportedByMDImpl;
 class ValidityMDImpl;
 
+/// Metadata of a record: hosts read them through `IKeywordRecordMD`, and need this class only to build
+/// metadata by code.
 class VELD_QUOR_EXPORT KeywordRecordMDImpl : public MDNode<IKeywordRecordMD, IKeywordDataMD::MDType::Record> {
 public:
     /// `inTable` is kept for hosts; the library always passes false.
@@ -33,18 +35,22 @@ public:
     ColumnConstraintType::Enum GetColumnConstraint(int index) const override;
     TerminationType::Enum GetTermination() const override { return termination_; }
     ISkippableInfo* GetSkippableInfo() const override;
+    /// `NONE` at first.
     virtual void SetTermination(TerminationType::Enum termination) { termination_ = termination; }
 
+    /// What the constructor was given.
     bool IsInTable() const { return inTable_; }
 
     /// Fills a new object from its element. `simulators` are those of the keyword. Throws
     /// `Service::Exception`.
     void ReadXML(const xercesc::DOMElement* element, const std::vector<SimulatorType::Enum>& simulators);
 
-    /// Reads one item and appends it. The flags tell whether a reader or a writer may skip it.
+    /// Reads one item and appends it. The flags tell whether a reader or a writer may skip it; only `ReadXML`
+    /// keeps them. Throws `Service::Exception`, and the record is then as it was.
     void AddItem(const xercesc::DOMElement* itemElement, unsigned int itemNumber, bool& skippableOnRead,
         bool& skippableOnWrite, const std::vector<SimulatorType::Enum>& simulators);
-    /// Appends an item made by code. Null for the last two: valid everywhere, unsupported nowhere.
+    /// Appends an item made by code, and owns it. The last two are copied; null: valid everywhere,
+    /// unsupported nowhere.
     void AddItem(std::unique_ptr<IKeywordDataMDInternal> metadata, bool optional,
         const ValidityMDImpl* validity, const UnsupportedByMDImpl* unsupportedBy);
 

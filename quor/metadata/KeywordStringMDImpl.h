@@ -10,6 +10,8 @@
 
 namespace Veld::Quor::Core::Keywords {
 
+/// Metadata of a string: hosts read them through `IKeywordStringMD`, and need this class only to build
+/// metadata by code.
 class VELD_QUOR_EXPORT KeywordStringMDImpl
     : public ScalarMD<IKeywordStringMD, IKeywordDataMD::MDType::String, std::string> {
 public:

@@ -9,9 +9,11 @@ namespace KeywordUtils {
 
 /// `MDType::None` for null.
 VELD_QUOR_EXPORT IKeywordDataMD::MDType::Enum GetMDType(const IKeywordDataMD* md);
-/// Whether it is a scalar; assignments are.
+/// Whether it is a scalar; assignments are, null is not.
+/// @{
 VELD_QUOR_EXPORT bool IsItemMDType(IKeywordDataMD::MDType::Enum type);
 VELD_QUOR_EXPORT bool IsItemMDType(const IKeywordDataMD* md);
+/// @}
 
 } // namespace KeywordUtils
 

@@ -7,6 +7,8 @@
 
 namespace Veld::Quor::Core::Keywords {
 
+/// Who accepts a record item or a choice without effect: hosts read it through `IUnsupportedByMD`, and need
+/// this class only to build metadata by code.
 class VELD_QUOR_EXPORT UnsupportedByMDImpl : public IUnsupportedByMD {
 public:
     /// Unsupported everywhere or nowhere.
@@ -24,6 +26,7 @@ public:
     {
         flags_.Set(simulator, mode, unsupported);
     }
+    /// Unsupported everywhere or nowhere.
     void Reset(bool unsupported) { flags_.Reset(unsupported); }
 
     /// Replaces what was there by the simulators that the element names, in all modes.

@@ -7,6 +7,8 @@
 
 namespace Veld::Quor::Core::Keywords {
 
+/// Where a record item or a choice is valid: hosts read it through `IValidityMD`, and need this class only to
+/// build metadata by code.
 class VELD_QUOR_EXPORT ValidityMDImpl : public IValidityMD {
 public:
     /// Valid everywhere or nowhere.
@@ -24,6 +26,7 @@ public:
     {
         flags_.Set(simulator, mode, valid);
     }
+    /// Valid everywhere or nowhere.
     void Reset(bool valid) { flags_.Reset(valid); }
 
     /// Replaces what was there by the simulators (in all modes) and the modes (for all simulators) that the

@@ -22,6 +22,7 @@ template <class... Visits>
 struct Overloaded : Visits... {
     using Visits::operator()...;
 };
+/// So that `Overloaded{...}` names no types.
 template <class... Visits>
 Overloaded(Visits...) -> Overloaded<Visits...>;
 
