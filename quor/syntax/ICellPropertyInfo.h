@@ -6,7 +6,8 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-/// What a keyword that gives a value for each grid cell says of that property.
+/// What a keyword that gives a value for each grid cell says of that property. Belongs to its
+/// `IKeywordSyntax`.
 class VELD_QUOR_EXPORT ICellPropertyInfo {
 public:
     /// The keyword's name unless the document says otherwise.

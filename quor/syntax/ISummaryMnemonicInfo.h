@@ -6,14 +6,18 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-/// What a summary vector reports, by five categories; without a value where the document gives none.
+/// What a summary vector reports, by five categories; without a value where the document gives none. Belongs
+/// to its `IKeywordSyntax`.
 class VELD_QUOR_EXPORT ISummaryMnemonicInfo {
 public:
+    /// The value of that category.
+    /// @{
     virtual Service::Optional<SummaryFunction::Enum> GetFunction() const = 0;
     virtual Service::Optional<SummaryEntity::Enum> GetEntity() const = 0;
     virtual Service::Optional<SummaryOption::Enum> GetOption() const = 0;
     virtual Service::Optional<SummaryPhase::Enum> GetPhase() const = 0;
     virtual Service::Optional<SummaryFlow::Enum> GetFlow() const = 0;
+    /// @}
 
 protected:
     virtual ~ISummaryMnemonicInfo();

@@ -18,19 +18,24 @@ class VELD_QUOR_EXPORT KeywordSyntaxEnumerator {
 public:
     /// Stands before the first stop.
     explicit KeywordSyntaxEnumerator(KeywordSyntaxLookupTable& table);
+    /// A copy is at the same stop, and walks on independently. A moved-from one may only be destroyed or
+    /// assigned to.
+    /// @{
     KeywordSyntaxEnumerator(const KeywordSyntaxEnumerator& other);
     KeywordSyntaxEnumerator(KeywordSyntaxEnumerator&& other) noexcept;
     KeywordSyntaxEnumerator& operator=(const KeywordSyntaxEnumerator& other);
     KeywordSyntaxEnumerator& operator=(KeywordSyntaxEnumerator&& other) noexcept;
+    /// @}
     ~KeywordSyntaxEnumerator();
 
-    /// Goes on to the next entry that is not hidden under the name it is reached by; false at the end.
+    /// Moves to the next entry that is not hidden under the name it is reached by; false at the end.
     bool Next() { return NextX(false); }
     /// The same with hidden ones.
     bool NextWithHidden() { return NextX(true); }
 
-    /// The name under which the entry was reached, and its syntax. Only after `Next` gave true; the same
-    /// object is filled anew by each `Next`.
+    /// The name under which the entry was reached, and its syntax. Only after `Next` returned true. Never
+    /// null; the object and the name are the enumerator's, and each `Next` overwrites them. The syntax is the
+    /// table's.
     std::pair<const std::string*, IKeywordSyntax*>* Current() { return &current_; }
 
     /// Back to before the first stop.

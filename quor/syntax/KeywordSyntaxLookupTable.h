@@ -19,6 +19,7 @@ namespace Veld::Quor::Core::Keywords {
 /// is safe while nobody adds.
 class VELD_QUOR_EXPORT KeywordSyntaxLookupTable {
 public:
+    /// What one name stands for, in the order of adding.
     using Syntaxes = std::vector<std::shared_ptr<const IKeywordSyntax>>;
 
     KeywordSyntaxLookupTable();

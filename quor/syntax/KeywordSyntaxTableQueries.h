@@ -11,17 +11,24 @@ class IKeywordListMD;
 class IKeywordSyntax;
 
 /// Questions over the whole table, each answered by a walk over all its visible keywords. A cell property
-/// counts only if its data are a list. The order of a set is that of the addresses.
+/// counts only if its data are a list. The order of a set is that of the addresses. The syntaxes are those of
+/// `KeywordSyntaxTable::Instance()`, which the first question loads, and throws what that throws.
 class VELD_QUOR_EXPORT KeywordSyntaxTableQueries {
 public:
+    /// What the elements of the list are.
     struct PropertyValueType {
+        /// `Any`: whatever they are.
         enum Enum : int { Integer = 0, Real = 1, Any = 2 };
     };
+    /// The table's; they die with it.
     using Keywords = std::set<const IKeywordSyntax*>;
 
+    /// All, those of integers, those of reals.
+    /// @{
     static Keywords GetCellProperties();
     static Keywords GetIntCellProperties();
     static Keywords GetRealCellProperties();
+    /// @}
     /// Empty for a measurement that no item has.
     static Keywords GetRealCellPropertiesByMeasurement(const std::string& measurement);
 

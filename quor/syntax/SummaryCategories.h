@@ -11,6 +11,7 @@ namespace Veld::Quor::Core::Keywords {
 
 /// What a vector reports on.
 struct SummaryEntity {
+    /// In the order of the names.
     enum Enum : int {
         Aquifer = 0,
         AquiferGradient = 1,
@@ -33,49 +34,71 @@ struct SummaryEntity {
         Well = 18,
         WellGradient = 19,
     };
+    /// The name, as `ToString` gives it: with blanks ("Aquifer Gradient"). Exact, case included, and not
+    /// null. For an unknown text the answer is value 0, and only `found`, which may be null, tells.
+    /// @{
     VELD_QUOR_EXPORT static Enum FromString(const std::string& text, bool* found = nullptr);
     VELD_QUOR_EXPORT static Enum FromString(const char* text, bool* found = nullptr);
+    /// @}
+    /// The name for people; empty for a value that has none. Never freed.
     VELD_QUOR_EXPORT static const std::string& ToString(Enum value);
 };
 
 /// Which way the flow goes.
 struct SummaryFlow {
+    /// In the order of the names.
     enum Enum : int {
         Injection = 0,
         Production = 1,
     };
+    /// As `SummaryEntity::FromString`.
+    /// @{
     VELD_QUOR_EXPORT static Enum FromString(const std::string& text, bool* found = nullptr);
     VELD_QUOR_EXPORT static Enum FromString(const char* text, bool* found = nullptr);
+    /// @}
+    /// The name for people; empty for a value that has none. Never freed.
     VELD_QUOR_EXPORT static const std::string& ToString(Enum value);
 };
 
 /// What a vector tells of a quantity.
 struct SummaryFunction {
+    /// In the order of the names.
     enum Enum : int {
         Historical = 0,
         Rate = 1,
         Total = 2,
     };
+    /// As `SummaryEntity::FromString`.
+    /// @{
     VELD_QUOR_EXPORT static Enum FromString(const std::string& text, bool* found = nullptr);
     VELD_QUOR_EXPORT static Enum FromString(const char* text, bool* found = nullptr);
+    /// @}
+    /// The name for people; empty for a value that has none. Never freed.
     VELD_QUOR_EXPORT static const std::string& ToString(Enum value);
 };
 
 /// The option of the simulator that a vector belongs to.
 struct SummaryOption {
+    /// In the order of the names.
     enum Enum : int {
         API = 0,
         Aquifer = 1,
         ConductiveFault = 2,
         Flow = 3,
     };
+    /// As `SummaryEntity::FromString`, except that documents write "Aqui" for the aquifer, and "Aquifer" is
+    /// unknown.
+    /// @{
     VELD_QUOR_EXPORT static Enum FromString(const std::string& text, bool* found = nullptr);
     VELD_QUOR_EXPORT static Enum FromString(const char* text, bool* found = nullptr);
+    /// @}
+    /// The name for people; empty for a value that has none. Never freed.
     VELD_QUOR_EXPORT static const std::string& ToString(Enum value);
 };
 
 /// The phase that a vector concerns.
 struct SummaryPhase {
+    /// In the order of the names.
     enum Enum : int {
         Gas = 0,
         Liquid = 1,
@@ -83,8 +106,12 @@ struct SummaryPhase {
         Volume = 3,
         Water = 4,
     };
+    /// As `SummaryEntity::FromString`.
+    /// @{
     VELD_QUOR_EXPORT static Enum FromString(const std::string& text, bool* found = nullptr);
     VELD_QUOR_EXPORT static Enum FromString(const char* text, bool* found = nullptr);
+    /// @}
+    /// The name for people; empty for a value that has none. Never freed.
     VELD_QUOR_EXPORT static const std::string& ToString(Enum value);
 };
 
