@@ -18,16 +18,21 @@ class PathAliases;
 /// anew are refused. `GetTime`, `Advance` and `AddPathAliases` look nothing up and serve each table.
 class VELD_QUOR_EXPORT DataAccessUtils {
 public:
-    /// The text, without a value if the deck gave none; a reference into the data. These, and the four below,
-    /// throw `Service::Exception` for null and for data of another keyword.
+    /// The text, without a value if the deck gave none; a reference into the data. Throws
+    /// `Service::Exception` for null and for data of another keyword.
+    /// @{
     static const Service::Optional<std::string>& GetINCLUDEFileName(const IKeywordData* data);
     static const Service::Optional<std::string>& GetMESSAGEText(const IKeywordData* data);
     static const Service::Optional<std::string>& GetGDFILEName(const IKeywordData* data);
     static const Service::Optional<std::string>& GetTOLGRIDName(const IKeywordData* data);
+    /// @}
+    /// Replaces the text by a copy of `value`. Throws as the getters do.
+    /// @{
     static void SetINCLUDEFileName(IKeywordData* data, const std::string& value);
     static void SetMESSAGEText(IKeywordData* data, const std::string& value);
     static void SetGDFILEName(IKeywordData* data, const std::string& value);
     static void SetTOLGRIDName(IKeywordData* data, const std::string& value);
+    /// @}
 
     /// `Service::Time::MinTime()` for a date that can't be read. Throws `Service::Exception` for null and for
     /// data of another keyword, as `GetTimesFromDATES`.
@@ -48,7 +53,8 @@ public:
     /// `time` and `units` of `ticksPerUnit` each, cut to whole ticks. Undefined if `time` is.
     static Service::Time Advance(const Service::Time& time, long long ticksPerUnit, double units);
 
-    /// `data` is a list of records whose first two items are alias and path.
+    /// Enters each record of `data`, a list of records whose first two items are alias and path; not null,
+    /// and neither is checked. An item that is not given counts as empty.
     static void AddPathAliases(const IKeywordData* data, PathAliases& aliases);
 
 private:

@@ -25,10 +25,11 @@ class IKeywordData;
 template <class Data>
 class VELD_QUOR_EXPORT DataIteratorOf {
 public:
+    /// Where the walk is.
     struct ValueType {
         /// At a container the `IKeywordData` itself; else the scalar.
         std::conditional_t<std::is_const_v<Data>, const void*, void*> value;
-        const IKeywordDataMD* md;
+        const IKeywordDataMD* md; ///< of the stop, the table's
         /// Whether `value` is a `Service::Optional` (an item of a record, a value of a map), and not a plain
         /// value (an element of a list) or a container.
         bool isOptional;
@@ -43,17 +44,20 @@ public:
     DataIteratorOf(const DataIteratorOf&) = delete;
     DataIteratorOf& operator=(const DataIteratorOf&) = delete;
 
-    /// Moves on; harmless at the end.
+    /// Moves on; does nothing at the end. Throws nothing of its own.
     DataIteratorOf& operator++()
     {
         Next();
         return *this;
     }
-    /// The stop, as a pointer; null at the end. It is filled anew by each step.
+    /// The stop, as a pointer into the iterator; null at the end. Each step overwrites it.
+    /// @{
     const ValueType* operator*() const { return current_.value ? &current_ : nullptr; }
     const ValueType* operator->() const { return **this; }
+    /// @}
 
     /// At the same stop of the same tree; at the end, if one of them is an end as `End()` gives it.
+    /// @{
     friend bool operator==(const DataIteratorOf& a, const DataIteratorOf& b)
     {
         if (!a.root_ || !b.root_)
@@ -61,7 +65,9 @@ public:
         return a.IsSameStop(b);
     }
     friend bool operator!=(const DataIteratorOf& a, const DataIteratorOf& b) { return !(a == b); }
+    /// @}
 
+    /// The end of every walk; one object for the whole process.
     static const DataIteratorOf& End();
 
 private:
@@ -88,7 +94,9 @@ private:
 extern template class DataIteratorOf<const IKeywordData>;
 extern template class DataIteratorOf<IKeywordData>;
 
+/// Reads.
 using ConstDataIterator = DataIteratorOf<const IKeywordData>;
+/// Reads, and may write the values it stops at.
 using DataIterator = DataIteratorOf<IKeywordData>;
 
 } // namespace Veld::Quor::Core::Keywords

@@ -12,8 +12,11 @@ namespace Veld::Quor::Core::Keywords {
 template <class T>
 class ArrayView {
 public:
+    /// For generic code, as in a container.
+    /// @{
     using value_type = T;
     using const_iterator = const T*;
+    /// @}
 
     /// `data` is the first of all elements of `list`.
     ArrayView(const T* data, const IKeywordListData& list)
@@ -23,11 +26,17 @@ public:
     {
     }
 
+    /// Null for an empty list.
     const T* data() const { return data_; }
+    /// As it was when the view was made.
     std::size_t size() const { return size_; }
+    /// Whether there are no elements.
     bool empty() const { return size_ == 0; }
+    /// The elements in order.
+    /// @{
     const T* begin() const { return data_; }
     const T* end() const { return data_ + size_; }
+    /// @}
     /// Not checked, as in an array; `ValueAt` is.
     const T& operator[](std::size_t i) const { return data_[i]; }
 
@@ -45,28 +54,38 @@ private:
 template <class List>
 class RecordRange {
 public:
+    /// Const as the list is.
     using Record = std::conditional_t<std::is_const_v<List>, const IKeywordRecordData, IKeywordRecordData>;
 
+    /// A position in the list. Lasts until records are added or removed.
     class Iterator {
     public:
+        /// At `index`, which is not checked.
         Iterator(List& list, std::size_t index)
             : list_(&list)
             , index_(index)
         {
         }
+        /// The record, which the list owns. Not past the last.
+        /// @{
         Record& operator*() const
         {
             using Node = std::conditional_t<std::is_const_v<List>, const IKeywordData, IKeywordData>;
             return static_cast<Record&>(*static_cast<Node*>(list_->GetData(index_)));
         }
         Record* operator->() const { return &**this; }
+        /// @}
+        /// The next record.
         Iterator& operator++()
         {
             ++index_;
             return *this;
         }
+        /// By position; both are of one list.
+        /// @{
         bool operator==(const Iterator& other) const { return index_ == other.index_; }
         bool operator!=(const Iterator& other) const { return index_ != other.index_; }
+        /// @}
 
     private:
         List* list_;
@@ -78,9 +97,14 @@ public:
         : list_(&list)
     {
     }
+    /// The records in order.
+    /// @{
     Iterator begin() const { return Iterator(*list_, 0); }
     Iterator end() const { return Iterator(*list_, size()); }
+    /// @}
+    /// Asked of the list each time.
     std::size_t size() const { return static_cast<std::size_t>(list_->GetSize()); }
+    /// Whether there are no records.
     bool empty() const { return size() == 0; }
 
 private:

@@ -1,3 +1,5 @@
+// Part of the implementation of KeywordListData: hosts use IKeywordListData instead.
+
 #pragma once
 
 #include <cstddef>
@@ -10,11 +12,13 @@ namespace Veld::Quor::Core::Keywords {
 /// are false, so a list without defaulted elements pays nothing.
 class DefaultedFlags {
 public:
+    /// Any index may be asked.
     bool Get(std::size_t i) const
     {
         return i / bits < words_.size() && (words_[i / bits] >> i % bits & 1U) != 0;
     }
 
+    /// Makes room if the flag is true.
     void Set(std::size_t i, bool flag)
     {
         if (!flag && i / bits >= words_.size())
@@ -35,8 +39,10 @@ public:
         }
     }
 
+    /// All are false then.
     void Clear() { words_.clear(); }
 
+    /// Whether some flag is set.
     bool Any() const
     {
         for (const Word word : words_) {

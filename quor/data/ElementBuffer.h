@@ -1,3 +1,5 @@
+// Part of the implementation of KeywordListData: hosts use IKeywordListData instead.
+
 #pragma once
 
 #include <cstddef>
@@ -26,14 +28,20 @@ class PlainElementBuffer {
 
 public:
     PlainElementBuffer() = default;
+    /// Throws `std::bad_alloc`, as all that grows it.
     PlainElementBuffer(const PlainElementBuffer& other) { Append(other.elements_, other.size_); }
     PlainElementBuffer& operator=(const PlainElementBuffer&) = delete;
     ~PlainElementBuffer() { std::free(elements_); }
 
+    /// How many elements there are.
     std::size_t Size() const { return size_; }
+    /// The first element; may be null if there are none. Lasts until the buffer grows.
+    /// @{
     T* Data() { return elements_; }
     const T* Data() const { return elements_; }
+    /// @}
 
+    /// Room for at least `capacity` elements; never less than before.
     void Reserve(std::size_t capacity)
     {
         if (capacity <= capacity_)
@@ -46,6 +54,7 @@ public:
         elements_ = static_cast<T*>(moved);
         capacity_ = capacity;
     }
+    /// Returns the new element. `value` may be one of the elements.
     T* Append(const T& value)
     {
         const T copy = value; // it may be one of the elements
@@ -66,11 +75,13 @@ public:
         std::memcpy(elements_ + size_, own ? elements_ + offset : values, count * sizeof(T));
         size_ += count;
     }
+    /// Later elements move down by one. The index is not checked.
     void Remove(std::size_t i)
     {
         std::memmove(elements_ + i, elements_ + i + 1, (size_ - i - 1) * sizeof(T));
         --size_;
     }
+    /// Keeps the room.
     void Clear() { size_ = 0; }
 
 private:
@@ -89,11 +100,17 @@ private:
 template <class T>
 class ObjectElementBuffer {
 public:
+    /// How many elements there are.
     std::size_t Size() const { return elements_.size(); }
+    /// The first element; may be null if there are none. Lasts until the buffer grows.
+    /// @{
     T* Data() { return elements_.data(); }
     const T* Data() const { return elements_.data(); }
+    /// @}
 
+    /// Room for at least `capacity` elements; never less than before.
     void Reserve(std::size_t capacity) { elements_.reserve(capacity); }
+    /// Returns the new element. `value` may be one of the elements.
     T* Append(const T& value)
     {
         if (elements_.size() < elements_.capacity()) {
@@ -105,6 +122,7 @@ public:
         }
         return &elements_.back();
     }
+    /// The values may be a part of the buffer itself. What throws leaves the elements as they were.
     void Append(const T* values, std::size_t count)
     {
         // All copies first: what fails then leaves the elements as they were. The values may be among them.
@@ -112,13 +130,16 @@ public:
         elements_.insert(
             elements_.end(), std::make_move_iterator(copies.begin()), std::make_move_iterator(copies.end()));
     }
+    /// Later elements move down by one. The index is not checked.
     void Remove(std::size_t i) { elements_.erase(elements_.begin() + static_cast<std::ptrdiff_t>(i)); }
+    /// Keeps the room.
     void Clear() { elements_.clear(); }
 
 private:
     std::vector<T> elements_;
 };
 
+/// The one of the two that fits `T`.
 template <class T>
 using ElementBuffer =
     std::conditional_t<std::is_trivially_copyable_v<T>, PlainElementBuffer<T>, ObjectElementBuffer<T>>;

@@ -20,15 +20,18 @@ public:
     virtual IKeywordData* Clone() const = 0;
     /// False for every class of the library.
     virtual bool ReservedQuery() const = 0;
-    /// `KeywordDataEqual`
+    /// `KeywordDataEqual` of the two; throws what that throws.
     virtual bool operator==(const IKeywordData& other) const = 0;
     /// The node that this one mirrors. Data of different nodes are never equal, however alike the nodes are.
     virtual const IKeywordDataMD* GetMD() const = 0;
+    /// The keyword; the same for all nodes of a tree.
     virtual const IKeywordSyntax* GetSyntax() const = 0;
 
+    /// The same copy, owned from the start.
     std::unique_ptr<IKeywordData> CloneSafely() const { return std::unique_ptr<IKeywordData>(Clone()); }
 
 protected:
+    /// For derived classes alone.
     IKeywordData();
     IKeywordData(const IKeywordData&);
     IKeywordData& operator=(const IKeywordData&);

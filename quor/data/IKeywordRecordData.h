@@ -14,13 +14,18 @@ class VELD_QUOR_EXPORT IKeywordRecordData : public IKeywordData {
 public:
     ~IKeywordRecordData() override;
 
+    /// Number of items, which is that of the metadata.
     virtual int GetSize() const = 0;
+    /// The item; see above for what it is. Lasts as long as the record, whatever is written.
+    /// @{
     virtual void* GetData(int i) = 0;
     virtual const void* GetData(int i) const = 0;
+    /// @}
     /// True for every class of the library.
     virtual bool ReservedRecordQuery() const = 0;
 
 protected:
+    /// For derived classes alone.
     IKeywordRecordData();
     IKeywordRecordData(const IKeywordRecordData&);
     IKeywordRecordData& operator=(const IKeywordRecordData&);
