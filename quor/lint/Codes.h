@@ -7,7 +7,8 @@
 
 namespace Veld::Quor::Core::Lint {
 
-/// What can be wrong with a syntax document.
+/// What can be wrong with a syntax document; `InfoOf` has the meaning of each. The numbers may change from
+/// version to version, the names of `CodeInfo` do not.
 enum class Code {
     NotWellFormed,
     NoKeyword,
@@ -68,18 +69,20 @@ enum class Code {
     CellWithoutList,
     BlankFormat,
     UnseenIdentifier,
-    Count,
+    Count, ///< no code: how many there are
 };
 
+/// What is fixed of a code.
 struct CodeInfo {
-    Code code;
+    Code code; ///< the position of the row
     const char* name; ///< stable; programs can rely on it
     Core::Decks::Severity severity; ///< an error if the load fails
     const char* meaning; ///< one sentence
 };
 
-/// One row for each code, in the order of the codes.
+/// One row for each code, in the order of the codes. Lasts as long as the process.
 VELD_QUOR_EXPORT const std::vector<CodeInfo>& Codes();
+/// The row of the code; never `Code::Count`.
 VELD_QUOR_EXPORT const CodeInfo& InfoOf(Code code);
 
 } // namespace Veld::Quor::Core::Lint

@@ -16,8 +16,10 @@ class IKeywordMapMD;
 /// metadata are the table's.
 class VELD_QUOR_EXPORT KeywordDataMDProcessor : public IVariableProcessor {
 public:
+    /// One variable at one node of metadata.
     class VELD_QUOR_EXPORT Item {
     public:
+        /// `md` is the table's; the item does not own it.
         Item(const std::string& variableName, const IKeywordDataMD* md);
         Item(const Item&);
         Item(Item&&) noexcept;
@@ -27,7 +29,10 @@ public:
 
         /// With its "$".
         const std::string& VariableName() const { return variableName_; }
+        /// Of the element, the item of the record or the assignment that holds the variable; dies with the
+        /// table.
         const IKeywordDataMD* MD() const { return md_; }
+        /// By name, then by the address of the metadata.
         bool operator<(const Item& other) const;
 
     private:
@@ -42,6 +47,7 @@ public:
     KeywordDataMDProcessor& operator=(KeywordDataMDProcessor&&) noexcept;
     ~KeywordDataMDProcessor() override;
 
+    /// All that was collected so far. Lasts as long as the processor; further walks add to it.
     const std::set<Item>& GetData() const { return data_; }
 
 private:

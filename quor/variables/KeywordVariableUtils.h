@@ -8,6 +8,7 @@ class IKeywordData;
 class IKeywordVariables;
 class IVariableProcessor;
 
+/// The walk that finds variables.
 class VELD_QUOR_EXPORT KeywordVariableUtils {
 public:
     /// Hands each node of the tree that has variables to the processor, in pre-order. Below a list that has

@@ -7,11 +7,13 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-/// A text with variables in it: words that start with "$" and end before one of `$ \t\n.*\/`. What stands
-/// behind two hyphens, up to the end of the line, is a comment and holds none.
+/// A text with variables in it: words that start with "$" and end before a "$", a space, a tab, a line feed,
+/// a dot, an asterisk, a slash or a backslash. What is after two hyphens, up to the end of the line, is a
+/// comment and holds none.
 class VELD_QUOR_EXPORT VariablesString {
 public:
     VariablesString();
+    /// Copies the text and finds its variables.
     explicit VariablesString(const std::string& text);
     VariablesString(const VariablesString&);
     VariablesString(VariablesString&&) noexcept;
@@ -19,6 +21,7 @@ public:
     VariablesString& operator=(VariablesString&&) noexcept;
     ~VariablesString();
 
+    /// The text as it was given.
     const std::string& GetString() const { return text_; }
 
     /// The variables with their "$", in the order in which they stand, as often as they stand.
