@@ -12,7 +12,7 @@ class IKeywordSyntax;
 
 /// Questions over the whole table, each answered by a walk over all its visible keywords. A cell property
 /// counts only if its data are a list. The order of a set is that of the addresses. The syntaxes are those of
-/// `KeywordSyntaxTable::Instance()`, which the first question loads, and throws what that throws.
+/// `KeywordSyntaxTable::Instance()`; each question throws what that throws.
 class VELD_QUOR_EXPORT KeywordSyntaxTableQueries {
 public:
     /// What the elements of the list are.

@@ -59,8 +59,7 @@ public:
 class VELD_QUOR_EXPORT IVariableProcessor {
 public:
     virtual ~IVariableProcessor();
-    /// Called once for each node that has variables; neither argument may be kept. What it throws ends the
-    /// walk and reaches its caller.
+    /// Called once for each node that has variables. What it throws ends the walk and reaches its caller.
     virtual void Process(const IKeywordData& data, const IKeywordDataVariables& variables) = 0;
 };
 
