@@ -101,9 +101,9 @@ void DeckEditor::Set(const ValuePlace& place, const NewValue* value)
     const KeywordInstance& keyword = contents.keywords[index];
     const auto scalar = keyword.data ? FindScalar(*keyword.data, place.path) : std::nullopt;
     if (!scalar)
-        throw AddressError(fmt::format("{} has no value at the path of the place", place.keyword.GetName()));
+        throw AddressError(fmt::format("{} has no value at this path", place.keyword.GetName()));
     if (!place.range)
-        throw EditError(fmt::format("errors in {} hide where its values stand", place.keyword.GetName()));
+        throw EditError(fmt::format("errors in {} hide where its values are", place.keyword.GetName()));
     const auto word = value ? MakeNewWord(keyword, place.path, *value)
                             : MakeDefaultWord(keyword, place.path, contents.target);
     const std::string* const variable = keyword.notes->variables
@@ -183,8 +183,8 @@ void DeckEditor::AddKeywordInStep(std::size_t step, std::string_view text)
     const std::vector<ReportStep>& steps = deck_.GetSteps();
     const std::size_t opener = steps[step].keyword;
     if (step + 1 < steps.size() && steps[step + 1].keyword == opener)
-        throw EditError(fmt::format(
-            "the {} that leads to the report step leads to later ones too", deck_[opener].GetName()));
+        throw EditError(
+            fmt::format("the {} of the report step leads to later steps too", deck_[opener].GetName()));
     if (step + 1 < steps.size() && !keywords.empty() && keywords.back().GetIndex() == steps[step + 1].keyword)
         keywords.pop_back(); // it leads to the next step
     AddKeyword(keywords.empty() ? opener : keywords.back().GetIndex(), true, text);

@@ -48,6 +48,9 @@ std::string Printed(const std::string& text)
     return IsBare(text) ? text : Quoted(text);
 }
 
+/// Has the address, and where it is wrong: "character 3" or "the end".
+using Sentence = fmt::format_string<const std::string_view&, const std::string&>;
+
 class AddressParser {
 public:
     explicit AddressParser(std::string_view text)
@@ -60,12 +63,13 @@ public:
 private:
     bool Take(char c);
     void SkipBlanks();
-    std::string TakeText(std::string_view ends, const char* what);
+    std::string TakeText(std::string_view ends, Sentence missing);
     std::string TakeQuoted();
     void TakeIdentifiers(ValueAddress& address);
     std::string TakeDate();
     std::size_t TakeNumber();
-    [[noreturn]] void Fail(const std::string& expected, std::size_t position) const;
+    [[noreturn]] void Fail(Sentence sentence, std::size_t position) const;
+    [[noreturn]] void FailAfter(const ValueAddress& address) const;
 
     std::string_view text_;
     std::size_t position_ = 0;
@@ -73,20 +77,18 @@ private:
 
 ValueAddress AddressParser::Parse()
 {
-    ValueAddress address{TakeText("[].,@#", "the name of a keyword")};
+    ValueAddress address{TakeText("[].,@#", "invalid address '{}': expected the name of a keyword at {}")};
     if (Take('['))
         TakeIdentifiers(address);
     while (Take('.'))
-        address.items.push_back(TakeText("[].,@#", "the name of an item"));
+        address.items.push_back(
+            TakeText("[].,@#", "invalid address '{}': expected the name of an item at {}"));
     if (Take('@'))
         address.date = TakeDate();
     if (Take('#'))
         address.number = TakeNumber();
     if (position_ < text_.size())
-        Fail(address.number > 0         ? "the end"
-                : !address.date.empty() ? "'#' or the end"
-                                        : "'[', '.', '@', '#' or the end",
-            position_);
+        FailAfter(address);
     return address;
 }
 
@@ -105,7 +107,7 @@ void AddressParser::SkipBlanks()
 }
 
 /// In quotes, or up to one of `ends` or a blank.
-std::string AddressParser::TakeText(std::string_view ends, const char* what)
+std::string AddressParser::TakeText(std::string_view ends, Sentence missing)
 {
     if (position_ < text_.size() && IsQuote(text_[position_]))
         return TakeQuoted();
@@ -114,7 +116,7 @@ std::string AddressParser::TakeText(std::string_view ends, const char* what)
         && ends.find(text_[position_]) == std::string_view::npos && !IsQuote(text_[position_]))
         ++position_;
     if (position_ == begin)
-        Fail(what, begin);
+        Fail(missing, begin);
     return std::string(text_.substr(begin, position_ - begin));
 }
 
@@ -127,34 +129,35 @@ std::string AddressParser::TakeQuoted()
             return text;
         text += text_[position_];
     }
-    Fail(fmt::format("a closing {}", quote), position_);
+    Fail("invalid address '{}': expected a closing quote at {}", position_);
 }
 
 void AddressParser::TakeIdentifiers(ValueAddress& address)
 {
     do {
         SkipBlanks();
-        address.identifiers.push_back(TakeText("[],", "an identifier or a number"));
+        address.identifiers.push_back(
+            TakeText("[],", "invalid address '{}': expected an identifier or a number at {}"));
         SkipBlanks();
     } while (Take(','));
     if (!Take(']'))
-        Fail("',' or ']'", position_);
+        Fail("invalid address '{}': expected ',' or ']' at {}", position_);
 }
 
 std::string AddressParser::TakeDate()
 {
-    if (position_ < text_.size() && IsQuote(text_[position_])) {
-        const std::size_t begin = position_;
+    const std::size_t begin = position_;
+    if (begin < text_.size() && IsQuote(text_[begin])) {
         std::string date = TakeQuoted();
-        if (date.empty())
-            Fail("a date", begin);
-        return date;
+        if (!date.empty())
+            return date;
+    } else {
+        const std::string_view date = text_.substr(begin, text_.find('#', begin) - begin);
+        position_ += date.size();
+        if (IsBareDate(date))
+            return std::string(date);
     }
-    const std::string_view date = text_.substr(position_, text_.find('#', position_) - position_);
-    if (!IsBareDate(date))
-        Fail("a date, as in 2024-04-01,", position_);
-    position_ += date.size();
-    return std::string(date);
+    Fail("invalid address '{}': expected a date such as 2024-04-01 at {}", begin);
 }
 
 std::size_t AddressParser::TakeNumber()
@@ -163,17 +166,28 @@ std::size_t AddressParser::TakeNumber()
     const char* const begin = text_.data() + position_;
     const auto [end, error] = std::from_chars(begin, text_.data() + text_.size(), number);
     if (error != std::errc() || number == 0)
-        Fail("a number from 1", position_);
+        Fail("invalid address '{}': expected a number, 1 or greater, at {}", position_);
     position_ += static_cast<std::size_t>(end - begin);
     return number;
 }
 
-void AddressParser::Fail(const std::string& expected, std::size_t position) const
+/// Something follows that can't.
+void AddressParser::FailAfter(const ValueAddress& address) const
+{
+    if (address.number > 0)
+        Fail("invalid address '{}': expected the end at {}", position_);
+    if (!address.date.empty())
+        Fail("invalid address '{}': expected '#' or the end at {}", position_);
+    if (!address.items.empty() || !address.identifiers.empty())
+        Fail("invalid address '{}': expected '.', '@', '#' or the end at {}", position_);
+    Fail("invalid address '{}': expected '[', '.', '@', '#' or the end at {}", position_);
+}
+
+void AddressParser::Fail(Sentence sentence, std::size_t position) const
 {
     const std::string where =
-        position == text_.size() ? "at its end" : fmt::format("at character {}", position + 1);
-    throw AddressError(
-        fmt::format("'{}' is not an address: {} is expected {}", text_, expected, where), position);
+        position == text_.size() ? "the end" : fmt::format("character {}", position + 1);
+    throw AddressError(fmt::vformat(sentence, fmt::make_format_args(text_, where)), position);
 }
 
 } // namespace

@@ -45,7 +45,7 @@ TEST_P(Refusals, ChangeNothing)
 const char* const rowsText = "ROWS\n 1 2 /\n 3 4 /\n/\n";
 
 const RefusalRow valueRows[] = {
-    {"Address", rowsText, Set("ROWS[1", 1), "'ROWS[1' is not an address: ',' or ']' is expected at its end"},
+    {"Address", rowsText, Set("ROWS[1", 1), "invalid address 'ROWS[1': expected ',' or ']' at the end"},
     {"SeveralValues", rowsText, Set("ROWS.A", 1), "ROWS.A matches 2 values; add the record: [1], [2]"},
     {"RealForInteger", rowsText, Set("ROWS[1].A", 1.0), "ROWS: item 'A' is Integer, not Real"},
     {"TextForInteger", rowsText, Set("ROWS[1].A", "1"), "ROWS: item 'A' is Integer, not String"},
@@ -62,11 +62,15 @@ const RefusalRow valueRows[] = {
     {"NoDefaultInAList", "WHOLE\n 1 /\n", Clear("WHOLE[1]"), "WHOLE: the value has no default"},
     {"Variable", "WHOLE\n 1 $X /\n", Set("WHOLE[2]", 1), "WHOLE[2] is given by a variable: $X"},
     {"HiddenByErrors", "NAMES\n A /\nROWS\n 1 2 3 /\n 4\n", Set("ROWS[2].B", 1),
-        "errors in ROWS hide where its values stand"},
+        "errors in ROWS hide where its values are"},
     {"NotGivenAfterAnError", "ROWS\n x /\n 4 /\n/\n", Set("ROWS[2].B", 1),
-        "ROWS: errors in the keyword hide where the value would stand"},
+        "ROWS: errors in the keyword hide where the value would be"},
     {"NotGivenAfterOtherData", "MIXED\n 1 2 /\n", Set("MIXED.LAST", 1),
         "MIXED: the value isn't given, and other data are between it and the last value before it"},
+    {"NothingGiven", "BOX/\n", Set("BOX.I1", 1), "BOX: the record is empty"},
+    {"LineNotGiven", "TITLE\n\nFLAG\n", Set("TITLE.T", "a b"), "TITLE: the line isn't given"},
+    {"LineLikeAKeyword", "TITLE\nA b\n", Set("TITLE.T", "FLAG"),
+        "TITLE: the text could be read as a keyword, since its line begins with it"},
     {"LongRepeat", "FIXED\n 1 /\n 2 3*4 /\n", Set("FIXED[2].B", 1),
         "FIXED: errors in the keyword hide which values its words stand for"},
     {"InARemovedRecord", rowsText, Set("ROWS[2].A", 1), "ROWS: an earlier change removes the record",
@@ -86,9 +90,15 @@ const RefusalRow otherRows[] = {
     {"ArrayAroundABlock", "WHOLE\n 1\nSKIP\n9\nENDSKIP\n 2 /\n", Array("WHOLE", {1}),
         "the data of WHOLE continue in another file or around a skipped block"},
     {"RecordOfValues", "WHOLE\n 1 /\n", Add("WHOLE", "1"), "WHOLE is not a list of records or lists"},
-    {"EmptyRecord", rowsText, Add("ROWS", " "), "ROWS: the text of the record is empty"},
+    {"EmptyRecord", rowsText, Add("ROWS", " "), "ROWS: expected a record, not an empty text"},
     {"SlashForARecord", rowsText, Add("ROWS", "/"), "ROWS: a record without values would end the list"},
-    {"SeveralRecords", rowsText, Add("ROWS", "5 / -- c\n/\nFLAG"), "ROWS: the text has more than one record"},
+    {"SeveralRecords", rowsText, Add("ROWS", "5 / -- c\n/\nFLAG"), "ROWS: expected one record, not more"},
+    {"RecordOfTwoLines", "REMARKS\n 1 a\n/\n", Add("REMARKS", "2 b\n3 c"),
+        "REMARKS: expected a record of one line"},
+    {"RecordBeforeOtherText", "PAIRS\n 1 2 3 4 FLAG\n", Add("PAIRS", "5 6"),
+        "PAIRS: its last record is followed by other text on its line"},
+    {"RepeatOverRecords", "PAIRS\n 1 3*2\n", Remove("PAIRS", 0),
+        "PAIRS: the record shares a repeat count with another record"},
     {"RecordAfterErrors", "ROWS\n 1 x /\n/\n", Add("ROWS", "1"), "errors in ROWS hide where its data end"},
     {"NoSuchRecord", rowsText, Remove("ROWS", 2),
         "ROWS: record index 2 is out of range (the keyword has 2 records)"},
@@ -97,10 +107,10 @@ const RefusalRow otherRows[] = {
     {"KeywordWithAChange", rowsText, Remove("ROWS"), "ROWS: an earlier change changes its data",
         Add("ROWS", "5")},
     {"NoKeyword", rowsText, AddAfter("ROWS", "-- c\n 1 2 /"),
-        "a keyword is expected at the start of the first line of the text to add"},
+        "expected a keyword at the start of the first line of the text to add"},
     {"NoSuchSection", rowsText, AddIn(SectionType::GRID, "FLAG"), "the deck has no section GRID"},
     {"StepWithinAKeyword", "START\n 1 JAN 2020 /\nSCHEDULE\nDATES\n 1 FEB 2020 /\n 1 MAR 2020 /\n/\n",
-        AddIn(0, "FLAG"), "the DATES that leads to the report step leads to later ones too"}};
+        AddIn(0, "FLAG"), "the DATES of the report step leads to later steps too"}};
 
 TEST(RefusedUses, SayWhatIsWrong)
 {
@@ -110,8 +120,13 @@ TEST(RefusedUses, SayWhatIsWrong)
     DeckEditor editor(deck);
     EXPECT_EQ(ReasonOf([&] { DeckEditor refused(plain); }),
         "the deck wasn't read to be edited: see ReadOptions::SetEditable");
+    EXPECT_EQ(ReasonOf([&] { editor.GetText(1); }), "file index 1 is out of range (the deck has 1 files)");
     EXPECT_EQ(ReasonOf([&] { editor.RemoveKeyword(other.Get("WHOLE")); }),
         "the keyword WHOLE is one of another deck");
+    EXPECT_EQ(ReasonOf([&] {
+        editor.SetValue(ValuePlace{deck.Get("ROWS"), {0}, {}, {}, {}}, 1);
+    }),
+        "ROWS has no value at this path");
     EXPECT_EQ(ReasonOf([&] { editor.AddRecords(deck.Get("ROWS"), other.Get("WHOLE").GetData()); }),
         "ROWS: the records are those of another keyword");
     EXPECT_EQ(ReasonOf([] {

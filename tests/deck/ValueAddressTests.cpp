@@ -8,6 +8,7 @@
 #include <string>
 
 using namespace Veld::Quor::Core::Decks;
+using Veld::Quor::Core::Keywords::ItemKey;
 using namespace Veld::Quor::Tests;
 
 namespace {
@@ -59,23 +60,27 @@ TEST_P(Malformed, SaysWhatIsExpectedWhere)
         FAIL() << "no exception";
     } catch (const AddressError& error) {
         EXPECT_EQ(error.GetPosition(), row.position);
-        EXPECT_EQ(error.what(), "'" + std::string(row.text) + "' is not an address: " + row.expected);
+        EXPECT_EQ(error.what(), "invalid address '" + std::string(row.text) + "': " + row.expected);
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(Addresses, Malformed,
-    testing::Values(FailureRow{"Empty", "", 0, "the name of a keyword is expected at its end"},
-        FailureRow{"NoKeyword", "[P1]", 0, "the name of a keyword is expected at character 1"},
-        FailureRow{"OpenBracket", "A[P1", 4, "',' or ']' is expected at its end"},
-        FailureRow{"EmptyBrackets", "A[]", 2, "an identifier or a number is expected at character 3"},
-        FailureRow{"BlankInIdentifier", "A[B C]", 4, "',' or ']' is expected at character 5"},
-        FailureRow{"NoItem", "A[B].@x", 5, "the name of an item is expected at character 6"},
-        FailureRow{"NoDate", "A@", 2, "a date, as in 2024-04-01, is expected at its end"},
-        FailureRow{"NoSuchDate", "A@JAN", 2, "a date, as in 2024-04-01, is expected at character 3"},
-        FailureRow{"NoNumber", "A#0", 2, "a number from 1 is expected at character 3"},
-        FailureRow{"OpenQuote", "A['B", 4, "a closing ' is expected at its end"},
-        FailureRow{"TextAfterIt", "A[B]C", 4, "'[', '.', '@', '#' or the end is expected at character 5"},
-        FailureRow{"TextAfterANumber", "A#1.B", 3, "the end is expected at character 4"}),
+    testing::Values(FailureRow{"Empty", "", 0, "expected the name of a keyword at the end"},
+        FailureRow{"NoKeyword", "[P1]", 0, "expected the name of a keyword at character 1"},
+        FailureRow{"OpenBracket", "A[P1", 4, "expected ',' or ']' at the end"},
+        FailureRow{"EmptyBrackets", "A[]", 2, "expected an identifier or a number at character 3"},
+        FailureRow{"BlankInIdentifier", "A[B C]", 4, "expected ',' or ']' at character 5"},
+        FailureRow{"NoItem", "A[B].@x", 5, "expected the name of an item at character 6"},
+        FailureRow{"NoDate", "A@", 2, "expected a date such as 2024-04-01 at the end"},
+        FailureRow{"NoSuchDate", "A@JAN", 2, "expected a date such as 2024-04-01 at character 3"},
+        FailureRow{"NoNumber", "A#0", 2, "expected a number, 1 or greater, at character 3"},
+        FailureRow{"OpenQuote", "A['B", 4, "expected a closing quote at the end"},
+        FailureRow{"EmptyDate", "A@''", 2, "expected a date such as 2024-04-01 at character 3"},
+        FailureRow{"TextAfterAKeyword", "A]", 1, "expected '[', '.', '@', '#' or the end at character 2"},
+        FailureRow{"TextAfterARecord", "A[B]C", 4, "expected '.', '@', '#' or the end at character 5"},
+        FailureRow{"RecordAfterAnItem", "A.B[1]", 3, "expected '.', '@', '#' or the end at character 4"},
+        FailureRow{"TextAfterADate", "A@'x'.B", 5, "expected '#' or the end at character 6"},
+        FailureRow{"TextAfterANumber", "A#1.B", 3, "expected the end at character 4"}),
     CaseName<FailureRow>);
 
 const char* const deckText = R"(TITLE
@@ -217,7 +222,8 @@ INSTANTIATE_TEST_SUITE_P(Addresses, Advice,
         AdviceRow{"Record", "WELLS[P2].RATE@2024-03-01",
             "WELLS at 2024-03-01 has no record [P2]; similar: [P1], [P*]"},
         AdviceRow{"Element", "WHOLE[30]", "WHOLE has no value [30] (it has 4 values)"},
-        AdviceRow{"SingleRecord", "BOX[2].I1", "BOX is a single record; nothing in brackets is expected"},
+        AdviceRow{
+            "SingleRecord", "BOX[2].I1", "BOX is a single record; expected an address without brackets"},
         AdviceRow{"Item", "WELLS[P1].RAET@2024-03-01", "WELLS has no item 'RAET'; similar: RATE"},
         AdviceRow{"ItemUnlikeAny", "BOX.NOTHING",
             "BOX has no item 'NOTHING'; expected one of I1, I2, J1, J2, K1, K2"},
@@ -241,11 +247,18 @@ TEST(Addresses, AreMadeOfRecordsAndItems)
     const Deck deck = ReadEditable(deckText);
     EXPECT_EQ(AddressOf(deck, deck.Get("WELLS"), 0, "RATE").ToString(), "WELLS[P1].RATE@2024-04-01 12:30:00");
     EXPECT_EQ(AddressOf(deck, deck.Get("BOX"), 0, 2).ToString(), "BOX.J1");
-    EXPECT_THROW(AddressOf(deck, deck.Get("WELLS"), 1, "RATE"), AddressError);
-    EXPECT_THROW(AddressOf(deck, deck.Get("BOX"), 0, "RATE"), AddressError);
-    EXPECT_THROW(AddressOf(deck, deck.Get("NESTED"), 0, "ROWS"), AddressError);
-    EXPECT_THROW(PlaceOf(deck, deck.Get("WHOLE"), {4}), AddressError);
-    EXPECT_THROW(PlaceOf(deck, deck.Get("WELLS"), {0}), AddressError);
+    const auto refused = [&](const char* keyword, std::size_t record, ItemKey item) {
+        return ReasonOf([&] { AddressOf(deck, deck.Get(keyword), record, item); });
+    };
+    EXPECT_EQ(refused("WELLS", 1, "RATE"), "WELLS: record 1 has no value 'RATE'");
+    EXPECT_EQ(refused("BOX", 0, "RATE"), "BOX: record 0 has no value 'RATE'");
+    EXPECT_EQ(refused("BOX", 0, 6), "BOX: record 0 has no value '6'");
+    EXPECT_EQ(refused("NESTED", 0, "ROWS"), "NESTED: record 0 has no value 'ROWS'");
+    EXPECT_EQ(ReasonOf([&] { PlaceOf(deck, deck.Get("WHOLE"), {4}); }), "WHOLE has no value at the path 4");
+    EXPECT_EQ(ReasonOf([&] {
+        PlaceOf(deck, deck.Get("WELLS"), {0, 9});
+    }),
+        "WELLS has no value at the path 0, 9");
 }
 
 TEST(Addresses, HaveNoRangesUnlessTheDeckIsEditable)

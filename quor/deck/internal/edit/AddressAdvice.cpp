@@ -125,7 +125,7 @@ std::string ExplainRecord(const DeckContents& deck, const ValueAddress& address)
     const std::string at = address.date.empty() ? std::string() : " at " + address.date;
     const Texts records = RecordsOf(deck, matches);
     if (records.empty())
-        return fmt::format("{} is a single record; nothing in brackets is expected", address.keyword);
+        return fmt::format("{} is a single record; expected an address without brackets", address.keyword);
     if (matches.front().path.size() == 1)
         return fmt::format(
             "{}{} has no value {} (it has {} values)", address.keyword, at, brackets, matches.size());

@@ -42,9 +42,9 @@ void DeckChanges::SetWord(std::uint32_t keyword, const ValuePath& path, const st
     const std::size_t slot = SlotOf(*instance.data, path);
     if (const Change* const change = Find(keyword)) {
         if (change->array)
-            FailConflict(keyword, "replaces its array");
+            FailConflict(keyword, "an earlier change replaces its array");
         if (change->removed.count(path.front()) > 0)
-            FailConflict(keyword, "removes the record");
+            FailConflict(keyword, "an earlier change removes the record");
     }
     if (!word) {
         if (Find(keyword))
@@ -62,7 +62,7 @@ void DeckChanges::SetArray(std::uint32_t keyword, TextEdit edit)
     CheckFile(edit.range.file);
     const Change* const change = Find(keyword);
     if (change && !change->words.empty())
-        FailConflict(keyword, "changes a value of it");
+        FailConflict(keyword, "an earlier change changes a value of it");
     changes_[keyword].array = std::move(edit);
 }
 
@@ -83,7 +83,7 @@ void DeckChanges::RemoveRecord(std::uint32_t keyword, std::size_t index)
         const std::size_t first = SlotOf(*instance.data, {index});
         const std::size_t end = first + CountSlots(ChildOf(*instance.data, index));
         if (change->words.lower_bound(first) != change->words.lower_bound(end))
-            FailConflict(keyword, "changes a value of the record");
+            FailConflict(keyword, "an earlier change changes a value of the record");
     }
     changes_[keyword].removed[index] = std::move(edit);
 }
@@ -101,7 +101,7 @@ void DeckChanges::RemoveKeyword(std::uint32_t keyword)
         return;
     if (change
         && !(change->words.empty() && !change->array && change->removed.empty() && change->added.empty()))
-        FailConflict(keyword, "changes its data");
+        FailConflict(keyword, "an earlier change changes its data");
     TextEdit edit = RemoveKeywordFrom(deck_, deck_.keywords[keyword]);
     CheckFile(edit.range.file);
     changes_[keyword].removal = std::move(edit);
@@ -145,7 +145,8 @@ void DeckChanges::CheckFile(std::uint32_t file) const
     for (std::uint32_t other = 0; other < deck_.files.GetSize(); ++other) {
         if (other != file && deck_.files.Get(other).text == changed.text)
             throw EditError(fmt::format(
-                "the deck includes {} more than once: a change would be made at each place", changed.name));
+                "the deck includes {} more than once; a change of it would apply to each inclusion",
+                changed.name));
     }
 }
 
@@ -153,12 +154,12 @@ void DeckChanges::CheckNotRemoved(std::uint32_t keyword) const
 {
     const Change* const change = Find(keyword);
     if (change && change->removal)
-        FailConflict(keyword, "removes the keyword");
+        FailConflict(keyword, "an earlier change removes the keyword");
 }
 
-void DeckChanges::FailConflict(std::uint32_t keyword, const char* what) const
+void DeckChanges::FailConflict(std::uint32_t keyword, const char* why) const
 {
-    throw EditError(fmt::format("{}: an earlier change {}", deck_.NameOf(deck_.keywords[keyword]), what));
+    throw EditError(fmt::format("{}: {}", deck_.NameOf(deck_.keywords[keyword]), why));
 }
 
 } // namespace Veld::Quor::Core::Decks

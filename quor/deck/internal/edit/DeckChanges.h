@@ -47,7 +47,7 @@ private:
     const Change* Find(std::uint32_t keyword) const;
     void CheckFile(std::uint32_t file) const;
     void CheckNotRemoved(std::uint32_t keyword) const;
-    [[noreturn]] void FailConflict(std::uint32_t keyword, const char* what) const;
+    [[noreturn]] void FailConflict(std::uint32_t keyword, const char* why) const;
 
     const DeckContents& deck_;
     std::map<std::uint32_t, Change> changes_;

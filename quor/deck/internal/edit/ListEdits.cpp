@@ -13,6 +13,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cassert>
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
@@ -148,14 +149,14 @@ TextEdit RecordList::Add(std::string_view record) const
     std::string lines(record.substr(first, record.find_last_not_of(" \t\r\n") + 1 - first));
     const std::size_t last = StartOfLine(lines, lines.size());
     if (Element().termination == Termination::EOL && last > 0)
-        Fail("a record is one line");
+        Fail("expected a record of one line");
     const std::size_t end = EndOfWords(lines, 0, lines.size());
     if (end == 0)
-        Fail("the text of the record is empty");
+        Fail("expected a record, not an empty text");
     if (HasEnd() && lines[0] == '/')
         Fail("a record without values would end the list");
     if (IsFlat() && EndOfRecord(lines) < end)
-        Fail("the text has more than one record");
+        Fail("expected one record, not more");
     if (Element().termination == Termination::SLASH && lines[end - 1] != '/')
         lines.insert(end, " /");
     std::string indentation = Indentation();
@@ -182,7 +183,7 @@ TextEdit RecordList::AddLines(const std::string& lines) const
     if (!HasEnd()) {
         const bool isAfterSlash = text_[end - 1] == '/';
         if (!isAfterSlash && !IsEmpty(RestOfLine(text_, end)))
-            Fail("other text is after its last record");
+            Fail("its last record is followed by other text on its line");
         return InsertLines(deck_, file, EndOfLine(text_, end), lines);
     }
     const std::size_t start = StartOfLine(text_, end);
@@ -194,13 +195,12 @@ TextEdit RecordList::AddLines(const std::string& lines) const
 TextEdit RecordList::Remove(std::size_t index) const
 {
     if (SharesRepeat(index))
-        Fail("one repeat stands for values of several records");
+        Fail("the record shares a repeat count with another record");
     const std::vector<RecordStart>& starts = keyword_.records;
     const std::size_t begin = starts[index].offset;
     const std::size_t limit = index + 1 < starts.size() ? starts[index + 1].offset : FindEnd();
     const std::size_t end = EndOfWords(text_, begin, limit);
-    if (end > limit)
-        Fail("the record has text that isn't made of words");
+    assert(end <= limit && "RecordList::Remove: a word of the record reaches into the next one");
     return {RangeToRemove(deck_, {keyword_.whole.file, begin, end - begin}), {}};
 }
 
@@ -271,7 +271,7 @@ TextEdit AddKeywordTo(const DeckContents& deck, std::size_t after, bool leavesBl
     while (line < text.size() && IsEmpty(RestOfLine(text, line)))
         line = EndOfLine(text, line);
     if (FindLeadingWord(text.substr(line)).empty())
-        throw EditError("a keyword is expected at the start of the first line of the text to add");
+        throw EditError("expected a keyword at the start of the first line of the text to add");
     const std::string_view file = deck.files.GetText(keyword.whole.file);
     std::size_t offset = EndOfLine(file, EndOfKeyword(deck, keyword) - 1);
     if (leavesBlocks)

@@ -104,9 +104,9 @@ std::vector<TextEdit> Editor::Edit()
 void Editor::ReplaceLine(const TextRange& range, const std::string& line)
 {
     if (range.length == 0)
-        Fail("the line isn't there");
+        Fail("the line isn't given");
     if (IsAtLineStart(deck_, range) && FindLoneWord(line))
-        Fail("at the start of its line, the text could be a keyword");
+        Fail("the text could be read as a keyword, since its line begins with it");
     if (deck_.files.GetText(range) != line)
         edits_.push_back({range, line});
 }
@@ -129,7 +129,7 @@ void Editor::ReplaceWord(std::size_t begin, std::size_t end)
 void Editor::FillIn(std::size_t begin, std::size_t end)
 {
     if (!keyword_.isSound)
-        Fail("errors in the keyword hide where the value would stand");
+        Fail("errors in the keyword hide where the value would be");
     while (end > begin && (words_.count(end - 1) == 0 || words_.at(end - 1).text.empty()))
         --end;
     if (end == begin)
