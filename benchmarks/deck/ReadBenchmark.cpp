@@ -5,7 +5,7 @@
 #include "benchmarks/deck/DeckGenerator.h"
 #include "quor/Keywords.h"
 #include "quor/deck/Deck.h"
-#include "quor/deck/SourceText.h"
+#include "quor/deck/DeckSource.h"
 
 #include <benchmark/benchmark.h>
 #include <fast_float/fast_float.h>

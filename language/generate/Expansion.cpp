@@ -1,7 +1,7 @@
 #include "language/generate/Expansion.h"
 
 #include "language/generate/ShortForms.h"
-#include "quor/deck/NearestWords.h"
+#include "quor/deck/DeckLanguage.h"
 
 #include <algorithm>
 #include <utility>

@@ -123,7 +123,7 @@ const Findings& Deck::GetFindings() const
 
 const Target& Deck::GetTarget() const
 {
-    return contents_->target;
+    return contents_->GetTarget();
 }
 
 const ReadOptions& Deck::GetOptions() const

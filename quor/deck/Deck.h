@@ -5,7 +5,6 @@
 #include "quor/deck/DeckLanguage.h"
 #include "quor/deck/Finding.h"
 #include "quor/deck/ReadOptions.h"
-#include "quor/deck/ReportStep.h"
 #include "quor/foundation/Export.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/service/Exception.h"
@@ -67,6 +66,7 @@ public:
     // (inclusions, skipped blocks, END) are not among them.
 
     class Iterator;
+    /// How many keywords it has.
     std::size_t GetSize() const;
     /// `index` < `GetSize()`; not checked.
     DeckKeyword operator[](std::size_t index) const { return DeckKeyword(*contents_, index); }
@@ -75,6 +75,7 @@ public:
 
     // By name, without regard to case. The first call makes an index; the rest cost a look-up.
 
+    /// Whether the deck has such a keyword.
     bool Has(std::string_view name) const;
     /// The last one: what it says is what holds. Throws `KeywordNotFound`.
     DeckKeyword Get(std::string_view name) const;
@@ -83,6 +84,7 @@ public:
 
     // By section and date.
 
+    /// In the order of reading, the keyword that begins the section first; empty if the deck has none.
     std::vector<DeckKeyword> GetSection(Keywords::SectionType::Enum section) const;
     /// Those after the report step with this index, up to the next step or the end of the section. Throws
     /// `std::out_of_range` if the deck has no such step.
@@ -92,8 +94,9 @@ public:
     /// In the order of reading.
     const std::vector<ReportStep>& GetSteps() const;
 
-    // What was found and read.
+    // What was found and read. What is returned by reference is valid as long as the deck.
 
+    /// In the order of reading.
     const Findings& GetFindings() const;
     /// Whether there are no errors and no warnings.
     bool IsClean() const { return !GetFindings().HasFault(); }
@@ -101,6 +104,7 @@ public:
     const Target& GetTarget() const;
     /// With which the deck was read.
     const ReadOptions& GetOptions() const;
+    /// In the order of reading, the deck itself first.
     const DeckFiles& GetFiles() const;
     /// Different files, the deck itself included.
     std::size_t GetFileCount() const;
@@ -114,7 +118,7 @@ private:
     std::unique_ptr<DeckContents> contents_;
 };
 
-/// Goes over the keywords of a deck.
+/// Goes over the keywords of a deck; valid as long as the deck.
 class Deck::Iterator {
 public:
     using iterator_category = std::input_iterator_tag;

@@ -30,9 +30,28 @@ struct ItemChange {
     std::optional<ArrayChange> array = {}; ///< `before` and `after` are of the first element that differs
 };
 
-struct ComparisonOptions {
-    Keywords::SimulatorType::Enum simulator = Keywords::SimulatorType::Any; ///< whose defaults
-    bool isStrict = false; ///< a value left to its default isn't the same as that value
+/// How two decks are compared.
+class ComparisonOptions {
+public:
+    /// Whose defaults hold. Without it, those of the simulator that the first deck was read for.
+    ComparisonOptions& SetSimulator(Keywords::SimulatorType::Enum simulator)
+    {
+        simulator_ = simulator;
+        return *this;
+    }
+    /// Whether a value left to its default differs from that value. False at first.
+    ComparisonOptions& SetStrict(bool isStrict)
+    {
+        isStrict_ = isStrict;
+        return *this;
+    }
+
+    const std::optional<Keywords::SimulatorType::Enum>& GetSimulator() const { return simulator_; }
+    bool IsStrict() const { return isStrict_; }
+
+private:
+    std::optional<Keywords::SimulatorType::Enum> simulator_;
+    bool isStrict_ = false;
 };
 
 /// One difference between two decks.
@@ -54,16 +73,21 @@ struct ChangeGroup {
     std::vector<Change> changes;
 };
 
+/// All differences between two decks: values of its own, valid without the decks. Later versions may add
+/// members to this and to what it consists of.
 struct Difference {
     std::vector<ChangeGroup> groups; ///< in the order of sections and dates; none of them empty
     std::array<std::size_t, 3> counts = {}; ///< by kind
 
+    /// How many changes of the kind the groups have.
     std::size_t GetCount(Change::Kind kind) const { return counts[static_cast<std::size_t>(kind)]; }
 };
 
 /// Compares what the decks say and not how: comments, layout, inclusions and the order of independent
 /// keywords don't matter, nor how records are spread over keywords. Instances of a keyword that have the same
-/// identifiers are matched in their order. Both decks were read with one language.
-VELD_QUOR_EXPORT Difference Compare(const Deck& a, const Deck& b, const ComparisonOptions& options);
+/// identifiers are matched in their order. Both decks were read with one language. Several threads
+/// may compare at once.
+VELD_QUOR_EXPORT Difference Compare(
+    const Deck& a, const Deck& b, const ComparisonOptions& options = ComparisonOptions());
 
 } // namespace Veld::Quor::Core::Decks

@@ -105,7 +105,7 @@ void DeckEditor::Set(const ValuePlace& place, const NewValue* value)
     if (!place.range)
         throw EditError(fmt::format("errors in {} hide where its values are", place.keyword.GetName()));
     const auto word = value ? MakeNewWord(keyword, place.path, *value)
-                            : MakeDefaultWord(keyword, place.path, contents.target);
+                            : MakeDefaultWord(keyword, place.path, contents.GetTarget());
     const std::string* const variable = keyword.notes->variables
         ? keyword.notes->variables->Find(*scalar->node, static_cast<int>(scalar->index))
         : nullptr;

@@ -5,7 +5,7 @@
 #include "quor/deck/DeckLanguage.h"
 #include "quor/deck/DeckSource.h"
 #include "quor/deck/ReadOptions.h"
-#include "quor/deck/TextEdit.h"
+#include "quor/deck/TextRange.h"
 #include "quor/deck/ValueAddress.h"
 #include "quor/foundation/Export.h"
 #include "quor/foundation/SectionType.h"
@@ -32,6 +32,7 @@ class DeckChanges;
 /// A change can't be made without a loss, or contradicts an earlier one. The text says which and why.
 class VELD_QUOR_EXPORT EditError : public Service::Exception {
 public:
+    /// `message`: a whole sentence.
     explicit EditError(const std::string& message);
     EditError(const EditError&) = default;
     EditError& operator=(const EditError&) = default;
@@ -70,6 +71,7 @@ public:
     template <class T, class = std::enable_if_t<!std::is_same_v<std::remove_const_t<T>, char>>>
     NewValue(T* value) = delete;
 
+    /// As it was given; valid as long as this object.
     const std::variant<bool, int, double, std::string>& Get() const { return value_; }
 
 private:
@@ -90,9 +92,9 @@ private:
 /// function either makes its change as a whole or throws, and then nothing has changed:
 /// `EditError` for what would lose something, such as a value that is a variable or a file that the deck
 /// includes twice, and for what contradicts an earlier change, such as a value in a removed record,
-/// `std::invalid_argument` for a keyword or place of another deck. What the
-/// changes mean for the rest of the deck, such as sizes and limits, is found by reading it.
-/// One thread at a time.
+/// `std::invalid_argument` for a keyword or place of another deck, `std::bad_alloc` if memory runs out. What
+/// the changes mean for the rest of the deck, such as sizes and limits, is found by reading it. One thread at
+/// a time; several editors may change one deck at once.
 class VELD_QUOR_EXPORT DeckEditor {
 public:
     /// The deck must outlive it and not be moved. Throws `std::invalid_argument` if it wasn't read with
@@ -138,6 +140,7 @@ public:
     // Keywords. A text has whole lines: the keyword, and its data. Several texts at one place keep their
     // order.
 
+    /// After the data of the keyword and a slash that stands alone after them.
     void AddKeywordAfter(const DeckKeyword& keyword, std::string_view text);
     /// After the last keyword of the section. Throws `std::out_of_range` if the deck has no such section.
     void AddKeywordAtEnd(Keywords::SectionType::Enum section, std::string_view text);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/deck/SourceText.h"
+#include "quor/deck/DeckSource.h"
 #include "quor/deck/TextRange.h"
 #include "quor/foundation/Export.h"
 
@@ -24,6 +24,8 @@ struct DeckFile {
     std::size_t end = 0; ///< where reading left it: before the word that ends an included file, or the size
 };
 
+class DeckText;
+
 /// The files of a deck, in the order in which they were read: the deck itself is the first. What is const
 /// here may be called by several threads at once.
 class VELD_QUOR_EXPORT DeckFiles {
@@ -33,14 +35,13 @@ public:
     DeckFiles(const DeckFiles&) = delete;
     DeckFiles& operator=(const DeckFiles&) = delete;
 
-    /// Returns the index of the file.
-    std::uint32_t Add(DeckFile file);
-    void SetEnd(std::uint32_t file, std::size_t end);
-
+    /// How many files there are, those that are included twice counted twice.
     std::size_t GetSize() const;
+    /// `file` < `GetSize()`, here and below; not checked. Valid as long as this object.
     const DeckFile& Get(std::uint32_t file) const;
-    /// Texts are valid as long as this object.
+    /// The text of a file, without a byte order mark; valid as long as this object.
     std::string_view GetText(std::uint32_t file) const;
+    /// The bytes of a range that is one of the deck's.
     std::string_view GetText(const TextRange& range) const;
 
     /// Where the range, which is one of the deck's, begins. The first call reads the file up to there.
@@ -51,6 +52,11 @@ public:
     std::pair<std::string_view, std::size_t> LineOf(const TextRange& range) const;
 
 private:
+    friend class DeckText; // which reads them
+    /// Returns the index of the file.
+    std::uint32_t Add(DeckFile file);
+    void SetEnd(std::uint32_t file, std::size_t end);
+
     struct Entry;
     std::vector<std::unique_ptr<Entry>> entries_;
 };

@@ -11,7 +11,7 @@ namespace Veld::Quor::Core::Decks {
 
 DeckFormatter::DeckFormatter(const Deck& deck)
     : deck_(deck)
-    , writer_(std::make_unique<DeckWriter>(ContentsOf(deck), deck.GetTarget()))
+    , writer_(std::make_unique<DeckWriter>(ContentsOf(deck)))
 {
 }
 

@@ -14,7 +14,7 @@ class DeckWriter;
 /// Rewrites a deck: aligns columns, combines repeated values, shortens numbers and omits defaulted values.
 /// The result has the same data. What is no keyword stays as it is: comments, blank lines, inclusions,
 /// skipped blocks, unknown keywords. So does a keyword with errors in it, one of raw text, and one whose data
-/// continue in another file or around a skipped block.
+/// continue in another file or around a skipped block. One thread at a time.
 class VELD_QUOR_EXPORT DeckFormatter {
 public:
     /// The deck must outlive it and not be moved.

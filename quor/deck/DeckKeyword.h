@@ -1,12 +1,12 @@
 #pragma once
 
-#include "quor/deck/ReportStep.h"
 #include "quor/deck/TextRange.h"
 #include "quor/foundation/Export.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/service/Time.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -21,7 +21,19 @@ class Deck;
 struct DeckContents;
 struct KeywordInstance;
 
+/// A report that the deck asks for. Its number, counted from 1, is its index among the steps of the deck
+/// plus 1.
+struct ReportStep {
+    Service::Time time; ///< undefined as long as the deck gives no date
+    std::uint32_t keyword; ///< index of the deck's keyword that leads to it; those of the step come after it
+    TextRange range; ///< of the element that leads to it, or of the keyword if that isn't known
+};
+
+/// "2030-01-31", with the time of day if that isn't midnight; empty for an undefined time.
+VELD_QUOR_EXPORT std::string DateText(const Service::Time& time);
+
 /// One keyword of a deck: a handle of two words, cheap to copy, valid as long as the deck.
+/// Several threads may use it at once.
 class VELD_QUOR_EXPORT DeckKeyword {
 public:
     /// Its name; of one that stands for many names, the name as the deck has it, in upper case.
@@ -48,10 +60,12 @@ public:
     /// if the deck gives none.
     Service::Time GetTime() const;
 
+    /// Where its name begins.
     Location GetLocation() const;
     /// Where an element of the keyword's outermost list begins, counted from 0; the keyword itself if that
     /// isn't known.
     Location GetLocation(std::size_t element) const;
+    /// The bytes of its name.
     TextRange GetNameRange() const;
     /// The keyword with its data; of no length if they continue in another file or around a skipped block.
     TextRange GetRange() const;

@@ -37,4 +37,9 @@ private:
     std::unique_ptr<const LanguageIndex> index_;
 };
 
+/// The same for words of any kind: those of `known` that a misspelt one may stand for, without regard to
+/// case. The longer the word, the more mistakes it may have.
+VELD_QUOR_EXPORT std::vector<std::string> FindNearest(
+    const std::vector<std::string>& known, const std::string& word);
+
 } // namespace Veld::Quor::Core::Decks

@@ -14,6 +14,7 @@
 
 namespace Veld::Quor::Core::Decks {
 
+/// One file of the deck, as often as it is included.
 struct FileSummary {
     std::string name;
     std::size_t depth = 0; ///< inclusions that led here
@@ -21,6 +22,7 @@ struct FileSummary {
     std::size_t keywords = 0; ///< that stand in the file itself
 };
 
+/// A section that the deck has.
 struct SectionSummary {
     Keywords::SectionType::Enum section;
     std::size_t keywords = 0;
@@ -49,6 +51,7 @@ struct PropertySummary {
     std::optional<Range> range; ///< empty if no value was given
 };
 
+/// A well that the deck introduces.
 struct Well {
     std::string name;
     std::string group;
@@ -57,6 +60,7 @@ struct Well {
     Service::Time since; ///< when it was introduced first
 };
 
+/// A group of wells, or of other groups.
 struct Group {
     std::string name;
     std::string parent; ///< empty at the top
@@ -70,7 +74,8 @@ struct VariableSummary {
     std::set<std::string> uses; ///< keywords, with the item
 };
 
-/// What is in a deck, in short.
+/// What is in a deck, in short: values of its own, valid without the deck. Later versions may add members to
+/// this and to what it consists of.
 struct DeckSummary {
     std::string title;
     std::vector<FileSummary> files; ///< each after the one that includes it
@@ -87,6 +92,7 @@ struct DeckSummary {
     std::vector<VariableSummary> variables; ///< by name
 };
 
+/// Works the summary out anew each time. Several threads may ask at once.
 VELD_QUOR_EXPORT DeckSummary Summarise(const Deck& deck);
 
 } // namespace Veld::Quor::Core::Decks

@@ -19,15 +19,6 @@ const char* ToString(Severity severity)
     return "";
 }
 
-void Finding::SetExcerpt(std::string_view line)
-{
-    constexpr std::size_t longest = 160;
-    const std::size_t offset = std::min(location.column - 1, line.size());
-    const std::size_t start = offset + length <= longest ? 0 : offset;
-    excerpt = line.substr(start, longest);
-    excerptColumn = start + 1;
-}
-
 std::string ToString(const Finding& finding)
 {
     return fmt::format("{}:{}:{}: {}: {}{}{} [{}]", finding.location.file, finding.location.line,
@@ -48,20 +39,6 @@ Findings& Findings::operator=(Findings&&) noexcept = default;
 Findings& Findings::operator=(const Findings& other)
 {
     return *this = Findings(other); // whole, or not at all
-}
-
-bool Findings::Admit(Severity severity)
-{
-    ++counts_[static_cast<std::size_t>(severity)];
-    if (!IsFull())
-        return true;
-    ++omitted_;
-    return false;
-}
-
-void Findings::Keep(Finding finding)
-{
-    kept_.push_back(std::move(finding));
 }
 
 std::size_t Findings::GetCount(Severity severity) const

@@ -1,13 +1,10 @@
 #pragma once
 
-#include "quor/deck/TextEdit.h"
 #include "quor/deck/TextRange.h"
 #include "quor/foundation/Export.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
@@ -18,7 +15,8 @@ enum class Severity { Error, Warning, Note };
 /// "error", "warning", "note"
 VELD_QUOR_EXPORT const char* ToString(Severity severity);
 
-/// One thing that is wrong, or worth a note.
+/// One thing that is wrong, or worth a note: values of its own, valid without the deck. Later versions may
+/// add members.
 struct Finding {
     std::string code; ///< stable, for programs to use
     Severity severity = Severity::Error;
@@ -33,9 +31,6 @@ struct Finding {
     /// Changes to be made together, after which the deck says what the reader made of it; empty if the fix
     /// isn't certain.
     std::vector<TextEdit> fix = {};
-
-    /// Keeps of the line of the location what is worth showing: its beginning, or from the location on.
-    VELD_QUOR_EXPORT void SetExcerpt(std::string_view line);
 };
 
 /// "file:line:column: severity: message; hint [code]", one line, as compilers print it. The texts of the deck
@@ -48,11 +43,12 @@ enum class Hiding {
     Known, ///< whoever asked for the findings has it already
 };
 
-/// Keeps the first findings up to a limit, and counts all. Hidden ones are counted for themselves, and as no
-/// others.
+class FindingCollector;
+
+/// The findings of a deck or of documents: the first ones up to a limit are kept, all are counted. Hidden
+/// ones are counted for themselves, and as no others.
 class VELD_QUOR_EXPORT Findings {
 public:
-    explicit Findings(std::size_t limit);
     ~Findings();
     Findings(const Findings&);
     Findings& operator=(const Findings&);
@@ -61,30 +57,22 @@ public:
 
     /// In the order in which they were met.
     const std::vector<Finding>& GetKept() const { return kept_; }
+    /// Over those that are kept.
     std::vector<Finding>::const_iterator begin() const { return kept_.begin(); }
     std::vector<Finding>::const_iterator end() const { return kept_.end(); }
     /// Of all, kept or not.
     std::size_t GetCount(Severity severity) const;
     /// How many are counted and not kept.
     std::size_t GetOmittedCount() const { return omitted_; }
+    /// How many findings aren't reported, for this reason.
     std::size_t GetHiddenCount(Hiding why) const { return hidden_[static_cast<std::size_t>(why)]; }
     /// Whether there is an error or a warning.
     bool HasFault() const;
 
-    /// Whether further findings are only counted.
-    bool IsFull() const { return kept_.size() >= limit_; }
-    /// Counts a finding; true if it is to be kept as well.
-    bool Admit(Severity severity);
-    void Keep(Finding finding);
-    void Hide(Hiding why) { ++hidden_[static_cast<std::size_t>(why)]; }
-    /// Brings those that are kept into another order; equal ones stay as they are.
-    template <class Less>
-    void Sort(Less less)
-    {
-        std::stable_sort(kept_.begin(), kept_.end(), less);
-    }
-
 private:
+    friend class FindingCollector;
+    explicit Findings(std::size_t limit);
+
     std::size_t limit_;
     std::size_t omitted_ = 0;
     std::size_t counts_[3] = {};

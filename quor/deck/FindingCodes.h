@@ -1,6 +1,8 @@
 #pragma once
 
 #include "quor/deck/Finding.h"
+#include "quor/deck/Target.h"
+#include "quor/foundation/Export.h"
 
 #include <vector>
 
@@ -57,6 +59,7 @@ enum class Code {
     Count,
 };
 
+/// A code, and what it means. The texts are never freed.
 struct CodeInfo {
     Code code;
     const char* name; ///< stable, for programs to go by
@@ -64,8 +67,21 @@ struct CodeInfo {
     const char* meaning; ///< one sentence
 };
 
-/// One row for each code, in the order of the codes.
+/// One row for each code, in the order of the codes. Valid as long as the library.
 VELD_QUOR_EXPORT const std::vector<CodeInfo>& Codes();
+/// The row of a code, which is not `Count`.
 VELD_QUOR_EXPORT const CodeInfo& InfoOf(Code code);
+
+/// What to do about the findings of a code.
+struct Remedy {
+    Code code;
+    const char* text; ///< one or two sentences
+    const char* wrong; ///< a deck that has such a finding and no other; empty if one file can't show it
+    const char* right; ///< the same, fixed
+    Target target = {}; ///< for which the decks are
+};
+
+/// For a code that is not `Count`. Valid as long as the library.
+VELD_QUOR_EXPORT const Remedy& RemedyOf(Code code);
 
 } // namespace Veld::Quor::Core::Decks

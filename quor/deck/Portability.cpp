@@ -47,7 +47,9 @@ class LossFinder {
 public:
     LossFinder(const DeckContents& deck, const PortOptions& options)
         : deck_(deck)
-        , options_(options)
+        , from_(options.GetFrom())
+        , to_(options.GetTo().value_or(deck.GetTarget()))
+        , hasLocations_(options.HasLocations())
     {
     }
 
@@ -77,7 +79,9 @@ private:
     void Report(Kind kind, const std::string& item, const std::string& detail = {}, std::size_t count = 1);
 
     const DeckContents& deck_;
-    PortOptions options_;
+    Target from_;
+    Target to_;
+    bool hasLocations_;
     std::unordered_map<const IKeywordDataMD*, LeftOut> leftOut_;
     std::map<Key, std::size_t> positions_;
     std::vector<Loss> losses_; // in the order of the deck
@@ -124,7 +128,7 @@ bool LossFinder::IsKeywordLost(const KeywordInstance& keyword) const
         return KeywordSyntaxUtils::IsValid(
             *keyword.syntax, spelling, keyword.section, target.simulator, target.mode);
     };
-    return isValid(options_.from) && !isValid(options_.to);
+    return isValid(from_) && !isValid(to_);
 }
 
 void LossFinder::Visit(const IKeywordData& data)
@@ -147,15 +151,15 @@ void LossFinder::VisitItem(const IKeywordRecordMD& md, int index, const void* it
     const IKeywordDataMD& itemMD = *md.GetItemMD(index);
     const bool isScalar = KeywordUtils::IsItemMDType(itemMD.GetType());
     const ScalarValue value = isScalar ? ItemValue(itemMD, item) : ScalarValue();
-    if (!IsValidFor(md.GetValidity(index), options_.to)) {
-        if (IsGiven(value) && IsValidFor(md.GetValidity(index), options_.from))
+    if (!IsValidFor(md.GetValidity(index), to_)) {
+        if (IsGiven(value) && IsValidFor(md.GetValidity(index), from_))
             Report(Kind::ItemNotValid, ItemName(itemMD));
     } else if (!isScalar) {
         Visit(*static_cast<const IKeywordData*>(item));
     } else if (!IsGiven(value)) {
         VisitLeftOut(itemMD);
-    } else if (IsUnsupportedBy(md.GetUnsupportedBy(index), options_.to)) {
-        if (!IsUnsupportedBy(md.GetUnsupportedBy(index), options_.from))
+    } else if (IsUnsupportedBy(md.GetUnsupportedBy(index), to_)) {
+        if (!IsUnsupportedBy(md.GetUnsupportedBy(index), from_))
             Report(Kind::ItemUnsupported, ItemName(itemMD));
     } else {
         VisitValue(itemMD, value);
@@ -194,9 +198,8 @@ void LossFinder::VisitMap(const IKeywordMapData& map)
     for (int i = 0; i < map.GetSize(); ++i) {
         const IKeywordAssignmentMD& md = *map.GetItemMD(i);
         const bool isGiven = map.GetValue(i).HasValue();
-        const bool wasValid =
-            options_.from.simulator == SimulatorType::Any || md.IsValid(options_.from.simulator);
-        if (!md.IsValid(options_.to.simulator)) {
+        const bool wasValid = from_.simulator == SimulatorType::Any || md.IsValid(from_.simulator);
+        if (!md.IsValid(to_.simulator)) {
             if (isGiven && wasValid)
                 Report(Kind::ItemNotValid, ItemName(md));
         } else if (!isGiven) {
@@ -213,11 +216,11 @@ void LossFinder::VisitValue(const IKeywordDataMD& md, const ScalarValue& value)
     const int index = std::get<int>(value);
     if (index < 0 || index >= choice.NumChoices())
         return;
-    if (!IsValidFor(choice.GetValidity(index), options_.to)) {
-        if (IsValidFor(choice.GetValidity(index), options_.from))
+    if (!IsValidFor(choice.GetValidity(index), to_)) {
+        if (IsValidFor(choice.GetValidity(index), from_))
             Report(Kind::ChoiceNotValid, ItemName(md), choice.GetChoice(index));
-    } else if (IsUnsupportedBy(choice.GetUnsupportedBy(index), options_.to)
-        && !IsUnsupportedBy(choice.GetUnsupportedBy(index), options_.from)) {
+    } else if (IsUnsupportedBy(choice.GetUnsupportedBy(index), to_)
+        && !IsUnsupportedBy(choice.GetUnsupportedBy(index), from_)) {
         Report(Kind::ChoiceUnsupported, ItemName(md), choice.GetChoice(index));
     }
 }
@@ -235,8 +238,8 @@ const LossFinder::LeftOut& LossFinder::GetLeftOut(const IKeywordDataMD& md)
     const auto known = leftOut_.find(&md);
     if (known != leftOut_.end())
         return known->second;
-    const DefaultValue from = DefaultOf(md, options_.from.simulator);
-    const DefaultValue to = DefaultOf(md, options_.to.simulator);
+    const DefaultValue from = DefaultOf(md, from_.simulator);
+    const DefaultValue to = DefaultOf(md, to_.simulator);
     LeftOut leftOut{from.isThere && !(from == to), to.isThere ? Kind::OtherDefault : Kind::NoDefault,
         fmt::format("{} -> {}", ToText(md, from), ToText(md, to))};
     return leftOut_.emplace(&md, std::move(leftOut)).first->second;
@@ -253,7 +256,7 @@ void LossFinder::Report(Kind kind, const std::string& item, const std::string& d
     loss.count += count;
     if (isNew)
         loss.first = deck_.files.LocationOf(range_);
-    if (options_.withLocations)
+    if (hasLocations_)
         loss.locations.push_back(deck_.files.LocationOf(range_));
 }
 

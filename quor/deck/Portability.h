@@ -6,12 +6,14 @@
 #include "quor/foundation/SectionType.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
-/// Something that a deck says and that another simulator doesn't take as it is meant.
+/// Something that a deck says and that another simulator doesn't take as it is meant. Valid without the deck.
+/// Later versions may add members.
 struct Loss {
     enum class Kind {
         KeywordNotValid,
@@ -33,14 +35,41 @@ struct Loss {
     std::vector<Location> locations; ///< all, if they were asked for
 };
 
-struct PortOptions {
-    Target from; ///< where the deck runs now; without a simulator: whatever is valid for any, and the
-                 ///< keywords' own defaults
-    Target to;
-    bool withLocations = false;
+/// Between which simulators a deck is ported.
+class PortOptions {
+public:
+    /// Where the deck runs now. Without it, whatever is valid for any simulator, and the keywords' own
+    /// defaults.
+    PortOptions& SetFrom(const Target& from)
+    {
+        from_ = from;
+        return *this;
+    }
+    /// Where it is to run. Without it, the target that the deck was read for.
+    PortOptions& SetTo(const Target& to)
+    {
+        to_ = to;
+        return *this;
+    }
+    /// Whether each loss has all its locations, and not the first alone. False at first.
+    PortOptions& SetLocations(bool hasLocations)
+    {
+        hasLocations_ = hasLocations;
+        return *this;
+    }
+
+    const Target& GetFrom() const { return from_; }
+    const std::optional<Target>& GetTo() const { return to_; }
+    bool HasLocations() const { return hasLocations_; }
+
+private:
+    Target from_;
+    std::optional<Target> to_;
+    bool hasLocations_ = false;
 };
 
-/// By kind, and in the order of the deck.
-VELD_QUOR_EXPORT std::vector<Loss> FindLosses(const Deck& deck, const PortOptions& options);
+/// By kind, and in the order of the deck. Blocks that were skipped as the deck was read are not among them:
+/// read it for the simulator that it is ported to.
+VELD_QUOR_EXPORT std::vector<Loss> FindLosses(const Deck& deck, const PortOptions& options = PortOptions());
 
 } // namespace Veld::Quor::Core::Decks

@@ -52,7 +52,9 @@ public:
 
     /// Where the deck is to run. Without it, what is valid for any simulator and mode is accepted.
     ReadOptions& SetTarget(const Target& target);
+    /// The simulator of the target alone.
     ReadOptions& SetSimulator(Keywords::SimulatorType::Enum simulator);
+    /// The mode of the target alone.
     ReadOptions& SetMode(Keywords::SimulatorModeType::Enum mode);
     /// What the variable `$NAME` of the deck stands for. `name` may begin with the "$". Throws
     /// `std::invalid_argument` if it is no name of a variable.
@@ -61,12 +63,15 @@ public:
     ReadOptions& SetMaxFindings(std::size_t count);
     /// Where the files of the deck come from; null, as at first: the files of the system.
     ReadOptions& SetSource(std::shared_ptr<const DeckSource> source);
+    /// None at first, as of the next two.
     ReadOptions& SetProgress(ReadProgress progress);
     ReadOptions& SetCancellation(ReadCancellation cancellation);
     ReadOptions& SetKnownFinding(KnownFinding isKnown);
     /// Whether the deck remembers where each value stands in the text, so that a `DeckEditor` can change it.
     /// Takes 24 bytes a value. False at first.
     ReadOptions& SetEditable(bool isEditable);
+
+    // What was set. References are valid as long as the options.
 
     const Target& GetTarget() const;
     /// By name, with the "$".

@@ -1,4 +1,4 @@
-#include "quor/deck/Remedies.h"
+#include "quor/deck/FindingCodes.h"
 
 #include <cassert>
 #include <cstddef>
@@ -7,6 +7,9 @@ namespace Veld::Quor::Core::Decks {
 
 using namespace Core::Keywords;
 
+namespace {
+
+/// One row for each code, in the order of the codes.
 const std::vector<Remedy>& Remedies()
 {
     constexpr Target carrow{SimulatorType::Carrow, SimulatorModeType::Any};
@@ -133,6 +136,8 @@ const std::vector<Remedy>& Remedies()
     assert(rows.size() == static_cast<std::size_t>(Code::Count) && "Remedies: a row is missing");
     return rows;
 }
+
+} // namespace
 
 const Remedy& RemedyOf(Code code)
 {

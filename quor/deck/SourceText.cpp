@@ -1,4 +1,4 @@
-#include "quor/deck/SourceText.h"
+#include "quor/deck/DeckSource.h"
 
 #include <cerrno>
 #include <system_error>

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "quor/foundation/Export.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -13,11 +17,22 @@ struct TextRange {
     std::size_t length = 0;
 };
 
-/// A place in a file, as people read it. Lines and columns count from 1, columns in bytes.
+/// A position in a file, as people read it. Lines and columns count from 1, columns in bytes.
 struct Location {
     std::string file;
     std::size_t line = 0;
     std::size_t column = 0;
 };
+
+/// A change of a deck's text: the bytes of the range are replaced. At a range of no length text is inserted.
+struct TextEdit {
+    TextRange range; ///< in the text as it was read
+    std::string text; ///< replaces the bytes
+};
+
+/// The text of one file with the changes made, all of them to that file. Their order does not matter, but for
+/// several insertions at one position, which keep theirs. Throws `std::invalid_argument` if two of them
+/// overlap, or one reaches beyond the text.
+VELD_QUOR_EXPORT std::string ApplyEdits(std::string_view text, std::vector<TextEdit> edits);
 
 } // namespace Veld::Quor::Core::Decks

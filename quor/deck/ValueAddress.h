@@ -22,6 +22,7 @@ public:
     /// Of an address that is well formed.
     static constexpr std::size_t noPosition = static_cast<std::size_t>(-1);
 
+    /// `message`: a whole sentence.
     explicit AddressError(const std::string& message, std::size_t position = noPosition);
     AddressError(const AddressError&) = default;
     AddressError& operator=(const AddressError&) = default;
@@ -65,6 +66,7 @@ struct VELD_QUOR_EXPORT ValueAddress {
     std::string ToString() const;
 };
 
+/// Whether all parts are the same, letter by letter.
 VELD_QUOR_EXPORT bool operator==(const ValueAddress& a, const ValueAddress& b);
 VELD_QUOR_EXPORT bool operator!=(const ValueAddress& a, const ValueAddress& b);
 

@@ -107,14 +107,15 @@ void SortByLocation(const std::vector<Document>& documents, Decks::Findings& fin
     const auto key = [&](const Decks::Finding& finding) {
         return std::make_tuple(ranks[finding.location.file], finding.location.line, finding.location.column);
     };
-    findings.Sort([&](const Decks::Finding& a, const Decks::Finding& b) { return key(a) < key(b); });
+    Decks::FindingCollector(findings).Sort(
+        [&](const Decks::Finding& a, const Decks::Finding& b) { return key(a) < key(b); });
 }
 
 } // namespace
 
 LintReport LintDocuments(const std::vector<Document>& documents, std::size_t maxFindings)
 {
-    LintReport report{Decks::Findings(maxFindings), {}};
+    LintReport report{Decks::FindingCollector::Make(maxFindings), {}};
     std::vector<Definition> definitions;
     for (const Document& document : documents) {
         const Reporter reporter(report.findings, document);

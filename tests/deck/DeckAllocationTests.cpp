@@ -259,8 +259,8 @@ TEST_F(DeckAllocation, OfAnalysesFailsAsAWhole)
     changed.replace(changed.find("P3 ST"), 5, "P6 SHUT").replace(changed.find("3*'A"), 4, "3*'B");
     const Deck other = Read(changed);
     EXPECT_GT(FailEachOf([&] { return Summarise(deck); }), 20);
-    EXPECT_GT(FailEachOf([&] { return Compare(deck, other, {}); }), 100);
-    const PortOptions options{{SimulatorType::Any}, {SimulatorType::Carrow}, true};
+    EXPECT_GT(FailEachOf([&] { return Compare(deck, other); }), 100);
+    const auto options = PortOptions().SetTo({SimulatorType::Carrow}).SetLocations(true);
     EXPECT_GT(FailEachOf([&] { return FindLosses(deck, options); }), 30);
 }
 
@@ -274,7 +274,7 @@ TEST_F(DeckAllocation, OfTextsFailsAsAWhole)
     EXPECT_GT(failures, 100);
     const Findings& findings = deck.GetFindings();
     const std::string dump = Dump(findings, "none");
-    Findings copy(1);
+    Findings copy = Deck::ReadText("RUNSPEC\n", language_).GetFindings();
     const auto copyTwice = [&] { copy = *std::make_unique<const Findings>(findings); };
     EXPECT_GT(FailEachAllocation(copyTwice,
                   [&] {

@@ -1,6 +1,7 @@
 #include "quor/deck/Deck.h"
 
-#include "quor/deck/SourceText.h"
+#include "quor/deck/DeckSource.h"
+#include "quor/deck/internal/check/FindingCollector.h"
 #include "tests/deck/FindingText.h"
 #include "tests/deck/Language.h"
 #include "tests/support/Cases.h"
@@ -449,10 +450,10 @@ TEST(DeckReports, KeepFindingsUpToTheLimitAndCountAll)
 
 TEST(DeckReports, NotesAreNoFault)
 {
-    Findings findings(1);
-    findings.Admit(Severity::Note);
+    Findings findings = FindingCollector::Make(1);
+    FindingCollector(findings).Admit(Severity::Note);
     EXPECT_FALSE(findings.HasFault());
-    findings.Admit(Severity::Warning);
+    FindingCollector(findings).Admit(Severity::Warning);
     EXPECT_TRUE(findings.HasFault());
 }
 

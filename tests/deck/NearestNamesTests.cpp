@@ -1,4 +1,4 @@
-#include "quor/deck/NearestWords.h"
+#include "quor/deck/internal/text/NearestWords.h"
 
 #include "quor/deck/DeckLanguage.h"
 

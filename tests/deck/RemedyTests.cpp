@@ -1,4 +1,4 @@
-#include "quor/deck/Remedies.h"
+#include "quor/deck/FindingCodes.h"
 
 #include "quor/deck/Deck.h"
 
@@ -11,7 +11,7 @@ using namespace Veld::Quor::Core::Decks;
 
 namespace {
 
-class Examples : public testing::TestWithParam<Remedy> {
+class Examples : public testing::TestWithParam<CodeInfo> {
 protected:
     /// The codes found in a deck of the built-in language.
     static std::string CodesOf(const std::string& deck)
@@ -20,7 +20,8 @@ protected:
         if (deck.empty())
             return {};
         std::string codes;
-        const Deck read = Deck::ReadText(deck, language, ReadOptions().SetTarget(GetParam().target));
+        const Deck read =
+            Deck::ReadText(deck, language, ReadOptions().SetTarget(RemedyOf(GetParam().code).target));
         for (const Finding& finding : read.GetFindings())
             codes += finding.code + " ";
         return codes;
@@ -30,15 +31,17 @@ protected:
 /// Without an example both decks are empty, and not checked.
 TEST_P(Examples, ShowTheFindingAndTheMend)
 {
-    const std::string wrong = GetParam().wrong;
-    EXPECT_EQ(CodesOf(wrong), wrong.empty() ? "" : std::string(InfoOf(GetParam().code).name) + " ");
-    EXPECT_EQ(CodesOf(GetParam().right), "");
+    const Remedy& remedy = RemedyOf(GetParam().code);
+    const std::string wrong = remedy.wrong;
+    EXPECT_EQ(CodesOf(wrong), wrong.empty() ? "" : std::string(GetParam().name) + " ");
+    EXPECT_EQ(CodesOf(remedy.right), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Codes, Examples, testing::ValuesIn(Remedies()), [](const auto& row) {
-    std::string name = InfoOf(row.param.code).name;
-    std::replace(name.begin(), name.end(), '-', '_');
-    return name;
-});
+INSTANTIATE_TEST_SUITE_P(
+    Codes, Examples, testing::ValuesIn(Veld::Quor::Core::Decks::Codes()), [](const auto& row) {
+        std::string name = row.param.name;
+        std::replace(name.begin(), name.end(), '-', '_');
+        return name;
+    });
 
 } // namespace

@@ -92,7 +92,7 @@ std::string AnswersOf(const Deck& deck)
         answers += ' ' + std::to_string(deck[i].GetLocation().line);
     for (const VariableSummary& variable : Summarise(deck).variables)
         answers += ' ' + variable.name;
-    return answers + ' ' + std::to_string(Compare(deck, deck, {}).groups.size()) + ' '
+    return answers + ' ' + std::to_string(Compare(deck, deck).groups.size()) + ' '
         + DeckFormatter(deck).FormatAll();
 }
 

@@ -209,7 +209,7 @@ void CheckWritten(const Deck& deck, const ReadOptions& options, const DeckLangua
     Store(written);
     std::optional<Deck> again = Deck::Read(GetDeck(), language, options);
     RequireSame(deck, *again, "the written deck");
-    Require(Compare(deck, *again, {deck.GetTarget().simulator, true}).groups.empty(), "diff finds nothing");
+    Require(Compare(deck, *again, ComparisonOptions().SetStrict(true)).groups.empty(), "diff finds nothing");
     Require(WriteFiles(*again) == written, "the second time gives the same text");
     if (deck.GetFiles().GetSize() == 1)
         Require(all == written[0], "the deck is in one file already");
@@ -225,14 +225,18 @@ void CheckAnswers(const Deck& deck, const Conditions& conditions)
 {
     FindingsText(deck.GetFindings());
     CountsText(deck.GetFindings());
-    GccText({&deck.GetFindings()});
-    GitHubText({&deck.GetFindings()});
+    GccText({deck.GetFindings()});
+    GitHubText({deck.GetFindings()});
     Summarise(deck);
     for (const bool isStrict : {false, true})
-        Require(Compare(deck, deck, {conditions.target.simulator, isStrict}).groups.empty(),
+        Require(Compare(deck, deck, ComparisonOptions().SetStrict(isStrict)).groups.empty(),
             "a deck doesn't differ from itself");
-    FindLosses(deck, {{}, conditions.target, conditions.isEditable});
-    FindLosses(deck, {conditions.target, {SimulatorType::Dunmere, SimulatorModeType::Any}, true});
+    FindLosses(deck, PortOptions().SetLocations(conditions.isEditable));
+    FindLosses(deck,
+        PortOptions()
+            .SetFrom(conditions.target)
+            .SetTo({SimulatorType::Dunmere, SimulatorModeType::Any})
+            .SetLocations(true));
 }
 
 std::string_view ToText(const std::uint8_t* data, std::size_t size)

@@ -1,6 +1,6 @@
 #include "tools/quor/Program.h"
 
-#include "quor/deck/NearestWords.h"
+#include "quor/deck/DeckLanguage.h"
 #include "tools/quor/Version.h"
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/LoadedLanguage.h"

@@ -1,6 +1,6 @@
 #include "quor/lint/internal/Reporter.h"
 
-#include "quor/deck/NearestWords.h"
+#include "quor/deck/DeckLanguage.h"
 #include "quor/deck/internal/text/LineText.h"
 
 #include <fmt/format.h>
@@ -29,14 +29,14 @@ Reporter Reporter::In(const char* what, const std::string& name) const
 void Reporter::Report(Code code, const Span& span, const std::string& message, const std::string& hint) const
 {
     const CodeInfo& info = InfoOf(code);
-    if (findings_->Admit(info.severity))
+    if (findings_.Admit(info.severity))
         Keep(info, document_->LocationOf(span.offset), span.length, message, hint);
 }
 
 void Reporter::ReportAt(Code code, const Decks::Location& location, const std::string& message) const
 {
     const CodeInfo& info = InfoOf(code);
-    if (findings_->Admit(info.severity))
+    if (findings_.Admit(info.severity))
         Keep(info, location, 0, message, {});
 }
 
@@ -50,8 +50,7 @@ void Reporter::Keep(const CodeInfo& info, const Decks::Location& location, std::
     finding.length = length;
     finding.message = subject_.empty() ? message : fmt::format("{}: {}", subject_, message);
     finding.hint = hint;
-    finding.SetExcerpt(document_->GetLine(location.line));
-    findings_->Keep(std::move(finding));
+    findings_.Keep(std::move(finding), document_->GetLine(location.line));
 }
 
 std::string Quoted(const std::string& text)

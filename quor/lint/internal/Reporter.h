@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quor/deck/internal/check/FindingCollector.h"
 #include "quor/lint/Codes.h"
 #include "quor/lint/Document.h"
 
@@ -13,7 +14,7 @@ class Reporter {
 public:
     /// Both must outlive the reporter and its copies.
     Reporter(Core::Decks::Findings& findings, const Document& document)
-        : findings_(&findings)
+        : findings_(findings)
         , document_(&document)
     {
     }
@@ -27,14 +28,14 @@ public:
     void ReportAt(Code code, const Core::Decks::Location& location, const std::string& message) const;
 
     /// Whether findings are only counted, so that their texts are not needed.
-    bool IsFull() const { return findings_->IsFull(); }
+    bool IsFull() const { return findings_.IsFull(); }
     const Document& GetDocument() const { return *document_; }
 
 private:
     void Keep(const CodeInfo& info, const Core::Decks::Location& location, std::size_t length,
         const std::string& message, const std::string& hint) const;
 
-    Core::Decks::Findings* findings_;
+    Core::Decks::FindingCollector findings_;
     const Document* document_;
     std::string subject_;
 };

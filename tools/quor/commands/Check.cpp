@@ -1,6 +1,6 @@
 #include "quor/deck/Deck.h"
+#include "quor/deck/DeckSource.h"
 #include "quor/deck/FindingCodes.h"
-#include "quor/deck/SourceText.h"
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/DeckReading.h"
 #include "tools/quor/commands/LoadedLanguage.h"

@@ -1,6 +1,6 @@
 #include "tools/quor/commands/DeckReading.h"
 
-#include "quor/deck/SourceText.h"
+#include "quor/deck/DeckSource.h"
 #include "tools/quor/commands/CommonOptions.h"
 #include "tools/quor/findings/FindingText.h"
 #include "tools/quor/terminal/ProgressBar.h"

@@ -1,4 +1,4 @@
-#include "quor/deck/NearestWords.h"
+#include "quor/deck/DeckLanguage.h"
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/CommonOptions.h"
 #include "tools/quor/findings/FindingCodes.h"

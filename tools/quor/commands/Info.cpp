@@ -1,5 +1,5 @@
+#include "quor/deck/DeckKeyword.h"
 #include "quor/deck/DeckSummary.h"
-#include "quor/deck/ReportStep.h"
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/CommonOptions.h"
 #include "tools/quor/commands/DeckReading.h"

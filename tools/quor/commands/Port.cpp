@@ -31,7 +31,9 @@ namespace {
 
 struct PortCommandOptions {
     std::string deck;
-    Decks::PortOptions port;
+    Decks::Target from;
+    Decks::Target to;
+    bool withLocations = false;
     Decks::ReadOptions read;
     bool isJson = false;
 };
@@ -89,9 +91,9 @@ void PrintText(const std::vector<Loss>& losses, const PortCommandOptions& option
             ofKind.push_back(&*loss);
             count += loss->count;
         }
-        PrintKind(ofKind, options.port.withLocations);
+        PrintKind(ofKind, options.withLocations);
     }
-    const std::string target = Decks::NameOf(options.port.to);
+    const std::string target = Decks::NameOf(options.to);
     Print(losses.empty() ? fmt::format("nothing is lost for {}\n", target)
                          : fmt::format("lost for {}: {} in {}\n", target, Plural(losses.size(), "feature"),
                              Plural(count, "location")));
@@ -120,8 +122,8 @@ void PrintJson(const std::vector<Loss>& losses, const PortCommandOptions& option
     auto array = ordered_json::array();
     for (const Loss& loss : losses)
         array.push_back(LossJson(loss));
-    Print(ToText({{"deck", options.deck}, {"from", TargetJson(options.port.from)},
-        {"to", TargetJson(options.port.to)}, {"losses", array}}));
+    Print(ToText({{"deck", options.deck}, {"from", TargetJson(options.from)}, {"to", TargetJson(options.to)},
+        {"losses", array}}));
 }
 
 /// False, and reported, if the simulator does not have the mode.
@@ -136,14 +138,15 @@ bool HasMode(const Decks::Target& target)
 
 int Port(LoadedLanguage& language, const PortCommandOptions& options)
 {
-    if (!HasMode(options.port.from) || !HasMode(options.port.to))
+    if (!HasMode(options.from) || !HasMode(options.to))
         return Failure;
     const Decks::DeckLanguage deckLanguage(language.GetTable());
-    const auto deck = ReadDeckOrReport(
-        options.deck, Decks::ReadOptions(options.read).SetTarget(options.port.to), deckLanguage);
+    const auto deck =
+        ReadDeckOrReport(options.deck, Decks::ReadOptions(options.read).SetTarget(options.to), deckLanguage);
     if (!deck)
         return Failure;
-    const std::vector<Loss> losses = Decks::FindLosses(*deck, options.port);
+    const std::vector<Loss> losses = Decks::FindLosses(
+        *deck, Decks::PortOptions().SetFrom(options.from).SetLocations(options.withLocations));
     if (options.isJson)
         PrintJson(losses, options);
     else
@@ -156,19 +159,18 @@ int Port(LoadedLanguage& language, const PortCommandOptions& options)
 Command MakePortCommand(CLI::App& application)
 {
     const auto options = std::make_shared<PortCommandOptions>();
-    Decks::PortOptions& port = options->port;
     CLI::App& command = *application.add_subcommand("port",
         "Reports what a deck loses on another simulator: keywords, values and choices that the simulator\n"
         "does not accept or ignores, and defaulted values whose default differs.");
     command.add_option("DECK", options->deck, "Main file of the deck")->required()->type_name("FILE");
-    AddSimulatorOption(command, Into(port.to.simulator), "--to", "Target simulator");
+    AddSimulatorOption(command, Into(options->to.simulator), "--to", "Target simulator");
     command.get_option("--to")->required();
-    AddModeOption(command, Into(port.to.mode));
-    AddSimulatorOption(command, Into(port.from.simulator), "--from", "Current simulator");
-    AddModeOption(command, Into(port.from.mode), "--from-mode", "Mode of the current simulator");
+    AddModeOption(command, Into(options->to.mode));
+    AddSimulatorOption(command, Into(options->from.simulator), "--from", "Current simulator");
+    AddModeOption(command, Into(options->from.mode), "--from-mode", "Mode of the current simulator");
     AddVariablesOption(command, options->read);
     command.get_option("--from-mode")->needs("--from");
-    command.add_flag("--all", port.withLocations, "List all locations of each loss, not only the first");
+    command.add_flag("--all", options->withLocations, "List all locations of each loss, not only the first");
     AddFormatOption(command, options->isJson);
     command.footer(
         "Blocks that the simulator skips are not compared. Without --from, the deck is compared "

@@ -1,6 +1,6 @@
 #include "tools/quor/findings/Baseline.h"
 
-#include "quor/deck/SourceText.h"
+#include "quor/deck/DeckSource.h"
 #include "tools/quor/terminal/Json.h"
 
 #include <fmt/format.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/deck/Remedies.h"
+#include "quor/deck/FindingCodes.h"
 #include "tools/quor/findings/FindingFormat.h"
 
 #include <string>

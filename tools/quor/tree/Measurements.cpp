@@ -1,11 +1,11 @@
 #include "tools/quor/tree/Measurements.h"
 
-#include "quor/deck/NearestWords.h"
+#include "quor/deck/DeckLanguage.h"
 #include "tools/quor/terminal/TextLayout.h"
 #include "tools/quor/tree/MetadataFacts.h"
 
 #include <algorithm>
-#include <utility>
+#include <iterator>
 
 namespace Veld::Quor::Tools {
 
@@ -38,21 +38,16 @@ const std::string* FindMeasurement(const std::string& word, const MeasurementCou
 std::vector<std::string> FindNearestMeasurements(const std::string& word, const MeasurementCounts& counts)
 {
     constexpr std::size_t most = 3;
-    const std::string upper = ToUpper(word);
-    const std::size_t cutOff = std::max<std::size_t>(2, word.size() / 3);
-    std::vector<std::pair<std::size_t, std::string>> near;
-    for (const auto& [measurement, count] : counts) {
-        const std::string other = ToUpper(measurement);
-        const bool isPart = other.find(upper) != std::string::npos;
-        const std::size_t distance = Decks::EditDistance(upper, other, cutOff);
-        if (isPart || distance <= cutOff)
-            near.emplace_back(distance, measurement);
+    std::vector<std::string> all;
+    std::transform(
+        counts.begin(), counts.end(), std::back_inserter(all), [](const auto& row) { return row.first; });
+    std::vector<std::string> nearest = Decks::FindNearest(all, word);
+    for (const std::string& measurement : all) {
+        const bool isPart = ToUpper(measurement).find(ToUpper(word)) != std::string::npos;
+        const bool isNear = std::find(nearest.begin(), nearest.end(), measurement) != nearest.end();
+        if (isPart && !isNear && nearest.size() < most)
+            nearest.push_back(measurement);
     }
-    std::sort(near.begin(), near.end());
-    near.resize(std::min(near.size(), most));
-    std::vector<std::string> nearest;
-    for (auto& [distance, measurement] : near)
-        nearest.push_back(std::move(measurement));
     return nearest;
 }
 

@@ -32,8 +32,7 @@ void FindingReporter::Report(
     if (!IsIncludedAgain(range.file))
         finding.fix = std::move(fix);
     finding.includedFrom = files_.InclusionsOf(range.file);
-    finding.SetExcerpt(files_.LineOf(range).first);
-    findings_.Keep(std::move(finding));
+    findings_.Keep(std::move(finding), files_.LineOf(range).first);
 }
 
 void FindingReporter::ReportBadSuppressions()

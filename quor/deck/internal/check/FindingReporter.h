@@ -4,6 +4,7 @@
 #include "quor/deck/Finding.h"
 #include "quor/deck/FindingCodes.h"
 #include "quor/deck/ReadOptions.h"
+#include "quor/deck/internal/check/FindingCollector.h"
 #include "quor/deck/internal/check/Suppressions.h"
 
 #include <cstddef>
@@ -64,7 +65,7 @@ private:
     const Suppressions& SuppressionsOf(std::uint32_t file);
 
     const DeckFiles& files_;
-    Findings& findings_;
+    FindingCollector findings_;
     KnownFinding isKnown_;
     std::unordered_map<const SourceText*, Suppressions> suppressions_;
     std::size_t errors_ = 0;

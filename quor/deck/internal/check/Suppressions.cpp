@@ -1,6 +1,6 @@
 #include "quor/deck/internal/check/Suppressions.h"
 
-#include "quor/deck/NearestWords.h"
+#include "quor/deck/DeckLanguage.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/NearestNames.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "quor/deck/DeckSource.h"
 #include "quor/deck/FindingCodes.h"
-#include "quor/deck/SourceText.h"
 
 #include <array>
 #include <bitset>

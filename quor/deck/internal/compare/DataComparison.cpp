@@ -110,8 +110,8 @@ bool DataComparison::CompareScalars(
     const MD& md, const ScalarValue& a, const ScalarValue& b, const std::string& path)
 {
     bool isSame = MeanSame(md, a, b);
-    if (!isSame && !options_.isStrict && IsGiven(a) != IsGiven(b)) {
-        const ScalarValue fallback = DefaultOf(md, options_.simulator).value;
+    if (!isSame && !isStrict_ && IsGiven(a) != IsGiven(b)) {
+        const ScalarValue fallback = DefaultOf(md, simulator_).value;
         isSame = MeanSame(md, IsGiven(a) ? a : fallback, IsGiven(b) ? b : fallback);
     }
     if (isSame || !changes_)
@@ -164,7 +164,7 @@ bool DataComparison::CompareNumbers(const List& a, const List& b, const std::str
         const ScalarValue before = ElementValue(md, a.GetData(i));
         const ScalarValue after = ElementValue(md, b.GetData(i));
         const bool isAsGiven = a.IsDefaulted(i) == b.IsDefaulted(i);
-        if ((a.IsDefaulted(i) && isAsGiven) || (before == after && (isAsGiven || !options_.isStrict)))
+        if ((a.IsDefaulted(i) && isAsGiven) || (before == after && (isAsGiven || !isStrict_)))
             continue;
         change.first = change.differing++ == 0 ? i + 1 : change.first;
         change.greatest = std::max(change.greatest, std::abs(NumberOf(after) - NumberOf(before)));
@@ -222,7 +222,7 @@ std::string DataComparison::ScalarText(const MD& md, const ScalarValue& value) c
 {
     if (IsGiven(value))
         return ToText(md, value);
-    const DefaultValue fallback = DefaultOf(md, options_.simulator);
+    const DefaultValue fallback = DefaultOf(md, simulator_);
     return fallback.isThere ? fmt::format("default ({})", ToText(md, fallback)) : absent;
 }
 

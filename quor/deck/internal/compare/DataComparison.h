@@ -39,8 +39,10 @@ Pairs PairUp(std::size_t sizeA, std::size_t sizeB, Equal equal)
 /// Compares the data of two instances of one keyword.
 class DataComparison {
 public:
-    explicit DataComparison(const ComparisonOptions& options)
-        : options_(options)
+    /// `simulator`: whose defaults hold. `isStrict`: a value left to its default differs from that value.
+    DataComparison(Core::Keywords::SimulatorType::Enum simulator, bool isStrict)
+        : simulator_(simulator)
+        , isStrict_(isStrict)
     {
     }
 
@@ -70,7 +72,8 @@ private:
     bool Report(ItemChange change);
     std::string ScalarText(const MD& md, const ScalarValue& value) const;
 
-    ComparisonOptions options_;
+    Core::Keywords::SimulatorType::Enum simulator_;
+    bool isStrict_;
     std::vector<ItemChange>* changes_ = nullptr; // null: only whether there are some is asked
 };
 

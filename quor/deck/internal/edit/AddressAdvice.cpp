@@ -1,6 +1,6 @@
 #include "quor/deck/internal/edit/AddressAdvice.h"
 
-#include "quor/deck/NearestWords.h"
+#include "quor/deck/DeckLanguage.h"
 #include "quor/deck/internal/edit/DataPath.h"
 
 #include <fmt/format.h>

@@ -56,7 +56,7 @@ std::size_t LeaveBlocks(const DeckContents& deck, std::size_t keyword, std::size
     std::size_t limit = text.size();
     if (keyword + 1 < deck.keywords.size() && deck.keywords[keyword + 1].name.file == file)
         limit = deck.keywords[keyword + 1].name.offset;
-    Vocabulary vocabulary(deck.language, deck.target);
+    Vocabulary vocabulary(deck.language, deck.GetTarget());
     std::size_t opened = 0;
     std::size_t left = offset;
     for (; offset < limit; offset = EndOfLine(text, offset)) {

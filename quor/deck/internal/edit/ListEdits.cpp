@@ -81,7 +81,7 @@ public:
         : deck_(deck)
         , keyword_(keyword)
         , text_(deck.files.GetText(keyword.name.file))
-        , plans_(deck.target)
+        , plans_(deck.GetTarget())
         , plan_(Check())
     {
         CheckSound(deck, keyword);
@@ -242,7 +242,7 @@ DataNotes CommentsOf(const KeywordInstance& keyword)
 TextEdit ReplaceData(const DeckContents& deck, const KeywordInstance& keyword, const IKeywordData& data)
 {
     CheckSound(deck, keyword);
-    DataPlans plans(deck.target);
+    DataPlans plans(deck.GetTarget());
     const DataNotes notes = CommentsOf(keyword);
     return MakeEdit(deck, keyword.whole, Written(deck, keyword, data, &notes, plans.Get(*data.GetMD())));
 }

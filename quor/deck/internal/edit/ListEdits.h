@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/deck/TextEdit.h"
+#include "quor/deck/TextRange.h"
 #include "quor/deck/internal/read/DeckContents.h"
 
 #include <cstddef>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "quor/deck/DeckFiles.h"
-#include "quor/deck/TextEdit.h"
+#include "quor/deck/TextRange.h"
 #include "quor/deck/internal/text/Vocabulary.h"
 
 #include <string_view>

@@ -2,10 +2,11 @@
 
 #include "quor/data/IKeywordData.h"
 #include "quor/deck/DeckFiles.h"
+#include "quor/deck/DeckKeyword.h"
 #include "quor/deck/Finding.h"
 #include "quor/deck/ReadOptions.h"
-#include "quor/deck/ReportStep.h"
 #include "quor/deck/Target.h"
+#include "quor/deck/internal/check/FindingCollector.h"
 #include "quor/deck/internal/read/DataReader.h"
 #include "quor/deck/internal/read/KeywordNames.h"
 #include "quor/deck/internal/read/ReadSettings.h"
@@ -53,19 +54,19 @@ struct DeckScope {
 /// A deck as it was read. What was no keyword and no data (comments, blank lines, inclusions, skipped blocks,
 /// unknown keywords) stands in the texts of the files, between the ranges of the keywords.
 struct DeckContents {
-    DeckContents(const LanguageIndex& usedLanguage, const Target& readFor, std::size_t maxFindings)
+    DeckContents(const LanguageIndex& usedLanguage, std::size_t maxFindings)
         : language(usedLanguage)
-        , target(readFor)
-        , findings(maxFindings)
+        , findings(FindingCollector::Make(maxFindings))
     {
     }
 
     /// The keyword's name; of one that stands for many, as the deck has it.
     std::string NameOf(const KeywordInstance& keyword) const;
+    /// For which it was read.
+    const Target& GetTarget() const { return options.GetTarget(); }
 
     const LanguageIndex& language;
-    Target target; ///< for which it was read
-    ReadOptions options = {}; ///< with which it was read
+    ReadOptions options = {}; ///< with which it was read; set at the end
     DeckFiles files;
     std::vector<KeywordInstance> keywords; ///< in the order of reading
     Core::Service::Time start; ///< undefined if the deck gives none

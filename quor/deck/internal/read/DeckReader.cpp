@@ -43,7 +43,7 @@ public:
     DeckReader(const std::string& path, const ReadSettings& options, const LanguageIndex& language)
         : options_(WithSource(options))
         , vocabulary_(language, options.target)
-        , deck_(std::make_unique<DeckContents>(language, options.target, options.maxFindings))
+        , deck_(std::make_unique<DeckContents>(language, options.maxFindings))
         , reporter_(deck_->files, deck_->findings, options.isKnown)
         , text_(path, *options_.source, options.target, vocabulary_, deck_->files, reporter_)
         , plans_(options.target)

@@ -4,7 +4,7 @@
 #include "quor/deck/DeckFiles.h"
 #include "quor/deck/DeckSource.h"
 #include "quor/deck/ReadOptions.h"
-#include "quor/deck/TextEdit.h"
+#include "quor/deck/TextRange.h"
 #include "quor/deck/internal/check/FindingReporter.h"
 #include "quor/deck/internal/check/KeywordValidity.h"
 #include "quor/deck/internal/text/LineText.h"

@@ -1,6 +1,6 @@
 #include "quor/deck/internal/read/KeywordNames.h"
 
-#include "quor/deck/NearestWords.h"
+#include "quor/deck/DeckLanguage.h"
 #include "quor/deck/internal/read/DeckContents.h"
 #include "quor/deck/internal/text/LineText.h"
 

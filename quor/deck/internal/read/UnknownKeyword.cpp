@@ -1,9 +1,9 @@
 #include "quor/deck/internal/read/UnknownKeyword.h"
 
-#include "quor/deck/NearestWords.h"
 #include "quor/deck/internal/read/WordHints.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/NearestNames.h"
+#include "quor/deck/internal/text/NearestWords.h"
 
 #include <fmt/format.h>
 

@@ -1,7 +1,7 @@
 #include "quor/deck/internal/read/WordHints.h"
 
 #include "quor/data/IKeywordMapData.h"
-#include "quor/deck/NearestWords.h"
+#include "quor/deck/DeckLanguage.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/NearestNames.h"
 #include "quor/metadata/IKeywordAssignmentMD.h"

@@ -1,6 +1,6 @@
 #include "quor/deck/internal/text/NearestNames.h"
 
-#include "quor/deck/NearestWords.h"
+#include "quor/deck/internal/text/NearestWords.h"
 #include "quor/syntax/KeywordSyntaxTable.h"
 
 #include <fmt/format.h>

@@ -1,6 +1,6 @@
 #include "quor/deck/internal/write/DeckWriter.h"
 
-#include "quor/deck/SourceText.h"
+#include "quor/deck/DeckSource.h"
 #include "quor/deck/internal/text/LineEnds.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/write/DataWriter.h"
@@ -49,9 +49,9 @@ std::string CommentsOf(std::string_view inclusion)
 
 } // namespace
 
-DeckWriter::DeckWriter(const DeckContents& deck, const Target& target)
+DeckWriter::DeckWriter(const DeckContents& deck)
     : deck_(deck)
-    , plans_(target)
+    , plans_(deck.GetTarget())
     , parts_(deck.files.GetSize())
 {
     AddParts();

@@ -17,8 +17,8 @@ namespace Veld::Quor::Core::Decks {
 /// go on in another file or around a skipped block.
 class DeckWriter {
 public:
-    /// `target`: the one that the deck was read for. The deck must outlive it.
-    DeckWriter(const DeckContents& deck, const Target& target);
+    /// The deck must outlive it.
+    explicit DeckWriter(const DeckContents& deck);
 
     /// The text of one of the deck's files.
     std::string WriteFile(std::uint32_t file);

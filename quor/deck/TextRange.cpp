@@ -1,4 +1,4 @@
-#include "quor/deck/TextEdit.h"
+#include "quor/deck/TextRange.h"
 
 #include <fmt/format.h>
 

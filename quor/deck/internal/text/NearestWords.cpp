@@ -1,5 +1,6 @@
-#include "quor/deck/NearestWords.h"
+#include "quor/deck/internal/text/NearestWords.h"
 
+#include "quor/deck/DeckLanguage.h"
 #include "quor/deck/internal/text/LineText.h"
 
 #include <algorithm>
