@@ -55,7 +55,7 @@ Texts Different(const std::vector<ValueMatch>& matches, const Text& textOf)
 Texts DatesOf(const DeckContents& deck, const std::vector<ValueMatch>& matches)
 {
     return Different(
-        matches, [&](const ValueMatch& match) { return DateOf(deck, deck.keywords[match.keyword]); });
+        matches, [&](const ValueMatch& match) { return deck.DateOf(deck.keywords[match.keyword]); });
 }
 
 std::string BracketsOf(const Texts& identifiers)

@@ -2,6 +2,7 @@
 
 #include "quor/deck/internal/edit/DataPath.h"
 #include "quor/deck/internal/read/RecordIdentity.h"
+#include "quor/deck/internal/read/RecordIndex.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/NumberText.h"
 #include "quor/metadata/IKeywordRecordMD.h"
@@ -19,16 +20,9 @@ namespace {
 
 using MDType = IKeywordDataMD::MDType;
 
-constexpr const char* notGiven = "1*";
-
 bool IsCaseSensitive(const IKeywordDataMD& md)
 {
     return md.GetType() == MDType::String && static_cast<const IKeywordStringMD&>(md).IsCaseSensitive();
-}
-
-std::string TextOf(const IdentityItem& item)
-{
-    return IsGiven(item.value) ? ToText(*item.md, item.value) : notGiven;
 }
 
 /// Numbers are compared as numbers.
@@ -88,8 +82,9 @@ public:
     std::vector<ValueMatch> Find();
 
 private:
-    void AddKeyword(const IKeywordData& root);
-    void AddElements(const IKeywordData& list);
+    void AddAll(std::uint32_t keyword);
+    void AddElement(std::uint32_t keyword);
+    void AddRecord(const RecordIndex::Row& row);
     void AddChild(const IKeywordData& node, std::size_t index, std::size_t step);
     void AddBelow(const IKeywordData& node, std::size_t step);
 
@@ -101,43 +96,58 @@ private:
 
 std::vector<ValueMatch> Matcher::Find()
 {
-    for (const std::uint32_t index : deck_.names.Find(deck_, address_.keyword)) {
-        const KeywordInstance& keyword = deck_.keywords[index];
-        current_ = {index, {}};
-        if (keyword.data && (address_.date.empty() || DateOf(deck_, keyword) == address_.date))
-            AddKeyword(*keyword.data);
+    const std::vector<std::uint32_t>& keywords = deck_.names.Find(deck_, address_.keyword);
+    if (keywords.empty())
+        return {};
+    const RecordIndex& index = deck_.recordIndices.Get(deck_, keywords);
+    const RecordIndex::Keywords& dated = index.FindKeywords(address_.date);
+    if (address_.identifiers.empty()) {
+        for (const std::uint32_t keyword : dated.all)
+            AddAll(keyword);
+        return std::move(matches_);
     }
+    for (const std::uint32_t keyword : dated.unnamed)
+        AddElement(keyword);
+    for (const RecordIndex::Row& row : index.FindRecords(address_.identifiers, address_.date))
+        AddRecord(row);
+    std::stable_sort(matches_.begin(), matches_.end(),
+        [](const ValueMatch& a, const ValueMatch& b) { return a.keyword < b.keyword; });
     return std::move(matches_);
 }
 
-void Matcher::AddKeyword(const IKeywordData& root)
+void Matcher::AddAll(std::uint32_t keyword)
 {
-    const auto& texts = address_.identifiers;
-    if (root.GetMD()->GetType() == MDType::List) {
-        AddElements(root);
-    } else if (root.GetMD()->GetType() == MDType::Record) {
-        const auto identity = IdentityOf(root);
-        if (Matches(identity, texts) || (identity.empty() && texts == std::vector<std::string>{"1"}))
-            AddBelow(root, 0);
-    }
+    const IKeywordData& root = *deck_.keywords[keyword].data;
+    current_ = {keyword, {}};
+    if (root.GetMD()->GetType() == MDType::Record)
+        return AddBelow(root, 0);
+    for (std::size_t i = 0; i < CountChildren(root); ++i)
+        AddChild(root, i, 0);
 }
 
-void Matcher::AddElements(const IKeywordData& list)
+/// By its number in the list.
+void Matcher::AddElement(std::uint32_t keyword)
+{
+    const IKeywordData& list = *deck_.keywords[keyword].data;
+    current_ = {keyword, {}};
+    if (address_.identifiers.size() > 1)
+        return;
+    if (const auto index = FindIndex(address_.identifiers.front(), CountChildren(list)))
+        AddChild(list, *index, 0);
+}
+
+/// If it has the identifiers.
+void Matcher::AddRecord(const RecordIndex::Row& row)
 {
     const auto& texts = address_.identifiers;
-    const std::size_t size = CountChildren(list);
-    const bool isNamed = IsListOfNamedRecords(list.GetMD());
-    if (!isNamed && texts.size() == 1) {
-        if (const auto index = FindIndex(texts.front(), size))
-            AddChild(list, *index, 0);
+    const IKeywordData& root = *deck_.keywords[row.keyword].data;
+    const bool isList = root.GetMD()->GetType() == MDType::List;
+    const auto identity = IdentityOf(isList ? ChildOf(root, row.record) : root);
+    const bool isOnly = !isList && identity.empty() && texts == std::vector<std::string>{"1"};
+    if (!isOnly && !Matches(identity, texts))
         return;
-    }
-    if (!isNamed && !texts.empty())
-        return;
-    for (std::size_t i = 0; i < size; ++i) {
-        if (texts.empty() || Matches(IdentityOf(ChildOf(list, i)), texts))
-            AddChild(list, i, 0);
-    }
+    current_ = {row.keyword, {}};
+    isList ? AddChild(root, row.record, 0) : AddBelow(root, 0);
 }
 
 /// `step`: the item of the address that says what comes below.
@@ -171,7 +181,7 @@ std::vector<IdentityItem> Describe(const DeckContents& deck, const ValueMatch& m
 {
     const KeywordInstance& keyword = deck.keywords[match.keyword];
     address.keyword = deck.NameOf(keyword);
-    address.date = DateOf(deck, keyword);
+    address.date = deck.DateOf(keyword);
     const IKeywordData* node = keyword.data.get();
     const bool isList = node->GetMD()->GetType() == MDType::List;
     std::vector<IdentityItem> identity;
@@ -211,13 +221,6 @@ std::string MakeAddressKey(const DeckContents& deck, const ValueMatch& match)
     for (const IdentityItem& item : Describe(deck, match, address))
         address.identifiers.push_back(IsCaseSensitive(*item.md) ? TextOf(item) : ToUpper(TextOf(item)));
     return address.ToString();
-}
-
-std::string DateOf(const DeckContents& deck, const KeywordInstance& keyword)
-{
-    if (keyword.step != noIndex)
-        return DateText(deck.steps[keyword.step].time);
-    return keyword.section == SectionType::SCHEDULE ? DateText(deck.start) : std::string();
 }
 
 std::string ItemText(const IKeywordData& record, std::size_t item)

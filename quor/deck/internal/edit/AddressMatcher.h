@@ -25,8 +25,6 @@ ValueAddress MakeAddress(const DeckContents& deck, const ValueMatch& match);
 /// doesn't matter.
 std::string MakeAddressKey(const DeckContents& deck, const ValueMatch& match);
 
-/// "2024-04-01" for a keyword of SCHEDULE; empty for others, and if the deck gives no date.
-std::string DateOf(const DeckContents& deck, const KeywordInstance& keyword);
 /// The item as addresses name it: its name, or its number if it has none or another item has it too.
 std::string ItemText(const Core::Keywords::IKeywordData& record, std::size_t item);
 

@@ -17,4 +17,11 @@ std::string DeckContents::NameOf(const KeywordInstance& keyword) const
     return keyword.syntax->IsWildcard() ? ToUpper(files.GetText(keyword.name)) : keyword.syntax->GetName();
 }
 
+std::string DeckContents::DateOf(const KeywordInstance& keyword) const
+{
+    if (keyword.step != noIndex)
+        return DateText(steps[keyword.step].time);
+    return keyword.section == Keywords::SectionType::SCHEDULE ? DateText(start) : std::string();
+}
+
 } // namespace Veld::Quor::Core::Decks

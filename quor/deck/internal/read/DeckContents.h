@@ -10,6 +10,7 @@
 #include "quor/deck/internal/read/DataReader.h"
 #include "quor/deck/internal/read/KeywordNames.h"
 #include "quor/deck/internal/read/ReadSettings.h"
+#include "quor/deck/internal/read/RecordIndex.h"
 #include "quor/deck/internal/text/LanguageIndex.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/service/Time.h"
@@ -62,6 +63,8 @@ struct DeckContents {
 
     /// The keyword's name; of one that stands for many, as the deck has it.
     std::string NameOf(const KeywordInstance& keyword) const;
+    /// "2024-04-01" for a keyword of SCHEDULE; empty for others, and if the deck gives no date.
+    std::string DateOf(const KeywordInstance& keyword) const;
     /// For which it was read.
     const Target& GetTarget() const { return options.GetTarget(); }
 
@@ -76,6 +79,7 @@ struct DeckContents {
     std::size_t sections = 0; ///< different ones
     std::size_t distinctFiles = 0; ///< the deck itself included
     mutable KeywordNames names; ///< of the keywords, made when first asked for
+    mutable RecordIndices recordIndices; ///< each made when first asked for
 };
 
 /// Reads a deck whole; what is wrong with it is among its findings. Throws `SourceError` if the deck itself

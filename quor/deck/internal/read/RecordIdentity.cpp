@@ -47,6 +47,11 @@ void AppendIdentity(const IKeywordData& data, std::vector<IdentityItem>& identit
 
 } // namespace
 
+std::string TextOf(const IdentityItem& item)
+{
+    return IsGiven(item.value) ? ToText(*item.md, item.value) : "1*";
+}
+
 std::vector<IdentityItem> IdentityOf(const IKeywordData& data)
 {
     std::vector<IdentityItem> identity;

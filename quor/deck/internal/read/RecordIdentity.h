@@ -3,6 +3,7 @@
 #include "quor/deck/internal/read/DataValue.h"
 #include "quor/metadata/IKeywordDataMD.h"
 
+#include <string>
 #include <vector>
 
 namespace Veld::Quor::Core::Keywords {
@@ -16,6 +17,9 @@ struct IdentityItem {
     const Core::Keywords::IKeywordDataMD* md;
     ScalarValue value;
 };
+
+/// As addresses write it: "1*" if it isn't given.
+std::string TextOf(const IdentityItem& item);
 
 /// The identifiers of a record, or of the first one of a list, and of what it holds, in their order.
 std::vector<IdentityItem> IdentityOf(const Core::Keywords::IKeywordData& data);
