@@ -53,7 +53,8 @@ void DeckChanges::SetWord(std::uint32_t keyword, const ValuePath& path, const st
     }
     for (const TextEdit& edit : EditValues(deck_, instance, {{slot, *word}})) // throws if it can't be done
         CheckFile(edit.range.file);
-    changes_[keyword].words[slot] = *word;
+    NewWord kept = *word; // may fail: not once the slot is there
+    changes_[keyword].words.insert_or_assign(slot, std::move(kept));
 }
 
 void DeckChanges::SetArray(std::uint32_t keyword, TextEdit edit)
