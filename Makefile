@@ -26,7 +26,7 @@ run: setup-run build-release ## Build the release and try it on the deck of a fi
 	@echo "      $(QUOR) port YOUR.data --to Dunmere"
 	@echo "      $(QUOR) show WCONPROD, $(QUOR) --help"
 
-test: setup-test check-format check-release check-asan check-threads check-lint ## Run all builds, tests and checks
+test: setup-test check-format docs check-release check-asan check-threads check-lint ## Run all builds, tests and checks
 	@echo "== all passed"
 
 setup-run:

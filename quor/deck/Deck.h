@@ -24,6 +24,7 @@ namespace Veld::Quor::Core::Decks {
 /// are near.
 class VELD_QUOR_EXPORT KeywordNotFound : public Service::Exception {
 public:
+    /// `message`: a whole sentence.
     explicit KeywordNotFound(const std::string& message);
     KeywordNotFound(const KeywordNotFound&) = default;
     KeywordNotFound& operator=(const KeywordNotFound&) = default;
@@ -70,8 +71,11 @@ public:
     std::size_t GetSize() const;
     /// `index` < `GetSize()`; not checked.
     DeckKeyword operator[](std::size_t index) const { return DeckKeyword(*contents_, index); }
+    /// For a range-based `for` over the keywords.
+    /// @{
     Iterator begin() const;
     Iterator end() const;
+    /// @}
 
     // By name, without regard to case. The first call makes an index; the rest cost a look-up.
 
@@ -121,18 +125,25 @@ private:
 /// Goes over the keywords of a deck; valid as long as the deck.
 class Deck::Iterator {
 public:
+    /// What the standard library asks of an iterator.
+    /// @{
     using iterator_category = std::input_iterator_tag;
     using value_type = DeckKeyword;
     using difference_type = std::ptrdiff_t;
     using pointer = void;
     using reference = DeckKeyword;
+    /// @}
 
+    /// At the keyword with this index; not checked.
     Iterator(const Deck& deck, std::size_t index)
         : deck_(&deck)
         , index_(index)
     {
     }
+    /// The keyword; not to be asked at the end.
     DeckKeyword operator*() const { return (*deck_)[index_]; }
+    /// Goes to the next keyword.
+    /// @{
     Iterator& operator++()
     {
         ++index_;
@@ -144,8 +155,12 @@ public:
         ++index_;
         return before;
     }
+    /// @}
+    /// Compares positions; both of the same deck.
+    /// @{
     bool operator==(const Iterator& other) const { return index_ == other.index_; }
     bool operator!=(const Iterator& other) const { return index_ != other.index_; }
+    /// @}
 
 private:
     const Deck* deck_;

@@ -16,8 +16,8 @@ namespace Veld::Quor::Core::Decks {
 /// How two lists of numbers differ.
 struct ArrayChange {
     std::size_t differing = 0; ///< of the elements that both have
-    std::size_t sizeBefore = 0;
-    std::size_t sizeAfter = 0;
+    std::size_t sizeBefore = 0; ///< elements in the first deck
+    std::size_t sizeAfter = 0; ///< elements in the second deck
     std::size_t first = 0; ///< from 1; 0: none differ
     double greatest = 0; ///< difference
 };
@@ -26,7 +26,7 @@ struct ArrayChange {
 struct ItemChange {
     std::string item; ///< the way to it: names of items, and numbers of elements from 1 as in "[3]"
     std::string before; ///< as text; "absent" for an element that the other list has in excess
-    std::string after;
+    std::string after; ///< the same in the second deck
     std::optional<ArrayChange> array = {}; ///< `before` and `after` are of the first element that differs
 };
 
@@ -46,7 +46,9 @@ public:
         return *this;
     }
 
+    /// What was set; without a value: the simulator of the first deck.
     const std::optional<Keywords::SimulatorType::Enum>& GetSimulator() const { return simulator_; }
+    /// What was set.
     bool IsStrict() const { return isStrict_; }
 
 private:
@@ -56,9 +58,10 @@ private:
 
 /// One difference between two decks.
 struct Change {
+    /// Whether both decks have it, or the second alone, or the first alone.
     enum class Kind { Changed, Added, Gone };
 
-    Kind kind = Kind::Changed;
+    Kind kind = Kind::Changed; ///< seen from the first deck
     std::string keyword; ///< empty: it is the report step itself that was added, or is gone
     std::string identity; ///< the identifiers of the instance; may be empty
     ItemChange item = {}; ///< of what has changed
@@ -68,9 +71,9 @@ struct Change {
 
 /// The differences in one section, or in SCHEDULE at one report step.
 struct ChangeGroup {
-    Keywords::SectionType::Enum section;
+    Keywords::SectionType::Enum section; ///< in which they are
     std::string step; ///< date, or number of the report; empty: no step, or before the first
-    std::vector<Change> changes;
+    std::vector<Change> changes; ///< in the order of the decks
 };
 
 /// All differences between two decks: values of its own, valid without the decks. Later versions may add

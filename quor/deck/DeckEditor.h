@@ -43,6 +43,8 @@ public:
 /// to Real, a text to String and Line, and to Choice the word of a choice, whole and without regard to case.
 class NewValue {
 public:
+    /// Of the type that the item must have.
+    /// @{
     NewValue(bool value) // implicit, as all: the place of an argument says what it is
         : value_(value)
     {
@@ -67,6 +69,7 @@ public:
         : value_(std::string(value))
     {
     }
+    /// @}
     /// A pointer is no bool.
     template <class T, class = std::enable_if_t<!std::is_same_v<std::remove_const_t<T>, char>>>
     NewValue(T* value) = delete;
@@ -109,20 +112,27 @@ public:
     // Throw `AddressError` also for a text that is no address, `Keywords::DataAccessError` for a value of
     // another type and an unknown word of a choice.
 
+    /// Replaces one value.
+    /// @{
     void SetValue(std::string_view address, const NewValue& value);
     void SetValue(const ValueAddress& address, const NewValue& value);
-    /// `place`: of this deck, with a range.
+    /// @}
+    /// Replaces the value at a place of this deck that has a range.
     void SetValue(const ValuePlace& place, const NewValue& value);
     /// Leaves the value to its default. Throws `EditError` if it has none.
+    /// @{
     void ClearValue(std::string_view address);
     void ClearValue(const ValueAddress& address);
     void ClearValue(const ValuePlace& place);
+    /// @}
 
     /// Replaces the values of a keyword that is a list of numbers. They are laid out as `DeckFormatter` does;
     /// comments between them stay at the same number of values. Throws `Keywords::DataAccessError` for any
     /// other keyword, and another type of numbers.
+    /// @{
     void SetArray(const DeckKeyword& keyword, const double* first, std::size_t count);
     void SetArray(const DeckKeyword& keyword, const int* first, std::size_t count);
+    /// @}
 
     // Records: the elements of a keyword that is a list of records or lists.
 
@@ -164,8 +174,10 @@ public:
     std::shared_ptr<const DeckSource> MakeSource(std::shared_ptr<const DeckSource> others = nullptr) const;
     /// Reads the changed deck, with the options of the deck or others. Their source serves files that the
     /// deck didn't read. Throws what `Deck::Read` throws.
+    /// @{
     Deck Read(const DeckLanguage& language) const;
     Deck Read(const DeckLanguage& language, const ReadOptions& options) const;
+    /// @}
 
 private:
     void Set(const ValuePlace& place, const NewValue* value);

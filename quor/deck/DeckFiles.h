@@ -18,7 +18,7 @@ namespace Veld::Quor::Core::Decks {
 /// A file of a deck. One that is included twice is there twice, with one text.
 struct DeckFile {
     std::string name; ///< the path that it was read from
-    std::shared_ptr<const SourceText> text;
+    std::shared_ptr<const SourceText> text; ///< its bytes; lives as long as somebody holds it
     std::optional<TextRange> inclusion; ///< from the keyword that led here to the end of the line with the
                                         ///< name; none for the deck itself
     std::size_t end = 0; ///< where reading left it: before the word that ends an included file, or the size

@@ -22,6 +22,7 @@ class VELD_QUOR_EXPORT DeckLanguage {
 public:
     /// Of the process's table, which is loaded if it isn't yet. Throws what the load throws.
     DeckLanguage();
+    /// Of another table.
     explicit DeckLanguage(Keywords::KeywordSyntaxTable& table);
     ~DeckLanguage();
     DeckLanguage(const DeckLanguage&) = delete;

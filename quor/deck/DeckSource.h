@@ -14,6 +14,7 @@ namespace Veld::Quor::Core::Decks {
 /// `Deck::Read` puts the name before it.
 class VELD_QUOR_EXPORT SourceError : public Service::Exception {
 public:
+    /// `reason`: without the name of the file, as in "No such file or directory".
     explicit SourceError(const std::string& reason);
     SourceError(const SourceError&) = default;
     SourceError& operator=(const SourceError&) = default;
@@ -92,8 +93,10 @@ public:
 
     /// Puts a text under a path, in place of an earlier one. Not while a deck is being read from the source.
     /// Two spellings of a path (`a/../b.inc`, `./b.inc`) are the same.
+    /// @{
     void Set(const std::string& path, std::string bytes);
     void Set(const std::string& path, std::shared_ptr<const SourceText> text);
+    /// @}
 
     /// Takes away the text of a path, if it has one: the other source serves it again.
     void Remove(const std::string& path);

@@ -16,45 +16,46 @@ namespace Veld::Quor::Core::Decks {
 
 /// One file of the deck, as often as it is included.
 struct FileSummary {
-    std::string name;
+    std::string name; ///< the path by which it was read
     std::size_t depth = 0; ///< inclusions that led here
-    std::size_t bytes = 0;
+    std::size_t bytes = 0; ///< of its text
     std::size_t keywords = 0; ///< that stand in the file itself
 };
 
 /// A section that the deck has.
 struct SectionSummary {
-    Keywords::SectionType::Enum section;
-    std::size_t keywords = 0;
+    Keywords::SectionType::Enum section; ///< which one
+    std::size_t keywords = 0; ///< in it, the one that begins it included
     Location location; ///< of its first keyword
 };
 
 /// The whole numbers that a keyword of RUNSPEC gives.
 struct SizeSummary {
-    std::string keyword;
+    std::string keyword; ///< its name
     std::vector<std::pair<std::string, int>> sizes; ///< by item
 };
 
 /// The values that one keyword gives to a cell property.
 struct PropertySummary {
-    std::string keyword;
-    std::string property;
+    std::string keyword; ///< its name
+    std::string property; ///< which cell property
     std::string measurement; ///< empty: a plain number
-    Location location;
-    std::size_t count = 0;
+    Location location; ///< of the keyword
+    std::size_t count = 0; ///< of values
     std::size_t defaulted = 0; ///< of these; their values count nowhere
+    /// Of the values that were given, in the unit of the deck.
     struct Range {
-        double least;
-        double mean;
-        double greatest;
+        double least; ///< minimum
+        double mean; ///< arithmetic mean
+        double greatest; ///< maximum
     };
     std::optional<Range> range; ///< empty if no value was given
 };
 
 /// A well that the deck introduces.
 struct Well {
-    std::string name;
-    std::string group;
+    std::string name; ///< as the deck has it
+    std::string group; ///< the last one that it was put into; may be empty
     std::string control; ///< the last: keyword, fluid that is injected, quantity; empty if there is none
     long long completions = 0; ///< cells in which it was ever completed
     Service::Time since; ///< when it was introduced first
@@ -62,7 +63,7 @@ struct Well {
 
 /// A group of wells, or of other groups.
 struct Group {
-    std::string name;
+    std::string name; ///< as the deck has it
     std::string parent; ///< empty at the top
     std::size_t depth = 0; ///< below the top
     std::size_t wells = 0; ///< its own
@@ -77,18 +78,18 @@ struct VariableSummary {
 /// What is in a deck, in short: values of its own, valid without the deck. Later versions may add members to
 /// this and to what it consists of.
 struct DeckSummary {
-    std::string title;
+    std::string title; ///< empty if the deck has none
     std::vector<FileSummary> files; ///< each after the one that includes it
-    std::vector<SectionSummary> sections;
-    std::vector<SizeSummary> sizes;
+    std::vector<SectionSummary> sections; ///< in the order of the deck
+    std::vector<SizeSummary> sizes; ///< in the order of the deck
     std::vector<std::string> options; ///< the keywords of RUNSPEC that carry nothing
     std::string units; ///< the set's keyword; empty if none is named
     Service::Time start; ///< undefined if the deck gives none
     Service::Time end; ///< of the last report
-    std::size_t reports = 0;
-    std::vector<Well> wells;
-    std::vector<Group> groups;
-    std::vector<PropertySummary> properties;
+    std::size_t reports = 0; ///< report steps
+    std::vector<Well> wells; ///< in the order in which they are introduced
+    std::vector<Group> groups; ///< those below another after it
+    std::vector<PropertySummary> properties; ///< in the order of the deck
     std::vector<VariableSummary> variables; ///< by name
 };
 

@@ -19,7 +19,7 @@ VELD_QUOR_EXPORT const char* ToString(Severity severity);
 /// add members.
 struct Finding {
     std::string code; ///< stable, for programs to use
-    Severity severity = Severity::Error;
+    Severity severity = Severity::Error; ///< how serious it is
     Location location; ///< where `range` begins
     std::size_t length = 0; ///< bytes from the location on that the finding is about; may be 0
     std::string message; ///< one sentence, without a full stop
@@ -58,8 +58,10 @@ public:
     /// In the order in which they were met.
     const std::vector<Finding>& GetKept() const { return kept_; }
     /// Over those that are kept.
+    /// @{
     std::vector<Finding>::const_iterator begin() const { return kept_.begin(); }
     std::vector<Finding>::const_iterator end() const { return kept_.end(); }
+    /// @}
     /// Of all, kept or not.
     std::size_t GetCount(Severity severity) const;
     /// How many are counted and not kept.

@@ -61,9 +61,9 @@ enum class Code {
 
 /// A code, and what it means. The texts are never freed.
 struct CodeInfo {
-    Code code;
+    Code code; ///< the position of the row
     const char* name; ///< stable, for programs to go by
-    Severity severity;
+    Severity severity; ///< of its findings
     const char* meaning; ///< one sentence
 };
 
@@ -74,7 +74,7 @@ VELD_QUOR_EXPORT const CodeInfo& InfoOf(Code code);
 
 /// What to do about the findings of a code.
 struct Remedy {
-    Code code;
+    Code code; ///< whose findings it fixes
     const char* text; ///< one or two sentences
     const char* wrong; ///< a deck that has such a finding and no other; empty if one file can't show it
     const char* right; ///< the same, fixed

@@ -15,6 +15,7 @@ namespace Veld::Quor::Core::Decks {
 /// Something that a deck says and that another simulator doesn't take as it is meant. Valid without the deck.
 /// Later versions may add members.
 struct Loss {
+    /// What is lost.
     enum class Kind {
         KeywordNotValid,
         ItemNotValid,
@@ -25,13 +26,13 @@ struct Loss {
         OtherDefault, ///< left to a default that is another one there
     };
 
-    Kind kind;
-    std::string keyword;
+    Kind kind; ///< what is lost
+    std::string keyword; ///< its name
     Keywords::SectionType::Enum section; ///< of the first place
     std::string item; ///< the name within its record, or the key within a map; may be empty
     std::string detail; ///< of a choice its word, of a default "this -> that"
-    std::size_t count = 0;
-    Location first;
+    std::size_t count = 0; ///< how often the deck has it
+    Location first; ///< in the order of reading
     std::vector<Location> locations; ///< all, if they were asked for
 };
 
@@ -58,9 +59,12 @@ public:
         return *this;
     }
 
+    /// What was set.
+    /// @{
     const Target& GetFrom() const { return from_; }
     const std::optional<Target>& GetTo() const { return to_; }
     bool HasLocations() const { return hasLocations_; }
+    /// @}
 
 private:
     Target from_;

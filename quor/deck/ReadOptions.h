@@ -63,21 +63,27 @@ public:
     ReadOptions& SetMaxFindings(std::size_t count);
     /// Where the files of the deck come from; null, as at first: the files of the system.
     ReadOptions& SetSource(std::shared_ptr<const DeckSource> source);
-    /// None at first, as of the next two.
+    /// A function that is called while the deck is read. None at first.
+    /// @{
     ReadOptions& SetProgress(ReadProgress progress);
     ReadOptions& SetCancellation(ReadCancellation cancellation);
     ReadOptions& SetKnownFinding(KnownFinding isKnown);
+    /// @}
     /// Whether the deck remembers where each value stands in the text, so that a `DeckEditor` can change it.
     /// Takes 24 bytes a value. False at first.
     ReadOptions& SetEditable(bool isEditable);
 
     // What was set. References are valid as long as the options.
 
+    /// `Any` for what was not set.
     const Target& GetTarget() const;
     /// By name, with the "$".
     const std::map<std::string, std::string>& GetVariables() const;
+    /// How many findings are kept.
     std::size_t GetMaxFindings() const;
+    /// Null: the files of the system.
     const std::shared_ptr<const DeckSource>& GetSource() const;
+    /// Whether the deck remembers where each value is.
     bool IsEditable() const;
 
 private:

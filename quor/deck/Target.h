@@ -10,8 +10,8 @@ namespace Veld::Quor::Core::Decks {
 
 /// Where a deck is to run. `Any` asks for what holds for at least one simulator, or mode.
 struct Target {
-    Keywords::SimulatorType::Enum simulator = Keywords::SimulatorType::Any;
-    Keywords::SimulatorModeType::Enum mode = Keywords::SimulatorModeType::Any;
+    Keywords::SimulatorType::Enum simulator = Keywords::SimulatorType::Any; ///< or any
+    Keywords::SimulatorModeType::Enum mode = Keywords::SimulatorModeType::Any; ///< or any
 };
 
 /// "Dunmere", "Dunmere in mode Thermal", or "mode Thermal" for any simulator.

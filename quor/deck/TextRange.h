@@ -14,14 +14,14 @@ namespace Veld::Quor::Core::Decks {
 struct TextRange {
     std::uint32_t file = 0; ///< index among the files of the deck
     std::size_t offset = 0; ///< from the start of the file's text, a byte order mark not counted
-    std::size_t length = 0;
+    std::size_t length = 0; ///< in bytes
 };
 
 /// A position in a file, as people read it. Lines and columns count from 1, columns in bytes.
 struct Location {
-    std::string file;
-    std::size_t line = 0;
-    std::size_t column = 0;
+    std::string file; ///< the path by which it was read
+    std::size_t line = 0; ///< from 1; 0 in an empty location alone
+    std::size_t column = 0; ///< from 1, in bytes; 0 in an empty location alone
 };
 
 /// A change of a deck's text: the bytes of the range are replaced. At a range of no length text is inserted.

@@ -48,6 +48,7 @@ private:
 ///
 /// A text between quotes may hold any character, its quote doubled: `WCONPROD['P.1'].ORAT`.
 struct VELD_QUOR_EXPORT ValueAddress {
+    /// The name; required.
     std::string keyword;
     /// Of the record: the values of the items that identify it, in their order, or its number. The last ones
     /// may be missing. Exact texts, no patterns; "1*" for one that isn't given.
@@ -67,8 +68,10 @@ struct VELD_QUOR_EXPORT ValueAddress {
 };
 
 /// Whether all parts are the same, letter by letter.
+/// @{
 VELD_QUOR_EXPORT bool operator==(const ValueAddress& a, const ValueAddress& b);
 VELD_QUOR_EXPORT bool operator!=(const ValueAddress& a, const ValueAddress& b);
+/// @}
 
 /// The way from the data of a keyword to one value: indices from 0, of an element in a list, of an item in a
 /// record. `{2, 7}` is item 7 of record 2 of a list, `{16}` a value of a plain list.
@@ -76,8 +79,8 @@ using ValuePath = std::vector<std::size_t>;
 
 /// One value of a deck, given or not. Valid as long as the deck.
 struct ValuePlace {
-    DeckKeyword keyword;
-    ValuePath path;
+    DeckKeyword keyword; ///< whose value it is
+    ValuePath path; ///< from its data
     ValueAddress address; ///< the full one, which no other value of the deck has
     std::string text; ///< the value as a word of a deck without quotes; empty if it isn't given
     /// The word that says the value, which may be a repeat (`10*0.2`) that stands for others too; of no
