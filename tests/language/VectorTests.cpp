@@ -101,7 +101,7 @@ Tracer: WTPRSEA => Well Production Rate - - B/BC/BCT: string
 NameWithinTracers: WTPCHEA => Well Production - - - B/BC/BCT: string
 Component: BXMF_12 => Block - - - Oil -/C/CT: I integer, J integer, K integer
 Gravity: FAPI => Field Production - API Oil B/B/B: -
-Energy: FEPR => Field Production Rate - - -/-/T: -
+Energy: FEPR => Field Production Rate - - B/B/BT: -
 )")),
     CaseName<Row>);
 
