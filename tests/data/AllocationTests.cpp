@@ -8,9 +8,9 @@ using namespace Veld::Quor::Tests;
 namespace {
 
 constexpr const char* shape = "(b i r s l [i] [?s] [(i s [r])] [[s]] {A/B C W*} w)";
-constexpr const char* values = "(1 2 0.5 'a text that is too long to be stored in place' - [1 2 3]"
-                               " ['another text that is not stored in place'~ 'x'] [(1 'y' [2 3])]"
-                               " [['z'] []] {A=1 C=2 W1=3 W2=4} \"a raw text that is not stored in place\")";
+constexpr const char* values =
+    "(1 2 0.5 'a text that is too long to be stored in place' - [1 2 3] ['another text that is not stored in "
+    "place'~ 'x'] [(1 'y' [2 3])] [['z'] []] {A=1 C=2 W1=3 W2=4} \"a raw text that is not stored in place\")";
 
 } // namespace
 

@@ -132,9 +132,9 @@ TEST(Identity, StartsWithTheNameOfTheRootAndListsNoMoreThanTheKeywordCounts)
 
 TEST(Identity, TakesTheMarksOfTheDocument)
 {
-    const LoadedTable table("<keyword name='K'><data><list><record><item identifier='true'><string/></item>"
-                            "<item><integer/></item><item identifier='true'><integer/></item></record></list>"
-                            "</data></keyword>");
+    const LoadedTable table("<keyword name='K'><data><list><record><item "
+                            "identifier='true'><string/></item><item><integer/></item><item "
+                            "identifier='true'><integer/></item></record></list></data></keyword>");
     const auto data = Make(table.Get("K"), "[('FOO' 5 6)]");
     EXPECT_EQ(KeywordIdentity(data.get()).GetString(), "FOO 6");
 }

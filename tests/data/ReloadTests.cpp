@@ -12,8 +12,8 @@ namespace {
 constexpr long long day = 86400 * Time::TicksPerSecond;
 const Time start(2024, 1, 1, 0, 0, 0, 0);
 
-const std::string record = "<record><item name='D'><integer/></item><item name='M'><string/></item>"
-                           "<item name='Y'><integer/></item><item name='T'><string/></item></record>";
+const std::string record = "<record><item name='D'><integer/></item><item name='M'><string/></item><item "
+                           "name='Y'><integer/></item><item name='T'><string/></item></record>";
 const std::string startKeyword = "<keyword name='START'><data>" + record + "</data></keyword>";
 const std::string datesKeyword = "<keyword name='DATES'><data><list>" + record + "</list></data></keyword>";
 const std::string tstepKeyword = "<keyword name='TSTEP'><data><list><real/></list></data></keyword>";

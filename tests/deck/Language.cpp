@@ -59,8 +59,8 @@ std::string SmallLanguage()
     text += Keyword("DATES", In("SCHEDULE") + "<data><list><string/></list></data>");
     text += Keyword("UNTIL",
         In("SCHEDULE")
-            + "<data><list><line/><customReadTermination><stringTermination>STOP</stringTermination>"
-              "</customReadTermination></list></data>");
+            + "<data><list><line/><customReadTermination><stringTermination>STOP</stringTermination></"
+              "customReadTermination></list></data>");
     text += Keyword("WELSPECH", In("SCHEDULE") + "<isHidden/>");
     text += Keyword("WBHP", In("SUMMARY") + "<data><list><string/></list></data>");
     text += Keyword("TIME", In("SUMMARY"));

@@ -113,8 +113,9 @@ std::string RandomLanguage::Describe(const Shape& shape)
     case Kind::Line:
         return "<line/>";
     case Kind::Map:
-        return "<map><assignment name='A'><integer/></assignment><assignment name='B'><integer/></assignment>"
-               "<assignment name='W*' wildcard='true'><integer/></assignment></map>";
+        return "<map><assignment name='A'><integer/></assignment><assignment "
+               "name='B'><integer/></assignment><assignment name='W*' "
+               "wildcard='true'><integer/></assignment></map>";
     case Kind::Raw:
         return "<raw stringTermination='ENDRAW'/>";
     case Kind::Record: {

@@ -11,8 +11,8 @@ using namespace Veld::Quor::Core::Decks;
 
 namespace {
 
-const std::string date = "<item name='D'><integer/></item><item name='M'><string/></item>"
-                         "<item name='Y'><integer/></item><item name='T' optional='true'><string/></item>";
+const std::string date = "<item name='D'><integer/></item><item name='M'><string/></item><item "
+                         "name='Y'><integer/></item><item name='T' optional='true'><string/></item>";
 const std::string common = R"(
 <keyword name='RUNSPEC'/> <keyword name='SCHEDULE'/> <keyword name='SUMMARY'/>
 <keyword name='INCLUDE'/> <keyword name='END'/> <keyword name='ENDINC'/>

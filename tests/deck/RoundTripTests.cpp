@@ -79,8 +79,7 @@ INSTANTIATE_TEST_SUITE_P(Found, OddDecks,
             "RUNSPEC\nKEY\n A= '$NONE/' /\n"},
         OddDeck{"SlashWithinAListOfUnknownSize",
             "<list size='2'><list termination='SLASH'><record termination='NONE'><item "
-            "name='A'><real/></item>"
-            "<item name='B'><list size='N'><real/></list></item><item "
+            "name='A'><real/></item><item name='B'><list size='N'><real/></list></item><item "
             "name='C'><real/></item></record></list></list>",
             "RUNSPEC\nKEY\n 1 2 3 / remark\n 4 /\n"},
         OddDeck{"RemarkBehindASlashThatNeedNotBe", "<list size='2'><real/></list>",

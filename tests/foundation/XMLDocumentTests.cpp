@@ -144,8 +144,8 @@ INSTANTIATE_TEST_SUITE_P(DocumentTypes, RefusedDocument,
             "ParameterEntity", "<!DOCTYPE r [<!ENTITY % p SYSTEM 'secret.dtd'> %p;]><r/>", "1:13", doctype},
         Refused{"DefaultAttribute", "<!DOCTYPE r [<!ATTLIST r a CDATA 'x'>]><r/>", "1:13", doctype},
         Refused{"Laughs",
-            "<!DOCTYPE r [<!ENTITY a 'ha'><!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;'>"
-            "<!ENTITY c '&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;'>]><r>&c;</r>",
+            "<!DOCTYPE r [<!ENTITY a 'ha'><!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;'><!ENTITY c "
+            "'&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;'>]><r>&c;</r>",
             "1:13", doctype},
         Refused{"Quadratic",
             "<!DOCTYPE r [<!ENTITY a '" + std::string(100'000, 'x') + "'>]><r>" + Repeat("&a;", 100'000)
@@ -244,8 +244,8 @@ TEST(RefusedFiles, AreOfThisMachineAndRegular)
 
 TEST(RefusedDocuments, AreAllThatAreCutShort)
 {
-    const std::string whole = "\xEF\xBB\xBF<?xml version='1.0' encoding='UTF-8'?>\n<!-- c --><?p i?>"
-                              "<r a='caf\xC3\xA9 &amp;'>\n<b/>\xE2\x82\xAC<![CDATA[<]]>&#x10FFFF;</r>";
+    const std::string whole = "\xEF\xBB\xBF<?xml version='1.0' encoding='UTF-8'?>\n<!-- c --><?p i?><r "
+                              "a='caf\xC3\xA9 &amp;'>\n<b/>\xE2\x82\xAC<![CDATA[<]]>&#x10FFFF;</r>";
     const LogCapture log;
     for (const std::string& text :
         {whole, "\xFE\xFF" + Encode("<r a='\xC3\xA9'>\xF0\x9D\x84\x9E</r>", "UTF-16BE")}) {
@@ -376,8 +376,8 @@ TEST(XMLDocuments, AreWritten)
 
 TEST(DomText, IsUtf8AndEmptyWhereThereIsNone)
 {
-    const std::string text = "<r name='caf\xC3\xA9' val='true' id=''>a<val>\xE2\x82\xAC</val><!-- no -->"
-                             "<![CDATA[b]]><item><keyword/></item></r>";
+    const std::string text = "<r name='caf\xC3\xA9' val='true' id=''>a<val>\xE2\x82\xAC</val><!-- no "
+                             "--><![CDATA[b]]><item><keyword/></item></r>";
     XMLDocument document;
     const auto* const dom = document.readMemory(text.data(), text.size(), "text");
     ASSERT_NE(dom, nullptr);
@@ -391,9 +391,7 @@ TEST(DomText, IsUtf8AndEmptyWhereThereIsNone)
     EXPECT_FALSE(GetAttributeValueEqual(root, Tags::Type(), u"")) << "an absent one equals nothing";
     EXPECT_TRUE(HasChildTagName(root, Tags::Item()));
     EXPECT_FALSE(HasChildTagName(root, Tags::Keyword())) << "a grandchild";
-    EXPECT_EQ(GetElementText(root),
-        "a\xE2\x82\xAC"
-        "b");
+    EXPECT_EQ(GetElementText(root), "a\xE2\x82\xACb");
     EXPECT_STREQ(XToC(u"a\u00E9\u20AC\U0001D11E"), "a\xC3\xA9\xE2\x82\xAC\xF0\x9D\x84\x9E");
     EXPECT_STREQ(XToC(nullptr), "");
 }

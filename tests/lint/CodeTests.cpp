@@ -55,8 +55,7 @@ const std::vector<Row>& Rows()
             "x.xml:7:11: warning: K, item I: <simulator> is ignored because no white space is directly "
             "before it [passed-over] | put it, and each comment, on a separate line",
             Item(real
-                + "<validity>\n<option value='Thermal'/>\n<!-- x --><simulator "
-                  "name='Carrow'/>\n</validity>"),
+                + "<validity>\n<option value='Thermal'/>\n<!-- x --><simulator name='Carrow'/>\n</validity>"),
             Item(real + "<validity>\n<simulator name='Carrow'/>\n<option value='Thermal'/>\n</validity>")},
         {Code::StrayText,
             "x.xml:4:1: warning: K: the text in <isHidden> is ignored; the element itself sets the flag "

@@ -38,8 +38,7 @@ TEST_F(LintProgram, ShowsTheLineAndAHint)
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "");
     const std::string expected = bad_
-        + ":3:22: warning: NAME: unknown element <descripton> in <keyword> is ignored [ignored-element]\n   "
-          " "
+        + ":3:22: warning: NAME: unknown element <descripton> in <keyword> is ignored [ignored-element]\n    "
         + wrongKeyword + "\n    " + std::string(21, ' ')
         + "^~~~~~~~~~~\n  hint: did you mean 'description'?\n";
     EXPECT_TRUE(outcome.out.starts_with(expected)) << outcome.out;

@@ -195,9 +195,9 @@ TEST(Choices, WarnOfADefaultOnceForEachEntryWhenItIsRead)
 {
     Service::MessageCapper::instance()->Reset();
     const LogCapture log;
-    Read<KeywordChoiceMDImpl>("<choice><values><value string='BETA'><aliases> <alias name='OLD'> "
-                              "<isHiddenAlias/></alias></aliases></value></values>"
-                              "<default type='specified' val='OLD'/></choice>");
+    Read<KeywordChoiceMDImpl>(
+        "<choice><values><value string='BETA'><aliases> <alias name='OLD'> "
+        "<isHiddenAlias/></alias></aliases></value></values><default type='specified' val='OLD'/></choice>");
     const std::string line =
         "OLD is a deprecated synonym for BETA and may be removed in a future release; please use BETA.\n";
     EXPECT_EQ(log.Text(), line + line + line) << "for none in particular, and for each of two simulators";

@@ -120,8 +120,8 @@ TEST(ByCode, ContainersTakeItems)
     EXPECT_FALSE(onRead);
     EXPECT_TRUE(onWrite);
     EXPECT_EQ(Dump(record),
-        "record NONE{real optional unsupported(everywhere); line valid(nowhere); "
-        "integer#9 X for Carrow Sedge optional}");
+        "record NONE{real optional unsupported(everywhere); line valid(nowhere); integer#9 X for Carrow "
+        "Sedge optional}");
 }
 
 TEST(ByCode, MapsSortWildcardsAndAKeyIsTrimmedAndRaised)
@@ -137,23 +137,21 @@ TEST(ByCode, MapsSortWildcardsAndAKeyIsTrimmedAndRaised)
     map.GetItemMD(1)->SetKeys({" a", "B "});
     map.GetItemMD(1)->SetValidity(SimulatorType::Tolmen, true);
     EXPECT_EQ(Dump(map),
-        "map SLASH{assignment keys(A B); assignment keys( a|B ) valid(Tolmen); "
-        "assignment keys(*W) wildcard}");
+        "map SLASH{assignment keys(A B); assignment keys( a|B ) valid(Tolmen); assignment keys(*W) "
+        "wildcard}");
 }
 
 TEST(Copies, OfAnAssignmentsInterfaceHaveNoPlaceAndNoOverrides)
 {
     const auto from = Read<KeywordAssignmentMDImpl>(
         "<assignment name='K' wildcard='true'><description>d</description><aliases> <alias "
-        "name='L'/></aliases>"
-        "<validity> <simulator name='Wend'/></validity><integer><min val='1'/><max val='9'/><default "
-        "type='calculated'><override name='Hallow' type='specified' "
+        "name='L'/></aliases><validity> <simulator name='Wend'/></validity><integer><min val='1'/><max "
+        "val='9'/><default type='calculated'><override name='Hallow' type='specified' "
         "val='5'/></default></integer></assignment>");
     from->SetName("N");
     from->SetItemNumber(2);
-    const std::string text =
-        "assignment \"d\" keys(K|L) wildcard valid(Wend) [1..9] Any=calculated Carrow=calculated "
-        "Sedge=calculated Hallow=5";
+    const std::string text = "assignment \"d\" keys(K|L) wildcard valid(Wend) [1..9] Any=calculated "
+                             "Carrow=calculated Sedge=calculated Hallow=5";
     EXPECT_EQ(Dump(KeywordAssignmentMDImpl(static_cast<const IKeywordAssignmentMD&>(*from))), text);
 }
 

@@ -212,8 +212,9 @@ TEST(Lists, EndByTheirWords)
         EXPECT_EQ(flag, !matched);
         return matched;
     };
-    const std::string words = "<customReadTermination><!-- --><stringTermination>A</stringTermination>"
-                              "<stringTermination> stop</stringTermination></customReadTermination>";
+    const std::string words =
+        "<customReadTermination><!-- --><stringTermination>A</stringTermination><stringTermination> "
+        "stop</stringTermination></customReadTermination>";
     const std::string none = "<customReadTermination/>";
     for (const char* const token : {"A", "a", " sToP"})
         EXPECT_TRUE(matches(words, token)) << token;
@@ -285,8 +286,8 @@ TEST(IntegerDefaults, AreAlsoAMap)
 {
     using Defaults = KeywordIntegerMDImpl::Defaults;
     const auto integer = Read<KeywordIntegerMDImpl>(
-        "<integer><default type='specified' val='4'><override name='Carrow' type='calculated'/>"
-        "<override name='Wend' type='no default'/></default></integer>");
+        "<integer><default type='specified' val='4'><override name='Carrow' type='calculated'/><override "
+        "name='Wend' type='no default'/></default></integer>");
     EXPECT_EQ(integer->GetDefaults(),
         (Defaults{{SimulatorType::Carrow, {}}, {SimulatorType::Sedge, 4}, {SimulatorType::Any, 4}}));
     integer->SetDefaults({{SimulatorType::Tolmen, 9}, {SimulatorType::Any, {}}});

@@ -150,29 +150,25 @@ public:
 
 TEST(WholeKeyword, IsReadToTheLastAttribute)
 {
-    const LoadedTable table(
-        "<keyword name='X'><validSimulators><simulator name='Carrow'/><simulator name='Wend' "
-        "gridEditsOnly='true' classicOnly='true'/><simulator name='Tolmen' "
-        "supportLevel='ignored'/></validSimulators><data>"
+    const LoadedTable table("<keyword name='X'><validSimulators><simulator name='Carrow'/><simulator "
+                            "name='Wend' gridEditsOnly='true' classicOnly='true'/><simulator name='Tolmen' "
+                            "supportLevel='ignored'/></validSimulators><data>"
         + listXml + "</data></keyword><keyword name='M'><data>" + mapXml
-        + "</data><validSimulators><simulator name='Carrow'/>"
-          "</validSimulators></keyword><keyword name='W'><data><raw "
-          "stringTermination='ENDW'/></data></keyword>");
+        + "</data><validSimulators><simulator name='Carrow'/></validSimulators></keyword><keyword "
+          "name='W'><data><raw stringTermination='ENDW'/></data></keyword>");
     const IKeywordSyntax& syntax = table.Get("X");
     EXPECT_EQ(Dump(*syntax.GetDataMD()),
-        "list \"rows\" CUSTOMIZED words size=2*N min=1 max=9 fill start=true end=false{record SLASH{"
-        "real#1 R \"real\" in pressure [0.5..1000] as '%.3f' Any=1.5 Carrow=calculated!calculated "
-        "Sedge=2.5!specified Wend=none!no default for Carrow Wend optional identifier strictly_increasing "
-        "skip-read skip-write valid(Carrow/BCT Dunmere/T Sedge/T Hallow/T Marlpit/T Ostrey/T Wend/T Tolmen/T "
-        "Wend_GE/T Wend_CLASSIC/T) unsupported(Wend/BCT Wend_CLASSIC/BCT); "
-        "integer#2 I \"integer\" [-1..7] as '%d' Any=calculated Carrow=calculated Wend=calculated for Carrow "
-        "Wend identifier; "
-        "boolean#3 B \"boolean\" Any=false Carrow=false Wend=false for Carrow Wend; "
-        "string#4 S \"string\" <=40 case comma for Carrow Wend; "
-        "choice#5 C \"choice\"{ONE|UNO|~UN valid(Sedge/BCT) unsupported(Wend/BCT Wend_GE/BCT), TWO} Any=1 "
-        "Carrow=1 Wend=1 for Carrow Wend; "
-        "list#6 V SLASH defaultable{integer Any=3 Carrow=3 Wend=3 for Carrow Wend}; "
-        "line#7 L \"line\" Any='text' Carrow='text' Wend='text' for Carrow Wend}}");
+        "list \"rows\" CUSTOMIZED words size=2*N min=1 max=9 fill start=true end=false{record SLASH{real#1 R "
+        "\"real\" in pressure [0.5..1000] as '%.3f' Any=1.5 Carrow=calculated!calculated Sedge=2.5!specified "
+        "Wend=none!no default for Carrow Wend optional identifier strictly_increasing skip-read skip-write "
+        "valid(Carrow/BCT Dunmere/T Sedge/T Hallow/T Marlpit/T Ostrey/T Wend/T Tolmen/T Wend_GE/T "
+        "Wend_CLASSIC/T) unsupported(Wend/BCT Wend_CLASSIC/BCT); integer#2 I \"integer\" [-1..7] as '%d' "
+        "Any=calculated Carrow=calculated Wend=calculated for Carrow Wend identifier; boolean#3 B "
+        "\"boolean\" Any=false Carrow=false Wend=false for Carrow Wend; string#4 S \"string\" <=40 case "
+        "comma for Carrow Wend; choice#5 C \"choice\"{ONE|UNO|~UN valid(Sedge/BCT) unsupported(Wend/BCT "
+        "Wend_GE/BCT), TWO} Any=1 Carrow=1 Wend=1 for Carrow Wend; list#6 V SLASH defaultable{integer Any=3 "
+        "Carrow=3 Wend=3 for Carrow Wend}; line#7 L \"line\" Any='text' Carrow='text' Wend='text' for Carrow "
+        "Wend}}");
     EXPECT_EQ(syntax.GetIdentifierCount(), 2);
     // The map's own validity stands behind its data, and comes too late.
     EXPECT_EQ(Dump(*table.Get("M").GetDataMD()),

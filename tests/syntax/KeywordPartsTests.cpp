@@ -72,9 +72,8 @@ class SummaryCategory : public testing::TestWithParam<Row> { };
 /// What it ends with; behind the bar the keyword that does so explicitly.
 class Scope : public testing::TestWithParam<Row> { };
 
-const std::string others =
-    "<keyword name='A'><aliases><alias name='AA'/></aliases></keyword><keyword name='B'/>"
-    "<keyword name='W*'/>";
+const std::string others = "<keyword name='A'><aliases><alias name='AA'/></aliases></keyword><keyword "
+                           "name='B'/><keyword name='W*'/>";
 
 } // namespace
 

@@ -105,10 +105,11 @@ TEST(KeywordSyntax, ListsWhereItIsValid)
 {
     const LoadedTable table(
         "<keyword name='X'><validSimulators><simulator name='Carrow'/><simulator "
-        "name='Sedge'/></validSimulators>"
-        "<validSections><section name='SCHEDULE'><simulator name='Sedge'/></section><section name='SUMMARY'>"
-        "<simulator name='Carrow'/></section></validSections></keyword><keyword name='NOWHERE'>"
-        "<validSimulators><simulator name='Sedge' supportLevel='ignored'/></validSimulators></keyword>");
+        "name='Sedge'/></validSimulators><validSections><section name='SCHEDULE'><simulator "
+        "name='Sedge'/></section><section name='SUMMARY'><simulator "
+        "name='Carrow'/></section></validSections></keyword><keyword "
+        "name='NOWHERE'><validSimulators><simulator name='Sedge' "
+        "supportLevel='ignored'/></validSimulators></keyword>");
     const IKeywordSyntax& syntax = table.Get("X");
     EXPECT_EQ(syntax.GetValidSections(), (std::vector{SectionType::SUMMARY, SectionType::SCHEDULE}));
     EXPECT_EQ(syntax.GetFirstValidSection(), SectionType::SUMMARY);

@@ -198,18 +198,17 @@ TEST(Enumerator, GoesLevelByLevelAndTheLastRowsFirst)
 
 TEST(Enumerator, VisitsEachSyntaxUnderEachName)
 {
-    EXPECT_EQ(Order("<keyword name='X'><aliases><alias name='A'/><alias name='Z'/></aliases></keyword>"
-                    "<keyword name='A'/><keyword name='X' id='X2'/>"),
+    EXPECT_EQ(Order("<keyword name='X'><aliases><alias name='A'/><alias "
+                    "name='Z'/></aliases></keyword><keyword name='A'/><keyword name='X' id='X2'/>"),
         "A:X A X X Z:X ");
 }
 
 TEST(Enumerator, PassesOverWhatIsHiddenUnderItsName)
 {
     const std::string main =
-        "<keyword name='H'><isHidden/></keyword>"
-        "<keyword name='I'><isHidden/><aliases><alias name='J'/></aliases></keyword>"
-        "<keyword name='K'><aliases><alias name='L'><isHiddenAlias/></alias></aliases></keyword>"
-        "<keyword name='H'/>";
+        "<keyword name='H'><isHidden/></keyword><keyword name='I'><isHidden/><aliases><alias "
+        "name='J'/></aliases></keyword><keyword name='K'><aliases><alias "
+        "name='L'><isHiddenAlias/></alias></aliases></keyword><keyword name='H'/>";
     EXPECT_EQ(Order(main), "H J:I K ");
     EXPECT_EQ(Order(main, true), "H H I J:I K L:K ");
 }

@@ -111,9 +111,8 @@ TEST(SyntaxTable, HasTheTrustedAheadAndKeepsAllOfAName)
 
 TEST(SyntaxTable, SharesASyntaxWithItsAliases)
 {
-    const LoadedTable table(
-        "<keyword name='X'><aliases><alias name='Y'/><alias name='Z*'/></aliases></keyword>"
-        "<keyword name='Y'/>");
+    const LoadedTable table("<keyword name='X'><aliases><alias name='Y'/><alias "
+                            "name='Z*'/></aliases></keyword><keyword name='Y'/>");
     const IKeywordSyntax* const x = table->Lookup("X", true);
     EXPECT_EQ(table->LookupAll("Y").front(), x);
     EXPECT_EQ(table->LookupAll("Y").size(), 2U);
@@ -139,8 +138,7 @@ TEST_F(Loads, FindKeywordElementsAtAnyDepthBelowAnyRoot)
     const ScopedVariable main(mainVariable,
         directory_.Write("main.xml",
             "<keyword name='ROOT'><a><keyword name='A'/><b><keyword name='B'><x><keyword "
-            "name='C'/></x></keyword>"
-            "</b></a><Keyword name='D'/></keyword>"));
+            "name='C'/></x></keyword></b></a><Keyword name='D'/></keyword>"));
     EXPECT_EQ(Load(), "done\n");
     for (const std::string name : {"A", "B", "C", "D", "ROOT"})
         EXPECT_EQ(KeywordSyntaxTable::Instance().LookupAll(name).size(), name < "D" ? 1U : 0U) << name;

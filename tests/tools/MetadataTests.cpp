@@ -13,8 +13,8 @@ using nlohmann::json;
 namespace {
 
 const std::string forThree =
-    "<validSimulators><simulator name='Dunmere'/><simulator name='Sedge'/><simulator name='Hallow'/>"
-    "</validSimulators><validSections><section name='PROPS'/></validSections>";
+    "<validSimulators><simulator name='Dunmere'/><simulator name='Sedge'/><simulator "
+    "name='Hallow'/></validSimulators><validSections><section name='PROPS'/></validSections>";
 
 /// A keyword for three simulators.
 std::string Keyword(const std::string& name, const std::string& data, const std::string& more = {})
@@ -32,40 +32,36 @@ const std::string language =
     Keyword("FLUID",
         "<record termination='SLASH'>"
             + Item("name='NAME' identifier='true'",
-                "<string canContainComma='true'><description>Which fluid.</description>"
-                "<caseSensitive/><lengthLimit>12</lengthLimit></string>")
+                "<string canContainComma='true'><description>Which "
+                "fluid.</description><caseSensitive/><lengthLimit>12</lengthLimit></string>")
             + Item("name='FACTOR' optional='true' columnConstraint='increasing'",
                 "<real><min val='0'/><max val='1'/><quantity name='ratio'/><description>What share of all "
-                "that "
-                "there is belongs to this fluid, by volume at the conditions of the surface.</description>"
-                "<default type='specified' val='0.1'><override name='Sedge' type='specified' val='0.02'/>"
-                "<override name='Hallow' type='calculated'/></default></real>")
+                "that there is belongs to this fluid, by volume at the conditions of the "
+                "surface.</description><default type='specified' val='0.1'><override name='Sedge' "
+                "type='specified' val='0.02'/><override name='Hallow' type='calculated'/></default></real>")
             + Item("name='LEVEL'",
                 "<integer>\n <description>Depth of search.</description>\n <min val='2'/>\n"
-                " <default type='specified' val='3'>"
-                "<override name='Dunmere' type='specified' val='4'/>"
-                "<override name='Sedge' type='specified' val='4'/>"
-                "<override name='Hallow' type='specified' val='4'/>"
-                "<override name='Wend' type='no default'/></default></integer>"
-                "<skippableOnRead/><skippableOnWrite/>"
-                "<validity>\n <simulator name='Sedge'/>\n <option value='Thermal'/>\n</validity>"
-                "<unsupportedBy>\n <simulator name='Sedge'/>\n</unsupportedBy>")
+                " <default type='specified' val='3'><override name='Dunmere' type='specified' "
+                "val='4'/><override name='Sedge' type='specified' val='4'/><override name='Hallow' "
+                "type='specified' val='4'/><override name='Wend' type='no "
+                "default'/></default></integer><skippableOnRead/><skippableOnWrite/><validity>\n <simulator "
+                "name='Sedge'/>\n <option value='Thermal'/>\n</validity><unsupportedBy>\n <simulator "
+                "name='Sedge'/>\n</unsupportedBy>")
             + Item("name='ROWS'",
-                "<list size='N' itemsDefaultable='true' fillEmptyElementsWithPreviousValue='true'>"
-                "<description>The rows.</description><boolean><description>Whether to print."
-                "</description><default type='specified' val='NO'/></boolean></list>")
+                "<list size='N' itemsDefaultable='true' "
+                "fillEmptyElementsWithPreviousValue='true'><description>The "
+                "rows.</description><boolean><description>Whether to print.</description><default "
+                "type='specified' val='NO'/></boolean></list>")
             + "</record>")
     + Keyword("WELLCTL",
         "<list><record termination='SLASH'>"
             + Item("name='MODE'",
-                "<choice><values>"
-                "<value string='rate'><aliases>\n <alias name='FLOW'/>\n <alias name='OLD'> <isHiddenAlias/> "
-                "</alias>\n</aliases></value>"
-                "<value string='bhp'><validity>\n <simulator name='Dunmere'/>\n <simulator name='Hallow'/>\n"
-                "</validity></value>"
-                "<value string='thp'><unsupportedBy>\n <simulator name='Hallow'/>\n</unsupportedBy></value>"
-                "</values><default type='specified' val='RATE'><override name='Hallow' type='specified' "
-                "val='TH'/></default></choice>")
+                "<choice><values><value string='rate'><aliases>\n <alias name='FLOW'/>\n <alias name='OLD'> "
+                "<isHiddenAlias/> </alias>\n</aliases></value><value string='bhp'><validity>\n <simulator "
+                "name='Dunmere'/>\n <simulator name='Hallow'/>\n"
+                "</validity></value><value string='thp'><unsupportedBy>\n <simulator "
+                "name='Hallow'/>\n</unsupportedBy></value></values><default type='specified' "
+                "val='RATE'><override name='Hallow' type='specified' val='TH'/></default></choice>")
             + Item("name='PARTS'",
                 "<list termination='EOL' minSize='1'><record>" + Item("name='A'", "<real/>")
                     + "</record></list>")
@@ -73,24 +69,25 @@ const std::string language =
     + Keyword("REPORT",
         "<map><assignment name='ANY*' wildcard='true'><integer/>\n"
         "<validity>\n <simulator name='Dunmere'/>\n <simulator name='Sedge'/>\n <simulator name='Hallow'/>\n"
-        "</validity></assignment>"
-        "<assignment name='WELLS'><aliases><alias name='W'/></aliases><description>Wells.</description>"
-        "<integer><min val='0'/><max val='5'/><default type='specified' val='1'>"
-        "<override name='Sedge' type='specified' val='2'/></default></integer>"
-        "<validity>\n <simulator name='Dunmere'/>\n <simulator "
+        "</validity></assignment><assignment name='WELLS'><aliases><alias "
+        "name='W'/></aliases><description>Wells.</description><integer><min val='0'/><max val='5'/><default "
+        "type='specified' val='1'><override name='Sedge' type='specified' "
+        "val='2'/></default></integer><validity>\n <simulator name='Dunmere'/>\n <simulator "
         "name='Sedge'/>\n</validity></assignment></map>")
     + Keyword("REMARKS", "<raw stringTermination='ENDREM'/>")
     + Keyword("WOPR", "<list><string/></list>",
-        "<summaryMnemonic><category name='entity' val='Well'/><category name='option' val='Aqui'/>"
-        "</summaryMnemonic>")
+        "<summaryMnemonic><category name='entity' val='Well'/><category name='option' "
+        "val='Aqui'/></summaryMnemonic>")
     + Keyword("FOPR",
-        "<list size='1'><customReadTermination><stringTermination>ENDFOPR</stringTermination>"
-        "</customReadTermination><line/></list>",
-        "<summaryMnemonic><category name='entity' val='Field'/><category name='flow' val='Production'/>"
-        "<category name='function' val='Rate'/><category name='phase' val='Oil'/></summaryMnemonic>")
+        "<list "
+        "size='1'><customReadTermination><stringTermination>ENDFOPR</stringTermination></"
+        "customReadTermination><line/></list>",
+        "<summaryMnemonic><category name='entity' val='Field'/><category name='flow' "
+        "val='Production'/><category name='function' val='Rate'/><category name='phase' "
+        "val='Oil'/></summaryMnemonic>")
     + Keyword("POROS",
-        "<list size='NX*NY*NZ' termination='SLASH'><real><min val='1e-07'/><quantity name='Porosity'/></real>"
-        "</list>",
+        "<list size='NX*NY*NZ' termination='SLASH'><real><min val='1e-07'/><quantity "
+        "name='Porosity'/></real></list>",
         "<cell property='PORV' components='true' copyLayerAboveByDefault='true'/>")
     + Keyword(
         "BRANCH", "", "<scope><endKeyword name='FOPR'/><endKeyword name='WOPR' explicit='true'/></scope>");
