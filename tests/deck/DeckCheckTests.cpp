@@ -59,16 +59,39 @@ std::string Repeat(const std::string& text, int times)
 }
 
 struct Row {
-    const char* name;
+    std::string name;
     std::string deck;
     std::string findings; ///< as a user sees them
-    Files files = {};
-    Target target = {};
+    Files files;
+    Target target;
 };
 
-constexpr auto anyMode = SimulatorModeType::Any;
-constexpr Target carrow{SimulatorType::Carrow, anyMode};
-constexpr Target dunmere{SimulatorType::Dunmere, anyMode};
+/// From "Carrow", "Dunmere BlackOil" or "Any Thermal".
+Target TargetOf(const std::string& text)
+{
+    const auto words = Split(text, " ");
+    Target target;
+    if (words[0] != "Any")
+        target.simulator = SimulatorType::FromString(words[0]);
+    if (words.size() > 1)
+        target.mode = SimulatorModeType::FromString(words[1]);
+    return target;
+}
+
+/// Of cases `Name: deck & file=text => findings`, with any number of files, or `Name for Carrow: ...`.
+std::vector<Row> RowsOf(const std::string& table)
+{
+    std::vector<Row> rows;
+    for (const auto& cells : Cells(table, 2)) {
+        const auto name = Split(cells[0], " for ");
+        const auto texts = Split(cells[1], " & ");
+        Row& row = rows.emplace_back(
+            Row{name[0], texts[0], cells[2], {}, TargetOf(name.size() > 1 ? name[1] : "Any")});
+        for (auto file = texts.begin() + 1; file != texts.end(); ++file)
+            row.files.emplace_back(file->substr(0, file->find('=')), file->substr(file->find('=') + 1));
+    }
+    return rows;
+}
 
 class Decks : public testing::TestWithParam<Row> { };
 
@@ -78,302 +101,163 @@ TEST_P(Decks, AreChecked)
     EXPECT_EQ(deck.FindingsOf(ReadOptions().SetTarget(GetParam().target)), GetParam().findings);
 }
 
-INSTANTIATE_TEST_SUITE_P(Bytes, Decks,
-    testing::Values(
-        Row{"Empty", "-- nothing\n",
-            "d.data:1:1: error: the deck has no keywords [no-section] | start the deck with section RUNSPEC"},
-        Row{"NoLastLineEnd", "RUNSPEC\nWATR",
-            "d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"WindowsLineEnds", "RUNSPEC\r\nOIL\r\nWATR\r\n",
-            "d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"ByteOrderMark", "\xEF\xBB\xBFRUNSPEC\nOIL\n", ""},
-        Row{"WideCharacters", std::string("\xFF\xFER\0U\0", 6),
-            "d.data:1:1: error: unsupported file encoding UTF-16 [encoding] | save the file as plain text or "
-            "UTF-8"},
-        Row{"TabsAndComments", "RUNSPEC\t-- first\nOIL--last\nWATR \t /\t-- x\nWATR\t\n",
-            "d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?\n"
-            "d.data:4:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"ZeroBytes", std::string("RUNSPEC\n 1 \0 /\nOIL\0\nWATER\n", 26),
-            "d.data:2:2: error: unexpected '1' after RUNSPEC; expected a keyword [stray-text]"},
-        Row{"LineOfMegabytes", "RUNSPEC\nDIMENS\n" + std::string(3'000'000, '7') + " /\nWATR\n",
-            "d.data:3:1: error: DIMENS: whole number '7777777777777777777777777777777777777777...' is out of "
-            "range (expected -2147483648 to 2147483647) [wrong-type]\n"
-            "d.data:4:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"WordOfMegabytes", "RUNSPEC\n" + std::string(3'000'000, 'A') + "\n",
-            "d.data:2:1: error: unknown keyword 'AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA...' "
-            "[unknown-keyword] | keyword names have at most 8 characters"}),
+INSTANTIATE_TEST_SUITE_P(Bytes, Decks, testing::ValuesIn(RowsOf(R"(
+Empty: -- nothing\n => d.data:1:1: error: the deck has no keywords [no-section] | start the deck with section RUNSPEC
+NoLastLineEnd: RUNSPEC\nWATR => d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+WindowsLineEnds: RUNSPEC\r\nOIL\r\nWATR\r\n => d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+ByteOrderMark: \xEF\xBB\xBFRUNSPEC\nOIL\n =>
+WideCharacters: \xFF\xFER\0U\0 => d.data:1:1: error: unsupported file encoding UTF-16 [encoding] | save the file as plain text or UTF-8
+TabsAndComments: RUNSPEC\t-- first\nOIL--last\nWATR \t /\t-- x\nWATR\t\n => d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+    d.data:4:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+ZeroBytes: RUNSPEC\n 1 \0 /\nOIL\0\nWATER\n => d.data:2:2: error: unexpected '1' after RUNSPEC; expected a keyword [stray-text]
+)")),
     CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Recognition, Decks,
-    testing::Values(
-        Row{"NumberBeforeTheFirstKeyword", " 1 2\nRUNSPEC\n",
-            "d.data:1:2: error: unexpected '1' before the first keyword; expected a keyword [stray-text]"},
-        Row{"IndentedWordIsNoKeyword", "RUNSPEC\n OIL\n",
-            "d.data:2:2: error: unexpected 'OIL' after RUNSPEC; expected a keyword [stray-text] | a keyword "
-            "must start in the first column"},
-        Row{"UnknownWithDataBehind", "RUNSPEC\nWATR 1 /\n 2 /\n",
-            "d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"UnknownBehindKeywordWithoutData", "RUNSPEC\nOIL\nWATR\n",
-            "d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"UnknownBehindClosedData", "RUNSPEC\nDIMENS\n 1 1\n 1 / cells\n\n-- c\nWATR\n",
-            "d.data:7:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"UnknownInOpenDataIsData", "SCHEDULE\nDATES\n 1 JAN\nXYZ\n 1999 /\n", ""},
-        Row{"SlashInQuotesDoesNotClose", "SCHEDULE\nDATES\n 'a/b'\nXYZ\n",
-            "d.data:4:4: error: DATES: missing slash at the end of the list [unclosed-data] | add a slash "
-            "after the last value"},
-        Row{"SlashInCommentDoesNotClose", "SCHEDULE\nDATES\n 1 -- a/b\nXYZ\n",
-            "d.data:4:4: error: DATES: missing slash at the end of the list [unclosed-data] | add a slash "
-            "after the last value"},
-        Row{"NameBeforeSlashIsData", "SUMMARY\nWBHP\nPROD /\n/\n",
-            "d.data:4:1: error: unexpected '/' after the data of WBHP; expected a keyword [stray-text]"},
-        Row{"KnownInOpenDataIsKeyword", "SCHEDULE\nDATES\n 1 JAN\nPORO\n 1 /\n",
-            "d.data:3:7: error: DATES: missing slash at the end of the list [unclosed-data] | add a slash "
-            "after the last value\n"
-            "d.data:4:1: error: PORO is not valid in section SCHEDULE (valid in GRID) [wrong-section]"},
-        Row{"LongNameDoesNotMatchWildcard", "SUMMARY\nFUWELL\nFUNNYNAME\n",
-            "d.data:3:1: error: unknown keyword 'FUNNYNAME' [unknown-keyword] | keyword names have at most 8 "
-            "characters"},
-        Row{"LowerCaseIsToldOnce", "RUNSPEC\nOIL\nGrid\nPORO\n 1 /\nporo\n 1 /\n",
-            "d.data:3:1: error: keyword 'Grid' is not in upper case [lower-case] | write GRID\n"
-            "d.data:6:1: error: keyword 'poro' is not in upper case [lower-case] | write PORO"},
-        Row{"LowerCaseInOpenDataIsData", "SCHEDULE\nDATES\n 1 JAN\noil\n 1999 /\n", ""},
-        Row{"LowerCaseInclusionIsRead", "RUNSPEC\ninclude 'a.inc' /\n",
-            "d.data:2:1: error: keyword 'include' is not in upper case [lower-case] | write INCLUDE\n"
-            "a.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1",
-            {{"a.inc", "OLI\n"}}},
-        Row{"MisspeltInclusionIsRead", "RUNSPEC\nINCLDUE\n 'a.inc' /\n",
-            "d.data:2:1: error: unknown keyword 'INCLDUE' [unknown-keyword] | did you mean INCLUDE?\n"
-            "a.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1",
-            {{"a.inc", "OLI\n"}}},
-        Row{"OrdinaryTextIsData", "RUNSPEC\nTITLE\nx\nsome\nOIL\n",
-            "d.data:4:1: error: unexpected 'some' after the data of TITLE; expected a keyword [stray-text]"},
-        Row{"TitleMayBeAKeyword", "RUNSPEC\nTITLE\nGRID\nOIL\n", ""},
-        Row{"TitleMayBeBlank", "RUNSPEC\nTITLE\n\nWATR\n",
-            "d.data:4:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"TitleMayFollowAComment", "RUNSPEC\nTITLE\n-- c\nSTUDY\nWATR\n",
-            "d.data:5:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"KeywordBehindCommentIsNoTitle", "RUNSPEC\nTITLE\n-- c\nOIL\nWATR\n",
-            "d.data:5:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"RawTextIsPassedOver", "RUNSPEC\nHOSTDATA\nWATR\nGRID\nEND\nendhost of it\nOIL\nWATR\n",
-            "d.data:8:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"RawTextEndsWithAWholeWord", "RUNSPEC\nHOSTDATA\nENDHOST1\nWATR\nENDHOST\nOIL\n", ""},
-        Row{"RawTextMustEnd", "RUNSPEC\nHOSTDATA\nOIL\n",
-            "d.data:2:1: error: HOSTDATA: missing EndHost at the end of the text [unclosed-text] | add "
-            "EndHost at the start of a line"},
-        Row{"ListEndsWithItsWord", "SCHEDULE\nUNTIL\n a b\nSTOP\nWATR\n",
-            "d.data:5:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"BareNamesInAListAreData", "SUMMARY\nWBHP\nP1\nP2\n/\nWATR\n",
-            "d.data:6:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"}),
+INSTANTIATE_TEST_SUITE_P(Recognition, Decks, testing::ValuesIn(RowsOf(R"(
+NumberBeforeTheFirstKeyword:  1 2\nRUNSPEC\n => d.data:1:2: error: unexpected '1' before the first keyword; expected a keyword [stray-text]
+IndentedWordIsNoKeyword: RUNSPEC\n OIL\n => d.data:2:2: error: unexpected 'OIL' after RUNSPEC; expected a keyword [stray-text] | a keyword must start in the first column
+UnknownWithDataBehind: RUNSPEC\nWATR 1 /\n 2 /\n => d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+UnknownBehindKeywordWithoutData: RUNSPEC\nOIL\nWATR\n => d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+UnknownBehindClosedData: RUNSPEC\nDIMENS\n 1 1\n 1 / cells\n\n-- c\nWATR\n => d.data:7:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+UnknownInOpenDataIsData: SCHEDULE\nDATES\n 1 JAN\nXYZ\n 1999 /\n =>
+SlashInQuotesDoesNotClose: SCHEDULE\nDATES\n 'a/b'\nXYZ\n => d.data:4:4: error: DATES: missing slash at the end of the list [unclosed-data] | add a slash after the last value
+SlashInCommentDoesNotClose: SCHEDULE\nDATES\n 1 -- a/b\nXYZ\n => d.data:4:4: error: DATES: missing slash at the end of the list [unclosed-data] | add a slash after the last value
+NameBeforeSlashIsData: SUMMARY\nWBHP\nPROD /\n/\n => d.data:4:1: error: unexpected '/' after the data of WBHP; expected a keyword [stray-text]
+KnownInOpenDataIsKeyword: SCHEDULE\nDATES\n 1 JAN\nPORO\n 1 /\n => d.data:3:7: error: DATES: missing slash at the end of the list [unclosed-data] | add a slash after the last value
+    d.data:4:1: error: PORO is not valid in section SCHEDULE (valid in GRID) [wrong-section]
+LongNameDoesNotMatchWildcard: SUMMARY\nFUWELL\nFUNNYNAME\n => d.data:3:1: error: unknown keyword 'FUNNYNAME' [unknown-keyword] | keyword names have at most 8 characters
+LowerCaseIsToldOnce: RUNSPEC\nOIL\nGrid\nPORO\n 1 /\nporo\n 1 /\n => d.data:3:1: error: keyword 'Grid' is not in upper case [lower-case] | write GRID
+    d.data:6:1: error: keyword 'poro' is not in upper case [lower-case] | write PORO
+LowerCaseInOpenDataIsData: SCHEDULE\nDATES\n 1 JAN\noil\n 1999 /\n =>
+LowerCaseInclusionIsRead: RUNSPEC\ninclude 'a.inc' /\n & a.inc=OLI\n => d.data:2:1: error: keyword 'include' is not in upper case [lower-case] | write INCLUDE
+    a.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1
+MisspeltInclusionIsRead: RUNSPEC\nINCLDUE\n 'a.inc' /\n & a.inc=OLI\n => d.data:2:1: error: unknown keyword 'INCLDUE' [unknown-keyword] | did you mean INCLUDE?
+    a.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1
+OrdinaryTextIsData: RUNSPEC\nTITLE\nx\nsome\nOIL\n => d.data:4:1: error: unexpected 'some' after the data of TITLE; expected a keyword [stray-text]
+TitleMayBeAKeyword: RUNSPEC\nTITLE\nGRID\nOIL\n =>
+TitleMayBeBlank: RUNSPEC\nTITLE\n\nWATR\n => d.data:4:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+TitleMayFollowAComment: RUNSPEC\nTITLE\n-- c\nSTUDY\nWATR\n => d.data:5:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+KeywordBehindCommentIsNoTitle: RUNSPEC\nTITLE\n-- c\nOIL\nWATR\n => d.data:5:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+RawTextIsPassedOver: RUNSPEC\nHOSTDATA\nWATR\nGRID\nEND\nendhost of it\nOIL\nWATR\n => d.data:8:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+RawTextEndsWithAWholeWord: RUNSPEC\nHOSTDATA\nENDHOST1\nWATR\nENDHOST\nOIL\n =>
+RawTextMustEnd: RUNSPEC\nHOSTDATA\nOIL\n => d.data:2:1: error: HOSTDATA: missing EndHost at the end of the text [unclosed-text] | add EndHost at the start of a line
+ListEndsWithItsWord: SCHEDULE\nUNTIL\n a b\nSTOP\nWATR\n => d.data:5:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+BareNamesInAListAreData: SUMMARY\nWBHP\nP1\nP2\n/\nWATR\n => d.data:6:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+)")),
     CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Sections, Decks,
-    testing::Values(Row{"NoneIsToldOnce", "OIL\nWATER\nGRID\nPORO\n 1 /\n",
-                        "d.data:1:1: error: OIL is before the first section [no-section] | start the deck "
-                        "with section RUNSPEC"},
-        Row{"ValidEverywhereNeedsNone", "ECHO\nSKIP\nENDSKIP\nRUNSPEC\n", ""},
-        Row{"OutOfOrder", "RUNSPEC\nPROPS\nGRID\nPORO\n 1 /\nREGIONS\n",
-            "d.data:3:1: error: section GRID must come before section PROPS [section-order] | move section "
-            "GRID before section PROPS"},
-        Row{"Repeated", "RUNSPEC\nGRID\nGRID\nPORO\n 1 /\n",
-            "d.data:3:1: error: section GRID is repeated [section-order] | section GRID starts at d.data:2"},
-        Row{"WrongSection", "RUNSPEC\nGRID\nDATES\n 1 JAN 1999 /\n",
-            "d.data:3:1: error: DATES is not valid in section GRID (valid in SCHEDULE) [wrong-section] | "
-            "move DATES to section SCHEDULE, or add the missing keyword SCHEDULE before it"},
-        Row{"MisspeltLine", "RUNSPEC\nGIRD\nPORO\n 1 /\n",
-            "d.data:2:1: error: unknown keyword 'GIRD' [unknown-keyword] | did you mean GRID?"},
-        Row{"MissingLineIsToldOnce", "RUNSPEC\nPORO\n 1 /\nPORO\n 1 /\nPROPS\nPORO\n 1 /\n",
-            "d.data:2:1: error: PORO is not valid in section RUNSPEC (valid in GRID) [wrong-section] | move "
-            "PORO to section GRID, or add the missing keyword GRID before it\n"
-            "d.data:7:1: error: PORO is not valid in section PROPS (valid in GRID) [wrong-section]"},
-        Row{"BackFromAMissingLine", "RUNSPEC\nPORO\n 1 /\nPORO\n 1 /\nOIL\nPORO\n 1 /\n",
-            "d.data:2:1: error: PORO is not valid in section RUNSPEC (valid in GRID) [wrong-section] | move "
-            "PORO to section GRID, or add the missing keyword GRID before it\n"
-            "d.data:7:1: error: PORO is not valid in section RUNSPEC (valid in GRID) [wrong-section] | move "
-            "PORO to section GRID, or add the missing keyword GRID before it"},
-        Row{"AliasInItsSection", "GRID\nPERMR\nKX\n", ""},
-        Row{"SeveralDefinitions", "GRID\nTIME\nSUMMARY\nTIME\nSCHEDULE\nTIME\n",
-            "d.data:2:1: error: TIME is not valid in section GRID (valid in SUMMARY, SCHEDULE) "
-            "[wrong-section]"},
-        Row{"WildcardInItsSection", "GRID\nFUXX\nSUMMARY\nFUXX\n",
-            "d.data:2:1: error: FUXX is not valid in section GRID (valid in SUMMARY) [wrong-section] | move "
-            "FUXX to section SUMMARY, or add the missing keyword SUMMARY before it"}),
+INSTANTIATE_TEST_SUITE_P(Sections, Decks, testing::ValuesIn(RowsOf(R"(
+NoneIsToldOnce: OIL\nWATER\nGRID\nPORO\n 1 /\n => d.data:1:1: error: OIL is before the first section [no-section] | start the deck with section RUNSPEC
+ValidEverywhereNeedsNone: ECHO\nSKIP\nENDSKIP\nRUNSPEC\n =>
+OutOfOrder: RUNSPEC\nPROPS\nGRID\nPORO\n 1 /\nREGIONS\n => d.data:3:1: error: section GRID must come before section PROPS [section-order] | move section GRID before section PROPS
+Repeated: RUNSPEC\nGRID\nGRID\nPORO\n 1 /\n => d.data:3:1: error: section GRID is repeated [section-order] | section GRID starts at d.data:2
+WrongSection: RUNSPEC\nGRID\nDATES\n 1 JAN 1999 /\n => d.data:3:1: error: DATES is not valid in section GRID (valid in SCHEDULE) [wrong-section] | move DATES to section SCHEDULE, or add the missing keyword SCHEDULE before it
+MisspeltLine: RUNSPEC\nGIRD\nPORO\n 1 /\n => d.data:2:1: error: unknown keyword 'GIRD' [unknown-keyword] | did you mean GRID?
+MissingLineIsToldOnce: RUNSPEC\nPORO\n 1 /\nPORO\n 1 /\nPROPS\nPORO\n 1 /\n => d.data:2:1: error: PORO is not valid in section RUNSPEC (valid in GRID) [wrong-section] | move PORO to section GRID, or add the missing keyword GRID before it
+    d.data:7:1: error: PORO is not valid in section PROPS (valid in GRID) [wrong-section]
+BackFromAMissingLine: RUNSPEC\nPORO\n 1 /\nPORO\n 1 /\nOIL\nPORO\n 1 /\n => d.data:2:1: error: PORO is not valid in section RUNSPEC (valid in GRID) [wrong-section] | move PORO to section GRID, or add the missing keyword GRID before it
+    d.data:7:1: error: PORO is not valid in section RUNSPEC (valid in GRID) [wrong-section] | move PORO to section GRID, or add the missing keyword GRID before it
+AliasInItsSection: GRID\nPERMR\nKX\n =>
+SeveralDefinitions: GRID\nTIME\nSUMMARY\nTIME\nSCHEDULE\nTIME\n => d.data:2:1: error: TIME is not valid in section GRID (valid in SUMMARY, SCHEDULE) [wrong-section]
+WildcardInItsSection: GRID\nFUXX\nSUMMARY\nFUXX\n => d.data:2:1: error: FUXX is not valid in section GRID (valid in SUMMARY) [wrong-section] | move FUXX to section SUMMARY, or add the missing keyword SUMMARY before it
+)")),
     CaseName<Row>);
 
-const std::string someKeywords = "RUNSPEC\nPARALLEL\n /\nCOMPS\n /\nGRID\nSPLIT\n /\nPROPS\nSPLIT\n /\n";
-
-INSTANTIATE_TEST_SUITE_P(Targets, Decks,
-    testing::Values(Row{"None", someKeywords, ""},
-        Row{"Carrow", someKeywords,
-            "d.data:2:1: error: PARALLEL is not valid for Carrow [wrong-simulator] | valid simulators: "
-            "Dunmere\n"
-            "d.data:10:1: error: SPLIT is not valid in section PROPS (valid in GRID) [wrong-section]",
-            {}, carrow},
-        Row{"Dunmere", someKeywords,
-            "d.data:7:1: error: SPLIT is not valid in section GRID (valid in PROPS) [wrong-section] | move "
-            "SPLIT to section PROPS, or add the missing keyword PROPS before it",
-            {}, dunmere},
-        Row{"DunmereBlackOil", someKeywords,
-            "d.data:4:1: error: COMPS is not valid for Dunmere in mode BlackOil [wrong-mode] | valid modes: "
-            "Compositional\n"
-            "d.data:7:1: error: SPLIT is not valid in section GRID (valid in PROPS) [wrong-section] | move "
-            "SPLIT to section PROPS, or add the missing keyword PROPS before it",
-            {}, {SimulatorType::Dunmere, SimulatorModeType::BlackOil}},
-        Row{"ModeAlone", someKeywords,
-            "d.data:4:1: error: COMPS is not valid for mode Thermal [wrong-mode] | valid modes: BlackOil, "
-            "Compositional\n"
-            "d.data:7:1: error: SPLIT is not valid for mode Thermal [wrong-mode] | valid modes: BlackOil",
-            {}, {SimulatorType::Any, SimulatorModeType::Thermal}},
-        Row{"WrongSectionHidesWrongSimulator", "GRID\nPARALLEL\n /\n",
-            "d.data:2:1: error: PARALLEL is not valid in section GRID (valid in RUNSPEC) [wrong-section]", {},
-            carrow},
-        Row{"SectionForTheSimulator", "PROPS\nSPLIT\n /\n",
-            "d.data:2:1: error: SPLIT is not valid in section PROPS (valid in GRID) [wrong-section]", {},
-            carrow},
-        Row{"ValidNowhere", "GRID\nNOWHERE\n",
-            "d.data:2:1: error: NOWHERE is not valid in any section [wrong-section]"},
-        Row{"SectionOfOtherSimulator", "RUNSPEC\nOPTIMIZE\n",
-            "d.data:2:1: error: OPTIMIZE is not valid for Carrow [wrong-simulator] | valid simulators: "
-            "Dunmere",
-            {}, carrow}),
+INSTANTIATE_TEST_SUITE_P(Targets, Decks, testing::ValuesIn(RowsOf(R"(
+None: RUNSPEC\nPARALLEL\n /\nCOMPS\n /\nGRID\nSPLIT\n /\nPROPS\nSPLIT\n /\n =>
+Carrow for Carrow: RUNSPEC\nPARALLEL\n /\nCOMPS\n /\nGRID\nSPLIT\n /\nPROPS\nSPLIT\n /\n => d.data:2:1: error: PARALLEL is not valid for Carrow [wrong-simulator] | valid simulators: Dunmere
+    d.data:10:1: error: SPLIT is not valid in section PROPS (valid in GRID) [wrong-section]
+Dunmere for Dunmere: RUNSPEC\nPARALLEL\n /\nCOMPS\n /\nGRID\nSPLIT\n /\nPROPS\nSPLIT\n /\n => d.data:7:1: error: SPLIT is not valid in section GRID (valid in PROPS) [wrong-section] | move SPLIT to section PROPS, or add the missing keyword PROPS before it
+DunmereBlackOil for Dunmere BlackOil: RUNSPEC\nPARALLEL\n /\nCOMPS\n /\nGRID\nSPLIT\n /\nPROPS\nSPLIT\n /\n => d.data:4:1: error: COMPS is not valid for Dunmere in mode BlackOil [wrong-mode] | valid modes: Compositional
+    d.data:7:1: error: SPLIT is not valid in section GRID (valid in PROPS) [wrong-section] | move SPLIT to section PROPS, or add the missing keyword PROPS before it
+ModeAlone for Any Thermal: RUNSPEC\nPARALLEL\n /\nCOMPS\n /\nGRID\nSPLIT\n /\nPROPS\nSPLIT\n /\n => d.data:4:1: error: COMPS is not valid for mode Thermal [wrong-mode] | valid modes: BlackOil, Compositional
+    d.data:7:1: error: SPLIT is not valid for mode Thermal [wrong-mode] | valid modes: BlackOil
+WrongSectionHidesWrongSimulator for Carrow: GRID\nPARALLEL\n /\n => d.data:2:1: error: PARALLEL is not valid in section GRID (valid in RUNSPEC) [wrong-section]
+SectionForTheSimulator for Carrow: PROPS\nSPLIT\n /\n => d.data:2:1: error: SPLIT is not valid in section PROPS (valid in GRID) [wrong-section]
+ValidNowhere: GRID\nNOWHERE\n => d.data:2:1: error: NOWHERE is not valid in any section [wrong-section]
+SectionOfOtherSimulator for Carrow: RUNSPEC\nOPTIMIZE\n => d.data:2:1: error: OPTIMIZE is not valid for Carrow [wrong-simulator] | valid simulators: Dunmere
+)")),
     CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Inclusions, Decks,
-    testing::Values(
-        Row{"NameOnTheNextLine", "RUNSPEC\nINCLUDE\n-- c\n\n 'a.inc' /\nWATR\n",
-            "a.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1\n"
-            "d.data:6:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?",
-            {{"a.inc", "OLI\n"}}},
-        Row{"NameOnTheSameLine", "RUNSPEC\nINCLUDE \"a b.inc\" /\n",
-            "a b.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1",
-            {{"a b.inc", "OLI"}}},
-        Row{"BareName", "RUNSPEC\nINCLUDE\nsub/a.inc/\n",
-            "sub/a.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1",
-            {{"sub/a.inc", "OLI\n"}}},
-        Row{"FromTheFolderOfTheDeck", "RUNSPEC\nINCLUDE\n'sub/a.inc' /\n",
-            "sub/b.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- "
-            "sub/a.inc:1:1 <- d.data:2:1",
-            {{"sub/a.inc", "INCLUDE\n'sub/b.inc' /\n"}, {"sub/b.inc", "OLI\n"}}},
-        Row{"SectionsGoOnBehind", "RUNSPEC\nINCLUDE\n'a.inc' /\nPORO\n 1 /\nOIL\n",
-            "d.data:6:1: error: OIL is not valid in section GRID (valid in RUNSPEC) [wrong-section]",
-            {{"a.inc", "GRID\n"}}},
-        Row{"OpenDataGoOnInside", "GRID\nPORO\n 1 2\nINCLUDE\n'a.inc' /\n 5 /\nXX\n",
-            "a.inc:1:1: error: PORO: invalid value 'XX'; expected a whole number [wrong-type] <- d.data:4:1\n"
-            "d.data:7:1: error: unknown keyword 'XX' [unknown-keyword]",
-            {{"a.inc", "XX\n 3 4\n"}}},
-        Row{"EndOfTheFile", "RUNSPEC\nINCLUDE\n'a.inc' /\nWATR\n",
-            "d.data:4:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?",
-            {{"a.inc", "OIL\nENDINC\nOLI\n"}}},
-        Row{"EndInside", "RUNSPEC\nINCLUDE\n'a.inc' /\nWATR\n", "", {{"a.inc", "OIL\nEND\nOLI\n"}}},
-        Row{"EndIsTheEnd", "RUNSPEC\nOIL\nEND\nWATR\nSKIP\n", ""},
-        Row{"EndOfTheFileInTheDeck", "RUNSPEC\nENDINC\nWATR\n",
-            "d.data:2:1: warning: ENDINC has no effect outside an included file [stray-endinc] | use END to "
-            "end the deck\n"
-            "d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"Missing", "RUNSPEC\nINCLUDE\n  'none.inc' /\n",
-            "d.data:3:3: error: can't read 'none.inc': No such file or directory [include-missing] | a "
-            "relative name starts from the folder of the deck"},
-        Row{"Folder", "RUNSPEC\nINCLUDE '/'\n",
-            "d.data:2:9: error: can't read '/': is a folder [include-missing]"},
-        Row{"EndlessDevice", "RUNSPEC\nINCLUDE '/dev/zero' /\n",
-            "d.data:2:9: error: can't read '/dev/zero': not a regular file [include-missing]"},
-        Row{"ZeroByteInName", std::string("RUNSPEC\nINCLUDE 'a\0b' /\n", 24),
-            "d.data:2:9: error: can't read 'a?b': the name contains a zero byte [include-missing] | a "
-            "relative name starts from the folder of the deck"},
-        Row{"MissingMayHaveHeldSections", "RUNSPEC\nINCLUDE 'x' /\nPORO\n 1 /\nPROPS\nPORO\n",
-            "d.data:2:9: error: can't read 'x': No such file or directory [include-missing] | a relative "
-            "name starts from the folder of the deck\n"
-            "d.data:6:1: error: PORO is not valid in section PROPS (valid in GRID) [wrong-section]"},
-        Row{"AliasIsToldOnce", "RUNSPEC\nINCLUDE '$DIR/x.inc' /\nINCLUDE '$DIR/y.inc' /\n",
-            "d.data:2:9: error: unknown path alias '$DIR' in '$DIR/x.inc' [unknown-alias] | define the alias "
-            "with PATHS"},
-        Row{"NoName", "RUNSPEC\nINCLUDE\nOIL\nINCLUDE /\nINCLUDE\n",
-            "d.data:2:1: error: missing name of the included file [include-name] | write the name in quotes, "
-            "followed by a slash\n"
-            "d.data:4:1: error: missing name of the included file [include-name] | write the name in quotes, "
-            "followed by a slash\n"
-            "d.data:5:1: error: missing name of the included file [include-name] | write the name in quotes, "
-            "followed by a slash"},
-        Row{"OpenQuote", "RUNSPEC\nINCLUDE 'a.inc /\n",
-            "d.data:2:9: error: unclosed quote in the name of the included file [include-name] | add a "
-            "closing quote on the same line"},
-        Row{"Loop", "RUNSPEC\nINCLUDE 'a.inc' /\nWATR\n",
-            "a.inc:1:9: error: file './sub/../d.data' includes itself [include-loop] <- d.data:2:1\n"
-            "d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?",
-            {{"a.inc", "INCLUDE './sub/../d.data'\n"}, {"sub/x", ""}}},
-        Row{"TwiceIsNoLoop", "RUNSPEC\nINCLUDE 'a.inc' /\nINCLUDE 'a.inc' /\n", "", {{"a.inc", "OIL\n"}}}),
+INSTANTIATE_TEST_SUITE_P(Inclusions, Decks, testing::ValuesIn(RowsOf(R"(
+NameOnTheNextLine: RUNSPEC\nINCLUDE\n-- c\n\n 'a.inc' /\nWATR\n & a.inc=OLI\n => a.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1
+    d.data:6:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+NameOnTheSameLine: RUNSPEC\nINCLUDE "a b.inc" /\n & a b.inc=OLI => a b.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1
+BareName: RUNSPEC\nINCLUDE\nsub/a.inc/\n & sub/a.inc=OLI\n => sub/a.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1
+FromTheFolderOfTheDeck: RUNSPEC\nINCLUDE\n'sub/a.inc' /\n & sub/a.inc=INCLUDE\n'sub/b.inc' /\n & sub/b.inc=OLI\n => sub/b.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- sub/a.inc:1:1 <- d.data:2:1
+SectionsGoOnBehind: RUNSPEC\nINCLUDE\n'a.inc' /\nPORO\n 1 /\nOIL\n & a.inc=GRID\n => d.data:6:1: error: OIL is not valid in section GRID (valid in RUNSPEC) [wrong-section]
+OpenDataGoOnInside: GRID\nPORO\n 1 2\nINCLUDE\n'a.inc' /\n 5 /\nXX\n & a.inc=XX\n 3 4\n => a.inc:1:1: error: PORO: invalid value 'XX'; expected a whole number [wrong-type] <- d.data:4:1
+    d.data:7:1: error: unknown keyword 'XX' [unknown-keyword]
+EndOfTheFile: RUNSPEC\nINCLUDE\n'a.inc' /\nWATR\n & a.inc=OIL\nENDINC\nOLI\n => d.data:4:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+EndInside: RUNSPEC\nINCLUDE\n'a.inc' /\nWATR\n & a.inc=OIL\nEND\nOLI\n =>
+EndIsTheEnd: RUNSPEC\nOIL\nEND\nWATR\nSKIP\n =>
+EndOfTheFileInTheDeck: RUNSPEC\nENDINC\nWATR\n => d.data:2:1: warning: ENDINC has no effect outside an included file [stray-endinc] | use END to end the deck
+    d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+Missing: RUNSPEC\nINCLUDE\n  'none.inc' /\n => d.data:3:3: error: can't read 'none.inc': No such file or directory [include-missing] | a relative name starts from the folder of the deck
+Folder: RUNSPEC\nINCLUDE '/'\n => d.data:2:9: error: can't read '/': is a folder [include-missing]
+EndlessDevice: RUNSPEC\nINCLUDE '/dev/zero' /\n => d.data:2:9: error: can't read '/dev/zero': not a regular file [include-missing]
+ZeroByteInName: RUNSPEC\nINCLUDE 'a\0b' /\n => d.data:2:9: error: can't read 'a?b': the name contains a zero byte [include-missing] | a relative name starts from the folder of the deck
+MissingMayHaveHeldSections: RUNSPEC\nINCLUDE 'x' /\nPORO\n 1 /\nPROPS\nPORO\n => d.data:2:9: error: can't read 'x': No such file or directory [include-missing] | a relative name starts from the folder of the deck
+    d.data:6:1: error: PORO is not valid in section PROPS (valid in GRID) [wrong-section]
+AliasIsToldOnce: RUNSPEC\nINCLUDE '$DIR/x.inc' /\nINCLUDE '$DIR/y.inc' /\n => d.data:2:9: error: unknown path alias '$DIR' in '$DIR/x.inc' [unknown-alias] | define the alias with PATHS
+NoName: RUNSPEC\nINCLUDE\nOIL\nINCLUDE /\nINCLUDE\n => d.data:2:1: error: missing name of the included file [include-name] | write the name in quotes, followed by a slash
+    d.data:4:1: error: missing name of the included file [include-name] | write the name in quotes, followed by a slash
+    d.data:5:1: error: missing name of the included file [include-name] | write the name in quotes, followed by a slash
+OpenQuote: RUNSPEC\nINCLUDE 'a.inc /\n => d.data:2:9: error: unclosed quote in the name of the included file [include-name] | add a closing quote on the same line
+Loop: RUNSPEC\nINCLUDE 'a.inc' /\nWATR\n & a.inc=INCLUDE './sub/../d.data'\n & sub/x= => a.inc:1:9: error: file './sub/../d.data' includes itself [include-loop] <- d.data:2:1
+    d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+TwiceIsNoLoop: RUNSPEC\nINCLUDE 'a.inc' /\nINCLUDE 'a.inc' /\n & a.inc=OIL\n =>
+)")),
     CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(SkippedBlocks, Decks,
-    testing::Values(Row{"PassedOver", "RUNSPEC\nSKIP\nWATR\nGRID\nINCLUDE\n'x'\nEND\nENDSKIP\nOLI\n",
-                        "d.data:9:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?"},
-        Row{"Counted", "RUNSPEC\nSKIP\nSKIPDUN\nENDSKIP\nWATR\nENDSKIP\nOLI\n",
-            "d.data:7:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?"},
-        Row{"OfNoSimulatorAskedFor", "RUNSPEC\nSKIPCAR\nWATR\nENDSKIP\n",
-            "d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"OfTheSimulator", "RUNSPEC\nSKIPCAR\nWATR\nENDSKIP\nOLI\n",
-            "d.data:5:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?", {}, carrow},
-        Row{"OfAnotherSimulator", "RUNSPEC\nSKIPCAR\nWATR\nENDSKIP\nSKIPDUN\nWATR\nENDSKIP\n",
-            "d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?", {}, dunmere},
-        Row{"InsideABlockThatIsRead", "RUNSPEC\nSKIPCAR\nSKIP\nWATR\nENDSKIP\nOLI\nENDSKIP\n",
-            "d.data:6:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?", {}, dunmere},
-        Row{"Unclosed", "RUNSPEC\nSKIP\nSKIP\nENDSKIP\nWATR\n",
-            "d.data:2:1: error: unclosed SKIP; expected ENDSKIP in the same file [unclosed-skip] | add "
-            "ENDSKIP after the block"},
-        Row{"UnclosedAtTheEnd", "RUNSPEC\nSKIPCAR\nEND\n",
-            "d.data:2:1: error: unclosed SKIPCAR; expected ENDSKIP in the same file [unclosed-skip] | add "
-            "ENDSKIP after the block"},
-        Row{"Stray", "RUNSPEC\nENDSKIP\nOIL\n",
-            "d.data:2:1: error: ENDSKIP has no matching opening keyword in this file [stray-endskip]"},
-        Row{"EndsInItsFile", "RUNSPEC\nINCLUDE 'a.inc' /\nENDSKIP\n",
-            "a.inc:1:1: error: unclosed SKIP; expected ENDSKIP in the same file [unclosed-skip] | add "
-            "ENDSKIP after the block <- d.data:2:1\n"
-            "d.data:3:1: error: ENDSKIP has no matching opening keyword in this file [stray-endskip]",
-            {{"a.inc", "SKIP\n"}}}),
+INSTANTIATE_TEST_SUITE_P(SkippedBlocks, Decks, testing::ValuesIn(RowsOf(R"(
+PassedOver: RUNSPEC\nSKIP\nWATR\nGRID\nINCLUDE\n'x'\nEND\nENDSKIP\nOLI\n => d.data:9:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
+Counted: RUNSPEC\nSKIP\nSKIPDUN\nENDSKIP\nWATR\nENDSKIP\nOLI\n => d.data:7:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
+OfNoSimulatorAskedFor: RUNSPEC\nSKIPCAR\nWATR\nENDSKIP\n => d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+OfTheSimulator for Carrow: RUNSPEC\nSKIPCAR\nWATR\nENDSKIP\nOLI\n => d.data:5:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
+OfAnotherSimulator for Dunmere: RUNSPEC\nSKIPCAR\nWATR\nENDSKIP\nSKIPDUN\nWATR\nENDSKIP\n => d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+InsideABlockThatIsRead for Dunmere: RUNSPEC\nSKIPCAR\nSKIP\nWATR\nENDSKIP\nOLI\nENDSKIP\n => d.data:6:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
+Unclosed: RUNSPEC\nSKIP\nSKIP\nENDSKIP\nWATR\n => d.data:2:1: error: unclosed SKIP; expected ENDSKIP in the same file [unclosed-skip] | add ENDSKIP after the block
+UnclosedAtTheEnd: RUNSPEC\nSKIPCAR\nEND\n => d.data:2:1: error: unclosed SKIPCAR; expected ENDSKIP in the same file [unclosed-skip] | add ENDSKIP after the block
+Stray: RUNSPEC\nENDSKIP\nOIL\n => d.data:2:1: error: ENDSKIP has no matching opening keyword in this file [stray-endskip]
+EndsInItsFile: RUNSPEC\nINCLUDE 'a.inc' /\nENDSKIP\n & a.inc=SKIP\n => a.inc:1:1: error: unclosed SKIP; expected ENDSKIP in the same file [unclosed-skip] | add ENDSKIP after the block <- d.data:2:1
+    d.data:3:1: error: ENDSKIP has no matching opening keyword in this file [stray-endskip]
+)")),
     CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Suppressions, Decks,
-    testing::Values(Row{"OnItsLine", "RUNSPEC\nWATR -- quor: off unknown-keyword\nOLI\n",
-                        "d.data:3:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?"},
-        Row{"OnTheNextLine", "RUNSPEC\n  --quor: off\n\n-- c\nWATR\nOLI\n",
-            "d.data:6:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?"},
-        Row{"SeveralForOneLine", "RUNSPEC\n-- quor: off unknown-keyword\n-- quor: off stray-text\nWATR\n",
-            ""},
-        Row{"OtherCodeIsTold", "RUNSPEC\nWATR -- quor: off wrong-section, stray-text\n",
-            "d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"ARegion",
-            "RUNSPEC\n-- quor: begin-off wrong-section,unknown-keyword -- later\nWATR\nPORO\n 1 /\noil\n"
-            "-- quor: end-off wrong-section\nWATR\nPORO\n 1 /\n-- quor: end-off\nWATR\n",
-            "d.data:6:1: error: keyword 'oil' is not in upper case [lower-case] | write OIL\n"
-            "d.data:9:1: error: PORO is not valid in section RUNSPEC (valid in GRID) [wrong-section] | move "
-            "PORO to section GRID, or add the missing keyword GRID before it\n"
-            "d.data:12:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"OfOneFile", "RUNSPEC\nINCLUDE 'a.inc' /\nWATR\n",
-            "d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?",
-            {{"a.inc", "-- quor: begin-off\nWATR\n-- quor: end-off\n"}}},
-        Row{"WindowsLineEnds", "RUNSPEC\r\nWATR -- quor: off unknown-keyword\r\n", ""},
-        Row{"WordsOfOtherComments", "RUNSPEC\nWATR -- see quor: off\n -- quor off\n",
-            "d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"UnknownCode", "RUNSPEC\nWATR -- quor: off unknwon-keyword\n",
-            "d.data:2:19: warning: unknown finding code 'unknwon-keyword' [bad-silence] | did you mean "
-            "unknown-keyword?\n"
-            "d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?"},
-        Row{"UnknownCodeLikeNone", "RUNSPEC\n-- quor: off everything\n",
-            "d.data:2:14: warning: unknown finding code 'everything' [bad-silence] | write the code of a "
-            "finding, for example wrong-section"},
-        Row{"UnknownVerb", "RUNSPEC\n-- quor: of\n",
-            "d.data:2:10: warning: unexpected 'of' after 'quor:'; expected off, begin-off or end-off "
-            "[bad-silence] | for example '-- quor: off wrong-section'"},
-        Row{"Unclosed", "RUNSPEC\n-- quor: begin-off\nWATR\n",
-            "d.data:2:1: warning: begin-off without end-off; the findings are hidden up to the end of the "
-            "file [bad-silence] | add '-- quor: end-off' with the same codes after it"},
-        Row{"ClosesNothing", "RUNSPEC\n-- quor: end-off\n",
-            "d.data:2:1: warning: end-off without begin-off [bad-silence] | add '-- quor: begin-off' with "
-            "the same codes before it"},
-        Row{"ItsFaultsAreToldOfATextOnce", "RUNSPEC\nINCLUDE 'a.inc' /\nINCLUDE 'a.inc' /\n",
-            "a.inc:1:1: warning: nothing after 'quor:'; expected off, begin-off or end-off [bad-silence] | "
-            "for example '-- quor: off wrong-section' <- d.data:2:1",
-            {{"a.inc", "-- quor:\n"}}}),
+INSTANTIATE_TEST_SUITE_P(Suppressions, Decks, testing::ValuesIn(RowsOf(R"(
+OnItsLine: RUNSPEC\nWATR -- quor: off unknown-keyword\nOLI\n => d.data:3:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
+OnTheNextLine: RUNSPEC\n  --quor: off\n\n-- c\nWATR\nOLI\n => d.data:6:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
+SeveralForOneLine: RUNSPEC\n-- quor: off unknown-keyword\n-- quor: off stray-text\nWATR\n =>
+OtherCodeIsTold: RUNSPEC\nWATR -- quor: off wrong-section, stray-text\n => d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+ARegion: RUNSPEC\n-- quor: begin-off wrong-section,unknown-keyword -- later\nWATR\nPORO\n 1 /\noil\n-- quor: end-off wrong-section\nWATR\nPORO\n 1 /\n-- quor: end-off\nWATR\n => d.data:6:1: error: keyword 'oil' is not in upper case [lower-case] | write OIL
+    d.data:9:1: error: PORO is not valid in section RUNSPEC (valid in GRID) [wrong-section] | move PORO to section GRID, or add the missing keyword GRID before it
+    d.data:12:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+OfOneFile: RUNSPEC\nINCLUDE 'a.inc' /\nWATR\n & a.inc=-- quor: begin-off\nWATR\n-- quor: end-off\n => d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+WindowsLineEnds: RUNSPEC\r\nWATR -- quor: off unknown-keyword\r\n =>
+WordsOfOtherComments: RUNSPEC\nWATR -- see quor: off\n -- quor off\n => d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+UnknownCode: RUNSPEC\nWATR -- quor: off unknwon-keyword\n => d.data:2:19: warning: unknown finding code 'unknwon-keyword' [bad-silence] | did you mean unknown-keyword?
+    d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+UnknownCodeLikeNone: RUNSPEC\n-- quor: off everything\n => d.data:2:14: warning: unknown finding code 'everything' [bad-silence] | write the code of a finding, for example wrong-section
+UnknownVerb: RUNSPEC\n-- quor: of\n => d.data:2:10: warning: unexpected 'of' after 'quor:'; expected off, begin-off or end-off [bad-silence] | for example '-- quor: off wrong-section'
+Unclosed: RUNSPEC\n-- quor: begin-off\nWATR\n => d.data:2:1: warning: begin-off without end-off; the findings are hidden up to the end of the file [bad-silence] | add '-- quor: end-off' with the same codes after it
+ClosesNothing: RUNSPEC\n-- quor: end-off\n => d.data:2:1: warning: end-off without begin-off [bad-silence] | add '-- quor: begin-off' with the same codes before it
+ItsFaultsAreToldOfATextOnce: RUNSPEC\nINCLUDE 'a.inc' /\nINCLUDE 'a.inc' /\n & a.inc=-- quor:\n => a.inc:1:1: warning: nothing after 'quor:'; expected off, begin-off or end-off [bad-silence] | for example '-- quor: off wrong-section' <- d.data:2:1
+)")),
     CaseName<Row>);
+
+TEST(DeckFindings, ShowTheStartOfALongWord)
+{
+    const std::string digits(3'000'000, '7');
+    EXPECT_EQ(DeckOnDisk("RUNSPEC\nDIMENS\n" + digits + " /\nWATR\n").FindingsOf(),
+        "d.data:3:1: error: DIMENS: whole number '" + digits.substr(0, 40)
+            + "...' is out of range (expected -2147483648 to 2147483647) [wrong-type]\n"
+              "d.data:4:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?");
+    const std::string letters(3'000'000, 'A');
+    EXPECT_EQ(DeckOnDisk("RUNSPEC\n" + letters + "\n").FindingsOf(),
+        "d.data:2:1: error: unknown keyword '" + letters.substr(0, 40)
+            + "...' [unknown-keyword] | keyword names have at most 8 characters");
+}
 
 TEST(DeckReports, CountSilencedFindingsForThemselves)
 {

@@ -7,7 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
+#include <vector>
 
 using namespace Veld::Quor::Core::Keywords;
 using namespace Veld::Quor::Tests;
@@ -117,12 +119,24 @@ const std::string dataLanguage = R"(
 )";
 
 struct Reading {
-    const char* name;
+    std::string name;
     std::string deck; ///< behind RUNSPEC
-    const char* data; ///< of the last keyword; null: don't look
-    const char* findings = ""; ///< as a user sees them; the deck begins in line 2
-    SimulatorType::Enum simulator = SimulatorType::Any;
+    std::string data; ///< of the last keyword; "?": don't look
+    std::string findings; ///< as a user sees them; the deck begins in line 2
+    SimulatorType::Enum simulator;
 };
+
+/// Of cases `Name: deck => data => findings`, or `Name for Carrow: ...`.
+std::vector<Reading> ReadingsOf(const std::string& table)
+{
+    std::vector<Reading> readings;
+    for (const auto& cells : Cells(table, 3)) {
+        const auto name = Split(cells[0], " for ");
+        const auto simulator = name.size() > 1 ? SimulatorType::FromString(name[1]) : SimulatorType::Any;
+        readings.push_back({name[0], cells[1], cells[2], cells[3], simulator});
+    }
+    return readings;
+}
 
 /// Has the language for the tests of one suite.
 class Language : public testing::Test {
@@ -155,304 +169,162 @@ TEST_P(Readings, GiveDataAndFindings)
 {
     const auto deck = Read(GetParam().deck, GetParam().simulator);
     EXPECT_EQ(Dump(deck.GetFindings(), folder_.Path()), GetParam().findings);
-    if (GetParam().data) {
+    if (GetParam().data != "?") {
         EXPECT_EQ(Veld::Quor::Tests::Dump(deck[deck.GetSize() - 1].GetData()), GetParam().data);
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Arrays, Readings,
-    testing::Values(Reading{"Plain", "DIMENS\n 2 2 /\nARRAY\n 1 +2.5, 3D1 4e-1/\n", "[1 2.5 30 0.4]"},
-        Reading{"Repeats", "DIMENS\n 2 3 /\nARRAY\n 2*1 3*\n  2*\n/\n", "[1 1 0~ 0~ 0~ 0~]",
-            "d.data:6:3: error: ARRAY: too many values (expected 6, found 7) [wrong-size] | the size is "
-            "NX*NY"},
-        Reading{"LoneAsterisk", "DIMENS\n 2 1 /\nARRAY\n * 1 /\n", "[0~ 1]"},
-        Reading{"Surplus", "DIMENS\n 1 2 /\nARRAY\n 1 2\n 3 4*5 /\n", "[1 2]",
-            "d.data:6:2: error: ARRAY: too many values (expected 2, found 7) [wrong-size] | the size is "
-            "NX*NY"},
-        // The error in the sizes is not told, and still leaves them as they were.
-        Reading{
-            "SilencedSizes", "DIMENS\n 3 1 /\nDIMENS\n 2 x / -- quor: off\nARRAY\n 1 2 3 /\n", nullptr, ""},
-        Reading{"Short", "DIMENS\n 1 2 /\nARRAY\n 1 /\n", "[1]",
-            "d.data:5:4: error: ARRAY: too few values (expected 2, found 1) [wrong-size] | the size is "
-            "NX*NY"},
-        Reading{"DefaultDimensions", "ARRAY\n 1 /\n", "[1]"},
-        Reading{"InABox",
-            "DIMENS\n 4 4 /\nBOX\n 2 3 2* 1 1 /\nARRAY\n 8*1 /\nENDBOX\nARRAY\n 16*1 /\nGRID\nFLAG\n",
-            nullptr},
-        Reading{"OneMessageForManyBeyond", "DIMENS\n 5 1 /\nARRAY\n 1 101 3 -1 2*200 /\n", nullptr,
-            "d.data:5:4: error: ARRAY: value 101 is too large (expected at most 100); other values out of "
-            "range: 3 [out-of-range]\n"
-            "d.data:5:13: error: ARRAY: too many values (expected 5, found 6) [wrong-size] | the size is "
-            "NX*NY"},
-        Reading{"WrongWord", "DIMENS\n 2 1 /\nARRAY\n 1 x 2 /\n", "[1 2]",
-            "d.data:5:4: error: ARRAY: invalid value 'x'; expected a number [wrong-type]"},
-        Reading{"NumberWithATail", "DIMENS\n 2 1 /\nARRAY\n 1.0.0 2 3 /\n", "[2 3]",
-            "d.data:5:2: error: ARRAY: invalid value '1.0.0'; expected a number [wrong-type]"},
-        Reading{"InfinityIsNoNumber", "DIMENS\n 1 1 /\nARRAY\n inf 1e999 nan 7 /\n", "[7]",
-            "d.data:5:2: error: ARRAY: invalid value 'inf'; expected a number [wrong-type]\n"
-            "d.data:5:6: error: ARRAY: invalid value '1e999'; expected a number [wrong-type]\n"
-            "d.data:5:12: error: ARRAY: invalid value 'nan'; expected a number [wrong-type]"},
-        Reading{"Comments", "DIMENS\n 2 1 /\nARRAY -- c\n-- FLAG\n 1--c\n 2 / text\n", "[1 2]"},
-        Reading{"OnTheLineOfItsKeyword", "DIMENS 2 1 /\nARRAY 1 2 /\n", "[1 2]"},
-        Reading{"WholeNumbers", "WHOLE\n 1 2*3 1.5 -1 99999999999 /\n", "[1 3 3 -1]",
-            "d.data:3:8: error: WHOLE: invalid value '1.5'; expected a whole number [wrong-type]\n"
-            "d.data:3:15: error: WHOLE: whole number '99999999999' is out of range (expected -2147483648 to "
-            "2147483647) [wrong-type]\n"
-            "d.data:3:12: error: WHOLE: value -1 is too small (expected at least 0) [out-of-range]"},
-        Reading{"PreviousValueFills", "PREVIOUS\n 4 2* 7 1* /\n", "[4 4~ 4~ 7 7~]"},
-        Reading{"EndsByItself", "FIXED\n 1 2 3\nFLAG\n", nullptr},
-        Reading{"SlashDoesNoHarm", "FIXED\n 3*1 /\n", "[1 1 1]"},
-        Reading{"BelowLeastSize", "FEW\n 1 /\n", "[1]",
-            "d.data:3:4: error: FEW: too few values (expected at least 2, found 1) [wrong-size]"},
-        Reading{"AboveGreatestSize", "FEW\n 1 2 3 4 /\n", "[1 2 3 4]",
-            "d.data:3:10: error: FEW: too many values (expected at most 3, found 4) [wrong-size]"},
-        Reading{"OneMessageForManyBelow", "WHOLE\n -1 2*-2 /\n", nullptr,
-            "d.data:3:2: error: WHOLE: value -1 is too small (expected at least 0); other values out of "
-            "range: 2 [out-of-range]"},
-        Reading{"BadRepeat", "WHOLE\n 0*1 2 99999999999*3 /\n", "[1 2 3]",
-            "d.data:3:2: error: WHOLE: invalid repeat count in '0*1' (expected 1 to 1000000) [bad-repeat]\n"
-            "d.data:3:8: error: WHOLE: invalid repeat count in '99999999999*3' (expected 1 to 1000000) "
-            "[bad-repeat]"},
-        Reading{"RepeatsBeyondAllSense", "NAMES\n 1000001*A B /\n", "['A' 'B']",
-            "d.data:3:2: error: NAMES: invalid repeat count in '1000001*A' (expected 1 to 1000000) "
-            "[bad-repeat]"},
-        Reading{"RepeatedNamesOfAMap", "MAP\n 3*A /\n", "{A=1 BETA=-}",
-            "d.data:3:2: error: MAP: a name can't have a repeat count [bad-repeat]"},
-        Reading{"NoDefaults", "NAMES\n A 2* B /\nWHOLE\n 1 2* /\n", nullptr,
-            "d.data:3:4: error: NAMES: the values have no default [no-default] | write each value\n"
-            "d.data:5:4: error: WHOLE: the values have no default [no-default] | write each value"},
-        Reading{"Names", "NAMES\n A 'B C' 2*D \"E/\" 2*'F G' O'K /\n",
-            "['A' 'B C' 'D' 'D' 'E/' 'F G' 'F G' 'O'K']"},
-        Reading{"OpenQuote", "NAMES\n 'A\n B /\n", "['A' 'B']",
-            "d.data:3:2: error: unclosed quote before 'A' [unclosed-quote] | add a closing ' on the same "
-            "line"},
-        Reading{"KeywordWithASlashIsAName", "NAMES\nFLAG /\n", "['FLAG']"},
-        Reading{"KeywordEndsOpenData", "NAMES\n A\nFLAG\n", nullptr,
-            "d.data:3:3: error: NAMES: missing slash at the end of the list [unclosed-data] | add a slash "
-            "after the last value"},
-        Reading{"EndOfDeckEndsOpenData", "ROWS\n 1 2\n", nullptr,
-            "d.data:3:5: error: ROWS: missing slash at the end of the record [unclosed-data] | add a slash "
-            "after the last value"}),
+INSTANTIATE_TEST_SUITE_P(Arrays, Readings, testing::ValuesIn(ReadingsOf(R"(
+Plain: DIMENS\n 2 2 /\nARRAY\n 1 +2.5, 3D1 4e-1/\n => [1 2.5 30 0.4] =>
+Repeats: DIMENS\n 2 3 /\nARRAY\n 2*1 3*\n  2*\n/\n => [1 1 0~ 0~ 0~ 0~] => d.data:6:3: error: ARRAY: too many values (expected 6, found 7) [wrong-size] | the size is NX*NY
+LoneAsterisk: DIMENS\n 2 1 /\nARRAY\n * 1 /\n => [0~ 1] =>
+Surplus: DIMENS\n 1 2 /\nARRAY\n 1 2\n 3 4*5 /\n => [1 2] => d.data:6:2: error: ARRAY: too many values (expected 2, found 7) [wrong-size] | the size is NX*NY
+SilencedErrorLeavesTheSizes: DIMENS\n 3 1 /\nDIMENS\n 2 x / -- quor: off\nARRAY\n 1 2 3 /\n => ? =>
+Short: DIMENS\n 1 2 /\nARRAY\n 1 /\n => [1] => d.data:5:4: error: ARRAY: too few values (expected 2, found 1) [wrong-size] | the size is NX*NY
+DefaultDimensions: ARRAY\n 1 /\n => [1] =>
+InABox: DIMENS\n 4 4 /\nBOX\n 2 3 2* 1 1 /\nARRAY\n 8*1 /\nENDBOX\nARRAY\n 16*1 /\nGRID\nFLAG\n => ? =>
+OneMessageForManyBeyond: DIMENS\n 5 1 /\nARRAY\n 1 101 3 -1 2*200 /\n => ? => d.data:5:4: error: ARRAY: value 101 is too large (expected at most 100); other values out of range: 3 [out-of-range]
+    d.data:5:13: error: ARRAY: too many values (expected 5, found 6) [wrong-size] | the size is NX*NY
+WrongWord: DIMENS\n 2 1 /\nARRAY\n 1 x 2 /\n => [1 2] => d.data:5:4: error: ARRAY: invalid value 'x'; expected a number [wrong-type]
+NumberWithATail: DIMENS\n 2 1 /\nARRAY\n 1.0.0 2 3 /\n => [2 3] => d.data:5:2: error: ARRAY: invalid value '1.0.0'; expected a number [wrong-type]
+InfinityIsNoNumber: DIMENS\n 1 1 /\nARRAY\n inf 1e999 nan 7 /\n => [7] => d.data:5:2: error: ARRAY: invalid value 'inf'; expected a number [wrong-type]
+    d.data:5:6: error: ARRAY: invalid value '1e999'; expected a number [wrong-type]
+    d.data:5:12: error: ARRAY: invalid value 'nan'; expected a number [wrong-type]
+Comments: DIMENS\n 2 1 /\nARRAY -- c\n-- FLAG\n 1--c\n 2 / text\n => [1 2] =>
+OnTheLineOfItsKeyword: DIMENS 2 1 /\nARRAY 1 2 /\n => [1 2] =>
+WholeNumbers: WHOLE\n 1 2*3 1.5 -1 99999999999 /\n => [1 3 3 -1] => d.data:3:8: error: WHOLE: invalid value '1.5'; expected a whole number [wrong-type]
+    d.data:3:15: error: WHOLE: whole number '99999999999' is out of range (expected -2147483648 to 2147483647) [wrong-type]
+    d.data:3:12: error: WHOLE: value -1 is too small (expected at least 0) [out-of-range]
+PreviousValueFills: PREVIOUS\n 4 2* 7 1* /\n => [4 4~ 4~ 7 7~] =>
+EndsByItself: FIXED\n 1 2 3\nFLAG\n => ? =>
+SlashDoesNoHarm: FIXED\n 3*1 /\n => [1 1 1] =>
+BelowLeastSize: FEW\n 1 /\n => [1] => d.data:3:4: error: FEW: too few values (expected at least 2, found 1) [wrong-size]
+AboveGreatestSize: FEW\n 1 2 3 4 /\n => [1 2 3 4] => d.data:3:10: error: FEW: too many values (expected at most 3, found 4) [wrong-size]
+OneMessageForManyBelow: WHOLE\n -1 2*-2 /\n => ? => d.data:3:2: error: WHOLE: value -1 is too small (expected at least 0); other values out of range: 2 [out-of-range]
+BadRepeat: WHOLE\n 0*1 2 99999999999*3 /\n => [1 2 3] => d.data:3:2: error: WHOLE: invalid repeat count in '0*1' (expected 1 to 1000000) [bad-repeat]
+    d.data:3:8: error: WHOLE: invalid repeat count in '99999999999*3' (expected 1 to 1000000) [bad-repeat]
+RepeatsBeyondAllSense: NAMES\n 1000001*A B /\n => ['A' 'B'] => d.data:3:2: error: NAMES: invalid repeat count in '1000001*A' (expected 1 to 1000000) [bad-repeat]
+RepeatedNamesOfAMap: MAP\n 3*A /\n => {A=1 BETA=-} => d.data:3:2: error: MAP: a name can't have a repeat count [bad-repeat]
+NoDefaults: NAMES\n A 2* B /\nWHOLE\n 1 2* /\n => ? => d.data:3:4: error: NAMES: the values have no default [no-default] | write each value
+    d.data:5:4: error: WHOLE: the values have no default [no-default] | write each value
+Names: NAMES\n A 'B C' 2*D "E/" 2*'F G' O'K /\n => ['A' 'B C' 'D' 'D' 'E/' 'F G' 'F G' 'O'K'] =>
+OpenQuote: NAMES\n 'A\n B /\n => ['A' 'B'] => d.data:3:2: error: unclosed quote before 'A' [unclosed-quote] | add a closing ' on the same line
+KeywordWithASlashIsAName: NAMES\nFLAG /\n => ['FLAG'] =>
+KeywordEndsOpenData: NAMES\n A\nFLAG\n => ? => d.data:3:3: error: NAMES: missing slash at the end of the list [unclosed-data] | add a slash after the last value
+EndOfDeckEndsOpenData: ROWS\n 1 2\n => ? => d.data:3:5: error: ROWS: missing slash at the end of the record [unclosed-data] | add a slash after the last value
+)")),
     CaseName<Reading>);
 
-INSTANTIATE_TEST_SUITE_P(Records, Readings,
-    testing::Values(Reading{"All", "RECORD\n P1 7.5 GAS YES 3 /\n", "('P1' 7.5 2 1 3)"},
-        Reading{"Defaults", "RECORD\n P1 3* 3 /\n", "('P1' - - - 3)"},
-        Reading{"TooFew", "RECORD\n P1 2 /\n", "('P1' 2 - - -)",
-            "d.data:3:7: error: RECORD: too few values (missing: COUNT) [too-few-values] | only items with a "
-            "default can be omitted"},
-        Reading{"TooMany", "RECORD\n P1 1 OIL NO 3 4 5 /\nFLAG\n", nullptr,
-            "d.data:3:16: error: RECORD: too many values (expected at most 5) [too-many-values] | end the "
-            "record with a slash before this value"},
-        Reading{"NoDefault", "RECORD\n 1* 1 OIL NO 3 /\n", "(- 1 0 0 3)",
-            "d.data:3:2: error: RECORD, NAME: the item has no default [no-default] | write a value"},
-        Reading{"WrongTypes", "RECORD\n P1 'x' OIL 7 1.0 /\n", "('P1' - 0 - -)",
-            "d.data:3:5: error: RECORD, RATE: invalid text 'x' in quotes; expected a number [wrong-type]\n"
-            "d.data:3:13: error: RECORD, ON: invalid value '7'; expected YES or NO [wrong-type]\n"
-            "d.data:3:15: error: RECORD, COUNT: invalid value '1.0'; expected a whole number [wrong-type]"},
-        Reading{"NumbersInQuotes", "RECORD\n P1 '2' OIL NO '3' /\n", nullptr,
-            "d.data:3:5: error: RECORD, RATE: invalid text '2' in quotes; expected a number [wrong-type] | "
-            "remove the quotes\n"
-            "d.data:3:16: error: RECORD, COUNT: invalid text '3' in quotes; expected a whole number "
-            "[wrong-type] | remove the quotes"},
-        Reading{"EmptyTexts", "RECORD\n P1 '' '' NO 3 /\n", nullptr,
-            "d.data:3:5: error: RECORD, RATE: empty value [wrong-type] | write a value\n"
-            "d.data:3:8: error: RECORD, KIND: empty value [not-a-choice] | expected one of: OIL, WATER, GAS"},
-        Reading{"Limits", "RECORD\n P1 -1 OIL NO 10 /\n", "('P1' -1 0 0 10)",
-            "d.data:3:5: error: RECORD, RATE: value -1 is too small (expected at least 0) [out-of-range]\n"
-            "d.data:3:15: error: RECORD, COUNT: value 10 is too large (expected at most 9) [out-of-range]"},
-        Reading{"LongText", "RECORD\n PROD1 1 OIL NO 1 /\n", nullptr,
-            "d.data:3:2: warning: RECORD, NAME: 'PROD1' is longer than 4 characters; the rest is ignored "
-            "[long-text] | shorten the text"},
-        Reading{"Abbreviation", "RECORD\n P 1 wat NO 1 /\n", "('P' 1 1 0 1)",
-            "d.data:3:6: warning: RECORD, KIND: 'wat' is an abbreviation of WATER [abbreviated-word] | write "
-            "WATER"},
-        Reading{"Deprecated", "RECORD\n P 1 AQUA NO 1 /\n", "('P' 1 1 0 1)",
-            "d.data:3:6: warning: RECORD, KIND: 'AQUA' is a deprecated name of WATER [deprecated-word] | "
-            "write WATER"},
-        Reading{"NoChoice", "RECORD\n P 1 COAL NO 1 /\nRECORD\n P 1 OLI NO 1 /\n", "('P' 1 - 0 1)",
-            "d.data:3:6: error: RECORD, KIND: unknown value 'COAL' [not-a-choice] | expected one of: OIL, "
-            "WATER, GAS\n"
-            "d.data:5:6: error: RECORD, KIND: unknown value 'OLI' [not-a-choice] | did you mean OIL?"},
-        Reading{"OfAnotherSimulator", "RECORD\n P 1 GAS NO 1 /\nRECORD\n P 1* WATER 1* 1 /\n", nullptr,
-            "d.data:3:4: warning: RECORD, RATE: the item has no effect for Carrow [item-unsupported]\n"
-            "d.data:3:6: error: RECORD, KIND: value GAS is not valid for Carrow [choice-not-valid] | choose "
-            "another value\n"
-            "d.data:3:10: error: RECORD, ON: the item is not valid for Carrow [item-not-valid] | write '1*' "
-            "instead of the value\n"
-            "d.data:5:7: warning: RECORD, KIND: value WATER has no effect for Carrow [choice-unsupported]",
-            SimulatorType::Carrow},
-        Reading{"ListOfThem", "ROWS\n 1 2 /\n 3 /\n 2*4 /\n/\n", "[(1 2) (3 -) (4 4)]"},
-        Reading{"RecordWithoutASlash", "ROWS\n 1 2\n 3 4 /\n/\n", "[(1 2) (3 4)]",
-            "d.data:3:5: error: ROWS: missing slash at the end of the record [unclosed-data] | add a slash "
-            "after the last value"},
-        Reading{"LastRecordWithoutASlash", "ROWS\n 1 2 /\n 3 4\n/\nFLAG\n", nullptr,
-            "d.data:4:5: error: ROWS: missing slash at the end of the record [unclosed-data] | add a slash "
-            "after the last value"},
-        Reading{"RecordOnTwoLines", "ROWS\n 1\n 2 /\n 3\n 4 5 /\n/\n", "[(1 2) (3 -) (4 5)]",
-            "d.data:5:3: error: ROWS: missing slash at the end of the record [unclosed-data] | add a slash "
-            "after the last value"},
-        Reading{"Backslash", "ROWS\n 1 2 \\\n 3 4 /\n/\n", "[(1 2) (3 4)]",
-            "d.data:3:6: error: unexpected backslash; expected a slash [stray-text] | write '/'"},
-        Reading{"RepeatedWrongWord", "ROWS\n 2*x /\n/\n", "[(- -)]",
-            "d.data:3:2: error: ROWS, A: invalid value 'x'; expected a whole number [wrong-type]"},
-        Reading{"MissingValue", "RECORD\n P1 OIL YES 3 /\n", "('P1' - - - -)",
-            "d.data:3:5: error: RECORD, RATE: invalid value 'OIL'; expected a number [wrong-type] | a value "
-            "seems to be missing before this one"},
-        Reading{"MissingValues", "RECORD\n P1 YES 3 /\n", "('P1' - - - -)",
-            "d.data:3:5: error: RECORD, RATE: invalid value 'YES'; expected a number [wrong-type] | 2 values "
-            "seem to be missing before this one"},
-        Reading{"ValueTooMany", "RECORD\n P1 1 1 OIL YES 3 /\n", "('P1' 1 - - -)",
-            "d.data:3:7: error: RECORD, KIND: unknown value '1' [not-a-choice] | this value seems to be "
-            "extra"},
-        Reading{"OpenQuoteInARecord", "RECORD\n 'P1 1 OIL NO 3 /\n", "('P1' 1 0 0 3)",
-            "d.data:3:2: error: unclosed quote before 'P1' [unclosed-quote] | add a closing ' on the same "
-            "line"},
-        Reading{"QuoteThatWasNotOpened", "RECORD\n P*' 1 OIL NO 3 /\n", "('P*' 1 0 0 3)",
-            "d.data:3:2: error: unopened quote after 'P*' [unclosed-quote] | add an opening ' before the "
-            "text"},
-        Reading{"OpenQuoteOfSeveralWords", "RECORD\n 'P of Q 1 OIL NO 3 /\nFLAG\n", nullptr,
-            "d.data:3:2: error: unclosed quote before 'P' [unclosed-quote] | add a closing ' on the same "
-            "line"},
-        Reading{"OpenQuoteBeforeABlank", "RECORD\n ' P1 1 OIL NO 3 /\n", nullptr,
-            "d.data:3:2: error: unclosed quote [unclosed-quote] | add a closing ' on the same line"},
-        Reading{"ListOfRecordsWithoutASlash", "ROWS\n 1 2 /\nFLAG\n", nullptr,
-            "d.data:3:7: error: ROWS: missing slash at the end of the list [unclosed-data] | add a line with "
-            "a slash after the last record"},
-        Reading{"ListWithoutItsEndWord", "UNTIL\n A\nFLAG\n", nullptr,
-            "d.data:3:3: error: UNTIL: missing end word of the list [unclosed-data] | add the word that ends "
-            "the list of this keyword"},
-        Reading{"TooFewRecords", "BYREGION\n 1 /\n/\n", "[(1)]",
-            "d.data:4:1: error: BYREGION: too few records (expected 2, found 1) [wrong-size] | the size is "
-            "2"},
-        Reading{"RecordsBelowLeast", "SOME\n 1 /\n/\n", "[(1)]",
-            "d.data:4:1: error: SOME: too few records (expected at least 2, found 1) [wrong-size]"},
-        Reading{"RecordsAboveGreatest", "SOME\n 1 /\n 2 /\n 3 /\n 4 /\n/\n", nullptr,
-            "d.data:7:1: error: SOME: too many records (expected at most 3, found 4) [wrong-size]"},
-        Reading{"EmptyList", "ROWS\n/\n", "[]"},
-        Reading{"ElementsOfNoSize", "SIZED\n 0 1 2 /\nFLAG\n", nullptr,
-            "d.data:3:4: error: SIZED: too many values (expected none) [too-many-values] | the size of the "
-            "list is 0\n"
-            "d.data:3:9: error: SIZED: missing slash at the end of the record [unclosed-data] | add a slash "
-            "after the last value"},
-        Reading{"TextsHaveNoOrder", "ORDERED\n B /\n A /\n/\n", "[('B' - -) ('A' - -)]"},
-        Reading{"Orders", "ORDERED\n A 1 9 /\n B 1 9 /\n C 0 8 /\n/\n", nullptr,
-            "d.data:4:6: error: ORDERED, DOWN: value 9 must be less than the previous value 9 "
-            "[column-order]\n"
-            "d.data:5:4: error: ORDERED, UP: value 0 must not be less than the previous value 1 "
-            "[column-order]"},
-        Reading{"RepeatBeyondTheEnd", "PAIR\n 1 4*2\n", "(1 2)",
-            "d.data:3:4: error: PAIR: too many values (the repeat count is too large by 3) "
-            "[too-many-values]"},
-        Reading{"SurplusOfOneItem", "TSTEP\n 1 2 /\n/\n", "[(1)]",
-            "d.data:3:4: error: TSTEP: too many values (expected at most 1) [too-many-values] | end the "
-            "record with a slash before this value"},
-        Reading{"Variables", "RECORD\n P1 $RATE OIL NO 3 /\nRECORD\n P1 $RATE OIL NO 3 /\n", nullptr,
-            "d.data:3:5: error: variable '$RATE' has no value [unknown-variable] | give variable $RATE a "
-            "value"},
-        Reading{"StepsOfAnotherForm", "TSTEP\n 1 /\n/\n", "[(1)]"},
-        Reading{"CountedByAnItem", "COUNTED\n 2 5 6 /\n", "(2 [5 6])"}),
+INSTANTIATE_TEST_SUITE_P(Records, Readings, testing::ValuesIn(ReadingsOf(R"(
+All: RECORD\n P1 7.5 GAS YES 3 /\n => ('P1' 7.5 2 1 3) =>
+Defaults: RECORD\n P1 3* 3 /\n => ('P1' - - - 3) =>
+TooFew: RECORD\n P1 2 /\n => ('P1' 2 - - -) => d.data:3:7: error: RECORD: too few values (missing: COUNT) [too-few-values] | only items with a default can be omitted
+TooMany: RECORD\n P1 1 OIL NO 3 4 5 /\nFLAG\n => ? => d.data:3:16: error: RECORD: too many values (expected at most 5) [too-many-values] | end the record with a slash before this value
+NoDefault: RECORD\n 1* 1 OIL NO 3 /\n => (- 1 0 0 3) => d.data:3:2: error: RECORD, NAME: the item has no default [no-default] | write a value
+WrongTypes: RECORD\n P1 'x' OIL 7 1.0 /\n => ('P1' - 0 - -) => d.data:3:5: error: RECORD, RATE: invalid text 'x' in quotes; expected a number [wrong-type]
+    d.data:3:13: error: RECORD, ON: invalid value '7'; expected YES or NO [wrong-type]
+    d.data:3:15: error: RECORD, COUNT: invalid value '1.0'; expected a whole number [wrong-type]
+NumbersInQuotes: RECORD\n P1 '2' OIL NO '3' /\n => ? => d.data:3:5: error: RECORD, RATE: invalid text '2' in quotes; expected a number [wrong-type] | remove the quotes
+    d.data:3:16: error: RECORD, COUNT: invalid text '3' in quotes; expected a whole number [wrong-type] | remove the quotes
+EmptyTexts: RECORD\n P1 '' '' NO 3 /\n => ? => d.data:3:5: error: RECORD, RATE: empty value [wrong-type] | write a value
+    d.data:3:8: error: RECORD, KIND: empty value [not-a-choice] | expected one of: OIL, WATER, GAS
+Limits: RECORD\n P1 -1 OIL NO 10 /\n => ('P1' -1 0 0 10) => d.data:3:5: error: RECORD, RATE: value -1 is too small (expected at least 0) [out-of-range]
+    d.data:3:15: error: RECORD, COUNT: value 10 is too large (expected at most 9) [out-of-range]
+LongText: RECORD\n PROD1 1 OIL NO 1 /\n => ? => d.data:3:2: warning: RECORD, NAME: 'PROD1' is longer than 4 characters; the rest is ignored [long-text] | shorten the text
+Abbreviation: RECORD\n P 1 wat NO 1 /\n => ('P' 1 1 0 1) => d.data:3:6: warning: RECORD, KIND: 'wat' is an abbreviation of WATER [abbreviated-word] | write WATER
+Deprecated: RECORD\n P 1 AQUA NO 1 /\n => ('P' 1 1 0 1) => d.data:3:6: warning: RECORD, KIND: 'AQUA' is a deprecated name of WATER [deprecated-word] | write WATER
+NoChoice: RECORD\n P 1 COAL NO 1 /\nRECORD\n P 1 OLI NO 1 /\n => ('P' 1 - 0 1) => d.data:3:6: error: RECORD, KIND: unknown value 'COAL' [not-a-choice] | expected one of: OIL, WATER, GAS
+    d.data:5:6: error: RECORD, KIND: unknown value 'OLI' [not-a-choice] | did you mean OIL?
+OfAnotherSimulator for Carrow: RECORD\n P 1 GAS NO 1 /\nRECORD\n P 1* WATER 1* 1 /\n => ? => d.data:3:4: warning: RECORD, RATE: the item has no effect for Carrow [item-unsupported]
+    d.data:3:6: error: RECORD, KIND: value GAS is not valid for Carrow [choice-not-valid] | choose another value
+    d.data:3:10: error: RECORD, ON: the item is not valid for Carrow [item-not-valid] | write '1*' instead of the value
+    d.data:5:7: warning: RECORD, KIND: value WATER has no effect for Carrow [choice-unsupported]
+ListOfThem: ROWS\n 1 2 /\n 3 /\n 2*4 /\n/\n => [(1 2) (3 -) (4 4)] =>
+RecordWithoutASlash: ROWS\n 1 2\n 3 4 /\n/\n => [(1 2) (3 4)] => d.data:3:5: error: ROWS: missing slash at the end of the record [unclosed-data] | add a slash after the last value
+LastRecordWithoutASlash: ROWS\n 1 2 /\n 3 4\n/\nFLAG\n => ? => d.data:4:5: error: ROWS: missing slash at the end of the record [unclosed-data] | add a slash after the last value
+RecordOnTwoLines: ROWS\n 1\n 2 /\n 3\n 4 5 /\n/\n => [(1 2) (3 -) (4 5)] => d.data:5:3: error: ROWS: missing slash at the end of the record [unclosed-data] | add a slash after the last value
+Backslash: ROWS\n 1 2 \\\n 3 4 /\n/\n => [(1 2) (3 4)] => d.data:3:6: error: unexpected backslash; expected a slash [stray-text] | write '/'
+RepeatedWrongWord: ROWS\n 2*x /\n/\n => [(- -)] => d.data:3:2: error: ROWS, A: invalid value 'x'; expected a whole number [wrong-type]
+MissingValue: RECORD\n P1 OIL YES 3 /\n => ('P1' - - - -) => d.data:3:5: error: RECORD, RATE: invalid value 'OIL'; expected a number [wrong-type] | a value seems to be missing before this one
+MissingValues: RECORD\n P1 YES 3 /\n => ('P1' - - - -) => d.data:3:5: error: RECORD, RATE: invalid value 'YES'; expected a number [wrong-type] | 2 values seem to be missing before this one
+ValueTooMany: RECORD\n P1 1 1 OIL YES 3 /\n => ('P1' 1 - - -) => d.data:3:7: error: RECORD, KIND: unknown value '1' [not-a-choice] | this value seems to be extra
+OpenQuoteInARecord: RECORD\n 'P1 1 OIL NO 3 /\n => ('P1' 1 0 0 3) => d.data:3:2: error: unclosed quote before 'P1' [unclosed-quote] | add a closing ' on the same line
+QuoteThatWasNotOpened: RECORD\n P*' 1 OIL NO 3 /\n => ('P*' 1 0 0 3) => d.data:3:2: error: unopened quote after 'P*' [unclosed-quote] | add an opening ' before the text
+OpenQuoteOfSeveralWords: RECORD\n 'P of Q 1 OIL NO 3 /\nFLAG\n => ? => d.data:3:2: error: unclosed quote before 'P' [unclosed-quote] | add a closing ' on the same line
+OpenQuoteBeforeABlank: RECORD\n ' P1 1 OIL NO 3 /\n => ? => d.data:3:2: error: unclosed quote [unclosed-quote] | add a closing ' on the same line
+ListOfRecordsWithoutASlash: ROWS\n 1 2 /\nFLAG\n => ? => d.data:3:7: error: ROWS: missing slash at the end of the list [unclosed-data] | add a line with a slash after the last record
+ListWithoutItsEndWord: UNTIL\n A\nFLAG\n => ? => d.data:3:3: error: UNTIL: missing end word of the list [unclosed-data] | add the word that ends the list of this keyword
+TooFewRecords: BYREGION\n 1 /\n/\n => [(1)] => d.data:4:1: error: BYREGION: too few records (expected 2, found 1) [wrong-size] | the size is 2
+RecordsBelowLeast: SOME\n 1 /\n/\n => [(1)] => d.data:4:1: error: SOME: too few records (expected at least 2, found 1) [wrong-size]
+RecordsAboveGreatest: SOME\n 1 /\n 2 /\n 3 /\n 4 /\n/\n => ? => d.data:7:1: error: SOME: too many records (expected at most 3, found 4) [wrong-size]
+EmptyList: ROWS\n/\n => [] =>
+ElementsOfNoSize: SIZED\n 0 1 2 /\nFLAG\n => ? => d.data:3:4: error: SIZED: too many values (expected none) [too-many-values] | the size of the list is 0
+    d.data:3:9: error: SIZED: missing slash at the end of the record [unclosed-data] | add a slash after the last value
+TextsHaveNoOrder: ORDERED\n B /\n A /\n/\n => [('B' - -) ('A' - -)] =>
+Orders: ORDERED\n A 1 9 /\n B 1 9 /\n C 0 8 /\n/\n => ? => d.data:4:6: error: ORDERED, DOWN: value 9 must be less than the previous value 9 [column-order]
+    d.data:5:4: error: ORDERED, UP: value 0 must not be less than the previous value 1 [column-order]
+RepeatBeyondTheEnd: PAIR\n 1 4*2\n => (1 2) => d.data:3:4: error: PAIR: too many values (the repeat count is too large by 3) [too-many-values]
+SurplusOfOneItem: TSTEP\n 1 2 /\n/\n => [(1)] => d.data:3:4: error: TSTEP: too many values (expected at most 1) [too-many-values] | end the record with a slash before this value
+Variables: RECORD\n P1 $RATE OIL NO 3 /\nRECORD\n P1 $RATE OIL NO 3 /\n => ? => d.data:3:5: error: variable '$RATE' has no value [unknown-variable] | give variable $RATE a value
+StepsOfAnotherForm: TSTEP\n 1 /\n/\n => [(1)] =>
+CountedByAnItem: COUNTED\n 2 5 6 /\n => (2 [5 6]) =>
+)")),
     CaseName<Reading>);
 
-INSTANTIATE_TEST_SUITE_P(Tables, Readings,
-    testing::Values(
-        Reading{"Two", "TABLES\n 1 4\n 2 3 /\n 1 9 2 8 3 7 /\n", "[[(1 4) (2 3)] [(1 9) (2 8) (3 7)]]"},
-        Reading{"CutRow", "TABLES\n 1 4 2 / 1 4 2 4 /\n", nullptr,
-            "d.data:3:9: error: TABLES: too few tables (expected 2, found 1) [wrong-size] | the size is 2"},
-        Reading{"EmptyStandsForTheOneBefore", "TABLES\n 1 4 2 3 /\n /\n", "[[(1 4) (2 3)] []]"},
-        Reading{"RowsOfASize", "CURVE\n 1 /\n", nullptr,
-            "d.data:3:4: error: CURVE: too few rows (expected 2, found 1) [wrong-size] | the size is 2"},
-        Reading{"BelowLeast", "CURVES\n 1 2 /\n/\n", nullptr,
-            "d.data:4:1: error: CURVES: too few tables (expected at least 2, found 1) [wrong-size]"},
-        Reading{"AboveGreatest", "CURVES\n 1 /\n 2 /\n 3 /\n 4 /\n/\n", nullptr,
-            "d.data:7:1: error: CURVES: too many tables (expected at most 3, found 4) [wrong-size]"},
-        Reading{"OneIsMissing", "TABLES\n 1 4 2 3 /\nFLAG\n", nullptr,
-            "d.data:3:11: error: TABLES: too few tables (expected 2, found 1) [wrong-size] | the size is 2"},
-        Reading{"TooFewRows", "TABLES\n 1 4 /\n 1 4 2 3 /\n", nullptr,
-            "d.data:3:6: error: TABLES: too few rows (expected at least 2, found 1) [wrong-size]"},
-        Reading{"TooManyRows", "TABLES\n 1 4 2 4 3 4 4 4 5 4 /\n 1 4 2 3 /\n", nullptr,
-            "d.data:3:22: error: TABLES: too many rows (expected at most 4, found 5) [wrong-size]"},
-        Reading{"ColumnsToldOnce", "TABLES\n 1 4\n 2 5\n 3 6\n 0 7 /\n 1 4 2 3 /\n", nullptr,
-            "d.data:4:4: error: TABLES, Y: value 5 must not be greater than the previous value 4 "
-            "[column-order]\n"
-            "d.data:6:2: error: TABLES, X: value 0 must be greater than the previous value 3 [column-order] "
-            "| if a new table starts here, add a slash before it"},
-        Reading{"RowCutShort", "TABLES\n 1 9\n 2\n 3 7\n 4 6 /\n 1 4 2 3 /\n", nullptr,
-            "d.data:6:2: error: TABLES, Y: value 4 must not be greater than the previous value 3 "
-            "[column-order] | a row on this line or before it has too few or too many values"},
-        Reading{"NoSlashBetween", "TABLES\n 1 4\n 2 3\n 1 9\n 2 8 /\n", nullptr,
-            "d.data:5:2: error: TABLES, X: value 1 must be greater than the previous value 2 [column-order] "
-            "| if a new table starts here, add a slash before it"},
-        Reading{"Nested", "NESTED\n 1 2 3 /\n 4 5 /\n/\n", "[(1 [(2) (3)]) (4 [(5)])]"}),
+INSTANTIATE_TEST_SUITE_P(Tables, Readings, testing::ValuesIn(ReadingsOf(R"(
+Two: TABLES\n 1 4\n 2 3 /\n 1 9 2 8 3 7 /\n => [[(1 4) (2 3)] [(1 9) (2 8) (3 7)]] =>
+CutRow: TABLES\n 1 4 2 / 1 4 2 4 /\n => ? => d.data:3:9: error: TABLES: too few tables (expected 2, found 1) [wrong-size] | the size is 2
+EmptyStandsForTheOneBefore: TABLES\n 1 4 2 3 /\n /\n => [[(1 4) (2 3)] []] =>
+RowsOfASize: CURVE\n 1 /\n => ? => d.data:3:4: error: CURVE: too few rows (expected 2, found 1) [wrong-size] | the size is 2
+BelowLeast: CURVES\n 1 2 /\n/\n => ? => d.data:4:1: error: CURVES: too few tables (expected at least 2, found 1) [wrong-size]
+AboveGreatest: CURVES\n 1 /\n 2 /\n 3 /\n 4 /\n/\n => ? => d.data:7:1: error: CURVES: too many tables (expected at most 3, found 4) [wrong-size]
+OneIsMissing: TABLES\n 1 4 2 3 /\nFLAG\n => ? => d.data:3:11: error: TABLES: too few tables (expected 2, found 1) [wrong-size] | the size is 2
+TooFewRows: TABLES\n 1 4 /\n 1 4 2 3 /\n => ? => d.data:3:6: error: TABLES: too few rows (expected at least 2, found 1) [wrong-size]
+TooManyRows: TABLES\n 1 4 2 4 3 4 4 4 5 4 /\n 1 4 2 3 /\n => ? => d.data:3:22: error: TABLES: too many rows (expected at most 4, found 5) [wrong-size]
+ColumnsToldOnce: TABLES\n 1 4\n 2 5\n 3 6\n 0 7 /\n 1 4 2 3 /\n => ? => d.data:4:4: error: TABLES, Y: value 5 must not be greater than the previous value 4 [column-order]
+    d.data:6:2: error: TABLES, X: value 0 must be greater than the previous value 3 [column-order] | if a new table starts here, add a slash before it
+RowCutShort: TABLES\n 1 9\n 2\n 3 7\n 4 6 /\n 1 4 2 3 /\n => ? => d.data:6:2: error: TABLES, Y: value 4 must not be greater than the previous value 3 [column-order] | a row on this line or before it has too few or too many values
+NoSlashBetween: TABLES\n 1 4\n 2 3\n 1 9\n 2 8 /\n => ? => d.data:5:2: error: TABLES, X: value 1 must be greater than the previous value 2 [column-order] | if a new table starts here, add a slash before it
+Nested: NESTED\n 1 2 3 /\n 4 5 /\n/\n => [(1 [(2) (3)]) (4 [(5)])] =>
+)")),
     CaseName<Reading>);
 
-INSTANTIATE_TEST_SUITE_P(Texts, Readings,
-    testing::Values(Reading{"Map", "MAP\n A=3 BETA = 2 /\n", "{A=3 BETA=2}"},
-        Reading{"NameAlone", "MAP\n beta A= 4/\n", "{A=4 BETA=1}"},
-        Reading{"UnknownName", "MAP\n A C=1 BETTA /\n", "{A=1 BETA=-}",
-            "d.data:3:4: error: MAP: unknown name 'C' [unknown-name]\n"
-            "d.data:3:8: error: MAP: unknown name 'BETTA' [unknown-name] | did you mean BETA?"},
-        Reading{"NoName", "MAP\n =3 A /\n", "{A=1 BETA=-}",
-            "d.data:3:2: error: MAP: missing name before '=' [unknown-name]"},
-        Reading{"NoValue", "MAP\n A= /\n", "{A=- BETA=-}",
-            "d.data:3:2: error: MAP, A: missing value after '='; expected a whole number [wrong-type]"},
-        Reading{"NoNumber", "MAP\n A=x BETA /\n", "{A=- BETA=1}",
-            "d.data:3:2: error: MAP, A: invalid value 'x'; expected a whole number [wrong-type]"},
-        Reading{"MapLimits", "MAP\n A=6 A=0 /\n", nullptr,
-            "d.data:3:2: error: MAP, A: value 6 is too large (expected at most 5) [out-of-range]\n"
-            "d.data:3:6: error: MAP, A: value 0 is too small (expected at least 1) [out-of-range]"},
-        Reading{"NameOfAnother", "MAP\n BETA /\n", nullptr,
-            "d.data:3:2: error: MAP: name BETA is not valid for Carrow [item-not-valid] | remove the name",
-            SimulatorType::Carrow},
-        Reading{"MapWithoutASlash", "MAP\n A\nFLAG\n", nullptr,
-            "d.data:3:3: error: MAP: missing slash at the end of the list of names [unclosed-data] | add a "
-            "slash after the last name"},
-        Reading{"Title", "TITLE\n  A title / of it -- all  \nFLAG\nTITLE\nFLAG\n", "('FLAG')"},
-        Reading{"Lines", "LINES\nDEFINE A 1/2 /\n-- c\n\n B\n/\n", "['DEFINE A 1/2 /' 'B']"},
-        Reading{"LinesWithoutEnd", "LINES\nA\n", "['A']",
-            "d.data:3:2: error: LINES: missing slash at the end of the list [unclosed-data] | add a slash "
-            "after the last value"},
-        Reading{"Raw", "RAW\n a / 'b\nFLAG\nendraw\n", "\" a / 'b\nFLAG\n\""},
-        Reading{"RawWithoutEnd", "RAW\n a\n", nullptr,
-            "d.data:2:1: error: RAW: missing ENDRAW at the end of the text [unclosed-text] | add ENDRAW at "
-            "the start of a line"}),
+INSTANTIATE_TEST_SUITE_P(Texts, Readings, testing::ValuesIn(ReadingsOf(R"(
+Map: MAP\n A=3 BETA = 2 /\n => {A=3 BETA=2} =>
+NameAlone: MAP\n beta A= 4/\n => {A=4 BETA=1} =>
+UnknownName: MAP\n A C=1 BETTA /\n => {A=1 BETA=-} => d.data:3:4: error: MAP: unknown name 'C' [unknown-name]
+    d.data:3:8: error: MAP: unknown name 'BETTA' [unknown-name] | did you mean BETA?
+NoName: MAP\n =3 A /\n => {A=1 BETA=-} => d.data:3:2: error: MAP: missing name before '=' [unknown-name]
+NoValue: MAP\n A= /\n => {A=- BETA=-} => d.data:3:2: error: MAP, A: missing value after '='; expected a whole number [wrong-type]
+NoNumber: MAP\n A=x BETA /\n => {A=- BETA=1} => d.data:3:2: error: MAP, A: invalid value 'x'; expected a whole number [wrong-type]
+MapLimits: MAP\n A=6 A=0 /\n => ? => d.data:3:2: error: MAP, A: value 6 is too large (expected at most 5) [out-of-range]
+    d.data:3:6: error: MAP, A: value 0 is too small (expected at least 1) [out-of-range]
+NameOfAnother for Carrow: MAP\n BETA /\n => ? => d.data:3:2: error: MAP: name BETA is not valid for Carrow [item-not-valid] | remove the name
+MapWithoutASlash: MAP\n A\nFLAG\n => ? => d.data:3:3: error: MAP: missing slash at the end of the list of names [unclosed-data] | add a slash after the last name
+Title: TITLE\n  A title / of it -- all  \nFLAG\nTITLE\nFLAG\n => ('FLAG') =>
+Lines: LINES\nDEFINE A 1/2 /\n-- c\n\n B\n/\n => ['DEFINE A 1/2 /' 'B'] =>
+LinesWithoutEnd: LINES\nA\n => ['A'] => d.data:3:2: error: LINES: missing slash at the end of the list [unclosed-data] | add a slash after the last value
+Raw: RAW\n a / 'b\nFLAG\nendraw\n => " a / 'b\nFLAG\n" =>
+RawWithoutEnd: RAW\n a\n => ? => d.data:2:1: error: RAW: missing ENDRAW at the end of the text [unclosed-text] | add ENDRAW at the start of a line
+)")),
     CaseName<Reading>);
 
-INSTANTIATE_TEST_SUITE_P(Order, Readings,
-    testing::Values(Reading{"Precedent", "NEEDS\nFLAG\nNEEDS\n", nullptr,
-                        "d.data:2:1: error: NEEDS requires FLAG before it [missing-precedent]"},
-        Reading{"PrecedentIsToldOnce", "NEEDS\nNEEDS\n", nullptr,
-            "d.data:2:1: error: NEEDS requires FLAG before it [missing-precedent]"},
-        Reading{"IndentedKeywordIsRead", "  DIMENS\n 2 1 /\nARRAY\n 1 2 /\n", "[1 2]",
-            "d.data:2:3: error: unexpected 'DIMENS' after RUNSPEC; expected a keyword [stray-text] | a "
-            "keyword must start in the first column"},
-        Reading{"MisspeltKeywordIsRead", "DIMNES\n 2 x /\nARRAY\n 1 2 /\n", "[1 2]",
-            "d.data:2:1: error: unknown keyword 'DIMNES' [unknown-keyword] | did you mean DIMENS, LINES?"},
-        Reading{"SizesWithAnErrorAreNotKnown", "DIMENS\n x 2 /\nARRAY\n 1 2 3 /\n", "[1 2 3]",
-            "d.data:3:2: error: DIMENS, NX: invalid value 'x'; expected a whole number [wrong-type]"},
-        Reading{"NoSuchDates", "START\n 31 JUN 2020 /\nSCHEDULE\nDATES\n 30 JUX 2020 /\n 1 JUL 2020 /\n/\n",
-            nullptr,
-            "d.data:2:1: error: START: invalid date '31 JUN 2020' [bad-date] | expected a date such as 1 JAN "
-            "2020\n"
-            "d.data:6:2: error: DATES: invalid date '30 JUX 2020' [bad-date] | expected a date such as 1 JAN "
-            "2020"},
-        Reading{"TimeGoesForward",
-            "START\n 1 JUL 2020 /\nSCHEDULE\nDATES\n 1 JUL 2020 /\n 2 JUL 2020 /\n/\nTIME\n 0.5 /\n", nullptr,
-            "d.data:6:2: error: DATES: 2020-07-01 is not after 2020-07-01, which the schedule has already "
-            "reached [date-order]\n"
-            "d.data:9:1: error: TIME: 2020-07-01 12:00:00 is before 2020-07-02, which the schedule has "
-            "already reached [date-order]"},
-        Reading{"Scope", "OPEN\nSHUT\nSHUT\nOPEN\nGRID\nOPEN\n", nullptr,
-            "d.data:4:1: error: SHUT has no matching opening keyword [stray-end]\n"
-            "d.data:5:1: error: unclosed OPEN; expected SHUT [unclosed-scope] | add SHUT before the end of "
-            "the section\n"
-            "d.data:7:1: error: unclosed OPEN; expected SHUT [unclosed-scope] | add SHUT before the end of "
-            "the section"},
-        Reading{"DataBehindAFlag", "FLAG 1\n 2\nFLAG /\nFLAG\n/\n", nullptr,
-            "d.data:2:6: error: unexpected '1' after FLAG; expected the end of the line [stray-text] | FLAG "
-            "has no data"},
-        Reading{"StrayBehindData", "WHOLE\n 1 /\n 2 /\n 3 /\nFLAG\n", nullptr,
-            "d.data:4:2: error: unexpected '2' after the data of WHOLE; expected a keyword [stray-text]"}),
+INSTANTIATE_TEST_SUITE_P(Order, Readings, testing::ValuesIn(ReadingsOf(R"(
+Precedent: NEEDS\nFLAG\nNEEDS\n => ? => d.data:2:1: error: NEEDS requires FLAG before it [missing-precedent]
+PrecedentIsToldOnce: NEEDS\nNEEDS\n => ? => d.data:2:1: error: NEEDS requires FLAG before it [missing-precedent]
+IndentedKeywordIsRead:   DIMENS\n 2 1 /\nARRAY\n 1 2 /\n => [1 2] => d.data:2:3: error: unexpected 'DIMENS' after RUNSPEC; expected a keyword [stray-text] | a keyword must start in the first column
+MisspeltKeywordIsRead: DIMNES\n 2 x /\nARRAY\n 1 2 /\n => [1 2] => d.data:2:1: error: unknown keyword 'DIMNES' [unknown-keyword] | did you mean DIMENS, LINES?
+SizesWithAnErrorAreNotKnown: DIMENS\n x 2 /\nARRAY\n 1 2 3 /\n => [1 2 3] => d.data:3:2: error: DIMENS, NX: invalid value 'x'; expected a whole number [wrong-type]
+NoSuchDates: START\n 31 JUN 2020 /\nSCHEDULE\nDATES\n 30 JUX 2020 /\n 1 JUL 2020 /\n/\n => ? => d.data:2:1: error: START: invalid date '31 JUN 2020' [bad-date] | expected a date such as 1 JAN 2020
+    d.data:6:2: error: DATES: invalid date '30 JUX 2020' [bad-date] | expected a date such as 1 JAN 2020
+TimeGoesForward: START\n 1 JUL 2020 /\nSCHEDULE\nDATES\n 1 JUL 2020 /\n 2 JUL 2020 /\n/\nTIME\n 0.5 /\n => ? => d.data:6:2: error: DATES: 2020-07-01 is not after 2020-07-01, which the schedule has already reached [date-order]
+    d.data:9:1: error: TIME: 2020-07-01 12:00:00 is before 2020-07-02, which the schedule has already reached [date-order]
+Scope: OPEN\nSHUT\nSHUT\nOPEN\nGRID\nOPEN\n => ? => d.data:4:1: error: SHUT has no matching opening keyword [stray-end]
+    d.data:5:1: error: unclosed OPEN; expected SHUT [unclosed-scope] | add SHUT before the end of the section
+    d.data:7:1: error: unclosed OPEN; expected SHUT [unclosed-scope] | add SHUT before the end of the section
+DataBehindAFlag: FLAG 1\n 2\nFLAG /\nFLAG\n/\n => ? => d.data:2:6: error: unexpected '1' after FLAG; expected the end of the line [stray-text] | FLAG has no data
+StrayBehindData: WHOLE\n 1 /\n 2 /\n 3 /\nFLAG\n => ? => d.data:4:2: error: unexpected '2' after the data of WHOLE; expected a keyword [stray-text]
+)")),
     CaseName<Reading>);
 
 TEST_F(Readings, KeepWhereThingsStand)

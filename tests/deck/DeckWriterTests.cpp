@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 using namespace Veld::Quor::Tests;
 using namespace Veld::Quor::Core::Decks;
@@ -68,10 +69,19 @@ protected:
 };
 
 struct Writing {
-    const char* name;
+    std::string name;
     std::string deck;
     std::string written; ///< empty: as it was
 };
+
+/// Of cases `Name: deck => written`.
+std::vector<Writing> WritingsOf(const std::string& table)
+{
+    std::vector<Writing> writings;
+    for (const auto& cells : Cells(table, 2))
+        writings.push_back({cells[0], cells[1], cells[2]});
+    return writings;
+}
 
 class Writings : public DeckWriting, public testing::WithParamInterface<Writing> { };
 
@@ -82,71 +92,60 @@ TEST_P(Writings, AreInOrder)
     EXPECT_EQ(DeckFormatter(deck).FormatFile(0), expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Values, Writings,
-    testing::Values(
-        Writing{"Repeats", "VALUES\n 1 1.0 1E0 2 2 3* 4 5*6 /\n", "VALUES\n  3*1   2   2  3*   4 5*6 /\n"},
-        Writing{"ShortestNumbers", "VALUES\n 0.10 1D-5 +3. 1e+22 123456789 -0.5E01 /\n",
-            "VALUES\n        0.1      1E-5         3      1E22 123456789        -5 /\n"},
-        Writing{"AnItemsFormat", "FORMAT\n 1 2.5 0.125 /\n", "FORMAT\n   1.00  2.50 0.125 /\n"},
-        Writing{"Words", "RECORD\n \"P 1\" WAT 3 2.50 T /\n", "RECORD\n  'P 1' WATER 3 2.5 YES /\n"},
-        Writing{"NotGiven", "RECORD\n 'P1' * 1* 2.5 1* /\n", "RECORD\n  P1 2* 2.5 /\n"},
-        Writing{"Quotes", "RECORD\n \"it's\" /\nRECORD\n '1P' /\nRECORD\n '' /\n",
-            "RECORD\n  \"it's\" /\nRECORD\n  '1P' /\nRECORD\n  '' /\n"},
-        Writing{"Map", "MAP\n B = 2\n W1 A=1 /\n", "MAP\n  A B=2 W1 /\n"},
-        Writing{"Variables", "VALUES\n 3*$X 2 /\nRECORD\n '$NAME' * $A+1 /\nMAP\n B=$X /\n",
-            "VALUES\n  3*$X    2 /\nRECORD\n  '$NAME' 1* $A+1 /\nMAP\n  B=$X /\n"},
-        Writing{"LongList",
-            "VALUES\n" +
-                [] {
-                    std::string text;
-                    for (int i = 0; i < 30; ++i)
-                        text += " 1000" + std::to_string(i + 100);
-                    return text;
-                }()
-                + " /\n",
-            "VALUES\n  1000100 1000101 1000102 1000103 1000104 1000105 1000106 1000107 1000108 1000109 "
-            "1000110 1000111\n"
-            "  1000112 1000113 1000114 1000115 1000116 1000117 1000118 1000119 1000120 1000121 1000122 "
-            "1000123\n"
-            "  1000124 1000125 1000126 1000127 1000128 1000129 /\n"}),
+INSTANTIATE_TEST_SUITE_P(Values, Writings, testing::ValuesIn(WritingsOf(R"(
+Repeats: VALUES\n 1 1.0 1E0 2 2 3* 4 5*6 /\n => VALUES\n  3*1   2   2  3*   4 5*6 /\n
+ShortestNumbers: VALUES\n 0.10 1D-5 +3. 1e+22 123456789 -0.5E01 /\n => VALUES\n        0.1      1E-5         3      1E22 123456789        -5 /\n
+AnItemsFormat: FORMAT\n 1 2.5 0.125 /\n => FORMAT\n   1.00  2.50 0.125 /\n
+Words: RECORD\n "P 1" WAT 3 2.50 T /\n => RECORD\n  'P 1' WATER 3 2.5 YES /\n
+NotGiven: RECORD\n 'P1' * 1* 2.5 1* /\n => RECORD\n  P1 2* 2.5 /\n
+Quotes: RECORD\n "it's" /\nRECORD\n '1P' /\nRECORD\n '' /\n => RECORD\n  "it's" /\nRECORD\n  '1P' /\nRECORD\n  '' /\n
+Map: MAP\n B = 2\n W1 A=1 /\n => MAP\n  A B=2 W1 /\n
+Variables: VALUES\n 3*$X 2 /\nRECORD\n '$NAME' * $A+1 /\nMAP\n B=$X /\n => VALUES\n  3*$X    2 /\nRECORD\n  '$NAME' 1* $A+1 /\nMAP\n  B=$X /\n
+)")),
     CaseName<Writing>);
 
-INSTANTIATE_TEST_SUITE_P(Layout, Writings,
-    testing::Values(Writing{"Rows", "ROWS\n 'P1' 1 2.25 3 /\n LONGER 100 /\n P3 1* 12.5 /\n/\n",
-                        "ROWS\n  P1       1  2.25 3 /\n  LONGER 100 /\n  P3      1* 12.5  /\n/\n"},
-        Writing{"ColumnsWithoutValues", "ROWS\n P1 2* 3 /\n P2 * * 44 /\n/\n",
-            "ROWS\n  P1 2*  3 /\n  P2 2* 44 /\n/\n"},
-        Writing{"Table", "TABLE\n 1 10.5 2 9 3 *\n /\n", "TABLE\n  1 10.5\n  2  9\n  3 1*   /\n"},
-        Writing{"LeadingValues", "LEADS\n 0.5 1 2 /\n 10 3 4\n 5 6.5 /\n/\n",
-            "LEADS\n   0.5 1 2   /\n  10   3 4\n       5 6.5 /\n/\n"},
-        Writing{"Flags", "BESIDE\n 1 2 /\n", "BESIDE 1 2\n/\n"},
-        Writing{"NotBesideBehindOpenData", "OPEN\n 1\nBESIDE\n 1 2 /\n", "OPEN\n  1\nBESIDE\n  1 2\n/\n"},
-        Writing{
-            "WindowsLineEnds", "ROWS\r\n P1\r\n 1 /\r\n/\r\nFLAG\r\n", "ROWS\r\n  P1 1 /\r\n/\r\nFLAG\r\n"}),
+INSTANTIATE_TEST_SUITE_P(Layout, Writings, testing::ValuesIn(WritingsOf(R"(
+Rows: ROWS\n 'P1' 1 2.25 3 /\n LONGER 100 /\n P3 1* 12.5 /\n/\n => ROWS\n  P1       1  2.25 3 /\n  LONGER 100 /\n  P3      1* 12.5  /\n/\n
+ColumnsWithoutValues: ROWS\n P1 2* 3 /\n P2 * * 44 /\n/\n => ROWS\n  P1 2*  3 /\n  P2 2* 44 /\n/\n
+Table: TABLE\n 1 10.5 2 9 3 *\n /\n => TABLE\n  1 10.5\n  2  9\n  3 1*   /\n
+LeadingValues: LEADS\n 0.5 1 2 /\n 10 3 4\n 5 6.5 /\n/\n => LEADS\n   0.5 1 2   /\n  10   3 4\n       5 6.5 /\n/\n
+Flags: BESIDE\n 1 2 /\n => BESIDE 1 2\n/\n
+NotBesideBehindOpenData: OPEN\n 1\nBESIDE\n 1 2 /\n => OPEN\n  1\nBESIDE\n  1 2\n/\n
+WindowsLineEnds: ROWS\r\n P1\r\n 1 /\r\n/\r\nFLAG\r\n => ROWS\r\n  P1 1 /\r\n/\r\nFLAG\r\n
+)")),
     CaseName<Writing>);
 
-INSTANTIATE_TEST_SUITE_P(Comments, Writings,
-    testing::Values(
-        Writing{"AroundRows",
-            "ROWS -- all\n-- first\n P1 1 / one\n\n  -- second\n P20 2 / -- two\n/ end\n-- next\nFLAG\n",
-            "ROWS -- all\n-- first\n  P1  1 / one\n  -- second\n  P20 2 / -- two\n/ end\n-- next\nFLAG\n"},
-        Writing{"WithinARow", "ROWS\n P1 -- name\n 1 -- A\n 2.50 / done\n/\n",
-            "ROWS\n  P1 -- name\n  1 -- A\n  2.5 / done\n/\n"},
-        Writing{"BetweenValues", "VALUES\n 3*1.0 -- layer 1\n 3*1 -- layer 2\n-- and 3\n 2 / 4\n",
-            "VALUES\n  3*1 -- layer 1\n  3*1 -- layer 2\n-- and 3\n  2 / 4\n"},
-        Writing{"OfATable", "TABLE\n-- x y\n 1 2 -- low\n 3 4 -- high\n/\n",
-            "TABLE\n-- x y\n  1 2 -- low\n  3 4 -- high\n/\n"},
-        Writing{"BehindASlashThatIsGone", "MAP\n A -- first\n B / last\n", "MAP -- first\n  A B / last\n"}),
+INSTANTIATE_TEST_SUITE_P(Comments, Writings, testing::ValuesIn(WritingsOf(R"(
+AroundRows: ROWS -- all\n-- first\n P1 1 / one\n\n  -- second\n P20 2 / -- two\n/ end\n-- next\nFLAG\n => ROWS -- all\n-- first\n  P1  1 / one\n  -- second\n  P20 2 / -- two\n/ end\n-- next\nFLAG\n
+WithinARow: ROWS\n P1 -- name\n 1 -- A\n 2.50 / done\n/\n => ROWS\n  P1 -- name\n  1 -- A\n  2.5 / done\n/\n
+BetweenValues: VALUES\n 3*1.0 -- layer 1\n 3*1 -- layer 2\n-- and 3\n 2 / 4\n => VALUES\n  3*1 -- layer 1\n  3*1 -- layer 2\n-- and 3\n  2 / 4\n
+OfATable: TABLE\n-- x y\n 1 2 -- low\n 3 4 -- high\n/\n => TABLE\n-- x y\n  1 2 -- low\n  3 4 -- high\n/\n
+BehindASlashThatIsGone: MAP\n A -- first\n B / last\n => MAP -- first\n  A B / last\n
+)")),
     CaseName<Writing>);
 
-INSTANTIATE_TEST_SUITE_P(Kept, Writings,
-    testing::Values(
-        Writing{"Errors", "RECORD\n  P1   OLI   1 /\nVALUES\n  1   x /\nUNKNOWN\n  1   2 /\n", ""},
-        Writing{"RawText", "RAW\n  a   b -- c\nENDRAW\n", ""},
-        Writing{"SkippedBlocks", "VALUES\n  1   2\nSKIP\n  3   4\nENDSKIP\n  5   6 /\n", ""},
-        Writing{"BlankLines", "\n\n\n  -- c\n\nFLAG\n\n\n", ""}, Writing{"NoLastLineEnd", "FLAG", ""},
-        Writing{"Nothing", "", ""}),
+INSTANTIATE_TEST_SUITE_P(Kept, Writings, testing::ValuesIn(WritingsOf(R"(
+Errors: RECORD\n  P1   OLI   1 /\nVALUES\n  1   x /\nUNKNOWN\n  1   2 /\n =>
+RawText: RAW\n  a   b -- c\nENDRAW\n =>
+SkippedBlocks: VALUES\n  1   2\nSKIP\n  3   4\nENDSKIP\n  5   6 /\n =>
+BlankLines: \n\n\n  -- c\n\nFLAG\n\n\n =>
+NoLastLineEnd: FLAG =>
+Nothing:  =>
+)")),
     CaseName<Writing>);
+
+TEST_F(DeckWriting, BreaksALongListIntoLines)
+{
+    std::string text = "VALUES\n";
+    for (int i = 0; i < 30; ++i)
+        text += " 1000" + std::to_string(i + 100);
+    const auto deck = Read(text + " /\n");
+    EXPECT_EQ(DeckFormatter(deck).FormatFile(0), R"(VALUES
+  1000100 1000101 1000102 1000103 1000104 1000105 1000106 1000107 1000108 1000109 1000110 1000111
+  1000112 1000113 1000114 1000115 1000116 1000117 1000118 1000119 1000120 1000121 1000122 1000123
+  1000124 1000125 1000126 1000127 1000128 1000129 /
+)");
+}
 
 TEST_F(DeckWriting, PutsIncludedFilesInTheirPlaces)
 {

@@ -3,76 +3,24 @@
 #include "quor/lint/Lint.h"
 #include "tests/support/Documents.h"
 
+#include <regex>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace Veld::Quor::Tests {
 
-// Parts of syntax documents, around what a case is about.
-
-inline std::string Keyword(const std::string& attributes, const std::string& content)
+/// The elements of a row as a document has them. What is no keyword is the content of keyword K, and a tag
+/// that ends with ~> has a description behind it, so that its absence isn't reported.
+inline std::string Expanded(const std::string& row)
 {
-    return "<keyword " + attributes + "><description>d</description>\n" + content + "\n</keyword>\n";
-}
-
-inline std::string K(const std::string& content)
-{
-    return Keyword("name='K'", content);
-}
-
-inline std::string Data(const std::string& content)
-{
-    return K("<data>" + content + "</data>");
-}
-
-inline std::string Item(const std::string& content, const std::string& attributes = {})
-{
-    return Data("<record><item name='I' " + attributes + ">" + content + "</item></record>");
-}
-
-inline std::string Described(
-    const std::string& tag, const std::string& content = {}, const std::string& attributes = {})
-{
-    return "<" + tag + " " + attributes + ">\n<description>d</description>" + content + "</" + tag + ">";
-}
-
-inline std::string Scalar(const std::string& tag, const std::string& content)
-{
-    return Item(Described(tag, content));
-}
-
-inline std::string Choice(
-    const std::string& defaultText, const std::string& values = "<value string='OIL'/><value string='GAS'/>")
-{
-    return Scalar("choice", defaultText + "<values>" + values + "</values>");
-}
-
-inline std::string Simulators(const std::string& attributes)
-{
-    return "<validSimulators><simulator " + attributes + "/></validSimulators>";
-}
-
-inline std::string Section(const std::string& name)
-{
-    return "<validSections><section name='" + name + "'/></validSections>";
-}
-
-inline std::string Assignment(const std::string& attributes, const std::string& mark = {})
-{
-    return Data("<map>" + mark
-        + Described("assignment", "<validity>\n<simulator name='Carrow'/>\n</validity>", attributes)
-        + "</map>");
-}
-
-inline std::string Category(const std::string& name, const std::string& value)
-{
-    return "<summaryMnemonic><category name='" + name + "' val='" + value + "'/></summaryMnemonic>";
-}
-
-inline std::string Precedent(const std::string& name)
-{
-    return "<precedents><precedent name='" + name + "'/></precedents>";
+    const bool isContent = !row.starts_with("<keyword") && !row.starts_with("<!--");
+    std::string text = isContent ? "<keyword name='K'~>" + row + "</keyword>" : row;
+    const std::regex keyword("(<keyword[^<>]*)~>");
+    if (std::regex_search(text, keyword))
+        text = std::regex_replace(text, std::regex("</keyword>"), "\n</keyword>\n");
+    text = std::regex_replace(text, keyword, "$1><description>d</description>\n");
+    return std::regex_replace(text, std::regex("~>"), ">\n<description>d</description>");
 }
 
 /// What lint reports about a document below its root: a line for each finding, as a user sees it, with its

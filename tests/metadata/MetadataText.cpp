@@ -1,8 +1,9 @@
 #include "tests/metadata/MetadataText.h"
 
+#include "tests/support/Cases.h"
+
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <sstream>
 #include <stdexcept>
 #include <type_traits>
@@ -200,13 +201,8 @@ std::string ContentOf(const IKeywordDataMD& md)
 std::vector<Row> Rows(const std::string& table)
 {
     std::vector<Row> rows;
-    std::istringstream lines(table.substr(1)); // begins with a line end
-    for (std::string line; std::getline(lines, line);) {
-        const std::size_t xml = line.find(": ") + 2;
-        const std::size_t arrow = line.find(" =>", xml);
-        const std::size_t expected = std::min(arrow + 4, line.size());
-        rows.push_back({line.substr(0, xml - 2), line.substr(xml, arrow - xml), line.substr(expected)});
-    }
+    for (const auto& cells : Cells(table, 2))
+        rows.push_back({cells[0], cells[1], cells[2]});
     return rows;
 }
 

@@ -17,7 +17,7 @@ struct Row {
     std::string expected;
 };
 
-/// Reads a table with a case a line, `name: xml => expected`. Blanks within count.
+/// Reads a table of `Cells` with a case a line, `name: xml => expected`.
 std::vector<Row> Rows(const std::string& table);
 
 using Simulators = std::vector<Core::Keywords::SimulatorType::Enum>;

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <exception>
 #include <string>
+#include <vector>
 
 namespace Veld::Quor::Tests {
 
@@ -13,6 +15,14 @@ std::string CaseName(const testing::TestParamInfo<Case>& row)
 {
     return row.param.name;
 }
+
+/// The parts of a text; one, if the separator isn't in it.
+std::vector<std::string> Split(const std::string& text, const std::string& separator);
+
+/// Reads a table with a case a line, `Name: cell => cell`; lines behind four blanks are more lines of the
+/// last cell. Blanks within count, and \n, \r, \t, \0, \\ and \xHH are what they are in C++. Gives the name
+/// and `count` cells of each case; those that a line lacks are empty.
+std::vector<std::vector<std::string>> Cells(const std::string& table, std::size_t count);
 
 /// The text of the exception that `use` throws; empty if it throws none.
 template <class Use>
