@@ -58,50 +58,33 @@ std::string Repeat(const std::string& text, int times)
     return all;
 }
 
-struct Row {
-    std::string name;
-    std::string deck;
-    std::string findings; ///< as a user sees them
-    Files files;
-    Target target;
-};
-
-/// From "Carrow", "Dunmere BlackOil" or "Any Thermal".
+/// From "Carrow", "Dunmere BlackOil" or "Any Thermal"; empty: any.
 Target TargetOf(const std::string& text)
 {
     const auto words = Split(text, " ");
     Target target;
-    if (words[0] != "Any")
+    if (!words[0].empty() && words[0] != "Any")
         target.simulator = SimulatorType::FromString(words[0]);
     if (words.size() > 1)
         target.mode = SimulatorModeType::FromString(words[1]);
     return target;
 }
 
-/// Of cases `Name: deck & file=text => findings`, with any number of files, or `Name for Carrow: ...`.
-std::vector<Row> RowsOf(const std::string& table)
-{
-    std::vector<Row> rows;
-    for (const auto& cells : Cells(table, 2)) {
-        const auto name = Split(cells[0], " for ");
-        const auto texts = Split(cells[1], " & ");
-        Row& row = rows.emplace_back(
-            Row{name[0], texts[0], cells[2], {}, TargetOf(name.size() > 1 ? name[1] : "Any")});
-        for (auto file = texts.begin() + 1; file != texts.end(); ++file)
-            row.files.emplace_back(file->substr(0, file->find('=')), file->substr(file->find('=') + 1));
-    }
-    return rows;
-}
-
+/// A deck and the files that it includes, `deck & file=text & ...`, and the findings, as a user sees them;
+/// the option is a target.
 class Decks : public testing::TestWithParam<Row> { };
 
 TEST_P(Decks, AreChecked)
 {
-    const DeckOnDisk deck(GetParam().deck, GetParam().files);
-    EXPECT_EQ(deck.FindingsOf(ReadOptions().SetTarget(GetParam().target)), GetParam().findings);
+    const auto texts = Split(GetParam().text, " & ");
+    Files files;
+    for (auto file = texts.begin() + 1; file != texts.end(); ++file)
+        files.emplace_back(file->substr(0, file->find('=')), file->substr(file->find('=') + 1));
+    const auto options = ReadOptions().SetTarget(TargetOf(GetParam().options));
+    EXPECT_EQ(DeckOnDisk(texts[0], files).FindingsOf(options), GetParam().expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Bytes, Decks, testing::ValuesIn(RowsOf(R"(
+INSTANTIATE_TEST_SUITE_P(Bytes, Decks, testing::ValuesIn(Rows(R"(
 Empty: -- nothing\n => d.data:1:1: error: the deck has no keywords [no-section] | start the deck with section RUNSPEC
 NoLastLineEnd: RUNSPEC\nWATR => d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 WindowsLineEnds: RUNSPEC\r\nOIL\r\nWATR\r\n => d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
@@ -113,7 +96,7 @@ ZeroBytes: RUNSPEC\n 1 \0 /\nOIL\0\nWATER\n => d.data:2:2: error: unexpected '1'
 )")),
     CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Recognition, Decks, testing::ValuesIn(RowsOf(R"(
+INSTANTIATE_TEST_SUITE_P(Recognition, Decks, testing::ValuesIn(Rows(R"(
 NumberBeforeTheFirstKeyword:  1 2\nRUNSPEC\n => d.data:1:2: error: unexpected '1' before the first keyword; expected a keyword [stray-text]
 IndentedWordIsNoKeyword: RUNSPEC\n OIL\n => d.data:2:2: error: unexpected 'OIL' after RUNSPEC; expected a keyword [stray-text] | a keyword must start in the first column
 UnknownWithDataBehind: RUNSPEC\nWATR 1 /\n 2 /\n => d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
@@ -146,7 +129,7 @@ BareNamesInAListAreData: SUMMARY\nWBHP\nP1\nP2\n/\nWATR\n => d.data:6:1: error: 
 )")),
     CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Sections, Decks, testing::ValuesIn(RowsOf(R"(
+INSTANTIATE_TEST_SUITE_P(Sections, Decks, testing::ValuesIn(Rows(R"(
 NoneIsToldOnce: OIL\nWATER\nGRID\nPORO\n 1 /\n => d.data:1:1: error: OIL is before the first section [no-section] | start the deck with section RUNSPEC
 ValidEverywhereNeedsNone: ECHO\nSKIP\nENDSKIP\nRUNSPEC\n =>
 OutOfOrder: RUNSPEC\nPROPS\nGRID\nPORO\n 1 /\nREGIONS\n => d.data:3:1: error: section GRID must come before section PROPS [section-order] | move section GRID before section PROPS
@@ -163,23 +146,23 @@ WildcardInItsSection: GRID\nFUXX\nSUMMARY\nFUXX\n => d.data:2:1: error: FUXX is 
 )")),
     CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Targets, Decks, testing::ValuesIn(RowsOf(R"(
+INSTANTIATE_TEST_SUITE_P(Targets, Decks, testing::ValuesIn(Rows(R"(
 None: RUNSPEC\nPARALLEL\n /\nCOMPS\n /\nGRID\nSPLIT\n /\nPROPS\nSPLIT\n /\n =>
-Carrow for Carrow: RUNSPEC\nPARALLEL\n /\nCOMPS\n /\nGRID\nSPLIT\n /\nPROPS\nSPLIT\n /\n => d.data:2:1: error: PARALLEL is not valid for Carrow [wrong-simulator] | valid simulators: Dunmere
+Carrow (Carrow): RUNSPEC\nPARALLEL\n /\nCOMPS\n /\nGRID\nSPLIT\n /\nPROPS\nSPLIT\n /\n => d.data:2:1: error: PARALLEL is not valid for Carrow [wrong-simulator] | valid simulators: Dunmere
     d.data:10:1: error: SPLIT is not valid in section PROPS (valid in GRID) [wrong-section]
-Dunmere for Dunmere: RUNSPEC\nPARALLEL\n /\nCOMPS\n /\nGRID\nSPLIT\n /\nPROPS\nSPLIT\n /\n => d.data:7:1: error: SPLIT is not valid in section GRID (valid in PROPS) [wrong-section] | move SPLIT to section PROPS, or add the missing keyword PROPS before it
-DunmereBlackOil for Dunmere BlackOil: RUNSPEC\nPARALLEL\n /\nCOMPS\n /\nGRID\nSPLIT\n /\nPROPS\nSPLIT\n /\n => d.data:4:1: error: COMPS is not valid for Dunmere in mode BlackOil [wrong-mode] | valid modes: Compositional
+Dunmere (Dunmere): RUNSPEC\nPARALLEL\n /\nCOMPS\n /\nGRID\nSPLIT\n /\nPROPS\nSPLIT\n /\n => d.data:7:1: error: SPLIT is not valid in section GRID (valid in PROPS) [wrong-section] | move SPLIT to section PROPS, or add the missing keyword PROPS before it
+DunmereBlackOil (Dunmere BlackOil): RUNSPEC\nPARALLEL\n /\nCOMPS\n /\nGRID\nSPLIT\n /\nPROPS\nSPLIT\n /\n => d.data:4:1: error: COMPS is not valid for Dunmere in mode BlackOil [wrong-mode] | valid modes: Compositional
     d.data:7:1: error: SPLIT is not valid in section GRID (valid in PROPS) [wrong-section] | move SPLIT to section PROPS, or add the missing keyword PROPS before it
-ModeAlone for Any Thermal: RUNSPEC\nPARALLEL\n /\nCOMPS\n /\nGRID\nSPLIT\n /\nPROPS\nSPLIT\n /\n => d.data:4:1: error: COMPS is not valid for mode Thermal [wrong-mode] | valid modes: BlackOil, Compositional
+ModeAlone (Any Thermal): RUNSPEC\nPARALLEL\n /\nCOMPS\n /\nGRID\nSPLIT\n /\nPROPS\nSPLIT\n /\n => d.data:4:1: error: COMPS is not valid for mode Thermal [wrong-mode] | valid modes: BlackOil, Compositional
     d.data:7:1: error: SPLIT is not valid for mode Thermal [wrong-mode] | valid modes: BlackOil
-WrongSectionHidesWrongSimulator for Carrow: GRID\nPARALLEL\n /\n => d.data:2:1: error: PARALLEL is not valid in section GRID (valid in RUNSPEC) [wrong-section]
-SectionForTheSimulator for Carrow: PROPS\nSPLIT\n /\n => d.data:2:1: error: SPLIT is not valid in section PROPS (valid in GRID) [wrong-section]
+WrongSectionHidesWrongSimulator (Carrow): GRID\nPARALLEL\n /\n => d.data:2:1: error: PARALLEL is not valid in section GRID (valid in RUNSPEC) [wrong-section]
+SectionForTheSimulator (Carrow): PROPS\nSPLIT\n /\n => d.data:2:1: error: SPLIT is not valid in section PROPS (valid in GRID) [wrong-section]
 ValidNowhere: GRID\nNOWHERE\n => d.data:2:1: error: NOWHERE is not valid in any section [wrong-section]
-SectionOfOtherSimulator for Carrow: RUNSPEC\nOPTIMIZE\n => d.data:2:1: error: OPTIMIZE is not valid for Carrow [wrong-simulator] | valid simulators: Dunmere
+SectionOfOtherSimulator (Carrow): RUNSPEC\nOPTIMIZE\n => d.data:2:1: error: OPTIMIZE is not valid for Carrow [wrong-simulator] | valid simulators: Dunmere
 )")),
     CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Inclusions, Decks, testing::ValuesIn(RowsOf(R"(
+INSTANTIATE_TEST_SUITE_P(Inclusions, Decks, testing::ValuesIn(Rows(R"(
 NameOnTheNextLine: RUNSPEC\nINCLUDE\n-- c\n\n 'a.inc' /\nWATR\n & a.inc=OLI\n => a.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1
     d.data:6:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 NameOnTheSameLine: RUNSPEC\nINCLUDE "a b.inc" /\n & a b.inc=OLI => a b.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1
@@ -210,13 +193,13 @@ TwiceIsNoLoop: RUNSPEC\nINCLUDE 'a.inc' /\nINCLUDE 'a.inc' /\n & a.inc=OIL\n =>
 )")),
     CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(SkippedBlocks, Decks, testing::ValuesIn(RowsOf(R"(
+INSTANTIATE_TEST_SUITE_P(SkippedBlocks, Decks, testing::ValuesIn(Rows(R"(
 PassedOver: RUNSPEC\nSKIP\nWATR\nGRID\nINCLUDE\n'x'\nEND\nENDSKIP\nOLI\n => d.data:9:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
 Counted: RUNSPEC\nSKIP\nSKIPDUN\nENDSKIP\nWATR\nENDSKIP\nOLI\n => d.data:7:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
 OfNoSimulatorAskedFor: RUNSPEC\nSKIPCAR\nWATR\nENDSKIP\n => d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
-OfTheSimulator for Carrow: RUNSPEC\nSKIPCAR\nWATR\nENDSKIP\nOLI\n => d.data:5:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
-OfAnotherSimulator for Dunmere: RUNSPEC\nSKIPCAR\nWATR\nENDSKIP\nSKIPDUN\nWATR\nENDSKIP\n => d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
-InsideABlockThatIsRead for Dunmere: RUNSPEC\nSKIPCAR\nSKIP\nWATR\nENDSKIP\nOLI\nENDSKIP\n => d.data:6:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
+OfTheSimulator (Carrow): RUNSPEC\nSKIPCAR\nWATR\nENDSKIP\nOLI\n => d.data:5:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
+OfAnotherSimulator (Dunmere): RUNSPEC\nSKIPCAR\nWATR\nENDSKIP\nSKIPDUN\nWATR\nENDSKIP\n => d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+InsideABlockThatIsRead (Dunmere): RUNSPEC\nSKIPCAR\nSKIP\nWATR\nENDSKIP\nOLI\nENDSKIP\n => d.data:6:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
 Unclosed: RUNSPEC\nSKIP\nSKIP\nENDSKIP\nWATR\n => d.data:2:1: error: unclosed SKIP; expected ENDSKIP in the same file [unclosed-skip] | add ENDSKIP after the block
 UnclosedAtTheEnd: RUNSPEC\nSKIPCAR\nEND\n => d.data:2:1: error: unclosed SKIPCAR; expected ENDSKIP in the same file [unclosed-skip] | add ENDSKIP after the block
 Stray: RUNSPEC\nENDSKIP\nOIL\n => d.data:2:1: error: ENDSKIP has no matching opening keyword in this file [stray-endskip]
@@ -225,7 +208,7 @@ EndsInItsFile: RUNSPEC\nINCLUDE 'a.inc' /\nENDSKIP\n & a.inc=SKIP\n => a.inc:1:1
 )")),
     CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Suppressions, Decks, testing::ValuesIn(RowsOf(R"(
+INSTANTIATE_TEST_SUITE_P(Suppressions, Decks, testing::ValuesIn(Rows(R"(
 OnItsLine: RUNSPEC\nWATR -- quor: off unknown-keyword\nOLI\n => d.data:3:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
 OnTheNextLine: RUNSPEC\n  --quor: off\n\n-- c\nWATR\nOLI\n => d.data:6:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
 SeveralForOneLine: RUNSPEC\n-- quor: off unknown-keyword\n-- quor: off stray-text\nWATR\n =>

@@ -9,7 +9,6 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
 using namespace Veld::Quor::Core::Keywords;
 using namespace Veld::Quor::Tests;
@@ -118,26 +117,6 @@ const std::string dataLanguage = R"(
 <keyword name='OPEN'><scope><endKeyword name='SHUT' explicit='true'/></scope></keyword> <keyword name='SHUT'/>
 )";
 
-struct Reading {
-    std::string name;
-    std::string deck; ///< behind RUNSPEC
-    std::string data; ///< of the last keyword; "?": don't look
-    std::string findings; ///< as a user sees them; the deck begins in line 2
-    SimulatorType::Enum simulator;
-};
-
-/// Of cases `Name: deck => data => findings`, or `Name for Carrow: ...`.
-std::vector<Reading> ReadingsOf(const std::string& table)
-{
-    std::vector<Reading> readings;
-    for (const auto& cells : Cells(table, 3)) {
-        const auto name = Split(cells[0], " for ");
-        const auto simulator = name.size() > 1 ? SimulatorType::FromString(name[1]) : SimulatorType::Any;
-        readings.push_back({name[0], cells[1], cells[2], cells[3], simulator});
-    }
-    return readings;
-}
-
 /// Has the language for the tests of one suite.
 class Language : public testing::Test {
 protected:
@@ -163,18 +142,22 @@ protected:
     TemporaryDirectory folder_;
 };
 
-class Readings : public Language, public testing::WithParamInterface<Reading> { };
+/// A deck behind RUNSPEC, the last keyword's data ("?": don't look) and the findings, as a user sees them;
+/// the option is a simulator.
+class Readings : public Language, public testing::WithParamInterface<Row> { };
 
 TEST_P(Readings, GiveDataAndFindings)
 {
-    const auto deck = Read(GetParam().deck, GetParam().simulator);
-    EXPECT_EQ(Dump(deck.GetFindings(), folder_.Path()), GetParam().findings);
-    if (GetParam().data != "?") {
-        EXPECT_EQ(Veld::Quor::Tests::Dump(deck[deck.GetSize() - 1].GetData()), GetParam().data);
+    const auto& [name, text, data, findings, simulator] = GetParam();
+    const auto deck =
+        Read(text, simulator.empty() ? SimulatorType::Any : SimulatorType::FromString(simulator));
+    EXPECT_EQ(Dump(deck.GetFindings(), folder_.Path()), findings);
+    if (data != "?") {
+        EXPECT_EQ(Veld::Quor::Tests::Dump(deck[deck.GetSize() - 1].GetData()), data);
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Arrays, Readings, testing::ValuesIn(ReadingsOf(R"(
+INSTANTIATE_TEST_SUITE_P(Arrays, Readings, testing::ValuesIn(Rows(R"(
 Plain: DIMENS\n 2 2 /\nARRAY\n 1 +2.5, 3D1 4e-1/\n => [1 2.5 30 0.4] =>
 Repeats: DIMENS\n 2 3 /\nARRAY\n 2*1 3*\n  2*\n/\n => [1 1 0~ 0~ 0~ 0~] => d.data:6:3: error: ARRAY: too many values (expected 6, found 7) [wrong-size] | the size is NX*NY
 LoneAsterisk: DIMENS\n 2 1 /\nARRAY\n * 1 /\n => [0~ 1] =>
@@ -213,9 +196,9 @@ KeywordWithASlashIsAName: NAMES\nFLAG /\n => ['FLAG'] =>
 KeywordEndsOpenData: NAMES\n A\nFLAG\n => ? => d.data:3:3: error: NAMES: missing slash at the end of the list [unclosed-data] | add a slash after the last value
 EndOfDeckEndsOpenData: ROWS\n 1 2\n => ? => d.data:3:5: error: ROWS: missing slash at the end of the record [unclosed-data] | add a slash after the last value
 )")),
-    CaseName<Reading>);
+    CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Records, Readings, testing::ValuesIn(ReadingsOf(R"(
+INSTANTIATE_TEST_SUITE_P(Records, Readings, testing::ValuesIn(Rows(R"(
 All: RECORD\n P1 7.5 GAS YES 3 /\n => ('P1' 7.5 2 1 3) =>
 Defaults: RECORD\n P1 3* 3 /\n => ('P1' - - - 3) =>
 TooFew: RECORD\n P1 2 /\n => ('P1' 2 - - -) => d.data:3:7: error: RECORD: too few values (missing: COUNT) [too-few-values] | only items with a default can be omitted
@@ -235,7 +218,7 @@ Abbreviation: RECORD\n P 1 wat NO 1 /\n => ('P' 1 1 0 1) => d.data:3:6: warning:
 Deprecated: RECORD\n P 1 AQUA NO 1 /\n => ('P' 1 1 0 1) => d.data:3:6: warning: RECORD, KIND: 'AQUA' is a deprecated name of WATER [deprecated-word] | write WATER
 NoChoice: RECORD\n P 1 COAL NO 1 /\nRECORD\n P 1 OLI NO 1 /\n => ('P' 1 - 0 1) => d.data:3:6: error: RECORD, KIND: unknown value 'COAL' [not-a-choice] | expected one of: OIL, WATER, GAS
     d.data:5:6: error: RECORD, KIND: unknown value 'OLI' [not-a-choice] | did you mean OIL?
-OfAnotherSimulator for Carrow: RECORD\n P 1 GAS NO 1 /\nRECORD\n P 1* WATER 1* 1 /\n => ? => d.data:3:4: warning: RECORD, RATE: the item has no effect for Carrow [item-unsupported]
+OfAnotherSimulator (Carrow): RECORD\n P 1 GAS NO 1 /\nRECORD\n P 1* WATER 1* 1 /\n => ? => d.data:3:4: warning: RECORD, RATE: the item has no effect for Carrow [item-unsupported]
     d.data:3:6: error: RECORD, KIND: value GAS is not valid for Carrow [choice-not-valid] | choose another value
     d.data:3:10: error: RECORD, ON: the item is not valid for Carrow [item-not-valid] | write '1*' instead of the value
     d.data:5:7: warning: RECORD, KIND: value WATER has no effect for Carrow [choice-unsupported]
@@ -269,9 +252,9 @@ Variables: RECORD\n P1 $RATE OIL NO 3 /\nRECORD\n P1 $RATE OIL NO 3 /\n => ? => 
 StepsOfAnotherForm: TSTEP\n 1 /\n/\n => [(1)] =>
 CountedByAnItem: COUNTED\n 2 5 6 /\n => (2 [5 6]) =>
 )")),
-    CaseName<Reading>);
+    CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Tables, Readings, testing::ValuesIn(ReadingsOf(R"(
+INSTANTIATE_TEST_SUITE_P(Tables, Readings, testing::ValuesIn(Rows(R"(
 Two: TABLES\n 1 4\n 2 3 /\n 1 9 2 8 3 7 /\n => [[(1 4) (2 3)] [(1 9) (2 8) (3 7)]] =>
 CutRow: TABLES\n 1 4 2 / 1 4 2 4 /\n => ? => d.data:3:9: error: TABLES: too few tables (expected 2, found 1) [wrong-size] | the size is 2
 EmptyStandsForTheOneBefore: TABLES\n 1 4 2 3 /\n /\n => [[(1 4) (2 3)] []] =>
@@ -287,9 +270,9 @@ RowCutShort: TABLES\n 1 9\n 2\n 3 7\n 4 6 /\n 1 4 2 3 /\n => ? => d.data:6:2: er
 NoSlashBetween: TABLES\n 1 4\n 2 3\n 1 9\n 2 8 /\n => ? => d.data:5:2: error: TABLES, X: value 1 must be greater than the previous value 2 [column-order] | if a new table starts here, add a slash before it
 Nested: NESTED\n 1 2 3 /\n 4 5 /\n/\n => [(1 [(2) (3)]) (4 [(5)])] =>
 )")),
-    CaseName<Reading>);
+    CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Texts, Readings, testing::ValuesIn(ReadingsOf(R"(
+INSTANTIATE_TEST_SUITE_P(Texts, Readings, testing::ValuesIn(Rows(R"(
 Map: MAP\n A=3 BETA = 2 /\n => {A=3 BETA=2} =>
 NameAlone: MAP\n beta A= 4/\n => {A=4 BETA=1} =>
 UnknownName: MAP\n A C=1 BETTA /\n => {A=1 BETA=-} => d.data:3:4: error: MAP: unknown name 'C' [unknown-name]
@@ -299,7 +282,7 @@ NoValue: MAP\n A= /\n => {A=- BETA=-} => d.data:3:2: error: MAP, A: missing valu
 NoNumber: MAP\n A=x BETA /\n => {A=- BETA=1} => d.data:3:2: error: MAP, A: invalid value 'x'; expected a whole number [wrong-type]
 MapLimits: MAP\n A=6 A=0 /\n => ? => d.data:3:2: error: MAP, A: value 6 is too large (expected at most 5) [out-of-range]
     d.data:3:6: error: MAP, A: value 0 is too small (expected at least 1) [out-of-range]
-NameOfAnother for Carrow: MAP\n BETA /\n => ? => d.data:3:2: error: MAP: name BETA is not valid for Carrow [item-not-valid] | remove the name
+NameOfAnother (Carrow): MAP\n BETA /\n => ? => d.data:3:2: error: MAP: name BETA is not valid for Carrow [item-not-valid] | remove the name
 MapWithoutASlash: MAP\n A\nFLAG\n => ? => d.data:3:3: error: MAP: missing slash at the end of the list of names [unclosed-data] | add a slash after the last name
 Title: TITLE\n  A title / of it -- all  \nFLAG\nTITLE\nFLAG\n => ('FLAG') =>
 Lines: LINES\nDEFINE A 1/2 /\n-- c\n\n B\n/\n => ['DEFINE A 1/2 /' 'B'] =>
@@ -307,9 +290,9 @@ LinesWithoutEnd: LINES\nA\n => ['A'] => d.data:3:2: error: LINES: missing slash 
 Raw: RAW\n a / 'b\nFLAG\nendraw\n => " a / 'b\nFLAG\n" =>
 RawWithoutEnd: RAW\n a\n => ? => d.data:2:1: error: RAW: missing ENDRAW at the end of the text [unclosed-text] | add ENDRAW at the start of a line
 )")),
-    CaseName<Reading>);
+    CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Order, Readings, testing::ValuesIn(ReadingsOf(R"(
+INSTANTIATE_TEST_SUITE_P(Order, Readings, testing::ValuesIn(Rows(R"(
 Precedent: NEEDS\nFLAG\nNEEDS\n => ? => d.data:2:1: error: NEEDS requires FLAG before it [missing-precedent]
 PrecedentIsToldOnce: NEEDS\nNEEDS\n => ? => d.data:2:1: error: NEEDS requires FLAG before it [missing-precedent]
 IndentedKeywordIsRead:   DIMENS\n 2 1 /\nARRAY\n 1 2 /\n => [1 2] => d.data:2:3: error: unexpected 'DIMENS' after RUNSPEC; expected a keyword [stray-text] | a keyword must start in the first column
@@ -325,7 +308,7 @@ Scope: OPEN\nSHUT\nSHUT\nOPEN\nGRID\nOPEN\n => ? => d.data:4:1: error: SHUT has 
 DataBehindAFlag: FLAG 1\n 2\nFLAG /\nFLAG\n/\n => ? => d.data:2:6: error: unexpected '1' after FLAG; expected the end of the line [stray-text] | FLAG has no data
 StrayBehindData: WHOLE\n 1 /\n 2 /\n 3 /\nFLAG\n => ? => d.data:4:2: error: unexpected '2' after the data of WHOLE; expected a keyword [stray-text]
 )")),
-    CaseName<Reading>);
+    CaseName<Row>);
 
 TEST_F(Readings, KeepWhereThingsStand)
 {

@@ -6,7 +6,6 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
 using namespace Veld::Quor::Tests;
 using namespace Veld::Quor::Core::Decks;
@@ -68,31 +67,17 @@ protected:
     TemporaryDirectory folder_;
 };
 
-struct Writing {
-    std::string name;
-    std::string deck;
-    std::string written; ///< empty: as it was
-};
-
-/// Of cases `Name: deck => written`.
-std::vector<Writing> WritingsOf(const std::string& table)
-{
-    std::vector<Writing> writings;
-    for (const auto& cells : Cells(table, 2))
-        writings.push_back({cells[0], cells[1], cells[2]});
-    return writings;
-}
-
-class Writings : public DeckWriting, public testing::WithParamInterface<Writing> { };
+/// What is written of a deck; empty: as it was.
+class Writings : public DeckWriting, public testing::WithParamInterface<Row> { };
 
 TEST_P(Writings, AreInOrder)
 {
-    const std::string& expected = GetParam().written.empty() ? GetParam().deck : GetParam().written;
-    const auto deck = Read(GetParam().deck);
+    const std::string& expected = GetParam().expected.empty() ? GetParam().text : GetParam().expected;
+    const auto deck = Read(GetParam().text);
     EXPECT_EQ(DeckFormatter(deck).FormatFile(0), expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Values, Writings, testing::ValuesIn(WritingsOf(R"(
+INSTANTIATE_TEST_SUITE_P(Values, Writings, testing::ValuesIn(Rows(R"(
 Repeats: VALUES\n 1 1.0 1E0 2 2 3* 4 5*6 /\n => VALUES\n  3*1   2   2  3*   4 5*6 /\n
 ShortestNumbers: VALUES\n 0.10 1D-5 +3. 1e+22 123456789 -0.5E01 /\n => VALUES\n        0.1      1E-5         3      1E22 123456789        -5 /\n
 AnItemsFormat: FORMAT\n 1 2.5 0.125 /\n => FORMAT\n   1.00  2.50 0.125 /\n
@@ -102,9 +87,9 @@ Quotes: RECORD\n "it's" /\nRECORD\n '1P' /\nRECORD\n '' /\n => RECORD\n  "it's" 
 Map: MAP\n B = 2\n W1 A=1 /\n => MAP\n  A B=2 W1 /\n
 Variables: VALUES\n 3*$X 2 /\nRECORD\n '$NAME' * $A+1 /\nMAP\n B=$X /\n => VALUES\n  3*$X    2 /\nRECORD\n  '$NAME' 1* $A+1 /\nMAP\n  B=$X /\n
 )")),
-    CaseName<Writing>);
+    CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Layout, Writings, testing::ValuesIn(WritingsOf(R"(
+INSTANTIATE_TEST_SUITE_P(Layout, Writings, testing::ValuesIn(Rows(R"(
 Rows: ROWS\n 'P1' 1 2.25 3 /\n LONGER 100 /\n P3 1* 12.5 /\n/\n => ROWS\n  P1       1  2.25 3 /\n  LONGER 100 /\n  P3      1* 12.5  /\n/\n
 ColumnsWithoutValues: ROWS\n P1 2* 3 /\n P2 * * 44 /\n/\n => ROWS\n  P1 2*  3 /\n  P2 2* 44 /\n/\n
 Table: TABLE\n 1 10.5 2 9 3 *\n /\n => TABLE\n  1 10.5\n  2  9\n  3 1*   /\n
@@ -113,18 +98,18 @@ Flags: BESIDE\n 1 2 /\n => BESIDE 1 2\n/\n
 NotBesideBehindOpenData: OPEN\n 1\nBESIDE\n 1 2 /\n => OPEN\n  1\nBESIDE\n  1 2\n/\n
 WindowsLineEnds: ROWS\r\n P1\r\n 1 /\r\n/\r\nFLAG\r\n => ROWS\r\n  P1 1 /\r\n/\r\nFLAG\r\n
 )")),
-    CaseName<Writing>);
+    CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Comments, Writings, testing::ValuesIn(WritingsOf(R"(
+INSTANTIATE_TEST_SUITE_P(Comments, Writings, testing::ValuesIn(Rows(R"(
 AroundRows: ROWS -- all\n-- first\n P1 1 / one\n\n  -- second\n P20 2 / -- two\n/ end\n-- next\nFLAG\n => ROWS -- all\n-- first\n  P1  1 / one\n  -- second\n  P20 2 / -- two\n/ end\n-- next\nFLAG\n
 WithinARow: ROWS\n P1 -- name\n 1 -- A\n 2.50 / done\n/\n => ROWS\n  P1 -- name\n  1 -- A\n  2.5 / done\n/\n
 BetweenValues: VALUES\n 3*1.0 -- layer 1\n 3*1 -- layer 2\n-- and 3\n 2 / 4\n => VALUES\n  3*1 -- layer 1\n  3*1 -- layer 2\n-- and 3\n  2 / 4\n
 OfATable: TABLE\n-- x y\n 1 2 -- low\n 3 4 -- high\n/\n => TABLE\n-- x y\n  1 2 -- low\n  3 4 -- high\n/\n
 BehindASlashThatIsGone: MAP\n A -- first\n B / last\n => MAP -- first\n  A B / last\n
 )")),
-    CaseName<Writing>);
+    CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Kept, Writings, testing::ValuesIn(WritingsOf(R"(
+INSTANTIATE_TEST_SUITE_P(Kept, Writings, testing::ValuesIn(Rows(R"(
 Errors: RECORD\n  P1   OLI   1 /\nVALUES\n  1   x /\nUNKNOWN\n  1   2 /\n =>
 RawText: RAW\n  a   b -- c\nENDRAW\n =>
 SkippedBlocks: VALUES\n  1   2\nSKIP\n  3   4\nENDSKIP\n  5   6 /\n =>
@@ -132,7 +117,7 @@ BlankLines: \n\n\n  -- c\n\nFLAG\n\n\n =>
 NoLastLineEnd: FLAG =>
 Nothing:  =>
 )")),
-    CaseName<Writing>);
+    CaseName<Row>);
 
 TEST_F(DeckWriting, BreaksALongListIntoLines)
 {

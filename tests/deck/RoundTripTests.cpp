@@ -2,6 +2,7 @@
 #include "quor/deck/DeckFormatter.h"
 #include "tests/deck/RandomLanguage.h"
 #include "tests/deck/SameDecks.h"
+#include "tests/deck/ValueChanges.h"
 #include "tests/support/Cases.h"
 #include "tests/support/Documents.h"
 
@@ -15,13 +16,10 @@ using namespace Veld::Quor::Core::Decks;
 
 namespace {
 
-class RoundTrip : public testing::Test {
-protected:
-    static Deck Read(const std::string& text, const DeckLanguage& language)
-    {
-        return Deck::ReadText(text, language, ReadOptions().SetVariable(RandomLanguage::variable, "1"));
-    }
-};
+Deck Read(const std::string& text, const DeckLanguage& language)
+{
+    return Deck::ReadText(text, language, ReadOptions().SetVariable(RandomLanguage::variable, "1"));
+}
 
 std::string Write(const Deck& deck)
 {
@@ -49,18 +47,13 @@ std::string CommentsLostIn(const std::string& text, int comments)
     return lost;
 }
 
-struct OddDeck {
-    const char* name;
-    const char* data; // of the keyword KEY
-    const char* text;
-};
-
-class OddDecks : public RoundTrip, public testing::WithParamInterface<OddDeck> { };
+/// A deck, and the data of its keyword KEY.
+class OddDecks : public testing::TestWithParam<Row> { };
 
 TEST_P(OddDecks, SayTheSameWhenWritten)
 {
-    const LoadedTable table("<keyword name='RUNSPEC'/><keyword name='KEY'><data>"
-        + std::string(GetParam().data) + "</data></keyword>");
+    const LoadedTable table(
+        "<keyword name='RUNSPEC'/><keyword name='KEY'><data>" + GetParam().expected + "</data></keyword>");
     const DeckLanguage language(*table.operator->());
     const auto deck = Read(GetParam().text, language);
     const std::string written = Write(deck);
@@ -70,48 +63,58 @@ TEST_P(OddDecks, SayTheSameWhenWritten)
     EXPECT_EQ(Write(again), written);
 }
 
-INSTANTIATE_TEST_SUITE_P(Found, OddDecks,
-    testing::Values(
-        OddDeck{"EmptyLineAtTheEnd", "<record><item name='T'><line/></item></record>", "RUNSPEC\nKEY\n "},
-        OddDeck{"VariableAndSlashInQuotes", "<list><real/></list>", "RUNSPEC\nKEY\n '$NONE/' /\n"},
-        OddDeck{"VariableAndSlashInQuotesOfAMap",
-            "<map termination='SLASH'><assignment name='A'><integer/></assignment></map>",
-            "RUNSPEC\nKEY\n A= '$NONE/' /\n"},
-        OddDeck{"SlashWithinAListOfUnknownSize",
-            "<list size='2'><list termination='SLASH'><record termination='NONE'><item "
-            "name='A'><real/></item><item name='B'><list size='N'><real/></list></item><item "
-            "name='C'><real/></item></record></list></list>",
-            "RUNSPEC\nKEY\n 1 2 3 / remark\n 4 /\n"},
-        OddDeck{"RemarkBehindASlashThatNeedNotBe", "<list size='2'><real/></list>",
-            "RUNSPEC\nKEY\n 1 2 / remark\nKEY\n 3 4 /\n"}),
-    CaseName<OddDeck>);
+INSTANTIATE_TEST_SUITE_P(Found, OddDecks, testing::ValuesIn(Rows(R"(
+EmptyLineAtTheEnd: RUNSPEC\nKEY\n  => <record><item name='T'><line/></item></record>
+VariableAndSlashInQuotes: RUNSPEC\nKEY\n '$NONE/' /\n => <list><real/></list>
+VariableAndSlashInQuotesOfAMap: RUNSPEC\nKEY\n A= '$NONE/' /\n => <map termination='SLASH'><assignment name='A'><integer/></assignment></map>
+SlashWithinAListOfUnknownSize: RUNSPEC\nKEY\n 1 2 3 / remark\n 4 /\n => <list size='2'><list termination='SLASH'><record termination='NONE'><item name='A'><real/></item><item name='B'><list size='N'><real/></list></item><item name='C'><real/></item></record></list></list>
+RemarkBehindASlashThatNeedNotBe: RUNSPEC\nKEY\n 1 2 / remark\nKEY\n 3 4 /\n => <list size='2'><real/></list>
+)")),
+    CaseName<Row>);
 
-class RandomRoundTrip : public RoundTrip, public testing::WithParamInterface<int> { };
-
-TEST_P(RandomRoundTrip, ChangesNoDataAndLosesNoComment)
-{
-    constexpr int languages = 25;
-    constexpr int decks = 40;
-    for (int i = 0; i < languages && !HasFailure(); ++i) {
-        RandomLanguage language(static_cast<std::uint32_t>(GetParam() * languages + i));
-        const LoadedTable table(language.GetDocument());
-        const DeckLanguage ofDecks(*table.operator->());
-        for (int j = 0; j < decks && !HasFailure(); ++j) {
-            int comments = 0;
-            const std::string text = language.MakeDeck(8, comments);
-            const auto deck = Read(text, ofDecks);
-            const std::string written = Write(deck);
-            const auto again = Read(written, ofDecks);
-            SCOPED_TRACE(language.GetDocument() + "\n== deck\n" + text + "\n== written\n" + written);
-            EXPECT_EQ(FirstFinding(deck), "");
-            EXPECT_EQ(FirstFinding(again), "");
-            EXPECT_TRUE(SayTheSame(deck, again));
-            EXPECT_EQ(CommentsLostIn(written, comments), "");
-            EXPECT_TRUE(Write(again) == written) << "the second time changes more:\n" << Write(again);
+/// Calls `use` with random decks of random languages, others for each of the rows.
+class RandomDecks : public testing::TestWithParam<int> {
+protected:
+    template <class Use>
+    static void ForEach(int languages, int decks, Use use)
+    {
+        for (int i = 0; i < languages && !HasFailure(); ++i) {
+            RandomLanguage language(static_cast<std::uint32_t>(GetParam() * languages + i));
+            const LoadedTable table(language.GetDocument());
+            const DeckLanguage ofDecks(*table.operator->());
+            for (int j = 0; j < decks && !HasFailure(); ++j) {
+                int comments = 0;
+                const std::string text = language.MakeDeck(8, comments);
+                SCOPED_TRACE(language.GetDocument() + "\n== deck\n" + text);
+                use(text, ofDecks, comments);
+            }
         }
     }
+};
+
+TEST_P(RandomDecks, KeepDataAndCommentsWhenWritten)
+{
+    ForEach(25, 40, [](const std::string& text, const DeckLanguage& language, int comments) {
+        const auto deck = Read(text, language);
+        const std::string written = Write(deck);
+        const auto again = Read(written, language);
+        SCOPED_TRACE("== written\n" + written);
+        EXPECT_EQ(FirstFinding(deck), "");
+        EXPECT_EQ(FirstFinding(again), "");
+        EXPECT_TRUE(SayTheSame(deck, again));
+        EXPECT_EQ(CommentsLostIn(written, comments), "");
+        EXPECT_TRUE(Write(again) == written) << "the second time changes more:\n" << Write(again);
+    });
 }
 
-INSTANTIATE_TEST_SUITE_P(TenThousandDecks, RandomRoundTrip, testing::Range(0, 10));
+TEST_P(RandomDecks, SetEachValueAndNoOther)
+{
+    ForEach(10, 10, [](const std::string& text, const DeckLanguage& language, int) {
+        const auto options = ReadOptions().SetVariable(RandomLanguage::variable, "1").SetEditable(true);
+        ExpectEachValueToBeChanged(Deck::ReadText(text, language, options), language, options);
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(Thousands, RandomDecks, testing::Range(0, 10));
 
 } // namespace

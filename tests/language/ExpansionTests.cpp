@@ -26,7 +26,7 @@ class Mistake : public testing::TestWithParam<Row> { };
 
 TEST_P(ShortForm, StandsForElements)
 {
-    EXPECT_EQ(PackText(GetParam().xml), GetParam().expected);
+    EXPECT_EQ(PackText(GetParam().text), GetParam().expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ShortForm, testing::ValuesIn(Rows(R"(
@@ -55,7 +55,7 @@ Comment: <k><!-- a --><x/></k> => <k><!-- a --><x/></k>
 
 TEST_P(Mistake, IsRefused)
 {
-    EXPECT_EQ(PackText(GetParam().xml), "error: " + GetParam().expected + "\n");
+    EXPECT_EQ(PackText(GetParam().text), "error: " + GetParam().expected + "\n");
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Mistake, testing::ValuesIn(Rows(R"(

@@ -24,7 +24,7 @@ std::string PackArrays(const std::string& table)
 
 TEST_P(VectorTable, IsRefused)
 {
-    EXPECT_EQ(Pack({{}, {}, GetParam().xml, {}}), "error: vectors.txt:" + GetParam().expected + "\n");
+    EXPECT_EQ(Pack({{}, {}, GetParam().text, {}}), "error: vectors.txt:" + GetParam().expected + "\n");
 }
 
 INSTANTIATE_TEST_SUITE_P(Mistakes, VectorTable, testing::ValuesIn(Rows(R"(
@@ -64,7 +64,7 @@ TEST(VectorTables, GiveKeywords)
 
 TEST_P(ArrayTable, IsRefused)
 {
-    EXPECT_EQ(PackArrays(GetParam().xml), "error: arrays.txt:" + GetParam().expected + "\n");
+    EXPECT_EQ(PackArrays(GetParam().text), "error: arrays.txt:" + GetParam().expected + "\n");
 }
 
 INSTANTIATE_TEST_SUITE_P(Mistakes, ArrayTable, testing::ValuesIn(Rows(R"(

@@ -65,7 +65,7 @@ class Vectors : public testing::TestWithParam<Row> { };
 TEST_P(Vectors, HaveTheirCategoriesModesAndData)
 {
     const IKeywordSyntax* const syntax =
-        KeywordSyntaxTable::Instance().Lookup(GetParam().xml, SectionType::SUMMARY, false);
+        KeywordSyntaxTable::Instance().Lookup(GetParam().text, SectionType::SUMMARY, false);
     ASSERT_NE(syntax, nullptr);
     EXPECT_EQ(VectorText(*syntax), GetParam().expected);
 }

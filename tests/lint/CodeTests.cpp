@@ -14,26 +14,10 @@ using namespace Veld::Quor::Core;
 
 namespace {
 
-/// A document with one mistake, a similar one without mistakes, and the finding that lint reports of the
-/// first.
-struct Row {
-    std::string name; ///< that of the code
-    std::string wrong;
-    std::string clean;
-    std::string finding;
-};
-
-std::vector<Row> RowsOf(const std::string& table)
+/// By code a document with one mistake, a similar one without mistakes, and the finding that lint reports.
+const std::vector<Row>& CodeRows()
 {
-    std::vector<Row> rows;
-    for (const auto& cells : Cells(table, 3))
-        rows.push_back({cells[0], Expanded(cells[1]), Expanded(cells[2]), cells[3]});
-    return rows;
-}
-
-const std::vector<Row>& Rows()
-{
-    static const std::vector<Row> rows = RowsOf(R"(
+    static const std::vector<Row> rows = Rows(R"(
 not-well-formed: <keyword name='K'>\n<isHidden>\n</keyword> => <isHidden/> =>
     x.xml:5:3: error: cannot read the document: expected end of tag 'isHidden' [not-well-formed]
 no-keyword: <!-- none --> =>  =>
@@ -160,19 +144,19 @@ class Mistake : public testing::TestWithParam<Row> { };
 
 TEST_P(Mistake, IsTheOnlyFinding)
 {
-    EXPECT_EQ(FindingsOf(GetParam().wrong), GetParam().finding);
-    EXPECT_EQ(FindingsOf(GetParam().clean), "");
+    EXPECT_EQ(FindingsOf(Expanded(GetParam().text)), GetParam().more);
+    EXPECT_EQ(FindingsOf(Expanded(GetParam().expected)), "");
 }
 
 TEST_P(Mistake, IsAnErrorExactlyIfTheLoadFails)
 {
     testing::internal::CaptureStdout(); // the loader prints failures of a file
     testing::internal::CaptureStderr();
-    const std::string failure = LoadFailureOf(GetParam().wrong);
-    const std::string cleanFailure = LoadFailureOf(GetParam().clean);
+    const std::string failure = LoadFailureOf(Expanded(GetParam().text));
+    const std::string cleanFailure = LoadFailureOf(Expanded(GetParam().expected));
     testing::internal::GetCapturedStdout();
     testing::internal::GetCapturedStderr();
-    EXPECT_EQ(failure != "loaded", GetParam().finding.find(": error: ") != std::string::npos) << failure;
+    EXPECT_EQ(failure != "loaded", GetParam().more.find(": error: ") != std::string::npos) << failure;
     EXPECT_EQ(cleanFailure, "loaded");
 }
 
@@ -183,14 +167,14 @@ std::string NameOfCode(const testing::TestParamInfo<Row>& row)
     return name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Codes, Mistake, testing::ValuesIn(Rows()), NameOfCode);
+INSTANTIATE_TEST_SUITE_P(Codes, Mistake, testing::ValuesIn(CodeRows()), NameOfCode);
 
 TEST(Codes, HaveARowEach)
 {
     std::set<std::string> inTable;
-    for (const Row& row : Rows()) {
+    for (const Row& row : CodeRows()) {
         inTable.insert(row.name);
-        EXPECT_NE(row.finding.find(" [" + row.name + "]"), std::string::npos) << row.name;
+        EXPECT_NE(row.more.find(" [" + row.name + "]"), std::string::npos) << row.name;
     }
     std::set<std::string> all;
     for (const Lint::CodeInfo& info : Lint::Codes())

@@ -10,28 +10,14 @@ using namespace Veld::Quor::Tests;
 
 namespace {
 
-struct Case {
-    std::string name;
-    std::string wrong;
-    std::string findings;
-};
-
-std::vector<Case> CasesOf(const std::string& table)
-{
-    std::vector<Case> cases;
-    for (const auto& cells : Cells(table, 2))
-        cases.push_back({cells[0], Expanded(cells[1]), cells[2]});
-    return cases;
-}
-
-class Message : public testing::TestWithParam<Case> { };
+class Message : public testing::TestWithParam<Row> { };
 
 TEST_P(Message, IsReportedInFull)
 {
-    EXPECT_EQ(FindingsOf(GetParam().wrong), GetParam().findings);
+    EXPECT_EQ(FindingsOf(Expanded(GetParam().text)), GetParam().expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Variants, Message, testing::ValuesIn(CasesOf(R"(
+INSTANTIATE_TEST_SUITE_P(Variants, Message, testing::ValuesIn(Rows(R"(
 AliasAsDefault: <data><record><item name='I' ><choice~><default type='specified' val='OLEUM'/><values><value string='OIL'><aliases>\n<alias name='OLEUM'/>\n</aliases></value></values></choice></item></record></data> =>
     x.xml:5:60: warning: K, item I: default 'OLEUM' is an alias of a choice [default-not-in-full] | write the choice in full
 BeginningOfAnAlias: <data><record><item name='I' ><choice~><default type='specified' val='OLE'/><values><value string='OIL'><aliases>\n<alias name='OLEUM'/>\n</aliases></value></values></choice></item></record></data> =>
@@ -147,6 +133,6 @@ LostOverrideOfCalculated: <data><record><item name='I' ><choice~><default type='
 OverrideTwice: <data><record><item name='I' ><real~><default type='calculated'><override name='Wend' type='no default'/><override name='Wend' type='no default'/></default></real></item></record></data> =>
     x.xml:5:113: warning: K, item I: duplicate <override> 'Wend'; the last one is used [listed-twice] | remove one of them
 )")),
-    CaseName<Case>);
+    CaseName<Row>);
 
 } // namespace

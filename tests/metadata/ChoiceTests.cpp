@@ -81,7 +81,7 @@ class ChoiceWarning : public testing::TestWithParam<Row> { };
 
 TEST_P(ChoiceWarning, GivesIndexAndWarning)
 {
-    const auto& [name, row, expected] = GetParam();
+    const auto& [name, row, expected, more, options] = GetParam();
     const std::size_t bar = row.find(" / ");
     const auto choice = Read<KeywordChoiceMDImpl>(Choices(row.substr(0, bar)));
     EXPECT_EQ(Match(*choice, row.substr(bar + 3), name.starts_with("Lax")), expected);
@@ -120,7 +120,7 @@ class ChoiceValue : public testing::TestWithParam<Row> { };
 
 TEST_P(ChoiceValue, SaysHowItMatchedAndLogsNothing)
 {
-    const auto& [name, row, expected] = GetParam();
+    const auto& [name, row, expected, more, options] = GetParam();
     const std::size_t bar = row.find(" / ");
     const auto choice = Read<KeywordChoiceMDImpl>(Choices(row.substr(0, bar)));
     const LogCapture log;

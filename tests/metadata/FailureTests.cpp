@@ -23,7 +23,7 @@ std::string FailureOfKeyword(const std::string& xml)
 
 TEST_P(KeywordFailure, EndsTheLoad)
 {
-    EXPECT_EQ(FailureOfKeyword(GetParam().xml), GetParam().expected);
+    EXPECT_EQ(FailureOfKeyword(GetParam().text), GetParam().expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(Documents, KeywordFailure, testing::ValuesIn(Rows(R"(
@@ -62,7 +62,7 @@ TEST_P(OverrideFailure, EndsTheLoadForEveryScalar)
 {
     for (const std::string tag : {"real", "integer", "boolean", "string", "line", "choice"}) {
         for (const std::string own : {"type='calculated'", "type='specified' val='1'"})
-            EXPECT_EQ(FailureOfKeyword("<data><list><" + tag + "><default " + own + ">" + GetParam().xml
+            EXPECT_EQ(FailureOfKeyword("<data><list><" + tag + "><default " + own + ">" + GetParam().text
                           + "</default></" + tag + "></list></data>"),
                 GetParam().expected)
                 << tag << " " << own;

@@ -1,7 +1,5 @@
 #include "tests/metadata/MetadataText.h"
 
-#include "tests/support/Cases.h"
-
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -197,14 +195,6 @@ std::string ContentOf(const IKeywordDataMD& md)
 }
 
 } // namespace
-
-std::vector<Row> Rows(const std::string& table)
-{
-    std::vector<Row> rows;
-    for (const auto& cells : Cells(table, 2))
-        rows.push_back({cells[0], cells[1], cells[2]});
-    return rows;
-}
 
 ParsedElement::ParsedElement(const std::string& xml)
 {

@@ -10,16 +10,6 @@
 
 namespace Veld::Quor::Tests {
 
-/// A case of a table.
-struct Row {
-    std::string name;
-    std::string xml;
-    std::string expected;
-};
-
-/// Reads a table of `Cells` with a case a line, `name: xml => expected`.
-std::vector<Row> Rows(const std::string& table);
-
 using Simulators = std::vector<Core::Keywords::SimulatorType::Enum>;
 inline const Simulators carrowAndSedge{
     Core::Keywords::SimulatorType::Carrow, Core::Keywords::SimulatorType::Sedge};

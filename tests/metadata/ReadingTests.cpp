@@ -49,7 +49,7 @@ class ChoiceDefaults : public testing::TestWithParam<Row> { };
 
 TEST_P(Reading, GivesThis)
 {
-    const auto& [name, xml, expected] = GetParam();
+    const auto& [name, xml, expected, more, options] = GetParam();
     const std::string separator = "; indented: ";
     const std::size_t at = expected.find(separator);
     EXPECT_EQ(ReadAndDump(xml), expected.substr(0, at));
@@ -194,7 +194,7 @@ Line: <record><item><real/></item><item><line/></item></record> => string
 List: <record><item><list/></item><item><real/></item></record> => container
 RecordAndString: <record><item><record/></item><item><string/></item></record> => container string
 )")) {
-        const auto record = Read<KeywordRecordMDImpl>(row.xml);
+        const auto record = Read<KeywordRecordMDImpl>(row.text);
         const auto has = [&](const char* word) { return row.expected.find(word) != std::string::npos; };
         EXPECT_EQ(KeywordRecordMDUtil::AllNumeric(*record), has("numeric")) << row.name;
         EXPECT_EQ(KeywordRecordMDUtil::HasNestedContainer(*record), has("container")) << row.name;
@@ -226,7 +226,7 @@ TEST(Lists, EndByTheirWords)
 
 TEST_P(Defaults, AreReadAlikeByEveryScalar)
 {
-    const auto& [name, xml, expected] = GetParam();
+    const auto& [name, xml, expected, more, options] = GetParam();
     const bool forLines = xml.find("<default type='no default'") == std::string::npos;
     for (const Kind& kind : kinds) {
         if (kind.tag == "line" && !forLines)
@@ -260,7 +260,7 @@ TEST_P(ChoiceDefaults, AreIndices)
     const LogCapture quiet;
     const std::string words =
         "<values><value string='ALPHA'/><value string='ALTO'/><value string='BETA'/></values>";
-    for (const std::string& xml : {words + GetParam().xml, GetParam().xml + words})
+    for (const std::string& xml : {words + GetParam().text, GetParam().text + words})
         EXPECT_EQ(DumpOf("<choice>" + xml + "</choice>"),
             "choice{ALPHA, ALTO, BETA}" + GetParam().expected + " for Carrow Sedge");
 }

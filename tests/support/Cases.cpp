@@ -31,20 +31,20 @@ std::string Unescaped(const std::string& text)
     return plain;
 }
 
-std::vector<std::string> ReadCase(const std::string& line, std::size_t count)
+Row ReadRow(const std::string& line)
 {
     const std::size_t colon = line.find(": ");
     if (colon == std::string::npos)
         throw std::runtime_error("no name in a table: " + line);
-    std::vector<std::string> cells{line.substr(0, colon)};
-    for (const std::string& cell : Split(line.substr(colon + 2), " =>")) {
-        const bool isBehindBlank = cells.size() > 1 && cell.starts_with(' ');
-        cells.push_back(Unescaped(cell.substr(isBehindBlank ? 1 : 0)));
-    }
-    if (cells.size() > count + 1)
+    std::vector<std::string> cells;
+    for (const std::string& cell : Split(line.substr(colon + 2), " =>"))
+        cells.push_back(Unescaped(cell.substr(!cells.empty() && cell.starts_with(' ') ? 1 : 0)));
+    if (cells.size() > 3)
         throw std::runtime_error("too many cells in a table: " + line);
-    cells.resize(count + 1);
-    return cells;
+    cells.resize(3);
+    const auto name = Split(line.substr(0, colon), " (");
+    return {
+        name[0], cells[0], cells[1], cells[2], name.size() > 1 ? name[1].substr(0, name[1].size() - 1) : ""};
 }
 
 } // namespace
@@ -60,7 +60,7 @@ std::vector<std::string> Split(const std::string& text, const std::string& separ
     return parts;
 }
 
-std::vector<std::vector<std::string>> Cells(const std::string& table, std::size_t count)
+std::vector<Row> Rows(const std::string& table)
 {
     constexpr std::string_view indent = "    ";
     std::vector<std::string> cases;
@@ -71,9 +71,9 @@ std::vector<std::vector<std::string>> Cells(const std::string& table, std::size_
         else
             cases.back() += (cases.back().ends_with(" =>") ? ' ' : '\n') + line.substr(indent.size());
     }
-    std::vector<std::vector<std::string>> rows;
+    std::vector<Row> rows;
     for (const std::string& line : cases)
-        rows.push_back(ReadCase(line, count));
+        rows.push_back(ReadRow(line));
     return rows;
 }
 

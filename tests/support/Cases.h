@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstddef>
 #include <exception>
 #include <string>
 #include <vector>
@@ -19,10 +18,19 @@ std::string CaseName(const testing::TestParamInfo<Case>& row)
 /// The parts of a text; one, if the separator isn't in it.
 std::vector<std::string> Split(const std::string& text, const std::string& separator);
 
-/// Reads a table with a case a line, `Name: cell => cell`; lines behind four blanks are more lines of the
-/// last cell. Blanks within count, and \n, \r, \t, \0, \\ and \xHH are what they are in C++. Gives the name
-/// and `count` cells of each case; those that a line lacks are empty.
-std::vector<std::vector<std::string>> Cells(const std::string& table, std::size_t count);
+/// A case of a table.
+struct Row {
+    std::string name;
+    std::string text;
+    std::string expected;
+    std::string more;
+    std::string options;
+};
+
+/// Reads a table with a case a line, `Name: text => expected => more` or `Name (options): ...`, of which the
+/// cells at the end may be missing. Lines behind four blanks are more lines of the last cell. Blanks within
+/// count, and \n, \r, \t, \0, \\ and \xHH are what they are in C++.
+std::vector<Row> Rows(const std::string& table);
 
 /// The text of the exception that `use` throws; empty if it throws none.
 template <class Use>

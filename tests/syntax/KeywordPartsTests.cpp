@@ -79,7 +79,7 @@ const std::string others = "<keyword name='A'><aliases><alias name='AA'/></alias
 
 TEST_P(KeywordParts, AreWhatTheirElementsSay)
 {
-    const LoadedTable table(Keyword("X", GetParam().xml));
+    const LoadedTable table(Keyword("X", GetParam().text));
     const IKeywordSyntax& x = table.Get("X");
     EXPECT_EQ(Dump(x.GetCellPropertyInfo()) + "|" + Dump(x.GetSummaryMnemonicInfo()), GetParam().expected);
 }
@@ -104,7 +104,7 @@ TEST_P(SummaryCategory, NumbersItsTextsAndTakesNoOther)
     const std::string start =
         "<keyword name='X'><summaryMnemonic><category name='" + GetParam().name + "' val='";
     const std::string end = "'/></summaryMnemonic></keyword>";
-    std::istringstream texts(GetParam().xml);
+    std::istringstream texts(GetParam().text);
     int value = 0;
     for (std::string text; std::getline(texts, text, ',');) {
         EXPECT_EQ(Dump(LoadedTable(start + text + end).Get("X").GetSummaryMnemonicInfo()),
@@ -195,7 +195,7 @@ TEST(CellPropertyQueries, PassALoadFailureOn)
 
 TEST_P(Scope, EndsWithItsKeywords)
 {
-    const LoadedTable table("<keyword name='X'><scope>" + GetParam().xml + "</scope></keyword>" + others);
+    const LoadedTable table("<keyword name='X'><scope>" + GetParam().text + "</scope></keyword>" + others);
     const IKeywordSyntax& syntax = table.Get("X");
     EXPECT_TRUE(syntax.HasScope());
     for (int round = 0; round < 2; ++round) {

@@ -66,7 +66,7 @@ class KeywordValidity : public testing::TestWithParam<Row> { };
 
 TEST_P(KeywordValidity, FollowsItsElements)
 {
-    const LoadedTable table(Keyword("X", GetParam().xml));
+    const LoadedTable table(Keyword("X", GetParam().text));
     EXPECT_EQ(ValidityOf(table.Get("X"), "X"), GetParam().expected);
 }
 

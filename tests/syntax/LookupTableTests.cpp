@@ -86,10 +86,10 @@ class LookupTable : public testing::TestWithParam<Row> { };
 
 TEST_P(LookupTable, Finds)
 {
-    const std::size_t slash = GetParam().xml.find('/');
-    std::istringstream names(GetParam().xml.substr(0, slash));
+    const std::size_t slash = GetParam().text.find('/');
+    std::istringstream names(GetParam().text.substr(0, slash));
     const NameTable table(Texts(std::istream_iterator<std::string>(names), {}));
-    const std::string query = GetParam().xml.substr(slash + 1);
+    const std::string query = GetParam().text.substr(slash + 1);
     EXPECT_EQ(table.Find(query, true) + "|" + table.Find(query, false), GetParam().expected);
 }
 

@@ -8,19 +8,28 @@
 
 #include <chrono>
 #include <string>
+#include <string_view>
+#include <utility>
 
 using namespace Veld::Quor::Tests;
 using nlohmann::json;
 
 namespace {
 
-// A deck in two parts; what a case is about stands between and behind them.
-const std::string runspec = "RUNSPEC\nDIMENS\n 2 2 1 /\nOIL\nSTART\n 1 JAN 2020 /\n";
-const std::string schedule = "SCHEDULE\nWELSPECS\n P1 G1 1 1 1* OIL /\n P2 G1 2 2 1* OIL /\n/\n";
+const std::pair<const char*, const char*> commonParts[] = {
+    {"{runspec}", "RUNSPEC\nDIMENS\n 2 2 1 /\nOIL\nSTART\n 1 JAN 2020 /\n"},
+    {"{schedule}", "SCHEDULE\nWELSPECS\n P1 G1 1 1 1* OIL /\n P2 G1 2 2 1* OIL /\n/\n"},
+    {"{control}", "WCONPROD\n P* OPEN ORAT 5 /\n/\nWCONINJE\n P2 WATER OPEN RATE 5 /\n/\n"},
+    {"{completions}", "COMPDAT\n P1 1 1 1 3 /\n/\nCOMPDAT\n P1 1 1 1 3 SHUT /\n P1 1 2 5 5 /\n/\n"}};
 
-std::string Producers(const std::string& records)
+/// A deck in which {runspec} and the like stand for parts that many have.
+std::string Whole(std::string deck)
 {
-    return schedule + "WCONPROD\n" + records + "/\n";
+    for (const auto& [name, text] : commonParts) {
+        if (const std::size_t at = deck.find(name); at != std::string::npos)
+            deck.replace(at, std::string_view(name).size(), text);
+    }
+    return deck;
 }
 
 /// In a folder that has the two decks.
@@ -28,100 +37,94 @@ Outcome Analyse(const std::string& arguments, const std::string& a, const std::s
     const std::string& environment = {})
 {
     const TemporaryDirectory folder;
-    folder.Write("a.data", a);
-    folder.Write("b.data", b);
+    folder.Write("a.data", Whole(a));
+    folder.Write("b.data", Whole(b));
     return RunShell("cd " + Quote(folder.Path().string()) + "; \"$QUOR\" " + arguments, environment);
 }
 
 // Differences
 
-struct DiffCase {
-    const char* name;
-    std::string a;
-    std::string b;
-    std::string out; ///< without the count; empty: the decks say the same
-    const char* options = "";
-};
-
-class Differences : public testing::TestWithParam<DiffCase> { };
+/// `a & b`, and what is told of them, without the count; nothing if they say the same.
+class Differences : public testing::TestWithParam<Row> { };
 
 TEST_P(Differences, AreTold)
 {
-    const DiffCase& row = GetParam();
-    Outcome outcome = Analyse(std::string("diff a.data b.data ") + row.options, row.a, row.b);
+    const auto decks = Split(GetParam().text, " & ");
+    const Outcome outcome = Analyse("diff a.data b.data " + GetParam().options, decks.at(0), decks.at(1));
     EXPECT_EQ(outcome.err, "");
-    EXPECT_EQ(outcome.status, row.out.empty() ? 0 : 1);
+    EXPECT_EQ(outcome.status, GetParam().expected.empty() ? 0 : 1);
     const std::size_t last = outcome.out.find_last_of('\n', outcome.out.size() - 2);
-    EXPECT_EQ(last == std::string::npos ? "" : outcome.out.substr(0, last + 1), row.out);
+    EXPECT_EQ(last == std::string::npos ? "" : outcome.out.substr(0, last), GetParam().expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Same, Differences,
-    testing::Values(DiffCase{"Layout", runspec + "GRID\nPORO\n 4*0.2 /\n",
-                        "-- a comment\n" + runspec + "GRID\n\nPORO\n 0.2 2*0.2\n 2.0E-1 /\nEND\n", ""},
-        DiffCase{"RecordsSpreadAndInAnyOrder", Producers(" P1 OPEN ORAT 5 /\n P2 OPEN ORAT 6 /\n"),
-            Producers(" P2 OPEN ORAT 6 /\n/\nWCONPROD\n P1 OPEN ORAT 5 /\n"), ""},
-        DiffCase{"DefaultGiven", Producers(" P1 1* ORAT 5 /\n"), Producers(" P1 OPEN ORAT 5 5* 0 /\n"), ""},
-        DiffCase{"CaseOfNames", Producers(" P1 OPEN ORAT 5 /\n"), Producers(" 'p1' OPEN ORAT 5 /\n"), ""},
-        DiffCase{"StepsAndDates", runspec + schedule + "TSTEP\n 31 29 /\n",
-            runspec + schedule + "DATES\n 1 FEB 2020 /\n 1 MAR 2020 /\n/\n", ""},
-        DiffCase{"DefaultedCells", runspec + "GRID\nMULTX\n 2* 2*3 /\n",
-            runspec + "GRID\nMULTX\n 1 1 3 3 /\n", ""},
-        DiffCase{"MapInAnyOrder", "SCHEDULE\nRPTSCHED\n FIP=2 WELLS=3 /\n",
-            "SCHEDULE\nRPTSCHED\n WELLS=3 FIP=2 /\n", ""}),
-    CaseName<DiffCase>);
+INSTANTIATE_TEST_SUITE_P(Same, Differences, testing::ValuesIn(Rows(R"(
+Layout: {runspec}GRID\nPORO\n 4*0.2 /\n & -- a comment\n{runspec}GRID\n\nPORO\n 0.2 2*0.2\n 2.0E-1 /\nEND\n =>
+RecordsSpreadAndInAnyOrder: {schedule}WCONPROD\n P1 OPEN ORAT 5 /\n P2 OPEN ORAT 6 /\n/\n & {schedule}WCONPROD\n P2 OPEN ORAT 6 /\n/\nWCONPROD\n P1 OPEN ORAT 5 /\n/\n =>
+DefaultGiven: {schedule}WCONPROD\n P1 1* ORAT 5 /\n/\n & {schedule}WCONPROD\n P1 OPEN ORAT 5 5* 0 /\n/\n =>
+CaseOfNames: {schedule}WCONPROD\n P1 OPEN ORAT 5 /\n/\n & {schedule}WCONPROD\n 'p1' OPEN ORAT 5 /\n/\n =>
+StepsAndDates: {runspec}{schedule}TSTEP\n 31 29 /\n & {runspec}{schedule}DATES\n 1 FEB 2020 /\n 1 MAR 2020 /\n/\n =>
+DefaultedCells: {runspec}GRID\nMULTX\n 2* 2*3 /\n & {runspec}GRID\nMULTX\n 1 1 3 3 /\n =>
+MapInAnyOrder: SCHEDULE\nRPTSCHED\n FIP=2 WELLS=3 /\n & SCHEDULE\nRPTSCHED\n WELLS=3 FIP=2 /\n =>
+)")),
+    CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Told, Differences,
-    testing::Values(DiffCase{"Item", Producers(" P1 OPEN ORAT 5 /\n P2 OPEN ORAT 5 /\n"),
-                        Producers(" P2 OPEN ORAT 6 /\n P1 SHUT ORAT 5 /\n"),
-                        "SCHEDULE\n"
-                        "  ~ WCONPROD P1: STATUS OPEN -> SHUT   (a.data:7, b.data:8)\n"
-                        "  ~ WCONPROD P2: ORAT 5 -> 6   (a.data:8, b.data:7)\n"},
-        DiffCase{"LeftOut", Producers(" P1 OPEN ORAT 5 /\n"), Producers(" P1 OPEN ORAT 1* 7 3* 2.5 /\n"),
-            "SCHEDULE\n"
-            "  ~ WCONPROD P1: ORAT 5 -> default (calculated)   (a.data:7, b.data:7)\n"
-            "  ~ WCONPROD P1: WRAT default (calculated) -> 7   (a.data:7, b.data:7)\n"
-            "  ~ WCONPROD P1: BHP default (1.01325) -> 2.5   (a.data:7, b.data:7)\n"},
-        DiffCase{"Strictly", Producers(" P1 1* ORAT 5 /\n"), Producers(" P1 OPEN ORAT 5 /\n"),
-            "SCHEDULE\n  ~ WCONPROD P1: STATUS default (OPEN) -> OPEN   (a.data:7, b.data:7)\n", "--strict"},
-        DiffCase{"DefaultOfTheSimulator", "SCHEDULE\nNUPCOL\n/\n", "SCHEDULE\nNUPCOL\n 3 /\n",
-            "SCHEDULE\n  ~ NUPCOL: NUPCOL default (5) -> 3   (a.data:2, b.data:2)\n", "--simulator Hallow"},
-        DiffCase{"RecordsAddedAndGone", Producers(" P1 OPEN ORAT 5 /\n"), Producers(" P2 OPEN ORAT 5 /\n"),
-            "SCHEDULE\n  - WCONPROD P1   (a.data:7)\n  + WCONPROD P2   (b.data:7)\n"},
-        DiffCase{"Dates",
-            runspec + schedule + "DATES\n 1 FEB 2020 /\n 1 MAR 2020 /\n/\nWCONPROD\n P1 OPEN ORAT 5 /\n/\n",
-            runspec + schedule + "DATES\n 1 FEB 2020 /\n/\nWCONPROD\n P1 OPEN ORAT 5 /\n/\n",
-            "SCHEDULE, 2020-02-01\n  + WCONPROD P1   (b.data:16)\n"
-            "SCHEDULE, 2020-03-01\n  - report   (a.data:14)\n  - WCONPROD P1   (a.data:17)\n"},
-        DiffCase{"StepsWithoutDates", schedule + "TSTEP\n 2*1 /\nWCONPROD\n P1 OPEN ORAT 5 /\n/\n",
-            schedule + "TSTEP\n 1 /\nTSTEP\n 3 /\nWCONPROD\n P1 OPEN ORAT 6 /\n/\n",
-            "SCHEDULE, report step 2\n  ~ WCONPROD P1: ORAT 5 -> 6   (a.data:9, b.data:11)\n"},
-        DiffCase{"Arrays", runspec + "GRID\nPORO\n 0.2 0.2 0.3 0.4 /\n",
-            runspec + "GRID\nPORO\n 0.2 0.25 0.3 0.1 /\n",
-            "GRID\n  ~ PORO: 2 of 4 differ, first [2]: 0.2 -> 0.25, by 0.3 at most   (a.data:8, b.data:8)\n"},
-        DiffCase{"OneOfSeveralArrays", runspec + "GRID\nPORO\n 4*1 /\nPORO\n 4*0.5 /\nPORO\n 4*0 /\n",
-            runspec + "GRID\nPORO\n 4*1 /\nPORO\n 4*0 /\n", "GRID\n  - PORO   (a.data:10)\n"},
-        DiffCase{"RowOfATable", "PROPS\nSWOF\n 0.1 0 1 0\n 0.5 0.2 0.2 0\n 1 1 0 0 /\n",
-            "PROPS\nSWOF\n 0.1 0 1 0\n 0.3 0.1 0.5 0\n 0.5 0.2 0.2 0\n 1 1 0 0 /\n",
-            "PROPS\n  ~ SWOF: [1][2] absent -> 0.3 0.1 0.5 0   (a.data:2, b.data:2)\n"},
-        DiffCase{"Map", "SCHEDULE\nRPTSCHED\n FIP=2 WELLS /\n", "SCHEDULE\nRPTSCHED\n FIP=1 WELLS /\n",
-            "SCHEDULE\n  ~ RPTSCHED: FIP 2 -> 1   (a.data:2, b.data:2)\n"},
-        DiffCase{"Raw", "RUNSPEC\nNOTES\nas it was\nto the end\nENDNOTES\n",
-            "RUNSPEC\nNOTES\nas it was\nto an end\nENDNOTES\n",
-            "RUNSPEC\n  ~ NOTES: text to the end -> to an end   (a.data:2, b.data:2)\n"},
-        DiffCase{"Variables", Producers(" P1 OPEN ORAT $A /\n"), Producers(" P1 OPEN ORAT $B /\n"),
-            "SCHEDULE\n  ~ WCONPROD P1: variables ORAT $A -> ORAT $B   (a.data:7, b.data:7)\n",
-            "--set A=5 --set B=5"},
-        DiffCase{"Sections", "GRID\nNOECHO\nPROPS\n", "GRID\nPROPS\nNOECHO\n",
-            "GRID\n  - NOECHO   (a.data:2)\nPROPS\n  + NOECHO   (b.data:3)\n"},
-        DiffCase{"Scopes",
-            runspec
-                + "LGR\n 2 4 /\nGRID\nCARFIN\n A 1 1 1 1 1 1 1 1 1 /\nPORO\n 0.1 /\nENDFIN\n"
-                  "CARFIN\n B 2 2 1 1 1 1 1 1 1 /\nPORO\n 0.2 /\nENDFIN\n",
-            runspec
-                + "LGR\n 2 4 /\nGRID\nCARFIN\n B 2 2 1 1 1 1 1 1 1 /\nPORO\n 0.3 /\nENDFIN\n"
-                  "CARFIN\n A 1 1 1 1 1 1 1 1 1 /\nPORO\n 0.1 /\nENDFIN\n",
-            "GRID\n  ~ PORO: 1 of 1 differ, first [1]: 0.2 -> 0.3   (a.data:17, b.data:12)\n"}),
-    CaseName<DiffCase>);
+INSTANTIATE_TEST_SUITE_P(Told, Differences, testing::ValuesIn(Rows(R"(
+Item: {schedule}WCONPROD\n P1 OPEN ORAT 5 /\n P2 OPEN ORAT 5 /\n/\n & {schedule}WCONPROD\n P2 OPEN ORAT 6 /\n P1 SHUT ORAT 5 /\n/\n =>
+    SCHEDULE
+      ~ WCONPROD P1: STATUS OPEN -> SHUT   (a.data:7, b.data:8)
+      ~ WCONPROD P2: ORAT 5 -> 6   (a.data:8, b.data:7)
+LeftOut: {schedule}WCONPROD\n P1 OPEN ORAT 5 /\n/\n & {schedule}WCONPROD\n P1 OPEN ORAT 1* 7 3* 2.5 /\n/\n =>
+    SCHEDULE
+      ~ WCONPROD P1: ORAT 5 -> default (calculated)   (a.data:7, b.data:7)
+      ~ WCONPROD P1: WRAT default (calculated) -> 7   (a.data:7, b.data:7)
+      ~ WCONPROD P1: BHP default (1.01325) -> 2.5   (a.data:7, b.data:7)
+Strictly (--strict): {schedule}WCONPROD\n P1 1* ORAT 5 /\n/\n & {schedule}WCONPROD\n P1 OPEN ORAT 5 /\n/\n =>
+    SCHEDULE
+      ~ WCONPROD P1: STATUS default (OPEN) -> OPEN   (a.data:7, b.data:7)
+DefaultOfTheSimulator (--simulator Hallow): SCHEDULE\nNUPCOL\n/\n & SCHEDULE\nNUPCOL\n 3 /\n =>
+    SCHEDULE
+      ~ NUPCOL: NUPCOL default (5) -> 3   (a.data:2, b.data:2)
+RecordsAddedAndGone: {schedule}WCONPROD\n P1 OPEN ORAT 5 /\n/\n & {schedule}WCONPROD\n P2 OPEN ORAT 5 /\n/\n =>
+    SCHEDULE
+      - WCONPROD P1   (a.data:7)
+      + WCONPROD P2   (b.data:7)
+Dates: {runspec}{schedule}DATES\n 1 FEB 2020 /\n 1 MAR 2020 /\n/\nWCONPROD\n P1 OPEN ORAT 5 /\n/\n & {runspec}{schedule}DATES\n 1 FEB 2020 /\n/\nWCONPROD\n P1 OPEN ORAT 5 /\n/\n =>
+    SCHEDULE, 2020-02-01
+      + WCONPROD P1   (b.data:16)
+    SCHEDULE, 2020-03-01
+      - report   (a.data:14)
+      - WCONPROD P1   (a.data:17)
+StepsWithoutDates: {schedule}TSTEP\n 2*1 /\nWCONPROD\n P1 OPEN ORAT 5 /\n/\n & {schedule}TSTEP\n 1 /\nTSTEP\n 3 /\nWCONPROD\n P1 OPEN ORAT 6 /\n/\n =>
+    SCHEDULE, report step 2
+      ~ WCONPROD P1: ORAT 5 -> 6   (a.data:9, b.data:11)
+Arrays: {runspec}GRID\nPORO\n 0.2 0.2 0.3 0.4 /\n & {runspec}GRID\nPORO\n 0.2 0.25 0.3 0.1 /\n =>
+    GRID
+      ~ PORO: 2 of 4 differ, first [2]: 0.2 -> 0.25, by 0.3 at most   (a.data:8, b.data:8)
+OneOfSeveralArrays: {runspec}GRID\nPORO\n 4*1 /\nPORO\n 4*0.5 /\nPORO\n 4*0 /\n & {runspec}GRID\nPORO\n 4*1 /\nPORO\n 4*0 /\n =>
+    GRID
+      - PORO   (a.data:10)
+RowOfATable: PROPS\nSWOF\n 0.1 0 1 0\n 0.5 0.2 0.2 0\n 1 1 0 0 /\n & PROPS\nSWOF\n 0.1 0 1 0\n 0.3 0.1 0.5 0\n 0.5 0.2 0.2 0\n 1 1 0 0 /\n =>
+    PROPS
+      ~ SWOF: [1][2] absent -> 0.3 0.1 0.5 0   (a.data:2, b.data:2)
+Map: SCHEDULE\nRPTSCHED\n FIP=2 WELLS /\n & SCHEDULE\nRPTSCHED\n FIP=1 WELLS /\n =>
+    SCHEDULE
+      ~ RPTSCHED: FIP 2 -> 1   (a.data:2, b.data:2)
+Raw: RUNSPEC\nNOTES\nas it was\nto the end\nENDNOTES\n & RUNSPEC\nNOTES\nas it was\nto an end\nENDNOTES\n =>
+    RUNSPEC
+      ~ NOTES: text to the end -> to an end   (a.data:2, b.data:2)
+Variables (--set A=5 --set B=5): {schedule}WCONPROD\n P1 OPEN ORAT $A /\n/\n & {schedule}WCONPROD\n P1 OPEN ORAT $B /\n/\n =>
+    SCHEDULE
+      ~ WCONPROD P1: variables ORAT $A -> ORAT $B   (a.data:7, b.data:7)
+Sections: GRID\nNOECHO\nPROPS\n & GRID\nPROPS\nNOECHO\n =>
+    GRID
+      - NOECHO   (a.data:2)
+    PROPS
+      + NOECHO   (b.data:3)
+Scopes: {runspec}LGR\n 2 4 /\nGRID\nCARFIN\n A 1 1 1 1 1 1 1 1 1 /\nPORO\n 0.1 /\nENDFIN\nCARFIN\n B 2 2 1 1 1 1 1 1 1 /\nPORO\n 0.2 /\nENDFIN\n & {runspec}LGR\n 2 4 /\nGRID\nCARFIN\n B 2 2 1 1 1 1 1 1 1 /\nPORO\n 0.3 /\nENDFIN\nCARFIN\n A 1 1 1 1 1 1 1 1 1 /\nPORO\n 0.1 /\nENDFIN\n =>
+    GRID
+      ~ PORO: 1 of 1 differ, first [1]: 0.2 -> 0.3   (a.data:17, b.data:12)
+)")),
+    CaseName<Row>);
 
 /// One record for each of many wells, the numbers of which go up or down.
 std::string ManyRecords(bool isTurned)
@@ -150,8 +153,8 @@ TEST(Difference, ShowsAChoiceWithoutAValue)
 
 TEST(Difference, AsJsonHasValuesAndPlaces)
 {
-    const Outcome outcome = Analyse("diff a.data b.data --format json", runspec + "GRID\nPORO\n 4*1 /\n",
-        runspec + "GRID\nPORO\n 3*1 0 /\n");
+    const Outcome outcome = Analyse("diff a.data b.data --format json", "{runspec}GRID\nPORO\n 4*1 /\n",
+        "{runspec}GRID\nPORO\n 3*1 0 /\n");
     const json change = json::parse(outcome.out).at("changes").at(0);
     EXPECT_EQ(change.at("array").dump(),
         R"({"differing":1,"first":4,"greatest":1.0,"sizeAfter":4,"sizeBefore":4})");
@@ -160,58 +163,39 @@ TEST(Difference, AsJsonHasValuesAndPlaces)
 
 // Summaries
 
-struct InfoCase {
-    const char* name;
-    std::string deck;
-    const char* pointer; ///< into the JSON
-    const char* value;
-};
-
-class Summaries : public testing::TestWithParam<InfoCase> { };
+/// `deck at pointer into the JSON`, and the value there.
+class Summaries : public testing::TestWithParam<Row> { };
 
 TEST_P(Summaries, Hold)
 {
-    const Outcome outcome = Analyse("info a.data --format json", GetParam().deck, "PORO\n 4*1 /\n");
+    const auto parts = Split(GetParam().text, " at ");
+    const Outcome outcome = Analyse("info a.data --format json", parts.at(0), "PORO\n 4*1 /\n");
     EXPECT_EQ(outcome.status, 0);
     const json summary = json::parse(outcome.out);
-    EXPECT_EQ(summary.at(json::json_pointer(GetParam().pointer)).dump(), GetParam().value);
+    EXPECT_EQ(summary.at(json::json_pointer(parts.at(1))).dump(), GetParam().expected);
 }
 
-const std::string control = "WCONPROD\n P* OPEN ORAT 5 /\n/\nWCONINJE\n P2 WATER OPEN RATE 5 /\n/\n";
-const std::string completions = "COMPDAT\n P1 1 1 1 3 /\n/\nCOMPDAT\n P1 1 1 1 3 SHUT /\n P1 1 2 5 5 /\n/\n";
-
-INSTANTIATE_TEST_SUITE_P(Decks, Summaries,
-    testing::Values(InfoCase{"Title", "RUNSPEC\nTITLE\n  Two wells\n", "/title", "\"Two wells\""},
-        InfoCase{"Included", runspec + "GRID\nINCLUDE\n 'b.data' /\n", "/files/1",
-            R"({"bytes":12,"depth":1,"keywords":1,"name":"b.data"})"},
-        InfoCase{"Sections", runspec + "GRID\n", "/sections/1",
-            R"({"keywords":1,"place":{"file":"a.data","line":7},"section":"GRID"})"},
-        InfoCase{
-            "SizesButNoDates", runspec, "/sizes", R"([{"keyword":"DIMENS","sizes":{"NX":2,"NY":2,"NZ":1}}])"},
-        InfoCase{"Options", runspec + "LAB\nECHO\n", "/options", R"(["OIL","ECHO"])"},
-        InfoCase{"Units", runspec + "LAB\n", "/units", "\"LAB\""},
-        InfoCase{"HoursOfTheLaboratory", runspec + "LAB\nSCHEDULE\nTSTEP\n 36 /\n", "/end",
-            "\"2020-01-02 12:00:00\""},
-        InfoCase{
-            "Reports", runspec + schedule + "TSTEP\n 3*10 /\nDATES\n 1 JAN 2021 /\n/\n", "/reports", "4"},
-        InfoCase{"NoStart", "SCHEDULE\nTSTEP\n 3 /\n", "/end", "null"},
-        InfoCase{"LastControl", schedule + control, "/wells/1/control", "\"WCONINJE WATER RATE\""},
-        InfoCase{"ControlByBeginning", schedule + control, "/wells/0/control", "\"WCONPROD ORAT\""},
-        InfoCase{"CompletionsOnce", schedule + completions, "/wells/0/completions", "4"},
-        InfoCase{
-            "LayersInTheWrongOrder", schedule + "COMPDAT\n P1 1 1 3 1 /\n/\n", "/wells/0/completions", "0"},
-        InfoCase{"Since", runspec + "SCHEDULE\nTSTEP\n 1 /\nWELSPECS\n P1 G1 1 1 1* OIL /\n/\n",
-            "/wells/0/since", "\"2020-01-02\""},
-        InfoCase{"Groups", schedule + "GRUPTREE\n G1 PLAT /\n/\n", "/groups",
-            R"([{"name":"FIELD","parent":null,"wells":0},{"name":"PLAT","parent":"FIELD","wells":0},)"
-            R"({"name":"G1","parent":"PLAT","wells":2}])"},
-        InfoCase{"GroupsInACircle", "SCHEDULE\nGRUPTREE\n A B /\n B A /\n/\n", "/groups/2",
-            R"({"name":"A","parent":"B","wells":0})"},
-        InfoCase{"Properties", runspec + "GRID\nMULTX\n 2* -0 4 /\n", "/properties/0",
-            R"({"count":4,"defaulted":2,"greatest":4.0,"keyword":"MULTX","least":-0.0,"mean":2.0,)"
-            R"("measurement":null,"place":{"file":"a.data","line":8},"property":"MULTX"})"},
-        InfoCase{"AllDefaulted", runspec + "GRID\nMULTX\n 4* /\n", "/properties/0/mean", "null"}),
-    CaseName<InfoCase>);
+INSTANTIATE_TEST_SUITE_P(Decks, Summaries, testing::ValuesIn(Rows(R"(
+Title: RUNSPEC\nTITLE\n  Two wells\n at /title => "Two wells"
+Included: {runspec}GRID\nINCLUDE\n 'b.data' /\n at /files/1 => {"bytes":12,"depth":1,"keywords":1,"name":"b.data"}
+Sections: {runspec}GRID\n at /sections/1 => {"keywords":1,"place":{"file":"a.data","line":7},"section":"GRID"}
+SizesButNoDates: {runspec} at /sizes => [{"keyword":"DIMENS","sizes":{"NX":2,"NY":2,"NZ":1}}]
+Options: {runspec}LAB\nECHO\n at /options => ["OIL","ECHO"]
+Units: {runspec}LAB\n at /units => "LAB"
+HoursOfTheLaboratory: {runspec}LAB\nSCHEDULE\nTSTEP\n 36 /\n at /end => "2020-01-02 12:00:00"
+Reports: {runspec}{schedule}TSTEP\n 3*10 /\nDATES\n 1 JAN 2021 /\n/\n at /reports => 4
+NoStart: SCHEDULE\nTSTEP\n 3 /\n at /end => null
+LastControl: {schedule}{control} at /wells/1/control => "WCONINJE WATER RATE"
+ControlByBeginning: {schedule}{control} at /wells/0/control => "WCONPROD ORAT"
+CompletionsOnce: {schedule}{completions} at /wells/0/completions => 4
+LayersInTheWrongOrder: {schedule}COMPDAT\n P1 1 1 3 1 /\n/\n at /wells/0/completions => 0
+Since: {runspec}SCHEDULE\nTSTEP\n 1 /\nWELSPECS\n P1 G1 1 1 1* OIL /\n/\n at /wells/0/since => "2020-01-02"
+Groups: {schedule}GRUPTREE\n G1 PLAT /\n/\n at /groups => [{"name":"FIELD","parent":null,"wells":0},{"name":"PLAT","parent":"FIELD","wells":0},{"name":"G1","parent":"PLAT","wells":2}]
+GroupsInACircle: SCHEDULE\nGRUPTREE\n A B /\n B A /\n/\n at /groups/2 => {"name":"A","parent":"B","wells":0}
+Properties: {runspec}GRID\nMULTX\n 2* -0 4 /\n at /properties/0 => {"count":4,"defaulted":2,"greatest":4.0,"keyword":"MULTX","least":-0.0,"mean":2.0,"measurement":null,"place":{"file":"a.data","line":8},"property":"MULTX"}
+AllDefaulted: {runspec}GRID\nMULTX\n 4* /\n at /properties/0/mean => null
+)")),
+    CaseName<Row>);
 
 TEST(Summary, ListsTheFirstRowsUnlessAskedForAll)
 {
@@ -257,14 +241,8 @@ const std::string lossLanguage = R"(
   </validity></assignment></map></data></keyword>
 )";
 
-struct PortCase {
-    const char* name;
-    std::string deck;
-    const char* targets;
-    std::string out; ///< kind, keyword, item, detail and count of each, and the line of the first
-};
-
-class Losses : public testing::TestWithParam<PortCase> { };
+/// A deck, and kind, keyword, item, detail and count of each loss, and the line of the first.
+class Losses : public testing::TestWithParam<Row> { };
 
 std::string LossesOf(const json& answer)
 {
@@ -284,34 +262,28 @@ TEST_P(Losses, AreFound)
     const TemporaryDirectory folder;
     const std::string document = folder.Write("main.xml", Document(lossLanguage));
     folder.Write("trusted/none.xml", Document(""));
-    const Outcome outcome = Analyse(std::string("port a.data --format json ") + GetParam().targets,
-        "RUNSPEC\nGRID\n" + GetParam().deck, {},
-        std::string(mainVariable) + "=" + Quote(document) + " " + trustedVariable + "="
-            + Quote((folder.Path() / "trusted").string()));
-    EXPECT_EQ(outcome.status, GetParam().out.empty() ? 0 : 1);
-    EXPECT_EQ(LossesOf(json::parse(outcome.out)), GetParam().out);
+    const Outcome outcome =
+        Analyse("port a.data --format json " + GetParam().options, "RUNSPEC\nGRID\n" + GetParam().text, {},
+            std::string(mainVariable) + "=" + Quote(document) + " " + trustedVariable + "="
+                + Quote((folder.Path() / "trusted").string()));
+    EXPECT_EQ(outcome.status, GetParam().expected.empty() ? 0 : 1);
+    EXPECT_EQ(LossesOf(json::parse(outcome.out)), GetParam().expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Decks, Losses,
-    testing::Values(
-        PortCase{"Keyword", "ONLY\nONLY\n", "--to Carrow", "keyword-not-valid ONLY 2 from line 3"},
-        PortCase{"Items", "REC\n 1 /\n 1 4 5 /\n 1 6 7 A /\n/\n", "--to Carrow",
-            "item-not-valid REC NEW 2 from line 5; item-unsupported REC IDLE 2 from line 5"},
-        PortCase{"Words", "REC\n 1 2* A /\n 1 2* B /\n 1 2* C /\n/\n", "--to Carrow",
-            "choice-not-valid REC WORD B 1 from line 5; choice-unsupported REC WORD C 1 from line 6"},
-        PortCase{"OtherDefault", "REC\n 1 /\n 1* /\n 2* /\n/\n", "--to Carrow",
-            "other-default REC N 1 -> 2 2 from line 5"},
-        PortCase{"CalculatedDefault", "REC\n 1* /\n/\n", "--from Carrow --to Sedge",
-            "other-default REC N 2 -> calculated 1 from line 4"},
-        PortCase{"NoDefault", "REC\n 1* /\n/\n", "--to Wend", "no-default REC N 1 -> none 1 from line 4"},
-        PortCase{"SameDefault", "REC\n 1* /\n/\n", "--from Hallow --to Ostrey", ""},
-        PortCase{"DefaultedElements", "ARRAY\n 1 3* 4 /\n", "--to Carrow",
-            "other-default ARRAY 1 -> 2 3 from line 3"},
-        PortCase{"Map", "MAP\n KEY=1 /\n", "--to Carrow", "item-not-valid MAP KEY 1 from line 3"},
-        PortCase{"WhatWasntThere", "ONLY\nMAP\n KEY=1 /\nREC\n 1 4 /\n 1 2* B /\n/\n",
-            "--from Wend_GE --to Marlpit", ""},
-        PortCase{"BehindASkip", "SKIPCAR\nONLY\nENDSKIP\n", "--to Carrow", ""}),
-    CaseName<PortCase>);
+INSTANTIATE_TEST_SUITE_P(Decks, Losses, testing::ValuesIn(Rows(R"(
+Keyword (--to Carrow): ONLY\nONLY\n => keyword-not-valid ONLY 2 from line 3
+Items (--to Carrow): REC\n 1 /\n 1 4 5 /\n 1 6 7 A /\n/\n => item-not-valid REC NEW 2 from line 5; item-unsupported REC IDLE 2 from line 5
+Words (--to Carrow): REC\n 1 2* A /\n 1 2* B /\n 1 2* C /\n/\n => choice-not-valid REC WORD B 1 from line 5; choice-unsupported REC WORD C 1 from line 6
+OtherDefault (--to Carrow): REC\n 1 /\n 1* /\n 2* /\n/\n => other-default REC N 1 -> 2 2 from line 5
+CalculatedDefault (--from Carrow --to Sedge): REC\n 1* /\n/\n => other-default REC N 2 -> calculated 1 from line 4
+NoDefault (--to Wend): REC\n 1* /\n/\n => no-default REC N 1 -> none 1 from line 4
+SameDefault (--from Hallow --to Ostrey): REC\n 1* /\n/\n =>
+DefaultedElements (--to Carrow): ARRAY\n 1 3* 4 /\n => other-default ARRAY 1 -> 2 3 from line 3
+Map (--to Carrow): MAP\n KEY=1 /\n => item-not-valid MAP KEY 1 from line 3
+WhatWasntThere (--from Wend_GE --to Marlpit): ONLY\nMAP\n KEY=1 /\nREC\n 1 4 /\n 1 2* B /\n/\n =>
+BehindASkip (--to Carrow): SKIPCAR\nONLY\nENDSKIP\n =>
+)")),
+    CaseName<Row>);
 
 TEST(Loss, OfEachPlaceIsListedIfAskedFor)
 {
@@ -328,7 +300,7 @@ TEST(Loss, OfEachPlaceIsListedIfAskedFor)
 TEST(Analysis, GoesOnBehindErrorsAndSaysSo)
 {
     for (const std::string arguments : {"info a.data", "diff a.data a.data", "port a.data --to Carrow"}) {
-        const Outcome outcome = Analyse(arguments, runspec + "NOSUCH\n");
+        const Outcome outcome = Analyse(arguments, "{runspec}NOSUCH\n");
         EXPECT_EQ(outcome.status, 0) << arguments;
         EXPECT_TRUE(Holds(outcome.err, "a.data has 1 error; run 'quor check a.data")) << outcome.err;
     }

@@ -93,13 +93,7 @@ TEST(Baseline, IsSortedAndReplacedAsAWhole)
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 2);
 }
 
-struct BadFile {
-    const char* name;
-    const char* text;
-    const char* error;
-};
-
-class BadBaselines : public testing::TestWithParam<BadFile> { };
+class BadBaselines : public testing::TestWithParam<Row> { };
 
 TEST_P(BadBaselines, AreRefused)
 {
@@ -109,23 +103,18 @@ TEST_P(BadBaselines, AreRefused)
         RunSmall("check " + deck + " --baseline " + folder.Write("known.json", GetParam().text));
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_TRUE(Holds(outcome.err, std::string("known.json': ") + GetParam().error)) << outcome.err;
+    EXPECT_TRUE(Holds(outcome.err, "known.json': " + GetParam().expected)) << outcome.err;
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, BadBaselines,
-    testing::Values(BadFile{"Empty", "", "line 1: invalid JSON; create a new baseline with --write-baseline"},
-        BadFile{"CutShort", "{\"version\": 1,\n\"findings\": [{",
-            "line 2: invalid JSON; create a new baseline with --write-baseline"},
-        BadFile{"OtherJson", "[1]",
-            "expected an array \"findings\"; create a new baseline with --write-baseline"},
-        BadFile{"OtherVersion", R"({"version": 2, "findings": []})",
-            "expected \"version\" 1; create a new baseline with --write-baseline"},
-        BadFile{"NoText", R"({"version": 1, "findings": [{"code": "a", "file": "b"}]})",
-            "finding 1: expected a string \"text\"; create a new baseline with --write-baseline"},
-        BadFile{"NegativeCount",
-            R"({"version": 1, "findings": [{"code": "a", "file": "b", "text": "c", "count": -1}]})",
-            "finding 1: expected \"count\" above 0; create a new baseline with --write-baseline"}),
-    CaseName<BadFile>);
+INSTANTIATE_TEST_SUITE_P(Files, BadBaselines, testing::ValuesIn(Rows(R"(
+Empty:  => line 1: invalid JSON; create a new baseline with --write-baseline
+CutShort: {"version": 1,\n"findings": [{ => line 2: invalid JSON; create a new baseline with --write-baseline
+OtherJson: [1] => expected an array "findings"; create a new baseline with --write-baseline
+OtherVersion: {"version": 2, "findings": []} => expected "version" 1; create a new baseline with --write-baseline
+NoText: {"version": 1, "findings": [{"code": "a", "file": "b"}]} => finding 1: expected a string "text"; create a new baseline with --write-baseline
+NegativeCount: {"version": 1, "findings": [{"code": "a", "file": "b", "text": "c", "count": -1}]} => finding 1: expected "count" above 0; create a new baseline with --write-baseline
+)")),
+    CaseName<Row>);
 
 TEST(Check, CountsAbbreviationsOfEachDeckInFull) // the library tells like messages ten times only
 {

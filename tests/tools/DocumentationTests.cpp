@@ -57,34 +57,30 @@ INSTANTIATE_TEST_SUITE_P(Forms, Documentation,
         Form{"Zsh", "completion zsh", "--"}, Form{"Fish", "completion fish", "-l "}),
     CaseName<Form>);
 
-struct Completion {
-    const char* name;
-    const char* words; // of the command line, the last one unfinished
-    const char* offered;
-};
-
-class BashCompletion : public testing::TestWithParam<Completion> { };
+/// A command line, the last word unfinished, and what is offered for it.
+class BashCompletion : public testing::TestWithParam<Row> { };
 
 TEST_P(BashCompletion, Offers)
 {
     const TemporaryDirectory folder;
     const std::string script = folder.Write("try.sh",
-        "source <(\"$QUOR\" completion bash)\nCOMP_WORDS=(quor " + std::string(GetParam().words)
+        "source <(\"$QUOR\" completion bash)\nCOMP_WORDS=(quor " + GetParam().text
             + ")\nCOMP_CWORD=$((${#COMP_WORDS[@]} - 1))\n_quor\nprintf '<%s>' \"${COMPREPLY[@]}\"\n");
     const Outcome outcome = RunShell("bash " + Quote(script));
-    EXPECT_EQ(outcome.out, GetParam().offered);
+    EXPECT_EQ(outcome.out, GetParam().expected);
     EXPECT_EQ(outcome.err, "");
 }
 
-INSTANTIATE_TEST_SUITE_P(CommandLines, BashCompletion,
-    testing::Values(Completion{"Subcommand", "expl", "<explain>"},
-        Completion{"Option", "check --max", "<--max-findings>"},
-        Completion{"Choice", "check --simulator Ca", "<Carrow>"},
-        Completion{"ChoiceBehindAnEqualsSign", "check --format = s", "<sarif>"},
-        Completion{"ChoiceWithABlank", "list --entity 'Aquifer\\ '", "<Aquifer\\ Gradient>"},
-        Completion{"Code", "explain unclosed-q", "<unclosed-quote>"},
-        Completion{"FilesAreLeftToTheShell", "check --baseline x", "<>"}),
-    CaseName<Completion>);
+INSTANTIATE_TEST_SUITE_P(CommandLines, BashCompletion, testing::ValuesIn(Rows(R"(
+Subcommand: expl => <explain>
+Option: check --max => <--max-findings>
+Choice: check --simulator Ca => <Carrow>
+ChoiceBehindAnEqualsSign: check --format = s => <sarif>
+ChoiceWithABlank: list --entity 'Aquifer\\ ' => <Aquifer\\ Gradient>
+Code: explain unclosed-q => <unclosed-quote>
+FilesAreLeftToTheShell: check --baseline x => <>
+)")),
+    CaseName<Row>);
 
 struct Explanation {
     const char* name;

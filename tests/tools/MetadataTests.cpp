@@ -178,100 +178,82 @@ INSTANTIATE_TEST_SUITE_P(Keywords, ShowData,
 )"}),
     CaseName<Picture>);
 
-json ShownJson(const std::string& name)
-{
-    return json::parse(RunOn(language, "show --format json " + name).out).at(0);
-}
-
-struct Probe {
-    const char* name;
-    const char* keyword;
-    const char* pointer;
-    const char* value;
-};
-
-class ShowJson : public testing::TestWithParam<Probe> { };
+/// `KEYWORD pointer into the JSON`, and the value there.
+class ShowJson : public testing::TestWithParam<Row> { };
 
 TEST_P(ShowJson, HoldsTheMetadata)
 {
-    EXPECT_EQ(ShownJson(GetParam().keyword).at(json::json_pointer(GetParam().pointer)),
-        json::parse(GetParam().value));
+    const auto parts = Split(GetParam().text, " ");
+    const json shown = json::parse(RunOn(language, "show --format json " + parts.at(0)).out).at(0);
+    EXPECT_EQ(shown.at(json::json_pointer(parts.at(1))), json::parse(GetParam().expected));
 }
 
-INSTANTIATE_TEST_SUITE_P(Probes, ShowJson,
-    testing::Values(Probe{"Root", "FLUID", "/data/type", R"("record")"},
-        Probe{"Termination", "FLUID", "/data/termination", R"("SLASH")"},
-        Probe{"Identifiers", "FLUID", "/identifierCount", "1"},
-        Probe{"LengthLimit", "FLUID", "/data/items/0/lengthLimit", "12"},
-        Probe{"NoDefault", "FLUID", "/data/items/0/default/Any", R"({"type":"no default"})"},
-        Probe{"ItemNumber", "FLUID", "/data/items/1/number", "2"},
-        Probe{"Optional", "FLUID", "/data/items/1/optional", "true"},
-        Probe{"Constraint", "FLUID", "/data/items/1/columnConstraint", R"("increasing")"},
-        Probe{"Measurement", "FLUID", "/data/items/1/measurement", R"("ratio")"},
-        Probe{"Defaults", "FLUID", "/data/items/1/default",
-            R"({"Any":{"type":"specified","value":0.1},"Dunmere":{"type":"specified","value":0.1},
-                "Sedge":{"type":"specified","value":0.02,"override":"specified"},
-                "Hallow":{"type":"calculated","override":"calculated"}})"},
-        Probe{"OverrideOfAnotherSimulator", "FLUID", "/data/items/2/default/Wend",
-            R"({"type":"no default","override":"no default"})"},
-        Probe{"NoLimit", "FLUID", "/data/items/2/max", "null"},
-        Probe{"Skippable", "FLUID", "/data/items/2/skippableOnWrite", "true"},
-        Probe{"ModesOfAValidity", "FLUID", "/data/items/2/validity/Hallow", R"(["Thermal"])"},
-        Probe{"NoRestriction", "FLUID", "/data/items/0/validity", "null"},
-        Probe{"ListInRecord", "FLUID", "/data/items/3/item/default/Any/value", "false"},
-        Probe{"ListFlags", "FLUID", "/data/items/3/fillEmptyElementsWithPreviousValue", "true"},
-        Probe{"ChoiceAliases", "WELLCTL", "/data/item/items/0/choices/0/aliases",
-            R"([{"name":"FLOW","hidden":false},{"name":"OLD","hidden":true}])"},
-        Probe{"ChoiceDefault", "WELLCTL", "/data/item/items/0/default/Hallow/value", R"("THP")"},
-        Probe{"ChoiceUnsupported", "WELLCTL", "/data/item/items/0/choices/2/unsupportedBy",
-            R"({"Hallow":["BlackOil","Compositional","Thermal"]})"},
-        Probe{"MinSize", "WELLCTL", "/data/item/items/1/minSize", R"("1")"},
-        Probe{"Keys", "REPORT", "/data/assignments/0/keys", R"(["WELLS","W"])"},
-        Probe{"KeyValidity", "REPORT", "/data/assignments/0/validSimulators", R"(["Dunmere","Sedge"])"},
-        Probe{"Wildcard", "REPORT", "/data/assignments/1/wildcard", "true"},
-        Probe{"RawEnd", "REMARKS", "/data/stringTermination", R"("ENDREM")"},
-        Probe{"EndWords", "FOPR", "/data/endWords", R"(["ENDFOPR"])"},
-        Probe{"Summary", "WOPR", "/summary", R"({"entity":"Well","option":"Aquifer"})"},
-        Probe{"Cell", "POROS", "/cellProperty",
-            R"({"property":"PORV","components":true,"copyLayerAboveByDefault":true,
-                "dualPorosityMatrixOnly":false})"},
-        Probe{"SmallReal", "POROS", "/data/item/min", "1e-07"},
-        Probe{"Scope", "BRANCH", "/scope/endKeywords",
-            R"([{"name":"FOPR","explicit":false},{"name":"WOPR","explicit":true}])"},
-        Probe{"NoData", "BRANCH", "/data", "null"}),
-    CaseName<Probe>);
+INSTANTIATE_TEST_SUITE_P(Probes, ShowJson, testing::ValuesIn(Rows(R"(
+Root: FLUID /data/type => "record"
+Termination: FLUID /data/termination => "SLASH"
+Identifiers: FLUID /identifierCount => 1
+LengthLimit: FLUID /data/items/0/lengthLimit => 12
+NoDefault: FLUID /data/items/0/default/Any => {"type":"no default"}
+ItemNumber: FLUID /data/items/1/number => 2
+Optional: FLUID /data/items/1/optional => true
+Constraint: FLUID /data/items/1/columnConstraint => "increasing"
+Measurement: FLUID /data/items/1/measurement => "ratio"
+Defaults: FLUID /data/items/1/default => {"Any":{"type":"specified","value":0.1},"Dunmere":{"type":"specified","value":0.1},"Sedge":{"type":"specified","value":0.02,"override":"specified"},"Hallow":{"type":"calculated","override":"calculated"}}
+OverrideOfAnotherSimulator: FLUID /data/items/2/default/Wend => {"type":"no default","override":"no default"}
+NoLimit: FLUID /data/items/2/max => null
+Skippable: FLUID /data/items/2/skippableOnWrite => true
+ModesOfAValidity: FLUID /data/items/2/validity/Hallow => ["Thermal"]
+NoRestriction: FLUID /data/items/0/validity => null
+ListInRecord: FLUID /data/items/3/item/default/Any/value => false
+ListFlags: FLUID /data/items/3/fillEmptyElementsWithPreviousValue => true
+ChoiceAliases: WELLCTL /data/item/items/0/choices/0/aliases => [{"name":"FLOW","hidden":false},{"name":"OLD","hidden":true}]
+ChoiceDefault: WELLCTL /data/item/items/0/default/Hallow/value => "THP"
+ChoiceUnsupported: WELLCTL /data/item/items/0/choices/2/unsupportedBy => {"Hallow":["BlackOil","Compositional","Thermal"]}
+MinSize: WELLCTL /data/item/items/1/minSize => "1"
+Keys: REPORT /data/assignments/0/keys => ["WELLS","W"]
+KeyValidity: REPORT /data/assignments/0/validSimulators => ["Dunmere","Sedge"]
+Wildcard: REPORT /data/assignments/1/wildcard => true
+RawEnd: REMARKS /data/stringTermination => "ENDREM"
+EndWords: FOPR /data/endWords => ["ENDFOPR"]
+Summary: WOPR /summary => {"entity":"Well","option":"Aquifer"}
+Cell: POROS /cellProperty => {"property":"PORV","components":true,"copyLayerAboveByDefault":true,"dualPorosityMatrixOnly":false}
+SmallReal: POROS /data/item/min => 1e-07
+Scope: BRANCH /scope/endKeywords => [{"name":"FOPR","explicit":false},{"name":"WOPR","explicit":true}]
+NoData: BRANCH /data => null
+)")),
+    CaseName<Row>);
 
-struct Selection {
-    const char* name;
-    const char* arguments;
-    const char* names; // of the keywords listed, each with a blank behind it
-};
-
-class ListFilter : public testing::TestWithParam<Selection> { };
+/// Options, and the keywords listed, each with a blank behind it.
+class ListFilter : public testing::TestWithParam<Row> { };
 
 TEST_P(ListFilter, Selects)
 {
-    const Outcome outcome = RunOn(language, std::string("list --format json ") + GetParam().arguments);
+    const Outcome outcome = RunOn(language, "list --format json " + GetParam().text);
     ASSERT_EQ(outcome.status, 0) << outcome.err;
     std::string names;
     for (const json& row : json::parse(outcome.out))
         names += row["name"].get<std::string>() + ' ';
-    EXPECT_EQ(names, GetParam().names);
+    EXPECT_EQ(names, GetParam().expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Filters, ListFilter,
-    testing::Values(Selection{"Cell", "--cell", "POROS "}, Selection{"Real", "--type real", "POROS "},
-        Selection{"Records", "--type RECORD", "FLUID WELLCTL "}, Selection{"Raw", "--type raw", "REMARKS "},
-        Selection{"Map", "--type map", "REPORT "}, Selection{"Line", "--type line", "FOPR "},
-        Selection{"None", "--type none", "BRANCH "},
-        Selection{"Measurement", "--measurement porosity", "POROS "},
-        Selection{"MeasurementInRecord", "--measurement ratio", "FLUID "},
-        Selection{"Entity", "--entity well", "WOPR "}, Selection{"OptionByName", "--option aquifer", "WOPR "},
-        Selection{"OptionByDocumentText", "--option AQUI", "WOPR "},
-        Selection{"AllCategories", "--entity field --flow production --function RATE --phase Oil", "FOPR "},
-        Selection{"CategoriesThatExclude", "--entity Field --option Aquifer", ""},
-        Selection{"WithOthers", "--type string --text FOPR", ""}),
-    CaseName<Selection>);
+INSTANTIATE_TEST_SUITE_P(Filters, ListFilter, testing::ValuesIn(Rows(R"(
+Cell: --cell => POROS 
+Real: --type real => POROS 
+Records: --type RECORD => FLUID WELLCTL 
+Raw: --type raw => REMARKS 
+Map: --type map => REPORT 
+Line: --type line => FOPR 
+None: --type none => BRANCH 
+Measurement: --measurement porosity => POROS 
+MeasurementInRecord: --measurement ratio => FLUID 
+Entity: --entity well => WOPR 
+OptionByName: --option aquifer => WOPR 
+OptionByDocumentText: --option AQUI => WOPR 
+AllCategories: --entity field --flow production --function RATE --phase Oil => FOPR 
+CategoriesThatExclude: --entity Field --option Aquifer =>
+WithOthers: --type string --text FOPR =>
+)")),
+    CaseName<Row>);
 
 TEST(ListRows, CarryTypeAndCategories)
 {
@@ -289,33 +271,27 @@ TEST(ListMeasurements, CountsTheKeywords)
         json::parse(R"([{"measurement":"Porosity","keywords":1}])"));
 }
 
-struct Refusal {
-    const char* name;
-    const char* arguments;
-    const char* error; // a part of it
-};
-
-class UnknownWord : public testing::TestWithParam<Refusal> { };
+class UnknownWord : public testing::TestWithParam<Row> { };
 
 TEST_P(UnknownWord, IsRefused)
 {
-    const Outcome outcome = RunOn(language, GetParam().arguments);
+    const Outcome outcome = RunOn(language, GetParam().text);
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_TRUE(Holds(outcome.err, GetParam().error)) << outcome.err;
+    EXPECT_TRUE(Holds(outcome.err, GetParam().expected)) << outcome.err;
 }
 
-INSTANTIATE_TEST_SUITE_P(Filters, UnknownWord,
-    testing::Values(Refusal{"Type", "list --type number", "number not in {integer,real,"},
-        Refusal{"Measurement", "list --measurement porosty",
-            "quor: error: --measurement: unknown measurement 'porosty'; did you mean Porosity?\n'quor list "
-            "--measurements' lists all measurements"},
-        Refusal{"FarMeasurement", "list --measurement xyzzy",
-            "quor: error: --measurement: unknown measurement 'xyzzy'\n"},
-        Refusal{"Entity", "list --entity Wells", "Wells not in {Aquifer,Aquifer Gradient,"},
-        Refusal{"EntityOfAnotherCategory", "list --entity Oil", "Oil not in {Aquifer,"},
-        Refusal{"Flow", "list --flow up", "up not in {Injection,Production}"},
-        Refusal{"Option", "list --option ''", " not in {API,Aquifer,Conductive Fault,Flow}"}),
-    CaseName<Refusal>);
+INSTANTIATE_TEST_SUITE_P(Filters, UnknownWord, testing::ValuesIn(Rows(R"(
+Type: list --type number => number not in {integer,real,
+Measurement: list --measurement porosty =>
+    quor: error: --measurement: unknown measurement 'porosty'; did you mean Porosity?
+    'quor list --measurements' lists all measurements
+FarMeasurement: list --measurement xyzzy => quor: error: --measurement: unknown measurement 'xyzzy'\n
+Entity: list --entity Wells => Wells not in {Aquifer,Aquifer Gradient,
+EntityOfAnotherCategory: list --entity Oil => Oil not in {Aquifer,
+Flow: list --flow up => up not in {Injection,Production}
+Option: list --option '' =>  not in {API,Aquifer,Conductive Fault,Flow}
+)")),
+    CaseName<Row>);
 
 } // namespace

@@ -23,48 +23,39 @@ Outcome RunSmall(const std::string& arguments)
 
 const std::string decks = QUOR_SOURCE_DIR "/examples/decks/";
 
-struct Refusal {
-    const char* name;
-    const char* arguments;
-    const char* error; // a part of it
-};
-
-class Usage : public testing::TestWithParam<Refusal> { };
+class Usage : public testing::TestWithParam<Row> { };
 
 TEST_P(Usage, IsRefused)
 {
-    const Outcome outcome = RunQuor(GetParam().arguments);
+    const Outcome outcome = RunQuor(GetParam().text);
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_TRUE(Holds(outcome.err, GetParam().error)) << outcome.err;
+    EXPECT_TRUE(Holds(outcome.err, GetParam().expected)) << outcome.err;
 }
 
-INSTANTIATE_TEST_SUITE_P(Arguments, Usage,
-    testing::Values(Refusal{"None", "", "Subcommands:"},
-        Refusal{"UnknownSubcommand", "chekc x", "unknown command 'chekc'; did you mean check?"},
-        Refusal{
-            "UnknownOption", "list --sections GRID", "unknown option '--sections'; did you mean --section?"},
-        Refusal{"UnknownSection", "list --section GIRD", "GIRD not in {RUNSPEC,GRID,"},
-        Refusal{"UnknownSimulator", "check x --simulator Nobody", "{Carrow,Dunmere,"},
-        Refusal{"UnknownMode", "list --mode Cold", "{BlackOil,Compositional,Thermal}"},
-        Refusal{"UnknownFormat", "list --format xml", "{text,json}"},
-        Refusal{"ShowNothing", "show", "quor show --help"},
-        Refusal{"TwoSubcommands", "man list", "unexpected argument 'list'"},
-        Refusal{"UnknownShell", "completion tcsh", "{bash,zsh,fish}"},
-        Refusal{"OptionWithoutValue", "check x --baseline", "--baseline"},
-        Refusal{"TwoBaselines", "check x --baseline a --write-baseline b", "excludes"},
-        Refusal{"MissingBaseline", "check x --baseline /none --format json",
-            "the baseline '/none': No such file"},
-        Refusal{
-            "NegativeLimit", "check x --max-findings=-1", "'-1' is not a whole number; expected 0 or more"},
-        Refusal{"MissingDeck", "check /none.data --format json", "can't read '/none.data': No such file"},
-        Refusal{"InfoOnNothing", "info /none.data", "can't read '/none.data': No such file"},
-        Refusal{"DiffWithNothing", "diff /none.data /none.data", "can't read '/none.data': No such file"},
-        Refusal{"PortToNowhere", "port x", "--to is required"},
-        Refusal{
-            "PortToNoMode", "port x --to Carrow --mode Thermal", "simulator 'Carrow' has no mode 'Thermal'"},
-        Refusal{"FolderAsDeck", "check /tmp", "is a folder"}),
-    CaseName<Refusal>);
+INSTANTIATE_TEST_SUITE_P(Arguments, Usage, testing::ValuesIn(Rows(R"(
+None:  => Subcommands:
+UnknownSubcommand: chekc x => unknown command 'chekc'; did you mean check?
+UnknownOption: list --sections GRID => unknown option '--sections'; did you mean --section?
+UnknownSection: list --section GIRD => GIRD not in {RUNSPEC,GRID,
+UnknownSimulator: check x --simulator Nobody => {Carrow,Dunmere,
+UnknownMode: list --mode Cold => {BlackOil,Compositional,Thermal}
+UnknownFormat: list --format xml => {text,json}
+ShowNothing: show => quor show --help
+TwoSubcommands: man list => unexpected argument 'list'
+UnknownShell: completion tcsh => {bash,zsh,fish}
+OptionWithoutValue: check x --baseline => --baseline
+TwoBaselines: check x --baseline a --write-baseline b => excludes
+MissingBaseline: check x --baseline /none --format json => the baseline '/none': No such file
+NegativeLimit: check x --max-findings=-1 => '-1' is not a whole number; expected 0 or more
+MissingDeck: check /none.data --format json => can't read '/none.data': No such file
+InfoOnNothing: info /none.data => can't read '/none.data': No such file
+DiffWithNothing: diff /none.data /none.data => can't read '/none.data': No such file
+PortToNowhere: port x => --to is required
+PortToNoMode: port x --to Carrow --mode Thermal => simulator 'Carrow' has no mode 'Thermal'
+FolderAsDeck: check /tmp => is a folder
+)")),
+    CaseName<Row>);
 
 TEST(Help, IsDataAndHasExamples)
 {
