@@ -9,7 +9,6 @@
 
 #include <xercesc/dom/DOM.hpp>
 
-#include <chrono>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -104,29 +103,19 @@ std::string DumpOf(const std::string& text)
     return dom ? Dump(*dom->getDocumentElement()) : "refused";
 }
 
-struct Refused {
-    const char* name;
-    std::string text;
-    const char* place; ///< line:column
-    const char* why; ///< start of the message
-};
-
-class RefusedDocument : public testing::TestWithParam<Refused> { };
-
-constexpr const char* doctype =
-    "a document type declaration is refused; remove <!DOCTYPE ...> and write out its entities";
-constexpr const char* behindRoot = "bytes behind the root element that are not text";
+/// A document, and where and why it is refused, as far as the message goes.
+class RefusedDocument : public testing::TestWithParam<Row> { };
 
 } // namespace
 
 TEST_P(RefusedDocument, IsNullAndTheLogTellsWhere)
 {
+    const auto& [name, text, why, more, options] = GetParam();
     const TemporaryDirectory directory;
-    const std::string path = directory.Write("x.xml", GetParam().text);
-    const std::string why = GetParam().place + ": "s + GetParam().why;
+    const std::string path = directory.Write("x.xml", text);
     LogCapture log;
     XMLDocument document;
-    EXPECT_EQ(document.readMemory(GetParam().text.data(), GetParam().text.size(), "stranger.xml"), nullptr);
+    EXPECT_EQ(document.readMemory(text.data(), text.size(), "stranger.xml"), nullptr);
     EXPECT_EQ(document.read(path.c_str()), nullptr);
     EXPECT_EQ(document.GetDocument(), nullptr);
     ASSERT_EQ(log.Lines().size(), 2U);
@@ -135,79 +124,67 @@ TEST_P(RefusedDocument, IsNullAndTheLogTellsWhere)
     EXPECT_EQ(static_cast<int>(log.Lines()[0].severity), 3);
 }
 
-INSTANTIATE_TEST_SUITE_P(DocumentTypes, RefusedDocument,
-    testing::Values(Refused{"Bare", "<!DOCTYPE r><r/>", "1:13", doctype},
-        Refused{"Entity", "<!DOCTYPE r [<!ENTITY e 'x'>]>\n<r>&e;</r>", "1:13", doctype},
-        Refused{"External", "<!DOCTYPE r SYSTEM 'secret.dtd'><r/>", "1:32", doctype},
-        Refused{"Public", "<!DOCTYPE r PUBLIC '-//x' 'http://localhost/x.dtd'><r/>", "1:51", doctype},
-        Refused{
-            "ParameterEntity", "<!DOCTYPE r [<!ENTITY % p SYSTEM 'secret.dtd'> %p;]><r/>", "1:13", doctype},
-        Refused{"DefaultAttribute", "<!DOCTYPE r [<!ATTLIST r a CDATA 'x'>]><r/>", "1:13", doctype},
-        Refused{"Laughs",
-            "<!DOCTYPE r [<!ENTITY a 'ha'><!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;'><!ENTITY c "
-            "'&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;'>]><r>&c;</r>",
-            "1:13", doctype},
-        Refused{"Quadratic",
-            "<!DOCTYPE r [<!ENTITY a '" + std::string(100'000, 'x') + "'>]><r>" + Repeat("&a;", 100'000)
-                + "</r>",
-            "1:13", doctype},
-        Refused{"Unfinished", "<!DOCTYPE r [", "1:13", doctype}),
-    CaseName<Refused>);
+INSTANTIATE_TEST_SUITE_P(DocumentTypes, RefusedDocument, testing::ValuesIn(Rows(R"(
+Bare: <!DOCTYPE r><r/> => 1:13: a document type declaration is refused; remove <!DOCTYPE ...> and write out its entities
+Entity: <!DOCTYPE r [<!ENTITY e 'x'>]>\n<r>&e;</r> => 1:13: a document type declaration is refused; remove <!DOCTYPE ...> and write out its entities
+External: <!DOCTYPE r SYSTEM 'secret.dtd'><r/> => 1:32: a document type declaration is refused; remove <!DOCTYPE ...> and write out its entities
+Public: <!DOCTYPE r PUBLIC '-//x' 'http://localhost/x.dtd'><r/> => 1:51: a document type declaration is refused; remove <!DOCTYPE ...> and write out its entities
+ParameterEntity: <!DOCTYPE r [<!ENTITY % p SYSTEM 'secret.dtd'> %p;]><r/> => 1:13: a document type declaration is refused; remove <!DOCTYPE ...> and write out its entities
+DefaultAttribute: <!DOCTYPE r [<!ATTLIST r a CDATA 'x'>]><r/> => 1:13: a document type declaration is refused; remove <!DOCTYPE ...> and write out its entities
+Laughs: <!DOCTYPE r [<!ENTITY a 'ha'><!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;'><!ENTITY c '&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;'>]><r>&c;</r> => 1:13: a document type declaration is refused; remove <!DOCTYPE ...> and write out its entities
+Unfinished: <!DOCTYPE r [ => 1:13: a document type declaration is refused; remove <!DOCTYPE ...> and write out its entities
+)")),
+    CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Malformed, RefusedDocument,
-    testing::Values(Refused{"Empty", "", "1:1", "invalid document structure"},
-        Refused{"Blank", " \n", "2:1", "invalid document structure"},
-        Refused{"Text", "hello", "1:1", "invalid document structure"},
-        Refused{"Unclosed", "<r>\n<a></r>", "2:6", "expected end of tag 'a'"},
-        Refused{"Truncated", "<r>\n<a x='1'", "2:9", "whitespace expected"},
-        Refused{
-            "AttributeTwice", "<r a='' a=''/>", "1:13", "attribute 'a' is already specified for element 'r'"},
-        Refused{"UndefinedEntity", "<r>\n &e;</r>", "2:5", "entity 'e' not found"},
-        Refused{"UndefinedEntityInAttribute", "<r a='&e;'/>", "1:10", "entity 'e' not found"},
-        Refused{"ReferenceToSurrogate", "<r>&#xD800;</r>", "1:12", "invalid character reference"},
-        Refused{"ReferenceToNul", "<r>&#0;</r>", "1:8", "invalid character reference"},
-        Refused{"ControlCharacter", "<r>\x01</r>", "1:5", "invalid character 0x1"},
-        Refused{"SecondRoot", "<r/>\n<r/>", "2:1", "comment or processing instruction expected"},
-        Refused{"TextBehindRoot", "<r/>\nx", "2:1", "comment or processing instruction expected"},
-        Refused{"UnknownVersion", "<?xml version='2.0'?><r/>", "1:20", "unsupported XML version '2.0'"},
-        Refused{"LaterVersion", "<?xml version='1.2'?>\n<r/>", "1:22", "unsupported XML version '1.2'"},
-        Refused{"UnknownEncoding", "<?xml version='1.0' encoding='no-such'?><r/>", "1:41",
-            "unable to create converter for 'NO-SUCH' encoding"}),
-    CaseName<Refused>);
+INSTANTIATE_TEST_SUITE_P(Malformed, RefusedDocument, testing::ValuesIn(Rows(R"(
+Empty:  => 1:1: invalid document structure
+Blank:  \n => 2:1: invalid document structure
+Text: hello => 1:1: invalid document structure
+Unclosed: <r>\n<a></r> => 2:6: expected end of tag 'a'
+Truncated: <r>\n<a x='1' => 2:9: whitespace expected
+AttributeTwice: <r a='' a=''/> => 1:13: attribute 'a' is already specified for element 'r'
+UndefinedEntity: <r>\n &e;</r> => 2:5: entity 'e' not found
+UndefinedEntityInAttribute: <r a='&e;'/> => 1:10: entity 'e' not found
+ReferenceToSurrogate: <r>&#xD800;</r> => 1:12: invalid character reference
+ReferenceToNul: <r>&#0;</r> => 1:8: invalid character reference
+ControlCharacter: <r>\x01</r> => 1:5: invalid character 0x1
+SecondRoot: <r/>\n<r/> => 2:1: comment or processing instruction expected
+TextBehindRoot: <r/>\nx => 2:1: comment or processing instruction expected
+UnknownVersion: <?xml version='2.0'?><r/> => 1:20: unsupported XML version '2.0'
+LaterVersion: <?xml version='1.2'?>\n<r/> => 1:22: unsupported XML version '1.2'
+UnknownEncoding: <?xml version='1.0' encoding='no-such'?><r/> => 1:41: unable to create converter for 'NO-SUCH' encoding
+)")),
+    CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Encodings, RefusedDocument,
-    testing::Values(Refused{"InvalidUtf8", "<r>\xC3(</r>", "1:1", "invalid byte '(' at position 2"},
-        Refused{"OverlongUtf8", "<r>\xC0\xAF</r>", "1:1", "invalid byte"},
-        Refused{"SurrogateInUtf8", "<r>\xED\xA0\x80</r>", "1:1", "irregular bytes"},
-        Refused{
-            "LoneSurrogate", "\xFE\xFF\0<\0r\0>\xD8\0\0<\0/\0r\0>"s, "1:5", "leading surrogate character"},
-        Refused{"NulBefore", "\0<r/>"s, "1:1", "invalid document structure"},
-        Refused{"NulIn", "<r>\0</r>"s, "1:4", "input ended before all started tags were ended"},
-        Refused{"NulInComment", "<r/><!-- \0 -->"s, "1:11", "unterminated comment"},
-        Refused{"NulInTag", "<r\0/>"s, "1:3", "unexpected end of input"},
-        Refused{"NulBehind", "<r/>\0"s, "1:5", behindRoot},
-        Refused{"NulAndRootBehind", "<r/>\0<r/>"s, "1:5", behindRoot},
-        Refused{"HalfACharacterBehind", "<r/>\xC3", "1:5", behindRoot},
-        Refused{"OddByteBehind", "\xFE\xFF\0<\0r\0/\0>\0"s, "1:5", behindRoot},
-        Refused{"NoAscii", "<?xml version='1.0' encoding='US-ASCII'?><r>\xE9</r>", "1:42",
-            "char 0xE9 is not representable in 'US-ASCII' encoding"}),
-    CaseName<Refused>);
+INSTANTIATE_TEST_SUITE_P(Encodings, RefusedDocument, testing::ValuesIn(Rows(R"(
+InvalidUtf8: <r>\xC3(</r> => 1:1: invalid byte '(' at position 2
+OverlongUtf8: <r>\xC0\xAF</r> => 1:1: invalid byte
+SurrogateInUtf8: <r>\xED\xA0\x80</r> => 1:1: irregular bytes
+LoneSurrogate: \xFE\xFF\0<\0r\0>\xD8\0\0<\0/\0r\0> => 1:5: leading surrogate character
+NulBefore: \0<r/> => 1:1: invalid document structure
+NulIn: <r>\0</r> => 1:4: input ended before all started tags were ended
+NulInComment: <r/><!-- \0 --> => 1:11: unterminated comment
+NulInTag: <r\0/> => 1:3: unexpected end of input
+NulBehind: <r/>\0 => 1:5: bytes behind the root element that are not text
+NulAndRootBehind: <r/>\0<r/> => 1:5: bytes behind the root element that are not text
+HalfACharacterBehind: <r/>\xC3 => 1:5: bytes behind the root element that are not text
+OddByteBehind: \xFE\xFF\0<\0r\0/\0>\0 => 1:5: bytes behind the root element that are not text
+NoAscii: <?xml version='1.0' encoding='US-ASCII'?><r>\xE9</r> => 1:42: char 0xE9 is not representable in 'US-ASCII' encoding
+)")),
+    CaseName<Row>);
 
 INSTANTIATE_TEST_SUITE_P(Excessive, RefusedDocument,
     testing::Values(
-        Refused{"Deep", Nested(XMLDocument::MaxDepth + 1), "1:772", "elements are nested more than 256 deep"},
-        Refused{"VeryDeep", Repeat("<e>", 100'000), "1:772", "elements are nested more than 256 deep"},
-        Refused{"Attributes", WithAttributes(XMLDocument::MaxAttributes + 1), "1:7904",
-            "an element has more than 1000 attributes"}),
-    CaseName<Refused>);
-
-TEST(RefusedDocuments, AHundredThousandAttributesAreRefusedQuickly)
-{
-    const LogCapture log;
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(DumpOf(WithAttributes(100'000)), "refused");
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
-}
+        Row{"Deep", Nested(XMLDocument::MaxDepth + 1), "1:772: elements are nested more than 256 deep"},
+        Row{"VeryDeep", Repeat("<e>", 100'000), "1:772: elements are nested more than 256 deep"},
+        Row{"Attributes", WithAttributes(XMLDocument::MaxAttributes + 1),
+            "1:7904: an element has more than 1000 attributes"},
+        Row{"ManyAttributes", WithAttributes(100'000), "1:988895: an element has more than 1000 attributes"},
+        Row{"Quadratic",
+            "<!DOCTYPE r [<!ENTITY a '" + std::string(100'000, 'x') + "'>]><r>" + Repeat("&a;", 100'000)
+                + "</r>",
+            "1:13: a document type declaration is refused"}),
+    CaseName<Row>);
 
 TEST(RefusedDocuments, TellNothingOfOtherFiles)
 {
@@ -255,38 +232,32 @@ TEST(RefusedDocuments, AreAllThatAreCutShort)
     }
 }
 
-struct Accepted {
-    const char* name;
-    std::string text;
-    std::string dump;
-};
-
-class AcceptedDocument : public testing::TestWithParam<Accepted> { };
+class AcceptedDocument : public testing::TestWithParam<Row> { };
 
 TEST_P(AcceptedDocument, IsReadAsItStands)
 {
     LogCapture log;
-    EXPECT_EQ(DumpOf(GetParam().text), GetParam().dump);
+    EXPECT_EQ(DumpOf(GetParam().text), GetParam().expected);
     EXPECT_EQ(log.Text(), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, AcceptedDocument,
-    testing::Values(Accepted{"Smallest", "<r/>", "r{}"},
-        Accepted{"WhiteSpaceIsKept", "<r>\n <a/>\t</r>", "r{'\n 'a{}'\t'}"},
-        Accepted{"CommentsAreKept", "<r><!-- c --><a/><?p i?></r>", "r{! c a{}?p i}"},
-        Accepted{"CdataIsKept", "<r>a<![CDATA[<b>]]>c</r>", "r{'a'[<b>]'c'}"},
-        Accepted{"ColonsArePlain", "<x:r y:a='1' xmlns='u'/>", "x:r[xmlns=u][y:a=1]{}"},
-        Accepted{"OwnEntities", "<r>&lt;&gt;&amp;&apos;&quot;&#233;</r>", "r{'<>&'\"\xC3\xA9'}"},
-        Accepted{"BehindTheRoot", "<r/> \n<!-- c -->\t<?p i?>\r\n", "r{}"},
-        Accepted{"BlankBehindTheRoot", "<r/>" + std::string(100'000, ' '), "r{}"},
-        Accepted{"LongName", "<" + std::string(1'000'000, 'n') + "/>", std::string(1'000'000, 'n') + "{}"},
-        Accepted{"LongAttribute", "<r a='" + std::string(1'000'000, 'v') + "'/>",
+    testing::Values(Row{"Smallest", "<r/>", "r{}"},
+        Row{"WhiteSpaceIsKept", "<r>\n <a/>\t</r>", "r{'\n 'a{}'\t'}"},
+        Row{"CommentsAreKept", "<r><!-- c --><a/><?p i?></r>", "r{! c a{}?p i}"},
+        Row{"CdataIsKept", "<r>a<![CDATA[<b>]]>c</r>", "r{'a'[<b>]'c'}"},
+        Row{"ColonsArePlain", "<x:r y:a='1' xmlns='u'/>", "x:r[xmlns=u][y:a=1]{}"},
+        Row{"OwnEntities", "<r>&lt;&gt;&amp;&apos;&quot;&#233;</r>", "r{'<>&'\"\xC3\xA9'}"},
+        Row{"BehindTheRoot", "<r/> \n<!-- c -->\t<?p i?>\r\n", "r{}"},
+        Row{"BlankBehindTheRoot", "<r/>" + std::string(100'000, ' '), "r{}"},
+        Row{"LongName", "<" + std::string(1'000'000, 'n') + "/>", std::string(1'000'000, 'n') + "{}"},
+        Row{"LongAttribute", "<r a='" + std::string(1'000'000, 'v') + "'/>",
             "r[a=" + std::string(1'000'000, 'v') + "]{}"},
-        Accepted{"DeepAsAllowed", Nested(XMLDocument::MaxDepth),
+        Row{"DeepAsAllowed", Nested(XMLDocument::MaxDepth),
             Repeat("e{", XMLDocument::MaxDepth) + Repeat("}", XMLDocument::MaxDepth)},
-        Accepted{"DeepAndBroad", "<r>" + Repeat(Nested(XMLDocument::MaxDepth - 1) + "<b/>", 2) + "</r>",
+        Row{"DeepAndBroad", "<r>" + Repeat(Nested(XMLDocument::MaxDepth - 1) + "<b/>", 2) + "</r>",
             "r{" + Repeat(Repeat("e{", 255) + Repeat("}", 255) + "b{}", 2) + "}"}),
-    CaseName<Accepted>);
+    CaseName<Row>);
 
 TEST(AcceptedDocuments, HaveAsManyAttributesAsAllowed)
 {
@@ -391,7 +362,9 @@ TEST(DomText, IsUtf8AndEmptyWhereThereIsNone)
     EXPECT_FALSE(GetAttributeValueEqual(root, Tags::Type(), u"")) << "an absent one equals nothing";
     EXPECT_TRUE(HasChildTagName(root, Tags::Item()));
     EXPECT_FALSE(HasChildTagName(root, Tags::Keyword())) << "a grandchild";
-    EXPECT_EQ(GetElementText(root), "a\xE2\x82\xACb");
+    EXPECT_EQ(GetElementText(root),
+        "a\xE2\x82\xAC"
+        "b");
     EXPECT_STREQ(XToC(u"a\u00E9\u20AC\U0001D11E"), "a\xC3\xA9\xE2\x82\xAC\xF0\x9D\x84\x9E");
     EXPECT_STREQ(XToC(nullptr), "");
 }

@@ -23,8 +23,8 @@ struct Row {
     std::string name;
     std::string text;
     std::string expected;
-    std::string more;
-    std::string options;
+    std::string more = {};
+    std::string options = {};
 };
 
 /// Reads a table with a case a line, `Name: text => expected => more` or `Name (options): ...`, of which the
