@@ -14,6 +14,9 @@ endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
     -Woverloaded-virtual -Wcast-qual)
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    add_compile_options(-Wno-restrict) # false of "text" + std::string; the address sanitizer sees real overlaps
+endif()
 
 # An exported, versioned shared library: libveld-quor-NAME.so, Veld::TARGET.
 function(veld_quor_library target name)
@@ -36,4 +39,29 @@ function(veld_quor_library target name)
     endif()
     install(TARGETS ${target} EXPORT VeldQuorKeywordsTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+endfunction()
+
+option(VELD_QUOR_WHOLE_BUILDS "Compile many files at once: for whole builds, less for work on a file" OFF)
+
+# Files of a target that are compiled together. What they have in unnamed namespaces needs names of its own; the
+# warnings that see one file's names from another are left to the builds that compile each file by itself.
+function(veld_quor_batches target size)
+    if(VELD_QUOR_WHOLE_BUILDS)
+        set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${size}
+            UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include): one of the batch")
+        target_compile_options(${target} PRIVATE -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+    endif()
+endfunction()
+
+# Headers that the files of a target share, read once. A target with the flags of another can have what was
+# precompiled for that one: veld_quor_precompile(TARGET REUSE_FROM OTHER).
+function(veld_quor_precompile target)
+    if(NOT VELD_QUOR_WHOLE_BUILDS)
+        return()
+    endif()
+    if(ARGV1 STREQUAL REUSE_FROM)
+        target_precompile_headers(${target} REUSE_FROM ${ARGV2})
+    else()
+        target_precompile_headers(${target} PRIVATE ${ARGN})
+    endif()
 endfunction()

@@ -30,7 +30,7 @@ using MDType = IKeywordDataMD::MDType;
 
 namespace {
 
-using Kind = Loss::Kind;
+using LossKind = Loss::Kind;
 
 bool IsValidFor(const IValidityMD& validity, const Target& target)
 {
@@ -57,11 +57,11 @@ public:
 
 private:
     /// What is reported once, with a count: kind, keyword, section of one that is lost, item, detail.
-    using Key = std::tuple<Kind, const IKeywordSyntax*, SectionType::Enum, std::string, std::string>;
+    using Key = std::tuple<LossKind, const IKeywordSyntax*, SectionType::Enum, std::string, std::string>;
     /// What becomes of a value that is left out.
     struct LeftOut {
         bool isLost;
-        Kind kind;
+        LossKind kind;
         std::string detail;
     };
 
@@ -76,7 +76,8 @@ private:
     void VisitLeftOut(const IKeywordDataMD& md, std::size_t count = 1);
     const LeftOut& GetLeftOut(const IKeywordDataMD& md);
 
-    void Report(Kind kind, const std::string& item, const std::string& detail = {}, std::size_t count = 1);
+    void Report(
+        LossKind kind, const std::string& item, const std::string& detail = {}, std::size_t count = 1);
 
     const DeckContents& deck_;
     Target from_;
@@ -104,7 +105,7 @@ void LossFinder::Visit(const KeywordInstance& keyword)
     keyword_ = &keyword;
     range_ = keyword.name;
     if (IsKeywordLost(keyword)) {
-        Report(Kind::KeywordNotValid, {});
+        Report(LossKind::KeywordNotValid, {});
         return;
     }
     if (!keyword.data)
@@ -153,14 +154,14 @@ void LossFinder::VisitItem(const IKeywordRecordMD& md, int index, const void* it
     const ScalarValue value = isScalar ? ItemValue(itemMD, item) : ScalarValue();
     if (!IsValidFor(md.GetValidity(index), to_)) {
         if (IsGiven(value) && IsValidFor(md.GetValidity(index), from_))
-            Report(Kind::ItemNotValid, ItemName(itemMD));
+            Report(LossKind::ItemNotValid, ItemName(itemMD));
     } else if (!isScalar) {
         Visit(*static_cast<const IKeywordData*>(item));
     } else if (!IsGiven(value)) {
         VisitLeftOut(itemMD);
     } else if (IsUnsupportedBy(md.GetUnsupportedBy(index), to_)) {
         if (!IsUnsupportedBy(md.GetUnsupportedBy(index), from_))
-            Report(Kind::ItemUnsupported, ItemName(itemMD));
+            Report(LossKind::ItemUnsupported, ItemName(itemMD));
     } else {
         VisitValue(itemMD, value);
     }
@@ -201,7 +202,7 @@ void LossFinder::VisitMap(const IKeywordMapData& map)
         const bool wasValid = from_.simulator == SimulatorType::Any || md.IsValid(from_.simulator);
         if (!md.IsValid(to_.simulator)) {
             if (isGiven && wasValid)
-                Report(Kind::ItemNotValid, ItemName(md));
+                Report(LossKind::ItemNotValid, ItemName(md));
         } else if (!isGiven) {
             VisitLeftOut(md);
         }
@@ -218,10 +219,10 @@ void LossFinder::VisitValue(const IKeywordDataMD& md, const ScalarValue& value)
         return;
     if (!IsValidFor(choice.GetValidity(index), to_)) {
         if (IsValidFor(choice.GetValidity(index), from_))
-            Report(Kind::ChoiceNotValid, ItemName(md), choice.GetChoice(index));
+            Report(LossKind::ChoiceNotValid, ItemName(md), choice.GetChoice(index));
     } else if (IsUnsupportedBy(choice.GetUnsupportedBy(index), to_)
         && !IsUnsupportedBy(choice.GetUnsupportedBy(index), from_)) {
-        Report(Kind::ChoiceUnsupported, ItemName(md), choice.GetChoice(index));
+        Report(LossKind::ChoiceUnsupported, ItemName(md), choice.GetChoice(index));
     }
 }
 
@@ -240,14 +241,15 @@ const LossFinder::LeftOut& LossFinder::GetLeftOut(const IKeywordDataMD& md)
         return known->second;
     const DefaultValue from = DefaultOf(md, from_.simulator);
     const DefaultValue to = DefaultOf(md, to_.simulator);
-    LeftOut leftOut{from.isThere && !(from == to), to.isThere ? Kind::OtherDefault : Kind::NoDefault,
+    LeftOut leftOut{from.isThere && !(from == to), to.isThere ? LossKind::OtherDefault : LossKind::NoDefault,
         fmt::format("{} -> {}", ToText(md, from), ToText(md, to))};
     return leftOut_.emplace(&md, std::move(leftOut)).first->second;
 }
 
-void LossFinder::Report(Kind kind, const std::string& item, const std::string& detail, std::size_t count)
+void LossFinder::Report(LossKind kind, const std::string& item, const std::string& detail, std::size_t count)
 {
-    const SectionType::Enum section = kind == Kind::KeywordNotValid ? keyword_->section : SectionType::None;
+    const SectionType::Enum section =
+        kind == LossKind::KeywordNotValid ? keyword_->section : SectionType::None;
     const auto [position, isNew] =
         positions_.try_emplace({kind, keyword_->syntax, section, item, detail}, losses_.size());
     if (isNew)

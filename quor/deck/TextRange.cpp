@@ -10,7 +10,7 @@ namespace Veld::Quor::Core::Decks {
 namespace {
 
 /// An insertion comes before what replaces the bytes that follow it.
-bool IsBefore(const TextEdit& a, const TextEdit& b)
+bool GoesBefore(const TextEdit& a, const TextEdit& b)
 {
     if (a.range.offset != b.range.offset)
         return a.range.offset < b.range.offset;
@@ -21,7 +21,7 @@ bool IsBefore(const TextEdit& a, const TextEdit& b)
 
 std::string ApplyEdits(std::string_view text, std::vector<TextEdit> edits)
 {
-    std::stable_sort(edits.begin(), edits.end(), IsBefore);
+    std::stable_sort(edits.begin(), edits.end(), GoesBefore);
     std::string changed;
     std::size_t position = 0;
     for (const TextEdit& edit : edits) {

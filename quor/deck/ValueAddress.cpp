@@ -1,5 +1,7 @@
 #include "quor/deck/ValueAddress.h"
 
+#include "quor/deck/internal/text/LineText.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -9,12 +11,7 @@ namespace Veld::Quor::Core::Decks {
 
 namespace {
 
-bool IsQuote(char c)
-{
-    return c == '\'' || c == '"';
-}
-
-bool IsBlank(char c)
+bool IsWhite(char c)
 {
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
@@ -24,7 +21,7 @@ bool IsBare(std::string_view text)
 {
     constexpr std::string_view special = "[],.@#";
     return !text.empty() && std::none_of(text.begin(), text.end(), [&](char c) {
-        return IsBlank(c) || IsQuote(c) || special.find(c) != std::string_view::npos;
+        return IsWhite(c) || IsQuote(c) || special.find(c) != std::string_view::npos;
     });
 }
 
@@ -102,7 +99,7 @@ bool AddressParser::Take(char c)
 
 void AddressParser::SkipBlanks()
 {
-    while (position_ < text_.size() && IsBlank(text_[position_]))
+    while (position_ < text_.size() && IsWhite(text_[position_]))
         ++position_;
 }
 
@@ -112,7 +109,7 @@ std::string AddressParser::TakeText(std::string_view ends, Sentence missing)
     if (position_ < text_.size() && IsQuote(text_[position_]))
         return TakeQuoted();
     const std::size_t begin = position_;
-    while (position_ < text_.size() && !IsBlank(text_[position_])
+    while (position_ < text_.size() && !IsWhite(text_[position_])
         && ends.find(text_[position_]) == std::string_view::npos && !IsQuote(text_[position_]))
         ++position_;
     if (position_ == begin)

@@ -4,7 +4,7 @@ namespace Veld::Quor::Core::Keywords {
 
 namespace {
 
-constexpr char mark = '$';
+constexpr char variableMark = '$';
 constexpr const char* delimiters = "$ \t\n.*\\/"; // Wanted: a carriage return is none.
 
 /// Follows comments through a text: from the second of two hyphens to the end of the line.
@@ -33,7 +33,7 @@ VariablesString::VariablesString() = default;
 VariablesString::VariablesString(const std::string& text)
     : text_(text)
 {
-    if (text_.find(mark) != std::string::npos)
+    if (text_.find(variableMark) != std::string::npos)
         Parse();
 }
 
@@ -45,11 +45,11 @@ VariablesString::~VariablesString() = default;
 
 bool VariablesString::ContainsVariables(const std::string& text)
 {
-    if (text.find(mark) == std::string::npos)
+    if (text.find(variableMark) == std::string::npos)
         return false;
     CommentScan scan;
     for (const char c : text) {
-        if (!scan.Take(c) && c == mark)
+        if (!scan.Take(c) && c == variableMark)
             return true;
     }
     return false;
@@ -59,7 +59,7 @@ void VariablesString::Parse()
 {
     CommentScan scan;
     for (std::string::size_type at = 0; at < text_.size();) {
-        if (scan.Take(text_[at]) || text_[at] != mark) {
+        if (scan.Take(text_[at]) || text_[at] != variableMark) {
             ++at;
             continue;
         }

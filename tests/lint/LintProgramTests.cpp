@@ -188,12 +188,11 @@ std::string Many(int count)
     return Document(text);
 }
 
-TEST(ManyKeywords, AreCheckedInAMomentAndLimitWhatIsReported)
+TEST(ManyKeywords, AreCheckedAndLimitWhatIsReported) // each with each, it would take hours
 {
     std::vector<Lint::Document> documents;
     documents.push_back(Lint::Document::ReadText(Many(20'000), "many.xml"));
-    const auto report =
-        LintDocuments(documents, 5); // quadratic, it would take minutes: the time limit of the test
+    const auto report = LintDocuments(documents, 5);
     EXPECT_EQ(report.keywords[0], 20'000U);
     EXPECT_EQ(report.findings.GetKept().size(), 5U);
     EXPECT_GT(report.findings.GetOmittedCount(), 60'000U);

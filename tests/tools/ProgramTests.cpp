@@ -256,8 +256,9 @@ TEST(Output, ThatCannotBeWrittenIsAFailure)
     EXPECT_EQ(
         RunShell("chmod 640 " + deck + "; \"$QUOR\" format --in-place " + deck + "; stat -c %a " + deck).out,
         "640\n");
-    // The reader is gone before the first write.
-    EXPECT_EQ(RunShell("{ sleep 0.2; \"$QUOR\" list; echo status $? >&2; } | true").err, "status 2\n");
+    const std::string pipe = Quote(folder.Path() / "pipe");
+    const std::string withoutReader = "mkfifo " + pipe + "; true <" + pipe + " & exec 3>" + pipe + "; wait; ";
+    EXPECT_EQ(RunShell(withoutReader + "\"$QUOR\" list >&3; echo status $? >&2").err, "status 2\n");
 }
 
 } // namespace

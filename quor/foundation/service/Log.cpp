@@ -8,14 +8,14 @@ namespace Veld::Quor::Core::Service {
 
 namespace {
 
-struct Target {
+struct LogTarget {
     std::mutex mutex;
     LogHandler handler;
 };
 
-Target& TheTarget()
+LogTarget& TheLogTarget()
 {
-    static auto& target = *new Target; // never freed: a host may log from a destructor at exit
+    static auto& target = *new LogTarget; // never freed: a host may log from a destructor at exit
     return target;
 }
 
@@ -42,7 +42,7 @@ void Log::SendLogMessage(const char* text, MessageSeverity severity)
 {
     LogHandler handler; // a copy, called without the lock: a handler may log or set another one
     {
-        Target& target = TheTarget();
+        LogTarget& target = TheLogTarget();
         const std::lock_guard lock(target.mutex);
         handler = target.handler;
     }
@@ -54,7 +54,7 @@ void Log::SendLogMessage(const char* text, MessageSeverity severity)
 
 LogHandler Log::SetHandler(LogHandler handler)
 {
-    Target& target = TheTarget();
+    LogTarget& target = TheLogTarget();
     const std::lock_guard lock(target.mutex);
     return std::exchange(target.handler, std::move(handler));
 }

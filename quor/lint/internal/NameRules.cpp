@@ -69,7 +69,7 @@ std::vector<Name> ListNames(const std::vector<Definition>& definitions)
     return names;
 }
 
-void CheckText(const Name& name)
+void CheckNameText(const Name& name)
 {
     const std::string& text = *name.text;
     const Reporter& reporter = name.definition->reporter;
@@ -226,7 +226,7 @@ void CheckNames(const std::vector<Definition>& definitions,
         known.AddAll(*definition.keyword);
     const auto isKnown = [&](const std::string& name) { return known.Has(name) || isKnownElsewhere(name); };
     const std::vector<Name> names = ListNames(definitions);
-    std::for_each(names.begin(), names.end(), CheckText);
+    std::for_each(names.begin(), names.end(), CheckNameText);
     CheckTwice(names);
     CheckKeys(definitions);
     CheckWildcards(names);

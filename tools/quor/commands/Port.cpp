@@ -38,14 +38,14 @@ struct PortCommandOptions {
     bool isJson = false;
 };
 
-struct KindRow {
+struct LossRow {
     const char* code; ///< stable, for programs to go by
     const char* heading;
 };
 
-const KindRow& RowOf(Loss::Kind kind)
+const LossRow& RowOf(Loss::Kind kind)
 {
-    static constexpr KindRow rows[] = {{"keyword-not-valid", "keywords that are not valid"},
+    static constexpr LossRow rows[] = {{"keyword-not-valid", "keywords that are not valid"},
         {"item-not-valid", "values that are not accepted"},
         {"item-unsupported", "values that are accepted but ignored"},
         {"choice-not-valid", "choices that are not accepted"},

@@ -4,6 +4,7 @@
 #include "tools/quor/terminal/Terminal.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <algorithm>
 #include <sstream>
@@ -16,13 +17,18 @@ namespace {
 constexpr std::size_t gap = 2;
 constexpr std::size_t narrowest = 24; // of a column that wraps, on however narrow a terminal
 
+} // namespace
+
 std::string TrimEnd(std::string line)
 {
     line.erase(line.find_last_not_of(' ') + 1);
     return line;
 }
 
-} // namespace
+std::string Join(const std::vector<std::string>& words, const char* separator)
+{
+    return fmt::format("{}", fmt::join(words, separator));
+}
 
 std::string ToUpper(std::string text)
 {

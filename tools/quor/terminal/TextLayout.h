@@ -11,6 +11,10 @@ namespace Veld::Quor::Tools {
 std::string ToUpper(std::string text);
 std::string ToLower(std::string text);
 
+/// Without the blanks at its end.
+std::string TrimEnd(std::string line);
+std::string Join(const std::vector<std::string>& words, const char* separator = ", ");
+
 /// The words of `text` behind `head`, on lines of at most `width` characters where the words allow; further
 /// lines are indented to `indent`. Ends in a line end; empty if there are no words and no head.
 std::string Wrap(const std::string& head, std::string_view text, std::size_t indent, std::size_t width);

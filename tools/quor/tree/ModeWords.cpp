@@ -1,7 +1,8 @@
 #include "tools/quor/tree/ModeWords.h"
 
+#include "tools/quor/terminal/TextLayout.h"
+
 #include <fmt/format.h>
-#include <fmt/ranges.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -15,11 +16,6 @@ using namespace Core::Keywords;
 namespace {
 
 using Words = std::vector<std::string>;
-
-std::string Join(const Words& words, const char* separator = ", ")
-{
-    return fmt::format("{}", fmt::join(words, separator));
-}
 
 template <class Combine>
 ModeTable Combined(const ModeTable& a, const ModeTable& b, Combine combine)

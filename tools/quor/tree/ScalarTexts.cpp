@@ -1,12 +1,12 @@
 #include "tools/quor/tree/ScalarTexts.h"
 
 #include "quor/metadata/VisitMD.h"
+#include "tools/quor/terminal/TextLayout.h"
 #include "tools/quor/tree/Defaults.h"
 #include "tools/quor/tree/MetadataFacts.h"
 #include "tools/quor/tree/ModeWords.h"
 
 #include <fmt/format.h>
-#include <fmt/ranges.h>
 
 #include <algorithm>
 #include <utility>
@@ -19,12 +19,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-std::string Join(const Words& words, const char* separator = ", ")
-{
-    return fmt::format("{}", fmt::join(words, separator));
-}
-
-std::string ToText(const Value& value, MDType::Enum type)
+std::string ValueText(const Value& value, MDType::Enum type)
 {
     return std::visit(Overloaded{[](std::monostate) { return std::string("an unknown choice"); },
                           [](bool flag) { return std::string(flag ? "YES" : "NO"); },
@@ -35,7 +30,7 @@ std::string ToText(const Value& value, MDType::Enum type)
         value);
 }
 
-std::string ToText(const Default& value, MDType::Enum type)
+std::string ValueText(const Default& value, MDType::Enum type)
 {
     switch (value.type) {
     case Default::Type::None:
@@ -45,7 +40,7 @@ std::string ToText(const Default& value, MDType::Enum type)
     case Default::Type::Specified:
         break;
     }
-    return ToText(value.value, type);
+    return ValueText(value.value, type);
 }
 
 void AddDefaults(ScalarTexts& texts, const Defaults& defaults, MDType::Enum type)
@@ -63,9 +58,9 @@ void AddDefaults(ScalarTexts& texts, const Defaults& defaults, MDType::Enum type
     for (const SimulatorDefault& row : own) {
         if (!(row.value == main))
             others.push_back(
-                fmt::format("{} {}", SimulatorType::ToString(row.simulator), ToText(row.value, type)));
+                fmt::format("{} {}", SimulatorType::ToString(row.simulator), ValueText(row.value, type)));
     }
-    texts.defaultText = ToText(main, type);
+    texts.defaultText = ValueText(main, type);
     texts.otherDefaults = Join(others);
 }
 

@@ -77,7 +77,7 @@ Json ToJson(const ModeTable& table)
     return json;
 }
 
-Json ValidityJson(const IValidityMD& validity)
+Json ModesJson(const IValidityMD& validity)
 {
     const ModeTable table = ModesOf(validity);
     return table == AllModes() ? Json() : ToJson(table);
@@ -171,7 +171,7 @@ void NodeJson::Add(Json& json, const IKeywordChoiceMD& md) const
         for (const auto& [name, isHidden] : AliasesOf(md, i))
             aliases.push_back({{"name", name}, {"hidden", isHidden}});
         json["choices"].push_back(
-            {{"text", md.GetChoice(i)}, {"aliases", aliases}, {"validity", ValidityJson(md.GetValidity(i))},
+            {{"text", md.GetChoice(i)}, {"aliases", aliases}, {"validity", ModesJson(md.GetValidity(i))},
                 {"unsupportedBy", ToJson(ModesOf(md.GetUnsupportedBy(i)))}});
     }
 }
@@ -247,7 +247,7 @@ Json NodeJson::ItemJson(const IKeywordRecordMD& record, int index) const
         {"skippableOnRead", skippable && skippable->IsSkippableOnRead(place)},
         {"skippableOnWrite", skippable && skippable->IsSkippableOnWrite(place)},
         {"columnConstraint", column.empty() ? Json() : Json(column)},
-        {"validity", ValidityJson(record.GetValidity(index))},
+        {"validity", ModesJson(record.GetValidity(index))},
         {"unsupportedBy", ToJson(ModesOf(record.GetUnsupportedBy(index)))}};
     AddTo(json, md);
     return json;

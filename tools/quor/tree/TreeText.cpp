@@ -8,7 +8,6 @@
 #include "tools/quor/tree/ScalarTexts.h"
 
 #include <fmt/format.h>
-#include <fmt/ranges.h>
 
 #include <iterator>
 #include <string>
@@ -22,11 +21,6 @@ using namespace Core::Keywords;
 namespace {
 
 using Words = std::vector<std::string>;
-
-std::string Join(const Words& words, const char* separator = ", ")
-{
-    return fmt::format("{}", fmt::join(words, separator));
-}
 
 void Append(Words& words, Words&& more)
 {

@@ -4,6 +4,7 @@
 #include "quor/foundation/SimulatorModeType.h"
 #include "quor/foundation/SimulatorType.h"
 #include "quor/syntax/KeywordSyntaxUtils.h"
+#include "tools/quor/terminal/TextLayout.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
@@ -24,7 +25,7 @@ char LetterOf(SimulatorModeType::Enum mode)
 }
 
 /// The modes that the simulator has at all, by letter.
-std::string ModesOf(SimulatorType::Enum simulator)
+std::string ModeCell(SimulatorType::Enum simulator)
 {
     std::string letters;
     for (const auto& mode : SimulatorModeType::EnumInfos()) {
@@ -46,7 +47,7 @@ struct Row {
     bool IsFull() const
     {
         return std::all_of(std::begin(cells), std::end(cells),
-            [this](const std::string& cell) { return cell == ModesOf(simulator); });
+            [this](const std::string& cell) { return cell == ModeCell(simulator); });
     }
 };
 
@@ -80,12 +81,6 @@ std::string Cell(int section, const std::string& text)
 {
     const std::string& head = SectionType::ToString(static_cast<SectionType::Enum>(section));
     return fmt::format("{:{}}", text, head.size() + 2);
-}
-
-std::string TrimEnd(std::string line)
-{
-    line.erase(line.find_last_not_of(' ') + 1);
-    return line;
 }
 
 std::string HeadLine(const std::vector<Row>& rows)

@@ -32,7 +32,7 @@ double PeriodAt(const IKeywordListData& periods, std::size_t i)
     return *static_cast<const double*>(periods.GetData(i));
 }
 
-const IKeywordRecordData& RecordAt(const IKeywordListData& list, std::size_t i)
+const IKeywordRecordData& DateAt(const IKeywordListData& list, std::size_t i)
 {
     return static_cast<const IKeywordRecordData&>(*static_cast<const IKeywordData*>(list.GetData(i)));
 }
@@ -93,7 +93,7 @@ void TimeLine::FollowDates(const KeywordInstance& keyword, bool isSound)
     const IKeywordListData& dates = ListOf(keyword);
     const auto size = static_cast<std::size_t>(dates.GetSize());
     for (std::size_t i = 0; i < size; ++i) {
-        const IKeywordRecordData& record = RecordAt(dates, i);
+        const IKeywordRecordData& record = DateAt(dates, i);
         const Time time = DataAccessUtils::GetTime(record); // MinTime for what is no date
         if (isSound)
             CheckDate(time, record, RangeOf(keyword, i));
