@@ -2,7 +2,7 @@
 
 .DEFAULT_GOAL := help
 .PHONY: help run test setup-run setup-test build-release build-test build-asan build-fuzz build-benchmark \
-    check-format check-release check-asan check-threads check-lint format schema benchmark fuzz docs install clean
+    check-format check-release check-asan check-threads check-lint lint-all format schema benchmark fuzz docs install clean
 
 SOURCES = $(shell find quor tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt)
@@ -56,15 +56,19 @@ check-asan: setup-test build-asan
 	@$(call run_tests,asan)
 
 check-threads: setup-test configure-tsan
-	@echo "== shared data under the thread sanitizer"
-	@cmake --build --preset tsan --target data-tests deck-tests -- --quiet
+	@echo "== each file by itself, and shared data under the thread sanitizer"
+	@cmake --build --preset tsan --target quor data-tests deck-tests -- --quiet
 	@build/tsan/bin/data-tests --gtest_brief=1 --gtest_filter='SharedTree*'
 	@build/tsan/bin/deck-tests --gtest_brief=1
 
-check-lint: setup-test build-asan
+# What the analyzer reads: `changed`, the files that differ from the parent of the branch, or `all`.
+LINT ?= changed
+check-lint: setup-test build-asan configure-tsan
 	@echo "== lint"
-	@run-clang-tidy -quiet -p build/asan '^$(CURDIR)/(quor|tools|tests|benchmarks|language)/' >build/lint.log 2>&1 \
-	    || { grep -E 'warning:|error:|note:' build/lint.log; exit 1; }
+	@cmake/lint.sh $(LINT)
+
+lint-all: ## Lint all files, the unchanged too
+	@$(MAKE) --no-print-directory check-lint LINT=all
 
 # All that the tests print if one fails, else the count alone.
 run_tests = ctest --preset $(1) -j $$(nproc) --quiet --output-log build/$(1)-tests.log || \
