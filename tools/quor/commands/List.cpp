@@ -6,8 +6,8 @@
 #include "tools/quor/terminal/Json.h"
 #include "tools/quor/terminal/Terminal.h"
 #include "tools/quor/terminal/TextLayout.h"
-#include "tools/quor/tree/MetadataFacts.h"
 #include "tools/quor/tree/Measurements.h"
+#include "tools/quor/tree/MetadataFacts.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
