@@ -18,9 +18,9 @@ namespace {
 struct RefusalRow {
     const char* name;
     const char* deck;
-    Change change;
+    EditStep change;
     const char* message;
-    Change before = {};
+    EditStep before = {};
 };
 
 class Refusals : public testing::TestWithParam<RefusalRow> { };

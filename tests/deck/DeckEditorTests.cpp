@@ -22,7 +22,7 @@ namespace {
 struct EditRow {
     const char* name;
     const char* deck; ///< after its first line
-    Change change;
+    EditStep change;
     const char* changed;
 };
 

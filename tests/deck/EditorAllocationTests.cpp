@@ -41,8 +41,8 @@ ROWS
 
 struct AllocationRow {
     const char* name;
-    Change change;
-    Change earlier = {};
+    EditStep change;
+    EditStep earlier = {};
 };
 
 class EditAllocation : public testing::TestWithParam<AllocationRow> { };

@@ -5,17 +5,17 @@ namespace Veld::Quor::Tests {
 using namespace Core::Decks;
 using Core::Keywords::SectionType;
 
-Change Set(const char* address, const NewValue& value)
+EditStep Set(const char* address, const NewValue& value)
 {
     return [=](DeckEditor& editor, const Deck& /*deck*/) { editor.SetValue(address, value); };
 }
 
-Change Clear(const char* address)
+EditStep Clear(const char* address)
 {
     return [=](DeckEditor& editor, const Deck& /*deck*/) { editor.ClearValue(address); };
 }
 
-Change Both(const Change& first, const Change& second)
+EditStep Both(const EditStep& first, const EditStep& second)
 {
     return [=](DeckEditor& editor, const Deck& deck) {
         first(editor, deck);
@@ -23,46 +23,46 @@ Change Both(const Change& first, const Change& second)
     };
 }
 
-Change Array(const char* keyword, const std::vector<int>& values)
+EditStep Array(const char* keyword, const std::vector<int>& values)
 {
     return [=](DeckEditor& editor, const Deck& deck) {
         editor.SetArray(deck.Get(keyword), values.data(), values.size());
     };
 }
 
-Change Reals(const char* keyword, const std::vector<double>& values)
+EditStep Reals(const char* keyword, const std::vector<double>& values)
 {
     return [=](DeckEditor& editor, const Deck& deck) {
         editor.SetArray(deck.Get(keyword), values.data(), values.size());
     };
 }
 
-Change Add(const char* keyword, const char* record)
+EditStep Add(const char* keyword, const char* record)
 {
     return [=](DeckEditor& editor, const Deck& deck) { editor.AddRecord(deck.Get(keyword), record); };
 }
 
-Change Remove(const char* keyword, std::size_t record)
+EditStep Remove(const char* keyword, std::size_t record)
 {
     return [=](DeckEditor& editor, const Deck& deck) { editor.RemoveRecord(deck.Get(keyword), record); };
 }
 
-Change Remove(const char* keyword)
+EditStep Remove(const char* keyword)
 {
     return [=](DeckEditor& editor, const Deck& deck) { editor.RemoveKeyword(deck.Get(keyword)); };
 }
 
-Change AddAfter(const char* keyword, const char* text)
+EditStep AddAfter(const char* keyword, const char* text)
 {
     return [=](DeckEditor& editor, const Deck& deck) { editor.AddKeywordAfter(deck.Get(keyword), text); };
 }
 
-Change AddIn(SectionType::Enum section, const char* text)
+EditStep AddIn(SectionType::Enum section, const char* text)
 {
     return [=](DeckEditor& editor, const Deck& /*deck*/) { editor.AddKeywordAtEnd(section, text); };
 }
 
-Change AddIn(std::size_t step, const char* text)
+EditStep AddIn(std::size_t step, const char* text)
 {
     return [=](DeckEditor& editor, const Deck& /*deck*/) { editor.AddKeywordInStep(step, text); };
 }
