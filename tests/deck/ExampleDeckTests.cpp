@@ -218,7 +218,7 @@ const FaultyRow faultyRows[] = {
     {"unknown-keyword", "16:1"},
     {"unknown-name", "23:17"},
     {"unknown-variable", "20:16"},
-    {"wrong-mode", "18:1", blackOil},
+    {"wrong-mode", "14:1", blackOil},
     {"wrong-section", "18:1"},
     {"wrong-simulator", "14:1", carrow},
     {"wrong-size", "17:21"},
