@@ -2,7 +2,7 @@
 # Stops a program in gdb and compares what the printers show:  show.sh GDB PRINTERS PROGRAM
 set -eu
 
-"$1" -q -nx -batch -ex "set auto-load off" -ex "source $2" -ex "set print elements 8" -ex "break Stop" -ex run \
+"$1" -q -nx -batch -ex "set auto-load off" -ex "set environment ASAN_OPTIONS=detect_leaks=0" -ex "source $2" -ex "set print elements 8" -ex "break Stop" -ex run \
     -ex "print data" -ex "print syntax" -ex "print *syntax.GetDataMD()" -ex "print cells" "$3" 2>&1 |
     sed -n 's/^\$[0-9]* = //p; /[Ee]xception/p' >"$3.shown"
 diff -u - "$3.shown" <<'EXPECTED'
