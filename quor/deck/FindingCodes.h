@@ -65,6 +65,7 @@ struct CodeInfo {
     const char* name; ///< stable, for programs to go by
     Severity severity; ///< of its findings
     const char* meaning; ///< one sentence
+    bool isStrict = false; ///< reported only if asked for: simulators accept what it reports
 };
 
 /// One row for each code, in the order of the codes. Valid as long as the library.

@@ -100,6 +100,12 @@ ReadOptions& ReadOptions::SetEditable(bool isEditable)
     return *this;
 }
 
+ReadOptions& ReadOptions::SetStrict(bool isStrict)
+{
+    settings_->isStrict = isStrict;
+    return *this;
+}
+
 const Target& ReadOptions::GetTarget() const
 {
     return settings_->target;
@@ -123,6 +129,11 @@ const std::shared_ptr<const DeckSource>& ReadOptions::GetSource() const
 bool ReadOptions::IsEditable() const
 {
     return settings_->keepsValueRanges;
+}
+
+bool ReadOptions::IsStrict() const
+{
+    return settings_->isStrict;
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -73,6 +73,10 @@ public:
     /// Takes 24 bytes a value. False at first.
     ReadOptions& SetEditable(bool isEditable);
 
+    /// Whether what simulators accept and a tidy deck doesn't have is reported too: the codes that are marked
+    /// strict. False at first.
+    ReadOptions& SetStrict(bool isStrict);
+
     // What was set. References are valid as long as the options.
 
     /// `Any` for what was not set.
@@ -85,6 +89,7 @@ public:
     const std::shared_ptr<const DeckSource>& GetSource() const;
     /// Whether the deck remembers where each value is.
     bool IsEditable() const;
+    bool IsStrict() const;
 
 private:
     friend class Deck;

@@ -7,9 +7,9 @@ namespace Veld::Quor::Core::Decks {
 void FindingReporter::Report(
     const TextRange& range, Code code, std::string message, std::string hint, std::vector<TextEdit> fix)
 {
-    if (isMuted_)
-        return;
     const CodeInfo& info = InfoOf(code);
+    if (isMuted_ || (info.isStrict && !isStrict_))
+        return;
     errors_ += info.severity == Severity::Error ? 1 : 0;
     if (code != Code::BadSilence && SuppressionsOf(range.file).Cover(range.offset, code)) {
         findings_.Hide(Hiding::Silenced);

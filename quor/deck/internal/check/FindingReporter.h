@@ -19,11 +19,12 @@ namespace Veld::Quor::Core::Decks {
 /// Turns what is found at a range of a deck into a finding, unless it is to be hidden.
 class FindingReporter {
 public:
-    /// `isKnown` may be empty: nothing is known.
-    FindingReporter(const DeckFiles& files, Findings& findings, KnownFinding isKnown = {})
+    /// `isKnown` may be empty: nothing is known. `isStrict`: findings of strict codes are reported too.
+    FindingReporter(const DeckFiles& files, Findings& findings, KnownFinding isKnown, bool isStrict)
         : files_(files)
         , findings_(findings)
         , isKnown_(std::move(isKnown))
+        , isStrict_(isStrict)
     {
     }
 
@@ -55,6 +56,8 @@ public:
         bool before_;
     };
 
+    /// Whether findings of strict codes are reported; what leads to them needn't be looked for otherwise.
+    bool IsStrict() const { return isStrict_; }
     /// Whether findings are only counted, so that no trouble need be taken over their texts.
     bool IsFull() const { return findings_.IsFull(); }
 
@@ -70,6 +73,7 @@ private:
     std::unordered_map<const SourceText*, Suppressions> suppressions_;
     std::size_t errors_ = 0;
     bool isMuted_ = false;
+    bool isStrict_;
 };
 
 } // namespace Veld::Quor::Core::Decks

@@ -44,7 +44,7 @@ public:
         : options_(WithSource(options))
         , vocabulary_(language, options.target)
         , deck_(std::make_unique<DeckContents>(language, options.maxFindings))
-        , reporter_(deck_->files, deck_->findings, options.isKnown)
+        , reporter_(deck_->files, deck_->findings, options.isKnown, options.isStrict)
         , text_(path, *options_.source, options.target, vocabulary_, deck_->files, reporter_)
         , plans_(options.target)
         , dimensions_(language, options.target.simulator)

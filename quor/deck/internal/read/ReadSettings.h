@@ -17,6 +17,7 @@ struct ReadSettings {
     ReadProgress progress = {};
     VariableTexts variables = {}; ///< what the variables of the deck stand for
     bool keepsValueRanges = false; ///< whether the notes of each keyword get the ranges of its values
+    bool isStrict = false; ///< whether findings of strict codes are reported
     KnownFinding isKnown = {};
     std::shared_ptr<const DeckSource> source = {}; ///< null: the files of the system
     ReadCancellation isCancelled = {}; ///< asked now and then; once it is true the read ends
