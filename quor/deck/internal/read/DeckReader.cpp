@@ -1,27 +1,11 @@
+#include "quor/deck/internal/read/DeckReader.h"
+
 #include "quor/data/DataAccessUtils.h"
 #include "quor/data/KeywordDataFactory.h"
-#include "quor/deck/internal/read/CertainFixes.h"
-#include "quor/deck/internal/read/DataPlan.h"
-#include "quor/deck/internal/read/DataReader.h"
 #include "quor/deck/internal/read/DataShape.h"
-#include "quor/deck/internal/read/DeckContents.h"
-#include "quor/deck/internal/read/DeckText.h"
-#include "quor/deck/internal/read/Dimensions.h"
-#include "quor/deck/internal/read/OpenScopes.h"
-#include "quor/deck/internal/read/Precedents.h"
-#include "quor/deck/internal/read/SectionOrder.h"
-#include "quor/deck/internal/read/TimeLine.h"
-#include "quor/deck/internal/read/UnknownKeyword.h"
-#include "quor/deck/internal/read/WordHints.h"
-#include "quor/deck/internal/text/LineText.h"
-#include "quor/deck/internal/text/Vocabulary.h"
 #include "quor/syntax/ICellPropertyInfo.h"
 
-#include <fmt/format.h>
-
-#include <string>
 #include <utility>
-#include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -38,61 +22,28 @@ ReadSettings WithSource(ReadSettings options)
     return options;
 }
 
-class DeckReader {
-public:
-    DeckReader(const std::string& path, const ReadSettings& options, const LanguageIndex& language)
-        : options_(WithSource(options))
-        , vocabulary_(language, options.target)
-        , deck_(std::make_unique<DeckContents>(language, options.maxFindings))
-        , reporter_(deck_->files, deck_->findings, options.isKnown, options.isStrict)
-        , text_(path, *options_.source, options.target, vocabulary_, deck_->files, reporter_)
-        , plans_(options.target)
-        , dimensions_(language, options.target.simulator)
-        , data_(
-              options.target, text_, reporter_,
-              [this](const std::string& name) { return dimensions_.Find(name); }, options.variables,
-              options.keepsValueRanges)
-        , sections_(options.target, deck_->files, reporter_)
-        , scopes_(language, *deck_, dimensions_, reporter_)
-        , precedents_(reporter_)
-        , timeLine_(*deck_, reporter_)
-    {
-        text_.SetProgress(options.progress);
-        text_.SetCancellation(options.isCancelled);
-    }
+} // namespace
 
-    std::unique_ptr<DeckContents> Read();
-
-private:
-    void ReadHead(const Token& head);
-    void ReadUnknown(const Token& head);
-    void ReadMisspelt(const Token& head);
-    void ReadAs(const Token& head, const Entry& entry);
-    void ReadStray(const Token& token);
-    std::string StrayMessage(const std::string& word) const;
-    void ReadKeyword(const Token& head, const Entry& entry, bool isGuess = false);
-    void EnterSection(const Token& head, const Entry& entry);
-    void ReadData(KeywordInstance& keyword, const Token& head, bool isReported);
-    void CheckNoData(const Token& head);
-    void FollowSizes(const KeywordInstance& keyword);
-    void FollowPaths(const KeywordInstance& keyword);
-
-    ReadSettings options_;
-    Vocabulary vocabulary_;
-    std::unique_ptr<DeckContents> deck_;
-    FindingReporter reporter_;
-    DeckText text_;
-    DataPlans plans_;
-    Dimensions dimensions_;
-    DataReader data_;
-    SectionOrder sections_;
-    OpenScopes scopes_;
-    Precedents precedents_;
-    TimeLine timeLine_;
-
-    bool mayMissKeywords_ = false; // one could not be made out
-    bool mayTakeSlash_ = false; // after a keyword without data a slash does no harm
-};
+DeckReader::DeckReader(const std::string& path, const ReadSettings& options, const LanguageIndex& language)
+    : options_(WithSource(options))
+    , vocabulary_(language, options.target)
+    , deck_(std::make_unique<DeckContents>(language, options.maxFindings))
+    , reporter_(deck_->files, deck_->findings, options.isKnown, options.isStrict)
+    , text_(path, *options_.source, options.target, vocabulary_, deck_->files, reporter_)
+    , plans_(options.target)
+    , dimensions_(language, options.target.simulator)
+    , data_(
+          options.target, text_, reporter_,
+          [this](const std::string& name) { return dimensions_.Find(name); }, options.variables,
+          options.keepsValueRanges)
+    , sections_(options.target, deck_->files, reporter_)
+    , scopes_(language, *deck_, dimensions_, reporter_)
+    , precedents_(reporter_)
+    , timeLine_(*deck_, reporter_)
+{
+    text_.SetProgress(options.progress);
+    text_.SetCancellation(options.isCancelled);
+}
 
 std::unique_ptr<DeckContents> DeckReader::Read()
 {
@@ -119,84 +70,6 @@ std::unique_ptr<DeckContents> DeckReader::Read()
     deck_->distinctFiles = text_.GetFileCount();
     deck_->sections = sections_.GetCount();
     return std::move(deck_);
-}
-
-void DeckReader::ReadHead(const Token& head)
-{
-    const bool mayTakeSlash = std::exchange(mayTakeSlash_, false);
-    if (head.kind == Token::Kind::Word) {
-        if (mayTakeSlash && head.text == "/")
-            text_.NextData();
-        else
-            ReadStray(head);
-    } else if (head.entry) {
-        ReadKeyword(head, *head.entry);
-    } else {
-        ReadUnknown(head);
-    }
-}
-
-/// A word at the start of a line that is no keyword.
-void DeckReader::ReadUnknown(const Token& head)
-{
-    const std::string upper = ToUpper(head.text);
-    if (upper == head.text) {
-        ReadMisspelt(head);
-    } else if (const Entry* const entry = vocabulary_.Find(upper)) {
-        reporter_.Report(head.range, Code::LowerCase,
-            fmt::format("keyword '{}' is not in upper case", Shorten(head.text)),
-            fmt::format("write {}", upper), {{head.range, upper}});
-        ReadAs(head, *entry);
-    } else {
-        ReadStray(head);
-    }
-}
-
-/// If it is sure which keyword was meant, what follows is read as if it stood there, and nothing reported of
-/// it.
-void DeckReader::ReadMisspelt(const Token& head)
-{
-    const Entry* const meant =
-        ReportUnknownKeyword(head.range, head.text, sections_.GetSure(), vocabulary_, reporter_);
-    if (!meant) {
-        mayMissKeywords_ = true;
-        return text_.SkipData();
-    }
-    const FindingReporter::Muted muted(reporter_, true);
-    if (!meant->IsOfText() || !text_.TakeAs(head, *meant))
-        ReadKeyword(head, *meant, true);
-}
-
-void DeckReader::ReadAs(const Token& head, const Entry& entry)
-{
-    if (!entry.IsOfText() || !text_.TakeAs(head, entry))
-        ReadKeyword(head, entry);
-}
-
-void DeckReader::ReadStray(const Token& token)
-{
-    const Token word = token.kind == Token::Kind::Keyword ? token : text_.NextData();
-    const Entry* const entry = vocabulary_.Find(word.text);
-    const auto lone = FindLoneWord(text_.GetLineFrom(word.range));
-    const bool isIndented = entry && lone && !lone->hasSlash && text_.IsFirstOnLine(word.range);
-    reporter_.Report(word.range, Code::StrayText, StrayMessage(Shorten(word.text)),
-        entry ? "a keyword must start in the first column" : "",
-        isIndented ? Unindent(deck_->files, word.range) : std::vector<TextEdit>());
-    if (isIndented)
-        ReadAs(word, *entry);
-    else
-        text_.SkipData();
-    mayMissKeywords_ = mayMissKeywords_ || !isIndented;
-}
-
-std::string DeckReader::StrayMessage(const std::string& word) const
-{
-    if (deck_->keywords.empty())
-        return fmt::format("unexpected '{}' before the first keyword; expected a keyword", word);
-    const IKeywordSyntax& last = *deck_->keywords.back().syntax;
-    if (!last.GetDataMD())
-        return fmt::format("unexpected '{}' after {}; expected a keyword", word, last.GetName());
-    return fmt::format("unexpected '{}' after the data of {}; expected a keyword", word, last.GetName());
 }
 
 /// `isGuess`: the deck has another word, which was reported; nothing is to be reported of it, nor made of it.
@@ -250,22 +123,6 @@ void DeckReader::ReadData(KeywordInstance& keyword, const Token& head, bool isRe
     keyword.whole.length = turns == data_.GetTurns() ? data_.GetEnd() - head.range.offset : 0;
 }
 
-void DeckReader::CheckNoData(const Token& head)
-{
-    if (text_.IsAtLineEnd()) {
-        mayTakeSlash_ = true;
-        return;
-    }
-    const Token word = text_.NextData();
-    if (word.kind == Token::Kind::Slash)
-        return;
-    const std::string keyword = ToUpper(head.text);
-    reporter_.Report(word.range, Code::StrayText,
-        fmt::format("unexpected '{}' after {}; expected the end of the line", Shorten(word.text), keyword),
-        fmt::format("{} has no data", keyword), CommentOut(word.range, text_.GetRest(), vocabulary_));
-    text_.SkipData();
-}
-
 void DeckReader::FollowSizes(const KeywordInstance& keyword)
 {
     const std::string& name = keyword.syntax->GetName();
@@ -287,8 +144,6 @@ void DeckReader::FollowPaths(const KeywordInstance& keyword)
         && IsListOfRecords(keyword.data->GetMD(), {MDType::String, MDType::String}))
         DataAccessUtils::AddPathAliases(keyword.data.get(), text_.GetAliases());
 }
-
-} // namespace
 
 std::unique_ptr<DeckContents> ReadDeck(
     const std::string& path, const ReadSettings& options, const LanguageIndex& language)
