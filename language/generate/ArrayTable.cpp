@@ -97,9 +97,9 @@ std::pair<std::string, std::string> CutWords(const Word& words)
 
 Element DataOf(Element value, const char* size)
 {
-    Element list = MakeElement("list", {{"size", size}, {"termination", "SLASH"}});
-    if (value.Find("default"))
-        list.attributes.push_back({"itemsDefaultable", "true"});
+    // Any cell may be left out, since those that aren't active need no value.
+    Element list =
+        MakeElement("list", {{"size", size}, {"termination", "SLASH"}, {"itemsDefaultable", "true"}});
     list.Add(MakeElement("description", {}, "One value for each cell, in the order of the grid."));
     list.Add(std::move(value));
     Element data = MakeElement("data");

@@ -97,7 +97,7 @@ TEST(ArrayTables, GiveKeywords)
         R"(<description>One value for each cell, in the order of the grid.</description><real><description>One.</description>)"
         R"(<min val="0"/><max val="1"/><default type="specified" val="2"/><quantity name="permeability"/></real></list></data>)"
         R"(</keyword><keyword name="MF*"><description>F.</description><validSections><section name="PROPS"/></validSections>)"
-        R"(<cell components="true"/><data><list size="NX*NY*NZ*NCOMPS" termination="SLASH">)"
+        R"(<cell components="true"/><data><list size="NX*NY*NZ*NCOMPS" termination="SLASH" itemsDefaultable="true">)"
         R"(<description>One value for each cell, in the order of the grid.</description>)"
         R"(<integer><description>N.</description></integer></list></data></keyword>)");
 }
