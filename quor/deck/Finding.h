@@ -31,10 +31,14 @@ struct Finding {
     /// Changes to be made together, after which the deck says what the reader made of it; empty if the fix
     /// isn't certain.
     std::vector<TextEdit> fix = {};
+    std::size_t more = 0; ///< how many others it stands for: see `Findings::Fold`
 };
 
-/// "file:line:column: severity: message; hint [code]", one line, as compilers print it. The texts of the deck
-/// in it are as they are, control characters included.
+/// "and 1,999 more like it"; empty if the finding stands for itself alone.
+VELD_QUOR_EXPORT std::string MoreText(const Finding& finding);
+
+/// "file:line:column: severity: message; hint [code]", one line, as compilers print it, with `MoreText` after
+/// the message. The texts of the deck in it are as they are, control characters included.
 VELD_QUOR_EXPORT std::string ToString(const Finding& finding);
 
 /// Why a finding isn't reported.
@@ -70,6 +74,10 @@ public:
     std::size_t GetHiddenCount(Hiding why) const { return hidden_[static_cast<std::size_t>(why)]; }
     /// Whether there is an error or a warning.
     bool HasFault() const;
+
+    /// The same, but of those in a file that have the same code and message, numbers aside, the first stands
+    /// for all. Keeps `limit` of them; the counts are as before.
+    Findings Fold(std::size_t limit) const;
 
 private:
     friend class FindingCollector;
