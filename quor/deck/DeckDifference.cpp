@@ -5,6 +5,7 @@
 #include "quor/deck/internal/compare/DataComparison.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <set>
 #include <string_view>
@@ -53,6 +54,18 @@ std::string VariablesOf(const ComparisonUnit& unit)
 {
     const DataNotes* const notes = unit.keyword->notes.get();
     return notes && notes->variables && unit.data ? notes->variables->ListBelow(*unit.data) : std::string();
+}
+
+/// Nor are the numbers of a map in its older form.
+std::string SwitchesOf(const ComparisonUnit& unit)
+{
+    const DataNotes* const notes = unit.keyword->notes.get();
+    return notes ? fmt::format("{}", fmt::join(notes->switches, " ")) : std::string();
+}
+
+std::string OrNone(const std::string& text)
+{
+    return text.empty() ? "none" : text;
 }
 
 class Comparer {
@@ -117,7 +130,8 @@ void Comparer::CompareBucket(const Bucket& bucket)
 {
     const Pairs pairs = PairUp(bucket.before.size(), bucket.after.size(), [&](std::size_t i, std::size_t j) {
         return comparison_.AreEqual(bucket.before[i]->data, bucket.after[j]->data)
-            && VariablesOf(*bucket.before[i]) == VariablesOf(*bucket.after[j]);
+            && VariablesOf(*bucket.before[i]) == VariablesOf(*bucket.after[j])
+            && SwitchesOf(*bucket.before[i]) == SwitchesOf(*bucket.after[j]);
     });
     for (const auto& [i, j] : pairs) {
         if (i == unpaired)
@@ -138,13 +152,14 @@ void Comparer::CompareUnits(const ComparisonUnit& before, const ComparisonUnit& 
         change.item = std::move(item);
         Report(change, &before.range, &after.range);
     }
-    const std::string oldVariables = VariablesOf(before);
-    const std::string newVariables = VariablesOf(after);
-    if (oldVariables == newVariables)
-        return;
-    change.item = {"variables", oldVariables.empty() ? "none" : oldVariables,
-        newVariables.empty() ? "none" : newVariables};
-    Report(change, &before.range, &after.range);
+    const auto compare = [&](const char* what, const std::string& old, const std::string& now) {
+        if (old == now)
+            return;
+        change.item = {what, OrNone(old), OrNone(now)};
+        Report(change, &before.range, &after.range);
+    };
+    compare("variables", VariablesOf(before), VariablesOf(after));
+    compare("numbers", SwitchesOf(before), SwitchesOf(after));
 }
 
 /// A null range: the deck has no such thing.

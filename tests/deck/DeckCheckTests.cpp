@@ -59,12 +59,12 @@ std::string Repeat(const std::string& text, int times)
     return all;
 }
 
-/// From "Carrow", "Dunmere BlackOil" or "Any Thermal"; empty: any.
+/// From "Carrow", "Dunmere BlackOil" or "Any Thermal"; empty and "Strict": any.
 Target TargetOf(const std::string& text)
 {
     const auto words = Split(text, " ");
     Target target;
-    if (!words[0].empty() && words[0] != "Any")
+    if (!words[0].empty() && words[0] != "Any" && words[0] != "Strict")
         target.simulator = SimulatorType::FromString(words[0]);
     if (words.size() > 1)
         target.mode = SimulatorModeType::FromString(words[1]);
@@ -72,7 +72,7 @@ Target TargetOf(const std::string& text)
 }
 
 /// A deck and the files that it includes, `deck & file=text & ...`, and the findings, as a user sees them;
-/// the option is a target.
+/// the option is a target, or "Strict".
 class Decks : public testing::TestWithParam<Row> { };
 
 TEST_P(Decks, AreChecked)
@@ -81,7 +81,8 @@ TEST_P(Decks, AreChecked)
     Files files;
     for (auto file = texts.begin() + 1; file != texts.end(); ++file)
         files.emplace_back(file->substr(0, file->find('=')), file->substr(file->find('=') + 1));
-    const auto options = ReadOptions().SetTarget(TargetOf(GetParam().options));
+    const auto options =
+        ReadOptions().SetTarget(TargetOf(GetParam().options)).SetStrict(GetParam().options == "Strict");
     EXPECT_EQ(DeckOnDisk(texts[0], files).FindingsOf(options), GetParam().expected);
 }
 
@@ -99,16 +100,29 @@ ZeroBytes: RUNSPEC\n 1 \0 /\nOIL\0\nWATER\n => d.data:2:2: error: unexpected '1'
 
 INSTANTIATE_TEST_SUITE_P(Recognition, Decks, testing::ValuesIn(Rows(R"(
 NumberBeforeTheFirstKeyword:  1 2\nRUNSPEC\n => d.data:1:2: error: unexpected '1' before the first keyword; expected a keyword [stray-text]
-IndentedWordIsNoKeyword: RUNSPEC\n OIL\n => d.data:2:2: error: unexpected 'OIL' after RUNSPEC; expected a keyword [stray-text] | a keyword must start in the first column
+IndentedKeywords:  RUNSPEC\n  OIL\n\tGRID ---\n PORO 1 /\n INCLUDE 'a.inc' /\n & a.inc= PORO\n 1 /\n =>
+IndentedWordOfAnotherSection: RUNSPEC\n PORO 1 2 /\n => d.data:2:2: error: unexpected 'PORO' after RUNSPEC; expected a keyword [stray-text] | write the keyword on its own line
+IndentedWordBeforeASlash: SUMMARY\nWBHP\n A /\n TIME /\n => d.data:4:2: error: unexpected 'TIME' after the data of WBHP; expected a keyword [stray-text] | write the keyword on its own line
+RemarksAfterKeywords: RUNSPEC ===\nOIL it's 1 / -- c\nWATER\tphase\n/\nGRID    'x\nPORO\n 1 /\nSCHEDULE 2 * 3\n =>
+KeywordsOnOneLine: RUNSPEC\nOIL WATER -- both\n => d.data:2:5: error: unexpected 'WATER -- both' after OIL; expected the end of the line [stray-text] | write each keyword on its own line
+SectionEndsOpenData: RUNSPEC\nGRID\nPORO\n 1 2\nSCHEDULE ====\nDATES\n A /\n => d.data:4:5: error: PORO: missing slash at the end of the list [unclosed-data] | add a slash after the last value
+NameThatBeginsAsASection: SCHEDULE\nDATES\nGRID=2\nGRID'S /\n =>
+SectionEndsDataOfAnUnknownKeyword: RUNSPEC\nQXZQXZ\n 1 2\nGRID ====\nPORO\n 1 /\n => d.data:2:1: error: unknown keyword 'QXZQXZ' [unknown-keyword]
+NamesOfKeywordsInDataOfAnUnknownKeyword: RUNSPEC\nQXZQXZ\nPORO 2 /\nPERMX /\nPORO /\n/\nOIL\n => d.data:2:1: error: unknown keyword 'QXZQXZ' [unknown-keyword]
+SlashesTooMany: RUNSPEC\nDIMENS\n 1 /\n/\n / c\nOIL\n/\n =>
 UnknownWithDataBehind: RUNSPEC\nWATR 1 /\n 2 /\n => d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 UnknownBehindKeywordWithoutData: RUNSPEC\nOIL\nWATR\n => d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 UnknownBehindClosedData: RUNSPEC\nDIMENS\n 1 1\n 1 / cells\n\n-- c\nWATR\n => d.data:7:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 UnknownInOpenDataIsData: SCHEDULE\nDATES\n 1 JAN\nXYZ\n 1999 /\n =>
 SlashInQuotesDoesNotClose: SCHEDULE\nDATES\n 'a/b'\nXYZ\n => d.data:4:4: error: DATES: missing slash at the end of the list [unclosed-data] | add a slash after the last value
 SlashInCommentDoesNotClose: SCHEDULE\nDATES\n 1 -- a/b\nXYZ\n => d.data:4:4: error: DATES: missing slash at the end of the list [unclosed-data] | add a slash after the last value
-NameBeforeSlashIsData: SUMMARY\nWBHP\nPROD /\n/\n => d.data:4:1: error: unexpected '/' after the data of WBHP; expected a keyword [stray-text]
+NameBeforeSlashIsData: SUMMARY\nWBHP\nPROD /\n/\n =>
 KnownInOpenDataIsKeyword: SCHEDULE\nDATES\n 1 JAN\nPORO\n 1 /\n => d.data:3:7: error: DATES: missing slash at the end of the list [unclosed-data] | add a slash after the last value
     d.data:4:1: error: PORO is not valid in section SCHEDULE (valid in GRID) [wrong-section]
+LongNameOfAKeyword: RUNSPEC\nGRID\nSCHEDULE\nWCONHISTS\nWELSPECSX /\nINCLUDED\n => d.data:4:1: warning: keyword 'WCONHISTS' has more than 8 characters and is read as WCONHIST [long-keyword] | write WCONHIST
+    d.data:5:1: warning: keyword 'WELSPECSX' has more than 8 characters and is read as WELSPECS [long-keyword] | write WELSPECS
+    d.data:6:1: error: unknown keyword 'INCLUDED' [unknown-keyword] | did you mean INCLUDE?
+WordThatBeginsAsAKeyword: RUNSPEC\nschedule.inc\nOIL\n => d.data:2:1: error: unexpected 'schedule' after RUNSPEC; expected a keyword [stray-text]
 LongNameDoesNotMatchWildcard: SUMMARY\nFUWELL\nFUNNYNAME\n => d.data:3:1: error: unknown keyword 'FUNNYNAME' [unknown-keyword] | keyword names have at most 8 characters
 LowerCaseIsToldOnce: RUNSPEC\nOIL\nGrid\nPORO\n 1 /\nporo\n 1 /\n => d.data:3:1: error: keyword 'Grid' is not in upper case [lower-case] | write GRID
     d.data:6:1: error: keyword 'poro' is not in upper case [lower-case] | write PORO
@@ -119,7 +133,10 @@ MisspeltInclusionIsRead: RUNSPEC\nINCLDUE\n 'a.inc' /\n & a.inc=OLI\n => d.data:
     a.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1
 OrdinaryTextIsData: RUNSPEC\nTITLE\nx\nsome\nOIL\n => d.data:4:1: error: unexpected 'some' after the data of TITLE; expected a keyword [stray-text]
 TitleMayBeAKeyword: RUNSPEC\nTITLE\nGRID\nOIL\n =>
-TitleMayBeBlank: RUNSPEC\nTITLE\n\nWATR\n => d.data:4:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+TitleMayFollowBlankLines: RUNSPEC\nTITLE\n\n \nSTUDY\nWATR\n => d.data:6:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+KeywordAfterABlankLineIsNoTitle: RUNSPEC\nTITLE\n\nOIL\nWATR\n => d.data:5:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+KeywordOfNumbersIsNoTitle: RUNSPEC\nTITLE\nDIMENS\n-- c\n 1 2 /\nWATR\n => d.data:3:1: error: missing text before keyword DIMENS [too-few-values] | write the text on the line before the keyword
+    d.data:6:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 TitleMayFollowAComment: RUNSPEC\nTITLE\n-- c\nSTUDY\nWATR\n => d.data:5:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 KeywordBehindCommentIsNoTitle: RUNSPEC\nTITLE\n-- c\nOIL\nWATR\n => d.data:5:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 RawTextIsPassedOver: RUNSPEC\nHOSTDATA\nWATR\nGRID\nEND\nendhost of it\nOIL\nWATR\n => d.data:8:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
@@ -127,6 +144,14 @@ RawTextEndsWithAWholeWord: RUNSPEC\nHOSTDATA\nENDHOST1\nWATR\nENDHOST\nOIL\n =>
 RawTextMustEnd: RUNSPEC\nHOSTDATA\nOIL\n => d.data:2:1: error: HOSTDATA: missing EndHost at the end of the text [unclosed-text] | add EndHost at the start of a line
 ListEndsWithItsWord: SCHEDULE\nUNTIL\n a b\nSTOP\nWATR\n => d.data:5:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 BareNamesInAListAreData: SUMMARY\nWBHP\nP1\nP2\n/\nWATR\n => d.data:6:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+)")),
+    CaseName<Row>);
+
+INSTANTIATE_TEST_SUITE_P(Strict, Decks, testing::ValuesIn(Rows(R"(
+Remark (Strict): RUNSPEC\nOIL  is a phase -- c\n => d.data:2:6: warning: the text after OIL is a remark without '--' [remark-text] | write '--' before the text
+Slash (Strict): RUNSPEC\nDIMENS\n 1 /\n/\nOIL\n/\n => d.data:4:1: warning: unexpected '/' after the data of DIMENS; expected a keyword [extra-slash] | remove the slash
+PaddedText (Strict): SCHEDULE\nDATES\n 2*'A ' "B" /\n => d.data:3:2: warning: blanks around the text 'A' [padded-text] | remove the blanks
+Indented (Strict): RUNSPEC\n  OIL\n => d.data:2:3: warning: keyword OIL is indented [indented-keyword] | start the keyword in the first column
 )")),
     CaseName<Row>);
 
@@ -168,6 +193,8 @@ NameOnTheNextLine: RUNSPEC\nINCLUDE\n-- c\n\n 'a.inc' /\nWATR\n & a.inc=OLI\n =>
     d.data:6:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 NameOnTheSameLine: RUNSPEC\nINCLUDE "a b.inc" /\n & a b.inc=OLI => a b.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1
 BareName: RUNSPEC\nINCLUDE\nsub/a.inc/\n & sub/a.inc=OLI\n => sub/a.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1
+SlashBelowTheName (Strict): RUNSPEC\nINCLUDE\n'a.inc'\n\n-- c\n / end\nWATER\n/\nINCLUDE 'a.inc'\n/\n & a.inc=DIMENS\n 1 /\n =>
+SlashBelowTheNameInAList (Strict): SCHEDULE\nDATES\n A\nINCLUDE\n'a.inc'\n/\n C /\n & a.inc= B\n =>
 FromTheFolderOfTheDeck: RUNSPEC\nINCLUDE\n'sub/a.inc' /\n & sub/a.inc=INCLUDE\n'sub/b.inc' /\n & sub/b.inc=OLI\n => sub/b.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- sub/a.inc:1:1 <- d.data:2:1
 SectionsGoOnBehind: RUNSPEC\nINCLUDE\n'a.inc' /\nPORO\n 1 /\nOIL\n & a.inc=GRID\n => d.data:6:1: error: OIL is not valid in section GRID (valid in RUNSPEC) [wrong-section]
 OpenDataGoOnInside: GRID\nPORO\n 1 2\nINCLUDE\n'a.inc' /\n 5 /\nXX\n & a.inc=XX\n 3 4\n => a.inc:1:1: error: PORO: invalid value 'XX'; expected a whole number [wrong-type] <- d.data:4:1
@@ -380,6 +407,40 @@ TEST(DeckThatCannotBeRead, Throws)
     const TemporaryDirectory folder;
     EXPECT_THROW(Deck::Read((folder.Path() / "none").string(), SmallLanguage()), SourceError);
     EXPECT_THROW(Deck::Read(folder.Path().string(), SmallLanguage()), SourceError);
+}
+
+TEST(Findings, ThatAreAlikeAreFolded)
+{
+    Findings findings = FindingCollector::Make(10);
+    const auto add = [&](const char* file, const char* code, const char* message) {
+        Finding finding;
+        finding.location.file = file;
+        finding.code = code;
+        finding.message = message;
+        if (FindingCollector(findings).Admit(Severity::Error))
+            FindingCollector(findings).Keep(finding, "");
+    };
+    add("a", "out-of-range", "ROWS2: value 5 is too large (expected at most -3.5)");
+    add("a", "out-of-range", "ROWS2: value -17.25 is too large (expected at most 3)");
+    add("a", "out-of-range", "ROWS3: value 5 is too large (expected at most 3)");
+    add("b", "out-of-range", "ROWS2: value 5 is too large (expected at most 3)");
+    add("a", "unknown-keyword", "unknown keyword '1'");
+    add("a", "unknown-keyword", "unknown keyword '2'");
+    add("a", "out-of-range", "ROWS2: value 6 is too large (expected at most 3)");
+    std::string text;
+    const Findings folded = findings.Fold(4);
+    for (const Finding& finding : folded)
+        text += finding.location.file + " " + finding.message + " " + MoreText(finding) + "\n";
+    EXPECT_EQ(text,
+        "a ROWS2: value 5 is too large (expected at most -3.5) and 2 more like it\n"
+        "a ROWS3: value 5 is too large (expected at most 3) \n"
+        "b ROWS2: value 5 is too large (expected at most 3) \n"
+        "a unknown keyword '1' \n");
+    EXPECT_EQ(folded.GetCount(Severity::Error), 7U);
+    EXPECT_EQ(folded.GetOmittedCount(), 1U);
+    Finding many;
+    many.more = 1234567;
+    EXPECT_EQ(MoreText(many), "and 1,234,567 more like it");
 }
 
 } // namespace

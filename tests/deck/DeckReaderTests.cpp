@@ -114,6 +114,17 @@ const std::string dataLanguage = R"(
   </customReadTermination></list></data></keyword>
 <keyword name='RAW'><data><raw stringTermination='ENDRAW'/></data></keyword>
 <keyword name='NEEDS'><precedents><precedent name='FLAG'/></precedents></keyword>
+<keyword name='SOLUTION'/> <keyword name='RESTART'/>
+<keyword name='REGION'><scope><endKeyword name='ENDREG' explicit='true'/><endKeyword name='REGION'/></scope></keyword>
+<keyword name='ENDREG'/>
+<keyword name='CELLS'><data><list size='NX*NY' termination='SLASH'><integer><min val='1'/></integer></list></data>
+  <cell/></keyword>
+<keyword name='LAYERS'><data><list size='NX*NY*3' termination='SLASH'><real/></list></data>
+  <cell copyLayerAboveByDefault='true'/></keyword>
+<keyword name='PAIRS'><data><list termination='SLASH'><record termination='SLASH'>
+  <item name='A'><string/></item><item name='B'><string/></item></record></list></data></keyword>
+<keyword name='MANY'><data><list size='NSOME' termination='NONE'><record termination='SLASH'>
+  <item name='A'><integer/></item></record></list></data></keyword>
 <keyword name='OPEN'><scope><endKeyword name='SHUT' explicit='true'/></scope></keyword> <keyword name='SHUT'/>
 )";
 
@@ -178,6 +189,13 @@ OnTheLineOfItsKeyword: DIMENS 2 1 /\nARRAY 1 2 /\n => [1 2] =>
 WholeNumbers: WHOLE\n 1 2*3 1.5 -1 99999999999 /\n => [1 3 3 -1] => d.data:3:8: error: WHOLE: invalid value '1.5'; expected a whole number [wrong-type]
     d.data:3:15: error: WHOLE: whole number '99999999999' is out of range (expected -2147483648 to 2147483647) [wrong-type]
     d.data:3:12: error: WHOLE: value -1 is too small (expected at least 0) [out-of-range]
+CommaInAnArray: DIMENS\n 2 1 /\nARRAY\n 1, 2,3 /\n => [1] => d.data:5:5: error: unexpected comma in the number '2,3' [comma-in-number] | write a decimal point, or a blank between two values
+ZeroInInactiveCells: DIMENS\n 4 1 /\nCELLS\n 0 2*1 -1 /\n => [0 1 1 -1] => d.data:5:8: error: CELLS: value -1 is too small (expected at least 0) [out-of-range]
+SameWrongSizeIsToldOnce: DIMENS\n 4 1 /\nARRAY\n 3*1 /\nARRAY\n 3*2 /\nARRAY\n 2*3 /\n => ? => d.data:5:6: error: ARRAY: too few values (expected 4, found 3) [wrong-size] | the size is NX*NY
+    d.data:9:6: error: ARRAY: too few values (expected 4, found 2) [wrong-size] | the size is NX*NY
+UnknownSizeEndsBeforeAnUnknownKeyword: MANY\n 1 /\n 2 /\nQXZQXZ\n 3 /\nFLAG\n => ? => d.data:5:1: error: unknown keyword 'QXZQXZ' [unknown-keyword]
+WholeLayers: DIMENS\n 2 2 /\nLAYERS\n 8*1 /\nLAYERS\n 4*1 /\n => [1 1 1 1] =>
+LayerCutShort: DIMENS\n 2 2 /\nLAYERS\n 7*1 /\n => ? => d.data:5:6: error: LAYERS: too few values (expected 12, found 7) [wrong-size] | the size is NX*NY*3
 PreviousValueFills: PREVIOUS\n 4 2* 7 1* /\n => [4 4~ 4~ 7 7~] =>
 EndsByItself: FIXED\n 1 2 3\nFLAG\n => ? =>
 SlashDoesNoHarm: FIXED\n 3*1 /\n => [1 1 1] =>
@@ -203,14 +221,19 @@ All: RECORD\n P1 7.5 GAS YES 3 /\n => ('P1' 7.5 2 1 3) =>
 Defaults: RECORD\n P1 3* 3 /\n => ('P1' - - - 3) =>
 TooFew: RECORD\n P1 2 /\n => ('P1' 2 - - -) => d.data:3:7: error: RECORD: too few values (missing: COUNT) [too-few-values] | only items with a default can be omitted
 TooMany: RECORD\n P1 1 OIL NO 3 4 5 /\nFLAG\n => ? => d.data:3:16: error: RECORD: too many values (expected at most 5) [too-many-values] | end the record with a slash before this value
-NoDefault: RECORD\n 1* 1 OIL NO 3 /\n => (- 1 0 0 3) => d.data:3:2: error: RECORD, NAME: the item has no default [no-default] | write a value
 WrongTypes: RECORD\n P1 'x' OIL 7 1.0 /\n => ('P1' - 0 - -) => d.data:3:5: error: RECORD, RATE: invalid text 'x' in quotes; expected a number [wrong-type]
     d.data:3:13: error: RECORD, ON: invalid value '7'; expected YES or NO [wrong-type]
     d.data:3:15: error: RECORD, COUNT: invalid value '1.0'; expected a whole number [wrong-type]
 NumbersInQuotes: RECORD\n P1 '2' OIL NO '3' /\n => ? => d.data:3:5: error: RECORD, RATE: invalid text '2' in quotes; expected a number [wrong-type] | remove the quotes
     d.data:3:16: error: RECORD, COUNT: invalid text '3' in quotes; expected a whole number [wrong-type] | remove the quotes
-EmptyTexts: RECORD\n P1 '' '' NO 3 /\n => ? => d.data:3:5: error: RECORD, RATE: empty value [wrong-type] | write a value
-    d.data:3:8: error: RECORD, KIND: empty value [not-a-choice] | expected one of: OIL, WATER, GAS
+BlankTextsAreDefaults: RECORD\n P1 '' '  ' 1*" " 3 /\n => ('P1' - - - 3) =>
+BlankNameIsAText: RECORD\n '' 4* /\n => ('' - - - -) => d.data:3:5: error: RECORD, COUNT: the item has no default [no-default] | write a value
+BlankNumber: RECORD\n P1 3* ' ' /\n => ('P1' - - - -) => d.data:3:8: error: RECORD, COUNT: the item has no default [no-default] | write a value
+PaddedTexts: RECORD\n 'P1  ' 1 '\tOIL ' NO 3 /\nNAMES\n 2*' A B ' /\n => ['A B' 'A B'] =>
+AsteriskOfAllNames: RECORD\n * 1 OIL * 3 /\nNAMES\n A * /\n => ['A' '*'] =>
+CountedAsteriskIsADefault: RECORD\n 1* 1 OIL NO 3 /\n => (- 1 0 0 3) => d.data:3:2: error: RECORD, NAME: the item has no default [no-default] | write a value
+DefaultsTooMany: RECORD\n P1 1 OIL NO 3 5* ' ' * /\nROWS\n 1 7* /\n 2 3 1*\n/\n/\n => [(1 -) (2 3)] =>
+ValueAfterDefaultsTooMany: ROWS\n 1 2 3* 4 /\n/\n => [(1 2)] => d.data:3:9: error: ROWS: too many values (expected at most 2) [too-many-values] | end the record with a slash before this value
 Limits: RECORD\n P1 -1 OIL NO 10 /\n => ('P1' -1 0 0 10) => d.data:3:5: error: RECORD, RATE: value -1 is too small (expected at least 0) [out-of-range]
     d.data:3:15: error: RECORD, COUNT: value 10 is too large (expected at most 9) [out-of-range]
 LongText: RECORD\n PROD1 1 OIL NO 1 /\n => ? => d.data:3:2: warning: RECORD, NAME: 'PROD1' is longer than 4 characters; the rest is ignored [long-text] | shorten the text
@@ -235,7 +258,7 @@ OpenQuoteInARecord: RECORD\n 'P1 1 OIL NO 3 /\n => ('P1' 1 0 0 3) => d.data:3:2:
 QuoteThatWasNotOpened: RECORD\n P*' 1 OIL NO 3 /\n => ('P*' 1 0 0 3) => d.data:3:2: error: unopened quote after 'P*' [unclosed-quote] | add an opening ' before the text
 OpenQuoteOfSeveralWords: RECORD\n 'P of Q 1 OIL NO 3 /\nFLAG\n => ? => d.data:3:2: error: unclosed quote before 'P' [unclosed-quote] | add a closing ' on the same line
 OpenQuoteBeforeABlank: RECORD\n ' P1 1 OIL NO 3 /\n => ? => d.data:3:2: error: unclosed quote [unclosed-quote] | add a closing ' on the same line
-ListOfRecordsWithoutASlash: ROWS\n 1 2 /\nFLAG\n => ? => d.data:3:7: error: ROWS: missing slash at the end of the list [unclosed-data] | add a line with a slash after the last record
+ListOfRecordsWithoutASlash: ROWS\n 1 2 /\nFLAG\n => ? => d.data:3:7: warning: ROWS: missing slash after the last record [unclosed-list] | add a line with a slash after the last record
 ListWithoutItsEndWord: UNTIL\n A\nFLAG\n => ? => d.data:3:3: error: UNTIL: missing end word of the list [unclosed-data] | add the word that ends the list of this keyword
 TooFewRecords: BYREGION\n 1 /\n/\n => [(1)] => d.data:4:1: error: BYREGION: too few records (expected 2, found 1) [wrong-size] | the size is 2
 RecordsBelowLeast: SOME\n 1 /\n/\n => [(1)] => d.data:4:1: error: SOME: too few records (expected at least 2, found 1) [wrong-size]
@@ -249,6 +272,18 @@ Orders: ORDERED\n A 1 9 /\n B 1 9 /\n C 0 8 /\n/\n => ? => d.data:4:6: error: OR
 RepeatBeyondTheEnd: PAIR\n 1 4*2\n => (1 2) => d.data:3:4: error: PAIR: too many values (the repeat count is too large by 3) [too-many-values]
 SurplusOfOneItem: TSTEP\n 1 2 /\n/\n => [(1)] => d.data:3:4: error: TSTEP: too many values (expected at most 1) [too-many-values] | end the record with a slash before this value
 Variables: RECORD\n P1 $RATE OIL NO 3 /\nRECORD\n P1 $RATE OIL NO 3 /\n => ? => d.data:3:5: error: variable '$RATE' has no value [unknown-variable] | give variable $RATE a value
+QuantityOfTheUser: SCHEDULE\nRECORD\n P1 WUOPR OIL NO 3 /\n => ('P1' - 0 0 3) =>
+QuantityOutsideTheSchedule: RECORD\n P1 WUOPR OIL NO 3 /\n => ('P1' - 0 0 3) => d.data:3:5: error: RECORD, RATE: invalid value 'WUOPR'; expected a number [wrong-type]
+RemarkOnTheKeywordsLine: RECORD name rate, see p. 3/4\n P1 1 OIL NO 3 /\n => ('P1' 1 0 0 3) => d.data:2:8: warning: RECORD: the text 'name rate, see p. 3/4' is read as a remark [text-after-keyword] | write '--' before a remark, and data on the next line
+RemarkThatLooksLikeAName: NAMES in the field\n A B /\n => ['A' 'B'] => d.data:2:7: warning: NAMES: the text 'in the field' is read as a remark [text-after-keyword] | write '--' before a remark, and data on the next line
+WrongDataOnTheKeywordsLine: ROWS 1 x /\n/\n => ? => d.data:2:8: error: ROWS, B: invalid value 'x'; expected a whole number [wrong-type]
+NameAboveARecord: RECORD Pressure\n P1 1 OIL NO 3 /\nRECORD P1\n 1 OIL NO 3 /\n => ('P1' 1 0 0 3) => d.data:2:8: warning: RECORD: the text 'Pressure' is read as a remark [text-after-keyword] | write '--' before a remark, and data on the next line
+RecordOnTheKeywordsLineAndBelow: PAIRS A\n B /\n/\n => [('A' 'B')] =>
+DataOnTheKeywordsLine: ROWS 1 2 / c\n 3 /\n/\nNAMES A\n B /\n => ['A' 'B'] =>
+DecimalComma: RECORD\n P1 1,5 OIL NO 3 /\nRECORD\n P1, 1 ,OIL NO 1,000,000 /\n => ('P1' 1 0 0 -) => d.data:3:5: error: unexpected comma in the number '1,5' [comma-in-number] | write a decimal point, or a blank between two values
+    d.data:5:16: error: unexpected comma in the number '1,000,000' [comma-in-number] | write a decimal point, or a blank between two values
+CurlyQuotes: NAMES\n \xE2\x80\x98P\xE2\x80\x99 'a\xE2\x80\x93' /\n => ? => d.data:3:2: error: unexpected curly quote in '\xE2\x80\x98P\xE2\x80\x99' [odd-character] | write a straight quote
+LongDash: WHOLE\n 1 \xE2\x80\x932 /\n => [1] => d.data:3:4: error: unexpected long dash in '\xE2\x80\x932' [odd-character] | write a hyphen
 StepsOfAnotherForm: TSTEP\n 1 /\n/\n => [(1)] =>
 CountedByAnItem: COUNTED\n 2 5 6 /\n => (2 [5 6]) =>
 )")),
@@ -274,6 +309,9 @@ Nested: NESTED\n 1 2 3 /\n 4 5 /\n/\n => [(1 [(2) (3)]) (4 [(5)])] =>
 
 INSTANTIATE_TEST_SUITE_P(Texts, Readings, testing::ValuesIn(Rows(R"(
 Map: MAP\n A=3 BETA = 2 /\n => {A=3 BETA=2} =>
+NameAndValueInQuotes: MAP\n 'A = 3' ' BETA=2 ' /\n => {A=3 BETA=2} =>
+NumbersOfTheOlderForm: MAP\n 1 3*0\n 2* 7 /\nMAP\n 2*1 A=2 /\n => {A=2 BETA=-} =>
+NumberAfterAName: MAP\n A 2 /\n => {A=1 BETA=-} => d.data:3:4: error: MAP: unknown name '2' [unknown-name]
 NameAlone: MAP\n beta A= 4/\n => {A=4 BETA=1} =>
 UnknownName: MAP\n A C=1 BETTA /\n => {A=1 BETA=-} => d.data:3:4: error: MAP: unknown name 'C' [unknown-name]
     d.data:3:8: error: MAP: unknown name 'BETTA' [unknown-name] | did you mean BETA?
@@ -293,19 +331,25 @@ RawWithoutEnd: RAW\n a\n => ? => d.data:2:1: error: RAW: missing ENDRAW at the e
     CaseName<Row>);
 
 INSTANTIATE_TEST_SUITE_P(Order, Readings, testing::ValuesIn(Rows(R"(
-Precedent: NEEDS\nFLAG\nNEEDS\n => ? => d.data:2:1: error: NEEDS requires FLAG before it [missing-precedent]
-PrecedentIsToldOnce: NEEDS\nNEEDS\n => ? => d.data:2:1: error: NEEDS requires FLAG before it [missing-precedent]
-IndentedKeywordIsRead:   DIMENS\n 2 1 /\nARRAY\n 1 2 /\n => [1 2] => d.data:2:3: error: unexpected 'DIMENS' after RUNSPEC; expected a keyword [stray-text] | a keyword must start in the first column
+Precedent: GRID\nNEEDS\nFLAG\nNEEDS\n => ? => d.data:3:1: error: NEEDS requires FLAG before it [missing-precedent]
+PrecedentIsToldOnce: GRID\nNEEDS\nNEEDS\n => ? => d.data:3:1: error: NEEDS requires FLAG before it [missing-precedent]
+PrecedentsOfRunspecInAnyOrder: NEEDS\nFLAG\nGRID\n => ? =>
+PrecedentMissingInRunspec: NEEDS\nNEEDS\nGRID\nFLAG\n => ? => d.data:2:1: error: NEEDS requires FLAG in section RUNSPEC [missing-precedent]
+PrecedentsOfAnotherRun: SOLUTION\nRESTART\nSCHEDULE\nNEEDS\n => ? =>
+ScopeThatIsReplaced: GRID\nREGION\nREGION\nENDREG\nENDREG\nREGION\nSCHEDULE\n => ? =>
+IndentedKeywordIsRead:   DIMENS\n 2 1 /\nARRAY\n 1 2 /\n => [1 2] =>
 MisspeltKeywordIsRead: DIMNES\n 2 x /\nARRAY\n 1 2 /\n => [1 2] => d.data:2:1: error: unknown keyword 'DIMNES' [unknown-keyword] | did you mean DIMENS, LINES?
 SizesWithAnErrorAreNotKnown: DIMENS\n x 2 /\nARRAY\n 1 2 3 /\n => [1 2 3] => d.data:3:2: error: DIMENS, NX: invalid value 'x'; expected a whole number [wrong-type]
-NoSuchDates: START\n 31 JUN 2020 /\nSCHEDULE\nDATES\n 30 JUX 2020 /\n 1 JUL 2020 /\n/\n => ? => d.data:2:1: error: START: invalid date '31 JUN 2020' [bad-date] | expected a date such as 1 JAN 2020
+MonthsInAnyCase: START\n 1 jan 2020 /\nSCHEDULE\nDATES\n 5 Mar 2020 /\n 4 MAR 2020 /\n/\n => [(5 'MAR' 2020 -) (4 'MAR' 2020 -)] => d.data:7:2: error: DATES: 2020-03-04 is not after 2020-03-05, which the schedule has already reached [date-order]
+NoSuchDates: START\n 31 JUN 2020 /\nSCHEDULE\nDATES\n 30 JUX 2020 /\n 1 JUL 2020 /\n/\n => ? => d.data:3:2: error: START: invalid date '31 JUN 2020' [bad-date] | expected a date such as 1 JAN 2020
     d.data:6:2: error: DATES: invalid date '30 JUX 2020' [bad-date] | expected a date such as 1 JAN 2020
-TimeGoesForward: START\n 1 JUL 2020 /\nSCHEDULE\nDATES\n 1 JUL 2020 /\n 2 JUL 2020 /\n/\nTIME\n 0.5 /\n => ? => d.data:6:2: error: DATES: 2020-07-01 is not after 2020-07-01, which the schedule has already reached [date-order]
+RepeatedDateIsPassed: START\n 1 JUL 2020 /\nSCHEDULE\nDATES\n 1 JUL 2020 /\n 2 JUL 2020 /\n 2 JUL 2020 /\n/\n => ? =>
+TimeGoesForward: START\n 1 JUL 2020 /\nSCHEDULE\nDATES\n 30 JUN 2020 /\n 2 JUL 2020 /\n/\nTIME\n 0.5 /\n => ? => d.data:6:2: error: DATES: 2020-06-30 is not after 2020-07-01, which the schedule has already reached [date-order]
     d.data:9:1: error: TIME: 2020-07-01 12:00:00 is before 2020-07-02, which the schedule has already reached [date-order]
 Scope: OPEN\nSHUT\nSHUT\nOPEN\nGRID\nOPEN\n => ? => d.data:4:1: error: SHUT has no matching opening keyword [stray-end]
     d.data:5:1: error: unclosed OPEN; expected SHUT [unclosed-scope] | add SHUT before the end of the section
     d.data:7:1: error: unclosed OPEN; expected SHUT [unclosed-scope] | add SHUT before the end of the section
-DataBehindAFlag: FLAG 1\n 2\nFLAG /\nFLAG\n/\n => ? => d.data:2:6: error: unexpected '1' after FLAG; expected the end of the line [stray-text] | FLAG has no data
+DataBehindAFlag: FLAG 1\n 2\nFLAG /\nFLAG\n/\n => ? => d.data:3:2: error: unexpected '2' after FLAG; expected a keyword [stray-text]
 StrayBehindData: WHOLE\n 1 /\n 2 /\n 3 /\nFLAG\n => ? => d.data:4:2: error: unexpected '2' after the data of WHOLE; expected a keyword [stray-text]
 )")),
     CaseName<Row>);

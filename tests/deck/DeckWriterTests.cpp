@@ -85,6 +85,8 @@ Words: RECORD\n "P 1" WAT 3 2.50 T /\n => RECORD\n  'P 1' WATER 3 2.5 YES /\n
 NotGiven: RECORD\n 'P1' * 1* 2.5 1* /\n => RECORD\n  P1 2* 2.5 /\n
 Quotes: RECORD\n "it's" /\nRECORD\n '1P' /\nRECORD\n '' /\n => RECORD\n  "it's" /\nRECORD\n  '1P' /\nRECORD\n  '' /\n
 Map: MAP\n B = 2\n W1 A=1 /\n => MAP\n  A B=2 W1 /\n
+Padding: RECORD\n ' P1 ' 'WAT  ' ' ' 2.5 3* /\n/\n => RECORD\n  P1 WATER 1* 2.5 /\n/\n
+Remark: VALUES of it\n 1 /\n => VALUES -- of it\n  1 /\n
 Variables: VALUES\n 3*$X 2 /\nRECORD\n '$NAME' * $A+1 /\nMAP\n B=$X /\n => VALUES\n  3*$X    2 /\nRECORD\n  '$NAME' 1* $A+1 /\nMAP\n  B=$X /\n
 )")),
     CaseName<Row>);
@@ -111,6 +113,7 @@ BehindASlashThatIsGone: MAP\n A -- first\n B / last\n => MAP -- first\n  A B / l
 
 INSTANTIATE_TEST_SUITE_P(Kept, Writings, testing::ValuesIn(Rows(R"(
 Errors: RECORD\n  P1   OLI   1 /\nVALUES\n  1   x /\nUNKNOWN\n  1   2 /\n =>
+NumbersOfAMap: MAP\n  1   2*0 3 /\n =>
 RawText: RAW\n  a   b -- c\nENDRAW\n =>
 SkippedBlocks: VALUES\n  1   2\nSKIP\n  3   4\nENDSKIP\n  5   6 /\n =>
 BlankLines: \n\n\n  -- c\n\nFLAG\n\n\n =>

@@ -36,16 +36,16 @@ const DeckLanguage& GetLanguage()
     return language;
 }
 
-Deck Read(const std::string& path, const Target& target)
+Deck Read(const std::string& path, const Target& target, bool isStrict = false)
 {
-    return Deck::Read(path, GetLanguage(), ReadOptions().SetTarget(target));
+    return Deck::Read(path, GetLanguage(), ReadOptions().SetTarget(target).SetStrict(isStrict));
 }
 
 /// "line:column code" of each finding, with the file in front if it isn't the deck itself.
-std::string FindingsOf(const std::filesystem::path& deck, const Target& target)
+std::string FindingsOf(const std::filesystem::path& deck, const Target& target, bool isStrict = false)
 {
     std::string text;
-    const Deck read = Read(deck, target);
+    const Deck read = Read(deck, target, isStrict);
     for (const Finding& finding : read.GetFindings()) {
         const auto file = std::filesystem::path(finding.location.file).lexically_relative(deck.parent_path());
         text += (text.empty() ? "" : ", ") + (file == deck.filename() ? "" : file.string() + ":")
@@ -85,12 +85,12 @@ std::set<std::string> DecksIn(const std::filesystem::path& directory)
 }
 
 /// The command that a deck tells its reader to check it by.
-std::string CommandFor(const Target& target)
+std::string CommandFor(const Target& target, bool isStrict)
 {
     const auto& simulator = SimulatorType::ToString(target.simulator);
     const auto& mode = SimulatorModeType::ToString(target.mode);
     return "-- quor check" + (target.simulator == SimulatorType::Any ? "" : " --simulator " + simulator)
-        + (target.mode == SimulatorModeType::Any ? "" : " --mode " + mode);
+        + (target.mode == SimulatorModeType::Any ? "" : " --mode " + mode) + (isStrict ? " --strict" : "");
 }
 
 struct CleanRow {
@@ -183,33 +183,48 @@ const FaultyRow faultyRows[] = {
     {"bad-date", "24:3"},
     {"bad-repeat", "23:9"},
     {"bad-silence", "19:14"},
+    {"blank-text", "16:13"},
     {"choice-not-valid", "23:11", carrow},
     {"choice-unsupported", "17:25", carrow},
     {"column-order", "20:13"},
+    {"comma-in-number", "17:11"},
     {"date-order", "25:3"},
     {"deprecated-word", "20:13"},
     {"encoding", "include/wide.inc:1:1"},
+    {"extra-default", "16:22"},
+    {"extra-slash", "14:1"},
+    {"implicit-end", "15:1"},
     {"include-count", "include/four-hundred.inc:11:9"},
     {"include-loop", "include/loop.inc:4:9"},
     {"include-missing", "19:3"},
     {"include-name", "16:1"},
+    {"indented-keyword", "14:3"},
     {"item-not-valid", "17:31", blackOil},
     {"item-unsupported", "20:28", carrow},
+    {"long-keyword", "20:1"},
     {"long-text", "17:6"},
     {"lower-case", "18:1"},
     {"missing-precedent", "16:1"},
     {"no-default", "17:12"},
     {"no-section", "4:1"},
     {"not-a-choice", "17:18"},
+    {"odd-character", "16:3"},
+    {"old-form", "17:3"},
     {"out-of-range", "17:12"},
+    {"padded-text", "16:3"},
+    {"quoted-assignment", "16:11"},
+    {"remark-text", "8:9"},
+    {"repeated-date", "25:3"},
     {"section-order", "19:1"},
     {"stray-end", "25:1"},
     {"stray-endinc", "18:1"},
     {"stray-endskip", "18:1"},
     {"stray-text", "18:3"},
+    {"text-after-keyword", "15:6"},
     {"too-few-values", "7:9"},
     {"too-many-values", "7:11"},
     {"unclosed-data", "17:11"},
+    {"unclosed-list", "16:23"},
     {"unclosed-quote", "23:3"},
     {"unclosed-scope", "22:1"},
     {"unclosed-skip", "19:1"},
@@ -218,7 +233,7 @@ const FaultyRow faultyRows[] = {
     {"unknown-keyword", "16:1"},
     {"unknown-name", "23:17"},
     {"unknown-variable", "20:16"},
-    {"wrong-mode", "14:1", blackOil},
+    {"wrong-mode", "16:1", blackOil},
     {"wrong-section", "18:1"},
     {"wrong-simulator", "14:1", carrow},
     {"wrong-size", "17:21"},
@@ -233,14 +248,22 @@ std::set<std::string> FaultyCodes()
     return codes;
 }
 
+bool IsStrict(const std::string& code)
+{
+    return std::any_of(Codes().begin(), Codes().end(),
+        [&](const CodeInfo& info) { return info.name == code && info.isStrict; });
+}
+
 class FaultyDecks : public testing::TestWithParam<FaultyRow> {
 protected:
     const std::filesystem::path path_ = folder / "faulty" / (std::string(GetParam().code) + ".data");
+    const bool isStrict_ = IsStrict(GetParam().code);
 };
 
 TEST_P(FaultyDecks, HaveOneFinding)
 {
-    EXPECT_EQ(FindingsOf(path_, GetParam().target), std::string(GetParam().location) + " " + GetParam().code);
+    EXPECT_EQ(FindingsOf(path_, GetParam().target, isStrict_),
+        std::string(GetParam().location) + " " + GetParam().code);
 }
 
 TEST_P(FaultyDecks, SurviveWriting)
@@ -253,7 +276,7 @@ TEST_P(FaultyDecks, ReportHowToCheckThem)
 {
     std::string line;
     std::getline(std::ifstream(path_), line);
-    EXPECT_EQ(line, CommandFor(GetParam().target) + " " + GetParam().code + ".data");
+    EXPECT_EQ(line, CommandFor(GetParam().target, isStrict_) + " " + GetParam().code + ".data");
 }
 
 INSTANTIATE_TEST_SUITE_P(Codes, FaultyDecks, testing::ValuesIn(faultyRows), [](const auto& row) {

@@ -248,7 +248,7 @@ void RandomLanguage::WriteScalar(const Shape& shape)
 std::string RandomLanguage::MakeValue(const Shape& shape)
 {
     static const char* const numbers[] = {"0.25", "-1.5E-7", "1e22", "12", "3D2", "+.5", "0.1", "123456.789"};
-    static const char* const texts[] = {"P1", "'A B'", "\"it's\"", "'STOP'", "x-y", "'3*4'", "''", "'--'"};
+    static const char* const texts[] = {"P1", "'A B'", "\"it's\"", "'STOP'", "X-Y", "'3*4'", "''", "'--'"};
     switch (shape.kind) {
     case Kind::Integer:
         return Toss(8) ? variable : std::to_string(Pick(20) - 9);

@@ -20,8 +20,8 @@ protected:
         if (deck.empty())
             return {};
         std::string codes;
-        const Deck read =
-            Deck::ReadText(deck, language, ReadOptions().SetTarget(RemedyOf(GetParam().code).target));
+        const Deck read = Deck::ReadText(deck, language,
+            ReadOptions().SetTarget(RemedyOf(GetParam().code).target).SetStrict(GetParam().isStrict));
         for (const Finding& finding : read.GetFindings())
             codes += finding.code + " ";
         return codes;

@@ -35,6 +35,8 @@ public:
     /// are left alone: it would take as long as to read them.
     void ReportBadSuppressions();
 
+    /// An error that was reported already, in other words.
+    void CountError() { errors_ += isMuted_ ? 0 : 1; }
     /// Errors met so far, hidden ones included.
     std::size_t GetErrorCount() const { return errors_; }
 

@@ -31,10 +31,14 @@ struct DataNotes {
     std::vector<DataComment> comments; ///< in their order
     std::vector<std::string> endWords; ///< that ended lists which end with words of their own, in their order
     std::unique_ptr<DataVariables> variables; ///< or null
+    std::vector<int> switches; ///< of a map in its older form, which is a list of numbers
     std::vector<TextRange> values; ///< of each slot, if asked for: repeated ones have one range, and one that
                                    ///< is not given an empty range where it would stand
 
-    bool IsEmpty() const { return comments.empty() && endWords.empty() && !variables && values.empty(); }
+    bool IsEmpty() const
+    {
+        return comments.empty() && endWords.empty() && !variables && switches.empty() && values.empty();
+    }
 };
 
 } // namespace Veld::Quor::Core::Decks

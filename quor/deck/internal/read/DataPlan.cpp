@@ -100,11 +100,14 @@ bool DataPlan::MayEndAt(std::size_t index) const
         [](const DataPlan& item) { return item.IsScalar() && item.MayBeMissing(); });
 }
 
-const DataPlan& DataPlans::Get(const IKeywordDataMD& root)
+const DataPlan& DataPlans::Get(const IKeywordDataMD& root, bool isOfCells)
 {
     std::unique_ptr<DataPlan>& plan = plans_[&root];
     if (!plan)
         plan = std::make_unique<DataPlan>(MakePlan(root, target_));
+    const bool isArray = isOfCells && plan->type == MDType::List && !plan->items.empty();
+    if (isArray && plan->items.front().type == MDType::Integer)
+        plan->items.front().min = std::min(plan->items.front().min, 0.0);
     return *plan;
 }
 

@@ -61,8 +61,9 @@ public:
     {
     }
 
-    /// The plan of the root of a keyword's metadata. Lasts as long as this object.
-    const DataPlan& Get(const Core::Keywords::IKeywordDataMD& root);
+    /// The plan of the root of a keyword's metadata. Lasts as long as this object. `isOfCells`: a whole
+    /// number of an array may be 0 too, which is what decks give cells that aren't active.
+    const DataPlan& Get(const Core::Keywords::IKeywordDataMD& root, bool isOfCells = false);
 
 private:
     Target target_;

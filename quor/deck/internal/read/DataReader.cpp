@@ -38,18 +38,19 @@ DataReader::DataReader(const Target& target, DeckText& text, FindingReporter& re
 {
 }
 
-void DataReader::Read(const DataPlan& plan, const Token& keyword, IKeywordData& data, bool mayBeShort,
+void DataReader::Read(const DataPlan& plan, const Token& keyword, IKeywordData& data, const Traits& traits,
     std::vector<RecordStart>& starts)
 {
     keyword_ = keyword;
     root_ = &plan;
-    mayBeShort_ = mayBeShort;
+    traits_ = traits;
     records_.clear();
     words_.Begin(keyword);
-    values_.Begin(keyword);
+    values_.Begin(keyword, traits.mayHaveQuantities);
     variables_.Begin();
     notes_.Begin();
     order_.Begin();
+    PassRemark(plan);
     if (plan.termination == Termination::EOL && !StartsWithLine(plan) && text_.IsAtLineEnd())
         text_.PeekData(); // the line is the next one
     const bool endsByItself = plan.type != MDType::Raw && plan.termination == Termination::NONE;

@@ -15,6 +15,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -45,14 +46,20 @@ struct RecordStart {
 /// word is reported once; after it, reading continues.
 class DataReader {
 public:
+    /// What a keyword's data may have.
+    struct Traits {
+        bool mayLackLayers; ///< an array, whose layers are those above where none is given
+        bool mayHaveQuantities; ///< a name that the user defines may be in place of a number
+    };
+
     /// `keepsValueRanges`: the notes get the range of each value, at a cost in time and memory.
     DataReader(const Target& target, DeckText& text, FindingReporter& reporter, Decks::SizeOfName sizeOfName,
         VariableTexts variables, bool keepsValueRanges);
 
     /// The text continues after `keyword`. Where the outermost data are a list, `starts` gets the begin of
     /// each element.
-    void Read(const DataPlan& plan, const Token& keyword, Core::Keywords::IKeywordData& data, bool mayBeShort,
-        std::vector<RecordStart>& starts);
+    void Read(const DataPlan& plan, const Token& keyword, Core::Keywords::IKeywordData& data,
+        const Traits& traits, std::vector<RecordStart>& starts);
 
     /// What the text of the keyword holds beside its data.
     DataNotes TakeNotes() { return std::move(notesOfKeyword_); }
@@ -102,6 +109,8 @@ private:
     Ended ReadWithin(const DataPlan& item, std::size_t index, void* storage);
     Ended ReadLine(bool isFirst, void* storage);
     Ended ReadDefault(const DataPlan& item);
+    bool IsText(const DataPlan& item, bool mayBeMissing) const;
+    void RemarkBlank();
     Ended ReadMissing(const DataPlan& plan, std::size_t index);
     Ended ReadGiven(const DataPlan& plan, std::size_t index, void* storage);
     bool ReadScalar(const DataPlan& plan, std::size_t index, void* storage);
@@ -110,9 +119,11 @@ private:
     void CheckNumber(const DataPlan& plan, std::size_t index, double value);
     void CheckValid(const DataPlan& item);
     Ended EndRecord(const DataPlan& plan);
+    Got PassDefaults(const DataPlan& plan);
     void CheckMissing(const DataPlan& plan, std::size_t first, const TextRange& range);
 
-    // Records that go wrong
+    // Text that goes wrong
+    void PassRemark(const DataPlan& plan);
     bool BeginsNextRecord(const DataPlan& plan, std::size_t index);
     bool FitsAfter(const DataPlan& plan, std::size_t index) const;
     std::string FindShift(const DataPlan& item) const;
@@ -137,6 +148,7 @@ private:
     Ended ReadLines(const DataPlan& plan, Core::Keywords::IKeywordListData& list);
     bool HasMore(
         const DataPlan& plan, long long size, const Core::Keywords::IKeywordListData& list, Ended& ended);
+    bool IsKeywordNext(const DataPlan& element);
     Ended EndListByStop(const DataPlan& plan, long long size, const Core::Keywords::IKeywordListData& list);
     Ended EndListBySlash(const DataPlan& plan, long long size, const Core::Keywords::IKeywordListData& list);
     bool EndsByWord(const Core::Keywords::ICustomReadTermination& endWords);
@@ -149,6 +161,8 @@ private:
     std::vector<TextEdit> SlashAfterLast(bool endsRecord, bool endsList) const;
     Ended UnclosedList(const DataPlan& plan);
     static Open OpenListOf(const DataPlan& plan);
+    bool MayEndAfter(long long count) const;
+    bool IsKnownSize(const std::string& size, long long count);
     void CheckSize(const DataPlan& plan, long long size, long long count, const TextRange& range);
 
     // Lists of numbers
@@ -166,6 +180,7 @@ private:
 
     // Maps and raw text
     Ended ReadMap(const DataPlan& plan, Core::Keywords::IKeywordMapData& map);
+    bool TakeSwitch(Got got, long long count);
     void ReadAssignment(Core::Keywords::IKeywordMapData& map);
     std::optional<std::string_view> ReadAssigned();
     std::optional<int> ConvertAssigned(
@@ -187,10 +202,12 @@ private:
     // Of the keyword being read
     Token keyword_;
     const DataPlan* root_ = nullptr;
-    bool mayBeShort_ = false;
+    Traits traits_ = {};
     long long misfits_ = 0; // values of the list being read that were none
     std::vector<std::pair<const DataPlan*, const Core::Keywords::IKeywordRecordData*>> records_; // being read
     DataNotes notesOfKeyword_;
+
+    std::set<std::pair<std::string, long long>> wrongSizes_; // that were reported, by what they should be
 };
 
 } // namespace Veld::Quor::Core::Decks

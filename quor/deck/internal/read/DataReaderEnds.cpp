@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include <optional>
 #include <utility>
 
 // What is reported of records and lists that have no end, or a wrong size.
@@ -99,10 +100,12 @@ void DataReader::ReportUnclosed(const TextRange& end, Open what, std::vector<Tex
         return report(fmt::format("{}: missing slash at the end of the record", keyword_.text),
             "add a slash after the last value");
     case Open::Values:
-    case Open::Records:
         return report(fmt::format("{}: missing slash at the end of the list", keyword_.text),
-            what == Open::Values ? "add a slash after the last value"
-                                 : "add a line with a slash after the last record");
+            "add a slash after the last value");
+    case Open::Records: // which are whole
+        return reporter_.Report(end, Code::UnclosedList,
+            fmt::format("{}: missing slash after the last record", keyword_.text),
+            "add a line with a slash after the last record", std::move(fix));
     case Open::Names:
         return report(fmt::format("{}: missing slash at the end of the list of names", keyword_.text),
             "add a slash after the last name");
@@ -143,6 +146,23 @@ DataReader::Open DataReader::OpenListOf(const DataPlan& plan)
                                                                                        : Open::Values;
 }
 
+/// Whether the values of an array are whole layers, and the others those above.
+bool DataReader::MayEndAfter(long long count) const
+{
+    if (!traits_.mayLackLayers || count == 0)
+        return false;
+    const std::optional<long long> columns = SizeOfName("NX");
+    const std::optional<long long> rows = SizeOfName("NY");
+    return !columns || !rows || *columns * *rows <= 0 || count % (*columns * *rows) == 0;
+}
+
+/// Whether a list that should have the same size had so many elements before: then the size is wrong, which
+/// was reported.
+bool DataReader::IsKnownSize(const std::string& size, long long count)
+{
+    return count > 0 && !wrongSizes_.emplace(size, count).second;
+}
+
 void DataReader::CheckSize(const DataPlan& plan, long long size, long long count, const TextRange& range)
 {
     if (text_.MissedInclusion() || order_.IsShapeReported())
@@ -150,9 +170,11 @@ void DataReader::CheckSize(const DataPlan& plan, long long size, long long count
     const std::string* const least = ListMD(plan).GetMinSize();
     const std::string* const most = ListMD(plan).GetMaxSize();
     const SizeTexts& texts = SizeTextsOf(plan.items.front());
-    const bool isShort = size != unknownSize && count + misfits_ < size && !(mayBeShort_ && count > 0);
+    const bool isShort = size != unknownSize && count + misfits_ < size && !MayEndAfter(count);
     // A table without rows stands for the one before it.
-    if (isShort && (count > 0 || plan.termination == Termination::NONE || plan.items.front().IsScalar()))
+    if (isShort && IsKnownSize(*ListMD(plan).GetSize(), count))
+        reporter_.CountError();
+    else if (isShort && (count > 0 || plan.termination == Termination::NONE || plan.items.front().IsScalar()))
         reporter_.Report(range, Code::WrongSize,
             fmt::format(fmt::runtime(texts.tooFew), keyword_.text, size, count),
             fmt::format("the size is {}", *ListMD(plan).GetSize()));

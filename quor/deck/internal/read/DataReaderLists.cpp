@@ -140,7 +140,12 @@ void DataReader::ReadValue(const DataPlan& plan, IKeywordListData& list)
 {
     const DataPlan& item = plan.items.front();
     const auto index = static_cast<std::size_t>(list.GetSize());
-    if (words_.Next() == Got::Default) {
+    const Got got = words_.Next();
+    const bool isText = got == Got::Default && IsText(item, ListMD(plan).IsItemDefaultable());
+    if (isText)
+        words_.TakeAsText();
+    if (got == Got::Default && !isText) {
+        RemarkBlank();
         if (!ListMD(plan).IsItemDefaultable()) {
             ReportNoDefault(item);
             words_.TakeRepeats();
@@ -197,7 +202,7 @@ bool DataReader::HasMore(const DataPlan& plan, long long size, const IKeywordLis
     if (endsByItself && list.GetSize() == size)
         return false;
     const Got got = words_.Peek();
-    if (got == Got::Stop) {
+    if (got == Got::Stop || (endsByItself && got == Got::Value && IsKeywordNext(plan.items.front()))) {
         ended = EndListByStop(plan, size, list);
         return false;
     }
@@ -209,6 +214,18 @@ bool DataReader::HasMore(const DataPlan& plan, long long size, const IKeywordLis
     words_.Next();
     ended = EndListBySlash(plan, size, list);
     return false;
+}
+
+/// Whether a word is next that seems to be a keyword, though the language has none such, where the element
+/// begins with a number.
+bool DataReader::IsKeywordNext(const DataPlan& element)
+{
+    const DataPlan* first = &element;
+    while (!first->IsScalar() && !first->items.empty())
+        first = &first->items.front();
+    const bool isNumber = first->type == MDType::Integer || first->type == MDType::Real;
+    const Token* const next = isNumber ? words_.PeekBare() : nullptr;
+    return next && IsLetter(next->text.front()) && text_.IsLoneUpperWord(next->range);
 }
 
 /// A list of unknown size that nothing closes goes on to the next keyword.

@@ -3,6 +3,7 @@
 #include "quor/data/IKeywordMapData.h"
 #include "quor/data/IKeywordRawData.h"
 #include "quor/deck/internal/read/WordHints.h"
+#include "quor/deck/internal/text/LineText.h"
 #include "quor/metadata/IKeywordAssignmentMD.h"
 #include "quor/metadata/IKeywordMapMD.h"
 #include "quor/metadata/IKeywordRawMD.h"
@@ -27,9 +28,13 @@ DataReader::Ended DataReader::ReadMap(const DataPlan& plan, IKeywordMapData& map
 {
     const bool wasOneLine = words_.SetOneLine(plan.termination == Termination::EOL);
     Ended ended = Ended::Complete;
-    for (;;) {
+    for (bool mayBeSwitch = true;;) {
         const Got got = words_.Next();
-        if (words_.TakeRepeats() > 1)
+        const long long count = words_.TakeRepeats();
+        mayBeSwitch = mayBeSwitch && TakeSwitch(got, count);
+        if (mayBeSwitch)
+            continue;
+        if (count > 1)
             reporter_.Report(words_.GetRange(), Code::BadRepeat,
                 fmt::format("{}: a name can't have a repeat count", keyword_.text));
         if (got == Got::Value)
@@ -45,16 +50,39 @@ DataReader::Ended DataReader::ReadMap(const DataPlan& plan, IKeywordMapData& map
     return ended;
 }
 
+/// The older form of a map is a list of whole numbers, each for what its position says. False if the last
+/// word is none of them.
+bool DataReader::TakeSwitch(Got got, long long count)
+{
+    const bool isFirst = !notes_.HasSwitches();
+    const Token& word = words_.GetWord();
+    const bool isDefault = got == Got::Default && !isFirst;
+    const auto value =
+        got == Got::Value && word.kind == Token::Kind::Word ? ToNumber<int>(word.text) : std::optional<int>();
+    if (!value && !isDefault)
+        return false;
+    notes_.AddSwitches(value.value_or(0), count);
+    if (isFirst)
+        reporter_.Report(word.range, Code::OldForm,
+            fmt::format("{}: numbers in place of names", keyword_.text), "write the names of what is wanted");
+    return true;
+}
+
 /// `NAME`, which counts as 1, or `NAME=value`, blanks around the sign allowed.
 void DataReader::ReadAssignment(IKeywordMapData& map)
 {
     const TextRange range = words_.GetRange();
     const std::string_view word = words_.GetWord().text;
-    const std::string name(word.substr(0, word.find('=')));
+    const std::string name(TrimBlanks(word.substr(0, word.find('='))));
+    const bool isQuoted = words_.GetWord().kind == Token::Kind::Quoted && name.size() < word.size();
     const std::optional<std::string_view> number = ReadAssigned();
     const std::optional<int> value = number ? ConvertAssigned(name, *number, range) : 1;
     if (!value)
         return;
+    if (isQuoted && reporter_.IsStrict())
+        reporter_.Report(range, Code::QuotedAssignment,
+            fmt::format("{}, {}: name and value are in one pair of quotes", keyword_.text, Shorten(name)),
+            "remove the quotes", {{range, fmt::format("{}={}", name, *value)}});
     if (!map.SetValue(name, *value)) {
         reporter_.Report(range, Code::UnknownName,
             name.empty() ? fmt::format("{}: missing name before '='", keyword_.text)
@@ -78,7 +106,7 @@ std::optional<std::string_view> DataReader::ReadAssigned()
         word = text_.NextData().text;
         sign = 0;
     }
-    const std::string_view number = word.substr(sign + 1);
+    const std::string_view number = TrimBlanks(word.substr(sign + 1));
     return number.empty() && isValueNext() ? text_.NextData().text : number;
 }
 

@@ -23,8 +23,12 @@ namespace {
 using MDType = IKeywordDataMD::MDType;
 using Termination = DataPlan::Termination;
 
-bool EndsNumber(char c)
+/// A comma before a digit may be meant as a part of the number.
+bool EndsNumber(std::string_view text, std::size_t end)
 {
+    const char c = text[end];
+    if (c == ',')
+        return end + 1 == text.size() || !IsDigit(text[end + 1]);
     return IsSeparator(c) || c == '/';
 }
 
@@ -60,7 +64,7 @@ struct PlainNumbers {
             T& value = values[count];
             const std::size_t length = FindPlain(text.substr(offset), value);
             const std::size_t end = offset + length;
-            const bool isPlain = length > 0 && (end == text.size() || EndsNumber(text[end]))
+            const bool isPlain = length > 0 && (end == text.size() || EndsNumber(text, end))
                 && IsWithinLimits(item, static_cast<double>(value));
             if (!isPlain)
                 return;

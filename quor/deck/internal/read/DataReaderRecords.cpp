@@ -67,7 +67,10 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
         notes_.PassMissing(item, 0, words_.GetMissingRange());
         return Ended::BySlash;
     case Got::Default:
-        return ReadDefault(item);
+        if (!IsText(item, item.MayBeMissing()))
+            return ReadDefault(item);
+        words_.TakeAsText();
+        break;
     case Got::Value:
         break;
     }
@@ -89,13 +92,32 @@ DataReader::Ended DataReader::ReadLine(bool isFirst, void* storage)
         *static_cast<Optional<std::string>*>(storage) = std::string(line.text);
         words_.TakeLine(line);
     }
-    notes_.Pass(line.range);
+    const bool isGiven = line.kind == Token::Kind::Word;
+    notes_.Pass(isGiven ? line.range : TextRange{line.range.file, line.range.offset, 0});
     return Ended::Complete;
+}
+
+/// Whether what stands for a default elsewhere is a text here: a lone asterisk is the pattern of all names,
+/// and a blank text is one, where the text may not be left out.
+bool DataReader::IsText(const DataPlan& item, bool mayBeMissing) const
+{
+    return item.type == MDType::String && !mayBeMissing && (words_.IsAsterisk() || words_.IsBlank());
+}
+
+void DataReader::RemarkBlank()
+{
+    if (!reporter_.IsStrict() || !words_.IsBlank() || !words_.MayReport())
+        return;
+    const Token& word = words_.GetWord();
+    reporter_.Report(word.range, Code::BlankText,
+        fmt::format("{}: a blank text stands for a default", keyword_.text),
+        fmt::format("write '{}*'", word.repeat.count), {{word.range, fmt::format("{}*", word.repeat.count)}});
 }
 
 DataReader::Ended DataReader::ReadDefault(const DataPlan& item)
 {
     bool isShifted = false;
+    RemarkBlank();
     if (!item.MayBeMissing())
         isShifted = ReportMisfit(item,
             {Code::NoDefault, fmt::format("{}: the item has no default", values_.In(item)), "write a value"});
@@ -188,7 +210,7 @@ DataReader::Ended DataReader::EndRecord(const DataPlan& plan)
         Unclosed(Open::Record, SlashAfterLast(true, false));
         return Ended::Complete;
     }
-    switch (words_.Next()) {
+    switch (PassDefaults(plan)) {
     case Got::Slash:
         return Ended::Complete;
     case Got::Stop:
@@ -201,6 +223,22 @@ DataReader::Ended DataReader::EndRecord(const DataPlan& plan)
         fmt::format("{}: too many values (expected at most {})", keyword_.text, plan.items.size()),
         "end the record with a slash before this value");
     return SkipToSlash();
+}
+
+/// What comes after the defaults beyond the last item, which do no harm.
+DataReader::Got DataReader::PassDefaults(const DataPlan& plan)
+{
+    Got got = words_.Next();
+    const TextRange first = words_.GetRange();
+    const bool isExtra = got == Got::Default;
+    while (got == Got::Default)
+        got = words_.Next();
+    if (isExtra && got == Got::Slash && reporter_.IsStrict())
+        reporter_.Report(first, Code::ExtraDefault,
+            fmt::format("{}: a default after the last item (expected at most {} values)", keyword_.text,
+                plan.items.size()),
+            "remove the default");
+    return got;
 }
 
 /// One message for all items that are missing.

@@ -4,6 +4,8 @@
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/WordText.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
 // Words that don't fit: what is reported of them, and where the record continues.
@@ -14,6 +16,7 @@ using namespace Core::Keywords;
 
 namespace {
 
+using MDType = IKeywordDataMD::MDType;
 using Termination = DataPlan::Termination;
 
 bool IsBareWord(std::string_view text)
@@ -23,6 +26,23 @@ bool IsBareWord(std::string_view text)
 }
 
 } // namespace
+
+/// Text on the line of the keyword that can't be the beginning of its data is a remark.
+void DataReader::PassRemark(const DataPlan& plan)
+{
+    if (text_.HasPeeked() || text_.IsAtLineEnd() || plan.type == MDType::Raw)
+        return;
+    const TextRange rest{keyword_.range.file, keyword_.range.offset + keyword_.range.length, 0};
+    const std::string_view line = text_.GetLineFrom(rest);
+    if (MayBegin(plan, line, text_.GetRest().substr(std::min(line.size() + 1, text_.GetRest().size()))))
+        return;
+    const Token remark = text_.TakeRestOfLine();
+    notes_.AddComment(remark.range, CommentKind::AfterText);
+    reporter_.Report(remark.range, Code::TextAfterKeyword,
+        fmt::format("{}: the text '{}' is read as a remark", keyword_.text, Shorten(remark.text)),
+        "write '--' before a remark, and data on the next line",
+        {{{remark.range.file, remark.range.offset, 0}, "-- "}});
+}
 
 /// Of the last word. True if the rest of the record is shifted.
 bool DataReader::Report(const DataPlan& item, WordFaults&& faults)

@@ -61,7 +61,7 @@ std::unique_ptr<DeckContents> DeckReader::Read()
         if (mayHoldSizes && errors != reporter_.GetErrorCount())
             dimensions_.ForgetDefaults();
     }
-    scopes_.CloseAll(sections_.IsSure());
+    EndSection();
     if (deck_->keywords.empty() && deck_->files.GetSize() == 1 && reporter_.GetErrorCount() == 0)
         reporter_.Report(
             {}, Code::NoSection, "the deck has no keywords", "start the deck with section RUNSPEC");
@@ -101,9 +101,15 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
     scopes_.Follow(mayMissKeywords_);
 }
 
-void DeckReader::EnterSection(const Token& head, const Entry& entry)
+void DeckReader::EndSection()
 {
     scopes_.CloseAll(sections_.IsSure());
+    precedents_.EndSection(sections_.IsSure() && !mayMissKeywords_);
+}
+
+void DeckReader::EnterSection(const Token& head, const Entry& entry)
+{
+    EndSection();
     dimensions_.ResetBox();
     const IKeywordSyntax& syntax = vocabulary_.Get(entry, sections_.GetCurrent());
     sections_.Enter(SectionType::FromString(syntax.GetName()), head.range, entry);
@@ -116,8 +122,10 @@ void DeckReader::ReadData(KeywordInstance& keyword, const Token& head, bool isRe
     const ICellPropertyInfo* const cell = keyword.syntax->GetCellPropertyInfo();
     const std::size_t turns = text_.GetTurns();
     const FindingReporter::Muted muted(reporter_, isReported);
-    data_.Read(plans_.Get(*keyword.syntax->GetDataMD()), head, *keyword.data,
-        cell && cell->CopyLayerAboveByDefault(), keyword.records);
+    const DataReader::Traits traits = {
+        cell && cell->CopyLayerAboveByDefault(), keyword.section == SectionType::SCHEDULE};
+    data_.Read(plans_.Get(*keyword.syntax->GetDataMD(), cell != nullptr), head, *keyword.data, traits,
+        keyword.records);
     if (DataNotes notes = data_.TakeNotes(); !notes.IsEmpty())
         keyword.notes = std::make_unique<DataNotes>(std::move(notes));
     keyword.whole.length = turns == data_.GetTurns() ? data_.GetEnd() - head.range.offset : 0;
@@ -128,6 +136,8 @@ void DeckReader::FollowSizes(const KeywordInstance& keyword)
     const std::string& name = keyword.syntax->GetName();
     if (name == "ENDBOX")
         dimensions_.ResetBox();
+    else if (name == "RESTART" && keyword.section == SectionType::SOLUTION)
+        precedents_.SetRestarted();
     if (!keyword.data)
         return;
     if (name == "BOX")

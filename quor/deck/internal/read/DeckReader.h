@@ -33,8 +33,11 @@ private:
     void ReadMisspelt(const Token& head);
     void ReadAs(const Token& head, const Entry& entry);
     void ReadStray(const Token& token);
+    const Entry* FindIndented(const Token& word);
+    void TakeExtraSlash(bool isAfterFlag);
     std::string StrayMessage(const std::string& word) const;
     void ReadKeyword(const Token& head, const Entry& entry, bool isGuess = false);
+    void EndSection();
     void EnterSection(const Token& head, const Entry& entry);
     void ReadData(KeywordInstance& keyword, const Token& head, bool isReported);
     void CheckNoData(const Token& head);

@@ -1,7 +1,6 @@
 #include "quor/deck/internal/read/DeckText.h"
 
 #include "quor/deck/ReadOptions.h"
-#include "quor/deck/internal/read/CertainFixes.h"
 
 #include <fmt/format.h>
 
@@ -13,6 +12,18 @@
 namespace Veld::Quor::Core::Decks {
 
 using namespace Core::Keywords;
+
+namespace {
+
+/// The keyword at the start of the line that counts whatever is after it.
+const Entry* FindStructure(std::string_view line, std::string_view word, const Vocabulary& vocabulary)
+{
+    const Entry* const entry = vocabulary.FindStructure(word);
+    const bool isWhole = line.size() == word.size() || IsSeparator(line[word.size()]);
+    return entry && (isWhole || entry->role != KeywordDeckRole::Section) ? entry : nullptr;
+}
+
+} // namespace
 
 DeckText::DeckText(const std::string& path, const DeckSource& source, const Target& target,
     Vocabulary& vocabulary, DeckFiles& files, FindingReporter& reporter)
@@ -56,7 +67,8 @@ void DeckText::SkipData()
             const auto lone = FindLoneWord(line);
             const std::string_view word = FindLeadingWord(line);
             const Entry* const entry = vocabulary_.Find(word);
-            if (entry && (lone || vocabulary_.FindInclude(word))) {
+            const bool isKeyword = (lone && !lone->hasSlash) || FindStructure(line, word, vocabulary_);
+            if (entry && isKeyword) {
                 if (TakeStructure(*entry, word))
                     continue;
                 return;
@@ -117,14 +129,14 @@ Token DeckText::ScanData()
 }
 
 /// Where data are expected: takes a keyword that belongs to the text itself, and reports so; finds any other
-/// one, which has to stand alone on its line.
+/// one, which has to be alone on its line unless it begins a section.
 bool DeckText::TakeLineStart(Token& keyword)
 {
     if (!IsLetter(*position_) || !IsAtLineStart())
         return false;
     const std::string_view line = GetLine();
     const std::string_view word = FindLeadingWord(line);
-    const Entry* entry = vocabulary_.FindInclude(word);
+    const Entry* entry = FindStructure(line, word, vocabulary_);
     if (!entry) {
         const auto lone = FindLoneWord(line);
         entry = lone && !lone->hasSlash ? vocabulary_.Find(word) : nullptr;
@@ -135,58 +147,6 @@ bool DeckText::TakeLineStart(Token& keyword)
         return true;
     keyword = {Token::Kind::Keyword, RangeOf(word), word, entry};
     return false;
-}
-
-Token DeckText::TakeToken(Token::Kind kind, std::size_t length)
-{
-    const std::string_view text = GetRest().substr(0, length);
-    position_ += length;
-    return {kind, RangeOf(text), text};
-}
-
-/// A quote that isn't closed on its line is reported, and read as closed after the word, so that what follows
-/// is still read.
-Token DeckText::TakeWord(const DataWord& word)
-{
-    Token token = TakeToken(word.IsQuoted() ? Token::Kind::Quoted : Token::Kind::Word, word.length);
-    token.repeat = word.repeat;
-    if (word.IsQuoted())
-        token.text = word.text;
-    if (word.quotes == DataWord::Quotes::Unclosed) {
-        token.isClosed = false;
-        const char* const quote = word.text.data() - 1;
-        ReportOnce(RangeOf({quote, word.length - word.repeat.length}), Code::UnclosedQuote,
-            token.text.empty() ? "unclosed quote"
-                               : fmt::format("unclosed quote before '{}'", Shorten(token.text)),
-            fmt::format("add a closing {} on the same line", *quote),
-            CloseQuote(RangeOf(token.text), *quote, GetLine()));
-    } else if (word.quotes == DataWord::Quotes::Unopened) {
-        token.text.remove_suffix(1);
-        ReportOnce(token.range, Code::UnclosedQuote,
-            fmt::format("unopened quote after '{}'", Shorten(token.text)),
-            fmt::format("add an opening {} before the text", word.text.back()),
-            OpenQuote(files_, RangeOf(token.text.substr(token.repeat.length)), word.text.back()));
-    }
-    return token;
-}
-
-/// With what stands after it on its line.
-Token DeckText::TakeSlash()
-{
-    const Token slash = TakeToken(Token::Kind::Slash, 1);
-    NoteRemark();
-    SkipLine();
-    return slash;
-}
-
-/// Even if the word is read again.
-void DeckText::ReportOnce(
-    const TextRange& range, Code code, std::string message, std::string hint, std::vector<TextEdit> fix)
-{
-    if (range.file == lastReported_.file && range.offset <= lastReported_.offset && lastReported_.length > 0)
-        return;
-    lastReported_ = range;
-    reporter_.Report(range, code, std::move(message), std::move(hint), std::move(fix));
 }
 
 void DeckText::Take(std::size_t count)

@@ -37,6 +37,7 @@ struct Token {
     std::string_view text; ///< without quotes; lasts as long as the deck's files
     const Entry* entry = nullptr; ///< of a keyword
     bool isClosed = true; ///< false: the closing quote is missing
+    bool isOdd = false; ///< characters of it look like others, which was reported
     Repeat repeat = {}; ///< of a bare word at the beginning of `text`, of a quoted one before the quote
 };
 
@@ -75,9 +76,11 @@ public:
     bool HasPeeked() const { return hasPeeked_; }
 
     /// The rest of the line, or the next line that is no comment, without blanks around it; `Keyword` or
-    /// `End` if there is none. `isDirectlyAfter`: the next line counts even if it is blank or looks like a
-    /// keyword.
+    /// `End` if there is none. `isDirectlyAfter`: the next line counts even if it looks like a keyword,
+    /// unless numbers follow it.
     Token NextLine(bool isDirectlyAfter);
+    /// What is left of the line, without blanks around it.
+    Token TakeRestOfLine();
     /// All up to a line that starts with the word, in any case of letters. `End`: the file has no such line,
     /// and all of it was taken.
     Token NextRaw(std::string_view endWord);
@@ -99,6 +102,10 @@ public:
     std::string_view GetLineFrom(const TextRange& range) const;
     /// Whether nothing but blanks stands before the range on its line.
     bool IsFirstOnLine(const TextRange& range) const;
+    /// Whether the word ends where its range does.
+    bool IsWhole(const TextRange& word) const;
+    /// Whether a word in upper case is alone on its line, in the first column and without a slash.
+    bool IsLoneUpperWord(const TextRange& word) const;
     std::size_t GetOffset() const { return static_cast<std::size_t>(position_ - begin_); }
     std::uint32_t GetFile() const { return frames_.back().file; }
     /// How often inclusions, their ends and skipped blocks have led away from the text before.
@@ -142,10 +149,11 @@ private:
     bool TakeLineStart(Token& keyword);
     Token TakeToken(Token::Kind kind, std::size_t length);
     Token TakeWord(const DataWord& word);
+    void CheckBare(const DataWord& word, Token& token);
     Token TakeSlash();
     void ReportOnce(
         const TextRange& range, Code code, std::string message, std::string hint, std::vector<TextEdit> fix);
-    Token TakeLine();
+    bool IsKeywordOfNumbers(std::string_view line);
     void NoteComment();
     void NoteRemark();
     void Release();
@@ -153,6 +161,7 @@ private:
     void CheckCancelled() const;
 
     void ReadInclude(std::string_view keyword);
+    std::size_t TakeSlashBelow(std::size_t end);
     void ReportMissingName(const TextRange& keyword);
     void Include(const TextRange& statement, const TextRange& name, const std::string& text);
     void ReportAlias(const TextRange& name, const std::string& path);

@@ -1,25 +1,29 @@
 #include "quor/deck/internal/read/DeckText.h"
 
-#include <algorithm>
+#include <fmt/format.h>
 
 // Whole lines of a deck's text: as data, and as comments.
 
 namespace Veld::Quor::Core::Decks {
 
-namespace {
-
-std::string_view TrimBlanks(std::string_view line)
-{
-    const std::size_t first = std::min(line.find_first_not_of(" \t"), line.size());
-    return line.substr(first, line.find_last_not_of(" \t") + 1 - first);
-}
-
-} // namespace
-
 bool DeckText::IsFirstOnLine(const TextRange& range) const
 {
     const auto [line, start] = files_.LineOf(range);
     return IsEmpty(line.substr(0, range.offset - start));
+}
+
+bool DeckText::IsWhole(const TextRange& word) const
+{
+    const std::string_view line = GetLineFrom(word);
+    return line.size() == word.length || IsSeparator(line[word.length]) || line[word.length] == '/'
+        || IsCommentAt(line, word.length) || IsQuote(line[word.length]);
+}
+
+bool DeckText::IsLoneUpperWord(const TextRange& word) const
+{
+    const bool isAtStart = word.offset == 0 || begin_[word.offset - 1] == '\n';
+    const auto lone = isAtStart ? FindLoneWord(GetLineFrom(word)) : std::nullopt;
+    return lone && lone->isUpper && !lone->hasSlash;
 }
 
 std::string_view DeckText::GetLineFrom(const TextRange& range) const
@@ -34,7 +38,7 @@ Token DeckText::NextLine(bool isDirectlyAfter)
     Unpeek();
     if (!IsAtLineStart()) {
         if (!IsEmpty(GetLine()))
-            return TakeLine();
+            return TakeRestOfLine();
         NoteComment();
         SkipLine();
     }
@@ -46,23 +50,46 @@ Token DeckText::NextLine(bool isDirectlyAfter)
             continue;
         }
         const std::string_view line = GetLine();
-        if (IsComment(line) || (!isDirectlyAfter && IsEmpty(line))) {
+        if (IsEmpty(line)) {
             isDirectlyAfter = false;
             NoteComment();
             SkipLine();
             continue;
         }
+        if (isDirectlyAfter && IsKeywordOfNumbers(line)) {
+            isDirectlyAfter = false;
+            ReportOnce(RangeOf(FindLeadingWord(line)), Code::TooFewValues,
+                fmt::format("missing text before keyword {}", FindLeadingWord(line)),
+                "write the text on the line before the keyword", {});
+        }
         Token keyword;
         if (!isDirectlyAfter && TakeLineStart(keyword))
             continue;
-        return keyword.entry ? keyword : TakeLine();
+        return keyword.entry ? keyword : TakeRestOfLine();
     }
     return {Token::Kind::End, RangeOf(GetRest().substr(0, 0)), {}};
 }
 
-/// What is left of the line, without the blanks around it.
-Token DeckText::TakeLine()
+/// Whether the line is a keyword, and numbers are on the next one: it is no text.
+bool DeckText::IsKeywordOfNumbers(std::string_view line)
 {
+    const auto lone = FindLoneWord(line);
+    if (!lone || lone->hasSlash || !vocabulary_.Find(lone->word))
+        return false;
+    LineReader lines(GetRest());
+    Line next;
+    lines.Next(next);
+    while (lines.Next(next)) {
+        const std::string_view text = TrimBlanks(next.text);
+        if (!IsEmpty(text))
+            return IsDigit(text.front());
+    }
+    return false;
+}
+
+Token DeckText::TakeRestOfLine()
+{
+    Unpeek();
     const std::string_view line = TrimBlanks(GetLine());
     const Token token{Token::Kind::Word, RangeOf(line), line};
     SkipLine();
@@ -85,6 +112,24 @@ Token DeckText::NextRaw(std::string_view endWord)
     }
     const std::string_view text(start, static_cast<std::size_t>(position_ - start));
     return {Token::Kind::End, RangeOf(text), text};
+}
+
+/// The slash that ends an inclusion may be on a line below the name. Where the inclusion ends: after it, or
+/// at `end` if there is none.
+std::size_t DeckText::TakeSlashBelow(std::size_t end)
+{
+    LineReader lines(GetRest());
+    for (Line line; lines.Next(line);) {
+        if (IsEmpty(line.text))
+            continue;
+        if (line.text[line.text.find_first_not_of(" \t")] != '/')
+            return end;
+        position_ = line.text.data() + line.text.size();
+        end = GetOffset();
+        SkipLine();
+        return end;
+    }
+    return end;
 }
 
 /// The comment that the rest of the line holds, if any.

@@ -96,8 +96,12 @@ void DeckText::ReadInclude(std::string_view word)
         return;
     }
     const TextRange name = RangeOf(GetLine().substr(token->offset, token->length));
-    const TextRange statement{keyword.file, keyword.offset, GetOffset() + GetLine().size() - keyword.offset};
+    const std::string_view rest = GetLine().substr(token->offset + token->length);
+    std::size_t end = GetOffset() + GetLine().size();
     SkipLine();
+    if (!HasEndingSlash(rest))
+        end = TakeSlashBelow(end);
+    const TextRange statement{keyword.file, keyword.offset, end - keyword.offset};
     if (token->isClosed) {
         Include(statement, name, std::string(token->name));
         return;

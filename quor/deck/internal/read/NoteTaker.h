@@ -29,6 +29,8 @@ public:
     void Enter(int index) { path_.push_back(index); }
     void Leave() { path_.pop_back(); }
 
+    /// A comment is here. The sink of the text calls it.
+    void AddComment(const TextRange& range, CommentKind kind);
     /// Slots are over that the word at the range says the values of.
     void Pass(const TextRange& range, std::size_t slots = 1);
     /// A slash at `range` came in place of the scalar, or of the items of the record from `firstItem` on.
@@ -37,6 +39,13 @@ public:
     void PassEnd() { ++position_.ends; }
     /// A word did.
     void PassEndWord(std::string_view word);
+
+    /// A number of a map in its older form, so many times.
+    void AddSwitches(int value, long long count)
+    {
+        notes_.switches.insert(notes_.switches.end(), static_cast<std::size_t>(count), value);
+    }
+    bool HasSwitches() const { return !notes_.switches.empty(); }
 
     /// `text`, with variables, stands for `count` scalars of the node from `index` on.
     void AddVariable(int index, long long count, std::string_view text);
@@ -55,8 +64,6 @@ private:
         std::string key; // of a map; else empty
         std::string text;
     };
-
-    void AddComment(const TextRange& range, CommentKind kind);
 
     bool keepsValueRanges_;
     DataNotes notes_;

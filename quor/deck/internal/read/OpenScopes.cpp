@@ -11,9 +11,11 @@ using namespace Core::Keywords;
 void OpenScopes::Follow(bool mayMissKeywords)
 {
     const KeywordInstance& keyword = deck_.keywords.back();
-    if (IsEndedBy(keyword))
+    if (IsEndedBy(keyword)) {
+        if (keyword.syntax == OpenerOfInnermost().syntax)
+            RemarkOpen();
         Leave();
-    else if (language_.EndsScopes(*keyword.syntax) && !mayMissKeywords)
+    } else if (language_.EndsScopes(*keyword.syntax) && !mayMissKeywords)
         reporter_.Report(keyword.name, Code::StrayEnd,
             fmt::format("{} has no matching opening keyword", keyword.syntax->GetName()));
     if (!keyword.syntax->HasScope())
@@ -30,11 +32,23 @@ void OpenScopes::CloseAll(bool isSure)
     for (; innermost_ != noIndex; Leave()) {
         const KeywordInstance& opener = OpenerOfInnermost();
         const IKeywordSyntax* const end = opener.syntax->GetScopeSyntax();
-        if (end && isSure)
+        if (EndsItself(*opener.syntax))
+            RemarkOpen();
+        else if (end && isSure)
             reporter_.Report(opener.name, Code::UnclosedScope,
                 fmt::format("unclosed {}; expected {}", opener.syntax->GetName(), end->GetName()),
                 fmt::format("add {} before the end of the section", end->GetName()));
     }
+}
+
+/// The innermost scope ends without the keyword that is there to end it, as it may.
+void OpenScopes::RemarkOpen()
+{
+    const KeywordInstance& opener = OpenerOfInnermost();
+    if (const IKeywordSyntax* const end = opener.syntax->GetScopeSyntax())
+        reporter_.Report(opener.name, Code::ImplicitEnd,
+            fmt::format("{} is not closed by {}", opener.syntax->GetName(), end->GetName()),
+            fmt::format("add {}", end->GetName()));
 }
 
 bool OpenScopes::IsEndedBy(const KeywordInstance& keyword) const

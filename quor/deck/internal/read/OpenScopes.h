@@ -37,6 +37,7 @@ private:
     {
         return deck_.keywords[deck_.scopes[innermost_].opener];
     }
+    void RemarkOpen();
     void Leave();
 
     const LanguageIndex& language_;

@@ -5,6 +5,7 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -16,13 +17,26 @@ public:
     {
     }
 
-    /// `isSure`: no keyword before it was missed.
+    /// `isSure`: no keyword before it was missed. RUNSPEC has no order: its keywords are judged at its end.
     void Follow(const KeywordInstance& keyword, bool isSure);
+    /// A section ends. `isSure`: no keyword in it was missed.
+    void EndSection(bool isSure);
+    /// From now on nothing is required in SCHEDULE: what comes before it is in another run.
+    void SetRestarted() { isRestarted_ = true; }
 
 private:
-    void Check(const KeywordInstance& keyword);
+    /// A keyword of RUNSPEC.
+    struct Pending {
+        const Core::Keywords::IKeywordSyntax* syntax;
+        TextRange name;
+    };
+
+    void Check(const Core::Keywords::IKeywordSyntax& syntax, Core::Keywords::SectionType::Enum section,
+        const TextRange& name);
 
     FindingReporter& reporter_;
+    std::vector<Pending> pending_;
+    bool isRestarted_ = false;
     std::set<std::string> seen_; // names of the keywords so far, and of missing ones that were reported
 };
 

@@ -5,9 +5,13 @@
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/deck/internal/read/DataShape.h"
 #include "quor/deck/internal/read/DataValue.h"
+#include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/WordText.h"
+#include "quor/foundation/service/Optional.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -37,11 +41,26 @@ const IKeywordRecordData& DateAt(const IKeywordListData& list, std::size_t i)
     return static_cast<const IKeywordRecordData&>(*static_cast<const IKeywordData*>(list.GetData(i)));
 }
 
+/// Months are compared as they are written.
+void FoldMonth(IKeywordData& record)
+{
+    auto& month =
+        *static_cast<Service::Optional<std::string>*>(static_cast<IKeywordRecordData&>(record).GetData(1));
+    if (month)
+        month = ToUpper(*month);
+}
+
+void FoldMonths(IKeywordListData& dates)
+{
+    for (std::size_t i = 0; i < static_cast<std::size_t>(dates.GetSize()); ++i)
+        FoldMonth(*static_cast<IKeywordData*>(dates.GetData(i)));
+}
+
 } // namespace
 
 void TimeLine::Follow(bool isSound)
 {
-    const KeywordInstance& keyword = deck_.keywords.back();
+    KeywordInstance& keyword = deck_.keywords.back();
     const std::string& name = keyword.syntax->GetName();
     if (name == "LAB") { // the one set of units whose unit of time is the hour
         reached_.ticksPerUnit = 3600 * Time::TicksPerSecond;
@@ -50,8 +69,11 @@ void TimeLine::Follow(bool isSound)
     } else if (!keyword.data) {
         return;
     } else if (name == "START" && IsRecordOf(keyword.data->GetMD(), date)) {
+        FoldMonth(*keyword.data);
         FollowStart(keyword, isSound);
     } else if (Advances(keyword)) {
+        if (name == "DATES")
+            FoldMonths(static_cast<IKeywordListData&>(*keyword.data));
         name == "DATES" ? FollowDates(keyword, isSound) : FollowPeriods(keyword, isSound);
     }
 }
@@ -82,10 +104,27 @@ void TimeLine::FollowStart(const KeywordInstance& keyword, bool isSound)
         return;
     sound_.start = sound_.now = start;
     if (!start.IsDef())
-        reporter_.Report(keyword.name, Code::BadDate,
+        reporter_.Report(FirstWordOf(keyword), Code::BadDate,
             fmt::format("START: invalid date '{}'",
                 RecordText(static_cast<const IKeywordRecordData&>(*keyword.data))),
             "expected a date such as 1 JAN 2020");
+}
+
+/// The first word of the keyword's data; the keyword itself if they are in another file.
+TextRange TimeLine::FirstWordOf(const KeywordInstance& keyword) const
+{
+    const std::size_t begin = keyword.name.offset + keyword.name.length;
+    const std::size_t end = keyword.whole.offset + keyword.whole.length;
+    LineReader lines(deck_.files.GetText(keyword.name.file).substr(begin, std::max(begin, end) - begin));
+    for (Line line; lines.Next(line);) {
+        if (IsEmpty(line.text))
+            continue;
+        const std::size_t blanks = line.text.find_first_not_of(" \t");
+        const auto offset =
+            static_cast<std::size_t>(line.text.data() - deck_.files.GetText(keyword.name.file).data());
+        return {keyword.name.file, offset + blanks, FindDataWord(line.text.substr(blanks)).length};
+    }
+    return keyword.name;
 }
 
 void TimeLine::FollowDates(const KeywordInstance& keyword, bool isSound)
@@ -107,7 +146,10 @@ void TimeLine::CheckDate(const Time& time, const IKeywordRecordData& record, con
     if (!time.IsDef())
         reporter_.Report(range, Code::BadDate, fmt::format("DATES: invalid date '{}'", RecordText(record)),
             "expected a date such as 1 JAN 2020");
-    else if (sound_.now.IsDef() && time <= sound_.now)
+    else if (sound_.now.IsDef() && time == sound_.now)
+        reporter_.Report(range, Code::RepeatedDate,
+            fmt::format("DATES: {} has no effect; the schedule has already reached it", DateText(time)));
+    else if (sound_.now.IsDef() && time < sound_.now)
         reporter_.Report(range, Code::DateOrder,
             fmt::format("DATES: {} is not after {}, which the schedule has already reached", DateText(time),
                 DateText(sound_.now)));

@@ -40,6 +40,7 @@ private:
     };
 
     void FollowStart(const KeywordInstance& keyword, bool isSound);
+    TextRange FirstWordOf(const KeywordInstance& keyword) const;
     void FollowDates(const KeywordInstance& keyword, bool isSound);
     void FollowPeriods(const KeywordInstance& keyword, bool isSound);
     void CheckDate(const Core::Service::Time& time, const Core::Keywords::IKeywordRecordData& record,

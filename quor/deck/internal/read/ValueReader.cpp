@@ -71,6 +71,16 @@ bool IsValue(const DataPlan& item, const DataWord& word)
     return value && IsWithinLimits(item, static_cast<double>(*value));
 }
 
+/// A name that the user defines: what it is of, U, and up to six characters more.
+bool IsUserQuantity(std::string_view text)
+{
+    constexpr std::size_t shortest = 3;
+    constexpr std::size_t longest = 8;
+    return text.size() >= shortest && text.size() <= longest && text[1] == 'U'
+        && std::string_view("ABCFGRSW").find(text[0]) != std::string_view::npos
+        && FindLeadingWord(text).size() == text.size();
+}
+
 bool IsWholeNumber(std::string_view text)
 {
     if (text.starts_with('-') || text.starts_with('+'))
@@ -135,6 +145,10 @@ Reading<T> ValueReader::Read(const DataPlan& item, const Token& word)
         } else if (reading.hasVariables && !isText<T>) {
             return reading;
         }
+    }
+    if (std::is_same_v<T, double> && !reading.value && mayHaveQuantities_ && IsUserQuantity(text.text)) {
+        reading.hasVariables = true;
+        return reading;
     }
     if (reading.value)
         Remark(item, text, *reading.value, reading.faults.remarks);
@@ -244,7 +258,7 @@ bool CanBeValue(const DataPlan& item, const DataWord& word)
     case MDType::Integer:
         return IsValue<int>(item, word);
     case MDType::Real:
-        return IsValue<double>(item, word);
+        return IsValue<double>(item, word) || IsUserQuantity(word.text);
     case MDType::Assignment:
     case MDType::Line:
     case MDType::List:

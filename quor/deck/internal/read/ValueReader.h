@@ -52,8 +52,13 @@ public:
     {
     }
 
-    /// The messages name the keyword.
-    void Begin(const Token& keyword) { keyword_ = keyword.text; }
+    /// The messages name the keyword. `mayHaveQuantities`: a name that the user defines may be in place of a
+    /// real number, and is read as a variable without a value.
+    void Begin(const Token& keyword, bool mayHaveQuantities)
+    {
+        keyword_ = keyword.text;
+        mayHaveQuantities_ = mayHaveQuantities;
+    }
 
     /// T: bool, int, double or std::string, as the item's data are stored. The limits of the item are not
     /// checked.
@@ -85,6 +90,7 @@ private:
     Target target_;
     VariableValues& variables_;
     std::string_view keyword_;
+    bool mayHaveQuantities_ = false;
     Keywords::ChoiceMatch match_; // of the choice that was read last
 };
 

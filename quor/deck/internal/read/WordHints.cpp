@@ -48,6 +48,17 @@ std::string HintOfKey(const IKeywordMapMD& map, const std::string& word)
     return HintOf(keys, word);
 }
 
+const IKeywordAssignmentMD* FindAssignment(const IKeywordMapMD& map, const std::string& key)
+{
+    const std::string upper = ToUpper(key);
+    for (int i = 0; i < map.GetSize(); ++i) {
+        const auto& keys = map.GetItemMD(i)->GetKeys();
+        if (std::find(keys.begin(), keys.end(), upper) != keys.end())
+            return map.GetItemMD(i);
+    }
+    return nullptr;
+}
+
 const IKeywordAssignmentMD* FindAssignment(const IKeywordMapData& map, const std::string& key)
 {
     const std::string upper = ToUpper(key);

@@ -22,7 +22,8 @@ WordStream::Got WordStream::Next()
     if (endsByLine_)
         return Got::Slash;
     word_ = text_.NextData();
-    isDefault_ = isReported_ = false;
+    isDefault_ = false;
+    isReported_ = word_.isOdd;
     if (word_.kind == Token::Kind::Keyword || word_.kind == Token::Kind::End)
         return Got::Stop;
     ++taken_;
@@ -34,7 +35,16 @@ WordStream::Got WordStream::Next()
         return Got::Slash;
     if (word_.repeat.length > 0)
         TakeRepeat();
+    if (word_.kind == Token::Kind::Quoted && word_.text.empty() && word_.isClosed)
+        isDefault_ = true;
     return GotRepeated();
+}
+
+void WordStream::TakeAsText()
+{
+    if (IsAsterisk())
+        word_.text = {word_.text.data() - 1, 1};
+    isDefault_ = false;
 }
 
 /// The word keeps what is after its count.

@@ -49,6 +49,15 @@ public:
     long long GetRepeats() const { return repeats_; }
     /// The last word counts as taken so often.
     long long TakeRepeats() { return std::exchange(repeats_, 0) + 1; }
+    /// Whether the last word is a lone asterisk, which may be a pattern.
+    bool IsAsterisk() const
+    {
+        return word_.kind == Token::Kind::Word && word_.range.length == 1 && isDefault_;
+    }
+    /// Whether it is a blank text in quotes.
+    bool IsBlank() const { return word_.kind == Token::Kind::Quoted && isDefault_; }
+    /// It stands for a default, and is to be read as text.
+    void TakeAsText();
     /// The bare word or slash that comes next; null if it is anything else.
     const Token* PeekBare();
     /// Takes it; no values are counted.

@@ -3,6 +3,8 @@
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
 
+#include <algorithm>
+
 namespace Veld::Quor::Core::Decks {
 
 using namespace Core::Keywords;
@@ -24,6 +26,12 @@ void AppendIntegers(const IKeywordDataMD* md, std::vector<const IKeywordIntegerM
 
 } // namespace
 
+bool EndsItself(const IKeywordSyntax& opener)
+{
+    const auto& ends = opener.GetScopeKeywords();
+    return std::find(ends.begin(), ends.end(), &opener) != ends.end();
+}
+
 LanguageIndex::LanguageIndex(KeywordSyntaxTable& table)
     : table_(table)
     , nearestNames_(table)
@@ -31,9 +39,10 @@ LanguageIndex::LanguageIndex(KeywordSyntaxTable& table)
     KeywordSyntaxEnumerator enumerator = table.KeywordsEnumerator();
     while (enumerator.NextWithHidden()) {
         const IKeywordSyntax& syntax = *enumerator.Current()->second;
-        if (syntax.GetDeckRole() == KeywordDeckRole::Include)
-            includeNames_.push_back(*enumerator.Current()->first);
-        if (syntax.HasScope() && syntax.GetScopeSyntax())
+        const KeywordDeckRole::Enum role = syntax.GetDeckRole();
+        if (role == KeywordDeckRole::Include || role == KeywordDeckRole::Section)
+            structureNames_.push_back(*enumerator.Current()->first);
+        if (syntax.HasScope() && syntax.GetScopeSyntax() && !EndsItself(syntax))
             scopeEnds_.insert(syntax.GetScopeSyntax());
         if (syntax.GetFirstValidSection() == SectionType::RUNSPEC)
             AppendIntegers(syntax.GetDataMD(), sizes_);

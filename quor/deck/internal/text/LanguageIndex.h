@@ -12,6 +12,10 @@
 
 namespace Veld::Quor::Core::Decks {
 
+/// Whether the scope that the keyword opens is ended by the same keyword too. Such a scope need not be
+/// closed.
+bool EndsItself(const Core::Keywords::IKeywordSyntax& opener);
+
 /// What a table says of decks. It never changes: made once for a table, it serves any number of threads that
 /// read decks at once. Must not outlive the table.
 class LanguageIndex {
@@ -30,8 +34,8 @@ public:
         return table_.Lookup(name, section, true);
     }
 
-    /// The names of the keywords that include a file.
-    const std::vector<std::string>& GetIncludeNames() const { return includeNames_; }
+    /// The names of the keywords that include a file or begin a section.
+    const std::vector<std::string>& GetStructureNames() const { return structureNames_; }
     /// Whether the keyword is there to end scopes, and for nothing else.
     bool EndsScopes(const Core::Keywords::IKeywordSyntax& syntax) const
     {
@@ -44,7 +48,7 @@ public:
 private:
     Core::Keywords::KeywordSyntaxTable& table_;
     NearestNames nearestNames_;
-    std::vector<std::string> includeNames_;
+    std::vector<std::string> structureNames_;
     std::unordered_set<const Core::Keywords::IKeywordSyntax*> scopeEnds_;
     std::vector<const Core::Keywords::IKeywordIntegerMD*> sizes_;
 };

@@ -90,6 +90,12 @@ bool IsComment(std::string_view line)
     return IsCommentAt(line, SkipBlanks(line, 0));
 }
 
+std::string_view TrimBlanks(std::string_view line)
+{
+    const std::size_t first = std::min(line.find_first_not_of(" \t"), line.size());
+    return line.substr(first, line.find_last_not_of(" \t") + 1 - first);
+}
+
 bool HasEndingSlash(std::string_view line)
 {
     for (std::size_t i = 0; i < line.size(); ++i) {

@@ -23,6 +23,8 @@ std::string_view FindLeadingWord(std::string_view line);
 /// Whether the line holds nothing but blanks and a comment.
 bool IsEmpty(std::string_view line);
 bool IsComment(std::string_view line);
+/// Without blanks and tabs at both ends.
+std::string_view TrimBlanks(std::string_view line);
 /// The same as `IsEmpty` of the first line of a text. It looks no further than it must.
 bool IsEmptyToLineEnd(std::string_view text);
 
@@ -44,6 +46,11 @@ std::optional<FileNameToken> FindFileName(std::string_view line, std::size_t off
 inline bool IsSeparator(char c)
 {
     return c == ' ' || (c >= '\t' && c <= '\r') || c == ',';
+}
+
+inline bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
 }
 
 inline bool IsQuote(char c)

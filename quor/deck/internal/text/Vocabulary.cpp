@@ -26,8 +26,8 @@ Vocabulary::Vocabulary(const LanguageIndex& language, const Target& target)
     : language_(language)
     , target_(target)
 {
-    for (const std::string& name : language.GetIncludeNames())
-        includes_.push_back(MakeEntry(name));
+    for (const std::string& name : language.GetStructureNames())
+        structure_.push_back(MakeEntry(name));
 }
 
 const Entry* Vocabulary::Find(std::string_view word)
@@ -40,11 +40,18 @@ const Entry* Vocabulary::Find(std::string_view word)
     return entry->second.syntaxes.empty() ? nullptr : &entry->second;
 }
 
-const Entry* Vocabulary::FindInclude(std::string_view word) const
+const Entry* Vocabulary::FindStructure(std::string_view word) const
 {
-    const auto entry = std::find_if(includes_.begin(), includes_.end(),
-        [word](const Entry& include) { return include.spelling == word; });
-    return entry == includes_.end() ? nullptr : &*entry;
+    const auto entry = std::find_if(structure_.begin(), structure_.end(),
+        [word](const Entry& keyword) { return keyword.spelling == word; });
+    return entry == structure_.end() ? nullptr : &*entry;
+}
+
+const Entry* Vocabulary::FindCut(std::string_view word)
+{
+    const Entry* const entry = word.size() > longestName ? Find(word.substr(0, longestName)) : nullptr;
+    const bool isWildcard = entry && entry->syntaxes.front()->GetName().ends_with('*');
+    return isWildcard ? nullptr : entry;
 }
 
 const IKeywordSyntax& Vocabulary::Get(const Entry& entry, SectionType::Enum section) const

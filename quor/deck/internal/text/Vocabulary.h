@@ -47,8 +47,12 @@ public:
 
     /// Null if the word is no keyword. Lasts as long as this object.
     const Entry* Find(std::string_view word);
-    /// The same for keywords that include a file, at a cost that doesn't grow with what was asked before.
-    const Entry* FindInclude(std::string_view word) const;
+    /// The same for keywords that include a file or begin a section, whatever is after them on their line, at
+    /// a cost that doesn't grow with what was asked before.
+    const Entry* FindStructure(std::string_view word) const;
+    /// The keyword of the first characters of a word that is too long; null if the word isn't, or there is no
+    /// such keyword by name.
+    const Entry* FindCut(std::string_view word);
     /// The syntax to which the table gives the name in `section`; of several of which none is valid there,
     /// the first.
     const Core::Keywords::IKeywordSyntax& Get(
@@ -69,7 +73,7 @@ private:
     const LanguageIndex& language_;
     Target target_;
     std::unordered_map<std::string, Entry, Hash, std::equal_to<>> entries_; // without syntaxes: unknown words
-    std::vector<Entry> includes_;
+    std::vector<Entry> structure_; // keywords that include a file or begin a section
     std::map<std::pair<std::string, Core::Keywords::SectionType::Enum>, std::vector<std::string>> nearest_;
 };
 

@@ -11,23 +11,36 @@ namespace {
 
 using Quotes = DataWord::Quotes;
 
-/// What ends a bare word, or may: hyphens begin a comment, a quote follows a repeat count.
+constexpr bool IsBeyondAscii(char c)
+{
+    return static_cast<unsigned char>(c) >= 0x80;
+}
+
+/// What ends a bare word, or may: hyphens begin a comment, a quote follows a repeat count. And what is beyond
+/// ASCII, which is noticed by the way.
 constexpr std::array<bool, 256> mayEnd = [] {
     std::array<bool, 256> table = {};
+    for (std::size_t c = 0x80; c < table.size(); ++c)
+        table[c] = true;
     for (const char c : std::string_view(" \t\n\v\f\r,/-'\""))
         table[static_cast<unsigned char>(c)] = true;
     return table;
 }();
 
-std::size_t LengthOfBareWord(std::string_view text)
+std::size_t LengthOfBareWord(std::string_view text, bool& isPlain)
 {
+    isPlain = !IsBeyondAscii(text[0]);
     const auto counts = [](char c) { return (c >= '0' && c <= '9') || c == '*'; };
     bool isCount = counts(text[0]);
     std::size_t length = 1;
     for (; length < text.size(); ++length) {
         const char c = text[length];
-        if (mayEnd[static_cast<unsigned char>(c)]
-            && (IsSeparator(c) || c == '/' || IsCommentAt(text, length)
+        if (!mayEnd[static_cast<unsigned char>(c)]) {
+            isCount = isCount && counts(c);
+            continue;
+        }
+        isPlain = isPlain && !IsBeyondAscii(c);
+        if ((IsSeparator(c) || c == '/' || IsCommentAt(text, length)
                 || (IsQuote(c) && isCount && text[length - 1] == '*')))
             break;
         isCount = isCount && counts(c);
@@ -42,7 +55,7 @@ DataWord FindQuoted(std::string_view text)
         line.remove_suffix(1);
     const std::size_t end = line.find(line[0], 1);
     if (end != std::string_view::npos)
-        return {line.substr(1, end - 1), end + 1, {}, Quotes::Closed};
+        return {TrimBlanks(line.substr(1, end - 1)), end + 1, {}, Quotes::Closed};
     std::size_t length = std::min(line.find_first_of(" \t", 1), line.size());
     if (length > 2 && line[length - 1] == '/')
         --length;
@@ -56,7 +69,7 @@ DataWord FindDataWord(std::string_view text)
     if (IsQuote(text[0]))
         return FindQuoted(text);
     DataWord word;
-    word.length = LengthOfBareWord(text);
+    word.length = LengthOfBareWord(text, word.isPlain);
     word.text = text.substr(0, word.length);
     word.repeat = FindRepeat(word.text);
     const bool isRepeatedQuote =

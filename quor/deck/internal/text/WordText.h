@@ -16,13 +16,17 @@ struct DataWord {
         Unclosed, ///< the word ends before the next blank, as if it were closed there
         Unopened, ///< the last character is a quote, and part of the text
     };
-    std::string_view text; ///< without the repeat count and the quotes around it
+    std::string_view text; ///< without the repeat count, the quotes around it and blanks within them
     std::size_t length = 0; ///< of all of it
     Repeat repeat;
     Quotes quotes = Quotes::None;
+    bool isPlain = true; ///< false: a bare word with characters beyond ASCII
 
     bool IsQuoted() const { return quotes == Quotes::Closed || quotes == Quotes::Unclosed; }
-    bool IsDefault() const { return text.empty() && !IsQuoted(); }
+    /// A blank text in quotes stands for a default too.
+    bool IsDefault() const { return text.empty() && quotes != Quotes::Unclosed; }
+    /// Whether blanks within the quotes are no part of the text.
+    bool IsPadded() const { return quotes == Quotes::Closed && length - repeat.length > text.size() + 2; }
 };
 
 /// `text` begins with the word, and may go on after it. A quoted word ends on its line. A quote ends a bare

@@ -2,6 +2,7 @@
 
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
+#include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/write/PlanShape.h"
 
 // The comments that stand between the data of a keyword.
@@ -81,7 +82,9 @@ void DataWriter::WriteComments()
 
 std::string DataWriter::TextOf(const DataComment& comment) const
 {
-    return std::string(files_.GetText(comment.range));
+    const std::string text(files_.GetText(comment.range));
+    const bool isRemark = comment.kind == CommentKind::AfterText && !IsComment(text); // of a keyword
+    return isRemark ? "-- " + text : text;
 }
 
 bool DataWriter::IsIndented(const DataComment& comment) const

@@ -62,7 +62,8 @@ void DeckWriter::AddParts()
     bool isOpen = false;
     for (const KeywordInstance& keyword : deck_.keywords) {
         const DataPlan* const plan = keyword.data ? &plans_.Get(*keyword.data->GetMD()) : nullptr;
-        const bool isWritten = plan && plan->type != DataPlan::MDType::Raw && keyword.isSound
+        const bool hasSwitches = keyword.notes && !keyword.notes->switches.empty();
+        const bool isWritten = plan && plan->type != DataPlan::MDType::Raw && keyword.isSound && !hasSwitches
             && keyword.whole.length > keyword.name.length;
         if (isWritten)
             parts_[keyword.whole.file].push_back({keyword.whole, &keyword, 0, !isOpen});
