@@ -77,13 +77,13 @@ INSTANTIATE_TEST_SUITE_P(Baselines, KnownFindings,
 TEST(Baseline, IsSortedAndReplacedAsAWhole)
 {
     const TemporaryDirectory folder;
-    const std::string deck = folder.Write("d.data", "RUNSPEC\nOIL x\xff\nOIL\nWATR\nWATR\n");
+    const std::string deck = folder.Write("d.data", "RUNSPEC\n1 x\xff\nOIL\nWATR\nWATR\n");
     const std::string baseline = folder.Write("known.json", "old");
     const Outcome outcome = RunSmall("check " + deck + " --write-baseline " + baseline);
     EXPECT_TRUE(Holds(outcome.err, "baseline: 3 findings written")) << outcome.err;
     const json expected = {{"version", 1},
         {"findings",
-            {{{"code", "stray-text"}, {"file", "d.data"}, {"text", "OIL x\uFFFD"}, {"count", 1}},
+            {{{"code", "stray-text"}, {"file", "d.data"}, {"text", "1 x\uFFFD"}, {"count", 1}},
                 {{"code", "unknown-keyword"}, {"file", "d.data"}, {"text", "WATR"}, {"count", 2}}}}};
     EXPECT_EQ(json::parse(ReadFile(baseline)), expected);
     EXPECT_EQ(RunSmall("check " + deck + " --baseline " + baseline).status, 0);
@@ -128,6 +128,25 @@ TEST(Check, CountsAbbreviationsOfEachDeckInFull) // the library tells like messa
     EXPECT_EQ(json::parse(outcome.out)["counts"]["warnings"], 50) << outcome.err;
 }
 
+TEST(Check, FoldsWhatIsAlikeInAllFormats)
+{
+    const TemporaryDirectory folder;
+    const std::string deck = folder.Write("d.data", "RUNSPEC\nWATR\nOIL\nWATR\nWATR\n");
+    const auto check = [&deck](const std::string& options) {
+        return RunSmall("check " + options + " " + deck).out;
+    };
+    EXPECT_TRUE(Holds(check(""), "  and 2 more like it; use --all to show each\nd.data:"));
+    EXPECT_TRUE(Holds(check(""), ": 3 errors\n"));
+    const json report = json::parse(check("--format json"));
+    EXPECT_EQ(report["findings"].size(), 1U);
+    EXPECT_EQ(report["findings"][0]["more"], 2);
+    EXPECT_EQ(report["counts"]["errors"], 3);
+    for (const char* const format : {"gcc", "github", "sarif"})
+        EXPECT_TRUE(
+            Holds(check(std::string("--format ") + format), "unknown keyword 'WATR', and 2 more like it"));
+    EXPECT_EQ(json::parse(check("--all --format json"))["findings"].size(), 3U);
+}
+
 TEST(Check, GivesTheRulesTheirMeaningInSarif)
 {
     const TemporaryDirectory folder;
@@ -144,12 +163,13 @@ TEST(Check, GivesTheFixOfAFinding)
     const std::string deck =
         folder.Write("d.data", "RUNSPEC\n\xC3\xA4ndern\nENDSKIP\nNOTES\nENDNOTES\nOIL \xC3\xA4\n");
     const json change = {{"file", deck}, {"line", 3}, {"column", 1}, {"length", 8}, {"text", ""}};
-    const json findings = json::parse(RunQuor("check --format json " + deck).out)["findings"];
+    const json findings = json::parse(RunQuor("check --strict --format json " + deck).out)["findings"];
     ASSERT_EQ(findings.size(), 3U);
     EXPECT_EQ(findings[0]["fix"], json::array());
     EXPECT_EQ(findings[1]["fix"], json::array({change}));
 
-    const json results = json::parse(RunQuor("check --format sarif " + deck).out)["runs"][0]["results"];
+    const json results =
+        json::parse(RunQuor("check --strict --format sarif " + deck).out)["runs"][0]["results"];
     EXPECT_FALSE(results[0].contains("fixes"));
     const auto replacementOf = [](const json& result) {
         return result["fixes"][0]["artifactChanges"][0]["replacements"][0];

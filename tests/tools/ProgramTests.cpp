@@ -212,7 +212,7 @@ TEST(Check, JudgesEachDeckAlone)
     const TemporaryDirectory folder;
     const std::string clean = folder.Write("clean.data", "RUNSPEC\nOIL\n");
     const std::string faulty = folder.Write("faulty.data", "GRID\nWATR\nWATR\nWATR\n");
-    const Outcome both = RunSmall("check " + faulty + " " + clean + " --max-findings 1");
+    const Outcome both = RunSmall("check " + faulty + " " + clean + " --all --max-findings 1");
     EXPECT_EQ(both.status, 1);
     EXPECT_TRUE(Holds(both.out, "2 findings not shown; use --max-findings to show more\n")) << both.out;
     EXPECT_TRUE(Holds(both.out, "clean.data: 2 keywords in 1 section, 1 file: no findings\n")) << both.out;

@@ -33,10 +33,15 @@ using namespace Core::Keywords;
 
 namespace {
 
+/// How many findings are looked at to find those that are alike.
+constexpr std::size_t mostFolded = 100'000;
+
 struct CheckCommandOptions {
     std::vector<std::string> decks;
     Decks::ReadOptions read;
     std::size_t maxFindings = 200;
+    bool isStrict = false;
+    bool isAll = false; // each finding, not one for all that are alike
     FindingFormat format = FindingFormat::Text;
     std::string baseline; // empty: none
     std::string newBaseline; // likewise
@@ -93,14 +98,17 @@ void PrintHeader(LoadedLanguage& language)
 }
 
 /// Empty, and reported, if the deck can't be read.
-std::optional<Result> CheckOne(
-    const std::string& deck, Decks::ReadOptions options, const Decks::DeckLanguage& deckLanguage)
+std::optional<Result> CheckOne(const std::string& deck, const CheckCommandOptions& options,
+    Decks::ReadOptions readOptions, const Decks::DeckLanguage& deckLanguage)
 {
     try {
         ProgressBar bar;
-        options.SetProgress([&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
-        const Decks::Deck read = Decks::Deck::Read(deck, deckLanguage, options);
-        return Result{deck, read.GetFindings(), FixesOf(read), read.GetSize(), read.GetSectionCount(),
+        readOptions.SetProgress([&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
+        const Decks::Deck read = Decks::Deck::Read(deck, deckLanguage, readOptions);
+        Decks::Findings findings =
+            options.isAll ? read.GetFindings() : read.GetFindings().Fold(options.maxFindings);
+        std::vector<Fix> fixes = FixesOf(findings, read.GetFiles());
+        return Result{deck, std::move(findings), std::move(fixes), read.GetSize(), read.GetSectionCount(),
             read.GetFileCount()};
     } catch (const Decks::SourceError& error) {
         PrintError(error.what());
@@ -150,12 +158,13 @@ std::vector<Result> CheckAll(LoadedLanguage& language, const CheckCommandOptions
     for (const std::string& deck : options.decks) {
         Baseline::Counts counts;
         Decks::ReadOptions read = options.read;
-        read.SetMaxFindings(options.maxFindings);
+        read.SetMaxFindings(options.isAll ? options.maxFindings : std::max(options.maxFindings, mostFolded));
+        read.SetStrict(options.isStrict);
         if (!options.newBaseline.empty())
             read.SetKnownFinding(Baseline::MakeRecorder(deck, counts));
         else if (!options.baseline.empty())
             read.SetKnownFinding(baseline.MakeFilter(deck));
-        auto result = CheckOne(deck, std::move(read), deckLanguage);
+        auto result = CheckOne(deck, options, std::move(read), deckLanguage);
         if (!result)
             continue;
         baseline.Add(counts);
@@ -213,6 +222,9 @@ Command MakeCheckCommand(CLI::App& application)
     AddReadOptions(command, options->read);
     AddFindingFormatOption(command, options->format);
     AddMaxFindingsOption(command, options->maxFindings, " for each deck");
+    command.add_flag(
+        "--strict", options->isStrict, "Also report what simulators accept but a tidy deck doesn't have");
+    command.add_flag("--all", options->isAll, "Report each finding, also where many in a file are alike");
     AddBaselineOptions(command, *options);
     command.footer(
         "A comment in a deck hides findings: '-- quor: off CODE, CODE' hides those on its line, or on the\n"

@@ -1,6 +1,7 @@
 #include "tools/quor/findings/FindingFix.h"
 
-#include "quor/deck/Deck.h"
+#include "quor/deck/DeckFiles.h"
+#include "quor/deck/Finding.h"
 #include "tools/quor/terminal/Terminal.h"
 
 namespace Veld::Quor::Tools {
@@ -25,13 +26,13 @@ FixPart PartOf(const Decks::DeckFiles& files, const Decks::TextEdit& edit)
 
 } // namespace
 
-std::vector<Fix> FixesOf(const Decks::Deck& deck)
+std::vector<Fix> FixesOf(const Decks::Findings& findings, const Decks::DeckFiles& files)
 {
     std::vector<Fix> fixes;
-    for (const Decks::Finding& finding : deck.GetFindings()) {
+    for (const Decks::Finding& finding : findings) {
         Fix& fix = fixes.emplace_back();
         for (const Decks::TextEdit& edit : finding.fix)
-            fix.push_back(PartOf(deck.GetFiles(), edit));
+            fix.push_back(PartOf(files, edit));
     }
     return fixes;
 }

@@ -7,8 +7,9 @@
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
-class Deck;
-}
+class DeckFiles;
+class Findings;
+} // namespace Veld::Quor::Core::Decks
 
 namespace Veld::Quor::Tools {
 
@@ -29,7 +30,7 @@ struct FixPart {
 /// Of one finding; empty without a fix.
 using Fix = std::vector<FixPart>;
 
-/// Of each finding that the deck keeps.
-std::vector<Fix> FixesOf(const Core::Decks::Deck& deck);
+/// Of each finding that is kept; `files`: those of the deck.
+std::vector<Fix> FixesOf(const Core::Decks::Findings& findings, const Core::Decks::DeckFiles& files);
 
 } // namespace Veld::Quor::Tools

@@ -20,7 +20,7 @@ nlohmann::ordered_json FindingJson(const Decks::Finding& finding, const Fix& fix
     return {{"code", finding.code}, {"severity", ToString(finding.severity)}, {"file", finding.location.file},
         {"line", finding.location.line}, {"column", finding.location.column}, {"length", finding.length},
         {"message", finding.message}, {"hint", finding.hint}, {"includedFrom", includedFrom},
-        {"fix", changes}};
+        {"fix", changes}, {"more", finding.more}};
 }
 
 nlohmann::ordered_json CountsJson(const FindingSets& sets)

@@ -1,5 +1,6 @@
 #include "tools/quor/findings/FindingLines.h"
 
+#include "tools/quor/findings/FindingText.h"
 #include "tools/quor/terminal/Terminal.h"
 
 #include <fmt/format.h>
@@ -25,7 +26,8 @@ std::string ForEachFinding(const FindingSets& sets, Line line)
 
 std::string WithHint(const Finding& finding)
 {
-    return finding.hint.empty() ? finding.message : fmt::format("{}; {}", finding.message, finding.hint);
+    const std::string message = WithMore(finding);
+    return finding.hint.empty() ? message : fmt::format("{}; {}", message, finding.hint);
 }
 
 /// `marks` are written as a percent sign and their code.

@@ -1,6 +1,7 @@
 #include "tools/quor/findings/FindingSarif.h"
 
 #include "tools/quor/Version.h"
+#include "tools/quor/findings/FindingText.h"
 #include "tools/quor/terminal/Json.h"
 #include "tools/quor/terminal/Terminal.h"
 
@@ -76,8 +77,8 @@ Json FixOf(const Fix& fix)
 
 Json ResultOf(const Finding& finding, const Fix& fix, std::size_t ruleIndex)
 {
-    const std::string text =
-        finding.hint.empty() ? finding.message : fmt::format("{}; {}", finding.message, finding.hint);
+    const std::string message = WithMore(finding);
+    const std::string text = finding.hint.empty() ? message : fmt::format("{}; {}", message, finding.hint);
     Json result = {{"ruleId", finding.code}, {"ruleIndex", ruleIndex}, {"level", ToString(finding.severity)},
         {"message", {{"text", text}}},
         {"locations", Json::array({LocationOf(finding.location, RegionOf(finding))})}};

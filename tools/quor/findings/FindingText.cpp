@@ -76,6 +76,8 @@ std::string FindingText(const Finding& finding, const Colours& colours)
     text += ExcerptText(finding, colours);
     if (!finding.hint.empty())
         text += fmt::format("  hint: {}\n", HintText(finding));
+    if (finding.more > 0)
+        text += fmt::format("  {}; use --all to show each\n", MoreText(finding));
     for (const Decks::Location& location : finding.includedFrom)
         text += fmt::format("  included from {}:{}\n", MakePrintable(location.file), location.line);
     return text;
@@ -92,6 +94,11 @@ std::string FindingsText(const Decks::Findings& findings)
     if (const std::size_t omitted = findings.GetOmittedCount(); omitted > 0)
         text += fmt::format("{} not shown; use --max-findings to show more\n", Plural(omitted, "finding"));
     return text;
+}
+
+std::string WithMore(const Finding& finding)
+{
+    return finding.more == 0 ? finding.message : fmt::format("{}, {}", finding.message, MoreText(finding));
 }
 
 std::string CountsText(const Decks::Findings& findings)
