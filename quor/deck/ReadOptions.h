@@ -89,6 +89,7 @@ public:
     const std::shared_ptr<const DeckSource>& GetSource() const;
     /// Whether the deck remembers where each value is.
     bool IsEditable() const;
+    /// Whether strict codes are reported too.
     bool IsStrict() const;
 
 private:
