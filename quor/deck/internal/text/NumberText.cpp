@@ -1,5 +1,7 @@
 #include "quor/deck/internal/text/NumberText.h"
 
+#include "quor/deck/internal/text/LineText.h"
+
 #include <fast_float/fast_float.h>
 
 #include <algorithm>
@@ -12,11 +14,6 @@
 namespace Veld::Quor::Core::Decks {
 
 namespace {
-
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
 
 /// Where the digits begin: after a plus, which no conversion of a library takes.
 std::size_t StartOfDigits(std::string_view text)

@@ -4,7 +4,7 @@ namespace Veld::Quor::Core::Decks {
 
 namespace {
 
-struct Row {
+struct CharacterRow {
     std::string_view bytes;
     const char* name;
     const char* instead;
@@ -15,7 +15,7 @@ constexpr const char* apostrophe = "a straight quote";
 constexpr const char* hyphen = "a hyphen";
 constexpr const char* blank = "a blank";
 
-constexpr Row rows[] = {
+constexpr CharacterRow characterRows[] = {
     {"\xE2\x80\x98", "curly quote", apostrophe, "'"},
     {"\xE2\x80\x99", "curly quote", apostrophe, "'"},
     {"\xE2\x80\x9A", "curly quote", apostrophe, "'"},
@@ -41,7 +41,7 @@ constexpr Row rows[] = {
 std::optional<OddCharacter> FindOddCharacter(std::string_view text)
 {
     for (std::size_t i = 0; i < text.size(); ++i) {
-        for (const Row& row : rows) {
+        for (const CharacterRow& row : characterRows) {
             if (text.substr(i, row.bytes.size()) == row.bytes)
                 return OddCharacter{text.substr(i, row.bytes.size()), row.name, row.instead, row.replacement};
         }
