@@ -23,13 +23,15 @@ namespace {
 using MDType = IKeywordDataMD::MDType;
 using Termination = DataPlan::Termination;
 
-/// A comma before a digit may be meant as a part of the number.
-bool EndsNumber(std::string_view text, std::size_t end)
+bool EndsNumber(char c)
 {
-    const char c = text[end];
-    if (c == ',')
-        return end + 1 == text.size() || !IsDigit(text[end + 1]);
-    return IsSeparator(c) || c == '/';
+    return c == ' ' || (c >= '\t' && c <= '\r') || c == '/';
+}
+
+/// So does a comma, unless a digit is after it: it may be meant as a part of the number.
+bool IsSeparatingComma(std::string_view text, std::size_t at)
+{
+    return text[at] == ',' && (at + 1 == text.size() || !IsDigit(text[at + 1]));
 }
 
 /// The number at the beginning, and its length; 0 if there is none that stands for itself.
@@ -64,7 +66,8 @@ struct PlainNumbers {
             T& value = values[count];
             const std::size_t length = FindPlain(text.substr(offset), value);
             const std::size_t end = offset + length;
-            const bool isPlain = length > 0 && (end == text.size() || EndsNumber(text, end))
+            const bool isPlain = length > 0
+                && (end == text.size() || EndsNumber(text[end]) || IsSeparatingComma(text, end))
                 && IsWithinLimits(item, static_cast<double>(value));
             if (!isPlain)
                 return;

@@ -210,7 +210,10 @@ DataReader::Ended DataReader::EndRecord(const DataPlan& plan)
         Unclosed(Open::Record, SlashAfterLast(true, false));
         return Ended::Complete;
     }
-    switch (PassDefaults(plan)) {
+    Got got = words_.Next();
+    if (got == Got::Default)
+        got = PassDefaults(plan);
+    switch (got) {
     case Got::Slash:
         return Ended::Complete;
     case Got::Stop:
@@ -225,15 +228,14 @@ DataReader::Ended DataReader::EndRecord(const DataPlan& plan)
     return SkipToSlash();
 }
 
-/// What comes after the defaults beyond the last item, which do no harm.
+/// What comes after the defaults beyond the last item, which do no harm. The first of them was taken.
 DataReader::Got DataReader::PassDefaults(const DataPlan& plan)
 {
-    Got got = words_.Next();
     const TextRange first = words_.GetRange();
-    const bool isExtra = got == Got::Default;
+    Got got = Got::Default;
     while (got == Got::Default)
         got = words_.Next();
-    if (isExtra && got == Got::Slash && reporter_.IsStrict())
+    if (got == Got::Slash && reporter_.IsStrict())
         reporter_.Report(first, Code::ExtraDefault,
             fmt::format("{}: a default after the last item (expected at most {} values)", keyword_.text,
                 plan.items.size()),

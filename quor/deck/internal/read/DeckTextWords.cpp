@@ -27,7 +27,7 @@ Token DeckText::TakeWord(const DataWord& word)
     token.repeat = word.repeat;
     if (word.IsQuoted())
         token.text = word.text;
-    else
+    else if (!word.isPlain || (position_ != end_ && *position_ == ','))
         CheckBare(word, token);
     if (reporter_.IsStrict() && word.IsPadded() && !word.text.empty()) {
         const char quote = position_[-1];

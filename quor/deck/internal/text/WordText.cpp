@@ -35,14 +35,12 @@ std::size_t LengthOfBareWord(std::string_view text, bool& isPlain)
     std::size_t length = 1;
     for (; length < text.size(); ++length) {
         const char c = text[length];
-        if (!mayEnd[static_cast<unsigned char>(c)]) {
-            isCount = isCount && counts(c);
-            continue;
+        if (mayEnd[static_cast<unsigned char>(c)]) {
+            if (IsSeparator(c) || c == '/' || IsCommentAt(text, length)
+                || (IsQuote(c) && isCount && text[length - 1] == '*'))
+                break;
+            isPlain = isPlain && !IsBeyondAscii(c);
         }
-        isPlain = isPlain && !IsBeyondAscii(c);
-        if ((IsSeparator(c) || c == '/' || IsCommentAt(text, length)
-                || (IsQuote(c) && isCount && text[length - 1] == '*')))
-            break;
         isCount = isCount && counts(c);
     }
     return length;
