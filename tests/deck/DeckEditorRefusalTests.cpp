@@ -82,6 +82,8 @@ const RefusalRow valueRows[] = {
 
 const RefusalRow otherRows[] = {
     {"ArrayOfAnotherType", "WHOLE\n 1 /\n", Reals("WHOLE", {1}), "WHOLE is not a list of Real values"},
+    {"ArrayWithTheNumberForNoValue", "WHOLE\n 1 /\n", Array("WHOLE", {1, std::numeric_limits<int>::min()}),
+        "WHOLE: value 2 of the array: a deck can't hold the number -2147483648"},
     {"ArrayOfRecords", rowsText, Array("ROWS", {1}), "ROWS is not a list of Integer values"},
     {"ArrayAfterAValue", "WHOLE\n 1 /\n", Array("WHOLE", {1}),
         "WHOLE: an earlier change changes a value of it", Set("WHOLE[1]", 2)},

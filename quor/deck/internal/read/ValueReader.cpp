@@ -200,7 +200,8 @@ void ValueReader::Remark(const DataPlan& item, const Text& word, int value, std:
     if (item.type != MDType::Choice)
         return;
     const IKeywordChoiceMD& choice = ChoiceMD(item);
-    if (match_.needsWarning) {
+    if (match_.needsWarning
+        && match_.kind != ChoiceMatch::Kind::Alias) { // an alias is a word like the others
         const bool isDeprecated = match_.kind == ChoiceMatch::Kind::Deprecated;
         to.push_back({isDeprecated ? Code::DeprecatedWord : Code::AbbreviatedWord,
             isDeprecated ? fmt::format(
