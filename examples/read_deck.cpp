@@ -2,9 +2,9 @@
 
 #include "quor/Deck.h"
 
+#include <cstddef>
 #include <exception>
 #include <iostream>
-#include <numeric>
 
 using namespace Veld::Quor::Core;
 
@@ -21,8 +21,15 @@ int main(int count, char** arguments)
             std::cout << ToString(finding) << '\n';
 
         const auto porosities = Keywords::As<double>(Keywords::AsList(deck.Get("PORO").GetData()));
-        const double sum = std::accumulate(porosities.begin(), porosities.end(), 0.0);
-        std::cout << "mean of PORO " << sum / static_cast<double>(porosities.size()) << '\n';
+        double sum = 0;
+        std::size_t given = 0;
+        for (std::size_t i = 0; i < porosities.size(); ++i) {
+            if (porosities.IsDefaulted(i))
+                continue;
+            sum += porosities[i];
+            ++given;
+        }
+        std::cout << "mean of PORO " << sum / static_cast<double>(given) << '\n';
         return deck.IsClean() ? 0 : 1;
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';

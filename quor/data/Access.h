@@ -38,8 +38,8 @@ class IKeywordRecordMD;
 /// list changes. One thread at a time, or several that only read.
 
 /// The program asks for something that the keyword does not have: an unknown item, another type, an index out
-/// of range. Derives from `Service::Exception`, so that one handler catches all that the library throws; it
-/// is a class of its own because the mistake is in the program, not in a deck or a document. The text has the
+/// of range. Derives from `Service::Exception`, as what is thrown for documents and decks does; it is a class
+/// of its own because the mistake is in the program, not in a deck or a document. The text has the
 /// keyword, the item, and the actual and the expected type: "WCONPROD: item 'ORAT' is Real, not String".
 class VELD_QUOR_EXPORT DataAccessError : public Service::Exception {
 public:
@@ -156,7 +156,8 @@ VELD_QUOR_EXPORT const IKeywordRawData& RawIn(const IKeywordRecordData& record, 
 
 // Lists of values. Element `i` counts from 0. An element left to its default has a value and a flag.
 
-/// All elements without a copy. `T` is `int`, `double` or `std::string`; booleans are read one by one.
+/// All elements without a copy; one left to its default, `IsDefaulted(i)`, holds a value that nobody gave.
+/// `T` is `int`, `double` or `std::string`; booleans are read one by one.
 template <class T>
 VELD_QUOR_EXPORT ArrayView<T> As(const IKeywordListData& list);
 /// A copy of the element. `T` may also be `bool`.

@@ -12,8 +12,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
@@ -30,21 +28,6 @@ std::uint32_t IndexIn(const Deck& deck, const DeckKeyword& keyword)
     return static_cast<std::uint32_t>(keyword.GetIndex());
 }
 
-/// Throws for what a deck can't hold, and for the two numbers that mean "not given".
-void CheckNumber(const DeckKeyword& keyword, std::size_t index, double value)
-{
-    if (!std::isfinite(value) || value == std::numeric_limits<double>::min())
-        throw EditError(fmt::format("{}: value {} of the array: a deck can't hold the number {}",
-            keyword.GetName(), index + 1, value));
-}
-
-void CheckNumber(const DeckKeyword& keyword, std::size_t index, int value)
-{
-    if (value == std::numeric_limits<int>::min())
-        throw EditError(fmt::format("{}: value {} of the array: a deck can't hold the number {}",
-            keyword.GetName(), index + 1, value));
-}
-
 /// A list of numbers of the keyword.
 template <class T>
 std::unique_ptr<IKeywordData> MakeArray(
@@ -54,8 +37,10 @@ std::unique_ptr<IKeywordData> MakeArray(
     if (!IsListOf(md, type))
         throw DataAccessError(
             fmt::format("{} is not a list of {} values", keyword.GetName(), MDType::ToString(type)));
-    for (std::size_t i = 0; i < count; ++i)
-        CheckNumber(keyword, i, first[i]);
+    const T* const bad = std::find_if_not(first, first + count, [](T value) { return CanBeWritten(value); });
+    if (bad != first + count)
+        throw EditError(fmt::format("{}: value {} of the array: a deck can't hold the number {}",
+            keyword.GetName(), bad - first + 1, *bad));
     auto data = KeywordDataFactory::Instance().Construct(keyword.GetSyntax());
     AddValues(AsList(*data), first, count);
     return data;

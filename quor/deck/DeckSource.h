@@ -63,7 +63,8 @@ public:
     /// Tells one file from another, whatever paths lead to it, so that a file that includes itself is
     /// noticed. Throws `SourceError` if there is no such file.
     virtual std::string Identify(const std::string& path) const = 0;
-    /// Throws `SourceError` if the file can't be read; null is the same, without a reason.
+    /// Throws `SourceError` if the file can't be read; null is the same, without a reason. What else
+    /// it throws ends the read, and leaves `Deck::Read` as it is.
     virtual std::shared_ptr<const SourceText> Open(const std::string& path) const = 0;
 
 protected:

@@ -1,5 +1,7 @@
 #include "quor/deck/Finding.h"
 
+#include "quor/deck/internal/text/LineText.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -15,9 +17,7 @@ std::string KindOf(const Finding& finding)
 {
     std::string kind = finding.location.file + '\n' + finding.code + '\n';
     const std::string& message = finding.message;
-    const auto isDigit = [&](std::size_t i) {
-        return i < message.size() && message[i] >= '0' && message[i] <= '9';
-    };
+    const auto isDigit = [&](std::size_t i) { return i < message.size() && IsDigit(message[i]); };
     const auto begins = [&](std::size_t i) { return isDigit(i) || (message[i] == '-' && isDigit(i + 1)); };
     bool isQuoted = false;
     for (std::size_t i = 0; i < message.size(); ++i) {

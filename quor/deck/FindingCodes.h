@@ -93,7 +93,7 @@ struct Remedy {
     Code code; ///< whose findings it fixes
     const char* text; ///< one or two sentences
     const char* wrong; ///< a deck that has such a finding and no other; empty if one file can't show it
-    const char* right; ///< the same, fixed
+    const char* right; ///< the same, fixed; empty if one file can't show it
     Target target = {}; ///< for which the decks are
 };
 

@@ -11,11 +11,6 @@ namespace Veld::Quor::Core::Decks {
 
 namespace {
 
-bool IsWhite(char c)
-{
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
 /// Whether the text can stand without quotes.
 bool IsBare(std::string_view text)
 {

@@ -40,7 +40,7 @@ private:
 ///
 ///     WCONPROD[P1].ORAT@2024-04-01    the item ORAT of the record of well P1, after that report step
 ///     EQUALS[PORO].VALUE              a record list in another section has no date
-///     EQUIL[2].DATUM                  records without identifiers have a number, from 1
+///     EQUIL[2].DEPTH                  records without identifiers have a number, from 1
 ///     PORO[17]                        so have plain values
 ///     DIMENS.NX                       a keyword of a single record needs no brackets
 ///     PVTO[3].ROWS.2.P                in nested data, elements of lists by number
@@ -82,8 +82,9 @@ struct ValuePlace {
     DeckKeyword keyword; ///< whose value it is
     ValuePath path; ///< from its data
     ValueAddress address; ///< the full one, which no other value of the deck has
-    std::string text; ///< the value as a word of a deck without quotes; empty if it isn't given
-    /// The word that says the value, which may be a repeat (`10*0.2`) that stands for others too; of no
+    std::string text; ///< the value as a word of a deck without quotes; empty if it isn't given, and
+                      ///< if a variable gives it
+    /// The word that says the value, which may be a repeat (`10*0.2`) of others too; of no
     /// length if the value isn't given. None if the deck isn't editable, or errors in the keyword hide it.
     std::optional<TextRange> range;
 };

@@ -42,11 +42,20 @@ public:
 private:
     std::string PrintContent(const IKeywordDataMD& md, std::size_t indent) const;
     std::string PrintItems(const IKeywordRecordMD& record, std::size_t indent) const;
-    std::string PrintItemContent(const IKeywordRecordMD& record, int index, std::size_t indent) const;
-    std::string PrintScalarDetails(const IKeywordDataMD& scalar, std::size_t indent) const;
+    std::string PrintItemContent(
+        const IKeywordRecordMD& record, int index, const ScalarTexts& texts, std::size_t indent) const;
+    std::string PrintDetails(const ScalarTexts& texts, std::size_t indent) const;
     std::string PrintAssignments(const IKeywordMapMD& map, std::size_t indent) const;
-    Columns::Row ItemRow(const IKeywordRecordMD& record, int index, std::size_t numberWidth) const;
-    Columns::Row AssignmentRow(const IKeywordAssignmentMD& assignment) const;
+    Columns::Row ItemRow(
+        const IKeywordRecordMD& record, int index, const ScalarTexts& texts, std::size_t numberWidth) const;
+    Columns::Row AssignmentRow(const IKeywordAssignmentMD& assignment, const ScalarTexts& texts) const;
+
+    /// Of a list of scalars, those of its items; empty ones for other containers.
+    ScalarTexts TextsIn(const IKeywordDataMD& md) const
+    {
+        const IKeywordDataMD* const scalar = FindScalar(md);
+        return scalar ? TextsOf(*scalar, keyword_) : ScalarTexts();
+    }
 
     /// Nothing for an empty text.
     std::string Detail(const char* label, const std::string& text, std::size_t indent) const
@@ -63,18 +72,18 @@ std::string TreePrinter::Print(const IKeywordDataMD& md, const std::string& head
 {
     Words facts = {ShapeText(md)};
     Append(facts, FactsOf(md, syntax_));
-    const bool isScalar = KeywordUtils::IsItemMDType(&md);
-    if (isScalar) {
-        ScalarTexts texts = TextsOf(md, keyword_);
+    ScalarTexts texts;
+    if (KeywordUtils::IsItemMDType(&md)) {
+        texts = TextsOf(md, keyword_);
         if (!texts.measurement.empty())
-            facts.push_back(std::move(texts.measurement));
+            facts.push_back(texts.measurement);
         facts.push_back("default " + texts.defaultText);
         if (!texts.limits.empty())
-            facts.push_back(std::move(texts.limits));
-        Append(facts, std::move(texts.marks));
+            facts.push_back(texts.limits);
+        Append(facts, Words(texts.marks));
     }
     return Wrap(std::string(indent, ' ') + head, Join(facts), indent + 4, width_)
-        + Detail("", md.GetDescription(), indent + 2) + (isScalar ? PrintScalarDetails(md, indent + 2) : "")
+        + Detail("", md.GetDescription(), indent + 2) + PrintDetails(texts, indent + 2)
         + PrintContent(md, indent + 2);
 }
 
@@ -98,39 +107,41 @@ std::string TreePrinter::PrintItems(const IKeywordRecordMD& record, std::size_t 
     const std::size_t numberWidth = fmt::format("{}", record.GetSize()).size();
     Columns columns({std::string(numberWidth - 1, ' ') + '#', "item", "type", "measurement", "default",
         "limits", "marks"});
-    for (int i = 0; i < record.GetSize(); ++i)
-        columns.Add(ItemRow(record, i, numberWidth));
+    std::vector<ScalarTexts> texts;
+    for (int i = 0; i < record.GetSize(); ++i) {
+        texts.push_back(TextsIn(*record.GetItemMD(i)));
+        columns.Add(ItemRow(record, i, texts.back(), numberWidth));
+    }
     std::string text = columns.GetHead(indent);
     for (int i = 0; i < record.GetSize(); ++i) {
-        text += columns.GetRow(static_cast<std::size_t>(i), indent, width_);
-        text += PrintItemContent(record, i, indent + columns.GetOffset(nameColumn) + 2);
+        const auto row = static_cast<std::size_t>(i);
+        text += columns.GetRow(row, indent, width_);
+        text += PrintItemContent(record, i, texts[row], indent + columns.GetOffset(nameColumn) + 2);
     }
     return text;
 }
 
-Columns::Row TreePrinter::ItemRow(const IKeywordRecordMD& record, int index, std::size_t numberWidth) const
+Columns::Row TreePrinter::ItemRow(
+    const IKeywordRecordMD& record, int index, const ScalarTexts& texts, std::size_t numberWidth) const
 {
     const IKeywordDataMD& md = *record.GetItemMD(index);
     Words marks = MarksOf(record, index);
     Append(marks, FactsOf(md, syntax_));
-    ScalarTexts texts;
-    if (const IKeywordDataMD* scalar = FindScalar(md))
-        texts = TextsOf(*scalar, keyword_);
-    Append(marks, std::move(texts.marks));
+    Append(marks, Words(texts.marks));
     return {fmt::format("{:>{}}", md.GetItemNumber(), numberWidth), md.GetName(), ShapeText(md),
         texts.measurement, texts.defaultText, texts.limits, Join(marks)};
 }
 
 /// What is below the row of an item.
-std::string TreePrinter::PrintItemContent(const IKeywordRecordMD& record, int index, std::size_t indent) const
+std::string TreePrinter::PrintItemContent(
+    const IKeywordRecordMD& record, int index, const ScalarTexts& texts, std::size_t indent) const
 {
     const IKeywordDataMD& md = *record.GetItemMD(index);
     std::string text = Detail("", md.GetDescription(), indent);
     const IKeywordDataMD* const scalar = FindScalar(md);
     if (scalar && scalar != &md)
         text += Detail("each: ", scalar->GetDescription(), indent);
-    if (scalar)
-        text += PrintScalarDetails(*scalar, indent);
+    text += PrintDetails(texts, indent);
     text += Detail("",
         RestrictionsText(
             ModesOf(record.GetValidity(index)), ModesOf(record.GetUnsupportedBy(index)), keyword_),
@@ -138,9 +149,8 @@ std::string TreePrinter::PrintItemContent(const IKeywordRecordMD& record, int in
     return scalar ? text : text + PrintContent(md, indent);
 }
 
-std::string TreePrinter::PrintScalarDetails(const IKeywordDataMD& scalar, std::size_t indent) const
+std::string TreePrinter::PrintDetails(const ScalarTexts& texts, std::size_t indent) const
 {
-    const ScalarTexts texts = TextsOf(scalar, keyword_);
     return Detail("choices: ", texts.choices, indent)
         + Detail("default by simulator: ", texts.otherDefaults, indent);
 }
@@ -154,19 +164,23 @@ std::string TreePrinter::PrintAssignments(const IKeywordMapMD& map, std::size_t 
         return i < map.GetSize() ? *map.GetItemMD(i) : *map.GetWildcardItemMD(i - map.GetSize());
     };
     Columns columns({"key", "default", "limits", "marks", "description"});
-    for (int i = 0; i < size; ++i)
-        columns.Add(AssignmentRow(at(i)));
+    std::vector<ScalarTexts> texts;
+    for (int i = 0; i < size; ++i) {
+        texts.push_back(TextsOf(at(i), keyword_));
+        columns.Add(AssignmentRow(at(i), texts.back()));
+    }
     std::string text = columns.GetHead(indent);
     for (int i = 0; i < size; ++i) {
-        text += columns.GetRow(static_cast<std::size_t>(i), indent, width_);
-        text += PrintScalarDetails(at(i), indent + 2);
+        const auto row = static_cast<std::size_t>(i);
+        text += columns.GetRow(row, indent, width_);
+        text += PrintDetails(texts[row], indent + 2);
     }
     return text;
 }
 
-Columns::Row TreePrinter::AssignmentRow(const IKeywordAssignmentMD& assignment) const
+Columns::Row TreePrinter::AssignmentRow(
+    const IKeywordAssignmentMD& assignment, const ScalarTexts& texts) const
 {
-    const ScalarTexts texts = TextsOf(assignment, keyword_);
     Words marks;
     if (assignment.IsWildcard())
         marks.push_back("wildcard");

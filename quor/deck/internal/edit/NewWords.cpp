@@ -82,17 +82,16 @@ std::optional<NewWord> WordMaker::MakeDefault(const Target& target) const
     return NewWord{};
 }
 
-/// The two numbers are those that stand for "not given".
 ScalarValue WordMaker::ToScalar(int value) const
 {
-    if (value == std::numeric_limits<int>::min())
+    if (!CanBeWritten(value))
         throw EditError(fmt::format("{}: {} stands for a value that isn't given", Named(), value));
     return Checked(MDType::Integer, value);
 }
 
 ScalarValue WordMaker::ToScalar(double value) const
 {
-    if (!std::isfinite(value) || value == std::numeric_limits<double>::min())
+    if (!CanBeWritten(value))
         throw EditError(fmt::format("{}: a deck can't hold the number {}", Named(), value));
     return Checked(MDType::Real, value);
 }
@@ -166,6 +165,16 @@ std::string WordMaker::Named() const
 }
 
 } // namespace
+
+bool CanBeWritten(int value)
+{
+    return Service::Optional<int>(value).HasValue();
+}
+
+bool CanBeWritten(double value)
+{
+    return std::isfinite(value) && Service::Optional<double>(value).HasValue();
+}
 
 std::optional<NewWord> MakeNewWord(
     const KeywordInstance& keyword, const ValuePath& path, const NewValue& value)

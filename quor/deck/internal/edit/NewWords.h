@@ -9,6 +9,11 @@
 
 namespace Veld::Quor::Core::Decks {
 
+/// Whether a deck can hold the number: not infinity and the like, nor one of the two that stand for "not
+/// given".
+bool CanBeWritten(int value);
+bool CanBeWritten(double value);
+
 /// The value as the deck would hold it at the place; empty if it is there already. Throws `DataAccessError`
 /// if the item is of another type, `EditError` if no deck can hold the value.
 std::optional<NewWord> MakeNewWord(

@@ -83,14 +83,15 @@ void DataReader::ReadAssignment(IKeywordMapData& map)
         reporter_.Report(range, Code::QuotedAssignment,
             fmt::format("{}, {}: name and value are in one pair of quotes", keyword_.text, Shorten(name)),
             "remove the quotes", {{range, fmt::format("{}={}", name, *value)}});
+    const auto& mapMD = static_cast<const IKeywordMapMD&>(*map.GetMD());
     if (!map.SetValue(name, *value)) {
         reporter_.Report(range, Code::UnknownName,
             name.empty() ? fmt::format("{}: missing name before '='", keyword_.text)
                          : fmt::format("{}: unknown name '{}'", keyword_.text, Shorten(name)),
-            HintOfKey(static_cast<const IKeywordMapMD&>(*map.GetMD()), name));
+            HintOfKey(mapMD, name));
         return;
     }
-    if (const IKeywordAssignmentMD* md = FindAssignment(map, name))
+    if (const IKeywordAssignmentMD* md = FindAssignment(mapMD, name))
         CheckAssignment(*md, name, *value, range);
 }
 

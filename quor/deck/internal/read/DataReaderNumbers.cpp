@@ -25,7 +25,7 @@ using Termination = DataPlan::Termination;
 
 bool EndsNumber(char c)
 {
-    return c == ' ' || (c >= '\t' && c <= '\r') || c == '/';
+    return IsWhite(c) || c == '/';
 }
 
 /// So does a comma, unless a digit is after it: it may be meant as a part of the number.

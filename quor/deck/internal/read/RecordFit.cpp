@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -40,20 +41,26 @@ const DataPlan& FirstOf(const DataPlan& data)
     return *first;
 }
 
-/// Whether the words can be the first items of the record.
-bool FitsFirst(const DataPlan& record, std::span<const DataWord> words)
+/// The index after the last item that the words fill from `first` on; beyond the number of items if there are
+/// more words, and that number if an item is no scalar, since the words don't tell then. Empty if a word
+/// doesn't fit.
+std::optional<std::size_t> Fill(const DataPlan& record, std::size_t first, std::span<const DataWord> words)
 {
-    std::size_t next = 0;
+    const auto& items = record.items;
+    std::size_t next = first;
     for (const DataWord& word : words) {
-        for (long long i = 0; i < word.repeat.count && next < record.items.size(); ++i, ++next) {
-            const DataPlan& item = record.items[next];
-            if (!item.IsScalar())
-                return true;
-            if (word.IsDefault() ? !MayBeDefault(item, word) : !CanBeValue(item, word))
-                return false;
+        for (long long i = 0; i < word.repeat.count; ++i, ++next) {
+            if (next >= items.size() && word.IsDefault())
+                break; // beyond the last item defaults do no harm
+            if (next >= items.size())
+                return items.size() + 1;
+            if (!items[next].IsScalar())
+                return items.size();
+            if (word.IsDefault() ? !MayBeDefault(items[next], word) : !CanBeValue(items[next], word))
+                return std::nullopt;
         }
     }
-    return true;
+    return next;
 }
 
 bool FitsFirstOf(const DataPlan& first, const LineWords& line)
@@ -62,7 +69,7 @@ bool FitsFirstOf(const DataPlan& first, const LineWords& line)
     if (first.type == MDType::Map)
         return IsMapWord(first, word);
     if (first.type == MDType::Record)
-        return FitsFirst(first, line.words);
+        return Fill(first, 0, line.words).has_value();
     return !first.IsScalar() || word.IsDefault() || CanBeValue(first, word);
 }
 
@@ -126,21 +133,10 @@ bool MayBegin(const DataPlan& data, std::string_view line, std::string_view next
 bool Fits(const DataPlan& record, std::size_t first, std::span<const DataWord> words)
 {
     const auto& items = record.items;
-    std::size_t next = first;
-    for (const DataWord& word : words) {
-        for (long long i = 0; i < word.repeat.count; ++i, ++next) {
-            if (next >= items.size() && word.IsDefault())
-                break; // beyond the last item defaults do no harm
-            if (next >= items.size())
-                return false;
-            if (!items[next].IsScalar())
-                return true;
-            if (word.IsDefault() ? !MayBeDefault(items[next], word) : !CanBeValue(items[next], word))
-                return false;
-        }
-    }
-    return std::all_of(items.begin() + static_cast<std::ptrdiff_t>(std::min(next, items.size())), items.end(),
-        [](const DataPlan& item) { return !item.IsScalar() || item.MayBeMissing() || !item.isValid; });
+    const std::optional<std::size_t> next = Fill(record, first, words);
+    return next && *next <= items.size()
+        && std::all_of(items.begin() + static_cast<std::ptrdiff_t>(*next), items.end(),
+            [](const DataPlan& item) { return !item.IsScalar() || item.MayBeMissing() || !item.isValid; });
 }
 
 std::string FindShift(const DataPlan& record, std::size_t index, long long repeats, LineWords line)

@@ -59,15 +59,4 @@ const IKeywordAssignmentMD* FindAssignment(const IKeywordMapMD& map, const std::
     return nullptr;
 }
 
-const IKeywordAssignmentMD* FindAssignment(const IKeywordMapData& map, const std::string& key)
-{
-    const std::string upper = ToUpper(key);
-    for (int i = 0; i < map.GetSize(); ++i) {
-        const auto& keys = map.GetItemMD(i)->GetKeys();
-        if (std::find(keys.begin(), keys.end(), upper) != keys.end())
-            return map.GetItemMD(i);
-    }
-    return nullptr;
-}
-
 } // namespace Veld::Quor::Core::Decks

@@ -22,11 +22,8 @@ std::string HintOfChoice(const Core::Keywords::IKeywordChoiceMD& choice, const s
 /// The keys of a map that a misspelt one may stand for; empty if none is near.
 std::string HintOfKey(const Core::Keywords::IKeywordMapMD& map, const std::string& word);
 
-/// The assignment of the name; null if there is none.
+/// The assignment that a key selects by one of its names; null if none does.
 const Core::Keywords::IKeywordAssignmentMD* FindAssignment(
     const Core::Keywords::IKeywordMapMD& map, const std::string& key);
-/// The assignment that a key selects; null if none does.
-const Core::Keywords::IKeywordAssignmentMD* FindAssignment(
-    const Core::Keywords::IKeywordMapData& map, const std::string& key);
 
 } // namespace Veld::Quor::Core::Decks

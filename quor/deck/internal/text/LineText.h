@@ -42,10 +42,16 @@ struct FileNameToken {
 /// at its end doesn't belong to it, but one inside does. Empty if there is only a comment.
 std::optional<FileNameToken> FindFileName(std::string_view line, std::size_t offset);
 
-/// Blank, tab, line end, or the comma that may stand between values.
+/// Blank, tab or line end.
+inline bool IsWhite(char c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+/// The same, or the comma that may be between values.
 inline bool IsSeparator(char c)
 {
-    return c == ' ' || (c >= '\t' && c <= '\r') || c == ',';
+    return IsWhite(c) || c == ',';
 }
 
 inline bool IsDigit(char c)
