@@ -39,7 +39,7 @@ DeckReader::DeckReader(const std::string& path, const ReadSettings& options, con
     , sections_(options.target, deck_->files, reporter_)
     , scopes_(language, *deck_, dimensions_, reporter_)
     , precedents_(reporter_)
-    , timeLine_(*deck_, reporter_)
+    , timeLine_(*deck_, reporter_, options.target.simulator)
 {
     text_.SetProgress(options.progress);
     text_.SetCancellation(options.isCancelled);

@@ -1,5 +1,6 @@
 #include "quor/deck/internal/read/TimeLine.h"
 
+#include "quor/data/Access.h"
 #include "quor/data/DataAccessUtils.h"
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
@@ -12,6 +13,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -25,6 +27,7 @@ namespace {
 using MDType = IKeywordDataMD::MDType;
 
 constexpr MDTypes date = {MDType::Integer, MDType::String, MDType::Integer, MDType::String};
+constexpr int monthOfDate = 1; // of its items
 
 const IKeywordListData& ListOf(const KeywordInstance& keyword)
 {
@@ -44,16 +47,37 @@ const IKeywordRecordData& DateAt(const IKeywordListData& list, std::size_t i)
 /// Months are compared as they are written.
 void FoldMonth(IKeywordData& record)
 {
-    auto& month =
-        *static_cast<Service::Optional<std::string>*>(static_cast<IKeywordRecordData&>(record).GetData(1));
-    if (month)
-        month = ToUpper(*month);
+    auto& text = *static_cast<Service::Optional<std::string>*>(
+        static_cast<IKeywordRecordData&>(record).GetData(monthOfDate));
+    if (text)
+        text = ToUpper(*text);
 }
 
 void FoldMonths(IKeywordListData& dates)
 {
     for (std::size_t i = 0; i < static_cast<std::size_t>(dates.GetSize()); ++i)
         FoldMonth(*static_cast<IKeywordData*>(dates.GetData(i)));
+}
+
+template <class T>
+void FillIn(IKeywordRecordData& record, int item, SimulatorType::Enum simulator)
+{
+    if (const Service::Optional<T> value = GetOrDefault<T>(record, item, simulator))
+        Set(record, item, *value);
+}
+
+/// What the deck leaves out is as the metadata say.
+Time TimeOf(const IKeywordData& record, SimulatorType::Enum simulator)
+{
+    const std::unique_ptr<IKeywordData> copy = record.CloneSafely();
+    auto& whole = static_cast<IKeywordRecordData&>(*copy);
+    int item = 0;
+    for (const MDType::Enum type : date) {
+        type == MDType::Integer ? FillIn<int>(whole, item, simulator)
+                                : FillIn<std::string>(whole, item, simulator);
+        ++item;
+    }
+    return DataAccessUtils::GetTime(whole);
 }
 
 } // namespace
@@ -98,7 +122,7 @@ bool TimeLine::Advances(const KeywordInstance& keyword)
 
 void TimeLine::FollowStart(const KeywordInstance& keyword, bool isSound)
 {
-    const Time start = DataAccessUtils::GetTime(static_cast<const IKeywordRecordData&>(*keyword.data));
+    const Time start = TimeOf(*keyword.data, simulator_);
     reached_.start = reached_.now = deck_.start = start;
     if (!isSound)
         return;

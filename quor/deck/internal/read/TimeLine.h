@@ -3,6 +3,7 @@
 #include "quor/deck/internal/check/FindingReporter.h"
 #include "quor/deck/internal/read/DeckContents.h"
 #include "quor/foundation/SectionType.h"
+#include "quor/foundation/SimulatorType.h"
 #include "quor/foundation/service/Time.h"
 
 #include <cstddef>
@@ -15,9 +16,10 @@ namespace Veld::Quor::Core::Decks {
 /// dates that can't be and times that don't go forward.
 class TimeLine {
 public:
-    TimeLine(DeckContents& deck, FindingReporter& reporter)
+    TimeLine(DeckContents& deck, FindingReporter& reporter, Core::Keywords::SimulatorType::Enum simulator)
         : deck_(deck)
         , reporter_(reporter)
+        , simulator_(simulator)
     {
     }
 
@@ -50,6 +52,7 @@ private:
 
     DeckContents& deck_;
     FindingReporter& reporter_;
+    Core::Keywords::SimulatorType::Enum simulator_; // whose defaults stand for what a date leaves out
     Clock reached_; // by all keywords
     Clock sound_; // by those that are sound: what others say may be wrong
     Core::Keywords::SectionType::Enum section_ = Core::Keywords::SectionType::None;
