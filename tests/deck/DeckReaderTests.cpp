@@ -345,8 +345,8 @@ SizesWithAnErrorAreNotKnown: DIMENS\n x 2 /\nARRAY\n 1 2 3 /\n => [1 2 3] => d.d
 MonthsInAnyCase: START\n 1 jan 2020 /\nSCHEDULE\nDATES\n 5 Mar 2020 /\n 4 MAR 2020 /\n/\n => [(5 'MAR' 2020 -) (4 'MAR' 2020 -)] => d.data:7:2: error: DATES: 2020-03-04 is not after 2020-03-05, which the schedule has already reached [date-order]
 NoSuchDates: START\n 31 JUN 2020 /\nSCHEDULE\nDATES\n 30 JUX 2020 /\n 1 JUL 2020 /\n/\n => ? => d.data:3:2: error: START: invalid date '31 JUN 2020' [bad-date] | expected a date such as 1 JAN 2020
     d.data:6:2: error: DATES: invalid date '30 JUX 2020' [bad-date] | expected a date such as 1 JAN 2020
-StartByDefault: START\n/\nSCHEDULE\nDATES\n 31 DEC 1982 /\n/\n => ? => d.data:5:2: error: DATES: 1982-12-31 is not after 1983-01-01, which the schedule has already reached [date-order]
-StartWithoutDay: START\n 1* FEB 1983 /\nSCHEDULE\nDATES\n 31 JAN 1983 /\n/\n => ? => d.data:5:2: error: DATES: 1983-01-31 is not after 1983-02-01, which the schedule has already reached [date-order]
+StartByDefault: START\n/\nSCHEDULE\nDATES\n 31 DEC 1982 /\n/\n => ? => d.data:6:2: error: DATES: 1982-12-31 is not after 1983-01-01, which the schedule has already reached [date-order]
+StartWithoutDay: START\n 1* FEB 1983 /\nSCHEDULE\nDATES\n 31 JAN 1983 /\n/\n => ? => d.data:6:2: error: DATES: 1983-01-31 is not after 1983-02-01, which the schedule has already reached [date-order]
 RepeatedDateIsPassed: START\n 1 JUL 2020 /\nSCHEDULE\nDATES\n 1 JUL 2020 /\n 2 JUL 2020 /\n 2 JUL 2020 /\n/\n => ? =>
 TimeGoesForward: START\n 1 JUL 2020 /\nSCHEDULE\nDATES\n 30 JUN 2020 /\n 2 JUL 2020 /\n/\nTIME\n 0.5 /\n => ? => d.data:6:2: error: DATES: 2020-06-30 is not after 2020-07-01, which the schedule has already reached [date-order]
     d.data:9:1: error: TIME: 2020-07-01 12:00:00 is before 2020-07-02, which the schedule has already reached [date-order]
