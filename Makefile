@@ -5,7 +5,7 @@
     check-format check-release check-asan check-threads check-lint lint-all format schema benchmark fuzz docs install clean
 
 SOURCES = $(shell find quor tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
-TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt)
+TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt language/units/*.txt)
 QUOR = build/release/bin/quor
 DECK = examples/decks/field/field.data
 FAULTY_DECK = examples/decks/faulty/three-mistakes.data

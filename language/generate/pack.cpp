@@ -1,15 +1,17 @@
 // Puts the files of a syntax document together and packs them into a C++ source.
 //
 //   pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE.xml... [--vectors TABLE.txt...] [--arrays TABLE.txt...]
+//       [--units UNITS.txt MEASUREMENTS.txt]
 //
 // An XML file has pieces, or a part of the document. The packed document, which OUTPUT.xml holds as it is,
 // has the root elements of the parts, in the order given, under one root, and the output vectors after them;
-// short forms are replaced. A mistake ends the build with file, line and column. language/README.md describes
-// all this.
+// short forms are replaced. With the tables of units each quantity must have one. A mistake ends the build
+// with file, line and column. language/README.md describes all this.
 
 #include "language/generate/ArrayTable.h"
 #include "language/generate/Expansion.h"
 #include "language/generate/Files.h"
+#include "language/generate/Quantities.h"
 #include "language/generate/VectorDocument.h"
 
 #include <zstd.h>
@@ -27,6 +29,7 @@ struct Inputs {
     std::vector<std::string> documents;
     std::vector<std::string> vectors;
     std::vector<std::string> arrays;
+    std::vector<std::string> units; ///< none, or the table of units and that of measurements
 };
 
 Inputs InputsOf(const std::vector<std::string>& arguments)
@@ -38,10 +41,18 @@ Inputs InputsOf(const std::vector<std::string>& arguments)
             to = &inputs.vectors;
         else if (argument == "--arrays")
             to = &inputs.arrays;
+        else if (argument == "--units")
+            to = &inputs.units;
         else
             to->push_back(argument);
     }
     return inputs;
+}
+
+void CheckUnits(const std::vector<Document>& parts, const Measurements& measurements)
+{
+    for (const Document& part : parts)
+        CheckQuantities(part.root, measurements);
 }
 
 std::string PutTogether(const Inputs& inputs)
@@ -65,6 +76,8 @@ std::string PutTogether(const Inputs& inputs)
         document += part.prolog + Layout(part.root);
     }
     pieces.CheckAllUsed();
+    if (!inputs.units.empty())
+        CheckUnits(parts, ReadMeasurements(inputs.units.front(), inputs.units.back()));
     return document + "</keywords>\n";
 }
 
@@ -98,7 +111,7 @@ int main(int argc, char** argv)
 try {
     if (argc < 5) {
         std::cerr << "usage: pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE.xml... [--vectors TABLE.txt...] "
-                     "[--arrays TABLE.txt...]\n";
+                     "[--arrays TABLE.txt...] [--units UNITS.txt MEASUREMENTS.txt]\n";
         return 2;
     }
     const std::string document = PutTogether(InputsOf({argv + 4, argv + argc}));

@@ -17,6 +17,7 @@ TEST(Enumerations, EachRowIsFoundByItsTextAndByNoOther)
     }
     EXPECT_EQ(SimulatorType::FromString("Wend_GE"), 8);
     EXPECT_EQ(SimulatorModeType::FromString("Thermal"), 2);
+    EXPECT_EQ(UnitSystem::FromString("PVT-M"), 3);
     EXPECT_EQ(SectionType::FromString("OPTIMIZE"), 8);
     EXPECT_EQ(SimulatorType::ToString(SimulatorType::Any), "");
 }

@@ -13,6 +13,7 @@ namespace {
 
 class VectorTable : public testing::TestWithParam<Row> { };
 class ArrayTable : public testing::TestWithParam<Row> { };
+class UnitTables : public testing::TestWithParam<Row> { };
 
 /// A document and the group of arrays that it has.
 std::string PackArrays(const std::string& table)
@@ -102,6 +103,36 @@ TEST(ArrayTables, GiveKeywords)
         R"(<integer><description>N.</description></integer></list></data></keyword>)");
 }
 
+TEST_P(UnitTables, AreRefused)
+{
+    const std::string known = "m 1 - m Metre.~s 1 - s Second.~cm 0.01 - m A hundredth.~degX 1 9 s X.~";
+    const std::string document = "<keyword name='K'><data><real quantity='depth'/></data></keyword>";
+    EXPECT_EQ(Pack({document, {}, {}, {}, known + GetParam().text, GetParam().expected}),
+        "error: " + GetParam().more + "\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(Mistakes, UnitTables, testing::ValuesIn(Rows(R"(
+QuantityWithoutUnit:  => speed m/s m/s cm/s m/s S. => document.xml:3:25: the quantity 'depth' has no unit; add it to language/units/measurements.txt
+MisspeltQuantity:  => depht m m cm m D. => document.xml:3:25: the quantity 'depth' has no unit; did you mean 'depht'?
+UnknownUnit:  => depth m fathom cm m D. => measurements.txt:1:9: unknown unit 'fathom'; define it in language/units/units.txt
+MisspeltUnit: yard 0.9144 - m Y. => depth m yrad cm m D. => measurements.txt:1:9: unknown unit 'yrad'; did you mean 'yard'?
+OtherDimension:  => speed m/s m.s cm/s m/s S. => measurements.txt:1:11: 'm.s' doesn't measure what the unit before it measures
+OtherAlternative:  => depth m|s m cm|s m|s D. => measurements.txt:1:11: 'm' doesn't measure what the unit before it measures
+OffsetInProduct:  => rise degX/m degX/m degX/m degX/m R. => measurements.txt:1:6: 'degX' has an offset, so it must stand alone; use the unit of a difference
+OpenBracket:  => speed m/(s m/s m/s m/s S. => measurements.txt:1:7: 'm/(s' is no product of units such as cP.rm3/day/bar or psi/(rft3/day)2
+ClosedBracket:  => speed m)/s m/s m/s m/s S. => measurements.txt:1:7: 'm)/s' is no product of units such as cP.rm3/day/bar or psi/(rft3/day)2
+NoOperator:  => speed m(s) m/s m/s m/s S. => measurements.txt:1:7: 'm(s)' is no product of units such as cP.rm3/day/bar or psi/(rft3/day)2
+NoUnitAtTheEnd:  => speed m/ m/s m/s m/s S. => measurements.txt:1:7: 'm/' is no product of units such as cP.rm3/day/bar or psi/(rft3/day)2
+UnitMissing:  => depth m m - m D. => measurements.txt:1:1: a measurement has a unit in all systems, or in none
+MeasurementTwice:  => depth m m cm m D.~depth - - - - D. => measurements.txt:2:1: the measurement 'depth' is defined twice; remove one
+ShortLine:  => depth m m cm m => measurements.txt:1:15: the line ends where its words should stand; it must have: name METRIC FIELD LAB PVT-M words
+UnitTwice: cm 0.01 - m C. => # => units.txt:5:1: the unit 'cm' is defined twice; remove one
+NoNumber: ft 0,3 - m F. => # => units.txt:5:4: '0,3' is no number above 0
+NoFactor: ft 0 - m F. => # => units.txt:5:4: '0' is no number above 0
+UnknownBase: lb 0.45 - kg P. => # => units.txt:5:11: unknown unit 'kg'; define it in language/units/units.txt
+)")),
+    CaseName<Row>);
+
 TEST(Packing, NeedsItsFiles)
 {
     const auto says = [](const std::string& arguments, const std::string& text) {
@@ -112,5 +143,6 @@ TEST(Packing, NeedsItsFiles)
     EXPECT_TRUE(says("/none/out.cpp", "usage: pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE.xml... .*"));
     EXPECT_TRUE(says("out.cpp out.xml x /none.xml", "error: /none.xml: can't be read"));
     EXPECT_TRUE(says("out.cpp out.xml x --arrays /none.txt", "error: /none.txt: can't be read"));
+    EXPECT_TRUE(says("out.cpp out.xml x --units /none.txt", "error: /none.txt: can't be read"));
     EXPECT_TRUE(says("out.cpp /none/out.xml x --arrays /dev/null", "error: /none/out.xml: can't be written"));
 }

@@ -57,6 +57,11 @@ std::string Pack(const LanguageFiles& files)
     command += " --arrays";
     if (!files.arrays.empty())
         write("arrays.txt", Lines(files.arrays));
+    if (!files.units.empty()) {
+        command += " --units";
+        write("units.txt", Lines(files.units));
+        write("measurements.txt", Lines(files.measurements));
+    }
     if (std::system((command + " 2>errors").c_str()) == 0)
         return Shortened(ReadFile(directory.Path() / "out.xml"));
     return (exists(directory.Path() / "out.xml") ? "made and refused " : "")

@@ -10,6 +10,8 @@ struct LanguageFiles {
     std::string pieces;
     std::string vectors; ///< lines of vectors.txt
     std::string arrays; ///< lines of arrays.txt
+    std::string units = {}; ///< lines of units.txt
+    std::string measurements = {}; ///< lines of measurements.txt
 };
 
 /// The document that is made, without its outer elements and with nothing between the others; or the message
