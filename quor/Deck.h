@@ -13,6 +13,7 @@
 #include "quor/deck/DeckLanguage.h"
 #include "quor/deck/DeckSource.h"
 #include "quor/deck/DeckSummary.h"
+#include "quor/deck/DeckUnits.h"
 #include "quor/deck/Finding.h"
 #include "quor/deck/FindingCodes.h"
 #include "quor/deck/Portability.h"

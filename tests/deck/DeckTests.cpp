@@ -132,6 +132,18 @@ INSTANTIATE_TEST_SUITE_P(Questions, DeckFailures,
             "VariableName", [] { ReadOptions().SetVariable("A B", "1"); }, "invalid variable name 'A B'"}),
     CaseName<Failure>);
 
+TEST(ADeck, IsInTheUnitsThatItsLastKeywordOfUnitsSelects)
+{
+    const DeckLanguage language;
+    const auto systemOf = [&language](const std::string& keywords) {
+        return UnitSystem::ToString(UnitSystemOf(Deck::ReadText(keywords, language)));
+    };
+    EXPECT_EQ(systemOf(""), "METRIC");
+    EXPECT_EQ(systemOf("RUNSPEC\nOIL\nPVT-M\nGAS\n"), "PVT-M");
+    EXPECT_EQ(systemOf("RUNSPEC\nFIELD\nLAB\nGRID\n"), "LAB");
+    EXPECT_EQ(systemOf("RUNSPEC\nOIL\nGRID\nFIELD\n"), "METRIC"); // reported as misplaced
+}
+
 TEST(ADeck, AnswersForAnAlias)
 {
     const DeckLanguage language;

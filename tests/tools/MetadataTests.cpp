@@ -264,13 +264,6 @@ TEST(ListRows, CarryTypeAndCategories)
     EXPECT_FALSE(json::parse(RunOn(language, "list --cell --format json").out)[0].contains("summary"));
 }
 
-TEST(ListMeasurements, CountsTheKeywords)
-{
-    EXPECT_EQ(RunOn(language, "list --measurements").out, "Porosity     1\nratio        1\n");
-    EXPECT_EQ(json::parse(RunOn(language, "list --measurements --cell --format json").out),
-        json::parse(R"([{"measurement":"Porosity","keywords":1}])"));
-}
-
 class UnknownWord : public testing::TestWithParam<Row> { };
 
 TEST_P(UnknownWord, IsRefused)

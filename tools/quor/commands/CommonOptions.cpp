@@ -75,6 +75,12 @@ void AddModeOption(CLI::App& command, const std::function<void(SimulatorModeType
         [set](const std::string& word) { set(SimulatorModeType::FromString(word)); });
 }
 
+void AddUnitsOption(CLI::App& command, std::optional<UnitSystem::Enum>& value, const char* description)
+{
+    AddWordOption(command, "--units", description, WordsOf<UnitSystem>(),
+        [&value](const std::string& word) { value = UnitSystem::FromString(word); });
+}
+
 void AddTypeOption(CLI::App& command, std::optional<MDType::Enum>& value)
 {
     AddWordOption(command, "--type", "Type of the values; for a list, the type of its items", TypeWords(),

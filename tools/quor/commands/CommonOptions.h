@@ -3,6 +3,7 @@
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/SimulatorModeType.h"
 #include "quor/foundation/SimulatorType.h"
+#include "quor/foundation/UnitSystem.h"
 #include "tools/quor/tree/MetadataFacts.h"
 
 #include <functional>
@@ -24,6 +25,9 @@ void AddSimulatorOption(CLI::App& command,
     const char* description = "Simulator that runs the deck");
 void AddModeOption(CLI::App& command, const std::function<void(Core::Keywords::SimulatorModeType::Enum)>& set,
     const char* name = "--mode", const char* description = "Mode of the simulator");
+
+void AddUnitsOption(
+    CLI::App& command, std::optional<Core::Keywords::UnitSystem::Enum>& value, const char* description);
 
 /// What sets a value, which must outlive the application.
 template <class T>

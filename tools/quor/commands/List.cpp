@@ -8,6 +8,7 @@
 #include "tools/quor/terminal/TextLayout.h"
 #include "tools/quor/tree/Measurements.h"
 #include "tools/quor/tree/MetadataFacts.h"
+#include "tools/quor/tree/UnitTexts.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -156,14 +157,21 @@ void PrintMeasurements(const MeasurementCounts& counts, const ListOptions& optio
     } else if (options.isJson) {
         auto list = nlohmann::ordered_json::array();
         for (const auto& [measurement, count] : counts)
-            list.push_back({{"measurement", measurement}, {"keywords", count}});
+            list.push_back(
+                {{"measurement", measurement}, {"keywords", count}, {"units", UnitsJson(measurement)}});
         Print(ToText(list));
     } else {
-        std::size_t width = 0;
-        for (const auto& [measurement, count] : counts)
-            width = std::max(width, measurement.size());
-        for (const auto& [measurement, count] : counts)
-            Print(fmt::format("{:{}}  {:>4}\n", MakePrintable(measurement), width, count));
+        Columns::Row head = {"measurement", "keywords"};
+        AppendSystems(head);
+        Columns table(head);
+        for (const auto& [measurement, count] : counts) {
+            Columns::Row row = {measurement, fmt::format("{:>8}", count)};
+            AppendUnits(measurement, row);
+            table.Add(row);
+        }
+        Print(counts.empty() ? "" : table.GetHead(0));
+        for (std::size_t i = 0; i < counts.size(); ++i)
+            Print(table.GetRow(i, 0, GetWidth()));
     }
     if (counts.empty())
         PrintAside("no keyword with a measurement matches all options\n");
@@ -219,13 +227,15 @@ Command MakeListCommand(CLI::App& application)
     command.add_flag(
         "--cell", options->cellsOnly, "List cell properties: keywords with a value for each cell");
     AddTypeOption(command, options->type);
-    command.add_option("--measurement", options->measurement, "Measurement of a real value of the keyword")
+    command
+        .add_option("--measurement", options->measurement,
+            "Measurement of a real value of the keyword; --measurements lists all")
         ->type_name("NAME")
         ->take_last();
     AddSummaryOptions(command, options->summary);
     command.add_flag("--hidden", options->withHidden, "List hidden keywords too");
     command.add_flag("--measurements", options->measurementsOnly,
-        "List the measurements that those keywords use, with the number of keywords");
+        "List the measurements that those keywords use, with the number of keywords and the units");
     command.add_flag("--count", options->countsOnly, "Print only the number of rows");
     AddFormatOption(command, options->isJson);
     command.footer(

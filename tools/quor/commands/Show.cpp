@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -31,6 +32,7 @@ namespace {
 
 struct ShowOptions {
     std::vector<std::string> names;
+    std::optional<UnitSystem::Enum> units;
     bool isJson = false;
 };
 
@@ -172,7 +174,7 @@ std::string Field(const char* label, const std::string& value)
     return value.empty() ? "" : Wrap(fmt::format("  {}: ", label), value, 4, GetWidth());
 }
 
-std::string KeywordText(const Found& found)
+std::string KeywordText(const Found& found, std::optional<UnitSystem::Enum> units)
 {
     const IKeywordSyntax& syntax = *found.syntax;
     const std::string& name = syntax.GetName();
@@ -191,7 +193,7 @@ std::string KeywordText(const Found& found)
     text += Field("scope", ScopeText(syntax));
     text += Field("summary", SummaryText(syntax));
     text += Field("cell property", CellText(syntax));
-    return text + TreeText(syntax, GetWidth());
+    return text + TreeText(syntax, GetWidth(), units);
 }
 
 nlohmann::ordered_json KeywordJson(const Found& found)
@@ -252,7 +254,7 @@ int Show(LoadedLanguage& language, const ShowOptions& options)
         return status;
     }
     for (const Found& found : all)
-        Print((&found == &all.front() ? "" : "\n") + KeywordText(found));
+        Print((&found == &all.front() ? "" : "\n") + KeywordText(found, options.units));
     return status;
 }
 
@@ -264,10 +266,16 @@ Command MakeShowCommand(CLI::App& application)
     CLI::App& command =
         *application.add_subcommand("show", "Shows keywords with their validity, items and other metadata.");
     command.add_option("NAME", options->names, "Names or aliases of keywords")->required();
+    AddUnitsOption(command, options->units, "System of the units to show with the items; the default is all");
     AddFormatOption(command, options->isJson);
-    command.footer("Examples:\n"
-                   "  quor show WELSPECS\n"
-                   "  quor show PORO PERMX --format json");
+    command.footer(
+        "Limits and defaults are numbers of the deck in its own units. A default that means another amount "
+        "in "
+        "another system is shown with its METRIC unit. JSON output has the units in all systems.\n\n"
+        "Examples:\n"
+        "  quor show WELSPECS\n"
+        "  quor show WCONPROD --units FIELD\n"
+        "  quor show PORO PERMX --format json");
     return {&command, [options](LoadedLanguage& language) { return Show(language, *options); }};
 }
 

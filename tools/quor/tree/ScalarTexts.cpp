@@ -5,6 +5,7 @@
 #include "tools/quor/tree/Defaults.h"
 #include "tools/quor/tree/MetadataFacts.h"
 #include "tools/quor/tree/ModeWords.h"
+#include "tools/quor/tree/UnitTexts.h"
 
 #include <fmt/format.h>
 
@@ -19,18 +20,21 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-std::string ValueText(const Value& value, MDType::Enum type)
+/// `unit` is put behind a real that isn't 0.
+std::string ValueText(const Value& value, MDType::Enum type, const std::string& unit)
 {
-    return std::visit(Overloaded{[](std::monostate) { return std::string("an unknown choice"); },
-                          [](bool flag) { return std::string(flag ? "YES" : "NO"); },
-                          [type](const std::string& text) {
-                              return type == MDType::Choice ? text : fmt::format("'{}'", text);
-                          },
-                          [](auto number) { return fmt::format("{}", number); }},
+    return std::visit(
+        Overloaded{[](std::monostate) { return std::string("an unknown choice"); },
+            [](bool flag) { return std::string(flag ? "YES" : "NO"); },
+            [type](const std::string& text) {
+                return type == MDType::Choice ? text : fmt::format("'{}'", text);
+            },
+            [&unit](double number) { return fmt::format("{}{}", number, number == 0 ? "" : unit); },
+            [](int number) { return fmt::format("{}", number); }},
         value);
 }
 
-std::string ValueText(const Default& value, MDType::Enum type)
+std::string ValueText(const Default& value, MDType::Enum type, const std::string& unit)
 {
     switch (value.type) {
     case Default::Type::None:
@@ -40,10 +44,10 @@ std::string ValueText(const Default& value, MDType::Enum type)
     case Default::Type::Specified:
         break;
     }
-    return ValueText(value.value, type);
+    return ValueText(value.value, type, unit);
 }
 
-void AddDefaults(ScalarTexts& texts, const Defaults& defaults, MDType::Enum type)
+void AddDefaults(ScalarTexts& texts, const Defaults& defaults, MDType::Enum type, const std::string& unit)
 {
     std::vector<SimulatorDefault> own;
     for (const SimulatorDefault& row : defaults.simulators) {
@@ -57,10 +61,10 @@ void AddDefaults(ScalarTexts& texts, const Defaults& defaults, MDType::Enum type
     Words others;
     for (const SimulatorDefault& row : own) {
         if (!(row.value == main))
-            others.push_back(
-                fmt::format("{} {}", SimulatorType::ToString(row.simulator), ValueText(row.value, type)));
+            others.push_back(fmt::format(
+                "{} {}", SimulatorType::ToString(row.simulator), ValueText(row.value, type, unit)));
     }
-    texts.defaultText = ValueText(main, type);
+    texts.defaultText = ValueText(main, type, unit);
     texts.otherDefaults = Join(others);
 }
 
@@ -108,14 +112,17 @@ std::string ChoicesText(const IKeywordChoiceMD& md, const ModeTable& keyword)
 struct OwnTexts {
     ScalarTexts& texts;
     const ModeTable& keyword;
+    std::optional<UnitSystem::Enum> units;
 
     void operator()(const IKeywordAssignmentMD& md) const { texts.limits = LimitsText(md); }
     void operator()(const IKeywordIntegerMD& md) const { texts.limits = LimitsText(md); }
     void operator()(const IKeywordRealMD& md) const
     {
         texts.limits = LimitsText(md);
-        if (const std::string* measurement = md.GetMeasurement())
+        if (const std::string* measurement = md.GetMeasurement()) {
             texts.measurement = *measurement;
+            texts.unit = units ? UnitText(*measurement, *units) : "";
+        }
     }
     void operator()(const IKeywordChoiceMD& md) const { texts.choices = ChoicesText(md, keyword); }
     void operator()(const IKeywordStringMD& md) const
@@ -131,13 +138,15 @@ struct OwnTexts {
 
 } // namespace
 
-ScalarTexts TextsOf(const IKeywordDataMD& scalar, const ModeTable& keyword)
+ScalarTexts TextsOf(
+    const IKeywordDataMD& scalar, const ModeTable& keyword, std::optional<UnitSystem::Enum> units)
 {
     ScalarTexts texts;
     VisitMD(scalar, [&](const auto& md) {
+        OwnTexts{texts, keyword, units}(md);
         if constexpr (requires { md.GetDefault(SimulatorType::Any); })
-            AddDefaults(texts, DefaultsOf(md, keyword), md.GetType());
-        OwnTexts{texts, keyword}(md);
+            AddDefaults(
+                texts, DefaultsOf(md, keyword), md.GetType(), UnitOfDocuments(texts.measurement, units));
     });
     return texts;
 }

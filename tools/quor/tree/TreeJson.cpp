@@ -5,6 +5,7 @@
 #include "quor/metadata/VisitMD.h"
 #include "tools/quor/tree/Defaults.h"
 #include "tools/quor/tree/MetadataFacts.h"
+#include "tools/quor/tree/UnitTexts.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
@@ -186,7 +187,9 @@ void NodeJson::Add(Json& json, const IKeywordIntegerMD& md) const
 void NodeJson::Add(Json& json, const IKeywordRealMD& md) const
 {
     AddDefaults(json, md);
-    json["measurement"] = OrNull(md.GetMeasurement());
+    const std::string* const measurement = md.GetMeasurement();
+    json["measurement"] = OrNull(measurement);
+    json["units"] = measurement ? UnitsJson(*measurement) : Json();
     AddLimits(json, md);
     AddFormat(json, md);
 }

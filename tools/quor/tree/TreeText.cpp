@@ -6,6 +6,7 @@
 #include "tools/quor/tree/ModeWords.h"
 #include "tools/quor/tree/NodeTexts.h"
 #include "tools/quor/tree/ScalarTexts.h"
+#include "tools/quor/tree/UnitTexts.h"
 
 #include <fmt/format.h>
 
@@ -29,10 +30,11 @@ void Append(Words& words, Words&& more)
 
 class TreePrinter {
 public:
-    TreePrinter(const IKeywordSyntax& syntax, std::size_t width)
+    TreePrinter(const IKeywordSyntax& syntax, std::size_t width, std::optional<UnitSystem::Enum> units)
         : syntax_(syntax)
         , keyword_(ModesOf(syntax))
         , width_(width)
+        , units_(units)
     {
     }
 
@@ -54,7 +56,12 @@ private:
     ScalarTexts TextsIn(const IKeywordDataMD& md) const
     {
         const IKeywordDataMD* const scalar = FindScalar(md);
-        return scalar ? TextsOf(*scalar, keyword_) : ScalarTexts();
+        return scalar ? TextsOf(*scalar, keyword_, units_) : ScalarTexts();
+    }
+
+    const std::string& MeasureText(const ScalarTexts& texts) const
+    {
+        return units_ ? texts.unit : texts.measurement;
     }
 
     /// Nothing for an empty text.
@@ -66,6 +73,7 @@ private:
     const IKeywordSyntax& syntax_;
     ModeTable keyword_; // where the keyword is valid
     std::size_t width_;
+    std::optional<UnitSystem::Enum> units_; // in which units are printed, in place of measurements
 };
 
 std::string TreePrinter::Print(const IKeywordDataMD& md, const std::string& head, std::size_t indent) const
@@ -74,9 +82,9 @@ std::string TreePrinter::Print(const IKeywordDataMD& md, const std::string& head
     Append(facts, FactsOf(md, syntax_));
     ScalarTexts texts;
     if (KeywordUtils::IsItemMDType(&md)) {
-        texts = TextsOf(md, keyword_);
-        if (!texts.measurement.empty())
-            facts.push_back(texts.measurement);
+        texts = TextsOf(md, keyword_, units_);
+        if (!MeasureText(texts).empty())
+            facts.push_back(MeasureText(texts));
         facts.push_back("default " + texts.defaultText);
         if (!texts.limits.empty())
             facts.push_back(texts.limits);
@@ -105,8 +113,8 @@ std::string TreePrinter::PrintItems(const IKeywordRecordMD& record, std::size_t 
         return std::string(indent, ' ') + "no items\n";
     constexpr std::size_t nameColumn = 1;
     const std::size_t numberWidth = fmt::format("{}", record.GetSize()).size();
-    Columns columns({std::string(numberWidth - 1, ' ') + '#', "item", "type", "measurement", "default",
-        "limits", "marks"});
+    Columns columns({std::string(numberWidth - 1, ' ') + '#', "item", "type", units_ ? "unit" : "measurement",
+        "default", "limits", "marks"});
     std::vector<ScalarTexts> texts;
     for (int i = 0; i < record.GetSize(); ++i) {
         texts.push_back(TextsIn(*record.GetItemMD(i)));
@@ -129,7 +137,7 @@ Columns::Row TreePrinter::ItemRow(
     Append(marks, FactsOf(md, syntax_));
     Append(marks, Words(texts.marks));
     return {fmt::format("{:>{}}", md.GetItemNumber(), numberWidth), md.GetName(), ShapeText(md),
-        texts.measurement, texts.defaultText, texts.limits, Join(marks)};
+        MeasureText(texts), texts.defaultText, texts.limits, Join(marks)};
 }
 
 /// What is below the row of an item.
@@ -166,7 +174,7 @@ std::string TreePrinter::PrintAssignments(const IKeywordMapMD& map, std::size_t 
     Columns columns({"key", "default", "limits", "marks", "description"});
     std::vector<ScalarTexts> texts;
     for (int i = 0; i < size; ++i) {
-        texts.push_back(TextsOf(at(i), keyword_));
+        texts.push_back(TextsOf(at(i), keyword_, units_));
         columns.Add(AssignmentRow(at(i), texts.back()));
     }
     std::string text = columns.GetHead(indent);
@@ -192,12 +200,14 @@ Columns::Row TreePrinter::AssignmentRow(
 
 } // namespace
 
-std::string TreeText(const IKeywordSyntax& syntax, std::size_t width)
+std::string TreeText(const IKeywordSyntax& syntax, std::size_t width, std::optional<UnitSystem::Enum> units)
 {
     constexpr std::size_t indent = 2;
     const IKeywordDataMD* const md = syntax.GetDataMD();
-    return md ? TreePrinter(syntax, width).Print(*md, "data: ", indent)
-              : std::string(indent, ' ') + "data: none\n";
+    if (!md)
+        return std::string(indent, ' ') + "data: none\n";
+    return TreePrinter(syntax, width, units).Print(*md, "data: ", indent)
+        + (units ? "" : UnitsTable(syntax, indent, width));
 }
 
 } // namespace Veld::Quor::Tools

@@ -1,0 +1,106 @@
+#include "tests/support/Cases.h"
+#include "tests/tools/RunProgram.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace Veld::Quor::Tests;
+
+namespace {
+
+std::string Real(const std::string& name, const std::string& quantity, const std::string& more = {})
+{
+    return "<item name='" + name + "'><real><quantity name='" + quantity + "'/>" + more + "</real></item>";
+}
+
+/// Three keywords: of items, of a list, and of a quantity that the library doesn't know.
+const std::string language = "<keyword name='STATE'><data><record>"
+    + Real("PRES", "pressure",
+        "<default type='specified' val='2'><override name='Sedge' type='specified' val='3'/></default>")
+    + Real("VISC", "viscosity", "<default type='specified' val='0.5'/>")
+    + Real("RATE", "surface_rate", "<default type='specified' val='0'/>") + Real("WIDTH", "parsecs")
+    + "</record></data></keyword><keyword name='HEAT'><data><list><real><quantity "
+      "name='temperature'/></real></list></data></keyword><keyword name='FAR'><data><record>"
+    + Real("WIDTH", "parsecs") + "</record></data></keyword>";
+
+class Measured : public testing::TestWithParam<Row> { };
+
+} // namespace
+
+/// The lines that a command prints, from the data on.
+TEST_P(Measured, NamesUnits)
+{
+    const std::string out = RunOn(language, GetParam().text).out;
+    const std::size_t data = out.find("  data: ");
+    EXPECT_EQ(
+        data == std::string::npos ? out : out.substr(data), GetParam().expected + (out.empty() ? "" : "\n"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Keywords, Measured, testing::ValuesIn(Rows(R"(
+AllSystems: show STATE =>
+      data: record, ends with its last item
+        #  item   type  measurement   default
+        1  PRES   real  pressure      2 bar
+             default by simulator: Sedge 3 bar
+        2  VISC   real  viscosity     0.5
+        3  RATE   real  surface_rate  0
+        4  WIDTH  real  parsecs       none
+      units of      METRIC   FIELD                LAB      PVT-M
+      pressure      bar      psi                  atm      atm
+      surface_rate  sm3/day  stb/day or Mscf/day  scm3/hr  sm3/day
+      viscosity     cP       cP                   cP       cP
+OneSystem: show STATE --units field =>
+      data: record, ends with its last item
+        #  item   type  unit                 default
+        1  PRES   real  psi                  2 bar
+             default by simulator: Sedge 3 bar
+        2  VISC   real  cP                   0.5
+        3  RATE   real  stb/day or Mscf/day  0
+        4  WIDTH  real                       none
+SystemOfTheDocuments: show STATE --units METRIC =>
+      data: record, ends with its last item
+        #  item   type  unit     default
+        1  PRES   real  bar      2
+             default by simulator: Sedge 3
+        2  VISC   real  cP       0.5
+        3  RATE   real  sm3/day  0
+        4  WIDTH  real           none
+List: show HEAT --units PVT-M =>
+      data: list of reals, ends with a slash
+        each: real, degC, default none
+UnknownQuantity: show FAR =>
+      data: record, ends with its last item
+        #  item   type  measurement  default
+        1  WIDTH  real  parsecs      none
+Measurements: list --measurements =>
+    measurement   keywords  METRIC   FIELD                LAB      PVT-M
+    parsecs              2
+    pressure             1  bar      psi                  atm      atm
+    surface_rate         1  sm3/day  stb/day or Mscf/day  scm3/hr  sm3/day
+    temperature          1  degC     degF                 degC     degC
+    viscosity            1  cP       cP                   cP       cP
+NoMeasurements: list --measurements --cell =>
+Json: list --measurements --text HEAT --format json =>
+    [
+      {
+        "measurement": "temperature",
+        "keywords": 1,
+        "units": {
+          "METRIC": "degC",
+          "FIELD": "degF",
+          "LAB": "degC",
+          "PVT-M": "degC"
+        }
+      }
+    ]
+)")),
+    CaseName<Row>);
+
+TEST(Units, OfItemsAreInJson)
+{
+    const std::string out = RunOn(language, "show STATE --format json | tr -d ' \\n'").out;
+    EXPECT_TRUE(Holds(
+        out, R"("measurement":"pressure","units":{"METRIC":"bar","FIELD":"psi","LAB":"atm","PVT-M":"atm"})"));
+    EXPECT_TRUE(Holds(out, R"("measurement":"parsecs","units":null)"));
+}
