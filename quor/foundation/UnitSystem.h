@@ -13,9 +13,9 @@ namespace Veld::Quor::Core::Keywords {
 struct UnitSystem {
     /// In the order of the rows.
     enum Enum : int {
-        METRIC = 0, ///< that of a deck that names none
-        FIELD = 1,
-        LAB = 2,
+        METRIC = 0, ///< metres, bar, days: that of a deck that names none
+        FIELD = 1, ///< feet, psi, days, barrels
+        LAB = 2, ///< centimetres, atmospheres, hours
         PVT_M = 3, ///< METRIC with pressures in atmospheres
     };
     static constexpr int Count = 4; ///< members with a row in the table
