@@ -6,6 +6,7 @@
 #include "quor/deck/internal/compare/WellSummary.h"
 #include "quor/deck/internal/read/DataShape.h"
 #include "quor/deck/internal/read/DataValue.h"
+#include "quor/foundation/UnitSystem.h"
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/IKeywordRealMD.h"
 #include "quor/metadata/IKeywordRecordMD.h"
@@ -15,7 +16,6 @@
 #include "quor/variables/KeywordVariableUtils.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <set>
 #include <utility>
@@ -71,9 +71,10 @@ SizeSummary SizesOf(const KeywordInstance& keyword)
 
 void AddRunspec(const KeywordInstance& keyword, DeckSummary& summary)
 {
-    static constexpr std::array<const char*, 4> unitSets = {"METRIC", "FIELD", "LAB", "PVT-M"};
     const std::string& name = keyword.syntax->GetName();
-    if (!keyword.data && std::find(unitSets.begin(), unitSets.end(), name) != unitSets.end()) {
+    bool isUnitSystem = false;
+    UnitSystem::FromString(name, &isUnitSystem);
+    if (isUnitSystem) {
         summary.units = name;
     } else if (!keyword.data) {
         if (keyword.syntax->GetDeckRole() == KeywordDeckRole::Ordinary)

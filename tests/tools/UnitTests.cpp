@@ -1,8 +1,10 @@
 #include "tests/support/Cases.h"
+#include "tests/support/Documents.h"
 #include "tests/tools/RunProgram.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 
 using namespace Veld::Quor::Tests;
@@ -103,4 +105,17 @@ TEST(Units, OfItemsAreInJson)
     EXPECT_TRUE(Holds(
         out, R"("measurement":"pressure","units":{"METRIC":"bar","FIELD":"psi","LAB":"atm","PVT-M":"atm"})"));
     EXPECT_TRUE(Holds(out, R"("measurement":"parsecs","units":null)"));
+}
+
+TEST(Units, OfADeckAreInItsSummary)
+{
+    const TemporaryDirectory folder;
+    for (const auto& [keyword, units, unit] :
+        {std::array{"", "METRIC (default)", "  m "}, std::array{"FIELD\n", "FIELD", "  ft "}}) {
+        const std::string deck =
+            folder.Write("a.data", std::string("RUNSPEC\n") + keyword + "DIMENS\n 1 1 1 /\nGRID\nDX\n 7 /\n");
+        const std::string out = RunQuor("info " + Quote(deck)).out;
+        EXPECT_TRUE(Holds(out, std::string("units: ") + units + "\n")) << out;
+        EXPECT_TRUE(Holds(out, unit)) << out;
+    }
 }

@@ -8,6 +8,7 @@
 #include "tools/quor/terminal/Json.h"
 #include "tools/quor/terminal/Terminal.h"
 #include "tools/quor/terminal/TextLayout.h"
+#include "tools/quor/tree/UnitTexts.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -105,7 +106,7 @@ void PrintRunspec(const Decks::DeckSummary& summary)
     Print("\n");
     if (!summary.options.empty())
         Print(Wrap("options: ", fmt::format("{}", fmt::join(summary.options, " ")), indent, GetWidth()));
-    Print(fmt::format("units: {}\n", summary.units.empty() ? "not specified" : summary.units));
+    Print(fmt::format("units: {}\n", summary.units.empty() ? "METRIC (default)" : summary.units));
 }
 
 void PrintTime(const Decks::DeckSummary& summary)
@@ -145,12 +146,12 @@ void PrintProperties(const Decks::DeckSummary& summary, bool withAll)
         };
         rows.push_back({row.keyword, fmt::format("{}", row.count), fmt::format("{}", row.defaulted),
             number(&Decks::PropertySummary::Range::least), number(&Decks::PropertySummary::Range::mean),
-            number(&Decks::PropertySummary::Range::greatest), Dashed(row.measurement),
+            number(&Decks::PropertySummary::Range::greatest),
+            Dashed(UnitText(row.measurement, UnitSystem::FromString(summary.units))),
             LocationText(row.location)});
     }
     PrintSomeRows("cell property definition", std::move(rows),
-        {"keyword", "values", "defaulted", "min", "mean", "max", "measurement", "at"}, withAll,
-        "--properties");
+        {"keyword", "values", "defaulted", "min", "mean", "max", "unit", "at"}, withAll, "--properties");
 }
 
 void PrintVariables(const Decks::DeckSummary& summary)
