@@ -18,6 +18,7 @@ int main()
         DeckEditor editor(deck);
         editor.SetValue("WELSPECS[P1].I", 7);
         const std::string changed = editor.GetText(0);
+        const Deck again = editor.Read(language);
 
         const TextEdit edit = editor.GetEdits().front();
         const std::size_t end = edit.range.offset + edit.range.length;
@@ -25,7 +26,7 @@ int main()
         const bool isSameAfter = text.substr(end) == changed.substr(edit.range.offset + edit.text.size());
         std::cout << deck.GetFiles().GetText(edit.range) << " becomes " << edit.text << "; all else is "
                   << (isSameBefore && isSameAfter ? "the same" : "different") << '\n'
-                  << ResolveOne(editor.Read(language), ValueAddress::Parse("WELSPECS[P1].I")).text << '\n';
+                  << ResolveOne(again, ValueAddress::Parse("WELSPECS[P1].I")).text << '\n';
         return 0;
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';

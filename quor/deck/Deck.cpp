@@ -2,9 +2,9 @@
 
 #include "quor/deck/internal/ContentsOf.h"
 #include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/text/LineText.h"
 
 #include <fmt/format.h>
-#include <fmt/ranges.h>
 
 #include <utility>
 
@@ -19,6 +19,8 @@ KeywordNotFound::~KeywordNotFound() = default;
 
 const DeckContents& ContentsOf(const Deck& deck)
 {
+    if (!deck.contents_)
+        throw std::logic_error("the deck was moved from");
     return *deck.contents_;
 }
 
@@ -38,7 +40,7 @@ Deck Deck::Read(const std::string& path, const DeckLanguage& language, const Rea
         deck.contents_->options = options;
         return deck;
     } catch (const SourceError& error) {
-        throw SourceError(fmt::format("can't read '{}': {}", path, error.what()));
+        throw SourceError(fmt::format("can't read '{}': {}", Printable(path), error.what()));
     }
 }
 
@@ -55,51 +57,61 @@ Deck Deck::ReadText(
 
 std::size_t Deck::GetSize() const
 {
-    return contents_->keywords.size();
+    return ContentsOf(*this).keywords.size();
+}
+
+DeckKeyword Deck::operator[](std::size_t index) const&
+{
+    const DeckContents& contents = ContentsOf(*this);
+    if (index >= contents.keywords.size())
+        throw std::out_of_range(fmt::format("keyword index {} is out of range (the deck has {})", index,
+            Counted(contents.keywords.size(), "keyword")));
+    return DeckKeyword(contents, index);
 }
 
 bool Deck::Has(std::string_view name) const
 {
-    return !contents_->names.Find(*contents_, name).empty();
+    const DeckContents& contents = ContentsOf(*this);
+    return !contents.names.Find(contents, name).empty();
 }
 
-DeckKeyword Deck::Get(std::string_view name) const
+DeckKeyword Deck::Get(std::string_view name) const&
 {
-    const std::vector<std::uint32_t>& indices = contents_->names.Find(*contents_, name);
+    const DeckContents& contents = ContentsOf(*this);
+    const std::vector<std::uint32_t>& indices = contents.names.Find(contents, name);
     if (!indices.empty())
         return (*this)[indices.back()];
-    const auto nearest = contents_->names.FindNearest(*contents_, name);
-    throw KeywordNotFound(nearest.empty()
-            ? fmt::format("the deck has no keyword '{}'", name)
-            : fmt::format("the deck has no keyword '{}'; similar names: {}", name, fmt::join(nearest, ", ")));
+    throw KeywordNotFound(contents.names.ExplainMissing(contents, name));
 }
 
-std::vector<DeckKeyword> Deck::GetAll(std::string_view name) const
+std::vector<DeckKeyword> Deck::GetAll(std::string_view name) const&
 {
+    const DeckContents& contents = ContentsOf(*this);
     std::vector<DeckKeyword> keywords;
-    for (const std::uint32_t index : contents_->names.Find(*contents_, name))
+    for (const std::uint32_t index : contents.names.Find(contents, name))
         keywords.push_back((*this)[index]);
     return keywords;
 }
 
-std::vector<DeckKeyword> Deck::GetSection(Keywords::SectionType::Enum section) const
+std::vector<DeckKeyword> Deck::GetSection(Keywords::SectionType::Enum section) const&
 {
     std::vector<DeckKeyword> keywords;
     for (std::size_t i = 0; i < GetSize(); ++i) {
-        if (contents_->keywords[i].section == section)
+        if (ContentsOf(*this).keywords[i].section == section)
             keywords.push_back((*this)[i]);
     }
     return keywords;
 }
 
-std::vector<DeckKeyword> Deck::GetAfterStep(std::size_t step) const
+std::vector<DeckKeyword> Deck::GetAfterStep(std::size_t step) const&
 {
+    const DeckContents& contents = ContentsOf(*this);
     std::vector<DeckKeyword> keywords;
-    if (step >= contents_->steps.size())
-        throw std::out_of_range(fmt::format(
-            "report step index {} is out of range (the deck has {} steps)", step, contents_->steps.size()));
-    for (std::size_t i = contents_->steps[step].keyword + 1; i < GetSize(); ++i) {
-        if (contents_->keywords[i].step != step)
+    if (step >= contents.steps.size())
+        throw std::out_of_range(fmt::format("report step index {} is out of range (the deck has {})", step,
+            Counted(contents.steps.size(), "step")));
+    for (std::size_t i = contents.steps[step].keyword + 1; i < GetSize(); ++i) {
+        if (contents.keywords[i].step != step)
             break;
         keywords.push_back((*this)[i]);
     }
@@ -108,42 +120,47 @@ std::vector<DeckKeyword> Deck::GetAfterStep(std::size_t step) const
 
 Service::Time Deck::GetStart() const
 {
-    return contents_->start;
+    return ContentsOf(*this).start;
 }
 
-const std::vector<ReportStep>& Deck::GetSteps() const
+const std::vector<ReportStep>& Deck::GetSteps() const&
 {
-    return contents_->steps;
+    return ContentsOf(*this).steps;
 }
 
-const Findings& Deck::GetFindings() const
+const Findings& Deck::GetFindings() const&
 {
-    return contents_->findings;
+    return ContentsOf(*this).findings;
 }
 
-const Target& Deck::GetTarget() const
+Findings Deck::GetFindings() const&&
 {
-    return contents_->GetTarget();
+    return ContentsOf(*this).findings;
 }
 
-const ReadOptions& Deck::GetOptions() const
+const Target& Deck::GetTarget() const&
 {
-    return contents_->options;
+    return ContentsOf(*this).GetTarget();
 }
 
-const DeckFiles& Deck::GetFiles() const
+const ReadOptions& Deck::GetOptions() const&
 {
-    return contents_->files;
+    return ContentsOf(*this).options;
+}
+
+const DeckFiles& Deck::GetFiles() const&
+{
+    return ContentsOf(*this).files;
 }
 
 std::size_t Deck::GetFileCount() const
 {
-    return contents_->distinctFiles;
+    return ContentsOf(*this).distinctFiles;
 }
 
 std::size_t Deck::GetSectionCount() const
 {
-    return contents_->sections;
+    return ContentsOf(*this).sections;
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -32,8 +32,12 @@ public:
 };
 
 /// A deck as it was read: its keywords with their data, its report steps, its findings and the texts of its
-/// files. It never changes, so several threads may use it at once. A deck that was moved from may only be
-/// assigned to and destroyed; what refers to it by a `DeckKeyword` or a view goes with the one it moved to.
+/// files. It never changes, so several threads may use it at once. What refers to a deck (a `DeckKeyword`, a
+/// view, a reference) is valid as long as the deck, and also after a move: then it refers to the deck that
+/// was moved to. A deck that was moved from may be assigned to and destroyed; all else throws
+/// `std::logic_error`. What returns a reference or keywords can't be called on a temporary deck, but
+/// `GetFindings`, which then returns a copy. All functions but `GetSize` and simple getters may throw
+/// `std::bad_alloc`.
 ///
 ///     const DeckLanguage language;
 ///     const Deck deck = Deck::Read("FIELD.data", language);
@@ -52,8 +56,8 @@ public:
         const std::string& path, const DeckLanguage& language, const ReadOptions& options = ReadOptions());
     static Deck Read(const std::string& path, const DeckLanguage&& language,
         const ReadOptions& options = ReadOptions()) = delete; // it would die before the deck
-    /// The same for a text in memory. `name` stands for its path: findings have it, and files that the deck
-    /// includes are sought in its folder, in the source of the options.
+    /// The same for a text in memory. `name` is its path: findings name it, and files that the deck
+    /// includes are searched for in its folder, in the source of the options.
     static Deck ReadText(std::string text, const DeckLanguage& language,
         const ReadOptions& options = ReadOptions(), const std::string& name = "deck.data");
     static Deck ReadText(std::string text, const DeckLanguage&& language,
@@ -69,55 +73,70 @@ public:
     class Iterator;
     /// How many keywords it has.
     std::size_t GetSize() const;
-    /// `index` < `GetSize()`; not checked.
-    DeckKeyword operator[](std::size_t index) const { return DeckKeyword(*contents_, index); }
+    /// Throws `std::out_of_range`.
+    DeckKeyword operator[](std::size_t index) const&;
+    DeckKeyword operator[](std::size_t index) const&& = delete;
     /// For a range-based `for` over the keywords.
     /// @{
-    Iterator begin() const;
-    Iterator end() const;
+    Iterator begin() const&;
+    Iterator begin() const&& = delete;
+    Iterator end() const&;
+    Iterator end() const&& = delete;
     /// @}
 
     // By name, without regard to case. The first call makes an index; the rest cost a look-up.
 
     /// Whether the deck has such a keyword.
     bool Has(std::string_view name) const;
-    /// The last one: what it says is what holds. Throws `KeywordNotFound`.
-    DeckKeyword Get(std::string_view name) const;
+    /// The last one in the order of reading, whose values are in effect at the end. Throws `KeywordNotFound`.
+    DeckKeyword Get(std::string_view name) const&;
+    DeckKeyword Get(std::string_view name) const&& = delete;
     /// In the order of reading; empty if the deck has none.
-    std::vector<DeckKeyword> GetAll(std::string_view name) const;
+    std::vector<DeckKeyword> GetAll(std::string_view name) const&;
+    std::vector<DeckKeyword> GetAll(std::string_view name) const&& = delete;
 
     // By section and date.
 
     /// In the order of reading, the keyword that begins the section first; empty if the deck has none.
-    std::vector<DeckKeyword> GetSection(Keywords::SectionType::Enum section) const;
+    std::vector<DeckKeyword> GetSection(Keywords::SectionType::Enum section) const&;
+    std::vector<DeckKeyword> GetSection(Keywords::SectionType::Enum section) const&& = delete;
     /// Those after the report step with this index, up to the next step or the end of the section. Throws
     /// `std::out_of_range` if the deck has no such step.
-    std::vector<DeckKeyword> GetAfterStep(std::size_t step) const;
+    std::vector<DeckKeyword> GetAfterStep(std::size_t step) const&;
+    std::vector<DeckKeyword> GetAfterStep(std::size_t step) const&& = delete;
     /// When the simulation starts; undefined if the deck doesn't say it.
     Service::Time GetStart() const;
     /// In the order of reading.
-    const std::vector<ReportStep>& GetSteps() const;
+    const std::vector<ReportStep>& GetSteps() const&;
+    const std::vector<ReportStep>& GetSteps() const&& = delete;
 
     // What was found and read. What is returned by reference is valid as long as the deck.
 
-    /// In the order of reading.
-    const Findings& GetFindings() const;
+    /// In the order of reading, but for those on comments that hide findings (`bad-silence`), which are
+    /// before the others of their file. A temporary deck returns a copy.
+    /// @{
+    const Findings& GetFindings() const&;
+    Findings GetFindings() const&&;
+    /// @}
     /// Whether there are no errors and no warnings.
     bool IsClean() const { return !GetFindings().HasFault(); }
     /// For which the deck was read.
-    const Target& GetTarget() const;
+    const Target& GetTarget() const&;
+    const Target& GetTarget() const&& = delete;
     /// With which the deck was read.
-    const ReadOptions& GetOptions() const;
+    const ReadOptions& GetOptions() const&;
+    const ReadOptions& GetOptions() const&& = delete;
     /// In the order of reading, the deck itself first.
-    const DeckFiles& GetFiles() const;
-    /// Different files, the deck itself included.
+    const DeckFiles& GetFiles() const&;
+    const DeckFiles& GetFiles() const&& = delete;
+    /// How many different files, the deck itself included.
     std::size_t GetFileCount() const;
-    /// Different sections.
+    /// How many different sections.
     std::size_t GetSectionCount() const;
 
 private:
     explicit Deck(std::unique_ptr<DeckContents> contents);
-    friend const DeckContents& ContentsOf(const Deck& deck);
+    friend const DeckContents& ContentsOf(const Deck& deck); // throws if it was moved from
 
     std::unique_ptr<DeckContents> contents_;
 };
@@ -134,13 +153,13 @@ public:
     using reference = DeckKeyword;
     /// @}
 
-    /// At the keyword with this index; not checked.
+    /// At the keyword with this index, or at the end.
     Iterator(const Deck& deck, std::size_t index)
         : deck_(&deck)
         , index_(index)
     {
     }
-    /// The keyword; not to be asked at the end.
+    /// The keyword. Throws `std::out_of_range` at the end.
     DeckKeyword operator*() const { return (*deck_)[index_]; }
     /// Goes to the next keyword.
     /// @{
@@ -167,12 +186,12 @@ private:
     std::size_t index_;
 };
 
-inline Deck::Iterator Deck::begin() const
+inline Deck::Iterator Deck::begin() const&
 {
     return Iterator(*this, 0);
 }
 
-inline Deck::Iterator Deck::end() const
+inline Deck::Iterator Deck::end() const&
 {
     return Iterator(*this, GetSize());
 }

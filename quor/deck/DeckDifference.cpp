@@ -113,7 +113,7 @@ Difference Comparer::Compare()
 void Comparer::CompareSteps(const Step& step, const StepUnits* before, const StepUnits* after)
 {
     if (step.IsReport() && before && !after)
-        Report({Kind::Gone, {}, {}}, &before->range, nullptr);
+        Report({Kind::Removed, {}, {}}, &before->range, nullptr);
     else if (step.IsReport() && after && !before)
         Report({Kind::Added, {}, {}}, nullptr, &after->range);
     for (const Bucket& bucket : Match(before, after))
@@ -137,7 +137,7 @@ void Comparer::CompareBucket(const Bucket& bucket)
         if (i == unpaired)
             Report(ChangeOf(Kind::Added, *bucket.after[j]), nullptr, &bucket.after[j]->range);
         else if (j == unpaired)
-            Report(ChangeOf(Kind::Gone, *bucket.before[i]), &bucket.before[i]->range, nullptr);
+            Report(ChangeOf(Kind::Removed, *bucket.before[i]), &bucket.before[i]->range, nullptr);
         else
             CompareUnits(*bucket.before[i], *bucket.after[j]);
     }

@@ -24,7 +24,7 @@ struct ArrayChange {
 
 /// One item of a keyword's data that differs.
 struct ItemChange {
-    std::string item; ///< the way to it: names of items, and numbers of elements from 1 as in "[3]"
+    std::string item; ///< the path to it: names of items, and numbers of elements from 1 as in "[3]"
     std::string before; ///< as text; "absent" for an element that the other list has in excess
     std::string after; ///< the same in the second deck
     std::optional<ArrayChange> array = {}; ///< `before` and `after` are of the first element that differs
@@ -59,10 +59,10 @@ private:
 /// One difference between two decks.
 struct Change {
     /// Whether both decks have it, or the second alone, or the first alone.
-    enum class Kind { Changed, Added, Gone };
+    enum class Kind { Changed, Added, Removed };
 
     Kind kind = Kind::Changed; ///< seen from the first deck
-    std::string keyword; ///< empty: it is the report step itself that was added, or is gone
+    std::string keyword; ///< empty: it is the report step itself that was added or removed
     std::string identity; ///< the identifiers of the instance; may be empty
     ItemChange item = {}; ///< of what has changed
     std::optional<Location> before = {}; ///< in the first deck

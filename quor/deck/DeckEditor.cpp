@@ -8,6 +8,7 @@
 #include "quor/deck/internal/edit/NewWords.h"
 #include "quor/deck/internal/read/DataShape.h"
 #include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/text/LineText.h"
 
 #include <fmt/format.h>
 
@@ -77,9 +78,9 @@ void DeckEditor::SetValue(const ValueAddress& address, const NewValue& value)
     SetValue(ResolveOne(deck_, address), value);
 }
 
-void DeckEditor::SetValue(const ValuePlace& place, const NewValue& value)
+void DeckEditor::SetValue(const DeckValue& current, const NewValue& value)
 {
-    Set(place, &value);
+    Set(current, &value);
 }
 
 void DeckEditor::ClearValue(std::string_view address)
@@ -92,30 +93,30 @@ void DeckEditor::ClearValue(const ValueAddress& address)
     ClearValue(ResolveOne(deck_, address));
 }
 
-void DeckEditor::ClearValue(const ValuePlace& place)
+void DeckEditor::ClearValue(const DeckValue& current)
 {
-    Set(place, nullptr);
+    Set(current, nullptr);
 }
 
 /// Null: the default.
-void DeckEditor::Set(const ValuePlace& place, const NewValue* value)
+void DeckEditor::Set(const DeckValue& current, const NewValue* value)
 {
-    const std::uint32_t index = IndexIn(deck_, place.keyword);
+    const std::uint32_t index = IndexIn(deck_, current.keyword);
     const DeckContents& contents = ContentsOf(deck_);
     const KeywordInstance& keyword = contents.keywords[index];
-    const auto scalar = keyword.data ? FindScalar(*keyword.data, place.path) : std::nullopt;
+    const auto scalar = keyword.data ? FindScalar(*keyword.data, current.path) : std::nullopt;
     if (!scalar)
-        throw AddressError(fmt::format("{} has no value at this path", place.keyword.GetName()));
-    if (!place.range)
-        throw EditError(fmt::format("errors in {} hide where its values are", place.keyword.GetName()));
-    const auto word = value ? MakeNewWord(keyword, place.path, *value)
-                            : MakeDefaultWord(keyword, place.path, contents.GetTarget());
+        throw AddressError(fmt::format("{} has no value at this path", current.keyword.GetName()));
+    if (!current.range)
+        throw EditError(fmt::format("errors in {} hide where its values are", current.keyword.GetName()));
+    const auto word = value ? MakeNewWord(keyword, current.path, *value)
+                            : MakeDefaultWord(keyword, current.path, contents.GetTarget());
     const std::string* const variable = keyword.notes->variables
         ? keyword.notes->variables->Find(*scalar->node, static_cast<int>(scalar->index))
         : nullptr;
     if (variable)
-        throw EditError(fmt::format("{} is given by a variable: {}", place.address.ToString(), *variable));
-    changes_->SetWord(index, place.path, word);
+        throw EditError(fmt::format("{} is given by a variable: {}", current.address.ToString(), *variable));
+    changes_->SetWord(index, current.path, word);
 }
 
 void DeckEditor::SetArray(const DeckKeyword& keyword, const double* first, std::size_t count)
@@ -159,9 +160,8 @@ void DeckEditor::RemoveRecord(const DeckKeyword& keyword, std::size_t index)
     const std::uint32_t position = IndexIn(deck_, keyword);
     const std::size_t size = ContentsOf(deck_).keywords[position].records.size();
     if (index >= size)
-        throw std::out_of_range(
-            fmt::format("{}: record index {} is out of range (the keyword has {} records)", keyword.GetName(),
-                index, size));
+        throw std::out_of_range(fmt::format("{}: record index {} is out of range (the keyword has {})",
+            keyword.GetName(), index, Counted(size, "record")));
     changes_->RemoveRecord(position, index);
 }
 
@@ -224,14 +224,12 @@ std::vector<std::uint32_t> DeckEditor::GetChangedFiles() const
 std::string DeckEditor::GetText(std::uint32_t file) const
 {
     const DeckFiles& files = deck_.GetFiles();
-    if (file >= files.GetSize())
-        throw std::out_of_range(
-            fmt::format("file index {} is out of range (the deck has {} files)", file, files.GetSize()));
+    const SourceText& text = *files.Get(file).text;
     std::vector<TextEdit> edits = GetEdits();
     edits.erase(std::remove_if(edits.begin(), edits.end(),
                     [file](const TextEdit& edit) { return edit.range.file != file; }),
         edits.end());
-    return std::string(files.Get(file).text->GetMark()) + ApplyEdits(files.GetText(file), std::move(edits));
+    return std::string(text.GetMark()) + ApplyEdits(text.GetText(), std::move(edits));
 }
 
 std::shared_ptr<const DeckSource> DeckEditor::MakeSource(std::shared_ptr<const DeckSource> others) const

@@ -118,12 +118,12 @@ public:
     void SetValue(const ValueAddress& address, const NewValue& value);
     /// @}
     /// Replaces the value at a place of this deck that has a range.
-    void SetValue(const ValuePlace& place, const NewValue& value);
+    void SetValue(const DeckValue& current, const NewValue& value);
     /// Leaves the value to its default. Throws `EditError` if it has none.
     /// @{
     void ClearValue(std::string_view address);
     void ClearValue(const ValueAddress& address);
-    void ClearValue(const ValuePlace& place);
+    void ClearValue(const DeckValue& current);
     /// @}
 
     /// Replaces the values of a keyword that is a list of numbers. They are laid out as `DeckFormatter` does;
@@ -180,7 +180,7 @@ public:
     /// @}
 
 private:
-    void Set(const ValuePlace& place, const NewValue* value);
+    void Set(const DeckValue& current, const NewValue* value);
     void ReplaceArray(const DeckKeyword& keyword, const Keywords::IKeywordData& data);
     void AddKeyword(std::size_t after, bool leavesBlocks, std::string_view text);
 

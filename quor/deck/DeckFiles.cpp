@@ -1,9 +1,13 @@
 #include "quor/deck/DeckFiles.h"
 
+#include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/TextLines.h"
+
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <mutex>
+#include <stdexcept>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -68,14 +72,22 @@ std::size_t DeckFiles::GetSize() const
     return entries_.size();
 }
 
+DeckFiles::Entry& DeckFiles::GetEntry(std::uint32_t file) const
+{
+    if (file >= entries_.size())
+        throw std::out_of_range(fmt::format(
+            "file index {} is out of range (the deck has {})", file, Counted(entries_.size(), "file")));
+    return *entries_[file];
+}
+
 const DeckFile& DeckFiles::Get(std::uint32_t file) const
 {
-    return entries_[file]->file;
+    return GetEntry(file).file;
 }
 
 std::string_view DeckFiles::GetText(std::uint32_t file) const
 {
-    return entries_[file]->file.text->GetText();
+    return Get(file).text->GetText();
 }
 
 std::string_view DeckFiles::GetText(const TextRange& range) const
@@ -86,7 +98,7 @@ std::string_view DeckFiles::GetText(const TextRange& range) const
 Location DeckFiles::LocationOf(const TextRange& range) const
 {
     const std::string_view text = GetText(range.file);
-    return {Get(range.file).name, entries_[range.file]->LineNumberOf(text, range.offset),
+    return {Get(range.file).name, GetEntry(range.file).LineNumberOf(text, range.offset),
         range.offset - StartOfLine(text, range.offset) + 1};
 }
 

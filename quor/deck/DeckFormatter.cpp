@@ -3,10 +3,6 @@
 #include "quor/deck/internal/ContentsOf.h"
 #include "quor/deck/internal/write/DeckWriter.h"
 
-#include <fmt/format.h>
-
-#include <stdexcept>
-
 namespace Veld::Quor::Core::Decks {
 
 DeckFormatter::DeckFormatter(const Deck& deck)
@@ -19,9 +15,7 @@ DeckFormatter::~DeckFormatter() = default;
 
 std::string DeckFormatter::FormatFile(std::uint32_t file)
 {
-    if (file >= deck_.GetFiles().GetSize())
-        throw std::out_of_range(fmt::format(
-            "file index {} is out of range (the deck has {} files)", file, deck_.GetFiles().GetSize()));
+    deck_.GetFiles().Get(file); // throws if there is none
     return writer_->WriteFile(file);
 }
 

@@ -16,7 +16,7 @@ using Keywords::SectionType;
 void CheckIsOf(const Deck& deck, const DeckKeyword& keyword)
 {
     if (keyword.contents_ != &ContentsOf(deck))
-        throw std::invalid_argument(fmt::format("the keyword {} is one of another deck", keyword.GetName()));
+        throw std::invalid_argument(fmt::format("the keyword {} belongs to another deck", keyword.GetName()));
 }
 
 const KeywordInstance& DeckKeyword::Get() const

@@ -24,7 +24,7 @@ struct KeywordInstance;
 /// A report that the deck asks for. Its number, counted from 1, is its index among the steps of the deck
 /// plus 1.
 struct ReportStep {
-    Service::Time time; ///< undefined as long as the deck gives no date
+    Service::Time time; ///< undefined before the first date of the deck
     std::uint32_t keyword; ///< index of the deck's keyword that leads to it; those of the step come after it
     TextRange range; ///< of the element that leads to it, or of the keyword if that isn't known
 };
@@ -36,13 +36,13 @@ VELD_QUOR_EXPORT std::string DateText(const Service::Time& time);
 /// Several threads may use it at once.
 class VELD_QUOR_EXPORT DeckKeyword {
 public:
-    /// Its name; of one that stands for many names, the name as the deck has it, in upper case.
+    /// Its name; for a name with a wildcard in the language, the name in the deck, in upper case.
     std::string GetName() const;
     /// Whether `name` is its name, without regard to case.
     bool IsNamed(std::string_view name) const;
     /// The table's.
     const Keywords::IKeywordSyntax& GetSyntax() const;
-    /// In which it stands; `SectionType::None` before the first.
+    /// The section that it is in; `SectionType::None` before the first.
     Keywords::SectionType::Enum GetSection() const;
     /// Counted from 0, in the order of reading.
     std::size_t GetIndex() const { return index_; }

@@ -17,7 +17,7 @@ class LanguageIndex;
 
 /// What a table of keywords says of decks. It never changes: made once for a table, it serves any number of
 /// threads that read decks at once. The table must outlive it, and it must outlive the decks read with it:
-/// make it anew after `KeywordSyntaxTable::Instance(true, ...)` and the next load.
+/// create another one after `KeywordSyntaxTable::Instance(true, ...)` and the next load.
 class VELD_QUOR_EXPORT DeckLanguage {
 public:
     /// Of the process's table, which is loaded if it isn't yet. Throws what the load throws.

@@ -51,7 +51,7 @@ private:
     std::unique_ptr<const Bytes> bytes_;
 };
 
-/// Where the files of a deck come from: gives the bytes for a path. A host derives from it to read from an
+/// Where the files of a deck come from: returns the bytes for a path. A host derives from it to read from an
 /// archive or a database. One source may serve several threads at once.
 ///
 /// Paths are those of the deck: the name that the host gave for the deck itself, and for an included file its
@@ -60,11 +60,11 @@ class VELD_QUOR_EXPORT DeckSource {
 public:
     virtual ~DeckSource();
 
-    /// Tells one file from another, whatever paths lead to it, so that a file that includes itself is
-    /// noticed. Throws `SourceError` if there is no such file.
+    /// Returns a text that is the same for all paths that lead to one file, and different for two files, so
+    /// that a file that includes itself is noticed. Throws `SourceError` if there is no such file.
     virtual std::string Identify(const std::string& path) const = 0;
-    /// Throws `SourceError` if the file can't be read; null is the same, without a reason. What else
-    /// it throws ends the read, and leaves `Deck::Read` as it is.
+    /// Throws `SourceError` if the file can't be read; null is the same, without a reason. Any
+    /// other exception ends the read, and is thrown on by `Deck::Read`.
     virtual std::shared_ptr<const SourceText> Open(const std::string& path) const = 0;
 
 protected:
@@ -92,14 +92,14 @@ public:
     MemorySource(const MemorySource&) = delete;
     MemorySource& operator=(const MemorySource&) = delete;
 
-    /// Puts a text under a path, in place of an earlier one. Not while a deck is being read from the source.
-    /// Two spellings of a path (`a/../b.inc`, `./b.inc`) are the same.
+    /// Sets the text of a path, which replaces an earlier one. Not while a deck is being read from the
+    /// source. Two spellings of a path (`a/../b.inc`, `./b.inc`) are the same.
     /// @{
     void Set(const std::string& path, std::string bytes);
     void Set(const std::string& path, std::shared_ptr<const SourceText> text);
     /// @}
 
-    /// Takes away the text of a path, if it has one: the other source serves it again.
+    /// Removes the text of a path, if it has one: the other source serves it again.
     void Remove(const std::string& path);
 
     std::string Identify(const std::string& path) const override;

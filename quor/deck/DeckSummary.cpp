@@ -27,7 +27,7 @@ using MDType = IKeywordDataMD::MDType;
 
 namespace {
 
-std::vector<FileSummary> SummariseFiles(const DeckContents& deck)
+std::vector<FileSummary> SummarizeFiles(const DeckContents& deck)
 {
     std::vector<FileSummary> files(deck.files.GetSize());
     for (std::uint32_t i = 0; i < files.size(); ++i) {
@@ -40,7 +40,7 @@ std::vector<FileSummary> SummariseFiles(const DeckContents& deck)
     return files;
 }
 
-std::vector<SectionSummary> SummariseSections(const DeckContents& deck)
+std::vector<SectionSummary> SummarizeSections(const DeckContents& deck)
 {
     std::vector<SectionSummary> sections;
     for (const KeywordInstance& keyword : deck.keywords) {
@@ -153,12 +153,12 @@ void AddVariables(const DeckContents& deck, const KeywordInstance& keyword, Vari
 
 } // namespace
 
-DeckSummary Summarise(const Deck& readDeck)
+DeckSummary Summarize(const Deck& readDeck)
 {
     const DeckContents& deck = ContentsOf(readDeck);
     DeckSummary summary;
-    summary.files = SummariseFiles(deck);
-    summary.sections = SummariseSections(deck);
+    summary.files = SummarizeFiles(deck);
+    summary.sections = SummarizeSections(deck);
     std::size_t step = 0;
     WellSummary wells;
     Variables variables;

@@ -19,7 +19,7 @@ struct FileSummary {
     std::string name; ///< the path by which it was read
     std::size_t depth = 0; ///< inclusions that led here
     std::size_t bytes = 0; ///< of its text
-    std::size_t keywords = 0; ///< that stand in the file itself
+    std::size_t keywords = 0; ///< in the file itself, not in those that it includes
 };
 
 /// A section that the deck has.
@@ -29,13 +29,13 @@ struct SectionSummary {
     Location location; ///< of its first keyword
 };
 
-/// The whole numbers that a keyword of RUNSPEC gives.
+/// The whole numbers of a keyword of RUNSPEC.
 struct SizeSummary {
     std::string keyword; ///< its name
     std::vector<std::pair<std::string, int>> sizes; ///< by item
 };
 
-/// The values that one keyword gives to a cell property.
+/// The values of one keyword for a cell property.
 struct PropertySummary {
     std::string keyword; ///< its name
     std::string property; ///< which cell property
@@ -93,7 +93,7 @@ struct DeckSummary {
     std::vector<VariableSummary> variables; ///< by name
 };
 
-/// Works the summary out anew each time. Several threads may ask at once.
-VELD_QUOR_EXPORT DeckSummary Summarise(const Deck& deck);
+/// Reads all data of the deck at each call. Several threads may call it at once. Throws `std::bad_alloc`.
+VELD_QUOR_EXPORT DeckSummary Summarize(const Deck& deck);
 
 } // namespace Veld::Quor::Core::Decks

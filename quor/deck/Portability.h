@@ -12,8 +12,8 @@
 
 namespace Veld::Quor::Core::Decks {
 
-/// Something that a deck says and that another simulator doesn't take as it is meant. Valid without the deck.
-/// Later versions may add members.
+/// Something in a deck that another simulator doesn't accept, or reads in another way. Valid without the
+/// deck. Later versions may add members.
 struct Loss {
     /// What is lost.
     enum class Kind {
@@ -28,7 +28,7 @@ struct Loss {
 
     Kind kind; ///< what is lost
     std::string keyword; ///< its name
-    Keywords::SectionType::Enum section; ///< of the first place
+    Keywords::SectionType::Enum section; ///< of the first location
     std::string item; ///< the name within its record, or the key within a map; may be empty
     std::string detail; ///< of a choice its word, of a default "this -> that"
     std::size_t count = 0; ///< how often the deck has it

@@ -56,7 +56,7 @@ public:
     ReadOptions& SetSimulator(Keywords::SimulatorType::Enum simulator);
     /// The mode of the target alone.
     ReadOptions& SetMode(Keywords::SimulatorModeType::Enum mode);
-    /// What the variable `$NAME` of the deck stands for. `name` may begin with the "$". Throws
+    /// The text that replaces the variable `$NAME` in the deck. `name` may begin with the "$". Throws
     /// `std::invalid_argument` if it is no name of a variable.
     ReadOptions& SetVariable(const std::string& name, const std::string& value);
     /// How many findings are kept; others are counted. 200 at first.
@@ -69,8 +69,8 @@ public:
     ReadOptions& SetCancellation(ReadCancellation cancellation);
     ReadOptions& SetKnownFinding(KnownFinding isKnown);
     /// @}
-    /// Whether the deck remembers where each value stands in the text, so that a `DeckEditor` can change it.
-    /// Takes 24 bytes a value. False at first.
+    /// Whether the deck remembers where each value is in its text, so that a `DeckEditor` can change it.
+    /// Needs 24 bytes of memory for each value. False at first.
     ReadOptions& SetEditable(bool isEditable);
 
     /// Whether what simulators accept and a tidy deck doesn't have is reported too: the codes that are marked

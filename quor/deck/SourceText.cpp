@@ -110,9 +110,9 @@ std::shared_ptr<const SourceText> SourceText::FromFile(const std::string& path)
     if (::fstat(descriptor.Get(), &status) != 0)
         FailBySystem();
     if (S_ISDIR(status.st_mode))
-        throw SourceError("is a folder");
+        throw SourceError("it is a folder, not a file");
     if (!S_ISREG(status.st_mode))
-        throw SourceError("not a regular file");
+        throw SourceError("it is not a regular file");
     const auto size = static_cast<std::size_t>(status.st_size);
     if (size >= leastMapped)
         return std::shared_ptr<const SourceText>(

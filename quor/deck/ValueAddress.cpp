@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <stdexcept>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -20,11 +21,26 @@ bool IsBare(std::string_view text)
     });
 }
 
-bool IsBareDate(std::string_view text)
+/// The date, with the time of day if there is one, as `DateText` writes it; empty if it is none.
+std::string NormalDate(std::string_view text)
 {
-    constexpr std::string_view plain = "0123456789-:. ";
-    return !text.empty() && text.front() != ' ' && text.back() != ' '
-        && text.find_first_not_of(plain) == std::string_view::npos;
+    constexpr std::string_view form = "0000-00-00 00:00:00.000";
+    if (text.size() != 10 && text.size() != 19 && text.size() != form.size())
+        return {};
+    const auto fits = [](char digit, char c) { return digit == '0' ? IsDigit(c) : c == digit; };
+    if (!std::equal(
+            text.begin(), text.end(), form.begin(), [&](char c, char digit) { return fits(digit, c); }))
+        return {};
+    const std::string whole = std::string(text).append(form.substr(text.size()));
+    const auto number = [&](std::size_t at, std::size_t length) {
+        return std::stoi(whole.substr(at, length));
+    };
+    try {
+        return DateText(Service::Time(number(0, 4), number(5, 2), number(8, 2), number(11, 2), number(14, 2),
+            number(17, 2), number(20, 3)));
+    } catch (const std::invalid_argument&) { // 30 February
+        return {};
+    }
 }
 
 std::string Quoted(const std::string& text)
@@ -69,6 +85,8 @@ private:
 
 ValueAddress AddressParser::Parse()
 {
+    if (text_.empty())
+        throw AddressError("the address is empty; expected the name of a keyword, as in DIMENS.NX", 0);
     ValueAddress address{TakeText("[].,@#", "invalid address '{}': expected the name of a keyword at {}")};
     if (Take('['))
         TakeIdentifiers(address);
@@ -139,17 +157,12 @@ void AddressParser::TakeIdentifiers(ValueAddress& address)
 std::string AddressParser::TakeDate()
 {
     const std::size_t begin = position_;
-    if (begin < text_.size() && IsQuote(text_[begin])) {
-        std::string date = TakeQuoted();
-        if (!date.empty())
-            return date;
-    } else {
-        const std::string_view date = text_.substr(begin, text_.find('#', begin) - begin);
-        position_ += date.size();
-        if (IsBareDate(date))
-            return std::string(date);
-    }
-    Fail("invalid address '{}': expected a date such as 2024-04-01 at {}", begin);
+    position_ = std::min(text_.find('#', begin), text_.size());
+    std::string date = NormalDate(text_.substr(begin, position_ - begin));
+    if (date.empty())
+        Fail("invalid address '{}': expected a valid date such as 2024-04-01 or 2024-04-01 12:30:00 at {}",
+            begin);
+    return date;
 }
 
 std::size_t AddressParser::TakeNumber()
@@ -179,7 +192,9 @@ void AddressParser::Fail(Sentence sentence, std::size_t position) const
 {
     const std::string where =
         position == text_.size() ? "the end" : fmt::format("character {}", position + 1);
-    throw AddressError(fmt::vformat(sentence, fmt::make_format_args(text_, where)), position);
+    const std::string shown = Printable(text_);
+    const std::string_view address = shown;
+    throw AddressError(fmt::vformat(sentence, fmt::make_format_args(address, where)), position);
 }
 
 } // namespace
@@ -206,7 +221,7 @@ std::string ValueAddress::ToString() const
     for (const std::string& item : items)
         text.append(".").append(Printed(item));
     if (!date.empty())
-        text.append("@").append(IsBareDate(date) ? date : Quoted(date));
+        text.append("@").append(date);
     if (number > 0)
         text.append(fmt::format("#{}", number));
     return text;

@@ -53,7 +53,7 @@ struct VELD_QUOR_EXPORT ValueAddress {
     /// Of the record: the values of the items that identify it, in their order, or its number. The last ones
     /// may be missing. Exact texts, no patterns; "1*" for one that isn't given.
     std::vector<std::string> identifiers = {};
-    /// The name of the item; in nested data the way down to the value. An item without a name goes by its
+    /// The name of the item; in nested data the names from the outside in. An item without a name has its
     /// number in the record, an element of a list by its number there, from 1.
     std::vector<std::string> items = {};
     /// The report step in SCHEDULE, or the start before the first: as `DateText` writes it.
@@ -73,12 +73,12 @@ VELD_QUOR_EXPORT bool operator==(const ValueAddress& a, const ValueAddress& b);
 VELD_QUOR_EXPORT bool operator!=(const ValueAddress& a, const ValueAddress& b);
 /// @}
 
-/// The way from the data of a keyword to one value: indices from 0, of an element in a list, of an item in a
+/// The path from the data of a keyword to one value: indices from 0, of an element in a list, of an item in a
 /// record. `{2, 7}` is item 7 of record 2 of a list, `{16}` a value of a plain list.
 using ValuePath = std::vector<std::size_t>;
 
 /// One value of a deck, given or not. Valid as long as the deck.
-struct ValuePlace {
+struct DeckValue {
     DeckKeyword keyword; ///< whose value it is
     ValuePath path; ///< from its data
     ValueAddress address; ///< the full one, which no other value of the deck has
@@ -92,14 +92,23 @@ struct ValuePlace {
 /// All values that the address matches, in the order of the deck; empty if there are none. A part that the
 /// address leaves out matches all: without an item these are the values of the whole record. Values of maps
 /// and raw texts have no address.
-VELD_QUOR_EXPORT std::vector<ValuePlace> Resolve(const Deck& deck, const ValueAddress& address);
+/// @{
+VELD_QUOR_EXPORT std::vector<DeckValue> Resolve(const Deck& deck, const ValueAddress& address);
+std::vector<DeckValue> Resolve(const Deck&& deck, const ValueAddress& address) = delete; // it dies first
+/// @}
 /// The one value that the address matches. Throws `AddressError` if there is none, and says which part the
 /// deck doesn't have and what is similar, or if there are several, and says what to add.
-VELD_QUOR_EXPORT ValuePlace ResolveOne(const Deck& deck, const ValueAddress& address);
+/// @{
+VELD_QUOR_EXPORT DeckValue ResolveOne(const Deck& deck, const ValueAddress& address);
+DeckValue ResolveOne(const Deck&& deck, const ValueAddress& address) = delete;
+/// @}
 
 /// The value at a path in the data of one of the deck's keywords. Throws `AddressError` if no value is there;
 /// this and the next throw `std::invalid_argument` for a keyword of another deck.
-VELD_QUOR_EXPORT ValuePlace PlaceOf(const Deck& deck, const DeckKeyword& keyword, const ValuePath& path);
+/// @{
+VELD_QUOR_EXPORT DeckValue ResolvePath(const Deck& deck, const DeckKeyword& keyword, const ValuePath& path);
+DeckValue ResolvePath(const Deck&& deck, const DeckKeyword& keyword, const ValuePath& path) = delete;
+/// @}
 /// The full address of an item of a record. `record` is the index from 0 in the keyword's list, 0 for a
 /// keyword of a single record. Throws `AddressError` if there is no such record or item, or it is a
 /// container.

@@ -258,7 +258,7 @@ TEST_F(DeckAllocation, OfAnalysesFailsAsAWhole)
     std::string changed = text;
     changed.replace(changed.find("P3 ST"), 5, "P6 SHUT").replace(changed.find("3*'A"), 4, "3*'B");
     const Deck other = Read(changed);
-    EXPECT_GT(FailEachOf([&] { return Summarise(deck); }), 20);
+    EXPECT_GT(FailEachOf([&] { return Summarize(deck); }), 20);
     EXPECT_GT(FailEachOf([&] { return Compare(deck, other); }), 100);
     const auto options = PortOptions().SetTo({SimulatorType::Carrow}).SetLocations(true);
     EXPECT_GT(FailEachOf([&] { return FindLosses(deck, options); }), 30);

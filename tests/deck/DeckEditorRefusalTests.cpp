@@ -73,11 +73,11 @@ const RefusalRow valueRows[] = {
         "TITLE: the text could be read as a keyword, since its line begins with it"},
     {"LongRepeat", "FIXED\n 1 /\n 2 3*4 /\n", Set("FIXED[2].B", 1),
         "FIXED: errors in the keyword hide which values its words stand for"},
-    {"InARemovedRecord", rowsText, Set("ROWS[2].A", 1), "ROWS: an earlier change removes the record",
+    {"InARemovedRecord", rowsText, Set("ROWS[2].A", 1), "ROWS: the record was removed earlier",
         Remove("ROWS", 1)},
-    {"InARemovedKeyword", rowsText, Set("ROWS[2].A", 1), "ROWS: an earlier change removes the keyword",
+    {"InARemovedKeyword", rowsText, Set("ROWS[2].A", 1), "ROWS: the keyword was removed earlier",
         Remove("ROWS")},
-    {"InAReplacedArray", "WHOLE\n 1 /\n", Set("WHOLE[1]", 2), "WHOLE: an earlier change replaces its array",
+    {"InAReplacedArray", "WHOLE\n 1 /\n", Set("WHOLE[1]", 2), "WHOLE: its array was replaced earlier",
         Array("WHOLE", {3})}};
 
 const RefusalRow otherRows[] = {
@@ -85,10 +85,10 @@ const RefusalRow otherRows[] = {
     {"ArrayWithTheNumberForNoValue", "WHOLE\n 1 /\n", Array("WHOLE", {1, std::numeric_limits<int>::min()}),
         "WHOLE: value 2 of the array: a deck can't hold the number -2147483648"},
     {"ArrayOfRecords", rowsText, Array("ROWS", {1}), "ROWS is not a list of Integer values"},
-    {"ArrayAfterAValue", "WHOLE\n 1 /\n", Array("WHOLE", {1}),
-        "WHOLE: an earlier change changes a value of it", Set("WHOLE[1]", 2)},
+    {"ArrayAfterAValue", "WHOLE\n 1 /\n", Array("WHOLE", {1}), "WHOLE: one of its values was changed earlier",
+        Set("WHOLE[1]", 2)},
     {"MarkOfNoValue", "WHOLE\n 1 /\n", Set("WHOLE[1]", std::numeric_limits<int>::min()),
-        "WHOLE: the value: -2147483648 stands for a value that isn't given"},
+        "WHOLE: the value: a deck can't hold the number -2147483648"},
     {"ArrayAroundABlock", "WHOLE\n 1\nSKIP\n9\nENDSKIP\n 2 /\n", Array("WHOLE", {1}),
         "the data of WHOLE continue in another file or around a skipped block"},
     {"RecordOfValues", "WHOLE\n 1 /\n", Add("WHOLE", "1"), "WHOLE is not a list of records or lists"},
@@ -104,10 +104,9 @@ const RefusalRow otherRows[] = {
     {"RecordAfterErrors", "ROWS\n 1 x /\n/\n", Add("ROWS", "1"), "errors in ROWS hide where its data end"},
     {"NoSuchRecord", rowsText, Remove("ROWS", 2),
         "ROWS: record index 2 is out of range (the keyword has 2 records)"},
-    {"RecordWithAChange", rowsText, Remove("ROWS", 0),
-        "ROWS: an earlier change changes a value of the record", Set("ROWS[1].B", 5)},
-    {"KeywordWithAChange", rowsText, Remove("ROWS"), "ROWS: an earlier change changes its data",
-        Add("ROWS", "5")},
+    {"RecordWithAChange", rowsText, Remove("ROWS", 0), "ROWS: a value of the record was changed earlier",
+        Set("ROWS[1].B", 5)},
+    {"KeywordWithAChange", rowsText, Remove("ROWS"), "ROWS: its data were changed earlier", Add("ROWS", "5")},
     {"NoKeyword", rowsText, AddAfter("ROWS", "-- c\n 1 2 /"),
         "expected a keyword at the start of the first line of the text to add"},
     {"NoSuchSection", rowsText, AddIn(SectionType::GRID, "FLAG"), "the deck has no section GRID"},
@@ -122,11 +121,11 @@ TEST(RefusedUses, SayWhatIsWrong)
     DeckEditor editor(deck);
     EXPECT_EQ(ReasonOf([&] { DeckEditor refused(plain); }),
         "the deck wasn't read to be edited: see ReadOptions::SetEditable");
-    EXPECT_EQ(ReasonOf([&] { editor.GetText(1); }), "file index 1 is out of range (the deck has 1 files)");
+    EXPECT_EQ(ReasonOf([&] { editor.GetText(1); }), "file index 1 is out of range (the deck has 1 file)");
     EXPECT_EQ(ReasonOf([&] { editor.RemoveKeyword(other.Get("WHOLE")); }),
-        "the keyword WHOLE is one of another deck");
+        "the keyword WHOLE belongs to another deck");
     EXPECT_EQ(ReasonOf([&] {
-        editor.SetValue(ValuePlace{deck.Get("ROWS"), {0}, {}, {}, {}}, 1);
+        editor.SetValue(DeckValue{deck.Get("ROWS"), {0}, {}, {}, {}}, 1);
     }),
         "ROWS has no value at this path");
     EXPECT_EQ(ReasonOf([&] { editor.AddRecords(deck.Get("ROWS"), other.Get("WHOLE").GetData()); }),

@@ -178,10 +178,10 @@ TEST(DeckEditors, RefuseKeywordsAndPlacesOfAnotherDeck)
     EXPECT_THROW(editor.SetArray(whole, &value, 1), std::invalid_argument);
     EXPECT_THROW(editor.AddRecord(other.Get("ROWS"), "1"), std::invalid_argument);
     EXPECT_THROW(editor.RemoveRecord(other.Get("ROWS"), 0), std::invalid_argument);
-    EXPECT_THROW(editor.SetValue(PlaceOf(other, whole, {0}), 2), std::invalid_argument);
-    EXPECT_THROW(PlaceOf(deck, whole, {0}), std::invalid_argument);
+    EXPECT_THROW(editor.SetValue(ResolvePath(other, whole, {0}), 2), std::invalid_argument);
+    EXPECT_THROW(ResolvePath(deck, whole, {0}), std::invalid_argument);
     EXPECT_THROW(AddressOf(deck, other.Get("ROWS"), 0, "A"), std::invalid_argument);
-    EXPECT_THROW(editor.SetValue(ValuePlace{deck.Get("FLAG"), {0}, {}, {}, {}}, 1), AddressError);
+    EXPECT_THROW(editor.SetValue(DeckValue{deck.Get("FLAG"), {0}, {}, {}, {}}, 1), AddressError);
     EXPECT_TRUE(editor.GetEdits().empty());
 }
 
@@ -235,7 +235,7 @@ TEST_F(Files, ThatAreIncludedTwiceStay)
     const Deck deck = Read("RUNSPEC\nINCLUDE\n 'a.inc' /\nFLAG\nINCLUDE\n 'a.inc' /\n");
     DeckEditor editor(deck);
     EXPECT_EQ(ReasonOf([&] { editor.SetValue("WHOLE[1]#2", 2); }),
-        "the deck includes a.inc more than once; a change of it would apply to each inclusion");
+        "the deck includes 'a.inc' more than once; a change of it would apply to each inclusion");
     EXPECT_THROW(editor.RemoveKeyword(deck.Get("WHOLE")), EditError);
     editor.RemoveKeyword(deck.Get("FLAG"));
     EXPECT_EQ(editor.GetText(0), "RUNSPEC\nINCLUDE\n 'a.inc' /\nINCLUDE\n 'a.inc' /\n");

@@ -120,14 +120,15 @@ TEST_P(DeckFailures, SayWhatIsMissing)
 }
 
 INSTANTIATE_TEST_SUITE_P(Questions, DeckFailures,
-    testing::Values(Failure{"NearName", [] { GetDeck().Get("PORRO"); },
-                        "the deck has no keyword 'PORRO'; similar names: PORO"},
+    testing::Values(Failure{"NearName", [] { GetDeck().Get("porro"); },
+                        "the deck has no keyword 'porro'; did you mean PORO?"},
+        Failure{"ControlCharacter", [] { GetDeck().Get("A\x1b"); }, "the deck has no keyword 'A?'"},
         Failure{"NoNearName", [] { GetDeck().Get("WCONPROD"); }, "the deck has no keyword 'WCONPROD'"},
         Failure{"NoData", [] { GetDeck().Get("OIL").GetData(); }, "OIL has no data"},
         Failure{"NoStep", [] { GetDeck().GetAfterStep(3); },
             "report step index 3 is out of range (the deck has 3 steps)"},
         Failure{"NoFile", [] { DeckFormatter(GetDeck()).FormatFile(1); },
-            "file index 1 is out of range (the deck has 1 files)"},
+            "file index 1 is out of range (the deck has 1 file)"},
         Failure{
             "VariableName", [] { ReadOptions().SetVariable("A B", "1"); }, "invalid variable name 'A B'"}),
     CaseName<Failure>);

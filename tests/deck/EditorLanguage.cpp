@@ -26,6 +26,7 @@ const char* const documents = R"(
   <item name='C' optional='true'><integer/></item></record></data></keyword>
 <keyword name='ARRAY'><data><list termination='SLASH' itemsDefaultable='true'><real/></list></data></keyword>
 <keyword name='WHOLE'><data><list termination='SLASH'><integer/></list></data></keyword>
+<keyword name='EMPTY'><data><list termination='SLASH'><integer/></list></data></keyword>
 <keyword name='NAMES'><data><list termination='SLASH'><string/></list></data></keyword>
 <keyword name='LINES'><data><list termination='SLASH'><line/></list></data></keyword>
 <keyword name='WELLS'><data><list termination='SLASH'><record termination='SLASH'>

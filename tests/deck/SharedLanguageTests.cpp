@@ -90,7 +90,7 @@ std::string AnswersOf(const Deck& deck)
     std::string answers = std::to_string(deck.GetAll("ARRAY").size());
     for (std::size_t i = deck.GetSize(); i-- > 0;)
         answers += ' ' + std::to_string(deck[i].GetLocation().line);
-    for (const VariableSummary& variable : Summarise(deck).variables)
+    for (const VariableSummary& variable : Summarize(deck).variables)
         answers += ' ' + variable.name;
     return answers + ' ' + std::to_string(Compare(deck, deck).groups.size()) + ' '
         + DeckFormatter(deck).FormatAll();

@@ -40,7 +40,7 @@ INSTANTIATE_TEST_SUITE_P(Addresses, Printed,
         PrintRow{"Quotes", {"A", {"it's", "\"", ""}}, "A['it''s','\"','']"},
         PrintRow{"Special", {"A.B", {"[", "]", ",", "@", "#"}, {"P.Q", "\n"}},
             "'A.B'['[',']',',','@','#'].'P.Q'.'\n'"},
-        PrintRow{"Nothing", {"", {}, {""}, " x@#'"}, "''.''@' x@#'''"}),
+        PrintRow{"Nothing", {"", {}, {""}}, "''.''"}),
     CaseName<PrintRow>);
 
 struct FailureRow {
@@ -65,21 +65,26 @@ TEST_P(Malformed, SaysWhatIsExpectedWhere)
 }
 
 INSTANTIATE_TEST_SUITE_P(Addresses, Malformed,
-    testing::Values(FailureRow{"Empty", "", 0, "expected the name of a keyword at the end"},
-        FailureRow{"NoKeyword", "[P1]", 0, "expected the name of a keyword at character 1"},
+    testing::Values(FailureRow{"NoKeyword", "[P1]", 0, "expected the name of a keyword at character 1"},
         FailureRow{"OpenBracket", "A[P1", 4, "expected ',' or ']' at the end"},
         FailureRow{"EmptyBrackets", "A[]", 2, "expected an identifier or a number at character 3"},
         FailureRow{"BlankInIdentifier", "A[B C]", 4, "expected ',' or ']' at character 5"},
         FailureRow{"NoItem", "A[B].@x", 5, "expected the name of an item at character 6"},
-        FailureRow{"NoDate", "A@", 2, "expected a date such as 2024-04-01 at the end"},
-        FailureRow{"NoSuchDate", "A@JAN", 2, "expected a date such as 2024-04-01 at character 3"},
+        FailureRow{
+            "NoDate", "A@", 2, "expected a valid date such as 2024-04-01 or 2024-04-01 12:30:00 at the end"},
+        FailureRow{"MonthOnly", "A@2023-01#2", 2,
+            "expected a valid date such as 2024-04-01 or 2024-04-01 12:30:00 at character 3"},
+        FailureRow{"NoSuchMonth", "A@9999-99-99", 2,
+            "expected a valid date such as 2024-04-01 or 2024-04-01 12:30:00 at character 3"},
+        FailureRow{"NoSuchDay", "A@2023-02-30", 2,
+            "expected a valid date such as 2024-04-01 or 2024-04-01 12:30:00 at character 3"},
+        FailureRow{"ItemAfterADate", "A@2024-04-01.B", 2,
+            "expected a valid date such as 2024-04-01 or 2024-04-01 12:30:00 at character 3"},
         FailureRow{"NoNumber", "A#0", 2, "expected a number, 1 or greater, at character 3"},
         FailureRow{"OpenQuote", "A['B", 4, "expected a closing quote at the end"},
-        FailureRow{"EmptyDate", "A@''", 2, "expected a date such as 2024-04-01 at character 3"},
         FailureRow{"TextAfterAKeyword", "A]", 1, "expected '[', '.', '@', '#' or the end at character 2"},
         FailureRow{"TextAfterARecord", "A[B]C", 4, "expected '.', '@', '#' or the end at character 5"},
         FailureRow{"RecordAfterAnItem", "A.B[1]", 3, "expected '.', '@', '#' or the end at character 4"},
-        FailureRow{"TextAfterADate", "A@'x'.B", 5, "expected '#' or the end at character 6"},
         FailureRow{"TextAfterANumber", "A#1.B", 3, "expected the end at character 4"}),
     CaseName<FailureRow>);
 
@@ -100,6 +105,8 @@ NESTED
 /
 MAP
   A=2 /
+EMPTY
+/
 START
   1 MAR 2024 /
 SCHEDULE
@@ -135,10 +142,10 @@ struct PlaceRow {
 
 class Places : public testing::TestWithParam<PlaceRow> { };
 
-std::string Listed(const Deck& deck, const std::vector<ValuePlace>& places)
+std::string Listed(const Deck& deck, const std::vector<DeckValue>& places)
 {
     std::string text;
-    for (const ValuePlace& place : places) {
+    for (const DeckValue& place : places) {
         const std::string_view word = place.range ? deck.GetFiles().GetText(*place.range) : "no range";
         text.append(text.empty() ? "" : "\n").append(place.address.ToString()).append(" = ").append(word);
     }
@@ -151,11 +158,11 @@ TEST_P(Places, AreResolved)
     ASSERT_TRUE(deck.IsClean());
     const auto places = Resolve(deck, ValueAddress::Parse(GetParam().address));
     EXPECT_EQ(Listed(deck, places), GetParam().places);
-    for (const ValuePlace& place : places) {
-        const ValuePlace again = ResolveOne(deck, place.address);
+    for (const DeckValue& place : places) {
+        const DeckValue again = ResolveOne(deck, place.address);
         EXPECT_TRUE(again.address == place.address);
         EXPECT_EQ(again.path, place.path);
-        EXPECT_TRUE(PlaceOf(deck, place.keyword, place.path).address == place.address);
+        EXPECT_TRUE(ResolvePath(deck, place.keyword, place.path).address == place.address);
     }
 }
 
@@ -213,22 +220,29 @@ TEST_P(Advice, SaysWhatIsMissing)
 }
 
 INSTANTIATE_TEST_SUITE_P(Addresses, Advice,
-    testing::Values(AdviceRow{"Keyword", "WELS[P1].RATE", "the deck has no keyword 'WELS'; similar: WELLS"},
+    testing::Values(
+        AdviceRow{"Keyword", "WELS[P1].RATE", "the deck has no keyword 'WELS'; did you mean WELLS?"},
+        AdviceRow{"ControlCharacters", "'W\n'", "the deck has no keyword 'W?'"},
+        AdviceRow{"NoKeyword", "''", "the address has no keyword"},
         AdviceRow{"Date", "WELLS[P1].RATE@2024-03-02",
-            "WELLS[P1].RATE is not given at 2024-03-02; given at 2024-03-01, 2024-04-01, 2024-04-01 "
-            "12:30:00"},
-        AdviceRow{
-            "DateWhereNoneIs", "BOX.I1@2024-03-01", "BOX.I1 is not given at 2024-03-01; leave out the date"},
+            "the deck has no report step at 2024-03-02; WELLS[P1].RATE is given at 2024-03-01, 2024-04-01, "
+            "2024-04-01 12:30:00"},
+        AdviceRow{"OtherDate", "CELLS[a].SKIN@2024-03-01",
+            "CELLS[a].SKIN is not given at 2024-03-01; given at 2024-04-01"},
+        AdviceRow{"DateWhereNoneIs", "BOX.I1@2024-03-01", "BOX.I1 has no date; remove '@2024-03-01'"},
+        AdviceRow{"RecordAtADateWithoutAny", "WELLS[P4].RATE@2023-01-01",
+            "WELLS has no record [P4]; did you mean [P1], [P*]?"},
         AdviceRow{"Record", "WELLS[P2].RATE@2024-03-01",
-            "WELLS at 2024-03-01 has no record [P2]; similar: [P1], [P*]"},
+            "WELLS at 2024-03-01 has no record [P2]; did you mean [P1], [P*]?"},
         AdviceRow{"Element", "WHOLE[30]", "WHOLE has no value [30] (it has 4 values)"},
+        AdviceRow{"RecordWithANumber", "NESTED[3].HEAD", "NESTED has no record [3] (it has 2 records)"},
         AdviceRow{
             "SingleRecord", "BOX[2].I1", "BOX is a single record; expected an address without brackets"},
-        AdviceRow{"Item", "WELLS[P1].RAET@2024-03-01", "WELLS has no item 'RAET'; similar: RATE"},
+        AdviceRow{"Item", "WELLS[P1].RAET@2024-03-01", "WELLS has no item 'RAET'; did you mean RATE?"},
         AdviceRow{"ItemUnlikeAny", "BOX.NOTHING",
             "BOX has no item 'NOTHING'; expected one of I1, I2, J1, J2, K1, K2"},
-        AdviceRow{"NestedItem", "NESTED[1].ROWS.3",
-            "NESTED has no value 'ROWS.3'; 'ROWS' has ROWS.1.P.Q, ROWS.1.2, ROWS.2.P.Q, ROWS.2.2"},
+        AdviceRow{"NestedItem", "NESTED[1].rows.3",
+            "NESTED has no value 'rows.3'; 'rows' has ROWS.1.P.Q, ROWS.1.2, ROWS.2.P.Q, ROWS.2.2"},
         AdviceRow{"AddADate", "WELLS[P1].RATE",
             "WELLS[P1].RATE matches 4 values; add a date: 2024-03-01, 2024-04-01, 2024-04-01 12:30:00"},
         AdviceRow{"AddAnItem", "WELLS[P1]@2024-03-01",
@@ -239,8 +253,31 @@ INSTANTIATE_TEST_SUITE_P(Addresses, Advice,
             "WELLS[P1].RATE@2024-04-01 matches 2 values; add a number: #1 to #2"},
         AdviceRow{"Number", "WELLS[P1].RATE@2024-04-01#3",
             "WELLS[P1].RATE@2024-04-01#3 does not exist: the rest of the address matches 2 values"},
-        AdviceRow{"Map", "MAP.A", "MAP has no values that have an address"}),
+        AdviceRow{"Map", "MAP.A", "the values of MAP have no addresses"},
+        AdviceRow{"Data", "schedule.X", "schedule has no data"},
+        AdviceRow{"Values", "EMPTY[1]", "EMPTY has no values"}),
     CaseName<AdviceRow>);
+
+TEST(Addresses, GoByTheNearestDates)
+{
+    std::string text = "START\n 1 JAN 2020 /\nSCHEDULE\n";
+    for (int day = 1; day <= 20; ++day)
+        text += "DATES\n " + std::to_string(day) + " FEB 2020 /\n/\nWHOLE\n 1 /\n";
+    const Deck deck = ReadEditable(text);
+    const auto advice = [&](const char* address) {
+        return ReasonOf([&] { ResolveOne(deck, ValueAddress::Parse(address)); });
+    };
+    EXPECT_EQ(advice("WHOLE[1]@2020-02-10 12:00:00"),
+        "the deck has no report step at 2020-02-10 12:00:00; WHOLE[1] is given at 2020-02-09, 2020-02-10, "
+        "2020-02-11, 2020-02-12 and 16 others");
+    EXPECT_EQ(advice("WHOLE[1]@2021-01-01"),
+        "the deck has no report step at 2021-01-01; WHOLE[1] is given at 2020-02-17, 2020-02-18, 2020-02-19, "
+        "2020-02-20 and 16 others");
+    EXPECT_EQ(
+        ResolveOne(deck, ValueAddress::Parse("WHOLE[1]@2020-02-10 00:00:00.000")).address.date, "2020-02-10");
+    EXPECT_EQ(ReasonOf([] { ValueAddress::Parse(""); }),
+        "the address is empty; expected the name of a keyword, as in DIMENS.NX");
+}
 
 TEST(Addresses, AreMadeOfRecordsAndItems)
 {
@@ -254,9 +291,10 @@ TEST(Addresses, AreMadeOfRecordsAndItems)
     EXPECT_EQ(refused("BOX", 0, "RATE"), "BOX: record 0 has no value 'RATE'");
     EXPECT_EQ(refused("BOX", 0, 6), "BOX: record 0 has no value '6'");
     EXPECT_EQ(refused("NESTED", 0, "ROWS"), "NESTED: record 0 has no value 'ROWS'");
-    EXPECT_EQ(ReasonOf([&] { PlaceOf(deck, deck.Get("WHOLE"), {4}); }), "WHOLE has no value at the path 4");
+    EXPECT_EQ(
+        ReasonOf([&] { ResolvePath(deck, deck.Get("WHOLE"), {4}); }), "WHOLE has no value at the path 4");
     EXPECT_EQ(ReasonOf([&] {
-        PlaceOf(deck, deck.Get("WELLS"), {0, 9});
+        ResolvePath(deck, deck.Get("WELLS"), {0, 9});
     }),
         "WELLS has no value at the path 0, 9");
 }
@@ -264,7 +302,7 @@ TEST(Addresses, AreMadeOfRecordsAndItems)
 TEST(Addresses, HaveNoRangesUnlessTheDeckIsEditable)
 {
     const Deck deck = Deck::ReadText("RUNSPEC\nWHOLE\n 1 /\n", GetEditorLanguage());
-    const ValuePlace place = ResolveOne(deck, ValueAddress::Parse("WHOLE[1]"));
+    const DeckValue place = ResolveOne(deck, ValueAddress::Parse("WHOLE[1]"));
     EXPECT_FALSE(place.range);
     EXPECT_EQ(place.text, "1");
 }

@@ -32,7 +32,7 @@ const IKeywordData& ContainerAt(const IKeywordData& node, std::size_t index)
         static_cast<const IKeywordRecordData&>(node).GetData(static_cast<int>(index)));
 }
 
-const IKeywordDataMD& MetadataOf(const ValuePlace& place)
+const IKeywordDataMD& MetadataOf(const DeckValue& place)
 {
     const IKeywordData* node = place.keyword.FindData();
     for (std::size_t i = 0; i + 1 < place.path.size(); ++i)
@@ -43,7 +43,7 @@ const IKeywordDataMD& MetadataOf(const ValuePlace& place)
 }
 
 /// Another value than the one that stands there, and its text.
-std::pair<NewValue, std::string> AnotherValue(const ValuePlace& place)
+std::pair<NewValue, std::string> AnotherValue(const DeckValue& place)
 {
     const IKeywordDataMD& md = MetadataOf(place);
     switch (md.GetType()) {
@@ -72,7 +72,7 @@ std::pair<NewValue, std::string> AnotherValue(const ValuePlace& place)
     return {text, text};
 }
 
-using Places = std::vector<ValuePlace>;
+using Places = std::vector<DeckValue>;
 
 /// The values of each keyword of a deck, by its index.
 std::map<std::size_t, Places> ValuesOf(const Deck& deck)
@@ -82,7 +82,7 @@ std::map<std::size_t, Places> ValuesOf(const Deck& deck)
         names.insert(keyword.GetName());
     std::map<std::size_t, Places> values;
     for (const std::string& name : names) {
-        for (ValuePlace& place : Resolve(deck, {name}))
+        for (DeckValue& place : Resolve(deck, {name}))
             values[place.keyword.GetIndex()].push_back(std::move(place));
     }
     return values;
@@ -90,7 +90,7 @@ std::map<std::size_t, Places> ValuesOf(const Deck& deck)
 
 bool IsWithin(const TextEdit& edit, const Places& places)
 {
-    return std::any_of(places.begin(), places.end(), [&](const ValuePlace& place) {
+    return std::any_of(places.begin(), places.end(), [&](const DeckValue& place) {
         return place.range->file == edit.range.file && place.range->offset == edit.range.offset
             && place.range->length == edit.range.length;
     });
@@ -101,7 +101,7 @@ std::map<ValuePath, std::string> OthersIn(
     const Places& places, const std::map<ValuePath, std::string>& changed)
 {
     std::map<ValuePath, std::string> others;
-    for (const ValuePlace& place : places) {
+    for (const DeckValue& place : places) {
         if (changed.count(place.path) == 0)
             others[place.path] = place.text;
     }
@@ -114,7 +114,7 @@ void ExpectToBeChanged(const Deck& deck, const DeckLanguage& language, const Rea
 {
     DeckEditor editor(deck);
     std::map<ValuePath, std::string> changed;
-    for (const ValuePlace& place : places) {
+    for (const DeckValue& place : places) {
         const auto [value, text] = AnotherValue(place);
         try {
             editor.SetValue(place, value);
@@ -133,8 +133,8 @@ void ExpectToBeChanged(const Deck& deck, const DeckLanguage& language, const Rea
     std::map<ValuePath, std::string> expected = OthersIn(all, changed);
     expected.insert(changed.begin(), changed.end());
     for (const auto& [path, text] : expected)
-        ASSERT_EQ(PlaceOf(again, keyword, path).text, text)
-            << PlaceOf(deck, deck[keyword.GetIndex()], path).address.ToString();
+        ASSERT_EQ(ResolvePath(again, keyword, path).text, text)
+            << ResolvePath(deck, deck[keyword.GetIndex()], path).address.ToString();
 }
 
 } // namespace
@@ -144,7 +144,7 @@ std::size_t ExpectEachValueToBeChanged(
 {
     const auto values = ValuesOf(deck);
     for (const auto& [keyword, places] : values) {
-        for (const ValuePlace& place : places) {
+        for (const DeckValue& place : places) {
             EXPECT_TRUE(place.range) << place.address.ToString();
             EXPECT_TRUE(ValueAddress::Parse(place.address.ToString()) == place.address);
         }

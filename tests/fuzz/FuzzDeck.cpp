@@ -227,7 +227,7 @@ void CheckAnswers(const Deck& deck, const Conditions& conditions)
     CountsText(deck.GetFindings());
     GccText({deck.GetFindings()});
     GitHubText({deck.GetFindings()});
-    Summarise(deck);
+    Summarize(deck);
     for (const bool isStrict : {false, true})
         Require(Compare(deck, deck, ComparisonOptions().SetStrict(isStrict)).groups.empty(),
             "a deck doesn't differ from itself");

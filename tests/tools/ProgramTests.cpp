@@ -53,7 +53,7 @@ InfoOnNothing: info /none.data => can't read '/none.data': No such file
 DiffWithNothing: diff /none.data /none.data => can't read '/none.data': No such file
 PortToNowhere: port x => --to is required
 PortToNoMode: port x --to Carrow --mode Thermal => simulator 'Carrow' has no mode 'Thermal'
-FolderAsDeck: check /tmp => is a folder
+FolderAsDeck: check /tmp => can't read '/tmp': it is a folder, not a file
 )")),
     CaseName<Row>);
 

@@ -99,7 +99,7 @@ void PrintText(const Decks::Difference& difference)
             Print(LineText(change, isColoured));
     }
     Print(fmt::format("{} changed, {} added, {} removed\n", difference.GetCount(Change::Kind::Changed),
-        difference.GetCount(Change::Kind::Added), difference.GetCount(Change::Kind::Gone)));
+        difference.GetCount(Change::Kind::Added), difference.GetCount(Change::Kind::Removed)));
 }
 
 ordered_json ChangeJson(const Change& change)

@@ -249,7 +249,7 @@ int Info(LoadedLanguage& language, const InfoOptions& options)
     const auto deck = ReadDeckOrReport(options.deck, options.read, deckLanguage);
     if (!deck)
         return Failure;
-    const Decks::DeckSummary summary = Decks::Summarise(*deck);
+    const Decks::DeckSummary summary = Decks::Summarize(*deck);
     if (options.isJson)
         PrintJson(summary, options);
     else

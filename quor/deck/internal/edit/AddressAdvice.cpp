@@ -2,11 +2,15 @@
 
 #include "quor/deck/DeckLanguage.h"
 #include "quor/deck/internal/edit/DataPath.h"
+#include "quor/deck/internal/read/RecordIdentity.h"
+#include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/NearestNames.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
 #include <algorithm>
+#include <set>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -27,13 +31,11 @@ std::string Listed(const Texts& texts)
         texts.size() - mostListed);
 }
 
-/// Similar ones if there are any, else all.
+/// Near ones if there are any, else all.
 std::string Alternatives(const Texts& known, const std::string& text)
 {
-    const Texts nearest = FindNearest(known, text);
-    if (!nearest.empty())
-        return fmt::format("similar: {}", fmt::join(nearest, ", "));
-    return fmt::format("expected one of {}", Listed(known));
+    const std::string suggestion = SuggestionOf(FindNearest(known, text));
+    return suggestion.empty() ? fmt::format("expected one of {}", Listed(known)) : suggestion;
 }
 
 /// Different texts in the order of the matches; no empty ones.
@@ -52,15 +54,31 @@ Texts Different(const std::vector<ValueMatch>& matches, const Text& textOf)
     return texts;
 }
 
+/// In rising order; none of keywords without a date.
 Texts DatesOf(const DeckContents& deck, const std::vector<ValueMatch>& matches)
 {
-    return Different(
-        matches, [&](const ValueMatch& match) { return deck.DateOf(deck.keywords[match.keyword]); });
+    std::set<std::string> dates;
+    for (const ValueMatch& match : matches)
+        dates.insert(deck.DateOf(deck.keywords[match.keyword]));
+    dates.erase(std::string());
+    return {dates.begin(), dates.end()};
+}
+
+/// Those of the dates, which are in rising order, that are next to another one.
+std::string NearestDates(const Texts& dates, const std::string& date)
+{
+    if (dates.size() <= mostListed + 1)
+        return Listed(dates);
+    const auto next = std::lower_bound(dates.begin(), dates.end(), date) - dates.begin();
+    const auto last = static_cast<std::ptrdiff_t>(dates.size());
+    const auto begin = std::clamp<std::ptrdiff_t>(next - 2, 0, last - 4);
+    return fmt::format(
+        "{} and {} others", fmt::join(dates.begin() + begin, dates.begin() + begin + 4, ", "), last - 4);
 }
 
 std::string BracketsOf(const Texts& identifiers)
 {
-    return ValueAddress{{}, identifiers}.ToString().substr(2); // behind the empty name in quotes
+    return ValueAddress{{}, identifiers}.ToString().substr(2); // after the empty name in quotes
 }
 
 Texts RecordsOf(const DeckContents& deck, const std::vector<ValueMatch>& matches)
@@ -91,13 +109,6 @@ Texts NamesIn(const IKeywordData& root, const ValueMatch& match)
     return names;
 }
 
-std::string ExplainKeyword(const DeckContents& deck, const ValueAddress& address)
-{
-    const Texts nearest = deck.names.FindNearest(deck, address.keyword);
-    return fmt::format("the deck has no keyword '{}'{}", address.keyword,
-        nearest.empty() ? std::string() : fmt::format("; similar: {}", fmt::join(nearest, ", ")));
-}
-
 std::string ExplainItem(
     const DeckContents& deck, const ValueAddress& address, const std::vector<ValueMatch>& matches)
 {
@@ -106,7 +117,8 @@ std::string ExplainItem(
     const std::string items = fmt::format("{}", fmt::join(address.items, "."));
     if (names.empty())
         return fmt::format("{} has no value '{}'", address.keyword, items);
-    const bool isKnown = std::find(names.begin(), names.end(), address.items.front()) != names.end();
+    const bool isKnown = std::any_of(names.begin(), names.end(),
+        [&](const std::string& name) { return ToUpper(name) == ToUpper(address.items.front()); });
     if (isKnown && address.items.size() > 1)
         return fmt::format("{} has no value '{}'; '{}' has {}", address.keyword, items, address.items.front(),
             Listed(ItemsOf(
@@ -115,22 +127,70 @@ std::string ExplainItem(
         Alternatives(names, address.items.front()));
 }
 
+/// Why the keyword has no values with an address.
+std::string ExplainNoValues(const DeckContents& deck, const ValueAddress& address)
+{
+    const IKeywordData* const data = deck.keywords[deck.names.Find(deck, address.keyword).back()].data.get();
+    if (!data)
+        return fmt::format("{} has no data", address.keyword);
+    const IKeywordDataMD::MDType::Enum type = data->GetMD()->GetType();
+    if (type == IKeywordDataMD::MDType::Map || type == IKeywordDataMD::MDType::Raw)
+        return fmt::format("the values of {} have no addresses", address.keyword);
+    return fmt::format("{} has no values", address.keyword);
+}
+
+/// Whether the elements of the keyword have numbers: how many there are; 0 if they have identifiers, or there
+/// is no list.
+std::size_t CountNumbered(const DeckContents& deck, const std::vector<ValueMatch>& matches)
+{
+    const IKeywordDataMD* const md = deck.keywords[matches.front().keyword].data->GetMD();
+    if (md->GetType() != IKeywordDataMD::MDType::List || IsListOfNamedRecords(md))
+        return 0;
+    std::size_t count = 0;
+    for (const ValueMatch& match : matches)
+        count = std::max(count, match.path.front() + 1);
+    return count;
+}
+
 /// No record has the identifiers, at any date.
 std::string ExplainRecord(const DeckContents& deck, const ValueAddress& address)
 {
-    const auto matches = FindMatches(deck, {address.keyword, {}, {}, address.date});
+    auto matches = FindMatches(deck, {address.keyword, {}, {}, address.date});
+    std::string at = address.date.empty() ? std::string() : " at " + address.date;
+    if (matches.empty()) { // at no date
+        matches = FindMatches(deck, {address.keyword});
+        at.clear();
+    }
     if (matches.empty())
-        return fmt::format("{} has no values that have an address", address.keyword);
+        return ExplainNoValues(deck, address);
     const std::string brackets = BracketsOf(address.identifiers);
-    const std::string at = address.date.empty() ? std::string() : " at " + address.date;
     const Texts records = RecordsOf(deck, matches);
     if (records.empty())
         return fmt::format("{} is a single record; expected an address without brackets", address.keyword);
-    if (matches.front().path.size() == 1)
+    if (const std::size_t count = CountNumbered(deck, matches)) {
+        const char* const noun = matches.front().path.size() == 1 ? "value" : "record";
         return fmt::format(
-            "{}{} has no value {} (it has {} values)", address.keyword, at, brackets, matches.size());
+            "{}{} has no {} {} (it has {})", address.keyword, at, noun, brackets, Counted(count, noun));
+    }
     return fmt::format(
         "{}{} has no record {}; {}", address.keyword, at, brackets, Alternatives(records, brackets));
+}
+
+/// The date is wrong, the rest of the address isn't.
+std::string ExplainDate(const DeckContents& deck, const ValueAddress& rest, const std::string& date,
+    const std::vector<ValueMatch>& matches)
+{
+    const Texts dates = DatesOf(deck, matches);
+    if (dates.empty())
+        return fmt::format("{} has no date; remove '@{}'", rest.ToString(), date);
+    const bool isStep = DateText(deck.start) == date
+        || std::any_of(deck.steps.begin(), deck.steps.end(),
+            [&](const ReportStep& step) { return DateText(step.time) == date; });
+    if (!isStep)
+        return fmt::format("the deck has no report step at {}; {} is given at {}", date, rest.ToString(),
+            NearestDates(dates, date));
+    return fmt::format(
+        "{} is not given at {}; given at {}", rest.ToString(), date, NearestDates(dates, date));
 }
 
 } // namespace
@@ -138,13 +198,11 @@ std::string ExplainRecord(const DeckContents& deck, const ValueAddress& address)
 std::string ExplainNoMatch(const DeckContents& deck, const ValueAddress& address)
 {
     if (deck.names.Find(deck, address.keyword).empty())
-        return ExplainKeyword(deck, address);
+        return address.keyword.empty() ? "the address has no keyword"
+                                       : deck.names.ExplainMissing(deck, address.keyword);
     ValueAddress wider{address.keyword, address.identifiers, address.items};
-    if (const auto matches = FindMatches(deck, wider); !matches.empty()) {
-        const Texts dates = DatesOf(deck, matches);
-        return fmt::format("{} is not given at {}; {}", wider.ToString(), address.date,
-            dates.empty() ? "leave out the date" : "given at " + Listed(dates));
-    }
+    if (const auto matches = FindMatches(deck, wider); !matches.empty())
+        return ExplainDate(deck, wider, address.date, matches);
     wider.items.clear();
     if (const auto matches = FindMatches(deck, wider); !matches.empty())
         return ExplainItem(deck, address, matches);
@@ -156,8 +214,8 @@ std::string ExplainMatches(
 {
     const std::string text = address.ToString();
     if (address.number > 0)
-        return fmt::format("{} does not exist: the rest of the address matches {} value{}", text,
-            matches.size(), matches.size() == 1 ? "" : "s");
+        return fmt::format(
+            "{} does not exist: the rest of the address matches {}", text, Counted(matches.size(), "value"));
     const auto advise = [&](const char* what, const std::string& list) {
         return fmt::format("{} matches {} values; add {}: {}", text, matches.size(), what, list);
     };

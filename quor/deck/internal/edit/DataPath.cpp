@@ -108,7 +108,7 @@ std::optional<Child> FindChildAt(const IKeywordData& node, std::size_t slot)
 
 } // namespace
 
-ScalarValue ScalarPlace::GetValue() const
+ScalarValue ScalarSlot::GetValue() const
 {
     const void* const storage = StorageAt(*node, index);
     if (!IsList(*node))
@@ -140,7 +140,7 @@ std::size_t CountChildren(const IKeywordData& node)
     return static_cast<std::size_t>(static_cast<const IKeywordRecordData&>(node).GetSize());
 }
 
-std::optional<ScalarPlace> FindScalar(const IKeywordData& root, const ValuePath& path)
+std::optional<ScalarSlot> FindScalar(const IKeywordData& root, const ValuePath& path)
 {
     const IKeywordData* node = &root;
     for (std::size_t i = 0; i < path.size(); ++i) {
@@ -151,7 +151,7 @@ std::optional<ScalarPlace> FindScalar(const IKeywordData& root, const ValuePath&
         if (isScalar != (i + 1 == path.size()))
             return std::nullopt;
         if (isScalar)
-            return ScalarPlace{md, node, path[i]};
+            return ScalarSlot{md, node, path[i]};
         node = &ChildOf(*node, path[i]);
     }
     return std::nullopt;

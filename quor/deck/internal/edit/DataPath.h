@@ -15,7 +15,7 @@ class IKeywordData;
 namespace Veld::Quor::Core::Decks {
 
 /// A scalar of a keyword's data.
-struct ScalarPlace {
+struct ScalarSlot {
     const Core::Keywords::IKeywordDataMD* md;
     const Core::Keywords::IKeywordData* node; ///< the record or list that has it
     std::size_t index; ///< there
@@ -33,7 +33,7 @@ const Core::Keywords::IKeywordData& ChildOf(const Core::Keywords::IKeywordData& 
 std::size_t CountChildren(const Core::Keywords::IKeywordData& node);
 
 /// The scalar that the path leads to; empty if it leads to none.
-std::optional<ScalarPlace> FindScalar(const Core::Keywords::IKeywordData& root, const ValuePath& path);
+std::optional<ScalarSlot> FindScalar(const Core::Keywords::IKeywordData& root, const ValuePath& path);
 
 /// The slots of a node, and of what is below it, as `DataPosition` counts them.
 std::size_t CountSlots(const Core::Keywords::IKeywordData& node);

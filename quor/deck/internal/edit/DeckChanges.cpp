@@ -3,6 +3,7 @@
 #include "quor/deck/DeckEditor.h"
 #include "quor/deck/internal/edit/DataPath.h"
 #include "quor/deck/internal/edit/ListEdits.h"
+#include "quor/deck/internal/text/LineText.h"
 
 #include <fmt/format.h>
 
@@ -42,9 +43,9 @@ void DeckChanges::SetWord(std::uint32_t keyword, const ValuePath& path, const st
     const std::size_t slot = SlotOf(*instance.data, path);
     if (const Change* const change = Find(keyword)) {
         if (change->array)
-            FailConflict(keyword, "an earlier change replaces its array");
+            FailConflict(keyword, "its array was replaced earlier");
         if (change->removed.count(path.front()) > 0)
-            FailConflict(keyword, "an earlier change removes the record");
+            FailConflict(keyword, "the record was removed earlier");
     }
     if (!word) {
         if (Find(keyword))
@@ -63,7 +64,7 @@ void DeckChanges::SetArray(std::uint32_t keyword, TextEdit edit)
     CheckFile(edit.range.file);
     const Change* const change = Find(keyword);
     if (change && !change->words.empty())
-        FailConflict(keyword, "an earlier change changes a value of it");
+        FailConflict(keyword, "one of its values was changed earlier");
     changes_[keyword].array = std::move(edit);
 }
 
@@ -84,7 +85,7 @@ void DeckChanges::RemoveRecord(std::uint32_t keyword, std::size_t index)
         const std::size_t first = SlotOf(*instance.data, {index});
         const std::size_t end = first + CountSlots(ChildOf(*instance.data, index));
         if (change->words.lower_bound(first) != change->words.lower_bound(end))
-            FailConflict(keyword, "an earlier change changes a value of the record");
+            FailConflict(keyword, "a value of the record was changed earlier");
     }
     changes_[keyword].removed[index] = std::move(edit);
 }
@@ -102,7 +103,7 @@ void DeckChanges::RemoveKeyword(std::uint32_t keyword)
         return;
     if (change
         && !(change->words.empty() && !change->array && change->removed.empty() && change->added.empty()))
-        FailConflict(keyword, "an earlier change changes its data");
+        FailConflict(keyword, "its data were changed earlier");
     TextEdit edit = RemoveKeywordFrom(deck_, deck_.keywords[keyword]);
     CheckFile(edit.range.file);
     changes_[keyword].removal = std::move(edit);
@@ -146,8 +147,8 @@ void DeckChanges::CheckFile(std::uint32_t file) const
     for (std::uint32_t other = 0; other < deck_.files.GetSize(); ++other) {
         if (other != file && deck_.files.Get(other).text == changed.text)
             throw EditError(fmt::format(
-                "the deck includes {} more than once; a change of it would apply to each inclusion",
-                changed.name));
+                "the deck includes '{}' more than once; a change of it would apply to each inclusion",
+                Printable(changed.name)));
     }
 }
 
@@ -155,7 +156,7 @@ void DeckChanges::CheckNotRemoved(std::uint32_t keyword) const
 {
     const Change* const change = Find(keyword);
     if (change && change->removal)
-        FailConflict(keyword, "an earlier change removes the keyword");
+        FailConflict(keyword, "the keyword was removed earlier");
 }
 
 void DeckChanges::FailConflict(std::uint32_t keyword, const char* why) const

@@ -31,7 +31,7 @@ public:
     void AddKeyword(TextEdit edit);
     void RemoveKeyword(std::uint32_t keyword);
 
-    /// By file and offset, one at a place.
+    /// By file and offset, one at a position.
     std::vector<TextEdit> GetEdits() const;
 
 private:

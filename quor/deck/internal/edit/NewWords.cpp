@@ -46,7 +46,7 @@ private:
 
     const KeywordInstance& keyword_;
     const ValuePath& path_;
-    ScalarPlace scalar_;
+    ScalarSlot scalar_;
 };
 
 std::optional<NewWord> WordMaker::Make(const NewValue& value) const
@@ -85,7 +85,7 @@ std::optional<NewWord> WordMaker::MakeDefault(const Target& target) const
 ScalarValue WordMaker::ToScalar(int value) const
 {
     if (!CanBeWritten(value))
-        throw EditError(fmt::format("{}: {} stands for a value that isn't given", Named(), value));
+        throw EditError(fmt::format("{}: a deck can't hold the number {}", Named(), value));
     return Checked(MDType::Integer, value);
 }
 

@@ -3,6 +3,9 @@
 #include "quor/deck/DeckLanguage.h"
 #include "quor/deck/internal/read/DeckContents.h"
 #include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/NearestNames.h"
+
+#include <fmt/format.h>
 
 #include <algorithm>
 
@@ -32,6 +35,13 @@ std::vector<std::string> KeywordNames::FindNearest(const DeckContents& deck, std
         names.push_back(known);
     std::sort(names.begin(), names.end());
     return Decks::FindNearest(names, ToUpper(name));
+}
+
+std::string KeywordNames::ExplainMissing(const DeckContents& deck, std::string_view name)
+{
+    const std::string suggestion = SuggestionOf(FindNearest(deck, name));
+    return fmt::format(
+        "the deck has no keyword '{}'{}{}", Shorten(name), suggestion.empty() ? "" : "; ", suggestion);
 }
 
 void KeywordNames::Make(const DeckContents& deck)

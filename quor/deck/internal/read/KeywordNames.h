@@ -19,6 +19,8 @@ public:
     const std::vector<std::uint32_t>& Find(const DeckContents& deck, std::string_view name);
     /// Names of the deck that may be meant, the nearest first.
     std::vector<std::string> FindNearest(const DeckContents& deck, std::string_view name);
+    /// The message that there is none of the name.
+    std::string ExplainMissing(const DeckContents& deck, std::string_view name);
 
 private:
     void Make(const DeckContents& deck);

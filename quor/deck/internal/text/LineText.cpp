@@ -166,6 +166,11 @@ std::string Shorten(std::string_view word)
     return Printable(word.substr(0, length)) + "...";
 }
 
+std::string Counted(std::size_t count, std::string_view noun)
+{
+    return std::to_string(count).append(" ").append(noun).append(count == 1 ? "" : "s");
+}
+
 std::string ToUpper(std::string_view text)
 {
     std::string upper(text);

@@ -101,6 +101,9 @@ std::string Printable(std::string_view text);
 /// A word as messages quote it: without control characters, and cut if it is very long.
 std::string Shorten(std::string_view word);
 
+/// "1 record", "2 records".
+std::string Counted(std::size_t count, std::string_view noun);
+
 /// In the letters of ASCII.
 std::string ToUpper(std::string_view text);
 

@@ -5,6 +5,7 @@
 #include "quor/deck/internal/edit/AddressMatcher.h"
 #include "quor/deck/internal/edit/DataPath.h"
 #include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/text/LineText.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -21,18 +22,18 @@ using namespace Core::Keywords;
 namespace {
 
 /// Makes places of matches. Matches in the order of the deck cost least.
-class PlaceMaker {
+class ValueMaker {
 public:
-    explicit PlaceMaker(const Deck& deck)
+    explicit ValueMaker(const Deck& deck)
         : deck_(deck)
         , contents_(ContentsOf(deck))
     {
     }
 
-    ValuePlace Make(const ValueMatch& match, ValueAddress address)
+    DeckValue Make(const ValueMatch& match, ValueAddress address)
     {
         const KeywordInstance& keyword = contents_.keywords[match.keyword];
-        const ScalarPlace scalar = *FindScalar(*keyword.data, match.path);
+        const ScalarSlot scalar = *FindScalar(*keyword.data, match.path);
         return {deck_[match.keyword], match.path, std::move(address), ToText(*scalar.md, scalar.GetValue()),
             FindRange(match)};
     }
@@ -116,7 +117,7 @@ std::vector<ValueAddress> FullAddresses(const DeckContents& deck, const std::vec
 
 } // namespace
 
-std::vector<ValuePlace> Resolve(const Deck& deck, const ValueAddress& address)
+std::vector<DeckValue> Resolve(const Deck& deck, const ValueAddress& address)
 {
     const DeckContents& contents = ContentsOf(deck);
     auto matches = FindMatches(contents, address);
@@ -124,35 +125,35 @@ std::vector<ValuePlace> Resolve(const Deck& deck, const ValueAddress& address)
     if (address.number > 0 && address.number <= matches.size())
         addresses = {addresses[address.number - 1]};
     TakeNumber(address, matches);
-    PlaceMaker maker(deck);
-    std::vector<ValuePlace> places;
-    places.reserve(matches.size());
+    ValueMaker maker(deck);
+    std::vector<DeckValue> values;
+    values.reserve(matches.size());
     for (std::size_t i = 0; i < matches.size(); ++i)
-        places.push_back(maker.Make(matches[i], std::move(addresses[i])));
-    return places;
+        values.push_back(maker.Make(matches[i], std::move(addresses[i])));
+    return values;
 }
 
-ValuePlace ResolveOne(const Deck& deck, const ValueAddress& address)
+DeckValue ResolveOne(const Deck& deck, const ValueAddress& address)
 {
     const DeckContents& contents = ContentsOf(deck);
     auto matches = FindMatches(contents, address);
     if (matches.empty())
-        throw AddressError(ExplainNoMatch(contents, address));
+        throw AddressError(Printable(ExplainNoMatch(contents, address)));
     const bool isOne = address.number == 0 ? matches.size() == 1 : address.number <= matches.size();
     if (!isOne)
-        throw AddressError(ExplainMatches(contents, address, matches));
+        throw AddressError(Printable(ExplainMatches(contents, address, matches)));
     TakeNumber(address, matches);
-    return PlaceMaker(deck).Make(matches.front(), FullAddress(contents, matches.front()));
+    return ValueMaker(deck).Make(matches.front(), FullAddress(contents, matches.front()));
 }
 
-ValuePlace PlaceOf(const Deck& deck, const DeckKeyword& keyword, const ValuePath& path)
+DeckValue ResolvePath(const Deck& deck, const DeckKeyword& keyword, const ValuePath& path)
 {
     CheckIsOf(deck, keyword);
     if (!keyword.FindData() || !FindScalar(*keyword.FindData(), path))
         throw AddressError(
             fmt::format("{} has no value at the path {}", keyword.GetName(), fmt::join(path, ", ")));
     const ValueMatch match{static_cast<std::uint32_t>(keyword.GetIndex()), path};
-    return PlaceMaker(deck).Make(match, FullAddress(ContentsOf(deck), match));
+    return ValueMaker(deck).Make(match, FullAddress(ContentsOf(deck), match));
 }
 
 ValueAddress AddressOf(const Deck& deck, const DeckKeyword& keyword, std::size_t record, ItemKey item)
