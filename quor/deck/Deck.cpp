@@ -36,7 +36,7 @@ Deck& Deck::operator=(Deck&&) noexcept = default;
 Deck Deck::Read(const std::string& path, const DeckLanguage& language, const ReadOptions& options)
 {
     try {
-        Deck deck(ReadDeck(path, *options.settings_, *language.index_));
+        Deck deck(ReadDeck(path, options.GetSettings(), *language.index_));
         deck.contents_->options = options;
         return deck;
     } catch (const SourceError& error) {

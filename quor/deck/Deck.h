@@ -112,8 +112,9 @@ public:
 
     // What was found and read. What is returned by reference is valid as long as the deck.
 
-    /// In the order of reading, but for those on comments that hide findings (`bad-silence`), which are
-    /// before the others of their file. A temporary deck returns a copy.
+    /// In the order in which they were found: that of reading, but a mistake that only later text reveals
+    /// comes after the findings before that text, and those on comments that hide findings (`bad-silence`)
+    /// come before the others of their file, or at the end. A temporary deck returns a copy.
     /// @{
     const Findings& GetFindings() const&;
     Findings GetFindings() const&&;

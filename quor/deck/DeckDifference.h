@@ -71,7 +71,7 @@ struct Change {
 
 /// The differences in one section, or in SCHEDULE at one report step.
 struct ChangeGroup {
-    Keywords::SectionType::Enum section; ///< in which they are
+    Keywords::SectionType::Enum section = Keywords::SectionType::None; ///< in which they are
     std::string step; ///< date, or number of the report; empty: no step, or before the first
     std::vector<Change> changes; ///< in the order of the decks
 };

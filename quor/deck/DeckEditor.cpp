@@ -6,6 +6,7 @@
 #include "quor/deck/internal/edit/DeckChanges.h"
 #include "quor/deck/internal/edit/ListEdits.h"
 #include "quor/deck/internal/edit/NewWords.h"
+#include "quor/deck/internal/edit/WritableValues.h"
 #include "quor/deck/internal/read/DataShape.h"
 #include "quor/deck/internal/read/DeckContents.h"
 #include "quor/deck/internal/text/LineText.h"
@@ -109,7 +110,7 @@ void DeckEditor::Set(const DeckValue& current, const NewValue* value)
         throw AddressError(fmt::format("{} has no value at this path", current.keyword.GetName()));
     if (!current.range)
         throw EditError(fmt::format("errors in {} hide where its values are", current.keyword.GetName()));
-    const auto word = value ? MakeNewWord(keyword, current.path, *value)
+    const auto word = value ? MakeNewWord(keyword, current.path, *value, contents.GetTarget())
                             : MakeDefaultWord(keyword, current.path, contents.GetTarget());
     const std::string* const variable = keyword.notes->variables
         ? keyword.notes->variables->Find(*scalar->node, static_cast<int>(scalar->index))
@@ -157,12 +158,7 @@ void DeckEditor::AddRecords(const DeckKeyword& keyword, const IKeywordData& reco
 
 void DeckEditor::RemoveRecord(const DeckKeyword& keyword, std::size_t index)
 {
-    const std::uint32_t position = IndexIn(deck_, keyword);
-    const std::size_t size = ContentsOf(deck_).keywords[position].records.size();
-    if (index >= size)
-        throw std::out_of_range(fmt::format("{}: record index {} is out of range (the keyword has {})",
-            keyword.GetName(), index, Counted(size, "record")));
-    changes_->RemoveRecord(position, index);
+    changes_->RemoveRecord(IndexIn(deck_, keyword), index);
 }
 
 // Keywords

@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -39,13 +40,14 @@ public:
     ~EditError() override;
 };
 
-/// A value to be given to an item. Nothing is converted: `bool` goes to Boolean, `int` to Integer, `double`
-/// to Real, a text to String and Line, and to Choice the word of a choice, whole and without regard to case.
+/// The new value of an item. Nothing is converted: a Boolean needs a `bool`, an Integer an `int`, a Real a
+/// `double` (`900.0`, not `900`), a String and a Line a text, a Choice the word of a choice, whole and
+/// without regard to case.
 class NewValue {
 public:
-    /// Of the type that the item must have.
+    /// Of the type that the item must have. Texts are copied; a null pointer throws `std::invalid_argument`.
     /// @{
-    NewValue(bool value) // implicit, as all: the place of an argument says what it is
+    NewValue(bool value) // implicit, as all: the position of an argument says what it is
         : value_(value)
     {
     }
@@ -66,23 +68,28 @@ public:
     {
     }
     NewValue(const char* value)
-        : value_(std::string(value))
+        : value_(value ? std::string(value) : throw std::invalid_argument("the new value is a null pointer"))
     {
     }
     /// @}
-    /// A pointer is no bool.
+    /// A pointer is no bool, a character no number.
+    /// @{
+    NewValue(std::nullptr_t) = delete;
+    NewValue(char) = delete;
     template <class T, class = std::enable_if_t<!std::is_same_v<std::remove_const_t<T>, char>>>
     NewValue(T* value) = delete;
+    /// @}
 
     /// As it was given; valid as long as this object.
-    const std::variant<bool, int, double, std::string>& Get() const { return value_; }
+    const std::variant<bool, int, double, std::string>& Get() const& { return value_; }
+    const std::variant<bool, int, double, std::string>& Get() const&& = delete;
 
 private:
     std::variant<bool, int, double, std::string> value_;
 };
 
 /// Changes a deck without touching any other byte of its files: comments, blanks, the order of lines and the
-/// way in which other numbers are written stay.
+/// form of other numbers stay.
 ///
 ///     const Deck deck = Deck::Read("FIELD.data", language, ReadOptions().SetEditable(true));
 ///     DeckEditor editor(deck);
@@ -91,13 +98,17 @@ private:
 ///     for (const std::uint32_t file : editor.GetChangedFiles())
 ///         Save(deck.GetFiles().Get(file).name, editor.GetText(file));
 ///
-/// The deck stays as it is: the editor collects changes of its texts, which the host saves or reads. Each
-/// function either makes its change as a whole or throws, and then nothing has changed:
-/// `EditError` for what would lose something, such as a value that is a variable or a file that the deck
-/// includes twice, and for what contradicts an earlier change, such as a value in a removed record,
-/// `std::invalid_argument` for a keyword or place of another deck, `std::bad_alloc` if memory runs out. What
-/// the changes mean for the rest of the deck, such as sizes and limits, is found by reading it. One thread at
-/// a time; several editors may change one deck at once.
+/// The deck stays as it is, and so do addresses and indices: the editor collects changes of its texts, which
+/// the host saves or reads. Each function either makes its change as a whole or throws, and then nothing has
+/// changed:
+/// - `EditError` for what would lose something, such as a value that is a variable or a file that the deck
+///   includes twice, for a value that would be read as another one, such as a text with blanks around it, and
+///   for what contradicts an earlier change, such as a value in a removed record;
+/// - `std::invalid_argument` for a keyword or value of another deck;
+/// - `std::logic_error` if the deck was moved from, `std::bad_alloc` if memory runs out.
+///
+/// Limits, sizes and what else the rest of the deck says about the changes are not checked: `Read` the
+/// changed deck, and look at its findings. One thread at a time; several editors may change one deck at once.
 class VELD_QUOR_EXPORT DeckEditor {
 public:
     /// The deck must outlive it and not be moved. Throws `std::invalid_argument` if it wasn't read with
@@ -112,12 +123,13 @@ public:
     // Throw `AddressError` also for a text that is no address, `Keywords::DataAccessError` for a value of
     // another type and an unknown word of a choice.
 
-    /// Replaces one value.
+    /// Replaces one value. A text is written in quotes where it needs them.
     /// @{
     void SetValue(std::string_view address, const NewValue& value);
     void SetValue(const ValueAddress& address, const NewValue& value);
     /// @}
-    /// Replaces the value at a place of this deck that has a range.
+    /// Replaces a value of this deck, found with `Resolve` and its like. Throws `EditError` if it has no
+    /// range.
     void SetValue(const DeckValue& current, const NewValue& value);
     /// Leaves the value to its default. Throws `EditError` if it has none.
     /// @{
@@ -137,8 +149,8 @@ public:
     // Records: the elements of a keyword that is a list of records or lists.
 
     /// Appends one record, given as a deck has it: "P3 OPEN ORAT 800 /". A slash that is missing at its end
-    /// is added, and so is the indentation of the first line. This and the next throw
-    /// `Keywords::DataAccessError` if the keyword is no such list.
+    /// is added, and so is the indentation of the first line. This and the next two throw
+    /// `Keywords::DataAccessError` if the keyword is no such list. The values of the text are not checked.
     void AddRecord(const DeckKeyword& keyword, std::string_view text);
     /// Appends all elements of a list of the same keyword, made with `Keywords::KeywordDataFactory` and
     /// filled with `quor/data/Access.h`. Throws `Keywords::DataAccessError` if it is another keyword's.
@@ -147,10 +159,10 @@ public:
     /// comments after it; comments on lines before it stay. Throws `std::out_of_range`.
     void RemoveRecord(const DeckKeyword& keyword, std::size_t index);
 
-    // Keywords. A text has whole lines: the keyword, and its data. Several texts at one place keep their
-    // order.
+    // Keywords. A text has whole lines: a keyword of the language at the start of the first one, and its
+    // data. The data are not checked. Several texts at one position keep their order.
 
-    /// After the data of the keyword and a slash that stands alone after them.
+    /// After the data of the keyword and a slash that is alone after them.
     void AddKeywordAfter(const DeckKeyword& keyword, std::string_view text);
     /// After the last keyword of the section. Throws `std::out_of_range` if the deck has no such section.
     void AddKeywordAtEnd(Keywords::SectionType::Enum section, std::string_view text);
@@ -160,7 +172,7 @@ public:
     /// With its data; lines and comments as `RemoveRecord` does.
     void RemoveKeyword(const DeckKeyword& keyword);
 
-    // What becomes of the deck.
+    // The changed deck.
 
     /// By file and offset; empty if nothing changes.
     std::vector<TextEdit> GetEdits() const;

@@ -16,7 +16,8 @@ using Keywords::SectionType;
 void CheckIsOf(const Deck& deck, const DeckKeyword& keyword)
 {
     if (keyword.contents_ != &ContentsOf(deck))
-        throw std::invalid_argument(fmt::format("the keyword {} belongs to another deck", keyword.GetName()));
+        throw std::invalid_argument( // without its name: that deck may be gone
+            "the keyword belongs to another deck");
 }
 
 const KeywordInstance& DeckKeyword::Get() const

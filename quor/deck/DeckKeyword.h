@@ -25,7 +25,8 @@ struct KeywordInstance;
 /// plus 1.
 struct ReportStep {
     Service::Time time; ///< undefined before the first date of the deck
-    std::uint32_t keyword; ///< index of the deck's keyword that leads to it; those of the step come after it
+    std::uint32_t keyword =
+        0; ///< index of the deck's keyword that leads to it; those of the step come after it
     TextRange range; ///< of the element that leads to it, or of the keyword if that isn't known
 };
 

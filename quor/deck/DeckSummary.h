@@ -24,7 +24,7 @@ struct FileSummary {
 
 /// A section that the deck has.
 struct SectionSummary {
-    Keywords::SectionType::Enum section; ///< which one
+    Keywords::SectionType::Enum section = Keywords::SectionType::None; ///< which one
     std::size_t keywords = 0; ///< in it, the one that begins it included
     Location location; ///< of its first keyword
 };
@@ -45,9 +45,9 @@ struct PropertySummary {
     std::size_t defaulted = 0; ///< of these; their values count nowhere
     /// Of the values that were given, in the unit of the deck.
     struct Range {
-        double least; ///< minimum
-        double mean; ///< arithmetic mean
-        double greatest; ///< maximum
+        double least = 0; ///< minimum
+        double mean = 0; ///< arithmetic mean
+        double greatest = 0; ///< maximum
     };
     std::optional<Range> range; ///< empty if no value was given
 };

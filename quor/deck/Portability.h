@@ -26,9 +26,9 @@ struct Loss {
         OtherDefault, ///< left to a default that is another one there
     };
 
-    Kind kind; ///< what is lost
+    Kind kind = Kind::KeywordNotValid; ///< what is lost
     std::string keyword; ///< its name
-    Keywords::SectionType::Enum section; ///< of the first location
+    Keywords::SectionType::Enum section = Keywords::SectionType::None; ///< of the first location
     std::string item; ///< the name within its record, or the key within a map; may be empty
     std::string detail; ///< of a choice its word, of a default "this -> that"
     std::size_t count = 0; ///< how often the deck has it

@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include <stdexcept>
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
@@ -24,7 +25,7 @@ ReadOptions::ReadOptions()
 ReadOptions::~ReadOptions() = default;
 
 ReadOptions::ReadOptions(const ReadOptions& other)
-    : settings_(std::make_unique<ReadSettings>(*other.settings_))
+    : settings_(std::make_unique<ReadSettings>(other.GetSettings()))
 {
 }
 
@@ -39,19 +40,19 @@ ReadOptions& ReadOptions::operator=(ReadOptions&&) noexcept = default;
 
 ReadOptions& ReadOptions::SetTarget(const Target& target)
 {
-    settings_->target = target;
+    GetSettings().target = target;
     return *this;
 }
 
 ReadOptions& ReadOptions::SetSimulator(Keywords::SimulatorType::Enum simulator)
 {
-    settings_->target.simulator = simulator;
+    GetSettings().target.simulator = simulator;
     return *this;
 }
 
 ReadOptions& ReadOptions::SetMode(Keywords::SimulatorModeType::Enum mode)
 {
-    settings_->target.mode = mode;
+    GetSettings().target.mode = mode;
     return *this;
 }
 
@@ -60,80 +61,87 @@ ReadOptions& ReadOptions::SetVariable(const std::string& name, const std::string
     const std::string key = name.rfind('$', 0) == 0 ? name : '$' + name;
     if (Keywords::VariablesString(key).GetVariables() != std::vector<std::string>{key})
         throw std::invalid_argument(fmt::format("invalid variable name '{}'", name));
-    settings_->variables.insert_or_assign(key, value);
+    GetSettings().variables.insert_or_assign(key, value);
     return *this;
 }
 
 ReadOptions& ReadOptions::SetMaxFindings(std::size_t count)
 {
-    settings_->maxFindings = count;
+    GetSettings().maxFindings = count;
     return *this;
 }
 
 ReadOptions& ReadOptions::SetSource(std::shared_ptr<const DeckSource> source)
 {
-    settings_->source = std::move(source);
+    GetSettings().source = std::move(source);
     return *this;
 }
 
 ReadOptions& ReadOptions::SetProgress(ReadProgress progress)
 {
-    settings_->progress = std::move(progress);
+    GetSettings().progress = std::move(progress);
     return *this;
 }
 
 ReadOptions& ReadOptions::SetCancellation(ReadCancellation cancellation)
 {
-    settings_->isCancelled = std::move(cancellation);
+    GetSettings().isCancelled = std::move(cancellation);
     return *this;
 }
 
 ReadOptions& ReadOptions::SetKnownFinding(KnownFinding isKnown)
 {
-    settings_->isKnown = std::move(isKnown);
+    GetSettings().isKnown = std::move(isKnown);
     return *this;
 }
 
 ReadOptions& ReadOptions::SetEditable(bool isEditable)
 {
-    settings_->keepsValueRanges = isEditable;
+    GetSettings().keepsValueRanges = isEditable;
     return *this;
 }
 
 ReadOptions& ReadOptions::SetStrict(bool isStrict)
 {
-    settings_->isStrict = isStrict;
+    GetSettings().isStrict = isStrict;
     return *this;
 }
 
 const Target& ReadOptions::GetTarget() const
 {
-    return settings_->target;
+    return GetSettings().target;
 }
 
 const std::map<std::string, std::string>& ReadOptions::GetVariables() const
 {
-    return settings_->variables;
+    return GetSettings().variables;
 }
 
 std::size_t ReadOptions::GetMaxFindings() const
 {
-    return settings_->maxFindings;
+    return GetSettings().maxFindings;
 }
 
 const std::shared_ptr<const DeckSource>& ReadOptions::GetSource() const
 {
-    return settings_->source;
+    return GetSettings().source;
 }
 
 bool ReadOptions::IsEditable() const
 {
-    return settings_->keepsValueRanges;
+    return GetSettings().keepsValueRanges;
 }
 
 bool ReadOptions::IsStrict() const
 {
-    return settings_->isStrict;
+    return GetSettings().isStrict;
+}
+
+ReadSettings& ReadOptions::GetSettings() const
+{
+    if (!settings_)
+        throw std::logic_error("the options were moved from");
+    return *settings_;
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -38,7 +38,9 @@ public:
     ~ReadCancelled() override;
 };
 
-/// How a deck is read. Functions are called by the thread that reads; what they throw ends the read.
+/// How a deck is read. Functions are called by the thread that reads; what they throw ends the read. Setters
+/// return the object itself: keep a chain of them as a value, not as a reference. An object that was moved
+/// from may be assigned to and destroyed; all else throws `std::logic_error`.
 ///
 ///     const auto options = ReadOptions().SetSimulator(SimulatorType::Carrow).SetVariable("CASE", "1");
 class VELD_QUOR_EXPORT ReadOptions {
@@ -94,7 +96,9 @@ public:
 
 private:
     friend class Deck;
-    std::unique_ptr<ReadSettings> settings_;
+    ReadSettings& GetSettings() const; // throws if it was moved from
+
+    std::unique_ptr<ReadSettings> settings_; // null if it was moved from
 };
 
 } // namespace Veld::Quor::Core::Decks

@@ -15,8 +15,8 @@
 
 namespace Veld::Quor::Core::Decks {
 
-/// A text is no address, or no value of the deck has the address, or several have it. `what()` says in a
-/// sentence what is wrong, and what is there instead.
+/// A text is no address, or no value of the deck has the address, or several have it. `what()` says in one
+/// sentence what is wrong, and what the deck has instead; control characters are shown as '?'.
 class VELD_QUOR_EXPORT AddressError : public Service::Exception {
 public:
     /// Of an address that is well formed.
@@ -44,7 +44,7 @@ private:
 ///     PORO[17]                        so have plain values
 ///     DIMENS.NX                       a keyword of a single record needs no brackets
 ///     PVTO[3].ROWS.2.P                in nested data, elements of lists by number
-///     WELOPEN[P1,OPEN].I@2024-04-01#2 the second one of several that are called the same
+///     WELOPEN[P1,OPEN].I@2024-04-01#2 the second one of several with the same address
 ///
 /// A text between quotes may hold any character, its quote doubled: `WCONPROD['P.1'].ORAT`.
 struct VELD_QUOR_EXPORT ValueAddress {
@@ -56,14 +56,15 @@ struct VELD_QUOR_EXPORT ValueAddress {
     /// The name of the item; in nested data the names from the outside in. An item without a name has its
     /// number in the record, an element of a list by its number there, from 1.
     std::vector<std::string> items = {};
-    /// The report step in SCHEDULE, or the start before the first: as `DateText` writes it.
+    /// The date of a report step in SCHEDULE, or the start before the first: as `DateText` writes it. Empty:
+    /// any.
     std::string date = {};
     /// Which of the values that all the rest matches, in the order of the deck, from 1; 0: all.
     std::size_t number = 0;
 
-    /// Throws `AddressError` with the position.
+    /// Throws `AddressError` with the position. The date must be one of the calendar.
     static ValueAddress Parse(std::string_view text);
-    /// `Parse` returns an equal address for it.
+    /// `Parse` returns an equal address for it, if the date is one that `DateText` writes.
     std::string ToString() const;
 };
 
@@ -88,6 +89,9 @@ struct DeckValue {
     /// length if the value isn't given. None if the deck isn't editable, or errors in the keyword hide it.
     std::optional<TextRange> range;
 };
+
+// All functions below may be called by several threads at once. The first call for a name of keywords makes
+// an index of their records; `std::bad_alloc` if memory runs out.
 
 /// All values that the address matches, in the order of the deck; empty if there are none. A part that the
 /// address leaves out matches all: without an item these are the values of the whole record. Values of maps

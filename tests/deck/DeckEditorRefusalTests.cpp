@@ -1,5 +1,7 @@
 #include "quor/deck/DeckEditor.h"
 
+#include "quor/data/Access.h"
+#include "quor/data/KeywordDataFactory.h"
 #include "tests/deck/EditorChanges.h"
 #include "tests/deck/EditorLanguage.h"
 #include "tests/support/Cases.h"
@@ -10,7 +12,7 @@
 #include <string>
 
 using namespace Veld::Quor::Core::Decks;
-using Veld::Quor::Core::Keywords::SectionType;
+using namespace Veld::Quor::Core::Keywords;
 using namespace Veld::Quor::Tests;
 
 namespace {
@@ -56,11 +58,25 @@ const RefusalRow valueRows[] = {
         "ARRAY: the value: a deck can't hold the number inf"},
     {"BothQuotes", "NAMES\n A /\n", Set("NAMES[1]", "'\""),
         "NAMES: the value: can't write the text ''\"': it contains both kinds of quotes"},
+    {"Variable", "NAMES\n A /\n", Set("NAMES[1]", "A$X"),
+        "NAMES: the value: can't write the text 'A$X': it is read as a variable"},
+    {"Blank", "WELLS\n P1 /\n/\n", Set("WELLS[P1].NOTE", "\t"),
+        "WELLS: item 'NOTE': can't write the text '?': a blank text is read as the default"},
+    {"BlanksAround", "NAMES\n A /\n", Set("NAMES[1]", " P "),
+        "NAMES: the value: can't write the text ' P ': the blanks around it are not read"},
     {"LineOfSeveral", "TITLE\n A\n", Set("TITLE.T", "A\nB"),
-        "TITLE: item 'T': the text 'A\nB' would not be read as the same line"},
+        "TITLE: item 'T': can't write the line 'A?B': it contains a line break"},
+    {"BlankLine", "TITLE\n A\n", Set("TITLE.T", "\v-- B"),
+        "TITLE: item 'T': can't write the line '?-- B': a blank line or a comment is not read"},
+    {"BlanksAroundALine", "TITLE\n A\n", Set("TITLE.T", "A "),
+        "TITLE: item 'T': can't write the line 'A ': the blanks around it are not read"},
+    {"LineWithASlash", "LINES\n A\n/\n", Set("LINES[1]", "/ A"),
+        "LINES: the value: can't write the line '/ A': a slash at its start may end the data"},
+    {"LineThatEndsItsList", "TEXTS\n A\n STOP\n", Set("TEXTS[1]", "STOP -- c"),
+        "TEXTS: the value: can't write the line 'STOP -- c': it ends the list"},
     {"NoDefault", rowsText, Clear("ROWS[1].A"), "ROWS: item 'A' has no default"},
     {"NoDefaultInAList", "WHOLE\n 1 /\n", Clear("WHOLE[1]"), "WHOLE: the value has no default"},
-    {"Variable", "WHOLE\n 1 $X /\n", Set("WHOLE[2]", 1), "WHOLE[2] is given by a variable: $X"},
+    {"GivenByAVariable", "WHOLE\n 1 $X /\n", Set("WHOLE[2]", 1), "WHOLE[2] is given by a variable: $X"},
     {"HiddenByErrors", "NAMES\n A /\nROWS\n 1 2 3 /\n 4\n", Set("ROWS[2].B", 1),
         "errors in ROWS hide where its values are"},
     {"NotGivenAfterAnError", "ROWS\n x /\n 4 /\n/\n", Set("ROWS[2].B", 1),
@@ -69,8 +85,6 @@ const RefusalRow valueRows[] = {
         "MIXED: the value isn't given, and other data are between it and the last value before it"},
     {"NothingGiven", "BOX/\n", Set("BOX.I1", 1), "BOX: the record is empty"},
     {"LineNotGiven", "TITLE\n\nFLAG\n", Set("TITLE.T", "a b"), "TITLE: the line isn't given"},
-    {"LineLikeAKeyword", "TITLE\nA b\n", Set("TITLE.T", "FLAG"),
-        "TITLE: the text could be read as a keyword, since its line begins with it"},
     {"LongRepeat", "FIXED\n 1 /\n 2 3*4 /\n", Set("FIXED[2].B", 1),
         "FIXED: errors in the keyword hide which values its words stand for"},
     {"InARemovedRecord", rowsText, Set("ROWS[2].A", 1), "ROWS: the record was removed earlier",
@@ -95,6 +109,8 @@ const RefusalRow otherRows[] = {
     {"EmptyRecord", rowsText, Add("ROWS", " "), "ROWS: expected a record, not an empty text"},
     {"SlashForARecord", rowsText, Add("ROWS", "/"), "ROWS: a record without values would end the list"},
     {"SeveralRecords", rowsText, Add("ROWS", "5 / -- c\n/\nFLAG"), "ROWS: expected one record, not more"},
+    {"SeveralRecordsOnALine", rowsText, Add("ROWS", "5 / 6 /"), "ROWS: expected one record, not more"},
+    {"OpenQuote", "WELLS\n/\n", Add("WELLS", "'P1 OIL"), "WELLS: unclosed quote in the record"},
     {"RecordOfTwoLines", "REMARKS\n 1 a\n/\n", Add("REMARKS", "2 b\n3 c"),
         "REMARKS: expected a record of one line"},
     {"RecordBeforeOtherText", "PAIRS\n 1 2 3 4 FLAG\n", Add("PAIRS", "5 6"),
@@ -102,6 +118,7 @@ const RefusalRow otherRows[] = {
     {"RepeatOverRecords", "PAIRS\n 1 3*2\n", Remove("PAIRS", 0),
         "PAIRS: the record shares a repeat count with another record"},
     {"RecordAfterErrors", "ROWS\n 1 x /\n/\n", Add("ROWS", "1"), "errors in ROWS hide where its data end"},
+    {"RecordOfAnArray", "WHOLE\n 1 /\n", Remove("WHOLE", 0), "WHOLE is not a list of records or lists"},
     {"NoSuchRecord", rowsText, Remove("ROWS", 2),
         "ROWS: record index 2 is out of range (the keyword has 2 records)"},
     {"RecordWithAChange", rowsText, Remove("ROWS", 0), "ROWS: a value of the record was changed earlier",
@@ -109,9 +126,27 @@ const RefusalRow otherRows[] = {
     {"KeywordWithAChange", rowsText, Remove("ROWS"), "ROWS: its data were changed earlier", Add("ROWS", "5")},
     {"NoKeyword", rowsText, AddAfter("ROWS", "-- c\n 1 2 /"),
         "expected a keyword at the start of the first line of the text to add"},
+    {"UnknownKeyword", rowsText, AddAfter("ROWS", "hello world\n"), "can't add the unknown keyword 'hello'"},
     {"NoSuchSection", rowsText, AddIn(SectionType::GRID, "FLAG"), "the deck has no section GRID"},
     {"StepWithinAKeyword", "START\n 1 JAN 2020 /\nSCHEDULE\nDATES\n 1 FEB 2020 /\n 1 MAR 2020 /\n/\n",
         AddIn(0, "FLAG"), "the DATES of the report step leads to later steps too"}};
+
+TEST(RefusedRecords, HaveValuesThatADeckCannotHold)
+{
+    const Deck deck = ReadEditable("WELLS\n P1 /\n/\n");
+    DeckEditor editor(deck);
+    const auto refused = [&](const char* item, const auto& value) {
+        const auto records = KeywordDataFactory::Instance().Construct(deck.Get("WELLS").GetSyntax());
+        IKeywordRecordData& well = AddRecord(AsList(*records));
+        Veld::Quor::Core::Keywords::Set(well, "WELL", "P2");
+        Veld::Quor::Core::Keywords::Set(well, item, value);
+        return ReasonOf([&] { editor.AddRecords(deck.Get("WELLS"), *records); });
+    };
+    EXPECT_EQ(refused("WELL", " P"), "WELLS: can't write the text ' P': the blanks around it are not read");
+    EXPECT_EQ(
+        refused("RATE", std::numeric_limits<double>::infinity()), "WELLS: a deck can't hold the number inf");
+    EXPECT_TRUE(editor.GetEdits().empty());
+}
 
 TEST(RefusedUses, SayWhatIsWrong)
 {
@@ -122,12 +157,16 @@ TEST(RefusedUses, SayWhatIsWrong)
     EXPECT_EQ(ReasonOf([&] { DeckEditor refused(plain); }),
         "the deck wasn't read to be edited: see ReadOptions::SetEditable");
     EXPECT_EQ(ReasonOf([&] { editor.GetText(1); }), "file index 1 is out of range (the deck has 1 file)");
-    EXPECT_EQ(ReasonOf([&] { editor.RemoveKeyword(other.Get("WHOLE")); }),
-        "the keyword WHOLE belongs to another deck");
+    EXPECT_EQ(
+        ReasonOf([&] { editor.RemoveKeyword(other.Get("WHOLE")); }), "the keyword belongs to another deck");
     EXPECT_EQ(ReasonOf([&] {
         editor.SetValue(DeckValue{deck.Get("ROWS"), {0}, {}, {}, {}}, 1);
     }),
         "ROWS has no value at this path");
+    EXPECT_EQ(ReasonOf([&] { editor.SetValue("ROWS[1].A", static_cast<const char*>(nullptr)); }),
+        "the new value is a null pointer");
+    static_assert(!std::is_constructible_v<NewValue, std::nullptr_t>);
+    static_assert(!std::is_constructible_v<NewValue, char>);
     EXPECT_EQ(ReasonOf([&] { editor.AddRecords(deck.Get("ROWS"), other.Get("WHOLE").GetData()); }),
         "ROWS: the records are those of another keyword");
     EXPECT_EQ(ReasonOf([] {

@@ -3,8 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <thread>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 using namespace Veld::Quor::Core::Decks;
@@ -125,6 +128,10 @@ INSTANTIATE_TEST_SUITE_P(Questions, DeckFailures,
         Failure{"ControlCharacter", [] { GetDeck().Get("A\x1b"); }, "the deck has no keyword 'A?'"},
         Failure{"NoNearName", [] { GetDeck().Get("WCONPROD"); }, "the deck has no keyword 'WCONPROD'"},
         Failure{"NoData", [] { GetDeck().Get("OIL").GetData(); }, "OIL has no data"},
+        Failure{"NoKeyword", [] { GetDeck()[99]; },
+            "keyword index 99 is out of range (the deck has 15 keywords)"},
+        Failure{"KeywordAtTheEnd", [] { *GetDeck().end(); },
+            "keyword index 15 is out of range (the deck has 15 keywords)"},
         Failure{"NoStep", [] { GetDeck().GetAfterStep(3); },
             "report step index 3 is out of range (the deck has 3 steps)"},
         Failure{"NoFile", [] { DeckFormatter(GetDeck()).FormatFile(1); },
@@ -143,6 +150,37 @@ TEST(ADeck, IsInTheUnitsThatItsLastKeywordOfUnitsSelects)
     EXPECT_EQ(systemOf("RUNSPEC\nOIL\nPVT-M\nGAS\n"), "PVT-M");
     EXPECT_EQ(systemOf("RUNSPEC\nFIELD\nLAB\nGRID\n"), "LAB");
     EXPECT_EQ(systemOf("RUNSPEC\nOIL\nGRID\nFIELD\n"), "METRIC"); // reported as misplaced
+}
+
+template <class T>
+using StepsOf = decltype(std::declval<T>().GetSteps());
+template <class T, class = void>
+constexpr bool hasSteps = false;
+template <class T>
+constexpr bool hasSteps<T, std::void_t<StepsOf<T>>> = true;
+
+TEST(ADeck, IsKeptForWhatRefersToIt)
+{
+    static_assert(hasSteps<const Deck&> && !hasSteps<Deck>);
+    const DeckLanguage language;
+    std::string codes;
+    for (const Finding& finding : Deck::ReadText("RUNSPEC\nOLI\n", language).GetFindings())
+        codes += finding.code;
+    EXPECT_EQ(codes, "unknown-keyword");
+    Deck deck = Deck::ReadText(text, language);
+    const DeckKeyword keyword = deck.Get("DIMENS");
+    const Deck other = std::move(deck);
+    EXPECT_EQ(keyword.GetIndex(), other.Get("DIMENS").GetIndex());
+    EXPECT_EQ(keyword.GetText(), other.Get("DIMENS").GetText());
+    ReadOptions options;
+    const ReadOptions moved = std::move(options);
+    const std::function<void()> uses[] = {[&] { deck.GetSize(); }, [&] { deck.GetFindings(); },
+        [&] { Resolve(deck, {"DIMENS"}); }, [&] { DeckFormatter formatter(deck); }, [&] { Summarize(deck); }};
+    for (const auto& use : uses)
+        EXPECT_EQ(ReasonOf(use), "the deck was moved from");
+    EXPECT_EQ(ReasonOf([&] { options.SetStrict(true); }), "the options were moved from");
+    deck = Deck::ReadText(text, language);
+    EXPECT_EQ(deck.GetSize(), other.GetSize());
 }
 
 TEST(ADeck, AnswersForAnAlias)

@@ -29,6 +29,8 @@ const char* const documents = R"(
 <keyword name='EMPTY'><data><list termination='SLASH'><integer/></list></data></keyword>
 <keyword name='NAMES'><data><list termination='SLASH'><string/></list></data></keyword>
 <keyword name='LINES'><data><list termination='SLASH'><line/></list></data></keyword>
+<keyword name='TEXTS'><data><list><line/><customReadTermination>
+  <stringTermination>STOP</stringTermination></customReadTermination></list></data></keyword>
 <keyword name='WELLS'><data><list termination='SLASH'><record termination='SLASH'>
   <item name='WELL' identifier='true'><string/></item>
   <item name='KIND' optional='true'><choice><values><value string='OIL'/><value string='WATER'>
@@ -40,6 +42,7 @@ const char* const documents = R"(
   <item name='RATE' optional='true'><real/></item>
   <item name='COUNT' optional='true'><integer/></item>
   <item name='ON' optional='true'><boolean/></item>
+  <item name='NOTE' optional='true'><string/></item>
 </record></list></data></keyword>
 <keyword name='CELLS'><data><list termination='SLASH'><record termination='SLASH'>
   <item name='WELL' identifier='true'><string><caseSensitive/></string></item>

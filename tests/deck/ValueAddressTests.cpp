@@ -177,7 +177,8 @@ INSTANTIATE_TEST_SUITE_P(Addresses, Places,
         PlaceRow{"NoPatterns", "WELLS['P*'].RATE", "WELLS[P*].RATE@2024-03-01 = 50"},
         PlaceRow{"AWholeRecord", "WELLS[P*]@2024-03-01",
             "WELLS[P*].WELL@2024-03-01 = 'P*'\nWELLS[P*].KIND@2024-03-01 = 1*\n"
-            "WELLS[P*].RATE@2024-03-01 = 50\nWELLS[P*].COUNT@2024-03-01 = 3\nWELLS[P*].ON@2024-03-01 = "},
+            "WELLS[P*].RATE@2024-03-01 = 50\nWELLS[P*].COUNT@2024-03-01 = 3\nWELLS[P*].ON@2024-03-01 = \n"
+            "WELLS[P*].NOTE@2024-03-01 = "},
         PlaceRow{"CaseMatters", "CELLS[a].SKIN", "CELLS[a,1,'0.5'].SKIN@2024-04-01 = 2.5"},
         PlaceRow{"NumbersAsNumbers", "CELLS[A,01,'5e-1'].SKIN", "CELLS[A,1,'0.5'].SKIN@2024-04-01 = 3.5"},
         PlaceRow{"IdentifierNotGiven", "CELLS[A,2,1*].SKIN", "CELLS[A,2,1*].SKIN@2024-04-01 = 4.5"},
@@ -246,7 +247,7 @@ INSTANTIATE_TEST_SUITE_P(Addresses, Advice,
         AdviceRow{"AddADate", "WELLS[P1].RATE",
             "WELLS[P1].RATE matches 4 values; add a date: 2024-03-01, 2024-04-01, 2024-04-01 12:30:00"},
         AdviceRow{"AddAnItem", "WELLS[P1]@2024-03-01",
-            "WELLS[P1]@2024-03-01 matches 5 values; add an item: WELL, KIND, RATE, COUNT, ON"},
+            "WELLS[P1]@2024-03-01 matches 6 values; add an item: WELL, KIND, RATE, COUNT, ON, NOTE"},
         AdviceRow{"AddTheRecord", "WELLS.RATE@2024-03-01",
             "WELLS.RATE@2024-03-01 matches 2 values; add the record: [P1], [P*]"},
         AdviceRow{"AddANumber", "WELLS[P1].RATE@2024-04-01",
@@ -287,10 +288,10 @@ TEST(Addresses, AreMadeOfRecordsAndItems)
     const auto refused = [&](const char* keyword, std::size_t record, ItemKey item) {
         return ReasonOf([&] { AddressOf(deck, deck.Get(keyword), record, item); });
     };
-    EXPECT_EQ(refused("WELLS", 1, "RATE"), "WELLS: record 1 has no value 'RATE'");
-    EXPECT_EQ(refused("BOX", 0, "RATE"), "BOX: record 0 has no value 'RATE'");
-    EXPECT_EQ(refused("BOX", 0, 6), "BOX: record 0 has no value '6'");
-    EXPECT_EQ(refused("NESTED", 0, "ROWS"), "NESTED: record 0 has no value 'ROWS'");
+    EXPECT_EQ(refused("WELLS", 1, "RATE"), "WELLS: record index 1 has no value 'RATE'");
+    EXPECT_EQ(refused("BOX", 0, "RATE"), "BOX: record index 0 has no value 'RATE'");
+    EXPECT_EQ(refused("BOX", 0, 6), "BOX: record index 0 has no value '6'");
+    EXPECT_EQ(refused("NESTED", 0, "ROWS"), "NESTED: record index 0 has no value 'ROWS'");
     EXPECT_EQ(
         ReasonOf([&] { ResolvePath(deck, deck.Get("WHOLE"), {4}); }), "WHOLE has no value at the path 4");
     EXPECT_EQ(ReasonOf([&] {

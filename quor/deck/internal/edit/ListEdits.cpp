@@ -4,16 +4,19 @@
 #include "quor/deck/DeckEditor.h"
 #include "quor/deck/internal/edit/DataPath.h"
 #include "quor/deck/internal/edit/KeywordText.h"
+#include "quor/deck/internal/edit/WritableValues.h"
 #include "quor/deck/internal/read/DataPlan.h"
 #include "quor/deck/internal/text/LineEnds.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/TextLines.h"
+#include "quor/deck/internal/text/WordText.h"
 #include "quor/deck/internal/write/DataWriter.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <cassert>
+#include <stdexcept>
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
@@ -104,6 +107,7 @@ private:
     }
     std::size_t FindEnd() const;
     std::string Indentation() const;
+    void CheckOneRecord(std::string_view text, std::size_t end) const;
     TextEdit AddLines(const std::string& lines) const;
     bool SharesRepeat(std::size_t index) const;
     [[noreturn]] void Fail(const char* why) const;
@@ -155,18 +159,43 @@ TextEdit RecordList::Add(std::string_view record) const
         Fail("expected a record, not an empty text");
     if (HasEnd() && lines[0] == '/')
         Fail("a record without values would end the list");
-    if (IsFlat() && EndOfRecord(lines) < end)
-        Fail("expected one record, not more");
+    CheckOneRecord(lines, end);
     if (Element().termination == Termination::SLASH && lines[end - 1] != '/')
         lines.insert(end, " /");
     std::string indentation = Indentation();
     if (indentation.empty() && IsKeywordName(deck_, FindLeadingWord(lines)))
         indentation = "  ";
+    for (std::size_t line = EndOfLine(lines, 0); line < lines.size(); line = EndOfLine(lines, line)) {
+        if (IsKeywordName(deck_, FindLeadingWord(std::string_view(lines).substr(line))))
+            lines.insert(line, "  ");
+    }
     return AddLines(indentation + lines);
+}
+
+/// `end`: of the words of the text.
+void RecordList::CheckOneRecord(std::string_view text, std::size_t end) const
+{
+    if (!IsFlat())
+        return;
+    const std::size_t slash = EndOfRecord(text);
+    const std::string_view rest = TrimBlanks(RestOfLine(text, slash));
+    if (slash < end || (rest.ends_with('/') && !IsComment(rest)))
+        Fail("expected one record, not more");
+    for (std::size_t i = SkipComments(text, 0); i < slash && text[i] != '/';) {
+        const DataWord word = FindDataWord(text.substr(i));
+        if (word.quotes == DataWord::Quotes::Unclosed || word.quotes == DataWord::Quotes::Unopened)
+            Fail("unclosed quote in the record");
+        i = SkipComments(text, i + word.length);
+    }
 }
 
 TextEdit RecordList::AddAll(const IKeywordData& records) const
 {
+    try {
+        CheckValues(plan_, records);
+    } catch (const std::invalid_argument& error) {
+        Fail(error.what());
+    }
     std::string lines = Written(deck_, keyword_, records, nullptr, plan_);
     lines.erase(0, lines.find('\n') + 1);
     if (HasEnd()) {
@@ -194,6 +223,9 @@ TextEdit RecordList::AddLines(const std::string& lines) const
 
 TextEdit RecordList::Remove(std::size_t index) const
 {
+    if (index >= keyword_.records.size())
+        throw std::out_of_range(fmt::format("{}: record index {} is out of range (the keyword has {})",
+            deck_.NameOf(keyword_), index, Counted(keyword_.records.size(), "record")));
     if (SharesRepeat(index))
         Fail("the record shares a repeat count with another record");
     const std::vector<RecordStart>& starts = keyword_.records;
@@ -270,8 +302,11 @@ TextEdit AddKeywordTo(const DeckContents& deck, std::size_t after, bool leavesBl
     std::size_t line = first;
     while (line < text.size() && IsEmpty(RestOfLine(text, line)))
         line = EndOfLine(text, line);
-    if (FindLeadingWord(text.substr(line)).empty())
+    const std::string_view name = FindLeadingWord(text.substr(line));
+    if (name.empty())
         throw EditError("expected a keyword at the start of the first line of the text to add");
+    if (!IsKeywordName(deck, name))
+        throw EditError(fmt::format("can't add the unknown keyword '{}'", Shorten(name)));
     const std::string_view file = deck.files.GetText(keyword.whole.file);
     std::size_t offset = EndOfLine(file, EndOfKeyword(deck, keyword) - 1);
     if (leavesBlocks)

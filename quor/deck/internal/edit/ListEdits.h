@@ -21,7 +21,7 @@ TextEdit AddRecordTo(const DeckContents& deck, const KeywordInstance& keyword, s
 /// The same for all elements of another list of the keyword, which isn't empty.
 TextEdit AddRecordsTo(
     const DeckContents& deck, const KeywordInstance& keyword, const Core::Keywords::IKeywordData& records);
-/// `index`: of a record that is there.
+/// Throws `std::out_of_range` for the index of no record.
 TextEdit RemoveRecordFrom(const DeckContents& deck, const KeywordInstance& keyword, std::size_t index);
 
 /// `leavesBlocks`: a block that is skipped for some simulator, and ends before the next keyword, ends before

@@ -1,6 +1,7 @@
 #include "quor/deck/internal/edit/NewWords.h"
 
 #include "quor/data/IKeywordData.h"
+#include "quor/deck/internal/edit/WritableValues.h"
 #include "quor/deck/internal/read/DataPlan.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/write/ValueText.h"
@@ -10,8 +11,8 @@
 
 #include <fmt/format.h>
 
-#include <cmath>
-#include <limits>
+#include <algorithm>
+#include <stdexcept>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -21,31 +22,40 @@ namespace {
 
 using MDType = IKeywordDataMD::MDType;
 
+/// The word that is alone on the line; else the line.
+std::string LoneWordOf(const std::string& line)
+{
+    const std::size_t end = std::min(line.find_first_of(" \t"), line.size());
+    return IsEmpty(line.substr(end)) ? line.substr(0, end) : line;
+}
+
 class WordMaker {
 public:
-    WordMaker(const KeywordInstance& keyword, const ValuePath& path)
+    WordMaker(const KeywordInstance& keyword, const ValuePath& path, const Target& target)
         : keyword_(keyword)
         , path_(path)
+        , target_(target)
         , scalar_(*FindScalar(*keyword.data, path))
     {
     }
 
     std::optional<NewWord> Make(const NewValue& value) const;
-    std::optional<NewWord> MakeDefault(const Target& target) const;
+    std::optional<NewWord> MakeDefault() const;
 
 private:
     ScalarValue ToScalar(bool value) const { return Checked(MDType::Boolean, value); }
-    ScalarValue ToScalar(int value) const;
-    ScalarValue ToScalar(double value) const;
+    ScalarValue ToScalar(int value) const { return Checked(MDType::Integer, value); }
+    ScalarValue ToScalar(double value) const { return Checked(MDType::Real, value); }
     ScalarValue ToScalar(const std::string& value) const;
     ScalarValue Checked(MDType::Enum type, ScalarValue value) const;
     int FindChoice(const std::string& word) const;
-    void CheckLine(const std::string& line) const;
+    bool MayBeMissing() const;
     bool EndsAList(const std::string& word) const;
     std::string Named() const;
 
     const KeywordInstance& keyword_;
     const ValuePath& path_;
+    Target target_;
     ScalarSlot scalar_;
 };
 
@@ -55,45 +65,39 @@ std::optional<NewWord> WordMaker::Make(const NewValue& value) const
     if (scalar == scalar_.GetValue())
         return std::nullopt;
     try {
-        std::string word = WordOf(*scalar_.md, scalar);
+        const bool isLine = scalar_.md->GetType() == MDType::Line;
+        std::string word = MakeWord(*scalar_.md, scalar, MayBeMissing());
+        if (isLine && EndsAList(LoneWordOf(word)))
+            throw std::invalid_argument(
+                fmt::format("can't write the line '{}': it ends the list", Shorten(word)));
         if (EndsAList(word))
             word = Quote(word, true);
-        return NewWord{std::move(word), scalar_.md->GetType() == MDType::Line};
+        return NewWord{std::move(word), isLine};
     } catch (const std::invalid_argument& error) {
         throw EditError(fmt::format("{}: {}", Named(), error.what()));
     }
 }
 
-std::optional<NewWord> WordMaker::MakeDefault(const Target& target) const
+std::optional<NewWord> WordMaker::MakeDefault() const
 {
     if (!IsGiven(scalar_.GetValue()))
         return std::nullopt;
-    DataPlans plans(target);
+    if (scalar_.md->GetType() == MDType::Line || !MayBeMissing())
+        throw EditError(fmt::format("{} has no default", Named()));
+    return NewWord{};
+}
+
+/// Whether a deck may leave the value to its default.
+bool WordMaker::MayBeMissing() const
+{
+    DataPlans plans(target_);
     const DataPlan* plan = &plans.Get(*keyword_.data->GetMD());
     const DataPlan* around = nullptr;
     for (const std::size_t index : path_) {
         around = plan;
         plan = &plan->items[plan->type == MDType::List ? 0 : index];
     }
-    const bool mayBeMissing = plan->type != MDType::Line
-        && (around->type == MDType::List ? ListMD(*around).IsItemDefaultable() : plan->MayBeMissing());
-    if (!mayBeMissing)
-        throw EditError(fmt::format("{} has no default", Named()));
-    return NewWord{};
-}
-
-ScalarValue WordMaker::ToScalar(int value) const
-{
-    if (!CanBeWritten(value))
-        throw EditError(fmt::format("{}: a deck can't hold the number {}", Named(), value));
-    return Checked(MDType::Integer, value);
-}
-
-ScalarValue WordMaker::ToScalar(double value) const
-{
-    if (!CanBeWritten(value))
-        throw EditError(fmt::format("{}: a deck can't hold the number {}", Named(), value));
-    return Checked(MDType::Real, value);
+    return around->type == MDType::List ? ListMD(*around).IsItemDefaultable() : plan->MayBeMissing();
 }
 
 ScalarValue WordMaker::ToScalar(const std::string& value) const
@@ -101,10 +105,7 @@ ScalarValue WordMaker::ToScalar(const std::string& value) const
     const MDType::Enum type = scalar_.md->GetType();
     if (type == MDType::Choice)
         return FindChoice(value);
-    if (type != MDType::Line)
-        return Checked(MDType::String, value);
-    CheckLine(value);
-    return value;
+    return type == MDType::Line ? ScalarValue(value) : Checked(MDType::String, value);
 }
 
 ScalarValue WordMaker::Checked(MDType::Enum type, ScalarValue value) const
@@ -125,18 +126,6 @@ int WordMaker::FindChoice(const std::string& word) const
         words.append(words.empty() ? "" : ", ").append(choice.GetChoice(i));
     }
     throw DataAccessError(fmt::format("{} has no choice '{}'; expected one of {}", Named(), word, words));
-}
-
-/// A line is read without the blanks around it, and ends where another text would begin.
-void WordMaker::CheckLine(const std::string& line) const
-{
-    const bool isBlank = line.find_first_not_of(" \t") == std::string::npos;
-    const bool hasBlanks =
-        !isBlank && (line.find_first_of(" \t") == 0 || line.find_last_of(" \t") + 1 == line.size());
-    const bool isLine = !isBlank && !hasBlanks && !IsComment(line) && line[0] != '/'
-        && line.find_first_of("\r\n") == std::string::npos && !EndsAList(line);
-    if (!isLine)
-        throw EditError(fmt::format("{}: the text '{}' would not be read as the same line", Named(), line));
 }
 
 /// Whether the word would end a list that the value is in.
@@ -166,26 +155,16 @@ std::string WordMaker::Named() const
 
 } // namespace
 
-bool CanBeWritten(int value)
-{
-    return Service::Optional<int>(value).HasValue();
-}
-
-bool CanBeWritten(double value)
-{
-    return std::isfinite(value) && Service::Optional<double>(value).HasValue();
-}
-
 std::optional<NewWord> MakeNewWord(
-    const KeywordInstance& keyword, const ValuePath& path, const NewValue& value)
+    const KeywordInstance& keyword, const ValuePath& path, const NewValue& value, const Target& target)
 {
-    return WordMaker(keyword, path).Make(value);
+    return WordMaker(keyword, path, target).Make(value);
 }
 
 std::optional<NewWord> MakeDefaultWord(
     const KeywordInstance& keyword, const ValuePath& path, const Target& target)
 {
-    return WordMaker(keyword, path).MakeDefault(target);
+    return WordMaker(keyword, path, target).MakeDefault();
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -9,15 +9,10 @@
 
 namespace Veld::Quor::Core::Decks {
 
-/// Whether a deck can hold the number: not infinity and the like, nor one of the two that stand for "not
-/// given".
-bool CanBeWritten(int value);
-bool CanBeWritten(double value);
-
 /// The value as the deck would hold it at the place; empty if it is there already. Throws `DataAccessError`
-/// if the item is of another type, `EditError` if no deck can hold the value.
+/// if the item is of another type, `EditError` if no deck can hold the value, or it would be read as another.
 std::optional<NewWord> MakeNewWord(
-    const KeywordInstance& keyword, const ValuePath& path, const NewValue& value);
+    const KeywordInstance& keyword, const ValuePath& path, const NewValue& value, const Target& target);
 
 /// The same for the default.
 std::optional<NewWord> MakeDefaultWord(

@@ -73,6 +73,7 @@ private:
     void FillIn(std::size_t begin, std::size_t end);
     std::string Row(std::size_t begin, std::size_t end, std::string_view old) const;
     void Add(const TextRange& range, const std::string& text);
+    bool IsFirstAfterName(const TextRange& range) const;
     [[noreturn]] void Fail(const char* why) const;
 
     const DeckContents& deck_;
@@ -105,10 +106,11 @@ void Editor::ReplaceLine(const TextRange& range, const std::string& line)
 {
     if (range.length == 0)
         Fail("the line isn't given");
-    if (IsAtLineStart(deck_, range) && FindLoneWord(line))
-        Fail("the text could be read as a keyword, since its line begins with it");
-    if (deck_.files.GetText(range) != line)
-        edits_.push_back({range, line});
+    if (deck_.files.GetText(range) == line)
+        return;
+    const bool mayBeKeyword = FindLoneWord(line) || IsKeywordName(deck_, FindLeadingWord(line));
+    const bool isIndented = mayBeKeyword && IsAtLineStart(deck_, range);
+    edits_.push_back({range, isIndented ? ' ' + line : line});
 }
 
 void Editor::ReplaceWord(std::size_t begin, std::size_t end)
@@ -159,19 +161,32 @@ std::string Editor::Row(std::size_t begin, std::size_t end, std::string_view old
     return row.Take();
 }
 
-/// In quotes where it would be read as a keyword, apart from the word after it.
+/// In quotes where it would be read as a keyword, or after the keyword as a remark; apart from the word after
+/// it.
 void Editor::Add(const TextRange& range, const std::string& text)
 {
     const std::string_view old = deck_.files.GetText(range);
     std::string changed = text;
     const std::string_view first = FindLeadingWord(text);
-    if (IsAtLineStart(deck_, range) && first != FindLeadingWord(old) && IsKeywordName(deck_, first))
+    const bool mayBeOther =
+        IsFirstAfterName(range) || (IsAtLineStart(deck_, range) && IsKeywordName(deck_, first));
+    if (mayBeOther && !first.empty() && first != FindLeadingWord(old))
         changed = Quote(std::string(first), true) + text.substr(first.size());
     const std::string_view rest = deck_.files.GetText(range.file).substr(range.offset + range.length);
     if (!rest.empty() && !IsSeparator(rest[0]) && !IsCommentAt(rest, 0)
         && (rest[0] != '/' || range.length == 0))
         changed += ' ';
     edits_.push_back({range, std::move(changed)});
+}
+
+/// On the line of the keyword.
+bool Editor::IsFirstAfterName(const TextRange& range) const
+{
+    const std::size_t end = keyword_.name.offset + keyword_.name.length;
+    if (range.file != keyword_.name.file || range.offset < end)
+        return false;
+    const std::string_view between = deck_.files.GetText({range.file, end, range.offset - end});
+    return TrimBlanks(between).empty();
 }
 
 void Editor::Fail(const char* why) const

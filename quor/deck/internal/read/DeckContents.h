@@ -75,7 +75,7 @@ struct DeckContents {
     Core::Service::Time start; ///< undefined if the deck gives none
     std::vector<ReportStep> steps; ///< in the order of reading
     std::vector<DeckScope> scopes; ///< in the order of their openers
-    Findings findings; ///< in the order of reading
+    Findings findings; ///< in the order in which they were found
     std::size_t sections = 0; ///< different ones
     std::size_t distinctFiles = 0; ///< the deck itself included
     mutable KeywordNames names; ///< of the keywords, made when first asked for
