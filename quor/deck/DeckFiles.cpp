@@ -92,11 +92,16 @@ std::string_view DeckFiles::GetText(std::uint32_t file) const
 
 std::string_view DeckFiles::GetText(const TextRange& range) const
 {
-    return GetText(range.file).substr(range.offset, range.length);
+    const std::string_view text = GetText(range.file);
+    if (range.offset > text.size())
+        throw std::out_of_range(fmt::format(
+            "byte {} is out of range (the file has {})", range.offset, Counted(text.size(), "byte")));
+    return text.substr(range.offset, range.length);
 }
 
 Location DeckFiles::LocationOf(const TextRange& range) const
 {
+    GetText(range); // throws if there is none
     const std::string_view text = GetText(range.file);
     return {Get(range.file).name, GetEntry(range.file).LineNumberOf(text, range.offset),
         range.offset - StartOfLine(text, range.offset) + 1};
@@ -113,6 +118,7 @@ std::vector<Location> DeckFiles::InclusionsOf(std::uint32_t file) const
 
 std::pair<std::string_view, std::size_t> DeckFiles::LineOf(const TextRange& range) const
 {
+    GetText(range); // throws if there is none
     const std::string_view text = GetText(range.file);
     const std::size_t start = StartOfLine(text, range.offset);
     std::string_view line = text.substr(start, text.find('\n', range.offset) - start);

@@ -37,8 +37,8 @@ public:
 
     /// How many files there are, those that are included twice counted twice.
     std::size_t GetSize() const;
-    /// Throws `std::out_of_range` for an index that no file has, as all functions below. Valid as long as
-    /// this object.
+    /// Throws `std::out_of_range` for an index that no file has, as all functions below; they also for a
+    /// range that begins after the end of its file. Valid as long as this object.
     const DeckFile& Get(std::uint32_t file) const;
     /// The text of a file, without a byte order mark; valid as long as this object.
     std::string_view GetText(std::uint32_t file) const;

@@ -151,7 +151,7 @@ DeckValue ResolvePath(const Deck& deck, const DeckKeyword& keyword, const ValueP
     CheckIsOf(deck, keyword);
     if (!keyword.FindData() || !FindScalar(*keyword.FindData(), path))
         throw AddressError(
-            fmt::format("{} has no value at the path {}", keyword.GetName(), fmt::join(path, ", ")));
+            fmt::format("{} has no value at the path {{{}}}", keyword.GetName(), fmt::join(path, ", ")));
     const ValueMatch match{static_cast<std::uint32_t>(keyword.GetIndex()), path};
     return ValueMaker(deck).Make(match, FullAddress(ContentsOf(deck), match));
 }

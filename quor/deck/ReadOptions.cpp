@@ -1,6 +1,7 @@
 #include "quor/deck/ReadOptions.h"
 
 #include "quor/deck/internal/read/ReadSettings.h"
+#include "quor/deck/internal/text/LineText.h"
 #include "quor/variables/VariablesString.h"
 
 #include <fmt/format.h>
@@ -60,7 +61,7 @@ ReadOptions& ReadOptions::SetVariable(const std::string& name, const std::string
 {
     const std::string key = name.rfind('$', 0) == 0 ? name : '$' + name;
     if (Keywords::VariablesString(key).GetVariables() != std::vector<std::string>{key})
-        throw std::invalid_argument(fmt::format("invalid variable name '{}'", name));
+        throw std::invalid_argument(fmt::format("invalid variable name '{}'", Printable(name)));
     GetSettings().variables.insert_or_assign(key, value);
     return *this;
 }

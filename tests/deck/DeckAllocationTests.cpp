@@ -377,6 +377,6 @@ TEST(FirstAllocation, OfADeckFailsAsAWhole)
         return "found";
     };
     FailFirstOf<NewDeck>(misspelt, [&](const NewDeck& object) {
-        EXPECT_EQ(misspelt(object), "the deck has no keyword 'FLAC'; similar names: FLAG");
+        EXPECT_EQ(misspelt(object), "the deck has no keyword 'FLAC'; did you mean FLAG?");
     });
 }

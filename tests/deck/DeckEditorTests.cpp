@@ -166,12 +166,6 @@ INSTANTIATE_TEST_SUITE_P(Keywords, Edits,
             Both(Remove("BOX"), AddAfter("BOX", "WHOLE\n 1 /\n")), "FLAG\nWHOLE\n 1 /\nFLAG\n"}),
     CaseName<EditRow>);
 
-TEST(DeckEditors, NeedARangeForEachValue)
-{
-    const Deck deck = Deck::ReadText("RUNSPEC\n", GetEditorLanguage());
-    EXPECT_THROW(DeckEditor editor(deck), std::invalid_argument);
-}
-
 TEST(DeckEditors, RefuseKeywordsAndPlacesOfAnotherDeck)
 {
     const Deck deck = ReadEditable("FLAG\n");

@@ -136,8 +136,12 @@ INSTANTIATE_TEST_SUITE_P(Questions, DeckFailures,
             "report step index 3 is out of range (the deck has 3 steps)"},
         Failure{"NoFile", [] { DeckFormatter(GetDeck()).FormatFile(1); },
             "file index 1 is out of range (the deck has 1 file)"},
-        Failure{
-            "VariableName", [] { ReadOptions().SetVariable("A B", "1"); }, "invalid variable name 'A B'"}),
+        Failure{"NoRange",
+            [] {
+                GetDeck().GetFiles().LocationOf({0, 1000, 1});
+            },
+            "byte 1000 is out of range (the file has 230 bytes)"},
+        Failure{"VariableName", [] { ReadOptions().SetVariable("A\n", "1"); }, "invalid variable name 'A?'"}),
     CaseName<Failure>);
 
 TEST(ADeck, IsInTheUnitsThatItsLastKeywordOfUnitsSelects)

@@ -242,6 +242,7 @@ INSTANTIATE_TEST_SUITE_P(Addresses, Advice,
         AdviceRow{"Item", "WELLS[P1].RAET@2024-03-01", "WELLS has no item 'RAET'; did you mean RATE?"},
         AdviceRow{"ItemUnlikeAny", "BOX.NOTHING",
             "BOX has no item 'NOTHING'; expected one of I1, I2, J1, J2, K1, K2"},
+        AdviceRow{"ItemUnlikeTheOnlyOne", "TITLE.NOTHING", "TITLE has no item 'NOTHING'; expected T"},
         AdviceRow{"NestedItem", "NESTED[1].rows.3",
             "NESTED has no value 'rows.3'; 'rows' has ROWS.1.P.Q, ROWS.1.2, ROWS.2.P.Q, ROWS.2.2"},
         AdviceRow{"AddADate", "WELLS[P1].RATE",
@@ -293,11 +294,11 @@ TEST(Addresses, AreMadeOfRecordsAndItems)
     EXPECT_EQ(refused("BOX", 0, 6), "BOX: record index 0 has no value '6'");
     EXPECT_EQ(refused("NESTED", 0, "ROWS"), "NESTED: record index 0 has no value 'ROWS'");
     EXPECT_EQ(
-        ReasonOf([&] { ResolvePath(deck, deck.Get("WHOLE"), {4}); }), "WHOLE has no value at the path 4");
+        ReasonOf([&] { ResolvePath(deck, deck.Get("WHOLE"), {4}); }), "WHOLE has no value at the path {4}");
     EXPECT_EQ(ReasonOf([&] {
         ResolvePath(deck, deck.Get("WELLS"), {0, 9});
     }),
-        "WELLS has no value at the path 0, 9");
+        "WELLS has no value at the path {0, 9}");
 }
 
 TEST(Addresses, HaveNoRangesUnlessTheDeckIsEditable)

@@ -35,7 +35,10 @@ std::string Listed(const Texts& texts)
 std::string Alternatives(const Texts& known, const std::string& text)
 {
     const std::string suggestion = SuggestionOf(FindNearest(known, text));
-    return suggestion.empty() ? fmt::format("expected one of {}", Listed(known)) : suggestion;
+    if (!suggestion.empty())
+        return suggestion;
+    return known.size() == 1 ? fmt::format("expected {}", known.front())
+                             : fmt::format("expected one of {}", Listed(known));
 }
 
 /// Different texts in the order of the matches; no empty ones.
