@@ -41,16 +41,16 @@ public:
     std::string GetName() const;
     /// Whether `name` is its name, without regard to case.
     bool IsNamed(std::string_view name) const;
-    /// The table's.
+    /// Its entry in the table of keywords; valid as long as the table.
     const Keywords::IKeywordSyntax& GetSyntax() const;
     /// The section that it is in; `SectionType::None` before the first.
     Keywords::SectionType::Enum GetSection() const;
     /// Counted from 0, in the order of reading.
     std::size_t GetIndex() const { return index_; }
 
-    /// Null if the keyword carries nothing. The deck's; read it with `quor/data/Access.h`.
+    /// Null if the keyword has no data. Valid as long as the deck; read it with `quor/data/Access.h`.
     const Keywords::IKeywordData* FindData() const;
-    /// Throws `KeywordNotFound` if the keyword carries nothing.
+    /// The same. Throws `KeywordNotFound` if the keyword has no data.
     const Keywords::IKeywordData& GetData() const;
     /// Whether its data are what its text says: no errors were found in it but those of variables.
     bool IsSound() const;

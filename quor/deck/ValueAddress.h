@@ -85,7 +85,7 @@ struct DeckValue {
     ValueAddress address; ///< the full one, which no other value of the deck has
     std::string text; ///< the value as a word of a deck without quotes; empty if it isn't given, and
                       ///< if a variable gives it
-    /// The word that says the value, which may be a repeat (`10*0.2`) of others too; of no
+    /// The word of the value in the text, which may be a repeat (`10*0.2`) of others too; of no
     /// length if the value isn't given. None if the deck isn't editable, or errors in the keyword hide it.
     std::optional<TextRange> range;
 };
@@ -115,7 +115,7 @@ DeckValue ResolvePath(const Deck&& deck, const DeckKeyword& keyword, const Value
 /// @}
 /// The full address of an item of a record. `record` is the index from 0 in the keyword's list, 0 for a
 /// keyword of a single record. Throws `AddressError` if there is no such record or item, or it is a
-/// container.
+/// container, `KeywordNotFound` if the keyword has no data.
 VELD_QUOR_EXPORT ValueAddress AddressOf(
     const Deck& deck, const DeckKeyword& keyword, std::size_t record, Keywords::ItemKey item);
 

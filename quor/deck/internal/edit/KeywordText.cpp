@@ -1,11 +1,14 @@
 #include "quor/deck/internal/edit/KeywordText.h"
 
+#include "quor/deck/internal/text/LineEnds.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/TextLines.h"
 #include "quor/deck/internal/text/Vocabulary.h"
+#include "quor/deck/internal/text/WordText.h"
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -19,6 +22,43 @@ bool IsAtLineStart(const DeckContents& deck, const TextRange& range)
 bool IsKeywordName(const DeckContents& deck, std::string_view word)
 {
     return !word.empty() && word.size() <= longestName && !deck.language.LookupAll(ToUpper(word)).empty();
+}
+
+std::string IndentNames(const DeckContents& deck, std::string lines)
+{
+    for (std::size_t line = EndOfLine(lines, 0); line < lines.size(); line = EndOfLine(lines, line)) {
+        if (IsKeywordName(deck, FindLeadingWord(std::string_view(lines).substr(line))))
+            lines.insert(line, "  ");
+    }
+    return lines;
+}
+
+bool HasOpenQuote(std::string_view record)
+{
+    for (std::size_t i = SkipComments(record, 0); i < record.size() && record[i] != '/';) {
+        const DataWord word = FindDataWord(record.substr(i));
+        if (word.quotes == DataWord::Quotes::Unclosed || word.quotes == DataWord::Quotes::Unopened)
+            return true;
+        i = SkipComments(record, i + word.length);
+    }
+    return false;
+}
+
+TextEdit MakeEdit(const DeckContents& deck, const TextRange& range, const std::string& text)
+{
+    const std::string_view file = deck.files.GetText(range.file);
+    const std::size_t inLine = range.length > 0 || range.offset == 0 ? range.offset : range.offset - 1;
+    return {range, WithLineEndsOf(file.substr(StartOfLine(file, inLine)), WithPlainLineEnds(text))};
+}
+
+TextEdit InsertLines(const DeckContents& deck, std::uint32_t file, std::size_t offset, std::string lines)
+{
+    const std::string_view text = deck.files.GetText(file);
+    if (!lines.ends_with('\n'))
+        lines += '\n';
+    if (offset > 0 && text[offset - 1] != '\n')
+        lines.insert(0, 1, '\n');
+    return MakeEdit(deck, {file, offset, 0}, lines);
 }
 
 TextRange RangeToRemove(const DeckContents& deck, const TextRange& range)

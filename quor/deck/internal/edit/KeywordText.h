@@ -3,6 +3,8 @@
 #include "quor/deck/internal/read/DeckContents.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace Veld::Quor::Core::Decks {
@@ -11,6 +13,16 @@ namespace Veld::Quor::Core::Decks {
 bool IsAtLineStart(const DeckContents& deck, const TextRange& range);
 /// Whether a word at the start of a line may be read as a keyword.
 bool IsKeywordName(const DeckContents& deck, std::string_view word);
+
+/// The lines, those after the first one indented that would begin with the name of a keyword.
+std::string IndentNames(const DeckContents& deck, std::string lines);
+/// Whether a quote is missing before or after a word of a record, which may have more text after its slash.
+bool HasOpenQuote(std::string_view record);
+
+/// The range gets the text. Its lines end as the one at which it is.
+TextEdit MakeEdit(const DeckContents& deck, const TextRange& range, const std::string& text);
+/// Inserts whole lines at the start of a line, or at the end of the file.
+TextEdit InsertLines(const DeckContents& deck, std::uint32_t file, std::size_t offset, std::string lines);
 
 /// What goes with the bytes of the range if they are removed: the whole lines if nothing else is on
 /// them but comments, else the blanks after them.

@@ -6,10 +6,8 @@
 #include "quor/deck/internal/edit/KeywordText.h"
 #include "quor/deck/internal/edit/WritableValues.h"
 #include "quor/deck/internal/read/DataPlan.h"
-#include "quor/deck/internal/text/LineEnds.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/TextLines.h"
-#include "quor/deck/internal/text/WordText.h"
 #include "quor/deck/internal/write/DataWriter.h"
 
 #include <fmt/format.h>
@@ -56,25 +54,6 @@ std::string Written(const DeckContents& deck, const KeywordInstance& keyword, co
     } catch (const std::invalid_argument& error) {
         throw EditError(fmt::format("{}: {}", deck.NameOf(keyword), error.what()));
     }
-}
-
-/// Its lines end as the one at which it is.
-TextEdit MakeEdit(const DeckContents& deck, const TextRange& range, const std::string& text)
-{
-    const std::string_view file = deck.files.GetText(range.file);
-    const std::size_t inLine = range.length > 0 || range.offset == 0 ? range.offset : range.offset - 1;
-    return {range, WithLineEndsOf(file.substr(StartOfLine(file, inLine)), WithPlainLineEnds(text))};
-}
-
-/// Whole lines at the start of a line, or at the end of the file.
-TextEdit InsertLines(const DeckContents& deck, std::uint32_t file, std::size_t offset, std::string lines)
-{
-    const std::string_view text = deck.files.GetText(file);
-    if (!lines.ends_with('\n'))
-        lines += '\n';
-    if (offset > 0 && text[offset - 1] != '\n')
-        lines.insert(0, 1, '\n');
-    return MakeEdit(deck, {file, offset, 0}, lines);
 }
 
 /// The outermost list of a keyword, whose elements are records or lists.
@@ -165,11 +144,7 @@ TextEdit RecordList::Add(std::string_view record) const
     std::string indentation = Indentation();
     if (indentation.empty() && IsKeywordName(deck_, FindLeadingWord(lines)))
         indentation = "  ";
-    for (std::size_t line = EndOfLine(lines, 0); line < lines.size(); line = EndOfLine(lines, line)) {
-        if (IsKeywordName(deck_, FindLeadingWord(std::string_view(lines).substr(line))))
-            lines.insert(line, "  ");
-    }
-    return AddLines(indentation + lines);
+    return AddLines(indentation + IndentNames(deck_, std::move(lines)));
 }
 
 /// `end`: of the words of the text.
@@ -181,12 +156,8 @@ void RecordList::CheckOneRecord(std::string_view text, std::size_t end) const
     const std::string_view rest = TrimBlanks(RestOfLine(text, slash));
     if (slash < end || (rest.ends_with('/') && !IsComment(rest)))
         Fail("expected one record, not more");
-    for (std::size_t i = SkipComments(text, 0); i < slash && text[i] != '/';) {
-        const DataWord word = FindDataWord(text.substr(i));
-        if (word.quotes == DataWord::Quotes::Unclosed || word.quotes == DataWord::Quotes::Unopened)
-            Fail("unclosed quote in the record");
-        i = SkipComments(text, i + word.length);
-    }
+    if (HasOpenQuote(text))
+        Fail("unclosed quote in the record");
 }
 
 TextEdit RecordList::AddAll(const IKeywordData& records) const
