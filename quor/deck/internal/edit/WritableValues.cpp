@@ -39,7 +39,7 @@ void CheckLine(const std::string& line)
             fmt::format("can't write the line '{}': a slash at its start may end the data", shown));
 }
 
-void CheckText(const std::string& text, const std::string& word, bool mayBeMissing)
+void CheckReadBack(const std::string& text, const std::string& word, bool mayBeMissing)
 {
     const std::string shown = Shorten(text);
     if (!VariablesString(text).GetVariables().empty())
@@ -85,7 +85,7 @@ std::string MakeWord(const IKeywordDataMD& md, const ScalarValue& value, bool ma
         CheckLine(ToText(md, value));
     std::string word = WordOf(md, value);
     if (md.GetType() == MDType::String || md.GetType() == MDType::Choice)
-        CheckText(ToText(md, value), word, mayBeMissing);
+        CheckReadBack(ToText(md, value), word, mayBeMissing);
     return word;
 }
 
