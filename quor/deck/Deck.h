@@ -120,7 +120,7 @@ public:
     Findings GetFindings() const&&;
     /// @}
     /// Whether there are no errors and no warnings.
-    bool IsClean() const { return !GetFindings().HasFault(); }
+    bool IsClean() const { return GetFindings().IsClean(); }
     /// For which the deck was read.
     const Target& GetTarget() const&;
     const Target& GetTarget() const&& = delete;

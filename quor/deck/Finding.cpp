@@ -101,9 +101,9 @@ std::size_t Findings::GetCount(Severity severity) const
     return counts_[static_cast<std::size_t>(severity)];
 }
 
-bool Findings::HasFault() const
+bool Findings::IsClean() const
 {
-    return GetCount(Severity::Error) + GetCount(Severity::Warning) > 0;
+    return GetCount(Severity::Error) + GetCount(Severity::Warning) == 0;
 }
 
 } // namespace Veld::Quor::Core::Decks

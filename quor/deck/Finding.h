@@ -43,7 +43,7 @@ VELD_QUOR_EXPORT std::string ToString(const Finding& finding);
 
 /// Why a finding isn't reported.
 enum class Hiding {
-    Silenced, ///< a comment of the deck says so
+    Suppressed, ///< a comment of the deck says so
     Known, ///< whoever asked for the findings has it already
 };
 
@@ -72,8 +72,8 @@ public:
     std::size_t GetOmittedCount() const { return omitted_; }
     /// How many findings aren't reported, for this reason.
     std::size_t GetHiddenCount(Hiding why) const { return hidden_[static_cast<std::size_t>(why)]; }
-    /// Whether there is an error or a warning.
-    bool HasFault() const;
+    /// Whether there are no errors and no warnings; notes may be there.
+    bool IsClean() const;
 
     /// The same, but of those in a file that have the same code and message, numbers aside, the first stands
     /// for all. Keeps `limit` of them; the counts are as before.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/deck/Finding.h"
+#include "quor/deck/CodeInfo.h"
 #include "quor/foundation/Export.h"
 
 #include <vector>
@@ -69,20 +69,11 @@ enum class Code {
     CellWithoutList,
     BlankFormat,
     UnseenIdentifier,
-    Count, ///< no code: how many there are
 };
 
-/// What is fixed of a code.
-struct CodeInfo {
-    Code code; ///< the position of the row
-    const char* name; ///< stable; programs can rely on it
-    Core::Decks::Severity severity; ///< an error if the load fails
-    const char* meaning; ///< one sentence
-};
-
-/// One row for each code, in the order of the codes. Lasts as long as the process.
-VELD_QUOR_EXPORT const std::vector<CodeInfo>& Codes();
-/// The row of the code; never `Code::Count`.
-VELD_QUOR_EXPORT const CodeInfo& InfoOf(Code code);
+/// What each code means, in the order of the codes. Valid as long as the library.
+VELD_QUOR_EXPORT const std::vector<Core::Decks::CodeInfo>& Codes();
+/// What the code means.
+VELD_QUOR_EXPORT const Core::Decks::CodeInfo& InfoOf(Code code);
 
 } // namespace Veld::Quor::Core::Lint

@@ -279,7 +279,7 @@ TEST_F(DeckAllocation, OfTextsFailsAsAWhole)
     EXPECT_GT(FailEachAllocation(copyTwice,
                   [&] {
                       EXPECT_EQ(Dump(copy, "none"), "") << "as it was";
-                      EXPECT_FALSE(copy.HasFault());
+                      EXPECT_TRUE(copy.IsClean());
                       EXPECT_EQ(Dump(findings, "none"), dump);
                   }),
         100);

@@ -240,20 +240,20 @@ INSTANTIATE_TEST_SUITE_P(Suppressions, Decks, testing::ValuesIn(Rows(R"(
 OnItsLine: RUNSPEC\nWATR -- quor: off unknown-keyword\nOLI\n => d.data:3:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
 OnTheNextLine: RUNSPEC\n  --quor: off\n\n-- c\nWATR\nOLI\n => d.data:6:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
 SeveralForOneLine: RUNSPEC\n-- quor: off unknown-keyword\n-- quor: off stray-text\nWATR\n =>
-OtherCodeIsTold: RUNSPEC\nWATR -- quor: off wrong-section, stray-text\n => d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+OtherCodeIsReported: RUNSPEC\nWATR -- quor: off wrong-section, stray-text\n => d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 ARegion: RUNSPEC\n-- quor: begin-off wrong-section,unknown-keyword -- later\nWATR\nPORO\n 1 /\noil\n-- quor: end-off wrong-section\nWATR\nPORO\n 1 /\n-- quor: end-off\nWATR\n => d.data:6:1: error: keyword 'oil' is not in upper case [lower-case] | write OIL
     d.data:9:1: error: PORO is not valid in section RUNSPEC (valid in GRID) [wrong-section] | move PORO to section GRID, or add the missing keyword GRID before it
     d.data:12:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 OfOneFile: RUNSPEC\nINCLUDE 'a.inc' /\nWATR\n & a.inc=-- quor: begin-off\nWATR\n-- quor: end-off\n => d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 WindowsLineEnds: RUNSPEC\r\nWATR -- quor: off unknown-keyword\r\n =>
 WordsOfOtherComments: RUNSPEC\nWATR -- see quor: off\n -- quor off\n => d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
-UnknownCode: RUNSPEC\nWATR -- quor: off unknwon-keyword\n => d.data:2:19: warning: unknown finding code 'unknwon-keyword' [bad-silence] | did you mean unknown-keyword?
+UnknownCode: RUNSPEC\nWATR -- quor: off unknwon-keyword\n => d.data:2:19: warning: unknown finding code 'unknwon-keyword' [bad-suppression] | did you mean unknown-keyword?
     d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
-UnknownCodeLikeNone: RUNSPEC\n-- quor: off everything\n => d.data:2:14: warning: unknown finding code 'everything' [bad-silence] | write the code of a finding, for example wrong-section
-UnknownVerb: RUNSPEC\n-- quor: of\n => d.data:2:10: warning: unexpected 'of' after 'quor:'; expected off, begin-off or end-off [bad-silence] | for example '-- quor: off wrong-section'
-Unclosed: RUNSPEC\n-- quor: begin-off\nWATR\n => d.data:2:1: warning: begin-off without end-off; the findings are hidden up to the end of the file [bad-silence] | add '-- quor: end-off' with the same codes after it
-ClosesNothing: RUNSPEC\n-- quor: end-off\n => d.data:2:1: warning: end-off without begin-off [bad-silence] | add '-- quor: begin-off' with the same codes before it
-ItsFaultsAreToldOfATextOnce: RUNSPEC\nINCLUDE 'a.inc' /\nINCLUDE 'a.inc' /\n & a.inc=-- quor:\n => a.inc:1:1: warning: nothing after 'quor:'; expected off, begin-off or end-off [bad-silence] | for example '-- quor: off wrong-section' <- d.data:2:1
+UnknownCodeLikeNone: RUNSPEC\n-- quor: off everything\n => d.data:2:14: warning: unknown finding code 'everything' [bad-suppression] | write the code of a finding, for example wrong-section
+UnknownVerb: RUNSPEC\n-- quor: of\n => d.data:2:10: warning: unexpected 'of' after 'quor:'; expected off, begin-off or end-off [bad-suppression] | for example '-- quor: off wrong-section'
+Unclosed: RUNSPEC\n-- quor: begin-off\nWATR\n => d.data:2:1: warning: begin-off without end-off; the findings are hidden up to the end of the file [bad-suppression] | add '-- quor: end-off' with the same codes after it
+ClosesNothing: RUNSPEC\n-- quor: end-off\n => d.data:2:1: warning: end-off without begin-off [bad-suppression] | add '-- quor: begin-off' with the same codes before it
+ItsMistakesAreReportedOfATextOnce: RUNSPEC\nINCLUDE 'a.inc' /\nINCLUDE 'a.inc' /\n & a.inc=-- quor:\n => a.inc:1:1: warning: nothing after 'quor:'; expected off, begin-off or end-off [bad-suppression] | for example '-- quor: off wrong-section' <- d.data:2:1
 )")),
     CaseName<Row>);
 
@@ -270,14 +270,14 @@ TEST(DeckFindings, ShowTheStartOfALongWord)
             + "...' [unknown-keyword] | keyword names have at most 8 characters");
 }
 
-TEST(DeckReports, CountSilencedFindingsForThemselves)
+TEST(DeckReports, CountSuppressedFindingsForThemselves)
 {
     const Deck deck = DeckOnDisk("RUNSPEC\nWATR -- quor: off\nOLI\n").Read();
-    EXPECT_EQ(deck.GetFindings().GetHiddenCount(Hiding::Silenced), 1U);
+    EXPECT_EQ(deck.GetFindings().GetHiddenCount(Hiding::Suppressed), 1U);
     EXPECT_EQ(deck.GetFindings().GetCount(Severity::Error), 1U);
 }
 
-TEST(DeckSilences, MayBeOnEachOfManyLines) // each with each, it would take hours
+TEST(DeckSuppressions, MayBeOnEachOfManyLines) // each with each, it would take hours
 {
     const std::string comments = Repeat("-- quor: off stray-text\n", 300'000);
     const std::string one = Repeat(" -- quor: off", 300'000);
@@ -335,9 +335,9 @@ TEST(DeckReports, NotesAreNoFault)
 {
     Findings findings = FindingCollector::Make(1);
     FindingCollector(findings).Admit(Severity::Note);
-    EXPECT_FALSE(findings.HasFault());
+    EXPECT_TRUE(findings.IsClean());
     FindingCollector(findings).Admit(Severity::Warning);
-    EXPECT_TRUE(findings.HasFault());
+    EXPECT_FALSE(findings.IsClean());
 }
 
 /// Files that each include the next.

@@ -204,7 +204,7 @@ void CheckWritten(const Deck& deck, const ReadOptions& options, const DeckLangua
 {
     const Texts written = WriteFiles(deck);
     const std::string all = DeckFormatter(deck).FormatAll();
-    if (deck.GetFindings().GetHiddenCount(Hiding::Silenced) > 0)
+    if (deck.GetFindings().GetHiddenCount(Hiding::Suppressed) > 0)
         return; // by comments, which are for a line, or for the rest of a file
     Store(written);
     std::optional<Deck> again = Deck::Read(GetDeck(), language, options);

@@ -90,7 +90,8 @@ TEST_F(LintProgram, WritesJson)
             R"([{"file": ")" + bad_ + R"(", "keywords": 1}, {"file": ")" + good_ + R"(", "keywords": 1}])"));
     EXPECT_EQ(report["clean"], false);
     EXPECT_EQ(report["counts"],
-        json::parse(R"({"errors": 0, "warnings": 2, "notes": 0, "omitted": 1, "known": 0, "silenced": 0})"));
+        json::parse(
+            R"({"errors": 0, "warnings": 2, "notes": 0, "omitted": 1, "known": 0, "suppressed": 0})"));
     EXPECT_EQ(report["findings"][0]["code"], "ignored-element");
     EXPECT_EQ(report["findings"][0]["column"], 22);
 }

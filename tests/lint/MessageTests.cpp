@@ -18,6 +18,8 @@ TEST_P(Message, IsReportedInFull)
 }
 
 INSTANTIATE_TEST_SUITE_P(Variants, Message, testing::ValuesIn(Rows(R"(
+AliasInLowerCase: <data><record><item name='I' ><choice~><values><value string='OIL'><aliases>\n<alias name='oleum'/>\n</aliases></value></values></choice></item></record></data> =>
+    x.xml:6:14: warning: K, item I: 'oleum' never matches because words of a deck are converted to upper case [lower-case] | write it in upper case
 AliasAsDefault: <data><record><item name='I' ><choice~><default type='specified' val='OLEUM'/><values><value string='OIL'><aliases>\n<alias name='OLEUM'/>\n</aliases></value></values></choice></item></record></data> =>
     x.xml:5:60: warning: K, item I: default 'OLEUM' is an alias of a choice [default-not-in-full] | write the choice in full
 BeginningOfAnAlias: <data><record><item name='I' ><choice~><default type='specified' val='OLE'/><values><value string='OIL'><aliases>\n<alias name='OLEUM'/>\n</aliases></value></values></choice></item></record></data> =>
@@ -103,7 +105,6 @@ KeywordWithoutName: <keyword/> =>
     x.xml:3:1: warning: keyword without a name: the keyword has no description [no-description] | add a <description>
 TwoExplicitEnds: <keyword name='A'~></keyword><keyword name='B'~></keyword><keyword name='K'~><scope><endKeyword name='A' explicit='true'/><endKeyword name='B' explicit='true'/></scope></keyword> =>
     x.xml:10:46: warning: K: explicit end keyword 'B' replaces 'A'; expected one explicit end keyword [repeated-element] | remove attribute 'explicit' from one of them
-NameInLowerCase: <keyword name='k'~></keyword> => x.xml:3:16: warning: k: name 'k' does not match a name in upper case [lower-case] | write it in upper case
 BlankInName: <keyword name='A B'~></keyword> => x.xml:3:16: warning: A B: name 'A B' contains a blank; a keyword in a deck has none [name-text] | remove the blank
 IdTwice: <keyword name='A' id='1'~></keyword><keyword name='B' id='1'~></keyword> => x.xml:6:23: warning: B: id '1' is already used by keyword 'A' at x.xml:3 [key-twice] | use a different id
 UnknownEndKeyword: <scope><endKeyword name='NOSUCH'/></scope> => x.xml:4:26: warning: K: unknown end keyword 'NOSUCH' [unknown-keyword] | correct the name, or define the keyword

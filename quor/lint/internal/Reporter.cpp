@@ -9,6 +9,7 @@
 
 namespace Veld::Quor::Core::Lint {
 
+using Decks::CodeInfo;
 using Decks::Shorten;
 
 Reporter Reporter::InKeyword(const Element& keyword) const

@@ -32,7 +32,7 @@ public:
     const Document& GetDocument() const { return *document_; }
 
 private:
-    void Keep(const CodeInfo& info, const Core::Decks::Location& location, std::size_t length,
+    void Keep(const Core::Decks::CodeInfo& info, const Core::Decks::Location& location, std::size_t length,
         const std::string& message, const std::string& hint) const;
 
     Core::Decks::FindingCollector findings_;

@@ -80,7 +80,7 @@ void PrintJson(const std::vector<Result>& results)
     auto findings = nlohmann::ordered_json::array();
     for (const Result& result : results) {
         decks.push_back({{"deck", result.deck}, {"keywords", result.keywords}, {"sections", result.sections},
-            {"files", result.files}, {"clean", !result.findings.HasFault()}});
+            {"files", result.files}, {"clean", result.findings.IsClean()}});
         for (std::size_t i = 0; i < result.fixes.size(); ++i) {
             nlohmann::ordered_json json = {{"deck", result.deck}};
             json.update(FindingJson(result.findings.GetKept()[i], result.fixes[i]));
@@ -122,7 +122,7 @@ void PrintEnd(const std::vector<Result>& results, FindingFormat format)
     if (format == FindingFormat::Json)
         PrintJson(results);
     else if (format != FindingFormat::Text) // text was printed deck by deck
-        Print(FindingsText(format, FindingsOf(results), RulesOf(Decks::Codes())));
+        Print(FindingsText(format, FindingsOf(results), Decks::Codes()));
 }
 
 /// An empty one if none is asked for; no value, and reported, if it can't be read.
@@ -189,8 +189,8 @@ int Check(LoadedLanguage& language, const CheckCommandOptions& options)
         return Failure;
     if (!options.newBaseline.empty() && !WriteBaseline(options.newBaseline, *baseline))
         return Failure;
-    const bool isClean = std::none_of(
-        results.begin(), results.end(), [](const Result& result) { return result.findings.HasFault(); });
+    const bool isClean = std::all_of(
+        results.begin(), results.end(), [](const Result& result) { return result.findings.IsClean(); });
     return isClean ? Success : HasFindings;
 }
 

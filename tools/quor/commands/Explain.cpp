@@ -28,46 +28,42 @@ struct ExplainOptions {
     bool isJson = false;
 };
 
-/// Nothing for an empty deck.
-std::string ExampleText(const char* label, const Decks::Remedy& remedy, const char* deck)
+/// Nothing for an empty text.
+std::string ExampleText(const char* label, const Decks::CodeInfo& info, const char* example)
 {
-    std::istringstream lines(deck);
+    std::istringstream lines(example);
     std::string text;
     for (std::string line; std::getline(lines, line);)
         text += fmt::format("    {}\n", line);
-    const bool isForAny = remedy.target.simulator == SimulatorType::Any;
-    const std::string target = isForAny ? "" : fmt::format(", for {}", NameOf(remedy.target));
+    const bool isForAny = info.target.simulator == SimulatorType::Any;
+    const std::string target = isForAny ? "" : fmt::format(", for {}", NameOf(info.target));
     return text.empty() ? text : fmt::format("  {}{}:\n{}", label, target, text);
 }
 
 std::string CodeText(const FindingCode& code)
 {
     constexpr std::size_t indent = 2;
-    std::string text = fmt::format("{}\n", code.rule.code);
-    text += Wrap(fmt::format("  {} of 'quor {}': ", ToString(code.rule.severity), code.command),
-        code.rule.meaning, 4, GetWidth());
-    if (!code.remedy)
-        return text;
-    text += Wrap("  to fix: ", code.remedy->text, 2 * indent, GetWidth());
+    const Decks::CodeInfo& info = *code.info;
+    std::string text = fmt::format("{}\n", info.name);
+    text += Wrap(fmt::format("  {} of 'quor {}': ", ToString(info.severity), code.command), info.meaning, 4,
+        GetWidth());
+    text += Wrap("  to fix: ", info.remedy, 2 * indent, GetWidth());
     if (*code.seeAlso != '\0')
         text += fmt::format("  see also: {}\n", code.seeAlso);
-    return text + ExampleText("wrong", *code.remedy, code.remedy->wrong)
-        + ExampleText("right", *code.remedy, code.remedy->right);
+    return text + ExampleText("wrong", info, info.wrong) + ExampleText("right", info, info.right);
 }
 
 nlohmann::ordered_json CodeJson(const FindingCode& code)
 {
-    nlohmann::ordered_json json = {{"code", code.rule.code}, {"command", code.command},
-        {"severity", ToString(code.rule.severity)}, {"meaning", code.rule.meaning}};
-    if (!code.remedy)
-        return json;
-    json["remedy"] = code.remedy->text;
-    if (*code.remedy->wrong != '\0')
-        json["wrong"] = code.remedy->wrong;
-    if (*code.remedy->right != '\0')
-        json["right"] = code.remedy->right;
-    if (code.remedy->target.simulator != SimulatorType::Any)
-        json["for"] = NameOf(code.remedy->target);
+    const Decks::CodeInfo& info = *code.info;
+    nlohmann::ordered_json json = {{"code", info.name}, {"command", code.command},
+        {"severity", ToString(info.severity)}, {"meaning", info.meaning}, {"remedy", info.remedy}};
+    if (*info.wrong != '\0')
+        json["wrong"] = info.wrong;
+    if (*info.right != '\0')
+        json["right"] = info.right;
+    if (info.target.simulator != SimulatorType::Any)
+        json["for"] = NameOf(info.target);
     return json;
 }
 
@@ -75,7 +71,7 @@ std::string ListText(const std::vector<FindingCode>& codes)
 {
     Columns columns({"code", "command", "severity", "meaning"});
     for (const FindingCode& code : codes)
-        columns.Add({code.rule.code, code.command, ToString(code.rule.severity), code.rule.meaning});
+        columns.Add({code.info->name, code.command, ToString(code.info->severity), code.info->meaning});
     std::string text = columns.GetHead(0);
     for (std::size_t i = 0; i < codes.size(); ++i)
         text += columns.GetRow(i, 0, GetWidth());
@@ -114,7 +110,7 @@ int Explain(const ExplainOptions& options)
     for (const std::string& name : options.names) {
         const std::size_t before = asked.size();
         for (const FindingCode& code : all) {
-            if (code.rule.code == name)
+            if (code.info->name == name)
                 asked.push_back(code);
         }
         if (asked.size() == before) {

@@ -89,7 +89,7 @@ void PrintJson(const std::vector<Document>& documents, const LintReport& report)
     auto findings = nlohmann::ordered_json::array();
     for (const Decks::Finding& finding : report.findings.GetKept())
         findings.push_back(FindingJson(finding));
-    Print(ToText({{"documents", files}, {"clean", !report.findings.HasFault()},
+    Print(ToText({{"documents", files}, {"clean", report.findings.IsClean()},
         {"counts", CountsJson({report.findings})}, {"findings", findings}}));
 }
 
@@ -118,11 +118,11 @@ int RunLint(const LintCommandOptions& options)
         PrintJson(documents, report);
         break;
     default:
-        Print(FindingsText(options.format, {report.findings}, RulesOf(Lint::Codes())));
+        Print(FindingsText(options.format, {report.findings}, Lint::Codes()));
     }
     if (!isRead)
         return Failure;
-    return report.findings.HasFault() ? HasFindings : Success;
+    return report.findings.IsClean() ? Success : HasFindings;
 }
 
 } // namespace

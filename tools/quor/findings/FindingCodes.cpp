@@ -16,7 +16,7 @@ const char* SeeAlso(Decks::Code code)
 {
     using Code = Decks::Code;
     switch (code) {
-    case Code::BadSilence:
+    case Code::BadSuppression:
         return "'quor explain', which lists all codes";
     case Code::ChoiceNotValid:
     case Code::NotAChoice:
@@ -36,12 +36,10 @@ const char* SeeAlso(Decks::Code code)
 std::vector<FindingCode> AllFindingCodes()
 {
     std::vector<FindingCode> codes;
-    const std::vector<FindingRule> rules = RulesOf(Decks::Codes());
-    for (std::size_t i = 0; i < rules.size(); ++i)
-        codes.push_back(
-            {"check", rules[i], &RemedyOf(Decks::Codes()[i].code), SeeAlso(Decks::Codes()[i].code)});
-    for (const FindingRule& rule : RulesOf(Lint::Codes()))
-        codes.push_back({"lint", rule, nullptr});
+    for (std::size_t i = 0; i < Decks::Codes().size(); ++i)
+        codes.push_back({"check", &Decks::Codes()[i], SeeAlso(static_cast<Decks::Code>(i))});
+    for (const Decks::CodeInfo& info : Lint::Codes())
+        codes.push_back({"lint", &info});
     return codes;
 }
 
@@ -49,7 +47,7 @@ std::vector<std::string> FindingCodeNames()
 {
     std::set<std::string> names;
     for (const FindingCode& code : AllFindingCodes())
-        names.insert(code.rule.code);
+        names.insert(code.info->name);
     return {names.begin(), names.end()};
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "quor/deck/FindingCodes.h"
-#include "tools/quor/findings/FindingFormat.h"
+#include "quor/deck/CodeInfo.h"
 
 #include <string>
 #include <vector>
@@ -10,9 +9,8 @@ namespace Veld::Quor::Tools {
 
 /// A code of findings, wherever they come from. Two subcommands may have codes of one name.
 struct FindingCode {
-    const char* command; ///< the subcommand that tells such findings
-    FindingRule rule;
-    const Core::Decks::Remedy* remedy; ///< null for codes of documents
+    const char* command; ///< the subcommand that reports such findings
+    const Core::Decks::CodeInfo* info;
     const char* seeAlso = ""; ///< what of the program helps to fix such findings; empty for most
 };
 

@@ -41,14 +41,15 @@ void AddMaxFindingsOption(CLI::App& command, std::size_t& limit, const std::stri
         ->take_last();
 }
 
-std::string FindingsText(FindingFormat format, const FindingSets& sets, const std::vector<FindingRule>& rules)
+std::string FindingsText(
+    FindingFormat format, const FindingSets& sets, const std::vector<Core::Decks::CodeInfo>& codes)
 {
     switch (format) {
     case FindingFormat::Text:
     case FindingFormat::Json:
         break;
     case FindingFormat::Sarif:
-        return SarifText(sets, rules);
+        return SarifText(sets, codes);
     case FindingFormat::Gcc:
         return GccText(sets);
     case FindingFormat::GitHub:

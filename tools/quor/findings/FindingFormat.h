@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quor/deck/CodeInfo.h"
 #include "quor/deck/Finding.h"
 #include "tools/quor/findings/FindingFix.h"
 
@@ -12,7 +13,7 @@ class App;
 
 namespace Veld::Quor::Tools {
 
-/// The forms in which findings are told.
+/// The forms in which findings are reported.
 enum class FindingFormat {
     Text, ///< for people, with the line that each is about
     Json,
@@ -26,23 +27,6 @@ void AddFindingFormatOption(CLI::App& command, FindingFormat& format);
 /// `limit` must outlive the application. `each` ends the sentence on what is limited.
 void AddMaxFindingsOption(CLI::App& command, std::size_t& limit, const std::string& scope);
 
-/// What is known of a code of findings.
-struct FindingRule {
-    std::string code;
-    std::string meaning;
-    Core::Decks::Severity severity;
-};
-
-/// The rows of a table of codes.
-template <class CodeInfo>
-std::vector<FindingRule> RulesOf(const std::vector<CodeInfo>& codes)
-{
-    std::vector<FindingRule> rules;
-    for (const CodeInfo& info : codes)
-        rules.push_back({info.name, info.meaning, info.severity});
-    return rules;
-}
-
 /// The findings of one input.
 struct FindingSet {
     FindingSet(const Core::Decks::Findings& all, const std::vector<Fix>* ofAll = nullptr)
@@ -55,9 +39,9 @@ struct FindingSet {
 };
 using FindingSets = std::vector<FindingSet>;
 
-/// The findings in one of the formats that need nothing but them: all but text and JSON. `rules` may be
-/// empty, or lack some of the codes.
+/// The findings in one of the formats that need nothing but them: all but text and JSON. `codes` has the
+/// codes of all of them.
 std::string FindingsText(
-    FindingFormat format, const FindingSets& sets, const std::vector<FindingRule>& rules);
+    FindingFormat format, const FindingSets& sets, const std::vector<Core::Decks::CodeInfo>& codes);
 
 } // namespace Veld::Quor::Tools

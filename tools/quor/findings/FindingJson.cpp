@@ -30,7 +30,7 @@ nlohmann::ordered_json CountsJson(const FindingSets& sets)
     std::size_t notes = 0;
     std::size_t omitted = 0;
     std::size_t known = 0;
-    std::size_t silenced = 0;
+    std::size_t suppressed = 0;
     for (const FindingSet& set : sets) {
         const Decks::Findings* const findings = set.findings;
         errors += findings->GetCount(Severity::Error);
@@ -38,10 +38,10 @@ nlohmann::ordered_json CountsJson(const FindingSets& sets)
         notes += findings->GetCount(Severity::Note);
         omitted += findings->GetOmittedCount();
         known += findings->GetHiddenCount(Decks::Hiding::Known);
-        silenced += findings->GetHiddenCount(Decks::Hiding::Silenced);
+        suppressed += findings->GetHiddenCount(Decks::Hiding::Suppressed);
     }
     return {{"errors", errors}, {"warnings", warnings}, {"notes", notes}, {"omitted", omitted},
-        {"known", known}, {"silenced", silenced}};
+        {"known", known}, {"suppressed", suppressed}};
 }
 
 } // namespace Veld::Quor::Tools

@@ -89,35 +89,30 @@ Json ResultOf(const Finding& finding, const Fix& fix, std::size_t ruleIndex)
     return result;
 }
 
-Json RuleOf(const FindingRule& rule)
+Json RuleOf(const Decks::CodeInfo& code)
 {
-    Json json = {{"id", rule.code}, {"defaultConfiguration", {{"level", ToString(rule.severity)}}}};
-    if (!rule.meaning.empty())
-        json["shortDescription"] = {{"text", rule.meaning}};
-    return json;
+    return {{"id", code.name}, {"defaultConfiguration", {{"level", ToString(code.severity)}}},
+        {"shortDescription", {{"text", code.meaning}}}, {"help", {{"text", code.remedy}}}};
 }
 
 } // namespace
 
-std::string SarifText(const FindingSets& sets, const std::vector<FindingRule>& rules)
+std::string SarifText(const FindingSets& sets, const std::vector<Decks::CodeInfo>& codes)
 {
     std::map<std::string, std::size_t> indices;
-    Json ruleArray = Json::array();
-    const auto addRule = [&](const FindingRule& rule) {
-        const auto [at, isNew] = indices.try_emplace(rule.code, indices.size());
-        if (isNew)
-            ruleArray.push_back(RuleOf(rule));
-        return at->second;
-    };
-    std::for_each(rules.begin(), rules.end(), addRule);
+    Json rules = Json::array();
+    for (const Decks::CodeInfo& code : codes) {
+        indices.emplace(code.name, rules.size());
+        rules.push_back(RuleOf(code));
+    }
     Json results = Json::array();
     for (const FindingSet& set : sets) {
         const std::vector<Finding>& findings = set.findings->GetKept();
         for (std::size_t i = 0; i < findings.size(); ++i)
-            results.push_back(ResultOf(findings[i], set.fixes ? (*set.fixes)[i] : Fix(),
-                addRule({findings[i].code, {}, findings[i].severity})));
+            results.push_back(
+                ResultOf(findings[i], set.fixes ? (*set.fixes)[i] : Fix(), indices.at(findings[i].code)));
     }
-    const Json driver = {{"name", "quor"}, {"version", GetVersion()}, {"rules", ruleArray}};
+    const Json driver = {{"name", "quor"}, {"version", GetVersion()}, {"rules", rules}};
     const Json run = {
         {"tool", {{"driver", driver}}}, {"columnKind", "unicodeCodePoints"}, {"results", results}};
     return ToText({{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"}, {"version", "2.1.0"},

@@ -7,7 +7,7 @@
 
 namespace Veld::Quor::Tools {
 
-/// A log of one run. Codes that `rules` lacks are rules without a description.
-std::string SarifText(const FindingSets& sets, const std::vector<FindingRule>& rules);
+/// A log of one run. `codes`: its rules, among them the codes of all findings.
+std::string SarifText(const FindingSets& sets, const std::vector<Core::Decks::CodeInfo>& codes);
 
 } // namespace Veld::Quor::Tools

@@ -108,12 +108,12 @@ std::string CountsText(const Decks::Findings& findings)
         if (findings.GetCount(severity) > 0)
             counts.push_back(Plural(findings.GetCount(severity), ToString(severity)));
     }
-    if (!findings.HasFault())
+    if (findings.IsClean())
         counts.insert(counts.begin(), "no findings");
     if (const std::size_t known = findings.GetHiddenCount(Decks::Hiding::Known); known > 0)
         counts.push_back(Plural(known, "known finding") + " hidden");
-    if (const std::size_t silenced = findings.GetHiddenCount(Decks::Hiding::Silenced); silenced > 0)
-        counts.push_back(fmt::format("{} silenced", silenced));
+    if (const std::size_t suppressed = findings.GetHiddenCount(Decks::Hiding::Suppressed); suppressed > 0)
+        counts.push_back(fmt::format("{} suppressed", suppressed));
     return fmt::format("{}", fmt::join(counts, ", "));
 }
 

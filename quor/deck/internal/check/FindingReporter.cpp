@@ -11,8 +11,8 @@ void FindingReporter::Report(
     if (isMuted_ || (info.isStrict && !isStrict_))
         return;
     errors_ += info.severity == Severity::Error ? 1 : 0;
-    if (code != Code::BadSilence && SuppressionsOf(range.file).Cover(range.offset, code)) {
-        findings_.Hide(Hiding::Silenced);
+    if (code != Code::BadSuppression && SuppressionsOf(range.file).Cover(range.offset, code)) {
+        findings_.Hide(Hiding::Suppressed);
         return;
     }
     if (isKnown_ && isKnown_(files_, range, code)) {
@@ -59,7 +59,7 @@ const Suppressions& FindingReporter::SuppressionsOf(std::uint32_t file)
     const auto [at, isNew] = suppressions_.try_emplace(&source, source);
     if (isNew) {
         for (const Suppressions::Fault& fault : at->second.GetFaults())
-            Report({file, fault.offset, fault.length}, Code::BadSilence, fault.message, fault.hint);
+            Report({file, fault.offset, fault.length}, Code::BadSuppression, fault.message, fault.hint);
     }
     return at->second;
 }

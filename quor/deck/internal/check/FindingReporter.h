@@ -31,8 +31,8 @@ public:
     /// `fix`: as the finding has it.
     void Report(const TextRange& range, Code code, std::string message, std::string hint = {},
         std::vector<TextEdit> fix = {});
-    /// Reports the silencing comments that can't be followed, of files in which nothing was found. Large ones
-    /// are left alone: it would take as long as to read them.
+    /// Reports the comments that suppress findings and that can't be followed, of files in which nothing was
+    /// found. Large ones are left alone: it would take as long as to read them.
     void ReportBadSuppressions();
 
     /// An error that was reported already, in other words.

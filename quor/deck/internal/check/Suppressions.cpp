@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cassert>
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
@@ -94,7 +95,7 @@ void Suppressions::Follow(std::size_t markAt)
 void Suppressions::Do(std::string_view verb, std::string_view words, std::string_view comment)
 {
     if (verb == "off")
-        SilenceLine(comment, ReadCodes(words));
+        SuppressLine(comment, ReadCodes(words));
     else if (verb == "begin-off")
         Open(comment, ReadCodes(words));
     else if (verb == "end-off")
@@ -109,6 +110,7 @@ void Suppressions::Do(std::string_view verb, std::string_view words, std::string
 
 Suppressions::CodeSet Suppressions::ReadCodes(std::string_view words)
 {
+    assert(Codes().size() <= mostCodes && "Suppressions: more codes than bits");
     CodeSet codes;
     bool isAll = true;
     for (std::string_view word = TakeWord(words); !word.empty(); word = TakeWord(words)) {
@@ -117,7 +119,7 @@ Suppressions::CodeSet Suppressions::ReadCodes(std::string_view words)
         const auto row = std::find_if(
             rows.begin(), rows.end(), [word](const CodeInfo& info) { return info.name == word; });
         if (row != rows.end()) {
-            codes.set(static_cast<std::size_t>(row->code));
+            codes.set(static_cast<std::size_t>(row - rows.begin()));
             continue;
         }
         constexpr std::size_t mostHints = 1000; // they take long to find
@@ -127,7 +129,7 @@ Suppressions::CodeSet Suppressions::ReadCodes(std::string_view words)
     return isAll ? codes.set() : codes;
 }
 
-void Suppressions::SilenceLine(std::string_view comment, const CodeSet& codes)
+void Suppressions::SuppressLine(std::string_view comment, const CodeSet& codes)
 {
     std::string_view line = LineAt(OffsetOf(comment));
     std::size_t begin = OffsetOf(line);
@@ -155,7 +157,7 @@ std::string_view Suppressions::NextFullLine(std::size_t offset) const
 
 void Suppressions::Open(std::string_view comment, const CodeSet& codes)
 {
-    for (std::size_t i = 0; i < codeCount; ++i) {
+    for (std::size_t i = 0; i < mostCodes; ++i) {
         if (codes[i] && !opened_[i])
             opened_[i] = comment;
     }
@@ -167,7 +169,7 @@ void Suppressions::Close(std::string_view comment, const CodeSet& codes)
     const CodeSet open = regions_.empty() ? CodeSet() : regions_.back().codes;
     if (codes.any() && (open & codes).none())
         Blame(comment, "end-off without begin-off", "add '-- quor: begin-off' with the same codes before it");
-    for (std::size_t i = 0; i < codeCount; ++i) {
+    for (std::size_t i = 0; i < mostCodes; ++i) {
         if (codes[i])
             opened_[i].reset();
     }

@@ -36,15 +36,15 @@ public:
     const std::vector<Fault>& GetFaults() const { return faults_; }
 
 private:
-    static constexpr auto codeCount = static_cast<std::size_t>(Code::Count);
-    using CodeSet = std::bitset<codeCount>;
+    static constexpr std::size_t mostCodes = 128;
+    using CodeSet = std::bitset<mostCodes>; // by code
 
     struct Line {
         std::size_t begin;
         std::size_t end;
         CodeSet codes;
     };
-    /// What is silenced from the offset on.
+    /// What is suppressed from the offset on.
     struct Region {
         std::size_t offset;
         CodeSet codes;
@@ -54,7 +54,7 @@ private:
     void Follow(std::size_t mark);
     void Do(std::string_view verb, std::string_view words, std::string_view comment);
     CodeSet ReadCodes(std::string_view words);
-    void SilenceLine(std::string_view comment, const CodeSet& codes);
+    void SuppressLine(std::string_view comment, const CodeSet& codes);
     void Open(std::string_view comment, const CodeSet& codes);
     void Close(std::string_view comment, const CodeSet& codes);
     void ReportOpen();
@@ -70,7 +70,7 @@ private:
     std::size_t followed_ = 0; // where the last comment that counts ends
     std::vector<Line> lines_; // by offset
     std::vector<Region> regions_; // by offset
-    std::array<std::optional<std::string_view>, codeCount> opened_ = {}; // the comments of open regions
+    std::array<std::optional<std::string_view>, mostCodes> opened_ = {}; // the comments of open regions
     std::vector<Fault> faults_;
 };
 

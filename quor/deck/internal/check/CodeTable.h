@@ -1,0 +1,55 @@
+#pragma once
+
+#include "quor/deck/CodeInfo.h"
+
+#include <cassert>
+#include <cstddef>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// What an enumeration of codes means: a row for each code.
+template <class Code>
+struct CodeRow {
+    /// `values`: of the members of `CodeInfo`.
+    template <class... Values>
+    constexpr CodeRow(Code ofRow, Values... values)
+        : code(ofRow)
+        , info{values...}
+    {
+    }
+
+    Code code;
+    CodeInfo info;
+};
+
+/// Whether the rows are in the order of the codes, up to `last`, so that a code is the position of its row.
+template <class Code, std::size_t count>
+constexpr bool HasRowForEach(const CodeRow<Code> (&rows)[count], Code last)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        if (rows[i].code != static_cast<Code>(i))
+            return false;
+    }
+    return rows[count - 1].code == last;
+}
+
+/// By code.
+template <class Code, std::size_t count>
+std::vector<CodeInfo> InfosOf(const CodeRow<Code> (&rows)[count])
+{
+    std::vector<CodeInfo> infos;
+    for (const CodeRow<Code>& row : rows)
+        infos.push_back(row.info);
+    return infos;
+}
+
+template <class Code>
+const CodeInfo& FindInfo(const std::vector<CodeInfo>& infos, Code code)
+{
+    const auto index = static_cast<std::size_t>(code);
+    assert(index < infos.size() && "InfoOf: a code without a row");
+    return infos[index];
+}
+
+} // namespace Veld::Quor::Core::Decks
