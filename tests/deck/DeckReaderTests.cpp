@@ -192,6 +192,7 @@ WholeNumbers: WHOLE\n 1 2*3 1.5 -1 99999999999 /\n => [1 3 3 -1] => d.data:3:8: 
     d.data:3:15: error: WHOLE: whole number '99999999999' is out of range (expected -2147483648 to 2147483647) [wrong-type]
     d.data:3:12: error: WHOLE: value -1 is too small (expected at least 0) [out-of-range]
 CommaInAnArray: DIMENS\n 2 1 /\nARRAY\n 1, 2,3 /\n => [1] => d.data:5:5: error: unexpected comma in the number '2,3' [comma-in-number] | write a decimal point, or a blank between two values
+CommasBetweenAllValues: DIMENS\n 3 1 /\nARRAY\n 1,2,3 /\n => [] => d.data:5:2: error: unexpected comma in the number '1,2,3' [comma-in-number] | write a decimal point, or a blank between two values
 ZeroInInactiveCells: DIMENS\n 4 1 /\nCELLS\n 0 2*1 -1 /\n => [0 1 1 -1] => d.data:5:8: error: CELLS: value -1 is too small (expected at least 0) [out-of-range]
 SameWrongSizeIsToldOnce: DIMENS\n 4 1 /\nARRAY\n 3*1 /\nARRAY\n 3*2 /\nARRAY\n 2*3 /\n => ? => d.data:5:6: error: ARRAY: too few values (expected 4, found 3) [wrong-size] | the size is NX*NY
     d.data:9:6: error: ARRAY: too few values (expected 4, found 2) [wrong-size] | the size is NX*NY
@@ -284,6 +285,10 @@ RecordOnTheKeywordsLineAndBelow: PAIRS A\n B /\n/\n => [('A' 'B')] =>
 DataOnTheKeywordsLine: ROWS 1 2 / c\n 3 /\n/\nNAMES A\n B /\n => ['A' 'B'] =>
 DecimalComma: RECORD\n P1 1,5 OIL NO 3 /\nRECORD\n P1, 1 ,OIL NO 1,000,000 /\n => ('P1' 1 0 0 -) => d.data:3:5: error: unexpected comma in the number '1,5' [comma-in-number] | write a decimal point, or a blank between two values
     d.data:5:16: error: unexpected comma in the number '1,000,000' [comma-in-number] | write a decimal point, or a blank between two values
+SeveralNumbersInOneWord: ROWS\n 1,2 /\n 1x2 /\n 1\xE2\x80\x932 /\n 1 '2 /\n/\n => ? => d.data:3:2: error: unexpected comma in the number '1,2' [comma-in-number] | write a decimal point, or a blank between two values
+    d.data:4:2: error: ROWS, A: invalid value '1x2'; expected a whole number [wrong-type]
+    d.data:5:2: error: unexpected long dash in '1\xE2\x80\x932' [odd-character] | write a hyphen
+    d.data:6:4: error: unclosed quote before '2' [unclosed-quote] | add a closing ' on the same line
 CurlyQuotes: NAMES\n \xE2\x80\x98P\xE2\x80\x99 'a\xE2\x80\x93' /\n => ? => d.data:3:2: error: unexpected curly quote in '\xE2\x80\x98P\xE2\x80\x99' [odd-character] | write a straight quote
 LongDash: WHOLE\n 1 \xE2\x80\x932 /\n => [1] => d.data:3:4: error: unexpected long dash in '\xE2\x80\x932' [odd-character] | write a hyphen
 StepsOfAnotherForm: TSTEP\n 1 /\n/\n => [(1)] =>

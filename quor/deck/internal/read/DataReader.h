@@ -127,6 +127,7 @@ private:
     bool BeginsNextRecord(const DataPlan& plan, std::size_t index);
     bool FitsAfter(const DataPlan& plan, std::size_t index) const;
     std::string FindShift(const DataPlan& item) const;
+    long long CountNumbersInWord() const;
     Ended SkipRest();
     bool Report(const DataPlan& item, WordFaults&& faults);
     bool ReportMisfit(const DataPlan& item, Misfit misfit);

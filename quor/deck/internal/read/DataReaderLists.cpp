@@ -164,7 +164,7 @@ void DataReader::ReadValue(const DataPlan& plan, IKeywordListData& list)
         if (reading.value)
             Append(list, *reading.value);
         else
-            ++misfits_;
+            misfits_ += CountNumbersInWord();
     }
     notes_.Pass(words_.GetRange());
 }

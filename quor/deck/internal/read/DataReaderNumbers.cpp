@@ -154,7 +154,7 @@ void DataReader::ReadNumber(
         reading = values_.Read<T>(item, words_.GetWord());
         Report(item, std::move(reading.faults));
         if (!reading.value && !reading.hasVariables) {
-            ++misfits_;
+            misfits_ += CountNumbersInWord();
             return;
         }
     }

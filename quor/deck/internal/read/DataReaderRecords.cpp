@@ -145,7 +145,8 @@ void DataReader::CheckValid(const DataPlan& item)
             fmt::format("{}: the item has no effect for {}", values_.In(item), NameOf(target_)));
 }
 
-/// What the word says goes to the item, if it fits. True if the rest of the record is shifted.
+/// What the word says goes to the item, if it fits. True if the rest of the record is shifted, by a missing
+/// or extra value or because the word is several.
 bool DataReader::ReadScalar(const DataPlan& plan, std::size_t index, void* storage)
 {
     switch (plan.items[index].type) {
@@ -178,7 +179,7 @@ bool DataReader::ReadScalarAs(const DataPlan& plan, std::size_t index, void* sto
     if (reading.hasVariables)
         notes_.AddVariable(static_cast<int>(index), 1, words_.GetWord().text);
     if (!reading.value)
-        return isShifted;
+        return isShifted || (CountNumbersInWord() > 1 && !FitsAfter(plan, index));
     if constexpr (std::is_same_v<T, int> || std::is_same_v<T, double>)
         CheckNumber(plan, index, static_cast<double>(*reading.value));
     *static_cast<Optional<T>*>(storage) = std::move(*reading.value);

@@ -87,6 +87,19 @@ void DataReader::ReportAt(const TextRange& range, Misfit misfit)
     reporter_.Report(range, misfit.code, std::move(misfit.message), std::move(misfit.hint), std::move(fix));
 }
 
+/// How many values the word may stand for, which is none: three in "2,2,1" and "2x2x1".
+long long DataReader::CountNumbersInWord() const
+{
+    const auto isInNumber = [](char c) { return IsDigit(c) || c == '.'; };
+    long long count = 0;
+    bool wasInNumber = false;
+    for (const char c : words_.GetWord().text) {
+        count += isInNumber(c) && !wasInNumber ? 1 : 0;
+        wasInNumber = isInNumber(c);
+    }
+    return std::max(count, 1LL);
+}
+
 /// Of the record: what was reported explains whatever else is wrong with it.
 DataReader::Ended DataReader::SkipRest()
 {

@@ -23,7 +23,7 @@ WordStream::Got WordStream::Next()
         return Got::Slash;
     word_ = text_.NextData();
     isDefault_ = false;
-    isReported_ = word_.isOdd;
+    isReported_ = word_.isOdd || !word_.isClosed;
     if (word_.kind == Token::Kind::Keyword || word_.kind == Token::Kind::End)
         return Got::Stop;
     ++taken_;
