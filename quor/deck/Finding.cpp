@@ -1,37 +1,12 @@
 #include "quor/deck/Finding.h"
 
-#include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/check/FindingCollector.h"
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <map>
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
-
-namespace {
-
-/// What findings have in common that say the same of several places: all but the numbers in the message.
-std::string KindOf(const Finding& finding)
-{
-    std::string kind = finding.location.file + '\n' + finding.code + '\n';
-    const std::string& message = finding.message;
-    const auto isDigit = [&](std::size_t i) { return i < message.size() && IsDigit(message[i]); };
-    const auto begins = [&](std::size_t i) { return isDigit(i) || (message[i] == '-' && isDigit(i + 1)); };
-    bool isQuoted = false;
-    for (std::size_t i = 0; i < message.size(); ++i) {
-        isQuoted = isQuoted != (message[i] == '\'');
-        const bool isNumber = !isQuoted && begins(i) && (i == 0 || message[i - 1] == ' ');
-        if (!isNumber)
-            kind += message[i];
-        else
-            i = std::min(message.find_first_not_of("-.,e+0123456789", i), message.size()) - 1;
-    }
-    return kind;
-}
-
-} // namespace
 
 const char* ToString(Severity severity)
 {
@@ -83,15 +58,24 @@ Findings Findings::Fold(std::size_t limit) const
     Findings folded = *this;
     folded.limit_ = limit;
     folded.kept_.clear();
-    std::map<std::string, std::size_t> places; // in what is kept, by what is alike
+    folded.omittedLike_.clear();
+    std::unordered_map<std::uint64_t, std::size_t> places; // in what is kept, by kind
     for (const Finding& finding : kept_) {
-        const auto [place, isNew] = places.try_emplace(KindOf(finding), folded.kept_.size());
+        const std::uint64_t kind = FindingKind(finding.location.file, finding.code, finding.message);
+        const auto [place, isNew] = places.try_emplace(kind, folded.kept_.size());
         if (!isNew && place->second < folded.kept_.size())
             folded.kept_[place->second].more += finding.more + 1;
         else if (folded.kept_.size() >= limit)
             folded.omitted_ += finding.more + 1;
         else
             folded.kept_.push_back(finding);
+    }
+    for (const auto& [kind, count] : omittedLike_) {
+        const std::size_t place = places.at(kind);
+        if (place < folded.kept_.size()) {
+            folded.kept_[place].more += count;
+            folded.omitted_ -= count;
+        }
     }
     return folded;
 }

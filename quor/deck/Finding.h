@@ -4,12 +4,15 @@
 #include "quor/foundation/Export.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
-/// A note reports something that is no mistake in the deck, and doesn't make the deck a faulty one.
+/// How serious a finding is. A note is about something that is no mistake: a deck that only has notes is
+/// clean.
 enum class Severity { Error, Warning, Note };
 
 /// "error", "warning", "note"
@@ -31,10 +34,10 @@ struct Finding {
     /// Changes to be made together, after which the deck says what the reader made of it; empty if the fix
     /// isn't certain.
     std::vector<TextEdit> fix = {};
-    std::size_t more = 0; ///< how many others it stands for: see `Findings::Fold`
+    std::size_t more = 0; ///< how many others are like it: see `Findings::Fold`
 };
 
-/// "and 1,999 more like it"; empty if the finding stands for itself alone.
+/// "and 1,999 more like it"; empty if there are no others like it.
 VELD_QUOR_EXPORT std::string MoreText(const Finding& finding);
 
 /// "file:line:column: severity: message; hint [code]", one line, as compilers print it, with `MoreText` after
@@ -75,8 +78,9 @@ public:
     /// Whether there are no errors and no warnings; notes may be there.
     bool IsClean() const;
 
-    /// The same, but of those in a file that have the same code and message, numbers aside, the first stands
-    /// for all. Keeps `limit` of them; the counts are as before.
+    /// The same, but of those in a file that have the same code and message, numbers aside, only the first is
+    /// kept and counts the others, also those that weren't kept here. Keeps `limit` of them; the counts by
+    /// severity are as before.
     Findings Fold(std::size_t limit) const;
 
 private:
@@ -88,6 +92,7 @@ private:
     std::size_t counts_[3] = {};
     std::size_t hidden_[2] = {};
     std::vector<Finding> kept_;
+    std::unordered_map<std::uint64_t, std::size_t> omittedLike_; // those that are kept, by kind
 };
 
 } // namespace Veld::Quor::Core::Decks

@@ -247,8 +247,12 @@ ARegion: RUNSPEC\n-- quor: begin-off wrong-section,unknown-keyword -- later\nWAT
 OfOneFile: RUNSPEC\nINCLUDE 'a.inc' /\nWATR\n & a.inc=-- quor: begin-off\nWATR\n-- quor: end-off\n => d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 WindowsLineEnds: RUNSPEC\r\nWATR -- quor: off unknown-keyword\r\n =>
 WordsOfOtherComments: RUNSPEC\nWATR -- see quor: off\n -- quor off\n => d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
-UnknownCode: RUNSPEC\nWATR -- quor: off unknwon-keyword\n => d.data:2:19: warning: unknown finding code 'unknwon-keyword' [bad-suppression] | did you mean unknown-keyword?
-    d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+UnknownCode: RUNSPEC\nWATR -- quor: off unknwon-keyword\nINCLUDE 'a.inc' /\nOLI\n-- quor: off all\n & a.inc=WATR\n-- quor: of\n => d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+    a.inc:1:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER? <- d.data:3:1
+    a.inc:2:10: warning: unexpected 'of' after 'quor:'; expected off, begin-off or end-off [bad-suppression] | for example '-- quor: off wrong-section' <- d.data:3:1
+    d.data:2:19: warning: unknown finding code 'unknwon-keyword' [bad-suppression] | did you mean unknown-keyword?
+    d.data:4:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
+    d.data:5:14: warning: unknown finding code 'all' [bad-suppression] | write the code of a finding, for example wrong-section
 UnknownCodeLikeNone: RUNSPEC\n-- quor: off everything\n => d.data:2:14: warning: unknown finding code 'everything' [bad-suppression] | write the code of a finding, for example wrong-section
 UnknownVerb: RUNSPEC\n-- quor: of\n => d.data:2:10: warning: unexpected 'of' after 'quor:'; expected off, begin-off or end-off [bad-suppression] | for example '-- quor: off wrong-section'
 Unclosed: RUNSPEC\n-- quor: begin-off\nWATR\n => d.data:2:1: warning: begin-off without end-off; the findings are hidden up to the end of the file [bad-suppression] | add '-- quor: end-off' with the same codes after it
@@ -331,12 +335,22 @@ TEST(DeckReports, KeepFindingsUpToTheLimitAndCountAll)
     EXPECT_EQ(deck.GetFindings().GetCount(Severity::Error), 6U);
 }
 
-TEST(DeckReports, NotesAreNoFault)
+TEST(DeckReports, FoldThoseThatWereNotKept)
+{
+    const Deck deck = DeckOnDisk("RUNSPEC\n" + Repeat("WATR\n", 5000) + Repeat("OLI\n", 7)).Read();
+    const Findings folded = deck.GetFindings().Fold(200);
+    ASSERT_EQ(folded.GetKept().size(), 1U);
+    EXPECT_EQ(MoreText(folded.GetKept().front()), "and 4,999 more like it");
+    EXPECT_EQ(folded.GetOmittedCount(), 7U);
+    EXPECT_EQ(deck.GetFindings().GetOmittedCount(), 4807U);
+}
+
+TEST(DeckReports, NotesLeaveADeckClean)
 {
     Findings findings = FindingCollector::Make(1);
-    FindingCollector(findings).Admit(Severity::Note);
+    FindingCollector(findings).Admit(Severity::Note, {}, {}, {});
     EXPECT_TRUE(findings.IsClean());
-    FindingCollector(findings).Admit(Severity::Warning);
+    FindingCollector(findings).Admit(Severity::Warning, {}, {}, {});
     EXPECT_FALSE(findings.IsClean());
 }
 
@@ -417,7 +431,7 @@ TEST(Findings, ThatAreAlikeAreFolded)
         finding.location.file = file;
         finding.code = code;
         finding.message = message;
-        if (FindingCollector(findings).Admit(Severity::Error))
+        if (FindingCollector(findings).Admit(Severity::Error, file, code, message))
             FindingCollector(findings).Keep(finding, "");
     };
     add("a", "out-of-range", "ROWS2: value 5 is too large (expected at most -3.5)");
@@ -438,6 +452,7 @@ TEST(Findings, ThatAreAlikeAreFolded)
         "a unknown keyword '1' \n");
     EXPECT_EQ(folded.GetCount(Severity::Error), 7U);
     EXPECT_EQ(folded.GetOmittedCount(), 1U);
+    EXPECT_EQ(folded.Fold(4).GetOmittedCount(), 1U);
     Finding many;
     many.more = 1234567;
     EXPECT_EQ(MoreText(many), "and 1,234,567 more like it");

@@ -9,7 +9,6 @@
 
 namespace Veld::Quor::Core::Lint {
 
-using Decks::CodeInfo;
 using Decks::Shorten;
 
 Reporter Reporter::InKeyword(const Element& keyword) const
@@ -29,29 +28,31 @@ Reporter Reporter::In(const char* what, const std::string& name) const
 
 void Reporter::Report(Code code, const Span& span, const std::string& message, const std::string& hint) const
 {
-    const CodeInfo& info = InfoOf(code);
-    if (findings_.Admit(info.severity))
-        Keep(info, document_->LocationOf(span.offset), span.length, message, hint);
+    Add(code, span.length, message, hint, [&] { return document_->LocationOf(span.offset); });
 }
 
 void Reporter::ReportAt(Code code, const Decks::Location& location, const std::string& message) const
 {
-    const CodeInfo& info = InfoOf(code);
-    if (findings_.Admit(info.severity))
-        Keep(info, location, 0, message, {});
+    Add(code, 0, message, {}, [&] { return location; });
 }
 
-void Reporter::Keep(const CodeInfo& info, const Decks::Location& location, std::size_t length,
-    const std::string& message, const std::string& hint) const
+/// The location takes long to find, and is not needed if the finding isn't kept.
+template <class LocationOf>
+void Reporter::Add(Code code, std::size_t length, const std::string& message, const std::string& hint,
+    LocationOf locationOf) const
 {
+    const Decks::CodeInfo& info = InfoOf(code);
     Decks::Finding finding;
+    finding.message = subject_.empty() ? message : fmt::format("{}: {}", subject_, message);
+    if (!findings_.Admit(info.severity, document_->GetName(), info.name, finding.message))
+        return;
     finding.code = info.name;
     finding.severity = info.severity;
-    finding.location = location;
+    finding.location = locationOf();
     finding.length = length;
-    finding.message = subject_.empty() ? message : fmt::format("{}: {}", subject_, message);
     finding.hint = hint;
-    findings_.Keep(std::move(finding), document_->GetLine(location.line));
+    const std::size_t line = finding.location.line;
+    findings_.Keep(std::move(finding), document_->GetLine(line));
 }
 
 std::string Quoted(const std::string& text)

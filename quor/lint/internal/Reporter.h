@@ -32,8 +32,9 @@ public:
     const Document& GetDocument() const { return *document_; }
 
 private:
-    void Keep(const Core::Decks::CodeInfo& info, const Core::Decks::Location& location, std::size_t length,
-        const std::string& message, const std::string& hint) const;
+    template <class LocationOf>
+    void Add(Code code, std::size_t length, const std::string& message, const std::string& hint,
+        LocationOf locationOf) const;
 
     Core::Decks::FindingCollector findings_;
     const Document* document_;

@@ -1,16 +1,71 @@
 #include "quor/deck/internal/check/FindingCollector.h"
 
+#include "quor/deck/internal/text/LineText.h"
+
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
 
-bool FindingCollector::Admit(Severity severity) const
+namespace {
+
+/// The hash of a text that is added piece by piece.
+class KindHash {
+public:
+    void Add(char c) { hash_ = (hash_ ^ static_cast<unsigned char>(c)) * 0x100000001B3U; }
+    void Add(std::string_view text)
+    {
+        for (const char c : text)
+            Add(c);
+        Add('\n');
+    }
+    std::uint64_t Get() const { return hash_; }
+
+private:
+    std::uint64_t hash_ = 0xCBF29CE484222325U;
+};
+
+} // namespace
+
+std::uint64_t FindingKind(std::string_view file, std::string_view code, std::string_view message)
+{
+    KindHash hash;
+    hash.Add(file);
+    hash.Add(code);
+    const auto isDigit = [&](std::size_t i) { return i < message.size() && IsDigit(message[i]); };
+    const auto begins = [&](std::size_t i) { return isDigit(i) || (message[i] == '-' && isDigit(i + 1)); };
+    bool isQuoted = false;
+    for (std::size_t i = 0; i < message.size(); ++i) {
+        isQuoted = isQuoted != (message[i] == '\'');
+        const bool isNumber = !isQuoted && begins(i) && (i == 0 || message[i - 1] == ' ');
+        if (!isNumber)
+            hash.Add(message[i]);
+        else
+            i = std::min(message.find_first_not_of("-.,e+0123456789", i), message.size()) - 1;
+    }
+    return hash.Get();
+}
+
+bool FindingCollector::Admit(
+    Severity severity, std::string_view file, std::string_view code, std::string_view message) const
 {
     ++findings_->counts_[static_cast<std::size_t>(severity)];
     if (!IsFull())
         return true;
     ++findings_->omitted_;
+    CountOmitted(FindingKind(file, code, message));
     return false;
+}
+
+/// Only of kinds that are kept: there are no more of them than the limit.
+void FindingCollector::CountOmitted(std::uint64_t kind) const
+{
+    auto& counts = findings_->omittedLike_;
+    if (counts.empty()) {
+        for (const Finding& kept : findings_->kept_)
+            counts.try_emplace(FindingKind(kept.location.file, kept.code, kept.message), 0);
+    }
+    if (const auto at = counts.find(kind); at != counts.end())
+        ++at->second;
 }
 
 void FindingCollector::Keep(Finding finding, std::string_view line) const

@@ -11,15 +11,14 @@ void FindingReporter::Report(
     if (isMuted_ || (info.isStrict && !isStrict_))
         return;
     errors_ += info.severity == Severity::Error ? 1 : 0;
-    if (code != Code::BadSuppression && SuppressionsOf(range.file).Cover(range.offset, code)) {
-        findings_.Hide(Hiding::Suppressed);
-        return;
+    if (code != Code::BadSuppression) {
+        const Suppressions& suppressions = ScanTo(range.file, range.offset);
+        if (suppressions.Cover(range.offset, code))
+            return findings_.Hide(Hiding::Suppressed);
     }
-    if (isKnown_ && isKnown_(files_, range, code)) {
-        findings_.Hide(Hiding::Known);
-        return;
-    }
-    if (!findings_.Admit(info.severity))
+    if (isKnown_ && isKnown_(files_, range, code))
+        return findings_.Hide(Hiding::Known);
+    if (!findings_.Admit(info.severity, files_.Get(range.file).name, info.name, message))
         return;
     Finding finding;
     finding.code = info.name;
@@ -35,13 +34,12 @@ void FindingReporter::Report(
     findings_.Keep(std::move(finding), files_.LineOf(range).first);
 }
 
-void FindingReporter::ReportBadSuppressions()
+void FindingReporter::EndFile(std::uint32_t file)
 {
     constexpr std::size_t large = std::size_t(1) << 20;
-    for (std::uint32_t file = 0; file < files_.GetSize(); ++file) {
-        if (files_.GetText(file).size() < large)
-            SuppressionsOf(file);
-    }
+    const bool isScanned = suppressions_.count(files_.Get(file).text.get()) > 0;
+    if (!isMuted_ && (isScanned || files_.GetText(file).size() < large))
+        ScanTo(file, std::string::npos);
 }
 
 bool FindingReporter::IsIncludedAgain(std::uint32_t file) const
@@ -53,15 +51,16 @@ bool FindingReporter::IsIncludedAgain(std::uint32_t file) const
     return false;
 }
 
-const Suppressions& FindingReporter::SuppressionsOf(std::uint32_t file)
+const Suppressions& FindingReporter::ScanTo(std::uint32_t file, std::size_t end)
 {
     const SourceText& source = *files_.Get(file).text;
-    const auto [at, isNew] = suppressions_.try_emplace(&source, source);
-    if (isNew) {
-        for (const Suppressions::Fault& fault : at->second.GetFaults())
-            Report({file, fault.offset, fault.length}, Code::BadSuppression, fault.message, fault.hint);
+    auto& [suppressions, reported] = suppressions_.try_emplace(&source, source).first->second;
+    const auto& mistakes = suppressions.GetMistakes();
+    while (reported < mistakes.size() && mistakes[reported].offset < end) {
+        const Suppressions::Mistake& mistake = mistakes[reported++];
+        Report({file, mistake.offset, mistake.length}, Code::BadSuppression, mistake.message, mistake.hint);
     }
-    return at->second;
+    return suppressions;
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -31,9 +31,9 @@ public:
     /// `fix`: as the finding has it.
     void Report(const TextRange& range, Code code, std::string message, std::string hint = {},
         std::vector<TextEdit> fix = {});
-    /// Reports the comments that suppress findings and that can't be followed, of files in which nothing was
-    /// found. Large ones are left alone: it would take as long as to read them.
-    void ReportBadSuppressions();
+    /// The file is read: reports what is wrong with the comments in the rest of it that suppress findings. A
+    /// large file in which nothing was found is left alone: it would take as long as to read it.
+    void EndFile(std::uint32_t file);
 
     /// An error that was reported already, in other words.
     void CountError() { errors_ += isMuted_ ? 0 : 1; }
@@ -64,15 +64,26 @@ public:
     bool IsFull() const { return findings_.IsFull(); }
 
 private:
+    /// Of a file, and how many of their mistakes were reported.
+    struct FileComments {
+        explicit FileComments(const SourceText& source)
+            : suppressions(source)
+        {
+        }
+        Suppressions suppressions;
+        std::size_t reported = 0;
+    };
+
     /// Whether the file was included before: a change of it was suggested then.
     bool IsIncludedAgain(std::uint32_t file) const;
-    /// Scans the file when it is first asked for, and reports what is wrong with its comments.
-    const Suppressions& SuppressionsOf(std::uint32_t file);
+    /// Scans the file when it is first asked for, and reports what is wrong with its comments up to an
+    /// offset.
+    const Suppressions& ScanTo(std::uint32_t file, std::size_t end);
 
     const DeckFiles& files_;
     FindingCollector findings_;
     KnownFinding isKnown_;
-    std::unordered_map<const SourceText*, Suppressions> suppressions_;
+    std::unordered_map<const SourceText*, FileComments> suppressions_;
     std::size_t errors_ = 0;
     bool isMuted_ = false;
     bool isStrict_;

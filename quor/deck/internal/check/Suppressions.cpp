@@ -101,9 +101,9 @@ void Suppressions::Do(std::string_view verb, std::string_view words, std::string
     else if (verb == "end-off")
         Close(comment, ReadCodes(words));
     else if (verb.empty())
-        Blame(comment, "nothing after 'quor:'; expected off, begin-off or end-off", example);
+        Report(comment, "nothing after 'quor:'; expected off, begin-off or end-off", example);
     else
-        Blame(verb,
+        Report(verb,
             fmt::format("unexpected '{}' after 'quor:'; expected off, begin-off or end-off", Shorten(verb)),
             example);
 }
@@ -123,8 +123,8 @@ Suppressions::CodeSet Suppressions::ReadCodes(std::string_view words)
             continue;
         }
         constexpr std::size_t mostHints = 1000; // they take long to find
-        Blame(word, fmt::format("unknown finding code '{}'", Shorten(word)),
-            faults_.size() < mostHints ? HintOf(word) : "");
+        Report(word, fmt::format("unknown finding code '{}'", Shorten(word)),
+            mistakes_.size() < mostHints ? HintOf(word) : "");
     }
     return isAll ? codes.set() : codes;
 }
@@ -168,7 +168,8 @@ void Suppressions::Close(std::string_view comment, const CodeSet& codes)
 {
     const CodeSet open = regions_.empty() ? CodeSet() : regions_.back().codes;
     if (codes.any() && (open & codes).none())
-        Blame(comment, "end-off without begin-off", "add '-- quor: begin-off' with the same codes before it");
+        Report(
+            comment, "end-off without begin-off", "add '-- quor: begin-off' with the same codes before it");
     for (std::size_t i = 0; i < mostCodes; ++i) {
         if (codes[i])
             opened_[i].reset();
@@ -179,21 +180,21 @@ void Suppressions::Close(std::string_view comment, const CodeSet& codes)
 /// A comment that opens several codes is reported once.
 void Suppressions::ReportOpen()
 {
-    std::vector<const char*> told;
+    std::vector<const char*> reported;
     for (const auto& comment : opened_) {
-        if (!comment || std::find(told.begin(), told.end(), comment->data()) != told.end())
+        if (!comment || std::find(reported.begin(), reported.end(), comment->data()) != reported.end())
             continue;
-        told.push_back(comment->data());
-        Blame(*comment, "begin-off without end-off; the findings are hidden up to the end of the file",
+        reported.push_back(comment->data());
+        Report(*comment, "begin-off without end-off; the findings are hidden up to the end of the file",
             "add '-- quor: end-off' with the same codes after it");
     }
-    const auto byPlace = [](const Fault& a, const Fault& b) { return a.offset < b.offset; };
-    std::stable_sort(faults_.begin(), faults_.end(), byPlace);
+    const auto byOffset = [](const Mistake& a, const Mistake& b) { return a.offset < b.offset; };
+    std::stable_sort(mistakes_.begin(), mistakes_.end(), byOffset);
 }
 
-void Suppressions::Blame(std::string_view part, std::string message, std::string hint)
+void Suppressions::Report(std::string_view part, std::string message, std::string hint)
 {
-    faults_.push_back({OffsetOf(part), part.size(), std::move(message), std::move(hint)});
+    mistakes_.push_back({OffsetOf(part), part.size(), std::move(message), std::move(hint)});
 }
 
 std::string_view Suppressions::LineAt(std::size_t offset) const

@@ -20,8 +20,8 @@ namespace Veld::Quor::Core::Decks {
 /// No code stands for all. After a further `--` there is room for a reason.
 class Suppressions {
 public:
-    /// A comment that can't be followed.
-    struct Fault {
+    /// What is wrong with a comment.
+    struct Mistake {
         std::size_t offset;
         std::size_t length;
         std::string message;
@@ -33,7 +33,7 @@ public:
 
     /// Whether findings with the code aren't to be reported at the offset.
     bool Cover(std::size_t offset, Code code) const;
-    const std::vector<Fault>& GetFaults() const { return faults_; }
+    const std::vector<Mistake>& GetMistakes() const { return mistakes_; }
 
 private:
     static constexpr std::size_t mostCodes = 128;
@@ -58,7 +58,7 @@ private:
     void Open(std::string_view comment, const CodeSet& codes);
     void Close(std::string_view comment, const CodeSet& codes);
     void ReportOpen();
-    void Blame(std::string_view part, std::string message, std::string hint);
+    void Report(std::string_view part, std::string message, std::string hint);
     std::size_t OffsetOf(std::string_view part) const
     {
         return static_cast<std::size_t>(part.data() - text_.data());
@@ -71,7 +71,7 @@ private:
     std::vector<Line> lines_; // by offset
     std::vector<Region> regions_; // by offset
     std::array<std::optional<std::string_view>, mostCodes> opened_ = {}; // the comments of open regions
-    std::vector<Fault> faults_;
+    std::vector<Mistake> mistakes_;
 };
 
 } // namespace Veld::Quor::Core::Decks

@@ -66,7 +66,6 @@ std::unique_ptr<DeckContents> DeckReader::Read()
         reporter_.Report(
             {}, Code::NoSection, "the deck has no keywords", "start the deck with section RUNSPEC");
     text_.Finish();
-    reporter_.ReportBadSuppressions();
     deck_->distinctFiles = text_.GetFileCount();
     deck_->sections = sections_.GetCount();
     return std::move(deck_);

@@ -212,6 +212,7 @@ void DeckText::Leave()
 {
     ++turns_;
     ReportOpenBlocks();
+    reporter_.EndFile(GetFile());
     const auto size = static_cast<std::size_t>(end_ - begin_);
     left_ += size;
     unreported_ += size;
@@ -231,6 +232,9 @@ void DeckText::Finish()
         Leave();
     ReportOpenBlocks();
     frames_.back().blocks.clear();
+    for (std::uint32_t file = 0; file < files_.GetSize();
+         ++file) // also those that ended while nothing is reported
+        reporter_.EndFile(file);
     ReportProgress();
 }
 

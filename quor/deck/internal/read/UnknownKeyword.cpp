@@ -29,8 +29,9 @@ bool EndsText(const Entry& entry)
 const Entry* ReportUnknownKeyword(const TextRange& range, std::string_view word, SectionType::Enum section,
     Vocabulary& vocabulary, FindingReporter& reporter)
 {
+    std::string message = fmt::format("unknown keyword '{}'", Shorten(word));
     if (reporter.IsFull()) {
-        reporter.Report(range, Code::UnknownKeyword, {});
+        reporter.Report(range, Code::UnknownKeyword, std::move(message));
         return nullptr;
     }
     const std::string name(word);
@@ -45,8 +46,7 @@ const Entry* ReportUnknownKeyword(const TextRange& range, std::string_view word,
     std::vector<TextEdit> fix;
     if (meant && !EndsText(*meant) && meant->valid.ofTarget.Allows(section))
         fix.push_back({range, *first});
-    reporter.Report(range, Code::UnknownKeyword, fmt::format("unknown keyword '{}'", Shorten(word)),
-        std::move(hint), std::move(fix));
+    reporter.Report(range, Code::UnknownKeyword, std::move(message), std::move(hint), std::move(fix));
     return meant && !EndsText(*meant) ? meant : nullptr;
 }
 
