@@ -11,6 +11,7 @@ namespace Veld::Quor::Core::Lint {
 /// version to version, the names of `CodeInfo` do not.
 enum class Code {
     NotWellFormed,
+    ShortForm,
     NoKeyword,
     NestedKeyword,
     UnknownElement,

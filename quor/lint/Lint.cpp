@@ -57,6 +57,19 @@ private:
     std::vector<const Element*>& keywords_;
 };
 
+/// The first short form below an element; null if there is none.
+const Element* FindShortForm(const Element& parent)
+{
+    for (const Element& child : parent.children) {
+        const bool isItem = parent.tag == "record" && child.tag != "item" && child.Find("name");
+        if (isItem || child.tag == "records" || (child.tag == "use" && child.Find("piece")))
+            return &child;
+        if (const Element* const inner = FindShortForm(child))
+            return inner;
+    }
+    return nullptr;
+}
+
 Definition CheckOne(const Element& keyword, const Reporter& reporter)
 {
     const Reporter own = reporter.InKeyword(keyword);
@@ -123,6 +136,12 @@ LintReport LintDocuments(const std::vector<Document>& documents, std::size_t max
         if (const auto& refusal = document.GetRefusal())
             reporter.ReportAt(Code::NotWellFormed, refusal->location,
                 fmt::format("cannot read the document: {}", refusal->reason));
+        else if (const Element* const shortForm = FindShortForm(*document.GetRoot()))
+            reporter.Report(Code::ShortForm, shortForm->span,
+                fmt::format("{} is a short form, which the loader doesn't know; nothing else is checked in "
+                            "the document",
+                    Tagged(shortForm->tag)),
+                "check the document in which the short forms are expanded");
         else if (!KeywordSearch(reporter, keywords).SearchOutside(*document.GetRoot()))
             reporter.Report(Code::NoKeyword, document.GetRoot()->span,
                 fmt::format("no <keyword> in {}", Tagged(document.GetRoot()->tag)));

@@ -21,6 +21,7 @@ const std::vector<Row>& CodeRows()
 {
     static const std::vector<Row> rows = Rows(R"(
 not-well-formed: x.xml:5:3: error: cannot read the document: expected end of tag 'isHidden' [not-well-formed]
+short-form: x.xml:4:7: error: <records> is a short form, which the loader doesn't know; nothing else is checked in the document [short-form] | check the document in which the short forms are expanded
 no-keyword: x.xml:2:1: warning: no <keyword> in <keywords> [no-keyword]
 nested-keyword: x.xml:3:19: warning: L: keyword inside another keyword is read as a separate keyword [nested-keyword] | move it after the other keyword
 unknown-element: x.xml:5:1: error: K: unknown element <itm> in <record>; the load fails [unknown-element] | did you mean 'item'?
@@ -56,11 +57,11 @@ number-text: x.xml:4:49: warning: K, item I: invalid number '12abc' of <max> is 
 crossed-limits: x.xml:4:60: warning: K, item I: max 1 is less than min 2 [crossed-limits]
 default-outside: x.xml:4:81: warning: K, item I: default 1.5 is greater than max 1 [default-outside]
 boolean-text: x.xml:4:70: warning: K, item I: default 'no' is read as true [boolean-text] | expected YES or NO
-default-no-choice: x.xml:5:33: warning: K, item I: default 'OILS' matches no choice and gives no value [default-no-choice] | did you mean 'OIL'?
+default-no-choice: x.xml:5:33: warning: K, item I: default 'OILS' matches no choice; the item has no default [default-no-choice] | did you mean 'OIL'?
 default-not-in-full: x.xml:5:33: warning: K, item I: default 'GA' is an abbreviation of a choice [default-not-in-full] | write the choice in full
 lost-override: x.xml:5:38: warning: K, item I: override for 'Wend' has no effect; the specified default of the choice is used [lost-override] | write a specified default for the simulator, or remove the override
 override-elsewhere: x.xml:8:47: warning: K: override for 'Wend', for which the keyword is not valid [override-elsewhere] | remove the override, or make the keyword valid for the simulator
-lower-case: x.xml:3:16: warning: permx: name 'permx' does not match a name in upper case [lower-case] | write it in upper case
+lower-case: x.xml:3:16: warning: permx: name 'permx' never matches because names of keywords are in upper case [lower-case] | write it in upper case
 unreachable-word: x.xml:5:54: warning: K, item I: unreachable choice or alias 'OIL'; an earlier one has the same text [unreachable-word] | remove it
 no-key: x.xml:4:12: warning: K, assignment without a name: the assignment has neither a name nor an alias [no-key] | add attribute 'name'
 name-length: x.xml:3:16: warning: NINECHARS: name 'NINECHARS' has 9 characters (expected at most 8) [name-length]

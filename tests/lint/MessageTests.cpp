@@ -18,6 +18,8 @@ TEST_P(Message, IsReportedInFull)
 }
 
 INSTANTIATE_TEST_SUITE_P(Variants, Message, testing::ValuesIn(Rows(R"(
+UseOfAPiece: <zzzzzzzz/><validity>\n<use piece='wells'/>\n</validity> => x.xml:5:1: error: <use> is a short form, which the loader doesn't know; nothing else is checked in the document [short-form] | check the document in which the short forms are expanded
+ScalarAsItem: <data><record><real name='I'>d</real></record></data> => x.xml:4:15: error: <real> is a short form, which the loader doesn't know; nothing else is checked in the document [short-form] | check the document in which the short forms are expanded
 AliasInLowerCase: <data><record><item name='I' ><choice~><values><value string='OIL'><aliases>\n<alias name='oleum'/>\n</aliases></value></values></choice></item></record></data> =>
     x.xml:6:14: warning: K, item I: 'oleum' never matches because words of a deck are converted to upper case [lower-case] | write it in upper case
 AliasAsDefault: <data><record><item name='I' ><choice~><default type='specified' val='OLEUM'/><values><value string='OIL'><aliases>\n<alias name='OLEUM'/>\n</aliases></value></values></choice></item></record></data> =>
@@ -25,7 +27,7 @@ AliasAsDefault: <data><record><item name='I' ><choice~><default type='specified'
 BeginningOfAnAlias: <data><record><item name='I' ><choice~><default type='specified' val='OLE'/><values><value string='OIL'><aliases>\n<alias name='OLEUM'/>\n</aliases></value></values></choice></item></record></data> =>
     x.xml:5:60: warning: K, item I: default 'OLE' is an abbreviation of a choice [default-not-in-full] | write the choice in full
 DefaultFarFromAllChoices: <data><record><item name='I' ><choice~><default type='specified' val='WATER'/><values><value string='OIL'/><value string='GAS'/></values></choice></item></record></data> =>
-    x.xml:5:60: warning: K, item I: default 'WATER' matches no choice and gives no value [default-no-choice]
+    x.xml:5:60: warning: K, item I: default 'WATER' matches no choice; the item has no default [default-no-choice]
 ValueWithoutString: <data><record><item name='I' ><choice~><values><value/></values></choice></item></record></data> =>
     x.xml:5:37: warning: K, item I: <value> without attribute 'string' is read as a blank choice [missing-attribute] | write string="..."
 EmptySize: <data><list maxSize=''><real~></real></list></data> => x.xml:4:13: warning: K: attribute 'maxSize' is empty [missing-attribute] | remove the attribute

@@ -105,7 +105,7 @@ void CheckDefaultChoice(const ChoiceWords& words, const Attribute& value, const 
             "write the choice in full");
     else
         reporter.Report(Code::DefaultNoChoice, value.valueSpan,
-            fmt::format("default {} matches no choice and gives no value", Quoted(value.value)),
+            fmt::format("default {} matches no choice; the item has no default", Quoted(value.value)),
             reporter.IsFull() ? "" : HintOfNearest(text, {words.texts.begin(), words.texts.end()}));
 }
 

@@ -79,7 +79,7 @@ void CheckNameText(const Name& name)
                 "name {} has {} characters (expected at most {})", Quoted(text), text.size(), longestName));
     if (text.find_first_of("abcdefghijklmnopqrstuvwxyz") != std::string::npos)
         reporter.Report(Code::LowerCase, name.span,
-            fmt::format("name {} does not match a name in upper case", Quoted(text)),
+            fmt::format("name {} never matches because names of keywords are in upper case", Quoted(text)),
             "write it in upper case");
     const std::size_t asterisk = text.find('*');
     if (asterisk < text.size() - 1)

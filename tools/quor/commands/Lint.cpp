@@ -140,10 +140,13 @@ Command MakeLintCommand(CLI::App& application)
         "Check the built-in documents; locations refer to the text that they are written as");
     AddFindingFormatOption(command, options->format);
     AddMaxFindingsOption(command, options->maxFindings, "");
-    command.footer("With an error the load fails; with a warning it continues silently.\n\n"
-                   "Examples:\n"
-                   "  quor lint mine.xml documents/\n"
-                   "  quor lint extra.xml --format gcc");
+    command.footer(
+        "With an error the load fails; with a warning it continues silently.\n"
+        "A document with short forms, such as <use>, is not checked: check the built-in documents with\n"
+        "--builtin, or the expanded document that the build writes.\n\n"
+        "Examples:\n"
+        "  quor lint mine.xml documents/\n"
+        "  quor lint extra.xml --format gcc");
     Command made{&command, {}};
     made.runAlone = [options] { return RunLint(*options); };
     return made;
