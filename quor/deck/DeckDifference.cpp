@@ -73,7 +73,7 @@ public:
     Comparer(const DeckContents& a, const DeckContents& b, const ComparisonOptions& options)
         : a_(a)
         , b_(b)
-        , comparison_(options.GetSimulator().value_or(a.GetTarget().simulator), options.IsStrict())
+        , comparison_(options.GetSimulator().value_or(a.GetTarget().simulator), options.DoDefaultsDiffer())
     {
     }
 

@@ -40,20 +40,20 @@ public:
         return *this;
     }
     /// Whether a value left to its default differs from that value. False at first.
-    ComparisonOptions& SetStrict(bool isStrict)
+    ComparisonOptions& SetDefaultsDiffer(bool doDiffer)
     {
-        isStrict_ = isStrict;
+        doDefaultsDiffer_ = doDiffer;
         return *this;
     }
 
     /// What was set; without a value: the simulator of the first deck.
     const std::optional<Keywords::SimulatorType::Enum>& GetSimulator() const { return simulator_; }
     /// What was set.
-    bool IsStrict() const { return isStrict_; }
+    bool DoDefaultsDiffer() const { return doDefaultsDiffer_; }
 
 private:
     std::optional<Keywords::SimulatorType::Enum> simulator_;
-    bool isStrict_ = false;
+    bool doDefaultsDiffer_ = false;
 };
 
 /// One difference between two decks.

@@ -209,7 +209,7 @@ void CheckWritten(const Deck& deck, const ReadOptions& options, const DeckLangua
     Store(written);
     std::optional<Deck> again = Deck::Read(GetDeck(), language, options);
     RequireSame(deck, *again, "the written deck");
-    Require(Compare(deck, *again, ComparisonOptions().SetStrict(true)).groups.empty(), "diff finds nothing");
+    Require(Compare(deck, *again, ComparisonOptions().SetDefaultsDiffer(true)).groups.empty(), "diff finds nothing");
     Require(WriteFiles(*again) == written, "the second time gives the same text");
     if (deck.GetFiles().GetSize() == 1)
         Require(all == written[0], "the deck is in one file already");
@@ -229,7 +229,7 @@ void CheckAnswers(const Deck& deck, const Conditions& conditions)
     GitHubText({deck.GetFindings()});
     Summarize(deck);
     for (const bool isStrict : {false, true})
-        Require(Compare(deck, deck, ComparisonOptions().SetStrict(isStrict)).groups.empty(),
+        Require(Compare(deck, deck, ComparisonOptions().SetDefaultsDiffer(isStrict)).groups.empty(),
             "a deck doesn't differ from itself");
     FindLosses(deck, PortOptions().SetLocations(conditions.isEditable));
     FindLosses(deck,
