@@ -44,7 +44,15 @@ VELD_QUOR_EXPORT std::string MoreText(const Finding& finding);
 /// the message. The texts of the deck in it are as they are, control characters included.
 VELD_QUOR_EXPORT std::string ToString(const Finding& finding);
 
-/// Why a finding isn't reported.
+/// Why a finding isn't reported. Comments of a deck suppress findings of the codes that they name, or of all
+/// codes if they name none. A second `--` begins a remark in them:
+///
+///     OILL -- quor: off unknown-keyword      on this line
+///     -- quor: off bad-date, date-order      on the next line that is more than a comment
+///     -- quor: begin-off wrong-size          from here on, in this file
+///     -- quor: end-off wrong-size -- later   up to here
+///
+/// A comment that is none of these, or names an unknown code, has a finding `bad-suppression`.
 enum class Hiding {
     Suppressed, ///< a comment of the deck says so
     Known, ///< whoever asked for the findings has it already

@@ -248,9 +248,9 @@ OfOneFile: RUNSPEC\nINCLUDE 'a.inc' /\nWATR\n & a.inc=-- quor: begin-off\nWATR\n
 WindowsLineEnds: RUNSPEC\r\nWATR -- quor: off unknown-keyword\r\n =>
 WordsOfOtherComments: RUNSPEC\nWATR -- see quor: off\n -- quor off\n => d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 UnknownCode: RUNSPEC\nWATR -- quor: off unknwon-keyword\nINCLUDE 'a.inc' /\nOLI\n-- quor: off all\n & a.inc=WATR\n-- quor: of\n => d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
+    d.data:2:19: warning: unknown finding code 'unknwon-keyword' [bad-suppression] | did you mean unknown-keyword?
     a.inc:1:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER? <- d.data:3:1
     a.inc:2:10: warning: unexpected 'of' after 'quor:'; expected off, begin-off or end-off [bad-suppression] | for example '-- quor: off wrong-section' <- d.data:3:1
-    d.data:2:19: warning: unknown finding code 'unknwon-keyword' [bad-suppression] | did you mean unknown-keyword?
     d.data:4:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL?
     d.data:5:14: warning: unknown finding code 'all' [bad-suppression] | write the code of a finding, for example wrong-section
 UnknownCodeLikeNone: RUNSPEC\n-- quor: off everything\n => d.data:2:14: warning: unknown finding code 'everything' [bad-suppression] | write the code of a finding, for example wrong-section

@@ -274,7 +274,7 @@ Orders: ORDERED\n A 1 9 /\n B 1 9 /\n C 0 8 /\n/\n => ? => d.data:4:6: error: OR
     d.data:5:4: error: ORDERED, UP: value 0 must not be less than the previous value 1 [column-order]
 RepeatBeyondTheEnd: PAIR\n 1 4*2\n => (1 2) => d.data:3:4: error: PAIR: too many values (the repeat count is too large by 3) [too-many-values]
 SurplusOfOneItem: TSTEP\n 1 2 /\n/\n => [(1)] => d.data:3:4: error: TSTEP: too many values (expected at most 1) [too-many-values] | end the record with a slash before this value
-Variables: RECORD\n P1 $RATE OIL NO 3 /\nRECORD\n P1 $RATE OIL NO 3 /\n => ? => d.data:3:5: error: variable '$RATE' has no value [unknown-variable] | give variable $RATE a value
+Variables: RECORD\n P1 $RATE OIL NO 3 /\nRECORD\n P1 $RATE OIL NO 3 /\n => ? => d.data:3:5: error: variable '$RATE' has no value [unknown-variable] | set the variable $RATE
 QuantityOfTheUser: SCHEDULE\nRECORD\n P1 WUOPR OIL NO 3 /\n => ('P1' - 0 0 3) =>
 QuantityOutsideTheSchedule: RECORD\n P1 WUOPR OIL NO 3 /\n => ('P1' - 0 0 3) => d.data:3:5: error: RECORD, RATE: invalid value 'WUOPR'; expected a number [wrong-type]
 RemarkOnTheKeywordsLine: RECORD name rate, see p. 3/4\n P1 1 OIL NO 3 /\n => ('P1' 1 0 0 3) => d.data:2:8: warning: RECORD: the text 'name rate, see p. 3/4' is read as a remark [text-after-keyword] | write '--' before a remark, and data on the next line

@@ -14,7 +14,7 @@ std::string FindingsText(const Core::Decks::Findings& findings);
 /// The message, and how many more like it there are.
 std::string WithMore(const Core::Decks::Finding& finding);
 
-/// "2 errors, 1 warning"; "no findings" if there are none but notes. Behind them, what is hidden.
+/// "2 errors, 1 warning"; "no findings" if there are none but notes. After them, what is hidden.
 std::string CountsText(const Core::Decks::Findings& findings);
 
 /// "1 file", "2 files"

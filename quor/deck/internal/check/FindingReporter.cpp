@@ -34,12 +34,12 @@ void FindingReporter::Report(
     findings_.Keep(std::move(finding), files_.LineOf(range).first);
 }
 
-void FindingReporter::EndFile(std::uint32_t file)
+void FindingReporter::ReportBadSuppressions(std::uint32_t file, std::size_t end)
 {
     constexpr std::size_t large = std::size_t(1) << 20;
     const bool isScanned = suppressions_.count(files_.Get(file).text.get()) > 0;
     if (!isMuted_ && (isScanned || files_.GetText(file).size() < large))
-        ScanTo(file, std::string::npos);
+        ScanTo(file, end);
 }
 
 bool FindingReporter::IsIncludedAgain(std::uint32_t file) const

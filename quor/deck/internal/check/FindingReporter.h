@@ -31,9 +31,9 @@ public:
     /// `fix`: as the finding has it.
     void Report(const TextRange& range, Code code, std::string message, std::string hint = {},
         std::vector<TextEdit> fix = {});
-    /// The file is read: reports what is wrong with the comments in the rest of it that suppress findings. A
+    /// The file is read up to `end`: reports what is wrong with the comments in it that suppress findings. A
     /// large file in which nothing was found is left alone: it would take as long as to read it.
-    void EndFile(std::uint32_t file);
+    void ReportBadSuppressions(std::uint32_t file, std::size_t end = std::string::npos);
 
     /// An error that was reported already, in other words.
     void CountError() { errors_ += isMuted_ ? 0 : 1; }

@@ -110,7 +110,7 @@ void DataReader::RemarkBlank()
         return;
     const Token& word = words_.GetWord();
     reporter_.Report(word.range, Code::BlankText,
-        fmt::format("{}: a blank text stands for a default", keyword_.text),
+        fmt::format("{}: a blank text is read as a default", keyword_.text),
         fmt::format("write '{}*'", word.repeat.count), {{word.range, fmt::format("{}*", word.repeat.count)}});
 }
 

@@ -188,8 +188,10 @@ void DeckText::Enter(DeckFile file, const std::string& identity)
     if (!file.text)
         throw SourceError("the source returned no text");
     ++turns_;
-    if (!frames_.empty())
+    if (!frames_.empty()) {
         frames_.back().offset = GetOffset();
+        reporter_.ReportBadSuppressions(GetFile(), GetOffset());
+    }
     identities_.insert(identity);
     texts_[identity] = file.text;
     const bool isWide = file.text->IsWide();
@@ -212,7 +214,7 @@ void DeckText::Leave()
 {
     ++turns_;
     ReportOpenBlocks();
-    reporter_.EndFile(GetFile());
+    reporter_.ReportBadSuppressions(GetFile());
     const auto size = static_cast<std::size_t>(end_ - begin_);
     left_ += size;
     unreported_ += size;
@@ -234,7 +236,7 @@ void DeckText::Finish()
     frames_.back().blocks.clear();
     for (std::uint32_t file = 0; file < files_.GetSize();
          ++file) // also those that ended while nothing is reported
-        reporter_.EndFile(file);
+        reporter_.ReportBadSuppressions(file);
     ReportProgress();
 }
 

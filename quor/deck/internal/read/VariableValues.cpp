@@ -35,7 +35,7 @@ void VariableValues::Report(const std::string& name, const TextRange& range)
     if (!reported_.insert(name).second)
         return;
     reporter_.Report(range, Code::UnknownVariable, fmt::format("variable '{}' has no value", name),
-        fmt::format("give variable {} a value", name));
+        fmt::format("set the variable {}", name));
 }
 
 } // namespace Veld::Quor::Core::Decks
