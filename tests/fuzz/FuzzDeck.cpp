@@ -209,7 +209,8 @@ void CheckWritten(const Deck& deck, const ReadOptions& options, const DeckLangua
     Store(written);
     std::optional<Deck> again = Deck::Read(GetDeck(), language, options);
     RequireSame(deck, *again, "the written deck");
-    Require(Compare(deck, *again, ComparisonOptions().SetDefaultsDiffer(true)).groups.empty(), "diff finds nothing");
+    Require(Compare(deck, *again, ComparisonOptions().SetDefaultsDiffer(true)).groups.empty(),
+        "diff finds nothing");
     Require(WriteFiles(*again) == written, "the second time gives the same text");
     if (deck.GetFiles().GetSize() == 1)
         Require(all == written[0], "the deck is in one file already");

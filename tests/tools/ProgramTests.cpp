@@ -203,8 +203,7 @@ TEST(Check, NamesTheOptionThatGivesAVariableAValue)
 {
     const TemporaryDirectory folder;
     const std::string deck = folder.Write("d.data", "RUNSPEC\nDIMENS\n $N /\n");
-    EXPECT_TRUE(
-        Holds(RunSmall("check " + deck).out, "hint: set the variable $N with --set NAME=VALUE\n"));
+    EXPECT_TRUE(Holds(RunSmall("check " + deck).out, "hint: set the variable $N with --set NAME=VALUE\n"));
 }
 
 TEST(Check, JudgesEachDeckAlone)

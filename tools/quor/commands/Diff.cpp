@@ -142,7 +142,8 @@ int Diff(LoadedLanguage& language, const DiffOptions& options)
     const auto b = ReadDeckOrReport(options.decks[1], options.read, deckLanguage);
     if (!a || !b)
         return Failure;
-    const auto difference = Decks::Compare(*a, *b, Decks::ComparisonOptions().SetDefaultsDiffer(options.isStrict));
+    const auto difference =
+        Decks::Compare(*a, *b, Decks::ComparisonOptions().SetDefaultsDiffer(options.isStrict));
     if (options.isJson)
         PrintJson(difference, options);
     else
