@@ -147,6 +147,46 @@ TEST(Check, FoldsWhatIsAlikeInAllFormats)
     EXPECT_EQ(json::parse(check("--all --format json"))["findings"].size(), 3U);
 }
 
+TEST(Check, CountsTheFindingsOfManyDecks)
+{
+    const TemporaryDirectory folder;
+    folder.Write("a.data", "RUNSPEC\nWATR\nOIL\nGRID\nPORO\n x y /\nWATR\nINCLUDE\n 'none' /\n");
+    folder.Write("b.data", "RUNSPEC\nOIL\nGRID\nPORO\n z /\n");
+    folder.Write("c.data", "RUNSPEC\nOIL\n");
+    const std::string run =
+        "cd " + Quote(folder.Path().string()) + "; \"$QUOR\" check a.data b.data c.data --statistics";
+    const Outcome text = RunShell(run);
+    EXPECT_EQ(text.status, 1);
+    EXPECT_EQ(text.out, R"(by code and keyword
+  findings  decks  code             keyword  first at
+  3         2      wrong-type       PORO     a.data:6
+  2         1      unknown-keyword  WATR     a.data:2
+  1         1      include-missing  -        a.data:9
+
+by code
+  findings  decks  code             first at
+  3         2      wrong-type       a.data:6
+  2         1      unknown-keyword  a.data:2
+  1         1      include-missing  a.data:9
+
+by keyword
+  findings  decks  keyword  first at
+  3         2      PORO     a.data:6
+  2         1      WATR     a.data:2
+  1         1      -        a.data:9
+
+3 decks, 1 clean: 6 errors, 0 warnings, 0 notes
+)");
+    const json report = json::parse(RunShell(run + " --format json").out);
+    EXPECT_EQ(report["decks"], 3);
+    EXPECT_EQ(report["clean"], 1);
+    EXPECT_EQ(report["counts"]["errors"], 6);
+    EXPECT_EQ(report["byCodeAndKeyword"][1],
+        json::parse(R"({"code": "unknown-keyword", "keyword": "WATR", "findings": 2, "decks": 1, "example":
+            {"file": "a.data", "line": 2, "column": 1, "message": "unknown keyword 'WATR'"}})"));
+    EXPECT_EQ(report["byKeyword"].size(), report["byCode"].size());
+}
+
 TEST(Check, GivesTheRulesTheirMeaningInSarif)
 {
     const TemporaryDirectory folder;

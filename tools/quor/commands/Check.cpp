@@ -1,6 +1,7 @@
 #include "quor/deck/Deck.h"
 #include "quor/deck/DeckSource.h"
 #include "quor/deck/FindingCodes.h"
+#include "tools/quor/commands/CheckStatistics.h"
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/DeckReading.h"
 #include "tools/quor/commands/LoadedLanguage.h"
@@ -42,6 +43,7 @@ struct CheckCommandOptions {
     std::size_t maxFindings = 200;
     bool isStrict = false;
     bool isAll = false; // each finding, not one for all that are alike
+    bool hasStatistics = false; // counts in place of findings
     FindingFormat format = FindingFormat::Text;
     std::string baseline; // empty: none
     std::string newBaseline; // likewise
@@ -98,22 +100,26 @@ void PrintHeader(LoadedLanguage& language)
 }
 
 /// Empty, and reported, if the deck can't be read.
-std::optional<Result> CheckOne(const std::string& deck, const CheckCommandOptions& options,
-    Decks::ReadOptions readOptions, const Decks::DeckLanguage& deckLanguage)
+std::optional<Decks::Deck> ReadOne(
+    const std::string& deck, Decks::ReadOptions options, const Decks::DeckLanguage& deckLanguage)
 {
     try {
         ProgressBar bar;
-        readOptions.SetProgress([&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
-        const Decks::Deck read = Decks::Deck::Read(deck, deckLanguage, readOptions);
-        Decks::Findings findings =
-            options.isAll ? read.GetFindings() : read.GetFindings().Fold(options.maxFindings);
-        std::vector<Fix> fixes = FixesOf(findings, read.GetFiles());
-        return Result{deck, std::move(findings), std::move(fixes), read.GetSize(), read.GetSectionCount(),
-            read.GetFileCount()};
+        options.SetProgress([&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
+        return Decks::Deck::Read(deck, deckLanguage, options);
     } catch (const Decks::SourceError& error) {
         PrintError(error.what());
         return std::nullopt;
     }
+}
+
+Result ResultOf(const std::string& deck, const Decks::Deck& read, const CheckCommandOptions& options)
+{
+    Decks::Findings findings =
+        options.isAll ? read.GetFindings() : read.GetFindings().Fold(options.maxFindings);
+    std::vector<Fix> fixes = FixesOf(findings, read.GetFiles());
+    return {deck, std::move(findings), std::move(fixes), read.GetSize(), read.GetSectionCount(),
+        read.GetFileCount()};
 }
 
 /// Prints the end of the report on all decks.
@@ -164,19 +170,44 @@ std::vector<Result> CheckAll(LoadedLanguage& language, const CheckCommandOptions
             read.SetKnownFinding(Baseline::MakeRecorder(deck, counts));
         else if (!options.baseline.empty())
             read.SetKnownFinding(baseline.MakeFilter(deck));
-        auto result = CheckOne(deck, options, std::move(read), deckLanguage);
-        if (!result)
+        const auto readDeck = ReadOne(deck, std::move(read), deckLanguage);
+        if (!readDeck)
             continue;
         baseline.Add(counts);
+        results.push_back(ResultOf(deck, *readDeck, options));
         if (options.format == FindingFormat::Text)
-            PrintText(*result);
-        results.push_back(std::move(*result));
+            PrintText(results.back());
     }
     return results;
 }
 
+int CountAll(LoadedLanguage& language, const CheckCommandOptions& options)
+{
+    if (options.format != FindingFormat::Text && options.format != FindingFormat::Json) {
+        PrintError("--statistics needs --format text or json");
+        return Failure;
+    }
+    if (options.format == FindingFormat::Text)
+        PrintHeader(language);
+    const Decks::DeckLanguage deckLanguage(language.GetTable());
+    CheckStatistics statistics;
+    bool isComplete = true;
+    for (const std::string& deck : options.decks) {
+        const auto read = ReadOne(deck,
+            Decks::ReadOptions(options.read).SetMaxFindings(mostFolded).SetStrict(options.isStrict),
+            deckLanguage);
+        isComplete = isComplete && read;
+        if (read)
+            statistics.Add(*read);
+    }
+    Print(options.format == FindingFormat::Json ? ToText(statistics.ToJson()) : statistics.ToText());
+    return !isComplete ? Failure : statistics.IsClean() ? Success : HasFindings;
+}
+
 int Check(LoadedLanguage& language, const CheckCommandOptions& options)
 {
+    if (options.hasStatistics)
+        return CountAll(language, options);
     std::optional<Baseline> baseline = ReadBaseline(options.baseline);
     if (!baseline)
         return Failure;
@@ -194,7 +225,7 @@ int Check(LoadedLanguage& language, const CheckCommandOptions& options)
     return isClean ? Success : HasFindings;
 }
 
-void AddBaselineOptions(CLI::App& command, CheckCommandOptions& options)
+void AddSummaryOptions(CLI::App& command, CheckCommandOptions& options)
 {
     CLI::Option* const baseline =
         command.add_option("--baseline", options.baseline, "Hide the findings that are listed in this file")
@@ -206,6 +237,11 @@ void AddBaselineOptions(CLI::App& command, CheckCommandOptions& options)
         ->type_name("FILE")
         ->take_last()
         ->excludes(baseline);
+    command
+        .add_flag("--statistics", options.hasStatistics,
+            "Count the findings of all decks by code and keyword, each with its first location")
+        ->excludes("--baseline")
+        ->excludes("--write-baseline");
 }
 
 } // namespace
@@ -225,7 +261,7 @@ Command MakeCheckCommand(CLI::App& application)
     command.add_flag(
         "--strict", options->isStrict, "Also report what simulators accept but a tidy deck doesn't have");
     command.add_flag("--all", options->isAll, "Report each finding, also where many in a file are alike");
-    AddBaselineOptions(command, *options);
+    AddSummaryOptions(command, *options);
     command.footer(
         "A comment in a deck hides findings: '-- quor: off CODE, CODE' hides those on its line, or on the\n"
         "next line if the comment is alone on its line; '-- quor: begin-off CODE' hides all up to\n"
@@ -237,7 +273,8 @@ Command MakeCheckCommand(CLI::App& application)
         "  quor check reservoir.data --simulator Carrow\n"
         "  quor check *.data --simulator Dunmere --mode Thermal --format json\n"
         "  quor check reservoir.data --write-baseline known.json\n"
-        "  quor check reservoir.data --baseline known.json");
+        "  quor check reservoir.data --baseline known.json\n"
+        "  quor check decks/*/*.data --statistics");
     return {&command, [options](LoadedLanguage& language) { return Check(language, *options); }};
 }
 
