@@ -2,7 +2,7 @@
 
 .DEFAULT_GOAL := help
 .PHONY: help run test setup-run setup-test build-release build-test build-asan build-fuzz build-benchmark \
-    check-format check-release check-asan check-threads check-lint lint-all format schema benchmark fuzz docs install clean
+    check-format check-release check-asan check-threads check-lint lint-all format schema decks benchmark fuzz docs install clean
 
 SOURCES = $(shell find quor tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt language/units/*.txt)
@@ -77,6 +77,11 @@ run_tests = ctest --preset $(1) -j $$(nproc) --quiet --output-log build/$(1)-tes
 format: setup-test ## Format all sources and tables in place
 	clang-format -i $(SOURCES)
 	language/generate/lay-out-tables.sh $(TABLES)
+
+DECKS ?= examples/decks
+decks: setup-run build-release ## Count the findings of all *.data below DECKS (examples/decks), and format each elsewhere
+	@find $(DECKS) -iname '*.data' -print0 | sort -z | xargs -0 $(QUOR) check --statistics || test $$? -ne 2
+	@find $(DECKS) -iname '*.data' -print0 | sort -z | xargs -0 tests/tools/format-decks.sh $(QUOR)
 
 benchmark: setup-test build-benchmark ## Run the benchmarks, each against a reference
 	@for b in build/benchmark/bin/*-benchmark; do $$b || exit 1; done

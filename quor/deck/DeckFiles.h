@@ -22,6 +22,7 @@ struct DeckFile {
     std::optional<TextRange> inclusion; ///< from the keyword that led here to the end of the line with the
                                         ///< name; none for the deck itself
     std::size_t end = 0; ///< where reading left it: before the word that ends an included file, or the size
+    std::string includedAs = {}; ///< the name in the deck, path aliases replaced; empty for the deck itself
 };
 
 class DeckText;

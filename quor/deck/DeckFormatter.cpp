@@ -5,9 +5,9 @@
 
 namespace Veld::Quor::Core::Decks {
 
-DeckFormatter::DeckFormatter(const Deck& deck)
+DeckFormatter::DeckFormatter(const Deck& deck, const FormatOptions& options)
     : deck_(deck)
-    , writer_(std::make_unique<DeckWriter>(ContentsOf(deck)))
+    , writer_(std::make_unique<DeckWriter>(ContentsOf(deck), options.IsNormalized()))
 {
 }
 

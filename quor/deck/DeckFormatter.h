@@ -11,15 +11,34 @@ namespace Veld::Quor::Core::Decks {
 
 class DeckWriter;
 
-/// Rewrites a deck: aligns columns, combines repeated values, shortens numbers and omits defaulted values.
-/// The result has the same data. What is no keyword stays as it is: comments, blank lines, inclusions,
-/// skipped blocks, unknown keywords. So does a keyword with errors in it, one of raw text, and one whose data
-/// continue in another file or around a skipped block. One thread at a time.
+/// How a deck is formatted.
+class FormatOptions {
+public:
+    /// Whether each value is written in one form: a number in the fewest digits, a word without quotes that
+    /// it doesn't need. False at first: then numbers, words and quotes that need no change stay as they are,
+    /// and values stay in their columns below a comment whose words are above them.
+    FormatOptions& SetNormalized(bool isNormalized)
+    {
+        isNormalized_ = isNormalized;
+        return *this;
+    }
+    /// What was set.
+    bool IsNormalized() const { return isNormalized_; }
+
+private:
+    bool isNormalized_ = false;
+};
+
+/// Rewrites a deck: aligns columns, combines repeated values and omits defaulted values. The result has the
+/// same data, and doesn't change if it is formatted once more. What is no keyword stays as it is: comments,
+/// blank lines, inclusions, skipped blocks, unknown keywords. So does a keyword with errors in it, one of raw
+/// text, and one whose data continue in another file or around a skipped block. One thread at a time.
 class VELD_QUOR_EXPORT DeckFormatter {
 public:
     /// The deck must outlive it and not be moved.
-    explicit DeckFormatter(const Deck& deck);
-    explicit DeckFormatter(const Deck&& deck) = delete; // it would die before the formatter
+    explicit DeckFormatter(const Deck& deck, const FormatOptions& options = FormatOptions());
+    explicit DeckFormatter(const Deck&& deck,
+        const FormatOptions& options = FormatOptions()) = delete; // it would die before the formatter
     ~DeckFormatter();
     DeckFormatter(const DeckFormatter&) = delete;
     DeckFormatter& operator=(const DeckFormatter&) = delete;

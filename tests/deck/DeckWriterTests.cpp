@@ -67,14 +67,18 @@ protected:
     TemporaryDirectory folder_;
 };
 
-/// What is written of a deck; empty: as it was.
+/// What is written of a deck, normalized unless the options of the row say otherwise; empty: as it was.
 class Writings : public DeckWriting, public testing::WithParamInterface<Row> { };
 
 TEST_P(Writings, AreInOrder)
 {
     const std::string& expected = GetParam().expected.empty() ? GetParam().text : GetParam().expected;
+    const FormatOptions options = FormatOptions().SetNormalized(GetParam().options != "kept");
     const auto deck = Read(GetParam().text);
-    EXPECT_EQ(DeckFormatter(deck).FormatFile(0), expected);
+    const std::string written = DeckFormatter(deck, options).FormatFile(0);
+    EXPECT_EQ(written, expected);
+    const auto again = Read(written);
+    EXPECT_EQ(DeckFormatter(again, options).FormatFile(0), written);
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, Writings, testing::ValuesIn(Rows(R"(
@@ -119,6 +123,30 @@ SkippedBlocks: VALUES\n  1   2\nSKIP\n  3   4\nENDSKIP\n  5   6 /\n =>
 BlankLines: \n\n\n  -- c\n\nFLAG\n\n\n =>
 NoLastLineEnd: FLAG =>
 Nothing:  =>
+)")),
+    CaseName<Row>);
+
+INSTANTIATE_TEST_SUITE_P(Spelling, Writings, testing::ValuesIn(Rows(R"(
+Numbers (kept): VALUES\n 0.30 1.0E5 +3. 2*0.10 0.100 1D-5 3* 7 /\n => VALUES\n    0.30  1.0E5    +3. 3*0.10   1D-5     3*      7 /\n
+BeforeAFormat (kept): FORMAT\n 1 2.5 /\n => FORMAT\n    1 2.5 /\n
+Quotes (kept): RECORD\n 'P1' 'oil' 3 2.50 T /\nRECORD\n ' P1 ' AQUA 03 /\nRECORD\n '' /\n => RECORD\n  'P1' 'oil' 3 2.50 T /\nRECORD\n  P1 WATER 03 /\nRECORD\n  '' /\n
+DefaultsAndRepeats (kept): ROWS\n 'P1' 1* 2.250 3 / one\n P2 2*7 /\n P3 2* 5 4* / 2 3\n P4 /\n/\n => ROWS\n  'P1' 1*  2.250 3 / one\n  P2    7  7     /\n  P3   1* 1*     5 / 2 3\n  P4   /\n/\n
+Map (kept): MAP\n B = 2\n 'W1' A=1 'B= 3' /\n => MAP\n  B=2 'W1' A=1 B=3 /\n
+Variables (kept): VALUES\n 3*$X 2.0 /\nRECORD\n '$NAME' * $A+1 /\n => VALUES\n  3*$X  2.0 /\nRECORD\n  '$NAME' 1* $A+1 /\n
+Nested (kept): LEADS\n 0.50 1 2.0 /\n 10 3 4\n 5 6.5 /\n/\n => LEADS\n   0.50 1 2.0 /\n  10    3 4\n        5 6.5 /\n/\n
+)")),
+    CaseName<Row>);
+
+INSTANTIATE_TEST_SUITE_P(Headers, Writings, testing::ValuesIn(Rows(R"(
+AboveRows (kept): ROWS\n-- name   A    B\n P1       1    2.5 /\n P2 100 1 /\n/\n => ROWS\n-- name   A    B\n P1       1    2.5 /\n P2     100    1   /\n/\n
+PushedApart (kept): ROWS\n--n A  B\n  P 1  2 /\n  LONGER 1 2 /\n/\n => ROWS\n--n A  B\n  P      1 2 /\n  LONGER 1 2 /\n/\n
+NoHeader (kept): ROWS\n    -- one\n    P1     1   2.5 /\n/\n => ROWS\n  -- one\n  P1 1 2.5 /\n/\n
+Second (kept): ROWS\n P1 1 /\n   -- name  A\n      P2    3 /\n/\n => ROWS\n  P1 1 /\n   -- name  A\n      P2    3 /\n/\n
+AboveARecord (kept): RECORD\n --  name  kind    A\n\tP1   OIL     3 /\n => RECORD\n --  name  kind    A\n        P1   OIL     3 /\n
+AboveTheKeyword (kept): -- name  kind     A\nRECORD\n   P1    OIL      3 /\n =>
+AboveATable (kept): TABLE\n-- x      y\n   1     10.5\n  2 9\n/\n => TABLE\n-- x      y\n   1     10.5\n   2      9   /\n
+TooWide (kept): ROWS\n-- name                                                                                                                                  A\n P1                                                                                                                                      1 /\n/\n => ROWS\n-- name                                                                                                                                  A\n  P1 1 /\n/\n
+Normalized: ROWS\n-- name   A\n   'P1'   1 /\n/\n => ROWS\n-- name   A\n  P1 1 /\n/\n
 )")),
     CaseName<Row>);
 

@@ -21,9 +21,9 @@ Deck Read(const std::string& text, const DeckLanguage& language)
     return Deck::ReadText(text, language, ReadOptions().SetVariable(RandomLanguage::variable, "1"));
 }
 
-std::string Write(const Deck& deck)
+std::string Write(const Deck& deck, bool isNormalized)
 {
-    return DeckFormatter(deck).FormatFile(0);
+    return DeckFormatter(deck, FormatOptions().SetNormalized(isNormalized)).FormatFile(0);
 }
 
 std::string FirstFinding(const Deck& deck)
@@ -56,11 +56,13 @@ TEST_P(OddDecks, SayTheSameWhenWritten)
         "<keyword name='RUNSPEC'/><keyword name='KEY'><data>" + GetParam().expected + "</data></keyword>");
     const DeckLanguage language(*table.operator->());
     const auto deck = Read(GetParam().text, language);
-    const std::string written = Write(deck);
-    const auto again = Read(written, language);
-    EXPECT_TRUE(SayTheSame(deck, again)) << written;
-    EXPECT_EQ(FirstFinding(again), FirstFinding(deck)) << written;
-    EXPECT_EQ(Write(again), written);
+    for (const bool isNormalized : {false, true}) {
+        const std::string written = Write(deck, isNormalized);
+        const auto again = Read(written, language);
+        EXPECT_TRUE(SayTheSame(deck, again)) << written;
+        EXPECT_EQ(FirstFinding(again), FirstFinding(deck)) << written;
+        EXPECT_EQ(Write(again, isNormalized), written);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Found, OddDecks, testing::ValuesIn(Rows(R"(
@@ -96,14 +98,17 @@ TEST_P(RandomDecks, KeepDataAndCommentsWhenWritten)
 {
     ForEach(25, 40, [](const std::string& text, const DeckLanguage& language, int comments) {
         const auto deck = Read(text, language);
-        const std::string written = Write(deck);
-        const auto again = Read(written, language);
-        SCOPED_TRACE("== written\n" + written);
         EXPECT_EQ(FirstFinding(deck), "");
-        EXPECT_EQ(FirstFinding(again), "");
-        EXPECT_TRUE(SayTheSame(deck, again));
-        EXPECT_EQ(CommentsLostIn(written, comments), "");
-        EXPECT_TRUE(Write(again) == written) << "the second time changes more:\n" << Write(again);
+        for (const bool isNormalized : {false, true}) {
+            const std::string written = Write(deck, isNormalized);
+            const auto again = Read(written, language);
+            SCOPED_TRACE("== written\n" + written);
+            EXPECT_EQ(FirstFinding(again), "");
+            EXPECT_TRUE(SayTheSame(deck, again));
+            EXPECT_EQ(CommentsLostIn(written, comments), "");
+            const std::string second = Write(again, isNormalized);
+            EXPECT_TRUE(second == written) << "the second time changes more:\n" << second;
+        }
     });
 }
 

@@ -1,6 +1,7 @@
 #include "quor/deck/DeckFormatter.h"
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/DeckReading.h"
+#include "tools/quor/commands/FormatTree.h"
 #include "tools/quor/commands/LoadedLanguage.h"
 #include "tools/quor/findings/FindingText.h"
 #include "tools/quor/terminal/FileOutput.h"
@@ -9,9 +10,11 @@
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <set>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -30,6 +33,7 @@ struct FormatOptions {
     bool isOneFile = false;
     bool isInPlace = false;
     bool isCheck = false;
+    Decks::FormatOptions format;
     std::string folder; // empty: none
 };
 
@@ -38,30 +42,32 @@ struct Formatted {
     std::string path;
     std::string_view before;
     std::string after;
+    std::vector<std::uint32_t> indices = {}; // among the files of the deck, one for each inclusion
 };
 
 /// Two inclusions of one file can't be told apart in it: where they want different texts, it stays as it is.
 void Add(std::vector<Formatted>& files, Formatted file)
 {
-    for (Formatted& known : files) {
-        if (known.before.data() != file.before.data())
-            continue;
-        if (known.after != file.after)
-            known.after = known.before;
+    const auto known = std::find_if(files.begin(), files.end(),
+        [&file](const Formatted& other) { return other.before.data() == file.before.data(); });
+    if (known == files.end()) {
+        files.push_back(std::move(file));
         return;
     }
-    files.push_back(std::move(file));
+    if (known->after != file.after)
+        known->after = known->before;
+    known->indices.push_back(file.indices.front());
 }
 
 std::vector<Formatted> FormatFiles(const Decks::Deck& deck, const FormatOptions& options)
 {
-    Decks::DeckFormatter formatter(deck);
+    Decks::DeckFormatter formatter(deck, options.format);
     const Decks::DeckFiles& sources = deck.GetFiles();
     std::vector<Formatted> files;
     if (options.isOneFile)
-        return {{sources.Get(0).name, sources.GetText(0), formatter.FormatAll()}};
+        return {{sources.Get(0).name, sources.GetText(0), formatter.FormatAll(), {0}}};
     for (std::uint32_t i = 0; i < sources.GetSize(); ++i)
-        Add(files, {sources.Get(i).name, sources.GetText(i), formatter.FormatFile(i)});
+        Add(files, {sources.Get(i).name, sources.GetText(i), formatter.FormatFile(i), {i}});
     return files;
 }
 
@@ -115,24 +121,33 @@ int RewriteFiles(std::vector<Formatted> files)
     return Success;
 }
 
-/// The same tree below another folder.
-int WriteTree(std::vector<Formatted> files, const FormatOptions& options)
+/// The same tree below another folder. A file may have several names in it.
+int WriteTree(
+    const Decks::DeckFiles& sources, const std::vector<Formatted>& files, const FormatOptions& options)
 {
-    const fs::path root = fs::path(options.deck).parent_path();
-    for (Formatted& file : files) {
-        const fs::path relative = fs::path(file.path).lexically_relative(root.empty() ? "." : root);
-        const fs::path inner = root.empty() ? fs::path(file.path).lexically_normal() : relative;
-        if (inner.empty() || inner.is_absolute() || *inner.begin() == "..") {
-            PrintError(fmt::format("'{}' is outside the folder of the deck", file.path));
-            PrintAside("use --one-file to write the deck and its included files into one file\n");
-            return Failure;
+    std::vector<std::uint32_t> indices;
+    for (const Formatted& file : files)
+        indices.insert(indices.end(), file.indices.begin(), file.indices.end());
+    std::vector<Formatted> copies;
+    try {
+        const FormatTree tree(sources, indices, options.folder);
+        auto target = tree.GetTargets().begin();
+        std::set<std::string> paths;
+        for (const Formatted& file : files) {
+            for (std::size_t i = 0; i < file.indices.size(); ++i, ++target) {
+                if (paths.insert(*target).second)
+                    copies.push_back({*target, file.before, file.after});
+            }
         }
-        file.path = (fs::path(options.folder) / inner).string();
-    }
-    if (!WriteFiles(files))
+    } catch (const TreeError& error) {
+        PrintError(error.what());
+        PrintAside("nothing was written; --one-file writes the deck and its included files into one file\n");
         return Failure;
-    PrintAside(
-        fmt::format("{} written to '{}'\n", Plural(files.size(), "file"), MakePrintable(options.folder)));
+    }
+    if (!WriteFiles(copies))
+        return Failure;
+    PrintAside(fmt::format("{} written to '{}'; the deck is '{}'\n", Plural(copies.size(), "file"),
+        MakePrintable(options.folder), MakePrintable(copies.front().path)));
     return Success;
 }
 
@@ -159,7 +174,7 @@ int Format(LoadedLanguage& language, const FormatOptions& options)
     if (options.isInPlace)
         return RewriteFiles(std::move(files));
     if (!options.folder.empty())
-        return WriteTree(std::move(files), options);
+        return WriteTree(deck->GetFiles(), files, options);
     return PrintFirst(files);
 }
 
@@ -169,8 +184,10 @@ Command MakeFormatCommand(CLI::App& application)
 {
     const auto options = std::make_shared<FormatOptions>();
     CLI::App& command = *application.add_subcommand("format",
-        "Formats a deck: aligns columns, combines repeated values, shortens numbers and omits defaulted\n"
-        "values. Comments are kept. The formatted deck has the same data.");
+        "Formats a deck: aligns columns, combines repeated values and omits defaulted values. Comments, "
+        "numbers\n"
+        "and quotes are kept, and columns below a comment that names them. The formatted deck has the same "
+        "data.");
     command.add_option("DECK", options->deck, "Main file of the deck")->required()->type_name("FILE");
     AddReadOptions(command, options->read);
     CLI::Option* const oneFile = command.add_flag(
@@ -182,10 +199,20 @@ Command MakeFormatCommand(CLI::App& application)
     folder->type_name("FOLDER");
     CLI::Option* const check = command.add_flag("--check", options->isCheck,
         "Write nothing; list the files that would change, and exit with 1 if there are any");
+    command.add_flag_callback(
+        "--normalize", [options] { options->format.SetNormalized(true); },
+        "Write each value in one form: the shortest numbers, no needless quotes, no gaps between columns");
     inPlace->excludes(folder)->excludes(check);
     folder->excludes(check);
     oneFile->excludes(inPlace)->excludes(check);
     command.footer(
+        "With --output the files are below FOLDER as they are below the folder that all of them are in: "
+        "cases/a.data,\n"
+        "which includes ../grid.inc, becomes FOLDER/cases/a.data, with FOLDER/grid.inc. A deck with "
+        "inclusions by\n"
+        "absolute paths is refused, and nothing is written. Files that aren't read, as those in skipped "
+        "blocks, are\n"
+        "not written.\n"
         "Keywords with errors, raw texts, and data that go on in another file or around a skipped "
         "block stay as\n"
         "they are. Without --in-place, --output or --check the text goes to standard output.\n"

@@ -34,7 +34,7 @@ DeckText::DeckText(const std::string& path, const DeckSource& source, const Targ
     , files_(files)
     , reporter_(reporter)
 {
-    Enter({path, source.Open(path), std::nullopt, 0}, source.Identify(path));
+    Enter({path, source.Open(path), std::nullopt}, source.Identify(path));
 }
 
 // Reading

@@ -137,7 +137,7 @@ void DeckText::Include(const TextRange& statement, const TextRange& name, const 
         std::shared_ptr<const SourceText> source = texts_[identity].lock();
         if (!source)
             source = source_.Open(path);
-        Enter({path, std::move(source), statement, 0}, identity);
+        Enter({path, std::move(source), statement, 0, resolved}, identity);
     } catch (const SourceError& error) {
         reporter_.Report(name, Code::IncludeMissing,
             fmt::format("can't read '{}': {}", Printable(path), error.what()),

@@ -23,17 +23,6 @@ using MDType = IKeywordDataMD::MDType;
 template <class T>
 constexpr bool isText = std::is_same_v<T, std::string>;
 
-/// YES and NO, in the forms that decks have for them.
-std::optional<bool> ToBoolean(std::string_view text)
-{
-    const std::string word = ToUpper(text);
-    if (word == "YES" || word == "Y" || word == "TRUE" || word == "T")
-        return true;
-    if (word == "NO" || word == "N" || word == "FALSE" || word == "F")
-        return false;
-    return std::nullopt;
-}
-
 const IKeywordChoiceMD& ChoiceMD(const DataPlan& item)
 {
     return static_cast<const IKeywordChoiceMD&>(*item.md);
@@ -113,6 +102,16 @@ Misfit NotANumber(const std::string& where, std::string_view word, bool isQuoted
 }
 
 } // namespace
+
+std::optional<bool> ToBoolean(std::string_view text)
+{
+    const std::string word = ToUpper(text);
+    if (word == "YES" || word == "Y" || word == "TRUE" || word == "T")
+        return true;
+    if (word == "NO" || word == "N" || word == "FALSE" || word == "F")
+        return false;
+    return std::nullopt;
+}
 
 /// As `FindValue`; keeps how a choice matched.
 template <class T>

@@ -99,6 +99,9 @@ private:
 std::string OutOfRangeText(
     const std::string& where, double value, double least, double most, long long others = 0);
 
+/// YES and NO, in the forms that decks have for them.
+std::optional<bool> ToBoolean(std::string_view text);
+
 /// Whether the word can be a value of the item, within its limits.
 bool CanBeValue(const DataPlan& item, const DataWord& word);
 

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
@@ -18,6 +17,8 @@ public:
     void Word(std::string_view word);
     /// The same for numbers of an array, which get a column each; a missing one is empty.
     void Numbers(const std::vector<std::string>& words);
+    /// A line as it stands; words may come after it.
+    void Line(std::string_view text);
     /// The next word starts a line.
     void Break() { isBroken_ = isBroken_ || !line_.empty(); }
     /// Blanks before the words of a line.
@@ -28,6 +29,8 @@ public:
 
     /// A comment on a line of its own: its hyphens stand where the words do, or at the start of the line.
     void Comment(std::string_view comment, bool isIndented);
+    /// The same, with so many blanks before it.
+    void CommentAt(std::string_view comment, std::size_t column);
     /// After what was written last; the line ends with it. Gets hyphens if it has none and doesn't stand
     /// after a slash.
     void After(std::string_view comment);
@@ -46,23 +49,6 @@ private:
     std::string text_;
     std::string line_;
 };
-
-/// One line of a table.
-struct TableRow {
-    struct Cell {
-        std::string text; ///< empty: no value is given
-        bool isNumber = false;
-        bool isBlank = false; ///< nothing stands there
-    };
-    std::vector<Cell> cells; ///< as far as they are to be written
-    std::vector<std::pair<std::string, bool>> above; ///< comments, and whether they are indented
-    std::string after; ///< a comment
-    bool isEnded = false; ///< by a slash
-};
-
-/// Writes rows below one another, their cells in columns. Columns that no row has a value for become one
-/// repeat count.
-void WriteTable(const std::vector<TableRow>& rows, DataLines& lines);
 
 /// The word that stands for so many values that aren't given.
 std::string MissingText(std::size_t count);

@@ -1,10 +1,8 @@
 #include "quor/deck/internal/write/DataWriter.h"
 
-#include "quor/deck/internal/read/DataValue.h"
 #include "quor/deck/internal/read/VisitData.h"
 #include "quor/deck/internal/write/PlanShape.h"
 #include "quor/deck/internal/write/ValueText.h"
-#include "quor/metadata/IKeywordAssignmentMD.h"
 #include "quor/metadata/IKeywordListMD.h"
 
 #include <fmt/format.h>
@@ -33,14 +31,21 @@ bool IsMapGiven(const IKeywordMapData& map)
 
 } // namespace
 
-std::string DataWriter::Write(std::string_view name, const IKeywordData& data, bool mayShareLine)
+std::string DataWriter::Write(
+    std::string_view name, const IKeywordData& data, bool mayShareLine, const SourceWords& words)
 {
     lines_ = DataLines(name);
+    words_ = words;
+    aboveKeyword_.clear();
+    for (const std::string_view comment : words_.FindCommentsAbove()) {
+        const std::size_t offset = words_.OffsetOf(comment);
+        aboveKeyword_.push_back({std::string(comment), false, words_.ColumnOf(offset)});
+    }
     position_ = {};
     nextComment_ = nextEndWord_ = 0;
     const bool sharesLine =
         mayShareLine && plan_.type == MDType::List && !ListMD(plan_).WriteStartingOnNewLine().ValueOr(true);
-    WriteComments();
+    WriteCommentsBefore(plan_, data);
     if (!sharesLine)
         lines_.Break();
     if (IsOneLine(plan_) && !IsGiven(plan_, data))
@@ -56,7 +61,13 @@ std::string DataWriter::Write(std::string_view name, const IKeywordData& data, b
 void DataWriter::WriteContainer(const DataPlan& plan, const IKeywordData& data, bool needsWord)
 {
     VisitData(data,
-        Overloaded{[&](const IKeywordRecordData& record) { WriteRecord(plan, record, needsWord); },
+        Overloaded{[&](const IKeywordRecordData& record) {
+                       const bool isBelow = IsCommentAbove() || !aboveKeyword_.empty();
+                       if (!isBelow || !TakesCommentsAbove(plan, data))
+                           return WriteRecord(plan, record, needsWord);
+                       AddRow(plan, record, needsWord);
+                       FinishRows();
+                   },
             [&](const IKeywordListData& list) { WriteList(plan, list); },
             [&](const IKeywordMapData& map) { WriteMap(plan, map); },
             [](const IKeywordRawData& /*raw*/) {}}); // its text is kept as it stands
@@ -75,7 +86,10 @@ void DataWriter::WriteRecord(const DataPlan& plan, const IKeywordRecordData& rec
         const bool isMissing = item.IsScalar() && item.type != MDType::Line && cell.text.empty();
         if (FindComment() || !isMissing) {
             WriteMissing(std::exchange(missing, 0));
-            WriteComments();
+            if (item.IsScalar())
+                WriteComments();
+            else
+                WriteCommentsBefore(item, NestedIn(record, i));
         }
         if (isMissing)
             ++missing;
@@ -126,9 +140,10 @@ std::size_t DataWriter::CountGiven(
 
 bool DataWriter::IsItemGiven(const DataPlan& item, const IKeywordRecordData& record, std::size_t index) const
 {
-    if (item.IsScalar())
-        return item.type == MDType::Line || !CellOf(item, record, index).text.empty();
-    return IsGiven(item, NestedIn(record, index));
+    if (!item.IsScalar())
+        return IsGiven(item, NestedIn(record, index));
+    return item.type == MDType::Line || FindVariable(record, index)
+        || Decks::IsGiven(ItemValue(*item.md, record.GetData(static_cast<int>(index))));
 }
 
 /// Whether a container holds any value.
@@ -150,53 +165,23 @@ bool DataWriter::IsGiven(const DataPlan& plan, const IKeywordData& data) const
     return false;
 }
 
+/// An item that is not given has no text.
 DataWriter::Cell DataWriter::CellToWrite(
-    const DataPlan& item, const IKeywordRecordData& record, std::size_t index) const
+    const DataPlan& item, const IKeywordRecordData& record, std::size_t index)
 {
-    Cell cell = CellOf(item, record, index);
+    const std::string* const variable = FindVariable(record, index);
+    const ScalarValue value = ItemValue(*item.md, record.GetData(static_cast<int>(index)));
+    Cell cell = SpeltCell(item, value, variable);
+    if (cell.text.empty())
+        cell.text = variable ? VariableText(item, *variable) : WordOf(*item.md, value);
     if (cell.text.empty() && item.type != MDType::Line && !item.MayBeMissing())
         throw std::invalid_argument(fmt::format("{}: missing value; the item has no default", NameOf(item)));
     return cell;
 }
 
-/// An item that is not given has no text.
-DataWriter::Cell DataWriter::CellOf(
-    const DataPlan& item, const IKeywordRecordData& record, std::size_t index) const
-{
-    if (const auto* const text = FindVariable(record, index))
-        return {VariableText(item, *text), IsNumber(item)};
-    return {WordOf(*item.md, ItemValue(*item.md, record.GetData(static_cast<int>(index)))), IsNumber(item)};
-}
-
 const std::string* DataWriter::FindVariable(const IKeywordData& node, std::size_t index) const
 {
     return notes_ && notes_->variables ? notes_->variables->Find(node, static_cast<int>(index)) : nullptr;
-}
-
-// Maps
-
-void DataWriter::WriteMap(const DataPlan& plan, const IKeywordMapData& map)
-{
-    const bool isOneLine = plan.termination == Termination::EOL;
-    lines_.SetWrapping(!isOneLine);
-    const DataVariables* const variables = notes_ ? notes_->variables.get() : nullptr;
-    for (int i = 0; i < map.GetSize(); ++i) {
-        const auto value = map.GetValue(i);
-        const std::string& key = map.GetItemMD(i)->GetKeys().front();
-        if (value && !(variables && variables->Find(map, key)))
-            lines_.Word(*value == 1 ? key : fmt::format("{}={}", key, *value));
-    }
-    if (const auto* const keyed = variables
-            ? dynamic_cast<const IKeywordMapDataVariables*>(variables->GetDataVariables(map))
-            : nullptr) {
-        for (const std::string& key : keyed->GetKeys()) {
-            const std::string& text = keyed->GetVariablesString(key).GetString();
-            lines_.Word(
-                IsWord(text) ? fmt::format("{}={}", key, text) : fmt::format("{}= {}", key, Quote(text)));
-        }
-    }
-    lines_.SetWrapping(true);
-    WriteEnd(plan, false);
 }
 
 // Ends and comments
@@ -211,7 +196,10 @@ void DataWriter::WriteEnd(const DataPlan& plan, bool isOnNewLine)
         lines_.Break();
         return;
     case Termination::SLASH:
+        words_.PassEnd();
+        break;
     case Termination::CUSTOMIZED:
+        words_.PassEndWord();
         break;
     }
     if (isOnNewLine)

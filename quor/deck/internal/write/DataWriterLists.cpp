@@ -31,6 +31,8 @@ bool AreEqual(const DataPlan& item, const IKeywordListData& list, std::size_t a,
     const bool isDefaulted = list.IsDefaulted(a);
     if (isDefaulted || list.IsDefaulted(b))
         return isDefaulted == list.IsDefaulted(b);
+    if (item.type == MDType::Real)
+        return *static_cast<const double*>(list.GetData(a)) == *static_cast<const double*>(list.GetData(b));
     return ElementValue(*item.md, list.GetData(a)) == ElementValue(*item.md, list.GetData(b));
 }
 
@@ -72,19 +74,21 @@ void DataWriter::WriteValues(const DataPlan& plan, const IKeywordListData& list)
     const bool hasVariables = notes_ && notes_->variables && notes_->variables->GetDataVariables(list);
     for (std::size_t i = 0; i < size;) {
         WriteComments();
-        std::string text = ElementOf(item, list, i).text;
+        std::string text = ElementToWrite(item, list, i);
         if (bool ignored = false; endWords && endWords->Matches(text, ignored))
             text = Quote(text, true);
+        const std::string plain = hasVariables ? ElementOf(item, list, i).text : std::string();
         std::size_t limit = size;
         if (const std::uint64_t next = FindNextSlot(); next > position_.slots)
             limit = static_cast<std::size_t>(std::min<std::uint64_t>(limit, i + next - position_.slots));
         std::size_t end = i + 1;
         while (end < limit
-            && (hasVariables ? ElementOf(item, list, end).text == text : AreEqual(item, list, i, end)))
+            && (hasVariables ? ElementOf(item, list, end).text == plain : AreEqual(item, list, i, end)))
             ++end;
         const bool isFolded = text.empty() || end - i >= shortestRepeat;
         if (!isFolded)
             end = i + 1;
+        words_.Skip(end - i - 1);
         std::string word = isFolded ? MissingText(end - i) + text : text;
         position_.slots += end - i;
         i = end;
@@ -140,28 +144,32 @@ void DataWriter::WriteElements(const DataPlan& plan, const IKeywordListData& lis
 /// Records of nothing but scalars, below one another.
 void DataWriter::WriteRows(const DataPlan& plan, const IKeywordListData& list)
 {
-    const DataPlan& record = plan.items.front();
     for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i) {
-        const auto& data = *static_cast<const IKeywordRecordData*>(list.GetData(i));
-        TableRow row;
-        TakeRowComments(row);
-        if (CountGiven(record, data, NeedsWords(plan)) == 0)
-            TakeCommentsWithin(record, row);
-        if (HasCommentWithin(record)) {
-            FinishRows();
-            for (const auto& [comment, isIndented] : row.above)
-                lines_.Comment(comment, isIndented);
-            lines_.Break();
-            WriteRecord(record, data, NeedsWords(plan));
-            lines_.Break();
-            continue;
-        }
-        FillRow(record, data, NeedsWords(plan), row);
-        rows_.push_back(std::move(row));
+        AddRow(
+            plan.items.front(), *static_cast<const IKeywordRecordData*>(list.GetData(i)), NeedsWords(plan));
         if (rows_.size() == mostAlignedRows)
             FinishRows();
     }
     FinishRows();
+}
+
+void DataWriter::AddRow(const DataPlan& record, const IKeywordRecordData& data, bool needsWord)
+{
+    TableRow row;
+    TakeRowComments(row);
+    if (CountGiven(record, data, needsWord) == 0)
+        TakeCommentsWithin(record, row);
+    if (!HasCommentWithin(record)) {
+        FillRow(record, data, needsWord, row);
+        rows_.push_back(std::move(row));
+        return;
+    }
+    FinishRows();
+    for (const TableRow::Comment& comment : row.above)
+        lines_.Comment(comment.text, comment.isIndented);
+    lines_.Break();
+    WriteRecord(record, data, needsWord);
+    lines_.Break();
 }
 
 /// Records of scalars and rows, as one table.
@@ -174,21 +182,24 @@ void DataWriter::WriteTabular(const DataPlan& record, const IKeywordListData& li
         const auto& inner = static_cast<const IKeywordListData&>(NestedIn(data, lead));
         TableRow row;
         TakeRowComments(row);
+        BeginRow(row);
         for (std::size_t item = 0; item < lead; ++item)
             row.cells.push_back(CellToWrite(record.items[item], data, item));
         position_.slots += lead;
         for (std::size_t j = 0; j < static_cast<std::size_t>(inner.GetSize()); ++j) {
             if (j > 0) {
                 TakeRowComments(row);
+                BeginRow(row);
                 row.cells.assign(lead, Cell{{}, false, true});
             }
             const auto& values = *static_cast<const IKeywordRecordData*>(inner.GetData(j));
-            FillRow(rows.items.front(), values, false, row);
+            FillCells(rows.items.front(), values, false, row);
             if (j + 1 < static_cast<std::size_t>(inner.GetSize()))
                 rows_.push_back(std::exchange(row, {}));
         }
         row.isEnded = true;
         ++position_.ends;
+        words_.PassEnd();
         rows_.push_back(std::move(row));
         if (rows_.size() >= mostAlignedRows)
             FinishRows();
@@ -202,7 +213,7 @@ void DataWriter::TakeRowComments(TableRow& row)
     while (const DataComment* const comment = FindComment()) {
         std::string text = TextOf(*comment);
         if (comment->kind == CommentKind::OwnLine)
-            row.above.emplace_back(std::move(text), IsIndented(*comment));
+            row.above.push_back(RowCommentOf(*comment));
         else if (rows_.empty())
             lines_.After(text);
         else
@@ -217,24 +228,51 @@ void DataWriter::TakeCommentsWithin(const DataPlan& record, TableRow& row)
     const DataPosition begin = position_;
     position_.slots += record.slots;
     for (; const DataComment* const comment = FindComment(); ++nextComment_)
-        row.above.emplace_back(TextOf(*comment), IsIndented(*comment));
+        row.above.push_back(RowCommentOf(*comment));
     position_ = begin;
+}
+
+TableRow::Comment DataWriter::RowCommentOf(const DataComment& comment) const
+{
+    const std::size_t column = words_.IsThere() ? words_.ColumnOf(comment.range.offset) : 0;
+    return {TextOf(comment), IsIndented(comment), column};
+}
+
+/// The next cells are those of the row.
+void DataWriter::BeginRow(TableRow& row)
+{
+    row.aboveKeyword = std::exchange(aboveKeyword_, {});
+    isBelowComment_ = !row.above.empty() || !row.aboveKeyword.empty();
+    rowLine_ = TableRow::unknown;
 }
 
 void DataWriter::FillRow(
     const DataPlan& record, const IKeywordRecordData& data, bool needsWord, TableRow& row)
 {
+    BeginRow(row);
+    FillCells(record, data, needsWord, row);
+    row.isEnded = record.termination == Termination::SLASH;
+    if (!row.isEnded)
+        return;
+    ++position_.ends;
+    words_.PassEnd();
+}
+
+void DataWriter::FillCells(
+    const DataPlan& record, const IKeywordRecordData& data, bool needsWord, TableRow& row)
+{
     const std::size_t given = CountGiven(record, data, needsWord);
     for (std::size_t i = 0; i < given; ++i)
         row.cells.push_back(CellToWrite(record.items[i], data, i));
-    row.isEnded = record.termination == Termination::SLASH;
     position_.slots += record.slots;
-    position_.ends += row.isEnded ? 1U : 0U;
 }
 
 void DataWriter::FinishRows()
 {
-    WriteTable(rows_, lines_);
+    if (words_.IsThere())
+        WriteTableWithHeaders(rows_, lines_);
+    else
+        WriteTable(rows_, lines_);
     rows_.clear();
 }
 

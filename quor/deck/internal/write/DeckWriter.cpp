@@ -49,8 +49,9 @@ std::string CommentsOf(std::string_view inclusion)
 
 } // namespace
 
-DeckWriter::DeckWriter(const DeckContents& deck)
+DeckWriter::DeckWriter(const DeckContents& deck, bool isNormalized)
     : deck_(deck)
+    , isNormalized_(isNormalized)
     , plans_(deck.GetTarget())
     , parts_(deck.files.GetSize())
 {
@@ -120,10 +121,22 @@ std::string DeckWriter::Write(const Part& part)
     const KeywordInstance& keyword = *part.keyword;
     DataWriter writer(plans_.Get(*keyword.data->GetMD()), keyword.notes.get(), deck_.files);
     try {
-        return writer.Write(deck_.files.GetText(keyword.name), *keyword.data, part.mayShareLine);
+        return writer.Write(
+            deck_.files.GetText(keyword.name), *keyword.data, part.mayShareLine, WordsOf(keyword));
     } catch (const std::invalid_argument&) {
         return std::string(deck_.files.GetText(keyword.whole));
     }
+}
+
+/// None if they are to be normalized.
+SourceWords DeckWriter::WordsOf(const KeywordInstance& keyword) const
+{
+    if (isNormalized_)
+        return {};
+    const std::string_view text =
+        deck_.files.GetText(keyword.whole.file).substr(0, keyword.whole.offset + keyword.whole.length);
+    return {
+        text, keyword.name.offset + keyword.name.length, keyword.notes ? &keyword.notes->comments : nullptr};
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -3,6 +3,7 @@
 #include "quor/deck/internal/check/KeywordValidity.h"
 #include "quor/deck/internal/read/DataPlan.h"
 #include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/write/SourceWords.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -17,8 +18,9 @@ namespace Veld::Quor::Core::Decks {
 /// go on in another file or around a skipped block.
 class DeckWriter {
 public:
-    /// The deck must outlive it.
-    explicit DeckWriter(const DeckContents& deck);
+    /// The deck must outlive it. `isNormalized`: each value is written in one form; else words keep their
+    /// spelling, and rows their columns below a header.
+    DeckWriter(const DeckContents& deck, bool isNormalized);
 
     /// The text of one of the deck's files.
     std::string WriteFile(std::uint32_t file);
@@ -37,8 +39,10 @@ private:
     void AddParts();
     std::string Write(std::uint32_t file, std::size_t end, bool takesInclusions);
     std::string Write(const Part& part);
+    SourceWords WordsOf(const KeywordInstance& keyword) const;
 
     const DeckContents& deck_;
+    bool isNormalized_;
     DataPlans plans_;
     std::vector<std::vector<Part>> parts_; // by file, in the order of their ranges
 };
