@@ -13,13 +13,14 @@
 
 namespace Veld::Quor::Core::Decks {
 
-/// How two lists of numbers differ.
+/// How two lists differ: of numbers, or of rows of which many differ.
 struct ArrayChange {
     std::size_t differing = 0; ///< of the elements that both have
     std::size_t sizeBefore = 0; ///< elements in the first deck
     std::size_t sizeAfter = 0; ///< elements in the second deck
     std::size_t first = 0; ///< from 1; 0: none differ
-    double greatest = 0; ///< difference
+    double greatest = 0; ///< difference; of numbers
+    bool isOfRows = false; ///< the elements are records
 };
 
 /// One item of a keyword's data that differs.

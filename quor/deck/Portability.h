@@ -76,4 +76,24 @@ private:
 /// read it for the simulator that it is ported to.
 VELD_QUOR_EXPORT std::vector<Loss> FindLosses(const Deck& deck, const PortOptions& options = PortOptions());
 
+/// Something in a deck of which it isn't known whether another simulator takes it. Valid without the deck.
+/// Later versions may add members.
+struct Unjudged {
+    /// Why it isn't known.
+    enum class Kind {
+        UnknownKeyword, ///< it is in no document
+        File, ///< it couldn't be read
+        Variable, ///< it has no value
+        Error, ///< the data aren't what they should be
+    };
+
+    Kind kind; ///< why it isn't known
+    std::string text; ///< of an unknown keyword its name, else what was found
+    std::size_t count = 0; ///< how often the deck has it
+    Location first; ///< in the order of reading
+};
+
+/// By kind, and in the order of the deck, of the findings that the deck keeps.
+VELD_QUOR_EXPORT std::vector<Unjudged> FindUnjudged(const Deck& deck);
+
 } // namespace Veld::Quor::Core::Decks

@@ -53,7 +53,8 @@ TEST_P(Differences, AreTold)
     EXPECT_EQ(outcome.err, "");
     EXPECT_EQ(outcome.status, GetParam().expected.empty() ? 0 : 1);
     const std::size_t last = outcome.out.find_last_of('\n', outcome.out.size() - 2);
-    EXPECT_EQ(last == std::string::npos ? "" : outcome.out.substr(0, last), GetParam().expected);
+    const std::string heading = GetParam().expected.empty() ? "" : "A: a.data\nB: b.data\n";
+    EXPECT_EQ(last == std::string::npos ? "" : outcome.out.substr(0, last), heading + GetParam().expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(Same, Differences, testing::ValuesIn(Rows(R"(
@@ -70,58 +71,64 @@ MapInAnyOrder: SCHEDULE\nRPTSCHED\n FIP=2 WELLS=3 /\n & SCHEDULE\nRPTSCHED\n WEL
 INSTANTIATE_TEST_SUITE_P(Told, Differences, testing::ValuesIn(Rows(R"(
 Item: {schedule}WCONPROD\n P1 OPEN ORAT 5 /\n P2 OPEN ORAT 5 /\n/\n & {schedule}WCONPROD\n P2 OPEN ORAT 6 /\n P1 SHUT ORAT 5 /\n/\n =>
     SCHEDULE
-      ~ WCONPROD P1: STATUS OPEN -> SHUT   (a.data:7, b.data:8)
-      ~ WCONPROD P2: ORAT 5 -> 6   (a.data:8, b.data:7)
+      ~ WCONPROD P1: STATUS OPEN -> SHUT   (A 7, B 8)
+      ~ WCONPROD P2: ORAT 5 -> 6   (A 8, B 7)
 LeftOut: {schedule}WCONPROD\n P1 OPEN ORAT 5 /\n/\n & {schedule}WCONPROD\n P1 OPEN ORAT 1* 7 3* 2.5 /\n/\n =>
     SCHEDULE
-      ~ WCONPROD P1: ORAT 5 -> default (calculated)   (a.data:7, b.data:7)
-      ~ WCONPROD P1: WRAT default (calculated) -> 7   (a.data:7, b.data:7)
-      ~ WCONPROD P1: BHP default (1.01325) -> 2.5   (a.data:7, b.data:7)
+      ~ WCONPROD P1: ORAT 5 -> default (calculated)   (A 7, B 7)
+      ~ WCONPROD P1: WRAT default (calculated) -> 7   (A 7, B 7)
+      ~ WCONPROD P1: BHP default (1.01325) -> 2.5   (A 7, B 7)
 Strictly (--strict): {schedule}WCONPROD\n P1 1* ORAT 5 /\n/\n & {schedule}WCONPROD\n P1 OPEN ORAT 5 /\n/\n =>
     SCHEDULE
-      ~ WCONPROD P1: STATUS default (OPEN) -> OPEN   (a.data:7, b.data:7)
+      ~ WCONPROD P1: STATUS default (OPEN) -> OPEN   (A 7, B 7)
 DefaultOfTheSimulator (--simulator Hallow): SCHEDULE\nNUPCOL\n/\n & SCHEDULE\nNUPCOL\n 3 /\n =>
     SCHEDULE
-      ~ NUPCOL: NUPCOL default (5) -> 3   (a.data:2, b.data:2)
+      ~ NUPCOL: NUPCOL default (5) -> 3   (A 2, B 2)
 RecordsAddedAndGone: {schedule}WCONPROD\n P1 OPEN ORAT 5 /\n/\n & {schedule}WCONPROD\n P2 OPEN ORAT 5 /\n/\n =>
     SCHEDULE
-      - WCONPROD P1   (a.data:7)
-      + WCONPROD P2   (b.data:7)
+      - WCONPROD P1   (A 7)
+      + WCONPROD P2   (B 7)
 Dates: {runspec}{schedule}DATES\n 1 FEB 2020 /\n 1 MAR 2020 /\n/\nWCONPROD\n P1 OPEN ORAT 5 /\n/\n & {runspec}{schedule}DATES\n 1 FEB 2020 /\n/\nWCONPROD\n P1 OPEN ORAT 5 /\n/\n =>
     SCHEDULE, 2020-02-01
-      + WCONPROD P1   (b.data:16)
+      + WCONPROD P1   (B 16)
     SCHEDULE, 2020-03-01
-      - report   (a.data:14)
-      - WCONPROD P1   (a.data:17)
+      - report   (A 14)
+      - WCONPROD P1   (A 17)
 StepsWithoutDates: {schedule}TSTEP\n 2*1 /\nWCONPROD\n P1 OPEN ORAT 5 /\n/\n & {schedule}TSTEP\n 1 /\nTSTEP\n 3 /\nWCONPROD\n P1 OPEN ORAT 6 /\n/\n =>
     SCHEDULE, report step 2
-      ~ WCONPROD P1: ORAT 5 -> 6   (a.data:9, b.data:11)
+      ~ WCONPROD P1: ORAT 5 -> 6   (A 9, B 11)
 Arrays: {runspec}GRID\nPORO\n 0.2 0.2 0.3 0.4 /\n & {runspec}GRID\nPORO\n 0.2 0.25 0.3 0.1 /\n =>
     GRID
-      ~ PORO: 2 of 4 differ, first [2]: 0.2 -> 0.25, by 0.3 at most   (a.data:8, b.data:8)
+      ~ PORO: 2 of 4 differ, first [2]: 0.2 -> 0.25, by 0.3 at most   (A 8, B 8)
 OneOfSeveralArrays: {runspec}GRID\nPORO\n 4*1 /\nPORO\n 4*0.5 /\nPORO\n 4*0 /\n & {runspec}GRID\nPORO\n 4*1 /\nPORO\n 4*0 /\n =>
     GRID
-      - PORO   (a.data:10)
+      - PORO   (A 10)
 RowOfATable: PROPS\nSWOF\n 0.1 0 1 0\n 0.5 0.2 0.2 0\n 1 1 0 0 /\n & PROPS\nSWOF\n 0.1 0 1 0\n 0.3 0.1 0.5 0\n 0.5 0.2 0.2 0\n 1 1 0 0 /\n =>
     PROPS
-      ~ SWOF: [1][2] absent -> 0.3 0.1 0.5 0   (a.data:2, b.data:2)
+      ~ SWOF: [1][2] absent -> 0.3 0.1 0.5 0   (A 2, B 2)
+RowsOfATable: PROPS\nSWOF\n 0.1 0 1 0\n 0.5 0.2 0.2 0\n 0.7 0.4 0.1 0\n 1 1 0 0 /\n & PROPS\nSWOF\n 0.1 0 0.9 0\n 0.5 0.3 0.2 0\n 0.7 0.5 0.1 0\n 1 0.9 0 0 /\n =>
+    PROPS
+      ~ SWOF: [1] 4 of 4 rows differ, first [1]: 0.1 0 1 0 -> 0.1 0 0.9 0   (A 2, B 2)
+RowsOfALongerTable: PROPS\nSWOF\n 0.1 0 1 0\n 1 1 0 0 /\n & PROPS\nSWOF\n 0.1 0 1 0\n 0.2 0.1 0.9 0\n 0.3 0.2 0.8 0\n 0.4 0.3 0.7 0\n 0.5 0.4 0.6 0\n 1 1 0 0 /\n =>
+    PROPS
+      ~ SWOF: [1] 2 rows -> 6, first [2]: absent -> 0.2 0.1 0.9 0   (A 2, B 2)
 Map: SCHEDULE\nRPTSCHED\n FIP=2 WELLS /\n & SCHEDULE\nRPTSCHED\n FIP=1 WELLS /\n =>
     SCHEDULE
-      ~ RPTSCHED: FIP 2 -> 1   (a.data:2, b.data:2)
+      ~ RPTSCHED: FIP 2 -> 1   (A 2, B 2)
 Raw: RUNSPEC\nNOTES\nas it was\nto the end\nENDNOTES\n & RUNSPEC\nNOTES\nas it was\nto an end\nENDNOTES\n =>
     RUNSPEC
-      ~ NOTES: text to the end -> to an end   (a.data:2, b.data:2)
+      ~ NOTES: text to the end -> to an end   (A 2, B 2)
 Variables (--set A=5 --set B=5): {schedule}WCONPROD\n P1 OPEN ORAT $A /\n/\n & {schedule}WCONPROD\n P1 OPEN ORAT $B /\n/\n =>
     SCHEDULE
-      ~ WCONPROD P1: variables ORAT $A -> ORAT $B   (a.data:7, b.data:7)
+      ~ WCONPROD P1: variables ORAT $A -> ORAT $B   (A 7, B 7)
 Sections: GRID\nNOECHO\nPROPS\n & GRID\nPROPS\nNOECHO\n =>
     GRID
-      - NOECHO   (a.data:2)
+      - NOECHO   (A 2)
     PROPS
-      + NOECHO   (b.data:3)
+      + NOECHO   (B 3)
 Scopes: {runspec}LGR\n 2 4 /\nGRID\nCARFIN\n A 1 1 1 1 1 1 1 1 1 /\nPORO\n 0.1 /\nENDFIN\nCARFIN\n B 2 2 1 1 1 1 1 1 1 /\nPORO\n 0.2 /\nENDFIN\n & {runspec}LGR\n 2 4 /\nGRID\nCARFIN\n B 2 2 1 1 1 1 1 1 1 /\nPORO\n 0.3 /\nENDFIN\nCARFIN\n A 1 1 1 1 1 1 1 1 1 /\nPORO\n 0.1 /\nENDFIN\n =>
     GRID
-      ~ PORO: 1 of 1 differ, first [1]: 0.2 -> 0.3   (a.data:17, b.data:12)
+      ~ PORO: 1 of 1 differ, first [1]: 0.2 -> 0.3   (A 17, B 12)
 )")),
     CaseName<Row>);
 
@@ -144,8 +151,7 @@ TEST(Difference, ShowsAChoiceWithoutAValue)
 {
     const std::string before = "RUNSPEC\nCOMPS\n 1 /\nPROPS\nEOS\n ";
     const Outcome outcome = Analyse("diff a.data b.data", before + "$A /\n", before + "PR /\n");
-    EXPECT_TRUE(Holds(outcome.out, "  ~ EOS: [1] unknown value -> PR   (a.data:5, b.data:5)\n"))
-        << outcome.out;
+    EXPECT_TRUE(Holds(outcome.out, "  ~ EOS: [1] unknown value -> PR   (A 5, B 5)\n")) << outcome.out;
 }
 
 TEST(Difference, AsJsonHasValuesAndPlaces)
@@ -154,7 +160,7 @@ TEST(Difference, AsJsonHasValuesAndPlaces)
         "{runspec}GRID\nPORO\n 3*1 0 /\n");
     const json change = json::parse(outcome.out).at("changes").at(0);
     EXPECT_EQ(change.at("array").dump(),
-        R"({"differing":1,"first":4,"greatest":1.0,"sizeAfter":4,"sizeBefore":4})");
+        R"({"differing":1,"first":4,"greatest":1.0,"rows":false,"sizeAfter":4,"sizeBefore":4})");
     EXPECT_EQ(change.at("b").dump(), R"({"file":"b.data","line":8})");
 }
 
@@ -238,7 +244,7 @@ const std::string lossLanguage = R"(
   </validity></assignment></map></data></keyword>
 )";
 
-/// A deck, and kind, keyword, item, detail and count of each loss, and the line of the first.
+/// A deck; kind, keyword, item, detail and count of each loss, and the line of the first; what isn't judged.
 class Losses : public testing::TestWithParam<Row> { };
 
 std::string LossesOf(const json& answer)
@@ -264,7 +270,13 @@ TEST_P(Losses, AreFound)
             std::string(mainVariable) + "=" + Quote(document) + " " + trustedVariable + "="
                 + Quote((folder.Path() / "trusted").string()));
     EXPECT_EQ(outcome.status, GetParam().expected.empty() ? 0 : 1);
-    EXPECT_EQ(LossesOf(json::parse(outcome.out)), GetParam().expected);
+    const json answer = json::parse(outcome.out);
+    EXPECT_EQ(LossesOf(answer), GetParam().expected);
+    std::string unjudged;
+    for (const json& row : answer.at("unjudged"))
+        unjudged += row.at("kind").get<std::string>() + " " + row.at("text").get<std::string>() + " "
+            + row.at("count").dump() + " from line " + row.at("first").at("line").dump() + "; ";
+    EXPECT_EQ(unjudged, GetParam().more);
 }
 
 INSTANTIATE_TEST_SUITE_P(Decks, Losses, testing::ValuesIn(Rows(R"(
@@ -279,6 +291,7 @@ DefaultedElements (--to Carrow): ARRAY\n 1 3* 4 /\n => other-default ARRAY 1 -> 
 Map (--to Carrow): MAP\n KEY=1 /\n => item-not-valid MAP KEY 1 from line 3
 WhatWasntThere (--from Wend_GE --to Marlpit): ONLY\nMAP\n KEY=1 /\nREC\n 1 4 /\n 1 2* B /\n/\n =>
 BehindASkip (--to Carrow): SKIPCAR\nONLY\nENDSKIP\n =>
+Unjudged (--to Carrow): ARRAY\n 1 x $A 4 /\nNONE\n 1 /\nNONE\n =>  => unknown-keyword NONE 2 from line 5; variable variable '$A' has no value 1 from line 4; error ARRAY: invalid value 'x'; expected a whole number 1 from line 4; 
 )")),
     CaseName<Row>);
 
@@ -290,6 +303,16 @@ TEST(Loss, OfEachPlaceIsListedIfAskedFor)
         Holds(outcome.out, "  TIME in SCHEDULE  2      a.data:2\n                           a.data:4\n"))
         << outcome.out;
     EXPECT_TRUE(Holds(outcome.out, "lost for Carrow: 1 feature in 2 locations\n")) << outcome.out;
+}
+
+TEST(Loss, MayNotBeKnown)
+{
+    const Outcome outcome = Analyse("port a.data --to Carrow", "{runspec}NOSUCH\nNOSUCH\n");
+    EXPECT_EQ(outcome.out,
+        "what could not be judged\n"
+        "                          times  first at\n"
+        "  unknown keyword NOSUCH  2      a.data:7\n\n"
+        "nothing is lost for Carrow, as far as the deck could be judged\n");
 }
 
 // All three

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <utility>
@@ -20,6 +21,7 @@
 namespace Veld::Quor::Tools {
 
 namespace Decks = Core::Decks;
+namespace fs = std::filesystem;
 using namespace Core::Keywords;
 using Decks::Change;
 using nlohmann::ordered_json;
@@ -54,15 +56,19 @@ std::string ValueText(const std::string& text)
 std::string ArrayText(const Decks::ItemChange& item)
 {
     const Decks::ArrayChange& array = *item.array;
+    const char* const noun = array.isOfRows ? "rows" : "values";
     std::string text;
     if (array.sizeBefore != array.sizeAfter)
-        text = fmt::format("{} values -> {}", array.sizeBefore, array.sizeAfter);
+        text = fmt::format("{} {} -> {}", array.sizeBefore, noun, array.sizeAfter);
+    const std::string first =
+        fmt::format("first [{}]: {} -> {}", array.first, ValueText(item.before), ValueText(item.after));
     if (array.differing == 0)
-        return text;
-    text += fmt::format("{}{} of {} differ, first [{}]: {} -> {}", text.empty() ? "" : "; ", array.differing,
-        std::min(array.sizeBefore, array.sizeAfter), array.first, ValueText(item.before),
-        ValueText(item.after));
-    return array.differing == 1 ? text : fmt::format("{}, by {:.6g} at most", text, array.greatest);
+        return array.isOfRows ? fmt::format("{}, {}", text, first) : text;
+    text += fmt::format("{}{} of {}{} differ, {}", text.empty() ? "" : "; ", array.differing,
+        std::min(array.sizeBefore, array.sizeAfter), array.isOfRows ? " rows" : "", first);
+    return array.differing == 1 || array.isOfRows
+        ? text
+        : fmt::format("{}, by {:.6g} at most", text, array.greatest);
 }
 
 std::string ItemText(const Decks::ItemChange& item)
@@ -72,7 +78,16 @@ std::string ItemText(const Decks::ItemChange& item)
     return item.item.empty() ? values : fmt::format("{} {}", item.item, values);
 }
 
-std::string LineText(const Change& change, bool isColoured)
+/// Below the folder of the deck, which is named at the top; of the deck itself the line.
+std::string PlaceText(char name, const Decks::Location& location, const std::string& deck)
+{
+    if (location.file == deck)
+        return fmt::format("{} {}", name, location.line);
+    const fs::path file = fs::path(location.file).lexically_proximate(fs::path(deck).parent_path());
+    return fmt::format("{} {}:{}", name, MakePrintable(file.string()), location.line);
+}
+
+std::string LineText(const Change& change, const DiffOptions& options, bool isColoured)
 {
     const KindRow& kind = RowOf(change.kind);
     std::string line = fmt::format("{} {}", kind.sign, change.keyword.empty() ? "report" : change.keyword);
@@ -80,23 +95,26 @@ std::string LineText(const Change& change, bool isColoured)
         line += ' ' + MakePrintable(change.identity);
     if (change.kind == Change::Kind::Changed)
         line += ": " + ItemText(change.item);
-    std::string locations = change.before ? LocationText(*change.before) : "";
+    std::string locations = change.before ? PlaceText('A', *change.before, options.decks[0]) : "";
     if (change.after)
-        locations += (locations.empty() ? "" : ", ") + LocationText(*change.after);
+        locations += (locations.empty() ? "" : ", ") + PlaceText('B', *change.after, options.decks[1]);
     if (isColoured)
         line = fmt::format("\x1b[{}m{}\x1b[0m", kind.colour, line);
     return fmt::format("  {}   ({})\n", line, locations);
 }
 
-void PrintText(const Decks::Difference& difference)
+void PrintText(const Decks::Difference& difference, const DiffOptions& options)
 {
     const bool isColoured = TakesColour();
+    if (!difference.groups.empty())
+        Print(
+            fmt::format("A: {}\nB: {}\n", MakePrintable(options.decks[0]), MakePrintable(options.decks[1])));
     for (const Decks::ChangeGroup& group : difference.groups) {
         const std::string& section = SectionType::ToString(group.section);
         Print(fmt::format("{}{}{}\n", section.empty() ? "before the first section" : section,
             group.step.empty() ? "" : ", ", group.step));
         for (const Change& change : group.changes)
-            Print(LineText(change, isColoured));
+            Print(LineText(change, options, isColoured));
     }
     Print(fmt::format("{} changed, {} added, {} removed\n", difference.GetCount(Change::Kind::Changed),
         difference.GetCount(Change::Kind::Added), difference.GetCount(Change::Kind::Removed)));
@@ -111,7 +129,8 @@ ordered_json ChangeJson(const Change& change)
             {"after", change.item.after}});
     if (const auto& array = change.item.array)
         json["array"] = {{"differing", array->differing}, {"sizeBefore", array->sizeBefore},
-            {"sizeAfter", array->sizeAfter}, {"first", array->first}, {"greatest", array->greatest}};
+            {"sizeAfter", array->sizeAfter}, {"first", array->first}, {"greatest", array->greatest},
+            {"rows", array->isOfRows}};
     json["a"] = change.before ? LocationJson(*change.before) : ordered_json();
     json["b"] = change.after ? LocationJson(*change.after) : ordered_json();
     return json;
@@ -147,7 +166,7 @@ int Diff(LoadedLanguage& language, const DiffOptions& options)
     if (options.isJson)
         PrintJson(difference, options);
     else
-        PrintText(difference);
+        PrintText(difference, options);
     return difference.groups.empty() ? Success : HasFindings;
 }
 
@@ -168,7 +187,11 @@ Command MakeDiffCommand(CLI::App& application)
     command.footer(
         "Comments, layout, inclusions and the order of different keywords don't matter. A value that is left "
         "to its\ndefault is the same as the default that is given, as the simulator has it; --strict tells "
-        "them apart.\nA line stands for one change: ~ changed, + only in B, - only in A.\n"
+        "them apart.\nA line stands for one change: ~ changed, + only in B, - only in A. Its location is a "
+        "line of the "
+        "deck, or a\nfile below the folder of the deck and its line. Of a table in which more than 3 rows "
+        "differ, the first\n"
+        "is shown.\n"
         "Exit status: 0 the decks are equal, 1 they differ, 2 a deck can't be read.\n\n"
         "Examples:\n"
         "  quor diff history.data forecast.data\n"

@@ -25,9 +25,13 @@ namespace Veld::Quor::Tools {
 namespace Decks = Core::Decks;
 using namespace Core::Keywords;
 using Decks::Loss;
+using Decks::Unjudged;
 using nlohmann::ordered_json;
 
 namespace {
+
+/// Among which is what could not be judged.
+constexpr std::size_t mostFindings = 10'000;
 
 struct PortCommandOptions {
     std::string deck;
@@ -82,7 +86,30 @@ void PrintKind(const std::vector<const Loss*>& losses, bool withAll)
     Print("\n");
 }
 
-void PrintText(const std::vector<Loss>& losses, const PortCommandOptions& options)
+const char* KindText(Unjudged::Kind kind)
+{
+    static constexpr const char* texts[] = {"unknown-keyword", "file", "variable", "error"};
+    return texts[static_cast<std::size_t>(kind)];
+}
+
+void PrintUnjudged(const std::vector<Unjudged>& unjudged)
+{
+    if (unjudged.empty())
+        return;
+    Columns table({"", "times", "first at"});
+    for (const Unjudged& row : unjudged) {
+        const bool isUnknown = row.kind == Unjudged::Kind::UnknownKeyword;
+        table.Add({isUnknown ? fmt::format("unknown keyword {}", row.text) : row.text,
+            fmt::format("{}", row.count), LocationText(row.first)});
+    }
+    Print(fmt::format("what could not be judged\n{}", table.GetHead(2)));
+    for (std::size_t i = 0; i < unjudged.size(); ++i)
+        Print(table.GetRow(i, 2, std::numeric_limits<std::size_t>::max()));
+    Print("\n");
+}
+
+void PrintText(
+    const std::vector<Loss>& losses, const std::vector<Unjudged>& unjudged, const PortCommandOptions& options)
 {
     std::size_t count = 0;
     for (auto loss = losses.begin(); loss != losses.end();) {
@@ -93,10 +120,12 @@ void PrintText(const std::vector<Loss>& losses, const PortCommandOptions& option
         }
         PrintKind(ofKind, options.withLocations);
     }
+    PrintUnjudged(unjudged);
     const std::string target = Decks::NameOf(options.to);
-    Print(losses.empty() ? fmt::format("nothing is lost for {}\n", target)
-                         : fmt::format("lost for {}: {} in {}\n", target, Plural(losses.size(), "feature"),
-                             Plural(count, "location")));
+    const std::string lost = losses.empty() ? fmt::format("nothing is lost for {}", target)
+                                            : fmt::format("lost for {}: {} in {}", target,
+                                                Plural(losses.size(), "feature"), Plural(count, "location"));
+    Print(unjudged.empty() ? lost + "\n" : fmt::format("{}, as far as the deck could be judged\n", lost));
 }
 
 ordered_json LossJson(const Loss& loss)
@@ -117,13 +146,18 @@ ordered_json TargetJson(const Decks::Target& target)
         {"mode", TextOrNull(SimulatorModeType::ToString(target.mode))}};
 }
 
-void PrintJson(const std::vector<Loss>& losses, const PortCommandOptions& options)
+void PrintJson(
+    const std::vector<Loss>& losses, const std::vector<Unjudged>& unjudged, const PortCommandOptions& options)
 {
     auto array = ordered_json::array();
     for (const Loss& loss : losses)
         array.push_back(LossJson(loss));
+    auto limits = ordered_json::array();
+    for (const Unjudged& row : unjudged)
+        limits.push_back({{"kind", KindText(row.kind)}, {"text", row.text}, {"count", row.count},
+            {"first", LocationJson(row.first)}});
     Print(ToText({{"deck", options.deck}, {"from", TargetJson(options.from)}, {"to", TargetJson(options.to)},
-        {"losses", array}}));
+        {"losses", array}, {"unjudged", limits}}));
 }
 
 /// False, and reported, if the simulator does not have the mode.
@@ -141,16 +175,17 @@ int Port(LoadedLanguage& language, const PortCommandOptions& options)
     if (!HasMode(options.from) || !HasMode(options.to))
         return Failure;
     const Decks::DeckLanguage deckLanguage(language.GetTable());
-    const auto deck =
-        ReadDeckOrReport(options.deck, Decks::ReadOptions(options.read).SetTarget(options.to), deckLanguage);
+    const auto deck = ReadDeckOrReport(options.deck,
+        Decks::ReadOptions(options.read).SetTarget(options.to).SetMaxFindings(mostFindings), deckLanguage);
     if (!deck)
         return Failure;
     const std::vector<Loss> losses = Decks::FindLosses(
         *deck, Decks::PortOptions().SetFrom(options.from).SetLocations(options.withLocations));
+    const std::vector<Unjudged> unjudged = Decks::FindUnjudged(*deck);
     if (options.isJson)
-        PrintJson(losses, options);
+        PrintJson(losses, unjudged, options);
     else
-        PrintText(losses, options);
+        PrintText(losses, unjudged, options);
     return losses.empty() ? Success : HasFindings;
 }
 
@@ -176,6 +211,9 @@ Command MakePortCommand(CLI::App& application)
         "Blocks that the simulator skips are not compared. Without --from, the deck is compared "
         "with what any\nsimulator accepts and with the defaults of the keywords. What --from does not accept "
         "or ignores is not a loss.\n"
+        "What could not be judged is listed: unknown keywords, files that can't be read, variables without a "
+        "value,\n"
+        "and data with errors.\n"
         "Exit status: 0 nothing is lost, 1 something is lost, 2 the deck can't be read.\n\n"
         "Examples:\n"
         "  quor port reservoir.data --to Carrow\n"

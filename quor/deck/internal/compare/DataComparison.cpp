@@ -50,6 +50,25 @@ std::string ElementText(const IKeywordListData& list, std::size_t i)
         "a table of {} rows", static_cast<const IKeywordListData*>(list.GetData(i))->GetSize());
 }
 
+/// Of rows that differ in a list, more are reported as one change.
+constexpr std::size_t mostRows = 3;
+
+/// `pairs`: of rows that differ.
+ItemChange RowsChange(
+    const IKeywordListData& a, const IKeywordListData& b, const Pairs& pairs, const std::string& path)
+{
+    const auto [i, j] = pairs.front();
+    ArrayChange change;
+    change.isOfRows = true;
+    change.sizeBefore = static_cast<std::size_t>(a.GetSize());
+    change.sizeAfter = static_cast<std::size_t>(b.GetSize());
+    change.first = std::min(i, j) + 1;
+    change.differing = static_cast<std::size_t>(std::count_if(pairs.begin(), pairs.end(),
+        [](const auto& pair) { return pair.first != unpaired && pair.second != unpaired; }));
+    return {
+        path, i == unpaired ? absent : ElementText(a, i), j == unpaired ? absent : ElementText(b, j), change};
+}
+
 /// The line around `offset`.
 std::string LineAt(const std::string& text, std::size_t offset)
 {
@@ -130,6 +149,8 @@ bool DataComparison::CompareNodes(const List& a, const List& b, const std::strin
     changes_ = changes;
     if (!changes_)
         return pairs.empty();
+    if (type == MDType::Record && pairs.size() > mostRows)
+        return Report(RowsChange(a, b, pairs, path));
     for (const auto& [i, j] : pairs) {
         if (i == unpaired)
             Report({Element(path, j), absent, ElementText(b, j)});
