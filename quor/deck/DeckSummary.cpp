@@ -3,6 +3,7 @@
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/deck/internal/ContentsOf.h"
+#include "quor/deck/internal/compare/ArrayOperations.h"
 #include "quor/deck/internal/compare/WellSummary.h"
 #include "quor/deck/internal/read/DataShape.h"
 #include "quor/deck/internal/read/DataValue.h"
@@ -161,6 +162,7 @@ DeckSummary Summarize(const Deck& readDeck)
     summary.sections = SummarizeSections(deck);
     std::size_t step = 0;
     WellSummary wells;
+    ArrayOperations arrays(deck);
     Variables variables;
     for (std::size_t i = 0; i < deck.keywords.size(); ++i) {
         const KeywordInstance& keyword = deck.keywords[i];
@@ -168,6 +170,7 @@ DeckSummary Summarize(const Deck& readDeck)
             AddRunspec(keyword, summary);
         AddProperty(deck, keyword, summary);
         AddVariables(deck, keyword, variables);
+        arrays.Follow(keyword);
         if (keyword.syntax->GetName() == "START")
             summary.end = deck.start;
         for (; step < deck.steps.size() && deck.steps[step].keyword == i; ++step)
@@ -178,6 +181,7 @@ DeckSummary Summarize(const Deck& readDeck)
     summary.start = deck.start;
     summary.wells = wells.GetWells();
     summary.groups = wells.GetGroups();
+    summary.arrays = arrays.GetArrays();
     for (auto& [name, uses] : variables)
         summary.variables.push_back({name, std::move(uses)});
     return summary;

@@ -52,11 +52,24 @@ struct PropertySummary {
     std::optional<Range> range; ///< empty if no value was given
 };
 
+/// An array of cells that keywords such as those that set, copy and multiply work on: what it comes to at the
+/// end of the deck.
+struct ArraySummary {
+    std::string array; ///< its name
+    std::vector<std::string> keywords; ///< that made it, each once, in their order
+    Location location; ///< of the last of them
+    std::size_t cells = 0; ///< of the grid
+    std::size_t unknown = 0; ///< of these; they have the default of the array, or can't be worked out
+    std::string reason; ///< why some can't be worked out; may be empty
+    std::optional<PropertySummary::Range> range; ///< of the others; empty if there are none
+};
+
 /// A well that the deck introduces.
 struct Well {
     std::string name; ///< as the deck has it
     std::string group; ///< the last one that it was put into; may be empty
-    std::string control; ///< the last: keyword, fluid that is injected, quantity; empty if there is none
+    std::string control; ///< the last: keyword, fluid that is injected, status unless it is the default,
+                         ///< quantity; empty if there is none
     long long completions = 0; ///< cells in which it was ever completed
     Service::Time since; ///< when it was introduced first
 };
@@ -90,6 +103,7 @@ struct DeckSummary {
     std::vector<Well> wells; ///< in the order in which they are introduced
     std::vector<Group> groups; ///< those below another after it
     std::vector<PropertySummary> properties; ///< in the order of the deck
+    std::vector<ArraySummary> arrays; ///< in the order of the deck
     std::vector<VariableSummary> variables; ///< by name
 };
 

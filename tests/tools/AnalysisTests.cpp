@@ -190,6 +190,16 @@ Reports: {runspec}{schedule}TSTEP\n 3*10 /\nDATES\n 1 JAN 2021 /\n/\n at /report
 NoStart: SCHEDULE\nTSTEP\n 3 /\n at /end => null
 LastControl: {schedule}{control} at /wells/1/control => "WCONINJE WATER RATE"
 ControlByBeginning: {schedule}{control} at /wells/0/control => "WCONPROD ORAT"
+ControlOfAShutWell: {schedule}WCONHIST\n P1 SHUT /\n/\n at /wells/0/control => "WCONHIST SHUT"
+ControlOfAWellThatIsShutLater: {schedule}{control}WELOPEN\n P1 SHUT /\n P2 SHUT /\n P2 SHUT 1 1 1 /\n P2 OPEN /\n/\n at /wells => [{"completions":0,"control":"WELOPEN SHUT","group":"G1","name":"P1","since":null},{"completions":0,"control":"WCONINJE WATER RATE","group":"G1","name":"P2","since":null}]
+PaddedName: SCHEDULE\nWELSPECS\n 'A B  ' ' G1' 1 1 1* OIL /\n/\nCOMPDAT\n 'A B' 1 1 1 2 /\n/\n at /wells/0 => {"completions":2,"control":null,"group":"G1","name":"A B","since":null}
+ArraySetAndCopied: {runspec}GRID\nEQUALS\n PERMX 100 /\n PERMX 50 2 2 /\n/\nCOPY\n PERMX PERMY /\n PERMX PERMZ /\n/\nMULTIPLY\n PERMZ 0.1 /\n/\n at /arrays => [{"array":"PERMX","cells":4,"greatest":100.0,"keywords":["EQUALS"],"least":50.0,"mean":75.0,"place":{"file":"a.data","line":8},"reason":null,"unknown":0},{"array":"PERMY","cells":4,"greatest":100.0,"keywords":["COPY"],"least":50.0,"mean":75.0,"place":{"file":"a.data","line":12},"reason":null,"unknown":0},{"array":"PERMZ","cells":4,"greatest":10.0,"keywords":["COPY","MULTIPLY"],"least":5.0,"mean":7.5,"place":{"file":"a.data","line":16},"reason":null,"unknown":0}]
+ArrayInABox: {runspec}GRID\nPORO\n 4*0.1 /\nBOX\n 1 1 2 2 1 1 /\nPORO\n 0.3 /\nADD\n PORO 0.1 /\n/\nENDBOX\nMAXVALUE\n PORO 0.3 /\n/\n at /arrays/0 => {"array":"PORO","cells":4,"greatest":0.3,"keywords":["PORO","ADD","MAXVALUE"],"least":0.1,"mean":0.15,"place":{"file":"a.data","line":18},"reason":null,"unknown":0}
+ArrayInRegions: {runspec}GRID\nMULTNUM\n 1 2 1 2 /\nPORO\n 4*0.1 /\nEQUALREG\n PORO 0.3 2 /\n/\n at /arrays/0/mean => 0.2
+ArrayOfPart: {runspec}GRID\nEQUALS\n PORO 0.2 1 1 1 1 /\n/\n at /arrays/0/unknown => 3
+ArrayOfNothing: {runspec}GRID\nCOPY\n PERMX PERMY /\n/\n at /arrays/0/reason => "PERMX has no values before COPY"
+ArrayNotWorkedOut: {runspec}GRID\nPORO\n 4*0.1 /\nOPERATE\n PORO 6* MULTA PORO 2 1 /\n/\n at /arrays/0/reason => "OPERATE isn't worked out"
+ArrayOfAVariable: {runspec}GRID\nEQUALS\n PORO $A /\n/\n at /arrays/0/reason => "a value of EQUALS isn't known"
 CompletionsOnce: {schedule}{completions} at /wells/0/completions => 4
 LayersInTheWrongOrder: {schedule}COMPDAT\n P1 1 1 3 1 /\n/\n at /wells/0/completions => 0
 Since: {runspec}SCHEDULE\nTSTEP\n 1 /\nWELSPECS\n P1 G1 1 1 1* OIL /\n/\n at /wells/0/since => "2020-01-02"

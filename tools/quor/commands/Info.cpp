@@ -3,6 +3,7 @@
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/CommonOptions.h"
 #include "tools/quor/commands/DeckReading.h"
+#include "tools/quor/commands/InfoArrays.h"
 #include "tools/quor/commands/LoadedLanguage.h"
 #include "tools/quor/findings/FindingText.h"
 #include "tools/quor/terminal/Json.h"
@@ -174,6 +175,8 @@ void PrintText(const Decks::DeckSummary& summary, const InfoOptions& options)
     PrintWells(summary, options.withAllWells);
     PrintGroups(summary, options.withAllWells);
     PrintProperties(summary, options.withAllProperties);
+    PrintSomeRows(
+        "computed array", ArrayRows(summary), ArrayHead(), options.withAllProperties, "--properties");
     PrintVariables(summary);
 }
 
@@ -239,7 +242,7 @@ void PrintJson(const Decks::DeckSummary& summary, const InfoOptions& options)
         {"start", TextOrNull(Decks::DateText(summary.start))},
         {"end", TextOrNull(Decks::DateText(summary.end))}, {"reports", summary.reports},
         {"wells", WellsJson(summary.wells)}, {"groups", groups}, {"properties", properties},
-        {"variables", variables}});
+        {"arrays", ArraysJson(summary)}, {"variables", variables}});
     Print(ToText(json));
 }
 
@@ -272,7 +275,9 @@ Command MakeInfoCommand(CLI::App& application)
         "--properties", options->withAllProperties, "List all cell properties, not the first 20");
     AddFormatOption(command, options->isJson);
     command.footer("A well's completions are the cells in which it was ever completed. The mean excludes "
-                   "defaulted values.\nJSON output lists everything.\n\n"
+                   "defaulted values.\nComputed arrays are those that keywords set, copy, add to, multiply "
+                   "or limit, cell by cell, in their boxes\n"
+                   "and regions: what they come to at the end of the deck.\nJSON output lists everything.\n\n"
                    "Examples:\n"
                    "  quor info reservoir.data\n"
                    "  quor info reservoir.data --wells\n"

@@ -1,9 +1,9 @@
 #include "quor/deck/internal/compare/WellSummary.h"
 
 #include "quor/data/IKeywordListData.h"
+#include "quor/deck/internal/compare/RecordItems.h"
 #include "quor/deck/internal/read/DataShape.h"
 #include "quor/deck/internal/read/DataValue.h"
-#include "quor/deck/internal/text/LineText.h"
 #include "quor/metadata/KeywordUtils.h"
 
 #include <algorithm>
@@ -20,43 +20,13 @@ namespace {
 
 constexpr const char* topGroup = "FIELD";
 
-struct Item {
-    const IKeywordDataMD* md = nullptr;
-    ScalarValue value;
-};
-
-/// The scalar under that name, or its default; not given if the record has no such item, or one of another
-/// type.
-Item Find(const IKeywordRecordData& record, const char* name, MDType::Enum type)
+/// The word of a choice that isn't the default.
+std::string FindOtherWord(const IKeywordRecordData& record, const char* name)
 {
-    const auto& md = static_cast<const IKeywordRecordMD&>(*record.GetMD());
-    for (int i = 0; i < md.GetSize(); ++i) {
-        const IKeywordDataMD& item = *md.GetItemMD(i);
-        if (item.GetName() != name || item.GetType() != type)
-            continue;
-        const ScalarValue value = ItemValue(item, record.GetData(i));
-        return {&item, IsGiven(value) ? value : DefaultOf(item, SimulatorType::Any).value};
-    }
-    return {};
-}
-
-/// Names are the same in any case.
-std::string FindName(const IKeywordRecordData& record, const char* name)
-{
-    const Item item = Find(record, name, MDType::String);
-    return item.md ? ToUpper(ToText(*item.md, item.value)) : std::string();
-}
-
-std::string FindWord(const IKeywordRecordData& record, const char* name)
-{
-    const Item item = Find(record, name, MDType::Choice);
-    return item.md ? ToText(*item.md, item.value) : std::string();
-}
-
-int FindIndex(const IKeywordRecordData& record, const char* name)
-{
-    const Item item = Find(record, name, MDType::Integer);
-    return IsGiven(item.value) ? std::get<int>(item.value) : 0;
+    const RecordItem item = FindItem(record, name, MDType::Choice);
+    if (!item.md || item.value == DefaultOf(*item.md, SimulatorType::Any).value)
+        return {};
+    return ToText(*item.md, item.value);
 }
 
 } // namespace
@@ -68,7 +38,8 @@ const WellSummary::Reader* WellSummary::FindReader(const std::string& keyword)
         {"COMPDAT", &WellSummary::ReadCompletion}, {"COMPDATL", &WellSummary::ReadCompletion},
         {"COMPDATM", &WellSummary::ReadCompletion}, {"WCONPROD", &WellSummary::ReadControl},
         {"WCONINJE", &WellSummary::ReadControl}, {"WCONHIST", &WellSummary::ReadControl},
-        {"WCONINJH", &WellSummary::ReadControl}, {"WELCNTL", &WellSummary::ReadControl}};
+        {"WCONINJH", &WellSummary::ReadControl}, {"WELCNTL", &WellSummary::ReadControl},
+        {"WELOPEN", &WellSummary::ReadStatus}};
     const auto* const reader = std::find_if(std::begin(readers), std::end(readers),
         [&keyword](const Reader& row) { return keyword == row.keyword; });
     return reader == std::end(readers) ? nullptr : reader;
@@ -132,11 +103,25 @@ void WellSummary::ReadCompletion(const Record& record)
 void WellSummary::ReadControl(const Record& record)
 {
     std::string control = keyword_;
-    for (const char* const item : {"TYPE", "CONTROL"}) {
-        if (const std::string word = FindWord(record, item); !word.empty())
+    for (const std::string& word :
+        {FindWord(record, "TYPE"), FindOtherWord(record, "STATUS"), FindWord(record, "CONTROL")}) {
+        if (!word.empty())
             control.append(" ").append(word);
     }
-    ForEachWell(FindName(record, "WELL"), [&](Entry& entry) { entry.well.control = control; });
+    ForEachWell(
+        FindName(record, "WELL"), [&](Entry& entry) { entry.well.control = entry.control = control; });
+}
+
+/// Of a well, not of a completion. One that opens has the control that it had.
+void WellSummary::ReadStatus(const Record& record)
+{
+    const bool isOfCompletion =
+        FindIndex(record, "I") > 0 || FindIndex(record, "J") > 0 || FindIndex(record, "K") > 0;
+    if (isOfCompletion)
+        return;
+    const std::string status = FindOtherWord(record, "STATUS");
+    ForEachWell(FindName(record, "WELL"),
+        [&](Entry& entry) { entry.well.control = status.empty() ? entry.control : keyword_ + ' ' + status; });
 }
 
 /// `isFirm`: the parent holds against what was known before.

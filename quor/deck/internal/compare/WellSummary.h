@@ -30,6 +30,7 @@ private:
     using Record = Core::Keywords::IKeywordRecordData;
     struct Entry {
         Well well;
+        std::string control; // the last one, also if the well was shut since
         std::size_t number = 0; // in the order of coming
         std::set<std::array<int, 4>> completions; // I, J, K1, K2
     };
@@ -43,6 +44,7 @@ private:
     void ReadGroup(const Record& record);
     void ReadCompletion(const Record& record);
     void ReadControl(const Record& record);
+    void ReadStatus(const Record& record);
 
     void AddGroup(const std::string& name, const std::string& parent, bool isFirm);
     template <class Visit>

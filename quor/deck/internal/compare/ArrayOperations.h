@@ -1,0 +1,70 @@
+#pragma once
+
+#include "quor/data/IKeywordListData.h"
+#include "quor/data/IKeywordRecordData.h"
+#include "quor/deck/DeckSummary.h"
+#include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/read/Dimensions.h"
+
+#include <array>
+#include <cstddef>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// What the keywords that work on arrays of cells make of them, cell by cell: they set, copy, add, multiply
+/// and limit, in a box or in regions.
+class ArrayOperations {
+public:
+    /// The deck must outlive it.
+    explicit ArrayOperations(const DeckContents& deck);
+
+    /// The keywords of the deck, in their order.
+    void Follow(const KeywordInstance& keyword);
+    /// Those that some keyword works on, in the order in which they are met.
+    std::vector<ArraySummary> GetArrays() const;
+
+private:
+    using Record = Core::Keywords::IKeywordRecordData;
+    enum class Kind { Box, EndBox, Set, Add, Multiply, AtLeast, AtMost, Copy, Other };
+    struct Operation {
+        const char* keyword;
+        Kind kind;
+    };
+    /// First and last index in each direction, from 1.
+    using Box = std::array<long long, 6>;
+    struct Array {
+        std::vector<double> values; // NaN: not known
+        std::vector<std::string> keywords; // that made it
+        std::string unknown; // why some values aren't known
+        TextRange last; // of the keyword that worked on it last
+        std::size_t number = 0;
+    };
+
+    void EnterSection(Core::Keywords::SectionType::Enum section);
+    static void Forget(Array& array, const std::string& why);
+    static const Operation* FindOperation(const std::string& keyword);
+    void Apply(Kind kind, const Record& record, Box& box);
+    void Work(Kind kind, Array& array, const Record& record, const Box& box, const Array* source);
+    void SetValues(const std::string& name, const KeywordInstance& keyword);
+    Array& GetArray(const std::string& name);
+    Box WholeGrid() const;
+    Box BoxOf(const Record& record, const Box& around) const;
+    bool IsInLocalGrid(const KeywordInstance& keyword) const;
+    /// Calls `visit` with the index of each cell of the box, that of the grid and that within the box.
+    template <class Visit>
+    void ForEachCell(const Box& box, Visit visit) const;
+
+    const DeckContents& deck_;
+    Dimensions dimensions_;
+    std::map<std::string, Array> arrays_;
+    Box box_ = {};
+    Core::Keywords::SectionType::Enum section_ = Core::Keywords::SectionType::None;
+    bool isGridKnown_ = false;
+    std::array<long long, 3> grid_ = {};
+    const KeywordInstance* keyword_ = nullptr; // being followed
+};
+
+} // namespace Veld::Quor::Core::Decks
