@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <string_view>
+#include <utility>
 
 namespace Veld::Quor::Tests {
 
@@ -16,6 +18,22 @@ std::string ReadFile(const std::string& path)
 {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+const std::pair<const char*, const char*> commonParts[] = {
+    {"{runspec}", "RUNSPEC\nDIMENS\n 2 2 1 /\nOIL\nSTART\n 1 JAN 2020 /\n"},
+    {"{schedule}", "SCHEDULE\nWELSPECS\n P1 G1 1 1 1* OIL /\n P2 G1 2 2 1* OIL /\n/\n"},
+    {"{control}", "WCONPROD\n P* OPEN ORAT 5 /\n/\nWCONINJE\n P2 WATER OPEN RATE 5 /\n/\n"},
+    {"{completions}", "COMPDAT\n P1 1 1 1 3 /\n/\nCOMPDAT\n P1 1 1 1 3 SHUT /\n P1 1 2 5 5 /\n/\n"}};
+
+/// A deck in which {runspec} and the like stand for parts that many have.
+std::string Whole(std::string deck)
+{
+    for (const auto& [name, text] : commonParts) {
+        if (const std::size_t at = deck.find(name); at != std::string::npos)
+            deck.replace(at, std::string_view(name).size(), text);
+    }
+    return deck;
 }
 
 } // namespace
@@ -58,6 +76,15 @@ std::string Quote(const std::string& text)
 bool Holds(const std::string& text, const std::string& part)
 {
     return text.find(part) != std::string::npos;
+}
+
+Outcome Analyse(
+    const std::string& arguments, const std::string& a, const std::string& b, const std::string& environment)
+{
+    const TemporaryDirectory folder;
+    folder.Write("a.data", Whole(a));
+    folder.Write("b.data", Whole(b));
+    return RunShell("cd " + Quote(folder.Path().string()) + "; \"$QUOR\" " + arguments, environment);
 }
 
 } // namespace Veld::Quor::Tests

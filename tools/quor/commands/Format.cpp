@@ -178,16 +178,29 @@ int Format(LoadedLanguage& language, const FormatOptions& options)
     return PrintFirst(files);
 }
 
+constexpr const char* details =
+    "With --output the files are below FOLDER as they are below the folder that all of them are in: a deck\n"
+    "cases/a.data that includes ../grid.inc becomes FOLDER/cases/a.data, with FOLDER/grid.inc. A deck with\n"
+    "inclusions by absolute paths is refused, and nothing is written. Files that are not read, such as "
+    "those\n"
+    "in skipped blocks, are not written.\n"
+    "Keywords with errors, raw texts, and data that go on in another file or around a skipped block stay as\n"
+    "they are. Without --in-place, --output or --check the text goes to standard output.\n"
+    "Exit status: 0 success, 1 with --check if a file would change, 2 a file can't be read or written.\n\n"
+    "Examples:\n"
+    "  quor format reservoir.data > tidy.data\n"
+    "  quor format reservoir.data --in-place\n"
+    "  quor format reservoir.data --one-file --output flat";
+
 } // namespace
 
 Command MakeFormatCommand(CLI::App& application)
 {
     const auto options = std::make_shared<FormatOptions>();
     CLI::App& command = *application.add_subcommand("format",
-        "Formats a deck: aligns columns, combines repeated values and omits defaulted values. Comments, "
-        "numbers\n"
-        "and quotes are kept, and columns below a comment that names them. The formatted deck has the same "
-        "data.");
+        "Formats a deck: aligns columns, combines repeated values and omits defaulted values. Comments,\n"
+        "numbers and quotes are kept, and columns below a comment that names them. The formatted deck has\n"
+        "the same data.");
     command.add_option("DECK", options->deck, "Main file of the deck")->required()->type_name("FILE");
     AddReadOptions(command, options->read);
     CLI::Option* const oneFile = command.add_flag(
@@ -205,23 +218,7 @@ Command MakeFormatCommand(CLI::App& application)
     inPlace->excludes(folder)->excludes(check);
     folder->excludes(check);
     oneFile->excludes(inPlace)->excludes(check);
-    command.footer(
-        "With --output the files are below FOLDER as they are below the folder that all of them are in: "
-        "cases/a.data,\n"
-        "which includes ../grid.inc, becomes FOLDER/cases/a.data, with FOLDER/grid.inc. A deck with "
-        "inclusions by\n"
-        "absolute paths is refused, and nothing is written. Files that aren't read, as those in skipped "
-        "blocks, are\n"
-        "not written.\n"
-        "Keywords with errors, raw texts, and data that go on in another file or around a skipped "
-        "block stay as\n"
-        "they are. Without --in-place, --output or --check the text goes to standard output.\n"
-        "Exit status: 0 success, 1 with --check if a file would change, 2 a file can't be read or\n"
-        "written.\n\n"
-        "Examples:\n"
-        "  quor format reservoir.data > tidy.data\n"
-        "  quor format reservoir.data --in-place\n"
-        "  quor format reservoir.data --one-file --output flat");
+    command.footer(details);
     return {&command, [options](LoadedLanguage& language) { return Format(language, *options); }};
 }
 

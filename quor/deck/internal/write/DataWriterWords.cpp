@@ -15,12 +15,6 @@ namespace Veld::Quor::Core::Decks {
 
 using namespace Core::Keywords;
 
-namespace {
-
-using Termination = DataPlan::Termination;
-
-} // namespace
-
 /// The next word of the text, if it is that of the value. Without a text: it isn't, or there is no value.
 DataWriter::Cell DataWriter::SpeltCell(
     const DataPlan& item, const ScalarValue& value, const std::string* variable)
@@ -69,7 +63,7 @@ std::string DataWriter::ElementToWrite(const DataPlan& item, const IKeywordListD
 
 void DataWriter::WriteMap(const DataPlan& plan, const IKeywordMapData& map)
 {
-    const bool isOneLine = plan.termination == Termination::EOL;
+    const bool isOneLine = plan.termination == DataPlan::Termination::EOL;
     lines_.SetWrapping(!isOneLine);
     if (words_.IsThere()) {
         for (const std::string& name : words_.TakeNames(isOneLine))
