@@ -1,10 +1,18 @@
 #include "quor/deck/DeckLanguage.h"
 
+#include "quor/deck/internal/rules/RuleReader.h"
 #include "quor/deck/internal/text/LanguageIndex.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/syntax/KeywordSyntaxTable.h"
 
 namespace Veld::Quor::Core::Decks {
+
+RuleError::RuleError(const std::string& message)
+    : Exception(message)
+{
+}
+
+RuleError::~RuleError() = default;
 
 DeckLanguage::DeckLanguage()
     : DeckLanguage(Keywords::KeywordSyntaxTable::Instance())
@@ -12,7 +20,7 @@ DeckLanguage::DeckLanguage()
 }
 
 DeckLanguage::DeckLanguage(Keywords::KeywordSyntaxTable& table)
-    : index_(std::make_unique<LanguageIndex>(table))
+    : index_(std::make_unique<LanguageIndex>(table, BuiltinRules()))
 {
 }
 

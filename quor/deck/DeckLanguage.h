@@ -2,6 +2,7 @@
 
 #include "quor/foundation/Export.h"
 #include "quor/foundation/SectionType.h"
+#include "quor/foundation/service/Exception.h"
 
 #include <memory>
 #include <string>
@@ -14,6 +15,16 @@ class KeywordSyntaxTable;
 namespace Veld::Quor::Core::Decks {
 
 class LanguageIndex;
+
+/// A document of rules can't be read. The text has the document, the rule, and what was expected.
+class VELD_QUOR_EXPORT RuleError : public Service::Exception {
+public:
+    /// `message`: a whole sentence.
+    explicit RuleError(const std::string& message);
+    RuleError(const RuleError&) = default;
+    RuleError& operator=(const RuleError&) = default;
+    ~RuleError() override;
+};
 
 /// What a table of keywords says of decks. It never changes: made once for a table, it serves any number of
 /// threads that read decks at once. The table must outlive it, and it must outlive the decks read with it:

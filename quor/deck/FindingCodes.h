@@ -70,6 +70,15 @@ enum class Code {
     OddCharacter,
     TextAfterKeyword,
     RepeatedDate,
+    UndefinedName,
+    IndexOutside,
+    IndexOrder,
+    RegionOutside,
+    MissingKeyword,
+    ConflictingKeywords,
+    RepeatedKeyword,
+    TooManyNames,
+    Count,
 };
 
 /// What each code means, in the order of the codes. Valid as long as the library.

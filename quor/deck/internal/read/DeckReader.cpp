@@ -40,6 +40,7 @@ DeckReader::DeckReader(const std::string& path, const ReadSettings& options, con
     , scopes_(language, *deck_, dimensions_, reporter_)
     , precedents_(reporter_)
     , timeLine_(*deck_, reporter_, options.target.simulator)
+    , rules_(language.GetRules(), *deck_, dimensions_, reporter_)
 {
     text_.SetProgress(options.progress);
     text_.SetCancellation(options.isCancelled);
@@ -65,6 +66,7 @@ std::unique_ptr<DeckContents> DeckReader::Read()
     if (deck_->keywords.empty() && deck_->files.GetSize() == 1 && reporter_.GetErrorCount() == 0)
         reporter_.Report(
             {}, Code::NoSection, "the deck has no keywords", "start the deck with section RUNSPEC");
+    rules_.EndDeck(sections_.IsSure() && !mayMissKeywords_);
     text_.Finish();
     deck_->distinctFiles = text_.GetFileCount();
     deck_->sections = sections_.GetCount();
@@ -96,6 +98,10 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
         FollowSizes(deck_->keywords.back());
     if (deck_->keywords.back().data)
         FollowPaths(deck_->keywords.back());
+    if (!sections_.IsSure() || mayMissKeywords_)
+        rules_.Lose();
+    if (!isReported && !isGuess)
+        rules_.Follow(isKnown, scopes_.GetInnermost() != noIndex);
     precedents_.Follow(deck_->keywords.back(), sections_.IsSure() && !mayMissKeywords_);
     scopes_.Follow(mayMissKeywords_);
 }

@@ -11,6 +11,7 @@
 #include "quor/deck/internal/read/ReadSettings.h"
 #include "quor/deck/internal/read/SectionOrder.h"
 #include "quor/deck/internal/read/TimeLine.h"
+#include "quor/deck/internal/rules/RuleChecks.h"
 #include "quor/deck/internal/text/Vocabulary.h"
 
 #include <memory>
@@ -56,6 +57,7 @@ private:
     OpenScopes scopes_;
     Precedents precedents_;
     TimeLine timeLine_;
+    RuleChecks rules_;
 
     bool mayMissKeywords_ = false; // one could not be made out
     bool mayTakeSlash_ = false; // after a keyword without data a slash does no harm

@@ -69,14 +69,25 @@ void Dimensions::SetBox(const IKeywordData& data)
 
 std::optional<long long> Dimensions::Find(const std::string& name) const
 {
-    if (const auto size = box_.find(name); size != box_.end())
-        return size->second;
+    const auto size = box_.find(name);
+    return size == box_.end() ? FindWhole(name) : std::optional(size->second);
+}
+
+std::optional<long long> Dimensions::FindWhole(const std::string& name) const
+{
+    if (const auto given = FindGiven(name))
+        return given;
+    const auto size = defaults_.find(name);
+    return size == defaults_.end() ? std::nullopt : std::optional(size->second);
+}
+
+std::optional<long long> Dimensions::FindGiven(const std::string& name) const
+{
     for (auto frame = frames_.rbegin(); frame != frames_.rend(); ++frame) {
         if (const auto size = frame->find(name); size != frame->end())
             return size->second;
     }
-    const auto size = defaults_.find(name);
-    return size == defaults_.end() ? std::nullopt : std::optional(size->second);
+    return std::nullopt;
 }
 
 } // namespace Veld::Quor::Core::Decks

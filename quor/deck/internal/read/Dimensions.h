@@ -32,6 +32,10 @@ public:
     void ForgetDefaults() { defaults_.clear(); }
 
     std::optional<long long> Find(const std::string& name) const;
+    /// The same as if no box were open.
+    std::optional<long long> FindWhole(const std::string& name) const;
+    /// Only what the deck gives, not defaults.
+    std::optional<long long> FindGiven(const std::string& name) const;
 
 private:
     using Sizes = std::unordered_map<std::string, long long>;

@@ -32,8 +32,9 @@ bool EndsItself(const IKeywordSyntax& opener)
     return std::find(ends.begin(), ends.end(), &opener) != ends.end();
 }
 
-LanguageIndex::LanguageIndex(KeywordSyntaxTable& table)
+LanguageIndex::LanguageIndex(KeywordSyntaxTable& table, const RuleSet& rules)
     : table_(table)
+    , rules_(rules)
     , nearestNames_(table)
 {
     KeywordSyntaxEnumerator enumerator = table.KeywordsEnumerator();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quor/deck/internal/rules/RuleSet.h"
 #include "quor/deck/internal/text/NearestNames.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/metadata/IKeywordIntegerMD.h"
@@ -20,7 +21,7 @@ bool EndsItself(const Core::Keywords::IKeywordSyntax& opener);
 /// read decks at once. Must not outlive the table.
 class LanguageIndex {
 public:
-    explicit LanguageIndex(Core::Keywords::KeywordSyntaxTable& table);
+    LanguageIndex(Core::Keywords::KeywordSyntaxTable& table, const RuleSet& rules);
 
     /// All that the table knows under the name; empty if it is no keyword.
     std::vector<const Core::Keywords::IKeywordSyntax*> LookupAll(const std::string& name) const
@@ -41,12 +42,15 @@ public:
     {
         return scopeEnds_.count(&syntax) > 0;
     }
+    /// What holds between the keywords of a deck.
+    const RuleSet& GetRules() const { return rules_; }
     const NearestNames& GetNearestNames() const { return nearestNames_; }
     /// The whole numbers of the records of RUNSPEC, in the order of the table.
     const std::vector<const Core::Keywords::IKeywordIntegerMD*>& GetSizes() const { return sizes_; }
 
 private:
     Core::Keywords::KeywordSyntaxTable& table_;
+    const RuleSet& rules_;
     NearestNames nearestNames_;
     std::vector<std::string> structureNames_;
     std::unordered_set<const Core::Keywords::IKeywordSyntax*> scopeEnds_;

@@ -18,6 +18,7 @@ struct PackedDocument {
 // Defined in sources that the build makes from the files under language/.
 extern const PackedDocument mainDocument;
 extern const PackedDocument trustedDocument;
+extern const PackedDocument rulesDocument; // in the decks library
 
 /// Never null; holds no document if the bytes are no document. `name` is for messages.
 std::unique_ptr<Service::XML::XMLDocument> Unpack(const PackedDocument& packed, const char* name);

@@ -1,0 +1,152 @@
+#include "quor/deck/internal/rules/NameChecks.h"
+
+#include "quor/deck/DeckLanguage.h"
+#include "quor/deck/internal/rules/Choices.h"
+#include "quor/deck/internal/text/LineText.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+
+namespace {
+
+bool IsPattern(const NameRule& rule, std::string_view name)
+{
+    return rule.hasPatterns && name.find_first_of("*?") != std::string_view::npos;
+}
+
+/// The keywords that define names of the kind.
+std::vector<std::string> DefinersOf(const NameRule& rule)
+{
+    std::vector<std::string> definers;
+    for (const NameRule::Use& use : rule.uses) {
+        if (use.isDefinition)
+            definers.insert(definers.end(), use.where.keywords.begin(), use.where.keywords.end());
+    }
+    return definers;
+}
+
+} // namespace
+
+NameChecks::NameChecks(
+    const RuleSet& rules, const DeckContents& deck, const Dimensions& dimensions, FindingReporter& reporter)
+    : rules_(rules)
+    , deck_(deck)
+    , dimensions_(dimensions)
+    , reporter_(reporter)
+    , names_(rules.names.size())
+{
+    for (std::size_t kind = 0; kind < names_.size(); ++kind) {
+        for (const std::string& name : rules.names[kind].always)
+            names_[kind].Add(name);
+    }
+}
+
+void NameChecks::Follow(const RecordRules::Name& rule, std::string_view name, const ValuePosition& position)
+{
+    if (name.empty())
+        return;
+    if (rule.isDefinition)
+        Define(rule.kind, name, position);
+    if (!isWhole_ || (rule.isDefinition && !rules_.names[rule.kind].areArrays))
+        return;
+    if (rule.mayComeFirst)
+        pending_.push_back(
+            {rule.kind, static_cast<std::uint32_t>(deck_.keywords.size() - 1), position, std::string(name)});
+    else if (!IsDefined(rule.kind, name))
+        ReportUnknown(rule.kind, name, deck_.keywords.back(), position);
+}
+
+void NameChecks::Define(std::uint32_t kind, std::string_view name, const ValuePosition& position)
+{
+    NameTable& names = names_[kind];
+    if (!names.Add(name) || !isWhole_)
+        return;
+    const auto count = static_cast<long long>(names.GetSize() - rules_.names[kind].always.size());
+    for (const CountRule& rule : rules_.counts) {
+        if (rule.noun != rules_.names[kind].noun)
+            continue;
+        const auto most = dimensions_.FindGiven(rule.size);
+        if (most && count == *most + 1)
+            reporter_.Report(FindValue(deck_, deck_.keywords.back(), position), Code::TooManyNames,
+                fmt::format("{}: {} '{}' is number {}, but {} is {}", deck_.keywords.back().syntax->GetName(),
+                    rule.noun, Shorten(name), count, rule.size, *most),
+                fmt::format("increase {} in {}", rule.size, rule.setBy));
+    }
+}
+
+/// A deck that defines none of a kind is a part of one, or has them from elsewhere.
+bool NameChecks::IsDefined(std::uint32_t kind, std::string_view name)
+{
+    const NameRule& rule = rules_.names[kind];
+    NameTable& names = names_[kind];
+    if (rule.areArrays)
+        return IsInLanguage(name);
+    if (names.GetSize() == rule.always.size() || names.Has(name))
+        return true;
+    if (std::find(rule.ignored.begin(), rule.ignored.end(), name) != rule.ignored.end())
+        return true;
+    if (!rule.lists.empty() && name.front() == '*' && name.size() > 1) {
+        for (std::size_t other = 0; other < names_.size(); ++other) {
+            if (rules_.names[other].noun == rule.lists)
+                return names_[other].HasMatch(name);
+        }
+    }
+    return IsPattern(rule, name) && names.HasMatch(name);
+}
+
+bool NameChecks::IsInLanguage(std::string_view array) const
+{
+    const auto syntaxes = deck_.language.LookupAll(ToUpper(array));
+    return std::any_of(syntaxes.begin(), syntaxes.end(),
+        [](const IKeywordSyntax* syntax) { return syntax->GetCellPropertyInfo() != nullptr; });
+}
+
+bool NameChecks::MakesArray(std::string_view name) const
+{
+    for (std::size_t kind = 0; kind < names_.size(); ++kind) {
+        if (rules_.names[kind].areArrays && names_[kind].Has(name))
+            return true;
+    }
+    return false;
+}
+
+void NameChecks::ReportUnknown(
+    std::uint32_t kind, std::string_view name, const KeywordInstance& keyword, const ValuePosition& position)
+{
+    if (!names_[kind].IsFirstReport(name))
+        return;
+    const NameRule& rule = rules_.names[kind];
+    const std::string& user = keyword.syntax->GetName();
+    reporter_.Report(FindValue(deck_, keyword, position), Code::UndefinedName,
+        IsPattern(rule, name) ? fmt::format("{}: no {} matches '{}'", user, rule.noun, Shorten(name))
+                              : fmt::format("{}: undefined {} '{}'", user, rule.noun, Shorten(name)),
+        HintOf(kind, name, keyword));
+}
+
+std::string NameChecks::HintOf(
+    std::uint32_t kind, std::string_view name, const KeywordInstance& keyword) const
+{
+    const NameRule& rule = rules_.names[kind];
+    const auto near = rule.areArrays ? deck_.language.GetNearestNames().Find(ToUpper(name), keyword.section)
+                                     : FindNearest(names_[kind].GetNames(), std::string(name));
+    if (!near.empty())
+        return SuggestionOf(near);
+    if (rule.areArrays)
+        return "";
+    return fmt::format("define the {} with {} before it is named", rule.noun, Choices(DefinersOf(rule)));
+}
+
+void NameChecks::EndDeck()
+{
+    for (const Pending& pending : pending_) {
+        if (!IsDefined(pending.kind, pending.name))
+            ReportUnknown(pending.kind, pending.name, deck_.keywords[pending.keyword], pending.position);
+    }
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "quor/deck/internal/check/FindingReporter.h"
+#include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/read/Dimensions.h"
+#include "quor/deck/internal/rules/NameTable.h"
+#include "quor/deck/internal/rules/RulePlans.h"
+#include "quor/deck/internal/rules/ValueRange.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// Follows the names of a deck: reports those that nothing defines, and definitions beyond the number that
+/// the deck allows. A name is reported once.
+class NameChecks {
+public:
+    NameChecks(const RuleSet& rules, const DeckContents& deck, const Dimensions& dimensions,
+        FindingReporter& reporter);
+
+    /// A value of the last keyword of the deck.
+    void Follow(const RecordRules::Name& rule, std::string_view name, const ValuePosition& position);
+    /// Names may be defined by something that could not be read: none is reported from now on.
+    void Lose() { isWhole_ = false; }
+    /// Judges the names that may be defined later.
+    void EndDeck();
+
+    /// Whether an item of the deck makes the array of that name.
+    bool MakesArray(std::string_view name) const;
+
+private:
+    struct Pending {
+        std::uint32_t kind;
+        std::uint32_t keyword;
+        ValuePosition position;
+        std::string name;
+    };
+
+    void Define(std::uint32_t kind, std::string_view name, const ValuePosition& position);
+    bool IsDefined(std::uint32_t kind, std::string_view name);
+    bool IsInLanguage(std::string_view array) const;
+    void ReportUnknown(std::uint32_t kind, std::string_view name, const KeywordInstance& keyword,
+        const ValuePosition& position);
+    std::string HintOf(std::uint32_t kind, std::string_view name, const KeywordInstance& keyword) const;
+
+    const RuleSet& rules_;
+    const DeckContents& deck_;
+    const Dimensions& dimensions_;
+    FindingReporter& reporter_;
+    std::vector<NameTable> names_; // of each kind
+    std::vector<Pending> pending_;
+    bool isWhole_ = true;
+};
+
+} // namespace Veld::Quor::Core::Decks

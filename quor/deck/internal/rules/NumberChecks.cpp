@@ -1,0 +1,93 @@
+#include "quor/deck/internal/rules/NumberChecks.h"
+
+#include "quor/data/Access.h"
+#include "quor/data/IKeywordListData.h"
+#include "quor/data/IKeywordRecordData.h"
+#include "quor/deck/internal/read/DataShape.h"
+#include "quor/deck/internal/read/DataValue.h"
+#include "quor/metadata/IKeywordRecordMD.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+using Core::Service::Optional;
+
+namespace {
+
+const IKeywordDataMD& ItemMDOf(const IKeywordRecordData& record, int item)
+{
+    return *static_cast<const IKeywordRecordMD&>(*record.GetMD()).GetItemMD(item);
+}
+
+/// Of an item that is a whole number.
+Optional<int> NumberOf(const IKeywordRecordData& record, int item)
+{
+    return *static_cast<const Optional<int>*>(record.GetData(item));
+}
+
+bool HasItem(const IKeywordRecordData& record, int item)
+{
+    return item >= 0 && IsGiven(ItemValue(ItemMDOf(record, item), record.GetData(item)));
+}
+
+} // namespace
+
+TextRange NumberChecks::RangeOf(ValuePosition record, int item) const
+{
+    record.item = item;
+    return FindValue(deck_, deck_.keywords.back(), record);
+}
+
+void NumberChecks::CheckIndices(
+    const RecordRules& rules, const IKeywordRecordData& record, const ValuePosition& position) const
+{
+    for (const RecordRules::Index& rule : rules.indices) {
+        const Optional<int> number = NumberOf(record, rule.item);
+        if (!number || HasItem(record, rule.unless))
+            continue;
+        const auto most = dimensions_.FindWhole(rule.rule->size);
+        if (most && *number > *most)
+            reporter_.Report(RangeOf(position, rule.item), Code::IndexOutside,
+                fmt::format("{}: {} is {}, but {} is {}", deck_.keywords.back().syntax->GetName(),
+                    ItemName(ItemMDOf(record, rule.item)), *number, rule.rule->size, *most));
+    }
+}
+
+void NumberChecks::CheckOrders(
+    const RecordRules& rules, const IKeywordRecordData& record, const ValuePosition& position) const
+{
+    for (const RecordRules::Order& rule : rules.orders) {
+        const Optional<int> first = NumberOf(record, rule.first);
+        const Optional<int> last = NumberOf(record, rule.last);
+        if (first && last && *first > *last && *last > 0)
+            reporter_.Report(RangeOf(position, rule.first), Code::IndexOrder,
+                fmt::format("{}: {} is {}, but {} is {}", deck_.keywords.back().syntax->GetName(),
+                    ItemName(ItemMDOf(record, rule.first)), *first, ItemName(ItemMDOf(record, rule.last)),
+                    *last),
+                "write the lower number first");
+    }
+}
+
+void NumberChecks::CheckRegion(const RegionRule& rule) const
+{
+    const KeywordInstance& keyword = deck_.keywords.back();
+    const auto most = dimensions_.FindWhole(rule.size);
+    if (!most || !IsListOf(keyword.data->GetMD(), IKeywordDataMD::MDType::Integer))
+        return;
+    const auto numbers = As<int>(static_cast<const IKeywordListData&>(*keyword.data));
+    const auto highest = std::max_element(numbers.begin(), numbers.end());
+    if (highest == numbers.end() || *highest <= *most)
+        return;
+    const auto cell = static_cast<std::size_t>(std::distance(numbers.begin(), highest));
+    reporter_.Report(FindValue(deck_, keyword, {cell}), Code::RegionOutside,
+        fmt::format("{}: number {} in cell {}, but the deck has {} {} ({})", keyword.syntax->GetName(),
+            *highest, cell + 1, *most, rule.what, rule.size),
+        fmt::format("correct the number, or increase {}", rule.size));
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "quor/deck/internal/check/FindingReporter.h"
+#include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/read/Dimensions.h"
+#include "quor/deck/internal/rules/RulePlans.h"
+#include "quor/deck/internal/rules/ValueRange.h"
+
+#include <cstddef>
+
+namespace Veld::Quor::Core::Decks {
+
+/// Reports numbers beyond the sizes along which they count, of the last keyword of the deck.
+class NumberChecks {
+public:
+    NumberChecks(const DeckContents& deck, const Dimensions& dimensions, FindingReporter& reporter)
+        : deck_(deck)
+        , dimensions_(dimensions)
+        , reporter_(reporter)
+    {
+    }
+
+    /// `position`: of the record.
+    void CheckIndices(const RecordRules& rules, const Keywords::IKeywordRecordData& record,
+        const ValuePosition& position) const;
+    void CheckOrders(const RecordRules& rules, const Keywords::IKeywordRecordData& record,
+        const ValuePosition& position) const;
+    void CheckRegion(const RegionRule& rule) const;
+
+private:
+    TextRange RangeOf(ValuePosition record, int item) const;
+
+    const DeckContents& deck_;
+    const Dimensions& dimensions_;
+    FindingReporter& reporter_;
+};
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,95 @@
+#include "quor/deck/internal/rules/PresenceChecks.h"
+
+#include "quor/data/KeywordDataEqual.h"
+#include "quor/deck/internal/rules/Choices.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+
+void PresenceChecks::Follow(const KeywordRules& rules)
+{
+    const KeywordInstance& keyword = deck_.keywords.back();
+    const auto index = static_cast<std::uint32_t>(deck_.keywords.size() - 1);
+    const auto [first, isFirst] = first_.try_emplace(keyword.syntax, index);
+    if (rules.isOnce && !isFirst)
+        ReportRepeated(keyword, deck_.keywords[first->second]);
+    if (rules.exclusive && isFirst)
+        ReportConflict(keyword, *rules.exclusive);
+}
+
+/// One that says the same again does no harm.
+void PresenceChecks::ReportRepeated(const KeywordInstance& keyword, const KeywordInstance& first)
+{
+    if (!keyword.data || !first.data || KeywordDataEqual(*first.data, *keyword.data))
+        return;
+    const Location location = deck_.files.LocationOf(first.name);
+    reporter_.Report(keyword.name, Code::RepeatedKeyword,
+        fmt::format("{} is repeated with other values; the first is at {}:{}", keyword.syntax->GetName(),
+            location.file, location.line),
+        "remove one of them");
+}
+
+void PresenceChecks::ReportConflict(const KeywordInstance& keyword, const ExclusiveRule& rule)
+{
+    const auto [other, isOnly] =
+        exclusive_.try_emplace(&rule, static_cast<std::uint32_t>(deck_.keywords.size() - 1));
+    if (isOnly)
+        return;
+    const KeywordInstance& first = deck_.keywords[other->second];
+    const Location location = deck_.files.LocationOf(first.name);
+    reporter_.Report(keyword.name, Code::ConflictingKeywords,
+        fmt::format("{} contradicts {} at {}:{}; expected one {}", keyword.syntax->GetName(),
+            first.syntax->GetName(), location.file, location.line, rule.what),
+        "remove one of them");
+}
+
+/// A deck without one of the sections of a whole one is a part of a deck.
+void PresenceChecks::EndDeck()
+{
+    const bool isWhole = !rules_.whole.empty()
+        && std::all_of(rules_.whole.begin(), rules_.whole.end(),
+            [this](const std::string& name) { return FindFirst(name); });
+    if (!isWhole)
+        return;
+    for (const NeedRule& rule : rules_.needs)
+        CheckNeed(rule);
+}
+
+/// Nor does an empty section lack anything.
+void PresenceChecks::CheckNeed(const NeedRule& rule)
+{
+    const auto isThere = [this](const std::string& name) { return Has(name); };
+    const KeywordInstance* const section = FindFirst(rule.in);
+    if (!section || !std::all_of(rule.when.begin(), rule.when.end(), isThere)
+        || std::any_of(rule.unless.begin(), rule.unless.end(), isThere)
+        || std::any_of(rule.anyOf.begin(), rule.anyOf.end(), isThere))
+        return;
+    const KeywordInstance* const next = section == &deck_.keywords.back() ? nullptr : section + 1;
+    if (!next || next->section != section->section)
+        return;
+    reporter_.Report(section->name, Code::MissingKeyword,
+        fmt::format("{}: no {}; expected {}", rule.in, rule.what, Choices(rule.anyOf)),
+        rule.when.empty() ? "" : fmt::format("{} requires it", rule.when.front()));
+}
+
+bool PresenceChecks::Has(const std::string& name) const
+{
+    return FindFirst(name) || names_.MakesArray(name);
+}
+
+/// Null if the deck has no such keyword.
+const KeywordInstance* PresenceChecks::FindFirst(const std::string& name) const
+{
+    for (const IKeywordSyntax* const syntax : deck_.language.LookupAll(name)) {
+        if (const auto first = first_.find(syntax); first != first_.end())
+            return &deck_.keywords[first->second];
+    }
+    return nullptr;
+}
+
+} // namespace Veld::Quor::Core::Decks

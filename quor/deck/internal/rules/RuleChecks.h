@@ -1,0 +1,50 @@
+#pragma once
+
+#include "quor/deck/internal/rules/NameChecks.h"
+#include "quor/deck/internal/rules/NumberChecks.h"
+#include "quor/deck/internal/rules/PresenceChecks.h"
+#include "quor/deck/internal/rules/RulePlans.h"
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// Follows a deck as it is read, and checks what the rules say of its keywords.
+///
+/// What can't be known isn't reported: once something that may define a name could not be read, all names
+/// are taken for defined.
+class RuleChecks {
+public:
+    RuleChecks(const RuleSet& rules, const DeckContents& deck, const Dimensions& dimensions,
+        FindingReporter& reporter);
+
+    /// Follows the last keyword of the deck. `isKnown`: its data are what its text says, without variables
+    /// that have no value. `isInScope`: it is where sizes may be others than those of the deck.
+    void Follow(bool isKnown, bool isInScope);
+    /// Something could not be read.
+    void Lose();
+    /// `isSure`: no keyword of the deck was missed.
+    void EndDeck(bool isSure);
+
+private:
+    using Record = Keywords::IKeywordRecordData;
+
+    void CheckRoot(const RecordRules& rules);
+    void CheckRecord(const RecordRules& rules, const Record& record, const ValuePosition& position);
+    void CheckInner(
+        const RecordRules& rules, const Keywords::IKeywordData& data, const ValuePosition& position);
+    void CheckItem(const RecordRules::Name& rule, const Record& record, ValuePosition position);
+    void CheckElements(const std::vector<RecordRules::Name>& rules);
+
+    const DeckContents& deck_;
+    RulePlans plans_;
+    NameChecks names_;
+    NumberChecks numbers_;
+    PresenceChecks presence_;
+    bool isInScope_ = false;
+    bool isWhole_ = true; // nothing was missed
+};
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "quor/deck/internal/rules/RuleSet.h"
+#include "quor/foundation/service/xml/DomForward.h"
+
+#include <string>
+
+namespace Veld::Quor::Core::Decks {
+
+/// Adds the rules of a document to those that are there; `name` is for messages. Throws `RuleError` for what
+/// is no rule.
+void ReadRules(const xercesc::DOMElement& root, const std::string& name, RuleSet& rules);
+
+/// The rules that the library carries.
+const RuleSet& BuiltinRules();
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,49 @@
+#include "quor/deck/internal/rules/ValueRange.h"
+
+#include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/WordText.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace Veld::Quor::Core::Decks {
+
+namespace {
+
+/// The word after the start that has the value of that number, from 0; repeated ones count as often as they
+/// are repeated. Empty if a slash or the end of the file comes first.
+std::optional<TextRange> FindWord(const DeckContents& deck, const TextRange& start, std::size_t number)
+{
+    const std::string_view text = deck.files.GetText(start.file);
+    std::size_t passed = 0;
+    for (std::size_t at = start.offset; at < text.size() && text[at] != '/';) {
+        if (IsSeparator(text[at])) {
+            ++at;
+        } else if (IsCommentAt(text, at)) {
+            at = std::min(text.find('\n', at), text.size());
+        } else {
+            const DataWord word = FindDataWord(text.substr(at));
+            passed += static_cast<std::size_t>(word.repeat.count);
+            if (passed > number)
+                return TextRange{start.file, at, word.length};
+            at += std::max<std::size_t>(word.length, 1);
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+TextRange FindValue(const DeckContents& deck, const KeywordInstance& keyword, const ValuePosition& position)
+{
+    const TextRange data = {keyword.name.file, keyword.name.offset + keyword.name.length, 0};
+    if (position.item < 0)
+        return FindWord(deck, data, position.element).value_or(keyword.name);
+    const bool hasStart = position.element < keyword.records.size();
+    const TextRange record = RangeOf(keyword, position.element);
+    if (!position.isFlat)
+        return record;
+    return FindWord(deck, hasStart ? record : data, static_cast<std::size_t>(position.item)).value_or(record);
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "quor/deck/internal/read/DeckContents.h"
+
+#include <cstddef>
+
+namespace Veld::Quor::Core::Decks {
+
+/// A value of a keyword: an item of a record, or an element of a list of values.
+struct ValuePosition {
+    std::size_t element = 0; ///< of the keyword's list; 0 if it carries a record
+    int item = -1; ///< of the record; -1: the element itself
+    bool isFlat = true; ///< the values before it are those of the record alone
+};
+
+/// The word of the value in the text of the deck; the record or the keyword if it can't be found.
+TextRange FindValue(const DeckContents& deck, const KeywordInstance& keyword, const ValuePosition& position);
+
+} // namespace Veld::Quor::Core::Decks
