@@ -78,7 +78,6 @@ enum class Code {
     ConflictingKeywords,
     RepeatedKeyword,
     TooManyNames,
-    Count,
 };
 
 /// What each code means, in the order of the codes. Valid as long as the library.

@@ -101,7 +101,7 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
     if (!sections_.IsSure() || mayMissKeywords_)
         rules_.Lose();
     if (!isReported && !isGuess)
-        rules_.Follow(isKnown, scopes_.GetInnermost() != noIndex);
+        rules_.Follow(isKnown);
     precedents_.Follow(deck_->keywords.back(), sections_.IsSure() && !mayMissKeywords_);
     scopes_.Follow(mayMissKeywords_);
 }

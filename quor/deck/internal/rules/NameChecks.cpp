@@ -19,15 +19,12 @@ bool IsPattern(const NameRule& rule, std::string_view name)
     return rule.hasPatterns && name.find_first_of("*?") != std::string_view::npos;
 }
 
-/// The keywords that define names of the kind.
+/// The keywords that mostly define names of the kind: those of its first definition.
 std::vector<std::string> DefinersOf(const NameRule& rule)
 {
-    std::vector<std::string> definers;
-    for (const NameRule::Use& use : rule.uses) {
-        if (use.isDefinition)
-            definers.insert(definers.end(), use.where.keywords.begin(), use.where.keywords.end());
-    }
-    return definers;
+    const auto first = std::find_if(
+        rule.uses.begin(), rule.uses.end(), [](const NameRule::Use& use) { return use.isDefinition; });
+    return first == rule.uses.end() ? std::vector<std::string>() : first->where.keywords;
 }
 
 } // namespace

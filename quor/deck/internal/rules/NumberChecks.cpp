@@ -5,6 +5,7 @@
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/deck/internal/read/DataShape.h"
 #include "quor/deck/internal/read/DataValue.h"
+#include "quor/deck/internal/text/LineText.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 
 #include <fmt/format.h>
@@ -88,6 +89,33 @@ void NumberChecks::CheckRegion(const RegionRule& rule) const
         fmt::format("{}: number {} in cell {}, but the deck has {} {} ({})", keyword.syntax->GetName(),
             *highest, cell + 1, *most, rule.what, rule.size),
         fmt::format("correct the number, or increase {}", rule.size));
+}
+
+void NumberChecks::CheckAssignments(
+    const RecordRules& rules, const IKeywordRecordData& record, const ValuePosition& position) const
+{
+    for (const RecordRules::Assignment& item : rules.assignments) {
+        const auto& array = *static_cast<const Optional<std::string>*>(record.GetData(item.array));
+        const auto& value = *static_cast<const Optional<double>*>(record.GetData(item.value));
+        const RegionRule* const rule = array && value ? FindRegion(ToUpper(*array)) : nullptr;
+        const auto most = rule ? dimensions_.FindWhole(rule->size) : std::nullopt;
+        if (most && *value > static_cast<double>(*most))
+            reporter_.Report(RangeOf(position, item.value), Code::RegionOutside,
+                fmt::format("{}: number {} for {}, but the deck has {} {} ({})",
+                    deck_.keywords.back().syntax->GetName(), *value, ToUpper(*array), *most, rule->what,
+                    rule->size),
+                fmt::format("correct the number, or increase {}", rule->size));
+    }
+}
+
+/// Null if there is no rule for the array.
+const RegionRule* NumberChecks::FindRegion(const std::string& array) const
+{
+    for (const RegionRule& rule : rules_.regions) {
+        if (std::find(rule.arrays.begin(), rule.arrays.end(), array) != rule.arrays.end())
+            return &rule;
+    }
+    return nullptr;
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -6,15 +6,17 @@
 #include "quor/deck/internal/rules/RulePlans.h"
 #include "quor/deck/internal/rules/ValueRange.h"
 
-#include <cstddef>
+#include <string>
 
 namespace Veld::Quor::Core::Decks {
 
 /// Reports numbers beyond the sizes along which they count, of the last keyword of the deck.
 class NumberChecks {
 public:
-    NumberChecks(const DeckContents& deck, const Dimensions& dimensions, FindingReporter& reporter)
-        : deck_(deck)
+    NumberChecks(const RuleSet& rules, const DeckContents& deck, const Dimensions& dimensions,
+        FindingReporter& reporter)
+        : rules_(rules)
+        , deck_(deck)
         , dimensions_(dimensions)
         , reporter_(reporter)
     {
@@ -26,10 +28,14 @@ public:
     void CheckOrders(const RecordRules& rules, const Keywords::IKeywordRecordData& record,
         const ValuePosition& position) const;
     void CheckRegion(const RegionRule& rule) const;
+    void CheckAssignments(const RecordRules& rules, const Keywords::IKeywordRecordData& record,
+        const ValuePosition& position) const;
 
 private:
+    const RegionRule* FindRegion(const std::string& array) const;
     TextRange RangeOf(ValuePosition record, int item) const;
 
+    const RuleSet& rules_;
     const DeckContents& deck_;
     const Dimensions& dimensions_;
     FindingReporter& reporter_;

@@ -40,12 +40,12 @@ RuleChecks::RuleChecks(
     : deck_(deck)
     , plans_(rules)
     , names_(rules, deck, dimensions, reporter)
-    , numbers_(deck, dimensions, reporter)
+    , numbers_(rules, deck, dimensions, reporter)
     , presence_(rules, deck, names_, reporter)
 {
 }
 
-void RuleChecks::Follow(bool isKnown, bool isInScope)
+void RuleChecks::Follow(bool isKnown)
 {
     const KeywordInstance& keyword = deck_.keywords.back();
     const KeywordRules& rules = plans_.Get(*keyword.syntax, keyword.section);
@@ -56,13 +56,24 @@ void RuleChecks::Follow(bool isKnown, bool isInScope)
         return;
     if (!isKnown) // what it defines may be incomplete
         return Lose();
-    isInScope_ = isInScope;
+    isOfLocalGrid_ = IsOfLocalGrid(keyword.scope);
     if (!rules.record.IsEmpty())
         CheckRoot(rules.record);
     if (!rules.elements.empty())
         CheckElements(rules.elements);
     if (rules.region)
         numbers_.CheckRegion(*rules.region);
+}
+
+/// Of any of the scopes, from the innermost outwards.
+bool RuleChecks::IsOfLocalGrid(std::uint32_t scope)
+{
+    for (; scope != noIndex; scope = deck_.scopes[scope].around) {
+        const KeywordInstance& opener = deck_.keywords[deck_.scopes[scope].opener];
+        if (plans_.Get(*opener.syntax, opener.section).isOfLocalGrid)
+            return true;
+    }
+    return false;
 }
 
 void RuleChecks::Lose()
@@ -91,9 +102,10 @@ void RuleChecks::CheckRecord(const RecordRules& rules, const Record& record, con
 {
     for (const RecordRules::Name& rule : rules.names)
         CheckItem(rule, record, position);
-    if (!isInScope_)
+    if (!isOfLocalGrid_)
         numbers_.CheckIndices(rules, record, position);
     numbers_.CheckOrders(rules, record, position);
+    numbers_.CheckAssignments(rules, record, position);
     for (const RecordRules& inner : rules.inner)
         CheckInner(inner, *static_cast<const IKeywordData*>(record.GetData(inner.item)), position);
 }

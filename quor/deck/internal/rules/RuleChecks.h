@@ -5,7 +5,7 @@
 #include "quor/deck/internal/rules/PresenceChecks.h"
 #include "quor/deck/internal/rules/RulePlans.h"
 
-#include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -21,8 +21,8 @@ public:
         FindingReporter& reporter);
 
     /// Follows the last keyword of the deck. `isKnown`: its data are what its text says, without variables
-    /// that have no value. `isInScope`: it is where sizes may be others than those of the deck.
-    void Follow(bool isKnown, bool isInScope);
+    /// that have no value.
+    void Follow(bool isKnown);
     /// Something could not be read.
     void Lose();
     /// `isSure`: no keyword of the deck was missed.
@@ -31,6 +31,7 @@ public:
 private:
     using Record = Keywords::IKeywordRecordData;
 
+    bool IsOfLocalGrid(std::uint32_t scope);
     void CheckRoot(const RecordRules& rules);
     void CheckRecord(const RecordRules& rules, const Record& record, const ValuePosition& position);
     void CheckInner(
@@ -43,7 +44,7 @@ private:
     NameChecks names_;
     NumberChecks numbers_;
     PresenceChecks presence_;
-    bool isInScope_ = false;
+    bool isOfLocalGrid_ = false; // the last keyword
     bool isWhole_ = true; // nothing was missed
 };
 

@@ -93,6 +93,7 @@ KeywordRules RulePlans::Make(const Key& key) const
     KeywordRules plan;
     const std::string& name = key.first->GetName();
     plan.isOnce = Contains(rules_.once, name);
+    plan.isOfLocalGrid = Contains(rules_.localGrids, name);
     plan.isOpener = Contains(rules_.openers, name);
     for (const ExclusiveRule& rule : rules_.exclusives)
         plan.exclusive = Contains(rule.keywords, name) ? &rule : plan.exclusive;
@@ -167,6 +168,14 @@ void RulePlans::AddNumbers(const Key& key, const IKeywordDataMD& md, RecordRules
             if (const int item = FindNumber(md, name); item >= 0)
                 record.indices.push_back({&rule, item, unless});
         }
+    }
+    for (const AssignmentRule& rule : rules_.assignments) {
+        const int array = FindItem(md, rule.array);
+        const int value = FindItem(md, rule.value);
+        const bool isThere = array >= 0 && IsText(RecordOf(md).GetItemMD(array)) && value >= 0
+            && KeywordUtils::GetMDType(RecordOf(md).GetItemMD(value)) == MDType::Real;
+        if (isThere && Contains(rule.keywords, key.first->GetName()))
+            record.assignments.push_back({array, value});
     }
     for (const OrderRule& rule : rules_.orders) {
         const int first = FindNumber(md, rule.where.items.front());

@@ -31,13 +31,22 @@ struct RecordRules {
         int last;
     };
 
+    struct Assignment {
+        int array;
+        int value;
+    };
+
     std::vector<Name> names;
     std::vector<Index> indices;
     std::vector<Order> orders;
+    std::vector<Assignment> assignments;
     std::vector<RecordRules> inner; ///< of items that are records or lists of records
     int item = -1; ///< of these: the item
 
-    bool IsEmpty() const { return names.empty() && indices.empty() && orders.empty() && inner.empty(); }
+    bool IsEmpty() const
+    {
+        return names.empty() && indices.empty() && orders.empty() && assignments.empty() && inner.empty();
+    }
 };
 
 /// What the rules say of one keyword in one section.
@@ -48,6 +57,7 @@ struct KeywordRules {
     const ExclusiveRule* exclusive = nullptr;
     bool isOnce = false;
     bool isOpener = false;
+    bool isOfLocalGrid = false; ///< what is in its scope
 
     bool HasData() const { return !record.IsEmpty() || !elements.empty() || region; }
 };

@@ -199,6 +199,9 @@ void ReadRule(RuleElement& element, RuleSet& rules)
         rules.orders.push_back(ReadOrder(element));
     else if (tag == "region")
         rules.regions.push_back({element.GetWords("arrays"), element.Get("size"), element.Get("what")});
+    else if (tag == "assign")
+        rules.assignments.push_back(
+            {element.GetWords("keywords"), element.Get("array"), element.Get("value")});
     else if (tag == "need")
         rules.needs.push_back(ReadNeed(element));
     else if (tag == "exclusive")
@@ -209,11 +212,14 @@ void ReadRule(RuleElement& element, RuleSet& rules)
         rules.counts.push_back({element.Get("kind"), element.Get("size"), element.Get("keyword")});
     else if (tag == "whole")
         AddWords(rules.whole, element.GetWords("keywords"));
+    else if (tag == "local")
+        AddWords(rules.localGrids, element.GetWords("keywords"));
     else if (tag == "open")
         AddWords(rules.openers, element.GetWords("keywords"));
     else
-        element.Fail("unknown rule; expected <names>, <index>, <order>, <region>, <need>, <exclusive>, "
-                     "<once>, <count>, <whole> or <open>");
+        element.Fail(
+            "unknown rule; expected <names>, <index>, <order>, <region>, <assign>, <need>, <exclusive>, "
+            "<once>, <count>, <whole>, <local> or <open>");
     element.CheckAllAsked();
 }
 

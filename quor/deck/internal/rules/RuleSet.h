@@ -55,6 +55,13 @@ struct RegionRule {
     std::string what; ///< "saturation tables"
 };
 
+/// A keyword whose records give one number to all cells of an array.
+struct AssignmentRule {
+    std::vector<std::string> keywords;
+    std::string array; ///< the item that names the array
+    std::string value; ///< the item that is a number
+};
+
 /// What a whole deck must have.
 struct NeedRule {
     std::vector<std::string> anyOf;
@@ -83,11 +90,13 @@ struct RuleSet {
     std::vector<IndexRule> indices;
     std::vector<OrderRule> orders;
     std::vector<RegionRule> regions;
+    std::vector<AssignmentRule> assignments;
     std::vector<NeedRule> needs;
     std::vector<ExclusiveRule> exclusives;
     std::vector<std::string> once; ///< keywords that a deck has once at most
     std::vector<CountRule> counts;
     std::vector<std::string> whole; ///< what a deck has that is no part of one
+    std::vector<std::string> localGrids; ///< keywords in whose scope numbers count along other sizes
     std::vector<std::string> openers; ///< keywords that bring in what the deck doesn't show
 };
 
