@@ -96,6 +96,7 @@ fuzz: setup-test build-fuzz ## Run each fuzz target for FUZZ_SECONDS (60)
 
 schema: setup-test ## Generate the XML forms of the schemas from their sources
 	trang language/schema/written.rnc language/schema/written.rng
+	trang language/schema/rules.rnc language/schema/rules.rng
 
 docs: setup-test ## Build the reference of the public headers and the guides in build/docs/html
 	@mkdir -p build/docs

@@ -1,9 +1,12 @@
 #include "quor/deck/DeckLanguage.h"
 
+#include "quor/deck/internal/rules/RuleNames.h"
 #include "quor/deck/internal/rules/RuleReader.h"
 #include "quor/deck/internal/text/LanguageIndex.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/syntax/KeywordSyntaxTable.h"
+
+#include <utility>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -20,8 +23,20 @@ DeckLanguage::DeckLanguage()
 }
 
 DeckLanguage::DeckLanguage(Keywords::KeywordSyntaxTable& table)
-    : index_(std::make_unique<LanguageIndex>(table, BuiltinRules()))
+    : DeckLanguage(table, {})
 {
+}
+
+DeckLanguage::DeckLanguage(Keywords::KeywordSyntaxTable& table, const std::vector<std::string>& ruleFiles)
+{
+    RuleSet rules = BuiltinRules();
+    for (const std::string& path : ruleFiles) {
+        RuleSet more;
+        ReadRuleFile(path, more);
+        CheckNames(more, table, path);
+        Append(std::move(more), rules);
+    }
+    index_ = std::make_unique<LanguageIndex>(table, std::move(rules));
 }
 
 DeckLanguage::~DeckLanguage() = default;

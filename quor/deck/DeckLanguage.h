@@ -35,6 +35,9 @@ public:
     DeckLanguage();
     /// Of another table.
     explicit DeckLanguage(Keywords::KeywordSyntaxTable& table);
+    /// The same, with the rules of these files beside those of the library. A file is an XML document: see
+    /// `docs/writing-rules.md`. Throws `RuleError` for one that can't be read or has what is no rule.
+    DeckLanguage(Keywords::KeywordSyntaxTable& table, const std::vector<std::string>& ruleFiles);
     ~DeckLanguage();
     DeckLanguage(const DeckLanguage&) = delete;
     DeckLanguage& operator=(const DeckLanguage&) = delete;

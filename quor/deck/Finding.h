@@ -18,6 +18,13 @@ enum class Severity { Error, Warning, Note };
 /// "error", "warning", "note"
 VELD_QUOR_EXPORT const char* ToString(Severity severity);
 
+/// Another location that a finding is about.
+struct RelatedLocation {
+    Location location; ///< where `range` begins
+    std::string message; ///< what is there; part of a sentence
+    TextRange range = {}; ///< the same bytes among the files of the deck
+};
+
 /// One thing that is wrong, or worth a note: values of its own, valid without the deck. Later versions may
 /// add members.
 struct Finding {
@@ -34,6 +41,7 @@ struct Finding {
     /// Changes to be made together, after which the deck says what the reader made of it; empty if the fix
     /// isn't certain.
     std::vector<TextEdit> fix = {};
+    std::vector<RelatedLocation> related = {}; ///< such as the limit that a number exceeds; may be empty
     std::size_t more = 0; ///< how many others are like it: see `Findings::Fold`
 };
 

@@ -15,6 +15,9 @@ std::string Dump(const Findings& findings, const std::filesystem::path& folder)
             finding.code);
         if (!finding.hint.empty())
             text += " | " + finding.hint;
+        for (const RelatedLocation& at : finding.related)
+            text += fmt::format(
+                " ({}:{}:{}: {})", at.location.file, at.location.line, at.location.column, at.message);
         for (const Location& at : finding.includedFrom)
             text += fmt::format(" <- {}:{}:{}", at.file, at.line, at.column);
     }

@@ -1,12 +1,16 @@
 #include "quor/deck/Deck.h"
 
+#include "quor/syntax/KeywordSyntaxTable.h"
 #include "tests/deck/FindingText.h"
 #include "tests/support/Cases.h"
+#include "tests/support/Documents.h"
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 
+using Veld::Quor::Core::Keywords::KeywordSyntaxTable;
 using namespace Veld::Quor::Core::Decks;
 using namespace Veld::Quor::Tests;
 
@@ -162,5 +166,83 @@ SCHEDULE
             "requires it"},
         RuleRow{"OfAPartOfADeck", "RUNSPEC\nWATER\nGRID\nPROPS\nDENSITY\n 800 1000 1 /\n"}),
     CaseName<RuleRow>);
+
+/// The reason why a document of rules is refused; empty if it isn't.
+std::string RefusalOf(const std::string& rules)
+{
+    const TemporaryDirectory folder;
+    const std::string path = folder.Write("r.xml", rules);
+    try {
+        const DeckLanguage language(KeywordSyntaxTable::Instance(), {path});
+    } catch (const RuleError& error) {
+        const std::string text = error.what();
+        EXPECT_EQ(text.find(path), 0U) << text;
+        return text.substr(path.size());
+    }
+    return "";
+}
+
+struct RefusalRow {
+    const char* name;
+    const char* rules;
+    const char* reason;
+};
+
+class RuleDocuments : public testing::TestWithParam<RefusalRow> { };
+
+TEST_P(RuleDocuments, AreRefusedWithTheReason)
+{
+    EXPECT_EQ(RefusalOf(GetParam().rules), GetParam().reason);
+}
+
+INSTANTIATE_TEST_SUITE_P(Mistakes, RuleDocuments,
+    testing::Values(RefusalRow{"NoXML", "<rules>", ":1:8: unterminated start tag, 'rules'"},
+        RefusalRow{"Element", "<rules><once keywords='START'/><nede/></rules>",
+            ": element 2, <nede>: unknown rule; expected <names>, <index>, <order>, <region>, <assign>, "
+            "<need>, "
+            "<exclusive>, <once>, <count>, <whole>, <local> or <open>"},
+        RefusalRow{"Attribute", "<rules><once keyword='START' keywords='START'/></rules>",
+            ": element 1, <once>: unknown attribute 'keyword'; did you mean 'keywords'?"},
+        RefusalRow{"MissingAttribute", "<rules><need in='GRID' what='X'/></rules>",
+            ": element 1, <need>: missing attribute 'anyOf'"},
+        RefusalRow{"Flag", "<rules><names kind='X' patterns='yes'/></rules>",
+            ": element 1, <names>: attribute 'patterns' is 'yes'; expected 'true' or 'false'"},
+        RefusalRow{"Child", "<rules><names kind='X'><refer items='WELL'/><defin/></names></rules>",
+            ": element 1, <names>, element 2, <defin>: unknown element; expected <define> or <refer>"},
+        RefusalRow{"Section", "<rules><index items='I' size='NX' sections='GIRD'/></rules>",
+            ": element 1, <index>: unknown section 'GIRD'"},
+        RefusalRow{"Entity", "<rules><names kind='X'><refer entity='Weel'/></names></rules>",
+            ": element 1, <names>, element 1, <refer>: unknown kind of output vector 'Weel'"},
+        RefusalRow{"Everything", "<rules><order/></rules>",
+            ": element 1, <order>: no keywords and no items; expected 'keywords', 'items' or 'entity'"},
+        RefusalRow{"Order", "<rules><order items='I1'/></rules>",
+            ": element 1, <order>: attribute 'items' must have two names: the first and the last"},
+        RefusalRow{"Keyword", "<rules><once keywords='STRAT'/></rules>",
+            ": a rule has the unknown keyword 'STRAT'; did you mean 'START'?"},
+        RefusalRow{"Item", "<rules><index items='I' size='NXX'/></rules>",
+            ": a rule has the unknown item 'NXX'; did you mean 'NX'?"}),
+    CaseName<RefusalRow>);
+
+TEST(RuleDocuments, OfTheLibraryNameWhatIsThere)
+{
+    for (const auto& file : std::filesystem::directory_iterator(QUOR_SOURCE_DIR "/language/rules"))
+        EXPECT_NO_THROW(DeckLanguage(KeywordSyntaxTable::Instance(), {file.path().string()})) << file.path();
+}
+
+TEST(RuleDocuments, OfAHostAreCheckedToo)
+{
+    const TemporaryDirectory folder;
+    const DeckLanguage language(KeywordSyntaxTable::Instance(),
+        {folder.Write("r.xml", "<rules><exclusive keywords='IMPES AIM' what='solution'/></rules>")});
+    EXPECT_EQ(
+        Dump(Deck::ReadText("RUNSPEC\nIMPES\nAIM\nMETRIC\nLAB\n", language, {}, "d").GetFindings(), "none"),
+        "d:3:1: error: AIM contradicts IMPES; expected one solution [conflicting-keywords] | remove one of "
+        "them "
+        "(d:2:1: IMPES is here)\n"
+        "d:5:1: error: LAB contradicts METRIC; expected one system of units [conflicting-keywords] | remove "
+        "one of "
+        "them (d:4:1: METRIC is here)");
+    EXPECT_THROW(DeckLanguage(KeywordSyntaxTable::Instance(), {"no/such.xml"}), RuleError);
+}
 
 } // namespace

@@ -9,11 +9,13 @@ built=$1/schema/syntax.rng
 made=$3/schema
 mkdir -p "$made"
 trang "$1/schema/written.rnc" "$made/written.rng"
-for form in written syntax; do
+trang "$1/schema/rules.rnc" "$made/rules.rng"
+for form in written syntax rules; do
     cmp "$1/schema/$form.rng" "$made/$form.rng" || { echo "$form.rng is old: make schema"; exit 1; }
 done
 jing "$written" "$1"/main/*.xml "$1"/pieces/*.xml "$1"/trusted/*.xml
 jing "$built" "$2" "$1"/trusted/*.xml
+jing "$1/schema/rules.rng" "$1"/rules/*.xml
 
 # What a schema is there for: a misspelt name is reported, with its line.
 refuses() { # SCHEMA DOCUMENT MISTAKE...

@@ -39,6 +39,7 @@ constexpr std::size_t mostFolded = 100'000;
 
 struct CheckCommandOptions {
     std::vector<std::string> decks;
+    std::vector<std::string> rules; // files
     Decks::ReadOptions read;
     std::size_t maxFindings = 200;
     bool isStrict = false;
@@ -159,7 +160,7 @@ bool WriteBaseline(const std::string& path, const Baseline& baseline)
 /// Of the decks that can be read. What they have is added to `baseline` if a new one is to be written.
 std::vector<Result> CheckAll(LoadedLanguage& language, const CheckCommandOptions& options, Baseline& baseline)
 {
-    const Decks::DeckLanguage deckLanguage(language.GetTable());
+    const Decks::DeckLanguage deckLanguage(language.GetTable(), options.rules);
     std::vector<Result> results;
     for (const std::string& deck : options.decks) {
         Baseline::Counts counts;
@@ -258,6 +259,11 @@ Command MakeCheckCommand(CLI::App& application)
     AddReadOptions(command, options->read);
     AddFindingFormatOption(command, options->format);
     AddMaxFindingsOption(command, options->maxFindings, " for each deck");
+    command
+        .add_option("--rules", options->rules,
+            "Check the rules of this file too; docs/writing-rules.md explains them")
+        ->type_name("FILE")
+        ->allow_extra_args(false);
     command.add_flag(
         "--strict", options->isStrict, "Also report what simulators accept but a tidy deck doesn't have");
     command.add_flag("--all", options->isAll, "Report each finding, also where many in a file are alike");

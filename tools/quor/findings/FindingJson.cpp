@@ -13,6 +13,10 @@ nlohmann::ordered_json FindingJson(const Decks::Finding& finding, const Fix& fix
     for (const Decks::Location& location : finding.includedFrom)
         includedFrom.push_back(
             {{"file", location.file}, {"line", location.line}, {"column", location.column}});
+    auto related = nlohmann::ordered_json::array();
+    for (const Decks::RelatedLocation& other : finding.related)
+        related.push_back({{"file", other.location.file}, {"line", other.location.line},
+            {"column", other.location.column}, {"message", other.message}});
     auto changes = nlohmann::ordered_json::array();
     for (const FixPart& part : fix)
         changes.push_back({{"file", part.location.file}, {"line", part.location.line},
@@ -20,7 +24,7 @@ nlohmann::ordered_json FindingJson(const Decks::Finding& finding, const Fix& fix
     return {{"code", finding.code}, {"severity", ToString(finding.severity)}, {"file", finding.location.file},
         {"line", finding.location.line}, {"column", finding.location.column}, {"length", finding.length},
         {"message", finding.message}, {"hint", finding.hint}, {"includedFrom", includedFrom},
-        {"fix", changes}, {"more", finding.more}};
+        {"related", related}, {"fix", changes}, {"more", finding.more}};
 }
 
 nlohmann::ordered_json CountsJson(const FindingSets& sets)

@@ -82,6 +82,11 @@ Json ResultOf(const Finding& finding, const Fix& fix, std::size_t ruleIndex)
     Json result = {{"ruleId", finding.code}, {"ruleIndex", ruleIndex}, {"level", ToString(finding.severity)},
         {"message", {{"text", text}}},
         {"locations", Json::array({LocationOf(finding.location, RegionOf(finding))})}};
+    for (const Decks::RelatedLocation& other : finding.related) {
+        Json related = LocationOf(other.location, {{"startLine", other.location.line}});
+        related["message"] = {{"text", other.message}};
+        result["relatedLocations"].push_back(std::move(related));
+    }
     for (const Decks::Location& location : finding.includedFrom)
         result["relatedLocations"].push_back(LocationOf(location, {{"startLine", location.line}}));
     if (!fix.empty())

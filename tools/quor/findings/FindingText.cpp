@@ -78,6 +78,9 @@ std::string FindingText(const Finding& finding, const Colours& colours)
         text += fmt::format("  hint: {}\n", HintText(finding));
     if (finding.more > 0)
         text += fmt::format("  {}; use --all to show each\n", MoreText(finding));
+    for (const Decks::RelatedLocation& other : finding.related)
+        text += fmt::format("  see {}:{}:{}: {}\n", MakePrintable(other.location.file), other.location.line,
+            other.location.column, MakePrintable(other.message));
     for (const Decks::Location& location : finding.includedFrom)
         text += fmt::format("  included from {}:{}\n", MakePrintable(location.file), location.line);
     return text;

@@ -4,8 +4,8 @@
 
 namespace Veld::Quor::Core::Decks {
 
-void FindingReporter::Report(
-    const TextRange& range, Code code, std::string message, std::string hint, std::vector<TextEdit> fix)
+void FindingReporter::Report(const TextRange& range, Code code, std::string message, std::string hint,
+    std::vector<TextEdit> fix, const std::vector<Related>& related)
 {
     const CodeInfo& info = InfoOf(code);
     if (isMuted_ || (info.isStrict && !isStrict_))
@@ -30,6 +30,8 @@ void FindingReporter::Report(
     finding.hint = std::move(hint);
     if (!IsIncludedAgain(range.file))
         finding.fix = std::move(fix);
+    for (const Related& other : related)
+        finding.related.push_back({files_.LocationOf(other.range), other.message, other.range});
     finding.includedFrom = files_.InclusionsOf(range.file);
     findings_.Keep(std::move(finding), files_.LineOf(range).first);
 }

@@ -28,9 +28,15 @@ public:
     {
     }
 
+    /// Another range that a finding is about, and what is there.
+    struct Related {
+        TextRange range;
+        std::string message;
+    };
+
     /// `fix`: as the finding has it.
     void Report(const TextRange& range, Code code, std::string message, std::string hint = {},
-        std::vector<TextEdit> fix = {});
+        std::vector<TextEdit> fix = {}, const std::vector<Related>& related = {});
     /// The file is read up to `end`: reports what is wrong with the comments in it that suppress findings. A
     /// large file in which nothing was found is left alone: it would take as long as to read it.
     void ReportBadSuppressions(std::uint32_t file, std::size_t end = std::string::npos);

@@ -98,7 +98,7 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
         FollowSizes(deck_->keywords.back());
     if (deck_->keywords.back().data)
         FollowPaths(deck_->keywords.back());
-    if (!sections_.IsSure() || mayMissKeywords_)
+    if (isReported || isGuess || !sections_.IsSure() || mayMissKeywords_)
         rules_.Lose();
     if (!isReported && !isGuess)
         rules_.Follow(isKnown);
@@ -148,7 +148,7 @@ void DeckReader::FollowSizes(const KeywordInstance& keyword)
     if (name == "BOX")
         dimensions_.SetBox(*keyword.data);
     else if (keyword.section == SectionType::RUNSPEC)
-        dimensions_.Add(*keyword.data);
+        dimensions_.Add(*keyword.data, static_cast<std::uint32_t>(deck_->keywords.size() - 1));
 }
 
 /// What is wrong with one of them was reported, and needn't be reported of each file that is found by the

@@ -32,7 +32,7 @@ Dimensions::Dimensions(const LanguageIndex& language, SimulatorType::Enum simula
     }
 }
 
-void Dimensions::Add(const IKeywordData& data)
+void Dimensions::Add(const IKeywordData& data, std::uint32_t keyword)
 {
     if (KeywordUtils::GetMDType(data.GetMD()) != MDType::Record)
         return;
@@ -45,7 +45,7 @@ void Dimensions::Add(const IKeywordData& data)
         if (!value)
             value = item.GetDefault(simulator_);
         if (value)
-            frames_.back()[item.GetName()] = *value;
+            frames_.back()[item.GetName()] = {*value, keyword};
     }
 }
 
@@ -76,12 +76,12 @@ std::optional<long long> Dimensions::Find(const std::string& name) const
 std::optional<long long> Dimensions::FindWhole(const std::string& name) const
 {
     if (const auto given = FindGiven(name))
-        return given;
+        return given->value;
     const auto size = defaults_.find(name);
     return size == defaults_.end() ? std::nullopt : std::optional(size->second);
 }
 
-std::optional<long long> Dimensions::FindGiven(const std::string& name) const
+std::optional<Dimensions::Given> Dimensions::FindGiven(const std::string& name) const
 {
     for (auto frame = frames_.rbegin(); frame != frames_.rend(); ++frame) {
         if (const auto size = frame->find(name); size != frame->end())

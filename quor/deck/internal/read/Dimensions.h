@@ -5,6 +5,7 @@
 #include "quor/foundation/SimulatorType.h"
 #include "quor/metadata/IKeywordDataMD.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -18,8 +19,9 @@ class Dimensions {
 public:
     Dimensions(const LanguageIndex& language, Core::Keywords::SimulatorType::Enum simulator);
 
-    /// Takes the whole numbers of a record; other data have none.
-    void Add(const Core::Keywords::IKeywordData& data);
+    /// Takes the whole numbers of a record; other data have none. `keyword`: which has them, among those of
+    /// the deck.
+    void Add(const Core::Keywords::IKeywordData& data, std::uint32_t keyword);
     /// What is added from now on holds until `Leave`.
     void Enter() { frames_.emplace_back(); }
     void Leave() { frames_.pop_back(); }
@@ -34,15 +36,19 @@ public:
     std::optional<long long> Find(const std::string& name) const;
     /// The same as if no box were open.
     std::optional<long long> FindWhole(const std::string& name) const;
-    /// Only what the deck gives, not defaults.
-    std::optional<long long> FindGiven(const std::string& name) const;
+    /// Only what the deck gives, not defaults, and which keyword gives it.
+    struct Given {
+        long long value;
+        std::uint32_t keyword;
+    };
+    std::optional<Given> FindGiven(const std::string& name) const;
 
 private:
     using Sizes = std::unordered_map<std::string, long long>;
 
     Core::Keywords::SimulatorType::Enum simulator_;
     Sizes defaults_;
-    std::vector<Sizes> frames_;
+    std::vector<std::unordered_map<std::string, Given>> frames_;
     Sizes box_;
 };
 

@@ -68,11 +68,12 @@ void NameChecks::Define(std::uint32_t kind, std::string_view name, const ValuePo
         if (rule.noun != rules_.names[kind].noun)
             continue;
         const auto most = dimensions_.FindGiven(rule.size);
-        if (most && count == *most + 1)
+        if (most && count == most->value + 1)
             reporter_.Report(FindValue(deck_, deck_.keywords.back(), position), Code::TooManyNames,
                 fmt::format("{}: {} '{}' is number {}, but {} is {}", deck_.keywords.back().syntax->GetName(),
-                    rule.noun, Shorten(name), count, rule.size, *most),
-                fmt::format("increase {} in {}", rule.size, rule.setBy));
+                    rule.noun, Shorten(name), count, rule.size, most->value),
+                fmt::format("increase {} in {}", rule.size, rule.setBy), {},
+                FindSize(deck_, dimensions_, rule.size));
     }
 }
 

@@ -55,7 +55,8 @@ void NumberChecks::CheckIndices(
         if (most && *number > *most)
             reporter_.Report(RangeOf(position, rule.item), Code::IndexOutside,
                 fmt::format("{}: {} is {}, but {} is {}", deck_.keywords.back().syntax->GetName(),
-                    ItemName(ItemMDOf(record, rule.item)), *number, rule.rule->size, *most));
+                    ItemName(ItemMDOf(record, rule.item)), *number, rule.rule->size, *most),
+                "", {}, FindSize(deck_, dimensions_, rule.rule->size));
     }
 }
 
@@ -88,7 +89,8 @@ void NumberChecks::CheckRegion(const RegionRule& rule) const
     reporter_.Report(FindValue(deck_, keyword, {cell}), Code::RegionOutside,
         fmt::format("{}: number {} in cell {}, but the deck has {} {} ({})", keyword.syntax->GetName(),
             *highest, cell + 1, *most, rule.what, rule.size),
-        fmt::format("correct the number, or increase {}", rule.size));
+        fmt::format("correct the number, or increase {}", rule.size), {},
+        FindSize(deck_, dimensions_, rule.size));
 }
 
 void NumberChecks::CheckAssignments(
@@ -104,7 +106,8 @@ void NumberChecks::CheckAssignments(
                 fmt::format("{}: number {} for {}, but the deck has {} {} ({})",
                     deck_.keywords.back().syntax->GetName(), *value, ToUpper(*array), *most, rule->what,
                     rule->size),
-                fmt::format("correct the number, or increase {}", rule->size));
+                fmt::format("correct the number, or increase {}", rule->size), {},
+                FindSize(deck_, dimensions_, rule->size));
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "quor/data/KeywordDataEqual.h"
 #include "quor/deck/internal/rules/Choices.h"
+#include "quor/deck/internal/rules/ValueRange.h"
 
 #include <fmt/format.h>
 
@@ -27,11 +28,9 @@ void PresenceChecks::ReportRepeated(const KeywordInstance& keyword, const Keywor
 {
     if (!keyword.data || !first.data || KeywordDataEqual(*first.data, *keyword.data))
         return;
-    const Location location = deck_.files.LocationOf(first.name);
     reporter_.Report(keyword.name, Code::RepeatedKeyword,
-        fmt::format("{} is repeated with other values; the first is at {}:{}", keyword.syntax->GetName(),
-            location.file, location.line),
-        "remove one of them");
+        fmt::format("{} is repeated with other values", keyword.syntax->GetName()), "remove one of them", {},
+        Related(first, "the first is here"));
 }
 
 void PresenceChecks::ReportConflict(const KeywordInstance& keyword, const ExclusiveRule& rule)
@@ -41,11 +40,10 @@ void PresenceChecks::ReportConflict(const KeywordInstance& keyword, const Exclus
     if (isOnly)
         return;
     const KeywordInstance& first = deck_.keywords[other->second];
-    const Location location = deck_.files.LocationOf(first.name);
     reporter_.Report(keyword.name, Code::ConflictingKeywords,
-        fmt::format("{} contradicts {} at {}:{}; expected one {}", keyword.syntax->GetName(),
-            first.syntax->GetName(), location.file, location.line, rule.what),
-        "remove one of them");
+        fmt::format("{} contradicts {}; expected one {}", keyword.syntax->GetName(), first.syntax->GetName(),
+            rule.what),
+        "remove one of them", {}, Related(first, fmt::format("{} is here", first.syntax->GetName())));
 }
 
 /// A deck without one of the sections of a whole one is a part of a deck.
@@ -74,7 +72,9 @@ void PresenceChecks::CheckNeed(const NeedRule& rule)
         return;
     reporter_.Report(section->name, Code::MissingKeyword,
         fmt::format("{}: no {}; expected {}", rule.in, rule.what, Choices(rule.anyOf)),
-        rule.when.empty() ? "" : fmt::format("{} requires it", rule.when.front()));
+        rule.when.empty() ? "" : fmt::format("{} requires it", rule.when.front()), {},
+        rule.when.empty() ? std::vector<FindingReporter::Related>()
+                          : Related(*FindFirst(rule.when.front()), rule.when.front() + " is here"));
 }
 
 bool PresenceChecks::Has(const std::string& name) const

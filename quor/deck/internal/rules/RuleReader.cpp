@@ -1,6 +1,7 @@
 #include "quor/deck/internal/rules/RuleReader.h"
 
 #include "quor/deck/DeckLanguage.h"
+#include "quor/deck/DeckSource.h"
 #include "quor/foundation/builtin/internal/PackedDocument.h"
 #include "quor/foundation/service/xml/DomText.h"
 #include "quor/foundation/service/xml/XMLDocument.h"
@@ -183,9 +184,10 @@ NeedRule ReadNeed(RuleElement& element)
         element.FindWords("unless")};
 }
 
-void AddWords(std::vector<std::string>& words, std::vector<std::string> more)
+template <class T>
+void Add(std::vector<T> more, std::vector<T>& values)
 {
-    words.insert(words.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+    values.insert(values.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
 }
 
 void ReadRule(RuleElement& element, RuleSet& rules)
@@ -207,15 +209,15 @@ void ReadRule(RuleElement& element, RuleSet& rules)
     else if (tag == "exclusive")
         rules.exclusives.push_back({element.GetWords("keywords"), element.Get("what")});
     else if (tag == "once")
-        AddWords(rules.once, element.GetWords("keywords"));
+        Add(element.GetWords("keywords"), rules.once);
     else if (tag == "count")
         rules.counts.push_back({element.Get("kind"), element.Get("size"), element.Get("keyword")});
     else if (tag == "whole")
-        AddWords(rules.whole, element.GetWords("keywords"));
+        Add(element.GetWords("keywords"), rules.whole);
     else if (tag == "local")
-        AddWords(rules.localGrids, element.GetWords("keywords"));
+        Add(element.GetWords("keywords"), rules.localGrids);
     else if (tag == "open")
-        AddWords(rules.openers, element.GetWords("keywords"));
+        Add(element.GetWords("keywords"), rules.openers);
     else
         element.Fail(
             "unknown rule; expected <names>, <index>, <order>, <region>, <assign>, <need>, <exclusive>, "
@@ -233,6 +235,38 @@ void ReadRules(const xercesc::DOMElement& root, const std::string& name, RuleSet
         else
             ReadRule(element, rules);
     });
+}
+
+void ReadRuleFile(const std::string& path, RuleSet& rules)
+{
+    std::shared_ptr<const SourceText> text;
+    try {
+        text = FileSource().Open(path);
+    } catch (const SourceError& error) {
+        throw RuleError(fmt::format("can't read the rules in '{}': {}", path, error.what()));
+    }
+    Service::XML::XMLDocument document;
+    Service::XML::XMLDocument::Failure failure;
+    const std::string_view bytes = text->GetText();
+    if (!document.readMemory(bytes.data(), bytes.size(), path.c_str(), failure))
+        throw RuleError(fmt::format("{}:{}:{}: {}", path, failure.line, failure.column, failure.reason));
+    ReadRules(*document.GetDocument()->getDocumentElement(), path, rules);
+}
+
+void Append(RuleSet more, RuleSet& rules)
+{
+    Add(std::move(more.names), rules.names);
+    Add(std::move(more.indices), rules.indices);
+    Add(std::move(more.orders), rules.orders);
+    Add(std::move(more.regions), rules.regions);
+    Add(std::move(more.assignments), rules.assignments);
+    Add(std::move(more.needs), rules.needs);
+    Add(std::move(more.exclusives), rules.exclusives);
+    Add(std::move(more.once), rules.once);
+    Add(std::move(more.counts), rules.counts);
+    Add(std::move(more.whole), rules.whole);
+    Add(std::move(more.localGrids), rules.localGrids);
+    Add(std::move(more.openers), rules.openers);
 }
 
 const RuleSet& BuiltinRules()

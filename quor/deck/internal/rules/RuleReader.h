@@ -11,6 +11,12 @@ namespace Veld::Quor::Core::Decks {
 /// is no rule.
 void ReadRules(const xercesc::DOMElement& root, const std::string& name, RuleSet& rules);
 
+/// The same for a file, which is checked as one that comes from a stranger.
+void ReadRuleFile(const std::string& path, RuleSet& rules);
+
+/// Adds rules to others.
+void Append(RuleSet more, RuleSet& rules);
+
 /// The rules that the library carries.
 const RuleSet& BuiltinRules();
 

@@ -3,6 +3,8 @@
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/WordText.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <optional>
 
@@ -44,6 +46,19 @@ TextRange FindValue(const DeckContents& deck, const KeywordInstance& keyword, co
     if (!position.isFlat)
         return record;
     return FindWord(deck, hasStart ? record : data, static_cast<std::size_t>(position.item)).value_or(record);
+}
+
+std::vector<FindingReporter::Related> FindSize(
+    const DeckContents& deck, const Dimensions& dimensions, const std::string& size)
+{
+    const auto given = dimensions.FindGiven(size);
+    return given ? Related(deck.keywords[given->keyword], fmt::format("{} is {} here", size, given->value))
+                 : std::vector<FindingReporter::Related>();
+}
+
+std::vector<FindingReporter::Related> Related(const KeywordInstance& keyword, const std::string& what)
+{
+    return {{keyword.name, what}};
 }
 
 } // namespace Veld::Quor::Core::Decks

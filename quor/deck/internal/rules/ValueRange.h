@@ -1,8 +1,12 @@
 #pragma once
 
+#include "quor/deck/internal/check/FindingReporter.h"
 #include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/read/Dimensions.h"
 
 #include <cstddef>
+#include <string>
+#include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -15,5 +19,11 @@ struct ValuePosition {
 
 /// The word of the value in the text of the deck; the record or the keyword if it can't be found.
 TextRange FindValue(const DeckContents& deck, const KeywordInstance& keyword, const ValuePosition& position);
+
+/// Where the deck gives the size; empty if it is a default.
+std::vector<FindingReporter::Related> FindSize(
+    const DeckContents& deck, const Dimensions& dimensions, const std::string& size);
+/// Where a keyword is.
+std::vector<FindingReporter::Related> Related(const KeywordInstance& keyword, const std::string& what);
 
 } // namespace Veld::Quor::Core::Decks

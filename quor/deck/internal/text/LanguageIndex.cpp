@@ -4,6 +4,7 @@
 #include "quor/metadata/KeywordUtils.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -32,9 +33,9 @@ bool EndsItself(const IKeywordSyntax& opener)
     return std::find(ends.begin(), ends.end(), &opener) != ends.end();
 }
 
-LanguageIndex::LanguageIndex(KeywordSyntaxTable& table, const RuleSet& rules)
+LanguageIndex::LanguageIndex(KeywordSyntaxTable& table, RuleSet rules)
     : table_(table)
-    , rules_(rules)
+    , rules_(std::move(rules))
     , nearestNames_(table)
 {
     KeywordSyntaxEnumerator enumerator = table.KeywordsEnumerator();

@@ -21,7 +21,7 @@ bool EndsItself(const Core::Keywords::IKeywordSyntax& opener);
 /// read decks at once. Must not outlive the table.
 class LanguageIndex {
 public:
-    LanguageIndex(Core::Keywords::KeywordSyntaxTable& table, const RuleSet& rules);
+    LanguageIndex(Core::Keywords::KeywordSyntaxTable& table, RuleSet rules);
 
     /// All that the table knows under the name; empty if it is no keyword.
     std::vector<const Core::Keywords::IKeywordSyntax*> LookupAll(const std::string& name) const
@@ -50,7 +50,7 @@ public:
 
 private:
     Core::Keywords::KeywordSyntaxTable& table_;
-    const RuleSet& rules_;
+    RuleSet rules_;
     NearestNames nearestNames_;
     std::vector<std::string> structureNames_;
     std::unordered_set<const Core::Keywords::IKeywordSyntax*> scopeEnds_;
