@@ -1,6 +1,7 @@
 #include "quor/data/Access.h"
 
 #include "quor/data/internal/AccessCheck.h"
+#include "quor/data/internal/ScalarOps.h"
 #include "quor/metadata/IKeywordBooleanMD.h"
 #include "quor/metadata/IKeywordChoiceMD.h"
 #include "quor/metadata/IKeywordIntegerMD.h"
@@ -65,30 +66,13 @@ Optional<T>& Stored(IKeywordRecordData& record, const AccessSubject& item)
     return *static_cast<Optional<T>*>(record.GetData(item.index));
 }
 
-/// Calls `action` with an empty `Optional` of the type in which the item is stored.
-template <class Action>
-void WithStoredType(const AccessSubject& item, Action action)
+/// How the item is stored. Throws `DataAccessError` if it is not a scalar.
+const ScalarOps& OpsOf(const AccessSubject& item)
 {
-    switch (item.Type()) {
-    case MDType::Boolean:
-        return action(Optional<bool>());
-    case MDType::Choice:
-    case MDType::Integer:
-        return action(Optional<int>());
-    case MDType::Real:
-        return action(Optional<double>());
-    case MDType::Line:
-    case MDType::String:
-        return action(Optional<std::string>());
-    case MDType::None:
-    case MDType::Assignment:
-    case MDType::List:
-    case MDType::Map:
-    case MDType::Raw:
-    case MDType::Record:
-        break;
-    }
-    item.FailType("a scalar");
+    const ScalarOps* const ops = FindScalarOps(item.Type());
+    if (!ops)
+        item.FailType("a scalar");
+    return *ops;
 }
 
 template <class T>
@@ -179,12 +163,7 @@ Optional<std::string> GetChoiceOrDefault(
 bool Has(const IKeywordRecordData& record, ItemKey key)
 {
     const AccessSubject item = FindItem(record, key);
-    bool given = false;
-    WithStoredType(item, [&](const auto& empty) {
-        using T = typename std::decay_t<decltype(empty)>::value_type;
-        given = Stored<T>(record, item).HasValue();
-    });
-    return given;
+    return OpsOf(item).hasValue(record.GetData(item.index));
 }
 
 void Set(IKeywordRecordData& record, ItemKey item, bool value)
@@ -221,10 +200,9 @@ void SetChoice(IKeywordRecordData& record, ItemKey key, std::string_view word)
 void Clear(IKeywordRecordData& record, ItemKey key)
 {
     const AccessSubject item = FindItem(record, key);
-    WithStoredType(item, [&](const auto& empty) {
-        using T = typename std::decay_t<decltype(empty)>::value_type;
-        Stored<T>(record, item).Reset();
-    });
+    const ScalarOps& ops = OpsOf(item);
+    ops.destroy(record.GetData(item.index));
+    ops.construct(record.GetData(item.index));
 }
 
 IKeywordRecordData& RecordIn(IKeywordRecordData& record, ItemKey item)

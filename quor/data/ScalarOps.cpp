@@ -143,6 +143,7 @@ constexpr ScalarOps opsOf = {
     [](void* place) { ::new (place) Optional<T>(); },
     [](void* place, const void* item) { ::new (place) Optional<T>(ItemOf<T>(item)); },
     [](void* item) { static_cast<Optional<T>*>(item)->~Optional<T>(); },
+    [](const void* item) { return ItemOf<T>(item).HasValue(); },
     EqualItems<T>,
     Print<T>,
     [](const IKeywordListMD* md, const IKeywordSyntax* syntax) -> std::unique_ptr<IKeywordData> {

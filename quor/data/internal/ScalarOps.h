@@ -11,8 +11,8 @@ namespace Veld::Quor::Core::Keywords {
 
 class IKeywordListMD;
 
-/// What the library does with the values of one scalar type. This table is the only place that knows how a
-/// metadata type is stored: in a record as a `Service::Optional`, in a value list as an element.
+/// What the library does with the values of one scalar type. In this floor, this table alone decides by type
+/// how a value is stored: in a record as a `Service::Optional`, in a value list as an element.
 struct ScalarOps {
     // An item of a record, in place.
     std::size_t size;
@@ -21,8 +21,9 @@ struct ScalarOps {
     void (*construct)(void* place); // without a value
     void (*copy)(void* place, const void* item);
     void (*destroy)(void* item);
+    bool (*hasValue)(const void* item);
     bool (*equal)(const void* a, const void* b);
-    /// Appends a value as text, and tells whether there was one. `separator` goes before it.
+    /// Appends the value as text, and returns whether there is one. `separator` goes before it.
     bool (*print)(const void* item, const char* separator, std::string& text);
 
     // A list of values.
@@ -31,7 +32,7 @@ struct ScalarOps {
     bool (*equalLists)(const IKeywordListData& a, const IKeywordListData& b, bool defaultable);
 };
 
-/// Null for a type that is no scalar with a value of its own; so for an assignment, whose value is a map's.
+/// Null for a type that is no scalar, and for an assignment, whose value is stored in its map.
 const ScalarOps* FindScalarOps(IKeywordDataMD::MDType::Enum type);
 
 } // namespace Veld::Quor::Core::Keywords
