@@ -27,7 +27,7 @@ namespace {
 constexpr std::size_t recordCount = 10'000;
 constexpr std::size_t valueCount = 1'000'000;
 
-/// RECORDS, a list of records of twelve items, and REALS, a list of reals, of a document of their own.
+/// RECORDS, a list of records of twelve items, and REALS, a list of reals, of a separate document.
 const IKeywordSyntax& Syntax(const char* name)
 {
     static const KeywordSyntaxTable& table = []() -> KeywordSyntaxTable& {

@@ -43,7 +43,7 @@ endfunction()
 
 option(VELD_QUOR_WHOLE_BUILDS "Compile many files at once: for whole builds, less for work on a file" OFF)
 
-# Files of a target that are compiled together. What they have in unnamed namespaces needs names of its own; the
+# Files of a target that are compiled together. What they have in unnamed namespaces needs unique names; the
 # warnings that see one file's names from another are left to the builds that compile each file by itself.
 function(veld_quor_batches target size)
     if(VELD_QUOR_WHOLE_BUILDS)

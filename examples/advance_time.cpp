@@ -33,7 +33,7 @@ int main()
     SetDate(AsRecord(*startData), 1, "JAN", 2031);
     const Service::Time start = DataAccessUtils::GetTimeFromSTART(startData.get());
 
-    const auto tstep = Make("TSTEP"); // steps from where the run stands
+    const auto tstep = Make("TSTEP"); // steps from the time that the run has reached
     AddValue(AsList(*tstep), 31.0);
     AddValue(AsList(*tstep), 0.5);
     const auto dates = Make("DATES");

@@ -9,5 +9,5 @@
 /// - A scalar: its text stands for its description, and the attributes min, max, default, quantity,
 ///   caseSensitive, lengthLimit and, of a choice, words, for their elements.
 /// - A scalar with a name, in a record: the item of that name, with this scalar.
-/// - `records`: a list of records, all of which end with a slash on a line of their own.
+/// - `records`: a list of records, all of which end with a slash on a separate line.
 void ExpandShortForm(Element& element, const Element& parent);

@@ -26,7 +26,7 @@ const std::array<Category, 4> categories{{
     {"option", {"API", "Aqui", "Flow"}},
 }};
 
-/// An end of a stem that makes the name a wildcard, and the clause that tells of it.
+/// An end of a stem that makes the name a wildcard, and the clause that describes it.
 struct Ending {
     std::string_view text;
     std::string_view clause;

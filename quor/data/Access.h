@@ -39,7 +39,7 @@ class IKeywordRecordMD;
 
 /// The program asks for something that the keyword does not have: an unknown item, another type, an index out
 /// of range. Derives from `Service::Exception`, as what is thrown for documents and decks does; it is a class
-/// of its own because the mistake is in the program, not in a deck or a document. The text has the
+/// a separate class because the mistake is in the program, not in a deck or a document. The text has the
 /// keyword, the item, and the actual and the expected type: "WCONPROD: item 'ORAT' is Real, not String".
 class VELD_QUOR_EXPORT DataAccessError : public Service::Exception {
 public:
@@ -166,7 +166,7 @@ VELD_QUOR_EXPORT T ValueAt(const IKeywordListData& list, std::size_t i);
 /// The word of a Choice; it is the table's. Throws also if the list holds an index that no word has.
 VELD_QUOR_EXPORT const std::string& ChoiceAt(const IKeywordListData& list, std::size_t i);
 
-/// Also takes away the element's defaulted flag.
+/// Also clears the element's defaulted flag.
 /// @{
 VELD_QUOR_EXPORT void SetValueAt(IKeywordListData& list, std::size_t i, bool value);
 VELD_QUOR_EXPORT void SetValueAt(IKeywordListData& list, std::size_t i, int value);

@@ -20,7 +20,7 @@ using String = Service::Optional<std::string>;
 
 namespace {
 
-/// A keyword as the first look-up found it, told by its root metadata, for the rest of the process.
+/// A keyword as the first look-up found it, recognized by its root metadata, for the rest of the process.
 class KeptKeyword {
 public:
     explicit KeptKeyword(const char* name)
@@ -30,7 +30,7 @@ public:
             md_ = syntax->GetDataMD();
     }
 
-    // Wanted: data of a table that was loaded later are refused, also where they stand at an old address.
+    // Wanted: data of a table that was loaded later are refused, also where they are at an old address.
     bool Has(const IKeywordData& data) const { return data.GetMD() == md_ && table_ == TableNumber(); }
 
 private:

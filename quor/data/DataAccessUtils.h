@@ -13,9 +13,9 @@ class IKeywordData;
 class IKeywordRecordData;
 class PathAliases;
 
-/// The data of a few keywords that every reader of decks needs. A keyword is told by the metadata of its
-/// data, looked up at the first call and kept for the rest of the process: data of a table that was loaded
-/// anew are refused. `GetTime`, `Advance` and `AddPathAliases` look nothing up and serve each table.
+/// The data of a few keywords that every reader of decks needs. A keyword is recognized by the metadata of
+/// its data, looked up at the first call and kept for the rest of the process: data of a table that was
+/// loaded again are refused. `GetTime`, `Advance` and `AddPathAliases` look nothing up and serve each table.
 class VELD_QUOR_EXPORT DataAccessUtils {
 public:
     /// The text, without a value if the deck gave none; a reference into the data. Throws

@@ -19,7 +19,7 @@ using MDType = IKeywordDataMD::MDType;
 
 namespace {
 
-/// How many containers can stand in each other. Fails at once, whatever the data hold, if the walk could ever
+/// How many containers can be nested. Fails at once, whatever the data hold, if the walk could ever
 /// meet what it can't walk.
 std::size_t DepthOf(const IKeywordDataMD* md)
 {
@@ -98,7 +98,7 @@ bool DataIteratorOf<Data>::Visit(const void* value, const IKeywordDataMD* md, bo
     return true;
 }
 
-/// Goes to the next element, item or pair of the container; false behind the last.
+/// Goes to the next element, item or pair of the container; false after the last.
 template <class Data>
 bool DataIteratorOf<Data>::NextBelow(Level& level)
 {

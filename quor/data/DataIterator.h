@@ -13,7 +13,7 @@ namespace Veld::Quor::Core::Keywords {
 class IKeywordData;
 
 /// Walks a data tree in pre-order: each container, then what it holds, every item of a record included, given
-/// or not. The stops tell where a value lies and what it is. What is written through `DataIterator` at an
+/// or not. The stops say where a value is and what it is. What is written through `DataIterator` at an
 /// item of a record or an element of a list reaches the data; the value of a map is a copy. Raw text can't be
 /// walked, nor a record that has one. A flat path from root to stop is all that it keeps: it neither grows
 /// with the data nor sees them change.
@@ -44,7 +44,7 @@ public:
     DataIteratorOf(const DataIteratorOf&) = delete;
     DataIteratorOf& operator=(const DataIteratorOf&) = delete;
 
-    /// Moves on; does nothing at the end. Throws nothing of its own.
+    /// Moves on; does nothing at the end. Throws only what the data throw.
     DataIteratorOf& operator++()
     {
         Next();
@@ -56,7 +56,7 @@ public:
     const ValueType* operator->() const { return **this; }
     /// @}
 
-    /// At the same stop of the same tree; at the end, if one of them is an end as `End()` gives it.
+    /// At the same stop of the same tree; at the end, if one of them is an end as `End()` returns it.
     /// @{
     friend bool operator==(const DataIteratorOf& a, const DataIteratorOf& b)
     {

@@ -42,7 +42,7 @@ std::string DateOf(const Time& time)
     return parts.front();
 }
 
-/// Fills the fraction of a second up to three digits, so that ".5" is half a second; tells whether there is
+/// Fills the fraction of a second up to three digits, so that ".5" is half a second; returns whether there is
 /// one.
 bool CompleteFraction(std::string& text)
 {
@@ -79,7 +79,8 @@ const Service::Optional<T>& ItemOf(const IKeywordRecordData& record, int i)
 
 Time ReadDateRecord(const IKeywordRecordData& record)
 {
-    // A day, month or year that was not given reads as what stands for that, which is no date.
+    // A day, month or year that was not given reads as the value that stands for "not given", which is no
+    // date.
     const int day = *ItemOf<int>(record, 0);
     const int month = MonthOf(*ItemOf<std::string>(record, 1));
     const int year = *ItemOf<int>(record, 2);

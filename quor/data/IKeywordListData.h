@@ -8,7 +8,7 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-/// The elements of a list. What an element pointer is, the list's item metadata tell:
+/// The elements of a list. What an element pointer points at depends on the list's item metadata:
 ///
 /// | item          | element                                   |
 /// |---------------|-------------------------------------------|

@@ -10,7 +10,7 @@ namespace Veld::Quor::Core::Keywords {
 
 class IKeywordAssignmentMD;
 
-/// Integers by name: a pair for each assignment that the metadata name, and behind them one for each further
+/// Integers by name: a pair for each assignment that the metadata name, and after them one for each further
 /// name that was set and that a wildcard accepts. Keys are taken without regard to case and to blanks around
 /// them. Positions are not checked.
 class VELD_QUOR_EXPORT IKeywordMapData : public IKeywordData {

@@ -6,9 +6,9 @@
 namespace Veld::Quor::Core::Keywords {
 
 /// One value for each item of the record's metadata, given or not. What an item's pointer is, its metadata
-/// tell: for an integer or a choice a `Service::Optional<int>`, for a real of `double`, for a boolean of
+/// say: for an integer or a choice a `Service::Optional<int>`, for a real of `double`, for a boolean of
 /// `bool`, for a string or a line of `std::string`; for a record, list, map or raw text the nested
-/// `IKeywordData` itself, which always exists. Without a value means: not given. Defaults stand in the
+/// `IKeywordData` itself, which always exists. Without a value means: not given. Defaults are in the
 /// metadata, never here. Indices are not checked.
 class VELD_QUOR_EXPORT IKeywordRecordData : public IKeywordData {
 public:

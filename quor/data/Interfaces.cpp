@@ -1,4 +1,4 @@
-// What the data interfaces have of their own, in one place.
+// The destructors of the data interfaces, in one place.
 
 #include "quor/data/IKeywordData.h"
 #include "quor/data/IKeywordListData.h"

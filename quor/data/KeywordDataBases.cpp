@@ -1,4 +1,4 @@
-// The exported bases have nothing of their own but equality.
+// The exported bases have nothing but equality.
 
 #include "quor/data/KeywordDataEqual.h"
 #include "quor/data/KeywordMapData.h"

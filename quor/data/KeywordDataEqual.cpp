@@ -74,7 +74,7 @@ bool EqualMaps(const IKeywordMapData& a, const IKeywordMapData& b)
     return true;
 }
 
-/// The library's own records know where their items stand, without asking the metadata.
+/// The library's own records know where their items are, without asking the metadata.
 bool EqualByLayout(const GenericKeywordRecordDataImpl& a, const GenericKeywordRecordDataImpl& b)
 {
     int i = 0;

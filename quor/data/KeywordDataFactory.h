@@ -8,7 +8,7 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-/// Makes the data of a keyword. A host may register a maker of its own for the root of a keyword's metadata;
+/// Makes the data of a keyword. A host may register its own maker for the root of a keyword's metadata;
 /// it must remove it before the table goes. Registering must not run beside making.
 class VELD_QUOR_EXPORT KeywordDataFactory {
 public:

@@ -164,7 +164,7 @@ std::string KeywordIdentity::GetString() const
         if (!identifier.first || !identifier.second)
             continue;
         if (identifier.first->GetType() == MDType::String) {
-            // Wanted: a string alone follows what stands before it directly, and loses its quotes.
+            // Wanted: a string alone follows what is before it directly, and loses its quotes.
             const auto& value = *static_cast<const String*>(identifier.second);
             if (value)
                 text += WithoutQuotes(*value);

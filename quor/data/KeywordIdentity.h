@@ -12,9 +12,9 @@ namespace Veld::Quor::Core::Keywords {
 class IKeywordData;
 class IKeywordDataMD;
 
-/// Tells an instance of a keyword from others by the values of the items that are marked as identifiers. Of a
-/// list only the first record counts. Points into the data, so it sees their values change, and dies with
-/// them.
+/// Identifies an instance of a keyword by the values of the items that are marked as identifiers. Of a
+/// list only the first record counts. Points into the data, so it sees their values change, and is valid as
+/// long as them.
 class VELD_QUOR_EXPORT KeywordIdentity {
 public:
     /// `data` may be null.

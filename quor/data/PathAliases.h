@@ -23,8 +23,8 @@ public:
     void setAlias(const std::string& alias, const std::string& path);
 
     /// Replaces the references in `path` by what they stand for, each up to the end, a slash or a backslash.
-    /// The result tells whether a "$" is left: true if something could not be resolved. A path that refers to
-    /// its own alias behind its first character makes the text grow without end.
+    /// The result says whether a "$" is left: true if something could not be resolved. A path that refers to
+    /// its own alias after its first character makes the text grow without end.
     bool resolvePathAliases(const std::string& path, std::string& resolved) const;
 
 private:

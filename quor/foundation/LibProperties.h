@@ -4,7 +4,7 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-/// What the library tells of itself, by index: 0 "CompanyName", 1 "FileVersion", 2 "FileDescription",
+/// What the library says of itself, by index: 0 "CompanyName", 1 "FileVersion", 2 "FileDescription",
 /// 3 "ProductVersion", 4 "InternalName", 5 "LegalCopyright", 6 "OriginalFilename". An index out of range sets
 /// both texts to empty ones, not to null. The texts are static.
 VELD_QUOR_EXPORT void getLibProperty(int index, const char*& name, const char*& value);

@@ -8,9 +8,9 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-/// The sections of a deck, in the order in which they stand there.
+/// The sections of a deck, in their order there.
 struct SectionType {
-    /// In the order of a deck, from 0; `None` stands apart.
+    /// In the order of a deck, from 0; `None` is none of them.
     enum Enum : int {
         RUNSPEC = 0,
         GRID = 1,
@@ -30,7 +30,7 @@ struct SectionType {
     static const std::vector<Service::EnumInfo<SectionType>>& EnumInfos();
 
     /// Exact, case included, and not null. For an unknown name the answer is value 0, and only `found`, which
-    /// may be null, tells.
+    /// may be null, says so.
     /// @{
     VELD_QUOR_EXPORT static Enum FromString(const std::string& name, bool* found = nullptr);
     VELD_QUOR_EXPORT static Enum FromString(const char* name, bool* found = nullptr);

@@ -23,7 +23,7 @@ struct SimulatorModeType {
     VELD_QUOR_EXPORT static const std::vector<Service::EnumInfo<SimulatorModeType>>& EnumInfos();
 
     /// Exact, case included, and not null. For an unknown name the answer is value 0, and only `found`, which
-    /// may be null, tells.
+    /// may be null, says so.
     /// @{
     VELD_QUOR_EXPORT static Enum FromString(const std::string& name, bool* found = nullptr);
     VELD_QUOR_EXPORT static Enum FromString(const char* name, bool* found = nullptr);

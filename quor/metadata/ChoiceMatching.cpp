@@ -127,7 +127,7 @@ std::vector<int> AgreeingAt(std::size_t position, const std::string& upper, cons
     return agreeing;
 }
 
-/// Of the words that agree with the text furthest from its start the shortest; aliases take no part. A text
+/// Of the words that agree with the text furthest from its start the shortest; aliases do not count. A text
 /// whose first character starts no word has no match.
 ChoiceMatch MatchLax(const Choices& choices, const std::string& upper)
 {

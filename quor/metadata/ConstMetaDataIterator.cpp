@@ -52,7 +52,7 @@ void ConstMetaDataIterator::Enter(const IKeywordDataMD& md)
     path_.push_back({&md, -1});
 }
 
-/// The child behind the one that the step stands on; null behind the last.
+/// The child after the one that the step is at; null after the last.
 const IKeywordDataMD* ConstMetaDataIterator::NextChild(Step& step)
 {
     ++step.child;

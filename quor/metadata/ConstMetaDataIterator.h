@@ -50,7 +50,7 @@ public:
 private:
     struct Step {
         const IKeywordDataMD* md;
-        int child; // the one that the next step stands on; -1: none yet
+        int child; // the one that the next step is at; -1: none yet
     };
 
     bool IsSamePath(const ConstMetaDataIterator& other) const;

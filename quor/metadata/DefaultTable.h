@@ -59,7 +59,7 @@ public:
 
     /// Whether the key has a default, calculated ones included.
     bool Has(SimulatorType::Enum key) const { return Position(key) != 0; }
-    /// Without a value if the default is calculated or absent: `Has` tells which.
+    /// Without a value if the default is calculated or absent: `Has` says which.
     Value Get(SimulatorType::Enum key) const
     {
         const unsigned position = Position(key);
@@ -123,7 +123,7 @@ private:
         positions_ &= ~(std::uint64_t{mostValues} << PositionShift(key));
         positions_ |= std::uint64_t{position} << PositionShift(key);
     }
-    /// Unlike `==` it tells -0.0 from 0.0.
+    /// Unlike `==` it distinguishes -0.0 from 0.0.
     static bool IsSame(const Value& a, const Value& b)
     {
         if constexpr (std::is_floating_point_v<T>)

@@ -19,7 +19,7 @@ public:
 
     ~IKeywordAssignmentMD() override;
 
-    /// For exactly `simulator`; without a value if it is calculated or absent. `IsDefaultSpecified` tells
+    /// For exactly `simulator`; without a value if it is calculated or absent. `IsDefaultSpecified` says
     /// which.
     virtual Service::Optional<int> GetDefault(SimulatorType::Enum simulator) const = 0;
     /// All defaults, those of `SimulatorType::Any` included. Lasts as long as this object.

@@ -11,7 +11,7 @@ class VELD_QUOR_EXPORT IKeywordBooleanMD : public IKeywordItemMD {
 public:
     ~IKeywordBooleanMD() override;
 
-    /// For exactly `simulator`; without a value if it is calculated or absent. `IsDefaultSpecified` tells
+    /// For exactly `simulator`; without a value if it is calculated or absent. `IsDefaultSpecified` says
     /// which.
     virtual Service::Optional<bool> GetDefault(SimulatorType::Enum simulator) const = 0;
 };

@@ -36,7 +36,7 @@ public:
     virtual int GetIndex(const std::string& text, std::string& message) const = 0;
 
     /// For exactly `simulator`: an index, or -1 for a default that names no choice; without a value if it is
-    /// calculated or absent. `IsDefaultSpecified` tells which.
+    /// calculated or absent. `IsDefaultSpecified` says which.
     virtual Service::Optional<int> GetDefault(SimulatorType::Enum simulator) const = 0;
 
     /// The same match as `GetIndex` as a value: what was matched and how. Safe from any thread; the classes

@@ -7,7 +7,8 @@
 namespace Veld::Quor::Core::Keywords {
 
 /// A node of a keyword's metadata: what the keyword may carry at that place. The tree belongs to the keyword,
-/// and dies with the table; all that these interfaces hand out does too. Read-only once the table is loaded.
+/// and is valid as long as the table, as is all that these interfaces return. Read-only once the table is
+/// loaded.
 class VELD_QUOR_EXPORT IKeywordDataMD {
 public:
     /// The type of a node. It decides the interface of the node and of its data: `VisitMD` calls by it.
@@ -41,7 +42,7 @@ public:
             CUSTOMIZED = 3, ///< by words that the list names, or as its reader knows
         };
         /// The names above. Exact, case included, and not null. For an unknown name the answer is value 0,
-        /// and only `found`, which may be null, tells.
+        /// and only `found`, which may be null, says so.
         /// @{
         VELD_QUOR_EXPORT static Enum FromString(const std::string& name, bool* found = nullptr);
         VELD_QUOR_EXPORT static Enum FromString(const char* name, bool* found = nullptr);

@@ -11,7 +11,7 @@ class VELD_QUOR_EXPORT IKeywordIntegerMD : public IKeywordNumericMD {
 public:
     ~IKeywordIntegerMD() override;
 
-    /// For exactly `simulator`; without a value if it is calculated or absent. `IsDefaultSpecified` tells
+    /// For exactly `simulator`; without a value if it is calculated or absent. `IsDefaultSpecified` says
     /// which.
     virtual Service::Optional<int> GetDefault(SimulatorType::Enum simulator) const = 0;
     /// The limits of the document, both included; without a value: none. Nothing checks that the least is

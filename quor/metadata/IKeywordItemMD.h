@@ -23,7 +23,7 @@ public:
     virtual bool IsDefaultSpecified(SimulatorType::Enum simulator) const = 0;
     /// Whether the simulator is one for which the keyword is valid. False for all in an assignment.
     virtual bool IsKeywordSupported(SimulatorType::Enum simulator) const = 0;
-    /// Whether the document gives this simulator a default of its own.
+    /// Whether the document has a separate default for this simulator.
     virtual bool hasOverride(SimulatorType::Enum simulator) const = 0;
     /// "calculated", "specified" or "no default"; empty without an override.
     virtual std::string GetOverrideType(SimulatorType::Enum simulator) const = 0;

@@ -13,7 +13,7 @@ class VELD_QUOR_EXPORT IKeywordLineMD : public IKeywordItemMD {
 public:
     ~IKeywordLineMD() override;
 
-    /// For exactly `simulator`; without a value if it is calculated or absent. `IsDefaultSpecified` tells
+    /// For exactly `simulator`; without a value if it is calculated or absent. `IsDefaultSpecified` says
     /// which.
     virtual Service::Optional<std::string> GetDefault(SimulatorType::Enum simulator) const = 0;
 };

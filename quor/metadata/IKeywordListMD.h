@@ -11,7 +11,7 @@ namespace Veld::Quor::Core::Keywords {
 class ICustomReadTermination;
 
 /// One item type, repeated. The size texts are those of the document, a count or an expression that the
-/// deck's reader understands; null where it gives none.
+/// deck's reader understands; null where it has none.
 class VELD_QUOR_EXPORT IKeywordListMD : public IKeywordDataMD {
 public:
     ~IKeywordListMD() override;
@@ -34,7 +34,7 @@ public:
     /// Whether an element left to its default has the value of the one before it. Without meaning unless
     /// `IsItemDefaultable()`.
     virtual bool FillEmptyElementsWithPreviousValue() const = 0;
-    /// Layout for a writer: whether the list, or its end, has a line of its own. Without a value the writer
+    /// Layout for a writer: whether the list, or its end, has a separate line. Without a value the writer
     /// is free.
     /// @{
     virtual Service::Optional<bool> WriteStartingOnNewLine() const = 0;

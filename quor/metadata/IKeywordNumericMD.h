@@ -12,7 +12,7 @@ class VELD_QUOR_EXPORT IKeywordNumericMD : public IKeywordItemMD {
 public:
     ~IKeywordNumericMD() override;
 
-    /// The template that the item is to be printed by; null if it has none of its own.
+    /// The template that the item is to be printed by; null if it has none.
     virtual const std::string* GetFormatting() const = 0;
 };
 

@@ -13,7 +13,7 @@ class VELD_QUOR_EXPORT IKeywordRealMD : public IKeywordNumericMD {
 public:
     ~IKeywordRealMD() override;
 
-    /// For exactly `simulator`; without a value if it is calculated or absent. `IsDefaultSpecified` tells
+    /// For exactly `simulator`; without a value if it is calculated or absent. `IsDefaultSpecified` says
     /// which.
     virtual Service::Optional<double> GetDefault(SimulatorType::Enum simulator) const = 0;
     /// The limits of the document, both included; without a value: none. Nothing checks that the least is

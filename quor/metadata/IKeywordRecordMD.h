@@ -20,7 +20,7 @@ public:
     virtual const IKeywordDataMD* GetItemMD(int index) const = 0;
     /// Whether a deck may leave the item out.
     virtual bool IsOptional(int index) const = 0;
-    /// Whether the item is one of those that tell one instance of the keyword from another.
+    /// Whether the item is one of those that identify an instance of the keyword.
     virtual bool IsIdentifier(int index) const = 0;
     /// Where the item is valid; everywhere unless the document says otherwise.
     virtual const IValidityMD& GetValidity(int index) const = 0;

@@ -17,7 +17,7 @@ public:
     virtual bool IsCaseSensitive() const = 0;
     /// Greatest length in characters; 8 unless the document says otherwise.
     virtual int LimitLengthTo() const = 0;
-    /// For exactly `simulator`; without a value if it is calculated or absent. `IsDefaultSpecified` tells
+    /// For exactly `simulator`; without a value if it is calculated or absent. `IsDefaultSpecified` says
     /// which.
     virtual Service::Optional<std::string> GetDefault(SimulatorType::Enum simulator) const = 0;
     /// Whether a comma may be part of an unquoted value.

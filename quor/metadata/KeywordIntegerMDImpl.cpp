@@ -3,7 +3,7 @@
 #include <memory>
 #include <utility>
 
-// The readers of the scalars stand together in KeywordScalarMDImpls.cpp.
+// The readers of the scalars are together in KeywordScalarMDImpls.cpp.
 namespace Veld::Quor::Core::Keywords {
 
 KeywordIntegerMDImpl::KeywordIntegerMDImpl() = default;

@@ -39,7 +39,7 @@ public:
 
     /// Overwrites what was read or set before; `ReadXML` overwrites it in turn.
     void SetTermination(TerminationType::Enum termination) { termination_ = termination; }
-    /// A count or an expression, as the document would give it. Not checked.
+    /// A count or an expression, as in a document. Not checked.
     /// @{
     void SetSize(std::string&& size);
     void SetMinSize(std::string&& size);

@@ -45,7 +45,7 @@ public:
     /// `Service::Exception`.
     void ReadXML(const xercesc::DOMElement* element, const std::vector<SimulatorType::Enum>& simulators);
 
-    /// Reads one item and appends it. The flags tell whether a reader or a writer may skip it; only `ReadXML`
+    /// Reads one item and appends it. The flags say whether a reader or a writer may skip it; only `ReadXML`
     /// keeps them. Throws `Service::Exception`, and the record is then as it was.
     void AddItem(const xercesc::DOMElement* itemElement, unsigned int itemNumber, bool& skippableOnRead,
         bool& skippableOnWrite, const std::vector<SimulatorType::Enum>& simulators);

@@ -10,7 +10,7 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-/// What the eleven metadata classes have in common, behind the public interface of each. Part of the
+/// What the eleven metadata classes have in common, below the public interface of each. Part of the
 /// implementation.
 template <class Interface, IKeywordDataMD::MDType::Enum type>
 class VELD_QUOR_EXPORT MDNode : public Interface, public IKeywordDataMDInternal {

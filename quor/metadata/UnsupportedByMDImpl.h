@@ -21,7 +21,7 @@ public:
     {
         return flags_.Get(simulator, mode);
     }
-    /// Writes one flag; `SimulatorModeType::Any` has one of its own, which `IsUnsupportedBy` never looks at.
+    /// Writes one flag; `SimulatorModeType::Any` has a separate one, which `IsUnsupportedBy` never looks at.
     void Set(SimulatorType::Enum simulator, SimulatorModeType::Enum mode, bool unsupported)
     {
         flags_.Set(simulator, mode, unsupported);

@@ -21,7 +21,7 @@ public:
     {
         return flags_.Get(simulator, mode);
     }
-    /// Writes one flag; `SimulatorModeType::Any` has one of its own, which `IsValid` never looks at.
+    /// Writes one flag; `SimulatorModeType::Any` has a separate one, which `IsValid` never looks at.
     void Set(SimulatorType::Enum simulator, SimulatorModeType::Enum mode, bool valid)
     {
         flags_.Set(simulator, mode, valid);

@@ -29,7 +29,7 @@ Overloaded(Visits...) -> Overloaded<Visits...>;
 /// Calls `visit` with the metadata by the interface of their type, one of the eleven below, and returns what
 /// it returns; all calls return the same type, which is `void` or has a default. An overload that accepts
 /// `const auto&` serves the types that need no own one. `md` is a node of a table: not null, its type not
-/// `None`. Adds no exception of its own.
+/// `None`. Throws only what `visit` throws.
 template <class Visit>
 auto VisitMD(const IKeywordDataMD& md, Visit&& visit)
 {

@@ -6,7 +6,7 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-/// What a keyword that gives a value for each grid cell says of that property. Belongs to its
+/// What a keyword with a value for each grid cell says of that property. Belongs to its
 /// `IKeywordSyntax`.
 class VELD_QUOR_EXPORT ICellPropertyInfo {
 public:

@@ -15,15 +15,15 @@ class ICellPropertyInfo;
 class IKeywordDataMD;
 class ISummaryMnemonicInfo;
 
-/// The definition of one deck keyword. Lives in the table that it was looked up in, and dies with it; so does
-/// all that is reached through it. Read-only once the table is loaded, and safe from several threads.
+/// The definition of one deck keyword. Belongs to the table that it was looked up in, and is valid as long;
+/// so is all that is reached through it. Read-only once the table is loaded, and safe from several threads.
 ///
-/// The operations that take `alias` answer for the spelling under which the keyword was met: the keyword's
-/// own name, or one of its aliases, which may be hidden and may have a validity of its own. For any other
+/// The operations that take `alias` answer for the spelling under which the keyword was found: the keyword's
+/// own name, or one of its aliases, which may be hidden and may have its own validity. For any other
 /// text they answer for the keyword. Those without `alias` answer for the keyword's own name.
 class VELD_QUOR_EXPORT IKeywordSyntax {
 public:
-    /// As the document gives it; a trailing `*` makes the keyword a wildcard.
+    /// As in the document; a trailing `*` makes the keyword a wildcard.
     virtual const std::string& GetName() const = 0;
     /// In the order of the document; empty if there are none.
     virtual const std::vector<std::string>& GetAliases() const = 0;
@@ -39,7 +39,7 @@ public:
     virtual bool IsWildcard() const = 0;
     /// For people; empty if the document has none.
     virtual std::string GetDescription() const = 0;
-    /// The name under which the keyword is documented: the one that the document gives, or "SUMMARY" for a
+    /// The name under which the keyword is documented: the one in the document, or "SUMMARY" for a
     /// keyword that is valid in that section alone, or its own.
     virtual std::string GetDocumentationName() const = 0;
     /// By the name alone, whatever the document says.
@@ -76,7 +76,7 @@ public:
     virtual const IKeywordSyntax* GetScopeSyntax() const = 0;
     /// Null for a keyword that is no summary vector.
     virtual const ISummaryMnemonicInfo* GetSummaryMnemonicInfo() const = 0;
-    /// Null for a keyword that gives no value for each cell.
+    /// Null for a keyword without a value for each cell.
     virtual const ICellPropertyInfo* GetCellPropertyInfo() const = 0;
     /// Root of the metadata tree; null for a keyword that carries nothing.
     virtual const IKeywordDataMD* GetDataMD() const = 0;

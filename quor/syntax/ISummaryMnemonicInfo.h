@@ -6,7 +6,7 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-/// What a summary vector reports, by five categories; without a value where the document gives none. Belongs
+/// What a summary vector reports, by five categories; without a value where the document has none. Belongs
 /// to its `IKeywordSyntax`.
 class VELD_QUOR_EXPORT ISummaryMnemonicInfo {
 public:

@@ -89,7 +89,7 @@ void KeywordSyntax::ReadXML(const DOMElement& element)
         } else if (validity.Note(child)) {
             continue;
         } else if (Is(child, Tags::Data())) {
-            // Wanted: validity elements behind the data element come too late for the keyword, though not for
+            // Wanted: validity elements after the data element come too late for the keyword, though not for
             // its aliases. The metadata needs the valid simulators when it is read.
             validity_.Set(validity.ReadFacts());
             CreateDataMD(child);

@@ -33,7 +33,7 @@ void CheckLength(std::string_view rest)
     const std::size_t length = rest.size() + 1;
     if (length <= longest)
         return;
-    // Wanted: only what is new to the tree is measured and told, without its first character.
+    // Wanted: only what is new to the tree is measured and reported, without its first character.
     const std::string message =
         "Keyword '" + std::string(rest) + "' has invalid length = " + std::to_string(length);
     Service::AssertFailure(message.c_str(), nullptr);
@@ -47,7 +47,7 @@ KeywordSyntaxLookupTable::KeywordSyntaxLookupTable() = default;
 
 KeywordSyntaxLookupTable::~KeywordSyntaxLookupTable()
 {
-    // Level by level: a document may hold names that each go on from the one before, thousands deep.
+    // Level by level: a document may have names that each continue the one before, thousands deep.
     std::vector<std::unique_ptr<KeywordSyntaxLookupTable>> pending;
     const auto detachChildren = [&pending](KeywordSyntaxLookupTable& level) {
         for (auto& entry : level.rows_) {
@@ -93,7 +93,7 @@ KeywordSyntaxLookupTable::Row* KeywordSyntaxLookupTable::FindRow(char key) const
 }
 
 /// There are two sorts of wildcard, and hosts rely on the difference. A `*` within a tail always matches. A
-/// `*` that became a row of its own, since another name split the edge, matches only if `wildcards` is set,
+/// `*` that became a separate row, since another name split the edge, matches only if `wildcards` is set,
 /// or if the name ends at the row above it.
 const KeywordSyntaxLookupTable::Row* KeywordSyntaxLookupTable::Find(
     std::string_view name, bool wildcards) const
@@ -108,7 +108,7 @@ const KeywordSyntaxLookupTable::Row* KeywordSyntaxLookupTable::Find(
         }
         const std::string_view rest = RestOf(name);
         const std::string_view tail = row->tail;
-        // A `*` of the tail matches whatever stands against it, a `*` of the name too.
+        // A `*` of the tail matches whatever is opposite, a `*` of the name too.
         const std::size_t common = CommonLength(tail.substr(0, tail.find(asterisk)), rest);
         const bool tailLeft = common < tail.size();
         if (tailLeft && tail[common] != asterisk)

@@ -28,7 +28,7 @@ public:
     KeywordSyntaxLookupTable& operator=(const KeywordSyntaxLookupTable&) = delete;
 
     /// Appends `syntax` to what is stored under `name`. Reports a name that is too long through
-    /// `Service::AssertFailure`, as far as the part that is new to the tree tells, and stores it all the
+    /// `Service::AssertFailure`, as far as the part that is new to the tree shows, and stores it all the
     /// same.
     void AddSyntax(const std::string& name, std::shared_ptr<const IKeywordSyntax> syntax);
 
@@ -44,8 +44,8 @@ private:
     friend class KeywordSyntaxEnumerator;
 
     struct Row {
-        std::unique_ptr<KeywordSyntaxLookupTable> children; // null: nothing goes on from here
-        std::string tail; // the edge behind the character that is the key
+        std::unique_ptr<KeywordSyntaxLookupTable> children; // null: nothing continues from here
+        std::string tail; // the edge after the character that is the key
         std::unique_ptr<Syntaxes> syntaxes; // null: an inner row
     };
     struct BySignedValue {

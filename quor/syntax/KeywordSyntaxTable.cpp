@@ -38,7 +38,7 @@ public:
     /// An empty table.
     KeywordSyntaxTableImpl() = default;
 
-    /// Reads both documents. They die before this returns, and nothing keeps a pointer into them.
+    /// Reads both documents. They are freed before this returns, and nothing keeps a pointer into them.
     void Load();
 
     const IKeywordSyntax* Lookup(
@@ -67,7 +67,7 @@ void KeywordSyntaxTableImpl::Load()
 {
     Initialise::Init();
     Seen seen;
-    TrustedSyntaxLoader trusted; // first, so that trusted syntaxes stand ahead of others of their name
+    TrustedSyntaxLoader trusted; // first, so that trusted syntaxes are before others of their name
     ReadDocument(trusted.GetDocument(), seen, true);
     SyntaxLoader main;
     ReadDocument(main.GetDocument(), seen, true);
@@ -87,7 +87,7 @@ void KeywordSyntaxTableImpl::ReadDocument(const xercesc::DOMDocument* document, 
 void KeywordSyntaxTableImpl::ReadKeyword(const xercesc::DOMElement& element, Seen& seen, bool record)
 {
     const std::string name = GetAttributeValue(&element, Tags::Name());
-    // One name may be defined several times, told apart by ids. The name decides where the syntaxes stand.
+    // One name may be defined several times, with different ids. The name decides where the syntaxes are.
     const std::string key =
         AttributeExists(&element, Tags::ID()) ? GetAttributeValue(&element, Tags::ID()) : name;
     if (!record && seen.count(key) != 0)

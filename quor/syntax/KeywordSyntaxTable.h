@@ -27,7 +27,7 @@ public:
     ///
     /// With `clear` the table, if any, is dropped, and with it every `IKeywordSyntax` and metadata object; do
     /// not use what is returned then. With `permanently` as well, no table can be made again: `Instance()`
-    /// throws `std::runtime_error`. Without, the next call loads anew.
+    /// throws `std::runtime_error`. Without, the next call loads again.
     static KeywordSyntaxTable& Instance(bool clear = false, bool permanently = true);
 
     ~KeywordSyntaxTable() override;

@@ -20,7 +20,7 @@ public:
         /// `Any`: whatever they are.
         enum Enum : int { Integer = 0, Real = 1, Any = 2 };
     };
-    /// The table's; they die with it.
+    /// The table's, and valid as long as it.
     using Keywords = std::set<const IKeywordSyntax*>;
 
     /// All, those of integers, those of reals.

@@ -34,7 +34,7 @@ public:
     /// @}
 
     /// `IKeywordSyntax::IsValid` for one mode, or for `SimulatorModeType::Any`. `spelling` is the keyword's
-    /// name or an alias. A syntax that is not this library's own doesn't tell modes apart.
+    /// name or an alias. A syntax that is not this library's own doesn't distinguish modes.
     static bool IsValid(const IKeywordSyntax& syntax, const std::string& spelling, SectionType::Enum section,
         SimulatorType::Enum simulator, SimulatorModeType::Enum mode);
 };

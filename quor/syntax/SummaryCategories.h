@@ -35,7 +35,7 @@ struct SummaryEntity {
         WellGradient = 19,
     };
     /// The name, as `ToString` gives it: with blanks ("Aquifer Gradient"). Exact, case included, and not
-    /// null. For an unknown text the answer is value 0, and only `found`, which may be null, tells.
+    /// null. For an unknown text the answer is value 0, and only `found`, which may be null, says so.
     /// @{
     VELD_QUOR_EXPORT static Enum FromString(const std::string& text, bool* found = nullptr);
     VELD_QUOR_EXPORT static Enum FromString(const char* text, bool* found = nullptr);
@@ -60,7 +60,7 @@ struct SummaryFlow {
     VELD_QUOR_EXPORT static const std::string& ToString(Enum value);
 };
 
-/// What a vector tells of a quantity.
+/// What a vector says of a quantity.
 struct SummaryFunction {
     /// In the order of the names.
     enum Enum : int {

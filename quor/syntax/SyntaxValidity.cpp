@@ -153,7 +153,7 @@ SyntaxValidity::Modes SyntaxValidity::MakeModes(const ValidityFacts& facts)
         if (!simulators[row])
             continue;
         const unsigned own = ModesOf(SimulatorType::Enum(row));
-        // A simulator that is listed, but has none of the listed modes, is valid in all of its own.
+        // A simulator that is listed, but has none of the listed modes, is valid in all its modes.
         modes[row] = (own & options) ? (own & options) : own;
     }
     return modes;

@@ -12,7 +12,7 @@ namespace Veld::Quor::Core::Keywords {
 class IKeywordDataMD;
 class IKeywordMapMD;
 
-/// Collects which variable stands at which metadata, over as many keywords as it is taken through. The
+/// Collects which variable is at which metadata, over as many keywords as it is taken through. The
 /// metadata are the table's.
 class VELD_QUOR_EXPORT KeywordDataMDProcessor : public IVariableProcessor {
 public:

@@ -10,7 +10,7 @@ constexpr const char* delimiters = "$ \t\n.*\\/"; // Wanted: a carriage return i
 /// Follows comments through a text: from the second of two hyphens to the end of the line.
 class CommentScan {
 public:
-    /// Takes the next character; tells whether it stands in a comment, or opens or ends one.
+    /// Accepts the next character; returns whether it is in a comment, or opens or ends one.
     bool Take(char c)
     {
         const bool endsLine = c == '\n' || c == '\r';
@@ -67,8 +67,8 @@ void VariablesString::Parse()
         std::string variable = text_.substr(at, end == std::string::npos ? end : end - at);
         if (variable.size() > 1)
             variables_.push_back(std::move(variable));
-        // The scan goes on at the delimiter, so hyphens within a variable open no comment. Wanted: without a
-        // delimiter it goes on behind the "$".
+        // The scan continues at the delimiter, so hyphens within a variable open no comment. Wanted: without
+        // a delimiter it continues after the "$".
         at = end == std::string::npos ? at + 1 : end;
     }
 }

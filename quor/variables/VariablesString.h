@@ -24,7 +24,7 @@ public:
     /// The text as it was given.
     const std::string& GetString() const { return text_; }
 
-    /// The variables with their "$", in the order in which they stand, as often as they stand.
+    /// The variables with their "$", in the order of the text, as often as they occur.
     const std::vector<std::string>& GetVariables() const { return variables_; }
 
     /// Whether there is a "$" outside comments: cheap, and looser than `GetVariables`, which finds nothing in

@@ -20,7 +20,7 @@ using MDType = IKeywordDataMD::MDType;
 /// | text       | node                                                                         |
 /// |------------|------------------------------------------------------------------------------|
 /// | `b c i l r s a w` | boolean, choice, integer, line, real, string, assignment, raw         |
-/// | `(i r! s)` | record, its second item an identifier; `0` stands for an item without metadata |
+/// | `(i r! s)` | record, its second item an identifier; `0` is an item without metadata |
 /// | `[i]`      | list; `[?i]`: its elements can be defaulted; `[]`: it has no item            |
 /// | `{A B/C D*}` | map of assignments, B and C being two keys of one, D* a wildcard           |
 ///
@@ -76,7 +76,7 @@ std::string Dump(const IKeywordData& data);
 /// New data of the keyword, with the values of such a text unless it is empty.
 std::unique_ptr<IKeywordData> Make(const IKeywordSyntax& keyword, const std::string& text = {});
 
-/// Data of a keyword of their own.
+/// Data of a separate keyword.
 struct Made {
     explicit Made(const std::string& shape, const std::string& text = {})
         : keyword(shape)

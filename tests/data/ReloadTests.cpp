@@ -48,7 +48,7 @@ std::string AcceptedOf(const LoadedTable& table)
 } // namespace
 
 // One process has one table after the other: the keywords are those of the table that is there at the first
-// call, and what stands later at the address of one of them is refused.
+// call, and what is later at the address of one of them is refused.
 TEST(TimeKeywords, AreThoseOfTheFirstTable)
 {
     EXPECT_EQ(

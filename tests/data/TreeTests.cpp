@@ -35,7 +35,7 @@ std::string RandomShape(std::mt19937& dice, int depth, const std::string& contai
     }
 }
 
-/// Gives another value. All but texts stand in an optional as they stand by themselves.
+/// Sets another value. All but texts are in an optional as they are by themselves.
 void Change(void* place, MDType::Enum type, bool optional)
 {
     if (type == MDType::Boolean)

@@ -95,7 +95,7 @@ std::string Dump(const xercesc::DOMNode& node)
     return text + "}";
 }
 
-/// What stands in the document's root, or "refused".
+/// What is in the document's root, or "refused".
 std::string DumpOf(const std::string& text)
 {
     XMLDocument document;
@@ -309,7 +309,7 @@ TEST(XMLDocuments, FitASmallStackAtTheGreatestDepth)
 {
     std::string name;
     OnSmallStack([&] {
-        const std::size_t depth = XMLDocument::MaxDepth - 3; // root, keyword and description stand above
+        const std::size_t depth = XMLDocument::MaxDepth - 3; // root, keyword and description are above
         const LoadedTable table("<keyword name='MAIN'><description>" + Repeat("<e>", depth) + "deep"
                 + Repeat("</e>", depth) + "</description></keyword>",
             Repeat("<e>", XMLDocument::MaxDepth - 2) + "<keyword name='TRUSTED'/>"

@@ -150,7 +150,7 @@ bool IsModest(const Texts& texts)
 
 // Checks
 
-/// Made anew now and then, since they keep each word that they were asked for.
+/// Made again now and then, since they keep each word that they were asked for.
 const DeckLanguage& GetLanguage()
 {
     static std::optional<DeckLanguage> language;

@@ -1,4 +1,4 @@
-// Bytes become a document: as they stand, or, so that not all end at the parser, as elements of the language
+// Bytes become a document: as they are, or, so that not all end at the parser, as elements of the language
 // that they choose. What the parser takes is loaded as the main syntax document and looked up.
 
 #include "quor/Keywords.h"
@@ -73,7 +73,7 @@ void LookUpAll(Keywords::KeywordSyntaxTable& table)
     Keywords::KeywordSyntaxEnumerator keywords = table.KeywordsEnumerator();
     while (keywords.NextWithHidden()) {
         const auto& [name, syntax] = *keywords.Current();
-        bool found = name->find('*') != std::string::npos; // one wildcard may stand before another
+        bool found = name->find('*') != std::string::npos; // one wildcard may be before another
         for (const Keywords::IKeywordSyntax* candidate : table.LookupAll(*name))
             found = found || candidate == syntax;
         Require(found);

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Writes what decks are made of, for the fuzzer to put together: the keywords that the program lists, each on a
-# line of its own, and what readers of decks treat in a way of its own.
+# Writes what decks are made of, for the fuzzer to put together: the keywords that the program lists, each on a separate
+# line, and what readers of decks treat specially.
 # Usage: dictionary.sh QUOR >FILE
 set -eu
 "$1" list --hidden | awk '{ print "\"\\x0A" $1 "\\x0A\"" }'

@@ -18,7 +18,7 @@ std::string Text(const Service::Optional<Value>& value)
     return value ? Category::ToString(*value) : "-";
 }
 
-/// What a list is of; `-` for no data. An item that may be left out stands in brackets.
+/// What a list is of; `-` for no data. An item that may be left out is in brackets.
 std::string DataText(const IKeywordDataMD* data)
 {
     static const std::string type[] = {"none", "assignment", "boolean", "choice", "integer", "line", "list",

@@ -14,7 +14,7 @@ using namespace Veld::Quor::Tests;
 
 namespace {
 
-/// "ALPHA ALTO|ALT BETA|~OLD" as a choice element: words, their aliases behind bars, hidden ones with a
+/// "ALPHA ALTO|ALT BETA|~OLD" as a choice element: words, their aliases after bars, hidden ones with a
 /// tilde.
 std::string Choices(const std::string& words)
 {
@@ -32,7 +32,7 @@ std::string Choices(const std::string& words)
     return Indented("<choice><values>" + xml + "</values></choice>");
 }
 
-/// The index, and behind it what was logged, or the message that says why there is none.
+/// The index, and after it what was logged, or the message that says why there is none.
 std::string Match(const IKeywordChoiceMD& choice, const std::string& text, bool lax = false)
 {
     Service::SetUseLaxMatch(lax);
@@ -74,7 +74,7 @@ public:
     }
 };
 
-/// "words / text": what `text` matches of the words. The names of the rows tell which match is asked for.
+/// "words / text": what `text` matches of the words. The names of the rows say which match is asked for.
 class ChoiceWarning : public testing::TestWithParam<Row> { };
 
 } // namespace

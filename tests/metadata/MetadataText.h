@@ -34,12 +34,12 @@ std::unique_ptr<Impl> Read(const std::string& xml, const Simulators& simulators 
     return md;
 }
 
-/// The same text with a line end between any two tags, so that a text node stands before each element.
+/// The same text with a line end between any two tags, so that a text node is before each element.
 std::string Indented(const std::string& xml);
 
 /// The whole tree as one line: `type#number name "description" ...{content}`. What a node doesn't have, or
-/// has as it stands without any word of the document, is left out. Defaults are listed by simulator, and
-/// behind ! the type of the override: "Any=5 Carrow=calculated Sedge=none!no default".
+/// has when the document says nothing of it, is left out. Defaults are listed by simulator, and
+/// after ! the type of the override: "Any=5 Carrow=calculated Sedge=none!no default".
 std::string Dump(const Core::Keywords::IKeywordDataMD& md);
 
 /// Where it is so, modes by their first letters: "Carrow/BCT Sedge/B"; or "everywhere", or "nowhere".

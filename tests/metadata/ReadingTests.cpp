@@ -18,8 +18,8 @@ std::string ReadAndDump(const std::string& xml)
     return xml.starts_with("<map") ? Dump(*Read<KeywordMapMDImpl>(xml)) : DumpOf(xml, {});
 }
 
-/// An element and what is read of it. What else is read if a line end stands before each element follows
-/// behind "; indented: ".
+/// An element and what is read of it. What else is read if a line end is before each element follows
+/// after "; indented: ".
 class Reading : public testing::TestWithParam<Row> { };
 
 /// In the rows, @1 stands for the first value of the kind and @2 for the second.

@@ -20,7 +20,7 @@ using namespace Veld::Quor::Tests;
 namespace {
 
 /// Every element and attribute that a list, a record and their items may have. The map and the raw text can
-/// stand nowhere but at the top of a keyword's data, and have keywords of their own.
+/// are only at the top of a keyword's data, and have separate keywords.
 const std::string listXml = Indented(
     R"(<list size="2*N" minSize="1" maxSize="9" termination="EOL" fillEmptyElementsWithPreviousValue="true"
     writeStartingOnNewLine="true" writeTerminationOnNewLine="false"><description>rows</description>
@@ -56,7 +56,7 @@ const std::string mapXml = Indented(R"(<map termination="EOL"><description>map</
     <aliases><alias name="AA"/></aliases><validity><simulator name="Carrow"/></validity></assignment>
   <assignment name="A*" wildcard="true"/></map>)");
 
-/// What becomes of the text, cut off behind each byte and all open elements closed. Without them closed, no
+/// What becomes of the text, cut off after each byte and all open elements closed. Without them closed, no
 /// such text can be read.
 template <class Impl>
 std::map<std::string, int> OutcomesOfCuts(const std::string& xml)
@@ -170,7 +170,7 @@ TEST(WholeKeyword, IsReadToTheLastAttribute)
         "Carrow=3 Wend=3 for Carrow Wend}; line#7 L \"line\" Any='text' Carrow='text' Wend='text' for Carrow "
         "Wend}}");
     EXPECT_EQ(syntax.GetIdentifierCount(), 2);
-    // The map's own validity stands behind its data, and comes too late.
+    // The map's own validity is after its data, and comes too late.
     EXPECT_EQ(Dump(*table.Get("M").GetDataMD()),
         "map EOL{assignment \"assignment\" keys(A|AA) valid(Carrow) [1..5] Any=2 Carrow=2 Dunmere=2 Sedge=2 "
         "Hallow=2 Marlpit=2 Ostrey=2 Wend=2 Tolmen=2 Wend_GE=2 Wend_CLASSIC=2; assignment keys(A*) "

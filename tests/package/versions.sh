@@ -1,5 +1,5 @@
 #!/bin/sh
-# versions.sh LIBDIR VERSION: the name that hosts load has major and minor version, which tell what is compatible.
+# versions.sh LIBDIR VERSION: the name that hosts load has major and minor version, which say what is compatible.
 set -eu
 libdir=$1 version=$2
 for library in service keyword-syntax keywords decks; do

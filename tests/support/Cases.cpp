@@ -8,7 +8,7 @@ namespace Veld::Quor::Tests {
 
 namespace {
 
-/// The character that stands behind the backslash at `at`, which moves to the end of it.
+/// The character after the backslash at `at`, which moves to the end of it.
 char Unescape(const std::string& text, std::size_t& at)
 {
     const char kind = text.at(++at);

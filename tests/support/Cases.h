@@ -28,7 +28,7 @@ struct Row {
 };
 
 /// Reads a table with a case a line, `Name: text => expected => more` or `Name (options): ...`, of which the
-/// cells at the end may be missing. Lines behind four blanks are more lines of the last cell. Blanks within
+/// cells at the end may be missing. Lines after four blanks are more lines of the last cell. Blanks within
 /// count, and \n, \r, \t, \0, \\ and \xHH are what they are in C++.
 std::vector<Row> Rows(const std::string& table);
 

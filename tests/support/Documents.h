@@ -8,7 +8,7 @@
 
 namespace Veld::Quor::Tests {
 
-/// A directory of its own below the system's temporary one, removed at the end.
+/// A separate directory below the system's temporary one, removed at the end.
 class TemporaryDirectory {
 public:
     TemporaryDirectory();
@@ -39,7 +39,7 @@ private:
 inline constexpr const char* mainVariable = "QUOR_KEYWORD_SYNTAX_FILE";
 inline constexpr const char* trustedVariable = "QUOR_KEYWORD_TRUSTED_SYNTAX_DIR";
 
-/// The process-wide table, loaded from two texts for as long as the object lives. The texts are what stands
+/// The process-wide table, loaded from two texts for as long as the object lives. The texts are what is
 /// below the root. After it there is no table.
 class LoadedTable {
 public:

@@ -19,7 +19,7 @@ bool HasFailed();
 namespace Veld::Quor::Tests {
 
 /// Runs `action` with the first allocation failing, then the next and so on until none is left to fail, and
-/// after each failure asks `check`. `next` gives the number of the next to fail. Nothing may be left behind.
+/// after each failure asks `check`. `next` gives the number of the next to fail. Nothing may be leaked.
 /// Gives the number of failures.
 template <class Action, class Check>
 int FailAllocations(Action action, Check check, long (*next)(long))

@@ -69,7 +69,7 @@ std::string Names(const std::set<const IKeywordSyntax*>& keywords)
 class KeywordParts : public testing::TestWithParam<Row> { };
 /// By category its texts, as a document says them, in the order of the values, and their number.
 class SummaryCategory : public testing::TestWithParam<Row> { };
-/// What it ends with; behind the bar the keyword that does so explicitly.
+/// What it ends with; after the bar the keyword that does so explicitly.
 class Scope : public testing::TestWithParam<Row> { };
 
 const std::string others = "<keyword name='A'><aliases><alias name='AA'/></aliases></keyword><keyword "

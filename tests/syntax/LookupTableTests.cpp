@@ -31,7 +31,7 @@ std::string KeywordsNamed(const Texts& names)
     return text;
 }
 
-/// What is still to come: each name, and behind a colon the keyword where it is another.
+/// What is still to come: each name, and after a colon the keyword if it has another name.
 std::string Rest(KeywordSyntaxEnumerator& enumerator, bool withHidden = false)
 {
     std::string text;
@@ -49,7 +49,7 @@ std::string Order(const std::string& main, bool withHidden = false)
     return Rest(enumerator, withHidden);
 }
 
-/// A look-up table of its own; what is stored under a name has that name.
+/// A separate look-up table; what is stored under a name has that name.
 class NameTable {
 public:
     explicit NameTable(const Texts& names)
@@ -79,7 +79,7 @@ private:
     KeywordSyntaxLookupTable table_;
 };
 
-/// "stored names/query", and what it finds with wildcards and, behind the bar, without.
+/// "stored names/query", and what it finds with wildcards and, after the bar, without.
 class LookupTable : public testing::TestWithParam<Row> { };
 
 } // namespace

@@ -16,7 +16,8 @@ using namespace Veld::Quor::Tests;
 
 namespace {
 
-/// A keyword that is valid in the sections named, and that its description tells from others of its name.
+/// A keyword that is valid in the sections named, and that differs from others of its name in its
+/// description.
 std::string Keyword(
     const std::string& name, const std::string& mark, std::initializer_list<const char*> sections = {})
 {
@@ -262,7 +263,7 @@ TEST_F(Loads, TakeTheBuiltInDocumentsWithoutVariables)
     EXPECT_GT(count, 100);
 }
 
-// Retirement is for good, so each case has a process of its own.
+// Retirement is for good, so each case has its own process.
 class RetiredTableDeathTest : public testing::TestWithParam<bool> { };
 
 TEST_P(RetiredTableDeathTest, IsNotMadeAgain)

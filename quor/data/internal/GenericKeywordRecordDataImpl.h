@@ -59,7 +59,7 @@ private:
 
         std::shared_ptr<const RecordLayout> layout_;
         std::unique_ptr<std::byte[]> block_;
-        std::size_t built_ = 0; // items that stand
+        std::size_t built_ = 0; // items that are constructed
     };
 
     const IKeywordRecordMD* md_; // the table's, as the syntax

@@ -11,7 +11,7 @@ namespace Veld::Quor::Core::Keywords {
 
 class IKeywordRecordMD;
 
-/// Where the items of a record stand in its one block of memory: a scalar in place, a nested object as a
+/// Where the items of a record are in its one block of memory: a scalar in place, a nested object as a
 /// pointer to it. Records that are cloned from each other, or are elements of one list, share a layout.
 class RecordLayout {
 public:

@@ -17,7 +17,7 @@ public:
     TrustedSyntaxData();
     ~TrustedSyntaxData();
 
-    /// The document, which this object owns, and with which it dies; unpacked at the first call. Null if the
+    /// The document, which this object owns; unpacked at the first call. Null if the
     /// library has none or can't unpack it.
     xercesc::DOMDocument* GetData();
 

@@ -72,8 +72,8 @@ struct ChildStep {
 };
 
 /// Direct children of any node type are counted from 0, and only elements at odd positions are seen. In an
-/// indented document a text node stands before each child element, and this walk sees what `ChildStep` sees;
-/// an element behind a comment, or with no white space before it, is passed over. Writers of documents rely
+/// indented document a text node is before each child element, and this walk sees what `ChildStep` sees;
+/// an element after a comment, or with no white space before it, is passed over. Writers of documents rely
 /// on either.
 struct OddChildStep {
     const xercesc::DOMNode* node;

@@ -9,7 +9,7 @@
 
 #include <xercesc/dom/DOMElement.hpp>
 
-/// The words of a syntax document that several readers take.
+/// The words of a syntax document that several readers accept.
 namespace Veld::Quor::Core::Keywords {
 
 inline std::string NameOf(const xercesc::DOMElement& element)
@@ -23,7 +23,7 @@ inline bool IsFlagged(const xercesc::DOMElement& element, const XMLCh* attribute
     return Service::XML::GetAttributeValueEqual(&element, attribute, Service::XML::Tags::True());
 }
 
-// Wanted, in the three below: a word that is not known counts as row 0, and nobody is told.
+// Wanted, in the three below: a word that is not known counts as row 0, and nothing is reported.
 
 inline SimulatorType::Enum ReadSimulator(const xercesc::DOMElement& element)
 {

@@ -24,10 +24,10 @@ public:
 
     /// The names of the entries that the regular expression `pattern` (ECMAScript) is found in.
     /// `files` and `directories` say which sorts of entries count; links count as what they lead to, and
-    /// sockets, pipes and devices not at all. `sorted`: in byte order of the names, else as the system gives
-    /// them. `recursive`: also below subdirectories, with names relative to this directory; the pattern is
-    /// held against the last part. A directory that can't be read gives no names. Throws `std::regex_error`
-    /// for a faulty pattern.
+    /// sockets, pipes and devices not at all. `sorted`: in byte order of the names, else as the system
+    /// returns them. `recursive`: also below subdirectories, with names relative to this directory; the
+    /// pattern is held against the last part. A directory that can't be read has no names. Throws
+    /// `std::regex_error` for a faulty pattern.
     std::vector<std::string> Find(const std::string& pattern, bool files, bool directories, bool sorted,
         bool caseSensitive, bool recursive) const;
 

@@ -11,7 +11,7 @@ namespace Veld::Quor::Core::Service {
 /// moves the name there.
 class VELD_QUOR_EXPORT FileName : public Directory {
 public:
-    /// `name` may have a directory part of its own, which becomes the base.
+    /// `name` may have a directory part, which then becomes the base.
     explicit FileName(const std::string& name);
     FileName(const FileName&);
     FileName& operator=(const FileName&);

@@ -71,7 +71,7 @@ struct OptionalTraits<bool> {
     /// @}
 };
 
-/// `std::string`: a flag stands beside it, since every text is a value.
+/// `std::string`: a flag is beside it, since every text is a value.
 template <>
 struct OptionalTraits<std::string> {
     /// The text and the flag.

@@ -6,7 +6,7 @@
 namespace Veld::Quor::Core::Keywords {
 
 /// Reads the termination attribute of a record, list or map into `termination`, which stays if there is none;
-/// tells whether there was. `reader` stands at the head of the failure's text: "KeywordListMDImpl::ReadXML".
+/// returns whether there was. `reader` is at the start of the failure's text: "KeywordListMDImpl::ReadXML".
 bool ReadTermination(const xercesc::DOMElement& element, const char* reader,
     IKeywordDataMD::TerminationType::Enum& termination);
 

@@ -11,7 +11,7 @@
 namespace Veld::Quor::Core::Keywords {
 
 /// Makes the metadata of one type element and reads it. `name` and `number` are those of the record's item
-/// that the element stands in; empty and 0 for the item of a list.
+/// that the element is in; empty and 0 for the item of a list.
 using ItemMaker = std::unique_ptr<IKeywordDataMDInternal> (*)(const xercesc::DOMElement& element,
     const std::vector<SimulatorType::Enum>& simulators, const std::string& name, unsigned int number);
 

@@ -4,8 +4,8 @@
 
 #include <string>
 
-/// Numbers of a syntax document. A text that is no number, or continues after one, is not reported: it gives
-/// what the C functions give. The locale plays no part.
+/// Numbers of a syntax document. A text that is no number, or continues after one, is not reported: it has
+/// the value that the C functions return. The locale has no effect.
 namespace Veld::Quor::Core::Keywords {
 
 template <class T>

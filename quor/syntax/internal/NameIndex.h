@@ -37,7 +37,7 @@ private:
     static constexpr std::uint64_t none = 0;
 
     static std::uint64_t Pack(std::string_view name);
-    /// The key's slot, or the free one where it would stand.
+    /// The key's slot, or the free one where it would be.
     std::size_t PlaceOf(std::uint64_t key) const;
     void Grow();
 

@@ -12,7 +12,7 @@ namespace Veld::Quor::Core::Keywords {
 /// `KeywordException`; there is no fall-back from a file to the built-in document.
 class SyntaxLoader {
 public:
-    /// Loads at the first call; later ones give the same document.
+    /// Loads at the first call; later ones return the same document.
     xercesc::DOMDocument* GetDocument();
 
 private:

@@ -17,8 +17,8 @@ struct ValidityElements {
     const xercesc::DOMElement* options = nullptr;
     const xercesc::DOMElement* sections = nullptr;
 
-    /// Remembers `child` if it is one of the three, a later one in place of an earlier one; tells whether it
-    /// was.
+    /// Remembers `child` if it is one of the three, a later one in place of an earlier one; returns whether
+    /// it was.
     bool Note(const xercesc::DOMElement& child);
     bool IsEmpty() const { return !simulators && !options && !sections; }
     /// These, and those of `other` where there is none.

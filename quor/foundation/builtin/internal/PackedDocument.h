@@ -9,7 +9,7 @@ class XMLDocument;
 
 namespace Veld::Quor::Core::KeywordSyntax::Internal {
 
-/// A document as the build leaves it in the binary: one zstd frame that tells its unpacked size.
+/// A document as the build leaves it in the binary: one zstd frame that has its unpacked size.
 struct PackedDocument {
     const unsigned char* bytes;
     std::size_t size;

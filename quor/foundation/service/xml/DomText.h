@@ -10,7 +10,7 @@
 
 namespace Veld::Quor::Core::Service::XML {
 
-/// Transcodes to UTF-8. The result is the calling thread's own and lasts to its next call; null gives an
+/// Transcodes to UTF-8. The result is the calling thread's own and valid until its next call; null gives an
 /// empty text.
 VELD_QUOR_EXPORT const char* XToC(const XMLCh* text);
 

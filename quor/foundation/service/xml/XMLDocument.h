@@ -11,14 +11,14 @@ namespace Veld::Quor::Core::Service::XML {
 
 class XMLElement;
 
-/// Holds one DOM document and owns it: the document dies with the holder, or when another one is read. One
-/// thread at a time; different objects are independent.
+/// Holds one DOM document and owns it: the document is valid until the holder is destroyed, or another one is
+/// read. One thread at a time; different objects are independent.
 ///
-/// Documents are read as from a stranger. Refused are: a document type declaration, and with it every entity
+/// Documents are untrusted input. Refused are: a document type declaration, and with it every entity
 /// but XML's own five; elements nested more than `MaxDepth` deep; elements with more than `MaxAttributes`
-/// attributes; documents of more than `MaxBytes`; and bytes behind the root element that the parser would
+/// attributes; documents of more than `MaxBytes`; and bytes after the root element that the parser would
 /// drop in silence. Nothing but the named file is ever opened. White space, comments and CDATA sections stay
-/// as nodes of their own; namespaces are not processed: a tag's name is its text, colon included. All
+/// as separate nodes; namespaces are not processed: a tag's name is its text, colon included. All
 /// encodings of Xerces-C++ are read.
 class VELD_QUOR_EXPORT XMLDocument {
 public:
@@ -36,8 +36,8 @@ public:
     XMLDocument(const XMLDocument&) = delete;
     XMLDocument& operator=(const XMLDocument&) = delete;
 
-    /// Reads the file, always a file of this machine whatever the path looks like, and gives its document.
-    /// Null for one that is missing, no regular file, malformed or refused; `Log` is told at `Error` why,
+    /// Reads the file, always a file of this machine whatever the path looks like, and returns its document.
+    /// Null for one that is missing, no regular file, malformed or refused; `Log` gets the reason at `Error`,
     /// with file, line and column.
     xercesc::DOMDocument* read(const char* path);
 

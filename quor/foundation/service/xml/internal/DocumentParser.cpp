@@ -100,7 +100,7 @@ void DocumentParser::endElement(
 
 void DocumentParser::endDocument()
 {
-    // The scanner takes a NUL, and bytes that don't decode, for the end of the text when they stand behind
+    // The scanner takes a NUL, and bytes that don't decode, for the end of the text when they are after
     // the root.
     if (getScanner()->getSrcOffset() != bytes_)
         Refuse("bytes behind the root element that are not text");

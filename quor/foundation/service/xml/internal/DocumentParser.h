@@ -9,7 +9,7 @@
 namespace Veld::Quor::Core::Service::XML::Internal {
 
 /// The DOM parser with everything shut that a stranger's document could reach through, and with the refusals
-/// that `XMLDocument` promises. Every fault leaves `Parse` as a `SAXParseException` with its place.
+/// that `XMLDocument` promises. Every error leaves `Parse` as a `SAXParseException` with its location.
 class DocumentParser : private xercesc::XercesDOMParser, private xercesc::ErrorHandler {
 public:
     DocumentParser();
