@@ -1,4 +1,4 @@
-// The destructors of the data interfaces, in one place.
+// The special members of the data interfaces, in one place.
 
 #include "quor/data/IKeywordData.h"
 #include "quor/data/IKeywordListData.h"
