@@ -1,5 +1,4 @@
 #include "tests/data/DataText.h"
-#include "tests/support/Documents.h"
 
 #include <gtest/gtest.h>
 
@@ -128,13 +127,4 @@ TEST(Identity, StartsWithTheNameOfTheRootAndListsNoMoreThanTheKeywordCounts)
         made.keyword.identifierCount = count;
         EXPECT_EQ(KeywordIdentity(made.data.get()).GetString(), text);
     }
-}
-
-TEST(Identity, TakesTheMarksOfTheDocument)
-{
-    const LoadedTable table("<keyword name='K'><data><list><record><item "
-                            "identifier='true'><string/></item><item><integer/></item><item "
-                            "identifier='true'><integer/></item></record></list></data></keyword>");
-    const auto data = Make(table.Get("K"), "[('FOO' 5 6)]");
-    EXPECT_EQ(KeywordIdentity(data.get()).GetString(), "FOO 6");
 }

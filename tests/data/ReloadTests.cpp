@@ -59,10 +59,3 @@ TEST(TimeKeywords, AreThoseOfTheFirstTable)
         EXPECT_EQ(AcceptedOf(LoadedTable(document)), "") << document;
     }
 }
-
-TEST(TimeKeywords, CutTheirPeriodsToTicks)
-{
-    EXPECT_EQ(DataAccessUtils::Advance(start, 15, 0.1), start + 1);
-    EXPECT_EQ(DataAccessUtils::Advance(start, 15, -0.1), start + -1);
-    EXPECT_FALSE(DataAccessUtils::Advance(Time(), day, 1).IsDef());
-}

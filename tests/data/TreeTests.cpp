@@ -148,14 +148,17 @@ private:
     void* item_;
 };
 
-/// Walks, clones, compares and frees; gives the number of stops, or 0 if the clone differs.
+/// Walks, also the metadata, clones, compares and frees; the number of stops, or 0 if the clone differs.
 int UseAllOver(const IKeywordData& data)
 {
     const std::unique_ptr<IKeywordData> clone = data.CloneSafely();
     int count = 0;
     for (ConstDataIterator it(*clone); it != ConstDataIterator::End(); ++it)
         ++count;
-    return *clone == data ? count : 0;
+    int nodes = 0;
+    for (ConstMetaDataIterator it(*data.GetMD()); it != ConstMetaDataIterator::End(); ++it)
+        ++nodes;
+    return *clone == data && nodes > 0 ? count : 0;
 }
 
 } // namespace

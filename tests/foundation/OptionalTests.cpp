@@ -5,6 +5,7 @@
 #include <cfloat>
 #include <climits>
 #include <string>
+#include <tuple>
 
 using Veld::Quor::Core::Keywords::SimulatorType;
 using Veld::Quor::Core::Service::Optional;
@@ -14,33 +15,14 @@ static_assert(sizeof(Optional<double>) == sizeof(double));
 static_assert(sizeof(Optional<bool>) == sizeof(bool));
 static_assert(sizeof(Optional<SimulatorType::Enum>) == sizeof(int));
 
-template <class T>
-struct Sample;
-template <>
-struct Sample<int> {
-    static int A() { return 0; }
-    static int B() { return -7; }
-};
-template <>
-struct Sample<double> {
-    static double A() { return 0.0; }
-    static double B() { return 2.5; }
-};
-template <>
-struct Sample<bool> {
-    static bool A() { return false; }
-    static bool B() { return true; }
-};
-template <>
-struct Sample<std::string> {
-    static std::string A() { return ""; }
-    static std::string B() { return "a text too long to be stored in place"; }
-};
-template <>
-struct Sample<SimulatorType::Enum> {
-    static SimulatorType::Enum A() { return SimulatorType::Carrow; }
-    static SimulatorType::Enum B() { return SimulatorType::Any; }
-};
+namespace {
+
+/// Two values of each type; the first is the least that could be taken for none.
+const std::tuple firsts(0, 0.0, false, std::string(), SimulatorType::Carrow);
+const std::tuple seconds(
+    -7, 2.5, true, std::string("a text too long to be stored in place"), SimulatorType::Any);
+
+} // namespace
 
 template <class T>
 class OptionalOf : public testing::Test {
@@ -50,8 +32,8 @@ TYPED_TEST_SUITE(OptionalOf, Types);
 
 TYPED_TEST(OptionalOf, HoldsAValueOrNothing)
 {
-    const TypeParam a = Sample<TypeParam>::A();
-    const TypeParam b = Sample<TypeParam>::B();
+    const TypeParam a = std::get<TypeParam>(firsts);
+    const TypeParam b = std::get<TypeParam>(seconds);
     Optional<TypeParam> none;
     EXPECT_FALSE(none);
     EXPECT_EQ(none.ValueOr(b), b);

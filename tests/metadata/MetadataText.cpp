@@ -42,23 +42,6 @@ std::string SimulatorsWhere(Test test)
     return Joined(names, " ");
 }
 
-template <class Test>
-std::string SimulatorsAndModes(Test test)
-{
-    std::vector<std::string> entries;
-    std::size_t flags = 0;
-    for (const auto& simulator : SimulatorType::EnumInfos()) {
-        std::string modes;
-        for (const auto& mode : SimulatorModeType::EnumInfos())
-            modes += test(simulator.value, mode.value) ? mode.text.substr(0, 1) : "";
-        EXPECT_EQ(test(simulator.value, SimulatorModeType::Any), !modes.empty());
-        flags += modes.size();
-        if (!modes.empty())
-            entries.push_back(simulator.text + "/" + modes);
-    }
-    return flags == 30 ? "everywhere" : entries.empty() ? "nowhere" : Joined(entries, " ");
-}
-
 /// Each node by its own interface: what it says, and what its bases say of it.
 class Writer {
 public:
@@ -184,16 +167,6 @@ private:
     }
 };
 
-/// The content by the one interface among them that the node has.
-template <class... Interfaces>
-std::string ContentOf(const IKeywordDataMD& md)
-{
-    std::string text;
-    const auto add = [&](const auto* node) { text += node ? Writer::Of(*node) : ""; };
-    (add(dynamic_cast<const Interfaces*>(&md)), ...);
-    return text;
-}
-
 } // namespace
 
 ParsedElement::ParsedElement(const std::string& xml)
@@ -220,9 +193,23 @@ std::string Dump(const IKeywordDataMD& md)
     return words[md.GetType()] + (md.GetItemNumber() ? "#" + std::to_string(md.GetItemNumber()) : "")
         + (md.GetName().empty() ? "" : " " + md.GetName())
         + (md.GetDescription().empty() ? "" : " \"" + md.GetDescription() + "\"")
-        + ContentOf<IKeywordAssignmentMD, IKeywordBooleanMD, IKeywordChoiceMD, IKeywordIntegerMD,
-            IKeywordLineMD, IKeywordListMD, IKeywordMapMD, IKeywordRawMD, IKeywordRealMD, IKeywordRecordMD,
-            IKeywordStringMD>(md);
+        + VisitMD(md, [](const auto& node) { return Writer::Of(node); });
+}
+
+std::string SimulatorsAndModes(const ModeTest& test)
+{
+    std::vector<std::string> entries;
+    std::size_t flags = 0;
+    for (const auto& simulator : SimulatorType::EnumInfos()) {
+        std::string modes;
+        for (const auto& mode : SimulatorModeType::EnumInfos())
+            modes += test(simulator.value, mode.value) ? mode.text.substr(0, 1) : "";
+        EXPECT_EQ(test(simulator.value, SimulatorModeType::Any), !modes.empty());
+        flags += modes.size();
+        if (!modes.empty())
+            entries.push_back(simulator.text + "/" + modes);
+    }
+    return flags == 30 ? "everywhere" : entries.empty() ? "nowhere" : Joined(entries, " ");
 }
 
 std::string Dump(const IValidityMD& validity)

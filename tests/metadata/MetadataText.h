@@ -2,6 +2,7 @@
 
 #include "quor/Keywords.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -42,7 +43,11 @@ std::string Indented(const std::string& xml);
 /// after ! the type of the override: "Any=5 Carrow=calculated Sedge=none!no default".
 std::string Dump(const Core::Keywords::IKeywordDataMD& md);
 
-/// Where it is so, modes by their first letters: "Carrow/BCT Sedge/B"; or "everywhere", or "nowhere".
+/// Where it is so, modes by their first letters: "Carrow/BCT Sedge/B"; or "everywhere", or "nowhere". Of
+/// `SimulatorModeType::Any` the test must say whether it is so in any mode.
+using ModeTest =
+    std::function<bool(Core::Keywords::SimulatorType::Enum, Core::Keywords::SimulatorModeType::Enum)>;
+std::string SimulatorsAndModes(const ModeTest& test);
 std::string Dump(const Core::Keywords::IValidityMD& validity);
 std::string Dump(const Core::Keywords::IUnsupportedByMD& unsupportedBy);
 

@@ -1,7 +1,6 @@
 #include "tests/metadata/MetadataText.h"
 #include "tests/support/Documents.h"
 #include "tests/support/LogCapture.h"
-#include "tests/support/SmallStack.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +9,6 @@
 #include <set>
 #include <string>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
 using namespace Veld::Quor::Core;
@@ -80,17 +78,6 @@ std::map<std::string, int> OutcomesOfCuts(const std::string& xml)
     }
     return outcomes;
 }
-
-std::string Nested(
-    const std::string& opening, const std::string& innermost, const std::string& closing, unsigned levels)
-{
-    std::string xml = innermost;
-    for (unsigned i = 0; i < levels; ++i)
-        xml = opening + xml + closing;
-    return "<keyword name='X'><data>" + xml + "</data></keyword>";
-}
-
-constexpr unsigned levelsLeft = Service::XML::XMLDocument::MaxDepth - 3; // root, keyword, data
 
 /// Each default of an item that has a value lies within these bounds.
 template <class Item, class Value>
@@ -192,23 +179,6 @@ TEST(WholeKeyword, CutOffAnywhereIsReadOrRefused)
         "refused\n");
     EXPECT_GT(outcomes.at("done"), 200);
     EXPECT_EQ(OutcomesOfCuts<KeywordMapMDImpl>(mapXml).size(), 2U);
-}
-
-TEST(DeepKeyword, NeedsLittleStack)
-{
-    const std::pair<std::string, int> rows[] = {{Nested("<list>", "", "</list>", levelsLeft), 253},
-        {Nested("<record><item name='A'>", "<real/>", "</item></record>", levelsLeft / 2), 127},
-        {Nested("<list><record><item name='A'>", "<choice/>", "</item></record></list>", levelsLeft / 3),
-            169}};
-    OnSmallStack([&] {
-        for (const auto& [document, expected] : rows) {
-            const LoadedTable table(document);
-            int nodes = 0;
-            for (ConstMetaDataIterator it(*table.Get("X").GetDataMD()); *it; ++it)
-                ++nodes;
-            EXPECT_EQ(nodes, expected);
-        }
-    });
 }
 
 TEST(BuiltIn, KeywordsAreSound)
