@@ -32,7 +32,7 @@ TEST(AccessToLists, SeesTheElementsInPlaceAndTheirFlags)
     EXPECT_TRUE(As<int>(list).empty());
 }
 
-TEST(AccessToLists, OfTextsAndBooleansGoesByElement)
+TEST(AccessToLists, ReadsTextsAndBooleansByElement)
 {
     const Made texts("[s]", "['a' 'b']");
     AddValue(AsList(*texts.data), "c");
@@ -47,7 +47,7 @@ TEST(AccessToLists, OfTextsAndBooleansGoesByElement)
     EXPECT_TRUE(ValueAt<bool>(AsList(*flags.data), 1)) << "every byte but 0";
 }
 
-TEST(AccessToMaps, GoesByKey)
+TEST(AccessToMaps, FindsAliasesAndWildcardsAndRefusesUnknownKeys)
 {
     const Made made("({A/B C W*} w)");
     IKeywordRecordData& record = AsRecord(*made.data);

@@ -89,7 +89,7 @@ TEST(FailedAllocation, LeavesTheDataAsTheyWere)
     }
 }
 
-TEST(Data, GiveBackAllThatTheyTook)
+TEST(Data, FreeAllTheirMemory)
 {
     const Keyword keyword(shape);
     Make(keyword, values); // metadata may keep what they are asked for the first time

@@ -39,7 +39,7 @@ std::string Unhandled(const std::string& function)
 
 } // namespace
 
-TEST(NewData, MirrorTheMetadata)
+TEST(NewData, HaveTheShapeOfTheMetadata)
 {
     for (const auto& row : Table(R"(
                                     | none
@@ -54,7 +54,7 @@ a                                   | none)"))
         EXPECT_EQ(Constructed(Keyword(row[0])), row[1]);
 }
 
-TEST(NewData, SayWhatTheyCannotBeMadeFor)
+TEST(NewData, RefuseTypesThatNoContainerHolds)
 {
     const std::string list = "Construct(IKeywordListMD)";
     const std::string item = "ConstructRecordElement()";
@@ -113,7 +113,7 @@ TEST(Registration, IsFirstComeFirstServedAndForRootsAlone)
     EXPECT_EQ(Constructed(keyword), "((-))");
 }
 
-TEST(Record, HasBytesThatSayWhatIsNotGiven)
+TEST(Record, StoresOneBytePatternForNotGiven)
 {
     const Made made("(b i r)");
     EXPECT_EQ(At<unsigned char>(*made.data, 0), 255);
@@ -195,7 +195,7 @@ A** | AX  | false)"))
         EXPECT_EQ(KeywordMapDataHelper::MatchKeys(row[0], row[1]), row[2] == "true") << row[0] << row[1];
 }
 
-TEST(List, IsFilledAndEmptied)
+TEST(List, RefusesBadIndicesAndCopiesItsOwnElements)
 {
     for (const auto& row : Table(R"(
 [b]      | [1 0]           | [1 0 0]             | [0]       | Storage
@@ -263,7 +263,7 @@ TEST(ValueList, DoublesFromAPartOfItself)
     }
 }
 
-TEST(Flags, AreNoneInOtherLists)
+TEST(Flags, AreIgnoredInListsWithoutThem)
 {
     const Made values("[i]", "[-2147483648~]");
     EXPECT_EQ(Dump(*values.data), "[-2147483648]");
@@ -275,7 +275,7 @@ TEST(Flags, AreNoneInOtherLists)
     EXPECT_EQ(Dump(*records.data), "[(1)]");
 }
 
-TEST(Flags, FollowAModelThroughRandomChanges)
+TEST(Flags, StayWithTheirElementsThroughRandomChanges)
 {
     std::mt19937 random(20);
     const auto below = [&random](std::size_t n) { return random() % n; };
@@ -321,7 +321,7 @@ TEST(Flags, FollowAModelThroughRandomChanges)
     }
 }
 
-TEST(NodeList, KeepsCopiesOfItsOwnMetadata)
+TEST(NodeList, RefusesNodesOfOtherMetadata)
 {
     const Made made("[(i [i])]", "[(1 [2])]");
     IKeywordListData& list = AsList(*made.data);

@@ -63,7 +63,7 @@ TEST(TextKeywords, AreReadAndWrittenAsThemselvesAlone)
     EXPECT_EQ(Dump(*other), "(- - - -)");
 }
 
-TEST(Dates, AreTimesOrNone)
+TEST(Dates, AreUndefinedIfInvalid)
 {
     for (const auto& row : Table(R"(
 (29 'FEB' 2024 -)            | 2024-02-29 00:00:00.000
@@ -115,7 +115,7 @@ TEST(Dates, AreTimesOrNone)
     }
 }
 
-TEST(TimeAdvance, FollowsTheKeyword)
+TEST(TimeAdvance, AddsStepsCutToTicks)
 {
     EXPECT_EQ(DataAccessUtils::AdvanceTime(start, current, day, nullptr), current);
     for (const auto& row : Table(R"(
@@ -146,7 +146,7 @@ MESSAGE | ('text')                            | now   | 2024-02-01 00:00:00.000)
         EXPECT_TRUE(ticks("TSTEP", steps, day).IsDef()) << steps;
 }
 
-TEST(PathAliases, AreResolved)
+TEST(PathAliases, AreResolvedOrLeftOpen)
 {
     for (const auto& row : Table(R"(
               | a/$B/c    | a/$B/c    | open

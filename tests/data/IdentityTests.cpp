@@ -98,7 +98,7 @@ TEST(Identity, ComparesStringsWithoutTheirQuotes)
     EXPECT_EQ(KeywordIdentity(made.data.get()).GetString(), " 'L'S");
 }
 
-TEST(Identity, FollowsLaterChanges)
+TEST(Identity, SeesLaterChangesOfTheData)
 {
     const Made made(deep, "(1 (2) [[(3)]] 4)");
     const KeywordIdentity identity(made.data.get());

@@ -235,7 +235,7 @@ TEST(DataWalk, ShowsACopyOfAMapsValue)
     EXPECT_EQ(Dump(*made.data), "{A=1 B=2}");
 }
 
-TEST(DataWalk, IsComparedByPlaceAndTreeAndEndsForAll)
+TEST(DataWalk, EndsOnceAndDiffersBetweenTrees)
 {
     const Made made("({A B} [i])", "({A=1} [2 3])");
     const std::unique_ptr<IKeywordData> clone = made.data->CloneSafely();
@@ -276,7 +276,7 @@ TEST(HostsRecord, IsWalkedAndCompared)
         EXPECT_TRUE(++it == ConstDataIterator::End());
 }
 
-TEST(Equality, IsToldByValueNotByHowItIsHeld)
+TEST(Equality, IsOfValuesNotOfStorage)
 {
     for (const auto& row : Table(R"(
 (r)    | (0)          | (-0)                      | same
@@ -326,7 +326,7 @@ TEST(Equality, OfALongListIsThatOfEachElement)
     }
 }
 
-TEST(Equality, SaysWhatCannotBeCompared)
+TEST(Equality, RefusesTypesThatCannotBeCompared)
 {
     const std::string type = "KeywordRecordDataEqual: unhandled data type ";
     const Keyword assignment("(a)");

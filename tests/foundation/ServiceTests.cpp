@@ -14,7 +14,7 @@ using namespace Veld::Quor::Tests;
 
 using Strings = std::vector<std::string>;
 
-TEST(ServiceStrings, KnowBlanksAndCase)
+TEST(ServiceStrings, AreTrimmedAndComparedInAsciiAlone)
 {
     EXPECT_TRUE(AllBlanks(""));
     EXPECT_TRUE(AllBlanks(" \t\n"));
@@ -37,7 +37,7 @@ TEST(ServiceStrings, KnowBlanksAndCase)
     EXPECT_EQ(upper, "STRAßE é X1") << "bytes beyond ASCII stay as they are";
 }
 
-TEST(ServiceStrings, Split)
+TEST(ServiceStrings, AreSplitWithAndWithoutEmptyParts)
 {
     Strings parts = {"old"};
     StringSplit("2024-01-01  12:00 ", parts, " ", false);
@@ -48,7 +48,7 @@ TEST(ServiceStrings, Split)
     EXPECT_EQ(parts, Strings{});
 }
 
-TEST(ServiceFiles, AreFoundByPattern)
+TEST(ServiceFiles, AreFoundByPatternInByteOrder)
 {
     const TemporaryDirectory directory;
     for (const char* name : {"b.xml", "a.xml", "c.XML", "d.xml.bak", "sub/e.xml"})
@@ -67,7 +67,7 @@ TEST(ServiceFiles, AreFoundByPattern)
     EXPECT_FALSE(Directory((directory.Path() / "a.xml").string()).Exists());
 }
 
-TEST(ServiceFiles, NamesMoveToADirectory)
+TEST(ServiceFiles, KeepTheirNameInANewDirectory)
 {
     FileName name("x.xml");
     EXPECT_EQ(name.GetFullName(), "x.xml");
@@ -76,7 +76,7 @@ TEST(ServiceFiles, NamesMoveToADirectory)
     EXPECT_EQ(FileName("a/b/c.xml").GetPath(), "a/b");
 }
 
-TEST(ServiceLog, HandlersReplaceEachOther)
+TEST(ServiceLog, GoesToTheLastHandlerAlone)
 {
     const LogCapture outer;
     {
@@ -98,7 +98,7 @@ TEST(ServiceLog, HandlersReplaceEachOther)
     EXPECT_EQ(outer.Lines().size(), 2U);
 }
 
-TEST(ServiceLog, LikeWarningsAreCapped)
+TEST(ServiceLog, CapsWarningsThatDifferInDigitsAlone)
 {
     const LogCapture log;
     MessageCapper& capper = *MessageCapper::instance();
@@ -119,7 +119,7 @@ TEST(ServiceLog, LikeWarningsAreCapped)
     capper.Reset();
 }
 
-TEST(ServicePolicy, IsSetAndAsked)
+TEST(MatchPolicy, IsStrictUntilSet)
 {
     EXPECT_FALSE(UseLaxMatch());
     SetUseLaxMatch(true);

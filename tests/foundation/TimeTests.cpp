@@ -22,14 +22,14 @@ TEST(Time, RefusesImpossibleDates)
             << year << ' ' << month << ' ' << date << ' ' << hour << ' ' << second << ' ' << millisecond;
 }
 
-TEST(Time, TellsDateAndTimeOfDay)
+TEST(Time, PrintsDateAndTimeOfDay)
 {
     EXPECT_EQ(Time(2024, 2, 29, 23, 59, 59, 7).GetAsString(), "2024-02-29 23:59:59.007");
     EXPECT_EQ(Time(1899, 12, 31, 0, 0, 0, 0).GetAsString(), "1899-12-31 00:00:00.000");
     EXPECT_EQ(Time().GetAsString(), "");
 }
 
-TEST(Time, MovesByTicks)
+TEST(Time, MovesByTicksWithoutOverflow)
 {
     Time time(1999, 12, 31, 23, 59, 59, 999);
     time += Time::TicksPerSecond / 1000;
@@ -51,7 +51,7 @@ TEST(Time, MovesByTicks)
     EXPECT_TRUE(time.IsDef()) << "the least time is not the undefined one";
 }
 
-TEST(Time, GoesThroughASerializer)
+TEST(Time, IsTheSameAfterSerialization)
 {
     struct Memory : Serializer {
         long long kept = 0;

@@ -108,7 +108,7 @@ class RefusedDocument : public testing::TestWithParam<Row> { };
 
 } // namespace
 
-TEST_P(RefusedDocument, IsNullAndTheLogTellsWhere)
+TEST_P(RefusedDocument, IsNullAndLoggedWithItsPosition)
 {
     const auto& [name, text, why, more, options] = GetParam();
     const TemporaryDirectory directory;
@@ -186,7 +186,7 @@ INSTANTIATE_TEST_SUITE_P(Excessive, RefusedDocument,
             "1:13: a document type declaration is refused"}),
     CaseName<Row>);
 
-TEST(RefusedDocuments, TellNothingOfOtherFiles)
+TEST(RefusedDocuments, LeakNothingOfOtherFiles)
 {
     const TemporaryDirectory directory;
     const std::string secret = directory.Write("secret.dtd", "<!ENTITY e 'hush'>");
@@ -219,7 +219,7 @@ TEST(RefusedFiles, AreOfThisMachineAndRegular)
               ": No such file or directory\n");
 }
 
-TEST(RefusedDocuments, AreAllThatAreCutShort)
+TEST(RefusedDocuments, AreAllThatAreCutOff)
 {
     const std::string whole = "\xEF\xBB\xBF<?xml version='1.0' encoding='UTF-8'?>\n<!-- c --><?p i?><r "
                               "a='caf\xC3\xA9 &amp;'>\n<b/>\xE2\x82\xAC<![CDATA[<]]>&#x10FFFF;</r>";
@@ -234,7 +234,7 @@ TEST(RefusedDocuments, AreAllThatAreCutShort)
 
 class AcceptedDocument : public testing::TestWithParam<Row> { };
 
-TEST_P(AcceptedDocument, IsReadAsItStands)
+TEST_P(AcceptedDocument, KeepsEachNode)
 {
     LogCapture log;
     EXPECT_EQ(DumpOf(GetParam().text), GetParam().expected);
@@ -319,7 +319,7 @@ TEST(XMLDocuments, FitASmallStackAtTheGreatestDepth)
     EXPECT_EQ(name, "deep TRUSTED");
 }
 
-TEST(XMLDocuments, ReplaceTheOneBefore)
+TEST(XMLDocuments, AreFreedByTheNextRead)
 {
     const LogCapture log;
     XMLDocument document;
@@ -330,7 +330,7 @@ TEST(XMLDocuments, ReplaceTheOneBefore)
     EXPECT_EQ(document.GetDocument(), nullptr);
 }
 
-TEST(XMLDocuments, AreWritten)
+TEST(XMLDocuments, RefuseInvalidNamesWhenBuilt)
 {
     XMLDocument document("root");
     XMLElement root = document.getRoot();

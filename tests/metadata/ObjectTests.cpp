@@ -75,7 +75,7 @@ std::string FormatsOf(const std::string& xml)
 
 } // namespace
 
-TEST(Formatting, ComesBackAfterAChange)
+TEST(Formatting, OfTheDocumentIsRestored)
 {
     EXPECT_EQ(FormatsOf<KeywordRealMDImpl>("<real><format>%g</format></real>"), "%g A B %g %g A %g ");
     EXPECT_EQ(FormatsOf<KeywordRealMDImpl>("<real/>"), "none A B none none A none ");
@@ -103,7 +103,7 @@ TEST(Formatting, IsRefusedForAHostsOwnClass)
         "setCustomFormattingTmpl: unhandled type");
 }
 
-TEST(ByCode, ContainersTakeItems)
+TEST(ByCode, ItemsKeepTheirFlags)
 {
     KeywordRecordMDImpl record;
     auto real = std::make_unique<KeywordRealMDImpl>();
@@ -155,7 +155,7 @@ TEST(Copies, OfAnAssignmentsInterfaceHaveNoPlaceAndNoOverrides)
     EXPECT_EQ(Dump(KeywordAssignmentMDImpl(static_cast<const IKeywordAssignmentMD&>(*from))), text);
 }
 
-TEST(Types, OfItemsAreToldApart)
+TEST(ItemTypes, AreScalarsAndAssignments)
 {
     std::string items;
     for (int type = 0; type <= 12; ++type)

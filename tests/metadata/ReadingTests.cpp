@@ -47,7 +47,7 @@ class ChoiceDefaults : public testing::TestWithParam<Row> { };
 
 } // namespace
 
-TEST_P(Reading, GivesThis)
+TEST_P(Reading, FollowsTheDocumentWithAndWithoutLineEnds)
 {
     const auto& [name, xml, expected, more, options] = GetParam();
     const std::string separator = "; indented: ";
@@ -137,7 +137,7 @@ IntegerDescription: <integer><description>a</description><description>b</descrip
 )")),
     CaseName<Row>);
 
-TEST(Documents, OfRealsDoesNotFollowTheLocale)
+TEST(Documents, AreReadAlikeInEachLocale)
 {
     struct Comma : std::numpunct<char> {
         char do_decimal_point() const override { return ','; }
@@ -153,7 +153,7 @@ TEST(Documents, OfRealsDoesNotFollowTheLocale)
     EXPECT_EQ(Dump(*real), "real [1.5..2] Any=1.75");
 }
 
-TEST(Documents, GivesOneObjectForEqualMeasurements)
+TEST(Documents, ShareEqualMeasurements)
 {
     const auto a = Read<KeywordRealMDImpl>("<real><quantity name='volume'/></real>");
     const auto b = Read<KeywordRealMDImpl>("<real><quantity name='volume'/></real>");
@@ -162,7 +162,7 @@ TEST(Documents, GivesOneObjectForEqualMeasurements)
     EXPECT_NE(a->GetMeasurement(), other->GetMeasurement());
 }
 
-TEST(Documents, ThatFailsKeepsTheItemsBefore)
+TEST(Documents, KeepTheItemsBeforeAFailure)
 {
     KeywordRecordMDImpl record;
     const ParsedElement element("<record><item name='A'><real/></item><item/><item><real/></item></record>");
@@ -184,7 +184,7 @@ TEST(Records, AnswerBeyondTheLastSkippableItem)
         Read<KeywordRecordMDImpl>("<record><item><real/></item></record>")->GetSkippableInfo(), nullptr);
 }
 
-TEST(Records, AreToldApartByTheirItems)
+TEST(Records, AreClassifiedByTheirItems)
 {
     for (const Row& row : Rows(R"(
 Empty: <record/> => numeric

@@ -181,7 +181,7 @@ TEST(WholeKeyword, CutOffAnywhereIsReadOrRefused)
     EXPECT_EQ(OutcomesOfCuts<KeywordMapMDImpl>(mapXml).size(), 2U);
 }
 
-TEST(BuiltIn, KeywordsAreSound)
+TEST(BuiltIn, DefaultsAreWithinLimitsAndItemsAreNumbered)
 {
     KeywordSyntaxTable::Instance(true, false);
     KeywordSyntaxEnumerator keywords = KeywordSyntaxTable::Instance().KeywordsEnumerator();

@@ -75,6 +75,11 @@ std::string LoadFailureOf(const std::string& main)
     }
 }
 
+std::string KeywordElement(const std::string& name, const std::string& content)
+{
+    return "<keyword name=\"" + name + "\">" + content + "</keyword>\n";
+}
+
 std::string Document(std::string_view body)
 {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<keywords>\n" + std::string(body) + "\n</keywords>\n";

@@ -62,6 +62,8 @@ private:
 /// What loading a table from the text says in its exception; "loaded" if it does load.
 std::string LoadFailureOf(const std::string& main);
 
+/// The element of a keyword.
+std::string KeywordElement(const std::string& name, const std::string& content = {});
 /// `body` as a whole document.
 std::string Document(std::string_view body);
 

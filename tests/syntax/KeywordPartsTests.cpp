@@ -16,14 +16,9 @@ using namespace Veld::Quor::Tests;
 
 namespace {
 
-std::string Keyword(const std::string& name, const std::string& body)
-{
-    return "<keyword name=\"" + name + "\">" + body + "</keyword>";
-}
-
 std::string CellList(const std::string& name, const std::string& item)
 {
-    return Keyword(name, "<cell/><data><list>" + item + "</list></data>");
+    return KeywordElement(name, "<cell/><data><list>" + item + "</list></data>");
 }
 
 std::string Dump(const ICellPropertyInfo* info)
@@ -79,7 +74,7 @@ const std::string others = "<keyword name='A'><aliases><alias name='AA'/></alias
 
 TEST_P(KeywordParts, AreWhatTheirElementsSay)
 {
-    const LoadedTable table(Keyword("X", GetParam().text));
+    const LoadedTable table(KeywordElement("X", GetParam().text));
     const IKeywordSyntax& x = table.Get("X");
     EXPECT_EQ(Dump(x.GetCellPropertyInfo()) + "|" + Dump(x.GetSummaryMnemonicInfo()), GetParam().expected);
 }
@@ -126,7 +121,7 @@ phase: Gas,Liquid,Oil,Volume,Water => 5
 )")),
     CaseName<Row>);
 
-TEST(Summary, OnlyTheAquiferOptionHasANameOfItsOwn)
+TEST(Summary, OnlyTheAquiferOptionHasAnotherText)
 {
     EXPECT_EQ(SummaryOption::ToString(SummaryOption::Aquifer), "Aquifer");
     EXPECT_EQ(SummaryEntity::ToString(SummaryEntity::Aquifer), "Aquifer");
@@ -136,14 +131,15 @@ TEST(Summary, OnlyTheAquiferOptionHasANameOfItsOwn)
     EXPECT_FALSE(found);
 }
 
-TEST(CellPropertyQueries, TellTheTypesOfValuesApart)
+TEST(CellPropertyQueries, SeparateIntegersFromReals)
 {
     const LoadedTable table(CellList("INT", "<integer/>") + CellList("REAL", "<real/>")
             + CellList("STRING", "<string/>") + CellList("NOITEM", "")
             + CellList("LASTTYPE", "<integer/><real/>") + CellList("LISTS", "<list><real/></list>")
-            + Keyword("RECORD", "<cell/><data><record><item name='A'><real/></item></record></data>")
-            + Keyword("NODATA", "<cell/>") + Keyword("NOCELL", "<data><list><real/></list></data>")
-            + Keyword(
+            + KeywordElement("RECORD", "<cell/><data><record><item name='A'><real/></item></record></data>")
+            + KeywordElement("NODATA", "<cell/>")
+            + KeywordElement("NOCELL", "<data><list><real/></list></data>")
+            + KeywordElement(
                 "ALIASED", "<aliases><alias name='AL'/></aliases><cell/><data><list><real/></list></data>"),
         CellList("TRUSTED", "<integer/>"));
     using Queries = KeywordSyntaxTableQueries;
@@ -153,12 +149,12 @@ TEST(CellPropertyQueries, TellTheTypesOfValuesApart)
     EXPECT_EQ(Queries::GetIntCellProperties(), (Queries::Keywords{&table.Get("INT"), &table.Get("TRUSTED")}));
 }
 
-TEST(CellPropertyQueries, SeeWhatIsNotHiddenUnderSomeName)
+TEST(CellPropertyQueries, LeaveOutWhatIsHiddenUnderAllNames)
 {
     const std::string list = "<data><list><real/></list></data><aliases><alias name='A'>";
-    const LoadedTable table(Keyword("HIDDEN", "<cell/><isHidden/><data><list><real/></list></data>")
-        + Keyword("H1", "<cell/><isHidden/>" + list + "<isHiddenAlias/></alias></aliases>")
-        + Keyword("H2", "<cell/><isHidden/>" + list + "</alias></aliases>"));
+    const LoadedTable table(KeywordElement("HIDDEN", "<cell/><isHidden/><data><list><real/></list></data>")
+        + KeywordElement("H1", "<cell/><isHidden/>" + list + "<isHiddenAlias/></alias></aliases>")
+        + KeywordElement("H2", "<cell/><isHidden/>" + list + "</alias></aliases>"));
     EXPECT_EQ(Names(KeywordSyntaxTableQueries::GetRealCellProperties()), "H2 ");
 }
 

@@ -45,11 +45,6 @@ std::string ValidityOf(const IKeywordSyntax& syntax, const std::string& spelling
     return everywhere ? "everywhere: " + first : text;
 }
 
-std::string Keyword(const std::string& name, const std::string& body)
-{
-    return "<keyword name=\"" + name + "\">" + body + "</keyword>\n";
-}
-
 std::string Sections(const std::string& first, const std::string& second = "")
 {
     return "<validSections><section name='" + first + "'/>"
@@ -62,7 +57,7 @@ class KeywordValidity : public testing::TestWithParam<Row> { };
 
 TEST_P(KeywordValidity, FollowsItsElements)
 {
-    const LoadedTable table(Keyword("X", GetParam().text));
+    const LoadedTable table(KeywordElement("X", GetParam().text));
     EXPECT_EQ(ValidityOf(table.Get("X"), "X"), GetParam().expected);
 }
 
@@ -120,7 +115,8 @@ TEST(KeywordSyntax, ListsWhereItIsValid)
 
 TEST(KeywordSyntax, AnswersForTheSpelling)
 {
-    const LoadedTable table(Keyword("X", R"(<validSimulators><simulator name="Sedge"/></validSimulators>
+    const LoadedTable table(
+        KeywordElement("X", R"(<validSimulators><simulator name="Sedge"/></validSimulators>
 <aliases><alias name="PLAIN"/><x><alias name="DEEP"/></x>
   <alias name="HIDDEN"><isHiddenAlias>no</isHiddenAlias></alias>
   <alias name="OWN"><validSimulators><simulator name="Carrow"/><simulator name="Sedge"/></validSimulators></alias>
@@ -144,8 +140,8 @@ TEST(KeywordSyntax, AnswersForTheSpelling)
 TEST(KeywordSyntax, HidesItsOwnNameAlone)
 {
     const LoadedTable table(
-        Keyword("X", "<isHidden/><isGeneric>false</isGeneric><aliases><alias name='A'/></aliases>")
-        + Keyword("Y", "<isHidden>false</isHidden><data/>"));
+        KeywordElement("X", "<isHidden/><isGeneric>false</isGeneric><aliases><alias name='A'/></aliases>")
+        + KeywordElement("Y", "<isHidden>false</isHidden><data/>"));
     const IKeywordSyntax& x = table.Get("X");
     EXPECT_TRUE(x.IsHidden() && x.IsHidden("X") && x.IsGeneric());
     EXPECT_FALSE(x.IsHidden("A") || x.IsHidden("UNKNOWN"));
@@ -161,17 +157,17 @@ TEST(KeywordSyntax, HasItsRoleInADeckByName)
         {"RUNSPEC", Role::Section}, {"SUMMARY", Role::Section}, {"OPTIMIZE", Role::Section},
         {"SKIPCAR", Role::Ordinary}, {"Grid", Role::Ordinary}, {"ENDI", Role::Ordinary}};
     for (const auto& [name, role] : rows) {
-        const LoadedTable table(Keyword(name, ""));
+        const LoadedTable table(KeywordElement(name, ""));
         EXPECT_EQ(table.Get(name).GetDeckRole(), role) << name;
     }
 }
 
-TEST(KeywordSyntax, TellsWhereItIsDocumented)
+TEST(KeywordSyntax, IsDocumentedUnderSummaryIfValidThereAlone)
 {
-    const LoadedTable table(Keyword("OWN", "<description>a <b>b</b></description>" + Sections("GRID"))
-        + Keyword("VECTOR", Sections("SUMMARY")) + Keyword("BOTH", Sections("SUMMARY", "GRID"))
-        + Keyword("PAGE", "<documentation>WELLS</documentation>" + Sections("SUMMARY"))
-        + Keyword("EMPTY", "<documentation/>"));
+    const LoadedTable table(KeywordElement("OWN", "<description>a <b>b</b></description>" + Sections("GRID"))
+        + KeywordElement("VECTOR", Sections("SUMMARY")) + KeywordElement("BOTH", Sections("SUMMARY", "GRID"))
+        + KeywordElement("PAGE", "<documentation>WELLS</documentation>" + Sections("SUMMARY"))
+        + KeywordElement("EMPTY", "<documentation/>"));
     const std::pair<const char*, const char*> rows[] = {
         {"OWN", "OWN"}, {"VECTOR", "SUMMARY"}, {"BOTH", "BOTH"}, {"PAGE", "WELLS"}, {"EMPTY", ""}};
     for (const auto& [name, page] : rows)
@@ -207,12 +203,12 @@ TEST(SkipKeywords, AreKnownByIdentityInEachTable)
         &Utils::IsSKIP, &Utils::IsSKIPCAR, &Utils::IsSKIPDUN, &Utils::IsENDSKIP};
     const IKeywordSyntax& (*const get[])() = {
         &Utils::GetSKIP, &Utils::GetSKIPCAR, &Utils::GetSKIPDUN, &Utils::GetENDSKIP};
-    const std::string skip = Keyword("SKIP", "<aliases><alias name='SKIPX'/></aliases>");
-    for (const std::string& document :
-        {skip + Keyword("SKIPCAR", "") + Keyword("SKIPDUN", "") + Keyword("ENDSKIP", "") + Keyword("X", ""),
-            Keyword("X", "") + Keyword("ENDSKIP", "") + Keyword("SKIPCAR", "") + skip,
-            Keyword("X", "") + Keyword("SKIPDUN", "") + Keyword("ENDSKIP", "") + Keyword("SKIPCAR", "")
-                + skip}) {
+    const std::string skip = KeywordElement("SKIP", "<aliases><alias name='SKIPX'/></aliases>");
+    for (const std::string& document : {skip + KeywordElement("SKIPCAR") + KeywordElement("SKIPDUN")
+                 + KeywordElement("ENDSKIP") + KeywordElement("X"),
+             KeywordElement("X") + KeywordElement("ENDSKIP") + KeywordElement("SKIPCAR") + skip,
+             KeywordElement("X") + KeywordElement("SKIPDUN") + KeywordElement("ENDSKIP")
+                 + KeywordElement("SKIPCAR") + skip}) {
         SCOPED_TRACE(document);
         const LoadedTable table(document);
         EXPECT_TRUE(Utils::IsSKIP(table.Get("SKIPX"))) << "an alias shares the object";
@@ -231,7 +227,7 @@ TEST(SkipKeywords, AreKnownByIdentityInEachTable)
 
 TEST(SkipKeywords, AreLookedUpInATableThatIsLoadedForThem)
 {
-    const LoadedTable table(Keyword("SKIP", ""));
+    const LoadedTable table(KeywordElement("SKIP"));
     KeywordSyntaxUtils::GetSKIP();
     KeywordSyntaxTable::Instance(true, false);
     EXPECT_EQ(KeywordSyntaxUtils::GetSKIP().GetName(), "SKIP");
