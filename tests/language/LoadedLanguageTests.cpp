@@ -49,7 +49,7 @@ const std::string trustedDirectory = QUOR_SOURCE_DIR "/language/trusted";
 
 } // namespace
 
-TEST(Roads, AllLeadToTheSameLanguage)
+TEST(LoadedLanguage, IsTheSameFromFilesAndFromTheBinary)
 {
     const LogCapture log;
     const std::vector<std::string> builtIn = LoadLanguage();
@@ -65,7 +65,7 @@ TEST(Roads, AllLeadToTheSameLanguage)
     EXPECT_EQ(log.Text(), "");
 }
 
-TEST(Roads, DifferForAnotherLanguage)
+TEST(LoadedLanguage, DiffersForAnotherDocument)
 {
     const TemporaryDirectory directory;
     const std::vector<std::string> builtIn = LoadLanguage();
