@@ -73,7 +73,6 @@ NumbersCountItemsAlone: <record><description>d</description><item name='A'><real
 Marks: <record><item name='A' optional='true' identifier='true' columnConstraint='increasing'><real/></item><item name='B' optional='yes' identifier='TRUE' columnConstraint='decreasing'><real/></item><item columnConstraint='strictly_decreasing'><real/></item></record> => record NONE{real#1 A optional identifier increasing; real#2 B decreasing; real#3 strictly_decreasing}
 LastPlaceCounts: <record><item name='A'><validity> <simulator name='Wend'/></validity><validity/><real/><unsupportedBy> <simulator name='Sedge'/></unsupportedBy><unsupportedBy/></item></record> => record NONE{real#1 A valid(nowhere)}
 Skippable: <record><item><real/></item><item><skippableOnRead>no</skippableOnRead><real/></item><item><real/><skippableOnWrite/></item><item><skippableOnWrite/><skippableOnRead/><real/></item></record> => record NONE{real#1; real#2 skip-read; real#3 skip-write; real#4 skip-read skip-write}
-Descriptions: <record><item><real><description>a</description></real></item><item><boolean><description>b</description></boolean></item><item><string><description>c</description></string></item></record> => record NONE{real#1 "a"; boolean#2 "b"; string#3 "c"}
 )")),
     CaseName<Row>);
 
