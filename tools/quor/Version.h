@@ -4,7 +4,7 @@
 
 namespace Veld::Quor::Tools {
 
-/// Of the library, in four parts with dots; empty if it tells none.
+/// Of the library, in four parts with dots; empty if it has none.
 std::string GetVersion();
 
 } // namespace Veld::Quor::Tools

@@ -13,7 +13,7 @@
 
 namespace Veld::Quor::Tools {
 
-// Both commands tell of the application that they belong to, so that what they tell is what it understands.
+// Both commands describe the application that they belong to, so that what they say is what it understands.
 
 Command MakeManCommand(CLI::App& application)
 {

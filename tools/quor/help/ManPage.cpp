@@ -10,7 +10,7 @@ namespace Veld::Quor::Tools {
 
 namespace {
 
-/// As roff prints it, wherever it stands.
+/// As roff prints it, wherever it is.
 std::string Escape(const std::string& text)
 {
     std::string escaped;

@@ -11,7 +11,7 @@ namespace Veld::Quor::Tools {
 
 struct OptionDescription {
     std::vector<std::string> names; ///< with their hyphens; empty: it goes by its position
-    std::string value; ///< what stands for the value; empty: it takes none
+    std::string value; ///< what stands for the value; empty: it has none
     std::vector<std::string> choices; ///< of the value; empty: any
     std::string help;
     bool isRequired = false;

@@ -6,7 +6,7 @@
 
 namespace Veld::Quor::Tools {
 
-/// A line on standard error that tells how far a work is. There is none if standard error is no terminal, or
+/// A line on standard error that shows how far a work is. There is none if standard error is no terminal, or
 /// the work is done soon. What else is printed must wait until the bar is gone.
 class ProgressBar {
 public:

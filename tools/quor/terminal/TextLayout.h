@@ -15,7 +15,7 @@ std::string ToLower(std::string text);
 std::string TrimEnd(std::string line);
 std::string Join(const std::vector<std::string>& words, const char* separator = ", ");
 
-/// The words of `text` behind `head`, on lines of at most `width` characters where the words allow; further
+/// The words of `text` after `head`, on lines of at most `width` characters where the words allow; further
 /// lines are indented to `indent`. Ends in a line end; empty if there are no words and no head.
 std::string Wrap(const std::string& head, std::string_view text, std::size_t indent, std::size_t width);
 
@@ -32,7 +32,7 @@ public:
     std::string GetHead(std::size_t indent) const;
     /// The row added as number `index`.
     std::string GetRow(std::size_t index, std::size_t indent, std::size_t width) const;
-    /// Columns behind the indent before column `column`.
+    /// Columns after the indent before column `column`.
     std::size_t GetOffset(std::size_t column) const;
 
 private:

@@ -27,7 +27,7 @@ struct SimulatorDefault {
     Core::Keywords::SimulatorType::Enum simulator;
     bool isOfKeyword; ///< whether the keyword is valid for the simulator
     Default value;
-    std::string overrideType; ///< empty: the document gives the simulator no default of its own
+    std::string overrideType; ///< empty: the document has no separate default for the simulator
 };
 
 struct Defaults {

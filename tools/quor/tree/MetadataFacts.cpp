@@ -58,7 +58,7 @@ std::vector<std::string> MeasurementsOf(const IKeywordSyntax& syntax)
 
 std::vector<std::pair<std::string, bool>> AliasesOf(const IKeywordChoiceMD& md, int choice)
 {
-    // The interface doesn't tell aliases.
+    // The interface has no aliases.
     const auto* const own = dynamic_cast<const KeywordChoiceMDImpl*>(&md);
     if (!own)
         return {};

@@ -10,7 +10,7 @@ using namespace Core::Keywords;
 
 namespace {
 
-/// `holds` tells of one simulator and mode.
+/// `holds` says it of one simulator and mode.
 template <class Holds>
 ModeTable MakeModeTable(Holds holds)
 {

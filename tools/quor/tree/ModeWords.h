@@ -6,7 +6,7 @@
 
 namespace Veld::Quor::Tools {
 
-// `keyword` is where the keyword is valid: what lies outside is not told.
+// `keyword` is where the keyword is valid: what is outside is not shown.
 
 /// Where a part of a keyword is valid: "only for Sedge" or "not for Carrow"; empty if it is wherever the
 /// keyword is.

@@ -11,7 +11,7 @@ namespace Veld::Quor::Tools {
 /// "list of reals" and the like.
 std::string ShapeText(const Core::Keywords::IKeywordDataMD& md);
 
-/// Of a list the item, if that is a scalar, and of a scalar itself: what one line can tell along with `md`.
+/// Of a list the item, if that is a scalar, and of a scalar itself: what one line can show along with `md`.
 const Core::Keywords::IKeywordDataMD* FindScalar(const Core::Keywords::IKeywordDataMD& md);
 
 /// What is to be said of a record, list, map or raw text of the keyword beside its content.
