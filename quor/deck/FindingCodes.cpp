@@ -224,7 +224,7 @@ const std::vector<CodeInfo>& Codes()
         {Code::MissingKeyword, "missing-keyword", error,
             "A keyword is missing that the deck cannot run without.",
             "Add one of the keywords that the finding names.",
-            "RUNSPEC\nWATER\nGRID\nPROPS\nROCK\n 200 4E-5 /\nSOLUTION\nSCHEDULE\n",
+            "RUNSPEC\nWATER\nGRID\nPROPS\nSOLUTION\nSCHEDULE\n",
             "RUNSPEC\nDIMENS\n 1 1 1 /\nWATER\nGRID\nPROPS\nSOLUTION\nSCHEDULE\n"},
         {Code::ConflictingKeywords, "conflicting-keywords", error,
             "The deck has two keywords of which only one is allowed.",

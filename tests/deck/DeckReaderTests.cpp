@@ -175,7 +175,7 @@ Plain: DIMENS\n 2 2 /\nARRAY\n 1 +2.5, 3D1 4e-1/\n => [1 2.5 30 0.4] =>
 Repeats: DIMENS\n 2 3 /\nARRAY\n 2*1 3*\n  2*\n/\n => [1 1 0~ 0~ 0~ 0~] => d.data:6:3: error: ARRAY: too many values (expected 6, found 7) [wrong-size] | the size is NX*NY
 LoneAsterisk: DIMENS\n 2 1 /\nARRAY\n * 1 /\n => [0~ 1] =>
 Surplus: DIMENS\n 1 2 /\nARRAY\n 1 2\n 3 4*5 /\n => [1 2] => d.data:6:2: error: ARRAY: too many values (expected 2, found 7) [wrong-size] | the size is NX*NY
-SuppressedErrorLeavesTheSizes: DIMENS\n 3 1 /\nDIMENS\n 2 x / -- quor: off\nARRAY\n 1 2 3 /\n => ? =>
+SuppressedErrorLeavesTheSizes: DIMENS\n 3 1 /\nDIMENS -- quor: off repeated-keyword\n 2 x / -- quor: off\nARRAY\n 1 2 3 /\n => ? =>
 Short: DIMENS\n 1 2 /\nARRAY\n 1 /\n => [1] => d.data:5:4: error: ARRAY: too few values (expected 2, found 1) [wrong-size] | the size is NX*NY
 DefaultDimensions: ARRAY\n 1 /\n => [1] =>
 InABox: DIMENS\n 4 4 /\nBOX\n 2 3 2* 1 1 /\nARRAY\n 8*1 /\nENDBOX\nARRAY\n 16*1 /\nGRID\nFLAG\n => ? =>

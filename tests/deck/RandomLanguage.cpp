@@ -121,7 +121,7 @@ std::string RandomLanguage::Describe(const Shape& shape)
     case Kind::Record: {
         std::string text = "<record" + Attribute("termination", shape.termination) + ">";
         for (std::size_t i = 0; i < shape.inner.size(); ++i)
-            text += "<item" + Attribute("name", "I" + std::to_string(i)) + ">" + Describe(shape.inner[i])
+            text += "<item" + Attribute("name", "V" + std::to_string(i)) + ">" + Describe(shape.inner[i])
                 + "</item>";
         return text + "</record>";
     }

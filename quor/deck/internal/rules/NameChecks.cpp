@@ -49,13 +49,14 @@ void NameChecks::Follow(const RecordRules::Name& rule, std::string_view name, co
         return;
     if (rule.isDefinition)
         Define(rule.kind, name, position);
+    const std::uint32_t kind = KindOf(rule.kind, name);
     if (!isWhole_ || (rule.isDefinition && !rules_.names[rule.kind].areArrays))
         return;
     if (rule.mayComeFirst)
         pending_.push_back(
             {rule.kind, static_cast<std::uint32_t>(deck_.keywords.size() - 1), position, std::string(name)});
-    else if (!IsDefined(rule.kind, name))
-        ReportUnknown(rule.kind, name, deck_.keywords.back(), position);
+    else if (!IsDefined(kind, name))
+        ReportUnknown(kind, name, deck_.keywords.back(), position);
 }
 
 void NameChecks::Define(std::uint32_t kind, std::string_view name, const ValuePosition& position)
@@ -77,6 +78,18 @@ void NameChecks::Define(std::uint32_t kind, std::string_view name, const ValuePo
     }
 }
 
+/// Of what the name is: names that begin with an asterisk may be those of lists.
+std::uint32_t NameChecks::KindOf(std::uint32_t kind, std::string_view name) const
+{
+    const std::string& lists = rules_.names[kind].lists;
+    for (std::uint32_t other = 0;
+         !lists.empty() && name.size() > 1 && name.front() == '*' && other < names_.size(); ++other) {
+        if (rules_.names[other].noun == lists)
+            return other;
+    }
+    return kind;
+}
+
 /// A deck that defines none of a kind is a part of one, or has them from elsewhere.
 bool NameChecks::IsDefined(std::uint32_t kind, std::string_view name)
 {
@@ -88,12 +101,6 @@ bool NameChecks::IsDefined(std::uint32_t kind, std::string_view name)
         return true;
     if (std::find(rule.ignored.begin(), rule.ignored.end(), name) != rule.ignored.end())
         return true;
-    if (!rule.lists.empty() && name.front() == '*' && name.size() > 1) {
-        for (std::size_t other = 0; other < names_.size(); ++other) {
-            if (rules_.names[other].noun == rule.lists)
-                return names_[other].HasMatch(name);
-        }
-    }
     return IsPattern(rule, name) && names.HasMatch(name);
 }
 

@@ -40,6 +40,7 @@ private:
     };
 
     void Define(std::uint32_t kind, std::string_view name, const ValuePosition& position);
+    std::uint32_t KindOf(std::uint32_t kind, std::string_view name) const;
     bool IsDefined(std::uint32_t kind, std::string_view name);
     bool IsInLanguage(std::string_view array) const;
     void ReportUnknown(std::uint32_t kind, std::string_view name, const KeywordInstance& keyword,
