@@ -2,7 +2,6 @@
 
 #include "quor/deck/FindingCodes.h"
 #include "tools/quor/commands/DeckReading.h"
-#include "tools/quor/commands/DeckReading.h"
 #include "tools/quor/findings/FindingText.h"
 #include "tools/quor/terminal/Terminal.h"
 #include "tools/quor/terminal/TextLayout.h"
