@@ -57,8 +57,13 @@ public:
     std::string Get(const char* attribute)
     {
         std::string value = Find(attribute);
-        if (value.empty())
+        if (value.empty()) {
+            for (const Value& other : values_) {
+                if (const auto near = FindNearest({attribute}, other.name); !other.isAsked && !near.empty())
+                    Refuse(other.name, near);
+            }
             Fail(fmt::format("missing attribute '{}'", attribute));
+        }
         return value;
     }
     std::vector<std::string> FindWords(const char* attribute)
@@ -86,11 +91,8 @@ public:
     void CheckAllAsked() const
     {
         for (const Value& value : values_) {
-            if (value.isAsked)
-                continue;
-            const auto near = FindNearest(asked_, value.name);
-            Fail(fmt::format("unknown attribute '{}'{}", value.name,
-                near.empty() ? "" : fmt::format("; did you mean '{}'?", near.front())));
+            if (!value.isAsked)
+                Refuse(value.name, FindNearest(asked_, value.name));
         }
     }
 
@@ -115,6 +117,12 @@ private:
         std::string value;
         bool isAsked;
     };
+
+    [[noreturn]] void Refuse(const std::string& attribute, const std::vector<std::string>& near) const
+    {
+        Fail(fmt::format("unknown attribute '{}'{}", attribute,
+            near.empty() ? "" : fmt::format("; did you mean '{}'?", near.front())));
+    }
 
     const xercesc::DOMElement& node_;
     const std::string& document_;
