@@ -40,7 +40,7 @@ struct KindRow {
     char sign;
     const char* colour;
 };
-constexpr KindRow kinds[] = {{"changed", '~', "33"}, {"added", '+', "32"}, {"gone", '-', "31"}};
+constexpr KindRow kinds[] = {{"changed", '~', "33"}, {"added", '+', "32"}, {"removed", '-', "31"}};
 
 const KindRow& RowOf(Change::Kind kind)
 {
@@ -185,13 +185,14 @@ Command MakeDiffCommand(CLI::App& application)
         "Report a difference between a defaulted value and the same value given explicitly");
     AddFormatOption(command, options->isJson);
     command.footer(
-        "Comments, layout, inclusions and the order of different keywords don't matter. A value that is left "
-        "to its\ndefault is the same as the default that is given, as the simulator has it; --strict tells "
-        "them apart.\nA line stands for one change: ~ changed, + only in B, - only in A. Its location is a "
-        "line of the "
-        "deck, or a\nfile below the folder of the deck and its line. Of a table in which more than 3 rows "
-        "differ, the first\n"
-        "is shown.\n"
+        "Comments, layout, inclusions and the order of different keywords don't matter. A value that is "
+        "left\n"
+        "to its default is the same as the default that is given, as the simulator has it, but not with\n"
+        "--strict. Each change is a line: ~ changed, + only in B, - only in A. Its location is a line of "
+        "the\n"
+        "deck, or a file below the folder of the deck and its line. Of a table in which more than 3 rows "
+        "differ,\n"
+        "the first is shown.\n"
         "Exit status: 0 the decks are equal, 1 they differ, 2 a deck can't be read.\n\n"
         "Examples:\n"
         "  quor diff history.data forecast.data\n"

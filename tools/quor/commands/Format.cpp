@@ -184,7 +184,7 @@ constexpr const char* details =
     "inclusions by absolute paths is refused, and nothing is written. Files that are not read, such as "
     "those\n"
     "in skipped blocks, are not written.\n"
-    "Keywords with errors, raw texts, and data that go on in another file or around a skipped block stay as\n"
+    "Keywords with errors, raw texts, and data that continue in another file or around a skipped block stay as\n"
     "they are. Without --in-place, --output or --check the text goes to standard output.\n"
     "Exit status: 0 success, 1 with --check if a file would change, 2 a file can't be read or written.\n\n"
     "Examples:\n"

@@ -137,7 +137,7 @@ Command MakeLintCommand(CLI::App& application)
     command.add_option("FILE", options->paths, "Documents, or folders whose *.xml files are documents")
         ->type_name("PATH");
     command.add_flag("--builtin", options->isBuiltin,
-        "Check the built-in documents; locations refer to the text that they are written as");
+        "Check the built-in documents; locations refer to the whole document");
     AddFindingFormatOption(command, options->format);
     AddMaxFindingsOption(command, options->maxFindings, "");
     command.footer(

@@ -53,7 +53,7 @@ std::string EndText(const IKeywordListMD& list, const IKeywordSyntax& syntax)
     if (!own || list.GetTermination() != IKeywordDataMD::TerminationType::CUSTOMIZED)
         return EndText(list.GetTermination(), list.GetSize() ? "ends by its size" : "has no end mark");
     const Words words = FindEndWords(*own, syntax);
-    return words.empty() ? "ends with a word of its own"
+    return words.empty() ? "ends with its own word"
                          : fmt::format("ends with {}", fmt::join(words, " or "));
 }
 
