@@ -23,3 +23,4 @@
 #include "quor/deck/TextRange.h"
 #include "quor/deck/ValueAddress.h"
 #include "quor/syntax/IKeywordSyntax.h"
+#include "quor/syntax/KeywordSyntaxTable.h"

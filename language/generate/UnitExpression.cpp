@@ -31,7 +31,7 @@ public:
     {
         if (const auto alone = known_.find(word_.text); alone != known_.end())
             return alone->second;
-        const SiUnit unit = ReadProduct();
+        SiUnit unit = ReadProduct();
         if (at_ < word_.text.size())
             FailForm();
         return unit;

@@ -188,7 +188,7 @@ void Set(IKeywordRecordData& record, ItemKey item, std::string_view value)
 
 void Set(IKeywordRecordData& record, ItemKey item, const char* value)
 {
-    SetItem(record, item, std::string(value));
+    SetItem(record, item, std::string(GivenText(value)));
 }
 
 void SetChoice(IKeywordRecordData& record, ItemKey key, std::string_view word)

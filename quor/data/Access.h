@@ -38,7 +38,7 @@ class IKeywordRecordMD;
 /// list changes. One thread at a time, or several that only read.
 
 /// The program asks for something that the keyword does not have: an unknown item, another type, an index out
-/// of range. Derives from `Service::Exception`, as what is thrown for documents and decks does; it is a class
+/// of range. Derives from `Service::Exception`, as what is thrown for documents and decks does; it is
 /// a separate class because the mistake is in the program, not in a deck or a document. The text has the
 /// keyword, the item, and the actual and the expected type: "WCONPROD: item 'ORAT' is Real, not String".
 class VELD_QUOR_EXPORT DataAccessError : public Service::Exception {
@@ -53,7 +53,7 @@ public:
 /// An item of a record, by name (exact, case included) or by index from 0. Keeps no copy of the name.
 class ItemKey {
 public:
-    /// Implicit: the place of an argument says what it is. A name must outlive the key; one that is null is
+    /// Implicit: a call shows what the argument is. A name must outlive the key; one that is null is
     /// as index -1.
     /// @{
     ItemKey(int index)
@@ -61,7 +61,7 @@ public:
     {
     }
     ItemKey(const char* name)
-        : name_(name)
+        : name_(name ? std::string_view(name) : std::string_view())
     {
     }
     ItemKey(std::string_view name)
@@ -177,7 +177,7 @@ VELD_QUOR_EXPORT void SetValueAt(IKeywordListData& list, std::size_t i, const ch
 /// A pointer is no bool.
 template <class T, class = std::enable_if_t<!std::is_same_v<std::remove_const_t<T>, char>>>
 void SetValueAt(IKeywordListData& list, std::size_t i, T* value) = delete;
-/// `word` is a word of the Choice, whole and without regard to case. Takes away the flag.
+/// `word` is a word of the Choice, whole and without regard to case. Removes the flag.
 VELD_QUOR_EXPORT void SetChoiceAt(IKeywordListData& list, std::size_t i, std::string_view word);
 
 /// Appends a copy, without a defaulted flag.

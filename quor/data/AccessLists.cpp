@@ -120,7 +120,7 @@ void SetValueAt(IKeywordListData& list, std::size_t i, std::string_view value)
 
 void SetValueAt(IKeywordListData& list, std::size_t i, const char* value)
 {
-    SetElement(list, i, std::string(value));
+    SetElement(list, i, std::string(GivenText(value)));
 }
 
 void SetChoiceAt(IKeywordListData& list, std::size_t i, std::string_view word)
@@ -153,7 +153,7 @@ void AddValue(IKeywordListData& list, std::string_view value)
 
 void AddValue(IKeywordListData& list, const char* value)
 {
-    AddElement(list, std::string(value));
+    AddElement(list, std::string(GivenText(value)));
 }
 
 template <class T>

@@ -35,13 +35,7 @@ Deck& Deck::operator=(Deck&&) noexcept = default;
 
 Deck Deck::Read(const std::string& path, const DeckLanguage& language, const ReadOptions& options)
 {
-    try {
-        Deck deck(ReadDeck(path, options.GetSettings(), *language.index_));
-        deck.contents_->options = options;
-        return deck;
-    } catch (const SourceError& error) {
-        throw SourceError(fmt::format("can't read '{}': {}", Printable(path), error.what()));
-    }
+    return ReadFrom(options.GetSource(), path, language, options);
 }
 
 Deck Deck::ReadText(
@@ -52,7 +46,23 @@ Deck Deck::ReadText(
         others = std::make_shared<FileSource>();
     const auto source = std::make_shared<MemorySource>(std::move(others));
     source->Set(name, std::move(text));
-    return Read(name, language, ReadOptions(options).SetSource(source));
+    return ReadFrom(source, name, language, options);
+}
+
+/// The deck keeps the options, but not what they call: it may refer to what is gone by then.
+Deck Deck::ReadFrom(std::shared_ptr<const DeckSource> source, const std::string& path,
+    const DeckLanguage& language, const ReadOptions& options)
+{
+    ReadSettings settings = options.GetSettings();
+    settings.source = std::move(source);
+    try {
+        Deck deck(ReadDeck(path, settings, *language.index_));
+        deck.contents_->options = options;
+        deck.contents_->options.SetProgress({}).SetCancellation({}).SetKnownFinding({});
+        return deck;
+    } catch (const SourceError& error) {
+        throw SourceError(fmt::format("can't read '{}': {}", Printable(path), error.what()));
+    }
 }
 
 std::size_t Deck::GetSize() const

@@ -88,7 +88,8 @@ public:
 
     /// Whether the deck has such a keyword.
     bool Has(std::string_view name) const;
-    /// The last one in the order of reading, whose values are in effect at the end. Throws `KeywordNotFound`.
+    /// The last one in the order of reading. Earlier ones may be in effect too, of other cells or wells.
+    /// Throws `KeywordNotFound`.
     DeckKeyword Get(std::string_view name) const&;
     DeckKeyword Get(std::string_view name) const&& = delete;
     /// In the order of reading; empty if the deck has none.
@@ -113,8 +114,9 @@ public:
     // What was found and read. What is returned by reference is valid as long as the deck.
 
     /// In the order in which they were found: that of reading, but a mistake that only later text reveals
-    /// comes after the findings before that text, and those on comments that hide findings (`bad-silence`)
-    /// come before the others of their file, or at the end. A temporary deck returns a copy.
+    /// comes after the findings before that text, and those on comments that hide findings
+    /// (`bad-suppression`) come before the others of their file, or at the end. A temporary deck returns a
+    /// copy.
     /// @{
     const Findings& GetFindings() const&;
     Findings GetFindings() const&&;
@@ -124,7 +126,8 @@ public:
     /// For which the deck was read.
     const Target& GetTarget() const&;
     const Target& GetTarget() const&& = delete;
-    /// With which the deck was read.
+    /// With which the deck was read, but without progress, cancellation and known findings, which may refer
+    /// to what is gone.
     const ReadOptions& GetOptions() const&;
     const ReadOptions& GetOptions() const&& = delete;
     /// In the order of reading, the deck itself first.
@@ -136,7 +139,10 @@ public:
     std::size_t GetSectionCount() const;
 
 private:
+    friend class DeckEditor; // which reads the deck again from changed texts
     explicit Deck(std::unique_ptr<DeckContents> contents);
+    static Deck ReadFrom(std::shared_ptr<const DeckSource> source, const std::string& path,
+        const DeckLanguage& language, const ReadOptions& options);
     friend const DeckContents& ContentsOf(const Deck& deck); // throws if it was moved from
 
     std::unique_ptr<DeckContents> contents_;
@@ -183,8 +189,8 @@ public:
     /// @}
 
 private:
-    const Deck* deck_;
-    std::size_t index_;
+    const Deck* deck_ = nullptr;
+    std::size_t index_ = 0;
 };
 
 inline Deck::Iterator Deck::begin() const&

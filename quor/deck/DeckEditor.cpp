@@ -59,6 +59,7 @@ EditError::~EditError() = default;
 
 DeckEditor::DeckEditor(const Deck& deck)
     : deck_(deck)
+    , contents_(&ContentsOf(deck))
     , changes_(std::make_unique<DeckChanges>(ContentsOf(deck)))
 {
     if (!deck.GetOptions().IsEditable())
@@ -76,7 +77,7 @@ void DeckEditor::SetValue(std::string_view address, const NewValue& value)
 
 void DeckEditor::SetValue(const ValueAddress& address, const NewValue& value)
 {
-    SetValue(ResolveOne(deck_, address), value);
+    SetValue(ResolveOne(GetDeck(), address), value);
 }
 
 void DeckEditor::SetValue(const DeckValue& current, const NewValue& value)
@@ -91,7 +92,7 @@ void DeckEditor::ClearValue(std::string_view address)
 
 void DeckEditor::ClearValue(const ValueAddress& address)
 {
-    ClearValue(ResolveOne(deck_, address));
+    ClearValue(ResolveOne(GetDeck(), address));
 }
 
 void DeckEditor::ClearValue(const DeckValue& current)
@@ -102,8 +103,8 @@ void DeckEditor::ClearValue(const DeckValue& current)
 /// Null: the default.
 void DeckEditor::Set(const DeckValue& current, const NewValue* value)
 {
-    const std::uint32_t index = IndexIn(deck_, current.keyword);
-    const DeckContents& contents = ContentsOf(deck_);
+    const std::uint32_t index = IndexIn(GetDeck(), current.keyword);
+    const DeckContents& contents = ContentsOf(GetDeck());
     const KeywordInstance& keyword = contents.keywords[index];
     const auto scalar = keyword.data ? FindScalar(*keyword.data, current.path) : std::nullopt;
     if (!scalar)
@@ -132,8 +133,8 @@ void DeckEditor::SetArray(const DeckKeyword& keyword, const int* first, std::siz
 
 void DeckEditor::ReplaceArray(const DeckKeyword& keyword, const IKeywordData& data)
 {
-    const DeckContents& contents = ContentsOf(deck_);
-    const std::uint32_t index = IndexIn(deck_, keyword);
+    const DeckContents& contents = ContentsOf(GetDeck());
+    const std::uint32_t index = IndexIn(GetDeck(), keyword);
     changes_->SetArray(index, ReplaceData(contents, contents.keywords[index], data));
 }
 
@@ -141,15 +142,15 @@ void DeckEditor::ReplaceArray(const DeckKeyword& keyword, const IKeywordData& da
 
 void DeckEditor::AddRecord(const DeckKeyword& keyword, std::string_view text)
 {
-    const DeckContents& contents = ContentsOf(deck_);
-    const std::uint32_t index = IndexIn(deck_, keyword);
+    const DeckContents& contents = ContentsOf(GetDeck());
+    const std::uint32_t index = IndexIn(GetDeck(), keyword);
     changes_->AddRecords(index, AddRecordTo(contents, contents.keywords[index], text));
 }
 
 void DeckEditor::AddRecords(const DeckKeyword& keyword, const IKeywordData& records)
 {
-    const DeckContents& contents = ContentsOf(deck_);
-    const std::uint32_t index = IndexIn(deck_, keyword);
+    const DeckContents& contents = ContentsOf(GetDeck());
+    const std::uint32_t index = IndexIn(GetDeck(), keyword);
     if (records.GetMD() != keyword.GetSyntax().GetDataMD())
         throw DataAccessError(fmt::format("{}: the records are those of another keyword", keyword.GetName()));
     if (AsList(records).GetSize() > 0)
@@ -158,20 +159,20 @@ void DeckEditor::AddRecords(const DeckKeyword& keyword, const IKeywordData& reco
 
 void DeckEditor::RemoveRecord(const DeckKeyword& keyword, std::size_t index)
 {
-    changes_->RemoveRecord(IndexIn(deck_, keyword), index);
+    changes_->RemoveRecord(IndexIn(GetDeck(), keyword), index);
 }
 
 // Keywords
 
 void DeckEditor::AddKeywordAfter(const DeckKeyword& keyword, std::string_view text)
 {
-    AddKeyword(IndexIn(deck_, keyword), false, text);
+    AddKeyword(IndexIn(GetDeck(), keyword), false, text);
 }
 
 void DeckEditor::AddKeywordAtEnd(SectionType::Enum section, std::string_view text)
 {
-    for (std::size_t i = deck_.GetSize(); i-- > 0;) {
-        if (deck_[i].GetSection() == section)
+    for (std::size_t i = GetDeck().GetSize(); i-- > 0;) {
+        if (GetDeck()[i].GetSection() == section)
             return AddKeyword(i, true, text);
     }
     throw std::out_of_range(fmt::format("the deck has no section {}", SectionType::ToString(section)));
@@ -179,12 +180,12 @@ void DeckEditor::AddKeywordAtEnd(SectionType::Enum section, std::string_view tex
 
 void DeckEditor::AddKeywordInStep(std::size_t step, std::string_view text)
 {
-    std::vector<DeckKeyword> keywords = deck_.GetAfterStep(step);
-    const std::vector<ReportStep>& steps = deck_.GetSteps();
+    std::vector<DeckKeyword> keywords = GetDeck().GetAfterStep(step);
+    const std::vector<ReportStep>& steps = GetDeck().GetSteps();
     const std::size_t opener = steps[step].keyword;
     if (step + 1 < steps.size() && steps[step + 1].keyword == opener)
         throw EditError(
-            fmt::format("the {} of the report step leads to later steps too", deck_[opener].GetName()));
+            fmt::format("the {} of the report step leads to later steps too", GetDeck()[opener].GetName()));
     if (step + 1 < steps.size() && !keywords.empty() && keywords.back().GetIndex() == steps[step + 1].keyword)
         keywords.pop_back(); // it leads to the next step
     AddKeyword(keywords.empty() ? opener : keywords.back().GetIndex(), true, text);
@@ -192,12 +193,12 @@ void DeckEditor::AddKeywordInStep(std::size_t step, std::string_view text)
 
 void DeckEditor::AddKeyword(std::size_t after, bool leavesBlocks, std::string_view text)
 {
-    changes_->AddKeyword(AddKeywordTo(ContentsOf(deck_), after, leavesBlocks, text));
+    changes_->AddKeyword(AddKeywordTo(ContentsOf(GetDeck()), after, leavesBlocks, text));
 }
 
 void DeckEditor::RemoveKeyword(const DeckKeyword& keyword)
 {
-    changes_->RemoveKeyword(IndexIn(deck_, keyword));
+    changes_->RemoveKeyword(IndexIn(GetDeck(), keyword));
 }
 
 // Results
@@ -219,7 +220,7 @@ std::vector<std::uint32_t> DeckEditor::GetChangedFiles() const
 
 std::string DeckEditor::GetText(std::uint32_t file) const
 {
-    const DeckFiles& files = deck_.GetFiles();
+    const DeckFiles& files = GetDeck().GetFiles();
     const SourceText& text = *files.Get(file).text;
     std::vector<TextEdit> edits = GetEdits();
     edits.erase(std::remove_if(edits.begin(), edits.end(),
@@ -233,7 +234,7 @@ std::shared_ptr<const DeckSource> DeckEditor::MakeSource(std::shared_ptr<const D
     if (!others)
         others = std::make_shared<FileSource>();
     auto source = std::make_shared<MemorySource>(std::move(others));
-    const DeckFiles& files = deck_.GetFiles();
+    const DeckFiles& files = GetDeck().GetFiles();
     for (std::uint32_t file = 0; file < files.GetSize(); ++file)
         source->Set(files.Get(file).name, files.Get(file).text);
     for (const std::uint32_t file : GetChangedFiles())
@@ -243,13 +244,20 @@ std::shared_ptr<const DeckSource> DeckEditor::MakeSource(std::shared_ptr<const D
 
 Deck DeckEditor::Read(const DeckLanguage& language) const
 {
-    return Read(language, deck_.GetOptions());
+    return Read(language, GetDeck().GetOptions());
 }
 
 Deck DeckEditor::Read(const DeckLanguage& language, const ReadOptions& options) const
 {
-    return Deck::Read(deck_.GetFiles().Get(0).name, language,
-        ReadOptions(options).SetSource(MakeSource(options.GetSource())));
+    return Deck::ReadFrom(
+        MakeSource(options.GetSource()), GetDeck().GetFiles().Get(0).name, language, options);
+}
+
+const Deck& DeckEditor::GetDeck() const
+{
+    if (&ContentsOf(deck_) != contents_)
+        throw std::logic_error("the deck of the editor was assigned to");
+    return deck_;
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -29,6 +29,7 @@ class IKeywordData;
 namespace Veld::Quor::Core::Decks {
 
 class DeckChanges;
+struct DeckContents;
 
 /// A change can't be made without a loss, or contradicts an earlier one. The text says which and why.
 class VELD_QUOR_EXPORT EditError : public Service::Exception {
@@ -105,14 +106,14 @@ private:
 ///   includes twice, for a value that would be read as another one, such as a text with blanks around it, and
 ///   for what contradicts an earlier change, such as a value in a removed record;
 /// - `std::invalid_argument` for a keyword or value of another deck;
-/// - `std::logic_error` if the deck was moved from, `std::bad_alloc` if memory runs out.
+/// - `std::logic_error` if the deck was moved from or assigned to, `std::bad_alloc` if memory runs out.
 ///
 /// Limits, sizes and what else the rest of the deck says about the changes are not checked: `Read` the
 /// changed deck, and look at its findings. One thread at a time; several editors may change one deck at once.
 class VELD_QUOR_EXPORT DeckEditor {
 public:
-    /// The deck must outlive it and not be moved. Throws `std::invalid_argument` if it wasn't read with
-    /// `ReadOptions::SetEditable`.
+    /// The deck must outlive it, and not be moved nor assigned to. Throws `std::invalid_argument` if it
+    /// wasn't read with `ReadOptions::SetEditable`.
     explicit DeckEditor(const Deck& deck);
     explicit DeckEditor(const Deck&& deck) = delete; // it would die before the editor
     ~DeckEditor();
@@ -189,6 +190,8 @@ public:
     /// @{
     Deck Read(const DeckLanguage& language) const;
     Deck Read(const DeckLanguage& language, const ReadOptions& options) const;
+    Deck Read(const DeckLanguage&& language) const = delete; // it would die before the deck
+    Deck Read(const DeckLanguage&& language, const ReadOptions& options) const = delete;
     /// @}
 
 private:
@@ -196,7 +199,10 @@ private:
     void ReplaceArray(const DeckKeyword& keyword, const Keywords::IKeywordData& data);
     void AddKeyword(std::size_t after, bool leavesBlocks, std::string_view text);
 
+    const Deck& GetDeck() const;
+
     const Deck& deck_;
+    const DeckContents* contents_; // of the deck, when this was made
     std::unique_ptr<DeckChanges> changes_;
 };
 

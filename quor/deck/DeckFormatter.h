@@ -35,7 +35,7 @@ private:
 /// text, and one whose data continue in another file or around a skipped block. One thread at a time.
 class VELD_QUOR_EXPORT DeckFormatter {
 public:
-    /// The deck must outlive it and not be moved.
+    /// The deck must outlive it, and not be moved nor assigned to.
     explicit DeckFormatter(const Deck& deck, const FormatOptions& options = FormatOptions());
     explicit DeckFormatter(const Deck&& deck,
         const FormatOptions& options = FormatOptions()) = delete; // it would die before the formatter

@@ -98,6 +98,14 @@ ValueAddress FullAddress(const DeckContents& deck, const ValueMatch& match)
     return address;
 }
 
+/// Whether values of the keyword have dates: an address without one matches them too.
+bool HasDates(const DeckContents& deck, const KeywordInstance& keyword)
+{
+    const auto& sameName = deck.names.Find(deck, deck.NameOf(keyword));
+    return std::any_of(sameName.begin(), sameName.end(),
+        [&](std::uint32_t other) { return !deck.DateOf(deck.keywords[other]).empty(); });
+}
+
 /// The full addresses of all values that one address matches.
 std::vector<ValueAddress> FullAddresses(const DeckContents& deck, const std::vector<ValueMatch>& matches)
 {
@@ -109,7 +117,9 @@ std::vector<ValueAddress> FullAddresses(const DeckContents& deck, const std::vec
     std::vector<ValueAddress> addresses;
     for (std::size_t i = 0; i < matches.size(); ++i) {
         addresses.push_back(MakeAddress(deck, matches[i]));
-        if (counts[keys[i]] > 1)
+        if (addresses.back().date.empty() && HasDates(deck, deck.keywords[matches[i].keyword]))
+            addresses.back() = FullAddress(deck, matches[i]);
+        else if (counts[keys[i]] > 1)
             addresses.back().number = ++numbers[keys[i]];
     }
     return addresses;

@@ -78,8 +78,11 @@ public:
     Findings(Findings&&) noexcept;
     Findings& operator=(Findings&&) noexcept;
 
-    /// In the order in which they were met.
-    const std::vector<Finding>& GetKept() const { return kept_; }
+    /// In the order in which they were met. A temporary returns a copy.
+    /// @{
+    const std::vector<Finding>& GetKept() const& { return kept_; }
+    std::vector<Finding> GetKept() const&& { return kept_; }
+    /// @}
     /// Over those that are kept.
     /// @{
     std::vector<Finding>::const_iterator begin() const { return kept_.begin(); }

@@ -163,6 +163,13 @@ constexpr bool hasSteps = false;
 template <class T>
 constexpr bool hasSteps<T, std::void_t<StepsOf<T>>> = true;
 
+/// What is left behind was moved from.
+template <class T>
+T Take(T& from)
+{
+    return std::move(from);
+}
+
 TEST(ADeck, IsKeptForWhatRefersToIt)
 {
     static_assert(hasSteps<const Deck&> && !hasSteps<Deck>);
@@ -173,18 +180,34 @@ TEST(ADeck, IsKeptForWhatRefersToIt)
     EXPECT_EQ(codes, "unknown-keyword");
     Deck deck = Deck::ReadText(text, language);
     const DeckKeyword keyword = deck.Get("DIMENS");
-    const Deck other = std::move(deck);
+    const Deck other = Take(deck);
     EXPECT_EQ(keyword.GetIndex(), other.Get("DIMENS").GetIndex());
     EXPECT_EQ(keyword.GetText(), other.Get("DIMENS").GetText());
     ReadOptions options;
-    const ReadOptions moved = std::move(options);
+    const ReadOptions moved = Take(options);
     const std::function<void()> uses[] = {[&] { deck.GetSize(); }, [&] { deck.GetFindings(); },
         [&] { Resolve(deck, {"DIMENS"}); }, [&] { DeckFormatter formatter(deck); }, [&] { Summarize(deck); }};
     for (const auto& use : uses)
         EXPECT_EQ(ReasonOf(use), "the deck was moved from");
     EXPECT_EQ(ReasonOf([&] { options.SetStrict(true); }), "the options were moved from");
-    deck = Deck::ReadText(text, language);
+    deck = Deck::ReadText(text, language, ReadOptions().SetEditable(true));
     EXPECT_EQ(deck.GetSize(), other.GetSize());
+    const DeckEditor editor(deck);
+    deck = Deck::ReadText(text, language);
+    EXPECT_EQ(ReasonOf([&] { editor.GetText(0); }), "the deck of the editor was assigned to");
+}
+
+TEST(ADeck, KeepsItsOptionsButNotWhatTheyCall)
+{
+    const DeckLanguage language;
+    int calls = 0;
+    const auto options = ReadOptions().SetEditable(true).SetCancellation([&calls] { return ++calls < 0; });
+    const Deck deck = Deck::ReadText(text, language, options);
+    EXPECT_GT(std::exchange(calls, 0), 0);
+    const Deck again = DeckEditor(deck).Read(language);
+    EXPECT_EQ(again.GetSize(), deck.GetSize());
+    EXPECT_EQ(calls, 0);
+    EXPECT_FALSE(again.GetOptions().GetSource()) << "as the host gave it";
 }
 
 TEST(ADeck, AnswersForAnAlias)

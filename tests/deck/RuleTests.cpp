@@ -89,6 +89,14 @@ VFPINJ
 )",
             "d:9:20: error: WCONPROD: undefined lift table '7' [undefined-name] | define the lift table with "
             "VFPPROD or VFPINJ before it is named"},
+        RuleRow{"BeforeAnyDefinition",
+            "SCHEDULE\nWELOPEN\n P1 SHUT /\n P1 OPEN /\n P* SHUT /\n/\nWELSPECS\n P1 G 1 1 1* OIL /\n/\n",
+            "d:3:2: error: WELOPEN: undefined well 'P1' [undefined-name] | define the well before it is "
+            "named"},
+        RuleRow{"OfAListOfAVector",
+            "SUMMARY\nWOPR\n '*L' '*M' /\nSCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n/\nWLIST\n '*L' "
+            "NEW P1 /\n/\n",
+            "d:3:7: error: WOPR: no list of wells matches '*M' [undefined-name] | did you mean *L?"},
         RuleRow{"NoneIsDefined", "SCHEDULE\nWELOPEN\n P1 SHUT /\n/\n"},
         RuleRow{"OneMayBeInAnUnknownKeyword",
             "SCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n/\nWELXYZAB\n P2 /\n/\nWELOPEN\n P2 "
@@ -125,11 +133,11 @@ EQUALS
         RuleRow{"OfTwoCells", "RUNSPEC\nDIMENS\n 2 2 2 /\nGRID\nNNC\n 2 2 2 1 1 1 0.5 /\n/\n"},
         RuleRow{"OfATableInOneCell",
             "RUNSPEC\nDIMENS\n 4 1 1 /\nTABDIMS\n 2 /\nREGIONS\nSATNUM\n 2*1 -- west\n 3 0 /\n",
-            "d:9:2: error: SATNUM: number 3 in cell 3, but the deck has 2 saturation tables (NTSFUN) "
+            "d:9:2: error: SATNUM: number 3 in cell 3, but NTSFUN, the number of saturation tables, is 2 "
             "[region-outside] | correct the number, or increase NTSFUN (d:4:1: NTSFUN is 2 here)"},
         RuleRow{"OfATableInABox", "RUNSPEC\nDIMENS\n 4 1 1 /\nREGIONS\nEQUALS\n pvtnum 2 /\n/\n",
-            "d:6:9: error: EQUALS: number 2 for PVTNUM, but the deck has 1 tables of fluid properties "
-            "(NTPVT) "
+            "d:6:9: error: EQUALS: number 2 for PVTNUM, but NTPVT, the number of tables of fluid properties, "
+            "is 1 "
             "[region-outside] | correct the number, or increase NTPVT"}),
     CaseName<RuleRow>);
 
@@ -147,7 +155,7 @@ WATER
 GRID
 EQUALS
  PORO 0.2 /
- PERMX 10 /
+ PERMR 10 /
  DX 10 /
  DY 10 /
  DZ 10 /
@@ -158,7 +166,7 @@ DENSITY
 SOLUTION
 SCHEDULE
 )",
-            "d:5:1: error: GRID: no depths of cells; expected ZCORN or TOPS [missing-keyword]\n"
+            "d:5:1: error: GRID: no depths of cells; expected ZCORN, TOPS or MIDS [missing-keyword]\n"
             "d:13:1: error: PROPS: no properties of water; expected PVTW or PVTWSALT [missing-keyword] | "
             "WATER "
             "requires it (d:4:1: WATER is here)"},

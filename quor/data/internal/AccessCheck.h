@@ -1,5 +1,7 @@
 #pragma once
 
+#include "quor/data/Access.h"
+
 #include "quor/metadata/IKeywordDataMD.h"
 
 #include <string>
@@ -66,5 +68,13 @@ std::string Quoted(std::string_view text);
 /// Whether one character was left out, added or replaced, or two neighbours were exchanged; or only case
 /// differs.
 bool IsNearName(std::string_view text, std::string_view name);
+
+/// Throws `DataAccessError` for a null pointer.
+inline const char* GivenText(const char* text)
+{
+    if (!text)
+        throw DataAccessError("a text is a null pointer");
+    return text;
+}
 
 } // namespace Veld::Quor::Core::Keywords

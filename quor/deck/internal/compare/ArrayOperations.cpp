@@ -77,9 +77,10 @@ ArrayOperations::ArrayOperations(const DeckContents& deck)
     }
 }
 
+/// The deck may name an array by another of its names.
 ArrayOperations::Array& ArrayOperations::GetArray(const std::string& name)
 {
-    const auto [array, isNew] = arrays_.try_emplace(name);
+    const auto [array, isNew] = arrays_.try_emplace(deck_.language.FindName(name));
     if (isNew)
         array->second.number = arrays_.size();
     return array->second;

@@ -102,14 +102,18 @@ void WellSummary::ReadCompletion(const Record& record)
 
 void WellSummary::ReadControl(const Record& record)
 {
-    std::string control = keyword_;
-    for (const std::string& word :
-        {FindWord(record, "TYPE"), FindOtherWord(record, "STATUS"), FindWord(record, "CONTROL")}) {
-        if (!word.empty())
-            control.append(" ").append(word);
-    }
-    ForEachWell(
-        FindName(record, "WELL"), [&](Entry& entry) { entry.well.control = entry.control = control; });
+    const auto textOf = [this](const std::vector<std::string>& words) {
+        std::string text = keyword_;
+        for (const std::string& word : words)
+            text += word.empty() ? "" : ' ' + word;
+        return text;
+    };
+    const std::string type = FindWord(record, "TYPE");
+    const std::string control = FindWord(record, "CONTROL");
+    ForEachWell(FindName(record, "WELL"), [&](Entry& entry) {
+        entry.well.control = textOf({type, FindOtherWord(record, "STATUS"), control});
+        entry.control = textOf({type, control});
+    });
 }
 
 /// Of a well, not of a completion. One that opens has the control that it had.

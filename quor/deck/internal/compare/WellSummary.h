@@ -30,7 +30,7 @@ private:
     using Record = Core::Keywords::IKeywordRecordData;
     struct Entry {
         Well well;
-        std::string control; // the last one, also if the well was shut since
+        std::string control; // the last one as of a well that is open
         std::size_t number = 0; // in the order of coming
         std::set<std::array<int, 4>> completions; // I, J, K1, K2
     };

@@ -34,7 +34,7 @@ std::string Listed(const Texts& texts)
 /// Near ones if there are any, else all.
 std::string Alternatives(const Texts& known, const std::string& text)
 {
-    const std::string suggestion = SuggestionOf(FindNearest(known, text));
+    std::string suggestion = SuggestionOf(FindNearest(known, text));
     if (!suggestion.empty())
         return suggestion;
     return known.size() == 1 ? fmt::format("expected {}", known.front())

@@ -36,11 +36,18 @@ NameChecks::NameChecks(
     , dimensions_(dimensions)
     , reporter_(reporter)
     , names_(rules.names.size())
+    , waiting_(rules.names.size())
 {
     for (std::size_t kind = 0; kind < names_.size(); ++kind) {
         for (const std::string& name : rules.names[kind].always)
             names_[kind].Add(name);
     }
+}
+
+/// Whether the deck has names of the kind that it defines.
+bool NameChecks::HasDefinitions(std::uint32_t kind) const
+{
+    return names_[kind].GetSize() > rules_.names[kind].always.size();
 }
 
 void NameChecks::Follow(const RecordRules::Name& rule, std::string_view name, const ValuePosition& position)
@@ -52,9 +59,12 @@ void NameChecks::Follow(const RecordRules::Name& rule, std::string_view name, co
     const std::uint32_t kind = KindOf(rule.kind, name);
     if (!isWhole_ || (rule.isDefinition && !rules_.names[rule.kind].areArrays))
         return;
-    if (rule.mayComeFirst)
-        pending_.push_back(
-            {rule.kind, static_cast<std::uint32_t>(deck_.keywords.size() - 1), position, std::string(name)});
+    const bool isFirst = !rules_.names[kind].areArrays && !HasDefinitions(kind);
+    if (isFirst && !waiting_[kind].Add(name))
+        return;
+    if (isFirst || rule.mayComeFirst)
+        pending_.push_back({kind, static_cast<std::uint32_t>(deck_.keywords.size() - 1), position,
+            std::string(name), rule.mayComeFirst});
     else if (!IsDefined(kind, name))
         ReportUnknown(kind, name, deck_.keywords.back(), position);
 }
@@ -62,14 +72,16 @@ void NameChecks::Follow(const RecordRules::Name& rule, std::string_view name, co
 void NameChecks::Define(std::uint32_t kind, std::string_view name, const ValuePosition& position)
 {
     NameTable& names = names_[kind];
-    if (!names.Add(name) || !isWhole_)
+    const bool isNew =
+        rules_.names[kind].areArrays ? names.Add(deck_.language.FindName(name)) : names.Add(name);
+    if (!isNew || !isWhole_)
         return;
     const auto count = static_cast<long long>(names.GetSize() - rules_.names[kind].always.size());
     for (const CountRule& rule : rules_.counts) {
         if (rule.noun != rules_.names[kind].noun)
             continue;
         const auto most = dimensions_.FindGiven(rule.size);
-        if (most && count == most->value + 1)
+        if (most && most->value > 0 && count == most->value + 1)
             reporter_.Report(FindValue(deck_, deck_.keywords.back(), position), Code::TooManyNames,
                 fmt::format("{}: {} '{}' is number {}, but {} is {}", deck_.keywords.back().syntax->GetName(),
                     rule.noun, Shorten(name), count, rule.size, most->value),
@@ -90,18 +102,18 @@ std::uint32_t NameChecks::KindOf(std::uint32_t kind, std::string_view name) cons
     return kind;
 }
 
-/// A deck that defines none of a kind is a part of one, or has them from elsewhere.
 bool NameChecks::IsDefined(std::uint32_t kind, std::string_view name)
 {
     const NameRule& rule = rules_.names[kind];
     NameTable& names = names_[kind];
+    const auto isIgnored = [name](const std::string& word) {
+        return word == name || (word.find('*') != std::string::npos && IsMatch(word, name));
+    };
+    if (std::any_of(rule.ignored.begin(), rule.ignored.end(), isIgnored))
+        return true;
     if (rule.areArrays)
         return IsInLanguage(name);
-    if (names.GetSize() == rule.always.size() || names.Has(name))
-        return true;
-    if (std::find(rule.ignored.begin(), rule.ignored.end(), name) != rule.ignored.end())
-        return true;
-    return IsPattern(rule, name) && names.HasMatch(name);
+    return names.Has(name) || (IsPattern(rule, name) && names.HasMatch(name));
 }
 
 bool NameChecks::IsInLanguage(std::string_view array) const
@@ -113,8 +125,9 @@ bool NameChecks::IsInLanguage(std::string_view array) const
 
 bool NameChecks::MakesArray(std::string_view name) const
 {
+    const std::string first = deck_.language.FindName(name);
     for (std::size_t kind = 0; kind < names_.size(); ++kind) {
-        if (rules_.names[kind].areArrays && names_[kind].Has(name))
+        if (rules_.names[kind].areArrays && names_[kind].Has(first))
             return true;
     }
     return false;
@@ -137,6 +150,8 @@ std::string NameChecks::HintOf(
     std::uint32_t kind, std::string_view name, const KeywordInstance& keyword) const
 {
     const NameRule& rule = rules_.names[kind];
+    if (!rule.areArrays && names_[kind].Has(name))
+        return fmt::format("define the {} before it is named", rule.noun);
     const auto near = rule.areArrays ? deck_.language.GetNearestNames().Find(ToUpper(name), keyword.section)
                                      : FindNearest(names_[kind].GetNames(), std::string(name));
     if (!near.empty())
@@ -146,10 +161,14 @@ std::string NameChecks::HintOf(
     return fmt::format("define the {} with {} before it is named", rule.noun, Choices(DefinersOf(rule)));
 }
 
-void NameChecks::EndDeck()
+/// A part of a deck has what it doesn't define from elsewhere; so has a deck that defines none of a kind, but
+/// for a whole one.
+void NameChecks::EndDeck(bool isWholeDeck)
 {
     for (const Pending& pending : pending_) {
-        if (!IsDefined(pending.kind, pending.name))
+        const bool isKnown = HasDefinitions(pending.kind) || isWholeDeck;
+        const bool isEarly = !pending.mayComeFirst && names_[pending.kind].Has(pending.name);
+        if (isKnown && (isEarly || !IsDefined(pending.kind, pending.name)))
             ReportUnknown(pending.kind, pending.name, deck_.keywords[pending.keyword], pending.position);
     }
 }

@@ -25,8 +25,8 @@ public:
     void Follow(const RecordRules::Name& rule, std::string_view name, const ValuePosition& position);
     /// Names may be defined by something that could not be read: none is reported from now on.
     void Lose() { isWhole_ = false; }
-    /// Judges the names that may be defined later.
-    void EndDeck();
+    /// Judges the names that may be defined later. `isWholeDeck`: nothing of the deck is elsewhere.
+    void EndDeck(bool isWholeDeck);
 
     /// Whether an item of the deck makes the array of that name.
     bool MakesArray(std::string_view name) const;
@@ -37,10 +37,12 @@ private:
         std::uint32_t keyword;
         ValuePosition position;
         std::string name;
+        bool mayComeFirst; // else nothing of the kind was defined before it
     };
 
     void Define(std::uint32_t kind, std::string_view name, const ValuePosition& position);
     std::uint32_t KindOf(std::uint32_t kind, std::string_view name) const;
+    bool HasDefinitions(std::uint32_t kind) const;
     bool IsDefined(std::uint32_t kind, std::string_view name);
     bool IsInLanguage(std::string_view array) const;
     void ReportUnknown(std::uint32_t kind, std::string_view name, const KeywordInstance& keyword,
@@ -52,6 +54,7 @@ private:
     const Dimensions& dimensions_;
     FindingReporter& reporter_;
     std::vector<NameTable> names_; // of each kind
+    std::vector<NameTable> waiting_; // names that were used before any of the kind was defined
     std::vector<Pending> pending_;
     bool isWhole_ = true;
 };

@@ -11,6 +11,8 @@ constexpr char Upper(char c)
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
+} // namespace
+
 /// Goes back to the last asterisk where the rest doesn't match: the time is that of the product of the sizes
 /// at most.
 bool IsMatch(std::string_view pattern, std::string_view name)
@@ -34,8 +36,6 @@ bool IsMatch(std::string_view pattern, std::string_view name)
     }
     return pattern.find_first_not_of('*', at) == std::string_view::npos;
 }
-
-} // namespace
 
 std::size_t NameTable::Hash::operator()(std::string_view name) const
 {

@@ -8,6 +8,9 @@
 
 namespace Veld::Quor::Core::Decks {
 
+/// Whether a pattern matches a name, in any case: '*' stands for any characters, '?' for one.
+bool IsMatch(std::string_view pattern, std::string_view name);
+
 /// Names of one kind, the same in any case.
 class NameTable {
 public:

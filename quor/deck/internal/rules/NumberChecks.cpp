@@ -87,8 +87,8 @@ void NumberChecks::CheckRegion(const RegionRule& rule) const
         return;
     const auto cell = static_cast<std::size_t>(std::distance(numbers.begin(), highest));
     reporter_.Report(FindValue(deck_, keyword, {cell}), Code::RegionOutside,
-        fmt::format("{}: number {} in cell {}, but the deck has {} {} ({})", keyword.syntax->GetName(),
-            *highest, cell + 1, *most, rule.what, rule.size),
+        fmt::format("{}: number {} in cell {}, but {}, the number of {}, is {}", keyword.syntax->GetName(),
+            *highest, cell + 1, rule.size, rule.what, *most),
         fmt::format("correct the number, or increase {}", rule.size), {},
         FindSize(deck_, dimensions_, rule.size));
 }
@@ -103,9 +103,9 @@ void NumberChecks::CheckAssignments(
         const auto most = rule ? dimensions_.FindWhole(rule->size) : std::nullopt;
         if (most && *value > static_cast<double>(*most))
             reporter_.Report(RangeOf(position, item.value), Code::RegionOutside,
-                fmt::format("{}: number {} for {}, but the deck has {} {} ({})",
-                    deck_.keywords.back().syntax->GetName(), *value, ToUpper(*array), *most, rule->what,
-                    rule->size),
+                fmt::format("{}: number {} for {}, but {}, the number of {}, is {}",
+                    deck_.keywords.back().syntax->GetName(), *value, ToUpper(*array), rule->size, rule->what,
+                    *most),
                 fmt::format("correct the number, or increase {}", rule->size), {},
                 FindSize(deck_, dimensions_, rule->size));
     }

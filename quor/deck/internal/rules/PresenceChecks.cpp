@@ -47,18 +47,32 @@ void PresenceChecks::ReportConflict(const KeywordInstance& keyword, const Exclus
 }
 
 /// A deck without one of the sections of a whole one is a part of a deck.
-void PresenceChecks::EndDeck()
+bool PresenceChecks::IsWholeDeck() const
 {
-    const bool isWhole = !rules_.whole.empty()
-        && std::all_of(rules_.whole.begin(), rules_.whole.end(),
-            [this](const std::string& name) { return FindFirst(name); });
-    if (!isWhole)
-        return;
-    for (const NeedRule& rule : rules_.needs)
-        CheckNeed(rule);
+    return !rules_.whole.empty()
+        && std::all_of(rules_.whole.begin(), rules_.whole.end(), [this](const std::string& name) {
+               const KeywordInstance* const section = FindFirst(name);
+               return section && !IsEmpty(*section);
+           });
 }
 
-/// Nor does an empty section lack anything.
+void PresenceChecks::EndDeck()
+{
+    if (std::all_of(rules_.whole.begin(), rules_.whole.end(),
+            [this](const std::string& name) { return FindFirst(name); })) {
+        for (const NeedRule& rule : rules_.needs)
+            CheckNeed(rule);
+    }
+}
+
+/// Of a keyword that begins a section.
+bool PresenceChecks::IsEmpty(const KeywordInstance& section) const
+{
+    const KeywordInstance* const next = &section + 1;
+    return &section == &deck_.keywords.back() || next->section != section.section;
+}
+
+/// An empty section lacks nothing.
 void PresenceChecks::CheckNeed(const NeedRule& rule)
 {
     const auto isThere = [this](const std::string& name) { return Has(name); };
@@ -67,8 +81,7 @@ void PresenceChecks::CheckNeed(const NeedRule& rule)
         || std::any_of(rule.unless.begin(), rule.unless.end(), isThere)
         || std::any_of(rule.anyOf.begin(), rule.anyOf.end(), isThere))
         return;
-    const KeywordInstance* const next = section == &deck_.keywords.back() ? nullptr : section + 1;
-    if (!next || next->section != section->section)
+    if (IsEmpty(*section))
         return;
     reporter_.Report(section->name, Code::MissingKeyword,
         fmt::format("{}: no {}; expected {}", rule.in, rule.what, Choices(rule.anyOf)),

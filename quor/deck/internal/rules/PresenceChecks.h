@@ -28,10 +28,13 @@ public:
     void Follow(const KeywordRules& rules);
     /// No keyword of the deck was missed.
     void EndDeck();
+    /// Whether the deck is no part of one.
+    bool IsWholeDeck() const;
 
 private:
     void ReportRepeated(const KeywordInstance& keyword, const KeywordInstance& first);
     void ReportConflict(const KeywordInstance& keyword, const ExclusiveRule& rule);
+    bool IsEmpty(const KeywordInstance& section) const;
     void CheckNeed(const NeedRule& rule);
     bool Has(const std::string& name) const;
     const KeywordInstance* FindFirst(const std::string& name) const;

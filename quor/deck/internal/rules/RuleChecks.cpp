@@ -86,7 +86,7 @@ void RuleChecks::EndDeck(bool isSure)
 {
     if (!isSure || !isWhole_)
         return;
-    names_.EndDeck();
+    names_.EndDeck(presence_.IsWholeDeck());
     presence_.EndDeck();
 }
 

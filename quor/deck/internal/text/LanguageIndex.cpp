@@ -1,5 +1,6 @@
 #include "quor/deck/internal/text/LanguageIndex.h"
 
+#include "quor/deck/internal/text/LineText.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
 
@@ -49,6 +50,13 @@ LanguageIndex::LanguageIndex(KeywordSyntaxTable& table, RuleSet rules)
         if (syntax.GetFirstValidSection() == SectionType::RUNSPEC)
             AppendIntegers(syntax.GetDataMD(), sizes_);
     }
+}
+
+std::string LanguageIndex::FindName(std::string_view name) const
+{
+    std::string upper = ToUpper(name);
+    const auto syntaxes = LookupAll(upper);
+    return syntaxes.empty() || syntaxes.front()->IsWildcard() ? upper : syntaxes.front()->GetName();
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -8,6 +8,7 @@
 #include "quor/syntax/KeywordSyntaxTable.h"
 
 #include <string>
+#include <string_view>
 #include <unordered_set>
 #include <vector>
 
@@ -28,6 +29,9 @@ public:
     {
         return table_.LookupAll(name);
     }
+    /// The first name of the keyword that has the name, as an alias say, and no wildcard; else the name, in
+    /// upper case.
+    std::string FindName(std::string_view name) const;
     /// The syntax of the name in the section; null if there are several, none of which is valid there.
     const Core::Keywords::IKeywordSyntax* Lookup(
         const std::string& name, Core::Keywords::SectionType::Enum section) const
