@@ -53,8 +53,7 @@ std::string EndText(const IKeywordListMD& list, const IKeywordSyntax& syntax)
     if (!own || list.GetTermination() != IKeywordDataMD::TerminationType::CUSTOMIZED)
         return EndText(list.GetTermination(), list.GetSize() ? "ends by its size" : "has no end mark");
     const Words words = FindEndWords(*own, syntax);
-    return words.empty() ? "ends with its own word"
-                         : fmt::format("ends with {}", fmt::join(words, " or "));
+    return words.empty() ? "ends with its own word" : fmt::format("ends with {}", fmt::join(words, " or "));
 }
 
 Words ListFacts(const IKeywordListMD& list, const IKeywordSyntax& syntax)
