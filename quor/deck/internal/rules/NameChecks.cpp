@@ -37,6 +37,7 @@ NameChecks::NameChecks(
     , reporter_(reporter)
     , names_(rules.names.size())
     , waiting_(rules.names.size())
+    , later_(rules.names.size())
 {
     for (std::size_t kind = 0; kind < names_.size(); ++kind) {
         for (const std::string& name : rules.names[kind].always)
@@ -60,7 +61,8 @@ void NameChecks::Follow(const RecordRules::Name& rule, std::string_view name, co
     if (!isWhole_ || (rule.isDefinition && !rules_.names[rule.kind].areArrays))
         return;
     const bool isFirst = !rules_.names[kind].areArrays && !HasDefinitions(kind);
-    if (isFirst && !waiting_[kind].Add(name))
+    NameTable& waiting = rule.mayComeFirst ? later_[kind] : waiting_[kind];
+    if ((isFirst || rule.mayComeFirst) && !waiting.Add(name))
         return;
     if (isFirst || rule.mayComeFirst)
         pending_.push_back({kind, static_cast<std::uint32_t>(deck_.keywords.size() - 1), position,
@@ -109,11 +111,9 @@ bool NameChecks::IsDefined(std::uint32_t kind, std::string_view name)
     const auto isIgnored = [name](const std::string& word) {
         return word == name || (word.find('*') != std::string::npos && IsMatch(word, name));
     };
-    if (std::any_of(rule.ignored.begin(), rule.ignored.end(), isIgnored))
-        return true;
-    if (rule.areArrays)
-        return IsInLanguage(name);
-    return names.Has(name) || (IsPattern(rule, name) && names.HasMatch(name));
+    const bool isThere = rule.areArrays ? IsInLanguage(name) : names.Has(name);
+    return isThere || std::any_of(rule.ignored.begin(), rule.ignored.end(), isIgnored)
+        || (IsPattern(rule, name) && names.HasMatch(name));
 }
 
 bool NameChecks::IsInLanguage(std::string_view array) const

@@ -55,7 +55,8 @@ private:
     FindingReporter& reporter_;
     std::vector<NameTable> names_; // of each kind
     std::vector<NameTable> waiting_; // names that were used before any of the kind was defined
-    std::vector<Pending> pending_;
+    std::vector<NameTable> later_; // names that may be defined later
+    std::vector<Pending> pending_; // one for each of these
     bool isWhole_ = true;
 };
 

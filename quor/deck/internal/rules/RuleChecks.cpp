@@ -3,7 +3,6 @@
 #include "quor/data/Access.h"
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
-#include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
 
 #include <charconv>
@@ -123,9 +122,8 @@ void RuleChecks::CheckInner(const RecordRules& rules, const IKeywordData& data, 
 void RuleChecks::CheckItem(const RecordRules::Name& rule, const Record& record, ValuePosition position)
 {
     const void* const data = record.GetData(rule.item);
-    const auto& md = static_cast<const IKeywordRecordMD&>(*record.GetMD());
     position.item = rule.item;
-    switch (KeywordUtils::GetMDType(md.GetItemMD(rule.item))) {
+    switch (rule.type) {
     case MDType::String:
         if (const auto& name = *static_cast<const Optional<std::string>*>(data))
             names_.Follow(rule, *name, position);

@@ -18,6 +18,7 @@ struct RecordRules {
     struct Name {
         std::uint32_t kind; ///< index among the rules of names
         int item;
+        Keywords::IKeywordDataMD::MDType::Enum type; ///< of the item; a list if it is one of texts
         bool isDefinition;
         bool mayComeFirst;
     };
