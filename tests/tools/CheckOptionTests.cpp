@@ -147,6 +147,23 @@ TEST(Check, FoldsWhatIsAlikeInAllFormats)
     EXPECT_EQ(json::parse(check("--all --format json"))["findings"].size(), 3U);
 }
 
+TEST(CheckRules, ReportAndCount)
+{
+    const TemporaryDirectory folder;
+    folder.Write("a.data", "RUNSPEC\nIMPES\nAIM\n");
+    folder.Write("r.xml", "<rules><exclusive keywords='IMPES AIM' what='solution'/></rules>");
+    const std::string run = "cd " + Quote(folder.Path().string()) + "; \"$QUOR\" check a.data --rules r.xml";
+    EXPECT_EQ(RunShell(run).out,
+        R"(a.data:3:1: error: AIM contradicts IMPES; expected one solution [conflicting-keywords]
+    AIM
+    ^~~
+  hint: remove one of them
+  see a.data:2:1: IMPES is here
+a.data: 3 keywords in 1 section, 1 file: 1 error
+)");
+    EXPECT_TRUE(Holds(RunShell(run + " --statistics").out, "1 deck, 0 clean: 1 error,"));
+}
+
 TEST(Check, CountsTheFindingsOfManyDecks)
 {
     const TemporaryDirectory folder;

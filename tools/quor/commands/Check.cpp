@@ -190,7 +190,7 @@ int CountAll(LoadedLanguage& language, const CheckCommandOptions& options)
     }
     if (options.format == FindingFormat::Text)
         PrintHeader(language);
-    const Decks::DeckLanguage deckLanguage(language.GetTable());
+    const Decks::DeckLanguage deckLanguage(language.GetTable(), options.rules);
     CheckStatistics statistics;
     bool isComplete = true;
     for (const std::string& deck : options.decks) {
