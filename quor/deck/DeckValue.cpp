@@ -98,29 +98,29 @@ ValueAddress FullAddress(const DeckContents& deck, const ValueMatch& match)
     return address;
 }
 
-/// Whether values of the keyword have dates: an address without one matches them too.
-bool HasDates(const DeckContents& deck, const KeywordInstance& keyword)
-{
-    const auto& sameName = deck.names.Find(deck, deck.NameOf(keyword));
-    return std::any_of(sameName.begin(), sameName.end(),
-        [&](std::uint32_t other) { return !deck.DateOf(deck.keywords[other]).empty(); });
-}
-
-/// The full addresses of all values that one address matches.
+/// The full addresses of all values that one address matches. An address without a date matches those that
+/// have one too, so these count among the ones without.
 std::vector<ValueAddress> FullAddresses(const DeckContents& deck, const std::vector<ValueMatch>& matches)
 {
     std::unordered_map<std::string, std::size_t> counts;
-    std::vector<std::string> keys;
-    for (const ValueMatch& match : matches)
-        ++counts[keys.emplace_back(MakeAddressKey(deck, match))];
-    std::unordered_map<std::string, std::size_t> numbers;
     std::vector<ValueAddress> addresses;
+    std::vector<std::string> keys;
+    for (const ValueMatch& match : matches) {
+        const std::string& date = addresses.emplace_back(MakeAddress(deck, match)).date;
+        std::string key = MakeAddressKey(deck, match);
+        ++counts[key];
+        if (!date.empty())
+            ++counts[key.append("@").append(date)];
+        keys.push_back(std::move(key));
+    }
+    std::unordered_map<std::string, std::size_t> numbers;
     for (std::size_t i = 0; i < matches.size(); ++i) {
-        addresses.push_back(MakeAddress(deck, matches[i]));
-        if (addresses.back().date.empty() && HasDates(deck, deck.keywords[matches[i].keyword]))
-            addresses.back() = FullAddress(deck, matches[i]);
-        else if (counts[keys[i]] > 1)
-            addresses.back().number = ++numbers[keys[i]];
+        const std::string& date = addresses[i].date;
+        const std::size_t number = ++numbers[keys[i]];
+        if (!date.empty())
+            ++numbers[keys[i].substr(0, keys[i].size() - date.size() - 1)];
+        if (counts[keys[i]] > 1)
+            addresses[i].number = number;
     }
     return addresses;
 }

@@ -200,6 +200,16 @@ INSTANTIATE_TEST_SUITE_P(Addresses, Places,
         PlaceRow{"NoSuchNumber", "WELLS[P1].KIND#5", ""}),
     CaseName<PlaceRow>);
 
+TEST(Address, WithoutADateCountsValuesThatHaveOne)
+{
+    const Deck deck =
+        ReadEditable("NAMES\n A B /\nSTART\n 1 MAR 2024 /\nNAMES\n C /\nSCHEDULE\nNAMES\n D /\n");
+    const auto places = Resolve(deck, {"NAMES"});
+    EXPECT_EQ(Listed(deck, places), "NAMES[1]#1 = A\nNAMES[2] = B\nNAMES[1]#2 = C\nNAMES[1]@2024-03-01 = D");
+    for (const DeckValue& place : places)
+        EXPECT_EQ(ResolveOne(deck, place.address).text, place.text);
+}
+
 struct AdviceRow {
     const char* name;
     const char* address;

@@ -220,6 +220,7 @@ std::string MakeAddressKey(const DeckContents& deck, const ValueMatch& match)
     ValueAddress address;
     for (const IdentityItem& item : Describe(deck, match, address))
         address.identifiers.push_back(IsCaseSensitive(*item.md) ? TextOf(item) : ToUpper(TextOf(item)));
+    address.date.clear();
     return address.ToString();
 }
 

@@ -21,8 +21,8 @@ std::vector<ValueMatch> FindMatches(const DeckContents& deck, const ValueAddress
 
 /// The address of a value without its number.
 ValueAddress MakeAddress(const DeckContents& deck, const ValueMatch& match);
-/// Equal for values whose addresses match one another: the address with the texts in upper case whose case
-/// doesn't matter.
+/// Equal for values whose addresses without dates match one another: that address with the texts in upper
+/// case whose case doesn't matter.
 std::string MakeAddressKey(const DeckContents& deck, const ValueMatch& match);
 
 /// The item as addresses name it: its name, or its number if it has none or another item has it too.
