@@ -1,6 +1,7 @@
 #include "quor/deck/internal/check/FindingCollector.h"
 
 #include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/TextHash.h"
 
 #include <utility>
 
@@ -8,29 +9,20 @@ namespace Veld::Quor::Core::Decks {
 
 namespace {
 
-/// The hash of a text that is added piece by piece.
-class KindHash {
-public:
-    void Add(char c) { hash_ = (hash_ ^ static_cast<unsigned char>(c)) * 0x100000001B3U; }
-    void Add(std::string_view text)
-    {
-        for (const char c : text)
-            Add(c);
-        Add('\n');
-    }
-    std::uint64_t Get() const { return hash_; }
-
-private:
-    std::uint64_t hash_ = 0xCBF29CE484222325U;
-};
+void AddLine(TextHash& hash, std::string_view text)
+{
+    for (const char c : text)
+        hash.Add(c);
+    hash.Add('\n');
+}
 
 } // namespace
 
 std::uint64_t FindingKind(std::string_view file, std::string_view code, std::string_view message)
 {
-    KindHash hash;
-    hash.Add(file);
-    hash.Add(code);
+    TextHash hash;
+    AddLine(hash, file);
+    AddLine(hash, code);
     const auto isDigit = [&](std::size_t i) { return i < message.size() && IsDigit(message[i]); };
     const auto begins = [&](std::size_t i) { return isDigit(i) || (message[i] == '-' && isDigit(i + 1)); };
     bool isQuoted = false;

@@ -110,9 +110,11 @@ void WellSummary::ReadControl(const Record& record)
     };
     const std::string type = FindWord(record, "TYPE");
     const std::string control = FindWord(record, "CONTROL");
+    const std::string current = textOf({type, FindOtherWord(record, "STATUS"), control});
+    const std::string whenOpen = textOf({type, control});
     ForEachWell(FindName(record, "WELL"), [&](Entry& entry) {
-        entry.well.control = textOf({type, FindOtherWord(record, "STATUS"), control});
-        entry.control = textOf({type, control});
+        entry.well.control = current;
+        entry.control = whenOpen;
     });
 }
 

@@ -66,7 +66,9 @@ std::optional<NewWord> WordMaker::Make(const NewValue& value) const
         return std::nullopt;
     try {
         const bool isLine = scalar_.md->GetType() == MDType::Line;
-        std::string word = MakeWord(*scalar_.md, scalar, MayBeMissing());
+        const auto* const text = std::get_if<std::string>(&scalar);
+        const bool isBlank = text && text->empty(); // else it doesn't matter, and takes time
+        std::string word = MakeWord(*scalar_.md, scalar, isBlank && MayBeMissing());
         if (isLine && EndsAList(LoneWordOf(word)))
             throw std::invalid_argument(
                 fmt::format("can't write the line '{}': it ends the list", Shorten(word)));

@@ -1,5 +1,7 @@
 #include "quor/deck/internal/rules/NameTable.h"
 
+#include "quor/deck/internal/text/TextHash.h"
+
 #include <algorithm>
 
 namespace Veld::Quor::Core::Decks {
@@ -39,10 +41,10 @@ bool IsMatch(std::string_view pattern, std::string_view name)
 
 std::size_t NameTable::Hash::operator()(std::string_view name) const
 {
-    std::size_t hash = 14695981039346656037U;
+    TextHash hash;
     for (const char c : name)
-        hash = (hash ^ static_cast<unsigned char>(Upper(c))) * 1099511628211U;
-    return hash;
+        hash.Add(Upper(c));
+    return hash.Get();
 }
 
 bool NameTable::Equal::operator()(std::string_view a, std::string_view b) const

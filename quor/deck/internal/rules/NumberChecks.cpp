@@ -44,6 +44,12 @@ TextRange NumberChecks::RangeOf(ValuePosition record, int item) const
     return FindValue(deck_, deck_.keywords.back(), record);
 }
 
+void NumberChecks::StartKeyword()
+{
+    for (std::size_t i = 0; i < sizes_.size(); ++i)
+        sizes_[i] = dimensions_.FindWhole(rules_.indices[i].size);
+}
+
 void NumberChecks::CheckIndices(
     const RecordRules& rules, const IKeywordRecordData& record, const ValuePosition& position) const
 {
@@ -51,12 +57,13 @@ void NumberChecks::CheckIndices(
         const Optional<int> number = NumberOf(record, rule.item);
         if (!number || HasItem(record, rule.unless))
             continue;
-        const auto most = dimensions_.FindWhole(rule.rule->size);
+        const auto& most = sizes_[rule.rule];
+        const std::string& size = rules_.indices[rule.rule].size;
         if (most && *number > *most)
             reporter_.Report(RangeOf(position, rule.item), Code::IndexOutside,
                 fmt::format("{}: {} is {}, but {} is {}", deck_.keywords.back().syntax->GetName(),
-                    ItemName(ItemMDOf(record, rule.item)), *number, rule.rule->size, *most),
-                "", {}, FindSize(deck_, dimensions_, rule.rule->size));
+                    ItemName(ItemMDOf(record, rule.item)), *number, size, *most),
+                "", {}, FindSize(deck_, dimensions_, size));
     }
 }
 

@@ -6,7 +6,9 @@
 #include "quor/deck/internal/rules/RulePlans.h"
 #include "quor/deck/internal/rules/ValueRange.h"
 
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -19,9 +21,13 @@ public:
         , deck_(deck)
         , dimensions_(dimensions)
         , reporter_(reporter)
+        , sizes_(rules.indices.size())
     {
     }
 
+    /// The sizes are those where the last keyword of the deck is: to be called before its records are
+    /// checked.
+    void StartKeyword();
     /// `position`: of the record.
     void CheckIndices(const RecordRules& rules, const Keywords::IKeywordRecordData& record,
         const ValuePosition& position) const;
@@ -39,6 +45,7 @@ private:
     const DeckContents& deck_;
     const Dimensions& dimensions_;
     FindingReporter& reporter_;
+    std::vector<std::optional<long long>> sizes_; // of each rule of indices; empty if it isn't known
 };
 
 } // namespace Veld::Quor::Core::Decks

@@ -56,6 +56,7 @@ void RuleChecks::Follow(bool isKnown)
     if (!isKnown) // what it defines may be incomplete
         return Lose();
     isOfLocalGrid_ = IsOfLocalGrid(keyword.scope);
+    numbers_.StartKeyword();
     if (!rules.record.IsEmpty())
         CheckRoot(rules.record);
     if (!rules.elements.empty())

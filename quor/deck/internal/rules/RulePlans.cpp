@@ -161,13 +161,14 @@ void RulePlans::AddNames(const Key& key, const IKeywordDataMD& md, RecordRules& 
 
 void RulePlans::AddNumbers(const Key& key, const IKeywordDataMD& md, RecordRules& record) const
 {
-    for (const IndexRule& rule : rules_.indices) {
+    for (std::size_t number = 0; number < rules_.indices.size(); ++number) {
+        const IndexRule& rule = rules_.indices[number];
         if (!IsAbout(rule.where, *key.first, key.second))
             continue;
         const int unless = rule.where.unless.empty() ? -1 : FindItem(md, rule.where.unless);
         for (const std::string& name : rule.where.items) {
             if (const int item = FindNumber(md, name); item >= 0)
-                record.indices.push_back({&rule, item, unless});
+                record.indices.push_back({number, item, unless});
         }
     }
     for (const AssignmentRule& rule : rules_.assignments) {

@@ -23,7 +23,7 @@ struct RecordRules {
         bool mayComeFirst;
     };
     struct Index {
-        const IndexRule* rule;
+        std::size_t rule; ///< index among the rules of indices
         int item;
         int unless; ///< an item; -1: none
     };
