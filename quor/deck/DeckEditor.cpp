@@ -7,8 +7,8 @@
 #include "quor/deck/internal/edit/ListEdits.h"
 #include "quor/deck/internal/edit/NewWords.h"
 #include "quor/deck/internal/edit/WritableValues.h"
-#include "quor/deck/internal/read/DataShape.h"
-#include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/read/contents/DeckContents.h"
+#include "quor/deck/internal/read/data/DataShape.h"
 #include "quor/deck/internal/text/LineText.h"
 
 #include <fmt/format.h>

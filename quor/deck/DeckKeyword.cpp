@@ -2,7 +2,7 @@
 
 #include "quor/deck/Deck.h"
 #include "quor/deck/internal/ContentsOf.h"
-#include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/read/contents/DeckContents.h"
 #include "quor/deck/internal/text/LineText.h"
 
 #include <fmt/format.h>

@@ -4,7 +4,7 @@
 #include "quor/deck/internal/edit/AddressAdvice.h"
 #include "quor/deck/internal/edit/AddressMatcher.h"
 #include "quor/deck/internal/edit/DataPath.h"
-#include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/read/contents/DeckContents.h"
 #include "quor/deck/internal/text/LineText.h"
 
 #include <fmt/format.h>

@@ -1,9 +1,9 @@
 #include "quor/deck/Portability.h"
 
 #include "quor/deck/internal/ContentsOf.h"
-#include "quor/deck/internal/read/DataValue.h"
-#include "quor/deck/internal/read/DeckContents.h"
-#include "quor/deck/internal/read/VisitData.h"
+#include "quor/deck/internal/read/contents/DeckContents.h"
+#include "quor/deck/internal/read/data/DataValue.h"
+#include "quor/deck/internal/read/data/VisitData.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/metadata/IKeywordAssignmentMD.h"
 #include "quor/metadata/IKeywordChoiceMD.h"

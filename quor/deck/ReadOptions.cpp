@@ -1,6 +1,6 @@
 #include "quor/deck/ReadOptions.h"
 
-#include "quor/deck/internal/read/ReadSettings.h"
+#include "quor/deck/internal/read/contents/ReadSettings.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/variables/VariablesString.h"
 

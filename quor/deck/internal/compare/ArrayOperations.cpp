@@ -1,7 +1,7 @@
 #include "quor/deck/internal/compare/ArrayOperations.h"
 
 #include "quor/deck/internal/compare/RecordItems.h"
-#include "quor/deck/internal/read/DataShape.h"
+#include "quor/deck/internal/read/data/DataShape.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/syntax/ICellPropertyInfo.h"
 

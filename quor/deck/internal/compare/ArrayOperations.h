@@ -3,8 +3,8 @@
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/deck/DeckSummary.h"
-#include "quor/deck/internal/read/DeckContents.h"
-#include "quor/deck/internal/read/Dimensions.h"
+#include "quor/deck/internal/read/contents/DeckContents.h"
+#include "quor/deck/internal/read/deck/Dimensions.h"
 
 #include <array>
 #include <cstddef>

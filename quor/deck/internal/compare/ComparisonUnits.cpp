@@ -1,9 +1,9 @@
 #include "quor/deck/internal/compare/ComparisonUnits.h"
 
 #include "quor/data/IKeywordListData.h"
-#include "quor/deck/internal/read/DataValue.h"
-#include "quor/deck/internal/read/RecordIdentity.h"
-#include "quor/deck/internal/read/TimeLine.h"
+#include "quor/deck/internal/read/data/DataValue.h"
+#include "quor/deck/internal/read/data/RecordIdentity.h"
+#include "quor/deck/internal/read/deck/TimeLine.h"
 #include "quor/deck/internal/text/LineText.h"
 
 #include <utility>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "quor/data/IKeywordData.h"
-#include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/read/contents/DeckContents.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/service/Time.h"
 

@@ -1,7 +1,7 @@
 #include "quor/deck/internal/compare/DataComparison.h"
 
 #include "quor/data/KeywordDataEqual.h"
-#include "quor/deck/internal/read/VisitData.h"
+#include "quor/deck/internal/read/data/VisitData.h"
 #include "quor/metadata/IKeywordAssignmentMD.h"
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/IKeywordRecordMD.h"

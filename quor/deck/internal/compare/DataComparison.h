@@ -6,7 +6,7 @@
 #include "quor/data/IKeywordRawData.h"
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/deck/DeckDifference.h"
-#include "quor/deck/internal/read/DataValue.h"
+#include "quor/deck/internal/read/data/DataValue.h"
 #include "quor/foundation/SimulatorType.h"
 
 #include <cstddef>

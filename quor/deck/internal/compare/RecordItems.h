@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/deck/internal/read/DataValue.h"
+#include "quor/deck/internal/read/data/DataValue.h"
 
 #include <string>
 

@@ -2,8 +2,8 @@
 
 #include "quor/data/IKeywordListData.h"
 #include "quor/deck/internal/compare/RecordItems.h"
-#include "quor/deck/internal/read/DataShape.h"
-#include "quor/deck/internal/read/DataValue.h"
+#include "quor/deck/internal/read/data/DataShape.h"
+#include "quor/deck/internal/read/data/DataValue.h"
 #include "quor/metadata/KeywordUtils.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/deck/DeckSummary.h"
-#include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/read/contents/DeckContents.h"
 #include "quor/foundation/service/Time.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 

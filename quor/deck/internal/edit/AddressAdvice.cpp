@@ -2,7 +2,7 @@
 
 #include "quor/deck/DeckLanguage.h"
 #include "quor/deck/internal/edit/DataPath.h"
-#include "quor/deck/internal/read/RecordIdentity.h"
+#include "quor/deck/internal/read/data/RecordIdentity.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/NearestNames.h"
 

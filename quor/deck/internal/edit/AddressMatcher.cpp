@@ -1,8 +1,8 @@
 #include "quor/deck/internal/edit/AddressMatcher.h"
 
 #include "quor/deck/internal/edit/DataPath.h"
-#include "quor/deck/internal/read/RecordIdentity.h"
-#include "quor/deck/internal/read/RecordIndex.h"
+#include "quor/deck/internal/read/contents/RecordIndex.h"
+#include "quor/deck/internal/read/data/RecordIdentity.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/NumberText.h"
 #include "quor/metadata/IKeywordRecordMD.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "quor/deck/ValueAddress.h"
-#include "quor/deck/internal/read/DataValue.h"
+#include "quor/deck/internal/read/data/DataValue.h"
 #include "quor/metadata/IKeywordDataMD.h"
 
 #include <cstddef>

@@ -3,7 +3,7 @@
 #include "quor/deck/TextRange.h"
 #include "quor/deck/ValueAddress.h"
 #include "quor/deck/internal/edit/ValueEdits.h"
-#include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/read/contents/DeckContents.h"
 
 #include <cstddef>
 #include <cstdint>

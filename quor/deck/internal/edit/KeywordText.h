@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/read/contents/DeckContents.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -5,7 +5,7 @@
 #include "quor/deck/internal/edit/DataPath.h"
 #include "quor/deck/internal/edit/KeywordText.h"
 #include "quor/deck/internal/edit/WritableValues.h"
-#include "quor/deck/internal/read/DataPlan.h"
+#include "quor/deck/internal/read/values/DataPlan.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/TextLines.h"
 #include "quor/deck/internal/write/DataWriter.h"

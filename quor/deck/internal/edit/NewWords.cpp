@@ -2,7 +2,7 @@
 
 #include "quor/data/IKeywordData.h"
 #include "quor/deck/internal/edit/WritableValues.h"
-#include "quor/deck/internal/read/DataPlan.h"
+#include "quor/deck/internal/read/values/DataPlan.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/write/ValueText.h"
 #include "quor/metadata/ICustomReadTermination.h"

@@ -3,7 +3,7 @@
 #include "quor/deck/DeckEditor.h"
 #include "quor/deck/internal/edit/DataPath.h"
 #include "quor/deck/internal/edit/ValueEdits.h"
-#include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/read/contents/DeckContents.h"
 
 #include <optional>
 

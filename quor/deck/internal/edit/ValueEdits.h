@@ -1,7 +1,7 @@
 #pragma once
 
 #include "quor/deck/TextRange.h"
-#include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/read/contents/DeckContents.h"
 
 #include <cstddef>
 #include <map>

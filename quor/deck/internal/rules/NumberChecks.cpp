@@ -3,8 +3,8 @@
 #include "quor/data/Access.h"
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
-#include "quor/deck/internal/read/DataShape.h"
-#include "quor/deck/internal/read/DataValue.h"
+#include "quor/deck/internal/read/data/DataShape.h"
+#include "quor/deck/internal/read/data/DataValue.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 

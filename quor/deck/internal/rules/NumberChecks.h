@@ -1,8 +1,8 @@
 #pragma once
 
 #include "quor/deck/internal/check/FindingReporter.h"
-#include "quor/deck/internal/read/DeckContents.h"
-#include "quor/deck/internal/read/Dimensions.h"
+#include "quor/deck/internal/read/contents/DeckContents.h"
+#include "quor/deck/internal/read/deck/Dimensions.h"
 #include "quor/deck/internal/rules/RulePlans.h"
 #include "quor/deck/internal/rules/ValueRange.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "quor/deck/internal/check/FindingReporter.h"
-#include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/read/contents/DeckContents.h"
 #include "quor/deck/internal/rules/NameChecks.h"
 #include "quor/deck/internal/rules/RulePlans.h"
 

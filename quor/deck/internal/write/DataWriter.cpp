@@ -1,6 +1,6 @@
 #include "quor/deck/internal/write/DataWriter.h"
 
-#include "quor/deck/internal/read/VisitData.h"
+#include "quor/deck/internal/read/data/VisitData.h"
 #include "quor/deck/internal/write/PlanShape.h"
 #include "quor/deck/internal/write/ValueText.h"
 #include "quor/metadata/IKeywordListMD.h"

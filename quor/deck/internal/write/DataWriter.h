@@ -1,9 +1,9 @@
 #pragma once
 
 #include "quor/deck/DeckFiles.h"
-#include "quor/deck/internal/read/DataNotes.h"
-#include "quor/deck/internal/read/DataPlan.h"
-#include "quor/deck/internal/read/DataValue.h"
+#include "quor/deck/internal/read/data/DataNotes.h"
+#include "quor/deck/internal/read/data/DataValue.h"
+#include "quor/deck/internal/read/values/DataPlan.h"
 #include "quor/deck/internal/write/DataLines.h"
 #include "quor/deck/internal/write/SourceWords.h"
 #include "quor/deck/internal/write/TableLines.h"

@@ -2,7 +2,7 @@
 
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
-#include "quor/deck/internal/read/DataValue.h"
+#include "quor/deck/internal/read/data/DataValue.h"
 #include "quor/deck/internal/write/PlanShape.h"
 #include "quor/deck/internal/write/ValueText.h"
 #include "quor/metadata/ICustomReadTermination.h"

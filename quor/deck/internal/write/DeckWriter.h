@@ -1,8 +1,8 @@
 #pragma once
 
 #include "quor/deck/internal/check/KeywordValidity.h"
-#include "quor/deck/internal/read/DataPlan.h"
-#include "quor/deck/internal/read/DeckContents.h"
+#include "quor/deck/internal/read/contents/DeckContents.h"
+#include "quor/deck/internal/read/values/DataPlan.h"
 #include "quor/deck/internal/write/SourceWords.h"
 
 #include <cstddef>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/deck/internal/read/DataPlan.h"
+#include "quor/deck/internal/read/values/DataPlan.h"
 
 namespace Veld::Quor::Core::Keywords {
 class IKeywordData;

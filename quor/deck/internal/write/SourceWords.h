@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/deck/internal/read/DataNotes.h"
+#include "quor/deck/internal/read/data/DataNotes.h"
 #include "quor/deck/internal/text/WordText.h"
 
 #include <cstddef>

@@ -1,6 +1,6 @@
 #include "quor/deck/internal/write/ValueText.h"
 
-#include "quor/deck/internal/read/ValueReader.h"
+#include "quor/deck/internal/read/values/ValueReader.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/NumberText.h"
 #include "quor/metadata/IKeywordChoiceMD.h"

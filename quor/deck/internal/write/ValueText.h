@@ -1,7 +1,7 @@
 #pragma once
 
-#include "quor/deck/internal/read/DataPlan.h"
-#include "quor/deck/internal/read/DataValue.h"
+#include "quor/deck/internal/read/data/DataValue.h"
+#include "quor/deck/internal/read/values/DataPlan.h"
 #include "quor/deck/internal/text/WordText.h"
 
 #include <string>

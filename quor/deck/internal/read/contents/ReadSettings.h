@@ -1,0 +1,26 @@
+#pragma once
+
+#include "quor/deck/DeckSource.h"
+#include "quor/deck/ReadOptions.h"
+#include "quor/deck/Target.h"
+#include "quor/deck/internal/read/words/VariableValues.h"
+
+#include <cstddef>
+#include <memory>
+
+namespace Veld::Quor::Core::Decks {
+
+/// What `ReadOptions` holds.
+struct ReadSettings {
+    Target target;
+    std::size_t maxFindings = 200;
+    ReadProgress progress = {};
+    VariableTexts variables = {}; ///< what the variables of the deck stand for
+    bool keepsValueRanges = false; ///< whether the notes of each keyword get the ranges of its values
+    bool isStrict = false; ///< whether findings of strict codes are reported
+    KnownFinding isKnown = {};
+    std::shared_ptr<const DeckSource> source = {}; ///< null: the files of the system
+    ReadCancellation isCancelled = {}; ///< asked now and then; once it is true the read ends
+};
+
+} // namespace Veld::Quor::Core::Decks

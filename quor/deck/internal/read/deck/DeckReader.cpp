@@ -1,0 +1,169 @@
+#include "quor/deck/internal/read/deck/DeckReader.h"
+
+#include "quor/data/DataAccessUtils.h"
+#include "quor/data/KeywordDataFactory.h"
+#include "quor/deck/internal/read/data/DataShape.h"
+#include "quor/syntax/ICellPropertyInfo.h"
+
+#include <utility>
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+
+namespace {
+
+using MDType = IKeywordDataMD::MDType;
+
+ReadSettings WithSource(ReadSettings options)
+{
+    if (!options.source)
+        options.source = std::make_shared<FileSource>();
+    return options;
+}
+
+} // namespace
+
+DeckReader::DeckReader(const std::string& path, const ReadSettings& options, const LanguageIndex& language)
+    : options_(WithSource(options))
+    , vocabulary_(language, options.target)
+    , deck_(std::make_unique<DeckContents>(language, options.maxFindings))
+    , reporter_(deck_->files, deck_->findings, options.isKnown, options.isStrict)
+    , text_(path, *options_.source, options.target, vocabulary_, deck_->files, reporter_)
+    , plans_(options.target)
+    , dimensions_(language, options.target.simulator)
+    , data_(
+          options.target, text_, reporter_,
+          [this](const std::string& name) { return dimensions_.Find(name); }, options.variables,
+          options.keepsValueRanges)
+    , sections_(options.target, deck_->files, reporter_)
+    , scopes_(language, *deck_, dimensions_, reporter_)
+    , precedents_(reporter_)
+    , timeLine_(*deck_, reporter_, options.target.simulator)
+    , rules_(language.GetRules(), *deck_, dimensions_, reporter_)
+{
+    text_.SetProgress(options.progress);
+    text_.SetCancellation(options.isCancelled);
+}
+
+std::unique_ptr<DeckContents> DeckReader::Read()
+{
+    for (;;) {
+        const Token head = text_.NextHead();
+        if (text_.MissedInclusion())
+            sections_.Lose();
+        text_.ForgetMissedInclusion();
+        if (head.kind == Token::Kind::End)
+            break;
+        const std::size_t errors = reporter_.GetErrorCount();
+        ReadHead(head);
+        const SectionType::Enum section = sections_.GetCurrent();
+        const bool mayHoldSizes = section == SectionType::None || section == SectionType::RUNSPEC;
+        if (mayHoldSizes && errors != reporter_.GetErrorCount())
+            dimensions_.ForgetDefaults();
+    }
+    EndSection();
+    if (deck_->keywords.empty() && deck_->files.GetSize() == 1 && reporter_.GetErrorCount() == 0)
+        reporter_.Report(
+            {}, Code::NoSection, "the deck has no keywords", "start the deck with section RUNSPEC");
+    rules_.EndDeck(sections_.IsSure() && !mayMissKeywords_);
+    text_.Finish();
+    deck_->distinctFiles = text_.GetFileCount();
+    deck_->sections = sections_.GetCount();
+    return std::move(deck_);
+}
+
+/// `isGuess`: the deck has another word, which was reported; nothing is to be reported of it, nor made of it.
+void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess)
+{
+    const bool isSection = entry.role == KeywordDeckRole::Section;
+    if (isSection)
+        EnterSection(head, entry);
+    const bool isReported = !isSection && !sections_.Accept(head.range, entry);
+    const SectionType::Enum section = sections_.GetCurrent();
+    KeywordInstance keyword{&vocabulary_.Get(entry, section), section, head.range, head.range};
+    keyword.step = timeLine_.StepIn(section);
+    keyword.scope = scopes_.GetInnermost();
+    const auto countErrors = [this] { return reporter_.GetErrorCount() - data_.GetReportedVariableCount(); };
+    const std::size_t errors = countErrors();
+    if (keyword.syntax->GetDataMD())
+        ReadData(keyword, head, isReported);
+    else
+        CheckNoData(head);
+    keyword.isSound = !isReported && !isGuess && errors == countErrors();
+    deck_->keywords.push_back(std::move(keyword));
+    const bool isKnown = deck_->keywords.back().isSound && data_.GetUnknownVariableCount() == 0;
+    timeLine_.Follow(isKnown);
+    if (isKnown)
+        FollowSizes(deck_->keywords.back());
+    if (deck_->keywords.back().data)
+        FollowPaths(deck_->keywords.back());
+    if (isReported || isGuess || !sections_.IsSure() || mayMissKeywords_)
+        rules_.Lose();
+    if (!isReported && !isGuess)
+        rules_.Follow(isKnown);
+    precedents_.Follow(deck_->keywords.back(), sections_.IsSure() && !mayMissKeywords_);
+    scopes_.Follow(mayMissKeywords_);
+}
+
+void DeckReader::EndSection()
+{
+    scopes_.CloseAll(sections_.IsSure());
+    precedents_.EndSection(sections_.IsSure() && !mayMissKeywords_);
+}
+
+void DeckReader::EnterSection(const Token& head, const Entry& entry)
+{
+    EndSection();
+    dimensions_.ResetBox();
+    const IKeywordSyntax& syntax = vocabulary_.Get(entry, sections_.GetCurrent());
+    sections_.Enter(SectionType::FromString(syntax.GetName()), head.range, entry);
+}
+
+/// `isReported`: the keyword may not stand here, and more need not be said.
+void DeckReader::ReadData(KeywordInstance& keyword, const Token& head, bool isReported)
+{
+    keyword.data = KeywordDataFactory::Instance().Construct(*keyword.syntax);
+    const ICellPropertyInfo* const cell = keyword.syntax->GetCellPropertyInfo();
+    const std::size_t turns = text_.GetTurns();
+    const FindingReporter::Muted muted(reporter_, isReported);
+    const DataReader::Traits traits = {
+        cell && cell->CopyLayerAboveByDefault(), keyword.section == SectionType::SCHEDULE};
+    data_.Read(plans_.Get(*keyword.syntax->GetDataMD(), cell != nullptr), head, *keyword.data, traits,
+        keyword.records);
+    if (DataNotes notes = data_.TakeNotes(); !notes.IsEmpty())
+        keyword.notes = std::make_unique<DataNotes>(std::move(notes));
+    keyword.whole.length = turns == data_.GetTurns() ? data_.GetEnd() - head.range.offset : 0;
+}
+
+void DeckReader::FollowSizes(const KeywordInstance& keyword)
+{
+    const std::string& name = keyword.syntax->GetName();
+    if (name == "ENDBOX")
+        dimensions_.ResetBox();
+    else if (name == "RESTART" && keyword.section == SectionType::SOLUTION)
+        precedents_.SetRestarted();
+    if (!keyword.data)
+        return;
+    if (name == "BOX")
+        dimensions_.SetBox(*keyword.data);
+    else if (keyword.section == SectionType::RUNSPEC)
+        dimensions_.Add(*keyword.data, static_cast<std::uint32_t>(deck_->keywords.size() - 1));
+}
+
+/// What is wrong with one of them was reported, and needn't be reported of each file that is found by the
+/// others.
+void DeckReader::FollowPaths(const KeywordInstance& keyword)
+{
+    if (keyword.syntax->GetName() == "PATHS"
+        && IsListOfRecords(keyword.data->GetMD(), {MDType::String, MDType::String}))
+        DataAccessUtils::AddPathAliases(keyword.data.get(), text_.GetAliases());
+}
+
+std::unique_ptr<DeckContents> ReadDeck(
+    const std::string& path, const ReadSettings& options, const LanguageIndex& language)
+{
+    return DeckReader(path, options, language).Read();
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,93 @@
+#include "quor/deck/internal/read/deck/Dimensions.h"
+
+#include "quor/data/IKeywordRecordData.h"
+#include "quor/deck/internal/read/data/DataShape.h"
+#include "quor/metadata/IKeywordIntegerMD.h"
+#include "quor/metadata/IKeywordRecordMD.h"
+#include "quor/metadata/KeywordUtils.h"
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+using Core::Service::Optional;
+
+namespace {
+
+using MDType = IKeywordDataMD::MDType;
+
+Optional<int> ValueOf(const IKeywordData& record, int index)
+{
+    return *static_cast<const Optional<int>*>(static_cast<const IKeywordRecordData&>(record).GetData(index));
+}
+
+} // namespace
+
+Dimensions::Dimensions(const LanguageIndex& language, SimulatorType::Enum simulator)
+    : simulator_(simulator)
+    , frames_(1)
+{
+    for (const IKeywordIntegerMD* const item : language.GetSizes()) {
+        if (const Optional<int> value = item->GetDefault(simulator))
+            defaults_.emplace(item->GetName(), *value);
+    }
+}
+
+void Dimensions::Add(const IKeywordData& data, std::uint32_t keyword)
+{
+    if (KeywordUtils::GetMDType(data.GetMD()) != MDType::Record)
+        return;
+    const auto& record = static_cast<const IKeywordRecordMD&>(*data.GetMD());
+    for (int i = 0; i < record.GetSize(); ++i) {
+        if (KeywordUtils::GetMDType(record.GetItemMD(i)) != MDType::Integer)
+            continue;
+        const auto& item = static_cast<const IKeywordIntegerMD&>(*record.GetItemMD(i));
+        Optional<int> value = ValueOf(data, i);
+        if (!value)
+            value = item.GetDefault(simulator_);
+        if (value)
+            frames_.back()[item.GetName()] = {*value, keyword};
+    }
+}
+
+void Dimensions::SetBox(const IKeywordData& data)
+{
+    box_.clear();
+    Sizes box;
+    const char* const names[] = {"NX", "NY", "NZ"};
+    constexpr MDType::Enum bound = MDType::Integer;
+    if (!IsRecordOf(data.GetMD(), {bound, bound, bound, bound, bound, bound}))
+        return;
+    for (int i = 0; i < 3; ++i) {
+        const Optional<int> first = ValueOf(data, 2 * i);
+        const Optional<int> last = ValueOf(data, 2 * i + 1);
+        const std::optional<long long> whole = Find(names[i]);
+        if (last || whole)
+            box[names[i]] = (last ? *last : *whole) - first.ValueOr(1) + 1;
+    }
+    box_ = std::move(box);
+}
+
+std::optional<long long> Dimensions::Find(const std::string& name) const
+{
+    const auto size = box_.find(name);
+    return size == box_.end() ? FindWhole(name) : std::optional(size->second);
+}
+
+std::optional<long long> Dimensions::FindWhole(const std::string& name) const
+{
+    if (const auto given = FindGiven(name))
+        return given->value;
+    const auto size = defaults_.find(name);
+    return size == defaults_.end() ? std::nullopt : std::optional(size->second);
+}
+
+std::optional<Dimensions::Given> Dimensions::FindGiven(const std::string& name) const
+{
+    for (auto frame = frames_.rbegin(); frame != frames_.rend(); ++frame) {
+        if (const auto size = frame->find(name); size != frame->end())
+            return size->second;
+    }
+    return std::nullopt;
+}
+
+} // namespace Veld::Quor::Core::Decks

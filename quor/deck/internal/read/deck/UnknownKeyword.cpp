@@ -1,0 +1,53 @@
+#include "quor/deck/internal/read/deck/UnknownKeyword.h"
+
+#include "quor/deck/internal/read/values/WordHints.h"
+#include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/NearestNames.h"
+#include "quor/deck/internal/text/NearestWords.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+
+namespace {
+
+/// Too much would be lost if another keyword was meant.
+bool EndsText(const Entry& entry)
+{
+    return entry.role == KeywordDeckRole::End || entry.role == KeywordDeckRole::EndInclude;
+}
+
+} // namespace
+
+const Entry* ReportUnknownKeyword(const TextRange& range, std::string_view word, SectionType::Enum section,
+    Vocabulary& vocabulary, FindingReporter& reporter)
+{
+    std::string message = fmt::format("unknown keyword '{}'", Shorten(word));
+    if (reporter.IsFull()) {
+        reporter.Report(range, Code::UnknownKeyword, std::move(message));
+        return nullptr;
+    }
+    const std::string name(word);
+    const auto& nearest = vocabulary.FindNearest(name, section);
+    std::string hint = SuggestionOf(nearest);
+    if (hint.empty() && word.size() > longestName)
+        hint = fmt::format("keyword names have at most {} characters", longestName);
+    const auto isNear = [&name](const std::string& known) { return EditDistance(name, known, 1) <= 1; };
+    const auto first = std::find_if(nearest.begin(), nearest.end(), isNear);
+    const bool isSure = std::count_if(nearest.begin(), nearest.end(), isNear) == 1;
+    const Entry* const meant = isSure ? vocabulary.Find(*first) : nullptr;
+    std::vector<TextEdit> fix;
+    if (meant && !EndsText(*meant) && meant->valid.ofTarget.Allows(section))
+        fix.push_back({range, *first});
+    reporter.Report(range, Code::UnknownKeyword, std::move(message), std::move(hint), std::move(fix));
+    return meant && !EndsText(*meant) ? meant : nullptr;
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,151 @@
+#include "quor/deck/internal/read/keyword/DataReader.h"
+
+#include "quor/deck/internal/read/values/RecordFit.h"
+#include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/WordText.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+// Words that don't fit: what is reported of them, and where the record continues.
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+
+namespace {
+
+using MDType = IKeywordDataMD::MDType;
+using Termination = DataPlan::Termination;
+
+bool IsBareWord(std::string_view text)
+{
+    const DataWord word = FindDataWord(text);
+    return word.length == text.size() && word.repeat.length == 0 && word.quotes == DataWord::Quotes::None;
+}
+
+} // namespace
+
+/// Text on the line of the keyword that can't be the beginning of its data is a remark.
+void DataReader::PassRemark(const DataPlan& plan)
+{
+    if (text_.HasPeeked() || text_.IsAtLineEnd() || plan.type == MDType::Raw)
+        return;
+    const TextRange rest{keyword_.range.file, keyword_.range.offset + keyword_.range.length, 0};
+    const std::string_view line = text_.GetLineFrom(rest);
+    if (MayBegin(plan, line, text_.GetRest().substr(std::min(line.size() + 1, text_.GetRest().size()))))
+        return;
+    const Token remark = text_.TakeRestOfLine();
+    notes_.AddComment(remark.range, CommentKind::AfterText);
+    reporter_.Report(remark.range, Code::TextAfterKeyword,
+        fmt::format("{}: the text '{}' is read as a remark", keyword_.text, Shorten(remark.text)),
+        "write '--' before a remark, and data on the next line",
+        {{{remark.range.file, remark.range.offset, 0}, "-- "}});
+}
+
+/// Of the last word. True if the rest of the record is shifted.
+bool DataReader::Report(const DataPlan& item, WordFaults&& faults)
+{
+    for (Misfit& remark : faults.remarks)
+        ReportAt(words_.GetRange(), std::move(remark));
+    return faults.misfit && ReportMisfit(item, std::move(*faults.misfit));
+}
+
+/// Once for each word, however often it is repeated. True if the rest of the record is shifted: it fits some
+/// items further on, or one before.
+bool DataReader::ReportMisfit(const DataPlan& item, Misfit misfit)
+{
+    if (!words_.MayReport())
+        return false;
+    std::string shift = FindShift(item);
+    const bool isShifted = !shift.empty();
+    if (isShifted)
+        misfit.hint = std::move(shift);
+    ReportAt(words_.GetRange(), std::move(misfit));
+    return isShifted;
+}
+
+/// Once for each word, and once for each table whose rows are out of step.
+void DataReader::ReportInRow(Misfit misfit)
+{
+    if (words_.MayReport() && MayReportOfRow(words_.GetRange(), misfit.hint))
+        ReportAt(words_.GetRange(), std::move(misfit));
+}
+
+bool DataReader::MayReportOfRow(const TextRange& range, std::string& hint)
+{
+    return records_.empty() || order_.MayReport(*records_.back().first, range, hint);
+}
+
+void DataReader::ReportAt(const TextRange& range, Misfit misfit)
+{
+    std::vector<TextEdit> fix;
+    const Token& word = words_.GetWord();
+    if (!misfit.instead.empty() && (word.kind == Token::Kind::Quoted || IsBareWord(misfit.instead)))
+        fix.push_back({text_.RangeOf(word.text), std::move(misfit.instead)});
+    reporter_.Report(range, misfit.code, std::move(misfit.message), std::move(misfit.hint), std::move(fix));
+}
+
+/// How many values the word may stand for, which is none: three in "2,2,1" and "2x2x1".
+long long DataReader::CountNumbersInWord() const
+{
+    const auto isInNumber = [](char c) { return IsDigit(c) || c == '.'; };
+    long long count = 0;
+    bool wasInNumber = false;
+    for (const char c : words_.GetWord().text) {
+        count += isInNumber(c) && !wasInNumber ? 1 : 0;
+        wasInNumber = isInNumber(c);
+    }
+    return std::max(count, 1LL);
+}
+
+/// Of the record: what was reported explains whatever else is wrong with it.
+DataReader::Ended DataReader::SkipRest()
+{
+    return SkipToSlash() == Ended::ByStop ? Ended::ByStop : Ended::BySlash;
+}
+
+/// Whether the slash of the record is missing: the next line makes no sense as the rest of it, but does as
+/// the next record.
+bool DataReader::BeginsNextRecord(const DataPlan& plan, std::size_t index)
+{
+    const bool mayBegin = index > 0 && order_.IsRow(plan) && plan.termination == Termination::SLASH
+        && words_.GetRepeats() == 0 && !words_.IsOneLine() && text_.IsAtLineEnd();
+    if (!mayBegin)
+        return false;
+    const Token& next = text_.PeekData();
+    if ((next.kind != Token::Kind::Word && next.kind != Token::Kind::Quoted)
+        || next.range.file != order_.GetRowBegin().file)
+        return false;
+    const std::string_view text = text_.GetLineFrom(next.range);
+    const LineWords line = FindLineWords(text);
+    const auto isNumber = [](char c) { return !IsLetter(c) && !IsQuote(c); };
+    const bool beginsAlike =
+        isNumber(text_.GetLineFrom(order_.GetRowBegin()).front()) == isNumber(text.front());
+    return line.isEnded && beginsAlike && !Fits(plan, index, line.words) && Fits(plan, 0, line.words);
+}
+
+/// Whether what is left of the line can be the rest of the record.
+bool DataReader::FitsAfter(const DataPlan& plan, std::size_t index) const
+{
+    const TextRange& word = words_.GetRange();
+    const TextRange after{word.file, word.offset + word.length, 0};
+    return Fits(plan, index + 1, FindLineWords(text_.GetLineFrom(after)).words);
+}
+
+/// The hint for a value of the item that doesn't fit.
+std::string DataReader::FindShift(const DataPlan& item) const
+{
+    if (records_.empty() || text_.HasPeeked())
+        return {};
+    const DataPlan& record = *records_.back().first;
+    const auto at = std::find_if(
+        record.items.begin(), record.items.end(), [&item](const DataPlan& other) { return &other == &item; });
+    if (at == record.items.end())
+        return {};
+    return Decks::FindShift(record, static_cast<std::size_t>(at - record.items.begin()), words_.GetRepeats(),
+        FindLineWords(text_.GetLineFrom(words_.GetRange())));
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,130 @@
+#include "quor/deck/internal/read/words/WordStream.h"
+
+#include <fmt/format.h>
+
+namespace Veld::Quor::Core::Decks {
+
+void WordStream::Begin(const Token& keyword)
+{
+    keyword_ = keyword.text;
+    repeats_ = 0;
+    SetLast(keyword.range);
+}
+
+WordStream::Got WordStream::Next()
+{
+    if (repeats_ > 0) {
+        --repeats_;
+        ++taken_;
+        return GotRepeated();
+    }
+    endsByLine_ = IsLineOver();
+    if (endsByLine_)
+        return Got::Slash;
+    word_ = text_.NextData();
+    isDefault_ = false;
+    isReported_ = word_.isOdd || !word_.isClosed;
+    if (word_.kind == Token::Kind::Keyword || word_.kind == Token::Kind::End)
+        return Got::Stop;
+    ++taken_;
+    const bool isSlash = word_.kind == Token::Kind::Slash;
+    if (isSlash)
+        lastBeforeSlash_ = last_;
+    SetLast(word_.range);
+    if (isSlash)
+        return Got::Slash;
+    if (word_.repeat.length > 0)
+        TakeRepeat();
+    if (word_.kind == Token::Kind::Quoted && word_.text.empty() && word_.isClosed)
+        isDefault_ = true;
+    return GotRepeated();
+}
+
+void WordStream::TakeAsText()
+{
+    if (IsAsterisk())
+        word_.text = {word_.text.data() - 1, 1};
+    isDefault_ = false;
+}
+
+/// The word keeps what is after its count.
+void WordStream::TakeRepeat()
+{
+    Repeat repeat = word_.repeat;
+    const bool isQuoted = word_.kind == Token::Kind::Quoted;
+    if (repeat.count == 0 || repeat.count > longestRepeat_) {
+        TextRange range = word_.range;
+        if (isQuoted)
+            range.length = repeat.length;
+        const std::string_view written =
+            isQuoted ? text_.GetLineFrom(range).substr(0, repeat.length) : word_.text;
+        reporter_.Report(range, Code::BadRepeat,
+            fmt::format("{}: invalid repeat count in '{}' (expected 1 to {})", keyword_, Shorten(written),
+                longestRepeat_));
+        repeat.count = 1;
+    }
+    repeats_ = repeat.count - 1;
+    if (!isQuoted)
+        word_.text.remove_prefix(repeat.length);
+    isDefault_ = !isQuoted && word_.text.empty();
+}
+
+WordStream::Got WordStream::Peek()
+{
+    if (repeats_ > 0)
+        return GotRepeated();
+    if (IsLineOver())
+        return Got::Slash;
+    switch (text_.PeekData().kind) {
+    case Token::Kind::Keyword:
+    case Token::Kind::End:
+        return Got::Stop;
+    case Token::Kind::Slash:
+        return Got::Slash;
+    case Token::Kind::Quoted:
+    case Token::Kind::Word:
+        break;
+    }
+    return Got::Value;
+}
+
+WordStream::Got WordStream::SkipToSlash()
+{
+    const FindingReporter::Muted muted(reporter_, true);
+    for (;;) {
+        repeats_ = 0;
+        const Got got = Next();
+        repeats_ = 0;
+        if (got == Got::Slash || got == Got::Stop)
+            return got;
+    }
+}
+
+const Token* WordStream::PeekBare()
+{
+    if (repeats_ > 0)
+        return nullptr;
+    const Token& next = text_.PeekData();
+    return next.kind == Token::Kind::Word || next.kind == Token::Kind::Slash ? &next : nullptr;
+}
+
+void WordStream::TakeLine(const Token& line)
+{
+    word_ = line;
+    ++taken_;
+    SetLast(line.range);
+}
+
+void WordStream::TakePlain(std::size_t count, const TextRange& last)
+{
+    taken_ += count;
+    SetLast(last);
+}
+
+void WordStream::SetLast(const TextRange& range)
+{
+    last_ = range;
+    lastTurns_ = text_.GetTurns();
+}
+
+} // namespace Veld::Quor::Core::Decks
