@@ -86,6 +86,8 @@ int RunCommand(int argc, char** argv)
         MakeCheckCommand(application),
         MakeInfoCommand(application),
         MakeFormatCommand(application),
+        MakeGetCommand(application),
+        MakeSetCommand(application),
         MakeDiffCommand(application),
         MakePortCommand(application),
         MakeExplainCommand(application),

@@ -1,17 +1,16 @@
 #include "quor/deck/Deck.h"
-#include "quor/deck/DeckSource.h"
 #include "quor/deck/FindingCodes.h"
 #include "tools/quor/commands/CheckStatistics.h"
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/DeckReading.h"
 #include "tools/quor/commands/LoadedLanguage.h"
+#include "tools/quor/commands/StandardInput.h"
 #include "tools/quor/findings/Baseline.h"
 #include "tools/quor/findings/FindingFormat.h"
 #include "tools/quor/findings/FindingJson.h"
 #include "tools/quor/findings/FindingText.h"
 #include "tools/quor/terminal/FileOutput.h"
 #include "tools/quor/terminal/Json.h"
-#include "tools/quor/terminal/ProgressBar.h"
 #include "tools/quor/terminal/Terminal.h"
 
 #include <CLI/CLI.hpp>
@@ -100,20 +99,6 @@ void PrintHeader(LoadedLanguage& language)
         language.GetLoadTime().count()));
 }
 
-/// Empty, and reported, if the deck can't be read.
-std::optional<Decks::Deck> ReadOne(
-    const std::string& deck, Decks::ReadOptions options, const Decks::DeckLanguage& deckLanguage)
-{
-    try {
-        ProgressBar bar;
-        options.SetProgress([&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
-        return Decks::Deck::Read(deck, deckLanguage, options);
-    } catch (const Decks::SourceError& error) {
-        PrintError(error.what());
-        return std::nullopt;
-    }
-}
-
 Result ResultOf(const std::string& deck, const Decks::Deck& read, const CheckCommandOptions& options)
 {
     Decks::Findings findings =
@@ -162,7 +147,8 @@ std::vector<Result> CheckAll(LoadedLanguage& language, const CheckCommandOptions
 {
     const Decks::DeckLanguage deckLanguage(language.GetTable(), options.rules);
     std::vector<Result> results;
-    for (const std::string& deck : options.decks) {
+    for (const std::string& path : options.decks) {
+        const std::string deck = NameOfDeck(path, options.read);
         Baseline::Counts counts;
         Decks::ReadOptions read = options.read;
         read.SetMaxFindings(options.isAll ? options.maxFindings : std::max(options.maxFindings, mostFolded));
@@ -171,7 +157,7 @@ std::vector<Result> CheckAll(LoadedLanguage& language, const CheckCommandOptions
             read.SetKnownFinding(Baseline::MakeRecorder(deck, counts));
         else if (!options.baseline.empty())
             read.SetKnownFinding(baseline.MakeFilter(deck));
-        const auto readDeck = ReadOne(deck, std::move(read), deckLanguage);
+        const auto readDeck = ReadDeck(path, std::move(read), deckLanguage);
         if (!readDeck)
             continue;
         baseline.Add(counts);
@@ -194,7 +180,7 @@ int CountAll(LoadedLanguage& language, const CheckCommandOptions& options)
     CheckStatistics statistics;
     bool isComplete = true;
     for (const std::string& deck : options.decks) {
-        const auto read = ReadOne(deck,
+        const auto read = ReadDeck(deck,
             Decks::ReadOptions(options.read).SetMaxFindings(mostFolded).SetStrict(options.isStrict),
             deckLanguage);
         isComplete = isComplete && read;

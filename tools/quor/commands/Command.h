@@ -30,6 +30,8 @@ Command MakeShowCommand(CLI::App& application);
 Command MakeCheckCommand(CLI::App& application);
 Command MakeInfoCommand(CLI::App& application);
 Command MakeFormatCommand(CLI::App& application);
+Command MakeGetCommand(CLI::App& application);
+Command MakeSetCommand(CLI::App& application);
 Command MakeDiffCommand(CLI::App& application);
 Command MakePortCommand(CLI::App& application);
 Command MakeLintCommand(CLI::App& application);

@@ -2,6 +2,7 @@
 
 #include "quor/deck/DeckSource.h"
 #include "tools/quor/commands/CommonOptions.h"
+#include "tools/quor/commands/StandardInput.h"
 #include "tools/quor/findings/FindingText.h"
 #include "tools/quor/terminal/ProgressBar.h"
 #include "tools/quor/terminal/Terminal.h"
@@ -10,6 +11,7 @@
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
+#include <memory>
 #include <stdexcept>
 #include <vector>
 
@@ -54,25 +56,42 @@ void AddVariablesOption(CLI::App& command, Decks::ReadOptions& options)
         }
         return true;
     };
+    options.SetSource(std::make_shared<StandardInput>());
+    const auto setName = [&options](const std::string& name) {
+        options.SetSource(std::make_shared<StandardInput>(name));
+    };
+    command
+        .add_option_function<std::string>("--stdin-filename", setName,
+            "Name of a deck that is read from standard input ('-'); its inclusions are relative to it")
+        ->type_name("FILE");
     command.add_option("--set", add, "Value of the variable $NAME; can be repeated")
         ->type_name("NAME=VALUE")
         ->expected(1, 1'000'000)
         ->allow_extra_args(false);
 }
 
-std::optional<Decks::Deck> ReadDeckOrReport(const std::string& path, Decks::ReadOptions options,
-    const Decks::DeckLanguage& deckLanguage, const char* consequence)
+std::optional<Decks::Deck> ReadDeck(
+    const std::string& path, Decks::ReadOptions options, const Decks::DeckLanguage& deckLanguage)
 {
-    std::optional<Decks::Deck> deck;
     try {
         ProgressBar bar;
         options.SetProgress([&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
-        deck = Decks::Deck::Read(path, deckLanguage, options);
+        const std::string name = NameOfDeck(path, options);
+        if (path != standardInputPath)
+            options.SetSource(nullptr);
+        return Decks::Deck::Read(name, deckLanguage, options);
     } catch (const Decks::SourceError& error) {
         PrintError(error.what());
         return std::nullopt;
     }
-    if (const std::size_t errors = deck->GetFindings().GetCount(Decks::Severity::Error); errors > 0)
+}
+
+std::optional<Decks::Deck> ReadDeckOrReport(const std::string& path, Decks::ReadOptions options,
+    const Decks::DeckLanguage& deckLanguage, const char* consequence)
+{
+    std::optional<Decks::Deck> deck = ReadDeck(path, options, deckLanguage);
+    const std::size_t errors = deck ? deck->GetFindings().GetCount(Decks::Severity::Error) : 0;
+    if (errors > 0)
         PrintAside(fmt::format("quor: {} has {}; run '{}' to list them; {}\n", MakePrintable(path),
             Plural(errors, "error"), CheckCommand(path, options.GetTarget()), consequence));
     return deck;

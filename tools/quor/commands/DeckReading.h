@@ -13,14 +13,19 @@ class App;
 
 namespace Veld::Quor::Tools {
 
-/// Adds the options that tell for what a deck is read: simulator, mode, and values of variables. `options`
-/// must outlive the application.
+/// Adds the options that tell how a deck is read: simulator, mode, values of variables, and the name of one
+/// that is read from standard input. `options` must outlive the application.
 void AddReadOptions(CLI::App& command, Core::Decks::ReadOptions& options);
+/// The same without simulator and mode.
 void AddVariablesOption(CLI::App& command, Core::Decks::ReadOptions& options);
 
-/// Reads a deck for a command that does something else than to check it, with a bar that tells how far that
-/// is. Reports in a line if the deck has errors, and what this means for the command. Empty, and reported, if
-/// it can't be read.
+/// Reads a deck, "-" from standard input, with a bar that tells how far that is. Empty, and reported, if it
+/// can't be read.
+std::optional<Core::Decks::Deck> ReadDeck(
+    const std::string& path, Core::Decks::ReadOptions options, const Core::Decks::DeckLanguage& deckLanguage);
+
+/// The same for a command that does something else than to check the deck: reports in a line if the deck has
+/// errors, and what this means for the command.
 std::optional<Core::Decks::Deck> ReadDeckOrReport(const std::string& path, Core::Decks::ReadOptions options,
     const Core::Decks::DeckLanguage& deckLanguage, const char* consequence = "the result may be incomplete");
 

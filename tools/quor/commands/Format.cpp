@@ -3,8 +3,9 @@
 #include "tools/quor/commands/DeckReading.h"
 #include "tools/quor/commands/FormatTree.h"
 #include "tools/quor/commands/LoadedLanguage.h"
+#include "tools/quor/commands/StandardInput.h"
+#include "tools/quor/commands/WriteFiles.h"
 #include "tools/quor/findings/FindingText.h"
-#include "tools/quor/terminal/FileOutput.h"
 #include "tools/quor/terminal/Terminal.h"
 
 #include <CLI/CLI.hpp>
@@ -12,18 +13,15 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <set>
 #include <string>
-#include <system_error>
 #include <utility>
 #include <vector>
 
 namespace Veld::Quor::Tools {
 
 namespace Decks = Core::Decks;
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -85,30 +83,12 @@ int CheckFiles(const std::vector<Formatted>& files)
     return changed == 0 ? Success : HasFindings;
 }
 
-/// False, and reported, if something can't be written.
 bool WriteFiles(const std::vector<Formatted>& files)
 {
-    std::size_t written = 0;
-    const auto fail = [&](const Formatted& file, const std::string& why) {
-        PrintError(fmt::format("can't write '{}': {}", file.path, why));
-        if (written > 0)
-            PrintAside(fmt::format(
-                "{} of {} were written before the error\n", written, Plural(files.size(), "file")));
-        return false;
-    };
-    for (const Formatted& file : files) {
-        try {
-            if (const fs::path folder = fs::path(file.path).parent_path(); !folder.empty())
-                fs::create_directories(folder);
-            WriteFile(file.path, file.after);
-        } catch (const fs::filesystem_error& error) {
-            return fail(file, error.code().message());
-        } catch (const OutputError& error) {
-            return fail(file, error.what());
-        }
-        ++written;
-    }
-    return true;
+    std::vector<FileText> texts;
+    for (const Formatted& file : files)
+        texts.push_back({file.path, file.after});
+    return WriteFilesOrReport(texts);
 }
 
 int RewriteFiles(std::vector<Formatted> files)
@@ -163,6 +143,10 @@ int PrintFirst(const std::vector<Formatted>& files)
 
 int Format(LoadedLanguage& language, const FormatOptions& options)
 {
+    if (options.deck == standardInputPath && (options.isInPlace || !options.folder.empty())) {
+        PrintError("the deck from standard input can only be printed; leave out --in-place and --output");
+        return Failure;
+    }
     const Decks::DeckLanguage deckLanguage(language.GetTable());
     const auto deck =
         ReadDeckOrReport(options.deck, options.read, deckLanguage, "keywords with errors are not changed");
@@ -202,7 +186,9 @@ Command MakeFormatCommand(CLI::App& application)
         "Formats a deck: aligns columns, combines repeated values and omits defaulted values. Comments,\n"
         "numbers and quotes are kept, and columns below a comment that names them. The formatted deck has\n"
         "the same data.");
-    command.add_option("DECK", options->deck, "Main file of the deck")->required()->type_name("FILE");
+    command.add_option("DECK", options->deck, "Main file of the deck; '-' is standard input")
+        ->required()
+        ->type_name("FILE");
     AddReadOptions(command, options->read);
     CLI::Option* const oneFile = command.add_flag(
         "--one-file", options->isOneFile, "Replace each inclusion by the content of the included file");

@@ -1,0 +1,134 @@
+#include "tests/support/Cases.h"
+#include "tests/support/Documents.h"
+#include "tests/tools/RunProgram.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace Veld::Quor::Tests;
+
+namespace {
+
+const std::string valueDeck = "{runspec}GRID\nINCLUDE\n b.data /\nPERMX\n 4*50 /\nPERMX\n 1* 3*60 /\n"
+                              "ACTNUM\n 1 2* 0 /\n{schedule}WCONPROD\n"
+                              "P1 OPEN ORAT  $RATE 3* 2.5D2 /  -- of the test\nP2 'SHUT' ORAT 10 /\n/\n"
+                              "DATES\n 1 APR 2020 /\n/\nWCONPROD\n P1 OPEN ORAT 7 /\n/\n";
+
+/// What a command prints on a.data, which includes b.data, and what stands on standard error behind it.
+class Values : public testing::TestWithParam<Row> { };
+
+TEST_P(Values, ArePrintedAndSet)
+{
+    const Outcome outcome = Analyse(GetParam().text, valueDeck, "PORO\n 0.25 3*0.2 /\n");
+    std::string expected = GetParam().expected;
+    if (!expected.empty())
+        expected += '\n';
+    EXPECT_EQ(outcome.out + outcome.err, expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Printed, Values, testing::ValuesIn(Rows(R"(
+OverTime: get a.data 'WCONPROD[P1].ORAT' 'WCONPROD[P1].BHP' --set RATE=5 =>
+    WCONPROD[P1].ORAT@2020-01-01  5   sm3/day
+    WCONPROD[P1].ORAT@2020-04-01  7   sm3/day
+    WCONPROD[P1].BHP@2020-01-01   1*  bar
+    WCONPROD[P1].BHP@2020-04-01   1*  bar
+Bare: get a.data 'WCONPROD[P2]' --bare --set RATE=5 | head -n 4 => P2\nSHUT\nORAT\n10
+Csv: get a.data 'PORO[1]' 'WCONPROD[P1].LRAT@2020-01-01' --format csv --set RATE=5 =>
+    address,keyword,date,value,unit,file,line
+    PORO[1],PORO,,0.25,,b.data,2
+    WCONPROD[P1].LRAT@2020-01-01,WCONPROD,2020-01-01,,sm3/day,a.data,22
+Json: get a.data 'DIMENS.NX' --format json --set RATE=5 =>
+    {
+      "values": [
+        {
+          "address": "DIMENS.NX",
+          "keyword": "DIMENS",
+          "date": null,
+          "value": 2,
+          "unit": null,
+          "file": "a.data",
+          "line": 3
+        }
+      ]
+    }
+Input: get - 'PORO[2]' --set RATE=5 <a.data => PORO[2]  0.2
+NamedInput: check - --stdin-filename x/y.data --set RATE=5 <a.data 2>e =>
+    x/y.data:9:2: error: can't read 'x/b.data': No such file or directory [include-missing]
+         b.data /
+         ^~~~~~
+      hint: a relative name starts from the folder of the deck
+    y.data: 13 keywords in 3 sections, 1 file: 1 error
+)")),
+    CaseName<Row>);
+
+INSTANTIATE_TEST_SUITE_P(Set, Values, testing::ValuesIn(Rows(R"(
+Several: set a.data 'PORO[1]' 0.3 'WCONPROD[P2].ORAT' 12 --set RATE=5; sed -n 23p a.data; cat b.data =>
+    b.data:2: PORO[1]: 0.25 -> 0.3
+    a.data:23: WCONPROD[P2].ORAT@2020-01-01: 10 -> 12
+    P2 'SHUT' ORAT 12 /
+    PORO
+     0.3 3*0.2 /
+Default: set a.data 'WCONPROD[P1].ORAT@2020-04-01' '1*' --set RATE=5; sed -n 29p a.data =>
+    a.data:29: WCONPROD[P1].ORAT@2020-04-01: 7 -> 1*
+     P1 OPEN ORAT 1* /
+Diff: set a.data 'ACTNUM[4]' 1 'PORO[3]' 0.1 'DIMENS.NX' 2 --diff --set RATE=5; cat b.data =>
+    --- a.data
+    +++ a.data
+    @@ -12,7 +12,7 @@
+     PERMX
+      1* 3*60 /
+     ACTNUM
+    - 1 2* 0 /
+    + 1 2* 1 /
+     SCHEDULE
+     WELSPECS
+      P1 G1 1 1 1* OIL /
+    --- b.data
+    +++ b.data
+    @@ -1,2 +1,2 @@
+     PORO
+    - 0.25 3*0.2 /
+    + 0.25 0.2 0.1 0.2 /
+    PORO
+     0.25 3*0.2 /
+Patch: set a.data 'PORO[3]' 0.1 --diff --set RATE=5 >p; patch -s -p0 <p; cat b.data => PORO\n 0.25 0.2 0.1 0.2 /
+Input: set - 'ACTNUM[4]' 1 --set RATE=5 <a.data | diff - a.data => 15c15\n<  1 2* 1 /\n---\n>  1 2* 0 /
+)")),
+    CaseName<Row>);
+
+INSTANTIATE_TEST_SUITE_P(Refused, Values, testing::ValuesIn(Rows(R"(
+NoSuchItem: get a.data 'WCONPROD[P1].ORATE' --set RATE=5 => quor: error: WCONPROD has no item 'ORATE'; did you mean ORAT?
+NoNumber: set a.data 'PORO[1]' wet --set RATE=5 => quor: error: PORO[1]: invalid value 'wet'; expected a number
+NoInteger: set a.data 'ACTNUM[1]' 0.5 --set RATE=5 => quor: error: ACTNUM[1]: invalid value '0.5'; expected an integer
+NoValue: set a.data 'PORO[1]' => quor: error: 'PORO[1]' has no value; expected an address and a value by turns
+NewError: set a.data 'PORO[1]' 0.1 'WCONPROD[P2].WELL' P3 --set RATE=5; cat b.data =>
+    PORO
+     0.25 3*0.2 /
+    a.data:23:1: error: WCONPROD: undefined well 'P3' [undefined-name]
+        P3 'SHUT' ORAT 10 /
+        ^~
+      hint: did you mean P2, P1?
+    quor: error: the changed deck has new errors; nothing was written; --force writes it nevertheless
+OtherFile: set - 'PORO[1]' 0.1 --set RATE=5 <a.data => quor: error: the change is in 'b.data', which is not on standard input; nothing was written
+InPlace: format - --in-place <a.data => quor: error: the deck from standard input can only be printed; leave out --in-place and --output
+SeveralArrays: get a.data PERMX --format npy --set RATE=5 | cat => quor: error: the deck has 2 keywords PERMX; choose one, 'PERMX#1' to 'PERMX#2'
+DefaultedIntegers: get a.data ACTNUM --format npy --set RATE=5 | cat => quor: error: ACTNUM: value 2 is left to its default, which an array of integers can't hold
+NoArray: get a.data DIMENS --format npy --set RATE=5 | cat => quor: error: DIMENS: its data are no list of numbers, but Record
+PartOfAnArray: get a.data 'PORO[1]' --format npy --set RATE=5 | cat => quor: error: --format npy holds a whole array; expected the name of a keyword alone
+)")),
+    CaseName<Row>);
+
+TEST(NumpyArray, HoldsDefaultsAsNotANumber)
+{
+    const Outcome outcome =
+        Analyse("get a.data 'PERMX#2' --format npy --set RATE=5", valueDeck, "PORO\n 4*0.2 /\n");
+    ASSERT_EQ(outcome.out.size(), 128 + 4 * sizeof(double)) << outcome.err;
+    EXPECT_EQ(outcome.out.substr(0, 10), std::string("\x93NUMPY\x01\0\x76\0", 10));
+    double values[4];
+    outcome.out.copy(reinterpret_cast<char*>(values), sizeof values, 128);
+    EXPECT_NE(values[0], values[0]);
+    EXPECT_EQ(values[3], 60.0);
+}
+
+} // namespace

@@ -1,0 +1,146 @@
+#include "tools/quor/commands/ValueWords.h"
+
+#include "quor/deck/Deck.h"
+#include "quor/deck/DeckFiles.h"
+#include "quor/metadata/IKeywordListMD.h"
+#include "quor/metadata/IKeywordRealMD.h"
+#include "quor/metadata/IKeywordRecordMD.h"
+#include "quor/metadata/VisitMD.h"
+#include "quor/syntax/IKeywordSyntax.h"
+#include "tools/quor/terminal/TextLayout.h"
+#include "tools/quor/tree/UnitTexts.h"
+
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <charconv>
+#include <stdexcept>
+#include <string_view>
+
+namespace Veld::Quor::Tools {
+
+namespace Decks = Core::Decks;
+using namespace Core::Keywords;
+
+namespace {
+
+using MDType = IKeywordDataMD::MDType;
+
+/// The metadata of the value: the path goes from the keyword's data through lists and records.
+const IKeywordDataMD& NodeOf(const Decks::DeckValue& value)
+{
+    const IKeywordDataMD* md = value.keyword.GetSyntax().GetDataMD();
+    for (const std::size_t index : value.path)
+        md = md->GetType() == MDType::Record
+            ? static_cast<const IKeywordRecordMD&>(*md).GetItemMD(static_cast<int>(index))
+            : static_cast<const IKeywordListMD&>(*md).GetItemMD();
+    return *md;
+}
+
+template <class T>
+std::optional<T> NumberOf(std::string_view word)
+{
+    if (word.starts_with('+'))
+        word.remove_prefix(1);
+    T number{};
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+    return error == std::errc() && end == word.data() + word.size() ? std::optional<T>(number) : std::nullopt;
+}
+
+std::optional<bool> BooleanOf(const std::string& word)
+{
+    const std::string upper = ToUpper(word);
+    if (upper == "YES" || upper == "Y" || upper == "TRUE" || upper == "T")
+        return true;
+    if (upper == "NO" || upper == "N" || upper == "FALSE" || upper == "F")
+        return false;
+    return std::nullopt;
+}
+
+/// The exponent may begin with D.
+std::optional<double> RealOf(std::string word)
+{
+    std::replace_if(
+        word.begin(), word.end(), [](char c) { return c == 'D' || c == 'd'; }, 'E');
+    return NumberOf<double>(word);
+}
+
+template <class T>
+Decks::NewValue Checked(const std::optional<T>& found, const Decks::DeckValue& value, const std::string& word,
+    const char* expected)
+{
+    if (!found)
+        throw std::invalid_argument(
+            fmt::format("{}: invalid value '{}'; expected {}", value.address.ToString(), word, expected));
+    return *found;
+}
+
+} // namespace
+
+std::string WordOf(const Decks::Deck& deck, const Decks::DeckValue& value)
+{
+    if (!value.text.empty())
+        return value.text;
+    if (value.range && value.range->length > 0) {
+        const std::string_view word = deck.GetFiles().GetText(*value.range);
+        if (word.find('$') != std::string_view::npos)
+            return std::string(word);
+    }
+    return defaultWord;
+}
+
+std::string UnitOf(const Decks::DeckValue& value, UnitSystem::Enum system)
+{
+    const IKeywordDataMD& md = NodeOf(value);
+    if (md.GetType() != MDType::Real)
+        return {};
+    const std::string* const measurement = static_cast<const IKeywordRealMD&>(md).GetMeasurement();
+    return measurement ? UnitText(*measurement, system) : std::string();
+}
+
+nlohmann::ordered_json ValueJson(const Decks::DeckValue& value)
+{
+    if (value.text.empty())
+        return {};
+    switch (NodeOf(value).GetType()) {
+    case MDType::Real:
+        if (const auto number = RealOf(value.text))
+            return *number;
+        break;
+    case MDType::Integer:
+        if (const auto number = NumberOf<int>(value.text))
+            return *number;
+        break;
+    case MDType::Boolean:
+        if (const auto boolean = BooleanOf(value.text))
+            return *boolean;
+        break;
+    default:
+        break;
+    }
+    return value.text;
+}
+
+Decks::Location LocationOf(const Decks::Deck& deck, const Decks::DeckValue& value)
+{
+    return value.range ? deck.GetFiles().LocationOf(*value.range) : value.keyword.GetLocation();
+}
+
+std::optional<Decks::NewValue> NewValueOf(const Decks::DeckValue& value, const std::string& word)
+{
+    if (word == defaultWord)
+        return std::nullopt;
+    switch (NodeOf(value).GetType()) {
+    case MDType::Real:
+        return Checked(RealOf(word), value, word, "a number");
+    case MDType::Integer:
+        return Checked(NumberOf<int>(word), value, word, "an integer");
+    case MDType::Boolean:
+        return Checked(BooleanOf(word), value, word, "YES or NO");
+    default:
+        return Decks::NewValue(word);
+    }
+}
+
+} // namespace Veld::Quor::Tools

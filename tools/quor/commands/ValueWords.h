@@ -1,0 +1,34 @@
+#pragma once
+
+#include "quor/deck/DeckEditor.h"
+#include "quor/deck/TextRange.h"
+#include "quor/deck/ValueAddress.h"
+#include "quor/foundation/UnitSystem.h"
+
+#include <nlohmann/json_fwd.hpp>
+
+#include <optional>
+#include <string>
+
+namespace Veld::Quor::Tools {
+
+/// The word that leaves a value to its default.
+constexpr const char* defaultWord = "1*";
+
+/// The value as a word of a deck: "1*" if it isn't given, "$NAME" if a variable gives it.
+std::string WordOf(const Core::Decks::Deck& deck, const Core::Decks::DeckValue& value);
+
+/// The value by its type: a number, a boolean, or a text. Null if it isn't given or a variable gives it.
+nlohmann::ordered_json ValueJson(const Core::Decks::DeckValue& value);
+
+/// Where the value is, or its keyword if it isn't given.
+Core::Decks::Location LocationOf(const Core::Decks::Deck& deck, const Core::Decks::DeckValue& value);
+
+/// The unit of the value in a system; empty if it has none.
+std::string UnitOf(const Core::Decks::DeckValue& value, Core::Keywords::UnitSystem::Enum system);
+
+/// The value that a word of the command line means for the item; none for "1*". Throws
+/// `std::invalid_argument` with a whole sentence if the item takes numbers or booleans and it is neither.
+std::optional<Core::Decks::NewValue> NewValueOf(const Core::Decks::DeckValue& value, const std::string& word);
+
+} // namespace Veld::Quor::Tools
