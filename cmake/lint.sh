@@ -26,6 +26,6 @@ lint() { # build, checks, files
         { grep -E 'warning:|error:|note:' "build/lint-$1.log"; exit 1; }
 }
 
-lint asan '-clang-analyzer-*' "^$here/(build/asan/(quor|tools)/.*/Unity|quor|tools|tests|language)/"
+lint asan '-clang-analyzer-*' "^$here/(build/asan/(quor|tools|tests)/.*/Unity|quor|tools|tests|language)/"
 files=$(analysed)
 [ -z "$files" ] || lint tsan '-*,clang-analyzer-*' "$files"

@@ -8,12 +8,12 @@
 
 namespace {
 
-constexpr std::string_view blanks = " \t\r";
+constexpr std::string_view cellBlanks = " \t\r";
 
 } // namespace
 
 TableLine::TableLine(std::string_view text, Place begin, const char* columns)
-    : text_(text.substr(0, text.find_last_not_of(blanks) + 1))
+    : text_(text.substr(0, text.find_last_not_of(cellBlanks) + 1))
     , begin_(std::move(begin))
     , columns_(columns)
 {
@@ -31,7 +31,7 @@ Word TableLine::Heading() const
 
 Word TableLine::Next(const char* column)
 {
-    return Cut(text_.find_first_of(blanks, at_), column);
+    return Cut(text_.find_first_of(cellBlanks, at_), column);
 }
 
 Word TableLine::Rest(const char* column)
@@ -41,7 +41,7 @@ Word TableLine::Rest(const char* column)
 
 void TableLine::SkipBlanks()
 {
-    at_ = std::min(text_.find_first_not_of(blanks, at_), text_.size());
+    at_ = std::min(text_.find_first_not_of(cellBlanks, at_), text_.size());
 }
 
 Word TableLine::Cut(std::size_t end, const char* column)

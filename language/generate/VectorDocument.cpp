@@ -12,7 +12,7 @@ void AddScalar(Element& to, const DataItem& item)
         scalar.Add(MakeElement("default", {{"type", "calculated"}}));
 }
 
-Element RecordsOf(const std::vector<DataItem>& items)
+Element RecordsElement(const std::vector<DataItem>& items)
 {
     Element records = MakeElement("records");
     for (const DataItem& item : items) {
@@ -47,7 +47,7 @@ Element KeywordOf(const Vector& vector)
     }
     if (!vector.data->items.empty()) {
         Element& data = keyword.Add(MakeElement("data"));
-        data.Add(vector.data->listDescription ? ListOf(*vector.data) : RecordsOf(vector.data->items));
+        data.Add(vector.data->listDescription ? ListOf(*vector.data) : RecordsElement(vector.data->items));
     }
     return keyword;
 }

@@ -12,10 +12,11 @@ namespace {
 constexpr long long day = 86400 * Time::TicksPerSecond;
 const Time start(2024, 1, 1, 0, 0, 0, 0);
 
-const std::string record = "<record><item name='D'><integer/></item><item name='M'><string/></item><item "
-                           "name='Y'><integer/></item><item name='T'><string/></item></record>";
-const std::string startKeyword = "<keyword name='START'><data>" + record + "</data></keyword>";
-const std::string datesKeyword = "<keyword name='DATES'><data><list>" + record + "</list></data></keyword>";
+const std::string dateRecord = "<record><item name='D'><integer/></item><item name='M'><string/></item><item "
+                               "name='Y'><integer/></item><item name='T'><string/></item></record>";
+const std::string startKeyword = "<keyword name='START'><data>" + dateRecord + "</data></keyword>";
+const std::string datesKeyword =
+    "<keyword name='DATES'><data><list>" + dateRecord + "</list></data></keyword>";
 const std::string tstepKeyword = "<keyword name='TSTEP'><data><list><real/></list></data></keyword>";
 
 /// Which of the utilities accept the data of the table's START, DATES and TSTEP, of those that it has.

@@ -17,7 +17,7 @@ using namespace Veld::Quor::Tests;
 
 namespace {
 
-const DeckLanguage& SmallLanguage()
+const DeckLanguage& SourceLanguage()
 {
     static const DeckLanguage language(SmallTable());
     return language;
@@ -26,7 +26,7 @@ const DeckLanguage& SmallLanguage()
 /// "file:line:code" of each finding.
 std::string FindingsOf(const std::string& path, std::shared_ptr<const DeckSource> source)
 {
-    const Deck deck = Deck::Read(path, SmallLanguage(), ReadOptions().SetSource(std::move(source)));
+    const Deck deck = Deck::Read(path, SourceLanguage(), ReadOptions().SetSource(std::move(source)));
     std::string text;
     for (const Finding& finding : deck.GetFindings()) {
         text += (text.empty() ? "" : " ") + finding.location.file + ":"
@@ -97,10 +97,11 @@ TEST(ProgressOfARead, IsReportedForEachMebibyteAndAtTheEnd)
         deck += "DIMENS\n 1 2 3 /\n";
     std::vector<std::size_t> done;
     const std::size_t size = deck.size();
-    Deck::ReadText(deck, SmallLanguage(), ReadOptions().SetProgress([&](std::size_t read, std::size_t known) {
-        EXPECT_EQ(known, size);
-        done.push_back(read);
-    }));
+    Deck::ReadText(
+        deck, SourceLanguage(), ReadOptions().SetProgress([&](std::size_t read, std::size_t known) {
+            EXPECT_EQ(known, size);
+            done.push_back(read);
+        }));
     EXPECT_TRUE(std::is_sorted(done.begin(), done.end()));
     EXPECT_GE(done.size(), 4U);
     EXPECT_EQ(done.back(), size);
@@ -110,7 +111,7 @@ TEST(DeckThatCannotBeRead, IsNamed)
 {
     const auto options = ReadOptions().SetSource(std::make_shared<MemorySource>());
     try {
-        Deck::Read("none.data", SmallLanguage(), options);
+        Deck::Read("none.data", SourceLanguage(), options);
         FAIL();
     } catch (const SourceError& error) {
         EXPECT_STREQ(error.what(), "can't read 'none.data': No such file or directory");
@@ -124,7 +125,7 @@ TEST(CancelledRead, EndsAtTheNextKeyword)
     int asked = 0;
     const auto options = ReadOptions().SetSource(source).SetCancellation([&asked] { return ++asked == 2; });
     try {
-        Deck::Read("deck.data", SmallLanguage(), options);
+        Deck::Read("deck.data", SourceLanguage(), options);
         ADD_FAILURE() << "it was read to its end";
     } catch (const ReadCancelled& cancelled) {
         EXPECT_STREQ(cancelled.what(), "reading the deck was cancelled");

@@ -12,7 +12,7 @@ using namespace Veld::Quor::Core::Decks;
 
 namespace {
 
-const std::string language = R"(
+const std::string writerLanguage = R"(
 <keyword name='RUNSPEC'/> <keyword name='INCLUDE'/> <keyword name='ENDINC'/> <keyword name='FLAG'/>
 <keyword name='SKIP'/> <keyword name='ENDSKIP'/>
 <keyword name='VALUES'><data><list itemsDefaultable='true'><real/></list></data></keyword>
@@ -51,7 +51,7 @@ class DeckWriting : public testing::Test {
 protected:
     static void SetUpTestSuite()
     {
-        table_ = std::make_unique<LoadedTable>(language);
+        table_ = std::make_unique<LoadedTable>(writerLanguage);
         language_ = std::make_unique<DeckLanguage>(*table_->operator->());
     }
     static void TearDownTestSuite()

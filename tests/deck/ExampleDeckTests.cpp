@@ -30,7 +30,7 @@ constexpr Target blackOil{SimulatorType::Dunmere, SimulatorModeType::BlackOil};
 constexpr Target compositional{SimulatorType::Dunmere, SimulatorModeType::Compositional};
 constexpr Target thermal{SimulatorType::Dunmere, SimulatorModeType::Thermal};
 
-const std::filesystem::path folder = std::filesystem::path(QUOR_SOURCE_DIR) / "examples" / "decks";
+const std::filesystem::path exampleDecks = std::filesystem::path(QUOR_SOURCE_DIR) / "examples" / "decks";
 
 const DeckLanguage& GetLanguage()
 {
@@ -108,17 +108,17 @@ class CleanDecks : public testing::TestWithParam<CleanRow> { };
 
 TEST_P(CleanDecks, HaveNoFindings)
 {
-    EXPECT_EQ(FindingsOf(folder / (std::string(GetParam().deck) + ".data"), GetParam().target), "");
+    EXPECT_EQ(FindingsOf(exampleDecks / (std::string(GetParam().deck) + ".data"), GetParam().target), "");
 }
 
 TEST_P(CleanDecks, SurviveWriting)
 {
-    ExpectToSurviveWriting(folder / (std::string(GetParam().deck) + ".data"), GetParam().target);
+    ExpectToSurviveWriting(exampleDecks / (std::string(GetParam().deck) + ".data"), GetParam().target);
 }
 
 TEST_P(CleanDecks, FitIntoOneFile)
 {
-    const std::string path = folder / (std::string(GetParam().deck) + ".data");
+    const std::string path = exampleDecks / (std::string(GetParam().deck) + ".data");
     const auto deck = Read(path, GetParam().target);
     const TemporaryDirectory directory;
     const std::string all = directory.Write("all.data", DeckFormatter(deck).FormatAll());
@@ -135,16 +135,16 @@ TEST(CleanDecks, AreAllOfTheFolder)
     for (const CleanRow& row : cleanRows)
         inTable.insert(row.deck);
     inTable.erase("field/field");
-    EXPECT_EQ(DecksIn(folder), inTable);
+    EXPECT_EQ(DecksIn(exampleDecks), inTable);
 }
 
 /// Reads every deck of the examples, for any simulator and for one.
 void ReadAllDecks()
 {
     for (const std::string& directory : {std::string(), std::string("field"), std::string("faulty")}) {
-        for (const std::string& name : DecksIn(folder / directory)) {
+        for (const std::string& name : DecksIn(exampleDecks / directory)) {
             for (const Target& target : {Target{}, carrow})
-                Read((folder / directory / (name + ".data")), target);
+                Read((exampleDecks / directory / (name + ".data")), target);
         }
     }
 }
@@ -168,7 +168,7 @@ TEST(ReadingADeck, LeavesTheLogAndItsLimitsAlone)
 /// checks it, and the finding.
 struct FaultyDeck {
     explicit FaultyDeck(const std::string& code)
-        : path(folder / "faulty" / (code + ".data"))
+        : path(exampleDecks / "faulty" / (code + ".data"))
     {
         std::ifstream file(path);
         std::string line;
@@ -194,7 +194,7 @@ struct FaultyDeck {
 
 std::set<std::string> FaultyCodes()
 {
-    std::set<std::string> codes = DecksIn(folder / "faulty");
+    std::set<std::string> codes = DecksIn(exampleDecks / "faulty");
     codes.erase("three-mistakes");
     return codes;
 }

@@ -69,8 +69,8 @@ const FixRow keywordRows[] = {
 
 INSTANTIATE_TEST_SUITE_P(Keywords, Fixes, testing::ValuesIn(keywordRows), CaseName<FixRow>);
 
-const FixRow valueRows[] = {{"Abbreviation", "abbreviated-word", "WELLS\n P1 WAT /\n 'P2' 'wa' / c\n/\n",
-                                "WELLS\n P1 WATER /\n 'P2' 'WATER' / c\n/\n"},
+const FixRow valueFixes[] = {{"Abbreviation", "abbreviated-word", "WELLS\n P1 WAT /\n 'P2' 'wa' / c\n/\n",
+                                 "WELLS\n P1 WATER /\n 'P2' 'WATER' / c\n/\n"},
     {"Deprecated", "deprecated-word", "WELLS\n P1 1*AQUA /\n/\n", "WELLS\n P1 1*WATER /\n/\n"},
     {"Padding", "padded-text", "NAMES\n 2*' A ' /\n", "NAMES\n 2*'A' /\n"},
     {"PaddedText", "padded-text", "WELLS\n ' P1 ' \"OIL  \" /\n/\n", "WELLS\n 'P1' \"OIL\" /\n/\n"},
@@ -84,7 +84,7 @@ const FixRow valueRows[] = {{"Abbreviation", "abbreviated-word", "WELLS\n P1 WAT
     {"Unopened", "unclosed-quote", "NAMES\n A'\n 2*B' /\n", "NAMES\n 'A'\n 2*'B' /\n"},
     {"UnopenedAfterOthers", "unclosed-quote", "NAMES\n A B' /\n", ""}};
 
-INSTANTIATE_TEST_SUITE_P(Values, Fixes, testing::ValuesIn(valueRows), CaseName<FixRow>);
+INSTANTIATE_TEST_SUITE_P(Values, Fixes, testing::ValuesIn(valueFixes), CaseName<FixRow>);
 
 const FixRow endRows[] = {{"Record", "unclosed-data", "BOX\n 1 2 -- c\nFLAG\n", "BOX\n 1 2 / -- c\nFLAG\n"},
     {"Values", "unclosed-data", "WHOLE\n 1 2", "WHOLE\n 1 2 /"},

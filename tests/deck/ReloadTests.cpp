@@ -30,7 +30,7 @@ std::string Dates(const std::string& section)
         + "</record></list></data></keyword>";
 }
 
-struct Language {
+struct LanguageRow {
     const char* name;
     std::string document;
     std::string deck;
@@ -58,7 +58,7 @@ const std::string steps = "RUNSPEC\nSTART\n 1 JAN 2020 /\nSCHEDULE\nTSTEP\n 1 2 
 const std::string skipped = "SKIPCAR\n nothing\nENDSKIP\n";
 const std::string dates = "DATES\n 1 FEB 2020 /\n 31 FEB 2020 /\n/\n";
 
-const Language languages[] = {
+const LanguageRow languages[] = {
     {"All", common + skips + start + tstep + Dates("SCHEDULE"), steps + skipped + dates,
         "2020-01-02 2020-01-04 2020-02-01 ", "bad-date:12 "},
     {"InAnotherOrder", Dates("SCHEDULE") + tstep + common + skips + start, steps + skipped + dates,
@@ -73,7 +73,7 @@ const Language languages[] = {
 TEST(TablesOfOneProcess, ServeTheirOwnDecks)
 {
     for (int round = 0; round < 2; ++round) {
-        for (const Language& row : languages) {
+        for (const LanguageRow& row : languages) {
             SCOPED_TRACE(row.name);
             const LoadedTable table(row.document);
             const DeckLanguage language;

@@ -10,11 +10,12 @@
 #include <string>
 #include <vector>
 
-using namespace Veld::Quor::Core::Lint;
-using Veld::Quor::Core::Decks::Finding;
 using Veld::Quor::Tests::LoadFailureOf;
 
+namespace Veld::Quor::Core::Lint {
 namespace {
+
+using Decks::Finding;
 
 const Document& FullDocument()
 {
@@ -104,3 +105,4 @@ TEST(FullDocument, WithAnyNameMisspeltIsNotClean)
 }
 
 } // namespace
+} // namespace Veld::Quor::Core::Lint

@@ -18,9 +18,10 @@ using nlohmann::json;
 
 namespace {
 
-Outcome RunSmall(const std::string& arguments)
+/// Checks decks of the small language.
+Outcome Check(const std::string& arguments)
 {
-    return RunOn(SmallLanguage(), arguments);
+    return RunOn(SmallLanguage(), "check " + arguments);
 }
 
 std::string ReadFile(const std::filesystem::path& path)
@@ -54,11 +55,11 @@ TEST_P(KnownFindings, AreHidden)
     const std::string deck = folder.Write("d.data", knownDeck);
     folder.Write("sub/a.inc", "OLI\n");
     const std::string baseline = (folder.Path() / "known.json").string();
-    EXPECT_EQ(RunSmall("check " + deck + " --write-baseline " + baseline).status, 0);
+    EXPECT_EQ(Check("" + deck + " --write-baseline " + baseline).status, 0);
     folder.Write("d.data", GetParam().deck);
     folder.Write("sub/a.inc", GetParam().included);
     // From another folder, and with room for one finding: none of it is to go to a known one.
-    const Outcome outcome = RunSmall("check " + deck + " --max-findings 1 --baseline " + baseline);
+    const Outcome outcome = Check("" + deck + " --max-findings 1 --baseline " + baseline);
     EXPECT_EQ(EndOf(outcome), GetParam().end) << outcome.out;
     EXPECT_EQ(outcome.status, GetParam().status);
 }
@@ -79,16 +80,16 @@ TEST(Baseline, IsSortedAndReplacedAsAWhole)
     const TemporaryDirectory folder;
     const std::string deck = folder.Write("d.data", "RUNSPEC\n1 x\xff\nOIL\nWATR\nWATR\n");
     const std::string baseline = folder.Write("known.json", "old");
-    const Outcome outcome = RunSmall("check " + deck + " --write-baseline " + baseline);
+    const Outcome outcome = Check("" + deck + " --write-baseline " + baseline);
     EXPECT_TRUE(Holds(outcome.err, "baseline: 3 findings written")) << outcome.err;
     const json expected = {{"version", 1},
         {"findings",
             {{{"code", "stray-text"}, {"file", "d.data"}, {"text", "1 x\uFFFD"}, {"count", 1}},
                 {{"code", "unknown-keyword"}, {"file", "d.data"}, {"text", "WATR"}, {"count", 2}}}}};
     EXPECT_EQ(json::parse(ReadFile(baseline)), expected);
-    EXPECT_EQ(RunSmall("check " + deck + " --baseline " + baseline).status, 0);
+    EXPECT_EQ(Check("" + deck + " --baseline " + baseline).status, 0);
     // A deck that can't be read leaves the file as it is, and nothing else behind.
-    EXPECT_EQ(RunSmall("check /none.data --write-baseline " + baseline).status, 2);
+    EXPECT_EQ(Check("/none.data --write-baseline " + baseline).status, 2);
     EXPECT_EQ(json::parse(ReadFile(baseline)), expected);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 2);
 }
@@ -99,8 +100,7 @@ TEST_P(BadBaselines, AreRefused)
 {
     const TemporaryDirectory folder;
     const std::string deck = folder.Write("d.data", "RUNSPEC\n");
-    const Outcome outcome =
-        RunSmall("check " + deck + " --baseline " + folder.Write("known.json", GetParam().text));
+    const Outcome outcome = Check("" + deck + " --baseline " + folder.Write("known.json", GetParam().text));
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.out, "");
     EXPECT_TRUE(Holds(outcome.err, "known.json': " + GetParam().expected)) << outcome.err;
@@ -132,9 +132,7 @@ TEST(Check, FoldsWhatIsAlikeInAllFormats)
 {
     const TemporaryDirectory folder;
     const std::string deck = folder.Write("d.data", "RUNSPEC\nWATR\nOIL\nWATR\nWATR\n");
-    const auto check = [&deck](const std::string& options) {
-        return RunSmall("check " + options + " " + deck).out;
-    };
+    const auto check = [&deck](const std::string& options) { return Check("" + options + " " + deck).out; };
     EXPECT_TRUE(Holds(check(""), "  and 2 more like it; use --all to show each\nd.data:"));
     EXPECT_TRUE(Holds(check(""), ": 3 errors\n"));
     const json report = json::parse(check("--format json"));
@@ -207,7 +205,7 @@ by keyword
 TEST(Check, GivesTheRulesTheirMeaningInSarif)
 {
     const TemporaryDirectory folder;
-    const Outcome outcome = RunSmall("check --format sarif " + folder.Write("d.data", "RUNSPEC\nWATR\n"));
+    const Outcome outcome = Check("--format sarif " + folder.Write("d.data", "RUNSPEC\nWATR\n"));
     const json run = json::parse(outcome.out)["runs"][0];
     const json rule = run["tool"]["driver"]["rules"][run["results"][0]["ruleIndex"].get<std::size_t>()];
     EXPECT_EQ(rule["id"], "unknown-keyword");
