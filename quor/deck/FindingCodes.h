@@ -3,6 +3,7 @@
 #include "quor/deck/CodeInfo.h"
 #include "quor/foundation/Export.h"
 
+#include <string_view>
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
@@ -84,5 +85,7 @@ enum class Code {
 VELD_QUOR_EXPORT const std::vector<CodeInfo>& Codes();
 /// What the code means.
 VELD_QUOR_EXPORT const CodeInfo& InfoOf(Code code);
+/// The same by the name of the code, as in `Finding::code`; letter by letter. Null if there is no such code.
+VELD_QUOR_EXPORT const CodeInfo* FindInfo(std::string_view name);
 
 } // namespace Veld::Quor::Core::Decks

@@ -73,13 +73,14 @@ private:
 };
 
 /// By kind, and in the order of the deck. Blocks that were skipped as the deck was read are not among them:
-/// read it for the simulator that it is ported to.
+/// read it for the simulator that it is ported to. Reads all data of the deck at each call. Several threads
+/// may call it at once. Throws `std::logic_error` if the deck was moved from, `std::bad_alloc`.
 VELD_QUOR_EXPORT std::vector<Loss> FindLosses(const Deck& deck, const PortOptions& options = PortOptions());
 
-/// Something in a deck of which it isn't known whether another simulator takes it. Valid without the deck.
-/// Later versions may add members.
-struct Unjudged {
-    /// Why it isn't known.
+/// Something in a deck that `FindLosses` can't check: whether another simulator accepts it isn't known. Valid
+/// without the deck. Later versions may add members.
+struct Unchecked {
+    /// Why it can't be checked.
     enum class Kind {
         UnknownKeyword, ///< it is in no document
         File, ///< it couldn't be read
@@ -87,13 +88,14 @@ struct Unjudged {
         Error, ///< the data aren't what they should be
     };
 
-    Kind kind; ///< why it isn't known
+    Kind kind = Kind::UnknownKeyword; ///< why it can't be checked
     std::string text; ///< of an unknown keyword its name, else what was found
     std::size_t count = 0; ///< how often the deck has it
     Location first; ///< in the order of reading
 };
 
-/// By kind, and in the order of the deck, of the findings that the deck keeps.
-VELD_QUOR_EXPORT std::vector<Unjudged> FindUnjudged(const Deck& deck);
+/// By kind, and in the order of the deck. They are made of the findings that the deck keeps: see
+/// `ReadOptions::SetMaxFindings`. Several threads may call it at once. Throws `std::bad_alloc`.
+VELD_QUOR_EXPORT std::vector<Unchecked> FindUnchecked(const Deck& deck);
 
 } // namespace Veld::Quor::Core::Decks

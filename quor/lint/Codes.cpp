@@ -308,7 +308,12 @@ const std::vector<CodeInfo>& Codes()
 
 const CodeInfo& InfoOf(Code code)
 {
-    return FindInfo(Codes(), code);
+    return GetInfo(Codes(), code);
+}
+
+const CodeInfo* FindInfo(std::string_view name)
+{
+    return FindInfo(Codes(), name);
 }
 
 } // namespace Veld::Quor::Core::Lint

@@ -43,4 +43,10 @@ INSTANTIATE_TEST_SUITE_P(
         return name;
     });
 
+TEST(ACode, IsFoundByItsName)
+{
+    EXPECT_EQ(FindInfo("undefined-name"), &InfoOf(Code::UndefinedName));
+    EXPECT_EQ(FindInfo("Undefined-Name"), nullptr);
+}
+
 } // namespace

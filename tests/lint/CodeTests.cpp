@@ -102,11 +102,7 @@ std::string FindingsOfExample(const std::string& example, const std::string& cod
 
 class Mistake : public testing::TestWithParam<Row> {
 protected:
-    static const CodeInfo& InfoOfRow()
-    {
-        return *std::find_if(Lint::Codes().begin(), Lint::Codes().end(),
-            [](const CodeInfo& info) { return info.name == GetParam().name; });
-    }
+    static const CodeInfo& InfoOfRow() { return *Lint::FindInfo(GetParam().name); }
 };
 
 TEST_P(Mistake, IsTheOnlyFinding)
@@ -147,6 +143,7 @@ TEST(Codes, HaveARowEach)
     for (const CodeInfo& info : Lint::Codes())
         all.insert(info.name);
     EXPECT_EQ(inTable, all);
+    EXPECT_EQ(Lint::FindInfo("no-such-code"), nullptr);
 }
 
 } // namespace

@@ -44,7 +44,7 @@ const std::string lossLanguage = R"(
   </validity></assignment></map></data></keyword>
 )";
 
-/// A deck; kind, keyword, item, detail and count of each loss, and the line of the first; what isn't judged.
+/// A deck; kind, keyword, item, detail and count of each loss, and the line of the first; what isn't checked.
 class Losses : public testing::TestWithParam<Row> { };
 
 std::string LossesOf(const json& answer)
@@ -72,11 +72,11 @@ TEST_P(Losses, AreFound)
     EXPECT_EQ(outcome.status, GetParam().expected.empty() ? 0 : 1);
     const json answer = json::parse(outcome.out);
     EXPECT_EQ(LossesOf(answer), GetParam().expected);
-    std::string unjudged;
-    for (const json& row : answer.at("unjudged"))
-        unjudged += row.at("kind").get<std::string>() + " " + row.at("text").get<std::string>() + " "
+    std::string unchecked;
+    for (const json& row : answer.at("unchecked"))
+        unchecked += row.at("kind").get<std::string>() + " " + row.at("text").get<std::string>() + " "
             + row.at("count").dump() + " from line " + row.at("first").at("line").dump() + "; ";
-    EXPECT_EQ(unjudged, GetParam().more);
+    EXPECT_EQ(unchecked, GetParam().more);
 }
 
 INSTANTIATE_TEST_SUITE_P(Decks, Losses, testing::ValuesIn(Rows(R"(
@@ -91,7 +91,7 @@ DefaultedElements (--to Carrow): ARRAY\n 1 3* 4 /\n => other-default ARRAY 1 -> 
 Map (--to Carrow): MAP\n KEY=1 /\n => item-not-valid MAP KEY 1 from line 3
 WhatWasntThere (--from Wend_GE --to Marlpit): ONLY\nMAP\n KEY=1 /\nREC\n 1 4 /\n 1 2* B /\n/\n =>
 BehindASkip (--to Carrow): SKIPCAR\nONLY\nENDSKIP\n =>
-Unjudged (--to Carrow): ARRAY\n 1 x $A 4 /\nNONE\n 1 /\nNONE\n =>  => unknown-keyword NONE 2 from line 5; variable variable '$A' has no value 1 from line 4; error ARRAY: invalid value 'x'; expected a whole number 1 from line 4; 
+Unchecked (--to Carrow): ARRAY\n 1 x $A 4 /\nNONE\n 1 /\nNONE\n =>  => unknown-keyword NONE 2 from line 5; variable variable '$A' has no value 1 from line 4; error ARRAY: invalid value 'x'; expected a whole number 1 from line 4; 
 )")),
     CaseName<Row>);
 
@@ -109,10 +109,10 @@ TEST(Loss, MayNotBeKnown)
 {
     const Outcome outcome = Analyse("port a.data --to Carrow", "{runspec}NOSUCH\nNOSUCH\n");
     EXPECT_EQ(outcome.out,
-        "what could not be judged\n"
+        "what could not be checked\n"
         "                          times  first at\n"
         "  unknown keyword NOSUCH  2      a.data:7\n\n"
-        "nothing is lost for Carrow, as far as the deck could be judged\n");
+        "nothing is lost for Carrow, as far as the deck could be checked\n");
 }
 
 } // namespace

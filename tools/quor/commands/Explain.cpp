@@ -104,21 +104,17 @@ void PrintCodes(const std::vector<FindingCode>& codes, const ExplainOptions& opt
 
 int Explain(const ExplainOptions& options)
 {
-    const std::vector<FindingCode> all = AllFindingCodes();
-    std::vector<FindingCode> asked;
+    std::vector<FindingCode> codes = options.names.empty() ? AllFindingCodes() : std::vector<FindingCode>();
     int status = Success;
     for (const std::string& name : options.names) {
-        const std::size_t before = asked.size();
-        for (const FindingCode& code : all) {
-            if (code.info->name == name)
-                asked.push_back(code);
-        }
-        if (asked.size() == before) {
+        const std::vector<FindingCode> found = FindFindingCodes(name);
+        codes.insert(codes.end(), found.begin(), found.end());
+        if (found.empty()) {
             ReportUnknown(name);
             status = HasFindings;
         }
     }
-    PrintCodes(options.names.empty() ? all : asked, options);
+    PrintCodes(codes, options);
     return status;
 }
 

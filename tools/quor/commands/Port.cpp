@@ -25,12 +25,12 @@ namespace Veld::Quor::Tools {
 namespace Decks = Core::Decks;
 using namespace Core::Keywords;
 using Decks::Loss;
-using Decks::Unjudged;
+using Decks::Unchecked;
 using nlohmann::ordered_json;
 
 namespace {
 
-/// Among which is what could not be judged.
+/// Among which is what could not be checked.
 constexpr std::size_t mostFindings = 10'000;
 
 struct PortCommandOptions {
@@ -86,30 +86,30 @@ void PrintKind(const std::vector<const Loss*>& losses, bool withAll)
     Print("\n");
 }
 
-const char* KindText(Unjudged::Kind kind)
+const char* KindText(Unchecked::Kind kind)
 {
     static constexpr const char* texts[] = {"unknown-keyword", "file", "variable", "error"};
     return texts[static_cast<std::size_t>(kind)];
 }
 
-void PrintUnjudged(const std::vector<Unjudged>& unjudged)
+void PrintUnchecked(const std::vector<Unchecked>& unchecked)
 {
-    if (unjudged.empty())
+    if (unchecked.empty())
         return;
     Columns table({"", "times", "first at"});
-    for (const Unjudged& row : unjudged) {
-        const bool isUnknown = row.kind == Unjudged::Kind::UnknownKeyword;
+    for (const Unchecked& row : unchecked) {
+        const bool isUnknown = row.kind == Unchecked::Kind::UnknownKeyword;
         table.Add({isUnknown ? fmt::format("unknown keyword {}", row.text) : row.text,
             fmt::format("{}", row.count), LocationText(row.first)});
     }
-    Print(fmt::format("what could not be judged\n{}", table.GetHead(2)));
-    for (std::size_t i = 0; i < unjudged.size(); ++i)
+    Print(fmt::format("what could not be checked\n{}", table.GetHead(2)));
+    for (std::size_t i = 0; i < unchecked.size(); ++i)
         Print(table.GetRow(i, 2, std::numeric_limits<std::size_t>::max()));
     Print("\n");
 }
 
-void PrintText(
-    const std::vector<Loss>& losses, const std::vector<Unjudged>& unjudged, const PortCommandOptions& options)
+void PrintText(const std::vector<Loss>& losses, const std::vector<Unchecked>& unchecked,
+    const PortCommandOptions& options)
 {
     std::size_t count = 0;
     for (auto loss = losses.begin(); loss != losses.end();) {
@@ -120,12 +120,12 @@ void PrintText(
         }
         PrintKind(ofKind, options.withLocations);
     }
-    PrintUnjudged(unjudged);
+    PrintUnchecked(unchecked);
     const std::string target = Decks::NameOf(options.to);
     const std::string lost = losses.empty() ? fmt::format("nothing is lost for {}", target)
                                             : fmt::format("lost for {}: {} in {}", target,
                                                 Plural(losses.size(), "feature"), Plural(count, "location"));
-    Print(unjudged.empty() ? lost + "\n" : fmt::format("{}, as far as the deck could be judged\n", lost));
+    Print(unchecked.empty() ? lost + "\n" : fmt::format("{}, as far as the deck could be checked\n", lost));
 }
 
 ordered_json LossJson(const Loss& loss)
@@ -146,18 +146,18 @@ ordered_json TargetJson(const Decks::Target& target)
         {"mode", TextOrNull(SimulatorModeType::ToString(target.mode))}};
 }
 
-void PrintJson(
-    const std::vector<Loss>& losses, const std::vector<Unjudged>& unjudged, const PortCommandOptions& options)
+void PrintJson(const std::vector<Loss>& losses, const std::vector<Unchecked>& unchecked,
+    const PortCommandOptions& options)
 {
     auto array = ordered_json::array();
     for (const Loss& loss : losses)
         array.push_back(LossJson(loss));
     auto limits = ordered_json::array();
-    for (const Unjudged& row : unjudged)
+    for (const Unchecked& row : unchecked)
         limits.push_back({{"kind", KindText(row.kind)}, {"text", row.text}, {"count", row.count},
             {"first", LocationJson(row.first)}});
     Print(ToText({{"deck", options.deck}, {"from", TargetJson(options.from)}, {"to", TargetJson(options.to)},
-        {"losses", array}, {"unjudged", limits}}));
+        {"losses", array}, {"unchecked", limits}}));
 }
 
 /// False, and reported, if the simulator does not have the mode.
@@ -181,11 +181,11 @@ int Port(LoadedLanguage& language, const PortCommandOptions& options)
         return Failure;
     const std::vector<Loss> losses = Decks::FindLosses(
         *deck, Decks::PortOptions().SetFrom(options.from).SetLocations(options.withLocations));
-    const std::vector<Unjudged> unjudged = Decks::FindUnjudged(*deck);
+    const std::vector<Unchecked> unchecked = Decks::FindUnchecked(*deck);
     if (options.isJson)
-        PrintJson(losses, unjudged, options);
+        PrintJson(losses, unchecked, options);
     else
-        PrintText(losses, unjudged, options);
+        PrintText(losses, unchecked, options);
     return losses.empty() ? Success : HasFindings;
 }
 
@@ -213,7 +213,8 @@ Command MakePortCommand(CLI::App& application)
         "Blocks that the simulator skips are not compared. Without --from, the deck is compared "
         "with what any\nsimulator accepts and with the defaults of the keywords. What --from does not accept "
         "or ignores is not a loss.\n"
-        "What could not be judged is listed: unknown keywords, files that can't be read, variables without a "
+        "What could not be checked is listed: unknown keywords, files that can't be read, variables without "
+        "a "
         "value,\n"
         "and data with errors.\n"
         "Exit status: 0 nothing is lost, 1 something is lost, 2 the deck can't be read.\n\n"

@@ -3,6 +3,8 @@
 #include "quor/deck/FindingCodes.h"
 #include "quor/lint/Codes.h"
 
+#include <algorithm>
+#include <iterator>
 #include <set>
 
 namespace Veld::Quor::Tools {
@@ -31,15 +33,33 @@ const char* SeeAlso(Decks::Code code)
     }
 }
 
+FindingCode OfDecks(const Decks::CodeInfo& info)
+{
+    return {"check", &info, SeeAlso(static_cast<Decks::Code>(&info - Decks::Codes().data()))};
+}
+
+FindingCode OfDocuments(const Decks::CodeInfo& info)
+{
+    return {"lint", &info};
+}
+
 } // namespace
 
 std::vector<FindingCode> AllFindingCodes()
 {
     std::vector<FindingCode> codes;
-    for (std::size_t i = 0; i < Decks::Codes().size(); ++i)
-        codes.push_back({"check", &Decks::Codes()[i], SeeAlso(static_cast<Decks::Code>(i))});
-    for (const Decks::CodeInfo& info : Lint::Codes())
-        codes.push_back({"lint", &info});
+    std::transform(Decks::Codes().begin(), Decks::Codes().end(), std::back_inserter(codes), OfDecks);
+    std::transform(Lint::Codes().begin(), Lint::Codes().end(), std::back_inserter(codes), OfDocuments);
+    return codes;
+}
+
+std::vector<FindingCode> FindFindingCodes(const std::string& name)
+{
+    std::vector<FindingCode> codes;
+    if (const Decks::CodeInfo* const info = Decks::FindInfo(name))
+        codes.push_back(OfDecks(*info));
+    if (const Decks::CodeInfo* const info = Lint::FindInfo(name))
+        codes.push_back(OfDocuments(*info));
     return codes;
 }
 

@@ -16,6 +16,8 @@ struct FindingCode {
 
 /// Those of decks, then those of documents.
 std::vector<FindingCode> AllFindingCodes();
+/// Those of the name: none, or one for each subcommand that has it.
+std::vector<FindingCode> FindFindingCodes(const std::string& name);
 /// Each name once, sorted.
 std::vector<std::string> FindingCodeNames();
 

@@ -2,8 +2,10 @@
 
 #include "quor/deck/CodeInfo.h"
 
+#include <algorithm>
 #include <cassert>
 #include <cstddef>
+#include <string_view>
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
@@ -45,11 +47,19 @@ std::vector<CodeInfo> InfosOf(const CodeRow<Code> (&rows)[count])
 }
 
 template <class Code>
-const CodeInfo& FindInfo(const std::vector<CodeInfo>& infos, Code code)
+const CodeInfo& GetInfo(const std::vector<CodeInfo>& infos, Code code)
 {
     const auto index = static_cast<std::size_t>(code);
     assert(index < infos.size() && "InfoOf: a code without a row");
     return infos[index];
+}
+
+/// Null if no code has the name.
+inline const CodeInfo* FindInfo(const std::vector<CodeInfo>& infos, std::string_view name)
+{
+    const auto info =
+        std::find_if(infos.begin(), infos.end(), [name](const CodeInfo& each) { return each.name == name; });
+    return info == infos.end() ? nullptr : &*info;
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -115,11 +115,8 @@ Suppressions::CodeSet Suppressions::ReadCodes(std::string_view words)
     bool isAll = true;
     for (std::string_view word = TakeWord(words); !word.empty(); word = TakeWord(words)) {
         isAll = false;
-        const auto& rows = Codes();
-        const auto row = std::find_if(
-            rows.begin(), rows.end(), [word](const CodeInfo& info) { return info.name == word; });
-        if (row != rows.end()) {
-            codes.set(static_cast<std::size_t>(row - rows.begin()));
+        if (const CodeInfo* const info = FindInfo(word)) {
+            codes.set(static_cast<std::size_t>(info - Codes().data()));
             continue;
         }
         constexpr std::size_t mostHints = 1000; // they take long to find
