@@ -14,9 +14,12 @@ class DeckWriter;
 /// How a deck is formatted.
 class FormatOptions {
 public:
-    /// Whether each value is written in one form: a number in the fewest digits, a word without quotes that
-    /// it doesn't need. False at first: then numbers, words and quotes that need no change stay as they are,
-    /// and values stay in their columns below a comment whose words are above them.
+    /// Whether each keyword is written from its data in one form: a number in the fewest digits, a word
+    /// without quotes that it doesn't need, repeated values combined, defaulted ones omitted, columns
+    /// aligned. False at first: then lines, columns, repeats and spelling stay as they are. Only rows whose
+    /// columns are not below one another are aligned, and what tidy decks don't have is fixed: blanks within
+    /// quotes, defaults after the last item, blank texts for defaults in rows, assignments in quotes, remarks
+    /// without hyphens.
     FormatOptions& SetNormalized(bool isNormalized)
     {
         isNormalized_ = isNormalized;
@@ -29,10 +32,10 @@ private:
     bool isNormalized_ = false;
 };
 
-/// Rewrites a deck: aligns columns, combines repeated values and omits defaulted values. The result has the
-/// same data, and doesn't change if it is formatted once more. What is no keyword stays as it is: comments,
-/// blank lines, inclusions, skipped blocks, unknown keywords. So does a keyword with errors in it, one of raw
-/// text, and one whose data continue in another file or around a skipped block. One thread at a time.
+/// Formats a deck. The result has the same data, and doesn't change if it is formatted once more. What is no
+/// keyword stays as it is: comments, blank lines, inclusions, skipped blocks, unknown keywords. So does a
+/// keyword with errors in it, one of raw text, and one whose data continue in another file or around a
+/// skipped block. One thread at a time.
 class VELD_QUOR_EXPORT DeckFormatter {
 public:
     /// The deck must outlive it, and not be moved nor assigned to.

@@ -126,27 +126,38 @@ Nothing:  =>
 )")),
     CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Spelling, Writings, testing::ValuesIn(Rows(R"(
-Numbers (kept): VALUES\n 0.30 1.0E5 +3. 2*0.10 0.100 1D-5 3* 7 /\n => VALUES\n    0.30  1.0E5    +3. 3*0.10   1D-5     3*      7 /\n
-BeforeAFormat (kept): FORMAT\n 1 2.5 /\n => FORMAT\n    1 2.5 /\n
-Quotes (kept): RECORD\n 'P1' 'oil' 3 2.50 T /\nRECORD\n ' P1 ' AQUA 03 /\nRECORD\n '' /\n => RECORD\n  'P1' 'oil' 3 2.50 T /\nRECORD\n  P1 WATER 03 /\nRECORD\n  '' /\n
-DefaultsAndRepeats (kept): ROWS\n 'P1' 1* 2.250 3 / one\n P2 2*7 /\n P3 2* 5 4* / 2 3\n P4 /\n/\n => ROWS\n  'P1' 1*  2.250 3 / one\n  P2    7  7     /\n  P3   1* 1*     5 / 2 3\n  P4   /\n/\n
-Map (kept): MAP\n B = 2\n 'W1' A=1 'B= 3' /\n => MAP\n  B=2 'W1' A=1 B=3 /\n
-Variables (kept): VALUES\n 3*$X 2.0 /\nRECORD\n '$NAME' * $A+1 /\n => VALUES\n  3*$X  2.0 /\nRECORD\n  '$NAME' 1* $A+1 /\n
-Nested (kept): LEADS\n 0.50 1 2.0 /\n 10 3 4\n 5 6.5 /\n/\n => LEADS\n   0.50 1 2.0 /\n  10    3 4\n        5 6.5 /\n/\n
+INSTANTIATE_TEST_SUITE_P(LaidOut, Writings, testing::ValuesIn(Rows(R"(
+Numbers (kept): VALUES\n 0.30 1.0E5\t+3. 1 1 1 1\n\n   2*0.10 0.100 -- mid\n 1D-5, 3* 7/ end\n =>
+Words (kept): RECORD\n   'P1'   'oil' 03\n   2.50   T /\nBESIDE 1   2\n/\n =>
+Map (kept): MAP\n B = 2\n 'W1'  A=1 -- two\n /\n =>
+Variables (kept): VALUES\n 3*$X 2.0 /\nRECORD\n '$NAME' *  $A+1 /\n =>
+Columns (kept): ROWS\n-- name   A\n   P1     1  2.25 3 / one\n   'P20'  *    1  3 / two\n\n   P3   10*2        / three\n/\n =>
+Tables (kept): LEADS\n 0.50 1   2.0\n      10  -3    / up\n 10   100  4\n      5    6.5  /\n/\n =>
+SeveralOnALine (kept): TABLE\n 1 10.5 2 9\n 3 *\n /\n =>
+OverSeveralLines (kept): ROWS\n P1 -- name\n 1 -- A\n 2.50 / done\n LONGER\n 1 /\n/\n =>
 )")),
     CaseName<Row>);
 
-INSTANTIATE_TEST_SUITE_P(Headers, Writings, testing::ValuesIn(Rows(R"(
-AboveRows (kept): ROWS\n-- name   A    B\n P1       1    2.5 /\n P2 100 1 /\n/\n => ROWS\n-- name   A    B\n P1       1    2.5 /\n P2     100    1   /\n/\n
+INSTANTIATE_TEST_SUITE_P(OutOfLine, Writings, testing::ValuesIn(Rows(R"(
+Rows (kept): ROWS\n P1 1 2.25 3 / one\n LONGER 100 12.5 / two\n P3 1* 7 /\n/\n => ROWS\n P1       1  2.25 3 / one\n LONGER 100 12.5 / two\n P3      1*  7 /\n/\n
+BelowAHeader (kept): ROWS\n-- name   A    B\n P1       1    2.5 /\n P2 100 1 /\n/\n => ROWS\n-- name   A    B\n P1       1    2.5 /\n P2     100    1 /\n/\n
 PushedApart (kept): ROWS\n--n A  B\n  P 1  2 /\n  LONGER 1 2 /\n/\n => ROWS\n--n A  B\n  P      1 2 /\n  LONGER 1 2 /\n/\n
-NoHeader (kept): ROWS\n    -- one\n    P1     1   2.5 /\n/\n => ROWS\n  -- one\n  P1 1 2.5 /\n/\n
-Second (kept): ROWS\n P1 1 /\n   -- name  A\n      P2    3 /\n/\n => ROWS\n  P1 1 /\n   -- name  A\n      P2    3 /\n/\n
-AboveARecord (kept): RECORD\n --  name  kind    A\n\tP1   OIL     3 /\n => RECORD\n --  name  kind    A\n        P1   OIL     3 /\n
-AboveTheKeyword (kept): -- name  kind     A\nRECORD\n   P1    OIL      3 /\n =>
-AboveATable (kept): TABLE\n-- x      y\n   1     10.5\n  2 9\n/\n => TABLE\n-- x      y\n   1     10.5\n   2      9   /\n
-TooWide (kept): ROWS\n-- name                                                                                                                                  A\n P1                                                                                                                                      1 /\n/\n => ROWS\n-- name                                                                                                                                  A\n  P1 1 /\n/\n
-Normalized: ROWS\n-- name   A\n   'P1'   1 /\n/\n => ROWS\n-- name   A\n  P1 1 /\n/\n
+OneOfMany (kept): ROWS\n P1   1 1.5\t/\n P2   1 2.5\t/\n P20 10 1.5\t/\n P3 1 3.5\t/\n/\n => ROWS\n P1   1 1.5     /\n P2   1 2.5     /\n P20 10 1.5     /\n P3   1 3.5     /\n/\n
+Repeats (kept): ROWS\n 'P1' 1* 2.250 3 -- one\n /\n P2 2*7 -- two\n /\n P3 10 2.5 3 /\n P10 2* 5 /\n/\n => ROWS\n 'P1' 1* 2.250 3 -- one\n /\n P2 2*7 -- two\n /\n P3  10 2.5 3 /\n P10 2*     5 /\n/\n
+Comments (kept): ROWS\n P1 1      /   -- one\n P20 2     /   -- two\n P3 30 1.5 /   -- three\n/\n => ROWS\n P1   1     /  -- one\n P20  2     /  -- two\n P3  30 1.5 /  -- three\n/\n
+Table (kept): TABLE\n-- x      y\n   1     10.5\n  2 9\n/\n => TABLE\n-- x      y\n   1     10.5\n   2      9\n/\n
+LeadingValues (kept): LEADS\n 0.50 1 2.0 /\n 10 3 4\n 5 6.5 /\n/\n => LEADS\n 0.50 1 2.0 /\n 10   3 4\n      5 6.5 /\n/\n
+FromTheFirstColumn (kept): ROWS\nP1 1 /\n P20 2 /\n/\n => ROWS\n P1  1 /\n P20 2 /\n/\n
+)")),
+    CaseName<Row>);
+
+INSTANTIATE_TEST_SUITE_P(Untidy, Writings, testing::ValuesIn(Rows(R"(
+BlanksInQuotes (kept): RECORD\n ' P1 ' AQUA 3 /\nROWS\n ' P1'   1 /\n "P20"   2 /\n/\n => RECORD\n 'P1'   AQUA 3 /\nROWS\n 'P1'    1 /\n "P20"   2 /\n/\n
+BlankText (kept): RECORD\n '' ' ' 1 /\n => RECORD\n '' 1*  1 /\n
+DefaultsBeyondTheEnd (kept): ROWS\n P1 2* 5 4* / two\n P2 1 2.5 2* /\n/\n => ROWS\n P1 2*     5 / two\n P2 1 2.5 1* /\n/\n
+QuotedAssignment (kept): MAP\n B = 2 'A = 3' / all\n => MAP\n B = 2 A=3 / all\n
+Remark (kept): VALUES of it\n 1 /\nROWS too\n P1 /\n/\n => VALUES -- of it\n 1 /\nROWS -- too\n P1 /\n/\n
+WindowsLineEnds (kept): RECORD\r\n 'P1 ' OIL\r\n /\r\n => RECORD\r\n 'P1'  OIL\r\n /\r\n
 )")),
     CaseName<Row>);
 
@@ -156,7 +167,7 @@ TEST_F(DeckWriting, BreaksALongListIntoLines)
     for (int i = 0; i < 30; ++i)
         text += " 1000" + std::to_string(i + 100);
     const auto deck = Read(text + " /\n");
-    EXPECT_EQ(DeckFormatter(deck).FormatFile(0), R"(VALUES
+    EXPECT_EQ(DeckFormatter(deck, FormatOptions().SetNormalized(true)).FormatFile(0), R"(VALUES
   1000100 1000101 1000102 1000103 1000104 1000105 1000106 1000107 1000108 1000109 1000110 1000111
   1000112 1000113 1000114 1000115 1000116 1000117 1000118 1000119 1000120 1000121 1000122 1000123
   1000124 1000125 1000126 1000127 1000128 1000129 /
@@ -168,7 +179,7 @@ TEST_F(DeckWriting, PutsIncludedFilesInTheirPlaces)
     folder_.Write("a.inc", "VALUES\n 1 1 1 /\nINCLUDE\n 'b.inc' /\nENDINC\nleft out\n");
     folder_.Write("b.inc", "ROWS\n P1 1");
     const auto deck = Read("FLAG\nINCLUDE -- values\n 'a.inc' / and rows\n 2 /\n/\nFLAG\n");
-    DeckFormatter formatter(deck);
+    DeckFormatter formatter(deck, FormatOptions().SetNormalized(true));
     EXPECT_EQ(
         formatter.FormatAll(), "FLAG\n-- values\n-- and rows\nVALUES\n  3*1 /\nROWS\n P1 1\n 2 /\n/\nFLAG\n");
     EXPECT_EQ(formatter.FormatFile(0), "FLAG\nINCLUDE -- values\n 'a.inc' / and rows\n 2 /\n/\nFLAG\n");

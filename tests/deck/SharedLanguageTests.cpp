@@ -93,7 +93,7 @@ std::string AnswersOf(const Deck& deck)
     for (const VariableSummary& variable : Summarize(deck).variables)
         answers += ' ' + variable.name;
     return answers + ' ' + std::to_string(Compare(deck, deck).groups.size()) + ' '
-        + DeckFormatter(deck).FormatAll();
+        + DeckFormatter(deck, FormatOptions().SetNormalized(true)).FormatAll();
 }
 
 TEST(SharedDeck, AnswersSeveralThreads)

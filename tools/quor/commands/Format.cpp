@@ -183,9 +183,9 @@ Command MakeFormatCommand(CLI::App& application)
 {
     const auto options = std::make_shared<FormatOptions>();
     CLI::App& command = *application.add_subcommand("format",
-        "Formats a deck: aligns columns, combines repeated values and omits defaulted values. Comments,\n"
-        "numbers and quotes are kept, and columns below a comment that names them. The formatted deck has\n"
-        "the same data.");
+        "Formats a deck: aligns rows whose columns are not below one another, and removes blanks within\n"
+        "quotes and defaults after the last item. Lines, columns, comments, numbers and repeats are kept.\n"
+        "The formatted deck has the same data.");
     command.add_option("DECK", options->deck, "Main file of the deck; '-' is standard input")
         ->required()
         ->type_name("FILE");
@@ -201,7 +201,8 @@ Command MakeFormatCommand(CLI::App& application)
         "Write nothing; list the files that would change, and exit with 1 if there are any");
     command.add_flag_callback(
         "--normalize", [options] { options->format.SetNormalized(true); },
-        "Write each value in one form: the shortest numbers, no needless quotes, no gaps between columns");
+        "Lay all out anew: the shortest numbers, no needless quotes, repeats combined, no gaps between "
+        "columns");
     inPlace->excludes(folder)->excludes(check);
     folder->excludes(check);
     oneFile->excludes(inPlace)->excludes(check);

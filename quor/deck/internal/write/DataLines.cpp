@@ -51,12 +51,7 @@ void DataLines::Line(std::string_view text)
 
 void DataLines::Comment(std::string_view comment, bool isIndented)
 {
-    CommentAt(comment, isIndented ? indent_ : 0);
-}
-
-void DataLines::CommentAt(std::string_view comment, std::size_t column)
-{
-    Line(std::string(column, ' '));
+    Line(std::string(isIndented ? indent_ : 0, ' '));
     line_ += comment;
     isBroken_ = true;
 }

@@ -29,8 +29,6 @@ public:
 
     /// A comment on a line of its own: its hyphens stand where the words do, or at the start of the line.
     void Comment(std::string_view comment, bool isIndented);
-    /// The same, with so many blanks before it.
-    void CommentAt(std::string_view comment, std::size_t column);
     /// After what was written last; the line ends with it. Gets hyphens if it has none and doesn't stand
     /// after a slash.
     void After(std::string_view comment);

@@ -31,21 +31,14 @@ bool IsMapGiven(const IKeywordMapData& map)
 
 } // namespace
 
-std::string DataWriter::Write(
-    std::string_view name, const IKeywordData& data, bool mayShareLine, const SourceWords& words)
+std::string DataWriter::Write(std::string_view name, const IKeywordData& data, bool mayShareLine)
 {
     lines_ = DataLines(name);
-    words_ = words;
-    aboveKeyword_.clear();
-    for (const std::string_view comment : words_.FindCommentsAbove()) {
-        const std::size_t offset = words_.OffsetOf(comment);
-        aboveKeyword_.push_back({std::string(comment), false, words_.ColumnOf(offset)});
-    }
     position_ = {};
     nextComment_ = nextEndWord_ = 0;
     const bool sharesLine =
         mayShareLine && plan_.type == MDType::List && !ListMD(plan_).WriteStartingOnNewLine().ValueOr(true);
-    WriteCommentsBefore(plan_, data);
+    WriteComments();
     if (!sharesLine)
         lines_.Break();
     if (IsOneLine(plan_) && !IsGiven(plan_, data))
@@ -61,13 +54,7 @@ std::string DataWriter::Write(
 void DataWriter::WriteContainer(const DataPlan& plan, const IKeywordData& data, bool needsWord)
 {
     VisitData(data,
-        Overloaded{[&](const IKeywordRecordData& record) {
-                       const bool isBelow = IsCommentAbove() || !aboveKeyword_.empty();
-                       if (!isBelow || !TakesCommentsAbove(plan, data))
-                           return WriteRecord(plan, record, needsWord);
-                       AddRow(plan, record, needsWord);
-                       FinishRows();
-                   },
+        Overloaded{[&](const IKeywordRecordData& record) { WriteRecord(plan, record, needsWord); },
             [&](const IKeywordListData& list) { WriteList(plan, list); },
             [&](const IKeywordMapData& map) { WriteMap(plan, map); },
             [](const IKeywordRawData& /*raw*/) {}}); // its text is kept as it stands
@@ -86,10 +73,7 @@ void DataWriter::WriteRecord(const DataPlan& plan, const IKeywordRecordData& rec
         const bool isMissing = item.IsScalar() && item.type != MDType::Line && cell.text.empty();
         if (FindComment() || !isMissing) {
             WriteMissing(std::exchange(missing, 0));
-            if (item.IsScalar())
-                WriteComments();
-            else
-                WriteCommentsBefore(item, NestedIn(record, i));
+            WriteComments();
         }
         if (isMissing)
             ++missing;
@@ -167,13 +151,11 @@ bool DataWriter::IsGiven(const DataPlan& plan, const IKeywordData& data) const
 
 /// An item that is not given has no text.
 DataWriter::Cell DataWriter::CellToWrite(
-    const DataPlan& item, const IKeywordRecordData& record, std::size_t index)
+    const DataPlan& item, const IKeywordRecordData& record, std::size_t index) const
 {
     const std::string* const variable = FindVariable(record, index);
     const ScalarValue value = ItemValue(*item.md, record.GetData(static_cast<int>(index)));
-    Cell cell = SpeltCell(item, value, variable);
-    if (cell.text.empty())
-        cell.text = variable ? VariableText(item, *variable) : WordOf(*item.md, value);
+    Cell cell{variable ? VariableText(item, *variable) : WordOf(*item.md, value), IsNumber(item)};
     if (cell.text.empty() && item.type != MDType::Line && !item.MayBeMissing())
         throw std::invalid_argument(fmt::format("{}: missing value; the item has no default", NameOf(item)));
     return cell;
@@ -196,10 +178,7 @@ void DataWriter::WriteEnd(const DataPlan& plan, bool isOnNewLine)
         lines_.Break();
         return;
     case Termination::SLASH:
-        words_.PassEnd();
-        break;
     case Termination::CUSTOMIZED:
-        words_.PassEndWord();
         break;
     }
     if (isOnNewLine)

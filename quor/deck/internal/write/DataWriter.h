@@ -5,7 +5,6 @@
 #include "quor/deck/internal/read/data/DataValue.h"
 #include "quor/deck/internal/read/values/DataPlan.h"
 #include "quor/deck/internal/write/DataLines.h"
-#include "quor/deck/internal/write/SourceWords.h"
 #include "quor/deck/internal/write/TableLines.h"
 
 #include <cstddef>
@@ -37,11 +36,9 @@ public:
     }
 
     /// The lines, without the end of the last one. `mayShareLine`: the data may begin on the keyword's line,
-    /// if their metadata want that. `words`: those of the text that the data were read from keep their
-    /// spelling, and values their columns below a header. Throws `std::invalid_argument` for data that no
-    /// deck can hold: a text with both kinds of quotes or several lines, no value where there is no default.
-    std::string Write(std::string_view name, const Core::Keywords::IKeywordData& data, bool mayShareLine,
-        const SourceWords& words = SourceWords());
+    /// if their metadata want that. Throws `std::invalid_argument` for data that no deck can hold: a text
+    /// with both kinds of quotes or several lines, no value where there is no default.
+    std::string Write(std::string_view name, const Core::Keywords::IKeywordData& data, bool mayShareLine);
 
 private:
     /// A value that is not given is an empty text.
@@ -65,7 +62,6 @@ private:
         TableRow& row);
     void FillCells(const DataPlan& record, const Core::Keywords::IKeywordRecordData& data, bool needsWord,
         TableRow& row);
-    void BeginRow(TableRow& row);
     TableRow::Comment RowCommentOf(const DataComment& comment) const;
     void FinishRows();
     void WriteMap(const DataPlan& plan, const Core::Keywords::IKeywordMapData& map);
@@ -73,11 +69,7 @@ private:
     void WriteEnd(const DataPlan& plan, bool isOnNewLine);
 
     Cell CellToWrite(
-        const DataPlan& item, const Core::Keywords::IKeywordRecordData& record, std::size_t index);
-    std::string ElementToWrite(
-        const DataPlan& item, const Core::Keywords::IKeywordListData& list, std::size_t index);
-    Cell SpeltCell(const DataPlan& item, const ScalarValue& value, const std::string* variable);
-    std::size_t ColumnOf(const SourceWord& word);
+        const DataPlan& item, const Core::Keywords::IKeywordRecordData& record, std::size_t index) const;
     Cell ElementOf(
         const DataPlan& item, const Core::Keywords::IKeywordListData& list, std::size_t index) const;
     const std::string* FindVariable(const Core::Keywords::IKeywordData& node, std::size_t index) const;
@@ -90,10 +82,6 @@ private:
 
     /// Writes the comments up to here.
     void WriteComments();
-    /// The same, but those on lines of their own are left to what comes next, if it puts them above rows.
-    void WriteCommentsBefore(const DataPlan& next, const Core::Keywords::IKeywordData& data);
-    bool TakesCommentsAbove(const DataPlan& plan, const Core::Keywords::IKeywordData& data) const;
-    bool IsCommentAbove() const;
     const DataComment* FindComment() const;
     std::uint64_t FindNextSlot() const;
     std::string TextOf(const DataComment& comment) const;
@@ -106,10 +94,6 @@ private:
     const DeckFiles& files_;
 
     DataLines lines_{{}};
-    SourceWords words_;
-    std::vector<TableRow::Comment> aboveKeyword_; // until the first row has them
-    bool isBelowComment_ = false; // the row that is being filled
-    std::size_t rowLine_ = TableRow::unknown; // where the line of its first cell begins in the text
     DataPosition position_;
     std::size_t nextComment_ = 0;
     std::size_t nextEndWord_ = 0;

@@ -80,36 +80,6 @@ void DataWriter::WriteComments()
     }
 }
 
-void DataWriter::WriteCommentsBefore(const DataPlan& next, const IKeywordData& data)
-{
-    if (!words_.IsThere() || !TakesCommentsAbove(next, data))
-        return WriteComments();
-    for (const DataComment* comment = FindComment(); comment && !IsCommentAbove(); comment = FindComment()) {
-        lines_.After(TextOf(*comment));
-        ++nextComment_;
-    }
-}
-
-/// Whether the data are rows, or one row.
-bool DataWriter::TakesCommentsAbove(const DataPlan& plan, const IKeywordData& data) const
-{
-    if (plan.type == DataPlan::MDType::Record)
-        return words_.IsThere() && IsFlat(plan) && plan.termination == DataPlan::Termination::SLASH;
-    if (plan.type != DataPlan::MDType::List || plan.items.empty())
-        return false;
-    const DataPlan& item = plan.items.front();
-    const auto& list = static_cast<const IKeywordListData&>(data);
-    return (IsFlat(item) && item.termination != DataPlan::Termination::EOL)
-        || (IsTabular(item) && !HasCommentWithinRows(item, list));
-}
-
-/// Whether a comment on a line of its own comes next.
-bool DataWriter::IsCommentAbove() const
-{
-    const DataComment* const comment = FindComment();
-    return comment && comment->kind == CommentKind::OwnLine;
-}
-
 std::string DataWriter::TextOf(const DataComment& comment) const
 {
     const std::string text(files_.GetText(comment.range));

@@ -74,7 +74,7 @@ void DataWriter::WriteValues(const DataPlan& plan, const IKeywordListData& list)
     const bool hasVariables = notes_ && notes_->variables && notes_->variables->GetDataVariables(list);
     for (std::size_t i = 0; i < size;) {
         WriteComments();
-        std::string text = ElementToWrite(item, list, i);
+        std::string text = ElementOf(item, list, i).text;
         if (bool ignored = false; endWords && endWords->Matches(text, ignored))
             text = Quote(text, true);
         const std::string plain = hasVariables ? ElementOf(item, list, i).text : std::string();
@@ -88,7 +88,6 @@ void DataWriter::WriteValues(const DataPlan& plan, const IKeywordListData& list)
         const bool isFolded = text.empty() || end - i >= shortestRepeat;
         if (!isFolded)
             end = i + 1;
-        words_.Skip(end - i - 1);
         std::string word = isFolded ? MissingText(end - i) + text : text;
         position_.slots += end - i;
         i = end;
@@ -182,14 +181,12 @@ void DataWriter::WriteTabular(const DataPlan& record, const IKeywordListData& li
         const auto& inner = static_cast<const IKeywordListData&>(NestedIn(data, lead));
         TableRow row;
         TakeRowComments(row);
-        BeginRow(row);
         for (std::size_t item = 0; item < lead; ++item)
             row.cells.push_back(CellToWrite(record.items[item], data, item));
         position_.slots += lead;
         for (std::size_t j = 0; j < static_cast<std::size_t>(inner.GetSize()); ++j) {
             if (j > 0) {
                 TakeRowComments(row);
-                BeginRow(row);
                 row.cells.assign(lead, Cell{{}, false, true});
             }
             const auto& values = *static_cast<const IKeywordRecordData*>(inner.GetData(j));
@@ -199,7 +196,6 @@ void DataWriter::WriteTabular(const DataPlan& record, const IKeywordListData& li
         }
         row.isEnded = true;
         ++position_.ends;
-        words_.PassEnd();
         rows_.push_back(std::move(row));
         if (rows_.size() >= mostAlignedRows)
             FinishRows();
@@ -234,28 +230,15 @@ void DataWriter::TakeCommentsWithin(const DataPlan& record, TableRow& row)
 
 TableRow::Comment DataWriter::RowCommentOf(const DataComment& comment) const
 {
-    const std::size_t column = words_.IsThere() ? words_.ColumnOf(comment.range.offset) : 0;
-    return {TextOf(comment), IsIndented(comment), column};
-}
-
-/// The next cells are those of the row.
-void DataWriter::BeginRow(TableRow& row)
-{
-    row.aboveKeyword = std::exchange(aboveKeyword_, {});
-    isBelowComment_ = !row.above.empty() || !row.aboveKeyword.empty();
-    rowLine_ = TableRow::unknown;
+    return {TextOf(comment), IsIndented(comment)};
 }
 
 void DataWriter::FillRow(
     const DataPlan& record, const IKeywordRecordData& data, bool needsWord, TableRow& row)
 {
-    BeginRow(row);
     FillCells(record, data, needsWord, row);
     row.isEnded = record.termination == Termination::SLASH;
-    if (!row.isEnded)
-        return;
-    ++position_.ends;
-    words_.PassEnd();
+    position_.ends += row.isEnded ? 1U : 0U;
 }
 
 void DataWriter::FillCells(
@@ -269,10 +252,7 @@ void DataWriter::FillCells(
 
 void DataWriter::FinishRows()
 {
-    if (words_.IsThere())
-        WriteTableWithHeaders(rows_, lines_);
-    else
-        WriteTable(rows_, lines_);
+    WriteTable(rows_, lines_);
     rows_.clear();
 }
 

@@ -4,6 +4,7 @@
 #include "quor/deck/internal/text/LineEnds.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/write/DataWriter.h"
+#include "quor/deck/internal/write/KeptText.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -100,10 +101,7 @@ std::string DeckWriter::Write(std::uint32_t file, std::size_t end, bool takesInc
         text += source.substr(position, part.range.offset - position);
         position = part.range.offset + part.range.length;
         if (part.keyword) {
-            const std::string written = Write(part);
-            text += WithLineEndsOf(source, written);
-            if (written.ends_with('\n') && position == source.size())
-                text += '\n'; // an empty line is one if it is ended
+            text += Write(part);
             continue;
         }
         text += CommentsOf(deck_.files.GetText(part.range));
@@ -115,28 +113,40 @@ std::string DeckWriter::Write(std::uint32_t file, std::size_t end, bool takesInc
     return text;
 }
 
-/// A keyword whose data can't be written as they should keeps its text.
 std::string DeckWriter::Write(const Part& part)
 {
     const KeywordInstance& keyword = *part.keyword;
+    if (!isNormalized_)
+        return Keep(keyword);
+    const std::string_view source = deck_.files.GetText(keyword.whole.file);
+    std::string text = WithLineEndsOf(source, WriteNormalized(keyword, part.mayShareLine));
+    if (text.ends_with('\n') && part.range.offset + part.range.length == source.size())
+        text += '\n'; // an empty line is one if it is ended
+    return text;
+}
+
+/// A keyword whose data can't be written as they should keeps its text.
+std::string DeckWriter::WriteNormalized(const KeywordInstance& keyword, bool mayShareLine)
+{
     DataWriter writer(plans_.Get(*keyword.data->GetMD()), keyword.notes.get(), deck_.files);
     try {
-        return writer.Write(
-            deck_.files.GetText(keyword.name), *keyword.data, part.mayShareLine, WordsOf(keyword));
+        return writer.Write(deck_.files.GetText(keyword.name), *keyword.data, mayShareLine);
     } catch (const std::invalid_argument&) {
         return std::string(deck_.files.GetText(keyword.whole));
     }
 }
 
-/// None if they are to be normalized.
-SourceWords DeckWriter::WordsOf(const KeywordInstance& keyword) const
+std::string DeckWriter::Keep(const KeywordInstance& keyword)
 {
-    if (isNormalized_)
-        return {};
-    const std::string_view text =
-        deck_.files.GetText(keyword.whole.file).substr(0, keyword.whole.offset + keyword.whole.length);
-    return {
-        text, keyword.name.offset + keyword.name.length, keyword.notes ? &keyword.notes->comments : nullptr};
+    std::size_t remark = 0;
+    if (keyword.notes && !keyword.notes->comments.empty()) {
+        const DataComment& first = keyword.notes->comments.front();
+        if (first.kind == CommentKind::AfterText && !IsComment(deck_.files.GetText(first.range)))
+            remark = first.range.offset - keyword.whole.offset;
+    }
+    return KeptText(
+        plans_.Get(*keyword.data->GetMD()), deck_.files.GetText(keyword.whole), keyword.name.length, remark)
+        .Write();
 }
 
 } // namespace Veld::Quor::Core::Decks

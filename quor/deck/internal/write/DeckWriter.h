@@ -3,7 +3,6 @@
 #include "quor/deck/internal/check/KeywordValidity.h"
 #include "quor/deck/internal/read/contents/DeckContents.h"
 #include "quor/deck/internal/read/values/DataPlan.h"
-#include "quor/deck/internal/write/SourceWords.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -18,8 +17,8 @@ namespace Veld::Quor::Core::Decks {
 /// go on in another file or around a skipped block.
 class DeckWriter {
 public:
-    /// The deck must outlive it. `isNormalized`: each value is written in one form; else words keep their
-    /// spelling, and rows their columns below a header.
+    /// The deck must outlive it. `isNormalized`: each keyword is written from its data, in one form; else its
+    /// text is kept as far as it is in order: see `KeptText`.
     DeckWriter(const DeckContents& deck, bool isNormalized);
 
     /// The text of one of the deck's files.
@@ -39,7 +38,8 @@ private:
     void AddParts();
     std::string Write(std::uint32_t file, std::size_t end, bool takesInclusions);
     std::string Write(const Part& part);
-    SourceWords WordsOf(const KeywordInstance& keyword) const;
+    std::string WriteNormalized(const KeywordInstance& keyword, bool mayShareLine);
+    std::string Keep(const KeywordInstance& keyword);
 
     const DeckContents& deck_;
     bool isNormalized_;

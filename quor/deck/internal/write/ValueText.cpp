@@ -1,9 +1,7 @@
 #include "quor/deck/internal/write/ValueText.h"
 
-#include "quor/deck/internal/read/values/ValueReader.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/NumberText.h"
-#include "quor/metadata/IKeywordChoiceMD.h"
 #include "quor/metadata/IKeywordNumericMD.h"
 
 #include <fmt/format.h>
@@ -86,20 +84,9 @@ std::string WordOf(const IKeywordDataMD& md, const ScalarValue& value)
     return isQuoted ? Quote(text) : text;
 }
 
-bool Spells(const DataPlan& item, const DataWord& word, const ScalarValue& value)
+std::size_t CountWhole(std::string_view number)
 {
-    if (const auto* const real = std::get_if<double>(&value))
-        return !word.IsQuoted() && ToNumber<double>(word.text) == *real;
-    if (const auto* const flag = std::get_if<bool>(&value))
-        return ToBoolean(word.text) == *flag;
-    if (const auto* const text = std::get_if<std::string>(&value))
-        return word.text == *text;
-    const auto* const integer = std::get_if<int>(&value);
-    if (!integer || item.type != DataPlan::MDType::Choice)
-        return integer && !word.IsQuoted() && ToNumber<int>(word.text) == *integer;
-    const ChoiceMatch match = static_cast<const IKeywordChoiceMD&>(*item.md).Match(word.text);
-    const bool isWhole = match.kind == ChoiceMatch::Kind::Word || match.kind == ChoiceMatch::Kind::Alias;
-    return isWhole && match.index == *integer;
+    return std::min(number.find_first_of(".eEdD"), number.size());
 }
 
 bool IsWord(const std::string& text)

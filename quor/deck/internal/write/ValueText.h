@@ -2,9 +2,10 @@
 
 #include "quor/deck/internal/read/data/DataValue.h"
 #include "quor/deck/internal/read/values/DataPlan.h"
-#include "quor/deck/internal/text/WordText.h"
 
+#include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace Veld::Quor::Core::Keywords {
 class IKeywordNumericMD;
@@ -18,8 +19,8 @@ std::string NumberToText(int value, const Core::Keywords::IKeywordNumericMD& md)
 
 /// A scalar as a word of a deck, of a choice its word; empty if it isn't given. A line stands for itself.
 std::string WordOf(const Core::Keywords::IKeywordDataMD& md, const ScalarValue& value);
-/// Whether the item takes the word for the value, and nothing is to be said of how it is written.
-bool Spells(const DataPlan& item, const DataWord& word, const ScalarValue& value);
+/// What of a number is before the decimal point, or the exponent.
+std::size_t CountWhole(std::string_view number);
 /// Whether a text that begins with no quote is read as the one word that it is.
 bool IsWord(const std::string& text);
 /// The text of a value with variables in it: a bare word where it may be, unless it is the value of a text.

@@ -1,0 +1,225 @@
+#include "quor/deck/internal/write/KeptText.h"
+
+#include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/TextLines.h"
+#include "quor/deck/internal/text/WordText.h"
+#include "quor/deck/internal/write/DataLines.h"
+#include "quor/deck/internal/write/PlanShape.h"
+#include "quor/deck/internal/write/ValueText.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace Veld::Quor::Core::Decks {
+
+namespace {
+
+using MDType = DataPlan::MDType;
+using Termination = DataPlan::Termination;
+
+/// Whether all of it is numbers, of which the layout stays as it is.
+bool IsOfNumbers(const DataPlan& plan)
+{
+    return plan.type == MDType::List && IsNumber(plan.items.front());
+}
+
+bool HasLines(const DataPlan& plan)
+{
+    return plan.type == MDType::Line || plan.type == MDType::Raw
+        || std::any_of(plan.items.begin(), plan.items.end(), HasLines);
+}
+
+/// The record that is written on a line; null if there is none. `headers`: how many are before the first one.
+const DataPlan* FindRowRecord(const DataPlan& plan, std::size_t& headers)
+{
+    if (plan.type == MDType::List)
+        return FindRowRecord(plan.items.front(), headers);
+    if (plan.type != MDType::Record || plan.items.empty() || IsOneLine(plan))
+        return nullptr;
+    const bool isHeaded = plan.termination == Termination::NONE && !plan.items.front().IsScalar();
+    if (!isHeaded)
+        return &plan;
+    headers = plan.items.size() - 1;
+    return FindRowRecord(plan.items.back(), headers);
+}
+
+/// The words of an assignment in one pair of quotes; empty if it needs them.
+std::string Unquoted(const DataWord& word)
+{
+    std::string text(word.text);
+    text.erase(std::remove_if(text.begin(), text.end(), IsWhite), text.end());
+    const bool isAssignment = word.IsQuoted() && text.find('=') != std::string::npos && IsWord(text);
+    return isAssignment ? text : std::string();
+}
+
+} // namespace
+
+KeptText::KeptText(const DataPlan& plan, std::string_view text, std::size_t name, std::size_t remark)
+    : plan_(plan)
+    , text_(text)
+    , name_(name)
+    , remark_(remark)
+    , record_(FindRowRecord(plan, headers_))
+{
+}
+
+std::string KeptText::Write()
+{
+    if (HasLines(plan_) || IsOfNumbers(plan_)) {
+        const std::size_t head = remark_ == 0 ? text_.size() : remark_;
+        return fmt::format("{}{}{}", text_.substr(0, head), remark_ == 0 ? "" : "-- ", text_.substr(head));
+    }
+    for (std::size_t begin = 0; begin < text_.size(); begin = EndOfLine(text_, begin))
+        ReadLine(RestOfLine(text_, begin), begin == 0);
+    Align();
+    std::string written;
+    std::size_t begin = 0;
+    for (const TextRow& row : rows_) {
+        const std::size_t end = EndOfLine(text_, begin);
+        written += row.GetText();
+        written += text_.substr(begin + row.source.size(), end - begin - row.source.size());
+        begin = end;
+    }
+    return written;
+}
+
+void KeptText::ReadLine(std::string_view line, bool isFirst)
+{
+    TextRow row;
+    row.source = line;
+    std::size_t offset = 0;
+    if (isFirst) {
+        row.words.push_back({std::string(line.substr(0, name_))});
+        offset = name_;
+    }
+    const std::size_t before = value_;
+    bool mayBeRow = record_ && !isFirst && headers_ == 0;
+    bool isEnded = false;
+    isCut_ = false;
+    while (offset < line.size() && !isEnded) {
+        const bool isRemark = isFirst && remark_ > 0 && offset == remark_;
+        if (isRemark || IsCommentAt(line, offset)) {
+            AddComment(row, offset, isRemark ? "-- " : "");
+            break;
+        }
+        mayBeRow = mayBeRow && line[offset] != ',';
+        isEnded = line[offset] == '/';
+        if (isEnded)
+            AddSlash(row, offset);
+        else
+            offset = IsSeparator(line[offset]) ? offset + 1 : ReadWord(row, line, offset);
+    }
+    if (mayBeRow)
+        FindRow(row, before, isEnded);
+    if (isEnded)
+        EndRecord();
+    rows_.push_back(std::move(row));
+}
+
+std::size_t KeptText::ReadWord(TextRow& row, std::string_view line, std::size_t offset)
+{
+    const DataWord word = FindDataWord(line.substr(offset));
+    const std::string_view spelling = line.substr(offset, word.length);
+    TextRow::Word read{Fixed(word, spelling), ColumnAfter(line.substr(0, offset), 0), value_};
+    read.isNumber = !word.IsQuoted() && (word.IsDefault() || ToReal(word.text));
+    read.isRepeated = word.repeat.count > 1;
+    row.isChanged = row.isChanged || read.text != spelling;
+    isCut_ = isCut_ || read.text.empty() || (plan_.type == MDType::Map && row.isChanged);
+    if (!read.text.empty())
+        row.words.push_back(std::move(read));
+    value_ += static_cast<std::size_t>(std::max(word.repeat.count, 1LL));
+    return offset + word.length;
+}
+
+/// The word as it is to be written; empty: left out.
+std::string KeptText::Fixed(const DataWord& word, std::string_view spelling) const
+{
+    if (std::string unquoted = plan_.type == MDType::Map ? Unquoted(word) : std::string(); !unquoted.empty())
+        return unquoted;
+    if (word.IsPadded() && !word.text.empty()) {
+        const char quote = spelling.back();
+        return fmt::format("{0}{1}{2}{1}", spelling.substr(0, word.repeat.length), quote, word.text);
+    }
+    const bool isOfItems = record_ && headers_ == 0 && record_->termination == Termination::SLASH
+        && IsFlat(*record_) && word.IsDefault();
+    if (!isOfItems)
+        return std::string(spelling);
+    const std::size_t size = record_->items.size();
+    const auto count = static_cast<std::size_t>(std::max(word.repeat.count, 1LL));
+    if (value_ + count > size)
+        return value_ >= size ? std::string() : MissingText(size - value_);
+    const bool isBlank = word.IsQuoted() && record_->items[value_].MayBeMissing();
+    return isBlank ? MissingText(count) : std::string(spelling);
+}
+
+void KeptText::AddSlash(TextRow& row, std::size_t offset)
+{
+    std::size_t column = ColumnAfter(row.source.substr(0, offset), 0);
+    if (isCut_ && !row.words.empty())
+        column = row.words.back().GetEnd() + 1;
+    row.isChanged = row.isChanged || isCut_;
+    row.words.push_back({"/", column, TextRow::slash});
+    AddComment(row, offset + 1, "");
+}
+
+/// What is left of the line; `hyphens`: to be put before it.
+void KeptText::AddComment(TextRow& row, std::size_t offset, std::string_view hyphens)
+{
+    const std::string_view text = row.source.substr(offset);
+    const std::string_view comment = TrimBlanks(text);
+    if (comment.empty())
+        return;
+    const auto begin = static_cast<std::size_t>(comment.data() - row.source.data());
+    row.isChanged = row.isChanged || !hyphens.empty();
+    row.words.push_back({fmt::format("{}{}", hyphens, comment), ColumnAfter(row.source.substr(0, begin), 0),
+        TextRow::comment});
+}
+
+void KeptText::EndRecord()
+{
+    if (headers_ > 0)
+        --headers_;
+    value_ = 0;
+}
+
+/// A row that is ended is one with other such rows, one that isn't with those of as many values. The words of
+/// the latter are counted from the last one, since values may be before those of a first row.
+void KeptText::FindRow(TextRow& row, std::size_t before, bool isEnded) const
+{
+    const std::size_t values = value_ - before;
+    if (values == 0)
+        return;
+    if (record_->termination == Termination::SLASH) {
+        row.isRow = before == 0 && isEnded;
+        return;
+    }
+    constexpr std::size_t last = std::size_t(1) << 40;
+    row.isRow = true;
+    for (TextRow::Word& word : row.words) {
+        if (word.cell < last)
+            word.cell += last - value_;
+    }
+}
+
+bool KeptText::AreOfOneForm(const TextRow& first, const TextRow& second) const
+{
+    if (!first.isRow || !second.isRow)
+        return false;
+    const auto [least, most] = std::minmax(first.words.front().cell, second.words.front().cell);
+    const std::size_t lead = IsTabular(*record_) ? record_->items.size() - 1 : 0;
+    return record_->termination == Termination::SLASH || most == least || most == least + lead;
+}
+
+void KeptText::Align()
+{
+    for (std::size_t first = 0, i = 1; i <= rows_.size(); ++i) {
+        if (i < rows_.size() && AreOfOneForm(rows_[first], rows_[i]))
+            continue;
+        if (rows_[first].isRow)
+            AlignRows(rows_, first, i);
+        first = i;
+    }
+}
+
+} // namespace Veld::Quor::Core::Decks
