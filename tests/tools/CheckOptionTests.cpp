@@ -159,6 +159,12 @@ TEST(CheckRules, ReportAndCount)
   see a.data:2:1: IMPES is here
 a.data: 3 keywords in 1 section, 1 file: 1 error
 )");
+    EXPECT_EQ(RunShell(run + " --format gcc").out,
+        "a.data:3:1: error: AIM contradicts IMPES; expected one solution; remove one of them "
+        "[conflicting-keywords]\na.data:2:1: note: IMPES is here\n");
+    EXPECT_EQ(RunShell(run + " --format github").out,
+        "::error file=a.data,line=3,col=1,title=conflicting-keywords::AIM contradicts IMPES; expected one "
+        "solution; remove one of them%0Aa.data:2: IMPES is here\n");
     EXPECT_TRUE(Holds(RunShell(run + " --statistics").out, "1 deck, 0 clean: 1 error,"));
 }
 

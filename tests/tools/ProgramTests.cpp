@@ -251,11 +251,12 @@ TEST(Output, ThatCannotBeWrittenIsAFailure)
     const std::string deck =
         Quote(folder.Write("d.data", "RUNSPEC\nTITLE\n" + std::string(9999, 'x') + "\nOIL /\n"));
     const std::string listing = "; ls -A " + Quote(folder.Path());
-    const Outcome large = RunShell("ulimit -f 1; \"$QUOR\" format --in-place " + deck + listing);
+    const Outcome large = RunShell("ulimit -f 1; \"$QUOR\" format --normalize --in-place " + deck + listing);
     EXPECT_TRUE(Holds(large.err, "File too large")) << large.err;
     EXPECT_EQ(large.out, "d.data\n");
-    EXPECT_EQ(
-        RunShell("chmod 640 " + deck + "; \"$QUOR\" format --in-place " + deck + "; stat -c %a " + deck).out,
+    EXPECT_EQ(RunShell("chmod 640 " + deck + "; \"$QUOR\" format --normalize --in-place " + deck
+                  + "; stat -c %a " + deck)
+                  .out,
         "640\n");
     const std::string pipe = Quote(folder.Path() / "pipe");
     const std::string withoutReader = "mkfifo " + pipe + "; true <" + pipe + " & exec 3>" + pipe + "; wait; ";

@@ -30,6 +30,25 @@ std::string WithHint(const Finding& finding)
     return finding.hint.empty() ? message : fmt::format("{}; {}", message, finding.hint);
 }
 
+/// Other locations in lines of their own, as compilers print them.
+std::string GccLines(const Finding& finding)
+{
+    std::string text = MakePrintable(ToString(finding)) + '\n';
+    for (const Decks::RelatedLocation& other : finding.related)
+        text += fmt::format("{}:{}:{}: note: {}\n", MakePrintable(other.location.file), other.location.line,
+            other.location.column, MakePrintable(other.message));
+    return text;
+}
+
+/// Other locations in the message: an annotation has one.
+std::string WithRelated(const Finding& finding)
+{
+    std::string message = WithHint(finding);
+    for (const Decks::RelatedLocation& other : finding.related)
+        message += fmt::format("\n{}:{}: {}", other.location.file, other.location.line, other.message);
+    return message;
+}
+
 /// `marks` are written as a percent sign and their code.
 std::string Escape(const std::string& text, std::string_view marks)
 {
@@ -52,8 +71,7 @@ const char* CommandOf(Severity severity)
 
 std::string GccText(const FindingSets& sets)
 {
-    return ForEachFinding(
-        sets, [](const Finding& finding) { return MakePrintable(ToString(finding)) + '\n'; });
+    return ForEachFinding(sets, GccLines);
 }
 
 std::string GitHubText(const FindingSets& sets)
@@ -61,7 +79,7 @@ std::string GitHubText(const FindingSets& sets)
     return ForEachFinding(sets, [](const Finding& finding) {
         return fmt::format("::{} file={},line={},col={},title={}::{}\n", CommandOf(finding.severity),
             Escape(finding.location.file, "%\r\n:,"), finding.location.line, finding.location.column,
-            Escape(finding.code, "%\r\n:,"), Escape(WithHint(finding), "%\r\n"));
+            Escape(finding.code, "%\r\n:,"), Escape(WithRelated(finding), "%\r\n"));
     });
 }
 
