@@ -18,7 +18,7 @@ namespace {
 
 // Every kind of data that a deck's text can hold.
 const std::string dataLanguage = R"(
-<keyword name='RUNSPEC'/> <keyword name='GRID'/> <keyword name='SCHEDULE'/> <keyword name='FLAG'/>
+<keyword name='RUNSPEC'/> <keyword name='GRID'/> <keyword name='SCHEDULE'/> <keyword name='FLAG'/> <keyword name='FIELD'/>
 <keyword name='INCLUDE'/> <keyword name='END'/> <keyword name='ENDINC'/>
 <keyword name='SKIP'/> <keyword name='SKIPCAR'/> <keyword name='SKIPDUN'/> <keyword name='ENDSKIP'/>
 <keyword name='DIMENS'><validSections><section name='RUNSPEC'/></validSections><data><record termination='SLASH'>
@@ -47,7 +47,7 @@ const std::string dataLanguage = R"(
 <keyword name='NAMES'><data><list><string/></list></data></keyword>
 <keyword name='RECORD'><data><record termination='SLASH'>
   <item name='NAME'><string><lengthLimit>4</lengthLimit></string></item>
-  <item name='RATE' optional='true'><real><min val='0'/><default type='specified' val='2.5'/></real><unsupportedBy>
+  <item name='RATE' optional='true'><real><min val='0'/><default type='specified' val='2.5'/><quantity name='pressure'/></real><unsupportedBy>
     <simulator name='Carrow'/>
   </unsupportedBy></item>
   <item name='KIND' optional='true'><choice><values><value string='OIL'/><value string='WATER'>
@@ -237,8 +237,9 @@ AsteriskOfAllNames: RECORD\n * 1 OIL * 3 /\nNAMES\n A * /\n => ['A' '*'] =>
 CountedAsteriskIsADefault: RECORD\n 1* 1 OIL NO 3 /\n => (- 1 0 0 3) => d.data:3:2: error: RECORD, NAME: the item has no default [no-default] | write a value
 DefaultsTooMany: RECORD\n P1 1 OIL NO 3 5* ' ' * /\nROWS\n 1 7* /\n 2 3 1*\n/\n/\n => [(1 -) (2 3)] =>
 ValueAfterDefaultsTooMany: ROWS\n 1 2 3* 4 /\n/\n => [(1 2)] => d.data:3:9: error: ROWS: too many values (expected at most 2) [too-many-values] | end the record with a slash before this value
-Limits: RECORD\n P1 -1 OIL NO 10 /\n => ('P1' -1 0 0 10) => d.data:3:5: error: RECORD, RATE: value -1 is too small (expected at least 0) [out-of-range]
+Limits: RECORD\n P1 -1 OIL NO 10 /\n => ('P1' -1 0 0 10) => d.data:3:5: error: RECORD, RATE: value -1 bar is too small (expected at least 0) [out-of-range]
     d.data:3:15: error: RECORD, COUNT: value 10 is too large (expected at most 9) [out-of-range]
+LimitsInOtherUnits: FIELD\nRECORD\n P1 -12 OIL NO 1 /\n => ? => d.data:4:5: error: RECORD, RATE: value -12 psi is too small (expected at least 0) [out-of-range]
 LongText: RECORD\n PROD1 1 OIL NO 1 /\n => ? => d.data:3:2: warning: RECORD, NAME: 'PROD1' is longer than 4 characters; the rest is ignored [long-text] | shorten the text
 Abbreviation: RECORD\n P 1 wat NO 1 /\n => ('P' 1 1 0 1) => d.data:3:6: warning: RECORD, KIND: 'wat' is an abbreviation of WATER [abbreviated-word] | write WATER
 Deprecated: RECORD\n P 1 AQUA NO 1 /\n => ('P' 1 1 0 1) => d.data:3:6: warning: RECORD, KIND: 'AQUA' is a deprecated name of WATER [deprecated-word] | write WATER

@@ -3,6 +3,7 @@
 #include "quor/data/DataAccessUtils.h"
 #include "quor/data/KeywordDataFactory.h"
 #include "quor/deck/internal/read/data/DataShape.h"
+#include "quor/foundation/UnitSystem.h"
 #include "quor/syntax/ICellPropertyInfo.h"
 
 #include <utility>
@@ -118,6 +119,8 @@ void DeckReader::EnterSection(const Token& head, const Entry& entry)
     dimensions_.ResetBox();
     const IKeywordSyntax& syntax = vocabulary_.Get(entry, sections_.GetCurrent());
     sections_.Enter(SectionType::FromString(syntax.GetName()), head.range, entry);
+    if (sections_.GetCurrent() == SectionType::RUNSPEC)
+        data_.SetUnits(UnitSystem::METRIC); // unless it says otherwise
 }
 
 /// `isReported`: the keyword may not stand here, and more need not be said.
@@ -143,8 +146,13 @@ void DeckReader::FollowSizes(const KeywordInstance& keyword)
         dimensions_.ResetBox();
     else if (name == "RESTART" && keyword.section == SectionType::SOLUTION)
         precedents_.SetRestarted();
-    if (!keyword.data)
+    if (!keyword.data) {
+        bool isUnits = false;
+        const auto units = UnitSystem::FromString(name, &isUnits);
+        if (isUnits && keyword.section == SectionType::RUNSPEC)
+            data_.SetUnits(units);
         return;
+    }
     if (name == "BOX")
         dimensions_.SetBox(*keyword.data);
     else if (keyword.section == SectionType::RUNSPEC)

@@ -69,6 +69,8 @@ public:
     /// How many have been reported so far.
     std::size_t GetReportedVariableCount() const { return variables_.GetReportedCount(); }
 
+    void SetUnits(Core::Keywords::UnitSystem::Enum units) { values_.SetUnits(units); }
+
     /// Where in its file the keyword ended, if nothing has led away from it in between.
     std::size_t GetEnd() const { return words_.GetEnd().offset; }
     /// The turns of the text before that.

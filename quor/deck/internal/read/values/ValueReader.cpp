@@ -4,8 +4,10 @@
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/NumberText.h"
 #include "quor/metadata/IKeywordChoiceMD.h"
+#include "quor/metadata/IKeywordRealMD.h"
 #include "quor/metadata/IUnsupportedByMD.h"
 #include "quor/metadata/IValidityMD.h"
+#include "quor/metadata/Units.h"
 
 #include <fmt/format.h>
 
@@ -224,7 +226,16 @@ void ValueReader::Remark(const DataPlan& item, const Text& word, int value, std:
 
 Misfit ValueReader::Beyond(const DataPlan& item, double value, long long others) const
 {
-    return {Code::OutOfRange, OutOfRangeText(In(item), value, item.min, item.max, others)};
+    return {Code::OutOfRange, OutOfRangeText(In(item), value, item.min, item.max, others, UnitAfter(item))};
+}
+
+std::string ValueReader::UnitAfter(const DataPlan& item) const
+{
+    if (!units_ || item.type != MDType::Real)
+        return {};
+    const std::string* const measurement = static_cast<const IKeywordRealMD&>(*item.md).GetMeasurement();
+    const Unit* const unit = measurement ? Units::Find(*measurement, *units_) : nullptr;
+    return unit && unit->factor != 0 ? fmt::format(" {}", unit->name) : std::string();
 }
 
 std::string ValueReader::In(const DataPlan& item) const
@@ -233,18 +244,19 @@ std::string ValueReader::In(const DataPlan& item) const
                                       : fmt::format("{}, {}", keyword_, item.md->GetName());
 }
 
-std::string OutOfRangeText(
-    const std::string& where, double value, double least, double most, long long others)
+std::string OutOfRangeText(const std::string& where, double value, double least, double most,
+    long long others, const std::string& unit)
 {
     if (value < least && others == 0)
-        return fmt::format("{}: value {} is too small (expected at least {})", where, value, least);
+        return fmt::format("{}: value {}{} is too small (expected at least {})", where, value, unit, least);
     if (value < least)
-        return fmt::format("{}: value {} is too small (expected at least {}); other values out of range: {}",
-            where, value, least, others);
+        return fmt::format(
+            "{}: value {}{} is too small (expected at least {}); other values out of range: {}", where, value,
+            unit, least, others);
     if (others == 0)
-        return fmt::format("{}: value {} is too large (expected at most {})", where, value, most);
-    return fmt::format("{}: value {} is too large (expected at most {}); other values out of range: {}",
-        where, value, most, others);
+        return fmt::format("{}: value {}{} is too large (expected at most {})", where, value, unit, most);
+    return fmt::format("{}: value {}{} is too large (expected at most {}); other values out of range: {}",
+        where, value, unit, most, others);
 }
 
 bool CanBeValue(const DataPlan& item, const DataWord& word)

@@ -6,6 +6,7 @@
 #include "quor/deck/internal/read/words/DeckText.h"
 #include "quor/deck/internal/read/words/VariableValues.h"
 #include "quor/deck/internal/text/WordText.h"
+#include "quor/foundation/UnitSystem.h"
 #include "quor/metadata/ChoiceMatch.h"
 
 #include <optional>
@@ -60,6 +61,9 @@ public:
         mayHaveQuantities_ = mayHaveQuantities;
     }
 
+    /// The messages name the units of the deck from here on.
+    void SetUnits(Core::Keywords::UnitSystem::Enum units) { units_ = units; }
+
     /// T: bool, int, double or std::string, as the item's data are stored. The limits of the item are not
     /// checked.
     template <class T>
@@ -78,6 +82,8 @@ private:
         bool isQuoted;
     };
 
+    /// " psi" if that is the unit of the item in the deck; empty if that isn't known.
+    std::string UnitAfter(const DataPlan& item) const;
     template <class T>
     std::optional<T> Find(const DataPlan& item, const Text& word);
     template <class T>
@@ -91,13 +97,14 @@ private:
     VariableValues& variables_;
     std::string_view keyword_;
     bool mayHaveQuantities_ = false;
+    std::optional<Core::Keywords::UnitSystem::Enum> units_; // empty: the start of the deck isn't there
     Keywords::ChoiceMatch match_; // of the choice that was read last
 };
 
 /// The message on a value below `least` or above `most`. `where`: the keyword, with the item if it has a
-/// name. `others`: how many more values are out of range.
-std::string OutOfRangeText(
-    const std::string& where, double value, double least, double most, long long others = 0);
+/// name. `others`: how many more values are out of range. `unit`: empty, or a blank and the unit.
+std::string OutOfRangeText(const std::string& where, double value, double least, double most,
+    long long others = 0, const std::string& unit = {});
 
 /// YES and NO, in the forms that decks have for them.
 std::optional<bool> ToBoolean(std::string_view text);
