@@ -22,6 +22,8 @@ const std::string language = "<keyword name='STATE'><data><record>"
         "<default type='specified' val='2'><override name='Sedge' type='specified' val='3'/></default>")
     + Real("VISC", "viscosity", "<default type='specified' val='0.5'/>")
     + Real("RATE", "surface_rate", "<default type='specified' val='0'/>") + Real("WIDTH", "parsecs")
+    + Real("TEMP", "temperature", "<default type='specified' val='0'/>")
+    + Real("LEAST", "pressure", "<default type='specified' val='1E-6'/>")
     + "</record></data></keyword><keyword name='HEAT'><data><list><real><quantity "
       "name='temperature'/></real></list></data></keyword><keyword name='FAR'><data><record>"
     + Real("WIDTH", "parsecs") + "</record></data></keyword>";
@@ -41,33 +43,40 @@ TEST_P(Measured, NamesUnits)
 
 INSTANTIATE_TEST_SUITE_P(Keywords, Measured, testing::ValuesIn(Rows(R"(
 AllSystems: show STATE =>
-      data: record, ends with its last item
+      data: record, ends with a slash
         #  item   type  measurement   default
         1  PRES   real  pressure      2 bar
              default by simulator: Sedge 3 bar
         2  VISC   real  viscosity     0.5
         3  RATE   real  surface_rate  0
         4  WIDTH  real  parsecs       none
+        5  TEMP   real  temperature   0 degC
+        6  LEAST  real  pressure      1e-06 bar
       units of      METRIC   FIELD                LAB      PVT-M
       pressure      bar      psi                  atm      atm
       surface_rate  sm3/day  stb/day or Mscf/day  scm3/hr  sm3/day
+      temperature   degC     degF                 degC     degC
       viscosity     cP       cP                   cP       cP
 OneSystem: show STATE --units field =>
-      data: record, ends with its last item
+      data: record, ends with a slash
         #  item   type  unit                 default
-        1  PRES   real  psi                  2 bar
-             default by simulator: Sedge 3 bar
+        1  PRES   real  psi                  29.0075
+             default by simulator: Sedge 43.5113
         2  VISC   real  cP                   0.5
         3  RATE   real  stb/day or Mscf/day  0
         4  WIDTH  real                       none
+        5  TEMP   real  degF                 32
+        6  LEAST  real  psi                  1e-06
 SystemOfTheDocuments: show STATE --units METRIC =>
-      data: record, ends with its last item
+      data: record, ends with a slash
         #  item   type  unit     default
         1  PRES   real  bar      2
              default by simulator: Sedge 3
         2  VISC   real  cP       0.5
         3  RATE   real  sm3/day  0
         4  WIDTH  real           none
+        5  TEMP   real  degC     0
+        6  LEAST  real  bar      1e-06
 List: show HEAT --units PVT-M =>
       data: list of reals, ends with a slash
         each: real, degC, default none
@@ -80,7 +89,7 @@ Measurements: list --measurements =>
     parsecs              2
     pressure             1  bar      psi                  atm      atm
     surface_rate         1  sm3/day  stb/day or Mscf/day  scm3/hr  sm3/day
-    temperature          1  degC     degF                 degC     degC
+    temperature          2  degC     degF                 degC     degC
     viscosity            1  cP       cP                   cP       cP
 NoMeasurements: list --measurements --cell =>
 Json: list --measurements --text HEAT --format json =>

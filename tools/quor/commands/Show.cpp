@@ -268,13 +268,16 @@ Command MakeShowCommand(CLI::App& application)
     command.add_option("NAME", options->names, "Names or aliases of keywords")->required();
     AddUnitsOption(command, options->units, "System of the units to show with the items; the default is all");
     AddFormatOption(command, options->isJson);
-    command.footer("Limits and defaults are in the units of the deck. A default that is not the same amount "
-                   "in all systems\n"
-                   "is shown with its METRIC unit. JSON output has the units of all systems.\n\n"
-                   "Examples:\n"
-                   "  quor show WELSPECS\n"
-                   "  quor show WCONPROD --units FIELD\n"
-                   "  quor show PORO PERMX --format json");
+    command.footer(
+        "Limits and defaults are in the units of the deck. With --units, defaults are converted; "
+        "without it, one\n"
+        "that is not the same amount in all systems is shown with its METRIC unit. JSON output has "
+        "the units of\n"
+        "all systems, and defaults in METRIC units.\n\n"
+        "Examples:\n"
+        "  quor show WELSPECS\n"
+        "  quor show WCONPROD --units FIELD\n"
+        "  quor show PORO PERMX --format json");
     return {&command, [options](LoadedLanguage& language) { return Show(language, *options); }};
 }
 

@@ -10,6 +10,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace Veld::Quor::Tools {
@@ -20,21 +21,22 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-/// `unit` is put behind a real that isn't 0.
-std::string ValueText(const Value& value, MDType::Enum type, const std::string& unit)
+/// How reals are written.
+using RealText = std::function<std::string(double)>;
+
+std::string ValueText(const Value& value, MDType::Enum type, const RealText& realText)
 {
-    return std::visit(
-        Overloaded{[](std::monostate) { return std::string("an unknown choice"); },
-            [](bool flag) { return std::string(flag ? "YES" : "NO"); },
-            [type](const std::string& text) {
-                return type == MDType::Choice ? text : fmt::format("'{}'", text);
-            },
-            [&unit](double number) { return fmt::format("{}{}", number, number == 0 ? "" : unit); },
-            [](int number) { return fmt::format("{}", number); }},
+    return std::visit(Overloaded{[](std::monostate) { return std::string("an unknown choice"); },
+                          [](bool flag) { return std::string(flag ? "YES" : "NO"); },
+                          [type](const std::string& text) {
+                              return type == MDType::Choice ? text : fmt::format("'{}'", text);
+                          },
+                          [&realText](double number) { return realText(number); },
+                          [](int number) { return fmt::format("{}", number); }},
         value);
 }
 
-std::string ValueText(const Default& value, MDType::Enum type, const std::string& unit)
+std::string ValueText(const Default& value, MDType::Enum type, const RealText& realText)
 {
     switch (value.type) {
     case Default::Type::None:
@@ -44,10 +46,10 @@ std::string ValueText(const Default& value, MDType::Enum type, const std::string
     case Default::Type::Specified:
         break;
     }
-    return ValueText(value.value, type, unit);
+    return ValueText(value.value, type, realText);
 }
 
-void AddDefaults(ScalarTexts& texts, const Defaults& defaults, MDType::Enum type, const std::string& unit)
+void AddDefaults(ScalarTexts& texts, const Defaults& defaults, MDType::Enum type, const RealText& realText)
 {
     std::vector<SimulatorDefault> own;
     for (const SimulatorDefault& row : defaults.simulators) {
@@ -62,9 +64,9 @@ void AddDefaults(ScalarTexts& texts, const Defaults& defaults, MDType::Enum type
     for (const SimulatorDefault& row : own) {
         if (!(row.value == main))
             others.push_back(fmt::format(
-                "{} {}", SimulatorType::ToString(row.simulator), ValueText(row.value, type, unit)));
+                "{} {}", SimulatorType::ToString(row.simulator), ValueText(row.value, type, realText)));
     }
-    texts.defaultText = ValueText(main, type, unit);
+    texts.defaultText = ValueText(main, type, realText);
     texts.otherDefaults = Join(others);
 }
 
@@ -145,8 +147,8 @@ ScalarTexts TextsOf(
     VisitMD(scalar, [&](const auto& md) {
         OwnTexts{texts, keyword, units}(md);
         if constexpr (requires { md.GetDefault(SimulatorType::Any); })
-            AddDefaults(
-                texts, DefaultsOf(md, keyword), md.GetType(), UnitOfDocuments(texts.measurement, units));
+            AddDefaults(texts, DefaultsOf(md, keyword), md.GetType(),
+                [&](double number) { return AmountText(texts.measurement, number, units); });
     });
     return texts;
 }

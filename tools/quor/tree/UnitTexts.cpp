@@ -3,9 +3,11 @@
 #include "quor/metadata/Units.h"
 #include "tools/quor/tree/MetadataFacts.h"
 
+#include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Veld::Quor::Tools {
 
@@ -19,6 +21,14 @@ bool IsSame(const Unit& a, const Unit& b)
     return a.factor == b.factor && a.offset == b.offset;
 }
 
+/// Whether the number only says very little or very much, and so is meant in each system.
+bool IsBound(double number)
+{
+    constexpr double little = 1e-5;
+    constexpr double much = 1e10;
+    return (number != 0 && std::abs(number) <= little) || std::abs(number) >= much;
+}
+
 } // namespace
 
 std::string UnitText(const std::string& measurement, UnitSystem::Enum system)
@@ -27,14 +37,21 @@ std::string UnitText(const std::string& measurement, UnitSystem::Enum system)
     return unit ? unit->name : "";
 }
 
-std::string UnitOfDocuments(const std::string& measurement, std::optional<UnitSystem::Enum> system)
+std::string AmountText(const std::string& measurement, double number, std::optional<UnitSystem::Enum> system)
 {
+    if (system && IsBound(number))
+        return fmt::format("{}", number);
+    const auto converted =
+        system ? Units::Convert(measurement, number, UnitSystem::METRIC, *system) : std::nullopt;
+    if (converted)
+        return *converted == number ? fmt::format("{}", number) : fmt::format("{:.6g}", *converted);
     const Unit* const own = Units::Find(measurement, UnitSystem::METRIC);
     const auto& systems = UnitSystem::EnumInfos();
     const bool isForeign = own && std::any_of(systems.begin(), systems.end(), [&](const auto& row) {
         return (!system || *system == row.value) && !IsSame(*own, *Units::Find(measurement, row.value));
     });
-    return isForeign ? std::string(" ") + own->name : "";
+    const bool needsUnit = isForeign && (number != 0 || own->offset != 0);
+    return fmt::format("{}{}{}", number, needsUnit ? " " : "", needsUnit ? own->name : "");
 }
 
 void AppendSystems(Columns::Row& row)

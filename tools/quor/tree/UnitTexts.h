@@ -14,10 +14,10 @@ namespace Veld::Quor::Tools {
 /// The unit of a measurement; empty if none is known.
 std::string UnitText(const std::string& measurement, Core::Keywords::UnitSystem::Enum system);
 
-/// The unit that numbers of the documents are in, with a blank before it; empty if a number of the
-/// measurement means the same in `system`. Without a system: in all.
-std::string UnitOfDocuments(
-    const std::string& measurement, std::optional<Core::Keywords::UnitSystem::Enum> system);
+/// A number of the documents, which is in METRIC units, as a number in `system`. With its unit if that can't
+/// be told, or without a system: then only if it isn't the same amount in all.
+std::string AmountText(
+    const std::string& measurement, double number, std::optional<Core::Keywords::UnitSystem::Enum> system);
 
 /// The names of the systems, behind `row`; and the units of a measurement in these.
 void AppendSystems(Columns::Row& row);
