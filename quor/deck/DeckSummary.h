@@ -53,10 +53,11 @@ struct PropertySummary {
 };
 
 /// An array of cells that keywords such as those that set, copy and multiply work on: what it comes to at the
-/// end of the deck.
+/// end of the deck. One that is only given, for all cells, and copied to others, is none.
 struct ArraySummary {
     std::string array; ///< its name
-    std::vector<std::string> keywords; ///< that made it, each once, in their order
+    std::vector<std::string>
+        keywords; ///< that made it, each once, in their order; its own name: it was given
     Location location; ///< of the last of them
     std::size_t cells = 0; ///< of the grid
     std::size_t unknown = 0; ///< of these; they have the default of the array, or can't be worked out

@@ -168,6 +168,7 @@ PaddedName: SCHEDULE\nWELSPECS\n 'A B  ' ' G1' 1 1 1* OIL /\n/\nCOMPDAT\n 'A B' 
 ArraySetAndCopied: {runspec}GRID\nEQUALS\n PERMX 100 /\n PERMX 50 2 2 /\n/\nCOPY\n PERMX PERMY /\n PERMX PERMZ /\n/\nMULTIPLY\n PERMZ 0.1 /\n/\n at /arrays => [{"array":"PERMX","cells":4,"greatest":100.0,"keywords":["EQUALS"],"least":50.0,"mean":75.0,"place":{"file":"a.data","line":8},"reason":null,"unknown":0},{"array":"PERMY","cells":4,"greatest":100.0,"keywords":["COPY"],"least":50.0,"mean":75.0,"place":{"file":"a.data","line":12},"reason":null,"unknown":0},{"array":"PERMZ","cells":4,"greatest":10.0,"keywords":["COPY","MULTIPLY"],"least":5.0,"mean":7.5,"place":{"file":"a.data","line":16},"reason":null,"unknown":0}]
 ArrayInABox: {runspec}GRID\nPORO\n 4*0.1 /\nBOX\n 1 1 2 2 1 1 /\nPORO\n 0.3 /\nADD\n PORO 0.1 /\n/\nENDBOX\nMAXVALUE\n PORO 0.3 /\n/\n at /arrays/0 => {"array":"PORO","cells":4,"greatest":0.3,"keywords":["PORO","ADD","MAXVALUE"],"least":0.1,"mean":0.15,"place":{"file":"a.data","line":18},"reason":null,"unknown":0}
 ArrayInRegions: {runspec}GRID\nMULTNUM\n 1 2 1 2 /\nPORO\n 4*0.1 /\nEQUALREG\n PORO 0.3 2 /\n/\n at /arrays/0/mean => 0.2
+ArrayThatIsOnlyGiven: {runspec}GRID\nPERMX\n 4*100 /\nPORO\n 4*0.1 /\nCOPY\n PERMX PERMY /\n/\nADD\n PORO 0.1 /\n/\n at /arrays => [{"array":"PERMY","cells":4,"greatest":100.0,"keywords":["COPY"],"least":100.0,"mean":100.0,"place":{"file":"a.data","line":12},"reason":null,"unknown":0},{"array":"PORO","cells":4,"greatest":0.2,"keywords":["PORO","ADD"],"least":0.2,"mean":0.2,"place":{"file":"a.data","line":15},"reason":null,"unknown":0}]
 ArrayOfPart: {runspec}GRID\nEQUALS\n PORO 0.2 1 1 1 1 /\n/\n at /arrays/0/unknown => 3
 ArrayOfNothing: {runspec}GRID\nCOPY\n PERMX PERMY /\n/\n at /arrays/0/reason => "PERMX has no values before COPY"
 ArrayNotWorkedOut: {runspec}GRID\nPORO\n 4*0.1 /\nOPERATE\n PORO 6* MULTA PORO 2 1 /\n/\n at /arrays/0/reason => "OPERATE isn't worked out"
@@ -191,6 +192,8 @@ TEST(Summary, ListsTheFirstRowsUnlessAskedForAll)
     EXPECT_TRUE(Holds(few.out, "25 wells\n")) << few.out;
     EXPECT_TRUE(Holds(few.out, "  5 more; use --wells to list all\n")) << few.out;
     EXPECT_TRUE(Holds(Analyse("info a.data --wells", deck + "/\n").out, "  P24 "));
+    EXPECT_TRUE(Holds(Analyse("info a.data", "{runspec}GRID\nPORO\n 4*0.5 /\nADD\n PORO 0.5 /\n/\n").out,
+        "  PORO   given, ADD  4      0        1    1     1\n"));
 }
 
 // All

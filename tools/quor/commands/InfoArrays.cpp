@@ -6,6 +6,8 @@
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+
 namespace Veld::Quor::Tools {
 
 namespace Decks = Core::Decks;
@@ -18,10 +20,12 @@ std::vector<Columns::Row> ArrayRows(const Decks::DeckSummary& summary)
         const auto number = [&array](double Decks::PropertySummary::Range::*member) {
             return array.range ? fmt::format("{:.6g}", *array.range.*member) : "-";
         };
-        rows.push_back({array.array, Join(array.keywords), fmt::format("{}", array.cells),
-            fmt::format("{}", array.unknown), number(&Decks::PropertySummary::Range::least),
-            number(&Decks::PropertySummary::Range::mean), number(&Decks::PropertySummary::Range::greatest),
-            array.reason});
+        std::vector<std::string> makers = array.keywords;
+        std::replace(makers.begin(), makers.end(), array.array, std::string("given"));
+        rows.push_back(
+            {array.array, Join(makers), fmt::format("{}", array.cells), fmt::format("{}", array.unknown),
+                number(&Decks::PropertySummary::Range::least), number(&Decks::PropertySummary::Range::mean),
+                number(&Decks::PropertySummary::Range::greatest), array.reason});
     }
     return rows;
 }

@@ -290,6 +290,9 @@ std::vector<ArraySummary> ArrayOperations::GetArrays() const
         if (summary.unknown == 0 && summary.range)
             summary.reason.clear();
     }
+    std::erase_if(summaries, [](const ArraySummary& summary) { // given whole, and used by others
+        return summary.unknown == 0 && summary.keywords == std::vector{summary.array};
+    });
     return summaries;
 }
 

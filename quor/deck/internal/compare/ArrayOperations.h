@@ -23,7 +23,8 @@ public:
 
     /// The keywords of the deck, in their order.
     void Follow(const KeywordInstance& keyword);
-    /// Those that some keyword works on, in the order in which they are met.
+    /// Those that some keyword works on, in the order in which they are met, without those that are only
+    /// given.
     std::vector<ArraySummary> GetArrays() const;
 
 private:
