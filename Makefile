@@ -1,7 +1,7 @@
 # `make run` and `make test` set up what they need by themselves; see `make help`.
 
 .DEFAULT_GOAL := help
-.PHONY: help run test setup-run setup-test build-release build-test build-asan build-fuzz build-benchmark \
+.PHONY: help run test python setup-run setup-python setup-test build-release build-python build-test build-asan build-fuzz build-benchmark \
     check-format check-release check-asan check-threads check-lint lint-all format schema decks benchmark fuzz docs install clean
 
 SOURCES = $(shell find quor tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
@@ -31,6 +31,9 @@ test: setup-test check-format docs check-release check-asan check-threads check-
 
 setup-run:
 	@cmake/setup.sh run
+
+setup-python:
+	@cmake/setup.sh python
 
 setup-test:
 	@cmake/setup.sh test
@@ -104,8 +107,17 @@ docs: setup-test ## Build the reference of the public headers and the guides in 
 	@! grep . build/docs/warnings.txt
 	@echo "see build/docs/html/index.html"
 
+# The release with the module of Python: in the same folder, so that nothing is compiled twice.
+build-python: setup-python
+	@mkdir -p build && cmake --preset release -DVELD_QUOR_PYTHON=ON >build/release.log 2>&1 || \
+	    { cat build/release.log; exit 1; }
+	@cmake --build --preset release -- --quiet
+
+python: build-python ## Build a wheel of the Python module in build/release/python/dist
+	@python/wheel.sh build/release
+
 PREFIX ?= /usr/local
-install: setup-run build-release ## Install the release below PREFIX (/usr/local)
+install: build-python ## Install the release and the Python module below PREFIX (/usr/local)
 	cmake --install build/release --prefix $(PREFIX)
 
 clean: ## Remove all builds

@@ -1,10 +1,10 @@
 #!/bin/sh
-# Installs the Debian packages that are missing for `make run` or `make test`:  setup.sh run|test
+# Installs the Debian packages that are missing for `make run`, `make python` or `make test`:  setup.sh run|python|test
 set -eu
 
-group=${1:?usage: setup.sh run|test}
+group=${1:?usage: setup.sh run|python|test}
 list=$(dirname "$0")/packages.txt
-wanted=$(awk -v group="$group" '$1 == "run" || $1 == group { print $2 }' "$list")
+wanted=$(awk -v group="$group" '$1 == "run" || $1 == group || ($1 == "python" && group == "test") { print $2 }' "$list")
 
 if ! command -v apt-get >/dev/null 2>&1; then
     echo "setup: no apt-get here; make sure that what these Debian packages hold is installed:" $wanted >&2

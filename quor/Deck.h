@@ -22,5 +22,6 @@
 #include "quor/deck/Target.h"
 #include "quor/deck/TextRange.h"
 #include "quor/deck/ValueAddress.h"
+#include "quor/deck/WriteKeyword.h"
 #include "quor/syntax/IKeywordSyntax.h"
 #include "quor/syntax/KeywordSyntaxTable.h"

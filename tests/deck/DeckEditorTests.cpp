@@ -3,6 +3,7 @@
 #include "quor/data/Access.h"
 #include "quor/data/KeywordDataFactory.h"
 #include "quor/deck/DeckSource.h"
+#include "quor/deck/WriteKeyword.h"
 #include "tests/deck/EditorChanges.h"
 #include "tests/deck/EditorLanguage.h"
 #include "tests/deck/FindingText.h"
@@ -196,7 +197,12 @@ TEST(DeckEditors, AddRecordsOfTheirOwnKeyword)
     DeckEditor editor(deck);
     editor.AddRecords(deck.Get("WELLS"), *records);
     EXPECT_THROW(editor.AddRecords(deck.Get("ROWS"), *records), DataAccessError);
-    EXPECT_EQ(editor.GetText(0), "RUNSPEC\nWELLS\n P1 OIL /\n  'P 2' 1* 2.5 /\n  P3    /\n/\nROWS\n/\n");
+    editor.AddKeywordAfter(deck.Get("WELLS"), WriteKeyword(*records));
+    EXPECT_EQ(editor.GetText(0),
+        "RUNSPEC\nWELLS\n P1 OIL /\n  'P 2' 1* 2.5 /\n  P3    /\n/\n"
+        "WELLS\n  'P 2' 1* 2.5 /\n  P3    /\n/\nROWS\n/\n");
+    AddRecord(AsList(*records));
+    EXPECT_THROW(WriteKeyword(*records), EditError); // a well without a name
 }
 
 class Files : public testing::Test {

@@ -1,0 +1,18 @@
+"""Two decks, and one deck on two simulators."""
+
+from __future__ import annotations
+
+from . import _core
+from ._deck import Deck
+from ._values import Change, Loss
+
+
+def diff(a: Deck, b: Deck) -> list[Change]:
+    """What differs between the data of two decks, in the order of sections and dates. Comments, layout and
+    inclusions don't matter."""
+    return [Change(*row) for row in _core.diff(a._now(), b._now())]
+
+
+def port(deck: Deck, to: str, mode: str | None = None) -> list[Loss]:
+    """What the deck loses on another simulator, ``to``. Read the deck for the simulator that it runs on now."""
+    return [Loss(*row) for row in _core.losses(deck._now(), to, mode or "")]

@@ -1,0 +1,102 @@
+"""Many decks at once: on threads, on processes, or on any other executor, such as that of a cluster.
+
+What is sent to a worker is a path and options, and what comes back are values; decks stay where they are read.
+"""
+
+from __future__ import annotations
+
+import os
+from collections import deque
+from collections.abc import Callable, Iterable, Iterator, Mapping
+from concurrent.futures import Executor, Future, ThreadPoolExecutor
+from typing import Any, TypeVar, Union
+
+from ._deck import Deck
+from ._errors import QuorError
+from ._reading import read
+from ._values import Finding
+
+Path = Union[str, "os.PathLike[str]"]
+Result = TypeVar("Result")
+
+
+def check_many(
+    paths: Iterable[Path], jobs: int | None = None, executor: Executor | None = None, **options: Any
+) -> Iterator[tuple[Path, list[Finding]]]:
+    """Checks many decks, and yields each path with its findings, in the order of the paths.
+
+    Without an executor it runs on ``jobs`` threads (as many as the machine has processors): they share one load
+    of the language; a process of another executor loads it once. ``options`` are those of ``read``. A deck that
+    can't be read has one finding, ``include-missing``, without a line.
+    """
+    return _in_order(_findings, paths, jobs, executor, options)
+
+
+def map_decks(
+    function: Callable[[Deck], Result],
+    paths: Iterable[Path],
+    executor: Executor | None = None,
+    jobs: int | None = None,
+    **options: Any,
+) -> Iterator[tuple[Path, Result]]:
+    """Reads each deck where the executor runs it, calls the function with it, and yields each path with the
+    result, in the order of the paths. What the function raises is raised here. It must return values, no deck."""
+    return _in_order(_Call(function), paths, jobs, executor, options)
+
+
+class _Call:
+    """To be sent: a function of a module, with the function of the user."""
+
+    def __init__(self, function: Callable[[Deck], Any]) -> None:
+        self._function = function
+
+    def __call__(self, path: Path, options: Mapping[str, Any]) -> Any:
+        result = self._function(read(path, **options))
+        if isinstance(result, Deck):
+            raise TypeError("the function returned a deck: return what is needed of it, or its text()")
+        return result
+
+
+def _findings(path: Path, options: Mapping[str, Any]) -> list[Finding]:
+    try:
+        return read(path, **options).findings
+    except QuorError as error:
+        return [Finding("include-missing", "error", error.message, "", os.fspath(path), 0, 0, 0)]
+
+
+def _in_order(
+    call: Callable[[Path, Mapping[str, Any]], Result],
+    paths: Iterable[Path],
+    jobs: int | None,
+    executor: Executor | None,
+    options: Mapping[str, Any],
+) -> Iterator[tuple[Path, Result]]:
+    """Keeps a few calls for each worker on their way, so that the results of a million decks don't wait."""
+    jobs = jobs or os.cpu_count() or 1
+    if executor is not None:
+        yield from _through(executor, call, paths, 8 * jobs, options)
+        return
+    with ThreadPoolExecutor(jobs, "quor") as threads:
+        yield from _through(threads, call, paths, 2 * jobs, options)
+
+
+def _through(
+    executor: Executor,
+    call: Callable[[Path, Mapping[str, Any]], Result],
+    paths: Iterable[Path],
+    ahead: int,
+    options: Mapping[str, Any],
+) -> Iterator[tuple[Path, Result]]:
+    waiting: deque[tuple[Path, Future[Result]]] = deque()
+    try:
+        for path in paths:
+            waiting.append((path, executor.submit(call, path, options)))
+            if len(waiting) > ahead:
+                path, future = waiting.popleft()
+                yield path, future.result()
+        while waiting:
+            path, future = waiting.popleft()
+            yield path, future.result()
+    finally:
+        for _, future in waiting:
+            future.cancel()

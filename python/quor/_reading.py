@@ -1,0 +1,75 @@
+"""From files and texts to decks."""
+
+from __future__ import annotations
+
+import os
+from collections.abc import Iterator, Mapping
+from contextlib import contextmanager
+from contextvars import ContextVar
+
+from . import _core
+from ._deck import Deck, Options
+
+_variables: ContextVar[Mapping[str, str]] = ContextVar("quor.variables", default={})
+
+
+def read(
+    path: str | os.PathLike[str],
+    simulator: str | None = None,
+    mode: str | None = None,
+    variables: Mapping[str, object] | None = None,
+    *,
+    strict: bool = False,
+    max_findings: int = 200,
+) -> Deck:
+    """Reads a deck with all the files that it includes.
+
+    ``simulator`` and ``mode`` say where it is to run ("Carrow", "BlackOil"); without them what is valid for any
+    is accepted. ``variables`` replace the ``$NAME`` in the deck. What is wrong in the deck is in its
+    ``findings``; a file that can't be read raises ``QuorError``. Other threads run meanwhile.
+    """
+    options = _options(simulator, mode, variables, strict, max_findings)
+    return Deck(_core.read(os.fsencode(path), *options), options)
+
+
+def loads(
+    text: str | bytes,
+    simulator: str | None = None,
+    mode: str | None = None,
+    variables: Mapping[str, object] | None = None,
+    *,
+    name: str | os.PathLike[str] = "deck.data",
+    strict: bool = False,
+    max_findings: int = 200,
+) -> Deck:
+    """Reads a deck from a text. ``name`` is its path: findings name it, and the files that the deck includes are
+    searched for in its folder."""
+    options = _options(simulator, mode, variables, strict, max_findings)
+    data = text.encode("utf-8", "surrogateescape") if isinstance(text, str) else text
+    return Deck(_core.read_texts([(os.fsencode(name), data)], *options), options)
+
+
+@contextmanager
+def variables(**values: object) -> Iterator[None]:
+    """The variables of all decks that are read in the block: ``with quor.variables(CASE=1): ...``. Those that are
+    given to ``read`` itself come first."""
+    token = _variables.set({**_variables.get(), **_texts(values)})
+    try:
+        yield
+    finally:
+        _variables.reset(token)
+
+
+def _options(
+    simulator: str | None,
+    mode: str | None,
+    variables: Mapping[str, object] | None,
+    strict: bool,
+    max_findings: int,
+) -> Options:
+    merged = {**_variables.get(), **_texts(variables or {})}
+    return simulator or "", mode or "", merged, max_findings, strict
+
+
+def _texts(values: Mapping[str, object]) -> dict[str, str]:
+    return {name.removeprefix("$"): str(value) for name, value in values.items()}

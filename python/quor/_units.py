@@ -1,0 +1,47 @@
+"""The units of measurements."""
+
+from __future__ import annotations
+
+from collections.abc import Iterator, Mapping
+from functools import lru_cache
+from typing import TYPE_CHECKING
+
+from . import _core
+
+if TYPE_CHECKING:
+    import pandas
+
+
+@lru_cache(maxsize=1)
+def _table() -> dict[str, dict[str, str]]:
+    return _core.measurements()
+
+
+class Units(Mapping[str, Mapping[str, str]]):
+    """The unit of each measurement in each system: ``deck.units["pressure"]["FIELD"]``."""
+
+    def __init__(self, system: str) -> None:
+        self.system = system  #: the one that the deck is in
+
+    def __getitem__(self, measurement: str) -> Mapping[str, str]:
+        return _table()[measurement]
+
+    def __iter__(self) -> Iterator[str]:
+        return iter(_table())
+
+    def __len__(self) -> int:
+        return len(_table())
+
+    def convert(self, value: float, measurement: str, to: str, source: str | None = None) -> float:
+        """A value of the deck (or of the system ``source``) in the unit of the system ``to``."""
+        return _core.convert(measurement, value, source or self.system, to)
+
+    def frame(self) -> pandas.DataFrame:
+        """All as a table of pandas: a row a measurement, a column a system."""
+        from ._frames import load_pandas
+
+        frame: pandas.DataFrame = load_pandas().DataFrame.from_dict(_table(), orient="index")
+        return frame
+
+    def __repr__(self) -> str:
+        return f"<Units of {len(self)} measurements, deck in {self.system}>"

@@ -1,0 +1,175 @@
+#include "python/src/Binding.h"
+
+#include "quor/data/KeywordDataFactory.h"
+#include "quor/deck/WriteKeyword.h"
+#include "quor/metadata/VisitMD.h"
+
+#include <limits>
+#include <memory>
+#include <variant>
+
+namespace Veld::Quor::Python {
+
+using MDType = Keywords::IKeywordDataMD::MDType;
+
+namespace {
+
+void Fill(Keywords::IKeywordData& data, const py::handle& values);
+
+void FillItem(Keywords::IKeywordRecordData& record, int item, const py::handle& value)
+{
+    if (value.is_none())
+        return;
+    const Keywords::IKeywordDataMD& md = *Keywords::AsRecord(*record.GetMD()).GetItemMD(item);
+    switch (md.GetType()) {
+    case MDType::List:
+    case MDType::Record:
+    case MDType::Map:
+    case MDType::Raw:
+        Fill(*static_cast<Keywords::IKeywordData*>(record.GetData(item)), value);
+        return;
+    case MDType::Choice:
+        Keywords::SetChoice(record, item, py::cast<std::string>(value));
+        return;
+    default:
+        break;
+    }
+    const Decks::NewValue scalar = NewValueOf(value, md);
+    std::visit([&](const auto& typed) { Keywords::Set(record, item, typed); }, scalar.Get());
+}
+
+void FillRecord(Keywords::IKeywordRecordData& record, const py::handle& values)
+{
+    if (!py::isinstance<py::dict>(values))
+        throw py::type_error("expected a dict of items and values for a record of "
+            + record.GetSyntax()->GetName() + ", not " + std::string(py::str(values.get_type())));
+    for (const auto& [name, value] : py::cast<py::dict>(values)) {
+        const auto text = py::cast<std::string>(name);
+        const std::optional<int> item = FindItem(Keywords::AsRecord(*record.GetMD()), text);
+        if (!item)
+            Keywords::Has(record, text); // throws with the names that are near
+        else
+            FillItem(record, *item, value);
+    }
+}
+
+void FillScalars(
+    Keywords::IKeywordListData& list, const Keywords::IKeywordDataMD& md, const py::handle& values)
+{
+    if (md.GetType() == MDType::Real) {
+        const auto array = py::array_t<double, py::array::c_style | py::array::forcecast>::ensure(values);
+        if (!array)
+            throw py::error_already_set();
+        Keywords::AddValues(list, array.data(), static_cast<std::size_t>(array.size()));
+        return;
+    }
+    for (const py::handle value : values) {
+        if (md.GetType() == MDType::Choice) {
+            Keywords::AddChoice(list, py::cast<std::string>(value));
+            continue;
+        }
+        const Decks::NewValue scalar = NewValueOf(value, md);
+        std::visit([&](const auto& typed) { Keywords::AddValue(list, typed); }, scalar.Get());
+    }
+}
+
+/// A dict serves as a list of one record.
+void FillList(Keywords::IKeywordListData& list, const py::handle& values)
+{
+    const Keywords::IKeywordDataMD& md = *Keywords::AsList(*list.GetMD()).GetItemMD();
+    if (IsArray(list))
+        FillScalars(list, md, values);
+    else if (md.GetType() == MDType::Record && py::isinstance<py::dict>(values))
+        FillRecord(Keywords::AddRecord(list), values);
+    else {
+        for (const py::handle value : values)
+            Fill(*static_cast<Keywords::IKeywordData*>(list.AddData(nullptr)), value);
+    }
+}
+
+void FillMap(Keywords::IKeywordMapData& map, const py::handle& values)
+{
+    for (const auto& [name, value] : py::cast<py::dict>(values))
+        Keywords::Set(map, py::cast<std::string>(name), py::cast<int>(value));
+}
+
+void Fill(Keywords::IKeywordData& data, const py::handle& values)
+{
+    switch (data.GetMD()->GetType()) {
+    case MDType::List:
+        FillList(Keywords::AsList(data), values);
+        return;
+    case MDType::Map:
+        FillMap(Keywords::AsMap(data), values);
+        return;
+    case MDType::Raw:
+        Keywords::AsRaw(data).SetData(py::cast<std::string>(values));
+        return;
+    default:
+        FillRecord(Keywords::AsRecord(data), values);
+    }
+}
+
+/// The entry for a name in a section, or in the first one in which it is valid.
+const Keywords::IKeywordSyntax& SyntaxOf(const std::string& name, const std::string& section)
+{
+    const auto* const syntax =
+        section.empty() ? Table().Lookup(name, true) : Table().Lookup(name, SectionOf(section), true);
+    if (!syntax)
+        RaiseMissing("unknown keyword '" + name + "'", {});
+    return *syntax;
+}
+
+/// The text of a keyword with the values: a dict, a list of dicts, or a list of numbers.
+std::string KeywordText(
+    const DeckPointer& deck, const std::string& name, const std::string& section, const py::object& values)
+{
+    const Keywords::IKeywordSyntax& syntax = SyntaxOf(name, section);
+    const auto data = Keywords::KeywordDataFactory::Instance().Construct(syntax);
+    if (data)
+        Fill(*data, values);
+    else if (!values.is_none())
+        throw py::value_error(name + " has no data");
+    return data ? Decks::WriteKeyword(*data, deck->GetTarget()) : syntax.GetName() + '\n';
+}
+
+/// The section in which a keyword is valid first, of those that the deck has.
+std::string SectionFor(const DeckPointer& deck, const std::string& name)
+{
+    const Keywords::IKeywordSyntax& syntax = SyntaxOf(name, {});
+    for (const auto section : syntax.GetValidSections()) {
+        if (!deck->GetSection(section).empty())
+            return Keywords::SectionType::ToString(section);
+    }
+    RaiseMissing("the deck has no section in which " + name + " is valid", {});
+}
+
+} // namespace
+
+Decks::NewValue NewValueOf(const py::handle& value, const Keywords::IKeywordDataMD& md)
+{
+    if (PyBool_Check(value.ptr()))
+        return py::cast<bool>(value);
+    const bool isReal = md.GetType() == MDType::Real;
+    if (PyIndex_Check(value.ptr()) && !isReal) {
+        const auto number = py::cast<long long>(value);
+        if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max())
+            throw py::value_error("the number " + std::to_string(number) + " is too large for an integer");
+        return static_cast<int>(number);
+    }
+    if (PyUnicode_Check(value.ptr()))
+        return py::cast<std::string>(value.attr("encode")("utf-8", "surrogateescape"));
+    if (PyFloat_Check(value.ptr()) || PyNumber_Check(value.ptr()))
+        return py::cast<double>(py::float_(py::reinterpret_borrow<py::object>(value)));
+    throw py::type_error(
+        "expected a number, a text or a bool, not " + std::string(py::str(value.get_type())));
+}
+
+void BindBuilding(py::module_& module)
+{
+    module.def(
+        "keyword_text", KeywordText, py::arg("deck"), py::arg("name"), py::arg("section"), py::arg("values"));
+    module.def("section_for", SectionFor, py::arg("deck"), py::arg("name"));
+}
+
+} // namespace Veld::Quor::Python

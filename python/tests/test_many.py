@@ -1,0 +1,50 @@
+"""Many decks, on threads, processes and a cluster."""
+
+import multiprocessing
+import os
+from concurrent.futures import ProcessPoolExecutor
+
+import pytest
+import quor
+from support import DECKS
+
+PATHS = sorted((DECKS / "faulty").glob("*.data"))[:12] + [DECKS / "no-such.data"]
+
+
+def counts(results):
+    return [(path, [finding.code for finding in findings]) for path, findings in results]
+
+
+def title(deck):
+    return deck.title, os.getpid()
+
+
+def itself(deck):
+    return deck
+
+
+def test_each_executor_finds_the_same():
+    alone = counts(quor.check_many(PATHS, jobs=1))
+    assert [path for path, _ in alone] == PATHS and alone[-1][1] == ["include-missing"]
+    assert counts(quor.check_many(PATHS, jobs=4)) == alone
+    with ProcessPoolExecutor(2, multiprocessing.get_context("spawn")) as processes:
+        assert counts(quor.check_many(PATHS, executor=processes)) == alone
+
+
+def test_what_a_function_returns_comes_in_order():
+    assert [path for path, _ in quor.map_decks(title, PATHS[:5])] == PATHS[:5]
+    with pytest.raises(quor.QuorError):
+        list(quor.map_decks(title, PATHS[-1:]))
+    with pytest.raises(TypeError, match="the function returned a deck"):
+        list(quor.map_decks(itself, PATHS[:1]))
+
+
+def test_a_cluster_survives_the_loss_of_a_worker():
+    distributed = pytest.importorskip("distributed")
+    with distributed.LocalCluster(2, threads_per_worker=1, processes=True, dashboard_address=None) as cluster:
+        with distributed.Client(cluster) as client:
+            results = quor.map_decks(title, PATHS[:-1] * 10, executor=client.get_executor(pure=False))
+            first = next(results)
+            os.kill(first[1][1], 9)
+            rest = list(results)
+    assert [path for path, _ in [first, *rest]] == PATHS[:-1] * 10

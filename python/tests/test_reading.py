@@ -1,0 +1,157 @@
+"""What a deck has, as Python shows it."""
+
+import copy
+import gc
+import pickle
+from concurrent.futures import ThreadPoolExecutor
+from datetime import datetime
+
+import numpy as np
+import pytest
+import quor
+from support import DECKS, FIELD, SMALL
+
+
+@pytest.fixture
+def deck():
+    return quor.loads(SMALL, simulator="Carrow", name="small.data")
+
+
+@pytest.mark.parametrize(
+    ("question", "answer"),
+    [
+        (lambda d: len(d.findings), 0),
+        (lambda d: d.start, datetime(2024, 1, 1)),
+        (lambda d: [(s.number, s.date, s.line) for s in d.steps], [(1, datetime(2024, 4, 1), 22), (2, datetime(2024, 7, 1), 28)]),
+        (lambda d: d.sections, ["RUNSPEC", "GRID", "SCHEDULE"]),
+        (lambda d: d.sizes["DIMENS"], {"NX": 2, "NY": 3, "NZ": 2}),
+        (lambda d: [(w.name, w.group, w.since) for w in d.wells], [("P1", "FIELD", datetime(2024, 1, 1)), ("I1", "FIELD", datetime(2024, 1, 1))]),
+        (lambda d: [g.name for g in d.groups], ["FIELD"]),
+        (lambda d: d.files, ["small.data"]),
+        (lambda d: d.units.system, "METRIC"),
+        (lambda d: d["DIMENS"]["NY"], 3),
+        (lambda d: [k.date for k in d.all("wconprod")], [datetime(2024, 1, 1), datetime(2024, 4, 1)]),
+        (lambda d: [k.name for k in d.after(d.steps[0])], ["WCONPROD", "DATES"]),
+        (lambda d: d.all("NOSUCH"), []),
+        (lambda d: ("PORO" in d, "PERMX" in d), (True, False)),
+        (lambda d: d["WCONPROD"].records[0]["orat"], 750.0),
+        (lambda d: d["WCONPROD"].records[0].get("GRAT"), None),
+        (lambda d: d["WCONPROD"].records[0].get("GRAT", 0.0), 0.0),
+        (lambda d: d["WCONPROD"].records[0].is_default("GRAT"), True),
+        (lambda d: d["WCONPROD"].records[0].quantity("ORAT"), (750.0, "sm3/day")),
+        (lambda d: (d["WCONPROD"].records[0].file, d["WCONPROD"].records[0].line), ("small.data", 25)),
+        (lambda d: repr(d["WCONPROD"]), "<WCONPROD at small.data:24, records: 1>"),
+        (lambda d: repr(d["WELSPECS"].records[0]), "<WELSPECS at small.data:15: WELL='P1', GROUP='FIELD', I=1, J=1, PHASE='OIL'>"),
+        (lambda d: repr(d), "<Deck small.data: 14 keywords, 2 report steps, 0 findings>"),
+        (lambda d: d.text(), SMALL),
+        (lambda d: pickle.loads(pickle.dumps(d)).text(), SMALL),
+        (lambda d: quor.diff(copy.copy(d), pickle.loads(pickle.dumps(d))), []),
+    ],
+)
+def test_a_deck_answers(deck, question, answer):
+    assert question(deck) == answer
+
+
+@pytest.mark.parametrize(
+    ("question", "error", "text"),
+    [
+        (lambda d: d["PORRO"], KeyError, "the deck has no keyword 'PORRO'; did you mean PORO?"),
+        (lambda d: d["WCONPROD"].records[0]["ORTA"], KeyError, "small.data:25: WCONPROD: no item 'ORTA'; did you mean 'ORAT'?"),
+        (lambda d: d["WCONPROD"].array, quor.QuorError, "small.data:24: WCONPROD has records, and no array"),
+        (lambda d: d["PORO"].records, quor.QuorError, "small.data:9: PORO has no records"),
+        (lambda d: d["WELSPECS"]["WELL"], quor.QuorError, "small.data:14: WELSPECS has 2 records: ask one of its records for 'WELL'"),
+        (lambda d: quor.read("no/such.data"), quor.QuorError, "can't read 'no/such.data': No such file or directory"),
+        (lambda d: quor.loads("", simulator="Carow"), ValueError, "unknown simulator 'Carow' (expected Carrow, Dunmere, Sedge, Hallow, Marlpit, Ostrey, Wend, Tolmen, Wend_GE, Wend_CLASSIC)"),
+        (lambda d: quor.language()["WCONPRDO"], KeyError, "unknown keyword 'WCONPRDO'; did you mean 'WCONPROD'?"),
+        (lambda d: d.frame("PORO"), quor.QuorError, "small.data:9: PORO has no records"),
+        (lambda d: d.text("other.inc"), KeyError, "the deck has no file 'other.inc'"),
+    ],
+)
+def test_what_is_not_there_is_an_error(deck, question, error, text):
+    with pytest.raises(error) as raised:
+        question(deck)
+    assert str(raised.value) == text
+
+
+def test_findings_say_where():
+    (finding,) = quor.loads("RUNSPEC\nDIMENS\n 2 2 /\nDIMENS\n  1 1 1 x/\n", name="a.data").findings[:1]
+    assert (finding.file, finding.severity, finding.line) == ("a.data", "error", 3)
+    assert str(finding).startswith("a.data:3:") and str(finding).endswith(f"[{finding.code}]")
+
+
+@pytest.mark.parametrize(("name", "kind"), [("PORO", np.float64), ("ACTNUM", np.int32)])
+def test_an_array_is_a_view_that_holds_its_deck(name, kind):
+    deck = quor.loads(SMALL)
+    array = deck[name].array
+    before = array.copy()
+    assert array.dtype == kind and array.size == 12 and not array.flags.owndata
+    assert np.shares_memory(array, deck[name].array)
+    with pytest.raises(ValueError):
+        array[0] = 1
+    with pytest.raises(ValueError):
+        array.setflags(write=True)
+    deck.set(name, before * 2)
+    del deck
+    gc.collect()
+    assert (array == before).all()
+
+
+def test_a_frame_has_a_row_for_each_record():
+    frame = quor.loads(SMALL).frame("WCONPROD")
+    assert list(frame["WELL"]) == ["P1", "P1"] and list(frame["ORAT"]) == [800.0, 750.0]
+    assert frame["CONTROL"].dtype == "category" and list(frame["CONTROL"]) == ["ORAT", "ORAT"]
+    assert list(frame["date"]) == [datetime(2024, 1, 1), datetime(2024, 4, 1)]
+    assert list(frame["line"]) == [19, 25] and set(frame["file"]) == {"deck.data"}
+    given = quor.loads(SMALL).frame("WELSPECS", defaults=False)
+    assert given["REFDEPTH"].isna().all() and given["I"].sum() == 3
+    assert list(quor.loads(SMALL).frame("WELSPECS", section="SCHEDULE")["WELL"]) == ["P1", "I1"]
+
+
+def test_each_keyword_of_the_example_decks_can_be_shown():
+    for path in sorted(DECKS.glob("*.data")) + [FIELD]:
+        deck = quor.read(path)
+        for keyword in deck:
+            assert keyword.name in keyword._repr_html_() and repr(keyword)
+            if "<th>" in keyword._repr_html_():
+                assert len(deck.frame(keyword.name, section=keyword.section)) >= len(keyword.records)
+        assert str(len(deck)) in deck._repr_html_()
+        assert quor.diff(deck, quor.loads(deck.text(), name=path.with_name("whole.data"))) == []
+
+
+def test_variables_hold_for_a_block():
+    text = "RUNSPEC\nTITLE\n of $CASE\nDIMENS\n $NX 1 1 /\n"
+    with quor.variables(CASE="a", NX=2):
+        assert quor.loads(text).sizes["DIMENS"]["NX"] == 2
+        assert quor.loads(text, variables={"NX": 3}).sizes["DIMENS"]["NX"] == 3
+        assert not quor.loads(text).findings
+    assert quor.loads(text).findings
+
+
+def test_bytes_that_are_no_text_are_kept(tmp_path):
+    path = tmp_path / "latin.data"
+    path.write_bytes(b"RUNSPEC\n-- 20 \xb0C\nOIL\n")
+    deck = quor.read(path)
+    deck.write(tmp_path / "copy.data")
+    assert (tmp_path / "copy.data").read_bytes() == path.read_bytes()
+
+
+def test_threads_read_at_once():
+    with ThreadPoolExecutor(4) as threads:
+        decks = list(threads.map(quor.read, [FIELD] * 8))
+    assert {repr(deck) for deck in decks} == {repr(decks[0])}
+
+
+def test_the_language_is_described():
+    language = quor.language()
+    item = next(item for item in language["WCONPROD"].items if item.name == "BHP")
+    assert (item.type, item.measurement, item.default("Carrow")) == ("Real", "pressure", language["wconprod"].items[8].default("Carrow"))
+    assert language["WCONPROD"].items[2].choices[:1] == ["ORAT"]
+    assert "GCONPROD" in [info.name for info in language.search("group rate")]
+    assert "SCHEDULE" in language["WCONPROD"].sections and len(language) == len(list(language))
+
+
+def test_units_are_a_table():
+    units = quor.loads(SMALL).units
+    assert (units["pressure"]["METRIC"], units["pressure"]["FIELD"]) == ("bar", "psi")
+    assert round(units.convert(100, "pressure", to="FIELD"), 1) == 1450.4
+    assert units.frame().loc["pressure", "LAB"] == "atm"
