@@ -4,7 +4,7 @@
 .PHONY: help run test python setup-run setup-python setup-test build-release build-python build-test build-asan build-fuzz build-benchmark \
     check-format check-release check-asan check-threads check-lint lint-all format schema decks benchmark fuzz docs install clean
 
-SOURCES = $(shell find quor tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
+SOURCES = $(shell find quor python tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt language/units/*.txt)
 QUOR = build/release/bin/quor
 DECK = examples/decks/field/field.data
