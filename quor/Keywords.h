@@ -91,6 +91,7 @@
 #include "quor/metadata/MDNode.h"
 #include "quor/metadata/NumericFormatting.h"
 #include "quor/metadata/ScalarMD.h"
+#include "quor/metadata/TreeForward.h"
 #include "quor/metadata/Units.h"
 #include "quor/metadata/UnsupportedByMDImpl.h"
 #include "quor/metadata/ValidityMDImpl.h"

@@ -1,25 +1,31 @@
 // Puts the files of a syntax document together and packs them into a C++ source.
 //
 //   pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE.xml... [--vectors TABLE.txt...] [--arrays TABLE.txt...]
-//       [--units UNITS.txt MEASUREMENTS.txt]
+//       [--units UNITS.txt MEASUREMENTS.txt] [--tree]
 //
 // An XML file has pieces, or a part of the document. The packed document, which OUTPUT.xml holds as it is,
 // has the root elements of the parts, in the order given, under one root, and the output vectors after them;
 // short forms are replaced. With the tables of units each quantity must have one. A mistake ends the build
-// with file, line and column. language/README.md describes all this.
+// with file, line and column. With --tree there is also VARIABLETree, the document as the loader wants it.
+// language/README.md describes all this.
 
 #include "language/generate/ArrayTable.h"
 #include "language/generate/Expansion.h"
 #include "language/generate/Files.h"
 #include "language/generate/Quantities.h"
 #include "language/generate/VectorDocument.h"
+#include "quor/foundation/internal/PackedTree.h"
+#include "quor/foundation/service/xml/XMLDocument.h"
 
+#include <xercesc/dom/DOMDocument.hpp>
 #include <zstd.h>
 
+#include <cstdint>
 #include <iostream>
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -30,6 +36,7 @@ struct Inputs {
     std::vector<std::string> vectors;
     std::vector<std::string> arrays;
     std::vector<std::string> units; ///< none, or the table of units and that of measurements
+    bool hasTree = false;
 };
 
 Inputs InputsOf(const std::vector<std::string>& arguments)
@@ -43,6 +50,8 @@ Inputs InputsOf(const std::vector<std::string>& arguments)
             to = &inputs.arrays;
         else if (argument == "--units")
             to = &inputs.units;
+        else if (argument == "--tree")
+            inputs.hasTree = true;
         else
             to->push_back(argument);
     }
@@ -92,16 +101,49 @@ std::string Compress(const std::string& text)
     return packed;
 }
 
-std::string SourceOf(const std::string& variable, const std::string& packed)
+/// The tree of the document, each text once.
+std::string TreeBytes(const std::string& document)
+{
+    using namespace Veld::Quor::Core::Service::XML;
+    XMLDocument read;
+    if (!read.readMemory(document.data(), document.size(), "the document put together"))
+        throw std::runtime_error("the document put together is not well-formed");
+    Internal::DocumentTree tree = Internal::TreeOf(*read.GetDocument()->getDocumentElement());
+    std::string texts;
+    std::unordered_map<std::string, std::uint32_t> known;
+    const auto move = [&](std::uint32_t& begin, std::uint32_t size) {
+        const auto [at, isNew] =
+            known.emplace(tree.texts.substr(begin, size), static_cast<std::uint32_t>(texts.size()));
+        if (isNew)
+            texts += at->first;
+        begin = at->second;
+    };
+    for (auto& node : tree.nodes)
+        move(node.text, node.textSize);
+    for (auto& attribute : tree.attributes)
+        move(attribute.value, attribute.size);
+    tree.texts = std::move(texts);
+    return BytesOf(tree);
+}
+
+void WriteVariable(const std::string& name, const std::string& packed, std::ostream& source)
+{
+    source << "static constexpr unsigned char " << name << "Bytes[] = {";
+    for (std::size_t i = 0; i < packed.size(); ++i)
+        source << (i % 32 == 0 ? "\n" : "") << int(static_cast<unsigned char>(packed[i])) << ',';
+    source << "\n};\n\nconst PackedDocument " << name << " = {" << name << "Bytes, sizeof " << name
+           << "Bytes};\n\n";
+}
+
+std::string SourceOf(const std::string& variable, const std::string& document, bool hasTree)
 {
     std::ostringstream source;
     source << "#include \"quor/foundation/builtin/internal/PackedDocument.h\"\n\n"
-           << "namespace Veld::Quor::Core::KeywordSyntax::Internal {\n\n"
-           << "static constexpr unsigned char bytes[] = {";
-    for (std::size_t i = 0; i < packed.size(); ++i)
-        source << (i % 32 == 0 ? "\n" : "") << int(static_cast<unsigned char>(packed[i])) << ',';
-    source << "\n};\n\nconst PackedDocument " << variable << " = {bytes, sizeof bytes};\n\n"
-           << "} // namespace Veld::Quor::Core::KeywordSyntax::Internal\n";
+           << "namespace Veld::Quor::Core::KeywordSyntax::Internal {\n\n";
+    WriteVariable(variable, Compress(document), source);
+    if (hasTree)
+        WriteVariable(variable + "Tree", Compress(TreeBytes(document)), source);
+    source << "} // namespace Veld::Quor::Core::KeywordSyntax::Internal\n";
     return source.str();
 }
 
@@ -111,12 +153,13 @@ int main(int argc, char** argv)
 try {
     if (argc < 5) {
         std::cerr << "usage: pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE.xml... [--vectors TABLE.txt...] "
-                     "[--arrays TABLE.txt...] [--units UNITS.txt MEASUREMENTS.txt]\n";
+                     "[--arrays TABLE.txt...] [--units UNITS.txt MEASUREMENTS.txt] [--tree]\n";
         return 2;
     }
-    const std::string document = PutTogether(InputsOf({argv + 4, argv + argc}));
+    const Inputs inputs = InputsOf({argv + 4, argv + argc});
+    const std::string document = PutTogether(inputs);
     WriteText(argv[2], document);
-    WriteText(argv[1], SourceOf(argv[3], Compress(document)));
+    WriteText(argv[1], SourceOf(argv[3], document, inputs.hasTree));
     return 0;
 } catch (const std::exception& error) {
     std::cerr << "error: " << error.what() << '\n';

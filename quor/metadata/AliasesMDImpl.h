@@ -3,6 +3,7 @@
 #include "quor/foundation/Export.h"
 #include "quor/foundation/service/xml/DomForward.h"
 #include "quor/metadata/IAliasesMD.h"
+#include "quor/metadata/TreeForward.h"
 
 #include <string>
 #include <utility>
@@ -25,6 +26,8 @@ public:
     /// Adds the aliases of the element. Case is kept, so a name must be in upper case to be matched. What it
     /// does not know it ignores.
     void ReadXML(const xercesc::DOMElement* element);
+    /// The same for the loader.
+    void ReadXML(const Service::XML::Internal::TreeElement& element);
 
 private:
     std::vector<Alias> aliases_;

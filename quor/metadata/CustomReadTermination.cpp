@@ -2,20 +2,16 @@
 
 #include "quor/foundation/internal/DocumentWalk.h"
 #include "quor/foundation/service/Strings.h"
-#include "quor/foundation/service/xml/DomText.h"
-#include "quor/foundation/service/xml/Tags.h"
 #include "quor/metadata/internal/ContainerReader.h"
 
 #include <algorithm>
 
 namespace Veld::Quor::Core::Keywords {
 
-using namespace Service::XML;
 using namespace Service::XML::Internal;
-using xercesc::DOMElement;
 
-CustomReadStringTermination::CustomReadStringTermination(const DOMElement* element)
-    : text_(GetElementText(element))
+CustomReadStringTermination::CustomReadStringTermination(const TreeElement& element)
+    : text_(element.GetText())
 {
 }
 
@@ -27,12 +23,12 @@ bool CustomReadStringTermination::Matches(const std::string& token, bool& matchF
     return matches;
 }
 
-CustomReadTermination::CustomReadTermination(const DOMElement* element)
+CustomReadTermination::CustomReadTermination(const TreeElement& element)
 {
-    for (const DOMElement& child : ChildElements(*element)) {
-        if (!Is(child, Tags::StringTermination()))
+    for (const TreeElement child : ChildElements(element)) {
+        if (!child.Is(Tag::StringTermination))
             FailUnhandled("CustomReadTermination ctor: unhandled list item type: ", child);
-        alternatives_.emplace_back(&child);
+        alternatives_.emplace_back(child);
     }
 }
 

@@ -3,6 +3,7 @@
 #include "quor/foundation/Export.h"
 #include "quor/foundation/service/xml/DomForward.h"
 #include "quor/metadata/ICustomReadTermination.h"
+#include "quor/metadata/TreeForward.h"
 
 #include <string>
 #include <vector>
@@ -14,6 +15,8 @@ class VELD_QUOR_EXPORT CustomReadStringTermination : public ICustomReadTerminati
 public:
     /// The word is the text of the element, blanks included.
     explicit CustomReadStringTermination(const xercesc::DOMElement* element);
+    /// The same for the loader.
+    explicit CustomReadStringTermination(const Service::XML::Internal::TreeElement& element);
 
     /// Without regard to case. `matchFlag` becomes false on a match.
     bool Matches(const std::string& token, bool& matchFlag) const override;
@@ -29,6 +32,8 @@ class VELD_QUOR_EXPORT CustomReadTermination : public ICustomReadTermination {
 public:
     /// Throws `Service::Exception` for a child that is no word.
     explicit CustomReadTermination(const xercesc::DOMElement* element);
+    /// The same for the loader.
+    explicit CustomReadTermination(const Service::XML::Internal::TreeElement& element);
 
     bool Matches(const std::string& token, bool& matchFlag) const override;
 

@@ -2,29 +2,29 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-using namespace Service::XML;
+using namespace Service::XML::Internal;
 
-DefaultType::Enum ReadDefaultType(const xercesc::DOMElement& element)
+DefaultType::Enum ReadDefaultType(const TreeElement& element)
 {
-    if (GetAttributeValueEqual(&element, Tags::Type(), Tags::Calculated()))
+    if (element.Says(Tag::Type, Tag::Calculated))
         return DefaultType::Calculated;
-    if (GetAttributeValueEqual(&element, Tags::Type(), Tags::Specified()))
+    if (element.Says(Tag::Type, Tag::Specified))
         return DefaultType::Specified;
-    if (GetAttributeValueEqual(&element, Tags::Type(), Tags::NoDefault()))
+    if (element.Says(Tag::Type, Tag::NoDefault))
         return DefaultType::NoDefault;
     return DefaultType::None;
 }
 
-void CheckDefaultValue(const xercesc::DOMElement& element, DefaultType::Enum type)
+void CheckDefaultValue(const TreeElement& element, DefaultType::Enum type)
 {
-    const bool hasValue = AttributeExists(&element, Tags::Val());
+    const bool hasValue = element.Has(Tag::Val);
     if (type == DefaultType::Calculated && hasValue)
         throw KeywordException("A value must not be supplied for defaults of type \"calculated\".");
     if (type == DefaultType::Specified && !hasValue)
         throw KeywordException("A value must be supplied for defaults of type \"specified\".");
 }
 
-DefaultType::Enum ReadCheckedDefaultType(const xercesc::DOMElement& element)
+DefaultType::Enum ReadCheckedDefaultType(const TreeElement& element)
 {
     const DefaultType::Enum type = ReadDefaultType(element);
     if (type == DefaultType::None)

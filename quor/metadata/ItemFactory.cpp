@@ -1,7 +1,6 @@
 #include "quor/metadata/internal/ItemFactory.h"
 
 #include "quor/foundation/internal/DocumentWalk.h"
-#include "quor/foundation/service/xml/Tags.h"
 #include "quor/metadata/KeywordBooleanMDImpl.h"
 #include "quor/metadata/KeywordChoiceMDImpl.h"
 #include "quor/metadata/KeywordIntegerMDImpl.h"
@@ -13,40 +12,40 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-using Service::XML::Tags;
+using namespace Service::XML::Internal;
 
 namespace {
 
 template <class Impl>
-std::unique_ptr<IKeywordDataMDInternal> Make(const xercesc::DOMElement& element,
+std::unique_ptr<IKeywordDataMDInternal> Make(const TreeElement& element,
     const std::vector<SimulatorType::Enum>& simulators, const std::string& name, unsigned int number)
 {
     auto md = std::make_unique<Impl>();
     md->SetName(name);
     md->SetItemNumber(number);
-    md->ReadXML(&element, simulators);
+    md->ReadXML(element, simulators);
     return md;
 }
 
 } // namespace
 
-ItemMaker FindItemMaker(const xercesc::DOMElement& element)
+ItemMaker FindItemMaker(const TreeElement& element)
 {
     static const struct {
-        const XMLCh* tag;
+        Tag tag;
         ItemMaker maker;
     } types[] = {
-        {Tags::Real(), Make<KeywordRealMDImpl>},
-        {Tags::Integer(), Make<KeywordIntegerMDImpl>},
-        {Tags::String(), Make<KeywordStringMDImpl>},
-        {Tags::Choice(), Make<KeywordChoiceMDImpl>},
-        {Tags::List(), Make<KeywordListMDImpl>},
-        {Tags::Record(), Make<KeywordRecordMDImpl>},
-        {Tags::Boolean(), Make<KeywordBooleanMDImpl>},
-        {Tags::Line(), Make<KeywordLineMDImpl>},
+        {Tag::Real, Make<KeywordRealMDImpl>},
+        {Tag::Integer, Make<KeywordIntegerMDImpl>},
+        {Tag::String, Make<KeywordStringMDImpl>},
+        {Tag::Choice, Make<KeywordChoiceMDImpl>},
+        {Tag::List, Make<KeywordListMDImpl>},
+        {Tag::Record, Make<KeywordRecordMDImpl>},
+        {Tag::Boolean, Make<KeywordBooleanMDImpl>},
+        {Tag::Line, Make<KeywordLineMDImpl>},
     };
     for (const auto& type : types) {
-        if (Service::XML::Internal::Is(element, type.tag))
+        if (element.Is(type.tag))
             return type.maker;
     }
     return nullptr;

@@ -9,29 +9,27 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-using namespace Service::XML;
 using namespace Service::XML::Internal;
-using xercesc::DOMElement;
 
-void ValidityMDImpl::ReadXML(const DOMElement* element)
+void ValidityMDImpl::ReadXML(const TreeElement& element)
 {
     Reset(false);
-    for (const DOMElement& child : OddChildElements(*element)) {
-        if (Is(child, Tags::Simulator())) {
+    for (const TreeElement child : OddChildElements(element)) {
+        if (child.Is(Tag::Simulator)) {
             // Wanted: an entry for a simulator doesn't speak for its variants here.
             flags_.SetModes(ReadSimulator(child), SimulatorModeFlags::allModes);
-        } else if (Is(child, Tags::Option())) {
+        } else if (child.Is(Tag::Option)) {
             for (int row = 0; row < SimulatorType::Count; ++row)
                 Set(SimulatorType::Enum(row), ReadMode(child), true);
         }
     }
 }
 
-void UnsupportedByMDImpl::ReadXML(const DOMElement* element)
+void UnsupportedByMDImpl::ReadXML(const TreeElement& element)
 {
     Reset(false);
-    for (const DOMElement& child : OddChildElements(*element)) {
-        if (Is(child, Tags::Simulator()))
+    for (const TreeElement child : OddChildElements(element)) {
+        if (child.Is(Tag::Simulator))
             ApplySimulatorEntry(
                 ReadSimulatorEntry(child),
                 [this](SimulatorType::Enum row) { flags_.SetModes(row, SimulatorModeFlags::allModes); },
@@ -39,14 +37,14 @@ void UnsupportedByMDImpl::ReadXML(const DOMElement* element)
     }
 }
 
-void AliasesMDImpl::ReadXML(const DOMElement* element)
+void AliasesMDImpl::ReadXML(const TreeElement& element)
 {
-    for (const DOMElement& child : OddChildElements(*element)) {
-        if (!Is(child, Tags::Alias()))
+    for (const TreeElement child : OddChildElements(element)) {
+        if (!child.Is(Tag::Alias))
             continue;
         bool hidden = false;
-        for (const DOMElement& mark : OddChildElements(child))
-            hidden = hidden || Is(mark, Tags::IsHiddenAlias());
+        for (const TreeElement mark : OddChildElements(child))
+            hidden = hidden || mark.Is(Tag::IsHiddenAlias);
         aliases_.emplace_back(NameOf(child), hidden);
     }
 }

@@ -8,9 +8,7 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-using namespace Service::XML;
 using namespace Service::XML::Internal;
-using xercesc::DOMElement;
 
 KeywordAssignmentMDImpl::KeywordAssignmentMDImpl() = default;
 KeywordAssignmentMDImpl::KeywordAssignmentMDImpl(KeywordAssignmentMDImpl&&) noexcept = default;
@@ -93,41 +91,41 @@ void KeywordAssignmentMDImpl::SetValidity(SimulatorType::Enum simulator, bool va
 }
 
 void KeywordAssignmentMDImpl::ReadXML(
-    const DOMElement* element, const std::vector<SimulatorType::Enum>& simulators)
+    const TreeElement& element, const std::vector<SimulatorType::Enum>& simulators)
 {
     // Wanted: keys of a document keep their case and blanks, unlike one given to SetKey.
-    std::string name = NameOf(*element);
+    std::string name = NameOf(element);
     if (!name.empty())
         keys_.push_back(std::move(name));
-    if (IsFlagged(*element, Tags::Wildcard()))
+    if (IsFlagged(element, Tag::Wildcard))
         wildcard_ = true;
-    for (const DOMElement& child : ChildElements(*element)) {
-        if (Is(child, Tags::Integer())) {
+    for (const TreeElement child : ChildElements(element)) {
+        if (child.Is(Tag::Integer)) {
             // Wanted: the integer doesn't learn the simulators, so IsKeywordSupported stays false for all of
             // them.
-            integer_.InternalReadXML(&child, simulators);
-        } else if (Is(child, Tags::Aliases())) {
+            integer_.InternalReadXML(child, simulators);
+        } else if (child.Is(Tag::Aliases)) {
             ReadAliases(child);
-        } else if (Is(child, Tags::Validity())) {
+        } else if (child.Is(Tag::Validity)) {
             ReadValidity(child);
-        } else if (Is(child, Tags::Description())) {
-            SetDescription(GetElementText(&child));
+        } else if (child.Is(Tag::Description)) {
+            SetDescription(child.GetText());
         }
     }
 }
 
-void KeywordAssignmentMDImpl::ReadAliases(const DOMElement& element)
+void KeywordAssignmentMDImpl::ReadAliases(const TreeElement& element)
 {
-    for (const DOMElement& child : ChildElements(element)) {
-        if (Is(child, Tags::Alias()))
+    for (const TreeElement child : ChildElements(element)) {
+        if (child.Is(Tag::Alias))
             keys_.push_back(NameOf(child));
     }
 }
 
-void KeywordAssignmentMDImpl::ReadValidity(const DOMElement& element)
+void KeywordAssignmentMDImpl::ReadValidity(const TreeElement& element)
 {
-    for (const DOMElement& child : OddChildElements(element)) {
-        if (Is(child, Tags::Simulator()))
+    for (const TreeElement child : OddChildElements(element)) {
+        if (child.Is(Tag::Simulator))
             SetValidity(ReadSimulator(child), true);
     }
 }

@@ -5,6 +5,7 @@
 #include "quor/metadata/IKeywordAssignmentMD.h"
 #include "quor/metadata/KeywordIntegerMDImpl.h"
 #include "quor/metadata/MDNode.h"
+#include "quor/metadata/TreeForward.h"
 
 #include <bitset>
 #include <string>
@@ -53,10 +54,13 @@ public:
     /// Fills a new object from its element. `simulators` are those of the keyword. Throws
     /// `Service::Exception`.
     void ReadXML(const xercesc::DOMElement* element, const std::vector<SimulatorType::Enum>& simulators);
+    /// The same for the loader.
+    void ReadXML(const Service::XML::Internal::TreeElement& element,
+        const std::vector<SimulatorType::Enum>& simulators);
 
 private:
-    void ReadAliases(const xercesc::DOMElement& element);
-    void ReadValidity(const xercesc::DOMElement& element);
+    void ReadAliases(const Service::XML::Internal::TreeElement& element);
+    void ReadValidity(const Service::XML::Internal::TreeElement& element);
 
     KeywordIntegerMDImpl integer_;
     std::vector<std::string> keys_;

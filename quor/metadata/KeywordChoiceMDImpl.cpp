@@ -13,9 +13,7 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-using namespace Service::XML;
 using namespace Service::XML::Internal;
-using xercesc::DOMElement;
 
 namespace {
 
@@ -82,7 +80,7 @@ std::string KeywordChoiceMDImpl::GetChoicesAsString() const
 /// are read.
 class KeywordChoiceMDImpl::PendingDefaults {
 public:
-    void Set(SimulatorType::Enum key, const DOMElement* element)
+    void Set(SimulatorType::Enum key, const TreeElement& element)
     {
         elements_[static_cast<std::size_t>(key)] = element;
     }
@@ -93,25 +91,25 @@ public:
     {
         for (std::size_t key = 0; key < elements_.size(); ++key) {
             if (elements_[key])
-                use(SimulatorType::Enum(key), *elements_[key]);
+                use(SimulatorType::Enum(key), elements_[key]);
         }
     }
 
 private:
-    std::array<const DOMElement*, SimulatorType::Any + 1> elements_{};
+    std::array<TreeElement, SimulatorType::Any + 1> elements_{};
 };
 
 void KeywordChoiceMDImpl::ReadXML(
-    const DOMElement* element, const std::vector<SimulatorType::Enum>& simulators)
+    const TreeElement& element, const std::vector<SimulatorType::Enum>& simulators)
 {
     SetSimulators(simulators);
     PendingDefaults pending;
-    for (const DOMElement& child : ChildElements(*element)) {
-        if (Is(child, Tags::Description())) {
-            SetDescription(GetElementText(&child));
-        } else if (Is(child, Tags::Values())) {
+    for (const TreeElement child : ChildElements(element)) {
+        if (child.Is(Tag::Description)) {
+            SetDescription(child.GetText());
+        } else if (child.Is(Tag::Values)) {
             ReadValues(child);
-        } else if (Is(child, Tags::Default())) {
+        } else if (child.Is(Tag::Default)) {
             // Wanted: unlike the other scalars, a choice takes any text for a type here, and looks again at
             // the end.
             const bool calculated = ReadDefaultType(child) == DefaultType::Calculated;
@@ -121,22 +119,22 @@ void KeywordChoiceMDImpl::ReadXML(
                 if (calculated)
                     defaults_.Set(key, {});
                 else
-                    pending.Set(key, &child);
+                    pending.Set(key, child);
             });
             ForEachOverride(
-                child, [&](SimulatorType::Enum simulator, DefaultType::Enum type, const DOMElement& from) {
+                child, [&](SimulatorType::Enum simulator, DefaultType::Enum type, const TreeElement& from) {
                     // Wanted: under a calculated override a specified default of the keyword stays pending,
                     // and in the end overwrites it. And "no default" takes back what is pending, but not a
                     // calculated one.
                     if (type == DefaultType::Calculated)
                         defaults_.Set(simulator, {});
                     else
-                        pending.Set(simulator, type == DefaultType::Specified ? &from : nullptr);
+                        pending.Set(simulator, type == DefaultType::Specified ? from : TreeElement());
                     defaults_.SetOverride(simulator, type);
                 });
         }
     }
-    pending.ForEach([this](SimulatorType::Enum key, const DOMElement& from) {
+    pending.ForEach([this](SimulatorType::Enum key, const TreeElement& from) {
         if (ReadDefaultType(from) != DefaultType::Specified)
             return;
         CheckDefaultValue(from, DefaultType::Specified);
@@ -144,25 +142,25 @@ void KeywordChoiceMDImpl::ReadXML(
     });
 }
 
-void KeywordChoiceMDImpl::ReadValues(const DOMElement& element)
+void KeywordChoiceMDImpl::ReadValues(const TreeElement& element)
 {
-    for (const DOMElement& child : ChildElements(element)) {
-        if (Is(child, Tags::Value()))
+    for (const TreeElement child : ChildElements(element)) {
+        if (child.Is(Tag::Value))
             ReadValue(child);
     }
 }
 
-void KeywordChoiceMDImpl::ReadValue(const DOMElement& element)
+void KeywordChoiceMDImpl::ReadValue(const TreeElement& element)
 {
     ChoiceMD choice;
-    choice.text = ToUpper(GetAttributeValue(&element, Tags::String()));
-    for (const DOMElement& child : ChildElements(element)) {
-        if (Is(child, Tags::Validity()))
-            choice.validity.ReadXML(&child);
-        else if (Is(child, Tags::UnsupportedBy()))
-            choice.unsupportedBy.ReadXML(&child);
-        else if (Is(child, Tags::Aliases()))
-            choice.aliases.ReadXML(&child);
+    choice.text = ToUpper(element.Get(Tag::String));
+    for (const TreeElement child : ChildElements(element)) {
+        if (child.Is(Tag::Validity))
+            choice.validity.ReadXML(child);
+        else if (child.Is(Tag::UnsupportedBy))
+            choice.unsupportedBy.ReadXML(child);
+        else if (child.Is(Tag::Aliases))
+            choice.aliases.ReadXML(child);
     }
     AddChoice(std::move(choice));
 }

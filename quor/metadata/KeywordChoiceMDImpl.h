@@ -5,6 +5,7 @@
 #include "quor/metadata/AliasesMDImpl.h"
 #include "quor/metadata/IKeywordChoiceMD.h"
 #include "quor/metadata/ScalarMD.h"
+#include "quor/metadata/TreeForward.h"
 #include "quor/metadata/UnsupportedByMDImpl.h"
 #include "quor/metadata/ValidityMDImpl.h"
 
@@ -47,6 +48,9 @@ public:
 
     /// As `KeywordLineMDImpl::ReadXML`.
     void ReadXML(const xercesc::DOMElement* element, const std::vector<SimulatorType::Enum>& simulators);
+    /// The same for the loader.
+    void ReadXML(const Service::XML::Internal::TreeElement& element,
+        const std::vector<SimulatorType::Enum>& simulators);
 
 private:
     class PendingDefaults;
@@ -54,8 +58,8 @@ private:
     const ChoiceMD& At(int index) const;
     std::string GetChoicesAsString() const;
 
-    void ReadValues(const xercesc::DOMElement& element);
-    void ReadValue(const xercesc::DOMElement& element);
+    void ReadValues(const Service::XML::Internal::TreeElement& element);
+    void ReadValue(const Service::XML::Internal::TreeElement& element);
 
     std::vector<ChoiceMD> choices_;
 };

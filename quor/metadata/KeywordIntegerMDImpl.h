@@ -4,6 +4,7 @@
 #include "quor/foundation/service/xml/DomForward.h"
 #include "quor/metadata/IKeywordIntegerMD.h"
 #include "quor/metadata/ScalarMD.h"
+#include "quor/metadata/TreeForward.h"
 
 #include <atomic>
 #include <string>
@@ -41,10 +42,16 @@ public:
 
     /// As `KeywordLineMDImpl::ReadXML`.
     void ReadXML(const xercesc::DOMElement* element, const std::vector<SimulatorType::Enum>& simulators);
+    /// The same for the loader.
+    void ReadXML(const Service::XML::Internal::TreeElement& element,
+        const std::vector<SimulatorType::Enum>& simulators);
     /// Limits, default and format alone. The simulators of the keyword get their defaults, but are not kept:
     /// `IsKeywordSupported` stays false.
     void InternalReadXML(
         const xercesc::DOMElement* element, const std::vector<SimulatorType::Enum>& simulators);
+    /// The same for the loader.
+    void InternalReadXML(const Service::XML::Internal::TreeElement& element,
+        const std::vector<SimulatorType::Enum>& simulators);
 
 private:
     void ForgetMap() noexcept;

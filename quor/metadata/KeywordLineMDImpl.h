@@ -4,6 +4,7 @@
 #include "quor/foundation/service/xml/DomForward.h"
 #include "quor/metadata/IKeywordLineMD.h"
 #include "quor/metadata/ScalarMD.h"
+#include "quor/metadata/TreeForward.h"
 
 #include <string>
 #include <vector>
@@ -18,6 +19,9 @@ public:
     /// Fills a new object from its type element. `simulators` are those of the keyword: the default of the
     /// keyword goes to each of them. Throws `Service::Exception`.
     void ReadXML(const xercesc::DOMElement* element, const std::vector<SimulatorType::Enum>& simulators);
+    /// The same for the loader.
+    void ReadXML(const Service::XML::Internal::TreeElement& element,
+        const std::vector<SimulatorType::Enum>& simulators);
 };
 
 } // namespace Veld::Quor::Core::Keywords

@@ -12,9 +12,7 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-using namespace Service::XML;
 using namespace Service::XML::Internal;
-using xercesc::DOMElement;
 
 KeywordListMDImpl::KeywordListMDImpl() = default;
 
@@ -55,19 +53,20 @@ void KeywordListMDImpl::SetMaxSize(std::string&& size)
     maxSize_ = std::make_unique<std::string>(std::move(size));
 }
 
-void KeywordListMDImpl::ReadXML(const DOMElement* element, const std::vector<SimulatorType::Enum>& simulators)
+void KeywordListMDImpl::ReadXML(
+    const TreeElement& element, const std::vector<SimulatorType::Enum>& simulators)
 {
-    ReadSizes(*element);
-    bool terminationSet = ReadTermination(*element, "KeywordListMDImpl::ReadXML", termination_);
-    ReadFlags(*element);
-    for (const DOMElement& child : ChildElements(*element)) {
+    ReadSizes(element);
+    bool terminationSet = ReadTermination(element, "KeywordListMDImpl::ReadXML", termination_);
+    ReadFlags(element);
+    for (const TreeElement child : ChildElements(element)) {
         if (const ItemMaker maker = FindItemMaker(child)) {
             // Wanted: unlike in a record's item, each type is read, and the last one counts.
             item_ = maker(child, simulators, std::string(), 0);
-        } else if (Is(child, Tags::Description())) {
-            SetDescription(GetElementText(&child));
-        } else if (Is(child, Tags::CustomReadTermination())) {
-            customReadTermination_ = std::make_unique<CustomReadTermination>(&child);
+        } else if (child.Is(Tag::Description)) {
+            SetDescription(child.GetText());
+        } else if (child.Is(Tag::CustomReadTermination)) {
+            customReadTermination_ = std::make_unique<CustomReadTermination>(child);
             termination_ = TerminationType::CUSTOMIZED;
             terminationSet = true;
         } else {
@@ -75,34 +74,33 @@ void KeywordListMDImpl::ReadXML(const DOMElement* element, const std::vector<Sim
         }
     }
     if (!terminationSet) // Wanted: only the size itself counts, not its limits.
-        termination_ =
-            AttributeExists(element, Tags::Size()) ? TerminationType::NONE : TerminationType::SLASH;
+        termination_ = element.Has(Tag::Size) ? TerminationType::NONE : TerminationType::SLASH;
     if (itemsDefaultable_ && !KeywordUtils::IsItemMDType(GetItemMD()))
         throw KeywordException("KeywordListMDImpl::ReadXML: <list itemsDefaultable=\"true\"/> does not "
                                "contain a primitive type");
 }
 
-void KeywordListMDImpl::ReadSizes(const DOMElement& element)
+void KeywordListMDImpl::ReadSizes(const TreeElement& element)
 {
-    if (AttributeExists(&element, Tags::Size()))
-        SetSize(GetAttributeValue(&element, Tags::Size()));
-    if (AttributeExists(&element, Tags::MinSize()))
-        SetMinSize(GetAttributeValue(&element, Tags::MinSize()));
-    if (AttributeExists(&element, Tags::MaxSize()))
-        SetMaxSize(GetAttributeValue(&element, Tags::MaxSize()));
+    if (element.Has(Tag::Size))
+        SetSize(element.Get(Tag::Size));
+    if (element.Has(Tag::MinSize))
+        SetMinSize(element.Get(Tag::MinSize));
+    if (element.Has(Tag::MaxSize))
+        SetMaxSize(element.Get(Tag::MaxSize));
 }
 
-void KeywordListMDImpl::ReadFlags(const DOMElement& element)
+void KeywordListMDImpl::ReadFlags(const TreeElement& element)
 {
-    if (IsFlagged(element, Tags::ItemsDefaultable()))
+    if (IsFlagged(element, Tag::ItemsDefaultable))
         itemsDefaultable_ = true;
-    if (IsFlagged(element, Tags::FillEmptyElementsWithPreviousValue()))
+    if (IsFlagged(element, Tag::FillEmptyElementsWithPreviousValue))
         fillWithPrevious_ = true;
     // Wanted: these two know a third state, not given, and any text but "true" is a false.
-    if (AttributeExists(&element, Tags::WriteStartingOnNewLine()))
-        startOnNewLine_ = IsFlagged(element, Tags::WriteStartingOnNewLine());
-    if (AttributeExists(&element, Tags::WriteTerminationOnNewLine()))
-        terminationOnNewLine_ = IsFlagged(element, Tags::WriteTerminationOnNewLine());
+    if (element.Has(Tag::WriteStartingOnNewLine))
+        startOnNewLine_ = IsFlagged(element, Tag::WriteStartingOnNewLine);
+    if (element.Has(Tag::WriteTerminationOnNewLine))
+        terminationOnNewLine_ = IsFlagged(element, Tag::WriteTerminationOnNewLine);
 }
 
 } // namespace Veld::Quor::Core::Keywords

@@ -5,6 +5,7 @@
 #include "quor/foundation/service/xml/DomForward.h"
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/MDNode.h"
+#include "quor/metadata/TreeForward.h"
 
 #include <memory>
 #include <string>
@@ -49,10 +50,13 @@ public:
     /// Fills a new object from its element. `simulators` are those of the keyword. Throws
     /// `Service::Exception`.
     void ReadXML(const xercesc::DOMElement* element, const std::vector<SimulatorType::Enum>& simulators);
+    /// The same for the loader.
+    void ReadXML(const Service::XML::Internal::TreeElement& element,
+        const std::vector<SimulatorType::Enum>& simulators);
 
 private:
-    void ReadSizes(const xercesc::DOMElement& element);
-    void ReadFlags(const xercesc::DOMElement& element);
+    void ReadSizes(const Service::XML::Internal::TreeElement& element);
+    void ReadFlags(const Service::XML::Internal::TreeElement& element);
 
     std::unique_ptr<IKeywordDataMDInternal> item_; // null: the document names none
     std::unique_ptr<ICustomReadTermination> customReadTermination_;

@@ -1,7 +1,6 @@
 #include "quor/metadata/KeywordMapMDImpl.h"
 
 #include "quor/foundation/internal/DocumentWalk.h"
-#include "quor/foundation/service/xml/Tags.h"
 #include "quor/metadata/KeywordAssignmentMDImpl.h"
 #include "quor/metadata/internal/ContainerReader.h"
 
@@ -10,9 +9,7 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-using namespace Service::XML;
 using namespace Service::XML::Internal;
-using xercesc::DOMElement;
 
 KeywordMapMDImpl::KeywordMapMDImpl() = default;
 KeywordMapMDImpl::~KeywordMapMDImpl() = default;
@@ -53,15 +50,15 @@ void KeywordMapMDImpl::AddItem(std::unique_ptr<KeywordAssignmentMDImpl> assignme
     ++namedCount_;
 }
 
-void KeywordMapMDImpl::ReadXML(const DOMElement* element, const std::vector<SimulatorType::Enum>& simulators)
+void KeywordMapMDImpl::ReadXML(const TreeElement& element, const std::vector<SimulatorType::Enum>& simulators)
 {
-    ReadTermination(*element, "KeywordMapMDImpl::ReadXML", termination_);
-    for (const DOMElement& child : ChildElements(*element)) {
-        if (Is(child, Tags::Assignment())) {
+    ReadTermination(element, "KeywordMapMDImpl::ReadXML", termination_);
+    for (const TreeElement child : ChildElements(element)) {
+        if (child.Is(Tag::Assignment)) {
             auto assignment = std::make_unique<KeywordAssignmentMDImpl>();
-            assignment->ReadXML(&child, simulators);
+            assignment->ReadXML(child, simulators);
             AddItem(std::move(assignment));
-        } else if (!Is(child, Tags::Description())) { // allowed, and not kept
+        } else if (!child.Is(Tag::Description)) { // allowed, and not kept
             FailUnhandled("KeywordMapMDImpl::ReadXML: unhandled map child node: ", child);
         }
     }

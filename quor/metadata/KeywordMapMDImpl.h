@@ -5,6 +5,7 @@
 #include "quor/foundation/service/xml/DomForward.h"
 #include "quor/metadata/IKeywordMapMD.h"
 #include "quor/metadata/MDNode.h"
+#include "quor/metadata/TreeForward.h"
 
 #include <cstddef>
 #include <memory>
@@ -44,6 +45,9 @@ public:
     /// Fills a new object from its element. `simulators` are those of the keyword. Throws
     /// `Service::Exception`.
     void ReadXML(const xercesc::DOMElement* element, const std::vector<SimulatorType::Enum>& simulators);
+    /// The same for the loader.
+    void ReadXML(const Service::XML::Internal::TreeElement& element,
+        const std::vector<SimulatorType::Enum>& simulators);
 
 private:
     KeywordAssignmentMDImpl* At(std::size_t index) const;

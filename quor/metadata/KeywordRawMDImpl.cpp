@@ -1,22 +1,18 @@
 #include "quor/metadata/KeywordRawMDImpl.h"
 
 #include "quor/foundation/internal/DocumentWalk.h"
-#include "quor/foundation/service/xml/DomText.h"
-#include "quor/foundation/service/xml/Tags.h"
 #include "quor/metadata/internal/ContainerReader.h"
 
 namespace Veld::Quor::Core::Keywords {
 
-using namespace Service::XML;
 using namespace Service::XML::Internal;
-using xercesc::DOMElement;
 
-void KeywordRawMDImpl::ReadXML(const DOMElement* element)
+void KeywordRawMDImpl::ReadXML(const TreeElement& element)
 {
-    if (AttributeExists(element, Tags::StringTermination()))
-        terminationString_ = GetAttributeValue(element, Tags::StringTermination());
-    for (const DOMElement& child : ChildElements(*element)) {
-        if (!Is(child, Tags::Description())) // allowed, and not kept
+    if (element.Has(Tag::StringTermination))
+        terminationString_ = element.Get(Tag::StringTermination);
+    for (const TreeElement child : ChildElements(element)) {
+        if (!child.Is(Tag::Description)) // allowed, and not kept
             // Wanted: the text speaks of a list.
             FailUnhandled("KeywordRawMDImpl::ReadXML: unhandled list item type: ", child);
     }

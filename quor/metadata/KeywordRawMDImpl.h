@@ -4,6 +4,7 @@
 #include "quor/foundation/service/xml/DomForward.h"
 #include "quor/metadata/IKeywordRawMD.h"
 #include "quor/metadata/MDNode.h"
+#include "quor/metadata/TreeForward.h"
 
 #include <string>
 
@@ -17,6 +18,8 @@ public:
 
     /// Fills a new object from its element. Throws `Service::Exception`.
     void ReadXML(const xercesc::DOMElement* element);
+    /// The same for the loader.
+    void ReadXML(const Service::XML::Internal::TreeElement& element);
 
 private:
     std::string terminationString_;

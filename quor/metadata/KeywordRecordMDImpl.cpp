@@ -16,9 +16,7 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-using namespace Service::XML;
 using namespace Service::XML::Internal;
-using xercesc::DOMElement;
 
 using Simulators = std::vector<SimulatorType::Enum>;
 
@@ -31,34 +29,34 @@ struct KeywordRecordMDImpl::ItemMDInfo {
     bool optional = false;
     bool identifier = false;
 
-    void ReadXML(const DOMElement& element, unsigned int itemNumber, bool& skippableOnRead,
+    void ReadXML(const TreeElement& element, unsigned int itemNumber, bool& skippableOnRead,
         bool& skippableOnWrite, const Simulators& simulators);
-    void ReadAttributes(const DOMElement& element);
+    void ReadAttributes(const TreeElement& element);
 };
 
-void KeywordRecordMDImpl::ItemMDInfo::ReadXML(const DOMElement& element, unsigned int itemNumber,
+void KeywordRecordMDImpl::ItemMDInfo::ReadXML(const TreeElement& element, unsigned int itemNumber,
     bool& skippableOnRead, bool& skippableOnWrite, const Simulators& simulators)
 {
     skippableOnRead = false;
     skippableOnWrite = false;
     ReadAttributes(element);
-    for (const DOMElement& child : ChildElements(element)) {
+    for (const TreeElement child : ChildElements(element)) {
         if (const ItemMaker maker = FindItemMaker(child)) {
             if (!metadata) // Wanted: the first type counts, and others aren't even read.
                 metadata = maker(child, simulators, NameOf(element), itemNumber);
-        } else if (Is(child, Tags::Validity())) {
+        } else if (child.Is(Tag::Validity)) {
             auto read = std::make_unique<ValidityMDImpl>(true);
-            read->ReadXML(&child);
+            read->ReadXML(child);
             validity = std::move(read);
-        } else if (Is(child, Tags::UnsupportedBy())) {
+        } else if (child.Is(Tag::UnsupportedBy)) {
             auto read = std::make_unique<UnsupportedByMDImpl>(false);
-            read->ReadXML(&child);
+            read->ReadXML(child);
             unsupportedBy = std::move(read);
-        } else if (Is(child, Tags::SkippableOnRead())) {
+        } else if (child.Is(Tag::SkippableOnRead)) {
             skippableOnRead = true;
-        } else if (Is(child, Tags::SkippableOnWrite())) {
+        } else if (child.Is(Tag::SkippableOnWrite)) {
             skippableOnWrite = true;
-        } else if (!Is(child, Tags::Description())) { // allowed, and not kept
+        } else if (!child.Is(Tag::Description)) { // allowed, and not kept
             FailUnhandled("KeywordRecordMDImpl::ItemMDInfo::ReadXML: unhandled record item type: ", child);
         }
     }
@@ -67,15 +65,14 @@ void KeywordRecordMDImpl::ItemMDInfo::ReadXML(const DOMElement& element, unsigne
             "KeywordRecordMDImpl::ItemMDInfo::ReadXML: record item without type specification");
 }
 
-void KeywordRecordMDImpl::ItemMDInfo::ReadAttributes(const DOMElement& element)
+void KeywordRecordMDImpl::ItemMDInfo::ReadAttributes(const TreeElement& element)
 {
-    optional = IsFlagged(element, Tags::Optional());
-    identifier = IsFlagged(element, Tags::Identifier());
-    if (!AttributeExists(&element, Tags::ColumnConstraint()))
+    optional = IsFlagged(element, Tag::Optional);
+    identifier = IsFlagged(element, Tag::Identifier);
+    if (!element.Has(Tag::ColumnConstraint))
         return;
     bool found = false;
-    columnConstraint =
-        ColumnConstraintType::FromString(GetAttributeValue(&element, Tags::ColumnConstraint()), &found);
+    columnConstraint = ColumnConstraintType::FromString(element.Get(Tag::ColumnConstraint), &found);
     if (!found) // Wanted: the text names the record's ReadXML, although the item reads it.
         throw KeywordException("KeywordRecordMDImpl::ReadXML: unrecoqnized columnConstraint setting");
 }
@@ -138,28 +135,28 @@ ISkippableInfo* KeywordRecordMDImpl::GetSkippableInfo() const
     return skippable_.get();
 }
 
-void KeywordRecordMDImpl::ReadXML(const DOMElement* element, const Simulators& simulators)
+void KeywordRecordMDImpl::ReadXML(const TreeElement& element, const Simulators& simulators)
 {
-    const bool terminationGiven = ReadTermination(*element, "KeywordRecordMDImpl::ReadXML", termination_);
-    ReadItems(*element, simulators);
+    const bool terminationGiven = ReadTermination(element, "KeywordRecordMDImpl::ReadXML", termination_);
+    ReadItems(element, simulators);
     if (!terminationGiven)
         InferTermination();
 }
 
-void KeywordRecordMDImpl::ReadItems(const DOMElement& element, const Simulators& simulators)
+void KeywordRecordMDImpl::ReadItems(const TreeElement& element, const Simulators& simulators)
 {
     unsigned int itemNumber = 1;
-    for (const DOMElement& child : ChildElements(element)) {
-        if (Is(child, Tags::Item())) {
+    for (const TreeElement child : ChildElements(element)) {
+        if (child.Is(Tag::Item)) {
             bool onRead = false;
             bool onWrite = false;
-            AddItem(&child, itemNumber++, onRead, onWrite, simulators);
+            AddItem(child, itemNumber++, onRead, onWrite, simulators);
             if (!onRead && !onWrite)
                 continue;
             if (!skippable_)
                 skippable_ = std::make_unique<SkippableInfo>();
             skippable_->SetSkippable(static_cast<unsigned int>(GetSize() - 1), onRead, onWrite);
-        } else if (!Is(child, Tags::Description())) { // allowed, and not kept
+        } else if (!child.Is(Tag::Description)) { // allowed, and not kept
             FailUnhandled("KeywordRecordMDImpl::ReadXML: unhandled record child type: ", child);
         }
     }
@@ -178,11 +175,11 @@ void KeywordRecordMDImpl::InferTermination()
         termination_ = TerminationType::SLASH;
 }
 
-void KeywordRecordMDImpl::AddItem(const DOMElement* itemElement, unsigned int itemNumber,
+void KeywordRecordMDImpl::AddItem(const TreeElement& itemElement, unsigned int itemNumber,
     bool& skippableOnRead, bool& skippableOnWrite, const Simulators& simulators)
 {
     ItemMDInfo item;
-    item.ReadXML(*itemElement, itemNumber, skippableOnRead, skippableOnWrite, simulators);
+    item.ReadXML(itemElement, itemNumber, skippableOnRead, skippableOnWrite, simulators);
     items_.push_back(std::move(item));
 }
 

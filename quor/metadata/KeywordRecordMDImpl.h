@@ -5,6 +5,7 @@
 #include "quor/foundation/service/xml/DomForward.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/MDNode.h"
+#include "quor/metadata/TreeForward.h"
 
 #include <memory>
 #include <string>
@@ -44,11 +45,17 @@ public:
     /// Fills a new object from its element. `simulators` are those of the keyword. Throws
     /// `Service::Exception`.
     void ReadXML(const xercesc::DOMElement* element, const std::vector<SimulatorType::Enum>& simulators);
+    /// The same for the loader.
+    void ReadXML(const Service::XML::Internal::TreeElement& element,
+        const std::vector<SimulatorType::Enum>& simulators);
 
     /// Reads one item and appends it. The flags say whether a reader or a writer may skip it; only `ReadXML`
     /// keeps them. Throws `Service::Exception`, and the record is then as it was.
     void AddItem(const xercesc::DOMElement* itemElement, unsigned int itemNumber, bool& skippableOnRead,
         bool& skippableOnWrite, const std::vector<SimulatorType::Enum>& simulators);
+    /// The same for the loader.
+    void AddItem(const Service::XML::Internal::TreeElement& itemElement, unsigned int itemNumber,
+        bool& skippableOnRead, bool& skippableOnWrite, const std::vector<SimulatorType::Enum>& simulators);
     /// Appends an item made by code, and owns it. The last two are copied; null: valid everywhere,
     /// unsupported nowhere.
     void AddItem(std::unique_ptr<IKeywordDataMDInternal> metadata, bool optional,
@@ -58,7 +65,8 @@ private:
     struct ItemMDInfo;
 
     const ItemMDInfo& At(int index) const;
-    void ReadItems(const xercesc::DOMElement& element, const std::vector<SimulatorType::Enum>& simulators);
+    void ReadItems(const Service::XML::Internal::TreeElement& element,
+        const std::vector<SimulatorType::Enum>& simulators);
     void InferTermination();
 
     std::vector<ItemMDInfo> items_;

@@ -4,8 +4,6 @@
 #include "quor/foundation/internal/DocumentWalk.h"
 #include "quor/foundation/internal/DocumentWords.h"
 #include "quor/foundation/service/Strings.h"
-#include "quor/foundation/service/xml/DomText.h"
-#include "quor/foundation/service/xml/Tags.h"
 #include "quor/metadata/KeywordBooleanMDImpl.h"
 #include "quor/metadata/KeywordIntegerMDImpl.h"
 #include "quor/metadata/KeywordLineMDImpl.h"
@@ -17,17 +15,15 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-using namespace Service::XML;
 using namespace Service::XML::Internal;
-using xercesc::DOMElement;
 
 namespace {
 
 using Simulators = std::vector<SimulatorType::Enum>;
 
-std::string ValueOf(const DOMElement& element)
+std::string ValueOf(const TreeElement& element)
 {
-    return GetAttributeValue(&element, Tags::Val());
+    return element.Get(Tag::Val);
 }
 
 std::string AsItStands(std::string text)
@@ -42,16 +38,16 @@ bool ParseBoolean(const std::string& text)
 }
 
 template <class Numeric>
-void ReadFormat(const DOMElement& element, Numeric& numeric)
+void ReadFormat(const TreeElement& element, Numeric& numeric)
 {
-    const std::string format = GetElementText(&element);
+    const std::string format = element.GetText();
     if (!Service::AllBlanks(format))
         numeric.SetFormatting(format);
 }
 
 /// Wanted: unlike a real's, an integer's limit is dropped, and an earlier one stays, if anything follows the
 /// number.
-void ReadLimit(const DOMElement& element, Service::Optional<int>& limit)
+void ReadLimit(const TreeElement& element, Service::Optional<int>& limit)
 {
     const auto [value, isWhole] = ParseIntegerAtStart(ValueOf(element));
     if (isWhole)
@@ -60,86 +56,86 @@ void ReadLimit(const DOMElement& element, Service::Optional<int>& limit)
 
 } // namespace
 
-void KeywordRealMDImpl::ReadXML(const DOMElement* element, const Simulators& simulators)
+void KeywordRealMDImpl::ReadXML(const TreeElement& element, const Simulators& simulators)
 {
     SetSimulators(simulators);
-    for (const DOMElement& child : ChildElements(*element)) {
-        if (Is(child, Tags::Min()))
+    for (const TreeElement child : ChildElements(element)) {
+        if (child.Is(Tag::Min))
             min_ = ParseReal(ValueOf(child));
-        else if (Is(child, Tags::Max()))
+        else if (child.Is(Tag::Max))
             max_ = ParseReal(ValueOf(child));
-        else if (Is(child, Tags::Description()))
-            SetDescription(GetElementText(&child));
-        else if (Is(child, Tags::Quantity()))
+        else if (child.Is(Tag::Description))
+            SetDescription(child.GetText());
+        else if (child.Is(Tag::Quantity))
             measurement_ = MeasurementPool::Intern(NameOf(child));
-        else if (Is(child, Tags::Format()))
+        else if (child.Is(Tag::Format))
             ReadFormat(child, *this);
-        else if (Is(child, Tags::Default()))
+        else if (child.Is(Tag::Default))
             ReadDefault(child, simulators, defaults_, ParseReal);
     }
 }
 
-void KeywordIntegerMDImpl::ReadXML(const DOMElement* element, const Simulators& simulators)
+void KeywordIntegerMDImpl::ReadXML(const TreeElement& element, const Simulators& simulators)
 {
     SetSimulators(simulators);
     InternalReadXML(element, simulators);
     // Wanted: of all scalars, the integer alone looks for its description at odd positions only.
-    for (const DOMElement& child : OddChildElements(*element)) {
-        if (Is(child, Tags::Description()))
-            SetDescription(GetElementText(&child));
+    for (const TreeElement child : OddChildElements(element)) {
+        if (child.Is(Tag::Description))
+            SetDescription(child.GetText());
     }
 }
 
-void KeywordIntegerMDImpl::InternalReadXML(const DOMElement* element, const Simulators& simulators)
+void KeywordIntegerMDImpl::InternalReadXML(const TreeElement& element, const Simulators& simulators)
 {
     ForgetMap();
-    for (const DOMElement& child : ChildElements(*element)) {
-        if (Is(child, Tags::Min()))
+    for (const TreeElement child : ChildElements(element)) {
+        if (child.Is(Tag::Min))
             ReadLimit(child, min_);
-        else if (Is(child, Tags::Max()))
+        else if (child.Is(Tag::Max))
             ReadLimit(child, max_);
-        else if (Is(child, Tags::Format()))
+        else if (child.Is(Tag::Format))
             ReadFormat(child, *this);
-        else if (Is(child, Tags::Default()))
+        else if (child.Is(Tag::Default))
             ReadDefault(child, simulators, defaults_, ParseInteger);
     }
 }
 
-void KeywordBooleanMDImpl::ReadXML(const DOMElement* element, const Simulators& simulators)
+void KeywordBooleanMDImpl::ReadXML(const TreeElement& element, const Simulators& simulators)
 {
     SetSimulators(simulators);
-    for (const DOMElement& child : ChildElements(*element)) {
-        if (Is(child, Tags::Description()))
-            SetDescription(GetElementText(&child));
-        else if (Is(child, Tags::Default()))
+    for (const TreeElement child : ChildElements(element)) {
+        if (child.Is(Tag::Description))
+            SetDescription(child.GetText());
+        else if (child.Is(Tag::Default))
             ReadDefault(child, simulators, defaults_, ParseBoolean);
     }
 }
 
-void KeywordStringMDImpl::ReadXML(const DOMElement* element, const Simulators& simulators)
+void KeywordStringMDImpl::ReadXML(const TreeElement& element, const Simulators& simulators)
 {
     SetSimulators(simulators);
-    if (AttributeExists(element, Tags::CanContainComma()))
-        canContainComma_ = IsFlagged(*element, Tags::CanContainComma());
-    for (const DOMElement& child : ChildElements(*element)) {
-        if (Is(child, Tags::Description()))
-            SetDescription(GetElementText(&child));
-        else if (Is(child, Tags::CaseSensitive()))
+    if (element.Has(Tag::CanContainComma))
+        canContainComma_ = IsFlagged(element, Tag::CanContainComma);
+    for (const TreeElement child : ChildElements(element)) {
+        if (child.Is(Tag::Description))
+            SetDescription(child.GetText());
+        else if (child.Is(Tag::CaseSensitive))
             caseSensitive_ = true;
-        else if (Is(child, Tags::LengthLimit()))
-            lengthLimit_ = ParseInteger(GetElementText(&child));
-        else if (Is(child, Tags::Default()))
+        else if (child.Is(Tag::LengthLimit))
+            lengthLimit_ = ParseInteger(child.GetText());
+        else if (child.Is(Tag::Default))
             ReadDefault(child, simulators, defaults_, AsItStands);
     }
 }
 
-void KeywordLineMDImpl::ReadXML(const DOMElement* element, const Simulators& simulators)
+void KeywordLineMDImpl::ReadXML(const TreeElement& element, const Simulators& simulators)
 {
     SetSimulators(simulators);
-    for (const DOMElement& child : ChildElements(*element)) {
-        if (Is(child, Tags::Description())) {
-            SetDescription(GetElementText(&child));
-        } else if (Is(child, Tags::Default())) {
+    for (const TreeElement child : ChildElements(element)) {
+        if (child.Is(Tag::Description)) {
+            SetDescription(child.GetText());
+        } else if (child.Is(Tag::Default)) {
             // Wanted: a line refuses "no default" as its own default, though not in an override.
             if (ReadDefaultType(child) == DefaultType::NoDefault)
                 FailDefaultType();

@@ -4,6 +4,7 @@
 #include "quor/foundation/service/xml/DomForward.h"
 #include "quor/metadata/IKeywordStringMD.h"
 #include "quor/metadata/ScalarMD.h"
+#include "quor/metadata/TreeForward.h"
 
 #include <string>
 #include <vector>
@@ -21,6 +22,9 @@ public:
 
     /// As `KeywordLineMDImpl::ReadXML`.
     void ReadXML(const xercesc::DOMElement* element, const std::vector<SimulatorType::Enum>& simulators);
+    /// The same for the loader.
+    void ReadXML(const Service::XML::Internal::TreeElement& element,
+        const std::vector<SimulatorType::Enum>& simulators);
 
 private:
     int lengthLimit_ = 8;

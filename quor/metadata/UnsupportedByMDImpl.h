@@ -4,6 +4,7 @@
 #include "quor/foundation/SimulatorModeFlags.h"
 #include "quor/foundation/service/xml/DomForward.h"
 #include "quor/metadata/IUnsupportedByMD.h"
+#include "quor/metadata/TreeForward.h"
 
 namespace Veld::Quor::Core::Keywords {
 
@@ -31,6 +32,8 @@ public:
 
     /// Replaces what was there by the simulators that the element names, in all modes.
     void ReadXML(const xercesc::DOMElement* element);
+    /// The same for the loader.
+    void ReadXML(const Service::XML::Internal::TreeElement& element);
 
 private:
     SimulatorModeFlags flags_;

@@ -4,6 +4,7 @@
 #include "quor/foundation/SimulatorModeFlags.h"
 #include "quor/foundation/service/xml/DomForward.h"
 #include "quor/metadata/IValidityMD.h"
+#include "quor/metadata/TreeForward.h"
 
 namespace Veld::Quor::Core::Keywords {
 
@@ -32,6 +33,8 @@ public:
     /// Replaces what was there by the simulators (in all modes) and the modes (for all simulators) that the
     /// element names. The two add up. An element that names nothing is valid nowhere.
     void ReadXML(const xercesc::DOMElement* element);
+    /// The same for the loader.
+    void ReadXML(const Service::XML::Internal::TreeElement& element);
 
 private:
     SimulatorModeFlags flags_;

@@ -4,17 +4,15 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-using namespace Service::XML;
+using namespace Service::XML::Internal;
 
 ICellPropertyInfo::~ICellPropertyInfo() = default;
 
-CellPropertyInfo::CellPropertyInfo(const std::string& keywordName, const xercesc::DOMElement& element)
-    : propertyName_(AttributeExists(&element, Tags::Property())
-            ? GetAttributeValue(&element, Tags::Property())
-            : keywordName)
-    , components_(IsFlagged(element, Tags::Components()))
-    , copyLayerAbove_(IsFlagged(element, Tags::CopyLayerAboveByDefault()))
-    , matrixOnly_(IsFlagged(element, Tags::DualPorosityMatrixOnly()))
+CellPropertyInfo::CellPropertyInfo(const std::string& keywordName, const TreeElement& element)
+    : propertyName_(element.Has(Tag::Property) ? element.Get(Tag::Property) : keywordName)
+    , components_(IsFlagged(element, Tag::Components))
+    , copyLayerAbove_(IsFlagged(element, Tag::CopyLayerAboveByDefault))
+    , matrixOnly_(IsFlagged(element, Tag::DualPorosityMatrixOnly))
 {
 }
 

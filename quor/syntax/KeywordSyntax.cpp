@@ -16,9 +16,7 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-using namespace Service::XML;
 using namespace Service::XML::Internal;
-using xercesc::DOMElement;
 
 namespace {
 
@@ -61,51 +59,51 @@ private:
 
 } // namespace
 
-KeywordSyntax::KeywordSyntax(const std::string& name, const DOMElement* element)
+KeywordSyntax::KeywordSyntax(const std::string& name, const TreeElement& element)
     : name_(name)
     , deckRole_(DeckRoleOf(name))
 {
     try {
-        ReadXML(*element);
+        ReadXML(element);
     } catch (const KeywordException& error) {
         throw KeywordException(name_ + ": " + error.what());
     }
 }
 
-void KeywordSyntax::ReadXML(const DOMElement& element)
+void KeywordSyntax::ReadXML(const TreeElement& element)
 {
     ValidityElements validity;
-    std::vector<const DOMElement*> aliases;
+    std::vector<TreeElement> aliases;
     bool hasData = false;
-    for (const DOMElement& child : ChildElements(element)) {
-        if (Is(child, Tags::Description())) {
-            description_ = GetElementText(&child);
-        } else if (Is(child, Tags::Documentation())) {
-            documentation_ = GetElementText(&child);
-        } else if (Is(child, Tags::SummaryMnemonic())) {
+    for (const TreeElement child : ChildElements(element)) {
+        if (child.Is(Tag::Description)) {
+            description_ = child.GetText();
+        } else if (child.Is(Tag::Documentation)) {
+            documentation_ = child.GetText();
+        } else if (child.Is(Tag::SummaryMnemonic)) {
             summaryMnemonic_ = std::make_unique<SummaryMnemonicInfo>(child);
-        } else if (Is(child, Tags::Cell())) {
+        } else if (child.Is(Tag::Cell)) {
             cellProperty_ = std::make_unique<CellPropertyInfo>(name_, child);
         } else if (validity.Note(child)) {
             continue;
-        } else if (Is(child, Tags::Data())) {
+        } else if (child.Is(Tag::Data)) {
             // Wanted: validity elements after the data element come too late for the keyword, though not for
             // its aliases. The metadata needs the valid simulators when it is read.
             validity_.Set(validity.ReadFacts());
             CreateDataMD(child);
             hasData = true;
-        } else if (Is(child, Tags::Aliases())) {
-            for (const DOMElement& alias : ChildElements(child)) {
-                if (Is(alias, Tags::Alias()))
-                    aliases.push_back(&alias);
+        } else if (child.Is(Tag::Aliases)) {
+            for (const TreeElement alias : ChildElements(child)) {
+                if (alias.Is(Tag::Alias))
+                    aliases.push_back(alias);
             }
-        } else if (Is(child, Tags::Precedents())) {
+        } else if (child.Is(Tag::Precedents)) {
             ReadPrecedents(child);
-        } else if (Is(child, Tags::Scope())) {
+        } else if (child.Is(Tag::Scope)) {
             scope_ = std::make_unique<ScopeInfo>(child);
-        } else if (Is(child, Tags::IsHidden())) {
+        } else if (child.Is(Tag::IsHidden)) {
             isHidden_ = true;
-        } else if (Is(child, Tags::IsGeneric())) {
+        } else if (child.Is(Tag::IsGeneric)) {
             isGeneric_ = true;
         }
     }
@@ -114,63 +112,62 @@ void KeywordSyntax::ReadXML(const DOMElement& element)
     ReadAliases(aliases, validity);
 }
 
-void KeywordSyntax::CreateDataMD(const DOMElement& element)
+void KeywordSyntax::CreateDataMD(const TreeElement& element)
 {
     if (dataMD_)
         return; // of two data elements the first one counts
-    for (const DOMElement& item : Descendants(element, Tags::Item())) {
-        if (IsFlagged(item, Tags::Identifier()))
+    for (const TreeElement item : Descendants(element, Tag::Item)) {
+        if (IsFlagged(item, Tag::Identifier))
             ++identifierCount_;
     }
-    for (const DOMElement& child : ChildElements(element)) {
+    for (const TreeElement child : ChildElements(element)) {
         dataMD_ = ReadDataMD(child);
         return; // whatever follows is not looked at
     }
 }
 
-std::unique_ptr<IKeywordDataMDInternal> KeywordSyntax::ReadDataMD(const DOMElement& typeElement) const
+std::unique_ptr<IKeywordDataMDInternal> KeywordSyntax::ReadDataMD(const TreeElement& typeElement) const
 {
-    if (Is(typeElement, Tags::Raw())) {
+    if (typeElement.Is(Tag::Raw)) {
         auto raw = std::make_unique<KeywordRawMDImpl>();
-        raw->ReadXML(&typeElement);
+        raw->ReadXML(typeElement);
         return raw;
     }
     const auto read = [&](auto md) -> std::unique_ptr<IKeywordDataMDInternal> {
-        md->ReadXML(&typeElement, GetValidSimulators());
+        md->ReadXML(typeElement, GetValidSimulators());
         return md;
     };
-    if (Is(typeElement, Tags::Record()))
+    if (typeElement.Is(Tag::Record))
         return read(std::make_unique<KeywordRecordMDImpl>(false));
-    if (Is(typeElement, Tags::Map()))
+    if (typeElement.Is(Tag::Map))
         return read(std::make_unique<KeywordMapMDImpl>());
-    if (Is(typeElement, Tags::List()))
+    if (typeElement.Is(Tag::List))
         return read(std::make_unique<KeywordListMDImpl>());
     FailUnhandled("KeywordSyntax::CreateDataMD: unhandled keyword data type: ", typeElement);
 }
 
-void KeywordSyntax::ReadPrecedents(const DOMElement& element)
+void KeywordSyntax::ReadPrecedents(const TreeElement& element)
 {
     precedents_.clear();
-    for (const DOMElement& precedent : Descendants(element, Tags::Precedent()))
+    for (const TreeElement precedent : Descendants(element, Tag::Precedent))
         precedents_.insert(NameOf(precedent));
 }
 
-void KeywordSyntax::ReadAliases(
-    const std::vector<const DOMElement*>& elements, const ValidityElements& ofKeyword)
+void KeywordSyntax::ReadAliases(const std::vector<TreeElement>& elements, const ValidityElements& ofKeyword)
 {
     if (elements.empty())
         return;
     aliases_ = std::make_unique<Aliases>();
-    for (const DOMElement* element : elements)
-        ReadAlias(*element, ofKeyword);
+    for (const TreeElement& element : elements)
+        ReadAlias(element, ofKeyword);
 }
 
-void KeywordSyntax::ReadAlias(const DOMElement& element, const ValidityElements& ofKeyword)
+void KeywordSyntax::ReadAlias(const TreeElement& element, const ValidityElements& ofKeyword)
 {
     bool hidden = false;
     ValidityElements own;
-    for (const DOMElement& child : ChildElements(element)) {
-        if (Is(child, Tags::IsHiddenAlias()))
+    for (const TreeElement child : ChildElements(element)) {
+        if (child.Is(Tag::IsHiddenAlias))
             hidden = true;
         else
             own.Note(child);

@@ -2,9 +2,7 @@
 
 #include "quor/foundation/internal/DocumentWalk.h"
 #include "quor/foundation/internal/XercesErrors.h"
-#include "quor/foundation/service/xml/DomText.h"
 #include "quor/foundation/service/xml/Initialise.h"
-#include "quor/foundation/service/xml/Tags.h"
 #include "quor/syntax/KeywordSyntaxLookupTable.h"
 #include "quor/syntax/internal/KeywordSyntax.h"
 #include "quor/syntax/internal/NameIndex.h"
@@ -12,14 +10,11 @@
 #include "quor/syntax/internal/TableKeyword.h"
 #include "quor/syntax/internal/TrustedSyntaxLoader.h"
 
-#include <xercesc/dom/DOMDocument.hpp>
-
 #include <stdexcept>
 #include <unordered_set>
 
 namespace Veld::Quor::Core::Keywords {
 
-using namespace Service::XML;
 using namespace Service::XML::Internal;
 
 namespace {
@@ -52,8 +47,8 @@ private:
     /// Names, ids and aliases that were read.
     using Seen = std::unordered_set<std::string>;
 
-    void ReadDocument(const xercesc::DOMDocument* document, Seen& seen, bool record);
-    void ReadKeyword(const xercesc::DOMElement& element, Seen& seen, bool record);
+    void ReadDocument(const DocumentTree& document, Seen& seen, bool record);
+    void ReadKeyword(const TreeElement& element, Seen& seen, bool record);
 
     void Enter(const std::string& name, const std::shared_ptr<const IKeywordSyntax>& syntax);
     /// Null if there are none.
@@ -65,34 +60,32 @@ private:
 
 void KeywordSyntaxTableImpl::Load()
 {
-    Initialise::Init();
+    Service::XML::Initialise::Init();
     Seen seen;
     TrustedSyntaxLoader trusted; // first, so that trusted syntaxes are before others of their name
-    ReadDocument(trusted.GetDocument(), seen, true);
+    ReadDocument(trusted.GetTree(), seen, true);
     SyntaxLoader main;
-    ReadDocument(main.GetDocument(), seen, true);
+    ReadDocument(main.GetTree(), seen, true);
 }
 
-void KeywordSyntaxTableImpl::ReadDocument(const xercesc::DOMDocument* document, Seen& seen, bool record)
+void KeywordSyntaxTableImpl::ReadDocument(const DocumentTree& document, Seen& seen, bool record)
 {
-    const xercesc::DOMElement* const root = document ? document->getDocumentElement() : nullptr;
-    if (!root)
+    if (document.nodes.empty())
         return;
-    for (const xercesc::DOMElement& element : Descendants(*root, Tags::Keyword()))
+    for (const TreeElement element : Descendants(RootOf(document), Tag::Keyword))
         ReadKeyword(element, seen, record);
 }
 
 /// With `record` the keyword is entered, and what it is known by goes into `seen`. Without, it is entered
 /// only if it isn't known yet.
-void KeywordSyntaxTableImpl::ReadKeyword(const xercesc::DOMElement& element, Seen& seen, bool record)
+void KeywordSyntaxTableImpl::ReadKeyword(const TreeElement& element, Seen& seen, bool record)
 {
-    const std::string name = GetAttributeValue(&element, Tags::Name());
+    const std::string name = element.Get(Tag::Name);
     // One name may be defined several times, with different ids. The name decides where the syntaxes are.
-    const std::string key =
-        AttributeExists(&element, Tags::ID()) ? GetAttributeValue(&element, Tags::ID()) : name;
+    const std::string key = element.Has(Tag::ID) ? element.Get(Tag::ID) : name;
     if (!record && seen.count(key) != 0)
         return;
-    const auto syntax = std::make_shared<const Keywords::KeywordSyntax>(name, &element);
+    const auto syntax = std::make_shared<const Keywords::KeywordSyntax>(name, element);
     Enter(name, syntax);
     if (record)
         seen.insert(key);

@@ -7,17 +7,15 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-using namespace Service::XML;
 using namespace Service::XML::Internal;
-using xercesc::DOMElement;
 
-ScopeInfo::ScopeInfo(const DOMElement& element)
+ScopeInfo::ScopeInfo(const TreeElement& element)
 {
-    for (const DOMElement& child : ChildElements(element)) {
-        if (!Is(child, Tags::EndKeyword()))
+    for (const TreeElement child : ChildElements(element)) {
+        if (!child.Is(Tag::EndKeyword))
             FailUnhandled("ScopeInfo::ScopeInfo(): unhandled element type: ", child);
         names_.push_back(NameOf(child));
-        if (IsFlagged(child, Tags::Explicit()))
+        if (IsFlagged(child, Tag::Explicit))
             explicitName_ = names_.back();
     }
 }

@@ -9,9 +9,7 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-using namespace Service::XML;
 using namespace Service::XML::Internal;
-using xercesc::DOMElement;
 
 namespace {
 
@@ -29,10 +27,10 @@ void ExtractEnumValue(const std::string& text, Service::Optional<typename T::Enu
 
 ISummaryMnemonicInfo::~ISummaryMnemonicInfo() = default;
 
-SummaryMnemonicInfo::SummaryMnemonicInfo(const DOMElement& element)
+SummaryMnemonicInfo::SummaryMnemonicInfo(const TreeElement& element)
 {
-    for (const DOMElement& child : ChildElements(element)) {
-        if (!Is(child, Tags::Category()))
+    for (const TreeElement child : ChildElements(element)) {
+        if (!child.Is(Tag::Category))
             FailUnhandled("SummaryMnemonicInfo::SummaryMnemonicInfo(): unhandled element type: ", child);
         ReadCategory(child);
     }
@@ -40,10 +38,10 @@ SummaryMnemonicInfo::SummaryMnemonicInfo(const DOMElement& element)
 
 SummaryMnemonicInfo::~SummaryMnemonicInfo() = default;
 
-void SummaryMnemonicInfo::ReadCategory(const DOMElement& element)
+void SummaryMnemonicInfo::ReadCategory(const TreeElement& element)
 {
     const std::string category = NameOf(element);
-    const std::string value = GetAttributeValue(&element, Tags::Val());
+    const std::string value = element.Get(Tag::Val);
     if (category == "entity")
         ExtractEnumValue(value, entity_, SummaryEntity());
     else if (category == "flow")

@@ -1,45 +1,47 @@
 #include "quor/syntax/internal/SyntaxLoader.h"
 
+#include "quor/foundation/builtin/KeywordSyntaxData.h"
 #include "quor/foundation/service/Environment.h"
+#include "quor/foundation/service/xml/XMLDocument.h"
+#include "quor/syntax/internal/BuiltinTree.h"
 #include "quor/syntax/internal/LoadFailure.h"
 
 #include <string>
 
 namespace Veld::Quor::Core::Keywords {
 
-xercesc::DOMDocument* SyntaxLoader::GetDocument()
+using namespace Service::XML::Internal;
+
+const DocumentTree& SyntaxLoader::GetTree()
 {
-    if (document_)
-        return document_;
+    if (tree_)
+        return *tree_;
     const std::string path = Service::GetEnvVariable("QUOR_KEYWORD_SYNTAX_FILE");
     if (path.empty())
         LoadFromCompressedData();
     else
         LoadFromXMLFile(path.c_str());
-    return document_;
+    return *tree_;
 }
 
 void SyntaxLoader::LoadFromCompressedData()
 {
-    data_ = std::make_unique<Core::KeywordSyntax::KeywordSyntaxData>();
-    document_ = data_->GetData();
-    if (document_)
-        return;
-    data_.reset();
-    FailLoad("SyntaxLoader::LoadFromCompressedData: no compressed Quor.xml data available");
+    tree_ = BuiltinTree<Core::KeywordSyntax::KeywordSyntaxData>();
+    if (!tree_)
+        FailLoad("SyntaxLoader::LoadFromCompressedData: no compressed Quor.xml data available");
 }
 
 void SyntaxLoader::LoadFromXMLFile(const char* path)
 {
     if (!path)
         return;
-    xmlDocument_ = std::make_unique<Service::XML::XMLDocument>();
-    document_ = xmlDocument_->read(path);
-    if (document_)
-        return;
-    xmlDocument_.reset();
-    FailLoad(std::string("SyntaxLoader::LoadFromXMLFile: Can not load/find the specified XML syntax file ")
-        + path);
+    Service::XML::XMLDocument file;
+    const xercesc::DOMDocument* const document = file.read(path);
+    if (!document)
+        FailLoad(
+            std::string("SyntaxLoader::LoadFromXMLFile: Can not load/find the specified XML syntax file ")
+            + path);
+    tree_ = TreeOfDocument(*document);
 }
 
 } // namespace Veld::Quor::Core::Keywords

@@ -8,9 +8,7 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-using namespace Service::XML;
 using namespace Service::XML::Internal;
-using xercesc::DOMElement;
 
 namespace {
 
@@ -58,29 +56,29 @@ unsigned FlagsOf(const std::optional<std::vector<SimulatorModeType::Enum>>& mode
 }
 
 /// Of a list of nothing but entries that ignore the keyword an empty one is left.
-std::optional<ValidityFacts::Entries> ReadSimulators(const DOMElement* element)
+std::optional<ValidityFacts::Entries> ReadSimulators(const TreeElement& element)
 {
     std::optional<ValidityFacts::Entries> entries;
     if (!element)
         return entries;
-    for (const DOMElement& child : ChildElements(*element)) {
-        if (!Is(child, Tags::Simulator()))
+    for (const TreeElement child : ChildElements(element)) {
+        if (!child.Is(Tag::Simulator))
             continue;
         if (!entries)
             entries.emplace();
-        if (!GetAttributeValueEqual(&child, Tags::SupportLevel(), Tags::Ignored()))
+        if (!child.Says(Tag::SupportLevel, Tag::Ignored))
             entries->push_back(ReadSimulatorEntry(child));
     }
     return entries;
 }
 
-std::optional<std::vector<SimulatorModeType::Enum>> ReadModes(const DOMElement* element)
+std::optional<std::vector<SimulatorModeType::Enum>> ReadModes(const TreeElement& element)
 {
     std::optional<std::vector<SimulatorModeType::Enum>> modes;
     if (!element)
         return modes;
-    for (const DOMElement& child : ChildElements(*element)) {
-        if (!Is(child, Tags::Option()))
+    for (const TreeElement child : ChildElements(element)) {
+        if (!child.Is(Tag::Option))
             continue;
         if (!modes)
             modes.emplace();
@@ -89,27 +87,27 @@ std::optional<std::vector<SimulatorModeType::Enum>> ReadModes(const DOMElement* 
     return modes;
 }
 
-ValidityFacts::Section ReadSectionFacts(const DOMElement& element)
+ValidityFacts::Section ReadSectionFacts(const TreeElement& element)
 {
     ValidityFacts::Section section = {ReadSection(element), std::nullopt};
-    if (!HasChildTagName(&element, Tags::Simulator()))
+    if (!element.HasChild(Tag::Simulator))
         return section;
     section.simulators.emplace();
-    for (const DOMElement& entry : Descendants(element, Tags::Simulator()))
+    for (const TreeElement entry : Descendants(element, Tag::Simulator))
         section.simulators->push_back(ReadSimulatorEntry(entry));
     return section;
 }
 
 } // namespace
 
-bool ValidityElements::Note(const DOMElement& child)
+bool ValidityElements::Note(const TreeElement& child)
 {
-    if (Is(child, Tags::ValidSimulators()))
-        simulators = &child;
-    else if (Is(child, Tags::ValidOptions()))
-        options = &child;
-    else if (Is(child, Tags::ValidSections()))
-        sections = &child;
+    if (child.Is(Tag::ValidSimulators))
+        simulators = child;
+    else if (child.Is(Tag::ValidOptions))
+        options = child;
+    else if (child.Is(Tag::ValidSections))
+        sections = child;
     else
         return false;
     return true;
@@ -125,7 +123,7 @@ ValidityFacts ValidityElements::ReadFacts() const
 {
     ValidityFacts facts = {ReadSimulators(simulators), ReadModes(options), {}};
     if (sections) {
-        for (const DOMElement& section : Descendants(*sections, Tags::Section()))
+        for (const TreeElement section : Descendants(sections, Tag::Section))
             facts.sections.push_back(ReadSectionFacts(section));
     }
     return facts;

@@ -1,38 +1,41 @@
 #include "quor/syntax/internal/TrustedSyntaxLoader.h"
 
+#include "quor/foundation/builtin/TrustedSyntaxData.h"
+#include "quor/foundation/internal/TreeBuilder.h"
 #include "quor/foundation/service/Directory.h"
 #include "quor/foundation/service/Environment.h"
 #include "quor/foundation/service/FileName.h"
+#include "quor/foundation/service/xml/XMLDocument.h"
+#include "quor/syntax/internal/BuiltinTree.h"
 #include "quor/syntax/internal/LoadFailure.h"
 
 #include <xercesc/dom/DOMDocument.hpp>
-#include <xercesc/dom/DOMElement.hpp>
 
 #include <string>
 #include <vector>
 
 namespace Veld::Quor::Core::Keywords {
 
-xercesc::DOMDocument* TrustedSyntaxLoader::GetDocument()
+using namespace Service::XML::Internal;
+
+const DocumentTree& TrustedSyntaxLoader::GetTree()
 {
-    if (document_)
-        return document_;
+    if (tree_)
+        return *tree_;
     const std::string directory = Service::GetEnvVariable("QUOR_KEYWORD_TRUSTED_SYNTAX_DIR");
     if (directory.empty())
         LoadFromCompressedData();
     else
         LoadFromXMLFiles(directory.c_str());
-    return document_;
+    return *tree_;
 }
 
 void TrustedSyntaxLoader::LoadFromCompressedData()
 {
-    data_ = std::make_unique<Core::KeywordSyntax::TrustedSyntaxData>();
-    document_ = data_->GetData();
-    if (document_)
-        return;
-    data_.reset();
-    FailLoad("TrustedSyntaxLoader::LoadFromCompressedData: no compressed TrustedSyntax xml data available");
+    tree_ = BuiltinTree<Core::KeywordSyntax::TrustedSyntaxData>();
+    if (!tree_)
+        FailLoad(
+            "TrustedSyntaxLoader::LoadFromCompressedData: no compressed TrustedSyntax xml data available");
 }
 
 void TrustedSyntaxLoader::LoadFromXMLFiles(const char* directory)
@@ -47,19 +50,18 @@ void TrustedSyntaxLoader::LoadFromXMLFiles(const char* directory)
     if (names.empty())
         FailLoad(reader + "no XML files found in " + directory);
 
-    auto merged = std::make_unique<Service::XML::XMLDocument>("trustedsyntaxtable");
-    xercesc::DOMDocument* const document = merged->GetDocument();
+    TreeBuilder merged;
+    merged.Open(u"trustedsyntaxtable", false);
     for (const std::string& name : names) {
         Service::FileName path(name);
         path = files;
         Service::XML::XMLDocument file;
-        xercesc::DOMDocument* const part = file.read(path.GetFullName().c_str());
+        const xercesc::DOMDocument* const part = file.read(path.GetFullName().c_str());
         if (part && part->getDocumentElement())
-            document->getDocumentElement()->appendChild(
-                document->importNode(part->getDocumentElement(), true));
+            AddTree(*part->getDocumentElement(), merged);
     }
-    xmlDocument_ = std::move(merged);
-    document_ = document;
+    merged.Close();
+    tree_ = merged.Take();
 }
 
 } // namespace Veld::Quor::Core::Keywords

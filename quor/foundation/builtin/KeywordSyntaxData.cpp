@@ -5,7 +5,11 @@
 
 namespace Veld::Quor::Core::KeywordSyntax {
 
-KeywordSyntaxData::KeywordSyntaxData() = default;
+KeywordSyntaxData::KeywordSyntaxData()
+    : tree_(&Internal::mainDocumentTree)
+{
+}
+
 KeywordSyntaxData::~KeywordSyntaxData() = default;
 
 xercesc::DOMDocument* KeywordSyntaxData::GetData()

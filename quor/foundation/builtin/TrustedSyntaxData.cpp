@@ -5,7 +5,11 @@
 
 namespace Veld::Quor::Core::KeywordSyntax {
 
-TrustedSyntaxData::TrustedSyntaxData() = default;
+TrustedSyntaxData::TrustedSyntaxData()
+    : tree_(&Internal::trustedDocumentTree)
+{
+}
+
 TrustedSyntaxData::~TrustedSyntaxData() = default;
 
 xercesc::DOMDocument* TrustedSyntaxData::GetData()

@@ -1,29 +1,9 @@
 #pragma once
 
-#include <xercesc/dom/DOMElement.hpp>
-#include <xercesc/util/XMLString.hpp>
+#include "quor/foundation/internal/DocumentTree.h"
 
-#include <utility>
-#include <vector>
-
-/// The three walks of a syntax document. All go by sibling, and cost what they pass over.
+/// The three walks of a syntax document. All cost what they pass over.
 namespace Veld::Quor::Core::Service::XML::Internal {
-
-/// Tags are compared exactly, on their 16-bit text.
-inline bool Is(const xercesc::DOMNode& node, const XMLCh* tag)
-{
-    return xercesc::XMLString::equals(node.getNodeName(), tag);
-}
-
-inline const xercesc::DOMElement* AsElement(const xercesc::DOMNode* node)
-{
-    return static_cast<const xercesc::DOMElement*>(node);
-}
-
-inline bool IsElement(const xercesc::DOMNode* node)
-{
-    return node->getNodeType() == xercesc::DOMNode::ELEMENT_NODE;
-}
 
 /// A range over the elements that `Step` leads to; the walks below differ in nothing else.
 template <class Step>
@@ -31,44 +11,53 @@ class ElementRange {
 public:
     class Iterator {
     public:
-        explicit Iterator(Step step)
-            : step_(std::move(step))
+        Iterator(const TreeElement& parent, Step step)
+            : tree_(parent.GetTree())
+            , step_(step)
+            , index_(parent.GetIndex() + 1)
+            , end_(parent.GetNode().end)
         {
-            step_.Settle();
+            Settle();
         }
-        const xercesc::DOMElement& operator*() const { return *AsElement(step_.node); }
+        TreeElement operator*() const { return {tree_, index_}; }
         Iterator& operator++()
         {
-            step_.Advance();
-            step_.Settle();
+            index_ = step_.After(index_, tree_.nodes[index_]);
+            Settle();
             return *this;
         }
-        bool operator!=(std::nullptr_t) const { return step_.node != nullptr; }
+        bool operator!=(std::nullptr_t) const { return index_ != end_; }
 
     private:
+        void Settle()
+        {
+            while (index_ != end_ && !step_.IsSeen(tree_.nodes[index_]))
+                index_ = step_.After(index_, tree_.nodes[index_]);
+        }
+
+        const DocumentTree& tree_;
         Step step_;
+        std::uint32_t index_;
+        std::uint32_t end_;
     };
 
-    explicit ElementRange(Step step)
-        : first_(std::move(step))
+    ElementRange(const TreeElement& parent, Step step)
+        : parent_(parent)
+        , step_(step)
     {
     }
-    Iterator begin() const { return Iterator(first_); }
+    Iterator begin() const { return Iterator(parent_, step_); }
     std::nullptr_t end() const { return nullptr; }
 
 private:
-    Step first_;
+    TreeElement parent_;
+    Step step_;
 };
 
 /// Direct children in document order.
 struct ChildStep {
-    const xercesc::DOMNode* node;
-    void Advance() { node = node->getNextSibling(); }
-    void Settle()
-    {
-        while (node && !IsElement(node))
-            Advance();
-    }
+    static std::uint32_t After(std::uint32_t, const DocumentTree::Node& node) { return node.end; }
+    static bool IsSeen(const DocumentTree::Node&) { return true; }
 };
 
 /// Direct children of any node type are counted from 0, and only elements at odd positions are seen. In an
@@ -76,61 +65,30 @@ struct ChildStep {
 /// an element after a comment, or with no white space before it, is passed over. Writers of documents rely
 /// on either.
 struct OddChildStep {
-    const xercesc::DOMNode* node;
-    bool odd = false;
-    void Advance()
-    {
-        node = node->getNextSibling();
-        odd = !odd;
-    }
-    void Settle()
-    {
-        while (node && !(odd && IsElement(node)))
-            Advance();
-    }
+    static std::uint32_t After(std::uint32_t, const DocumentTree::Node& node) { return node.end; }
+    static bool IsSeen(const DocumentTree::Node& node) { return node.isOdd != 0; }
 };
 
 /// All below a root at any depth, in document order, that have the tag; the root itself is not among them.
-/// The way back up is kept, since a node's parent is expensive to ask for.
 struct DescendantStep {
-    const xercesc::DOMNode* node;
-    const XMLCh* tag;
-    std::vector<const xercesc::DOMNode*> ancestors = {}; // of `node`, below the root
-
-    void Advance()
-    {
-        if (const xercesc::DOMNode* child = node->getFirstChild()) {
-            ancestors.push_back(node);
-            node = child;
-            return;
-        }
-        const xercesc::DOMNode* next = node->getNextSibling();
-        while (!next && !ancestors.empty()) {
-            next = ancestors.back()->getNextSibling();
-            ancestors.pop_back();
-        }
-        node = next;
-    }
-    void Settle()
-    {
-        while (node && !(IsElement(node) && Is(*node, tag)))
-            Advance();
-    }
+    Tag tag;
+    static std::uint32_t After(std::uint32_t index, const DocumentTree::Node&) { return index + 1; }
+    bool IsSeen(const DocumentTree::Node& node) const { return node.tag == tag; }
 };
 
-inline ElementRange<ChildStep> ChildElements(const xercesc::DOMElement& parent)
+inline ElementRange<ChildStep> ChildElements(const TreeElement& parent)
 {
-    return ElementRange<ChildStep>({parent.getFirstChild()});
+    return {parent, {}};
 }
 
-inline ElementRange<OddChildStep> OddChildElements(const xercesc::DOMElement& parent)
+inline ElementRange<OddChildStep> OddChildElements(const TreeElement& parent)
 {
-    return ElementRange<OddChildStep>({parent.getFirstChild()});
+    return {parent, {}};
 }
 
-inline ElementRange<DescendantStep> Descendants(const xercesc::DOMElement& root, const XMLCh* tag)
+inline ElementRange<DescendantStep> Descendants(const TreeElement& root, Tag tag)
 {
-    return ElementRange<DescendantStep>({root.getFirstChild(), tag});
+    return {root, {tag}};
 }
 
 } // namespace Veld::Quor::Core::Service::XML::Internal

@@ -3,8 +3,6 @@
 #include "quor/foundation/internal/DocumentWalk.h"
 #include "quor/foundation/internal/DocumentWords.h"
 #include "quor/foundation/internal/KeywordException.h"
-#include "quor/foundation/service/xml/DomText.h"
-#include "quor/foundation/service/xml/Tags.h"
 #include "quor/metadata/DefaultTable.h"
 
 #include <string>
@@ -15,19 +13,19 @@
 namespace Veld::Quor::Core::Keywords {
 
 /// What the type attribute of a default or an override says; `DefaultType::None` for any other text.
-DefaultType::Enum ReadDefaultType(const xercesc::DOMElement& element);
+DefaultType::Enum ReadDefaultType(const TreeElement& element);
 
 /// Fails if a calculated default has a value, or a specified one has none.
-void CheckDefaultValue(const xercesc::DOMElement& element, DefaultType::Enum type);
+void CheckDefaultValue(const TreeElement& element, DefaultType::Enum type);
 
 /// The type, checked against the value; fails for a text that is no type.
-DefaultType::Enum ReadCheckedDefaultType(const xercesc::DOMElement& element);
+DefaultType::Enum ReadCheckedDefaultType(const TreeElement& element);
 
 [[noreturn]] void FailDefaultType();
 
-inline std::string DefaultValueOf(const xercesc::DOMElement& element)
+inline std::string DefaultValueOf(const TreeElement& element)
 {
-    return Service::XML::GetAttributeValue(&element, Service::XML::Tags::Val());
+    return element.Get(Tag::Val);
 }
 
 /// Calls `use` with `SimulatorType::Any` and with each simulator of the keyword: a default of the keyword as
@@ -43,10 +41,10 @@ void ForKeywordAndEach(const std::vector<SimulatorType::Enum>& simulators, Use u
 /// Calls `use` with simulator, type and element of each override below a default, in document order, so that
 /// a later one for the same simulator wins. The simulator need not be one of the keyword's.
 template <class Use>
-void ForEachOverride(const xercesc::DOMElement& defaultElement, Use use)
+void ForEachOverride(const TreeElement& defaultElement, Use use)
 {
-    for (const xercesc::DOMElement& child : Service::XML::Internal::ChildElements(defaultElement)) {
-        if (!Service::XML::Internal::Is(child, Service::XML::Tags::Override()))
+    for (const TreeElement& child : Service::XML::Internal::ChildElements(defaultElement)) {
+        if (!child.Is(Tag::Override))
             continue;
         bool known = false;
         const SimulatorType::Enum simulator = SimulatorType::FromString(NameOf(child), &known);
@@ -58,10 +56,10 @@ void ForEachOverride(const xercesc::DOMElement& defaultElement, Use use)
 
 /// The default of all scalars but the choice. `parse` makes a value of a text.
 template <class T, class Parse>
-void ReadDefault(const xercesc::DOMElement& element, const std::vector<SimulatorType::Enum>& simulators,
+void ReadDefault(const TreeElement& element, const std::vector<SimulatorType::Enum>& simulators,
     DefaultTable<T>& defaults, Parse parse)
 {
-    const auto valueOf = [&parse](const xercesc::DOMElement& from, DefaultType::Enum type) {
+    const auto valueOf = [&parse](const TreeElement& from, DefaultType::Enum type) {
         return type == DefaultType::Specified ? Service::Optional<T>(parse(DefaultValueOf(from)))
                                               : Service::Optional<T>();
     };
@@ -70,8 +68,8 @@ void ReadDefault(const xercesc::DOMElement& element, const std::vector<Simulator
         const Service::Optional<T> value = valueOf(element, type);
         ForKeywordAndEach(simulators, [&](SimulatorType::Enum key) { defaults.Set(key, value); });
     }
-    ForEachOverride(element,
-        [&](SimulatorType::Enum simulator, DefaultType::Enum ownType, const xercesc::DOMElement& from) {
+    ForEachOverride(
+        element, [&](SimulatorType::Enum simulator, DefaultType::Enum ownType, const TreeElement& from) {
             if (ownType == DefaultType::NoDefault)
                 defaults.Erase(simulator);
             else

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "quor/foundation/service/xml/DomForward.h"
+#include "quor/metadata/TreeForward.h"
 #include "quor/syntax/ICellPropertyInfo.h"
 
 namespace Veld::Quor::Core::Keywords {
 
 class CellPropertyInfo final : public ICellPropertyInfo {
 public:
-    CellPropertyInfo(const std::string& keywordName, const xercesc::DOMElement& element);
+    CellPropertyInfo(const std::string& keywordName, const Service::XML::Internal::TreeElement& element);
     ~CellPropertyInfo() override;
 
     const std::string& GetPropertyName() const override { return propertyName_; }

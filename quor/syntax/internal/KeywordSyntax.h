@@ -2,6 +2,7 @@
 
 #include "quor/foundation/SimulatorModeType.h"
 #include "quor/metadata/IKeywordDataMDInternal.h"
+#include "quor/metadata/TreeForward.h"
 #include "quor/syntax/IKeywordSyntax.h"
 #include "quor/syntax/internal/CellPropertyInfo.h"
 #include "quor/syntax/internal/ScopeInfo.h"
@@ -23,7 +24,7 @@ class KeywordSyntax final : public IKeywordSyntax {
 public:
     /// Keeps no pointer to `element`. Throws `KeywordException` with `name` and ": " before what a reader
     /// found wrong.
-    KeywordSyntax(const std::string& name, const xercesc::DOMElement* element);
+    KeywordSyntax(const std::string& name, const Service::XML::Internal::TreeElement& element);
 
     const std::string& GetName() const override { return name_; }
     const std::vector<std::string>& GetAliases() const override;
@@ -64,14 +65,15 @@ private:
         std::vector<std::unique_ptr<SyntaxValidity>> validities; // parallel to `names`; null: the keyword's
     };
 
-    void ReadXML(const xercesc::DOMElement& element);
-    void CreateDataMD(const xercesc::DOMElement& element);
-    std::unique_ptr<IKeywordDataMDInternal> ReadDataMD(const xercesc::DOMElement& typeElement) const;
+    void ReadXML(const Service::XML::Internal::TreeElement& element);
+    void CreateDataMD(const Service::XML::Internal::TreeElement& element);
+    std::unique_ptr<IKeywordDataMDInternal> ReadDataMD(
+        const Service::XML::Internal::TreeElement& typeElement) const;
     void ExpandPrecedents(SectionType::Enum section) const;
-    void ReadPrecedents(const xercesc::DOMElement& element);
+    void ReadPrecedents(const Service::XML::Internal::TreeElement& element);
     void ReadAliases(
-        const std::vector<const xercesc::DOMElement*>& elements, const ValidityElements& ofKeyword);
-    void ReadAlias(const xercesc::DOMElement& element, const ValidityElements& ofKeyword);
+        const std::vector<Service::XML::Internal::TreeElement>& elements, const ValidityElements& ofKeyword);
+    void ReadAlias(const Service::XML::Internal::TreeElement& element, const ValidityElements& ofKeyword);
     /// Position in the aliases; none for the keyword's own name and for an unknown text.
     std::optional<std::size_t> FindAlias(const std::string& spelling) const;
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "quor/foundation/service/xml/DomForward.h"
-
+#include "quor/metadata/TreeForward.h"
 #include <atomic>
 #include <mutex>
 #include <string>
@@ -16,7 +15,7 @@ class IKeywordSyntax;
 class ScopeInfo {
 public:
     /// Throws `KeywordException` for a child that is no end keyword.
-    explicit ScopeInfo(const xercesc::DOMElement& element);
+    explicit ScopeInfo(const Service::XML::Internal::TreeElement& element);
 
     /// In the order of the document; names that the table doesn't know are left out.
     const std::vector<const IKeywordSyntax*>& GetScopeKeywords() const;

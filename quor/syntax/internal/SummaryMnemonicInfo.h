@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/foundation/service/xml/DomForward.h"
+#include "quor/metadata/TreeForward.h"
 #include "quor/syntax/ISummaryMnemonicInfo.h"
 
 namespace Veld::Quor::Core::Keywords {
@@ -8,7 +8,7 @@ namespace Veld::Quor::Core::Keywords {
 class SummaryMnemonicInfo final : public ISummaryMnemonicInfo {
 public:
     /// Throws `KeywordException` for a category or a value that is not one of the tables'.
-    explicit SummaryMnemonicInfo(const xercesc::DOMElement& element);
+    explicit SummaryMnemonicInfo(const Service::XML::Internal::TreeElement& element);
     ~SummaryMnemonicInfo() override;
 
     Service::Optional<SummaryFunction::Enum> GetFunction() const override { return function_; }
@@ -18,7 +18,7 @@ public:
     Service::Optional<SummaryFlow::Enum> GetFlow() const override { return flow_; }
 
 private:
-    void ReadCategory(const xercesc::DOMElement& element);
+    void ReadCategory(const Service::XML::Internal::TreeElement& element);
 
     Service::Optional<SummaryFunction::Enum> function_;
     Service::Optional<SummaryEntity::Enum> entity_;

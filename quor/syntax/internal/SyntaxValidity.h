@@ -3,7 +3,7 @@
 #include "quor/foundation/Export.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/SimulatorModeFlags.h"
-#include "quor/foundation/service/xml/DomForward.h"
+#include "quor/foundation/internal/DocumentTree.h"
 #include "quor/syntax/internal/ValidityFacts.h"
 
 #include <array>
@@ -13,13 +13,13 @@ namespace Veld::Quor::Core::Keywords {
 
 /// The elements of a document that say where a keyword is valid. A null one restricts nothing.
 struct ValidityElements {
-    const xercesc::DOMElement* simulators = nullptr;
-    const xercesc::DOMElement* options = nullptr;
-    const xercesc::DOMElement* sections = nullptr;
+    Service::XML::Internal::TreeElement simulators;
+    Service::XML::Internal::TreeElement options;
+    Service::XML::Internal::TreeElement sections;
 
     /// Remembers `child` if it is one of the three, a later one in place of an earlier one; returns whether
     /// it was.
-    bool Note(const xercesc::DOMElement& child);
+    bool Note(const Service::XML::Internal::TreeElement& child);
     bool IsEmpty() const { return !simulators && !options && !sections; }
     /// These, and those of `other` where there is none.
     ValidityElements Or(const ValidityElements& other) const;

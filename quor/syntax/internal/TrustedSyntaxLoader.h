@@ -1,9 +1,8 @@
 #pragma once
 
-#include "quor/foundation/builtin/TrustedSyntaxData.h"
-#include "quor/foundation/service/xml/XMLDocument.h"
+#include "quor/foundation/internal/DocumentTree.h"
 
-#include <memory>
+#include <optional>
 
 namespace Veld::Quor::Core::Keywords {
 
@@ -12,15 +11,13 @@ namespace Veld::Quor::Core::Keywords {
 /// directory that can't be read is left out; the log says why. Otherwise like `SyntaxLoader`.
 class TrustedSyntaxLoader {
 public:
-    xercesc::DOMDocument* GetDocument();
+    const Service::XML::Internal::DocumentTree& GetTree();
 
 private:
     void LoadFromCompressedData();
     void LoadFromXMLFiles(const char* directory);
 
-    std::unique_ptr<Core::KeywordSyntax::TrustedSyntaxData> data_;
-    std::unique_ptr<Service::XML::XMLDocument> xmlDocument_;
-    xercesc::DOMDocument* document_ = nullptr;
+    std::optional<Service::XML::Internal::DocumentTree> tree_;
 };
 
 } // namespace Veld::Quor::Core::Keywords

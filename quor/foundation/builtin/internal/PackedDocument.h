@@ -17,7 +17,9 @@ struct PackedDocument {
 
 // Defined in sources that the build makes from the files under language/.
 extern const PackedDocument mainDocument;
+extern const PackedDocument mainDocumentTree; // the bytes of a `DocumentTree`
 extern const PackedDocument trustedDocument;
+extern const PackedDocument trustedDocumentTree;
 extern const PackedDocument rulesDocument; // in the decks library
 
 /// Never null; holds no document if the bytes are no document. `name` is for messages.

@@ -1,6 +1,5 @@
 #include "quor/foundation/service/xml/DomText.h"
 
-#include "quor/foundation/internal/DocumentWalk.h"
 #include "quor/foundation/internal/XercesErrors.h"
 
 #include <xercesc/dom/DOMAttr.hpp>
@@ -60,11 +59,12 @@ bool AttributeExists(const xercesc::DOMElement* element, const XMLCh* attribute)
 
 bool HasChildTagName(const xercesc::DOMElement* element, const XMLCh* tag)
 {
-    for (const xercesc::DOMElement& child : Internal::ChildElements(*element)) {
-        if (Internal::Is(child, tag))
-            return true;
-    }
-    return false;
+    const xercesc::DOMNode* child = element->getFirstChild();
+    while (child
+        && !(child->getNodeType() == xercesc::DOMNode::ELEMENT_NODE
+            && xercesc::XMLString::equals(child->getNodeName(), tag)))
+        child = child->getNextSibling();
+    return child != nullptr;
 }
 
 std::string GetElementText(const xercesc::DOMElement* element)

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <xercesc/util/XercesDefs.hpp>
+
+#include <cstdint>
+
+namespace Veld::Quor::Core::Service::XML::Internal {
+
+/// The tags, attributes and attribute values of a syntax document as numbers, by the names of `Tags`, which
+/// has their texts. Documents may have others, with numbers from `Count`.
+enum class Tag : std::uint32_t {
+    Alias,
+    Aliases,
+    Assignment,
+    Boolean,
+    Calculated,
+    CanContainComma,
+    CaseSensitive,
+    Category,
+    Cell,
+    Choice,
+    ClassicOnly,
+    ColumnConstraint,
+    Components,
+    CopyLayerAboveByDefault,
+    CustomReadTermination,
+    Data,
+    Default,
+    Description,
+    Documentation,
+    DualPorosityMatrixOnly,
+    EndKeyword,
+    Explicit,
+    FillEmptyElementsWithPreviousValue,
+    Format,
+    GridEditsOnly,
+    ID,
+    Identifier,
+    Ignored,
+    Integer,
+    IsGeneric,
+    IsHidden,
+    IsHiddenAlias,
+    Item,
+    ItemsDefaultable,
+    Keyword,
+    LengthLimit,
+    Line,
+    List,
+    Map,
+    Max,
+    MaxSize,
+    Min,
+    MinSize,
+    Name,
+    NoDefault,
+    Option,
+    Optional,
+    Override,
+    Precedent,
+    Precedents,
+    Property,
+    Quantity,
+    Raw,
+    Real,
+    Record,
+    Scope,
+    Section,
+    Simulator,
+    Size,
+    SkippableOnRead,
+    SkippableOnWrite,
+    Specified,
+    String,
+    StringTermination,
+    SummaryMnemonic,
+    SupportLevel,
+    Termination,
+    True,
+    Type,
+    UnsupportedBy,
+    Val,
+    ValidOptions,
+    ValidSections,
+    ValidSimulators,
+    Validity,
+    Value,
+    Values,
+    Wildcard,
+    WriteStartingOnNewLine,
+    WriteTerminationOnNewLine,
+    Count
+};
+
+/// Not for `Tag::Count`.
+const XMLCh* TextOf(Tag tag);
+
+} // namespace Veld::Quor::Core::Service::XML::Internal

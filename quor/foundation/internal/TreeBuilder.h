@@ -1,0 +1,47 @@
+#pragma once
+
+#include "quor/foundation/internal/DocumentTree.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace Veld::Quor::Core::Service::XML::Internal {
+
+/// Makes a tree, element by element, in the order of the document.
+class TreeBuilder {
+public:
+    TreeBuilder();
+
+    /// Whether readers ask for the text of such an element.
+    static bool HasText(Tag tag);
+
+    /// Begins an element. Its attributes follow, and its text, before its children.
+    Tag Open(std::u16string_view name, bool isOdd);
+    void AddAttribute(std::u16string_view name, std::string_view value);
+    void SetText(std::string_view text);
+    /// Ends the element that was begun last and is still open.
+    void Close();
+
+    /// The tree, once all elements are closed.
+    DocumentTree Take();
+
+private:
+    struct Hash : std::hash<std::u16string_view> {
+        using is_transparent = void;
+    };
+
+    Tag NumberOf(std::u16string_view name);
+    std::uint32_t AddText(std::string_view text);
+
+    DocumentTree tree_;
+    std::vector<std::uint32_t> open_;
+    std::unordered_map<std::u16string, Tag, Hash, std::equal_to<>> names_;
+};
+
+/// Adds a host's element and all below it.
+void AddTree(const xercesc::DOMElement& root, TreeBuilder& builder);
+
+} // namespace Veld::Quor::Core::Service::XML::Internal
