@@ -1,0 +1,203 @@
+#include "tests/trust/ValueKinds.h"
+
+#include "quor/metadata/IKeywordChoiceMD.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace Veld::Quor::Trust {
+
+using namespace Core::Decks;
+
+namespace {
+
+/// The sibling that the word of a control names is left out.
+MakeMistake WithoutTarget(const std::string& where)
+{
+    return [where = Where(where)](const SampleDeck& deck, Random& random) -> std::optional<Mistake> {
+        const std::vector<const Value*> values = FindValues(deck, where);
+        for (int i = 0; i < 30 && !values.empty(); ++i) {
+            const Value& control = *ChooseValue(deck, values, random);
+            const Value* target = FindSibling(deck, control, control.text);
+            if (target)
+                return Mistake{{{target->range, "1*"}}, PlacesOf(deck, control, "record")};
+        }
+        return std::nullopt;
+    };
+}
+
+/// Another word of a control, for which the record has no target.
+Rewrite OtherControl(const std::vector<std::string>& words)
+{
+    return [words](const SampleDeck& deck, const Value& value, Random& random) {
+        const std::string word = random.Choose(words);
+        return FindSibling(deck, value, word) ? std::string() : word;
+    };
+}
+
+/// Leaves out an item of the record of another one.
+MakeMistake Without(const std::string& where, const std::string& item)
+{
+    return [where = Where(where), item](const SampleDeck& deck, Random& random) -> std::optional<Mistake> {
+        const Value* value = ChooseValue(deck, FindValues(deck, where), random);
+        const Value* other = value ? FindSibling(deck, *value, item) : nullptr;
+        if (!other || value->text == "0")
+            return std::nullopt;
+        return Mistake{{{other->range, "1*"}}, PlacesOf(deck, *value, "record")};
+    };
+}
+
+std::string DayBeyondMonth(const SampleDeck& deck, const Value& value, Random&)
+{
+    const Value* month = FindSibling(deck, value, "MONTH");
+    const std::string short31 = "APR JUN SEP NOV FEB";
+    return month && short31.find(month->text) != std::string::npos ? "31" : std::string();
+}
+
+/// A phase that is not in the run.
+std::string OtherPhase(const SampleDeck& deck, const Value& value, Random& random)
+{
+    const std::string phase = random.Choose(std::vector<std::string>{"OIL", "WATER", "GAS"});
+    return deck.GetDeck().Has(phase) || value.text == phase ? std::string() : phase;
+}
+
+/// A group that is below another one becomes its parent.
+std::optional<Mistake> MakeLoop(const SampleDeck& deck, Random& random)
+{
+    for (const Value* child : FindValues(deck, Where("GRUPTREE.GROUP"))) {
+        const Value* parent = FindSibling(deck, *child, "PARENT");
+        for (const Value* above : FindValues(deck, Where("GRUPTREE.GROUP"))) {
+            const Value* top = FindSibling(deck, *above, "PARENT");
+            if (parent && top && above->text == parent->text && random.Below(2) == 0)
+                return Mistake{{{top->range, child->text}}, {child->range}};
+        }
+    }
+    return std::nullopt;
+}
+
+/// A well joins a group that has groups below it.
+std::string GroupOfGroups(const SampleDeck& deck, const Value&, Random& random)
+{
+    std::vector<const Value*> parents = FindValues(deck, Where("GRUPTREE.PARENT"));
+    std::erase_if(parents, [](const Value* value) { return value->text == "FIELD"; });
+    return parents.empty() ? std::string() : random.Choose(parents)->text;
+}
+
+/// The record of a value once more, with another text for one of its items.
+MakeMistake RepeatRecord(const std::string& where, Rewrite rewrite)
+{
+    return [where = Where(where), rewrite](const SampleDeck& deck, Random& random) -> std::optional<Mistake> {
+        const Value* value = ChooseValue(deck, FindValues(deck, where), random);
+        if (!value)
+            return std::nullopt;
+        const TextRange slash = deck.SlashAfter(*value);
+        const TextRange line = deck.LinesOf(value->range);
+        if (slash.length == 0 || deck.LinesOf(slash).offset != line.offset || value->path.size() != 2)
+            return std::nullopt;
+        const std::string text = rewrite(deck, *value, random);
+        std::string copy(deck.GetText(line));
+        if (text.empty())
+            return std::nullopt;
+        copy.replace(value->range.offset - line.offset, value->range.length, text);
+        return Mistake{{{{line.file, line.offset + line.length, 0}, copy}}, {line}};
+    };
+}
+
+/// A keyword once more, after itself.
+MakeMistake RepeatKeyword(const std::string& where, const std::string& part, const std::string& replacement)
+{
+    return [=](const SampleDeck& deck, Random& random) -> std::optional<Mistake> {
+        const std::vector<std::size_t> keywords = FindKeywords(deck, Where(where));
+        if (keywords.empty())
+            return std::nullopt;
+        const TextRange range = deck.LinesOf(deck.GetDeck()[random.Choose(keywords)].GetRange());
+        std::string copy(deck.GetText(range));
+        if (const std::size_t at = part.empty() ? std::string::npos : copy.find(part);
+            at != std::string::npos)
+            copy.replace(at, part.size(), replacement);
+        return Mistake{{{{range.file, range.offset + range.length, 0}, copy}}, {range}};
+    };
+}
+
+/// Adds to a whole number.
+Rewrite Plus(int more)
+{
+    return [more](const SampleDeck&, const Value& value, Random&) {
+        return std::to_string(std::stoi(value.text) + more);
+    };
+}
+
+/// A keyword that no run of the deck's simulator and mode has.
+MakeMistake Insert(const std::string& after, const std::string& text, const std::string& needs)
+{
+    return [=](const SampleDeck& deck, Random&) -> std::optional<Mistake> {
+        if (!deck.GetDeck().Has(after) || (!needs.empty() && !deck.GetDeck().Has(needs)))
+            return std::nullopt;
+        const TextRange line = deck.LinesOf(deck.GetDeck().Get(after).GetRange());
+        return Mistake{{{{line.file, line.offset + line.length, 0}, text}}};
+    };
+}
+
+} // namespace
+
+void AddKindsOfSchedule(std::vector<Kind>& kinds)
+{
+    const Rewrite same = Around("", " ");
+    const std::vector<Kind> added{
+        {"unknown month", OnValue("DATES.MONTH START.MONTH", Constant("MAI"))},
+        {"day that the month doesn't have", OnValue("DATES.DAY", DayBeyondMonth)},
+        {"year with three digits", OnValue("DATES.YEAR", Constant("203"))},
+        {"year before the start", OnValue("DATES.YEAR", Plus(-60))},
+        {"year of the next century", OnValue("DATES.YEAR", Plus(100), "DATES TSTEP")},
+        {"dates out of order", OnValue("DATES.YEAR +later", Plus(-3), "DATES")},
+        {"start after the first date", OnValue("START.YEAR", Plus(70), "DATES SCHEDULE")},
+        {"date twice", RepeatRecord("DATES.DAY", same)},
+        {"negative length of a step", OnValue("TSTEP", Around("-", ""))},
+        {"control of a producer without its target", WithoutTarget("WCONPROD.CONTROL")},
+        {"control of an injector without its target", WithoutTarget("WCONINJE.CONTROL")},
+        {"control of a group without its target", WithoutTarget("GCONPROD.CONTROL GCONINJE.CONTROL")},
+        {"measured control without its rate", WithoutTarget("WCONHIST.CONTROL")},
+        {"control of a producer by another quantity",
+            OnValue("WCONPROD.CONTROL", OtherControl({"WRAT", "RESV", "ORAT", "LRAT"}), "record")},
+        {"control of an injector by another quantity",
+            OnValue("WCONINJE.CONTROL", OtherControl({"RESV", "RATE"}), "record")},
+        {"control by pressure of the head without a table",
+            OnValue("WCONPROD.CONTROL WCONINJE.CONTROL", OtherControl({"THP"}), "record")},
+        {"limit of the head without a table", Without("WCONPROD.THP WCONINJE.THP", "VFP")},
+        {"injection below the pressure of production", OnValue("WCONINJE.BHP", Times(0.05), "record")},
+        {"injected phase that is not in the run", OnValue("WCONINJE.TYPE GCONINJE.PHASE", OtherPhase)},
+        {"efficiency in percent", OnValue("WEFAC.FACTOR GEFAC.FACTOR", Times(100))},
+        {"water cut in percent", OnValue("WECON.WCT GECON.WCT", Times(100))},
+        {"voidage in percent", OnValue("GCONINJE.VREP", Times(100))},
+        {"quality of steam in percent", OnValue("WINJTEMP.QUALITY", Times(100))},
+        {"loop of groups", MakeLoop},
+        {"wells and groups below one group", OnValue("WELSPECS.GROUP", GroupOfGroups, "GRUPTREE")},
+        {"well twice in WELSPECS", RepeatRecord("WELSPECS.I", Plus(1))},
+        {"connection twice in COMPDAT", RepeatRecord("COMPDAT.K1", same)},
+        {"well twice with other controls",
+            RepeatRecord("WCONPROD.ORAT WCONPROD.LRAT WCONHIST.ORAT", Times(1.5))},
+        {"group with two parents", RepeatRecord("GRUPTREE.PARENT", Constant("OTHER"))},
+        {"array twice", RepeatKeyword("PORO PERMX NTG TOPS DX DY", "0.2", "0.1")},
+        {"lift table twice", RepeatKeyword("VFPPROD", "", "")},
+        {"table keyword twice", RepeatKeyword("SWOF SGOF PVDG PVTW DENSITY ROCK EQUIL", "", "")},
+        {"action twice", RepeatKeyword("UDQ", "", "")},
+        {"keyword of another mode in PROPS", Insert("ROCK", "ZI\n 0.5 0.5 /\n", "DISGAS")},
+        {"keyword of another mode in SCHEDULE", Insert("WELSPECS", "WINJTEMP\n * 0.7 250 /\n/\n", "DISGAS")},
+        {"measured rate below zero", OnValue("WCONHIST.ORAT WCONHIST.WRAT WCONHIST.GRAT", Around("-", ""))},
+        {"rate below zero",
+            OnValue("WCONPROD.ORAT WCONPROD.LRAT WCONPROD.GRAT WCONINJE.RATE", Around("-", ""))},
+        {"connection in a cell that is not active",
+            OnValue("COMPDAT.K1", [](const SampleDeck&, const Value&, Random&) { return std::string(); })},
+        {"well opened that is misspelt",
+            OnValue("WELOPEN.WELL",
+                [](const SampleDeck& deck, const Value& value, Random& random) {
+                    return MisspeltName(deck, value.text, random);
+                })},
+        {"unknown direction of a face", OnValue("FAULTS.FACE AQUANCON.FACE", Constant("W"))},
+        {"unknown quantity of a target", OnValue("WELTARG.QUANTITY WTMULT.QUANTITY", Constant("OILRATE"))},
+    };
+    kinds.insert(kinds.end(), added.begin(), added.end());
+}
+
+} // namespace Veld::Quor::Trust
