@@ -99,6 +99,12 @@ const CleanRow cleanRows[] = {
     {"CompositionalForItsMode", "compositional", compositional},
     {"SteamInjection", "steam-injection"},
     {"SteamInjectionForItsMode", "steam-injection", thermal},
+    {"Fractured", "fractured"},
+    {"FracturedForCarrow", "fractured", carrowBlackOil},
+    {"HorizontalWell", "horizontal-well"},
+    {"HorizontalWellForDunmere", "horizontal-well", blackOil},
+    {"GasNetwork", "gas-network"},
+    {"GasNetworkForCarrow", "gas-network", carrowBlackOil},
     {"Field", "field/field"},
     {"FieldForCarrow", "field/field", carrowBlackOil}, // which passes over what another reads
     {"FieldForDunmere", "field/field", blackOil},

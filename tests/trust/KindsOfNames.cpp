@@ -20,6 +20,18 @@ std::string Undefined(const SampleDeck& deck, const Value& value, Random& random
     return MisspeltName(deck, value.text, random);
 }
 
+/// The same for a name that is used elsewhere too.
+std::string UndefinedName(const SampleDeck& deck, const Value& value, Random& random)
+{
+    return deck.UsesOf(value.text).size() < 3 ? std::string() : Undefined(deck, value, random);
+}
+
+/// The name of a list, which begins with an asterisk.
+std::string UndefinedList(const SampleDeck&, const Value& value, Random&)
+{
+    return value.text.size() > 1 && value.text.front() == '*' ? "'" + value.text + "X'" : std::string();
+}
+
 std::string Unmatched(const SampleDeck&, const Value& value, Random&)
 {
     const bool isPattern = value.text.size() > 1 && value.text.back() == '*' && value.text.front() != '*';
@@ -67,15 +79,19 @@ void AddKindsOfRules(std::vector<Kind>& kinds)
         if (rule.tag != "names")
             continue;
         std::string uses;
-        std::string definitions;
-        for (const Rule& use : rule.children)
-            (use.tag == "refer" ? uses : definitions) += WhereOf(use, "items");
+        std::string definitions; // keywords that are not meant
+        for (const Rule& use : rule.children) {
+            uses += use.tag == "refer" ? WhereOf(use, "items") : "";
+            for (const std::string& keyword : use.GetWords("keywords"))
+                definitions += use.tag == "define" ? "-" + keyword + " " : "";
+        }
         const std::string kind = rule.Get("kind");
-        if (kind == "lift table" || kind == "array") // those that define arrays name them only
+        if (kind == "well" || kind == "group") // vectors of SUMMARY are a kind of their own
+            uses += "@SCHEDULE ";
+        if (kind == "well" || kind == "group" || kind == "fault")
+            uses += definitions;
+        if (!uses.empty())
             kinds.push_back({"undefined " + kind, OnValue(uses, Undefined)});
-        else
-            kinds.push_back({"undefined " + kind,
-                OnValue(uses + (kind == "group" || kind == "well" ? "@SCHEDULE" : ""), Undefined)});
     }
 }
 
@@ -96,6 +112,7 @@ void AddKindsOfNames(std::vector<Kind>& kinds)
         {"output of an undefined well",
             OnValue("WOPR WWPR WGPR WBHP WGOR WWCT WTICHEA WTPCHEA COFR.WELL CWFR.WELL @SUMMARY", Undefined)},
         {"output of an undefined group", OnValue("GOPR GWPR GGPR GWIR GOPT @SUMMARY", Undefined)},
+        {"undefined list of wells", OnValue("*.WELL @SCHEDULE", UndefinedList)},
         {"undefined aquifer", OnValue("AQUANCON.AQUIFER", Undefined)},
         {"output of an undefined aquifer", OnValue("AAQP AAQR AAQT @SUMMARY", Undefined)},
         {"undefined separator", OnValue("GSEPCOND.NAME", Undefined)},
@@ -109,7 +126,7 @@ void AddKindsOfNames(std::vector<Kind>& kinds)
         {"well opened where it isn't completed",
             OnValue("WELOPEN.K COMPLUMP.K1 WPIMULT.K", Constant("3"), "record")},
         {"undefined quantity in an action", OnValue("ACTIONX.LEFT", Undefined)},
-        {"condition on an undefined well", OnValue("ACTIONX.WORDS", Undefined)},
+        {"condition on an undefined well", OnValue("ACTIONX.WORDS", UndefinedName)},
         {"group of a reinjection undefined", OnValue("GCONINJE.REINGRP GCONINJE.VREPGRP", Undefined)},
         {"path to no file", OnValue("PATHS.PATH", Undefined)},
     };

@@ -158,7 +158,6 @@ void AddKindsOfPresence(std::vector<Kind>& kinds)
         {"missing components", RemoveAll("CNAMES", "PROPS COMPS")},
         {"missing critical properties", RemoveAll("TCRIT", "PROPS COMPS")},
         {"missing composition", RemoveAll("ZMFVD", "SOLUTION COMPS")},
-        {"missing start", RemoveAll("START", "RUNSPEC SCHEDULE")},
         {"missing dissolved gas at the start", RemoveAll("RSVD", "SOLUTION DISGAS EQUIL")},
         {"missing WELLDIMS", RemoveAll("WELLDIMS", "RUNSPEC WELSPECS COMPDAT")},
         {"missing temperature", RemoveAll("RTEMP TEMPVD", "PROPS SOLUTION")},

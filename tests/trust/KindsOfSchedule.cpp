@@ -128,11 +128,28 @@ Rewrite Plus(int more)
     };
 }
 
+/// Only for a date that another one follows in its keyword.
+Rewrite BeforeOthers(Rewrite rewrite)
+{
+    return [rewrite](const SampleDeck& deck, const Value& value, Random& random) {
+        return FindInRow(deck, value, 1) ? rewrite(deck, value, random) : std::string();
+    };
+}
+
+/// Only in a deck with dates.
+Rewrite IfDated(Rewrite rewrite)
+{
+    return [rewrite](const SampleDeck& deck, const Value& value, Random& random) {
+        return deck.GetDeck().Has("DATES") ? rewrite(deck, value, random) : std::string();
+    };
+}
+
 /// A keyword that no run of the deck's simulator and mode has.
 MakeMistake Insert(const std::string& after, const std::string& text, const std::string& needs)
 {
     return [=](const SampleDeck& deck, Random&) -> std::optional<Mistake> {
-        if (!deck.GetDeck().Has(after) || (!needs.empty() && !deck.GetDeck().Has(needs)))
+        if (!deck.GetDeck().Has(after) || deck.GetTarget().mode == Core::Keywords::SimulatorModeType::Any
+            || (!needs.empty() && !deck.GetDeck().Has(needs)))
             return std::nullopt;
         const TextRange line = deck.LinesOf(deck.GetDeck().Get(after).GetRange());
         return Mistake{{{{line.file, line.offset + line.length, 0}, text}}};
@@ -149,15 +166,14 @@ void AddKindsOfSchedule(std::vector<Kind>& kinds)
         {"day that the month doesn't have", OnValue("DATES.DAY", DayBeyondMonth)},
         {"year with three digits", OnValue("DATES.YEAR", Constant("203"))},
         {"year before the start", OnValue("DATES.YEAR", Plus(-60))},
-        {"year of the next century", OnValue("DATES.YEAR", Plus(100), "DATES TSTEP")},
+        {"year of the next century", OnValue("DATES.YEAR", BeforeOthers(Plus(100)), "DATES")},
         {"dates out of order", OnValue("DATES.YEAR +later", Plus(-3), "DATES")},
-        {"start after the first date", OnValue("START.YEAR", Plus(70), "DATES SCHEDULE")},
-        {"date twice", RepeatRecord("DATES.DAY", same)},
+        {"start after the first date", OnValue("START.YEAR", IfDated(Plus(70)), "DATES SCHEDULE")},
+        {"date twice", RepeatRecord("DATES.DAY", same), true},
         {"negative length of a step", OnValue("TSTEP", Around("-", ""))},
         {"control of a producer without its target", WithoutTarget("WCONPROD.CONTROL")},
         {"control of an injector without its target", WithoutTarget("WCONINJE.CONTROL")},
         {"control of a group without its target", WithoutTarget("GCONPROD.CONTROL GCONINJE.CONTROL")},
-        {"measured control without its rate", WithoutTarget("WCONHIST.CONTROL")},
         {"control of a producer by another quantity",
             OnValue("WCONPROD.CONTROL", OtherControl({"WRAT", "RESV", "ORAT", "LRAT"}), "record")},
         {"control of an injector by another quantity",

@@ -2,6 +2,7 @@
 
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/IKeywordRecordMD.h"
+#include "quor/syntax/ICellPropertyInfo.h"
 #include "quor/syntax/IKeywordSyntax.h"
 
 #include <algorithm>
@@ -147,8 +148,7 @@ std::optional<Mistake> RemoveSlash(
         return std::nullopt;
     const std::size_t at = random.Choose(slashes);
     Mistake mistake{{{words[at].range, ""}}};
-    if (at > 0)
-        mistake.places.push_back(words[at - 1].range);
+    mistake.places.push_back(at > 0 ? words[at - 1].range : keyword.GetNameRange());
     if (at + 1 < words.size())
         mistake.places.push_back(words[at + 1].range);
     else if (const std::size_t next = keyword.GetIndex() + 1; next < deck.GetDeck().GetSize())
@@ -166,7 +166,8 @@ std::optional<Mistake> RemoveSlashOf(const SampleDeck& deck, const DeckKeyword& 
 std::optional<Mistake> CutArray(const SampleDeck& deck, const DeckKeyword& keyword, Random& random)
 {
     const std::vector<Word> words = deck.WordsOf(keyword);
-    if (FormOf(keyword) != Form::Values || words.size() < 4 || !keyword.GetSyntax().GetCellPropertyInfo())
+    if (FormOf(keyword) != Form::Values || words.size() < 4 || !keyword.GetSyntax().GetCellPropertyInfo()
+        || keyword.GetSyntax().GetCellPropertyInfo()->CopyLayerAboveByDefault())
         return std::nullopt;
     const TextRange after = words[random.Below(words.size() - 2)].range;
     return Mistake{{{{after.file, after.offset + after.length, 0}, " /"}}, {keyword.GetRange()}};
@@ -176,15 +177,6 @@ std::optional<Mistake> InsertText(const SampleDeck& deck, const DeckKeyword& key
 {
     const TextRange line = deck.LinesOf(keyword.GetNameRange());
     return Mistake{{{{line.file, line.offset, 0}, "Rates agreed in the meeting of May\n"}}};
-}
-
-std::optional<Mistake> InsertSlash(const SampleDeck& deck, const DeckKeyword& keyword, Random& random)
-{
-    const std::vector<Word> words = deck.WordsOf(keyword);
-    if (FormOf(keyword) != Form::Record || words.size() < 4)
-        return std::nullopt;
-    const TextRange after = words[random.Below(words.size() - 2)].range;
-    return Mistake{{{{after.file, after.offset + after.length, 0}, " /"}}, {keyword.GetRange()}};
 }
 
 /// Lines of the texts of a deck that begin with `start`.
@@ -247,7 +239,7 @@ void AddKindsOfText(std::vector<Kind>& kinds)
         {"misspelt output vector", OnKeyword("@SUMMARY", MisspellWithData)},
         {"misspelt section", OnKeyword("", MisspellSection)},
         {"keyword in lower case", OnKeyword("", LowerName)},
-        {"indented keyword", OnKeyword("", IndentName)},
+        {"indented keyword", OnKeyword("", IndentName), true},
         {"missing section keyword", OnKeyword("", RemoveSection)},
         {"repeated section", OnKeyword("", RepeatSection)},
         {"keyword in a wrong section",
@@ -260,17 +252,17 @@ void AddKindsOfText(std::vector<Kind>& kinds)
         {"missing slash of a table", OnKeyword("", RemoveSlashOf<Form::Tables, false>)},
         {"missing slash of the last table", OnKeyword("", RemoveSlashOf<Form::Tables, true>)},
         {"slash within an array", OnKeyword("", CutArray)},
-        {"slash within a record", OnKeyword("@RUNSPEC @PROPS @SOLUTION @SCHEDULE", InsertSlash)},
         {"text between keywords", OnKeyword("", InsertText)},
         {"comment with one hyphen", OnLine("-- ", "- ", "")},
         {"SKIP without ENDSKIP", OnLine("ENDSKIP", "", "SKIP")},
         {"ENDSKIP without SKIP", OnLine("SKIP\n", "\n", "ENDSKIP")},
         {"misspelt name of an included file", OnInclusion(".inc", "s.inc")},
+        {"included file in capitals", OnInclusion(".inc", ".INC")},
+        {"backslash in the name of an included file", OnInclusion("/", "\\")},
         {"quote not closed after a file name", OnInclusion("'", "")},
-        {"missing slash of an inclusion", OnInclusion("/", "")},
         {"misspelt path alias", OnInclusion("$", "$X")},
         {"missing ENDACTIO", OnLine("ENDACTIO", "", "ACTIONX")},
-        {"missing ENDBOX", OnLine("ENDBOX", "", "BOX")},
+        {"missing ENDBOX", OnLine("ENDBOX", "", "BOX"), true},
         {"missing ENDFIN", OnLine("ENDFIN", "", "CARFIN")},
     };
     kinds.insert(kinds.end(), added.begin(), added.end());

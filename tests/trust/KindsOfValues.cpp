@@ -9,12 +9,28 @@
 
 #include <algorithm>
 #include <cctype>
+#include <sstream>
 
 namespace Veld::Quor::Trust {
 
 using namespace Core::Decks;
 using namespace Core::Keywords;
 using MDType = IKeywordDataMD::MDType;
+
+namespace {
+
+/// What is before the last value of a repeat: `4*0.2 ` of `5*0.2`; else empty.
+std::string BeforeLast(const SampleDeck& deck, const Value& value)
+{
+    const std::string_view word = deck.GetText(value.range);
+    const std::size_t star = word.find('*');
+    if (value.text.find('*') != std::string::npos || star == std::string_view::npos)
+        return {};
+    const int count = std::stoi(std::string(word));
+    return count == 1 ? std::string() : fmt::format("{}{} ", count - 1, word.substr(star));
+}
+
+} // namespace
 
 MakeMistake OnValue(const std::string& where, Rewrite rewrite, const std::string& places)
 {
@@ -25,7 +41,8 @@ MakeMistake OnValue(const std::string& where, Rewrite rewrite, const std::string
             const Value& value = *ChooseValue(deck, values, random);
             const std::string text = rewrite(deck, value, random);
             if (!text.empty())
-                return Mistake{{{value.range, text}}, PlacesOf(deck, value, places)};
+                return Mistake{
+                    {{value.range, BeforeLast(deck, value) + text}}, PlacesOf(deck, value, places)};
         }
         return std::nullopt;
     };
@@ -34,15 +51,17 @@ MakeMistake OnValue(const std::string& where, Rewrite rewrite, const std::string
 std::vector<TextRange> PlacesOf(const SampleDeck& deck, const Value& value, const std::string& places)
 {
     std::vector<TextRange> ranges;
-    if (places == "record") {
-        const TextRange slash = deck.SlashAfter(value);
-        ranges.push_back({slash.file, value.range.offset, slash.offset + slash.length - value.range.offset});
-    } else if (places == "keyword") {
-        ranges.push_back(deck.GetDeck()[value.keyword].GetRange());
-    } else if (places == "uses") {
-        ranges = deck.UsesOf(value.text);
-    } else {
-        ranges = RangesOf(deck, places);
+    std::istringstream words(places);
+    for (std::string word; words >> word;) {
+        if (word == "record") {
+            const TextRange slash = deck.SlashAfter(value);
+            ranges.push_back(
+                {slash.file, value.range.offset, slash.offset + slash.length - value.range.offset});
+        } else if (word == "keyword") {
+            ranges.push_back(deck.GetDeck()[value.keyword].GetRange());
+        } else {
+            Append(word == "uses" ? deck.UsesOf(value.text) : RangesOf(deck, word), ranges);
+        }
     }
     return ranges;
 }
@@ -110,8 +129,7 @@ std::string MisspeltChoice(const SampleDeck&, const Value& value, Random& random
     const auto& md = static_cast<const IKeywordChoiceMD&>(*value.md);
     for (int i = 0; i < 20; ++i) {
         const std::string word = Misspelt(value.text, random);
-        if (md.Match(word).index < 0
-            && std::isalpha(static_cast<unsigned char>(word.front())))
+        if (md.Match(word).index < 0 && std::isalpha(static_cast<unsigned char>(word.front())))
             return word;
     }
     return {};
@@ -143,8 +161,8 @@ std::optional<Mistake> AddValues(const SampleDeck& deck, Random& random)
     return Mistake{{{{slash.file, slash.offset, 0}, defaults + "7 "}}};
 }
 
-/// Ends a record before a value that has no default.
-std::optional<Mistake> CutRecord(const SampleDeck& deck, Random& random)
+/// Ends a record before a value that has no default, by a slash or by leaving out the rest.
+std::optional<Mistake> CutRecord(const SampleDeck& deck, Random& random, bool isBySlash)
 {
     const Value* value = ChooseValue(deck, FindValues(deck, Where("+required")), random);
     if (!value || value->path.empty() || value->path.back() == 0)
@@ -153,6 +171,8 @@ std::optional<Mistake> CutRecord(const SampleDeck& deck, Random& random)
     if (slash.length == 0 || value->record->GetTermination() != IKeywordDataMD::TerminationType::SLASH)
         return std::nullopt;
     const TextRange range{value->range.file, value->range.offset, slash.offset - value->range.offset};
+    if (isBySlash)
+        return Mistake{{{{range.file, range.offset, 0}, "/ "}}, {{range.file, range.offset - 1, 1}}};
     return Mistake{{{range, ""}}, {{range.file, range.offset - 1, 1}}};
 }
 
@@ -173,8 +193,7 @@ void AddKindsOfValues(std::vector<Kind>& kinds)
         {"misspelt word of a choice", OnValue("+choice", MisspeltChoice, "record")},
         {"number for a word", OnValue("+choice", Constant("7.5"), "record")},
         {"default without one", OnValue("+required", Constant("1*"), "record")},
-        {"default in a list of values",
-            OnValue("+array +number @RUNSPEC @SOLUTION @SCHEDULE", Constant("1*"))},
+        {"default in a list of values", OnValue("+given", Constant("1*"))},
         {"repeat of no times", OnValue("+number", Around("0*", ""), "record")},
         {"blank in a repeat", OnValue("+number +array", Around("1* ", ""), "keyword")},
         {"quote not closed", OnValue("+string", Around("'", ""), "record")},
@@ -184,7 +203,10 @@ void AddKindsOfValues(std::vector<Kind>& kinds)
         {"hard space", OnValue("+record", Around("\xC2\xA0", ""), "record")},
         {"blank in a name", OnValue("+string +identifier", CutName, "record")},
         {"too many values in a record", AddValues},
-        {"too few values in a record", CutRecord},
+        {"too few values in a record",
+            [](const SampleDeck& deck, Random& random) { return CutRecord(deck, random, false); }},
+        {"slash within a record",
+            [](const SampleDeck& deck, Random& random) { return CutRecord(deck, random, true); }},
     };
     kinds.insert(kinds.end(), added.begin(), added.end());
 }

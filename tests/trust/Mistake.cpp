@@ -47,7 +47,9 @@ bool IsOfType(const SampleDeck& deck, const Value& value, const std::string& typ
     if (type == "string")
         return is == MDType::String;
     if (type == "array")
-        return !value.record;
+        return value.list != nullptr;
+    if (type == "given")
+        return value.list && !value.list->IsItemDefaultable();
     if (type == "identifier")
         return value.record && value.record->IsIdentifier(static_cast<int>(value.path.back()));
     return type == "required" ? IsRequired(value) : type == "record" && value.record;

@@ -25,6 +25,7 @@ using MakeMistake = std::function<std::optional<Mistake>(const SampleDeck& deck,
 struct Kind {
     std::string name;
     MakeMistake make;
+    bool isStrict = false; ///< simulators accept it: it is reported only if asked for
 };
 
 /// What a kind is about: words separated by blanks, which must all hold.
@@ -36,7 +37,7 @@ struct Kind {
 ///     @SCHEDULE         in this section; several of them: one must hold
 ///     +integer          of this type: integer, real, number, choice, string; array (an element of a list of
 ///                       values) or record (an item of a record); identifier; required (has no default);
-///                       first, later, last (in such a row of its table)
+///                       given (in a list without defaults); first, later, last (in such a row of its table)
 class Where {
 public:
     explicit Where(const std::string& text);

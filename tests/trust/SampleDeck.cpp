@@ -1,6 +1,5 @@
 #include "tests/trust/SampleDeck.h"
 
-#include "quor/metadata/IKeywordListMD.h"
 #include "quor/syntax/IKeywordSyntax.h"
 
 #include <algorithm>
@@ -42,10 +41,12 @@ void FindMetadata(const IKeywordDataMD* md, Value& value)
     value.item = md->GetName();
     for (const std::size_t index : value.path) {
         if (md->GetType() == MDType::List) {
-            md = static_cast<const IKeywordListMD*>(md)->GetItemMD();
+            value.list = static_cast<const IKeywordListMD*>(md);
             value.record = nullptr;
+            md = value.list->GetItemMD();
         } else {
             value.record = static_cast<const IKeywordRecordMD*>(md);
+            value.list = nullptr;
             md = value.record->GetItemMD(static_cast<int>(index));
         }
         if (!md->GetName().empty())
@@ -81,11 +82,13 @@ void SampleDeck::AddValues(const std::string& name)
     for (const DeckValue& found : Resolve(deck_, ValueAddress{name})) {
         if (!found.range || found.range->length == 0 || found.text.empty())
             continue;
-        Value value{found.keyword.GetIndex(), found.path, {}, nullptr, nullptr, *found.range, found.text};
-        FindMetadata(found.keyword.GetSyntax().GetDataMD(), value);
-        if (Unquoted(GetText(value.range)).find('*') == std::string::npos
-            || value.text.find('*') != std::string::npos)
-            values_.push_back(std::move(value));
+        const TextRange range = *found.range;
+        if (!values_.empty() && values_.back().range.file == range.file
+            && values_.back().range.offset == range.offset)
+            values_.pop_back(); // the last one of a repeat stands for all
+        values_.push_back(
+            {found.keyword.GetIndex(), found.path, {}, nullptr, nullptr, nullptr, range, found.text});
+        FindMetadata(found.keyword.GetSyntax().GetDataMD(), values_.back());
     }
 }
 

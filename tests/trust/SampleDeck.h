@@ -2,6 +2,7 @@
 
 #include "quor/deck/Deck.h"
 #include "quor/deck/ValueAddress.h"
+#include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 
 #include <cstddef>
@@ -19,6 +20,7 @@ struct Value {
     std::string item; ///< its name, or that of the list that it is in; may be empty
     const Core::Keywords::IKeywordDataMD* md = nullptr;
     const Core::Keywords::IKeywordRecordMD* record = nullptr; ///< that it is in; null in a list of values
+    const Core::Keywords::IKeywordListMD* list = nullptr; ///< of values that it is in; null in a record
     Core::Decks::TextRange range;
     std::string text; ///< without quotes
 };

@@ -121,10 +121,11 @@ std::string TextOf(const SampleDeck& deck, const Mistake& mistake, const std::ve
 
 } // namespace
 
-Trial Try(const SampleDeck& deck, const Mistake& mistake, const DeckLanguage& language)
+Trial Try(const SampleDeck& deck, const Mistake& mistake, bool isStrict, const DeckLanguage& language)
 {
     const ChangedDeck changed(deck, mistake);
-    const auto options = ReadOptions().SetTarget(deck.GetTarget()).SetSource(changed.GetSource());
+    const auto options =
+        ReadOptions().SetTarget(deck.GetTarget()).SetSource(changed.GetSource()).SetStrict(isStrict);
     const Findings findings = Deck::Read(deck.GetPath(), language, options).GetFindings().Fold(200);
     const std::vector<Lines> places = changed.GetPlaces();
     Trial trial{Outcome::Several, TextOf(deck, mistake, places, findings)};

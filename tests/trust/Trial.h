@@ -20,6 +20,7 @@ struct Trial {
 };
 
 /// Reads the deck with the mistake, and compares its findings with where they should be.
-Trial Try(const SampleDeck& deck, const Mistake& mistake, const Core::Decks::DeckLanguage& language);
+Trial Try(
+    const SampleDeck& deck, const Mistake& mistake, bool isStrict, const Core::Decks::DeckLanguage& language);
 
 } // namespace Veld::Quor::Trust

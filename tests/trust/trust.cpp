@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -71,7 +72,7 @@ void TryOnce(const Kind& kind, const std::vector<SampleDeck>& decks, const DeckL
         const auto mistake = kind.make(deck, random);
         if (!mistake)
             continue;
-        const Trial trial = Try(deck, *mistake, language);
+        const Trial trial = Try(deck, *mistake, kind.isStrict, language);
         ++result.counts[static_cast<std::size_t>(trial.outcome)];
         if (trial.outcome != Outcome::AtPlace)
             result.examples.push_back(fmt::format("  seed {}:\n{}", seed, trial.text));
@@ -85,11 +86,25 @@ void Print(const std::string& name, const Counts& counts)
         counts[1], counts[2], counts[3]);
 }
 
+/// Those of the examples that have no finding, in one order everywhere.
+std::vector<std::string> ExampleDecks()
+{
+    std::vector<std::string> paths;
+    for (const char* folder : {QUOR_SOURCE_DIR "/examples/decks", QUOR_SOURCE_DIR "/examples/decks/field"}) {
+        for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+            if (entry.path().extension() == ".data")
+                paths.push_back(entry.path().string());
+        }
+    }
+    std::sort(paths.begin(), paths.end());
+    return paths;
+}
+
 int Run(const Settings& settings)
 {
     const DeckLanguage language;
     std::vector<SampleDeck> decks;
-    for (const std::string& path : settings.decks)
+    for (const std::string& path : settings.decks.empty() ? ExampleDecks() : settings.decks)
         decks.emplace_back(path, language);
     const std::vector<Kind> kinds = MakeKinds(settings.kind);
     std::vector<Result> results(kinds.size());
@@ -120,7 +135,8 @@ int main(int count, char** words)
 {
     CLI::App app("Seeds mistakes into decks without findings, and counts by kind what is found.");
     Settings settings;
-    app.add_option("DECK", settings.decks, "Decks without a finding")->required();
+    app.add_option(
+        "DECK", settings.decks, "Decks without a finding; those of the examples if there are none");
     app.add_option("--seeds", settings.seeds, "How many mistakes, of all kinds in turn")
         ->capture_default_str();
     app.add_option("--seed", settings.seed, "Other numbers, other places")->capture_default_str();
