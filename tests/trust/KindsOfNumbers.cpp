@@ -14,7 +14,7 @@ namespace {
 Rewrite Beyond(const std::string& size)
 {
     return [size](const SampleDeck& deck, const Value& value, Random& random) {
-        const std::size_t limit = deck.GetSize(size);
+        const std::size_t limit = FindSibling(deck, value, "LGR") ? 0 : deck.GetSize(size);
         return limit == 0 || value.text == "0" ? std::string() : std::to_string(limit + 1 + random.Below(5));
     };
 }

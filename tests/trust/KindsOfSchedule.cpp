@@ -144,6 +144,23 @@ Rewrite IfDated(Rewrite rewrite)
     };
 }
 
+/// The head of a well, and with it its connections, in a column of cells that take no part.
+std::optional<Mistake> MoveToInactiveCells(const SampleDeck& deck, Random& random)
+{
+    std::vector<const Value*> cells = FindValues(deck, Where("ACTNUM"));
+    std::erase_if(cells, [](const Value* cell) { return cell->text != "0"; });
+    const Value* i = ChooseValue(deck, FindValues(deck, Where("WELSPECS.I")), random);
+    if (!i || cells.empty())
+        return std::nullopt;
+    const std::size_t cell = random.Choose(cells)->path.back();
+    const std::size_t nx = deck.GetSize("NX");
+    const std::size_t column = cell % nx + 1;
+    const std::size_t row = cell / nx % deck.GetSize("NY") + 1;
+    return Mistake{
+        {{i->range, std::to_string(column)}, {FindSibling(deck, *i, "J")->range, std::to_string(row)}},
+        RangesOf(deck, "COMPDAT")};
+}
+
 /// A keyword that no run of the deck's simulator and mode has.
 MakeMistake Insert(const std::string& after, const std::string& text, const std::string& needs)
 {
@@ -203,12 +220,11 @@ void AddKindsOfSchedule(std::vector<Kind>& kinds)
         {"measured rate below zero", OnValue("WCONHIST.ORAT WCONHIST.WRAT WCONHIST.GRAT", Around("-", ""))},
         {"rate below zero",
             OnValue("WCONPROD.ORAT WCONPROD.LRAT WCONPROD.GRAT WCONINJE.RATE", Around("-", ""))},
-        {"connection in a cell that is not active",
-            OnValue("COMPDAT.K1", [](const SampleDeck&, const Value&, Random&) { return std::string(); })},
+        {"well in cells that are not active", MoveToInactiveCells},
         {"well opened that is misspelt",
             OnValue("WELOPEN.WELL",
                 [](const SampleDeck& deck, const Value& value, Random& random) {
-                    return MisspeltName(deck, value.text, random);
+                    return value.text.front() == '*' ? std::string() : MisspeltName(deck, value.text, random);
                 })},
         {"unknown direction of a face", OnValue("FAULTS.FACE AQUANCON.FACE", Constant("W"))},
         {"unknown quantity of a target", OnValue("WELTARG.QUANTITY WTMULT.QUANTITY", Constant("OILRATE"))},

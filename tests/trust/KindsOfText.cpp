@@ -57,7 +57,10 @@ std::optional<Mistake> MisspellName(const SampleDeck& deck, const DeckKeyword& k
     const std::string name = keyword.GetName();
     if (name.size() < 3)
         return std::nullopt;
-    return Mistake{{{keyword.GetNameRange(), MisspeltName(deck, name, random).substr(0, 8)}}};
+    std::string other = MisspeltName(deck, name, random);
+    while (other.starts_with(name.substr(0, 8))) // of which only so many letters count
+        other = MisspeltName(deck, name, random);
+    return Mistake{{{keyword.GetNameRange(), other}}};
 }
 
 bool IsSection(const DeckKeyword& keyword)
@@ -93,12 +96,15 @@ std::optional<Mistake> IndentName(const SampleDeck&, const DeckKeyword& keyword,
     return Mistake{{{{keyword.GetNameRange().file, keyword.GetNameRange().offset, 0}, "  "}}};
 }
 
+/// The first keyword that the section before it doesn't have is a place.
 std::optional<Mistake> RemoveSection(const SampleDeck& deck, const DeckKeyword& keyword, Random&)
 {
-    const std::size_t next = keyword.GetIndex() + 1;
-    if (!IsSection(keyword) || keyword.IsNamed("RUNSPEC") || next == deck.GetDeck().GetSize())
+    if (!IsSection(keyword) || keyword.IsNamed("RUNSPEC"))
         return std::nullopt;
-    return Mistake{{{deck.LinesOf(keyword.GetNameRange()), ""}}, {deck.GetDeck()[next].GetNameRange()}};
+    Mistake mistake{{{deck.LinesOf(keyword.GetNameRange()), ""}}};
+    for (const DeckKeyword other : deck.GetDeck().GetSection(keyword.GetSection()))
+        mistake.places.push_back(other.GetNameRange());
+    return mistake;
 }
 
 std::optional<Mistake> RepeatSection(const SampleDeck& deck, const DeckKeyword& keyword, Random& random)
@@ -258,7 +264,6 @@ void AddKindsOfText(std::vector<Kind>& kinds)
         {"ENDSKIP without SKIP", OnLine("SKIP\n", "\n", "ENDSKIP")},
         {"misspelt name of an included file", OnInclusion(".inc", "s.inc")},
         {"included file in capitals", OnInclusion(".inc", ".INC")},
-        {"backslash in the name of an included file", OnInclusion("/", "\\")},
         {"quote not closed after a file name", OnInclusion("'", "")},
         {"misspelt path alias", OnInclusion("$", "$X")},
         {"missing ENDACTIO", OnLine("ENDACTIO", "", "ACTIONX")},

@@ -19,7 +19,8 @@ namespace {
 bool IsRequired(const Value& value)
 {
     const auto& md = static_cast<const IKeywordItemMD&>(*value.md);
-    return value.record && !value.record->IsOptional(static_cast<int>(value.path.back()))
+    return value.record && md.GetType() != MDType::Line
+        && !value.record->IsOptional(static_cast<int>(value.path.back()))
         && !md.IsDefaultSpecified(SimulatorType::Any);
 }
 

@@ -82,8 +82,9 @@ void TryOnce(const Kind& kind, const std::vector<SampleDeck>& decks, const DeckL
 
 void Print(const std::string& name, const Counts& counts)
 {
-    fmt::print("{:<48} {:>5} {:>5.0f} % {:>9} {:>7} {:>6}\n", name, Sum(counts), ShareAtPlace(counts),
-        counts[1], counts[2], counts[3]);
+    const std::string share = Sum(counts) == 0 ? "no deck" : fmt::format("{:.0f} %", ShareAtPlace(counts));
+    fmt::print(
+        "{:<56} {:>5} {:>8} {:>9} {:>7} {:>6}\n", name, Sum(counts), share, counts[1], counts[2], counts[3]);
 }
 
 /// Those of the examples that have no finding, in one order everywhere.
@@ -112,7 +113,7 @@ int Run(const Settings& settings)
         TryOnce(kinds[i % kinds.size()], decks, language, settings.seed * 1'000'000 + i,
             results[i % kinds.size()]);
 
-    fmt::print("{:<48} {:>5} {:>7} {:>9} {:>7} {:>6}\n", "kind", "seeds", "at place", "elsewhere", "several",
+    fmt::print("{:<56} {:>5} {:>8} {:>9} {:>7} {:>6}\n", "kind", "seeds", "at place", "elsewhere", "several",
         "silent");
     Counts all = {};
     std::size_t below = 0;
