@@ -2,13 +2,28 @@
 
 #include "quor/deck/internal/ContentsOf.h"
 #include "quor/deck/internal/read/contents/DeckContents.h"
+#include "quor/deck/internal/text/DateForm.h"
 #include "quor/deck/internal/text/LineText.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
+
+namespace {
+
+Service::Time GetTimeOf(std::string_view date)
+{
+    const auto time = ToTime(date);
+    if (!time)
+        throw std::invalid_argument(fmt::format(
+            "invalid date '{}'; expected a date such as 2024-04-01 or 2024-04-01 12:30:00", Printable(date)));
+    return *time;
+}
+
+} // namespace
 
 KeywordNotFound::KeywordNotFound(const std::string& message)
     : Service::Exception(message)
@@ -124,6 +139,28 @@ std::vector<DeckKeyword> Deck::GetAfterStep(std::size_t step) const&
         if (contents.keywords[i].step != step)
             break;
         keywords.push_back((*this)[i]);
+    }
+    return keywords;
+}
+
+std::optional<std::size_t> Deck::FindStep(std::string_view date) const
+{
+    const Service::Time time = GetTimeOf(date);
+    const std::vector<ReportStep>& steps = ContentsOf(*this).steps;
+    const auto step = std::find_if(
+        steps.begin(), steps.end(), [&time](const ReportStep& each) { return IsWrittenAs(each.time, time); });
+    if (step == steps.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(step - steps.begin());
+}
+
+std::vector<DeckKeyword> Deck::GetAtDate(std::string_view date) const&
+{
+    const Service::Time time = GetTimeOf(date);
+    std::vector<DeckKeyword> keywords;
+    for (const DeckKeyword keyword : *this) {
+        if (keyword.GetSection() == Keywords::SectionType::SCHEDULE && IsWrittenAs(keyword.GetTime(), time))
+            keywords.push_back(keyword);
     }
     return keywords;
 }

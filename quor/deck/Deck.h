@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -105,6 +106,14 @@ public:
     /// `std::out_of_range` if the deck has no such step.
     std::vector<DeckKeyword> GetAfterStep(std::size_t step) const&;
     std::vector<DeckKeyword> GetAfterStep(std::size_t step) const&& = delete;
+    /// The index of the first report step at a date, as `DateText` writes it ("2024-04-01"); empty if the
+    /// deck has none. Throws `std::invalid_argument` for a text that is no such date.
+    std::optional<std::size_t> FindStep(std::string_view date) const;
+    /// The keywords of SCHEDULE that hold from a date on, whose `GetTime` it is: those after the report steps
+    /// at the date, or before the first if it is the start of the deck. In the order of reading; empty if
+    /// there are none. Throws as `FindStep` does.
+    std::vector<DeckKeyword> GetAtDate(std::string_view date) const&;
+    std::vector<DeckKeyword> GetAtDate(std::string_view date) const&& = delete;
     /// When the simulation starts; undefined if the deck doesn't say it.
     Service::Time GetStart() const;
     /// In the order of reading.
@@ -151,12 +160,27 @@ private:
 /// Goes over the keywords of a deck; valid as long as the deck.
 class Deck::Iterator {
 public:
+    /// Keeps a keyword for as long as the expression with `->`.
+    class Pointer {
+    public:
+        /// Copies the keyword.
+        explicit Pointer(const DeckKeyword& keyword)
+            : keyword_(keyword)
+        {
+        }
+        /// Never null.
+        const DeckKeyword* operator->() const { return &keyword_; }
+
+    private:
+        DeckKeyword keyword_;
+    };
+
     /// What the standard library asks of an iterator.
     /// @{
     using iterator_category = std::input_iterator_tag;
     using value_type = DeckKeyword;
     using difference_type = std::ptrdiff_t;
-    using pointer = void;
+    using pointer = Pointer;
     using reference = DeckKeyword;
     /// @}
 
@@ -167,7 +191,10 @@ public:
     {
     }
     /// The keyword. Throws `std::out_of_range` at the end.
+    /// @{
     DeckKeyword operator*() const { return (*deck_)[index_]; }
+    Pointer operator->() const { return Pointer(**this); }
+    /// @}
     /// Goes to the next keyword.
     /// @{
     Iterator& operator++()

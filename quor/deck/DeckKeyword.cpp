@@ -99,14 +99,4 @@ std::string_view DeckKeyword::GetText() const
     return contents_->files.GetText(Get().whole);
 }
 
-std::string DateText(const Service::Time& time)
-{
-    std::string text = time.GetAsString();
-    for (const std::string_view nothing : {".000", " 00:00:00"}) {
-        if (text.ends_with(nothing))
-            text.resize(text.size() - nothing.size());
-    }
-    return text;
-}
-
 } // namespace Veld::Quor::Core::Decks

@@ -30,7 +30,8 @@ struct ReportStep {
     TextRange range; ///< of the element that leads to it, or of the keyword if that isn't known
 };
 
-/// "2030-01-31", with the time of day if that isn't midnight; empty for an undefined time.
+/// "2030-01-31", with the time of day to the millisecond if that isn't midnight; empty for an undefined time
+/// and outside the years 0 to 32767. `ValueAddress::Parse` and `Deck::FindStep` read it.
 VELD_QUOR_EXPORT std::string DateText(const Service::Time& time);
 
 /// One keyword of a deck: a handle of two words, cheap to copy, valid as long as the deck.
@@ -58,7 +59,7 @@ public:
     /// The last report step before it, in its section; null if there is none.
     const ReportStep* FindStep() const;
     /// The time of that step, or in SCHEDULE the start of the deck before the first; undefined elsewhere, and
-    /// if the deck gives none.
+    /// if the deck has none.
     Service::Time GetTime() const;
 
     /// Where its name begins.
@@ -72,6 +73,15 @@ public:
     TextRange GetRange() const;
     /// The text of `GetRange`; valid as long as the deck.
     std::string_view GetText() const;
+
+    /// Whether both are one keyword of one deck.
+    /// @{
+    friend bool operator==(const DeckKeyword& a, const DeckKeyword& b)
+    {
+        return a.contents_ == b.contents_ && a.index_ == b.index_;
+    }
+    friend bool operator!=(const DeckKeyword& a, const DeckKeyword& b) { return !(a == b); }
+    /// @}
 
 private:
     friend class Deck;

@@ -177,8 +177,7 @@ ValueAddress AddressOf(const Deck& deck, const DeckKeyword& keyword, std::size_t
         path =
             isList ? ValuePath{record, IndexOf(ChildOf(root, record), item)} : ValuePath{IndexOf(root, item)};
     if (!FindScalar(root, path))
-        throw AddressError(fmt::format("{}: record index {} has no value '{}'", keyword.GetName(), record,
-            item.IsName() ? std::string(item.Name()) : std::to_string(item.Index())));
+        throw AddressError(Printable(ExplainNoItem(keyword, record, item)));
     return FullAddress(ContentsOf(deck), {static_cast<std::uint32_t>(keyword.GetIndex()), path});
 }
 

@@ -1,46 +1,24 @@
 #include "quor/deck/ValueAddress.h"
 
+#include "quor/deck/internal/text/DateForm.h"
 #include "quor/deck/internal/text/LineText.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <charconv>
-#include <stdexcept>
 
 namespace Veld::Quor::Core::Decks {
 
 namespace {
 
-/// Whether the text can stand without quotes.
+/// Whether the text needs no quotes.
 bool IsBare(std::string_view text)
 {
     constexpr std::string_view special = "[],.@#";
     return !text.empty() && std::none_of(text.begin(), text.end(), [&](char c) {
         return IsWhite(c) || IsQuote(c) || special.find(c) != std::string_view::npos;
     });
-}
-
-/// The date, with the time of day if there is one, as `DateText` writes it; empty if it is none.
-std::string NormalDate(std::string_view text)
-{
-    constexpr std::string_view form = "0000-00-00 00:00:00.000";
-    if (text.size() != 10 && text.size() != 19 && text.size() != form.size())
-        return {};
-    const auto fits = [](char digit, char c) { return digit == '0' ? IsDigit(c) : c == digit; };
-    if (!std::equal(
-            text.begin(), text.end(), form.begin(), [&](char c, char digit) { return fits(digit, c); }))
-        return {};
-    const std::string whole = std::string(text).append(form.substr(text.size()));
-    const auto number = [&](std::size_t at, std::size_t length) {
-        return std::stoi(whole.substr(at, length));
-    };
-    try {
-        return DateText(Service::Time(number(0, 4), number(5, 2), number(8, 2), number(11, 2), number(14, 2),
-            number(17, 2), number(20, 3)));
-    } catch (const std::invalid_argument&) { // 30 February
-        return {};
-    }
 }
 
 std::string Quoted(const std::string& text)
@@ -158,11 +136,11 @@ std::string AddressParser::TakeDate()
 {
     const std::size_t begin = position_;
     position_ = std::min(text_.find('#', begin), text_.size());
-    std::string date = NormalDate(text_.substr(begin, position_ - begin));
-    if (date.empty())
+    const auto time = ToTime(text_.substr(begin, position_ - begin));
+    if (!time)
         Fail("invalid address '{}': expected a valid date such as 2024-04-01 or 2024-04-01 12:30:00 at {}",
             begin);
-    return date;
+    return DateText(*time);
 }
 
 std::size_t AddressParser::TakeNumber()

@@ -83,8 +83,8 @@ struct DeckValue {
     DeckKeyword keyword; ///< whose value it is
     ValuePath path; ///< from its data
     ValueAddress address; ///< the full one, which no other value of the deck has
-    std::string text; ///< the value as a word of a deck without quotes; empty if it isn't given, and
-                      ///< if a variable gives it
+    std::string text; ///< the value as a word of a deck without quotes; empty if it isn't given, or is a
+                      ///< variable without a value
     /// The word of the value in the text, which may be a repeat (`10*0.2`) of others too; of no
     /// length if the value isn't given. None if the deck isn't editable, or errors in the keyword hide it.
     std::optional<TextRange> range;

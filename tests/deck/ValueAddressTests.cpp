@@ -37,6 +37,7 @@ INSTANTIATE_TEST_SUITE_P(Addresses, Printed,
         PrintRow{"Negative", {"A", {"-1", "1*", "P*"}}, "A[-1,1*,P*]"},
         PrintRow{"Several", {"A", {"B", "C D", "0.5"}, {"E", "2", "F"}, "2024-04-01 12:30:00.500", 3},
             "A[B,'C D','0.5'].E.2.F@2024-04-01 12:30:00.500#3"},
+        PrintRow{"LateYear", {"A", {"B"}, {}, "32767-12-31 23:59:59"}, "A[B]@32767-12-31 23:59:59"},
         PrintRow{"Quotes", {"A", {"it's", "\"", ""}}, "A['it''s','\"','']"},
         PrintRow{"Special", {"A.B", {"[", "]", ",", "@", "#"}, {"P.Q", "\n"}},
             "'A.B'['[',']',',','@','#'].'P.Q'.'\n'"},
@@ -77,6 +78,10 @@ INSTANTIATE_TEST_SUITE_P(Addresses, Malformed,
         FailureRow{"NoSuchMonth", "A@9999-99-99", 2,
             "expected a valid date such as 2024-04-01 or 2024-04-01 12:30:00 at character 3"},
         FailureRow{"NoSuchDay", "A@2023-02-30", 2,
+            "expected a valid date such as 2024-04-01 or 2024-04-01 12:30:00 at character 3"},
+        FailureRow{"NoSuchYear", "A@32768-01-01", 2,
+            "expected a valid date such as 2024-04-01 or 2024-04-01 12:30:00 at character 3"},
+        FailureRow{"ZeroBeforeAYear", "A@02024-01-01", 2,
             "expected a valid date such as 2024-04-01 or 2024-04-01 12:30:00 at character 3"},
         FailureRow{"ItemAfterADate", "A@2024-04-01.B", 2,
             "expected a valid date such as 2024-04-01 or 2024-04-01 12:30:00 at character 3"},
@@ -255,6 +260,8 @@ INSTANTIATE_TEST_SUITE_P(Addresses, Advice,
         AdviceRow{"ItemUnlikeTheOnlyOne", "TITLE.NOTHING", "TITLE has no item 'NOTHING'; expected T"},
         AdviceRow{"NestedItem", "NESTED[1].rows.3",
             "NESTED has no value 'rows.3'; 'rows' has ROWS.1.P.Q, ROWS.1.2, ROWS.2.P.Q, ROWS.2.2"},
+        AdviceRow{
+            "ItemOfAValue", "BOX.I1.X", "BOX has no value 'I1.X'; 'I1' is a single value without items"},
         AdviceRow{"AddADate", "WELLS[P1].RATE",
             "WELLS[P1].RATE matches 4 values; add a date: 2024-03-01, 2024-04-01, 2024-04-01 12:30:00"},
         AdviceRow{"AddAnItem", "WELLS[P1]@2024-03-01",
@@ -291,6 +298,15 @@ TEST(Addresses, GoByTheNearestDates)
         "the address is empty; expected the name of a keyword, as in DIMENS.NX");
 }
 
+TEST(Addresses, HaveADateUpToTheYear32767)
+{
+    const Deck deck = ReadEditable("START\n 1 JAN 12000 /\nSCHEDULE\nWHOLE\n 1 /\nDATES\n 1 JAN 32767 /\n/\n"
+                                   "WHOLE\n 2 /\n");
+    EXPECT_EQ(Listed(deck, Resolve(deck, {"WHOLE"})), "WHOLE[1]@12000-01-01 = 1\nWHOLE[1]@32767-01-01 = 2");
+    EXPECT_EQ(ResolveOne(deck, ValueAddress::Parse("WHOLE[1]@12000-01-01")).text, "1");
+    EXPECT_EQ(deck.FindStep("32767-01-01"), 0U);
+}
+
 TEST(Addresses, AreMadeOfRecordsAndItems)
 {
     const Deck deck = ReadEditable(deckText);
@@ -299,10 +315,12 @@ TEST(Addresses, AreMadeOfRecordsAndItems)
     const auto refused = [&](const char* keyword, std::size_t record, ItemKey item) {
         return ReasonOf([&] { AddressOf(deck, deck.Get(keyword), record, item); });
     };
-    EXPECT_EQ(refused("WELLS", 1, "RATE"), "WELLS: record index 1 has no value 'RATE'");
-    EXPECT_EQ(refused("BOX", 0, "RATE"), "BOX: record index 0 has no value 'RATE'");
-    EXPECT_EQ(refused("BOX", 0, 6), "BOX: record index 0 has no value '6'");
-    EXPECT_EQ(refused("NESTED", 0, "ROWS"), "NESTED: record index 0 has no value 'ROWS'");
+    EXPECT_EQ(refused("WELLS", 1, "RATE"), "WELLS: record index 1 is out of range (it has 1 record)");
+    EXPECT_EQ(refused("WELLS", 0, "RAET"), "WELLS has no item 'RAET'; did you mean RATE?");
+    EXPECT_EQ(refused("BOX", 0, "RATE"), "BOX has no item 'RATE'; expected one of I1, I2, J1, J2, K1, K2");
+    EXPECT_EQ(refused("BOX", 0, 6), "BOX: item index 6 is out of range (the record has 6 items)");
+    EXPECT_EQ(refused("NESTED", 0, "ROWS"), "NESTED: item 'ROWS' is a List, not a single value");
+    EXPECT_EQ(refused("WHOLE", 0, "A"), "WHOLE has no records with items");
     EXPECT_EQ(
         ReasonOf([&] { ResolvePath(deck, deck.Get("WHOLE"), {4}); }), "WHOLE has no value at the path {4}");
     EXPECT_EQ(ReasonOf([&] {

@@ -18,6 +18,7 @@ using namespace Core::Keywords;
 
 namespace {
 
+using MDType = IKeywordDataMD::MDType;
 using Texts = std::vector<std::string>;
 
 constexpr std::size_t mostListed = 5;
@@ -98,34 +99,49 @@ Texts ItemsOf(const DeckContents& deck, const std::vector<ValueMatch>& matches)
     });
 }
 
-/// Of the record or list at which the items of the address lead nowhere; empty if it isn't a record.
-Texts NamesIn(const IKeywordData& root, const ValueMatch& match)
+Texts NamesIn(const IKeywordData& record)
 {
     Texts names;
-    const IKeywordData* node = &root;
-    if (node->GetMD()->GetType() == IKeywordDataMD::MDType::List && match.path.size() > 1)
-        node = &ChildOf(*node, match.path.front());
-    if (node->GetMD()->GetType() != IKeywordDataMD::MDType::Record)
-        return names;
-    for (std::size_t i = 0; i < CountChildren(*node); ++i)
-        names.push_back(ItemText(*node, i));
+    for (std::size_t i = 0; i < CountChildren(record); ++i)
+        names.push_back(ItemText(record, i));
     return names;
+}
+
+/// Of the record or list at which the items of the address lead nowhere; empty if it isn't a record.
+Texts NamesAt(const IKeywordData& root, const ValueMatch& match)
+{
+    const IKeywordData* node = &root;
+    if (node->GetMD()->GetType() == MDType::List && match.path.size() > 1)
+        node = &ChildOf(*node, match.path.front());
+    return node->GetMD()->GetType() == MDType::Record ? NamesIn(*node) : Texts();
+}
+
+/// The first item of the address is one of the record, and those after it lead nowhere.
+std::string ExplainBelow(const DeckContents& deck, const ValueAddress& address, const std::string& items)
+{
+    const std::string& item = address.items.front();
+    const auto below = FindMatches(deck, {address.keyword, address.identifiers, {item}});
+    const bool isValue = std::all_of(below.begin(), below.end(),
+        [&](const ValueMatch& match) { return MakeAddress(deck, match).items.size() == 1; });
+    if (isValue)
+        return fmt::format(
+            "{} has no value '{}'; '{}' is a single value without items", address.keyword, items, item);
+    return fmt::format(
+        "{} has no value '{}'; '{}' has {}", address.keyword, items, item, Listed(ItemsOf(deck, below)));
 }
 
 std::string ExplainItem(
     const DeckContents& deck, const ValueAddress& address, const std::vector<ValueMatch>& matches)
 {
     const ValueMatch& match = matches.front();
-    const Texts names = NamesIn(*deck.keywords[match.keyword].data, match);
+    const Texts names = NamesAt(*deck.keywords[match.keyword].data, match);
     const std::string items = fmt::format("{}", fmt::join(address.items, "."));
     if (names.empty())
         return fmt::format("{} has no value '{}'", address.keyword, items);
     const bool isKnown = std::any_of(names.begin(), names.end(),
         [&](const std::string& name) { return ToUpper(name) == ToUpper(address.items.front()); });
     if (isKnown && address.items.size() > 1)
-        return fmt::format("{} has no value '{}'; '{}' has {}", address.keyword, items, address.items.front(),
-            Listed(ItemsOf(
-                deck, FindMatches(deck, {address.keyword, address.identifiers, {address.items.front()}}))));
+        return ExplainBelow(deck, address, items);
     return fmt::format("{} has no item '{}'; {}", address.keyword, address.items.front(),
         Alternatives(names, address.items.front()));
 }
@@ -136,8 +152,8 @@ std::string ExplainNoValues(const DeckContents& deck, const ValueAddress& addres
     const IKeywordData* const data = deck.keywords[deck.names.Find(deck, address.keyword).back()].data.get();
     if (!data)
         return fmt::format("{} has no data", address.keyword);
-    const IKeywordDataMD::MDType::Enum type = data->GetMD()->GetType();
-    if (type == IKeywordDataMD::MDType::Map || type == IKeywordDataMD::MDType::Raw)
+    const MDType::Enum type = data->GetMD()->GetType();
+    if (type == MDType::Map || type == MDType::Raw)
         return fmt::format("the values of {} have no addresses", address.keyword);
     return fmt::format("{} has no values", address.keyword);
 }
@@ -147,7 +163,7 @@ std::string ExplainNoValues(const DeckContents& deck, const ValueAddress& addres
 std::size_t CountNumbered(const DeckContents& deck, const std::vector<ValueMatch>& matches)
 {
     const IKeywordDataMD* const md = deck.keywords[matches.front().keyword].data->GetMD();
-    if (md->GetType() != IKeywordDataMD::MDType::List || IsListOfNamedRecords(md))
+    if (md->GetType() != MDType::List || IsListOfNamedRecords(md))
         return 0;
     std::size_t count = 0;
     for (const ValueMatch& match : matches)
@@ -210,6 +226,33 @@ std::string ExplainNoMatch(const DeckContents& deck, const ValueAddress& address
     if (const auto matches = FindMatches(deck, wider); !matches.empty())
         return ExplainItem(deck, address, matches);
     return ExplainRecord(deck, address);
+}
+
+std::string ExplainNoItem(const DeckKeyword& keyword, std::size_t record, const ItemKey& item)
+{
+    const std::string name = keyword.GetName();
+    const IKeywordData& root = keyword.GetData();
+    const bool isList = root.GetMD()->GetType() == MDType::List;
+    const std::size_t size = isList ? CountChildren(root) : 1;
+    if (record >= size)
+        return fmt::format(
+            "{}: record index {} is out of range (it has {})", name, record, Counted(size, "record"));
+    const IKeywordDataMD& md = isList ? *FindChildMD(root, record) : *root.GetMD();
+    if (md.GetType() != MDType::Record)
+        return fmt::format("{} has no records with items", name);
+    const IKeywordData& data = isList ? ChildOf(root, record) : root;
+    const Texts names = NamesIn(data);
+    const auto known = std::find(names.begin(), names.end(), item.Name());
+    if (item.IsName() && known == names.end())
+        return fmt::format(
+            "{} has no item '{}'; {}", name, item.Name(), Alternatives(names, std::string(item.Name())));
+    const auto index = item.IsName() ? static_cast<std::size_t>(known - names.begin())
+                                     : static_cast<std::size_t>(item.Index());
+    if (index >= names.size())
+        return fmt::format("{}: item index {} is out of range (the record has {})", name, item.Index(),
+            Counted(names.size(), "item"));
+    return fmt::format("{}: item '{}' is a {}, not a single value", name, names[index],
+        MDType::ToString(FindChildMD(data, index)->GetType()));
 }
 
 std::string ExplainMatches(

@@ -13,4 +13,8 @@ std::string ExplainNoMatch(const DeckContents& deck, const ValueAddress& address
 std::string ExplainMatches(
     const DeckContents& deck, const ValueAddress& address, const std::vector<ValueMatch>& matches);
 
+/// Why the keyword's record has no single value that goes by the item.
+std::string ExplainNoItem(
+    const DeckKeyword& keyword, std::size_t record, const Core::Keywords::ItemKey& item);
+
 } // namespace Veld::Quor::Core::Decks

@@ -44,6 +44,15 @@ const IKeywordRecordData& DateAt(const IKeywordListData& list, std::size_t i)
     return static_cast<const IKeywordRecordData&>(*static_cast<const IKeywordData*>(list.GetData(i)));
 }
 
+/// For messages: the last year in which a date has a text, or the first, for one that has none.
+std::string NameOfTime(const Time& time)
+{
+    const std::string text = DateText(time);
+    if (!text.empty())
+        return text;
+    return time < Time(0, 1, 1, 0, 0, 0, 0) ? "the year 0" : "the year 32767";
+}
+
 /// Months are compared as they are written.
 void FoldMonth(IKeywordData& record)
 {
@@ -172,16 +181,16 @@ void TimeLine::CheckDate(const Time& time, const IKeywordRecordData& record, con
             "expected a date such as 1 JAN 2020");
     else if (sound_.now.IsDef() && time == sound_.now)
         reporter_.Report(range, Code::RepeatedDate,
-            fmt::format("DATES: {} has no effect; the schedule has already reached it", DateText(time)));
+            fmt::format("DATES: {} has no effect; the schedule has already reached it", NameOfTime(time)));
     else if (sound_.now.IsDef() && time < sound_.now)
         reporter_.Report(range, Code::DateOrder,
-            fmt::format("DATES: {} is not after {}, which the schedule has already reached", DateText(time),
-                DateText(sound_.now)));
+            fmt::format("DATES: {} is not after {}, which the schedule has already reached", NameOfTime(time),
+                NameOfTime(sound_.now)));
     else
         sound_.now = time;
 }
 
-/// TSTEP goes on from the time that was reached, TIME from the start.
+/// TSTEP continues from the time that was reached, TIME from the start.
 Time TimeLine::Clock::After(const KeywordInstance& keyword, double period) const
 {
     const bool isFromStart = keyword.syntax->GetName() == "TIME" || !now.IsDef();
@@ -212,7 +221,7 @@ void TimeLine::CheckPeriods(const KeywordInstance& keyword)
     if (sound_.now.IsDef() && end.now < sound_.now)
         reporter_.Report(keyword.name, Code::DateOrder,
             fmt::format("{}: {} is before {}, which the schedule has already reached",
-                keyword.syntax->GetName(), DateText(end.now), DateText(sound_.now)));
+                keyword.syntax->GetName(), NameOfTime(end.now), NameOfTime(sound_.now)));
     else
         sound_ = end;
 }
