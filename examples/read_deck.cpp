@@ -29,7 +29,8 @@ int main(int count, char** arguments)
             sum += porosities[i];
             ++given;
         }
-        std::cout << "mean of PORO " << sum / static_cast<double>(given) << '\n';
+        if (given > 0)
+            std::cout << "mean of PORO " << sum / static_cast<double>(given) << '\n';
         return deck.IsClean() ? 0 : 1;
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';

@@ -2,30 +2,34 @@
 
 #include "quor/Deck.h"
 
-#include <array>
+#include <cstddef>
 #include <exception>
+#include <future>
 #include <iostream>
-#include <thread>
+#include <string>
+#include <vector>
 
 using namespace Veld::Quor::Core::Decks;
 
 int main()
 {
-    const DeckLanguage language;
-    std::array<std::size_t, 8> errors = {};
-    std::array<std::thread, 8> threads;
-    for (std::size_t i = 0; i < threads.size(); ++i)
-        threads[i] = std::thread([&language, &count = errors[i], i] {
-            // Each deck has one keyword more that does not exist.
-            std::string text = "RUNSPEC\nTITLE\n a member of an ensemble\n";
-            for (std::size_t line = 0; line < i; ++line)
-                text += "NOSUCHKW\n";
-            const Deck deck = Deck::ReadText(text, language);
-            count = deck.GetFindings().GetCount(Severity::Error);
-        });
-    for (std::thread& thread : threads)
-        thread.join();
-    for (const std::size_t count : errors)
-        std::cout << count << ' ';
-    std::cout << "errors\n";
+    try {
+        const DeckLanguage language;
+        std::vector<std::future<std::size_t>> counts;
+        std::string text = "RUNSPEC\nTITLE\n a member of an ensemble\n";
+        for (int member = 0; member < 8; ++member) {
+            counts.push_back(std::async(std::launch::async, [&language, text] {
+                const Deck deck = Deck::ReadText(text, language);
+                return deck.GetFindings().GetCount(Severity::Error);
+            }));
+            text += "NOSUCHKW\n"; // the next deck has one more keyword that does not exist
+        }
+        for (std::future<std::size_t>& count : counts)
+            std::cout << count.get() << ' ';
+        std::cout << "errors\n";
+        return 0;
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+        return 1;
+    }
 }

@@ -41,9 +41,9 @@ public:
     ~EditError() override;
 };
 
-/// The new value of an item. Nothing is converted: a Boolean needs a `bool`, an Integer an `int`, a Real a
-/// `double` (`900.0`, not `900`), a String and a Line a text, a Choice the word of a choice, whole and
-/// without regard to case.
+/// The new value of an item. Nothing is converted but a `float`: a Boolean needs a `bool`, an Integer an
+/// `int`, a Real a `double` (`900.0`, not `900`), a String and a Line a text, a Choice the word of a choice,
+/// whole and without regard to case.
 class NewValue {
 public:
     /// Of the type that the item must have. Texts are copied; a null pointer throws `std::invalid_argument`.
@@ -60,6 +60,8 @@ public:
         : value_(value)
     {
     }
+    /// The number of fewest digits that is this one as a `float`: 0.1F is 0.1, not 0.10000000149011612.
+    VELD_QUOR_EXPORT NewValue(float value);
     NewValue(std::string value)
         : value_(std::move(value))
     {
@@ -161,7 +163,9 @@ public:
     void RemoveRecord(const DeckKeyword& keyword, std::size_t index);
 
     // Keywords. A text has whole lines: a keyword of the language at the start of the first one, and its
-    // data. The data are not checked. Several texts at one position keep their order.
+    // data. The data are not checked. Several texts at one position keep their order. `EditError` for a
+    // keyword that ends the deck or a file of it, or begins or ends a skipped block: the text after it would
+    // change.
 
     /// After the data of the keyword and a slash that is alone after them.
     void AddKeywordAfter(const DeckKeyword& keyword, std::string_view text);

@@ -3,10 +3,13 @@
 #include "quor/deck/internal/ContentsOf.h"
 #include "quor/deck/internal/write/DeckWriter.h"
 
+#include <stdexcept>
+
 namespace Veld::Quor::Core::Decks {
 
 DeckFormatter::DeckFormatter(const Deck& deck, const FormatOptions& options)
     : deck_(deck)
+    , contents_(&ContentsOf(deck))
     , writer_(std::make_unique<DeckWriter>(ContentsOf(deck), options.IsNormalized()))
 {
 }
@@ -15,13 +18,21 @@ DeckFormatter::~DeckFormatter() = default;
 
 std::string DeckFormatter::FormatFile(std::uint32_t file)
 {
+    CheckDeck();
     deck_.GetFiles().Get(file); // throws if there is none
     return writer_->WriteFile(file);
 }
 
 std::string DeckFormatter::FormatAll()
 {
+    CheckDeck();
     return writer_->WriteAll();
+}
+
+void DeckFormatter::CheckDeck() const
+{
+    if (&ContentsOf(deck_) != contents_)
+        throw std::logic_error("the deck of the formatter was assigned to");
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -10,6 +10,7 @@
 namespace Veld::Quor::Core::Decks {
 
 class DeckWriter;
+struct DeckContents;
 
 /// How a deck is formatted.
 class FormatOptions {
@@ -35,10 +36,12 @@ private:
 /// Formats a deck. The result has the same data, and doesn't change if it is formatted once more. What is no
 /// keyword stays as it is: comments, blank lines, inclusions, skipped blocks, unknown keywords. So does a
 /// keyword with errors in it, one of raw text, and one whose data continue in another file or around a
-/// skipped block. One thread at a time.
+/// skipped block. A text is made whole in memory. One thread at a time; several formatters may write one deck
+/// at once. Throws `std::bad_alloc`.
 class VELD_QUOR_EXPORT DeckFormatter {
 public:
-    /// The deck must outlive it, and not be moved nor assigned to.
+    /// The deck must outlive it, and not be moved nor assigned to: then all functions throw
+    /// `std::logic_error`. Throws it too if the deck was moved from.
     explicit DeckFormatter(const Deck& deck, const FormatOptions& options = FormatOptions());
     explicit DeckFormatter(const Deck&& deck,
         const FormatOptions& options = FormatOptions()) = delete; // it would die before the formatter
@@ -46,13 +49,17 @@ public:
     DeckFormatter(const DeckFormatter&) = delete;
     DeckFormatter& operator=(const DeckFormatter&) = delete;
 
-    /// The text of one of the deck's files, by its index among them. Throws `std::out_of_range`.
+    /// The text of one of the deck's files, by its index among them, without a byte order mark. Throws
+    /// `std::out_of_range`.
     std::string FormatFile(std::uint32_t file);
     /// The whole deck, with the included files in place of their inclusions.
     std::string FormatAll();
 
 private:
+    void CheckDeck() const;
+
     const Deck& deck_;
+    const DeckContents* contents_; // of the deck, when this was made
     std::unique_ptr<DeckWriter> writer_;
 };
 

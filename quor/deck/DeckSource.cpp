@@ -14,7 +14,9 @@ namespace {
 
 std::string Normal(const std::string& path)
 {
-    return std::filesystem::path(path).lexically_normal().string();
+    std::error_code error; // the current folder was removed
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return (error ? std::filesystem::path(path) : absolute).lexically_normal().string();
 }
 
 } // namespace

@@ -25,7 +25,8 @@ public:
 class VELD_QUOR_EXPORT SourceText {
 public:
     /// Reads a regular file. A large one is mapped into memory: other programs must not cut it short while
-    /// the text lives. Throws `SourceError` if there is no such file or it can't be read.
+    /// the text lives. Throws `SourceError` if there is no such file, it can't be read, or it is a folder, a
+    /// pipe or a device; also for one whose size isn't known (below /proc) if it has more than 64 MiB.
     static std::shared_ptr<const SourceText> FromFile(const std::string& path);
     /// Keeps the bytes, a byte order mark included.
     static std::shared_ptr<const SourceText> FromMemory(std::string bytes);
@@ -63,8 +64,8 @@ public:
     /// Returns a text that is the same for all paths that lead to one file, and different for two files, so
     /// that a file that includes itself is noticed. Throws `SourceError` if there is no such file.
     virtual std::string Identify(const std::string& path) const = 0;
-    /// Throws `SourceError` if the file can't be read; null is the same, without a reason. Any
-    /// other exception ends the read, and is thrown on by `Deck::Read`.
+    /// Throws `SourceError` if the file can't be read; null is the same, without a reason. Any other
+    /// exception ends the read, and leaves `Deck::Read` as it is.
     virtual std::shared_ptr<const SourceText> Open(const std::string& path) const = 0;
 
 protected:
@@ -93,7 +94,9 @@ public:
     MemorySource& operator=(const MemorySource&) = delete;
 
     /// Sets the text of a path, which replaces an earlier one. Not while a deck is being read from the
-    /// source. Two spellings of a path (`a/../b.inc`, `./b.inc`) are the same.
+    /// source. Spellings of a path are the same if they lead to the same file without links: `a/../b.inc`,
+    /// `./b.inc`, and the absolute path, from the folder that is the current one at each call. A null text is
+    /// a file that can't be read.
     /// @{
     void Set(const std::string& path, std::string bytes);
     void Set(const std::string& path, std::shared_ptr<const SourceText> text);

@@ -53,6 +53,24 @@ std::size_t ReadAll(int descriptor, char* bytes, std::size_t size)
     return done;
 }
 
+/// All that there is to read. A file that the system makes while it is read has no size before, and may have
+/// no end.
+std::string ReadToEnd(int descriptor)
+{
+    constexpr std::size_t most = std::size_t(64) << 20;
+    constexpr std::size_t room = std::size_t(64) << 10;
+    std::string bytes;
+    for (std::size_t done = room; done == room;) {
+        const std::size_t size = bytes.size();
+        if (size >= most)
+            throw SourceError("it has no size, and more than 64 MiB");
+        bytes.resize(size + room);
+        done = ReadAll(descriptor, bytes.data() + size, room);
+        bytes.resize(size + done);
+    }
+    return bytes;
+}
+
 /// Mapping a smaller file costs more than reading it.
 constexpr std::size_t leastMapped = std::size_t(64) << 10;
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
@@ -114,6 +132,8 @@ std::shared_ptr<const SourceText> SourceText::FromFile(const std::string& path)
     if (!S_ISREG(status.st_mode))
         throw SourceError("it is not a regular file");
     const auto size = static_cast<std::size_t>(status.st_size);
+    if (size == 0)
+        return FromMemory(ReadToEnd(descriptor.Get()));
     if (size >= leastMapped)
         return std::shared_ptr<const SourceText>(
             new SourceText(std::make_unique<const Bytes>(Map(descriptor.Get(), size))));

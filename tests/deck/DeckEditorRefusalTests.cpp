@@ -127,6 +127,12 @@ const RefusalRow otherRows[] = {
     {"NoKeyword", rowsText, AddAfter("ROWS", "-- c\n 1 2 /"),
         "expected a keyword at the start of the first line of the text to add"},
     {"UnknownKeyword", rowsText, AddAfter("ROWS", "hello world\n"), "can't add the unknown keyword 'hello'"},
+    {"EndOfTheDeck", rowsText, AddAfter("ROWS", "END\n"),
+        "can't add 'END': it changes which text of the deck is read"},
+    {"OpenBlock", rowsText, AddAfter("ROWS", "FLAG\nSKIP -- the rest\n"),
+        "can't add 'SKIP': it changes which text of the deck is read"},
+    {"EndOfABlock", rowsText, AddAfter("ROWS", "\nFLAG\nENDSKIP"),
+        "can't add 'ENDSKIP': it changes which text of the deck is read"},
     {"NoSuchSection", rowsText, AddIn(SectionType::GRID, "FLAG"), "the deck has no section GRID"},
     {"StepWithinAKeyword", "START\n 1 JAN 2020 /\nSCHEDULE\nDATES\n 1 FEB 2020 /\n 1 MAR 2020 /\n/\n",
         AddIn(0, "FLAG"), "the DATES of the report step leads to later steps too"}};

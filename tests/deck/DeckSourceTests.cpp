@@ -8,9 +8,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
+
+#include <sys/stat.h>
 
 using namespace Veld::Quor::Core::Decks;
 using namespace Veld::Quor::Tests;
@@ -53,9 +56,13 @@ TEST_P(DeckInMemory, IsReadWithWhatItIncludes)
     EXPECT_EQ(FindingsOf("case/deck.data", source), GetParam().findings);
 }
 
+const std::string absolutePart = (std::filesystem::current_path() / "case/part.inc").string();
+const std::string absoluteFinding = absolutePart + ":1:unknown-keyword";
+
 INSTANTIATE_TEST_SUITE_P(Inclusions, DeckInMemory,
     testing::Values(Inclusion{"Sound", "part.inc", "GRID\n", ""},
         Inclusion{"AnotherSpelling", "x/../part.inc", "NOSUCHKW\n", "case/x/../part.inc:1:unknown-keyword"},
+        Inclusion{"AbsolutePath", absolutePart.c_str(), "NOSUCHKW\n", absoluteFinding.c_str()},
         Inclusion{"Missing", "none.inc", "", "case/deck.data:3:include-missing"},
         Inclusion{"Itself", "part.inc", "INCLUDE\n 'x/../part.inc' /\n", "case/part.inc:2:include-loop"}),
     CaseName<Inclusion>);
@@ -73,6 +80,33 @@ TEST(MemoryBeforeFiles, ServesTheBufferAndElseTheFile)
     source->Remove(part);
     EXPECT_EQ(FindingsOf(deck, source), part + ":1:unknown-keyword");
     EXPECT_EQ(FindingsOf(deck, files), part + ":1:unknown-keyword");
+}
+
+TEST(MemoryBeforeFiles, ServesABufferByAnySpellingOfItsPath)
+{
+    const auto source = std::make_shared<MemorySource>();
+    source->Set(std::filesystem::current_path() / "deck.data", std::string("RUNSPEC\nNOSUCHKW\n"));
+    EXPECT_EQ(FindingsOf("./deck.data", source), "./deck.data:2:unknown-keyword");
+    source->Remove("deck.data");
+    EXPECT_THROW(FindingsOf("./deck.data", source), SourceError);
+}
+
+/// Reading one is an error, or has a text.
+TEST(AFile, IsReadToItsEndOrRefused)
+{
+    const TemporaryDirectory folder;
+    const std::string pipe = (folder.Path() / "pipe").string();
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    const auto reasonOf = [](const std::string& path) {
+        return ReasonOf([&] { SourceText::FromFile(path); });
+    };
+    EXPECT_EQ(reasonOf(pipe), "it is not a regular file");
+    EXPECT_EQ(reasonOf("/dev/null"), "it is not a regular file");
+    EXPECT_EQ(reasonOf(folder.Path().string()), "it is a folder, not a file");
+    EXPECT_EQ(reasonOf("/proc/self/mem"), "Input/output error");
+    EXPECT_EQ(reasonOf("/proc/self/pagemap"), "it has no size, and more than 64 MiB");
+    EXPECT_EQ(SourceText::FromFile("/proc/self/status")->GetText().substr(0, 6), "Name:\t");
+    EXPECT_EQ(SourceText::FromFile(folder.Write("empty", ""))->GetText(), "");
 }
 
 TEST(MemoryAlone, HasNoOtherFiles)

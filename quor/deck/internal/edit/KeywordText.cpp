@@ -5,6 +5,7 @@
 #include "quor/deck/internal/text/TextLines.h"
 #include "quor/deck/internal/text/Vocabulary.h"
 #include "quor/deck/internal/text/WordText.h"
+#include "quor/metadata/KeywordUtils.h"
 
 #include <algorithm>
 #include <string>
@@ -12,7 +13,7 @@
 
 namespace Veld::Quor::Core::Decks {
 
-using Core::Keywords::KeywordDeckRole;
+using namespace Core::Keywords;
 
 bool IsAtLineStart(const DeckContents& deck, const TextRange& range)
 {
@@ -22,6 +23,26 @@ bool IsAtLineStart(const DeckContents& deck, const TextRange& range)
 bool IsKeywordName(const DeckContents& deck, std::string_view word)
 {
     return !word.empty() && word.size() <= longestName && !deck.language.LookupAll(ToUpper(word)).empty();
+}
+
+std::string_view FindCut(const DeckContents& deck, std::string_view lines)
+{
+    Vocabulary vocabulary(deck.language, deck.GetTarget());
+    const Entry* const first = vocabulary.Find(FindLeadingWord(lines));
+    const auto isRaw = [](const IKeywordSyntax* syntax) {
+        return KeywordUtils::GetMDType(syntax->GetDataMD()) == IKeywordDataMD::MDType::Raw;
+    };
+    const bool endsAfterName = first && std::any_of(first->syntaxes.begin(), first->syntaxes.end(), isRaw);
+    for (std::size_t line = 0; line < lines.size(); line = EndOfLine(lines, line)) {
+        const auto lone = FindLoneWord(RestOfLine(lines, line));
+        const std::string_view word = line == 0 ? FindLeadingWord(lines) : lone ? lone->word : "";
+        const Entry* const entry = vocabulary.Find(word);
+        if (entry && entry->IsOfText() && entry->role != KeywordDeckRole::Include)
+            return word;
+        if (endsAfterName)
+            break;
+    }
+    return {};
 }
 
 std::string IndentNames(const DeckContents& deck, std::string lines)

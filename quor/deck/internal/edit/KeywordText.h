@@ -14,6 +14,10 @@ bool IsAtLineStart(const DeckContents& deck, const TextRange& range);
 /// Whether a word at the start of a line may be read as a keyword.
 bool IsKeywordName(const DeckContents& deck, std::string_view word);
 
+/// The first word in lines to add that would end the deck or a file of it, or begin or end a skipped block;
+/// empty if there is none. The lines begin with a keyword; of one of raw text only the keyword is checked.
+std::string_view FindCut(const DeckContents& deck, std::string_view lines);
+
 /// The lines, those after the first one indented that would begin with the name of a keyword.
 std::string IndentNames(const DeckContents& deck, std::string lines);
 /// Whether a quote is missing before or after a word of a record, which may have more text after its slash.
@@ -28,7 +32,7 @@ TextEdit InsertLines(const DeckContents& deck, std::uint32_t file, std::size_t o
 /// them but comments, else the blanks after them.
 TextRange RangeToRemove(const DeckContents& deck, const TextRange& range);
 
-/// Where a keyword ends, so that another can stand after it: with a slash that does no harm. `whole` must
+/// Where a keyword ends, so that another can come after it: with a slash that does no harm. `whole` must
 /// have a length.
 std::size_t EndOfKeyword(const DeckContents& deck, const KeywordInstance& keyword);
 /// From there on, after the ends of the skipped blocks that the keyword, given by its index, is in; as far as

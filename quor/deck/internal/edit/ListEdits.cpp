@@ -278,6 +278,9 @@ TextEdit AddKeywordTo(const DeckContents& deck, std::size_t after, bool leavesBl
         throw EditError("expected a keyword at the start of the first line of the text to add");
     if (!IsKeywordName(deck, name))
         throw EditError(fmt::format("can't add the unknown keyword '{}'", Shorten(name)));
+    if (const std::string_view word = FindCut(deck, text.substr(line)); !word.empty())
+        throw EditError(
+            fmt::format("can't add '{}': it changes which text of the deck is read", Shorten(word)));
     const std::string_view file = deck.files.GetText(keyword.whole.file);
     std::size_t offset = EndOfLine(file, EndOfKeyword(deck, keyword) - 1);
     if (leavesBlocks)
