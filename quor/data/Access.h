@@ -154,17 +154,27 @@ VELD_QUOR_EXPORT IKeywordRawData& RawIn(IKeywordRecordData& record, ItemKey item
 VELD_QUOR_EXPORT const IKeywordRawData& RawIn(const IKeywordRecordData& record, ItemKey item);
 /// @}
 
-// Lists of values. Element `i` counts from 0. An element left to its default has a value and a flag.
+// Lists of values. Element `i` counts from 0. An element left to its default has a value and a flag. An
+// unknown element of a list of numbers has no value: a deck has a variable that isn't set in its place.
 
 /// All elements without a copy; one left to its default, `IsDefaulted(i)`, holds a value that nobody gave.
-/// `T` is `int`, `double` or `std::string`; booleans are read one by one.
+/// `T` is `int`, `double` or `std::string`; booleans are read one by one. Throws also if an element is
+/// unknown: read such a list with `IsUnknown` and `ValueAt`. Takes the same time for a list of any size,
+/// unless one of its elements was unknown.
 template <class T>
 VELD_QUOR_EXPORT ArrayView<T> As(const IKeywordListData& list);
-/// A copy of the element. `T` may also be `bool`.
+/// A copy of the element. `T` may also be `bool`. Throws also if the element is unknown.
 template <class T>
 VELD_QUOR_EXPORT T ValueAt(const IKeywordListData& list, std::size_t i);
 /// The word of a Choice; it is the table's. Throws also if the list holds an index that no word has.
 VELD_QUOR_EXPORT const std::string& ChoiceAt(const IKeywordListData& list, std::size_t i);
+
+/// Whether some element of a list of numbers is unknown; false for any other list.
+VELD_QUOR_EXPORT bool HasUnknown(const IKeywordListData& list);
+/// Whether the element of a list of numbers is unknown; false for any other list. Throws for a bad index.
+VELD_QUOR_EXPORT bool IsUnknown(const IKeywordListData& list, std::size_t i);
+/// Appends elements that are unknown until their value is set. The list must be one of numbers.
+VELD_QUOR_EXPORT void AddUnknown(IKeywordListData& list, std::size_t count = 1);
 
 /// Also clears the element's defaulted flag.
 /// @{

@@ -80,6 +80,7 @@ public:
     {
         elements_.Clear();
         flags_.Clear();
+        mayHaveUnknown_ = false;
     }
     /// See `IKeywordListData`.
     bool IsDefaulted(std::size_t i) const override
@@ -102,6 +103,10 @@ public:
     const T* Elements() const { return elements_.Data(); }
     /// Whether some element has the defaulted flag.
     bool AnyDefaulted() const { return flags_.Any(); }
+    /// Whether elements may be there that `AddUnknown` appended.
+    bool MayHaveUnknown() const { return mayHaveUnknown_; }
+    /// Sets that, up to the next `Clear`.
+    void SetMayHaveUnknown() { mayHaveUnknown_ = true; }
 
 protected:
     KeywordListDataStorageImpl_() = default;
@@ -113,6 +118,7 @@ private:
     ElementBuffer<T> elements_;
     DefaultedFlags flags_; // none set unless defaultable
     bool defaultable_ = false;
+    bool mayHaveUnknown_ = false;
 };
 
 template <class T>

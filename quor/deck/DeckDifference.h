@@ -19,14 +19,16 @@ struct ArrayChange {
     std::size_t sizeBefore = 0; ///< elements in the first deck
     std::size_t sizeAfter = 0; ///< elements in the second deck
     std::size_t first = 0; ///< from 1; 0: none differ
-    double greatest = 0; ///< difference; of numbers
+    double greatest = 0; ///< difference; of numbers that both have
     bool isOfRows = false; ///< the elements are records
 };
 
 /// One item of a keyword's data that differs.
 struct ItemChange {
     std::string item; ///< the path to it: names of items, and numbers of elements from 1 as in "[3]"
-    std::string before; ///< as text; "absent" for an element that the other list has in excess
+    /// As text; "absent" for an element that the other list has in excess, "unknown" for a number of a list
+    /// in whose place a variable without a value is.
+    std::string before;
     std::string after; ///< the same in the second deck
     std::optional<ArrayChange> array = {}; ///< `before` and `after` are of the first element that differs
 };
@@ -77,7 +79,7 @@ struct ChangeGroup {
     std::vector<Change> changes; ///< in the order of the decks
 };
 
-/// All differences between two decks: values of its own, valid without the decks. Later versions may add
+/// All differences between two decks. It owns its values: valid without the decks. Later versions may add
 /// members to this and to what it consists of.
 struct Difference {
     std::vector<ChangeGroup> groups; ///< in the order of sections and dates; none of them empty
@@ -89,8 +91,9 @@ struct Difference {
 
 /// Compares what the decks say and not how: comments, layout, inclusions and the order of independent
 /// keywords don't matter, nor how records are spread over keywords. Instances of a keyword that have the same
-/// identifiers are matched in their order. Both decks were read with one language. Several threads
-/// may compare at once.
+/// identifiers are matched in their order. Both decks were read with one language. Reads all data of both
+/// decks at each call. Several threads may compare at once. Throws `std::logic_error` if a deck was moved
+/// from, `std::bad_alloc`.
 VELD_QUOR_EXPORT Difference Compare(
     const Deck& a, const Deck& b, const ComparisonOptions& options = ComparisonOptions());
 

@@ -1,5 +1,6 @@
 #include "quor/deck/DeckSummary.h"
 
+#include "quor/data/Access.h"
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/deck/internal/ContentsOf.h"
@@ -96,18 +97,23 @@ void Measure(const IKeywordListData& list, bool mayBeDefaulted, PropertySummary&
 {
     PropertySummary::Range range{};
     long double sum = 0;
+    const bool mayBeUnknown = HasUnknown(list);
     for (std::size_t i = 0; i < summary.count; ++i) {
         if (mayBeDefaulted && list.IsDefaulted(i)) {
             ++summary.defaulted;
             continue;
         }
+        if (mayBeUnknown && IsUnknown(list, i)) {
+            ++summary.unknown;
+            continue;
+        }
         const auto value = static_cast<double>(*static_cast<const T*>(list.GetData(i)));
-        const bool isFirst = i == summary.defaulted;
+        const bool isFirst = i == summary.defaulted + summary.unknown;
         range.least = isFirst ? value : std::min(range.least, value);
         range.greatest = isFirst ? value : std::max(range.greatest, value);
         sum += value;
     }
-    const std::size_t given = summary.count - summary.defaulted;
+    const std::size_t given = summary.count - summary.defaulted - summary.unknown;
     range.mean = static_cast<double>(sum / static_cast<long double>(std::max<std::size_t>(given, 1)));
     if (given > 0)
         summary.range = range;

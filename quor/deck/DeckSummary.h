@@ -43,6 +43,7 @@ struct PropertySummary {
     Location location; ///< of the keyword
     std::size_t count = 0; ///< of values
     std::size_t defaulted = 0; ///< of these; their values count nowhere
+    std::size_t unknown = 0; ///< of these, variables without a value; they count nowhere either
     /// Of the values that were given, in the unit of the deck.
     struct Range {
         double least = 0; ///< minimum
@@ -83,22 +84,22 @@ struct Group {
     std::size_t wells = 0; ///< its own
 };
 
-/// A variable, and what it gives a value to.
+/// A variable, and where the deck uses it.
 struct VariableSummary {
     std::string name; ///< with its "$"
     std::set<std::string> uses; ///< keywords, with the item
 };
 
-/// What is in a deck, in short: values of its own, valid without the deck. Later versions may add members to
+/// What is in a deck, in short. It owns its values: valid without the deck. Later versions may add members to
 /// this and to what it consists of.
 struct DeckSummary {
     std::string title; ///< empty if the deck has none
     std::vector<FileSummary> files; ///< each after the one that includes it
     std::vector<SectionSummary> sections; ///< in the order of the deck
     std::vector<SizeSummary> sizes; ///< in the order of the deck
-    std::vector<std::string> options; ///< the keywords of RUNSPEC that carry nothing
+    std::vector<std::string> options; ///< the keywords of RUNSPEC without data
     std::string units; ///< the set's keyword; empty if none is named
-    Service::Time start; ///< undefined if the deck gives none
+    Service::Time start; ///< undefined if the deck has none
     Service::Time end; ///< of the last report
     std::size_t reports = 0; ///< report steps
     std::vector<Well> wells; ///< in the order in which they are introduced
@@ -108,7 +109,8 @@ struct DeckSummary {
     std::vector<VariableSummary> variables; ///< by name
 };
 
-/// Reads all data of the deck at each call. Several threads may call it at once. Throws `std::bad_alloc`.
+/// Reads all data of the deck at each call. Several threads may call it at once. Throws `std::logic_error` if
+/// the deck was moved from, `std::bad_alloc`.
 VELD_QUOR_EXPORT DeckSummary Summarize(const Deck& deck);
 
 } // namespace Veld::Quor::Core::Decks

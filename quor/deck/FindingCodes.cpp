@@ -50,7 +50,9 @@ const std::vector<CodeInfo>& Codes()
             "Add the missing values before the slash.", "RUNSPEC\nDIMENS\n 10 10 /\n",
             "RUNSPEC\nDIMENS\n 10 10 3 /\n"},
         {Code::TooManyValues, "too-many-values", error, "A record or a list has too many values.",
-            "Remove the extra values. If a slash is missing, the next record is read as a part of this one.",
+            "Remove the extra values, or correct a repeat count. If a slash is missing, the next record is "
+            "read as a "
+            "part of this one.",
             "RUNSPEC\nDIMENS\n 2 2 1 1 /\n", "RUNSPEC\nDIMENS\n 2 2 1 /\n"},
         {Code::NoDefault, "no-default", error, "A value is omitted that has no default.",
             "Write a value: the item has no default.", "RUNSPEC\nDIMENS\n 10 1* 3 /\n",

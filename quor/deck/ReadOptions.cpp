@@ -72,6 +72,12 @@ ReadOptions& ReadOptions::SetMaxFindings(std::size_t count)
     return *this;
 }
 
+ReadOptions& ReadOptions::SetMaxRepeatedValues(std::size_t count)
+{
+    GetSettings().maxRepeatedValues = count;
+    return *this;
+}
+
 ReadOptions& ReadOptions::SetSource(std::shared_ptr<const DeckSource> source)
 {
     GetSettings().source = std::move(source);
@@ -121,6 +127,11 @@ const std::map<std::string, std::string>& ReadOptions::GetVariables() const
 std::size_t ReadOptions::GetMaxFindings() const
 {
     return GetSettings().maxFindings;
+}
+
+std::size_t ReadOptions::GetMaxRepeatedValues() const
+{
+    return GetSettings().maxRepeatedValues;
 }
 
 const std::shared_ptr<const DeckSource>& ReadOptions::GetSource() const

@@ -21,8 +21,8 @@ struct ReadSettings;
 /// that are known so far. The second number grows as the deck includes files. What is after END is not read.
 using ReadProgress = std::function<void(std::size_t done, std::size_t known)>;
 
-/// Called at each keyword and for each MiB of a long one; once it returns true the read ends with
-/// `ReadCancelled`.
+/// Called at each keyword, for each MiB of a long one, and for each 2^20 values of a long repeat; once it
+/// returns true the read ends with `ReadCancelled`.
 using ReadCancellation = std::function<bool()>;
 
 /// Whether a finding is known already, so that it isn't reported. Called once for each finding that no
@@ -63,6 +63,12 @@ public:
     ReadOptions& SetVariable(const std::string& name, const std::string& value);
     /// How many findings are kept; others are counted. 200 at first.
     ReadOptions& SetMaxFindings(std::size_t count);
+    /// How many values the repeat counts of a deck (`1000*0.2`, `1000*`) make at most, beyond 100 for each
+    /// byte of its files that is read by then: 50 million at first, which take 400 MB as numbers. A value
+    /// that is no number counts as four. A word that would make more is a finding (`too-many-values`), and
+    /// makes none of them. So a short text can't fill the memory; a deck of a large grid whose arrays are all
+    /// repeats needs more.
+    ReadOptions& SetMaxRepeatedValues(std::size_t count);
     /// Where the files of the deck come from; null, as at first: the files of the system.
     ReadOptions& SetSource(std::shared_ptr<const DeckSource> source);
     /// A function that is called while the deck is read. None at first.
@@ -87,6 +93,8 @@ public:
     const std::map<std::string, std::string>& GetVariables() const;
     /// How many findings are kept.
     std::size_t GetMaxFindings() const;
+    /// How many values repeat counts make at most.
+    std::size_t GetMaxRepeatedValues() const;
     /// Null: the files of the system.
     const std::shared_ptr<const DeckSource>& GetSource() const;
     /// Whether the deck remembers where each value is.

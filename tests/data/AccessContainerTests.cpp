@@ -1,4 +1,5 @@
 #include "tests/data/DataText.h"
+#include "tests/support/Cases.h"
 
 #include <gtest/gtest.h>
 
@@ -30,6 +31,37 @@ TEST(AccessToLists, SeesTheElementsInPlaceAndTheirFlags)
     EXPECT_EQ(ValueAt<int>(list, 2), 3);
     list.Clear();
     EXPECT_TRUE(As<int>(list).empty());
+}
+
+TEST(AccessToLists, KnowsWhichNumbersAreUnknown)
+{
+    const Made made("[?i]", "[1 2]");
+    IKeywordListData& list = AsList(*made.data);
+    AddValue(list, INT_MIN); // a number like any other, as long as none is unknown
+    EXPECT_EQ(As<int>(list)[2], INT_MIN);
+    EXPECT_FALSE(HasUnknown(list));
+    list.Clear();
+    AddValue(list, 1);
+    AddUnknown(list, 3000);
+    const std::unique_ptr<IKeywordData> copy = list.CloneSafely();
+    EXPECT_TRUE(*copy == list);
+    EXPECT_TRUE(HasUnknown(AsList(*copy)));
+    const char* const reason =
+        "TEST: element index 1 has no value: a variable that isn't set is in its place";
+    EXPECT_EQ(ReasonOf([&] { As<int>(list); }), reason);
+    EXPECT_EQ(ReasonOf([&] { ValueAt<int>(list, 1); }), reason);
+    EXPECT_EQ(ValueAt<int>(list, 0), 1);
+    EXPECT_FALSE(IsUnknown(list, 0));
+    EXPECT_TRUE(IsUnknown(list, 3000));
+    while (list.GetSize() > 2)
+        list.RemoveData(2);
+    SetValueAt(list, 1, 4);
+    EXPECT_FALSE(HasUnknown(list));
+    EXPECT_EQ(Copy(As<int>(list)), (std::vector<int>{1, 4}));
+    const Made reals("[r]", "[]");
+    AddUnknown(AsList(*reals.data));
+    EXPECT_TRUE(IsUnknown(AsList(*reals.data), 0));
+    EXPECT_FALSE(HasUnknown(AsList(*Made("[s]", "['a']").data)));
 }
 
 TEST(AccessToLists, ReadsTextsAndBooleansByElement)

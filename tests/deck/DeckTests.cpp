@@ -75,6 +75,8 @@ TEST(ADeck, HandsOutItsKeywordsInOrderByNameSectionAndStep)
     EXPECT_EQ(NamesOf(deck.GetSection(SectionType::EDIT)), "");
     EXPECT_EQ(deck.GetAll("welopen").size(), 2U);
     EXPECT_EQ(deck.Get("WELOPEN").GetIndex(), 14U);
+    EXPECT_EQ(deck.begin()->GetName(), "RUNSPEC");
+    EXPECT_TRUE(*deck.begin() == deck[0] && deck[0] != deck[1]);
     EXPECT_TRUE(deck.Has("poro"));
     EXPECT_FALSE(deck.Has("PERMX"));
     EXPECT_TRUE(deck.Get("WUOPRX").IsNamed("wuoprx")); // a wildcard stands for it
@@ -91,10 +93,25 @@ TEST(ADeck, KnowsItsTimes)
     EXPECT_EQ(NamesOf(deck.GetAfterStep(0)), ""); // the same keyword leads on to the next
     EXPECT_EQ(NamesOf(deck.GetAfterStep(1)), "WELOPEN DATES");
     EXPECT_EQ(NamesOf(deck.GetAfterStep(2)), "WELOPEN");
+    EXPECT_EQ(deck.FindStep("2020-06-01 00:00:00"), 2U);
+    EXPECT_EQ(deck.FindStep("2020-06-01 00:00:01"), std::nullopt);
+    EXPECT_EQ(NamesOf(deck.GetAtDate("2020-06-01")), "WELOPEN");
+    EXPECT_EQ(NamesOf(deck.GetAtDate("2020-01-01")), "SCHEDULE WELSPECS TSTEP");
+    EXPECT_EQ(NamesOf(deck.GetAtDate("2020-01-02")), "");
     EXPECT_EQ(DateText(deck.Get("WELSPECS").GetTime()), "2020-01-01");
     EXPECT_EQ(deck.Get("WELSPECS").FindStep(), nullptr);
     EXPECT_EQ(DateText(deck.Get("WELOPEN").GetTime()), "2020-06-01");
     EXPECT_FALSE(deck.Get("PORO").GetTime().IsDef());
+}
+
+TEST(ADeck, HasNoDateAfterTheYear32767)
+{
+    const DeckLanguage language;
+    const Deck deck = Deck::ReadText(
+        "RUNSPEC\nSTART\n 1 JAN 2020 /\nSCHEDULE\nTSTEP\n 2e7 /\nWELSPECS\n P1 G 1 1 1* OIL /\n/\n",
+        language);
+    EXPECT_EQ(DateText(deck.GetSteps().front().time), "");
+    EXPECT_EQ(ResolveOne(deck, {"WELSPECS", {}, {"I"}}).address.ToString(), "WELSPECS[P1].I");
 }
 
 TEST(ADeck, GivesDataWithoutACopy)
@@ -107,6 +124,91 @@ TEST(ADeck, GivesDataWithoutACopy)
     EXPECT_EQ(GetDeck().Get("OIL").FindData(), nullptr);
     EXPECT_EQ(GetDeck().Get("PORO").GetText(), "PORO\n 0.1 0.2 2*0.3 /");
     EXPECT_EQ(GetDeck().Get("TSTEP").GetLocation().line, 19U);
+}
+
+TEST(ADeck, HasUnknownNumbersWhereVariablesHaveNoValue)
+{
+    const DeckLanguage language;
+    const std::string grid = "RUNSPEC\nDIMENS\n 3 1 1 /\nGRID\nPORO\n 0.5 $P 0.7 /\n";
+    const Deck deck = Deck::ReadText(grid, language);
+    const IKeywordListData& porosities = AsList(deck.Get("PORO").GetData());
+    EXPECT_EQ(ReasonOf([&] { As<double>(porosities); }),
+        "PORO: element index 1 has no value: a variable that isn't set is in its place");
+    EXPECT_EQ(ResolveOne(deck, {"PORO", {"2"}}).text, "");
+    const PropertySummary summary = Summarize(deck).properties.front();
+    EXPECT_EQ(summary.unknown, 1U);
+    EXPECT_EQ(summary.range->least, 0.5);
+    EXPECT_EQ(summary.range->mean, 0.6);
+    const Deck known = Deck::ReadText(grid, language, ReadOptions().SetVariable("P", "0.25"));
+    EXPECT_EQ(ResolveOne(known, {"PORO", {"2"}}).text, "0.25");
+    const ItemChange change = Compare(deck, known).groups.front().changes.front().item;
+    EXPECT_EQ(change.before + " " + change.after, "unknown 0.25");
+    EXPECT_EQ(change.array->greatest, 0);
+}
+
+struct RepeatRow {
+    const char* name;
+    const char* text; ///< after a grid of a million cells
+    std::size_t values; ///< that its repeats make
+    const char* finding; ///< if they are one less; N: how many may be made
+};
+
+class Repeats : public testing::TestWithParam<RepeatRow> { };
+
+/// The findings of a deck whose repeats make `most` values, and 100 more for each byte.
+std::string FindingsWithin(std::size_t most, const std::string& deckText)
+{
+    const DeckLanguage language;
+    const Deck deck = Deck::ReadText(deckText, language, ReadOptions().SetMaxRepeatedValues(most));
+    std::string findings;
+    for (const Finding& finding : deck.GetFindings())
+        findings += ToString(finding) + '\n';
+    return findings;
+}
+
+TEST_P(Repeats, MakeAsManyValuesAsTheOptionsAllow)
+{
+    const std::string deck = std::string("RUNSPEC\nDIMENS\n 1000 1000 1 /\nOIL\nGAS\n") + GetParam().text;
+    std::string finding = GetParam().finding;
+    finding.replace(finding.find('N'), 1, std::to_string(GetParam().values - 1));
+    EXPECT_EQ(FindingsWithin(GetParam().values - 100 * deck.size(), deck), "");
+    EXPECT_EQ(FindingsWithin(GetParam().values - 1 - 100 * deck.size(), deck), finding);
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, Repeats,
+    testing::Values(
+        RepeatRow{"Numbers", "GRID\nPORO\n 1000000*0.2 /\n", 999'999,
+            "deck.data:8:2: error: PORO: too many repeated values up to '1000000*0.2' (expected at "
+            "most N in the whole deck); correct the repeat count [too-many-values]\n"},
+        RepeatRow{"Defaults", "GRID\nPORO\n 2*0.2 999998* /\n", 999'998,
+            "deck.data:8:8: error: PORO: too many repeated values up to '999998*' (expected at most N in the "
+            "whole deck); correct the repeat count [too-many-values]\n"},
+        RepeatRow{"Texts", "SUMMARY\nWOPR\n 9001*'P1' /\n", 36'000,
+            "deck.data:8:2: error: WOPR: too many repeated values up to '9001*' (expected at most N in the "
+            "whole deck); correct the repeat count [too-many-values]\n"}),
+    CaseName<RepeatRow>);
+
+TEST(ADeck, OfFewBytesMakesNoMoreThanItMayAtFirst)
+{
+    const std::string huge = "RUNSPEC\nDIMENS\n 1000 1000 200 /\nGRID\nPORO\n 200000000*1 /\n";
+    const DeckLanguage language;
+    const Deck deck = Deck::ReadText(huge, language);
+    EXPECT_EQ(deck.GetOptions().GetMaxRepeatedValues(), 50'000'000U);
+    EXPECT_EQ(deck.GetFindings().GetCount(Severity::Error), 1U);
+    EXPECT_TRUE(As<double>(AsList(deck.Get("PORO").GetData())).empty());
+}
+
+TEST(ADeck, AsksWithinALongRepeatWhetherItIsCancelled)
+{
+    const DeckLanguage language;
+    const auto countOf = [&language](const std::string& cells) {
+        int count = 0;
+        const auto options = ReadOptions().SetCancellation([&count] { return ++count < 0; });
+        Deck::ReadText(
+            "RUNSPEC\nDIMENS\n 1 1 " + cells + " /\nGRID\nPORO\n " + cells + "*0.2 /\n", language, options);
+        return count;
+    };
+    EXPECT_EQ(countOf("3000000") - countOf("3"), 2);
 }
 
 struct Failure {
@@ -134,6 +236,10 @@ INSTANTIATE_TEST_SUITE_P(Questions, DeckFailures,
             "keyword index 15 is out of range (the deck has 15 keywords)"},
         Failure{"NoStep", [] { GetDeck().GetAfterStep(3); },
             "report step index 3 is out of range (the deck has 3 steps)"},
+        Failure{"NoDate", [] { GetDeck().FindStep("1 JUN 2020"); },
+            "invalid date '1 JUN 2020'; expected a date such as 2024-04-01 or 2024-04-01 12:30:00"},
+        Failure{"NoSuchDay", [] { GetDeck().GetAtDate("2020-06-31"); },
+            "invalid date '2020-06-31'; expected a date such as 2024-04-01 or 2024-04-01 12:30:00"},
         Failure{"NoFile", [] { DeckFormatter(GetDeck()).FormatFile(1); },
             "file index 1 is out of range (the deck has 1 file)"},
         Failure{"NoRange",
@@ -181,7 +287,7 @@ TEST(ADeck, IsKeptForWhatRefersToIt)
     Deck deck = Deck::ReadText(text, language);
     const DeckKeyword keyword = deck.Get("DIMENS");
     const Deck other = Take(deck);
-    EXPECT_EQ(keyword.GetIndex(), other.Get("DIMENS").GetIndex());
+    EXPECT_TRUE(keyword == other.Get("DIMENS"));
     EXPECT_EQ(keyword.GetText(), other.Get("DIMENS").GetText());
     ReadOptions options;
     const ReadOptions moved = Take(options);
@@ -193,8 +299,11 @@ TEST(ADeck, IsKeptForWhatRefersToIt)
     deck = Deck::ReadText(text, language, ReadOptions().SetEditable(true));
     EXPECT_EQ(deck.GetSize(), other.GetSize());
     const DeckEditor editor(deck);
+    DeckFormatter formatter(deck);
     deck = Deck::ReadText(text, language);
     EXPECT_EQ(ReasonOf([&] { editor.GetText(0); }), "the deck of the editor was assigned to");
+    EXPECT_EQ(ReasonOf([&] { formatter.FormatFile(0); }), "the deck of the formatter was assigned to");
+    EXPECT_EQ(ReasonOf([&] { formatter.FormatAll(); }), "the deck of the formatter was assigned to");
 }
 
 TEST(ADeck, KeepsItsOptionsButNotWhatTheyCall)

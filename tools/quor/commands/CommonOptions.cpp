@@ -1,6 +1,7 @@
 #include "tools/quor/commands/CommonOptions.h"
 
 #include <CLI/CLI.hpp>
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <functional>
@@ -88,6 +89,22 @@ void AddTypeOption(CLI::App& command, std::optional<MDType::Enum>& value)
             value = *std::find_if(std::begin(valueTypes), std::end(valueTypes),
                 [&word](MDType::Enum type) { return TypeWord(type) == word; });
         });
+}
+
+void AddCountOption(CLI::App& command, const std::string& name, const std::string& description,
+    std::size_t without, const std::function<void(std::size_t)>& set)
+{
+    command.add_option_function<std::size_t>(name, set, description)
+        ->check(CLI::Validator(
+            [](const std::string& word) {
+                const bool isCount = word.find_first_not_of("0123456789") == std::string::npos;
+                return isCount ? std::string()
+                               : fmt::format("'{}' is not a whole number; expected 0 or more", word);
+            },
+            ""))
+        ->type_name("N")
+        ->default_str(fmt::format("{}", without))
+        ->take_last();
 }
 
 void AddFormatOption(CLI::App& command, bool& isJson)

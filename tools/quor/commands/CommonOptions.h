@@ -6,6 +6,7 @@
 #include "quor/foundation/UnitSystem.h"
 #include "tools/quor/tree/MetadataFacts.h"
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -38,6 +39,10 @@ std::function<void(T)> Into(T& value)
 
 /// The type of the values, as `ValueTypeOf` tells it.
 void AddTypeOption(CLI::App& command, std::optional<MDType::Enum>& value);
+
+/// A whole number, 0 or more; the help has the value without the option.
+void AddCountOption(CLI::App& command, const std::string& name, const std::string& description,
+    std::size_t without, const std::function<void(std::size_t)>& set);
 
 /// `isJson` becomes true for `--format json`.
 void AddFormatOption(CLI::App& command, bool& isJson);

@@ -32,13 +32,16 @@ std::string CheckCommand(const std::string& path, const Decks::Target& target)
     return command;
 }
 
-} // namespace
-
-void AddReadOptions(CLI::App& command, Decks::ReadOptions& options)
+void AddStandardInputOption(CLI::App& command, Decks::ReadOptions& options)
 {
-    AddSimulatorOption(command, [&options](SimulatorType::Enum value) { options.SetSimulator(value); });
-    AddModeOption(command, [&options](SimulatorModeType::Enum value) { options.SetMode(value); });
-    AddVariablesOption(command, options);
+    options.SetSource(std::make_shared<StandardInput>());
+    const auto setName = [&options](const std::string& name) {
+        options.SetSource(std::make_shared<StandardInput>(name));
+    };
+    command
+        .add_option_function<std::string>("--stdin-filename", setName,
+            "Name of a deck that is read from standard input ('-'); its inclusions are relative to it")
+        ->type_name("FILE");
 }
 
 void AddVariablesOption(CLI::App& command, Decks::ReadOptions& options)
@@ -56,18 +59,30 @@ void AddVariablesOption(CLI::App& command, Decks::ReadOptions& options)
         }
         return true;
     };
-    options.SetSource(std::make_shared<StandardInput>());
-    const auto setName = [&options](const std::string& name) {
-        options.SetSource(std::make_shared<StandardInput>(name));
-    };
-    command
-        .add_option_function<std::string>("--stdin-filename", setName,
-            "Name of a deck that is read from standard input ('-'); its inclusions are relative to it")
-        ->type_name("FILE");
     command.add_option("--set", add, "Value of the variable $NAME; can be repeated")
         ->type_name("NAME=VALUE")
         ->expected(1, 1'000'000)
         ->allow_extra_args(false);
+}
+
+} // namespace
+
+void AddReadOptions(CLI::App& command, Decks::ReadOptions& options)
+{
+    AddSimulatorOption(command, [&options](SimulatorType::Enum value) { options.SetSimulator(value); });
+    AddModeOption(command, [&options](SimulatorModeType::Enum value) { options.SetMode(value); });
+    AddTextOptions(command, options);
+}
+
+void AddTextOptions(CLI::App& command, Decks::ReadOptions& options)
+{
+    AddStandardInputOption(command, options);
+    AddVariablesOption(command, options);
+    AddCountOption(command, "--max-repeated-values",
+        "Maximum number of values that repeat counts such as 1000*0.2 make, beyond 100 for each byte of the "
+        "deck",
+        options.GetMaxRepeatedValues(),
+        [&options](std::size_t count) { options.SetMaxRepeatedValues(count); });
 }
 
 std::optional<Decks::Deck> ReadDeck(

@@ -13,11 +13,11 @@ class App;
 
 namespace Veld::Quor::Tools {
 
-/// Adds the options that tell how a deck is read: simulator, mode, values of variables, and the name of one
-/// that is read from standard input. `options` must outlive the application.
+/// Adds the options with which a deck is read: simulator, mode, values of variables, the name of one that is
+/// read from standard input, and the limit of repeats. `options` must outlive the application.
 void AddReadOptions(CLI::App& command, Core::Decks::ReadOptions& options);
 /// The same without simulator and mode.
-void AddVariablesOption(CLI::App& command, Core::Decks::ReadOptions& options);
+void AddTextOptions(CLI::App& command, Core::Decks::ReadOptions& options);
 
 /// Reads a deck, "-" from standard input, with a bar that tells how far that is. Empty, and reported, if it
 /// can't be read.

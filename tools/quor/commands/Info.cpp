@@ -145,9 +145,10 @@ void PrintProperties(const Decks::DeckSummary& summary, bool withAll)
         const auto number = [&row](double Decks::PropertySummary::Range::*member) {
             return row.range ? fmt::format("{:.6g}", *row.range.*member) : "-";
         };
-        rows.push_back({row.keyword, fmt::format("{}", row.count), fmt::format("{}", row.defaulted),
-            number(&Decks::PropertySummary::Range::least), number(&Decks::PropertySummary::Range::mean),
-            number(&Decks::PropertySummary::Range::greatest),
+        const std::string unknown = row.unknown > 0 ? fmt::format(" ({} unknown)", row.unknown) : "";
+        rows.push_back({row.keyword, fmt::format("{}{}", row.count, unknown),
+            fmt::format("{}", row.defaulted), number(&Decks::PropertySummary::Range::least),
+            number(&Decks::PropertySummary::Range::mean), number(&Decks::PropertySummary::Range::greatest),
             Dashed(UnitText(row.measurement, UnitSystem::FromString(summary.units))),
             LocationText(row.location)});
     }
@@ -184,8 +185,8 @@ ordered_json PropertyJson(const Decks::PropertySummary& row)
 {
     ordered_json json = {{"keyword", row.keyword}, {"property", row.property},
         {"measurement", TextOrNull(row.measurement)}, {"place", LocationJson(row.location)},
-        {"count", row.count}, {"defaulted", row.defaulted}, {"least", nullptr}, {"mean", nullptr},
-        {"greatest", nullptr}};
+        {"count", row.count}, {"defaulted", row.defaulted}, {"unknown", row.unknown}, {"least", nullptr},
+        {"mean", nullptr}, {"greatest", nullptr}};
     if (row.range) {
         json["least"] = row.range->least;
         json["mean"] = row.range->mean;

@@ -205,7 +205,7 @@ Command MakePortCommand(CLI::App& application)
     AddModeOption(command, Into(options->to.mode));
     AddSimulatorOption(command, Into(options->from.simulator), "--from", "Current simulator");
     AddModeOption(command, Into(options->from.mode), "--from-mode", "Mode of the current simulator");
-    AddVariablesOption(command, options->read);
+    AddTextOptions(command, options->read);
     command.get_option("--from-mode")->needs("--from");
     command.add_flag("--all", options->withLocations, "List all locations of each loss, not only the first");
     AddFormatOption(command, options->isJson);

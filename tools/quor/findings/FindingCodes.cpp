@@ -26,6 +26,8 @@ const char* SeeAlso(Decks::Code code)
     case Code::WrongSection:
     case Code::WrongType:
         return "'quor show KEYWORD', which lists what is valid";
+    case Code::TooManyValues:
+        return "the option --max-repeated-values N, for a large grid whose arrays are all repeats";
     case Code::UnknownVariable:
         return "the option --set NAME=VALUE";
     default:

@@ -1,5 +1,6 @@
 #include "tools/quor/findings/FindingFormat.h"
 
+#include "tools/quor/commands/CommonOptions.h"
 #include "tools/quor/findings/FindingLines.h"
 #include "tools/quor/findings/FindingSarif.h"
 
@@ -26,19 +27,9 @@ void AddFindingFormatOption(CLI::App& command, FindingFormat& format)
 
 void AddMaxFindingsOption(CLI::App& command, std::size_t& limit, const std::string& scope)
 {
-    command
-        .add_option("--max-findings", limit,
-            fmt::format("Maximum number of findings printed{}; the others are only counted", scope))
-        ->check(CLI::Validator(
-            [](const std::string& word) {
-                const bool isCount = word.find_first_not_of("0123456789") == std::string::npos;
-                return isCount ? std::string()
-                               : fmt::format("'{}' is not a whole number; expected 0 or more", word);
-            },
-            ""))
-        ->type_name("N")
-        ->capture_default_str()
-        ->take_last();
+    AddCountOption(command, "--max-findings",
+        fmt::format("Maximum number of findings printed{}; the others are only counted", scope), limit,
+        Into(limit));
 }
 
 std::string FindingsText(

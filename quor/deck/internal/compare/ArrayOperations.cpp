@@ -1,5 +1,6 @@
 #include "quor/deck/internal/compare/ArrayOperations.h"
 
+#include "quor/data/Access.h"
 #include "quor/deck/internal/compare/RecordItems.h"
 #include "quor/deck/internal/read/data/DataShape.h"
 #include "quor/deck/internal/text/LineText.h"
@@ -207,14 +208,20 @@ void ArrayOperations::SetValues(const std::string& name, const KeywordInstance& 
     const ICellPropertyInfo* const cell = keyword.syntax->GetCellPropertyInfo();
     const auto layer = static_cast<std::size_t>((box_[1] - box_[0] + 1) * (box_[3] - box_[2] + 1));
     const bool isRepeated = cell && cell->CopyLayerAboveByDefault() && size >= layer && layer > 0;
+    const bool hasUnknown = HasUnknown(list);
+    if (hasUnknown)
+        array.unknown = fmt::format("a value of {} isn't known", keyword.syntax->GetName());
     ForEachCell(box_, [&](std::size_t at, std::size_t inBox) {
         std::size_t index = inBox;
         if (isRepeated && index >= size)
             index = size - layer + index % layer;
         if (index >= size || list.IsDefaulted(index))
             return;
-        array.values[at] = isReal ? *static_cast<const double*>(list.GetData(index))
-                                  : *static_cast<const int*>(list.GetData(index));
+        if (hasUnknown && IsUnknown(list, index))
+            array.values[at] = notKnown;
+        else
+            array.values[at] = isReal ? *static_cast<const double*>(list.GetData(index))
+                                      : *static_cast<const int*>(list.GetData(index));
     });
 }
 

@@ -1,5 +1,6 @@
 #include "quor/deck/internal/compare/DataComparison.h"
 
+#include "quor/data/Access.h"
 #include "quor/data/KeywordDataEqual.h"
 #include "quor/deck/internal/read/data/VisitData.h"
 #include "quor/metadata/IKeywordAssignmentMD.h"
@@ -42,6 +43,8 @@ std::string Element(const std::string& path, std::size_t index)
 std::string ElementText(const IKeywordListData& list, std::size_t i)
 {
     const IKeywordDataMD& md = *ItemOf(list);
+    if (KeywordUtils::IsItemMDType(md.GetType()) && IsUnknown(list, i))
+        return "unknown";
     if (KeywordUtils::IsItemMDType(md.GetType()))
         return list.IsDefaulted(i) ? "default" : ToText(md, ElementValue(md, list.GetData(i)));
     if (md.GetType() == MDType::Record)
@@ -178,6 +181,7 @@ bool DataComparison::CompareElements(
 bool DataComparison::CompareNumbers(const List& a, const List& b, const std::string& path)
 {
     const MD& md = *ItemOf(a);
+    const bool mayBeUnknown = HasUnknown(a) || HasUnknown(b);
     ArrayChange change;
     change.sizeBefore = static_cast<std::size_t>(a.GetSize());
     change.sizeAfter = static_cast<std::size_t>(b.GetSize());
@@ -188,7 +192,8 @@ bool DataComparison::CompareNumbers(const List& a, const List& b, const std::str
         if ((a.IsDefaulted(i) && isAsGiven) || (before == after && (isAsGiven || !isStrict_)))
             continue;
         change.first = change.differing++ == 0 ? i + 1 : change.first;
-        change.greatest = std::max(change.greatest, std::abs(NumberOf(after) - NumberOf(before)));
+        if (!mayBeUnknown || !(IsUnknown(a, i) || IsUnknown(b, i)))
+            change.greatest = std::max(change.greatest, std::abs(NumberOf(after) - NumberOf(before)));
     }
     if (change.differing == 0 && change.sizeBefore == change.sizeAfter)
         return true;

@@ -1,5 +1,6 @@
 #include "quor/deck/internal/edit/DataPath.h"
 
+#include "quor/data/Access.h"
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/metadata/IKeywordListMD.h"
@@ -113,8 +114,8 @@ ScalarValue ScalarSlot::GetValue() const
     const void* const storage = StorageAt(*node, index);
     if (!IsList(*node))
         return ItemValue(*md, storage);
-    const bool isDefaulted = static_cast<const IKeywordListData&>(*node).IsDefaulted(index);
-    return isDefaulted ? ScalarValue() : ElementValue(*md, storage);
+    const auto& list = static_cast<const IKeywordListData&>(*node);
+    return list.IsDefaulted(index) || IsUnknown(list, index) ? ScalarValue() : ElementValue(*md, storage);
 }
 
 const IKeywordDataMD* FindChildMD(const IKeywordData& node, std::size_t index)

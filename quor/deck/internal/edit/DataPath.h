@@ -20,7 +20,7 @@ struct ScalarSlot {
     const Core::Keywords::IKeywordData* node; ///< the record or list that has it
     std::size_t index; ///< there
 
-    /// Not given if it was left to its default.
+    /// Not given if it was left to its default, or is unknown.
     ScalarValue GetValue() const;
 };
 

@@ -14,6 +14,7 @@ namespace Veld::Quor::Core::Decks {
 struct ReadSettings {
     Target target;
     std::size_t maxFindings = 200;
+    std::size_t maxRepeatedValues = 50'000'000;
     ReadProgress progress = {};
     VariableTexts variables = {}; ///< what the variables of the deck stand for
     bool keepsValueRanges = false; ///< whether the notes of each keyword get the ranges of its values

@@ -36,7 +36,7 @@ DeckReader::DeckReader(const std::string& path, const ReadSettings& options, con
     , data_(
           options.target, text_, reporter_,
           [this](const std::string& name) { return dimensions_.Find(name); }, options.variables,
-          options.keepsValueRanges)
+          options.keepsValueRanges, options.maxRepeatedValues)
     , sections_(options.target, deck_->files, reporter_)
     , scopes_(language, *deck_, dimensions_, reporter_)
     , precedents_(reporter_)
@@ -123,7 +123,7 @@ void DeckReader::EnterSection(const Token& head, const Entry& entry)
         data_.SetUnits(UnitSystem::METRIC); // unless it says otherwise
 }
 
-/// `isReported`: the keyword may not stand here, and more need not be said.
+/// `isReported`: the keyword isn't valid here, and no more need be reported.
 void DeckReader::ReadData(KeywordInstance& keyword, const Token& head, bool isReported)
 {
     keyword.data = KeywordDataFactory::Instance().Construct(*keyword.syntax);

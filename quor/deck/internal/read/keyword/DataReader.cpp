@@ -25,14 +25,15 @@ bool StartsWithLine(const DataPlan& plan)
 } // namespace
 
 DataReader::DataReader(const Target& target, DeckText& text, FindingReporter& reporter,
-    Decks::SizeOfName sizeOfName, VariableTexts variables, bool keepsValueRanges)
+    Decks::SizeOfName sizeOfName, VariableTexts variables, bool keepsValueRanges,
+    std::size_t maxRepeatedValues)
     : target_(target)
     , text_(text)
     , reporter_(reporter)
     , sizeOfName_(std::move(sizeOfName))
     , variables_(std::move(variables), text, reporter)
     , values_(target, variables_)
-    , words_(text, reporter)
+    , words_(text, reporter, maxRepeatedValues)
     , notes_(text, keepsValueRanges)
     , order_(text, values_)
 {

@@ -53,8 +53,9 @@ public:
     };
 
     /// `keepsValueRanges`: the notes get the range of each value, at a cost in time and memory.
+    /// `maxRepeatedValues`: as in `ReadOptions`.
     DataReader(const Target& target, DeckText& text, FindingReporter& reporter, Decks::SizeOfName sizeOfName,
-        VariableTexts variables, bool keepsValueRanges);
+        VariableTexts variables, bool keepsValueRanges, std::size_t maxRepeatedValues);
 
     /// The text continues after `keyword`. Where the outermost data are a list, `starts` gets the begin of
     /// each element.
@@ -89,7 +90,7 @@ private:
     /// What lacks its end.
     enum class Open { Record, Values, Records, Names, ByWord };
     /// Of a list of numbers: what is reported once, with how many there are.
-    struct NumberFaults {
+    struct NumberErrors {
         TextRange firstBeyond; // its limits
         double beyondValue = 0;
         long long beyond = 0;
@@ -131,7 +132,7 @@ private:
     std::string FindShift(const DataPlan& item) const;
     long long CountNumbersInWord() const;
     Ended SkipRest();
-    bool Report(const DataPlan& item, WordFaults&& faults);
+    bool Report(const DataPlan& item, WordErrors&& errors);
     bool ReportMisfit(const DataPlan& item, Misfit misfit);
     void ReportInRow(Misfit misfit);
     void ReportAt(const TextRange& range, Misfit misfit);
@@ -173,13 +174,16 @@ private:
     template <class MD, class T>
     Ended ReadNumbersAs(const DataPlan& plan, long long size, Core::Keywords::IKeywordListData& list);
     template <class T>
+    void AppendRepeated(
+        Core::Keywords::IKeywordListData& list, T value, long long count, bool isDefault) const;
+    template <class T>
     void ReadPlainNumbers(const DataPlan& item, long long most, Core::Keywords::IKeywordListData& list);
     template <class MD, class T>
     void ReadNumber(
-        const DataPlan& plan, long long most, Core::Keywords::IKeywordListData& list, NumberFaults& faults);
+        const DataPlan& plan, long long most, Core::Keywords::IKeywordListData& list, NumberErrors& errors);
     template <class MD, class T>
     T DefaultNumber(const DataPlan& plan, const Core::Keywords::IKeywordListData& list);
-    void ReportNumbers(const DataPlan& plan, long long size, const NumberFaults& faults);
+    void ReportNumbers(const DataPlan& plan, long long size, const NumberErrors& errors);
 
     // Maps and raw text
     Ended ReadMap(const DataPlan& plan, Core::Keywords::IKeywordMapData& map);

@@ -115,7 +115,7 @@ void DataReader::ReportUnclosed(const TextRange& end, Open what, std::vector<Tex
     }
 }
 
-/// A slash that stands alone on its line was meant to close the list, and has closed its last record.
+/// A slash that is alone on its line was meant to close the list, and has closed its last record.
 DataReader::Ended DataReader::UnclosedList(const DataPlan& plan)
 {
     const DataPlan& element = plan.items.front();

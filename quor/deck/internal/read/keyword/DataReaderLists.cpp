@@ -113,7 +113,7 @@ DataReader::Ended DataReader::ReadElements(
             notes_.PassEnd();
             return Ended::Complete;
         }
-        if (taken == words_.GetTaken()) { // elements of no size would go on for ever
+        if (taken == words_.GetTaken()) { // elements of no size would never end
             reporter_.Report(begin, Code::TooManyValues,
                 fmt::format("{}: too many values (expected none)", keyword_.text),
                 "the size of the list is 0");
@@ -155,7 +155,7 @@ void DataReader::ReadValue(const DataPlan& plan, IKeywordListData& list)
         list.SetDefaulted(index, true);
     } else {
         Reading<T> reading = values_.Read<T>(item, words_.GetWord());
-        Report(item, std::move(reading.faults));
+        Report(item, std::move(reading.errors));
         if (reading.hasVariables) {
             notes_.AddVariable(static_cast<int>(index), 1, words_.GetWord().text);
             if (!reading.value)
@@ -194,7 +194,7 @@ DataReader::Ended DataReader::ReadLines(const DataPlan& plan, IKeywordListData& 
     }
 }
 
-/// Whether the list goes on with another element; a slash or a word that ends it is taken.
+/// Whether the list continues with another element; a slash or a word that ends it is taken.
 bool DataReader::HasMore(const DataPlan& plan, long long size, const IKeywordListData& list, Ended& ended)
 {
     ended = Ended::Complete;
@@ -228,7 +228,7 @@ bool DataReader::IsKeywordNext(const DataPlan& element)
     return next && IsLetter(next->text.front()) && text_.IsLoneUpperWord(next->range);
 }
 
-/// A list of unknown size that nothing closes goes on to the next keyword.
+/// A list of unknown size that nothing closes continues to the next keyword.
 DataReader::Ended DataReader::EndListByStop(
     const DataPlan& plan, long long size, const IKeywordListData& list)
 {

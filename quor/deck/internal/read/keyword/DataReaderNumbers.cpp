@@ -1,5 +1,6 @@
 #include "quor/deck/internal/read/keyword/DataReader.h"
 
+#include "quor/data/Access.h"
 #include "quor/data/IKeywordListData.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/metadata/IKeywordIntegerMD.h"
@@ -77,19 +78,6 @@ struct PlainNumbers {
     }
 };
 
-template <class T>
-void AppendRepeated(IKeywordListData& list, T value, long long count, bool isDefault)
-{
-    constexpr long long room = 4096;
-    T values[room];
-    std::fill_n(values, std::min(count, room), value);
-    const auto first = static_cast<std::size_t>(list.GetSize());
-    for (long long left = count; left > 0; left -= room)
-        list.AddData(values, values + std::min(left, room));
-    for (std::size_t i = first; isDefault && i < static_cast<std::size_t>(list.GetSize()); ++i)
-        list.SetDefaulted(i, true);
-}
-
 } // namespace
 
 DataReader::Ended DataReader::ReadNumbers(const DataPlan& plan, long long size, IKeywordListData& list)
@@ -107,16 +95,18 @@ DataReader::Ended DataReader::ReadNumbersAs(const DataPlan& plan, long long size
     if (isSizeKnown)
         list.Reserve(std::min(static_cast<std::size_t>(size), text_.GetRest().size() / 2));
     const long long longest = words_.SetLongestRepeat(isSizeKnown ? mostRepeats : WordStream::mostValues);
-    NumberFaults faults;
+    const bool wasTogether = words_.SetTakesTogether(true);
+    NumberErrors errors;
     Ended ended = Ended::Complete;
     for (;;) {
         ReadPlainNumbers<T>(plan.items.front(), most - list.GetSize(), list);
         if (!HasMore(plan, size, list, ended))
             break;
-        ReadNumber<MD, T>(plan, most, list, faults);
+        ReadNumber<MD, T>(plan, most, list, errors);
     }
     words_.SetLongestRepeat(longest);
-    ReportNumbers(plan, size, faults);
+    words_.SetTakesTogether(wasTogether);
+    ReportNumbers(plan, size, errors);
     return ended;
 }
 
@@ -143,7 +133,7 @@ void DataReader::ReadPlainNumbers(const DataPlan& item, long long most, IKeyword
 /// One word, and all its repeats.
 template <class MD, class T>
 void DataReader::ReadNumber(
-    const DataPlan& plan, long long most, IKeywordListData& list, NumberFaults& faults)
+    const DataPlan& plan, long long most, IKeywordListData& list, NumberErrors& errors)
 {
     const DataPlan& item = plan.items.front();
     const bool isDefault = words_.Next() == Got::Default;
@@ -152,7 +142,7 @@ void DataReader::ReadNumber(
         reading.value = DefaultNumber<MD, T>(plan, list);
     } else {
         reading = values_.Read<T>(item, words_.GetWord());
-        Report(item, std::move(reading.faults));
+        Report(item, std::move(reading.errors));
         if (!reading.value && !reading.hasVariables) {
             misfits_ += CountNumbersInWord();
             return;
@@ -162,21 +152,44 @@ void DataReader::ReadNumber(
     const T value = reading.value.value_or(T());
     const long long count = words_.TakeRepeats();
     if (!isDefault && !reading.hasVariables && !IsWithinLimits(item, static_cast<double>(value))) {
-        if (faults.beyond == 0) {
-            faults.firstBeyond = range;
-            faults.beyondValue = static_cast<double>(value);
+        if (errors.beyond == 0) {
+            errors.firstBeyond = range;
+            errors.beyondValue = static_cast<double>(value);
         }
-        faults.beyond += count;
+        errors.beyond += count;
     }
     // What is beyond the size is counted, and not kept.
     const long long kept = std::min(count, most - list.GetSize());
-    if (faults.surplus == 0 && kept < count)
-        faults.firstSurplus = range;
-    faults.surplus += count - kept;
+    if (kept > 1 && !words_.MayRepeat(static_cast<std::size_t>(kept - 1))) {
+        misfits_ += kept;
+        return;
+    }
+    if (errors.surplus == 0 && kept < count)
+        errors.firstSurplus = range;
+    errors.surplus += count - kept;
     if (reading.hasVariables)
         notes_.AddVariable(static_cast<int>(list.GetSize()), kept, words_.GetWord().text);
-    AppendRepeated(list, value, kept, isDefault && ListMD(plan).IsItemDefaultable());
+    if (reading.value)
+        AppendRepeated(list, value, kept, isDefault && ListMD(plan).IsItemDefaultable());
+    else
+        AddUnknown(list, static_cast<std::size_t>(kept));
     notes_.Pass(range, static_cast<std::size_t>(kept));
+}
+
+template <class T>
+void DataReader::AppendRepeated(IKeywordListData& list, T value, long long count, bool isDefault) const
+{
+    constexpr long long room = 4096;
+    T values[room];
+    std::fill_n(values, std::min(count, room), value);
+    for (long long done = 0; done < count; done += room) {
+        const auto first = static_cast<std::size_t>(list.GetSize());
+        list.AddData(values, values + std::min(count - done, room));
+        for (std::size_t i = first; isDefault && i < static_cast<std::size_t>(list.GetSize()); ++i)
+            list.SetDefaulted(i, true);
+        if ((done + room) % static_cast<long long>(WordStream::stride) == 0)
+            text_.CheckCancelled();
+    }
 }
 
 template <class MD, class T>
@@ -193,19 +206,19 @@ T DataReader::DefaultNumber(const DataPlan& plan, const IKeywordListData& list)
 
 /// Of the numbers beyond their limits the first, with how many more there are; and so of those beyond the
 /// size.
-void DataReader::ReportNumbers(const DataPlan& plan, long long size, const NumberFaults& faults)
+void DataReader::ReportNumbers(const DataPlan& plan, long long size, const NumberErrors& errors)
 {
     // Without its size the list may have taken what doesn't belong to it.
     const bool isSure = size != unknownSize || plan.termination != Termination::NONE || records_.empty();
-    if (faults.beyond > 0 && isSure) {
-        Misfit misfit = values_.Beyond(plan.items.front(), faults.beyondValue, faults.beyond - 1);
-        if (MayReportOfRow(faults.firstBeyond, misfit.hint))
-            ReportAt(faults.firstBeyond, std::move(misfit));
+    if (errors.beyond > 0 && isSure) {
+        Misfit misfit = values_.Beyond(plan.items.front(), errors.beyondValue, errors.beyond - 1);
+        if (MayReportOfRow(errors.firstBeyond, misfit.hint))
+            ReportAt(errors.firstBeyond, std::move(misfit));
     }
-    if (faults.surplus > 0)
-        reporter_.Report(faults.firstSurplus, Code::WrongSize,
+    if (errors.surplus > 0)
+        reporter_.Report(errors.firstSurplus, Code::WrongSize,
             fmt::format(
-                "{}: too many values (expected {}, found {})", keyword_.text, size, size + faults.surplus),
+                "{}: too many values (expected {}, found {})", keyword_.text, size, size + errors.surplus),
             fmt::format("the size is {}", *ListMD(plan).GetSize()));
 }
 

@@ -175,7 +175,7 @@ template <class T>
 bool DataReader::ReadScalarAs(const DataPlan& plan, std::size_t index, void* storage)
 {
     Reading<T> reading = values_.Read<T>(plan.items[index], words_.GetWord());
-    const bool isShifted = !reading.faults.IsEmpty() && Report(plan.items[index], std::move(reading.faults));
+    const bool isShifted = !reading.errors.IsEmpty() && Report(plan.items[index], std::move(reading.errors));
     if (reading.hasVariables)
         notes_.AddVariable(static_cast<int>(index), 1, words_.GetWord().text);
     if (!reading.value)

@@ -45,11 +45,11 @@ void DataReader::PassRemark(const DataPlan& plan)
 }
 
 /// Of the last word. True if the rest of the record is shifted.
-bool DataReader::Report(const DataPlan& item, WordFaults&& faults)
+bool DataReader::Report(const DataPlan& item, WordErrors&& errors)
 {
-    for (Misfit& remark : faults.remarks)
+    for (Misfit& remark : errors.remarks)
         ReportAt(words_.GetRange(), std::move(remark));
-    return faults.misfit && ReportMisfit(item, std::move(*faults.misfit));
+    return errors.misfit && ReportMisfit(item, std::move(*errors.misfit));
 }
 
 /// Once for each word, however often it is repeated. True if the rest of the record is shifted: it fits some

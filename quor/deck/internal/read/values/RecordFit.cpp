@@ -42,7 +42,7 @@ const DataPlan& FirstOf(const DataPlan& data)
 }
 
 /// The index after the last item that the words fill from `first` on; beyond the number of items if there are
-/// more words, and that number if an item is no scalar, since the words don't tell then. Empty if a word
+/// more words, and that number if an item is no scalar, since the words don't say it then. Empty if a word
 /// doesn't fit.
 std::optional<std::size_t> Fill(const DataPlan& record, std::size_t first, std::span<const DataWord> words)
 {

@@ -152,10 +152,10 @@ Reading<T> ValueReader::Read(const DataPlan& item, const Token& word)
         return reading;
     }
     if (reading.value)
-        Remark(item, text, *reading.value, reading.faults.remarks);
+        Remark(item, text, *reading.value, reading.errors.remarks);
     else
-        reading.faults.misfit = MisfitOf<T>(item, text);
-    for (Misfit& remark : reading.faults.remarks) {
+        reading.errors.misfit = MisfitOf<T>(item, text);
+    for (Misfit& remark : reading.errors.remarks) {
         if (replaced)
             remark.instead.clear(); // the word comes from a variable
     }

@@ -29,7 +29,7 @@ struct Misfit {
 };
 
 /// What is wrong with a word.
-struct WordFaults {
+struct WordErrors {
     std::optional<Misfit> misfit; ///< why it is no value
     std::vector<Misfit> remarks; ///< on a value
 
@@ -40,7 +40,7 @@ struct WordFaults {
 template <class T>
 struct Reading {
     std::optional<T> value; ///< empty without a misfit: a variable has no value, and that was reported
-    WordFaults faults;
+    WordErrors errors;
     bool hasVariables = false; ///< there are variables in the word
 };
 

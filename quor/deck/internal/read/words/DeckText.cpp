@@ -60,7 +60,7 @@ Token DeckText::NextHead()
 void DeckText::SkipData()
 {
     Unpeek();
-    bool mayKeywordStand = true; // names of wells and groups stand before a slash
+    bool mayKeywordStand = true; // names of wells and groups are before a slash
     while (SkipToText()) {
         if (IsAtLineStart() && IsLetter(*position_)) {
             const std::string_view line = GetLine();

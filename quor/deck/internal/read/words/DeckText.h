@@ -41,14 +41,14 @@ struct Token {
     Repeat repeat = {}; ///< of a bare word at the beginning of `text`, of a quoted one before the quote
 };
 
-/// How a comment stands to what is around it.
+/// Where a comment is among what is around it.
 enum class CommentKind {
     OwnLine,
     AfterText, ///< on the line of a word
     AfterSlash, ///< the rest of the line, which need not begin with hyphens
 };
 
-/// The text of a deck as one stream, whatever files it stands in. Comments, inclusions, skipped blocks and
+/// The text of a deck as one stream, whatever files it is in. Comments, inclusions, skipped blocks and
 /// the end of the deck are dealt with here, within the data of a keyword as well, and not seen above.
 class DeckText {
 public:
@@ -59,7 +59,7 @@ public:
     DeckText(const std::string& path, const DeckSource& source, const Target& target, Vocabulary& vocabulary,
         DeckFiles& files, FindingReporter& reporter);
 
-    /// What stands where a keyword may stand: the word at the start of a line, known or not (`Keyword`,
+    /// What is where a keyword may be: the word at the start of a line, known or not (`Keyword`,
     /// taken), any other text (`Word`, not taken), or the end.
     Token NextHead();
     /// Passes over what is no keyword, up to a line that starts with one, or looks as if it wanted to.
@@ -100,7 +100,7 @@ public:
     TextRange RangeOf(std::string_view part) const;
     /// From the range, in the file being read, to the end of its line.
     std::string_view GetLineFrom(const TextRange& range) const;
-    /// Whether nothing but blanks stands before the range on its line.
+    /// Whether nothing but blanks is before the range on its line.
     bool IsFirstOnLine(const TextRange& range) const;
     /// Whether the word ends where its range does.
     bool IsWhole(const TextRange& word) const;
@@ -111,6 +111,8 @@ public:
     /// How often inclusions, their ends and skipped blocks have led away from the text before.
     std::size_t GetTurns() const { return turns_; }
 
+    /// Bytes of all files so far.
+    std::size_t GetKnownSize() const { return known_; }
     std::size_t GetFileCount() const { return identities_.size(); }
     /// Whether an inclusion could not be read: what it holds is not known. Reset by the caller.
     bool MissedInclusion() const { return missedInclusion_; }
@@ -120,6 +122,7 @@ public:
     void SetProgress(ReadProgress progress) { progress_ = std::move(progress); }
     /// Asked at each keyword and each stride of a long text; once it is true, `ReadCancelled` is thrown.
     void SetCancellation(ReadCancellation isCancelled) { isCancelled_ = std::move(isCancelled); }
+    void CheckCancelled() const;
     void SetCommentSink(CommentSink sink) { commentSink_ = std::move(sink); }
 
 private:
@@ -134,7 +137,7 @@ private:
     /// One file on the way from the deck down to the text being read.
     struct Frame {
         std::uint32_t file = 0;
-        std::string identity; // as the source tells it
+        std::string identity; // as the source identifies it
         std::size_t offset = 0; // while an included file is read
         std::vector<SkipBlock> blocks; // open ones, outermost first
     };
@@ -158,7 +161,6 @@ private:
     void NoteRemark();
     void Release();
     void ReportProgress();
-    void CheckCancelled() const;
 
     void ReadInclude(std::string_view keyword);
     std::size_t TakeSlashBelow(std::size_t end);
@@ -197,7 +199,7 @@ private:
     bool isEnded_ = false;
     bool hasPeeked_ = false;
     Token peeked_;
-    TextRange lastReported_; // of the words with a fault of their own
+    TextRange lastReported_; // of words with odd characters or quotes, which were reported
 
     std::map<std::string, std::weak_ptr<const SourceText>> texts_; // by identity
     std::set<std::string> identities_;

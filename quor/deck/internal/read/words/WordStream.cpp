@@ -15,7 +15,8 @@ WordStream::Got WordStream::Next()
 {
     if (repeats_ > 0) {
         --repeats_;
-        ++taken_;
+        if (++taken_ % stride == 0)
+            text_.CheckCancelled();
         return GotRepeated();
     }
     endsByLine_ = IsLineOver();
@@ -53,20 +54,49 @@ void WordStream::TakeRepeat()
     Repeat repeat = word_.repeat;
     const bool isQuoted = word_.kind == Token::Kind::Quoted;
     if (repeat.count == 0 || repeat.count > longestRepeat_) {
-        TextRange range = word_.range;
-        if (isQuoted)
-            range.length = repeat.length;
-        const std::string_view written =
-            isQuoted ? text_.GetLineFrom(range).substr(0, repeat.length) : word_.text;
-        reporter_.Report(range, Code::BadRepeat,
-            fmt::format("{}: invalid repeat count in '{}' (expected 1 to {})", keyword_, Shorten(written),
+        reporter_.Report(GetRepeatRange(), Code::BadRepeat,
+            fmt::format("{}: invalid repeat count in '{}' (expected 1 to {})", keyword_, GetWritten(),
                 longestRepeat_));
         repeat.count = 1;
     }
+    constexpr std::size_t weight = 4; // of what may be more than a number
+    if (!takesTogether_ && !MayRepeat(weight * static_cast<std::size_t>(repeat.count - 1)))
+        repeat.count = 1;
     repeats_ = repeat.count - 1;
     if (!isQuoted)
         word_.text.remove_prefix(repeat.length);
     isDefault_ = !isQuoted && word_.text.empty();
+}
+
+/// Of the last word, without what is in quotes.
+TextRange WordStream::GetRepeatRange() const
+{
+    TextRange range = word_.range;
+    if (word_.kind == Token::Kind::Quoted)
+        range.length = word_.repeat.length;
+    return range;
+}
+
+std::string WordStream::GetWritten() const
+{
+    const TextRange range = GetRepeatRange();
+    return Shorten(text_.GetLineFrom(range).substr(0, range.length));
+}
+
+bool WordStream::MayRepeat(std::size_t values)
+{
+    constexpr std::size_t perByte = 100;
+    const std::size_t ofText = perByte * text_.GetKnownSize();
+    const std::size_t made = made_ + values;
+    if (made > ofText && made - ofText > maxRepeatedValues_) {
+        reporter_.Report(GetRepeatRange(), Code::TooManyValues,
+            fmt::format("{}: too many repeated values up to '{}' (expected at most {} in the whole deck)",
+                keyword_, GetWritten(), ofText + maxRepeatedValues_),
+            "correct the repeat count");
+        return false;
+    }
+    made_ = made;
+    return true;
 }
 
 WordStream::Got WordStream::Peek()

@@ -4,6 +4,7 @@
 #include "quor/deck/internal/read/words/DeckText.h"
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -25,9 +26,14 @@ public:
     static constexpr long long mostRecords = 10'000;
     static constexpr long long mostValues = 1'000'000;
 
-    WordStream(DeckText& text, FindingReporter& reporter)
+    /// After how many repeated values it is asked whether the read is cancelled.
+    static constexpr std::size_t stride = std::size_t(1) << 20;
+
+    /// `maxRepeatedValues`: as in `ReadOptions`.
+    WordStream(DeckText& text, FindingReporter& reporter, std::size_t maxRepeatedValues)
         : text_(text)
         , reporter_(reporter)
+        , maxRepeatedValues_(maxRepeatedValues)
     {
     }
 
@@ -43,12 +49,15 @@ public:
     /// The last word, without its repeat count.
     const Token& GetWord() const { return word_; }
     const TextRange& GetRange() const { return word_.range; }
-    /// After a slash, where a value that is missing before it would stand; that may be the end of the line.
+    /// After a slash, where a value that is missing before it would be; that may be the end of the line.
     TextRange GetMissingRange() const { return endsByLine_ ? GetEnd() : GetRange(); }
     /// How often the last word comes again.
     long long GetRepeats() const { return repeats_; }
     /// The last word counts as taken so often.
     long long TakeRepeats() { return std::exchange(repeats_, 0) + 1; }
+    /// Whether the last word may make so many values more than one; false, and reported, if the deck has as
+    /// many as it may.
+    bool MayRepeat(std::size_t values);
     /// Whether the last word is a lone asterisk, which may be a pattern.
     bool IsAsterisk() const
     {
@@ -75,6 +84,9 @@ public:
 
     /// Sets, and returns what was set before.
     long long SetLongestRepeat(long long count) { return std::exchange(longestRepeat_, count); }
+    /// Whether the reader takes the repeats of a word together, and asks itself whether it may make them.
+    /// Sets, and returns what was set before.
+    bool SetTakesTogether(bool takesTogether) { return std::exchange(takesTogether_, takesTogether); }
     /// Whether the end of the line is a slash. Sets, and returns what was set before.
     bool SetOneLine(bool isOneLine) { return std::exchange(isOneLine_, isOneLine); }
     bool IsOneLine() const { return isOneLine_; }
@@ -93,9 +105,13 @@ private:
     bool IsLineOver() const { return isOneLine_ && text_.IsAtLineEnd(); }
     Got GotRepeated() const { return isDefault_ ? Got::Default : Got::Value; }
     void TakeRepeat();
+    TextRange GetRepeatRange() const;
+    std::string GetWritten() const;
 
     DeckText& text_;
     FindingReporter& reporter_;
+    std::size_t maxRepeatedValues_;
+    std::size_t made_ = 0; // values of repeats, in the whole deck
     std::string_view keyword_;
 
     Token word_;
@@ -104,6 +120,7 @@ private:
     bool isDefault_ = false; // `word_` stands for a default
     bool isReported_ = false; // `word_`
     long long longestRepeat_ = mostRecords;
+    bool takesTogether_ = false;
     bool isOneLine_ = false;
     std::size_t taken_ = 0;
     TextRange last_;
