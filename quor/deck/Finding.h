@@ -25,7 +25,7 @@ struct RelatedLocation {
     TextRange range = {}; ///< the same bytes among the files of the deck
 };
 
-/// One thing that is wrong, or worth a note: values of its own, valid without the deck. Later versions may
+/// One thing that is wrong, or worth a note. It owns its values: valid without the deck. Later versions may
 /// add members.
 struct Finding {
     std::string code; ///< stable, for programs to use

@@ -27,7 +27,7 @@ struct Attribute {
     Span valueSpan; ///< without quotes
 };
 
-/// An element with all that is below it, a value of its own. Texts are UTF-8.
+/// An element with all that is below it; its own value. Texts are UTF-8.
 struct VELD_QUOR_EXPORT Element {
     std::string tag; ///< its name, prefix included
     Span span; ///< from the bracket to the end of the tag's name
@@ -98,7 +98,7 @@ public:
     /// The same for a text in memory. If the locations cannot be found in the text itself, because of its
     /// encoding, they refer to the text rewritten in UTF-8; throws `DocumentError` if that fails.
     static Document ReadText(std::string text, const std::string& name);
-    /// The documents that the library carries, trusted ones first, as the loader reads them. Their locations
+    /// The built-in documents, trusted ones first, as the loader reads them. Their locations
     /// refer to the text that they are written as.
     static std::vector<Document> ReadBuiltin();
 

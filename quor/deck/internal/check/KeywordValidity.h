@@ -10,7 +10,7 @@
 
 namespace Veld::Quor::Core::Decks {
 
-/// Why a keyword may not stand where it stands.
+/// Why a keyword isn't valid where it is.
 struct Objection {
     Code code;
     std::string message;

@@ -73,7 +73,7 @@ void Suppressions::Scan(const SourceText& source)
     }
 }
 
-/// `markAt`: where the mark stands; it counts at the beginning of a comment.
+/// `markAt`: where the mark is; it counts at the beginning of a comment.
 void Suppressions::Follow(std::size_t markAt)
 {
     if (markAt < followed_)

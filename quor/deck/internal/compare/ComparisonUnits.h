@@ -19,7 +19,7 @@ struct ComparisonUnit {
     std::string name; ///< of the keyword
     std::string identity; ///< the identifiers for people; empty if there are none
     const KeywordInstance* keyword;
-    const Core::Keywords::IKeywordData* data; ///< null if it carries nothing
+    const Core::Keywords::IKeywordData* data; ///< null if it has none
     TextRange range;
 };
 

@@ -140,7 +140,7 @@ void WellSummary::AddGroup(const std::string& name, const std::string& parent, b
         at->second = parent;
 }
 
-/// The well of that name, or those that begin with what stands before an asterisk.
+/// The well of that name, or those that begin with what is before an asterisk.
 template <class Visit>
 void WellSummary::ForEachWell(const std::string& pattern, Visit visit)
 {

@@ -18,8 +18,8 @@ struct NewWord {
 /// By slot, as `DataPosition` counts them.
 using NewWords = std::map<std::size_t, NewWord>;
 
-/// Gives slots of a keyword other values, and touches no other value, comment or blank: where a repeat stands
-/// for several slots, it is split; where a slot is not given, what stands before it is left to its defaults.
+/// Gives slots of a keyword other values, and touches no other value, comment or blank: where a repeat is
+/// for several slots, it is split; where a slot is not given, what is before it is left to its defaults.
 /// The keyword must have a range for each slot. Throws `EditError` if a slot has no place of its own in the
 /// text.
 std::vector<TextEdit> EditValues(

@@ -52,8 +52,8 @@ struct RecordRules {
 
 /// What the rules say of one keyword in one section.
 struct KeywordRules {
-    RecordRules record; ///< that it carries, or of which it carries a list
-    std::vector<RecordRules::Name> elements; ///< of the list of texts that it carries
+    RecordRules record; ///< that it has as data, or of which it has a list
+    std::vector<RecordRules::Name> elements; ///< of the list of texts that it has as data
     const RegionRule* region = nullptr;
     const ExclusiveRule* exclusive = nullptr;
     bool isOnce = false;

@@ -17,7 +17,7 @@ void ReadRuleFile(const std::string& path, RuleSet& rules);
 /// Adds rules to others.
 void Append(RuleSet more, RuleSet& rules);
 
-/// The rules that the library carries.
+/// The built-in rules.
 const RuleSet& BuiltinRules();
 
 } // namespace Veld::Quor::Core::Decks

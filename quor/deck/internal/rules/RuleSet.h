@@ -14,7 +14,7 @@ namespace Veld::Quor::Core::Decks {
 struct ItemSelection {
     std::vector<std::string> keywords; ///< empty: all
     std::vector<std::string> except; ///< keywords that it isn't about
-    std::vector<std::string> items; ///< empty: the elements of a list of texts that the keyword carries
+    std::vector<std::string> items; ///< empty: the elements of a list of texts that the keyword has as data
     std::vector<Keywords::SectionType::Enum> sections; ///< empty: all
     std::optional<Keywords::SummaryEntity::Enum> entity; ///< of the output vectors; none: any keyword
     std::string unless; ///< an item: a record that gives it is left out; may be empty

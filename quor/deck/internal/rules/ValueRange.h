@@ -12,7 +12,7 @@ namespace Veld::Quor::Core::Decks {
 
 /// A value of a keyword: an item of a record, or an element of a list of values.
 struct ValuePosition {
-    std::size_t element = 0; ///< of the keyword's list; 0 if it carries a record
+    std::size_t element = 0; ///< of the keyword's list; 0 if its data are a record
     int item = -1; ///< of the record; -1: the element itself
     bool isFlat = true; ///< the values before it are those of the record alone
 };

@@ -32,14 +32,14 @@ bool IsEmptyToLineEnd(std::string_view text);
 bool HasEndingSlash(std::string_view line);
 
 struct FileNameToken {
-    std::string_view name; ///< without quotes; empty if a slash stands where the name should
+    std::string_view name; ///< without quotes; empty if a slash is where the name should be
     std::size_t offset = 0; ///< of the token in the line, quote included
     std::size_t length = 0; ///< of the token, quotes included
     bool isClosed = true; ///< false: the closing quote is missing
 };
 
-/// The first token of `line` from `offset` on, quoted or bare. A bare name goes on to the next blank; a slash
-/// at its end doesn't belong to it, but one inside does. Empty if there is only a comment.
+/// The first token of `line` from `offset` on, quoted or bare. A bare name continues to the next blank; a
+/// slash at its end doesn't belong to it, but one inside does. Empty if there is only a comment.
 std::optional<FileNameToken> FindFileName(std::string_view line, std::size_t offset);
 
 /// Blank, tab or line end.

@@ -29,8 +29,8 @@ struct DataWord {
     bool IsPadded() const { return quotes == Quotes::Closed && length - repeat.length > text.size() + 2; }
 };
 
-/// `text` begins with the word, and may go on after it. A quoted word ends on its line. A quote ends a bare
-/// word only where a repeat count is before it.
+/// `text` begins with the word, and may continue after it. A quoted word ends on its line. A quote ends a
+/// bare word only where a repeat count is before it.
 DataWord FindDataWord(std::string_view text);
 
 /// The words of a line up to the slash.

@@ -17,17 +17,17 @@ public:
     void Word(std::string_view word);
     /// The same for numbers of an array, which get a column each; a missing one is empty.
     void Numbers(const std::vector<std::string>& words);
-    /// A line as it stands; words may come after it.
+    /// A line as it is; words may come after it.
     void Line(std::string_view text);
     /// The next word starts a line.
     void Break() { isBroken_ = isBroken_ || !line_.empty(); }
     /// Blanks before the words of a line.
     void SetIndent(std::size_t indent) { indent_ = indent; }
     std::size_t GetIndent() const { return indent_; }
-    /// Whether words may go on on another line.
+    /// Whether words may continue on another line.
     void SetWrapping(bool wraps) { wraps_ = wraps; }
 
-    /// A comment on a line of its own: its hyphens stand where the words do, or at the start of the line.
+    /// A comment on a separate line: its hyphens are where the words do, or at the start of the line.
     void Comment(std::string_view comment, bool isIndented);
     /// After what was written last; the line ends with it. Gets hyphens if it has none and doesn't stand
     /// after a slash.

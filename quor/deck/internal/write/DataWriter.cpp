@@ -57,7 +57,7 @@ void DataWriter::WriteContainer(const DataPlan& plan, const IKeywordData& data, 
         Overloaded{[&](const IKeywordRecordData& record) { WriteRecord(plan, record, needsWord); },
             [&](const IKeywordListData& list) { WriteList(plan, list); },
             [&](const IKeywordMapData& map) { WriteMap(plan, map); },
-            [](const IKeywordRawData& /*raw*/) {}}); // its text is kept as it stands
+            [](const IKeywordRawData& /*raw*/) {}}); // its text is kept as it is
 }
 
 // Records
@@ -79,7 +79,7 @@ void DataWriter::WriteRecord(const DataPlan& plan, const IKeywordRecordData& rec
             ++missing;
         else if (!item.IsScalar())
             WriteNested(item, NestedIn(record, i), needsWord && i == 0);
-        else if (!cell.text.empty() || i == 0) // an empty line is one if it stands directly after its keyword
+        else if (!cell.text.empty() || i == 0) // an empty line is one if it is directly after its keyword
             lines_.Word(cell.text);
         position_.slots += item.IsScalar() ? 1U : 0U;
         if (item.type == MDType::Line)

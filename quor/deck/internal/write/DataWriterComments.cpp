@@ -5,7 +5,7 @@
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/write/PlanShape.h"
 
-// The comments that stand between the data of a keyword.
+// The comments between the data of a keyword.
 
 namespace Veld::Quor::Core::Decks {
 
@@ -57,7 +57,7 @@ bool DataWriter::HasCommentWithinRows(const DataPlan& record, const IKeywordList
     return false;
 }
 
-/// Whether a comment stands between the first and the last word of the record that comes next.
+/// Whether a comment is between the first and the last word of the record that comes next.
 bool DataWriter::HasCommentWithin(const DataPlan& record) const
 {
     if (!notes_ || nextComment_ == notes_->comments.size())

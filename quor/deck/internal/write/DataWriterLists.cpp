@@ -218,7 +218,7 @@ void DataWriter::TakeRowComments(TableRow& row)
     }
 }
 
-/// Comments in a record of which no word is left stand above it.
+/// Comments in a record of which no word is left are above it.
 void DataWriter::TakeCommentsWithin(const DataPlan& record, TableRow& row)
 {
     const DataPosition begin = position_;

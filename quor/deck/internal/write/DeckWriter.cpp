@@ -15,7 +15,7 @@ using namespace Core::Keywords;
 
 namespace {
 
-/// Whether its data go on to the next keyword, which must then stand alone on its line.
+/// Whether its data continue to the next keyword, which must then be alone on its line.
 bool IsOpen(const DataPlan& plan)
 {
     return plan.termination == DataPlan::Termination::NONE && plan.type != DataPlan::MDType::Raw;

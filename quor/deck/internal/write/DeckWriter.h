@@ -12,9 +12,9 @@
 
 namespace Veld::Quor::Core::Decks {
 
-/// Writes a deck from its trees. What is no keyword stays as it stands: comments, blank lines, inclusions,
+/// Writes a deck from its trees. What is no keyword stays as it is: comments, blank lines, inclusions,
 /// skipped blocks, unknown keywords. So does a keyword with errors in it, one of raw text, and one whose data
-/// go on in another file or around a skipped block.
+/// continue in another file or around a skipped block.
 class DeckWriter {
 public:
     /// The deck must outlive it. `isNormalized`: each keyword is written from its data, in one form; else its

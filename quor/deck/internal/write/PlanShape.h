@@ -20,7 +20,7 @@ bool TakesSlash(const DataPlan& item);
 bool NeedsWords(const DataPlan& list);
 /// Whether it is a record of nothing but scalars that may share a line.
 bool IsFlat(const DataPlan& record);
-/// Whether it holds such scalars, and after them a list of rows that may stand beside them.
+/// Whether it holds such scalars, and after them a list of rows that may be beside them.
 bool IsTabular(const DataPlan& record);
 /// The data of an item that is no scalar.
 const Core::Keywords::IKeywordData& NestedIn(

@@ -27,13 +27,14 @@ namespace Veld::Quor::Core::Decks {
 
 constexpr std::uint32_t noIndex = std::numeric_limits<std::uint32_t>::max();
 
-/// A known keyword of a deck, and what it carries there.
+/// A known keyword of a deck, and its data there.
 struct KeywordInstance {
     const Core::Keywords::IKeywordSyntax* syntax;
-    Core::Keywords::SectionType::Enum section; ///< in which it stands; `None` before the first
+    Core::Keywords::SectionType::Enum section; ///< in which it is; `None` before the first
     TextRange name;
-    TextRange whole; ///< with its data; of no length if they go on in another file, or around a skipped block
-    std::unique_ptr<Core::Keywords::IKeywordData> data = {}; ///< null if it carries nothing
+    TextRange
+        whole; ///< with its data; of no length if they continue in another file, or around a skipped block
+    std::unique_ptr<Core::Keywords::IKeywordData> data = {}; ///< null if it has none
     std::unique_ptr<DataNotes> notes = {}; ///< null if there is nothing to note
     std::vector<RecordStart> records =
         {}; ///< of the elements of its outermost list, if that is one of records or lists
@@ -53,7 +54,7 @@ struct DeckScope {
 };
 
 /// A deck as it was read. What was no keyword and no data (comments, blank lines, inclusions, skipped blocks,
-/// unknown keywords) stands in the texts of the files, between the ranges of the keywords.
+/// unknown keywords) is in the texts of the files, between the ranges of the keywords.
 struct DeckContents {
     DeckContents(const LanguageIndex& usedLanguage, std::size_t maxFindings)
         : language(usedLanguage)
@@ -63,7 +64,7 @@ struct DeckContents {
 
     /// The keyword's name; of one that stands for many, as the deck has it.
     std::string NameOf(const KeywordInstance& keyword) const;
-    /// "2024-04-01" for a keyword of SCHEDULE; empty for others, and if the deck gives no date.
+    /// "2024-04-01" for a keyword of SCHEDULE; empty for others, and if the deck has no date.
     std::string DateOf(const KeywordInstance& keyword) const;
     /// For which it was read.
     const Target& GetTarget() const { return options.GetTarget(); }
@@ -72,7 +73,7 @@ struct DeckContents {
     ReadOptions options = {}; ///< with which it was read; set at the end
     DeckFiles files;
     std::vector<KeywordInstance> keywords; ///< in the order of reading
-    Core::Service::Time start; ///< undefined if the deck gives none
+    Core::Service::Time start; ///< undefined if the deck has none
     std::vector<ReportStep> steps; ///< in the order of reading
     std::vector<DeckScope> scopes; ///< in the order of their openers
     Findings findings; ///< in the order in which they were found

@@ -18,12 +18,12 @@ struct DeckContents;
 /// identifier of each record.
 class RecordIndex {
 public:
-    /// Indices of keywords that carry something, in the order of the deck.
+    /// Indices of keywords with data, in the order of the deck.
     struct Keywords {
         std::vector<std::uint32_t> all;
         std::vector<std::uint32_t> unnamed; ///< lists whose elements have no identifiers
     };
-    /// A record of a keyword's list, or the record that the keyword carries: 0.
+    /// A record of a keyword's list, or the keyword's single record: 0.
     struct Row {
         std::size_t key; ///< of its first identifiers
         std::uint32_t keyword;

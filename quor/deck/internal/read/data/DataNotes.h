@@ -33,7 +33,7 @@ struct DataNotes {
     std::unique_ptr<DataVariables> variables; ///< or null
     std::vector<int> switches; ///< of a map in its older form, which is a list of numbers
     std::vector<TextRange> values; ///< of each slot, if asked for: repeated ones have one range, and one that
-                                   ///< is not given an empty range where it would stand
+                                   ///< is not given an empty range where it would be
 
     bool IsEmpty() const
     {

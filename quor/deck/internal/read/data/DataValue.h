@@ -50,7 +50,7 @@ DefaultValue DefaultOf(
 /// Whether the two say the same: the case of a text may not matter.
 bool MeanSame(const Core::Keywords::IKeywordDataMD& md, const ScalarValue& a, const ScalarValue& b);
 
-/// As it stands in a deck, a text without quotes; empty for a value that isn't given.
+/// As it is in a deck, a text without quotes; empty for a value that isn't given.
 std::string ToText(const Core::Keywords::IKeywordDataMD& md, const ScalarValue& value);
 /// "none", "calculated", or the value.
 std::string ToText(const Core::Keywords::IKeywordDataMD& md, const DefaultValue& value);

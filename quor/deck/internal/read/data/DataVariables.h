@@ -14,7 +14,7 @@ class IKeywordData;
 
 namespace Veld::Quor::Core::Decks {
 
-/// The variables that stand in the data of a keyword, by node. Points at the nodes, and dies with them.
+/// The variables in the data of a keyword, by node. Points at the nodes, and dies with them.
 class DataVariables : public Core::Keywords::IKeywordVariables {
 public:
     DataVariables();

@@ -12,7 +12,7 @@ class IKeywordData;
 
 namespace Veld::Quor::Core::Decks {
 
-/// An item that tells one record from another, and its value.
+/// An item that distinguishes one record from another, and its value.
 struct IdentityItem {
     const Core::Keywords::IKeywordDataMD* md;
     ScalarValue value;

@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <utility>
 
-// What stands where a keyword is expected.
+// What is where a keyword is expected.
 
 namespace Veld::Quor::Core::Decks {
 
@@ -75,7 +75,7 @@ void DeckReader::ReadUnknown(const Token& head)
     }
 }
 
-/// If it is sure which keyword was meant, what follows is read as if it stood there, and nothing reported of
+/// If it is sure which keyword was meant, what follows is read as if it were there, and nothing reported of
 /// it.
 void DeckReader::ReadMisspelt(const Token& head)
 {
@@ -114,7 +114,7 @@ void DeckReader::ReadStray(const Token& token)
     mayMissKeywords_ = true;
 }
 
-/// The keyword that the first word of a line is, though blanks stand before it; null if it is none. With
+/// The keyword that the first word of a line is, though blanks are before it; null if it is none. With
 /// other text on its line it must be valid here.
 const Entry* DeckReader::FindIndented(const Token& word)
 {

@@ -146,7 +146,7 @@ void DeckText::NoteComment()
     commentSink_(range, isAlone ? CommentKind::OwnLine : CommentKind::AfterText);
 }
 
-/// What stands after a slash.
+/// What is after a slash.
 void DeckText::NoteRemark()
 {
     if (!commentSink_)

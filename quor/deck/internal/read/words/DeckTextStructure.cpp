@@ -73,7 +73,7 @@ bool DeckText::TakeAs(const Token& head, const Entry& entry)
     return TakeStructure(entry, head.text);
 }
 
-/// The name stands after the keyword or on a line below it.
+/// The name is after the keyword or on a line below it.
 void DeckText::ReadInclude(std::string_view word)
 {
     const TextRange keyword = RangeOf(word);
@@ -126,7 +126,7 @@ void DeckText::Include(const TextRange& statement, const TextRange& name, const 
         missedInclusion_ = true;
         return;
     }
-    const std::string path = (folder_ / resolved).string(); // an absolute name stands for itself
+    const std::string path = (folder_ / resolved).string(); // an absolute name stays as it is
     try {
         // First, since a file that includes itself may be large and do so often.
         const std::string identity = source_.Identify(path);

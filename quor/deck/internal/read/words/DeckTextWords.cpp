@@ -81,7 +81,7 @@ void DeckText::CheckBare(const DataWord& word, Token& token)
     }
 }
 
-/// With what stands after it on its line.
+/// With what is after it on its line.
 Token DeckText::TakeSlash()
 {
     const Token slash = TakeToken(Token::Kind::Slash, 1);
