@@ -3,7 +3,6 @@
 from __future__ import annotations
 
 import os
-from codecs import BOM_UTF8
 from collections.abc import Iterator, Mapping, Sequence
 from datetime import date, datetime
 from pathlib import Path
@@ -11,7 +10,8 @@ from typing import TYPE_CHECKING, Any, Union
 
 from . import _core, _files
 from ._core import Keyword
-from ._errors import QuorError, QuorKeyError
+from ._errors import QuorKeyError
+from ._state import State, date_text
 from ._units import Units
 from ._values import Finding, Group, Step, Well
 
@@ -32,14 +32,8 @@ class Deck:
     """
 
     def __init__(self, core: _core.Deck, options: Options) -> None:
-        self._core = core
-        self._origin = core  # of which keywords may still be used: its text is that of `_core`
+        self._state = State(core)
         self._options = options
-        self._values: list[tuple[str, object]] = []  # set since `_core` was read
-        self._editor: _core.Editor | None = None  # with these values; None: they are still to be set
-        self._history: list[tuple[list[_core.Edit], list[tuple[str, object]]]] = []  # what reverts `_core`, and its values
-        self._isEditable = False
-        self._summary: tuple[Any, ...] | None = None
 
     # What it has.
 
@@ -118,27 +112,27 @@ class Deck:
 
     @property
     def title(self) -> str:
-        return str(self._summarized()[0])
+        return str(self._state.summary()[0])
 
     @property
     def wells(self) -> list[Well]:
         """The wells, in the order in which they are introduced."""
-        return [Well(*row) for row in self._summarized()[2]]
+        return [Well(*row) for row in self._state.summary()[2]]
 
     @property
     def groups(self) -> list[Group]:
         """The groups, those below another after it."""
-        return [Group(*row) for row in self._summarized()[3]]
+        return [Group(*row) for row in self._state.summary()[3]]
 
     @property
     def sizes(self) -> dict[str, dict[str, int]]:
         """The whole numbers of the keywords of RUNSPEC: ``deck.sizes["DIMENS"]["NX"]``."""
-        return {name: dict(items) for name, items in self._summarized()[4].items()}
+        return {name: dict(items) for name, items in self._state.summary()[4].items()}
 
     @property
     def units(self) -> Units:
         """The units of all measurements, and which system the deck is in."""
-        return Units(str(self._summarized()[1]))
+        return Units(str(self._state.summary()[1]))
 
     @property
     def simulator(self) -> str | None:
@@ -147,7 +141,7 @@ class Deck:
 
     # Changes. No byte but those of the change becomes another one.
 
-    def set(self, what: str | Keyword, value: object) -> None:
+    def set(self, what: str | Keyword, value: Any) -> None:
         """Sets a value by its address, or the values of an array.
 
         ``deck.set("WCONPROD[P1].ORAT@2024-04-01", 900.0)``; None leaves a value to its default.
@@ -157,17 +151,9 @@ class Deck:
         """
         is_array = isinstance(value, (list, tuple)) or bool(getattr(value, "shape", False))
         if isinstance(what, Keyword) or is_array:
-            import numpy as np
-
-            editor = self._fresh()
-            editor.set_array(self._one(what), np.asarray(value))
-            self._apply(editor)
-            return
-        editor = self._pending()
-        changes_addresses = editor.set_value(what, value)
-        self._values.append((what, value))
-        if changes_addresses:
-            self._now()
+            self._state.set_array(what, value)
+        else:
+            self._state.set_value(what, value)
 
     def add(
         self,
@@ -184,54 +170,23 @@ class Deck:
         report step or of the start; without it the keyword comes at the end of ``section``, or of the first
         section of the deck in which it is valid.
         """
-        editor = self._fresh()
-        where = section or ("SCHEDULE" if date is not None else _core.section_for(self._core, name))
-        if isinstance(records, str):
-            text: str | bytes = f"{name}\n{records}\n"
-        else:
-            text = _core.keyword_text(self._core, name, where, records)
-        if date is None:
-            editor.add_at_end(where, text)
-        else:
-            self._add_at(editor, _text_of(date), text)
-        self._apply(editor)
+        self._state.add(name, records, None if date is None else date_text(date), section)
 
     def remove(self, what: str | Keyword) -> None:
         """Removes a keyword, or one of its records by the address: ``deck.remove("WCONPROD[P1]@2024-04-01")``."""
-        editor = self._fresh()
-        if isinstance(what, Keyword) or not any(mark in what for mark in "[.@#"):
-            editor.remove_keyword(self._one(what))
-        else:
-            keyword, index = _core.find_record(self._core, what)
-            if len(keyword.records) == 1 and "[" not in what:
-                editor.remove_keyword(keyword)
-            else:
-                editor.remove_record(keyword, index)
-        self._apply(editor)
+        self._state.remove(what)
 
     def format(self, normalize: bool = False) -> Deck:
         """Aligns the columns of all files, and keeps data and comments. ``normalize`` writes each value in one
         form. Returns the deck itself."""
-        core = self._now()
-        before = {name: data for name, data, *_ in core.texts()}
-        self._replace(_core.reread(core, _core.formatted(core, normalize)))
-        after = {name: len(data.removeprefix(BOM_UTF8)) for name, data, *_ in self._core.texts()}
-        whole = [(os.fsencode(name), 0, after[name], data.removeprefix(BOM_UTF8)) for name, data in before.items()]
-        self._history.append((whole, []))
+        self._state.format(normalize)
         return self
 
     def undo(self, count: int = 1) -> None:
         """Takes the last changes back, byte for byte: one for each call of ``set``, ``add``, ``remove`` and
         ``format``. Raises ``QuorError`` if there are no more."""
         for _ in range(count):
-            if not self._values:
-                if not self._history:
-                    raise QuorError("the deck has no change to undo")
-                reverse, values = self._history.pop()
-                self._replace(_core.apply(self._core, reverse))
-                self._values = values
-            self._editor = None
-            del self._values[-1:]
+            self._state.undo()
 
     # Texts.
 
@@ -251,9 +206,7 @@ class Deck:
 
     def copy(self) -> Deck:
         """Another deck that is changed for itself. It shares the data, so that it costs nothing."""
-        copy = Deck(self._now(), self._options)
-        copy._isEditable = self._isEditable
-        return copy
+        return Deck(self._now(), self._options)
 
     __copy__ = copy
 
@@ -273,68 +226,8 @@ class Deck:
 
         return deck(self)
 
-    # How changes are made: an editor collects those of values; all else is read at once.
-
     def _now(self) -> _core.Deck:
-        if self._values:
-            self._apply(self._pending())
-        return self._core
-
-    def _pending(self) -> _core.Editor:
-        if self._editor is None:
-            self._make_editable()
-            self._editor = _core.Editor(self._core)
-            for address, value in self._values:
-                self._editor.set_value(address, value)
-        return self._editor
-
-    def _fresh(self) -> _core.Editor:
-        self._now()
-        self._make_editable()
-        return _core.Editor(self._core)
-
-    def _make_editable(self) -> None:
-        if not self._isEditable:
-            self._origin = self._core
-            self._core = _core.reread(self._core, [])
-            self._isEditable = True
-
-    def _apply(self, editor: _core.Editor) -> None:
-        reverse, values = editor.reverse(), self._values
-        self._replace(editor.read())
-        self._history.append((reverse, values))
-
-    def _replace(self, core: _core.Deck) -> None:
-        self._core = self._origin = core
-        self._isEditable = True
-        self._summary = None
-        self._editor = None
-        self._values = []
-
-    def _one(self, what: str | Keyword) -> Keyword:
-        """The one keyword that is meant, in the deck as it is now."""
-        if isinstance(what, Keyword):
-            return self._core.at(what.index) if what._deck is self._origin else what
-        found = self._core.all(what)
-        if len(found) > 1:
-            lines = ", ".join(f"{k.file}:{k.line}" for k in found[:3])
-            raise QuorError(f"the deck has {len(found)} keywords {what} ({lines}); choose one of deck.all('{what}')")
-        return self._core.get(what)
-
-    def _add_at(self, editor: _core.Editor, when: str, text: str | bytes) -> None:
-        steps = self._core.steps()
-        dates = [_text_of(row[1]) for row in steps if row[1] is not None]
-        for index in reversed(range(len(steps))):
-            if steps[index][1] is not None and _text_of(steps[index][1]) == when:
-                editor.add_in_step(index, text)
-                return
-        start = self._core.start()
-        if start is None or _text_of(start) != when:
-            known = ", ".join(dates[:3]) + (", ..." if len(dates) > 3 else "")
-            raise QuorError(f"the deck has no report step at {when} (it has {known or 'none'})")
-        schedule = self._core.section("SCHEDULE")
-        first = steps[0][4] if steps else schedule[-1].index + 1
-        editor.add_after([k for k in schedule if k.index < first][-1], text)
+        return self._state.now()
 
     def _bytes(self, file: str | None) -> bytes:
         core = self._now()
@@ -345,19 +238,6 @@ class Deck:
                 return data
         raise QuorKeyError(f"the deck has no file '{file}'")
 
-    def _summarized(self) -> tuple[Any, ...]:
-        core = self._now()
-        if self._summary is None:
-            self._summary = _core.summary(core)
-        return self._summary
-
 
 def _from_texts(texts: list[tuple[bytes, bytes]], options: Options) -> Deck:
     return Deck(_core.read_texts(texts, *options), options)
-
-
-def _text_of(when: Date) -> str:
-    """As addresses have it: the time of day only if it isn't midnight."""
-    if isinstance(when, str):
-        return when.strip()
-    return str(when).removesuffix(" 00:00:00")

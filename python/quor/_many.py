@@ -13,7 +13,7 @@ from typing import Any, TypeVar, Union
 
 from ._deck import Deck
 from ._errors import QuorError
-from ._reading import read
+from ._reading import read, with_variables
 from ._values import Finding
 
 Path = Union[str, "os.PathLike[str]"]
@@ -29,7 +29,7 @@ def check_many(
     of the language; a process of another executor loads it once. ``options`` are those of ``read``. A deck that
     can't be read has one finding, ``include-missing``, without a line.
     """
-    return _in_order(_findings, paths, jobs, executor, options)
+    return _in_order(_findings, paths, jobs, executor, with_variables(options))
 
 
 def map_decks(
@@ -41,20 +41,30 @@ def map_decks(
 ) -> Iterator[tuple[Path, Result]]:
     """Reads each deck where the executor runs it, calls the function with it, and yields each path with the
     result, in the order of the paths. What the function raises is raised here. It must return values, no deck."""
-    return _in_order(_Call(function), paths, jobs, executor, options)
+    return _in_order(_Call(function), paths, jobs, executor, with_variables(options))
 
 
 class _Call:
     """To be sent: a function of a module, with the function of the user."""
 
     def __init__(self, function: Callable[[Deck], Any]) -> None:
+        if _has_deck(getattr(function, "args", ())) or _has_deck(
+            [cell.cell_contents for cell in getattr(function, "__closure__", None) or ()]
+        ):
+            raise TypeError("the function holds a deck, which would be sent: let it read the deck, or give it values")
         self._function = function
 
     def __call__(self, path: Path, options: Mapping[str, Any]) -> Any:
         result = self._function(read(path, **options))
-        if isinstance(result, Deck):
+        if _has_deck(result):
             raise TypeError("the function returned a deck: return what is needed of it, or its text()")
         return result
+
+
+def _has_deck(value: object) -> bool:
+    if isinstance(value, Mapping):
+        return _has_deck(list(value.values()))
+    return isinstance(value, Deck) or isinstance(value, (list, tuple)) and any(map(_has_deck, value))
 
 
 def _findings(path: Path, options: Mapping[str, Any]) -> list[Finding]:
@@ -71,11 +81,11 @@ def _in_order(
     executor: Executor | None,
     options: Mapping[str, Any],
 ) -> Iterator[tuple[Path, Result]]:
-    """Keeps a few calls for each worker on their way, so that the results of a million decks don't wait."""
-    jobs = jobs or os.cpu_count() or 1
+    """Keeps some calls for each worker on their way, so that the results of a million decks don't wait."""
     if executor is not None:
-        yield from _through(executor, call, paths, 8 * jobs, options)
+        yield from _through(executor, call, paths, 8 * jobs if jobs else 1000, options)
         return
+    jobs = jobs or os.cpu_count() or 1
     with ThreadPoolExecutor(jobs, "quor") as threads:
         yield from _through(threads, call, paths, 2 * jobs, options)
 

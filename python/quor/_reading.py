@@ -6,6 +6,7 @@ import os
 from collections.abc import Iterator, Mapping
 from contextlib import contextmanager
 from contextvars import ContextVar
+from typing import Any
 
 from . import _core
 from ._deck import Deck, Options
@@ -69,6 +70,12 @@ def _options(
 ) -> Options:
     merged = {**_variables.get(), **_texts(variables or {})}
     return simulator or "", mode or "", merged, max_findings, strict
+
+
+def with_variables(options: Mapping[str, Any]) -> dict[str, Any]:
+    """The options with the variables of the block, for reads on other threads and processes."""
+    given = _texts(options.get("variables") or {})
+    return {**options, "variables": {**_variables.get(), **given}}
 
 
 def _texts(values: Mapping[str, object]) -> dict[str, str]:

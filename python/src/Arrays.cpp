@@ -10,18 +10,16 @@ namespace {
 
 using MDType = Keywords::IKeywordDataMD::MDType;
 
-/// A view of the elements as they are stored; it holds the deck.
-template <class Stored, class Seen>
-py::object View(const DeckPointer& deck, const Keywords::IKeywordListData& list)
+/// A view of the elements as they are stored from `first` on; it holds the deck.
+template <class Seen>
+py::object View(const DeckPointer& deck, const Keywords::IKeywordListData& list, const void* first)
 {
-    static_assert(sizeof(Stored) == sizeof(Seen));
     const auto size = static_cast<py::ssize_t>(list.GetSize());
     if (size == 0)
         return py::array(py::dtype::of<Seen>(), std::vector<py::ssize_t>{0});
     const py::capsule owner(
         new DeckPointer(deck), [](void* held) { delete static_cast<DeckPointer*>(held); });
-    py::array view(py::dtype::of<Seen>(), {size}, {static_cast<py::ssize_t>(sizeof(Seen))},
-        list.GetData(std::size_t(0)), owner);
+    py::array view(py::dtype::of<Seen>(), {size}, {static_cast<py::ssize_t>(sizeof(Seen))}, first, owner);
     view.attr("setflags")(py::arg("write") = false);
     return view;
 }
@@ -60,11 +58,11 @@ py::object ArrayOf(const DeckPointer& deck, const Keywords::IKeywordListData& li
 {
     switch (FindElementMD(list)->GetType()) {
     case MDType::Real:
-        return View<double, double>(deck, list);
+        return View<double>(deck, list, Keywords::As<double>(list).data());
     case MDType::Integer:
-        return View<int, std::int32_t>(deck, list);
-    case MDType::Boolean:
-        return View<char, bool>(deck, list);
+        return View<std::int32_t>(deck, list, Keywords::As<int>(list).data());
+    case MDType::Boolean: // a char each
+        return View<bool>(deck, list, list.GetSize() > 0 ? list.GetData(std::size_t(0)) : nullptr);
     case MDType::Choice:
         return Objects(list, [&](std::size_t i) { return std::string_view(Keywords::ChoiceAt(list, i)); });
     default:

@@ -116,6 +116,7 @@ void BindDeck(py::module_& module)
 {
     py::class_<Decks::Deck, DeckPointer>(module, "Deck")
         .def("__len__", [](const DeckPointer& deck) { return deck->GetSize(); })
+        .def("is_editable", [](const DeckPointer& deck) { return deck->GetOptions().IsEditable(); })
         .def("has", [](const DeckPointer& deck, const std::string& name) { return deck->Has(name); })
         .def("at",
             [](const DeckPointer& deck, std::size_t index) {

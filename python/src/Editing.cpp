@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <stdexcept>
 #include <tuple>
 #include <utility>
@@ -197,25 +198,25 @@ private:
     Decks::DeckEditor editor_;
 };
 
-/// The keyword and the index of the record that an address without an item matches.
+/// The keyword that an address matches, and the index of its record; None if the address is of the keyword.
 py::tuple FindRecord(const DeckPointer& deck, const std::string& address)
 {
     const Decks::ValueAddress parsed = Decks::ValueAddress::Parse(address);
     if (!parsed.items.empty())
         throw py::value_error(
             "'" + address + "' is the address of a value: set it to None to leave it to its default");
-    std::vector<std::pair<std::size_t, std::size_t>> found; // keyword, record
-    for (const Decks::DeckValue& value : Decks::Resolve(*deck, parsed)) {
-        const std::pair record(value.keyword.GetIndex(), value.path.size() > 1 ? value.path[0] : 0);
-        if (found.empty() || found.back() != record)
-            found.push_back(record);
-    }
+    const bool isWhole = parsed.identifiers.empty();
+    std::set<std::pair<std::size_t, std::size_t>> found; // keyword, record
+    for (const Decks::DeckValue& value : Decks::Resolve(*deck, parsed))
+        found.emplace(value.keyword.GetIndex(), isWhole || value.path.size() < 2 ? 0 : value.path[0]);
     if (found.empty())
         Decks::ResolveOne(*deck, parsed); // says what the deck has instead
     if (found.size() != 1)
-        throw py::value_error(
-            "'" + address + "' matches " + std::to_string(found.size()) + " records, expected one");
-    return py::make_tuple(Keyword{deck, found.front().first}, found.front().second);
+        throw py::value_error("'" + address + "' matches " + std::to_string(found.size())
+            + (isWhole ? " keywords" : " records") + ", expected one");
+    const auto [keyword, record] = *found.begin();
+    return py::make_tuple(
+        Keyword{deck, keyword}, isWhole ? py::object(py::none()) : py::object(py::int_(record)));
 }
 
 } // namespace

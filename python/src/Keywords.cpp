@@ -36,7 +36,7 @@ const Keywords::IKeywordListData& ListOfScalars(const Keyword& keyword)
 }
 
 /// What the numbers of the array measure; null for plain numbers and all else.
-const std::string* FindMeasurement(const Keyword& keyword)
+const std::string* FindArrayMeasurement(const Keyword& keyword)
 {
     const Keywords::IKeywordData* const data = keyword.Get().FindData();
     if (!data || !IsArray(*data))
@@ -46,36 +46,38 @@ const std::string* FindMeasurement(const Keyword& keyword)
                                         : nullptr;
 }
 
-py::object Measurement(const Keyword& keyword)
+py::object MeasurementOfArray(const Keyword& keyword)
 {
-    const std::string* const name = FindMeasurement(keyword);
+    const std::string* const name = FindArrayMeasurement(keyword);
     return name ? py::object(py::str(*name)) : py::none();
 }
 
-py::object Unit(const Keyword& keyword)
+py::object UnitOfArray(const Keyword& keyword)
 {
-    const std::string* const name = FindMeasurement(keyword);
+    const std::string* const name = FindArrayMeasurement(keyword);
     return name ? UnitIn(*keyword.deck, *name) : py::none();
 }
 
-py::object Value(const Keyword& keyword)
+py::object ValueOfKeyword(const Keyword& keyword)
 {
     const Keywords::IKeywordData* const data = keyword.Get().FindData();
     return data ? ValueOf(keyword, 0, 0, *data) : py::none();
 }
 
-std::vector<Record> Records(const Keyword& keyword)
+std::vector<Record> RecordsOrError(const Keyword& keyword)
 {
     const Keywords::IKeywordData* const data = keyword.Get().FindData();
-    if (!data || !FindRecordMD(data->GetMD()))
+    if (!data)
+        return {};
+    if (!FindRecordMD(data->GetMD()))
         Raise(keyword.Get().GetName() + " has no records", keyword.Get().GetLocation());
     return RecordsOf(keyword);
 }
 
 /// Of a keyword with a single record, as the item of that.
-py::object Item(const Keyword& keyword, const std::string& name)
+py::object SingleItem(const Keyword& keyword, const std::string& name)
 {
-    const std::vector<Record> records = Records(keyword);
+    const std::vector<Record> records = RecordsOrError(keyword);
     if (records.size() != 1)
         Raise(keyword.Get().GetName() + " has " + std::to_string(records.size())
                 + " records: ask one of its records for '" + name + "'",
@@ -84,7 +86,7 @@ py::object Item(const Keyword& keyword, const std::string& name)
 }
 
 /// PORO at field.data:12, 300 values
-py::str Show(const Keyword& keyword)
+py::str ShowKeyword(const Keyword& keyword)
 {
     const Decks::DeckKeyword handle = keyword.Get();
     const Decks::Location location = handle.GetLocation();
@@ -117,33 +119,54 @@ std::vector<Record> RecordsOf(const Keyword& keyword)
 
 void BindKeywords(py::module_& module)
 {
-    py::class_<Keyword>(module, "Keyword")
-        .def_property_readonly("name", [](const Keyword& keyword) { return Text(keyword.Get().GetName()); })
-        .def_property_readonly("section",
+    py::class_<Keyword>(module, "Keyword",
+        "One keyword of a deck, with its data. It stays as it was when the deck is changed.")
+        .def_property_readonly(
+            "name", [](const Keyword& keyword) { return Text(keyword.Get().GetName()); }, "In upper case.")
+        .def_property_readonly(
+            "section",
             [](const Keyword& keyword) {
                 return Keywords::SectionType::ToString(keyword.Get().GetSection());
-            })
+            },
+            "The section that it is in, such as \"GRID\".")
         .def_property_readonly(
-            "date", [](const Keyword& keyword) { return DateTime(keyword.Get().GetTime()); })
-        .def_property_readonly("index", [](const Keyword& keyword) { return keyword.index; })
+            "date", [](const Keyword& keyword) { return DateTime(keyword.Get().GetTime()); },
+            "The date of the report step before it, or the start; None outside SCHEDULE.")
         .def_property_readonly(
-            "file", [](const Keyword& keyword) { return Text(keyword.Get().GetLocation().file); })
+            "index", [](const Keyword& keyword) { return keyword.index; },
+            "Its position in the deck, from 0.")
         .def_property_readonly(
-            "line", [](const Keyword& keyword) { return keyword.Get().GetLocation().line; })
-        .def_property_readonly("text", [](const Keyword& keyword) { return Text(keyword.Get().GetText()); })
-        .def_property_readonly("records", Records)
+            "file", [](const Keyword& keyword) { return Text(keyword.Get().GetLocation().file); },
+            "The path of its file.")
         .def_property_readonly(
-            "array", [](const Keyword& keyword) { return ArrayOf(keyword.deck, ListOfScalars(keyword)); })
+            "line", [](const Keyword& keyword) { return keyword.Get().GetLocation().line; }, "From 1.")
         .def_property_readonly(
-            "defaulted", [](const Keyword& keyword) { return DefaultedOf(ListOfScalars(keyword)); })
-        .def_property_readonly("measurement", Measurement)
-        .def_property_readonly("unit", Unit)
-        .def("__getitem__", Item)
-        .def("__repr__", Show)
+            "text", [](const Keyword& keyword) { return Text(keyword.Get().GetText()); },
+            "It and its data as they are in the file.")
+        .def_property_readonly("records", RecordsOrError,
+            "Its records, those of tables one after the other; empty without data. A keyword with an array "
+            "raises QuorError.")
+        .def_property_readonly(
+            "array", [](const Keyword& keyword) { return ArrayOf(keyword.deck, ListOfScalars(keyword)); },
+            "Its values, of shape (n,) and in `unit`: a read-only view of float64, int32 or bool that holds "
+            "the data, or a new array of texts. A keyword with records raises QuorError.")
+        .def_property_readonly(
+            "defaulted", [](const Keyword& keyword) { return DefaultedOf(ListOfScalars(keyword)); },
+            "For each value of the array, of shape (n,), whether the deck left it to its default: then "
+            "nobody gave the value.")
+        .def_property_readonly("measurement", MeasurementOfArray,
+            "What the array measures, such as \"pressure\"; None for plain numbers.")
+        .def_property_readonly(
+            "unit", UnitOfArray, "The unit of the array in the system of the deck; None for plain numbers.")
+        .def("__getitem__", SingleItem, "The item of a keyword with a single record.")
+        .def("__repr__", ShowKeyword)
         .def("_repr_html_",
             [](const py::object& self) { return py::module_::import("quor._html").attr("keyword")(self); })
-        .def_property_readonly("is_sound", [](const Keyword& keyword) { return keyword.Get().IsSound(); })
-        .def_property_readonly("value", Value)
+        .def_property_readonly(
+            "is_sound", [](const Keyword& keyword) { return keyword.Get().IsSound(); },
+            "Whether no errors were found in it.")
+        .def_property_readonly("value", ValueOfKeyword,
+            "Its data of any kind: a record, a list, an array, a dict, a text, or None.")
         .def_property_readonly("_deck", [](const Keyword& keyword) { return keyword.deck; });
 }
 

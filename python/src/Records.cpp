@@ -86,7 +86,7 @@ py::object Quantity(const Record& record, const std::string& name)
 }
 
 /// WCONPROD at field.data:12: WELL='P1', ORAT=900.0
-py::str Show(const Record& record)
+py::str ShowRecord(const Record& record)
 {
     const Decks::Location location = LocationOf(record);
     std::string text =
@@ -108,6 +108,22 @@ std::vector<std::string> Names(const Record& record)
     for (int i = 0; i < record.data->GetSize(); ++i)
         names.push_back(ItemName(record.GetMD(), i));
     return names;
+}
+
+py::list Values(const Record& record)
+{
+    py::list values;
+    for (int i = 0; i < record.data->GetSize(); ++i)
+        values.append(ItemValue(record, i));
+    return values;
+}
+
+py::list Items(const Record& record)
+{
+    py::list items;
+    for (int i = 0; i < record.data->GetSize(); ++i)
+        items.append(py::make_tuple(ItemName(record.GetMD(), i), ItemValue(record, i)));
+    return items;
 }
 
 py::dict DictOf(const Keywords::IKeywordMapData& map)
@@ -191,30 +207,44 @@ py::object ValueOf(
 
 void BindRecords(py::module_& module)
 {
-    py::class_<Record>(module, "Record")
+    py::class_<Record>(module, "Record",
+        "One record: `record[\"ORAT\"]` is the value of an item in the unit of the deck, or else the default "
+        "of the simulator that the deck was read for, or None if there is neither.")
         .def("__getitem__",
             [](const Record& record, const std::string& name) {
                 return ItemValue(record, ItemOf(record, name));
             })
-        .def("get", Get, py::arg("item"), py::arg("otherwise") = py::none())
-        .def("is_default", IsDefault, py::arg("item"))
-        .def("quantity", Quantity, py::arg("item"))
-        .def("__repr__", Show)
-        .def("keys", Names)
+        .def("get", Get, py::arg("item"), py::arg("otherwise") = py::none(),
+            "The value of an item or its default; `otherwise` if there is neither.")
+        .def("is_default", IsDefault, py::arg("item"), "Whether the item has no value in the deck.")
+        .def("quantity", Quantity, py::arg("item"),
+            "The value of a real item, and its unit in the system of the deck, such as (900.0, \"sm3/day\").")
+        .def("__repr__", ShowRecord)
+        .def("keys", Names, "The names of the items; an item without a name has its number, from \"1\".")
+        .def("values", Values, "The value of each item, as `record[name]` is.")
+        .def("items", Items, "Pairs of a name and a value.")
+        .def("__iter__", [](const Record& record) { return py::iter(py::cast(Names(record))); })
         .def("__contains__",
             [](const Record& record, const std::string& name) {
                 return FindItem(record.GetMD(), name).has_value();
             })
         .def("__len__", [](const Record& record) { return record.data->GetSize(); })
-        .def_property_readonly("keyword", [](const Record& record) { return record.keyword; })
-        .def_property_readonly("table",
+        .def_property_readonly(
+            "keyword", [](const Record& record) { return record.keyword; }, "The keyword that it is of.")
+        .def_property_readonly(
+            "table",
             [](const Record& record) {
                 return record.table ? py::object(py::int_(record.table)) : py::none();
-            })
-        .def_property_readonly("file", [](const Record& record) { return Text(LocationOf(record).file); })
-        .def_property_readonly("line", [](const Record& record) { return LocationOf(record).line; })
+            },
+            "The number of its table, from 1; None if the records aren't in tables.")
         .def_property_readonly(
-            "date", [](const Record& record) { return DateTime(record.keyword.Get().GetTime()); });
+            "file", [](const Record& record) { return Text(LocationOf(record).file); },
+            "The path of its file.")
+        .def_property_readonly(
+            "line", [](const Record& record) { return LocationOf(record).line; }, "From 1.")
+        .def_property_readonly(
+            "date", [](const Record& record) { return DateTime(record.keyword.Get().GetTime()); },
+            "That of its keyword.");
 }
 
 } // namespace Veld::Quor::Python

@@ -31,12 +31,23 @@ def test_each_executor_finds_the_same():
         assert counts(quor.check_many(PATHS, executor=processes)) == alone
 
 
+def test_variables_of_a_block_reach_the_threads(tmp_path):
+    path = tmp_path / "a.data"
+    path.write_text("RUNSPEC\nDIMENS\n $NX 1 1 /\n")
+    with quor.variables(NX=2):
+        results = quor.check_many([path])
+    assert list(results) == [(path, [])]
+
+
 def test_what_a_function_returns_comes_in_order():
     assert [path for path, _ in quor.map_decks(title, PATHS[:5])] == PATHS[:5]
     with pytest.raises(quor.QuorError):
         list(quor.map_decks(title, PATHS[-1:]))
     with pytest.raises(TypeError, match="the function returned a deck"):
         list(quor.map_decks(itself, PATHS[:1]))
+    deck = quor.loads("RUNSPEC\n")
+    with pytest.raises(TypeError, match="the function holds a deck"):
+        quor.map_decks(lambda other: quor.diff(deck, other), PATHS[:1])
 
 
 def test_a_cluster_survives_the_loss_of_a_worker():

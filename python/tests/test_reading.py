@@ -5,6 +5,7 @@ import gc
 import pickle
 from concurrent.futures import ThreadPoolExecutor
 from datetime import datetime
+from pathlib import Path
 
 import numpy as np
 import pytest
@@ -155,3 +156,28 @@ def test_units_are_a_table():
     assert (units["pressure"]["METRIC"], units["pressure"]["FIELD"]) == ("bar", "psi")
     assert round(units.convert(100, "pressure", to="FIELD"), 1) == 1450.4
     assert units.frame().loc["pressure", "LAB"] == "atm"
+
+
+def resident():
+    """Of this process, in MB."""
+    lines = Path("/proc/self/status").read_text().splitlines()
+    return next(int(line.split()[1]) for line in lines if line.startswith("VmRSS")) / 1024
+
+
+def test_a_thousand_reads_leave_no_memory_behind():
+    def use(changes):
+        deck = quor.read(DECKS / "first-comparative.data")
+        kept = deck["PERMX"].array, deck.all("WELSPECS"), deck.findings
+        if changes:
+            kept += deck.frame("WELSPECS"), deck.wells
+            deck.set("DIMENS.NX", 11)
+            deck.undo()
+            with pytest.raises(KeyError):
+                deck["NOSUCH"]
+        return kept
+
+    for number in range(1200):
+        if number == 200:
+            before = resident()
+        use(changes=number % 10 == 0)
+    assert resident() - before < 4
