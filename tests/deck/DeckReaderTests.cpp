@@ -199,6 +199,13 @@ SameWrongSizeIsToldOnce: DIMENS\n 4 1 /\nARRAY\n 3*1 /\nARRAY\n 3*2 /\nARRAY\n 2
 UnknownSizeEndsBeforeAnUnknownKeyword: MANY\n 1 /\n 2 /\nQXZQXZ\n 3 /\nFLAG\n => ? => d.data:5:1: error: unknown keyword 'QXZQXZ' [unknown-keyword]
 WholeLayers: DIMENS\n 2 2 /\nLAYERS\n 8*1 /\nLAYERS\n 4*1 /\n => [1 1 1 1] =>
 LayerCutShort: DIMENS\n 2 2 /\nLAYERS\n 7*1 /\n => ? => d.data:5:6: error: LAYERS: too few values (expected 12, found 7) [wrong-size] | the size is NX*NY*3
+WrongNumberOfTheDeckIsToldOnce: DIMENS\n 4 2 /\nARRAY\n 6*1 /\nLAYERS\n 18*1 /\nLAYERS\n 23*1 /\n => ? => d.data:5:6: error: ARRAY: too few values (expected 8, found 6) [wrong-size] | the size is NX*NY
+    d.data:9:7: error: LAYERS: too few values (expected 24, found 23) [wrong-size] | the size is NX*NY*3
+WrongWordInALayer: DIMENS\n 2 2 /\nLAYERS\n 3*1 x /\n => ? => d.data:5:6: error: LAYERS: invalid value 'x'; expected a number [wrong-type]
+SlashWithin: DIMENS\n 4 1 /\nARRAY\n 1 2 /\n 3 4 /\nFLAG\n => ? => d.data:5:6: error: ARRAY: too few values (expected 4, found 2) [wrong-size] | the size is NX*NY
+BlankAfterTheCountOfARepeat: DIMENS\n 3 1 /\nCELLS\n 1 2* 7 /\n => ? => d.data:5:4: error: CELLS: the values have no default [no-default] | write each value
+CommentWithOneHyphen: DIMENS\n 2 1 /\nARRAY\n- south to north\n 1 2 /\n => [1 2] => d.data:5:1: error: unexpected hyphen; a comment starts with '--' [stray-text] | write '--'
+BoxInsideOut: DIMENS\n 4 4 /\nBOX\n 3 2 2* 1 1 /\nARRAY\n 8*1 /\n => ? => d.data:5:2: error: BOX: I1 is 3, but I2 is 2 [index-order] | write the lower number first
 PreviousValueFills: PREVIOUS\n 4 2* 7 1* /\n => [4 4~ 4~ 7 7~] =>
 EndsByItself: FIXED\n 1 2 3\nFLAG\n => ? =>
 SlashDoesNoHarm: FIXED\n 3*1 /\n => [1 1 1] =>
@@ -291,6 +298,7 @@ SeveralNumbersInOneWord: ROWS\n 1,2 /\n 1x2 /\n 1\xE2\x80\x932 /\n 1 '2 /\n/\n =
     d.data:5:2: error: unexpected long dash in '1\xE2\x80\x932' [odd-character] | write a hyphen
     d.data:6:4: error: unclosed quote before '2' [unclosed-quote] | add a closing ' on the same line
 CurlyQuotes: NAMES\n \xE2\x80\x98P\xE2\x80\x99 'a\xE2\x80\x93' /\n => ? => d.data:3:2: error: unexpected curly quote in '\xE2\x80\x98P\xE2\x80\x99' [odd-character] | write a straight quote
+CurlyQuotesAreNotTooLong: RECORD\n \xE2\x80\x98PPPP\xE2\x80\x99 1 OIL NO 3 /\n => ? => d.data:3:2: error: unexpected curly quote in '\xE2\x80\x98PPPP\xE2\x80\x99' [odd-character] | write a straight quote
 LongDash: WHOLE\n 1 \xE2\x80\x932 /\n => [1] => d.data:3:4: error: unexpected long dash in '\xE2\x80\x932' [odd-character] | write a hyphen
 StepsOfAnotherForm: TSTEP\n 1 /\n/\n => [(1)] =>
 CountedByAnItem: COUNTED\n 2 5 6 /\n => (2 [5 6]) =>
@@ -300,6 +308,7 @@ CountedByAnItem: COUNTED\n 2 5 6 /\n => (2 [5 6]) =>
 INSTANTIATE_TEST_SUITE_P(Tables, Readings, testing::ValuesIn(Rows(R"(
 Two: TABLES\n 1 4\n 2 3 /\n 1 9 2 8 3 7 /\n => [[(1 4) (2 3)] [(1 9) (2 8) (3 7)]] =>
 CutRow: TABLES\n 1 4 2 / 1 4 2 4 /\n => ? => d.data:3:9: error: TABLES: too few tables (expected 2, found 1) [wrong-size] | the size is 2
+OneTooMany: TABLES\n 1 4 2 3 /\n 1 4 2 3 /\n 1 4 2 3 /\nTABLES\n 1 4 2 3 /\n 1 4 2 3 /\n 1 4 2 3 /\nFLAG\n => ? => d.data:5:2: error: TABLES: too many tables (expected 2) [wrong-size] | the size is 2
 EmptyStandsForTheOneBefore: TABLES\n 1 4 2 3 /\n /\n => [[(1 4) (2 3)] []] =>
 RowsOfASize: CURVE\n 1 /\n => ? => d.data:3:4: error: CURVE: too few rows (expected 2, found 1) [wrong-size] | the size is 2
 BelowLeast: CURVES\n 1 2 /\n/\n => ? => d.data:4:1: error: CURVES: too few tables (expected at least 2, found 1) [wrong-size]
@@ -358,6 +367,7 @@ TimeOutsideAllDates: START\n 1 JAN 2020 /\nSCHEDULE\nTIME\n 2e7 /\nDATES\n 1 MAR
     d.data:10:1: error: TIME: the year 0 is before the year 32767, which the schedule has already reached [date-order]
 TimeGoesForward: START\n 1 JUL 2020 /\nSCHEDULE\nDATES\n 30 JUN 2020 /\n 2 JUL 2020 /\n/\nTIME\n 0.5 /\n => ? => d.data:6:2: error: DATES: 2020-06-30 is not after 2020-07-01, which the schedule has already reached [date-order]
     d.data:9:1: error: TIME: 2020-07-01 12:00:00 is before 2020-07-02, which the schedule has already reached [date-order]
+OneDateOutOfOrder: START\n 1 JUL 2020 /\nSCHEDULE\nDATES\n 2 JUL 2120 /\n 3 JUL 2020 /\n 4 JUL 2020 /\n/\n => ? => d.data:7:2: error: DATES: 2020-07-03 is not after 2120-07-02, which the schedule has already reached [date-order]
 Scope: OPEN\nSHUT\nSHUT\nOPEN\nGRID\nOPEN\n => ? => d.data:4:1: error: SHUT has no matching opening keyword [stray-end]
     d.data:5:1: error: unclosed OPEN; expected SHUT [unclosed-scope] | add SHUT before the end of the section
     d.data:7:1: error: unclosed OPEN; expected SHUT [unclosed-scope] | add SHUT before the end of the section

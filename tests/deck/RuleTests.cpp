@@ -102,6 +102,11 @@ VFPINJ
             "SCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n/\nWELXYZAB\n P2 /\n/\nWELOPEN\n P2 "
             "SHUT /\n/\n",
             "d:5:1: error: unknown keyword 'WELXYZAB' [unknown-keyword]"},
+        RuleRow{"OneMayBeInASkippedBlock",
+            "SUMMARY\nWOPR\n P9 /\nSCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n/\nSKIP\n",
+            "d:8:1: error: unclosed SKIP; expected ENDSKIP in the same file [unclosed-skip] | add ENDSKIP "
+            "after "
+            "the block"},
         RuleRow{"OneMayBeInAnEarlierRun",
             "SOLUTION\nRESTART\n BASE 10 /\nSCHEDULE\nWELSPECS\n P1 G 1 1 "
             "1* OIL /\n/\nWELOPEN\n P2 SHUT /\n/\n"},
@@ -170,6 +175,14 @@ SCHEDULE
             "d:13:1: error: PROPS: no properties of water; expected PVTW or PVTWSALT [missing-keyword] | "
             "WATER "
             "requires it (d:4:1: WATER is here)"},
+        RuleRow{"MayBeInAMissingFile",
+            "RUNSPEC\nDIMENS\n 1 1 1 /\nGRID\nINCLUDE 'no such file' /\nPROPS\nSOLUTION\nPRVD\n 1 1 2 1 "
+            "/\nSCHEDULE\n",
+            "d:5:9: error: can't read 'no such file': No such file or directory [include-missing] | a "
+            "relative name "
+            "starts from the folder of the deck"},
+        RuleRow{"WithASectionThatIsMisspelt", "RUNSPEC\nGRI\nINIT\n",
+            "d:2:1: error: unknown keyword 'GRI' [unknown-keyword] | did you mean GRID, GI?"},
         RuleRow{"OfAPartOfADeck", "RUNSPEC\nWATER\nGRID\nPROPS\nDENSITY\n 800 1000 1 /\n"}),
     CaseName<RuleRow>);
 

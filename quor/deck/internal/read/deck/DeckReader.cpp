@@ -51,8 +51,10 @@ std::unique_ptr<DeckContents> DeckReader::Read()
 {
     for (;;) {
         const Token head = text_.NextHead();
-        if (text_.MissedInclusion())
+        if (text_.MissedInclusion()) {
             sections_.Lose();
+            rules_.Lose();
+        }
         text_.ForgetMissedInclusion();
         if (head.kind == Token::Kind::End)
             break;
@@ -103,7 +105,7 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
         rules_.Lose();
     if (!isReported && !isGuess)
         rules_.Follow(isKnown);
-    precedents_.Follow(deck_->keywords.back(), sections_.IsSure() && !mayMissKeywords_);
+    precedents_.Follow(deck_->keywords.back(), sections_.IsSure() && !mayMissKeywords_ && !isReported);
     scopes_.Follow(mayMissKeywords_);
 }
 

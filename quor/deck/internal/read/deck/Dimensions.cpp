@@ -70,7 +70,9 @@ void Dimensions::SetBox(const IKeywordData& data)
 std::optional<long long> Dimensions::Find(const std::string& name) const
 {
     const auto size = box_.find(name);
-    return size == box_.end() ? FindWhole(name) : std::optional(size->second);
+    if (size == box_.end())
+        return FindWhole(name);
+    return size->second > 0 ? std::optional(size->second) : std::nullopt; // a box that is inside out
 }
 
 std::optional<long long> Dimensions::FindWhole(const std::string& name) const

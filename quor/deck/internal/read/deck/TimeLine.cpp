@@ -186,8 +186,8 @@ void TimeLine::CheckDate(const Time& time, const IKeywordRecordData& record, con
         reporter_.Report(range, Code::DateOrder,
             fmt::format("DATES: {} is not after {}, which the schedule has already reached", NameOfTime(time),
                 NameOfTime(sound_.now)));
-    else
-        sound_.now = time;
+    if (time.IsDef())
+        sound_.now = time; // one date in the wrong order doesn't make all others wrong
 }
 
 /// TSTEP continues from the time that was reached, TIME from the start.

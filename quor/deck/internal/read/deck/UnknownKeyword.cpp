@@ -39,7 +39,12 @@ const Entry* ReportUnknownKeyword(const TextRange& range, std::string_view word,
     std::string hint = SuggestionOf(nearest);
     if (hint.empty() && word.size() > longestName)
         hint = fmt::format("keyword names have at most {} characters", longestName);
-    const auto isNear = [&name](const std::string& known) { return EditDistance(name, known, 1) <= 1; };
+    const auto isNear = [&](const std::string& known) {
+        const Entry& entry = *vocabulary.Find(known);
+        return EditDistance(name, known, 1) <= 1
+            && (section == SectionType::None || entry.role == KeywordDeckRole::Section
+                || entry.valid.ofTarget.Allows(section));
+    };
     const auto first = std::find_if(nearest.begin(), nearest.end(), isNear);
     const bool isSure = std::count_if(nearest.begin(), nearest.end(), isNear) == 1;
     const Entry* const meant = isSure ? vocabulary.Find(*first) : nullptr;

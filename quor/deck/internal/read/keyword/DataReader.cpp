@@ -55,8 +55,11 @@ void DataReader::Read(const DataPlan& plan, const Token& keyword, IKeywordData& 
     if (plan.termination == Termination::EOL && !StartsWithLine(plan) && text_.IsAtLineEnd())
         text_.PeekData(); // the line is the next one
     const bool endsByItself = plan.type != MDType::Raw && plan.termination == Termination::NONE;
-    if (ReadRoot(plan, data, starts) == Ended::Complete && endsByItself && words_.Peek() == Got::Slash)
+    const Ended ended = ReadRoot(plan, data, starts);
+    if (ended == Ended::Complete && endsByItself && words_.Peek() == Got::Slash)
         text_.NextData(); // a slash after data that end by themselves does no harm; it isn't part of them
+    else if (ended == Ended::Complete && plan.type == MDType::List)
+        PassSurplus(plan, static_cast<const IKeywordListData&>(data).GetSize());
     if (words_.GetRepeats() > 0)
         reporter_.Report(words_.GetRange(), Code::TooManyValues,
             fmt::format("{}: too many values (the repeat count is too large by {})", keyword_.text,

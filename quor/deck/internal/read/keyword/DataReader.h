@@ -4,6 +4,7 @@
 #include "quor/deck/internal/check/FindingReporter.h"
 #include "quor/deck/internal/read/data/DataNotes.h"
 #include "quor/deck/internal/read/keyword/NoteTaker.h"
+#include "quor/deck/internal/read/keyword/WrongSizes.h"
 #include "quor/deck/internal/read/values/ColumnOrder.h"
 #include "quor/deck/internal/read/values/DataPlan.h"
 #include "quor/deck/internal/read/values/SizeText.h"
@@ -15,7 +16,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -96,6 +96,7 @@ private:
         long long beyond = 0;
         TextRange firstSurplus; // beyond the size of the list
         long long surplus = 0;
+        bool isShifted = false; // a default may be the count of a repeat and a blank: "2* 0.3"
     };
 
     // Any data
@@ -152,6 +153,7 @@ private:
     Ended ReadLines(const DataPlan& plan, Core::Keywords::IKeywordListData& list);
     bool HasMore(
         const DataPlan& plan, long long size, const Core::Keywords::IKeywordListData& list, Ended& ended);
+    const Token* PeekForNumber(const DataPlan& element);
     bool IsKeywordNext(const DataPlan& element);
     Ended EndListByStop(const DataPlan& plan, long long size, const Core::Keywords::IKeywordListData& list);
     Ended EndListBySlash(const DataPlan& plan, long long size, const Core::Keywords::IKeywordListData& list);
@@ -166,7 +168,8 @@ private:
     Ended UnclosedList(const DataPlan& plan);
     static Open OpenListOf(const DataPlan& plan);
     bool MayEndAfter(long long count) const;
-    bool IsKnownSize(const std::string& size, long long count);
+    bool IsKnownSize(const DataPlan& plan, long long count);
+    void PassSurplus(const DataPlan& plan, long long count);
     void CheckSize(const DataPlan& plan, long long size, long long count, const TextRange& range);
 
     // Lists of numbers
@@ -214,7 +217,7 @@ private:
     std::vector<std::pair<const DataPlan*, const Core::Keywords::IKeywordRecordData*>> records_; // being read
     DataNotes notesOfKeyword_;
 
-    std::set<std::pair<std::string, long long>> wrongSizes_; // that were reported, by what they should be
+    WrongSizes wrongSizes_;
 };
 
 } // namespace Veld::Quor::Core::Decks

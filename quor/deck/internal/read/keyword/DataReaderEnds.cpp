@@ -1,5 +1,6 @@
 #include "quor/deck/internal/read/keyword/DataReader.h"
 
+#include "quor/deck/internal/text/NumberText.h"
 #include "quor/deck/internal/text/TextLines.h"
 #include "quor/metadata/ICustomReadTermination.h"
 #include "quor/metadata/IKeywordListMD.h"
@@ -25,22 +26,23 @@ struct SizeTexts {
     const char* tooFew;
     const char* belowLeast;
     const char* aboveMost;
+    const char* surplus; // without the second number
 };
 
 const SizeTexts& SizeTextsOf(const DataPlan& element)
 {
     static constexpr SizeTexts values = {"{}: too few values (expected {}, found {})",
         "{}: too few values (expected at least {}, found {})",
-        "{}: too many values (expected at most {}, found {})"};
+        "{}: too many values (expected at most {}, found {})", "{}: too many values (expected {})"};
     static constexpr SizeTexts records = {"{}: too few records (expected {}, found {})",
         "{}: too few records (expected at least {}, found {})",
-        "{}: too many records (expected at most {}, found {})"};
+        "{}: too many records (expected at most {}, found {})", "{}: too many records (expected {})"};
     static constexpr SizeTexts rows = {"{}: too few rows (expected {}, found {})",
         "{}: too few rows (expected at least {}, found {})",
-        "{}: too many rows (expected at most {}, found {})"};
+        "{}: too many rows (expected at most {}, found {})", "{}: too many rows (expected {})"};
     static constexpr SizeTexts tables = {"{}: too few tables (expected {}, found {})",
         "{}: too few tables (expected at least {}, found {})",
-        "{}: too many tables (expected at most {}, found {})"};
+        "{}: too many tables (expected at most {}, found {})", "{}: too many tables (expected {})"};
     if (element.IsScalar())
         return values;
     if (element.type != MDType::Record)
@@ -156,11 +158,15 @@ bool DataReader::MayEndAfter(long long count) const
     return !columns || !rows || *columns * *rows <= 0 || count % (*columns * *rows) == 0;
 }
 
-/// Whether a list that should have the same size had so many elements before: then the size is wrong, which
-/// was reported.
-bool DataReader::IsKnownSize(const std::string& size, long long count)
+/// Whether a number of the deck is wrong, which was reported, so that the list has so many elements.
+bool DataReader::IsKnownSize(const DataPlan& plan, long long count)
 {
-    return count > 0 && !wrongSizes_.emplace(size, count).second;
+    const bool isKnown = count > 0
+        && wrongSizes_.IsKnown(
+            *ListMD(plan).GetSize(), count, [this](const std::string& name) { return SizeOfName(name); });
+    if (isKnown)
+        reporter_.CountError();
+    return isKnown;
 }
 
 void DataReader::CheckSize(const DataPlan& plan, long long size, long long count, const TextRange& range)
@@ -170,11 +176,11 @@ void DataReader::CheckSize(const DataPlan& plan, long long size, long long count
     const std::string* const least = ListMD(plan).GetMinSize();
     const std::string* const most = ListMD(plan).GetMaxSize();
     const SizeTexts& texts = SizeTextsOf(plan.items.front());
-    const bool isShort = size != unknownSize && count + misfits_ < size && !MayEndAfter(count);
+    const bool isShort = size != unknownSize && count + misfits_ < size && !MayEndAfter(count + misfits_);
+    if (isShort && IsKnownSize(plan, count))
+        return;
     // A table without rows stands for the one before it.
-    if (isShort && IsKnownSize(*ListMD(plan).GetSize(), count))
-        reporter_.CountError();
-    else if (isShort && (count > 0 || plan.termination == Termination::NONE || plan.items.front().IsScalar()))
+    if (isShort && (count > 0 || plan.termination == Termination::NONE || plan.items.front().IsScalar()))
         reporter_.Report(range, Code::WrongSize,
             fmt::format(fmt::runtime(texts.tooFew), keyword_.text, size, count),
             fmt::format("the size is {}", *ListMD(plan).GetSize()));
@@ -185,6 +191,26 @@ void DataReader::CheckSize(const DataPlan& plan, long long size, long long count
     else if (const long long greatest = SizeOf(most); greatest != unknownSize && count > greatest)
         reporter_.Report(range, Code::WrongSize,
             fmt::format(fmt::runtime(texts.aboveMost), keyword_.text, greatest, count));
+}
+
+/// Passes over numbers after the data that would be more of them: the number of tables is too small, or an
+/// array has a slash between its values, which is too short then.
+void DataReader::PassSurplus(const DataPlan& plan, long long count)
+{
+    const std::string* const text = ListMD(plan).GetSize();
+    const long long size = plan.items.empty() ? unknownSize : SizeOf(text);
+    const bool isWhole = plan.termination == Termination::NONE && count == size;
+    const bool isShort = plan.termination == Termination::SLASH && count < size;
+    const Token* const next = isWhole || isShort ? PeekForNumber(plan.items.front()) : nullptr;
+    if (!next || FindLeadingReal(next->text).length == 0)
+        return;
+    if (isShort || wrongSizes_.IsKnown(*text))
+        reporter_.CountError();
+    else
+        reporter_.Report(next->range, Code::WrongSize,
+            fmt::format(fmt::runtime(SizeTextsOf(plan.items.front()).surplus), keyword_.text, size),
+            fmt::format("the size is {}", *text));
+    text_.SkipData();
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -216,15 +216,20 @@ bool DataReader::HasMore(const DataPlan& plan, long long size, const IKeywordLis
     return false;
 }
 
-/// Whether a word is next that seems to be a keyword, though the language has none such, where the element
-/// begins with a number.
-bool DataReader::IsKeywordNext(const DataPlan& element)
+/// The next word, if the element begins with a number; else null.
+const Token* DataReader::PeekForNumber(const DataPlan& element)
 {
     const DataPlan* first = &element;
     while (!first->IsScalar() && !first->items.empty())
         first = &first->items.front();
-    const bool isNumber = first->type == MDType::Integer || first->type == MDType::Real;
-    const Token* const next = isNumber ? words_.PeekBare() : nullptr;
+    return first->type == MDType::Integer || first->type == MDType::Real ? words_.PeekBare() : nullptr;
+}
+
+/// Whether a word is next that seems to be a keyword, though the language has none such, where the element
+/// begins with a number.
+bool DataReader::IsKeywordNext(const DataPlan& element)
+{
+    const Token* const next = PeekForNumber(element);
     return next && IsLetter(next->text.front()) && text_.IsLoneUpperWord(next->range);
 }
 

@@ -139,6 +139,7 @@ void DataReader::ReadNumber(
     const bool isDefault = words_.Next() == Got::Default;
     Reading<T> reading;
     if (isDefault) {
+        errors.isShifted = errors.isShifted || !ListMD(plan).IsItemDefaultable();
         reading.value = DefaultNumber<MD, T>(plan, list);
     } else {
         reading = values_.Read<T>(item, words_.GetWord());
@@ -215,7 +216,7 @@ void DataReader::ReportNumbers(const DataPlan& plan, long long size, const Numbe
         if (MayReportOfRow(errors.firstBeyond, misfit.hint))
             ReportAt(errors.firstBeyond, std::move(misfit));
     }
-    if (errors.surplus > 0)
+    if (errors.surplus > 0 && !errors.isShifted && !IsKnownSize(plan, size + errors.surplus))
         reporter_.Report(errors.firstSurplus, Code::WrongSize,
             fmt::format(
                 "{}: too many values (expected {}, found {})", keyword_.text, size, size + errors.surplus),

@@ -47,8 +47,10 @@ void DataReader::PassRemark(const DataPlan& plan)
 /// Of the last word. True if the rest of the record is shifted.
 bool DataReader::Report(const DataPlan& item, WordErrors&& errors)
 {
-    for (Misfit& remark : errors.remarks)
-        ReportAt(words_.GetRange(), std::move(remark));
+    for (Misfit& remark : errors.remarks) {
+        if (!words_.GetWord().isOdd) // which was reported, and makes it longer
+            ReportAt(words_.GetRange(), std::move(remark));
+    }
     return errors.misfit && ReportMisfit(item, std::move(*errors.misfit));
 }
 

@@ -123,6 +123,12 @@ Token DeckText::ScanData()
                 "write '/'", {{RangeOf(word.text), "/"}});
             return TakeSlash();
         }
+        if (word.text == "-" && word.length == 1 && IsFirstOnLine(RangeOf(word.text))) {
+            ReportOnce(RangeOf(word.text), Code::StrayText, "unexpected hyphen; a comment starts with '--'",
+                "write '--'", {{RangeOf(word.text), "--"}});
+            SkipLine();
+            continue;
+        }
         return TakeWord(word);
     }
     return {Token::Kind::End, RangeOf(GetRest().substr(0, 0)), {}};

@@ -286,6 +286,7 @@ void DeckText::PassOver()
             return;
         }
     }
+    missedInclusion_ = true; // the rest of the file may not have been meant
 }
 
 } // namespace Veld::Quor::Core::Decks

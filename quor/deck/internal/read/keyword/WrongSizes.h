@@ -1,0 +1,26 @@
+#pragma once
+
+#include "quor/deck/internal/read/values/SizeText.h"
+
+#include <set>
+#include <string>
+#include <utility>
+
+namespace Veld::Quor::Core::Decks {
+
+/// The wrong sizes of lists that were reported, with what may be wrong instead: a number of RUNSPEC, which
+/// makes all lists wrong that have a size by it.
+class WrongSizes {
+public:
+    /// Whether what was reported before explains that a list has so many elements. `size`: the text of its
+    /// size.
+    bool IsKnown(const std::string& size, long long count, const SizeOfName& sizeOf);
+    /// The same for a list that has more than its size, nobody knows how many.
+    bool IsKnown(const std::string& size) { return !reported_.emplace(size, 0).second; }
+
+private:
+    std::set<std::pair<std::string, long long>> reported_; // names and the values with which all would be
+                                                           // right; sizes and how many elements there were
+};
+
+} // namespace Veld::Quor::Core::Decks
