@@ -2,7 +2,7 @@
 
 .DEFAULT_GOAL := help
 .PHONY: help run test python setup-run setup-python setup-test build-release build-python build-test build-asan build-fuzz build-benchmark \
-    check-format check-release check-asan check-threads check-lint lint-all format schema decks benchmark fuzz docs install clean
+    check-format check-release check-asan check-threads check-lint lint-all format schema trust decks benchmark fuzz docs install clean
 
 SOURCES = $(shell find quor python tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt language/units/*.txt)
@@ -80,6 +80,11 @@ run_tests = ctest --preset $(1) -j $$(nproc) --quiet --output-log build/$(1)-tes
 format: setup-test ## Format all sources and tables in place
 	clang-format -i $(SOURCES)
 	language/generate/lay-out-tables.sh $(TABLES)
+
+TRUST ?= --seeds 2000
+trust: setup-test configure-test ## Seed mistakes into the example decks, and count by kind what is found
+	@cmake --build --preset test --target trust -- --quiet
+	@build/test/bin/trust $(TRUST)
 
 DECKS ?= examples/decks
 decks: setup-run build-release ## Count the findings of all *.data below DECKS (examples/decks), and format each elsewhere

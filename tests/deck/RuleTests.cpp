@@ -181,6 +181,11 @@ SCHEDULE
             "d:5:9: error: can't read 'no such file': No such file or directory [include-missing] | a "
             "relative name "
             "starts from the folder of the deck"},
+        RuleRow{"InAFolderThatIsMissing",
+            "RUNSPEC\nPATHS\n A 'no such folder' /\n/\nINCLUDE '$A/x' /\nINCLUDE '$A/y' /\n",
+            "d:5:9: error: can't read 'no such folder/x': No such file or directory [include-missing] | "
+            "correct "
+            "the name, or the folder of '$A' in PATHS"},
         RuleRow{"WithASectionThatIsMisspelt", "RUNSPEC\nGRI\nINIT\n",
             "d:2:1: error: unknown keyword 'GRI' [unknown-keyword] | did you mean GRID, GI?"},
         RuleRow{"OfAPartOfADeck", "RUNSPEC\nWATER\nGRID\nPROPS\nDENSITY\n 800 1000 1 /\n"}),

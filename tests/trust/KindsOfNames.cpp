@@ -72,6 +72,22 @@ MakeMistake ExchangeWithNext(const std::string& where, const std::string& next)
     };
 }
 
+/// The folder of a path alias. The inclusions that use it are places.
+std::optional<Mistake> MisspellPath(const SampleDeck& deck, Random& random)
+{
+    const Value* path = ChooseValue(deck, FindValues(deck, Where("PATHS.PATH")), random);
+    if (!path)
+        return std::nullopt;
+    Mistake mistake{{{path->range, "'" + MisspeltName(deck, path->text, random) + "'"}}};
+    const std::string alias = "$" + FindSibling(deck, *path, "ALIAS")->text + "/";
+    for (std::uint32_t file = 1; file < deck.GetDeck().GetFiles().GetSize(); ++file) {
+        const TextRange inclusion = *deck.GetDeck().GetFiles().Get(file).inclusion;
+        if (deck.GetText(inclusion).find(alias) != std::string_view::npos)
+            mistake.places.push_back(inclusion);
+    }
+    return mistake;
+}
+
 /// What the documents of rules say of names.
 void AddKindsOfRules(std::vector<Kind>& kinds)
 {
@@ -128,7 +144,7 @@ void AddKindsOfNames(std::vector<Kind>& kinds)
         {"undefined quantity in an action", OnValue("ACTIONX.LEFT", Undefined)},
         {"condition on an undefined well", OnValue("ACTIONX.WORDS", UndefinedName)},
         {"group of a reinjection undefined", OnValue("GCONINJE.REINGRP GCONINJE.VREPGRP", Undefined)},
-        {"path to no file", OnValue("PATHS.PATH", Undefined)},
+        {"path to no file", MisspellPath},
     };
     kinds.insert(kinds.end(), added.begin(), added.end());
 }

@@ -49,8 +49,10 @@ std::size_t Count(const SampleDeck& deck, const std::string& what)
     return what.find('.') != std::string::npos ? names.size() : count;
 }
 
-/// Makes a size of RUNSPEC one less than what is there.
-MakeMistake TooSmall(const std::string& size, const std::vector<std::string>& counted)
+/// Makes a size of RUNSPEC one less than what is there. What is counted is a place for the finding too, and
+/// so are `more` keywords.
+MakeMistake TooSmall(
+    const std::string& size, const std::vector<std::string>& counted, const std::string& more = "")
 {
     return [=](const SampleDeck& deck, Random&) -> std::optional<Mistake> {
         const std::vector<const Value*> sizes = FindValues(deck, Where(size + " @RUNSPEC"));
@@ -58,7 +60,7 @@ MakeMistake TooSmall(const std::string& size, const std::vector<std::string>& co
             const std::size_t count = Count(deck, what);
             if (sizes.empty() || count < 2)
                 continue;
-            std::vector<TextRange> places;
+            std::vector<TextRange> places = RangesOf(deck, more);
             for (const std::string& other : counted)
                 Append(RangesOf(deck, other.substr(0, other.find_first_of("./"))), places);
             return Mistake{{{sizes.front()->range, std::to_string(count - 1)}}, places};
@@ -115,14 +117,14 @@ void AddKindsOfNumbers(std::vector<Kind>& kinds)
         {"WELLDIMS: too few groups", TooSmall("WELLDIMS.MAXGROUP", {"GRUPTREE.GROUP", "WELSPECS.GROUP"})},
         {"WELLDIMS: too few connections", TooSmall("WELLDIMS.MAXCONN", {"COMPDAT.K2"})},
         {"TABDIMS: too few saturation tables",
-            TooSmall("TABDIMS.NTSFUN", {"SWOF", "SGOF", "SWFN", "SGFN", "SOF3"})},
+            TooSmall("TABDIMS.NTSFUN", {"SWOF", "SGOF", "SWFN", "SGFN", "SOF3"}, "EQUALS SATNUM")},
         {"TABDIMS: too few fluid tables",
-            TooSmall("TABDIMS.NTPVT", {"PVTO", "PVDG", "PVTW", "DENSITY", "ROCK"})},
+            TooSmall("TABDIMS.NTPVT", {"PVTO", "PVDG", "PVTW", "DENSITY", "ROCK"}, "EQUALS PVTNUM")},
         {"TABDIMS: too few rows of saturation",
             TooSmall("TABDIMS.NSSFUN", {"SWOF/", "SGOF/", "SWFN/", "SGFN/"})},
         {"TABDIMS: too few rows of fluids", TooSmall("TABDIMS.NPPVT", {"PVDG/", "PVDO/"})},
         {"TABDIMS: too few rows of live oil", TooSmall("TABDIMS.NRPVT", {"PVTO/"})},
-        {"EQLDIMS: too few regions", TooSmall("EQLDIMS.NTEQUL", {"EQUIL", "RSVD"})},
+        {"EQLDIMS: too few regions", TooSmall("EQLDIMS.NTEQUL", {"EQUIL", "RSVD"}, "EQLNUM THPRES")},
         {"EQLDIMS: too few rows against depth", TooSmall("EQLDIMS.NDRXVD", {"RSVD/", "RVVD/"})},
         {"FAULTDIM: too few faces", TooSmall("FAULTDIM", {"FAULTS.FAULT"})},
         {"AQUDIMS: too few aquifers", TooSmall("AQUDIMS.NANAQU", {"AQUANCON.AQUIFER"})},
@@ -130,8 +132,10 @@ void AddKindsOfNumbers(std::vector<Kind>& kinds)
         {"VFPPDIMS: too few rates", TooSmall("VFPPDIMS.NFLO", {"VFPPROD.FLO +array"})},
         {"VFPPDIMS: too few pressures", TooSmall("VFPPDIMS.NTHP", {"VFPPROD.THP +array"})},
         {"VFPPDIMS: too few water fractions", TooSmall("VFPPDIMS.NWFR", {"VFPPROD.WFR +array"})},
-        {"COMPS: too few components", TooSmall("COMPS.NCOMPS", {"CNAMES"})},
-        {"DIMENS: too few layers", TooSmall("DIMENS.NZ", {"COMPDAT.K2"})},
+        {"COMPS: too few components",
+            TooSmall("COMPS.NCOMPS", {"CNAMES"}, "TCRIT PCRIT VCRIT ACF MW CVTYPE")},
+        {"DIMENS: too few layers",
+            TooSmall("DIMENS.NZ", {"COMPDAT.K2"}, "ZCORN DX PORO ACTNUM DZ DZV TOPS EQUALS")},
         {"WSEGDIMS: too few segments", TooSmall("WSEGDIMS.NSEGMX", {"WELSEGS.LAST"})},
         {"TRACERS: too few tracers", TooSmall("TRACERS.NWTRAC", {"TRACER.TRACER"})},
     };

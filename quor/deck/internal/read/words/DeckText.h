@@ -166,6 +166,8 @@ private:
     std::size_t TakeSlashBelow(std::size_t end);
     void ReportMissingName(const TextRange& keyword);
     void Include(const TextRange& statement, const TextRange& name, const std::string& text);
+    void ReportMissing(
+        const TextRange& name, const std::string& text, const std::string& resolved, std::string message);
     void ReportAlias(const TextRange& name, const std::string& path);
     bool MayInclude(const TextRange& name, const std::string& path, const std::string& identity);
     void Enter(DeckFile file, const std::string& identity);
@@ -203,6 +205,7 @@ private:
 
     std::map<std::string, std::weak_ptr<const SourceText>> texts_; // by identity
     std::set<std::string> identities_;
+    std::set<std::string> rightAliases_; // that have led to a file
     std::set<std::string> reportedAliases_;
     std::size_t inclusions_ = 0;
     bool missedInclusion_ = false;

@@ -1,14 +1,12 @@
 #include "quor/deck/internal/read/words/DeckText.h"
 
-#include "quor/deck/internal/read/words/CertainFixes.h"
-
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <optional>
 #include <utility>
 
-// The files of a deck's text, and the blocks that are passed over.
+// The files of a deck's text.
 
 namespace Veld::Quor::Core::Decks {
 
@@ -19,6 +17,13 @@ namespace {
 constexpr std::size_t deepestInclusion = 100;
 /// Files that include others twice over can grow a small deck beyond all bounds.
 constexpr std::size_t mostInclusions = 100'000;
+
+/// The path alias in the name of a file, which has one.
+std::string AliasIn(const std::string& path)
+{
+    const std::string rest = path.substr(path.find('$'));
+    return rest.substr(0, rest.find_first_of("/\\"));
+}
 
 } // namespace
 
@@ -138,21 +143,35 @@ void DeckText::Include(const TextRange& statement, const TextRange& name, const 
         if (!source)
             source = source_.Open(path);
         Enter({path, std::move(source), statement, 0, resolved}, identity);
+        if (text.find('$') != std::string::npos)
+            rightAliases_.insert(AliasIn(text));
     } catch (const SourceError& error) {
-        reporter_.Report(name, Code::IncludeMissing,
-            fmt::format("can't read '{}': {}", Printable(path), error.what()),
-            std::filesystem::path(resolved).is_absolute()
-                ? ""
-                : "a relative name starts from the folder of the deck");
+        ReportMissing(
+            name, text, resolved, fmt::format("can't read '{}': {}", Printable(path), error.what()));
         missedInclusion_ = true;
     }
+}
+
+/// Once for a path alias that has led to no file yet.
+void DeckText::ReportMissing(
+    const TextRange& name, const std::string& text, const std::string& resolved, std::string message)
+{
+    const std::string alias = text.find('$') == std::string::npos ? std::string() : AliasIn(text);
+    if (!alias.empty() && rightAliases_.count(alias) == 0) {
+        if (reportedAliases_.insert(alias).second)
+            reporter_.Report(name, Code::IncludeMissing, std::move(message),
+                fmt::format("correct the name, or the folder of '{}' in PATHS", Printable(alias)));
+        return;
+    }
+    reporter_.Report(name, Code::IncludeMissing, std::move(message),
+        std::filesystem::path(resolved).is_absolute() ? ""
+                                                      : "a relative name starts from the folder of the deck");
 }
 
 /// Once for each alias.
 void DeckText::ReportAlias(const TextRange& name, const std::string& path)
 {
-    const std::string rest = path.substr(path.find('$'));
-    const std::string alias = rest.substr(0, rest.find_first_of("/\\"));
+    const std::string alias = AliasIn(path);
     if (!reportedAliases_.insert(alias).second)
         return;
     reporter_.Report(name, Code::UnknownAlias,
@@ -238,55 +257,6 @@ void DeckText::Finish()
          ++file) // also those that ended while nothing is reported
         reporter_.ReportBadSuppressions(file);
     ReportProgress();
-}
-
-void DeckText::ReportOpenBlocks()
-{
-    for (const SkipBlock& block : frames_.back().blocks)
-        reporter_.Report(block.opened, Code::UnclosedSkip,
-            fmt::format("unclosed {}; expected ENDSKIP in the same file", block.keyword),
-            "add ENDSKIP after the block");
-}
-
-void DeckText::OpenBlock(const TextRange& range, std::string_view keyword, bool isPassedOver)
-{
-    ++turns_;
-    frames_.back().blocks.push_back({range, keyword});
-    if (isPassedOver)
-        PassOver();
-}
-
-void DeckText::CloseBlock(const TextRange& range, std::string_view keyword)
-{
-    ++turns_;
-    if (!frames_.back().blocks.empty())
-        frames_.back().blocks.pop_back();
-    else
-        reporter_.Report(range, Code::StrayEndskip,
-            fmt::format("{} has no matching opening keyword in this file", keyword), {},
-            RemoveLine(files_, range));
-}
-
-/// Only what opens and closes blocks counts in a block that is passed over.
-void DeckText::PassOver()
-{
-    std::vector<SkipBlock>& blocks = frames_.back().blocks;
-    const std::size_t outside = blocks.size() - 1;
-    for (SkipLine(); position_ != end_; SkipLine()) {
-        const auto lone = FindLoneWord(GetLine());
-        const Entry* const entry = lone ? vocabulary_.Find(lone->word) : nullptr;
-        if (!entry)
-            continue;
-        if (entry->role == KeywordDeckRole::Skip || entry->skipsFor)
-            blocks.push_back({RangeOf(lone->word), lone->word});
-        else if (entry->role == KeywordDeckRole::EndSkip)
-            blocks.pop_back();
-        if (blocks.size() == outside) {
-            SkipLine();
-            return;
-        }
-    }
-    missedInclusion_ = true; // the rest of the file may not have been meant
 }
 
 } // namespace Veld::Quor::Core::Decks
