@@ -52,7 +52,7 @@ private:
 
     void Enter(const std::string& name, const std::shared_ptr<const IKeywordSyntax>& syntax);
     /// Null if there are none.
-    const KeywordSyntaxLookupTable::Syntaxes* FindSyntaxes(const std::string& name, bool wildcards) const;
+    const KeywordSyntaxLookupTable::Syntaxes* FindAll(const std::string& name) const;
 
     KeywordSyntaxLookupTable lookupTable_;
     NameIndex index_; // into the table
@@ -103,20 +103,19 @@ void KeywordSyntaxTableImpl::Enter(
     index_.Add(name, lookupTable_.FindSyntaxes(name, false));
 }
 
-const KeywordSyntaxLookupTable::Syntaxes* KeywordSyntaxTableImpl::FindSyntaxes(
-    const std::string& name, bool wildcards) const
+const KeywordSyntaxLookupTable::Syntaxes* KeywordSyntaxTableImpl::FindAll(const std::string& name) const
 {
-    const auto* const exact = index_.Find(name);
-    return exact ? exact : lookupTable_.FindSyntaxes(name, wildcards);
+    const auto known = index_.Find<const KeywordSyntaxLookupTable::Syntaxes*>(name, true);
+    return known ? *known : lookupTable_.FindSyntaxes(name, true);
 }
 
 const IKeywordSyntax* KeywordSyntaxTableImpl::Lookup(
     const std::string& name, SectionType::Enum section, bool acceptSingle) const
 {
-    const auto* const syntaxes = FindSyntaxes(name, true);
+    const auto* const syntaxes = FindAll(name);
     if (!syntaxes)
         return nullptr;
-    if (acceptSingle && syntaxes->size() == 1 && syntaxes->front())
+    if (acceptSingle && syntaxes->size() == 1)
         return syntaxes->front().get();
     for (const auto& syntax : *syntaxes) {
         if (syntax->IsValid(section, SimulatorType::Any))
@@ -127,22 +126,16 @@ const IKeywordSyntax* KeywordSyntaxTableImpl::Lookup(
 
 const IKeywordSyntax* KeywordSyntaxTableImpl::Lookup(const std::string& name, bool wildcards) const
 {
-    const auto* const syntaxes = FindSyntaxes(name, wildcards);
-    if (!syntaxes)
-        return nullptr;
-    if (syntaxes->size() > 1) {
-        for (const auto& syntax : *syntaxes) {
-            if (!syntax->IsValid(SectionType::SUMMARY, SimulatorType::Any))
-                return syntax.get();
-        }
-    }
-    return syntaxes->front().get();
+    if (const auto known = index_.Find<const IKeywordSyntax*>(name, wildcards))
+        return *known;
+    const auto* const syntaxes = lookupTable_.FindSyntaxes(name, wildcards);
+    return syntaxes ? NameIndex::ChosenOf(*syntaxes) : nullptr;
 }
 
 std::vector<const IKeywordSyntax*> KeywordSyntaxTableImpl::LookupAll(const std::string& name)
 {
     std::vector<const IKeywordSyntax*> all;
-    if (const auto* const syntaxes = FindSyntaxes(name, true)) {
+    if (const auto* const syntaxes = FindAll(name)) {
         all.reserve(syntaxes->size());
         for (const auto& syntax : *syntaxes)
             all.push_back(syntax.get());

@@ -62,12 +62,15 @@ public:
             table_.AddSyntax(name, {std::shared_ptr<void>(), byName.at(name)});
     }
 
-    /// The stored names that `name` finds, with blanks between; empty if it finds none.
+    /// The stored names that `name` finds, with blanks between; empty if it finds none. The table of keywords,
+    /// which has the same names, must find the first of them.
     std::string Find(const std::string& name, bool wildcards) const
     {
         std::string found;
         for (const auto& syntax : table_.Lookup(name, wildcards))
             found += (found.empty() ? "" : " ") + syntax->GetName();
+        const IKeywordSyntax* const first = keywords_->Lookup(name, wildcards);
+        EXPECT_EQ(first ? first->GetName() : "", found.substr(0, found.find(' '))) << name;
         return found;
     }
 
@@ -114,6 +117,11 @@ ThroughAnInnerRow: A* ABCD ABCE/ABC => A*|
 AtTheRoot: * AB/XYZ => *|
 AtTheRootForNothing: * AB/ => *|
 TwiceInOrder: AB* AB*/ABX => AB* AB*|AB* AB*
+OneWithin: A*B/AXY => A*B|A*B
+TwoWithin: A*B A*C/AX => |
+OneWithinBesideOthers: A*B AC AD*/ADX => AD*|AD*
+LongerThanTheName: ABCDEFGHI*/ABCDEFGH => |
+WithoutTheSecondCharacter: ABC*/A => |
 )")),
     CaseName<Row>);
 
