@@ -30,7 +30,7 @@ std::unique_ptr<IKeywordData> GenericKeywordDataFactory::Construct(
     case MDType::Raw:
         return std::make_unique<GenericKeywordRawDataImpl>(&CastMD<const IKeywordRawMD>(*md), syntax);
     case MDType::Record:
-        return std::make_unique<GenericKeywordRecordDataImpl>(&CastMD<const IKeywordRecordMD>(*md), syntax);
+        return GenericKeywordRecordDataImpl::Make(&CastMD<const IKeywordRecordMD>(*md), syntax);
     default:
         return nullptr;
     }

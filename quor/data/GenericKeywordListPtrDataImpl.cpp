@@ -87,7 +87,7 @@ std::unique_ptr<IKeywordData> GenericKeywordListPtrDataImpl::CreateElement()
     const auto& recordMD = CastMD<const IKeywordRecordMD>(*itemMD);
     if (!layout_)
         layout_ = std::make_shared<const RecordLayout>(recordMD);
-    return std::make_unique<GenericKeywordRecordDataImpl>(&recordMD, syntax_, layout_);
+    return GenericKeywordRecordDataImpl::Make(&recordMD, syntax_, layout_);
 }
 
 } // namespace Veld::Quor::Core::Keywords

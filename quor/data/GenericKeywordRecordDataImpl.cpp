@@ -2,24 +2,32 @@
 
 #include "quor/data/internal/GenericKeywordDataFactory.h"
 
+#include <cassert>
 #include <cstring>
 #include <new>
 #include <utility>
 
 namespace Veld::Quor::Core::Keywords {
 
-GenericKeywordRecordDataImpl::GenericKeywordRecordDataImpl(
+std::unique_ptr<IKeywordData> GenericKeywordRecordDataImpl::Make(
     const IKeywordRecordMD* md, const IKeywordSyntax* syntax)
-    : GenericKeywordRecordDataImpl(md, syntax, std::make_shared<const RecordLayout>(*md))
 {
+    return Make(md, syntax, std::make_shared<const RecordLayout>(*md));
 }
 
-GenericKeywordRecordDataImpl::GenericKeywordRecordDataImpl(
-    const IKeywordRecordMD* md, const IKeywordSyntax* syntax, std::shared_ptr<const RecordLayout> layout)
+std::unique_ptr<IKeywordData> GenericKeywordRecordDataImpl::Make(const IKeywordRecordMD* md,
+    const IKeywordSyntax* syntax, const std::shared_ptr<const RecordLayout>& layout)
+{
+    return std::unique_ptr<IKeywordData>(new (*layout) GenericKeywordRecordDataImpl(md, syntax, layout));
+}
+
+GenericKeywordRecordDataImpl::GenericKeywordRecordDataImpl(const IKeywordRecordMD* md,
+    const IKeywordSyntax* syntax, const std::shared_ptr<const RecordLayout>& layout)
     : md_(md)
     , syntax_(syntax)
-    , elements_(std::move(layout))
+    , elements_(layout)
 {
+    assert(static_cast<void*>(elements_.Block()) == this + 1);
     elements_.Construct(syntax);
 }
 
@@ -32,9 +40,8 @@ GenericKeywordRecordDataImpl::GenericKeywordRecordDataImpl(const GenericKeywordR
     elements_.Copy(other.elements_);
 }
 
-GenericKeywordRecordDataImpl::Elements::Elements(std::shared_ptr<const RecordLayout> layout)
-    : layout_(std::move(layout))
-    , block_(new std::byte[layout_->Size()]) // aligned for any scalar
+GenericKeywordRecordDataImpl::Elements::Elements(const std::shared_ptr<const RecordLayout>& layout)
+    : layout_(layout)
 {
 }
 
@@ -52,9 +59,13 @@ GenericKeywordRecordDataImpl::Elements::~Elements()
 
 void GenericKeywordRecordDataImpl::Elements::Construct(const IKeywordSyntax* syntax)
 {
+    if (layout_->IsPlain()) {
+        CopyBlock(layout_->Image());
+        return;
+    }
     for (const RecordLayout::Item& item : layout_->Items()) {
         if (item.ops) {
-            item.ops->construct(block_.get() + item.offset);
+            item.ops->construct(Block() + item.offset);
         } else {
             std::unique_ptr<IKeywordData> nested = GenericKeywordDataFactory::Construct(item.md, syntax);
             if (!nested && item.md)
@@ -70,15 +81,13 @@ void GenericKeywordRecordDataImpl::Elements::Copy(const Elements& other)
 {
     const std::vector<RecordLayout::Item>& items = layout_->Items();
     if (layout_->IsPlain()) {
-        if (layout_->Size() > 0)
-            std::memcpy(block_.get(), other.block_.get(), layout_->Size());
-        built_ = items.size();
+        CopyBlock(other.Block());
         return;
     }
     for (; built_ < items.size(); ++built_) {
         const RecordLayout::Item& item = items[built_];
         if (item.ops) {
-            item.ops->copy(block_.get() + item.offset, other.At(built_));
+            item.ops->copy(Block() + item.offset, other.At(built_));
         } else {
             const auto* const nested = static_cast<const IKeywordData*>(other.At(built_));
             SetNested(built_, nested ? nested->CloneSafely() : nullptr);
@@ -86,9 +95,16 @@ void GenericKeywordRecordDataImpl::Elements::Copy(const Elements& other)
     }
 }
 
+void GenericKeywordRecordDataImpl::Elements::CopyBlock(const std::byte* from)
+{
+    if (layout_->Size() > 0)
+        std::memcpy(Block(), from, layout_->Size());
+    built_ = layout_->Items().size();
+}
+
 void GenericKeywordRecordDataImpl::Elements::SetNested(std::size_t i, std::unique_ptr<IKeywordData> data)
 {
-    ::new (block_.get() + layout_->Items()[i].offset) void*(data.release());
+    ::new (Block() + layout_->Items()[i].offset) void*(data.release());
 }
 
 } // namespace Veld::Quor::Core::Keywords

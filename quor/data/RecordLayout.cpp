@@ -3,7 +3,19 @@
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
 
+#include <algorithm>
+#include <functional>
+
 namespace Veld::Quor::Core::Keywords {
+
+namespace {
+
+std::size_t AlignmentOf(const RecordLayout::Item& item)
+{
+    return item.ops ? item.ops->alignment : alignof(void*);
+}
+
+} // namespace
 
 RecordLayout::RecordLayout(const IKeywordRecordMD& md)
 {
@@ -11,13 +23,38 @@ RecordLayout::RecordLayout(const IKeywordRecordMD& md)
     items_.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         const IKeywordDataMD* const item = md.GetItemMD(i);
-        const ScalarOps* const ops = FindScalarOps(KeywordUtils::GetMDType(item));
-        const std::size_t alignment = ops ? ops->alignment : alignof(void*);
-        size_ = (size_ + alignment - 1) / alignment * alignment;
-        items_.push_back({ops, item, static_cast<std::uint32_t>(size_)});
-        size_ += ops ? ops->size : sizeof(void*);
-        plain_ = plain_ && ops && ops->plain;
+        items_.push_back({FindScalarOps(KeywordUtils::GetMDType(item)), item, 0});
     }
+    std::vector<Item*> places;
+    for (Item& item : items_)
+        places.push_back(&item);
+    std::stable_sort(places.begin(), places.end(), [](const Item* a, const Item* b) {
+        if (AlignmentOf(*a) != AlignmentOf(*b))
+            return AlignmentOf(*a) > AlignmentOf(*b); // so that no gaps are between them
+        return std::less<>()(a->ops, b->ops);
+    });
+    for (Item* const item : places)
+        Place(*item);
+    if (plain_)
+        MakeImage();
+}
+
+void RecordLayout::Place(Item& item)
+{
+    item.offset = static_cast<std::uint32_t>(size_);
+    size_ += item.ops ? item.ops->size : sizeof(void*);
+    plain_ = plain_ && item.ops && item.ops->plain;
+    if (!runs_.empty() && runs_.back().ops == item.ops)
+        ++runs_.back().count;
+    else
+        runs_.push_back({item.ops, item.offset, 1});
+}
+
+void RecordLayout::MakeImage()
+{
+    image_.resize(size_);
+    for (const Item& item : items_)
+        item.ops->construct(image_.data() + item.offset);
 }
 
 } // namespace Veld::Quor::Core::Keywords

@@ -39,6 +39,22 @@ bool EqualItems<bool>(const void* a, const void* b)
     return (byteA > 0) == (byteB > 0);
 }
 
+/// A number that stands for no value equals itself and nothing else, so that all are compared as numbers.
+template <class T>
+bool EqualItemRuns(const void* a, const void* b, std::size_t count)
+{
+    const auto* const itemsA = static_cast<const Optional<T>*>(a);
+    const auto* const itemsB = static_cast<const Optional<T>*>(b);
+    unsigned differing = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        if constexpr (std::is_same_v<T, int> || std::is_same_v<T, double>)
+            differing |= static_cast<unsigned>(!(*itemsA[i] == *itemsB[i]));
+        else
+            differing |= static_cast<unsigned>(!EqualItems<T>(itemsA + i, itemsB + i));
+    }
+    return differing == 0;
+}
+
 /// Runs at the speed of memory: a block is compared without a branch for each value.
 template <class Element>
 bool EqualValues(const Element* a, const Element* b, std::size_t count)
@@ -145,6 +161,7 @@ constexpr ScalarOps opsOf = {
     [](void* item) { static_cast<Optional<T>*>(item)->~Optional<T>(); },
     [](const void* item) { return ItemOf<T>(item).HasValue(); },
     EqualItems<T>,
+    EqualItemRuns<T>,
     Print<T>,
     [](const IKeywordListMD* md, const IKeywordSyntax* syntax) -> std::unique_ptr<IKeywordData> {
         return std::make_unique<GenericKeywordListDataImpl<T>>(md, syntax);

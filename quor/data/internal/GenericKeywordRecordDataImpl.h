@@ -9,17 +9,19 @@
 
 namespace Veld::Quor::Core::Keywords {
 
+/// The object and the block of its items are one allocation.
 class GenericKeywordRecordDataImpl final : public KeywordRecordData {
 public:
-    GenericKeywordRecordDataImpl(const IKeywordRecordMD* md, const IKeywordSyntax* syntax);
+    static std::unique_ptr<IKeywordData> Make(const IKeywordRecordMD* md, const IKeywordSyntax* syntax);
     /// `layout` is that of `md`.
-    GenericKeywordRecordDataImpl(
-        const IKeywordRecordMD* md, const IKeywordSyntax* syntax, std::shared_ptr<const RecordLayout> layout);
-    GenericKeywordRecordDataImpl(const GenericKeywordRecordDataImpl& other);
+    static std::unique_ptr<IKeywordData> Make(const IKeywordRecordMD* md, const IKeywordSyntax* syntax,
+        const std::shared_ptr<const RecordLayout>& layout);
     GenericKeywordRecordDataImpl& operator=(const GenericKeywordRecordDataImpl&) = delete;
     ~GenericKeywordRecordDataImpl() override = default;
 
-    IKeywordData* Clone() const override { return new GenericKeywordRecordDataImpl(*this); }
+    static void operator delete(void* place) { ::operator delete(place); }
+
+    IKeywordData* Clone() const override { return new (Layout()) GenericKeywordRecordDataImpl(*this); }
     bool ReservedQuery() const override { return false; }
     const IKeywordDataMD* GetMD() const override { return md_; }
     const IKeywordSyntax* GetSyntax() const override { return syntax_; }
@@ -30,13 +32,23 @@ public:
     bool ReservedRecordQuery() const override { return true; }
 
     const RecordLayout& Layout() const { return elements_.Layout(); }
-    const std::shared_ptr<const RecordLayout>& SharedLayout() const { return elements_.SharedLayout(); }
+    const std::byte* Block() const { return elements_.Block(); }
 
 private:
-    /// The block. Frees what was made, also when it was only half built.
+    GenericKeywordRecordDataImpl(const IKeywordRecordMD* md, const IKeywordSyntax* syntax,
+        const std::shared_ptr<const RecordLayout>& layout);
+    GenericKeywordRecordDataImpl(const GenericKeywordRecordDataImpl& other);
+
+    static void* operator new(std::size_t size, const RecordLayout& layout)
+    {
+        return ::operator new(size + layout.Size()); // aligned for any scalar
+    }
+    static void operator delete(void* place, const RecordLayout&) { ::operator delete(place); }
+
+    /// What is in the block. Frees what was made, also when it was only half built.
     class Elements {
     public:
-        explicit Elements(std::shared_ptr<const RecordLayout> layout);
+        explicit Elements(const std::shared_ptr<const RecordLayout>& layout);
         ~Elements();
         Elements(const Elements&) = delete;
         Elements& operator=(const Elements&) = delete;
@@ -48,23 +60,25 @@ private:
         void* At(std::size_t i) const
         {
             const RecordLayout::Item& item = layout_->Items()[i];
-            std::byte* const place = block_.get() + item.offset;
+            std::byte* const place = Block() + item.offset;
             return item.ops ? place : *reinterpret_cast<void**>(place);
         }
+        /// It begins where this object, the last member of the record, ends.
+        std::byte* Block() const { return reinterpret_cast<std::byte*>(const_cast<Elements*>(this) + 1); }
         const RecordLayout& Layout() const { return *layout_; }
         const std::shared_ptr<const RecordLayout>& SharedLayout() const { return layout_; }
 
     private:
+        void CopyBlock(const std::byte* from); // of plain ones
         void SetNested(std::size_t i, std::unique_ptr<IKeywordData> data);
 
         std::shared_ptr<const RecordLayout> layout_;
-        std::unique_ptr<std::byte[]> block_;
         std::size_t built_ = 0; // items that are constructed
     };
 
     const IKeywordRecordMD* md_; // the table's, as the syntax
     const IKeywordSyntax* syntax_;
-    Elements elements_;
+    Elements elements_; // the last one
 };
 
 } // namespace Veld::Quor::Core::Keywords

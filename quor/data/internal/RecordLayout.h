@@ -11,8 +11,9 @@ namespace Veld::Quor::Core::Keywords {
 
 class IKeywordRecordMD;
 
-/// Where the items of a record are in its one block of memory: a scalar in place, a nested object as a
-/// pointer to it. Records that are cloned from each other, or are elements of one list, share a layout.
+/// Where the items of a record are in its block of memory: a scalar in place, a nested object as a pointer to
+/// it. Items of one type are together, which leaves no gaps and lets them be compared at once. Records that
+/// are cloned from each other, or are elements of one list, share a layout.
 class RecordLayout {
 public:
     struct Item {
@@ -21,15 +22,32 @@ public:
         std::uint32_t offset;
     };
 
+    /// Items of one type, one after the other in the block.
+    struct Run {
+        const ScalarOps* ops;
+        std::uint32_t offset;
+        std::uint32_t count;
+    };
+
     explicit RecordLayout(const IKeywordRecordMD& md);
 
     const std::vector<Item>& Items() const { return items_; }
     std::size_t Size() const { return size_; }
     /// Whether the whole block is plain memory.
     bool IsPlain() const { return plain_; }
+    /// A whole block without values, and its runs. Of plain ones alone.
+    /// @{
+    const std::byte* Image() const { return image_.data(); }
+    const std::vector<Run>& Runs() const { return runs_; }
+    /// @}
 
 private:
+    void Place(Item& item);
+    void MakeImage();
+
     std::vector<Item> items_;
+    std::vector<Run> runs_;
+    std::vector<std::byte> image_;
     std::size_t size_ = 0;
     bool plain_ = true;
 };

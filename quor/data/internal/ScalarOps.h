@@ -23,6 +23,7 @@ struct ScalarOps {
     void (*destroy)(void* item);
     bool (*hasValue)(const void* item);
     bool (*equal)(const void* a, const void* b);
+    bool (*equalRun)(const void* a, const void* b, std::size_t count); // so many, one after the other
     /// Appends the value as text, and returns whether there is one. `separator` goes before it.
     bool (*print)(const void* item, const char* separator, std::string& text);
 
