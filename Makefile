@@ -1,8 +1,9 @@
 # `make run` and `make test` set up what they need by themselves; see `make help`.
 
 .DEFAULT_GOAL := help
-.PHONY: help run test python setup-run setup-python setup-test build-release build-python build-test build-asan build-fuzz build-benchmark \
-    check-format check-release check-asan check-threads check-lint lint-all format schema trust decks benchmark fuzz docs install clean
+.PHONY: help run test python setup-run setup-python setup-test setup-benchmark build-release build-python build-test \
+    build-asan build-fuzz build-benchmark check-format check-release check-asan check-threads check-lint lint-all format \
+    schema trust decks benchmark fuzz docs install clean
 
 SOURCES = $(shell find quor python tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt language/units/*.txt)
@@ -11,7 +12,7 @@ DECK = examples/decks/field/field.data
 FAULTY_DECK = examples/decks/faulty/three-mistakes.data
 
 help: ## List the targets
-	@awk -F ':.*## ' '/^[a-z-]+:.*## / { printf "  make %-12s %s\n", $$1, $$2 }' Makefile
+	@awk -F ':.*## ' '/^[a-z-]+:.*## / { printf "  make %-13s %s\n", $$1, $$2 }' Makefile
 
 run: setup-run build-release ## Build the release and try it on the deck of a field
 	@echo; echo "== quor info $(DECK)"
@@ -37,6 +38,9 @@ setup-python:
 
 setup-test:
 	@cmake/setup.sh test
+
+setup-benchmark:
+	@cmake/setup.sh benchmark
 
 build-release build-test build-asan build-fuzz build-benchmark: build-%: configure-%
 	@cmake --build --preset $* -- --quiet
@@ -91,8 +95,9 @@ decks: setup-run build-release ## Count the findings of all *.data below DECKS (
 	@find $(DECKS) -iname '*.data' -print0 | sort -z | xargs -0 $(QUOR) check --statistics || test $$? -ne 2
 	@find $(DECKS) -iname '*.data' -print0 | sort -z | xargs -0 tests/tools/format-decks.sh $(QUOR)
 
-benchmark: setup-test build-benchmark ## Run the benchmarks, each against a reference
-	@for b in build/benchmark/bin/*-benchmark; do $$b || exit 1; done
+ROWS ?=
+benchmark: setup-benchmark build-benchmark ## Compare each hot path with its peer; ROWS="look-up hit" for some
+	@build/benchmark/bin/compare build/benchmark/bin/quor $(ROWS)
 
 FUZZ_SECONDS ?= 60
 fuzz: setup-test build-fuzz ## Run each fuzz target for FUZZ_SECONDS (60)

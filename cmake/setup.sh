@@ -1,8 +1,8 @@
 #!/bin/sh
-# Installs the Debian packages that are missing for `make run`, `make python` or `make test`:  setup.sh run|python|test
+# Installs the Debian packages that are missing for a make target:  setup.sh run|python|test|benchmark
 set -eu
 
-group=${1:?usage: setup.sh run|python|test}
+group=${1:?usage: setup.sh run|python|test|benchmark}
 list=$(dirname "$0")/packages.txt
 wanted=$(awk -v group="$group" '$1 == "run" || $1 == group || ($1 == "python" && group == "test") { print $2 }' "$list")
 
