@@ -3,7 +3,7 @@
 .DEFAULT_GOAL := help
 .PHONY: help run test python setup-run setup-python setup-test setup-benchmark build-release build-python build-test \
     build-asan build-fuzz build-benchmark check-format check-release check-asan check-threads check-lint lint-all format \
-    schema trust decks benchmark fuzz docs install clean
+    schema trust decks benchmark bench-gate bench-counts fuzz docs install clean
 
 SOURCES = $(shell find quor python tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt language/units/*.txt)
@@ -27,7 +27,7 @@ run: setup-run build-release ## Build the release and try it on the deck of a fi
 	@echo "      $(QUOR) port YOUR.data --to Dunmere"
 	@echo "      $(QUOR) show WCONPROD, $(QUOR) --help"
 
-test: setup-test check-format docs check-release check-asan check-threads check-lint ## Run all builds, tests and checks
+test: setup-test check-format docs check-release bench-gate check-asan check-threads check-lint ## Run all builds, tests and checks
 	@echo "== all passed"
 
 setup-run:
@@ -94,6 +94,14 @@ DECKS ?= examples/decks
 decks: setup-run build-release ## Count the findings of all *.data below DECKS (examples/decks), and format each elsewhere
 	@find $(DECKS) -iname '*.data' -print0 | sort -z | xargs -0 $(QUOR) check --statistics || test $$? -ne 2
 	@find $(DECKS) -iname '*.data' -print0 | sort -z | xargs -0 tests/tools/format-decks.sh $(QUOR)
+
+COUNTS = benchmarks/gate/counts.txt
+bench-gate: setup-test build-test ## Count the instructions of the hot paths, and fail if one has over 3 % more than before
+	@echo "== instructions of the hot paths"
+	@benchmarks/gate/gate.sh build/test/bin/hot-paths $(COUNTS)
+
+bench-counts: setup-test build-test ## Keep the counts of the hot paths as they are now
+	@benchmarks/gate/gate.sh build/test/bin/hot-paths $(COUNTS) --write
 
 ROWS ?=
 benchmark: setup-benchmark build-benchmark ## Compare each hot path with its peer; ROWS="look-up hit" for some
