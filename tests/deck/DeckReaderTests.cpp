@@ -179,6 +179,8 @@ SuppressedErrorLeavesTheSizes: DIMENS\n 3 1 /\nDIMENS -- quor: off repeated-keyw
 Short: DIMENS\n 1 2 /\nARRAY\n 1 /\n => [1] => d.data:5:4: error: ARRAY: too few values (expected 2, found 1) [wrong-size] | the size is NX*NY
 DefaultDimensions: ARRAY\n 1 /\n => [1] =>
 InABox: DIMENS\n 4 4 /\nBOX\n 2 3 2* 1 1 /\nARRAY\n 8*1 /\nENDBOX\nARRAY\n 16*1 /\nGRID\nFLAG\n => ? =>
+MisspeltEndOfABox: DIMENS\n 4 4 /\nBOX\n 2 3 2* 1 1 /\nARRAY\n 8*1 /\nENDBXO\nARRAY\n 16*1 /\n => ? => d.data:8:1: error: unknown keyword 'ENDBXO' [unknown-keyword] | did you mean ENDBOX?
+RepeatWithALetter: DIMENS\n 3 1 /\nARRAY\n 1 2O*5 /\n => [1] => d.data:5:4: error: ARRAY: invalid value '2O*5'; expected a number [wrong-type]
 OneMessageForManyBeyond: DIMENS\n 5 1 /\nARRAY\n 1 101 3 -1 2*200 /\n => ? => d.data:5:4: error: ARRAY: value 101 is too large (expected at most 100); other values out of range: 3 [out-of-range]
     d.data:5:13: error: ARRAY: too many values (expected 5, found 6) [wrong-size] | the size is NX*NY
 WrongWord: DIMENS\n 2 1 /\nARRAY\n 1 x 2 /\n => [1 2] => d.data:5:4: error: ARRAY: invalid value 'x'; expected a number [wrong-type]

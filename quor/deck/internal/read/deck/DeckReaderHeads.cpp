@@ -90,6 +90,8 @@ void DeckReader::ReadMisspelt(const Token& head)
     if (meant->IsOfText() && text_.TakeAs(head, *meant))
         return;
     ReadKeyword(head, *meant, true);
+    if (!deck_->keywords.back().data)
+        FollowSizes(deck_->keywords.back()); // it means no more than its name
     if (hasText && !deck_->keywords.back().data)
         text_.SkipData();
 }

@@ -2,6 +2,7 @@
 
 #include "quor/deck/internal/read/values/RecordFit.h"
 #include "quor/deck/internal/text/LineText.h"
+#include "quor/deck/internal/text/NumberText.h"
 #include "quor/deck/internal/text/WordText.h"
 
 #include <fmt/format.h>
@@ -89,9 +90,12 @@ void DataReader::ReportAt(const TextRange& range, Misfit misfit)
     reporter_.Report(range, misfit.code, std::move(misfit.message), std::move(misfit.hint), std::move(fix));
 }
 
-/// How many values the word may stand for, which is none: three in "2,2,1" and "2x2x1".
+/// How many values the word may stand for, which is none: three in "2,2,1" and "2x2x1", any number in
+/// "1O0*5".
 long long DataReader::CountNumbersInWord() const
 {
+    if (words_.GetWord().text.find('*') != std::string_view::npos)
+        return mostRepeats;
     const auto isInNumber = [](char c) { return IsDigit(c) || c == '.'; };
     long long count = 0;
     bool wasInNumber = false;
