@@ -215,7 +215,8 @@ const std::vector<CodeInfo>& Codes()
             "name='Carrow'/>\n</validity></assignment></map></data>\n",
             "<data><map><assignment name='STEPS'><validity>\n <simulator "
             "name='Carrow'/>\n</validity></assignment></map></data>\n"},
-        {Code::NameLength, "name-length", warning, "The name of a keyword has more than eight characters.",
+        {Code::NameLength, "name-length", warning,
+            "The name of a keyword has more than eight characters, or an alias more than 16.",
             "Shorten the name to eight characters.", "<keyword name='NINECHARS'/>\n",
             "<keyword name='EIGHTCHR'/>\n"},
         {Code::NameText, "name-text", warning,

@@ -119,6 +119,7 @@ SlashInCommentDoesNotClose: SCHEDULE\nDATES\n 1 -- a/b\nXYZ\n => d.data:4:4: err
 NameBeforeSlashIsData: SUMMARY\nWBHP\nPROD /\n/\n =>
 KnownInOpenDataIsKeyword: SCHEDULE\nDATES\n 1 JAN\nPORO\n 1 /\n => d.data:3:7: error: DATES: missing slash at the end of the list [unclosed-data] | add a slash after the last value
     d.data:4:1: error: PORO is not valid in section SCHEDULE (valid in GRID) [wrong-section]
+LongAliasOfAKeyword: RUNSPEC\nGRID\nPERMEABILITY\nPERMEABILITYX\n => d.data:4:1: error: unknown keyword 'PERMEABILITYX' [unknown-keyword] | did you mean PERMEABILITY?
 LongNameOfAKeyword: RUNSPEC\nGRID\nSCHEDULE\nWCONHISTS\nWELSPECSX /\nINCLUDED\n => d.data:4:1: warning: keyword 'WCONHISTS' has more than 8 characters and is read as WCONHIST [long-keyword] | write WCONHIST
     d.data:5:1: warning: keyword 'WELSPECSX' has more than 8 characters and is read as WELSPECS [long-keyword] | write WELSPECS
     d.data:6:1: error: unknown keyword 'INCLUDED' [unknown-keyword] | did you mean INCLUDE?

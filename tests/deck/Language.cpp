@@ -49,7 +49,8 @@ std::string SmallLanguage()
     text += Keyword("PORO", In("GRID") + Numbers());
     text += Keyword("PERMX",
         In("GRID") + Described("Permeability in x.")
-            + "<aliases><alias name='PERMR'/><alias name='KX'><isHiddenAlias/></alias></aliases>");
+            + "<aliases><alias name='PERMR'/><alias name='KX'><isHiddenAlias/></alias><alias "
+              "name='PERMEABILITY'/></aliases>");
     text += Keyword(
         "NOWHERE", "<validSimulators><simulator name='Carrow' supportLevel='ignored'/></validSimulators>");
     text += Keyword("SPLIT", In("GRID") + For("Carrow"));

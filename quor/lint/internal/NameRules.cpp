@@ -13,6 +13,7 @@ namespace Decks = Core::Decks;
 namespace {
 
 constexpr std::size_t longestName = 8;
+constexpr std::size_t longestAlias = 16; // which decks may write out
 
 bool IsWildcard(std::string_view name)
 {
@@ -38,6 +39,7 @@ struct Name {
     Span span;
     const Definition* definition;
     Cells cells;
+    bool isAlias;
 };
 
 Cells CellsOf(const Element& alias, const Definition& definition)
@@ -59,7 +61,8 @@ std::vector<Name> ListNames(const std::vector<Definition>& definitions)
     const auto add = [&](const Element& element, const Definition& definition, const Cells& cells) {
         const Attribute* const name = element.Find("name");
         if (name && !name->value.empty())
-            names.push_back({&name->value, name->valueSpan, &definition, cells});
+            names.push_back(
+                {&name->value, name->valueSpan, &definition, cells, &element != definition.keyword});
     };
     for (const Definition& definition : definitions) {
         add(*definition.keyword, definition, definition.cells);
@@ -73,10 +76,11 @@ void CheckNameText(const Name& name)
 {
     const std::string& text = *name.text;
     const Reporter& reporter = name.definition->reporter;
-    if (text.size() > longestName)
+    const std::size_t longest = name.isAlias ? longestAlias : longestName;
+    if (text.size() > longest)
         reporter.Report(Code::NameLength, name.span,
             fmt::format(
-                "name {} has {} characters (expected at most {})", Quoted(text), text.size(), longestName));
+                "name {} has {} characters (expected at most {})", Quoted(text), text.size(), longest));
     if (text.find_first_of("abcdefghijklmnopqrstuvwxyz") != std::string::npos)
         reporter.Report(Code::LowerCase, name.span,
             fmt::format("name {} never matches because names of keywords are in upper case", Quoted(text)),

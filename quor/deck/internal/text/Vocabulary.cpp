@@ -20,6 +20,12 @@ std::optional<SimulatorType::Enum> FindSkippingSimulator(const std::vector<const
     return std::nullopt;
 }
 
+/// It matches words of any length.
+bool IsWildcard(const Entry& entry)
+{
+    return entry.syntaxes.front()->GetName().ends_with('*');
+}
+
 } // namespace
 
 Vocabulary::Vocabulary(const LanguageIndex& language, const Target& target)
@@ -32,12 +38,14 @@ Vocabulary::Vocabulary(const LanguageIndex& language, const Target& target)
 
 const Entry* Vocabulary::Find(std::string_view word)
 {
-    if (word.size() > longestName) // a wildcard would match it
+    if (word.size() > longestAlias)
         return nullptr;
     auto entry = entries_.find(word);
     if (entry == entries_.end())
         entry = entries_.emplace(word, MakeEntry(word)).first;
-    return entry->second.syntaxes.empty() ? nullptr : &entry->second;
+    const bool isKnown = !entry->second.syntaxes.empty();
+    const bool isLong = isKnown && word.size() > longestName && IsWildcard(entry->second);
+    return isKnown && !isLong ? &entry->second : nullptr;
 }
 
 const Entry* Vocabulary::FindStructure(std::string_view word) const
@@ -50,8 +58,7 @@ const Entry* Vocabulary::FindStructure(std::string_view word) const
 const Entry* Vocabulary::FindCut(std::string_view word)
 {
     const Entry* const entry = word.size() > longestName ? Find(word.substr(0, longestName)) : nullptr;
-    const bool isWildcard = entry && entry->syntaxes.front()->GetName().ends_with('*');
-    return isWildcard ? nullptr : entry;
+    return entry && IsWildcard(*entry) ? nullptr : entry;
 }
 
 const IKeywordSyntax& Vocabulary::Get(const Entry& entry, SectionType::Enum section) const

@@ -21,6 +21,8 @@ namespace Veld::Quor::Core::Decks {
 
 /// Longer words are no keywords.
 constexpr std::size_t longestName = 8;
+/// Of another name of a keyword, which decks may write out.
+constexpr std::size_t longestAlias = 16;
 
 /// What the language knows under one spelling.
 struct Entry {
