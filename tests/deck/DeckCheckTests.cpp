@@ -75,7 +75,7 @@ Target TargetOf(const std::string& text)
 /// the option is a target, or "Strict".
 class Decks : public testing::TestWithParam<Row> { };
 
-TEST_P(Decks, AreChecked)
+TEST_P(Decks, HaveTheseFindingsAndNoOthers)
 {
     const auto texts = Split(GetParam().text, " & ");
     Files files;

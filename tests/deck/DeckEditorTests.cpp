@@ -29,7 +29,7 @@ struct EditRow {
 
 class Edits : public testing::TestWithParam<EditRow> { };
 
-TEST_P(Edits, TouchNothingElse)
+TEST_P(Edits, ChangeNothingElse)
 {
     const Deck deck = ReadEditable(GetParam().deck);
     ASSERT_TRUE(deck.IsClean());

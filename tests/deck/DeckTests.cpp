@@ -84,7 +84,7 @@ TEST(ADeck, HandsOutItsKeywordsInOrderByNameSectionAndStep)
     EXPECT_EQ(deck.GetFileCount(), 1U);
 }
 
-TEST(ADeck, KnowsItsTimes)
+TEST(ADeck, HasTheDateOfEachStep)
 {
     const Deck& deck = GetDeck();
     EXPECT_EQ(DateText(deck.GetStart()), "2020-01-01");

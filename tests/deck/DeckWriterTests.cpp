@@ -70,7 +70,7 @@ protected:
 /// What is written of a deck, normalized unless the options of the row say otherwise; empty: as it was.
 class Writings : public DeckWriting, public testing::WithParamInterface<Row> { };
 
-TEST_P(Writings, AreInOrder)
+TEST_P(Writings, AreAsExpectedAndStable)
 {
     const std::string& expected = GetParam().expected.empty() ? GetParam().text : GetParam().expected;
     const FormatOptions options = FormatOptions().SetNormalized(GetParam().options != "kept");

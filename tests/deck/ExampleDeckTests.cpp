@@ -247,7 +247,7 @@ TEST(FaultyDecks, CoverEveryCode)
     EXPECT_EQ(all, covered);
 }
 
-TEST(FaultyDecks, MayBeTooDeep)
+TEST(FaultyDecks, IncludeNoDeeperThanAHundred)
 {
     const TemporaryDirectory directory;
     const std::string deck = directory.Write("deck.data", "RUNSPEC\nINCLUDE\n  '1.inc' /\n");

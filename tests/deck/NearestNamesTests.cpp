@@ -47,7 +47,7 @@ struct Misspelt {
 
 class Nearest : public testing::TestWithParam<Misspelt> { };
 
-TEST_P(Nearest, NamesAreFound)
+TEST_P(Nearest, NamesAreSuggested)
 {
     static const DeckLanguage language(SmallTable());
     std::string found;

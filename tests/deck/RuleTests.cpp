@@ -31,7 +31,7 @@ protected:
     }
 };
 
-TEST_P(Rules, Report)
+TEST_P(Rules, FindTheseMistakesAndNoOthers)
 {
     EXPECT_EQ(FindingsOf(GetParam().deck), GetParam().findings);
 }

@@ -157,7 +157,7 @@ std::string Listed(const Deck& deck, const std::vector<DeckValue>& places)
     return text;
 }
 
-TEST_P(Places, AreResolved)
+TEST_P(Places, LeadToTheRecord)
 {
     const Deck deck = ReadEditable(deckText);
     ASSERT_TRUE(deck.IsClean());

@@ -45,7 +45,7 @@ TEST_F(LintProgram, ShowsTheLineAndAHint)
     EXPECT_TRUE(outcome.out.ends_with("\n2 keywords in 2 documents: 2 warnings\n")) << outcome.out;
 }
 
-TEST_F(LintProgram, SaysByItsStatusHowItWent)
+TEST_F(LintProgram, ExitsWithOneForFindingsAndTwoForWrongUsage)
 {
     EXPECT_EQ(Run(Path("both/good.xml")).status, 0);
     EXPECT_EQ(Run(Path("both/bad.xml")).status, 1);

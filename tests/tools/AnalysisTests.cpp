@@ -18,7 +18,7 @@ namespace {
 /// `a & b`, and what is told of them, without the count; nothing if they say the same.
 class Differences : public testing::TestWithParam<Row> { };
 
-TEST_P(Differences, AreTold)
+TEST_P(Differences, ArePrintedByDateAndRecord)
 {
     const auto decks = Split(GetParam().text, " & ");
     const Outcome outcome = Analyse("diff a.data b.data " + GetParam().options, decks.at(0), decks.at(1));
@@ -141,7 +141,7 @@ TEST(Difference, AsJsonHasValuesAndPlaces)
 /// `deck at pointer into the JSON`, and the value there.
 class Summaries : public testing::TestWithParam<Row> { };
 
-TEST_P(Summaries, Hold)
+TEST_P(Summaries, HaveTheValueInJson)
 {
     const auto parts = Split(GetParam().text, " at ");
     const Outcome outcome = Analyse("info a.data --format json", parts.at(0), "PORO\n 4*1 /\n");

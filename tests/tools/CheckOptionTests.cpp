@@ -145,7 +145,7 @@ TEST(Check, FoldsWhatIsAlikeInAllFormats)
     EXPECT_EQ(json::parse(check("--all --format json"))["findings"].size(), 3U);
 }
 
-TEST(CheckRules, ReportAndCount)
+TEST(CheckRules, NameTheOtherLocationInAllFormats)
 {
     const TemporaryDirectory folder;
     folder.Write("a.data", "RUNSPEC\nIMPES\nAIM\n");

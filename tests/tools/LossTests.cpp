@@ -60,7 +60,7 @@ std::string LossesOf(const json& answer)
     return text;
 }
 
-TEST_P(Losses, AreFound)
+TEST_P(Losses, AreListedWithTheirPlaces)
 {
     const TemporaryDirectory folder;
     const std::string document = folder.Write("main.xml", Document(lossLanguage));
@@ -105,7 +105,7 @@ TEST(Loss, OfEachPlaceIsListedIfAskedFor)
     EXPECT_TRUE(Holds(outcome.out, "lost for Carrow: 1 feature in 2 locations\n")) << outcome.out;
 }
 
-TEST(Loss, MayNotBeKnown)
+TEST(Loss, OfUnknownKeywordsIsSaidToBeUnknown)
 {
     const Outcome outcome = Analyse("port a.data --to Carrow", "{runspec}NOSUCH\nNOSUCH\n");
     EXPECT_EQ(outcome.out,

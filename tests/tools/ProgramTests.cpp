@@ -220,7 +220,7 @@ TEST(Check, JudgesEachDeckAlone)
     EXPECT_EQ(RunSmall("check " + clean + " /none.data").status, 2);
 }
 
-TEST(Check, SaysByItsStatusWhatIsLeft)
+TEST(Check, ExitsWithOneForErrorsAndWarnings)
 {
     const TemporaryDirectory folder;
     const auto check = [&folder](const std::string& text, const std::string& options = {}) {
