@@ -5,6 +5,8 @@
 
 #include <boost/lexical_cast.hpp>
 
+#include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <new>
 #include <type_traits>
@@ -55,23 +57,36 @@ bool EqualItemRuns(const void* a, const void* b, std::size_t count)
     return differing == 0;
 }
 
-/// Runs at the speed of memory: a block is compared without a branch for each value.
+/// Two values at once, without a branch for each: compilers of today don't make that of a loop by themselves.
+bool EqualReals(const double* a, const double* b, std::size_t count)
+{
+    using Pair = double __attribute__((vector_size(16)));
+    using Mask = std::int64_t __attribute__((vector_size(16)));
+    constexpr std::size_t block = 16;
+    std::size_t done = 0;
+    for (; done + block <= count; done += block) {
+        Mask differing = {0, 0};
+        for (std::size_t i = done; i < done + block; i += 2) {
+            Pair pairOfA;
+            Pair pairOfB;
+            std::memcpy(&pairOfA, a + i, sizeof pairOfA);
+            std::memcpy(&pairOfB, b + i, sizeof pairOfB);
+            differing |= pairOfA != pairOfB;
+        }
+        if ((differing[0] | differing[1]) != 0)
+            return false;
+    }
+    return std::equal(a + done, a + count, b + done);
+}
+
+/// Runs at the speed of memory.
 template <class Element>
 bool EqualValues(const Element* a, const Element* b, std::size_t count)
 {
     if constexpr (std::is_integral_v<Element>) {
         return count == 0 || std::memcmp(a, b, count * sizeof(Element)) == 0;
-    } else if constexpr (std::is_floating_point_v<Element>) {
-        constexpr std::size_t block = 256;
-        for (std::size_t from = 0; from < count; from += block) {
-            const std::size_t to = count - from < block ? count : from + block;
-            unsigned differing = 0;
-            for (std::size_t i = from; i < to; ++i)
-                differing |= static_cast<unsigned>(!(a[i] == b[i]));
-            if (differing != 0)
-                return false;
-        }
-        return true;
+    } else if constexpr (std::is_same_v<Element, double>) {
+        return EqualReals(a, b, count);
     } else {
         for (std::size_t i = 0; i < count; ++i) {
             if (a[i] != b[i])

@@ -315,7 +315,7 @@ w      | "a"          | "A"                       | other
 TEST(Equality, OfALongListIsThatOfEachElement)
 {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-    for (const std::size_t before : {0U, 255U, 256U, 1000U}) {
+    for (const std::size_t before : {0U, 14U, 15U, 16U, 255U, 256U, 1000U}) {
         const Made made("[r]");
         AsList(*made.data).Reserve(5000); // what is reserved plays no part
         for (std::size_t i = 0; i < before; ++i)
