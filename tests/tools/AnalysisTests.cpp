@@ -178,7 +178,8 @@ LayersInTheWrongOrder: {schedule}COMPDAT\n P1 1 1 3 1 /\n/\n at /wells/0/complet
 Since: {runspec}SCHEDULE\nTSTEP\n 1 /\nWELSPECS\n P1 G1 1 1 1* OIL /\n/\n at /wells/0/since => "2020-01-02"
 Groups: {schedule}GRUPTREE\n G1 PLAT /\n/\n at /groups => [{"name":"FIELD","parent":null,"wells":0},{"name":"PLAT","parent":"FIELD","wells":0},{"name":"G1","parent":"PLAT","wells":2}]
 GroupsInACircle: SCHEDULE\nGRUPTREE\n A B /\n B A /\n/\n at /groups/2 => {"name":"A","parent":"B","wells":0}
-Properties: {runspec}GRID\nMULTX\n 2* -0 4 /\n at /properties/0 => {"count":4,"defaulted":2,"greatest":4.0,"keyword":"MULTX","least":-0.0,"mean":2.0,"measurement":null,"place":{"file":"a.data","line":8},"property":"MULTX"}
+Properties: {runspec}GRID\nMULTX\n 2* -0 4 /\n at /properties/0 => {"count":4,"defaulted":2,"greatest":4.0,"keyword":"MULTX","least":-0.0,"mean":2.0,"measurement":null,"place":{"file":"a.data","line":8},"property":"MULTX","unknown":0}
+UnknownCells: {runspec}GRID\nMULTX\n 1* 2 $V 4 /\n at /properties/0 => {"count":4,"defaulted":1,"greatest":4.0,"keyword":"MULTX","least":2.0,"mean":3.0,"measurement":null,"place":{"file":"a.data","line":8},"property":"MULTX","unknown":1}
 AllDefaulted: {runspec}GRID\nMULTX\n 4* /\n at /properties/0/mean => null
 )")),
     CaseName<Row>);

@@ -73,7 +73,7 @@ TEST_P(BashCompletion, Offers)
 
 INSTANTIATE_TEST_SUITE_P(CommandLines, BashCompletion, testing::ValuesIn(Rows(R"(
 Subcommand: expl => <explain>
-Option: check --max => <--max-findings>
+Option: check --max => <--max-repeated-values><--max-findings>
 Choice: check --simulator Ca => <Carrow>
 ChoiceBehindAnEqualsSign: check --format = s => <sarif>
 ChoiceWithABlank: list --entity 'Aquifer\\ ' => <Aquifer\\ Gradient>
@@ -105,6 +105,10 @@ INSTANTIATE_TEST_SUITE_P(Codes, Explain,
         Explanation{"ForASimulator", "wrong-simulator", "  right, for Carrow:\n    RUNSPEC\n", 0},
         Explanation{
             "SeeAlso", "unknown-name", "\n  see also: 'quor show KEYWORD', which lists what is valid\n", 0},
+        Explanation{"SeeAlsoAnOption", "too-many-values",
+            "\n  see also: the option --max-repeated-values N, for a large grid whose arrays are all "
+            "repeats\n",
+            0},
         Explanation{"Json", "bad-date --format json", R"("right": "SCHEDULE\nDATES\n 28 FEB)", 0},
         Explanation{
             "Unknown", "bad-data bad-date", "unknown finding code 'bad-data'; did you mean bad-date?", 1}),

@@ -229,6 +229,8 @@ TEST(Check, ExitsWithOneForErrorsAndWarnings)
     EXPECT_EQ(check("RUNSPEC\nOIL\n"), 0);
     EXPECT_EQ(check("RUNSPEC\nOLI\n"), 1);
     EXPECT_EQ(check("RUNSPEC\nOLI\n", " --max-findings 0"), 1);
+    EXPECT_EQ(check("GRID\nPORO\n 9000*1 /\n"), 0);
+    EXPECT_EQ(check("GRID\nPORO\n 9000*1 /\n", " --max-repeated-values 0"), 1);
     EXPECT_EQ(check("RUNSPEC\nENDINC\n"), 1) << "a warning";
     EXPECT_EQ(check("RUNSPEC\nOLI -- quor: off\n"), 0);
     EXPECT_EQ(check("RUNSPEC\nOLI\n", " /none.data"), 2);
