@@ -18,6 +18,7 @@ struct CodeInfo {
     const char* right; ///< the same, fixed
     Target target = {}; ///< for which the decks are
     bool isStrict = false; ///< reported only if asked for: simulators accept what it reports
+    const char* source = ""; ///< where the literature explains the reason; empty if the language gives it
 };
 
 } // namespace Veld::Quor::Core::Decks

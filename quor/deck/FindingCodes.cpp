@@ -1,6 +1,7 @@
 #include "quor/deck/FindingCodes.h"
 
 #include "quor/deck/internal/check/CodeTable.h"
+#include "quor/deck/internal/check/PhysicsCodes.h"
 
 namespace Veld::Quor::Core::Decks {
 
@@ -241,7 +242,12 @@ const std::vector<CodeInfo>& Codes()
             "RUNSPEC\nWELLDIMS\n 2 /\nSCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n P2 G 1 1 1* OIL /\n/\n"},
     };
     static_assert(HasRowForEach(rows, Code::TooManyNames), "a code and its row are not in the same position");
-    static const std::vector<CodeInfo> infos = InfosOf(rows);
+    static const std::vector<CodeInfo> infos = [] {
+        std::vector<CodeInfo> all = InfosOf(rows);
+        const std::vector<CodeInfo> physics = PhysicsCodes();
+        all.insert(all.end(), physics.begin(), physics.end());
+        return all;
+    }();
     return infos;
 }
 

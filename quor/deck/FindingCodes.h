@@ -79,6 +79,21 @@ enum class Code {
     ConflictingKeywords,
     RepeatedKeyword,
     TooManyNames,
+    SaturationEnd,
+    SaturationMismatch,
+    CapillaryOrder,
+    ContactOrder,
+    DatumDepth,
+    FluidZero,
+    FluidTrend,
+    NegativeCompressibility,
+    WrongUnits,
+    ImplausibleValue,
+    WellDepth,
+    FractionSum,
+    CellJump,
+    InvertedCell,
+    InactiveConnection,
 };
 
 /// What each code means, in the order of the codes. Valid as long as the library.

@@ -48,6 +48,8 @@ std::string CodeText(const FindingCode& code)
     text += Wrap(fmt::format("  {} of 'quor {}': ", ToString(info.severity), code.command), info.meaning, 4,
         GetWidth());
     text += Wrap("  to fix: ", info.remedy, 2 * indent, GetWidth());
+    if (*info.source != '\0')
+        text += Wrap("  source: ", info.source, 2 * indent, GetWidth());
     if (*code.seeAlso != '\0')
         text += fmt::format("  see also: {}\n", code.seeAlso);
     return text + ExampleText("wrong", info, info.wrong) + ExampleText("right", info, info.right);
@@ -58,6 +60,8 @@ nlohmann::ordered_json CodeJson(const FindingCode& code)
     const Decks::CodeInfo& info = *code.info;
     nlohmann::ordered_json json = {{"code", info.name}, {"command", code.command},
         {"severity", ToString(info.severity)}, {"meaning", info.meaning}, {"remedy", info.remedy}};
+    if (*info.source != '\0')
+        json["source"] = info.source;
     if (*info.wrong != '\0')
         json["wrong"] = info.wrong;
     if (*info.right != '\0')

@@ -25,12 +25,13 @@ struct CodeRow {
     CodeInfo info;
 };
 
-/// Whether the rows are in the order of the codes, up to `last`, so that a code is the position of its row.
+/// Whether the rows are in the order of the codes, up to `last`, so that a code is the position of its row
+/// after the `before` rows of another table.
 template <class Code, std::size_t count>
-constexpr bool HasRowForEach(const CodeRow<Code> (&rows)[count], Code last)
+constexpr bool HasRowForEach(const CodeRow<Code> (&rows)[count], Code last, std::size_t before = 0)
 {
     for (std::size_t i = 0; i < count; ++i) {
-        if (rows[i].code != static_cast<Code>(i))
+        if (rows[i].code != static_cast<Code>(before + i))
             return false;
     }
     return rows[count - 1].code == last;

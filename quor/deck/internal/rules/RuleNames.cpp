@@ -97,6 +97,14 @@ void CheckItems(const RuleSet& rules, const NameCheck& keywords, const NameCheck
         keywords.Accept(rule.arrays);
         items.Accept(rule.size);
     }
+    for (const RoleRule& rule : rules.roles) {
+        keywords.Accept(rule.keywords);
+        items.Accept(rule.item);
+    }
+    for (const MagnitudeRule& rule : rules.magnitudes) {
+        keywords.Accept(rule.keywords);
+        items.Accept(rule.items);
+    }
 }
 
 void CheckKeywords(const RuleSet& rules, const NameCheck& keywords)

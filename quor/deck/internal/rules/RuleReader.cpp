@@ -2,6 +2,7 @@
 
 #include "quor/deck/DeckLanguage.h"
 #include "quor/deck/DeckSource.h"
+#include "quor/deck/internal/text/NumberText.h"
 #include "quor/foundation/builtin/internal/PackedDocument.h"
 #include "quor/foundation/service/xml/DomText.h"
 #include "quor/foundation/service/xml/XMLDocument.h"
@@ -73,6 +74,14 @@ public:
         for (std::string word; words >> word;)
             found.push_back(word);
         return found;
+    }
+    double GetNumber(const char* attribute)
+    {
+        const std::string text = Get(attribute);
+        const auto number = ToReal(text);
+        if (!number)
+            Fail(fmt::format("attribute '{}' is '{}'; expected a number", attribute, text));
+        return *number;
     }
     std::vector<std::string> GetWords(const char* attribute)
     {
@@ -186,6 +195,23 @@ OrderRule ReadOrder(RuleElement& element)
     return rule;
 }
 
+RoleRule ReadRole(RuleElement& element)
+{
+    const std::string name = element.Get("is");
+    bool isFound = false;
+    RoleRule rule = {
+        PhysicalRole::FromString(name, &isFound), element.GetWords("keywords"), element.Find("item")};
+    if (!isFound)
+        element.Fail(fmt::format("unknown role '{}'", name));
+    return rule;
+}
+
+MagnitudeRule ReadMagnitude(RuleElement& element)
+{
+    return {element.GetWords("keywords"), element.FindWords("items"), element.GetNumber("least"),
+        element.GetNumber("greatest"), element.IsFlagged("alone")};
+}
+
 NeedRule ReadNeed(RuleElement& element)
 {
     return {element.GetWords("anyOf"), element.Get("in"), element.Get("what"), element.FindWords("when"),
@@ -220,6 +246,10 @@ void ReadRule(RuleElement& element, RuleSet& rules)
         Add(element.GetWords("keywords"), rules.once);
     else if (tag == "count")
         rules.counts.push_back({element.Get("kind"), element.Get("size"), element.Get("keyword")});
+    else if (tag == "role")
+        rules.roles.push_back(ReadRole(element));
+    else if (tag == "plausible")
+        rules.magnitudes.push_back(ReadMagnitude(element));
     else if (tag == "whole")
         Add(element.GetWords("keywords"), rules.whole);
     else if (tag == "local")
@@ -229,7 +259,7 @@ void ReadRule(RuleElement& element, RuleSet& rules)
     else
         element.Fail(
             "unknown rule; expected <names>, <index>, <order>, <region>, <assign>, <need>, <exclusive>, "
-            "<once>, <count>, <whole>, <local> or <open>");
+            "<once>, <count>, <role>, <plausible>, <whole>, <local> or <open>");
     element.CheckAllAsked();
 }
 
@@ -272,6 +302,8 @@ void Append(RuleSet more, RuleSet& rules)
     Add(std::move(more.exclusives), rules.exclusives);
     Add(std::move(more.once), rules.once);
     Add(std::move(more.counts), rules.counts);
+    Add(std::move(more.roles), rules.roles);
+    Add(std::move(more.magnitudes), rules.magnitudes);
     Add(std::move(more.whole), rules.whole);
     Add(std::move(more.localGrids), rules.localGrids);
     Add(std::move(more.openers), rules.openers);

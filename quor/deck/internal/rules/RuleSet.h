@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quor/deck/internal/rules/PhysicalRole.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/syntax/SummaryCategories.h"
 
@@ -84,6 +85,22 @@ struct CountRule {
     std::string setBy; ///< the keyword that gives it: without it nothing is judged
 };
 
+/// What keywords, or items of them, are in the physics of a deck.
+struct RoleRule {
+    PhysicalRole::Enum role;
+    std::vector<std::string> keywords;
+    std::string item; ///< empty: the keyword itself
+};
+
+/// Numbers that are plausible.
+struct MagnitudeRule {
+    std::vector<std::string> keywords;
+    std::vector<std::string> items; ///< empty: the numbers of the list that the keyword carries
+    double least; ///< in METRIC units
+    double greatest;
+    bool isAlone; ///< others are wrong in any system of units
+};
+
 /// What holds between the keywords of a deck, as documents of rules say it.
 struct RuleSet {
     std::vector<NameRule> names;
@@ -95,6 +112,8 @@ struct RuleSet {
     std::vector<ExclusiveRule> exclusives;
     std::vector<std::string> once; ///< keywords that a deck has once at most
     std::vector<CountRule> counts;
+    std::vector<RoleRule> roles;
+    std::vector<MagnitudeRule> magnitudes;
     std::vector<std::string> whole; ///< what a deck has that is no part of one
     std::vector<std::string> localGrids; ///< keywords in whose scope numbers count along other sizes
     std::vector<std::string> openers; ///< keywords that bring in what the deck doesn't show

@@ -13,15 +13,16 @@ namespace Veld::Quor::Core::Decks {
 namespace {
 
 /// The word after the start that has the value of that number, from 0; repeated ones count as often as they
-/// are repeated. Empty if a slash or the end of the file comes first.
-std::optional<TextRange> FindWord(const DeckContents& deck, const TextRange& start, std::size_t number)
+/// are repeated. Empty if the end of the file comes first, or a slash that isn't to be passed.
+std::optional<TextRange> FindWord(
+    const DeckContents& deck, const TextRange& start, std::size_t number, bool passesSlashes = false)
 {
     const std::string_view text = deck.files.GetText(start.file);
     std::size_t passed = 0;
-    for (std::size_t at = start.offset; at < text.size() && text[at] != '/';) {
+    for (std::size_t at = start.offset; at < text.size() && (passesSlashes || text[at] != '/');) {
         if (IsSeparator(text[at])) {
             ++at;
-        } else if (IsCommentAt(text, at)) {
+        } else if (text[at] == '/' || IsCommentAt(text, at)) {
             at = std::min(text.find('\n', at), text.size());
         } else {
             const DataWord word = FindDataWord(text.substr(at));
@@ -46,6 +47,19 @@ TextRange FindValue(const DeckContents& deck, const KeywordInstance& keyword, co
     if (!position.isFlat)
         return record;
     return FindWord(deck, hasStart ? record : data, static_cast<std::size_t>(position.item)).value_or(record);
+}
+
+TextRange FindSlot(
+    const DeckContents& deck, const KeywordInstance& keyword, std::size_t element, std::size_t slot)
+{
+    const TextRange start = RangeOf(keyword, element);
+    if (keyword.whole.length == 0) // its text isn't in one piece
+        return start;
+    const bool hasStart = element < keyword.records.size();
+    const TextRange data = {keyword.name.file, keyword.name.offset + keyword.name.length, 0};
+    const auto word = FindWord(deck, hasStart ? start : data, slot, true);
+    const std::size_t end = keyword.whole.offset + keyword.whole.length;
+    return word && word->offset < end ? *word : start;
 }
 
 std::vector<FindingReporter::Related> FindSize(

@@ -20,6 +20,11 @@ struct ValuePosition {
 /// The word of the value in the text of the deck; the record or the keyword if it can't be found.
 TextRange FindValue(const DeckContents& deck, const KeywordInstance& keyword, const ValuePosition& position);
 
+/// The word that gives a scalar of an element of the keyword's outermost list: `slot` is its number among
+/// those of the element, in the order of the text, from 0. The element if it can't be found.
+TextRange FindSlot(
+    const DeckContents& deck, const KeywordInstance& keyword, std::size_t element, std::size_t slot);
+
 /// Where the deck gives the size; empty if it is a default.
 std::vector<FindingReporter::Related> FindSize(
     const DeckContents& deck, const Dimensions& dimensions, const std::string& size);

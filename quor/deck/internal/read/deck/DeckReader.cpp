@@ -42,6 +42,7 @@ DeckReader::DeckReader(const std::string& path, const ReadSettings& options, con
     , precedents_(reporter_)
     , timeLine_(*deck_, reporter_, options.target.simulator)
     , rules_(language.GetRules(), *deck_, dimensions_, reporter_)
+    , physics_(language.GetRules(), *deck_, dimensions_, reporter_, options.target.simulator)
 {
     text_.SetProgress(options.progress);
     text_.SetCancellation(options.isCancelled);
@@ -101,10 +102,14 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
         FollowSizes(deck_->keywords.back());
     if (deck_->keywords.back().data)
         FollowPaths(deck_->keywords.back());
-    if (isReported || isGuess || !sections_.IsSure() || mayMissKeywords_)
+    if (isReported || isGuess || !sections_.IsSure() || mayMissKeywords_) {
         rules_.Lose();
-    if (!isReported && !isGuess)
+        physics_.Lose();
+    }
+    if (!isReported && !isGuess) {
         rules_.Follow(isKnown);
+        physics_.Follow(isKnown);
+    }
     precedents_.Follow(deck_->keywords.back(), sections_.IsSure() && !mayMissKeywords_ && !isReported);
     scopes_.Follow(mayMissKeywords_);
 }
@@ -113,6 +118,9 @@ void DeckReader::EndSection()
 {
     scopes_.CloseAll(sections_.IsSure());
     precedents_.EndSection(sections_.IsSure() && !mayMissKeywords_);
+    if (!sections_.IsSure() || mayMissKeywords_)
+        physics_.Lose();
+    physics_.EndSection();
 }
 
 void DeckReader::EnterSection(const Token& head, const Entry& entry)

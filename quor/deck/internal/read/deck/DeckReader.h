@@ -1,6 +1,7 @@
 #pragma once
 
 #include "quor/deck/internal/check/FindingReporter.h"
+#include "quor/deck/internal/physics/PhysicsChecks.h"
 #include "quor/deck/internal/read/contents/DeckContents.h"
 #include "quor/deck/internal/read/contents/ReadSettings.h"
 #include "quor/deck/internal/read/deck/Dimensions.h"
@@ -58,6 +59,7 @@ private:
     Precedents precedents_;
     TimeLine timeLine_;
     RuleChecks rules_;
+    PhysicsChecks physics_;
 
     bool mayMissKeywords_ = false; // one could not be made out
     bool mayTakeSlash_ = false; // after a keyword without data a slash does no harm

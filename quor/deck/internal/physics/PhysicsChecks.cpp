@@ -1,0 +1,110 @@
+#include "quor/deck/internal/physics/PhysicsChecks.h"
+
+#include "quor/data/IKeywordListData.h"
+#include "quor/data/IKeywordRecordData.h"
+#include "quor/deck/internal/physics/Checks.h"
+#include "quor/deck/internal/physics/FractionSums.h"
+#include "quor/deck/internal/read/data/DataShape.h"
+#include "quor/deck/internal/text/LineText.h"
+#include "quor/foundation/service/Optional.h"
+
+#include <algorithm>
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+
+PhysicsChecks::PhysicsChecks(const RuleSet& rules, const DeckContents& deck, const Dimensions& dimensions,
+    FindingReporter& reporter, SimulatorType::Enum simulator)
+    : deck_(deck)
+    , simulator_(simulator)
+    , plans_(rules)
+    , facts_(deck, dimensions, reporter)
+    , magnitudes_(facts_)
+{
+}
+
+void PhysicsChecks::Follow(bool isKnown)
+{
+    const KeywordInstance& keyword = deck_.keywords.back();
+    const KeywordRoles* const roles = plans_.Find(*keyword.syntax);
+    if (!roles)
+        return;
+    if (!keyword.syntax->GetDataMD())
+        return AddKeyword(*roles);
+    if (!isKnown || keyword.scope != noIndex)
+        return facts_.LoseCells();
+    // Whatever else is odd in a table has the same reason.
+    if (!magnitudes_.HasOdd(keyword, *roles) || roles->record.Find(PhysicalRole::NameOfWell) >= 0) {
+        AddKeyword(*roles);
+        FollowRecords(roles->record);
+    }
+}
+
+void PhysicsChecks::FollowRecords(const RecordRoles& roles)
+{
+    const KeywordInstance& keyword = deck_.keywords.back();
+    const bool isOfConnections = roles.Find(PhysicalRole::ConnectionI) >= 0;
+    if (isOfConnections || roles.Find(PhysicalRole::NameOfWell) >= 0) {
+        if (!wells_)
+            wells_.emplace(facts_);
+        isOfConnections ? wells_->FollowConnections(keyword, roles) : wells_->FollowHeads(keyword, roles);
+    } else if (roles.Find(PhysicalRole::NameOfArray) >= 0) {
+        if (ChangesActiveCells(roles))
+            facts_.LoseCells();
+    } else if (!roles.IsEmpty()) {
+        CheckFractionSums(facts_, keyword, roles);
+        facts_.AddTables(
+            MakeTables(deck_, static_cast<std::uint32_t>(deck_.keywords.size() - 1), roles, simulator_));
+    }
+}
+
+void PhysicsChecks::AddKeyword(const KeywordRoles& roles)
+{
+    for (const PhysicalRole::Enum role : roles.roles) {
+        facts_.AddKeyword(role, static_cast<std::uint32_t>(deck_.keywords.size() - 1));
+        hasNewDepths_ = hasNewDepths_ || role == PhysicalRole::CornerDepths || role == PhysicalRole::CellTops;
+    }
+}
+
+/// Whether the last keyword works on the array that says which cells are active.
+bool PhysicsChecks::ChangesActiveCells(const RecordRoles& roles)
+{
+    const IKeywordData& data = *deck_.keywords.back().data;
+    if (!IsListOfRecords(data.GetMD(), {}))
+        return true;
+    const auto& list = static_cast<const IKeywordListData&>(data);
+    for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i) {
+        const auto& record = *static_cast<const IKeywordRecordData*>(list.GetData(i));
+        const auto& name = *static_cast<const Service::Optional<std::string>*>(
+            record.GetData(roles.Find(PhysicalRole::NameOfArray)));
+        if (!name)
+            return true;
+        for (const IKeywordSyntax* const array : deck_.language.LookupAll(ToUpper(*name))) {
+            const KeywordRoles* const found = plans_.Find(*array);
+            if (found && std::count(found->roles.begin(), found->roles.end(), PhysicalRole::ActiveCells) > 0)
+                return true;
+        }
+    }
+    return false;
+}
+
+void PhysicsChecks::EndSection()
+{
+    CheckSaturationEnds(facts_);
+    CheckSaturationPairs(facts_);
+    CheckCapillaryOrder(facts_);
+    CheckFluidTrends(facts_);
+    CheckTotalCompressibility(facts_);
+    CheckContactOrder(facts_);
+    CheckDatumPressure(facts_);
+    if (hasNewDepths_) {
+        CheckCornerDepths(facts_);
+        CheckCellJumps(facts_);
+    }
+    hasNewDepths_ = false;
+    facts_.KeepDatumDepths();
+    facts_.ForgetTables();
+}
+
+} // namespace Veld::Quor::Core::Decks

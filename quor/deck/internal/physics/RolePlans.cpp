@@ -1,0 +1,103 @@
+#include "quor/deck/internal/physics/RolePlans.h"
+
+#include "quor/metadata/IKeywordListMD.h"
+#include "quor/metadata/IKeywordRecordMD.h"
+#include "quor/metadata/KeywordUtils.h"
+
+#include <algorithm>
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+
+namespace {
+
+using MDType = IKeywordDataMD::MDType;
+
+bool HasWord(const std::vector<std::string>& words, const std::string& word)
+{
+    return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+/// The record below lists; null if there is none.
+const IKeywordRecordMD* FindRecord(const IKeywordDataMD* md)
+{
+    while (KeywordUtils::GetMDType(md) == MDType::List)
+        md = static_cast<const IKeywordListMD&>(*md).GetItemMD();
+    return KeywordUtils::GetMDType(md) == MDType::Record ? static_cast<const IKeywordRecordMD*>(md) : nullptr;
+}
+
+} // namespace
+
+int RecordRoles::Find(PhysicalRole::Enum role) const
+{
+    for (const Item& entry : items) {
+        if (entry.role == role)
+            return entry.item;
+    }
+    return -1;
+}
+
+const RecordRoles* RecordRoles::FindInner(int itemOfRecord) const
+{
+    for (const RecordRoles& below : inner) {
+        if (below.item == itemOfRecord)
+            return &below;
+    }
+    return nullptr;
+}
+
+const KeywordRoles* RolePlans::Find(const IKeywordSyntax& syntax)
+{
+    const auto [plan, isNew] = plans_.try_emplace(&syntax);
+    if (isNew) {
+        KeywordRoles roles = Make(syntax);
+        if (!roles.IsEmpty())
+            plan->second = std::make_unique<const KeywordRoles>(std::move(roles));
+    }
+    return plan->second.get();
+}
+
+KeywordRoles RolePlans::Make(const IKeywordSyntax& syntax) const
+{
+    KeywordRoles plan;
+    for (const RoleRule& rule : rules_.roles) {
+        if (rule.item.empty() && HasWord(rule.keywords, syntax.GetName()))
+            plan.roles.push_back(rule.role);
+    }
+    for (const MagnitudeRule& rule : rules_.magnitudes) {
+        if (rule.items.empty() && HasWord(rule.keywords, syntax.GetName()))
+            plan.magnitude = &rule;
+    }
+    if (const IKeywordRecordMD* const record = FindRecord(syntax.GetDataMD()))
+        plan.record = MakeRecord(syntax.GetName(), *record);
+    return plan;
+}
+
+RecordRoles RolePlans::MakeRecord(const std::string& keyword, const IKeywordDataMD& md) const
+{
+    const auto& record = static_cast<const IKeywordRecordMD&>(md);
+    RecordRoles plan;
+    for (int i = 0; i < record.GetSize(); ++i) {
+        const IKeywordDataMD& item = *record.GetItemMD(i);
+        for (const RoleRule& rule : rules_.roles) {
+            if (rule.item == item.GetName() && HasWord(rule.keywords, keyword))
+                plan.items.push_back({i, rule.role});
+        }
+        for (const MagnitudeRule& rule : rules_.magnitudes) {
+            if (item.GetType() == MDType::Real && HasWord(rule.items, item.GetName())
+                && HasWord(rule.keywords, keyword))
+                plan.magnitudes.push_back({i, &rule});
+        }
+        plan.isFlat = plan.isFlat && KeywordUtils::IsItemMDType(&item);
+        if (const IKeywordRecordMD* const below = FindRecord(&item)) {
+            RecordRoles inner = MakeRecord(keyword, *below);
+            inner.item = i;
+            if (!inner.IsEmpty())
+                plan.inner.push_back(std::move(inner));
+        }
+    }
+    return plan;
+}
+
+} // namespace Veld::Quor::Core::Decks
