@@ -106,6 +106,7 @@ bench-counts: setup-test build-test ## Keep the counts of the hot paths as they 
 ROWS ?=
 benchmark: setup-benchmark build-benchmark ## Compare each hot path with its peer; ROWS="look-up hit" for some
 	@build/benchmark/bin/compare build/benchmark/bin/quor $(ROWS)
+	@PYTHONPATH=build/benchmark/python /usr/bin/python3 benchmarks/python/reading.py
 
 FUZZ_SECONDS ?= 60
 fuzz: setup-test build-fuzz ## Run each fuzz target for FUZZ_SECONDS (60)

@@ -4,7 +4,7 @@ set -eu
 
 group=${1:?usage: setup.sh run|python|test|benchmark}
 list=$(dirname "$0")/packages.txt
-wanted=$(awk -v group="$group" '$1 == "run" || $1 == group || ($1 == "python" && group == "test") { print $2 }' "$list")
+wanted=$(awk -v group="$group" '$1 == "run" || $1 == group || ($1 == "python" && group != "run") { print $2 }' "$list")
 
 if ! command -v apt-get >/dev/null 2>&1; then
     echo "setup: no apt-get here; make sure that what these Debian packages hold is installed:" $wanted >&2

@@ -100,27 +100,9 @@ py::str ShowKeyword(const Keyword& keyword)
     return Message(text + '>');
 }
 
-} // namespace
-
-const Keywords::IKeywordRecordMD* FindRecordMD(const Keywords::IKeywordDataMD* md)
+void BindPlace(py::class_<Keyword>& bound)
 {
-    while (md && md->GetType() == MDType::List)
-        md = Keywords::AsList(*md).GetItemMD();
-    return md && md->GetType() == MDType::Record ? &Keywords::AsRecord(*md) : nullptr;
-}
-
-std::vector<Record> RecordsOf(const Keyword& keyword)
-{
-    std::vector<Record> records;
-    if (const Keywords::IKeywordData* const data = keyword.Get().FindData())
-        AddRecords(keyword, *data, 0, 0, records);
-    return records;
-}
-
-void BindKeywords(py::module_& module)
-{
-    py::class_<Keyword>(module, "Keyword",
-        "One keyword of a deck, with its data. It stays as it was when the deck is changed.")
+    bound
         .def_property_readonly(
             "name", [](const Keyword& keyword) { return Text(keyword.Get().GetName()); }, "In upper case.")
         .def_property_readonly(
@@ -143,6 +125,12 @@ void BindKeywords(py::module_& module)
         .def_property_readonly(
             "text", [](const Keyword& keyword) { return Text(keyword.Get().GetText()); },
             "It and its data as they are in the file.")
+        .def_property_readonly("_deck", [](const Keyword& keyword) { return keyword.deck; });
+}
+
+void BindData(py::class_<Keyword>& bound)
+{
+    bound
         .def_property_readonly("records", RecordsOrError,
             "Its records, those of tables one after the other; empty without data. A keyword with an array "
             "raises QuorError.")
@@ -166,8 +154,32 @@ void BindKeywords(py::module_& module)
             "is_sound", [](const Keyword& keyword) { return keyword.Get().IsSound(); },
             "Whether no errors were found in it.")
         .def_property_readonly("value", ValueOfKeyword,
-            "Its data of any kind: a record, a list, an array, a dict, a text, or None.")
-        .def_property_readonly("_deck", [](const Keyword& keyword) { return keyword.deck; });
+            "Its data of any kind: a record, a list, an array, a dict, a text, or None.");
+}
+
+} // namespace
+
+const Keywords::IKeywordRecordMD* FindRecordMD(const Keywords::IKeywordDataMD* md)
+{
+    while (md && md->GetType() == MDType::List)
+        md = Keywords::AsList(*md).GetItemMD();
+    return md && md->GetType() == MDType::Record ? &Keywords::AsRecord(*md) : nullptr;
+}
+
+std::vector<Record> RecordsOf(const Keyword& keyword)
+{
+    std::vector<Record> records;
+    if (const Keywords::IKeywordData* const data = keyword.Get().FindData())
+        AddRecords(keyword, *data, 0, 0, records);
+    return records;
+}
+
+void BindKeywords(py::module_& module)
+{
+    py::class_<Keyword> bound(module, "Keyword",
+        "One keyword of a deck, with its data. It stays as it was when the deck is changed.");
+    BindPlace(bound);
+    BindData(bound);
 }
 
 } // namespace Veld::Quor::Python
