@@ -183,8 +183,8 @@ void BindItem(py::module_& module)
                 return name ? py::object(py::str(*name)) : py::none();
             })
         .def_property_readonly("choices", ChoicesOf)
-        .def_property_readonly("minimum", [](const Item& item) { return LimitsOf(item)[0]; })
-        .def_property_readonly("maximum", [](const Item& item) { return LimitsOf(item)[1]; })
+        .def_property_readonly("minimum", [](const Item& item) { return py::object(LimitsOf(item)[0]); })
+        .def_property_readonly("maximum", [](const Item& item) { return py::object(LimitsOf(item)[1]); })
         .def_property_readonly("is_identifier",
             [](const Item& item) { return item.record && item.record->IsIdentifier(item.index); })
         .def_property_readonly("items", [](const Item& item) { return ItemsOf(item.md); })

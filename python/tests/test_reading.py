@@ -144,11 +144,23 @@ def test_threads_read_at_once():
 
 def test_the_language_is_described():
     language = quor.language()
-    item = next(item for item in language["WCONPROD"].items if item.name == "BHP")
-    assert (item.type, item.measurement, item.default("Carrow")) == ("Real", "pressure", language["wconprod"].items[8].default("Carrow"))
-    assert language["WCONPROD"].items[2].choices[:1] == ["ORAT"]
+    items = {item.name: item for item in language["wconprod"].items}
+    assert (items["BHP"].type, items["BHP"].measurement, items["ORAT"].minimum) == ("Real", "pressure", 0.0)
+    assert items["WELL"].is_identifier and items["CONTROL"].choices[:1] == ["ORAT"]
+    assert items["STATUS"].default("Carrow") == "OPEN" and items["WELL"].default() is None
     assert "GCONPROD" in [info.name for info in language.search("group rate")]
     assert "SCHEDULE" in language["WCONPROD"].sections and len(language) == len(list(language))
+
+
+def test_each_item_of_the_language_has_its_facts():
+    def facts(item):
+        nested = sum(facts(other) for other in item.items)
+        defaults = [item.default(simulator) for simulator in language.simulators]
+        known = item.minimum is not None, item.maximum is not None, bool(item.choices), any(defaults)
+        return nested + sum(known) + bool(item.description) + bool(repr(item))
+
+    language = quor.language()
+    assert all(facts(item) > 0 for name in language for item in language[name].items)
 
 
 def test_units_are_a_table():
