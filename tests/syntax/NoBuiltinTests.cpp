@@ -5,15 +5,17 @@
 
 #include <string>
 
-// This host's own library of built-in documents, which has none.
+// This host's own library of built-in documents, which has none but for one test.
 namespace Veld::Quor::Core::KeywordSyntax {
+
+static xercesc::DOMDocument* documentOfTheHost = nullptr;
 
 KeywordSyntaxData::KeywordSyntaxData() = default;
 KeywordSyntaxData::~KeywordSyntaxData() = default;
 
 xercesc::DOMDocument* KeywordSyntaxData::GetData()
 {
-    return nullptr;
+    return documentOfTheHost;
 }
 
 TrustedSyntaxData::TrustedSyntaxData() = default;
@@ -21,7 +23,7 @@ TrustedSyntaxData::~TrustedSyntaxData() = default;
 
 xercesc::DOMDocument* TrustedSyntaxData::GetData()
 {
-    return nullptr;
+    return documentOfTheHost;
 }
 
 } // namespace Veld::Quor::Core::KeywordSyntax
@@ -58,4 +60,16 @@ TEST(NoBuiltin, DoesWithFiles)
 {
     const LoadedTable table("<keyword name='M'/>", "<keyword name='T'/>");
     EXPECT_EQ(table.Get("M").GetName() + table.Get("T").GetName(), "MT");
+}
+
+TEST(NoBuiltin, TakesADocumentThatTheHostHas)
+{
+    const std::string text = Document("<keyword name='H'/>");
+    Service::XML::XMLDocument document;
+    KeywordSyntax::documentOfTheHost = document.readMemory(text.data(), text.size(), "host");
+    Keywords::KeywordSyntaxTable::Instance(true, false);
+    Keywords::KeywordSyntaxTable& table = Keywords::KeywordSyntaxTable::Instance();
+    EXPECT_EQ(table.LookupAll("H").size(), 2U) << "as the trusted and as the main document";
+    Keywords::KeywordSyntaxTable::Instance(true, false);
+    KeywordSyntax::documentOfTheHost = nullptr;
 }
