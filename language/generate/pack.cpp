@@ -111,7 +111,7 @@ std::string TreeBytes(const std::string& document)
     Internal::DocumentTree tree = Internal::TreeOf(*read.GetDocument()->getDocumentElement());
     std::string texts;
     std::unordered_map<std::string, std::uint32_t> known;
-    const auto move = [&](std::uint32_t& begin, std::uint32_t size) {
+    const auto place = [&](std::uint32_t& begin, std::uint32_t size) {
         const auto [at, isNew] =
             known.emplace(tree.texts.substr(begin, size), static_cast<std::uint32_t>(texts.size()));
         if (isNew)
@@ -119,9 +119,9 @@ std::string TreeBytes(const std::string& document)
         begin = at->second;
     };
     for (auto& node : tree.nodes)
-        move(node.text, node.textSize);
+        place(node.text, node.textSize);
     for (auto& attribute : tree.attributes)
-        move(attribute.value, attribute.size);
+        place(attribute.value, attribute.size);
     tree.texts = std::move(texts);
     return BytesOf(tree);
 }

@@ -43,7 +43,7 @@ void ForKeywordAndEach(const std::vector<SimulatorType::Enum>& simulators, Use u
 template <class Use>
 void ForEachOverride(const TreeElement& defaultElement, Use use)
 {
-    for (const TreeElement& child : Service::XML::Internal::ChildElements(defaultElement)) {
+    for (const TreeElement child : Service::XML::Internal::ChildElements(defaultElement)) {
         if (!child.Is(Tag::Override))
             continue;
         bool known = false;
