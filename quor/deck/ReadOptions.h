@@ -63,11 +63,11 @@ public:
     ReadOptions& SetVariable(const std::string& name, const std::string& value);
     /// How many findings are kept; others are counted. 200 at first.
     ReadOptions& SetMaxFindings(std::size_t count);
-    /// How many values the repeat counts of a deck (`1000*0.2`, `1000*`) make at most, beyond 100 for each
-    /// byte of its files that is read by then: 50 million at first, which take 400 MB as numbers. A value
-    /// that is no number counts as four. A word that would make more is a finding (`too-many-values`), and
-    /// makes none of them. So a short text can't fill the memory; a deck of a large grid whose arrays are all
-    /// repeats needs more.
+    /// How many values the repeat counts (`1000*0.2`, `1000*`) of one keyword make at most, and of a deck 20
+    /// times as many, both beyond 100 for each byte of its files up to there: 50 million at first, which take
+    /// 400 MB as numbers. A value that is no number counts as four. A word that would make more is a finding
+    /// (`too-many-values`), and makes none of them, so a short text can't fill the memory. A deck of a larger
+    /// grid whose arrays are repeats needs more.
     ReadOptions& SetMaxRepeatedValues(std::size_t count);
     /// Where the files of the deck come from; null, as at first: the files of the system.
     ReadOptions& SetSource(std::shared_ptr<const DeckSource> source);
@@ -93,7 +93,7 @@ public:
     const std::map<std::string, std::string>& GetVariables() const;
     /// How many findings are kept.
     std::size_t GetMaxFindings() const;
-    /// How many values repeat counts make at most.
+    /// How many values the repeat counts of one keyword make at most.
     std::size_t GetMaxRepeatedValues() const;
     /// Null: the files of the system.
     const std::shared_ptr<const DeckSource>& GetSource() const;

@@ -179,14 +179,22 @@ INSTANTIATE_TEST_SUITE_P(Texts, Repeats,
     testing::Values(
         RepeatRow{"Numbers", "GRID\nPORO\n 1000000*0.2 /\n", 999'999,
             "deck.data:8:2: error: PORO: too many repeated values up to '1000000*0.2' (expected at "
-            "most N in the whole deck); correct the repeat count [too-many-values]\n"},
+            "most N in a keyword); correct the repeat count [too-many-values]\n"},
         RepeatRow{"Defaults", "GRID\nPORO\n 2*0.2 999998* /\n", 999'998,
-            "deck.data:8:8: error: PORO: too many repeated values up to '999998*' (expected at most N in the "
-            "whole deck); correct the repeat count [too-many-values]\n"},
+            "deck.data:8:8: error: PORO: too many repeated values up to '999998*' (expected at most N in "
+            "a keyword); correct the repeat count [too-many-values]\n"},
         RepeatRow{"Texts", "SUMMARY\nWOPR\n 9001*'P1' /\n", 36'000,
-            "deck.data:8:2: error: WOPR: too many repeated values up to '9001*' (expected at most N in the "
-            "whole deck); correct the repeat count [too-many-values]\n"}),
+            "deck.data:8:2: error: WOPR: too many repeated values up to '9001*' (expected at most N in "
+            "a keyword); correct the repeat count [too-many-values]\n"}),
     CaseName<RepeatRow>);
+
+TEST(ADeck, MakesNoMoreInAllItsKeywordsThanItMay)
+{
+    EXPECT_EQ(FindingsWithin(0, "SUMMARY\nWOPR\n 701*'P' /\nWWPR\n 701*'P' /\n"),
+        "deck.data:5:2: error: WWPR: too many repeated values up to '701*' (expected at most 4000 in the "
+        "whole "
+        "deck); correct the repeat count [too-many-values]\n");
+}
 
 TEST(ADeck, OfFewBytesMakesNoMoreThanItMayAtFirst)
 {

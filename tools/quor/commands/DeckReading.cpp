@@ -79,8 +79,9 @@ void AddTextOptions(CLI::App& command, Decks::ReadOptions& options)
     AddStandardInputOption(command, options);
     AddVariablesOption(command, options);
     AddCountOption(command, "--max-repeated-values",
-        "Maximum number of values that repeat counts such as 1000*0.2 make, beyond 100 for each byte of the "
-        "deck",
+        "Maximum number of values that repeat counts such as 1000*0.2 make in a keyword, beyond 100 for each "
+        "byte "
+        "of the deck",
         options.GetMaxRepeatedValues(),
         [&options](std::size_t count) { options.SetMaxRepeatedValues(count); });
 }

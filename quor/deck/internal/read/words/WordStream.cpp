@@ -2,12 +2,23 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <limits>
+
 namespace Veld::Quor::Core::Decks {
+
+namespace {
+
+/// Leaves room for sums.
+constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max() / 2;
+
+} // namespace
 
 void WordStream::Begin(const Token& keyword)
 {
     keyword_ = keyword.text;
     repeats_ = 0;
+    madeInKeyword_ = 0;
     SetLast(keyword.range);
 }
 
@@ -86,16 +97,23 @@ std::string WordStream::GetWritten() const
 bool WordStream::MayRepeat(std::size_t values)
 {
     constexpr std::size_t perByte = 100;
+    constexpr std::size_t keywords = 20; // that may have as many as one may
     const std::size_t ofText = perByte * text_.GetKnownSize();
-    const std::size_t made = made_ + values;
-    if (made > ofText && made - ofText > maxRepeatedValues_) {
+    const std::size_t inKeyword = ofText + std::min(maxRepeatedValues_, unlimited / keywords);
+    const std::size_t inDeck = ofText + keywords * std::min(maxRepeatedValues_, unlimited / keywords);
+    const auto report = [this](const char* where, std::size_t most) {
         reporter_.Report(GetRepeatRange(), Code::TooManyValues,
-            fmt::format("{}: too many repeated values up to '{}' (expected at most {} in the whole deck)",
-                keyword_, GetWritten(), ofText + maxRepeatedValues_),
+            fmt::format("{}: too many repeated values up to '{}' (expected at most {} in {})", keyword_,
+                GetWritten(), most, where),
             "correct the repeat count");
         return false;
-    }
-    made_ = made;
+    };
+    if (madeInKeyword_ + values > inKeyword)
+        return report("a keyword", inKeyword);
+    if (made_ + values > inDeck)
+        return report("the whole deck", inDeck);
+    madeInKeyword_ += values;
+    made_ += values;
     return true;
 }
 

@@ -55,8 +55,8 @@ public:
     long long GetRepeats() const { return repeats_; }
     /// The last word counts as taken so often.
     long long TakeRepeats() { return std::exchange(repeats_, 0) + 1; }
-    /// Whether the last word may make so many values more than one; false, and reported, if the deck has as
-    /// many as it may.
+    /// Whether the last word may make so many values more than one; false, and reported, if the keyword or
+    /// the deck has as many as it may.
     bool MayRepeat(std::size_t values);
     /// Whether the last word is a lone asterisk, which may be a pattern.
     bool IsAsterisk() const
@@ -112,6 +112,7 @@ private:
     FindingReporter& reporter_;
     std::size_t maxRepeatedValues_;
     std::size_t made_ = 0; // values of repeats, in the whole deck
+    std::size_t madeInKeyword_ = 0; // of these, in the keyword
     std::string_view keyword_;
 
     Token word_;
