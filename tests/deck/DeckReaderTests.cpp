@@ -207,6 +207,8 @@ WrongWordInALayer: DIMENS\n 2 2 /\nLAYERS\n 3*1 x /\n => ? => d.data:5:6: error:
 SlashWithin: DIMENS\n 4 1 /\nARRAY\n 1 2 /\n 3 4 /\nFLAG\n => ? => d.data:5:6: error: ARRAY: too few values (expected 4, found 2) [wrong-size] | the size is NX*NY
 BlankAfterTheCountOfARepeat: DIMENS\n 3 1 /\nCELLS\n 1 2* 7 /\n => ? => d.data:5:4: error: CELLS: the values have no default [no-default] | write each value
 CommentWithOneHyphen: DIMENS\n 2 1 /\nARRAY\n- south to north\n 1 2 /\n => [1 2] => d.data:5:1: error: unexpected hyphen; a comment starts with '--' [stray-text] | write '--'
+CommentWithOneHyphenBeforeAKeyword: FLAG\n- dimensions\nDIMENS\n 2 1 /\n => ? => d.data:3:1: error: unexpected hyphen; a comment starts with '--' [stray-text] | write '--'
+BoxWithAnError: DIMENS\n 4 4 /\nBOX\n x 2 2* 1 1 /\nARRAY\n 8*1 /\n => ? => d.data:5:2: error: BOX, I1: invalid value 'x'; expected a whole number [wrong-type]
 BoxInsideOut: DIMENS\n 4 4 /\nBOX\n 3 2 2* 1 1 /\nARRAY\n 8*1 /\n => ? => d.data:5:2: error: BOX: I1 is 3, but I2 is 2 [index-order] | write the lower number first
 PreviousValueFills: PREVIOUS\n 4 2* 7 1* /\n => [4 4~ 4~ 7 7~] =>
 EndsByItself: FIXED\n 1 2 3\nFLAG\n => ? =>

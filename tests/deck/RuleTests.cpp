@@ -136,6 +136,10 @@ EQUALS
             "RUNSPEC\nLGR\n /\nDIMENS\n 2 2 2 /\nSCHEDULE\nWELSPECL\n P1 G L 5 5 1* OIL /\n/\nCOMPDATL\n P1 "
             "L 5 5 1 5 /\n/\n"},
         RuleRow{"OfTwoCells", "RUNSPEC\nDIMENS\n 2 2 2 /\nGRID\nNNC\n 2 2 2 1 1 1 0.5 /\n/\n"},
+        RuleRow{"BeyondASizeThatIsWrong",
+            "RUNSPEC\nTABDIMS\n 1 1 /\nPROPS\nROCK\n 1 1 /\nSWFN\n 0 0 0 1 1 0 /\n 0 0 0 1 1 0 /\n"
+            "REGIONS\nEQUALS\n SATNUM 2 /\n/\n",
+            "d:9:2: error: SWFN: too many tables (expected 1) [wrong-size] | the size is NTSFUN"},
         RuleRow{"OfATableInOneCell",
             "RUNSPEC\nDIMENS\n 4 1 1 /\nTABDIMS\n 2 /\nREGIONS\nSATNUM\n 2*1 -- west\n 3 0 /\n",
             "d:9:2: error: SATNUM: number 3 in cell 3, but NTSFUN, the number of saturation tables, is 2 "

@@ -189,7 +189,7 @@ void AddKindsOfTables(std::vector<Kind>& kinds)
             OnValue("PVTW.CW ROCK.CR AQUCT.CT AQUFETP.CT", WithoutExponent)},
         {"density in another unit",
             OnValue("DENSITY.OIL DENSITY.WATER", InOtherUnits(1 / 16.0185, 16.0185), "METRIC FIELD")},
-        {"porosity in percent", OnValue("PORO AQUCT.PORO", Times(100))},
+        {"porosity a thousand times too great", OnValue("PORO AQUCT.PORO", Times(1000))},
         {"net-to-gross above one", OnValue("NTG", Constant("1.8"))},
         {"negative permeability", OnValue("PERMX PERMY PERMZ PERMR", Times(-1))},
         {"oil volume rises above the bubble point", OnValue("PVTO.BO +later", Times(1.2), "keyword")},

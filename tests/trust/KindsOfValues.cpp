@@ -200,7 +200,7 @@ void AddKindsOfValues(std::vector<Kind>& kinds)
         {"quote not opened", OnValue("+string", Around("", "'"), "record")},
         {"curly quotes", OnValue("+string", Around("\xE2\x80\x98", "\xE2\x80\x99"), "record")},
         {"long dash for a minus", OnValue("+real", Around("\xE2\x80\x93", ""), "record")},
-        {"hard space", OnValue("+record", Around("\xC2\xA0", ""), "record")},
+        {"hard space", OnValue("+record -TITLE -MESSAGE", Around("\xC2\xA0", ""), "record")},
         {"blank in a name", OnValue("+string +identifier", CutName, "record")},
         {"too many values in a record", AddValues},
         {"too few values in a record",

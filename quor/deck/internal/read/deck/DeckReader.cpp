@@ -100,6 +100,10 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
     timeLine_.Follow(isKnown);
     if (isKnown)
         FollowSizes(deck_->keywords.back());
+    else if (deck_->keywords.back().syntax->GetName() == "BOX")
+        dimensions_.LoseBox();
+    for (const std::string& name : data_.TakeWrongSizes())
+        dimensions_.Doubt(name);
     if (deck_->keywords.back().data)
         FollowPaths(deck_->keywords.back());
     if (isReported || isGuess || !sections_.IsSure() || mayMissKeywords_) {

@@ -71,11 +71,16 @@ std::optional<long long> Dimensions::Find(const std::string& name) const
 {
     const auto size = box_.find(name);
     if (size == box_.end())
-        return FindWhole(name);
+        return FindOfGrid(name);
     return size->second > 0 ? std::optional(size->second) : std::nullopt; // a box that is inside out
 }
 
 std::optional<long long> Dimensions::FindWhole(const std::string& name) const
+{
+    return doubted_.count(name) > 0 ? std::nullopt : FindOfGrid(name);
+}
+
+std::optional<long long> Dimensions::FindOfGrid(const std::string& name) const
 {
     if (const auto given = FindGiven(name))
         return given->value;

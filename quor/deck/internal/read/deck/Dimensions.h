@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
@@ -29,13 +30,17 @@ public:
     /// The data of BOX: six bounds, of which those that are missing are those of the grid.
     void SetBox(const Core::Keywords::IKeywordData& data);
     void ResetBox() { box_.clear(); }
+    /// A box is open, nobody knows which.
+    void LoseBox() { box_ = {{"NX", 0}, {"NY", 0}, {"NZ", 0}}; }
 
     /// From now on what was not given is not known: something that might have given it could not be read.
     void ForgetDefaults() { defaults_.clear(); }
 
     std::optional<long long> Find(const std::string& name) const;
-    /// The same as if no box were open.
+    /// The same as if no box were open; empty for one that is doubted.
     std::optional<long long> FindWhole(const std::string& name) const;
+    /// The size is wrong, as the data of a keyword have shown: nothing is to be judged by it.
+    void Doubt(const std::string& name) { doubted_.insert(name); }
     /// Only what the deck gives, not defaults, and which keyword gives it.
     struct Given {
         long long value;
@@ -44,12 +49,15 @@ public:
     std::optional<Given> FindGiven(const std::string& name) const;
 
 private:
+    std::optional<long long> FindOfGrid(const std::string& name) const;
+
     using Sizes = std::unordered_map<std::string, long long>;
 
     Core::Keywords::SimulatorType::Enum simulator_;
     Sizes defaults_;
     std::vector<std::unordered_map<std::string, Given>> frames_;
-    Sizes box_;
+    Sizes box_; // 0: not known
+    std::unordered_set<std::string> doubted_;
 };
 
 } // namespace Veld::Quor::Core::Decks

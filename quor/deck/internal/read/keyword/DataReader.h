@@ -71,6 +71,8 @@ public:
     std::size_t GetReportedVariableCount() const { return variables_.GetReportedCount(); }
 
     void SetUnits(Core::Keywords::UnitSystem::Enum units) { values_.SetUnits(units); }
+    /// The sizes of the deck that were found to be wrong since it was last asked.
+    std::vector<std::string> TakeWrongSizes() { return wrongSizes_.TakeNames(); }
 
     /// Where in its file the keyword ended, if nothing has led away from it in between.
     std::size_t GetEnd() const { return words_.GetEnd().offset; }
@@ -168,7 +170,7 @@ private:
     Ended UnclosedList(const DataPlan& plan);
     static Open OpenListOf(const DataPlan& plan);
     bool MayEndAfter(long long count) const;
-    bool IsKnownSize(const DataPlan& plan, long long count);
+    bool IsKnownSize(const std::string& size, long long count);
     void PassSurplus(const DataPlan& plan, long long count);
     void CheckSize(const DataPlan& plan, long long size, long long count, const TextRange& range);
 

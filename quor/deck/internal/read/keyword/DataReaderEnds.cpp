@@ -158,12 +158,12 @@ bool DataReader::MayEndAfter(long long count) const
     return !columns || !rows || *columns * *rows <= 0 || count % (*columns * *rows) == 0;
 }
 
-/// Whether a number of the deck is wrong, which was reported, so that the list has so many elements.
-bool DataReader::IsKnownSize(const DataPlan& plan, long long count)
+/// Whether a number of the deck is wrong, which was reported, so that a list with the size has so many
+/// elements.
+bool DataReader::IsKnownSize(const std::string& size, long long count)
 {
     const bool isKnown = count > 0
-        && wrongSizes_.IsKnown(
-            *ListMD(plan).GetSize(), count, [this](const std::string& name) { return SizeOfName(name); });
+        && wrongSizes_.IsKnown(size, count, [this](const std::string& name) { return SizeOfName(name); });
     if (isKnown)
         reporter_.CountError();
     return isKnown;
@@ -177,7 +177,7 @@ void DataReader::CheckSize(const DataPlan& plan, long long size, long long count
     const std::string* const most = ListMD(plan).GetMaxSize();
     const SizeTexts& texts = SizeTextsOf(plan.items.front());
     const bool isShort = size != unknownSize && count + misfits_ < size && !MayEndAfter(count + misfits_);
-    if (isShort && IsKnownSize(plan, count))
+    if (isShort && IsKnownSize(*ListMD(plan).GetSize(), count))
         return;
     // A table without rows stands for the one before it.
     if (isShort && (count > 0 || plan.termination == Termination::NONE || plan.items.front().IsScalar()))
@@ -188,7 +188,8 @@ void DataReader::CheckSize(const DataPlan& plan, long long size, long long count
              count > 0 && fewest != unknownSize && count + misfits_ < fewest)
         reporter_.Report(range, Code::WrongSize,
             fmt::format(fmt::runtime(texts.belowLeast), keyword_.text, fewest, count));
-    else if (const long long greatest = SizeOf(most); greatest != unknownSize && count > greatest)
+    else if (const long long greatest = SizeOf(most);
+             greatest != unknownSize && count > greatest && !IsKnownSize(*most, count))
         reporter_.Report(range, Code::WrongSize,
             fmt::format(fmt::runtime(texts.aboveMost), keyword_.text, greatest, count));
 }

@@ -148,7 +148,7 @@ void DataReader::ReadValue(const DataPlan& plan, IKeywordListData& list)
         RemarkBlank();
         if (!ListMD(plan).IsItemDefaultable()) {
             ReportNoDefault(item);
-            words_.TakeRepeats();
+            misfits_ += words_.TakeRepeats();
             return;
         }
         Append(list, static_cast<const MD*>(item.md)->GetDefault(target_.simulator).ValueOr(T()));

@@ -216,7 +216,8 @@ void DataReader::ReportNumbers(const DataPlan& plan, long long size, const Numbe
         if (MayReportOfRow(errors.firstBeyond, misfit.hint))
             ReportAt(errors.firstBeyond, std::move(misfit));
     }
-    if (errors.surplus > 0 && !errors.isShifted && !IsKnownSize(plan, size + errors.surplus))
+    if (errors.surplus > 0 && !errors.isShifted
+        && !IsKnownSize(*ListMD(plan).GetSize(), size + errors.surplus))
         reporter_.Report(errors.firstSurplus, Code::WrongSize,
             fmt::format(
                 "{}: too many values (expected {}, found {})", keyword_.text, size, size + errors.surplus),

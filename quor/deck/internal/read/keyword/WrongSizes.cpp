@@ -1,7 +1,7 @@
 #include "quor/deck/internal/read/keyword/WrongSizes.h"
 
+#include <cstddef>
 #include <optional>
-#include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -50,9 +50,21 @@ bool WrongSizes::IsKnown(const std::string& size, long long count, const SizeOfN
     bool isKnown = false;
     for (const auto& reason : reasons)
         isKnown = isKnown || reported_.count(reason) > 0;
-    if (!isKnown)
-        reported_.insert(reasons.begin(), reasons.end());
-    return isKnown;
+    if (isKnown)
+        return true;
+    reported_.insert(reasons.begin(), reasons.end());
+    for (std::size_t i = 1; i < reasons.size(); ++i)
+        names_.push_back(reasons[i].first);
+    return false;
+}
+
+bool WrongSizes::IsKnown(const std::string& size)
+{
+    if (!reported_.emplace(size, 0).second)
+        return true;
+    const std::set<std::string> names = NamesIn(size);
+    names_.insert(names_.end(), names.begin(), names.end());
+    return false;
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -16,11 +17,14 @@ public:
     /// size.
     bool IsKnown(const std::string& size, long long count, const SizeOfName& sizeOf);
     /// The same for a list that has more than its size, nobody knows how many.
-    bool IsKnown(const std::string& size) { return !reported_.emplace(size, 0).second; }
+    bool IsKnown(const std::string& size);
+    /// The names of the deck that may be wrong, as far as they were not taken before.
+    std::vector<std::string> TakeNames() { return std::exchange(names_, {}); }
 
 private:
     std::set<std::pair<std::string, long long>> reported_; // names and the values with which all would be
                                                            // right; sizes and how many elements there were
+    std::vector<std::string> names_;
 };
 
 } // namespace Veld::Quor::Core::Decks

@@ -123,12 +123,6 @@ Token DeckText::ScanData()
                 "write '/'", {{RangeOf(word.text), "/"}});
             return TakeSlash();
         }
-        if (word.text == "-" && word.length == 1 && IsFirstOnLine(RangeOf(word.text))) {
-            ReportOnce(RangeOf(word.text), Code::StrayText, "unexpected hyphen; a comment starts with '--'",
-                "write '--'", {{RangeOf(word.text), "--"}});
-            SkipLine();
-            continue;
-        }
         return TakeWord(word);
     }
     return {Token::Kind::End, RangeOf(GetRest().substr(0, 0)), {}};
@@ -208,6 +202,8 @@ bool DeckText::SkipToText()
         } else if (IsCommentAt(GetRest(), 0)) {
             NoteComment();
             SkipLine();
+        } else if (*position_ == '-' && SkipHyphenLine()) {
+            continue;
         } else {
             return true;
         }
@@ -215,6 +211,18 @@ bool DeckText::SkipToText()
             Release();
     }
     return false;
+}
+
+/// A comment with one hyphen in place of two: a lone one at the start of a line.
+bool DeckText::SkipHyphenLine()
+{
+    const TextRange range = RangeOf(GetRest().substr(0, 1));
+    if (FindDataWord(GetRest()).length != 1 || !IsFirstOnLine(range))
+        return false;
+    ReportOnce(range, Code::StrayText, "unexpected hyphen; a comment starts with '--'", "write '--'",
+        {{range, "--"}});
+    SkipLine();
+    return true;
 }
 
 std::string_view DeckText::GetLine() const

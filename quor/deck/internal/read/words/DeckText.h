@@ -143,6 +143,7 @@ private:
     };
 
     bool SkipToText();
+    bool SkipHyphenLine();
     bool IsAtLineStart() const { return position_ == begin_ || position_[-1] == '\n'; }
     std::string_view GetLine() const;
     void SkipLine();
