@@ -134,7 +134,7 @@ INSTANTIATE_TEST_SUITE_P(Show, SmallLanguageAnswers,
                         "SKIP\n  role: opens a skipped block\n  valid: everywhere\n  data: none\n"},
         Answer{"ByAlias", "show kx",
             "PERMX\n  found as: KX, by alias\n  description: Permeability in x.\n"
-            "  aliases: PERMR, KX (hidden)\n  valid (B BlackOil, C Compositional, T Thermal):\n"
+            "  aliases: PERMR, KX (hidden), PERMEABILITY\n  valid (B BlackOil, C Compositional, T Thermal):\n"
             "                  GRID\n    Carrow        B\n    Dunmere       BCT\n    Sedge         BC\n"
             "    Hallow        BCT\n    Marlpit       BCT\n    Ostrey        BCT\n    Wend          BCT\n"
             "    Tolmen        BCT\n    Wend_GE       BCT\n    Wend_CLASSIC  BCT\n  data: none\n"},
