@@ -40,6 +40,11 @@ const std::string writerLanguage = R"(
   <item name='ROWS'><list termination='SLASH'><record termination='NONE'>
     <item name='X'><real/></item> <item name='Y'><real/></item></record></list></item>
 </record></list></data></keyword>
+<keyword name='HEADED'><data><record termination='NONE'>
+  <item name='HEAD'><record termination='SLASH'><item name='A'><string/></item> <item name='B' optional='true'><integer/></item></record></item>
+  <item name='ROWS'><list termination='SLASH'><record termination='SLASH'>
+    <item name='X'><string/></item> <item name='Y'><real/></item></record></list></item>
+</record></data></keyword>
 <keyword name='BESIDE'><data><list writeStartingOnNewLine='false' writeTerminationOnNewLine='true'><integer/></list></data></keyword>
 <keyword name='OPEN'><data><list termination='NONE'><integer/></list></data></keyword>
 <keyword name='MAP'><data><map><assignment name='A'><integer/></assignment><assignment name='B'><integer/></assignment>
@@ -142,11 +147,13 @@ INSTANTIATE_TEST_SUITE_P(OutOfLine, Writings, testing::ValuesIn(Rows(R"(
 Rows (kept): ROWS\n P1 1 2.25 3 / one\n LONGER 100 12.5 / two\n P3 1* 7 /\n/\n => ROWS\n P1       1  2.25 3 / one\n LONGER 100 12.5 / two\n P3      1*  7 /\n/\n
 BelowAHeader (kept): ROWS\n-- name   A    B\n P1       1    2.5 /\n P2 100 1 /\n/\n => ROWS\n-- name   A    B\n P1       1    2.5 /\n P2     100    1 /\n/\n
 PushedApart (kept): ROWS\n--n A  B\n  P 1  2 /\n  LONGER 1 2 /\n/\n => ROWS\n--n A  B\n  P      1 2 /\n  LONGER 1 2 /\n/\n
-OneOfMany (kept): ROWS\n P1   1 1.5\t/\n P2   1 2.5\t/\n P20 10 1.5\t/\n P3 1 3.5\t/\n/\n => ROWS\n P1   1 1.5     /\n P2   1 2.5     /\n P20 10 1.5     /\n P3   1 3.5     /\n/\n
+OneOfMany (kept): ROWS\n P1   1 1.5\t/\n P2   1 2.5\t/\n P20 10 1.5\t/\n P3 1 3.5\t/\n/\n => ROWS\n P1   1 1.5\t/\n P2   1 2.5\t/\n P20 10 1.5\t/\n P3   1 3.5     /\n/\n
 Repeats (kept): ROWS\n 'P1' 1* 2.250 3 -- one\n /\n P2 2*7 -- two\n /\n P3 10 2.5 3 /\n P10 2* 5 /\n/\n => ROWS\n 'P1' 1* 2.250 3 -- one\n /\n P2 2*7 -- two\n /\n P3  10 2.5 3 /\n P10 2*     5 /\n/\n
 Comments (kept): ROWS\n P1 1      /   -- one\n P20 2     /   -- two\n P3 30 1.5 /   -- three\n/\n => ROWS\n P1   1     /  -- one\n P20  2     /  -- two\n P3  30 1.5 /  -- three\n/\n
 Table (kept): TABLE\n-- x      y\n   1     10.5\n  2 9\n/\n => TABLE\n-- x      y\n   1     10.5\n   2      9\n/\n
 LeadingValues (kept): LEADS\n 0.50 1 2.0 /\n 10 3 4\n 5 6.5 /\n/\n => LEADS\n 0.50 1 2.0 /\n 10   3 4\n      5 6.5 /\n/\n
+BelowAnotherRecord (kept): HEADED\n A-LONG-NAME 1 /\n P1 2 /\n P20 10.5 /\n/\n => HEADED\n A-LONG-NAME 1 /\n P1   2 /\n P20 10.5 /\n/\n
+DefaultsAndTabs (kept): ROWS\n\tP1\t10\t1.25 /\n\tP2\t1*\t2.50 /\n\tP3  3* /\n\tP4 1 3.75 /\n/\n => ROWS\n\tP1\t10\t1.25 /\n\tP2\t1*\t2.50 /\n        P3      3* /\n        P4       1      3.75 /\n/\n
 FromTheFirstColumn (kept): ROWS\nP1 1 /\n P20 2 /\n/\n => ROWS\n P1  1 /\n P20 2 /\n/\n
 )")),
     CaseName<Row>);
@@ -154,7 +161,7 @@ FromTheFirstColumn (kept): ROWS\nP1 1 /\n P20 2 /\n/\n => ROWS\n P1  1 /\n P20 2
 INSTANTIATE_TEST_SUITE_P(Untidy, Writings, testing::ValuesIn(Rows(R"(
 BlanksInQuotes (kept): RECORD\n ' P1 ' AQUA 3 /\nROWS\n ' P1'   1 /\n "P20"   2 /\n/\n => RECORD\n 'P1'   AQUA 3 /\nROWS\n 'P1'    1 /\n "P20"   2 /\n/\n
 BlankText (kept): RECORD\n '' ' ' 1 /\n => RECORD\n '' 1*  1 /\n
-DefaultsBeyondTheEnd (kept): ROWS\n P1 2* 5 4* / two\n P2 1 2.5 2* /\n/\n => ROWS\n P1 2*     5 / two\n P2 1 2.5 1* /\n/\n
+DefaultsBeyondTheEnd (kept): ROWS\n P1 2* 5 4* / two\n P2 1 2.5 2* /\n/\n => ROWS\n P1 2*    5 / two\n P2 1 2.5 1* /\n/\n
 QuotedAssignment (kept): MAP\n B = 2 'A = 3' / all\n => MAP\n B = 2 A=3 / all\n
 Remark (kept): VALUES of it\n 1 /\nROWS too\n P1 /\n/\n => VALUES -- of it\n 1 /\nROWS -- too\n P1 /\n/\n
 WindowsLineEnds (kept): RECORD\r\n 'P1 ' OIL\r\n /\r\n => RECORD\r\n 'P1'  OIL\r\n /\r\n

@@ -60,7 +60,7 @@ KeptText::KeptText(const DataPlan& plan, std::string_view text, std::size_t name
     , text_(text)
     , name_(name)
     , remark_(remark)
-    , record_(FindRowRecord(plan, headers_))
+    , record_(FindRowRecord(plan, headers_)) // sets both
 {
 }
 

@@ -38,8 +38,8 @@ private:
     std::string_view text_;
     std::size_t name_;
     std::size_t remark_;
-    const DataPlan* record_; // of rows; null: no line is one
     std::size_t headers_ = 0; // records before the rows
+    const DataPlan* record_; // of rows; null: no line is one
 
     std::vector<TextRow> rows_;
     std::size_t value_ = 0; // of the record, that comes next

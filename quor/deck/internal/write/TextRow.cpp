@@ -61,8 +61,9 @@ public:
     }
     bool IsAligned(Edge edge) const
     {
+        const std::size_t usual = FindUsualPosition(edge);
         return std::all_of(words_.begin(), words_.end(), [&](const auto& word) {
-            return PositionOf(*word.second, edge) == PositionOf(*words_.front().second, edge);
+            return word.second->IsDefault() || PositionOf(*word.second, edge) == usual;
         });
     }
     /// The one by which they are aligned, or else the usual one.
@@ -81,9 +82,11 @@ public:
         const Edge edge = FindEdge();
         std::size_t position = FindUsualPosition(edge);
         for (const auto& [row, word] : words_)
-            position = std::max(position, ends.Get(row) + OffsetOf(*word, edge));
-        for (const auto& [row, word] : words_)
-            Move(*word, position - OffsetOf(*word, edge), ends.byRow[row]);
+            position = std::max(position, ends.Get(row) + (word->IsDefault() ? 0 : OffsetOf(*word, edge)));
+        for (const auto& [row, word] : words_) {
+            const std::size_t offset = std::min(OffsetOf(*word, edge), position);
+            Move(*word, std::max(position - offset, ends.Get(row)), ends.byRow[row]);
+        }
         ends.least = std::max(ends.least, GetEnd());
     }
     /// Each word where it was if it can be, or directly after the one before it.
@@ -111,11 +114,16 @@ private:
     {
         std::map<std::size_t, std::size_t> counts;
         std::size_t usual = PositionOf(*words_.front().second, edge);
-        for (const auto& word : words_)
-            ++counts[PositionOf(*word.second, edge)];
+        for (const auto& [row, word] : words_) {
+            if (!word->IsDefault())
+                ++counts[PositionOf(*word, edge)];
+        }
+        std::size_t most = counts.find(usual) == counts.end() ? 0 : counts[usual];
         for (const auto& [position, count] : counts) {
-            if (count > counts[usual])
+            if (count > most) {
+                most = count;
                 usual = position;
+            }
         }
         return usual;
     }
@@ -158,7 +166,9 @@ std::size_t ColumnAfter(std::string_view text, std::size_t column)
 
 std::string TextRow::GetText() const
 {
-    if (!isChanged)
+    const bool isMoved = std::any_of(
+        words.begin(), words.end(), [](const Word& word) { return word.column != word.sourceColumn; });
+    if (!isChanged && !isMoved)
         return std::string(source);
     std::string line;
     for (const Word& word : words) {
@@ -179,7 +189,6 @@ void AlignRows(std::vector<TextRow>& rows, std::size_t first, std::size_t last)
         ends.byRow[i] = 0;
         if (rows[i].words.front().column > 0)
             ends.least = 1; // at the start of a line a word may be a keyword
-        rows[i].isChanged = true;
     }
     for (const auto& [cell, column] : columns) {
         const bool isClose = cell == TextRow::slash && column.IsClose(rows);

@@ -20,6 +20,10 @@ struct TextRow {
         std::size_t cell = none; ///< of the row: the number of the first value that the word stands for
         bool isNumber = false; ///< or stands for a default
         bool isRepeated = false; ///< it stands for several values
+        std::size_t sourceColumn = column; ///< where it was
+
+        /// `2*`: there are no digits to align.
+        bool IsDefault() const { return isNumber && text.back() == '*'; }
 
         std::size_t GetEnd() const { return column + text.size(); }
     };
@@ -27,7 +31,7 @@ struct TextRow {
     std::string_view source; ///< without the line end
     std::vector<Word> words; ///< the slash and the comment too
     bool isRow = false; ///< a whole row, to be aligned with those beside it
-    bool isChanged = false;
+    bool isChanged = false; ///< also if no word is at another column
 
     /// The line as it is to be written: the source if nothing changed.
     std::string GetText() const;
