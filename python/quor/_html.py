@@ -40,7 +40,10 @@ def keyword(shown: Keyword) -> str:
     """Its records as a table, or its values in short."""
     where = shown.date.date().isoformat() + ", " if shown.date else ""
     head = f"<p><b>{escape(shown.name)}</b> {where}{escape(shown.file)}:{shown.line}</p>"
-    value = shown.value
+    try:
+        value = shown.value
+    except QuorError as error:  # such as a value that isn't known
+        return f"{head}<pre>{escape(error.message)}</pre>"
     if value is None:
         return head
     if hasattr(value, "dtype"):

@@ -35,6 +35,16 @@ const Keywords::IKeywordListData& ListOfScalars(const Keyword& keyword)
     return Keywords::AsList(*data);
 }
 
+py::object ArrayOfKeyword(const Keyword& keyword)
+{
+    const Keywords::IKeywordListData& list = ListOfScalars(keyword);
+    try {
+        return ArrayOf(keyword.deck, list);
+    } catch (const Keywords::DataAccessError& error) { // such as a value that isn't known
+        Raise(error.what(), keyword.Get().GetLocation());
+    }
+}
+
 /// What the numbers of the array measure; null for plain numbers and all else.
 const std::string* FindArrayMeasurement(const Keyword& keyword)
 {
@@ -134,8 +144,7 @@ void BindData(py::class_<Keyword>& bound)
         .def_property_readonly("records", RecordsOrError,
             "Its records, those of tables one after the other; empty without data. A keyword with an array "
             "raises QuorError.")
-        .def_property_readonly(
-            "array", [](const Keyword& keyword) { return ArrayOf(keyword.deck, ListOfScalars(keyword)); },
+        .def_property_readonly("array", ArrayOfKeyword,
             "Its values, of shape (n,) and in `unit`: a read-only view of float64, int32 or bool that holds "
             "the data, or a new array of texts. A keyword with records raises QuorError.")
         .def_property_readonly(
