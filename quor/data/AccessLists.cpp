@@ -1,12 +1,10 @@
 #include "quor/data/Access.h"
 
-#include "quor/data/KeywordListData.h"
 #include "quor/data/internal/AccessCheck.h"
+#include "quor/data/internal/UnknownElements.h"
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/internal/MDCast.h"
 
-#include <algorithm>
-#include <limits>
 #include <type_traits>
 
 namespace Veld::Quor::Core::Keywords {
@@ -51,22 +49,6 @@ void AddElement(IKeywordListData& list, const T& value)
     list.AddData(&element);
 }
 
-/// In the place of an element without a value: the number that stands for "not given" in a record.
-template <class T>
-constexpr T unknownElement = std::numeric_limits<T>::min();
-
-/// The first unknown element from `index` on; null if there is none. A host's own class of list has none.
-template <class T>
-const T* FindUnknown(const IKeywordListData& list, std::size_t index = 0)
-{
-    const auto* const storage = dynamic_cast<const KeywordListDataStorageImpl_<T>*>(&list);
-    if (!storage || !storage->MayHaveUnknown())
-        return nullptr;
-    const T* const end = storage->Elements() + storage->GetSize();
-    const T* const found = std::find(storage->Elements() + index, end, unknownElement<T>);
-    return found == end ? nullptr : found;
-}
-
 template <class T>
 void CheckKnown(const IKeywordListData& list, const T* unknown)
 {
@@ -74,27 +56,6 @@ void CheckKnown(const IKeywordListData& list, const T* unknown)
         FailAccess(list.GetSyntax(),
             "element index " + std::to_string(unknown - static_cast<const T*>(list.GetData(0)))
                 + " has no value: a variable that isn't set is in its place");
-}
-
-template <class T>
-bool IsUnknownAt(const IKeywordListData& list, std::size_t i)
-{
-    const T* const element = static_cast<const T*>(list.GetData(i));
-    return *element == unknownElement<T> && FindUnknown<T>(list, i) == element;
-}
-
-template <class T>
-void AppendUnknown(IKeywordListData& list, std::size_t count)
-{
-    constexpr std::size_t room = 1024;
-    T block[room];
-    std::fill_n(block, std::min(room, count), unknownElement<T>);
-    if (count > room)
-        list.Reserve(static_cast<std::size_t>(list.GetSize()) + count); // all, or none
-    for (std::size_t left = count; left > 0; left -= std::min(room, left))
-        list.AddData(block, block + std::min(room, left));
-    if (auto* const storage = dynamic_cast<KeywordListDataStorageImpl_<T>*>(&list))
-        storage->SetMayHaveUnknown();
 }
 
 template <class List>

@@ -212,16 +212,13 @@ void ArrayOperations::SetValues(const std::string& name, const KeywordInstance& 
     if (hasUnknown)
         array.unknown = fmt::format("a value of {} isn't known", keyword.syntax->GetName());
     ForEachCell(box_, [&](std::size_t at, std::size_t inBox) {
-        std::size_t index = inBox;
-        if (isRepeated && index >= size)
-            index = size - layer + index % layer;
+        const std::size_t index = isRepeated && inBox >= size ? size - layer + inBox % layer : inBox;
         if (index >= size || list.IsDefaulted(index))
             return;
-        if (hasUnknown && IsUnknown(list, index))
-            array.values[at] = notKnown;
-        else
-            array.values[at] = isReal ? *static_cast<const double*>(list.GetData(index))
-                                      : *static_cast<const int*>(list.GetData(index));
+        const bool isKnown = !hasUnknown || !IsUnknown(list, index);
+        array.values[at] = !isKnown ? notKnown
+            : isReal                ? *static_cast<const double*>(list.GetData(index))
+                                    : *static_cast<const int*>(list.GetData(index));
     });
 }
 
