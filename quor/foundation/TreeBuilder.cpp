@@ -3,15 +3,21 @@
 #include "quor/foundation/service/xml/DomText.h"
 
 #include <limits>
+#include <memory>
 #include <stdexcept>
 #include <utility>
 
 namespace Veld::Quor::Core::Service::XML::Internal {
 
-TreeBuilder::TreeBuilder()
+const TreeBuilder::Numbers& TreeBuilder::KnownNumbers()
 {
-    for (int tag = 0; tag < static_cast<int>(Tag::Count); ++tag)
-        names_.emplace(TextOf(Tag(tag)), Tag(tag));
+    static const Numbers& known = *[] {
+        auto numbers = std::make_unique<Numbers>();
+        for (unsigned tag = 0; tag < static_cast<unsigned>(Tag::Count); ++tag)
+            numbers->emplace(TextOf(Tag(tag)), Tag(tag));
+        return numbers.release();
+    }();
+    return known;
 }
 
 bool TreeBuilder::HasText(Tag tag)
@@ -22,10 +28,12 @@ bool TreeBuilder::HasText(Tag tag)
 
 Tag TreeBuilder::NumberOf(std::u16string_view name)
 {
-    if (const auto at = names_.find(name); at != names_.end())
+    if (const auto at = KnownNumbers().find(name); at != KnownNumbers().end())
         return at->second;
-    const Tag tag = Tag(names_.size());
-    const auto at = names_.emplace(name, tag).first;
+    if (const auto at = others_.find(name); at != others_.end())
+        return at->second;
+    const Tag tag = Tag(static_cast<std::size_t>(Tag::Count) + others_.size());
+    const auto at = others_.emplace(name, tag).first;
     tree_.otherNames.emplace_back(XToC(at->first.c_str()));
     return tag;
 }

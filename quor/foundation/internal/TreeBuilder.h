@@ -13,8 +13,6 @@ namespace Veld::Quor::Core::Service::XML::Internal {
 /// Makes a tree, element by element, in the order of the document.
 class TreeBuilder {
 public:
-    TreeBuilder();
-
     /// Whether readers ask for the text of such an element.
     static bool HasText(Tag tag);
 
@@ -32,13 +30,15 @@ private:
     struct Hash : std::hash<std::u16string_view> {
         using is_transparent = void;
     };
+    using Numbers = std::unordered_map<std::u16string, Tag, Hash, std::equal_to<>>;
 
+    static const Numbers& KnownNumbers();
     Tag NumberOf(std::u16string_view name);
     std::uint32_t AddText(std::string_view text);
 
     DocumentTree tree_;
     std::vector<std::uint32_t> open_;
-    std::unordered_map<std::u16string, Tag, Hash, std::equal_to<>> names_;
+    Numbers others_; // of names that `Tag` doesn't have
 };
 
 /// Adds a host's element and all below it.
