@@ -86,7 +86,7 @@ enum class Code {
     DatumDepth,
     FluidZero,
     FluidTrend,
-    NegativeCompressibility,
+    TotalCompressibility,
     WrongUnits,
     ImplausibleValue,
     WellDepth,

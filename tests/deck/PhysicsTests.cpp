@@ -171,7 +171,7 @@ PVTO
 /
 )",
             "d:11:9: warning: PVTO: BO of table 1 rises by 0.1 from RS 50 to 60, more than the 0.08 of the "
-            "gas that dissolves; oil and gas together would expand under pressure [negative-compressibility] "
+            "gas that dissolves; oil and gas together would expand under pressure [total-compressibility] "
             "| check both rows, and the volume factor of the gas (d:7:6: the volume factor of the gas is "
             "here)"}),
     CaseName<PhysicsRow>);

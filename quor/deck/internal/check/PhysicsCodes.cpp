@@ -59,7 +59,7 @@ std::vector<CodeInfo> PhysicsCodes()
             "RUNSPEC\nGAS\nPROPS\nPVDG\n 100 0.01 0.02\n 200 0.005 0.01 /\n",
             "RUNSPEC\nGAS\nPROPS\nPVDG\n 100 0.01 0.01\n 200 0.005 0.02 /\n", any, !strict,
             "W. D. McCain, The Properties of Petroleum Fluids, 1990, chapters 6 and 10"},
-        {Code::NegativeCompressibility, "negative-compressibility", warning,
+        {Code::TotalCompressibility, "total-compressibility", warning,
             "Oil and the gas that dissolves in it would expand together when pressure rises.",
             "Check the volume factors of both, and the contents of dissolved gas.",
             "RUNSPEC\nOIL\nGAS\nDISGAS\nPROPS\nPVTO\n 50 100 1.2 1 /\n 60 120 1.4 0.9\n 200 1.38 1 /\n/\n"

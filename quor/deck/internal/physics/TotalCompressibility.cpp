@@ -39,7 +39,7 @@ void CheckRegion(const PhysicsFacts& facts, const RoleTable& oil, const RoleTabl
         const double dissolved = (contents.values[to] - contents.values[from]) * gasVolume;
         if (!(gasVolume > 0 && dissolved > 0 && swelling > dissolved))
             continue;
-        return facts.Report(oil, volumes, to, Code::NegativeCompressibility,
+        return facts.Report(oil, volumes, to, Code::TotalCompressibility,
             fmt::format(
                 "{}: {} of table {} rises by {:.4g} from {} {} to {}, more than the {:.4g} of the gas "
                 "that dissolves; oil and gas together would expand under pressure",
