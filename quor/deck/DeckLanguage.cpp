@@ -1,12 +1,10 @@
 #include "quor/deck/DeckLanguage.h"
 
-#include "quor/deck/internal/rules/RuleNames.h"
 #include "quor/deck/internal/rules/RuleReader.h"
+#include "quor/deck/internal/rules/RuleTexts.h"
 #include "quor/deck/internal/text/LanguageIndex.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/syntax/KeywordSyntaxTable.h"
-
-#include <utility>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -29,14 +27,8 @@ DeckLanguage::DeckLanguage(Keywords::KeywordSyntaxTable& table)
 
 DeckLanguage::DeckLanguage(Keywords::KeywordSyntaxTable& table, const std::vector<std::string>& ruleFiles)
 {
-    RuleSet rules = BuiltinRules();
-    for (const std::string& path : ruleFiles) {
-        RuleSet more;
-        ReadRuleFile(path, more);
-        CheckNames(more, table, path);
-        Append(std::move(more), rules);
-    }
-    index_ = std::make_unique<LanguageIndex>(table, std::move(rules));
+    index_ = std::make_unique<LanguageIndex>(
+        table, std::make_unique<const RuleSet>(ReadAllRules(table, ruleFiles)));
 }
 
 DeckLanguage::~DeckLanguage() = default;
@@ -45,6 +37,19 @@ std::vector<std::string> DeckLanguage::FindNearest(
     const std::string& name, Keywords::SectionType::Enum section) const
 {
     return index_->GetNearestNames().Find(ToUpper(name), section);
+}
+
+std::vector<KeywordRule> DeckLanguage::GetRules(const Keywords::IKeywordSyntax& syntax) const
+{
+    return DescribeRules(index_->GetRules(), syntax);
+}
+
+std::vector<std::string> DeckLanguage::GetNameKinds() const
+{
+    std::vector<std::string> kinds;
+    for (const NameRule& rule : index_->GetRules().names)
+        kinds.push_back(rule.noun);
+    return kinds;
 }
 
 } // namespace Veld::Quor::Core::Decks

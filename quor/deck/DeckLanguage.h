@@ -9,12 +9,21 @@
 #include <vector>
 
 namespace Veld::Quor::Core::Keywords {
+class IKeywordSyntax;
 class KeywordSyntaxTable;
-}
+} // namespace Veld::Quor::Core::Keywords
 
 namespace Veld::Quor::Core::Decks {
 
 class LanguageIndex;
+
+/// What a rule says of a keyword.
+struct KeywordRule {
+    std::string kind; ///< the element of the rule, as "index"; of names "defines" or "refers-to"
+    std::string what; ///< the kind of the names, or the size or whatever else the rule is about; may be empty
+    std::string item; ///< of the keyword; may be empty
+    std::string text; ///< what holds: a part of a sentence, for people
+};
 
 /// A document of rules can't be read. The text has the document, the rule, and what was expected.
 class VELD_QUOR_EXPORT RuleError : public Service::Exception {
@@ -46,6 +55,11 @@ public:
     /// `section` before others. `SectionType::None` prefers none.
     std::vector<std::string> FindNearest(
         const std::string& name, Keywords::SectionType::Enum section = Keywords::SectionType::None) const;
+
+    /// What the rules say of a keyword of the table, each once.
+    std::vector<KeywordRule> GetRules(const Keywords::IKeywordSyntax& syntax) const;
+    /// The kinds of names that rules are about, as "well", in the order of the rules.
+    std::vector<std::string> GetNameKinds() const;
 
 private:
     friend class Deck;

@@ -240,8 +240,28 @@ const std::vector<CodeInfo>& Codes()
             "Increase the number in RUNSPEC that the finding names.",
             "RUNSPEC\nWELLDIMS\n 1 /\nSCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n P2 G 1 1 1* OIL /\n/\n",
             "RUNSPEC\nWELLDIMS\n 2 /\nSCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n P2 G 1 1 1* OIL /\n/\n"},
+        {Code::MissingItem, "missing-item", warning,
+            "A record leaves out a value that another of its values requires.",
+            "Add the value, or change the other one.",
+            "SCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n/\nWCONPROD\n P1 OPEN ORAT 1* 50 /\n/\n",
+            "SCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n/\nWCONPROD\n P1 OPEN ORAT 200 50 /\n/\n"},
+        {Code::RepeatedRecord, "repeated-record", warning,
+            "Two records of a keyword are for the same thing, and the first has no effect.",
+            "Correct the name or the numbers in one of them, or remove it.",
+            "SCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n P1 G 2 1 1* OIL /\n/\n",
+            "SCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n P2 G 2 1 1* OIL /\n/\n"},
+        {Code::RepeatedArray, "repeated-array", warning,
+            "An array is given again for the same cells, and the first values have no effect.",
+            "Remove the one that does not apply, or correct its name.",
+            "RUNSPEC\nDIMENS\n 2 1 1 /\nGRID\nPORO\n 2*0.2 /\nPORO\n 2*0.3 /\n",
+            "RUNSPEC\nDIMENS\n 2 1 1 /\nGRID\nPORO\n 2*0.2 /\nNTG\n 2*0.3 /\n"},
+        {Code::NameTree, "name-tree", error,
+            "Names that form a tree contradict one another: one is below itself, or has both branches and "
+            "leaves.",
+            "Correct the name above, or add a name for what is below.",
+            "SCHEDULE\nGRUPTREE\n A B /\n B A /\n/\n", "SCHEDULE\nGRUPTREE\n A B /\n B FIELD /\n/\n"},
     };
-    static_assert(HasRowForEach(rows, Code::TooManyNames), "a code and its row are not in the same position");
+    static_assert(HasRowForEach(rows, Code::NameTree), "a code and its row are not in the same position");
     static const std::vector<CodeInfo> infos = [] {
         std::vector<CodeInfo> all = InfosOf(rows);
         const std::vector<CodeInfo> physics = PhysicsCodes();

@@ -300,9 +300,13 @@ const std::vector<CodeInfo>& Codes()
             "Mark the scalars inside it that identify the record.",
             "<item name='I' identifier='true'><list><real/></list></item>\n",
             "<item name='I' identifier='true'><real/></item>\n"},
+        {Code::WrongRule, "wrong-rule", error,
+            "An element of a document of rules is no rule, and is refused.",
+            "Correct the name that the finding quotes. A rule about what the language lacks would never "
+            "report.",
+            "<rules><once keywords='STRAT'/></rules>\n", "<rules><once keywords='START'/></rules>\n"},
     };
-    static_assert(
-        HasRowForEach(rows, Code::UnseenIdentifier), "a code and its row are not in the same position");
+    static_assert(HasRowForEach(rows, Code::WrongRule), "a code and its row are not in the same position");
     static const std::vector<CodeInfo> infos = InfosOf(rows);
     return infos;
 }

@@ -71,6 +71,7 @@ enum class Code {
     CellWithoutList,
     BlankFormat,
     UnseenIdentifier,
+    WrongRule,
 };
 
 /// What each code means, in the order of the codes. Valid as long as the library.

@@ -2,6 +2,7 @@
 
 #include "quor/lint/internal/FormWalk.h"
 #include "quor/lint/internal/NameRules.h"
+#include "quor/lint/internal/RuleDocuments.h"
 
 #include <fmt/format.h>
 
@@ -136,6 +137,8 @@ LintReport LintDocuments(const std::vector<Document>& documents, std::size_t max
         if (const auto& refusal = document.GetRefusal())
             reporter.ReportAt(Code::NotWellFormed, refusal->location,
                 fmt::format("cannot read the document: {}", refusal->reason));
+        else if (IsOfRules(*document.GetRoot()))
+            CheckRuleDocument(*document.GetRoot(), reporter);
         else if (const Element* const shortForm = FindShortForm(*document.GetRoot()))
             reporter.Report(Code::ShortForm, shortForm->span,
                 fmt::format("{} is a short form, which the loader doesn't know; nothing else is checked in "

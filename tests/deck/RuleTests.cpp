@@ -1,16 +1,12 @@
 #include "quor/deck/Deck.h"
 
-#include "quor/syntax/KeywordSyntaxTable.h"
 #include "tests/deck/FindingText.h"
 #include "tests/support/Cases.h"
-#include "tests/support/Documents.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
 
-using Veld::Quor::Core::Keywords::KeywordSyntaxTable;
 using namespace Veld::Quor::Core::Decks;
 using namespace Veld::Quor::Tests;
 
@@ -110,9 +106,29 @@ VFPINJ
         RuleRow{"OneMayBeInAnEarlierRun",
             "SOLUTION\nRESTART\n BASE 10 /\nSCHEDULE\nWELSPECS\n P1 G 1 1 "
             "1* OIL /\n/\nWELOPEN\n P2 SHUT /\n/\n"},
+        RuleRow{"OneMayBeInABadRecord",
+            "SCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n/\nWELSPECS\n P2 G 1 1 1* OLI /\n/\nWELOPEN\n P2 SHUT "
+            "/\n P3 SHUT "
+            "/\n/\n",
+            "d:6:14: error: WELSPECS, PHASE: unknown value 'OLI' [not-a-choice] | did you mean OIL?\n"
+            "d:10:2: error: WELOPEN: undefined well 'P3' [undefined-name] | did you mean P1?"},
+        RuleRow{"OfOneItemOnce",
+            "RUNSPEC\nWSEGDIMS\n 1 5 2 /\nSCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n P2 G 1 1 1* OIL "
+            "/\n/\nWELSEGS\n P1 2000 0 1* ABS /\n 2 2 1 1 10 2010 0.1 1E-5 /\n/\nCOMPSEGS\n P9 /\n 1 1 1 1 0 "
+            "10 "
+            "/\n/\nCOMPSEGS\n P2 /\n 1 1 1 1 0 10 /\n/\n",
+            "d:14:2: error: COMPSEGS: undefined well 'P9' [undefined-name] | did you mean P2, P1?\nd:18:2: "
+            "error: COMPSEGS: undefined well with segments 'P2' [undefined-name] | did you mean P1?"},
+        RuleRow{"OfAnAquifer",
+            "SOLUTION\nAQUFETP\n 1 2000 200 1E6 1E-5 10 /\n/\nAQUANCON\n 2 1 1 1 1 1 1 I- /\n/\n",
+            "d:6:2: error: AQUANCON: undefined aquifer '2' [undefined-name] | define the aquifer with AQUCT, "
+            "AQUFETP, AQUNUM, AQUFLUX, AQUCHWAT, AQUCHGAS, HMAQUCT or HMAQUFET before it is named"},
         RuleRow{"OneMoreThanAllowed",
             "RUNSPEC\nWELLDIMS\n 1 /\nSCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n P1 G 1 1 1* OIL /\n P2 G 1 1 "
             "1* OIL /\n P3 G 1 1 1* OIL /\n/\n",
+            "d:7:2: warning: WELSPECS: repeated record for WELL P1 [repeated-record] | correct the record, "
+            "or "
+            "remove one of them (d:6:2: the first is here)\n"
             "d:8:2: error: WELSPECS: well 'P2' is number 2, but MAXWELLS is 1 [too-many-names] | increase "
             "MAXWELLS in WELLDIMS (d:2:1: MAXWELLS is 1 here)"}),
     CaseName<RuleRow>);
@@ -195,89 +211,104 @@ SCHEDULE
         RuleRow{"OfAPartOfADeck", "RUNSPEC\nWATER\nGRID\nPROPS\nDENSITY\n 800 1000 1 /\n"}),
     CaseName<RuleRow>);
 
-/// The reason why a document of rules is refused; empty if it isn't.
-std::string RefusalOf(const std::string& rules)
-{
-    const TemporaryDirectory folder;
-    const std::string path = folder.Write("r.xml", rules);
-    try {
-        const DeckLanguage language(KeywordSyntaxTable::Instance(), {path});
-    } catch (const RuleError& error) {
-        const std::string text = error.what();
-        EXPECT_EQ(text.find(path), 0U) << text;
-        return text.substr(path.size());
-    }
-    return "";
-}
+INSTANTIATE_TEST_SUITE_P(Records, Rules,
+    testing::Values(
+        RuleRow{"LackATarget", R"(RUNSPEC
+OIL
+SCHEDULE
+WCONPROD
+ P1 OPEN ORAT 1* 50 /
+ P2 OPEN ORAT 0 50 /
+ P3 SHUT ORAT /
+ P4 OPEN BHP 6* 90 10 0 /
+/
+WCONINJE
+ I1 WATER OPEN RATE 100 /
+ I2 OIL OPEN RATE 100 /
+/
+)",
+            "d:5:10: warning: WCONPROD: CONTROL is ORAT; expected a value for ORAT [missing-item] | add the "
+            "value, or change CONTROL\nd:11:5: error: WCONINJE: TYPE is WATER; expected keyword WATER, "
+            "CO2STORE or "
+            "H2STORE in the deck [missing-keyword] | add the keyword, or change TYPE"},
+        RuleRow{"ForTheSame", R"(SCHEDULE
+WELSPECS
+ P1 G 1 1 1* OIL /
+ P1 G 2 1 1* OIL /
+/
+COMPDAT
+ P1 1 1 1 2 OPEN /
+ P1 1 1 2 2 OPEN /
+ P1 2* 3 3 /
+ P1 2* 3 3 /
+/
+)",
+            "d:4:2: warning: WELSPECS: repeated record for WELL P1 [repeated-record] | correct the record, "
+            "or remove one of them (d:3:2: the first is here)\nd:10:2: warning: COMPDAT: repeated record for "
+            "WELL P1, K1 3, K2 3 [repeated-record] | correct the record, or remove one of them (d:9:2: the "
+            "first is here)"},
+        RuleRow{"AnArrayTwice",
+            "RUNSPEC\nDIMENS\n 2 1 1 /\nGRID\nPORO\n 2*0.2 /\nPORO\n 2*0.3 /\nMULTX\n 2*1 /\nBOX\n 1 1 1 1 "
+            "1 1 /\nPORO\n 0.2 /\nENDBOX\nNTG\n 2*1 /\nMULTIPLY\n NTG 0.5 /\n/\nNTG\n 2*1 /\n",
+            "d:7:1: warning: PORO is given again for the same cells [repeated-array] | remove the one that "
+            "does not apply (d:5:1: its values from here have no effect)"},
+        RuleRow{"OfATree", R"(SCHEDULE
+WELSPECS
+ P1 A 1 1 1* OIL /
+ P2 C 1 1 1* OIL /
+ P3 FIELD 1 1 1* OIL /
+/
+GRUPTREE
+ A B /
+ B A /
+ D C /
+ E FIELD /
+/
+)",
+            "d:8:4: error: GRUPTREE: group 'A' is below itself [name-tree] | correct the name of the group "
+            "above it\nd:3:5: error: WELSPECS: group 'A' has groups below it; expected no wells [name-tree] "
+            "| put them into a group of their own (d:9:4: a group is put below it here)\nd:4:5: error: "
+            "WELSPECS: group 'C' has groups below it; expected no wells [name-tree] | put them into a group "
+            "of their own (d:10:4: a group is put below it here)"}),
+    CaseName<RuleRow>);
 
-struct RefusalRow {
-    const char* name;
-    const char* rules;
-    const char* reason;
-};
-
-class RuleDocuments : public testing::TestWithParam<RefusalRow> { };
-
-TEST_P(RuleDocuments, AreRefusedWithTheReason)
-{
-    EXPECT_EQ(RefusalOf(GetParam().rules), GetParam().reason);
-}
-
-INSTANTIATE_TEST_SUITE_P(Mistakes, RuleDocuments,
-    testing::Values(RefusalRow{"NoXML", "<rules>",
-                        ":1:8: input ended before all started tags were ended; last tag started is 'rules'"},
-        RefusalRow{"Element", "<rules><once keywords='START'/><nede/></rules>",
-            ": element 2, <nede>: unknown rule; expected <names>, <index>, <order>, <region>, <assign>, "
-            "<need>, "
-            "<exclusive>, <once>, <count>, <role>, <plausible>, <whole>, <local> or <open>"},
-        RefusalRow{"Attribute", "<rules><once keyword='START' keywords='START'/></rules>",
-            ": element 1, <once>: unknown attribute 'keyword'; did you mean 'keywords'?"},
-        RefusalRow{"MissingAttribute", "<rules><need in='GRID' what='X'/></rules>",
-            ": element 1, <need>: missing attribute 'anyOf'"},
-        RefusalRow{"MisspeltAttribute", "<rules><need anyof='TITLE' in='GRID' what='X'/></rules>",
-            ": element 1, <need>: unknown attribute 'anyof'; did you mean 'anyOf'?"},
-        RefusalRow{"Flag", "<rules><names kind='X' patterns='yes'/></rules>",
-            ": element 1, <names>: attribute 'patterns' is 'yes'; expected 'true' or 'false'"},
-        RefusalRow{"Child", "<rules><names kind='X'><refer items='WELL'/><defin/></names></rules>",
-            ": element 1, <names>, element 2, <defin>: unknown element; expected <define> or <refer>"},
-        RefusalRow{"Section", "<rules><index items='I' size='NX' sections='GIRD'/></rules>",
-            ": element 1, <index>: unknown section 'GIRD'"},
-        RefusalRow{"Entity", "<rules><names kind='X'><refer entity='Weel'/></names></rules>",
-            ": element 1, <names>, element 1, <refer>: unknown kind of output vector 'Weel'"},
-        RefusalRow{"Everything", "<rules><order/></rules>",
-            ": element 1, <order>: no keywords and no items; expected 'keywords', 'items' or 'entity'"},
-        RefusalRow{"Role", "<rules><role is='oil' keywords='OIL'/></rules>",
-            ": element 1, <role>: unknown role 'oil'"},
-        RefusalRow{"Number", "<rules><plausible keywords='NTG' least='0' greatest='one'/></rules>",
-            ": element 1, <plausible>: attribute 'greatest' is 'one'; expected a number"},
-        RefusalRow{"Order", "<rules><order items='I1'/></rules>",
-            ": element 1, <order>: attribute 'items' must have two names: the first and the last"},
-        RefusalRow{"Keyword", "<rules><once keywords='STRAT'/></rules>",
-            ": a rule has the unknown keyword 'STRAT'; did you mean 'START'?"},
-        RefusalRow{"Item", "<rules><index items='I' size='NXX'/></rules>",
-            ": a rule has the unknown item 'NXX'; did you mean 'NX'?"}),
-    CaseName<RefusalRow>);
-
-TEST(RuleDocuments, OfTheLibraryNameWhatIsThere)
-{
-    for (const auto& file : std::filesystem::directory_iterator(QUOR_SOURCE_DIR "/language/rules"))
-        EXPECT_NO_THROW(DeckLanguage(KeywordSyntaxTable::Instance(), {file.path().string()})) << file.path();
-}
-
-TEST(RuleDocuments, OfAHostAreCheckedToo)
-{
-    const TemporaryDirectory folder;
-    const DeckLanguage language(KeywordSyntaxTable::Instance(),
-        {folder.Write("r.xml", "<rules><exclusive keywords='IMPES AIM' what='solution'/></rules>")});
-    EXPECT_EQ(
-        Dump(Deck::ReadText("RUNSPEC\nIMPES\nAIM\nMETRIC\nLAB\n", language, {}, "d").GetFindings(), "none"),
-        "d:3:1: error: AIM contradicts IMPES; expected one solution [conflicting-keywords] | remove one of "
-        "them "
-        "(d:2:1: IMPES is here)\n"
-        "d:5:1: error: LAB contradicts METRIC; expected one system of units [conflicting-keywords] | remove "
-        "one of "
-        "them (d:4:1: METRIC is here)");
-    EXPECT_THROW(DeckLanguage(KeywordSyntaxTable::Instance(), {"no/such.xml"}), RuleError);
-}
+INSTANTIATE_TEST_SUITE_P(Counts, Rules,
+    testing::Values(
+        RuleRow{"OfWhatAWellHas", R"(RUNSPEC
+WELLDIMS
+ 5 3 5 1 /
+SCHEDULE
+WELSPECS
+ P1 G 1 1 1* OIL /
+ P2 G 1 1 1* OIL /
+ P3 H 1 1 1* OIL /
+/
+COMPDAT
+ P1 1 1 1 2 /
+ P1 1 1 1 3 /
+ P2 1 1 1 3 /
+ P2 1 1 4 4 /
+ P3 1 1 1 9 /
+/
+)",
+            "d:7:5: error: WELSPECS: 2 wells for G, but MAXWGRP is 1 [too-many-names] | increase MAXWGRP in "
+            "WELLDIMS (d:2:1: MAXWGRP is 1 here)\nd:14:2: error: COMPDAT: 4 connections for P2, but MAXCONN "
+            "is 3 [too-many-names] | increase MAXCONN in WELLDIMS (d:2:1: MAXCONN is 3 here)"},
+        RuleRow{"OfRecordsAndRows",
+            "RUNSPEC\nTABDIMS\n 1 1 2 /\nFAULTDIM\n 1 /\nGRID\nFAULTS\n F 1 1 1 1 1 1 X /\n G 1 1 1 1 1 1 X "
+            "/\n/\nPROPS\nSWOF\n 0.2 0 1 0\n 0.5 0.5 0.5 0\n 1 1 0 0 /\n",
+            "d:9:2: error: FAULTS: 2 segments of faults, but MFSEGS is 1 [too-many-names] | increase MFSEGS "
+            "in FAULTDIM (d:4:1: MFSEGS is 1 here)\nd:13:2: error: SWOF: 3 rows in table 1, but NSSFUN is 2 "
+            "[too-many-names] | increase NSSFUN in TABDIMS (d:2:1: NSSFUN is 2 here)"},
+        RuleRow{"OfOneSizeOnce",
+            "RUNSPEC\nDIMENS\n 2 1 1 /\nEQLDIMS\n 1 /\nREGIONS\nEQLNUM\n 1 2 /\nEQUALS\n EQLNUM 3 "
+            "/\n/\nSOLUTION\nTHPRES\n 1 2 5 /\n/\n",
+            "d:8:4: error: EQLNUM: number 2 in cell 2, but NTEQUL, the number of equilibration regions, is 1 "
+            "[region-outside] | correct the number, or increase NTEQUL (d:4:1: NTEQUL is 1 here)\nd:15:1: "
+            "error: THPRES requires EQLOPTS before it [missing-precedent]"},
+        RuleRow{"OfTwoEnds", "RUNSPEC\nDIMENS\n 2 2 2 /\nGRID\nBOX\n 5 4 1 3 1 1 /\nENDBOX\n",
+            "d:6:2: error: BOX: I1 is 5, but NX is 2 [index-outside] (d:2:1: NX is 2 here)\nd:6:8: error: "
+            "BOX: J2 is 3, but NY is 2 [index-outside] (d:2:1: NY is 2 here)"}),
+    CaseName<RuleRow>);
 
 } // namespace

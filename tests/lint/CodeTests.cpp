@@ -1,4 +1,6 @@
+#include "quor/deck/DeckLanguage.h"
 #include "quor/lint/Codes.h"
+#include "quor/syntax/KeywordSyntaxTable.h"
 #include "tests/lint/Snippets.h"
 #include "tests/support/Cases.h"
 
@@ -80,6 +82,7 @@ constraint-on-text: x.xml:4:30: warning: K, item I: column constraint on <string
 cell-without-list: x.xml:4:1: warning: K: <cell> has no effect because <data> is not a list of scalars [cell-without-list] | remove <cell>, or make <data> a list of scalars
 blank-format: x.xml:4:36: warning: K, item I: blank format is ignored [blank-format] | remove <format>
 unseen-identifier: x.xml:4:30: warning: K, item I: attribute 'identifier' has no effect on <list>; expected a scalar [unseen-identifier] | mark the identifying items inside it
+wrong-rule: x.xml:1:14: error: unknown keyword 'STRAT' [wrong-rule] | did you mean 'START'?
 )");
     return rows;
 }
@@ -89,7 +92,7 @@ std::string InKeyword(const std::string& example)
 {
     if (example.starts_with("<item"))
         return InKeyword("<data><record>" + example + "</record></data>");
-    return example.starts_with("<keyword") || example.starts_with("<!--")
+    return example.starts_with("<keyword") || example.starts_with("<rules") || example.starts_with("<!--")
         ? example
         : "<keyword name='K'><description>d</description>\n" + example + "</keyword>";
 }
@@ -98,6 +101,21 @@ std::string InKeyword(const std::string& example)
 std::string FindingsOfExample(const std::string& example, const std::string& code)
 {
     return FindingsOf(InKeyword(example), code == "no-description" ? "" : "no-description");
+}
+
+/// Of the loader, or of who reads rules.
+std::string FailureOf(const std::string& example)
+{
+    if (!example.starts_with("<rules"))
+        return LoadFailureOf(InKeyword(example));
+    const TemporaryDirectory folder;
+    try {
+        const Decks::DeckLanguage language(
+            Keywords::KeywordSyntaxTable::Instance(), {folder.Write("r.xml", example)});
+    } catch (const Decks::RuleError& error) {
+        return error.what();
+    }
+    return "loaded";
 }
 
 class Mistake : public testing::TestWithParam<Row> {
@@ -115,8 +133,8 @@ TEST_P(Mistake, IsAnErrorExactlyIfTheLoadFails)
 {
     testing::internal::CaptureStdout(); // the loader prints failures of a file
     testing::internal::CaptureStderr();
-    const std::string failure = LoadFailureOf(InKeyword(InfoOfRow().wrong));
-    const std::string cleanFailure = LoadFailureOf(InKeyword(InfoOfRow().right));
+    const std::string failure = FailureOf(InfoOfRow().wrong);
+    const std::string cleanFailure = FailureOf(InfoOfRow().right);
     testing::internal::GetCapturedStdout();
     testing::internal::GetCapturedStderr();
     EXPECT_EQ(failure != "loaded", InfoOfRow().severity == Severity::Error) << failure;

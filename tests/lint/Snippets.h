@@ -28,7 +28,8 @@ inline std::string Expanded(const std::string& row)
 inline std::string FindingsOf(const std::string& body, const std::string& without = {})
 {
     std::vector<Core::Lint::Document> documents;
-    documents.push_back(Core::Lint::Document::ReadText(Document(body), "x.xml"));
+    documents.push_back(
+        Core::Lint::Document::ReadText(body.starts_with("<rules") ? body : Document(body), "x.xml"));
     const Core::Lint::LintReport report = LintDocuments(documents, 100);
     std::string lines;
     for (const auto& finding : report.findings.GetKept()) {

@@ -282,6 +282,8 @@ Measurement: list --measurement porosty =>
 FarMeasurement: list --measurement xyzzy => quor: error: --measurement: unknown measurement 'xyzzy'\n
 Entity: list --entity Wells => Wells not in {Aquifer,Aquifer Gradient,
 EntityOfAnotherCategory: list --entity Oil => Oil not in {Aquifer,
+Defines: list --defines wel => quor: error: --defines: unknown kind of names 'wel'; did you mean well?\n
+RefersTo: list --refers-to xyz => --refers-to: unknown kind of names 'xyz'; expected well, list of wells, group,
 Flow: list --flow up => up not in {Injection,Production}
 Option: list --option '' =>  not in {API,Aquifer,Conductive Fault,Flow}
 )")),

@@ -2,6 +2,7 @@
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/CommonOptions.h"
 #include "tools/quor/commands/LoadedLanguage.h"
+#include "tools/quor/commands/NameFilter.h"
 #include "tools/quor/commands/SummaryFilter.h"
 #include "tools/quor/terminal/Json.h"
 #include "tools/quor/terminal/Terminal.h"
@@ -37,6 +38,7 @@ struct ListOptions {
     std::string measurement; // empty: none asked for
     bool measurementsOnly = false; // and not the keywords
     SummaryFilter summary;
+    NameFilter names;
     bool withHidden = false;
     bool countsOnly = false;
     bool isJson = false;
@@ -192,11 +194,22 @@ bool ResolveMeasurement(LoadedLanguage& language, ListOptions& options)
     return false;
 }
 
+/// False, and reported, if there is no such kind of names.
+bool SelectByNames(LoadedLanguage& language, const NameFilter& filter, LoadedLanguage::Syntaxes& syntaxes)
+{
+    const Core::Decks::DeckLanguage deckLanguage(language.GetTable());
+    std::erase_if(
+        syntaxes, [&](const IKeywordSyntax* syntax) { return !filter.Admits(deckLanguage, *syntax); });
+    return filter.Check(deckLanguage);
+}
+
 int List(LoadedLanguage& language, ListOptions options)
 {
     if (!options.measurement.empty() && !ResolveMeasurement(language, options))
         return Failure;
-    const LoadedLanguage::Syntaxes syntaxes = Select(language, options);
+    LoadedLanguage::Syntaxes syntaxes = Select(language, options);
+    if (!options.names.IsEmpty() && !SelectByNames(language, options.names, syntaxes))
+        return Failure;
     if (options.measurementsOnly) {
         PrintMeasurements(CountMeasurements(syntaxes), options);
         return Success;
@@ -233,6 +246,7 @@ Command MakeListCommand(CLI::App& application)
         ->type_name("NAME")
         ->take_last();
     AddSummaryOptions(command, options->summary);
+    AddNameOptions(command, options->names);
     command.add_flag("--hidden", options->withHidden, "List hidden keywords too");
     command.add_flag("--measurements", options->measurementsOnly,
         "List the measurements that those keywords use, with the number of keywords and the units");
@@ -246,6 +260,7 @@ Command MakeListCommand(CLI::App& application)
         "  quor list --section SCHEDULE --simulator Carrow\n"
         "  quor list --cell --measurement permeability\n"
         "  quor list --entity Well --flow Production --function Rate\n"
+        "  quor list --defines well\n"
         "  quor list --text saturation --format json");
     return {&command, [options](LoadedLanguage& language) { return List(language, *options); }};
 }

@@ -174,7 +174,24 @@ std::string Field(const char* label, const std::string& value)
     return value.empty() ? "" : Wrap(fmt::format("  {}: ", label), value, 4, GetWidth());
 }
 
-std::string KeywordText(const Found& found, std::optional<UnitSystem::Enum> units)
+std::string RulesText(const Decks::DeckLanguage& language, const IKeywordSyntax& syntax)
+{
+    std::string text;
+    for (const Decks::KeywordRule& rule : language.GetRules(syntax))
+        text += Field("rule", rule.text);
+    return text;
+}
+
+nlohmann::ordered_json RulesJson(const Decks::DeckLanguage& language, const IKeywordSyntax& syntax)
+{
+    auto rules = nlohmann::ordered_json::array();
+    for (const Decks::KeywordRule& rule : language.GetRules(syntax))
+        rules.push_back({{"kind", rule.kind}, {"what", rule.what}, {"item", rule.item}, {"text", rule.text}});
+    return rules;
+}
+
+std::string KeywordText(
+    const Found& found, std::optional<UnitSystem::Enum> units, const Decks::DeckLanguage& language)
 {
     const IKeywordSyntax& syntax = *found.syntax;
     const std::string& name = syntax.GetName();
@@ -193,10 +210,11 @@ std::string KeywordText(const Found& found, std::optional<UnitSystem::Enum> unit
     text += Field("scope", ScopeText(syntax));
     text += Field("summary", SummaryText(syntax));
     text += Field("cell property", CellText(syntax));
+    text += RulesText(language, syntax);
     return text + TreeText(syntax, GetWidth(), units);
 }
 
-nlohmann::ordered_json KeywordJson(const Found& found)
+nlohmann::ordered_json KeywordJson(const Found& found, const Decks::DeckLanguage& language)
 {
     const IKeywordSyntax& syntax = *found.syntax;
     const char* const role = FindRoleText(syntax.GetDeckRole());
@@ -213,6 +231,7 @@ nlohmann::ordered_json KeywordJson(const Found& found)
     json["scope"] = ScopeJson(syntax);
     json["summary"] = SummaryJson(syntax);
     json["cellProperty"] = CellJson(syntax);
+    json["rules"] = RulesJson(language, syntax);
     json["data"] = TreeJson(syntax);
     return json;
 }
@@ -249,12 +268,12 @@ int Show(LoadedLanguage& language, const ShowOptions& options)
     if (options.isJson) {
         auto list = nlohmann::ordered_json::array();
         for (const Found& found : all)
-            list.push_back(KeywordJson(found));
+            list.push_back(KeywordJson(found, deckLanguage));
         Print(ToText(list));
         return status;
     }
     for (const Found& found : all)
-        Print((&found == &all.front() ? "" : "\n") + KeywordText(found, options.units));
+        Print((&found == &all.front() ? "" : "\n") + KeywordText(found, options.units, deckLanguage));
     return status;
 }
 

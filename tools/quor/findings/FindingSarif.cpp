@@ -110,12 +110,20 @@ std::string SarifText(const FindingSets& sets, const std::vector<Decks::CodeInfo
         indices.emplace(code.name, rules.size());
         rules.push_back(RuleOf(code));
     }
+    // A rule that a host's document has may have a code that only its findings know.
+    const auto indexOf = [&](const Finding& finding) {
+        const auto [at, isNew] = indices.emplace(finding.code, rules.size());
+        if (isNew)
+            rules.push_back(
+                {{"id", finding.code}, {"defaultConfiguration", {{"level", ToString(finding.severity)}}}});
+        return at->second;
+    };
     Json results = Json::array();
     for (const FindingSet& set : sets) {
         const std::vector<Finding>& findings = set.findings->GetKept();
         for (std::size_t i = 0; i < findings.size(); ++i)
             results.push_back(
-                ResultOf(findings[i], set.fixes ? (*set.fixes)[i] : Fix(), indices.at(findings[i].code)));
+                ResultOf(findings[i], set.fixes ? (*set.fixes)[i] : Fix(), indexOf(findings[i])));
     }
     const Json driver = {{"name", "quor"}, {"version", GetVersion()}, {"rules", rules}};
     const Json run = {

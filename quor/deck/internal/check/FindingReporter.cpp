@@ -4,25 +4,26 @@
 
 namespace Veld::Quor::Core::Decks {
 
-void FindingReporter::Report(const TextRange& range, Code code, std::string message, std::string hint,
-    std::vector<TextEdit> fix, const std::vector<Related>& related)
+void FindingReporter::ReportAs(const FindingVoice& voice, const TextRange& range, Code code,
+    std::string message, std::string hint, std::vector<TextEdit> fix, const std::vector<Related>& related)
 {
     const CodeInfo& info = InfoOf(code);
-    if (isMuted_ || (info.isStrict && !isStrict_))
+    if (isMuted_ || (info.isStrict && !isStrict_ && !voice.severity))
         return;
-    errors_ += info.severity == Severity::Error ? 1 : 0;
-    if (code != Code::BadSuppression) {
-        const Suppressions& suppressions = ScanTo(range.file, range.offset);
-        if (suppressions.Cover(range.offset, code))
-            return findings_.Hide(Hiding::Suppressed);
-    }
+    const Severity severity = voice.severity.value_or(info.severity);
+    const std::string name = voice.code.empty() ? info.name : voice.code;
+    errors_ += severity == Severity::Error ? 1 : 0;
+    if (code != Code::BadSuppression && ScanTo(range.file, range.offset).Cover(range.offset, name))
+        return findings_.Hide(Hiding::Suppressed);
     if (isKnown_ && isKnown_(files_, range, code))
         return findings_.Hide(Hiding::Known);
-    if (!findings_.Admit(info.severity, files_.Get(range.file).name, info.name, message))
+    if (!voice.text.empty())
+        message = voice.text;
+    if (!findings_.Admit(severity, files_.Get(range.file).name, name, message))
         return;
     Finding finding;
-    finding.code = info.name;
-    finding.severity = info.severity;
+    finding.code = name;
+    finding.severity = severity;
     finding.location = files_.LocationOf(range);
     finding.length = range.length;
     finding.range = range;
@@ -56,7 +57,7 @@ bool FindingReporter::IsIncludedAgain(std::uint32_t file) const
 const Suppressions& FindingReporter::ScanTo(std::uint32_t file, std::size_t end)
 {
     const SourceText& source = *files_.Get(file).text;
-    auto& [suppressions, reported] = suppressions_.try_emplace(&source, source).first->second;
+    auto& [suppressions, reported] = suppressions_.try_emplace(&source, source, ownCodes_).first->second;
     const auto& mistakes = suppressions.GetMistakes();
     while (reported < mistakes.size() && mistakes[reported].offset < end) {
         const Suppressions::Mistake& mistake = mistakes[reported++];

@@ -5,6 +5,7 @@
 #include "quor/deck/FindingCodes.h"
 #include "quor/deck/ReadOptions.h"
 #include "quor/deck/internal/check/FindingCollector.h"
+#include "quor/deck/internal/check/FindingVoice.h"
 #include "quor/deck/internal/check/Suppressions.h"
 
 #include <cstddef>
@@ -20,10 +21,13 @@ namespace Veld::Quor::Core::Decks {
 class FindingReporter {
 public:
     /// `isKnown` may be empty: nothing is known. `isStrict`: findings of strict codes are reported too.
-    FindingReporter(const DeckFiles& files, Findings& findings, KnownFinding isKnown, bool isStrict)
+    /// `ownCodes`: that rules have beside those of the library; they must outlive it.
+    FindingReporter(const DeckFiles& files, Findings& findings, KnownFinding isKnown, bool isStrict,
+        const std::vector<std::string>& ownCodes)
         : files_(files)
         , findings_(findings)
         , isKnown_(std::move(isKnown))
+        , ownCodes_(ownCodes)
         , isStrict_(isStrict)
     {
     }
@@ -36,7 +40,13 @@ public:
 
     /// `fix`: as the finding has it.
     void Report(const TextRange& range, Code code, std::string message, std::string hint = {},
-        std::vector<TextEdit> fix = {}, const std::vector<Related>& related = {});
+        std::vector<TextEdit> fix = {}, const std::vector<Related>& related = {})
+    {
+        ReportAs({}, range, code, std::move(message), std::move(hint), std::move(fix), related);
+    }
+    /// The same as the author of a rule wants it.
+    void ReportAs(const FindingVoice& voice, const TextRange& range, Code code, std::string message,
+        std::string hint = {}, std::vector<TextEdit> fix = {}, const std::vector<Related>& related = {});
     /// The file is read up to `end`: reports what is wrong with the comments in it that suppress findings. A
     /// large file in which nothing was found is left alone: it would take as long as to read it.
     void ReportBadSuppressions(std::uint32_t file, std::size_t end = std::string::npos);
@@ -72,8 +82,8 @@ public:
 private:
     /// Of a file, and how many of their mistakes were reported.
     struct FileComments {
-        explicit FileComments(const SourceText& source)
-            : suppressions(source)
+        FileComments(const SourceText& source, const std::vector<std::string>& ownCodes)
+            : suppressions(source, ownCodes)
         {
         }
         Suppressions suppressions;
@@ -89,6 +99,7 @@ private:
     const DeckFiles& files_;
     FindingCollector findings_;
     KnownFinding isKnown_;
+    const std::vector<std::string>& ownCodes_;
     std::unordered_map<const SourceText*, FileComments> suppressions_;
     std::size_t errors_ = 0;
     bool isMuted_ = false;

@@ -1,6 +1,7 @@
 #include "quor/deck/internal/check/Suppressions.h"
 
 #include "quor/deck/DeckLanguage.h"
+#include "quor/deck/FindingCodes.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/NearestNames.h"
 
@@ -30,9 +31,8 @@ std::string_view TakeWord(std::string_view& text)
     return word;
 }
 
-std::string HintOf(std::string_view word)
+std::string HintOf(std::string_view word, std::vector<std::string> names)
 {
-    std::vector<std::string> names;
     for (const CodeInfo& info : Codes())
         names.emplace_back(info.name);
     const std::vector<std::string> nearest = FindNearest(names, Shorten(word));
@@ -42,18 +42,21 @@ std::string HintOf(std::string_view word)
 
 } // namespace
 
-Suppressions::Suppressions(const SourceText& source)
-    : text_(source.GetText())
+Suppressions::Suppressions(const SourceText& source, const std::vector<std::string>& ownCodes)
+    : ownCodes_(ownCodes)
+    , text_(source.GetText())
 {
     Scan(source);
     ReportOpen();
 }
 
-bool Suppressions::Cover(std::size_t offset, Code code) const
+bool Suppressions::Cover(std::size_t offset, const std::string& code) const
 {
+    if (lines_.empty() && regions_.empty())
+        return false;
     const auto isAfter = [](std::size_t value, const auto& row) { return value < row.begin; };
     const auto line = std::upper_bound(lines_.begin(), lines_.end(), offset, isAfter);
-    const auto bit = static_cast<std::size_t>(code);
+    const std::size_t bit = NumberOf(code);
     if (line != lines_.begin() && offset <= (line - 1)->end && (line - 1)->codes[bit])
         return true;
     const auto region = std::upper_bound(regions_.begin(), regions_.end(), offset,
@@ -110,20 +113,33 @@ void Suppressions::Do(std::string_view verb, std::string_view words, std::string
 
 Suppressions::CodeSet Suppressions::ReadCodes(std::string_view words)
 {
-    assert(Codes().size() <= mostCodes && "Suppressions: more codes than bits");
+    assert(Codes().size() + ownCodes_.size() <= mostCodes && "Suppressions: more codes than bits");
     CodeSet codes;
     bool isAll = true;
     for (std::string_view word = TakeWord(words); !word.empty(); word = TakeWord(words)) {
         isAll = false;
-        if (const CodeInfo* const info = FindInfo(word)) {
-            codes.set(static_cast<std::size_t>(info - Codes().data()));
+        if (const std::size_t number = NumberOf(word); number < mostCodes) {
+            codes.set(number);
             continue;
         }
         constexpr std::size_t mostHints = 1000; // they take long to find
         Report(word, fmt::format("unknown finding code '{}'", Shorten(word)),
-            mistakes_.size() < mostHints ? HintOf(word) : "");
+            mistakes_.size() < mostHints ? HintOf(word, ownCodes_) : "");
     }
     return isAll ? codes.set() : codes;
+}
+
+/// Of a code of the library, or of rules after those; `mostCodes` if it is neither.
+std::size_t Suppressions::NumberOf(std::string_view code) const
+{
+    const auto& rows = Codes();
+    const auto row =
+        std::find_if(rows.begin(), rows.end(), [code](const CodeInfo& info) { return info.name == code; });
+    if (row != rows.end())
+        return static_cast<std::size_t>(row - rows.begin());
+    const auto own = std::find(ownCodes_.begin(), ownCodes_.end(), code);
+    return own == ownCodes_.end() ? mostCodes
+                                  : rows.size() + static_cast<std::size_t>(own - ownCodes_.begin());
 }
 
 void Suppressions::SuppressLine(std::string_view comment, const CodeSet& codes)

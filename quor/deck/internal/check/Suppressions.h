@@ -1,7 +1,6 @@
 #pragma once
 
 #include "quor/deck/DeckSource.h"
-#include "quor/deck/FindingCodes.h"
 
 #include <array>
 #include <bitset>
@@ -28,16 +27,17 @@ public:
         std::string hint;
     };
 
-    /// Looks through the whole text.
-    explicit Suppressions(const SourceText& source);
+    /// Looks through the whole text. `ownCodes`: that rules have beside those of the library; they must
+    /// outlive it.
+    Suppressions(const SourceText& source, const std::vector<std::string>& ownCodes);
 
     /// Whether findings with the code aren't to be reported at the offset.
-    bool Cover(std::size_t offset, Code code) const;
+    bool Cover(std::size_t offset, const std::string& code) const;
     const std::vector<Mistake>& GetMistakes() const { return mistakes_; }
 
 private:
-    static constexpr std::size_t mostCodes = 128;
-    using CodeSet = std::bitset<mostCodes>; // by code
+    static constexpr std::size_t mostCodes = 256;
+    using CodeSet = std::bitset<mostCodes>; // by number: see `NumberOf`
 
     struct Line {
         std::size_t begin;
@@ -54,6 +54,7 @@ private:
     void Follow(std::size_t mark);
     void Do(std::string_view verb, std::string_view words, std::string_view comment);
     CodeSet ReadCodes(std::string_view words);
+    std::size_t NumberOf(std::string_view code) const;
     void SuppressLine(std::string_view comment, const CodeSet& codes);
     void Open(std::string_view comment, const CodeSet& codes);
     void Close(std::string_view comment, const CodeSet& codes);
@@ -66,6 +67,7 @@ private:
     std::string_view LineAt(std::size_t offset) const;
     std::string_view NextFullLine(std::size_t offset) const;
 
+    const std::vector<std::string>& ownCodes_;
     std::string_view text_;
     std::size_t followed_ = 0; // where the last comment that counts ends
     std::vector<Line> lines_; // by offset

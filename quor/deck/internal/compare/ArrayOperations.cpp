@@ -92,7 +92,7 @@ void ArrayOperations::Follow(const KeywordInstance& keyword)
     if (arrays_.empty())
         return;
     if (keyword.section == SectionType::RUNSPEC && keyword.data)
-        dimensions_.Add(*keyword.data, noIndex);
+        dimensions_.Add(keyword.syntax->GetName(), *keyword.data, noIndex);
     if (keyword.section != section_)
         EnterSection(keyword.section);
     if (IsInLocalGrid(keyword))

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "quor/deck/internal/check/FindingReporter.h"
-#include "quor/deck/internal/read/contents/DeckContents.h"
-#include "quor/deck/internal/read/deck/Dimensions.h"
 #include "quor/deck/internal/rules/NameTable.h"
+#include "quor/deck/internal/rules/RuleContext.h"
 #include "quor/deck/internal/rules/RulePlans.h"
 #include "quor/deck/internal/rules/ValueRange.h"
 
@@ -18,13 +16,14 @@ namespace Veld::Quor::Core::Decks {
 /// the deck allows. A name is reported once.
 class NameChecks {
 public:
-    NameChecks(const RuleSet& rules, const DeckContents& deck, const Dimensions& dimensions,
-        FindingReporter& reporter);
+    explicit NameChecks(const RuleContext& context);
 
-    /// A value of the last keyword of the deck.
-    void Follow(const RecordRules::Name& rule, std::string_view name, const ValuePosition& position);
+    /// A value of the last keyword of the deck. Whether it was reported.
+    bool Follow(const RecordRules::Name& rule, std::string_view name, const ValuePosition& position);
     /// Names may be defined by something that could not be read: none is reported from now on.
     void Lose() { isWhole_ = false; }
+    /// A keyword that defines names of the kind could not be read as it is: any word of its text may be one.
+    void FollowUnsound(std::uint32_t kind, std::string_view text);
     /// Judges the names that may be defined later. `isWholeDeck`: nothing of the deck is elsewhere.
     void EndDeck(bool isWholeDeck);
 
@@ -37,6 +36,7 @@ private:
         std::uint32_t keyword;
         ValuePosition position;
         std::string name;
+        const FindingVoice* voice;
         bool mayComeFirst; // else nothing of the kind was defined before it
     };
 
@@ -45,15 +45,13 @@ private:
     bool HasDefinitions(std::uint32_t kind) const;
     bool IsDefined(std::uint32_t kind, std::string_view name);
     bool IsInLanguage(std::string_view array) const;
-    void ReportUnknown(std::uint32_t kind, std::string_view name, const KeywordInstance& keyword,
-        const ValuePosition& position);
+    bool ReportUnknown(std::uint32_t kind, std::string_view name, const FindingVoice& voice,
+        const KeywordInstance& keyword, const ValuePosition& position);
     std::string HintOf(std::uint32_t kind, std::string_view name, const KeywordInstance& keyword) const;
 
-    const RuleSet& rules_;
-    const DeckContents& deck_;
-    const Dimensions& dimensions_;
-    FindingReporter& reporter_;
+    RuleContext context_;
     std::vector<NameTable> names_; // of each kind
+    std::vector<NameTable> unsure_; // words that may be names
     std::vector<NameTable> waiting_; // names that were used before any of the kind was defined
     std::vector<NameTable> later_; // names that may be defined later
     std::vector<Pending> pending_; // one for each of these

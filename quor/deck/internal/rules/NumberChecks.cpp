@@ -5,6 +5,7 @@
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/deck/internal/read/data/DataShape.h"
 #include "quor/deck/internal/read/data/DataValue.h"
+#include "quor/deck/internal/rules/ItemSelections.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 
@@ -20,109 +21,110 @@ using Core::Service::Optional;
 
 namespace {
 
-const IKeywordDataMD& ItemMDOf(const IKeywordRecordData& record, int item)
+std::string NameOfItem(const IKeywordRecordData& record, const RuleItem& item)
 {
-    return *static_cast<const IKeywordRecordMD&>(*record.GetMD()).GetItemMD(item);
-}
-
-/// Of an item that is a whole number.
-Optional<int> NumberOf(const IKeywordRecordData& record, int item)
-{
-    return *static_cast<const Optional<int>*>(record.GetData(item));
-}
-
-bool HasItem(const IKeywordRecordData& record, int item)
-{
-    return item >= 0 && IsGiven(ItemValue(ItemMDOf(record, item), record.GetData(item)));
+    return ItemName(*static_cast<const IKeywordRecordMD&>(*record.GetMD()).GetItemMD(item.index));
 }
 
 } // namespace
 
-TextRange NumberChecks::RangeOf(ValuePosition record, int item) const
+TextRange NumberChecks::RangeOf(ValuePosition record, const RuleItem& item) const
 {
-    record.item = item;
-    return FindValue(deck_, deck_.keywords.back(), record);
+    record.item = item.index;
+    return FindValue(context_.deck, context_.GetKeyword(), record);
 }
 
 void NumberChecks::StartKeyword()
 {
-    for (std::size_t i = 0; i < sizes_.size(); ++i)
-        sizes_[i] = dimensions_.FindWhole(rules_.indices[i].size);
+    ++keyword_;
 }
 
-void NumberChecks::CheckIndices(
-    const RecordRules& rules, const IKeywordRecordData& record, const ValuePosition& position) const
+/// Looked up when a rule first applies to the keyword.
+long long NumberChecks::LimitOf(std::size_t number)
 {
-    for (const RecordRules::Index& rule : rules.indices) {
-        const Optional<int> number = NumberOf(record, rule.item);
-        if (!number || HasItem(record, rule.unless))
+    Size& size = sizes_[number];
+    if (size.keyword != keyword_)
+        size = {keyword_, context_.dimensions.FindLimit(context_.rules.indices[number].size)};
+    return size.limit;
+}
+
+/// One finding for each size: a range that is outside has both its ends there.
+bool NumberChecks::CheckIndices(
+    const RecordRules& rules, const IKeywordRecordData& record, const ValuePosition& position)
+{
+    std::size_t reported = sizes_.size();
+    for (const RecordRules::Index& index : rules.indices) {
+        const long long number = NumberOf(record, index.item);
+        const long long most = LimitOf(index.number);
+        if (number <= most || index.number == reported || HasItem(record, index.unless))
             continue;
-        const auto& most = sizes_[rule.rule];
-        const std::string& size = rules_.indices[rule.rule].size;
-        if (most && *number > *most)
-            reporter_.Report(RangeOf(position, rule.item), Code::IndexOutside,
-                fmt::format("{}: {} is {}, but {} is {}", deck_.keywords.back().syntax->GetName(),
-                    ItemName(ItemMDOf(record, rule.item)), *number, size, *most),
-                "", {}, FindSize(deck_, dimensions_, size));
+        const IndexRule& rule = context_.rules.indices[index.number];
+        reported = index.number;
+        context_.reporter.ReportAs(rule.voice, RangeOf(position, index.item), Code::IndexOutside,
+            fmt::format("{}: {} is {}, but {} is {}", context_.GetName(), NameOfItem(record, index.item),
+                number, rule.size, most),
+            "", {}, FindSize(context_.deck, context_.dimensions, rule.size));
     }
+    return reported != sizes_.size();
 }
 
 void NumberChecks::CheckOrders(
     const RecordRules& rules, const IKeywordRecordData& record, const ValuePosition& position) const
 {
-    for (const RecordRules::Order& rule : rules.orders) {
-        const Optional<int> first = NumberOf(record, rule.first);
-        const Optional<int> last = NumberOf(record, rule.last);
-        if (first && last && *first > *last && *last > 0)
-            reporter_.Report(RangeOf(position, rule.first), Code::IndexOrder,
-                fmt::format("{}: {} is {}, but {} is {}", deck_.keywords.back().syntax->GetName(),
-                    ItemName(ItemMDOf(record, rule.first)), *first, ItemName(ItemMDOf(record, rule.last)),
-                    *last),
+    for (const RecordRules::Order& order : rules.orders) {
+        const long long first = NumberOf(record, order.first);
+        const long long last = NumberOf(record, order.last);
+        if (first > last && last > 0)
+            context_.reporter.ReportAs(order.rule->voice, RangeOf(position, order.first), Code::IndexOrder,
+                fmt::format("{}: {} is {}, but {} is {}", context_.GetName(), NameOfItem(record, order.first),
+                    first, NameOfItem(record, order.last), last),
                 "write the lower number first");
     }
 }
 
-void NumberChecks::CheckRegion(const RegionRule& rule) const
+/// A size is reported once: it is what is to be corrected.
+void NumberChecks::CheckRegion(const RegionRule& rule)
 {
-    const KeywordInstance& keyword = deck_.keywords.back();
-    const auto most = dimensions_.FindWhole(rule.size);
-    if (!most || !IsListOf(keyword.data->GetMD(), IKeywordDataMD::MDType::Integer))
+    const KeywordInstance& keyword = context_.GetKeyword();
+    const long long most = context_.dimensions.FindLimit(rule.size);
+    if (!IsListOf(keyword.data->GetMD(), IKeywordDataMD::MDType::Integer))
         return;
     const auto numbers = As<int>(static_cast<const IKeywordListData&>(*keyword.data));
     const auto highest = std::max_element(numbers.begin(), numbers.end());
-    if (highest == numbers.end() || *highest <= *most)
+    if (highest == numbers.end() || *highest <= most || !context_.dimensions.IsFirstReport(rule.size))
         return;
     const auto cell = static_cast<std::size_t>(std::distance(numbers.begin(), highest));
-    reporter_.Report(FindValue(deck_, keyword, {cell}), Code::RegionOutside,
-        fmt::format("{}: number {} in cell {}, but {}, the number of {}, is {}", keyword.syntax->GetName(),
-            *highest, cell + 1, rule.size, rule.what, *most),
+    context_.reporter.ReportAs(rule.voice, FindValue(context_.deck, keyword, {cell}), Code::RegionOutside,
+        fmt::format("{}: number {} in cell {}, but {}, the number of {}, is {}", context_.GetName(), *highest,
+            cell + 1, rule.size, rule.what, most),
         fmt::format("correct the number, or increase {}", rule.size), {},
-        FindSize(deck_, dimensions_, rule.size));
+        FindSize(context_.deck, context_.dimensions, rule.size));
 }
 
 void NumberChecks::CheckAssignments(
-    const RecordRules& rules, const IKeywordRecordData& record, const ValuePosition& position) const
+    const RecordRules& rules, const IKeywordRecordData& record, const ValuePosition& position)
 {
     for (const RecordRules::Assignment& item : rules.assignments) {
         const auto& array = *static_cast<const Optional<std::string>*>(record.GetData(item.array));
         const auto& value = *static_cast<const Optional<double>*>(record.GetData(item.value));
         const RegionRule* const rule = array && value ? FindRegion(ToUpper(*array)) : nullptr;
-        const auto most = rule ? dimensions_.FindWhole(rule->size) : std::nullopt;
-        if (most && *value > static_cast<double>(*most))
-            reporter_.Report(RangeOf(position, item.value), Code::RegionOutside,
-                fmt::format("{}: number {} for {}, but {}, the number of {}, is {}",
-                    deck_.keywords.back().syntax->GetName(), *value, ToUpper(*array), rule->size, rule->what,
-                    *most),
+        if (!rule)
+            continue;
+        const long long most = context_.dimensions.FindLimit(rule->size);
+        if (*value > static_cast<double>(most) && context_.dimensions.IsFirstReport(rule->size))
+            context_.reporter.ReportAs(rule->voice, RangeOf(position, {item.value}), Code::RegionOutside,
+                fmt::format("{}: number {} for {}, but {}, the number of {}, is {}", context_.GetName(),
+                    *value, ToUpper(*array), rule->size, rule->what, most),
                 fmt::format("correct the number, or increase {}", rule->size), {},
-                FindSize(deck_, dimensions_, rule->size));
+                FindSize(context_.deck, context_.dimensions, rule->size));
     }
 }
 
 /// Null if there is no rule for the array.
 const RegionRule* NumberChecks::FindRegion(const std::string& array) const
 {
-    for (const RegionRule& rule : rules_.regions) {
-        if (std::find(rule.arrays.begin(), rule.arrays.end(), array) != rule.arrays.end())
+    for (const RegionRule& rule : context_.rules.regions) {
+        if (Contains(rule.arrays, array))
             return &rule;
     }
     return nullptr;

@@ -2,6 +2,7 @@
 
 #include "quor/data/KeywordDataEqual.h"
 #include "quor/deck/internal/rules/Choices.h"
+#include "quor/deck/internal/rules/ItemSelections.h"
 #include "quor/deck/internal/rules/ValueRange.h"
 
 #include <fmt/format.h>
@@ -12,82 +13,121 @@ namespace Veld::Quor::Core::Decks {
 
 using namespace Core::Keywords;
 
+namespace {
+
+bool HaveOneRemedy(const NeedRule& a, const NeedRule& b)
+{
+    return a.in == b.in && std::any_of(a.anyOf.begin(), a.anyOf.end(), [&](const std::string& name) {
+        return Contains(b.anyOf, name);
+    });
+}
+
+} // namespace
+
 void PresenceChecks::Follow(const KeywordRules& rules)
 {
-    const KeywordInstance& keyword = deck_.keywords.back();
-    const auto index = static_cast<std::uint32_t>(deck_.keywords.size() - 1);
+    const KeywordInstance& keyword = context_.GetKeyword();
+    const auto index = static_cast<std::uint32_t>(context_.deck.keywords.size() - 1);
     const auto [first, isFirst] = first_.try_emplace(keyword.syntax, index);
-    if (rules.isOnce && !isFirst)
-        ReportRepeated(keyword, deck_.keywords[first->second]);
+    if (rules.once && !isFirst)
+        ReportRepeated(context_.deck.keywords[first->second], *rules.once);
     if (rules.exclusive && isFirst)
-        ReportConflict(keyword, *rules.exclusive);
+        ReportConflict(*rules.exclusive);
 }
 
 /// One that says the same again does no harm.
-void PresenceChecks::ReportRepeated(const KeywordInstance& keyword, const KeywordInstance& first)
+void PresenceChecks::ReportRepeated(const KeywordInstance& first, const OnceRule& rule)
 {
+    const KeywordInstance& keyword = context_.GetKeyword();
     if (!keyword.data || !first.data || KeywordDataEqual(*first.data, *keyword.data))
         return;
-    reporter_.Report(keyword.name, Code::RepeatedKeyword,
-        fmt::format("{} is repeated with other values", keyword.syntax->GetName()), "remove one of them", {},
+    context_.reporter.ReportAs(rule.voice, keyword.name, Code::RepeatedKeyword,
+        fmt::format("{} is repeated with other values", context_.GetName()), "remove one of them", {},
         Related(first, "the first is here"));
 }
 
-void PresenceChecks::ReportConflict(const KeywordInstance& keyword, const ExclusiveRule& rule)
+void PresenceChecks::ReportConflict(const ExclusiveRule& rule)
 {
     const auto [other, isOnly] =
-        exclusive_.try_emplace(&rule, static_cast<std::uint32_t>(deck_.keywords.size() - 1));
+        exclusive_.try_emplace(&rule, static_cast<std::uint32_t>(context_.deck.keywords.size() - 1));
     if (isOnly)
         return;
-    const KeywordInstance& first = deck_.keywords[other->second];
-    reporter_.Report(keyword.name, Code::ConflictingKeywords,
-        fmt::format("{} contradicts {}; expected one {}", keyword.syntax->GetName(), first.syntax->GetName(),
-            rule.what),
+    const KeywordInstance& first = context_.deck.keywords[other->second];
+    context_.reporter.ReportAs(rule.voice, context_.GetKeyword().name, Code::ConflictingKeywords,
+        fmt::format(
+            "{} contradicts {}; expected one {}", context_.GetName(), first.syntax->GetName(), rule.what),
         "remove one of them", {}, Related(first, fmt::format("{} is here", first.syntax->GetName())));
 }
 
 /// A deck without one of the sections of a whole one is a part of a deck.
 bool PresenceChecks::IsWholeDeck() const
 {
-    return !rules_.whole.empty()
-        && std::all_of(rules_.whole.begin(), rules_.whole.end(), [this](const std::string& name) {
-               const KeywordInstance* const section = FindFirst(name);
-               return section && !IsEmpty(*section);
-           });
+    return !context_.rules.whole.empty()
+        && std::all_of(
+            context_.rules.whole.begin(), context_.rules.whole.end(), [this](const std::string& name) {
+                const KeywordInstance* const section = FindFirst(name);
+                return section && !IsEmpty(*section);
+            });
 }
 
+/// What one keyword would give is reported as one.
 void PresenceChecks::EndDeck()
 {
-    if (std::all_of(rules_.whole.begin(), rules_.whole.end(),
-            [this](const std::string& name) { return FindFirst(name); })) {
-        for (const NeedRule& rule : rules_.needs)
-            CheckNeed(rule);
+    if (!std::all_of(context_.rules.whole.begin(), context_.rules.whole.end(),
+            [this](const std::string& name) { return FindFirst(name); }))
+        return;
+    std::vector<std::vector<const NeedRule*>> groups;
+    for (const NeedRule& rule : context_.rules.needs) {
+        if (!IsMissing(rule))
+            continue;
+        const auto group = std::find_if(groups.begin(), groups.end(), [&](const auto& others) {
+            return std::any_of(others.begin(), others.end(),
+                [&](const NeedRule* other) { return HaveOneRemedy(*other, rule); });
+        });
+        if (group == groups.end())
+            groups.push_back({&rule});
+        else
+            group->push_back(&rule);
     }
+    for (const auto& group : groups)
+        ReportMissing(group);
 }
 
 /// Of a keyword that begins a section.
 bool PresenceChecks::IsEmpty(const KeywordInstance& section) const
 {
     const KeywordInstance* const next = &section + 1;
-    return &section == &deck_.keywords.back() || next->section != section.section;
+    return &section == &context_.GetKeyword() || next->section != section.section;
 }
 
 /// An empty section lacks nothing.
-void PresenceChecks::CheckNeed(const NeedRule& rule)
+bool PresenceChecks::IsMissing(const NeedRule& rule) const
 {
     const auto isThere = [this](const std::string& name) { return Has(name); };
     const KeywordInstance* const section = FindFirst(rule.in);
-    if (!section || !std::all_of(rule.when.begin(), rule.when.end(), isThere)
-        || std::any_of(rule.unless.begin(), rule.unless.end(), isThere)
-        || std::any_of(rule.anyOf.begin(), rule.anyOf.end(), isThere))
-        return;
-    if (IsEmpty(*section))
-        return;
-    reporter_.Report(section->name, Code::MissingKeyword,
-        fmt::format("{}: no {}; expected {}", rule.in, rule.what, Choices(rule.anyOf)),
-        rule.when.empty() ? "" : fmt::format("{} requires it", rule.when.front()), {},
-        rule.when.empty() ? std::vector<FindingReporter::Related>()
-                          : Related(*FindFirst(rule.when.front()), rule.when.front() + " is here"));
+    return section && !IsEmpty(*section) && std::all_of(rule.when.begin(), rule.when.end(), isThere)
+        && std::none_of(rule.unless.begin(), rule.unless.end(), isThere)
+        && std::none_of(rule.anyOf.begin(), rule.anyOf.end(), isThere);
+}
+
+void PresenceChecks::ReportMissing(const std::vector<const NeedRule*>& rules)
+{
+    const NeedRule& first = *rules.front();
+    std::string missing;
+    std::vector<std::string> keywords;
+    for (const NeedRule* const rule : rules) {
+        if (missing.find(rule->what) == std::string::npos)
+            missing += fmt::format("{}no {}", missing.empty() ? "" : ", ", rule->what);
+        for (const std::string& name : rule->anyOf) {
+            if (!Contains(keywords, name))
+                keywords.push_back(name);
+        }
+    }
+    context_.reporter.ReportAs(first.voice, FindFirst(first.in)->name, Code::MissingKeyword,
+        fmt::format("{}: {}; expected {}", first.in, missing, Choices(keywords)),
+        first.when.empty() ? "" : fmt::format("{} requires it", first.when.front()), {},
+        first.when.empty() ? std::vector<FindingReporter::Related>()
+                           : Related(*FindFirst(first.when.front()), first.when.front() + " is here"));
 }
 
 bool PresenceChecks::Has(const std::string& name) const
@@ -98,9 +138,9 @@ bool PresenceChecks::Has(const std::string& name) const
 /// Null if the deck has no such keyword.
 const KeywordInstance* PresenceChecks::FindFirst(const std::string& name) const
 {
-    for (const IKeywordSyntax* const syntax : deck_.language.LookupAll(name)) {
+    for (const IKeywordSyntax* const syntax : context_.deck.language.LookupAll(name)) {
         if (const auto first = first_.find(syntax); first != first_.end())
-            return &deck_.keywords[first->second];
+            return &context_.deck.keywords[first->second];
     }
     return nullptr;
 }

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "quor/deck/internal/check/FindingReporter.h"
-#include "quor/deck/internal/read/contents/DeckContents.h"
 #include "quor/deck/internal/rules/NameChecks.h"
+#include "quor/deck/internal/rules/RuleContext.h"
 #include "quor/deck/internal/rules/RulePlans.h"
 
 #include <cstdint>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -15,12 +15,9 @@ namespace Veld::Quor::Core::Decks {
 /// repeated.
 class PresenceChecks {
 public:
-    PresenceChecks(
-        const RuleSet& rules, const DeckContents& deck, const NameChecks& names, FindingReporter& reporter)
-        : rules_(rules)
-        , deck_(deck)
+    PresenceChecks(const RuleContext& context, const NameChecks& names)
+        : context_(context)
         , names_(names)
-        , reporter_(reporter)
     {
     }
 
@@ -30,19 +27,19 @@ public:
     void EndDeck();
     /// Whether the deck is no part of one.
     bool IsWholeDeck() const;
+    /// Whether the deck has the keyword up to now, or an operation makes the array of that name.
+    bool Has(const std::string& name) const;
 
 private:
-    void ReportRepeated(const KeywordInstance& keyword, const KeywordInstance& first);
-    void ReportConflict(const KeywordInstance& keyword, const ExclusiveRule& rule);
+    void ReportRepeated(const KeywordInstance& first, const OnceRule& rule);
+    void ReportConflict(const ExclusiveRule& rule);
     bool IsEmpty(const KeywordInstance& section) const;
-    void CheckNeed(const NeedRule& rule);
-    bool Has(const std::string& name) const;
+    bool IsMissing(const NeedRule& rule) const;
+    void ReportMissing(const std::vector<const NeedRule*>& rules);
     const KeywordInstance* FindFirst(const std::string& name) const;
 
-    const RuleSet& rules_;
-    const DeckContents& deck_;
+    RuleContext context_;
     const NameChecks& names_;
-    FindingReporter& reporter_;
     std::unordered_map<const Keywords::IKeywordSyntax*, std::uint32_t> first_; // keyword of each
     std::unordered_map<const ExclusiveRule*, std::uint32_t> exclusive_; // the one that is there
 };

@@ -34,35 +34,65 @@ bool IsRecord(const IKeywordData& data)
 
 } // namespace
 
-RuleChecks::RuleChecks(
-    const RuleSet& rules, const DeckContents& deck, const Dimensions& dimensions, FindingReporter& reporter)
-    : deck_(deck)
-    , plans_(rules)
-    , names_(rules, deck, dimensions, reporter)
-    , numbers_(rules, deck, dimensions, reporter)
-    , presence_(rules, deck, names_, reporter)
+RuleChecks::RuleChecks(const RuleContext& context)
+    : deck_(context.deck)
+    , plans_(context.rules)
+    , names_(context)
+    , numbers_(context)
+    , presence_(context, names_)
+    , records_(context, presence_)
+    , members_(context)
+    , trees_(context)
+    , arrays_(context)
 {
 }
 
-void RuleChecks::Follow(bool isKnown)
+void RuleChecks::Follow(bool isKnown, bool isMisplaced)
 {
     const KeywordInstance& keyword = deck_.keywords.back();
     const KeywordRules& rules = plans_.Get(*keyword.syntax, keyword.section);
     presence_.Follow(rules);
+    if (rules.overwrite && isKnown)
+        arrays_.Follow(*rules.overwrite);
     if (rules.isOpener)
         Lose();
-    if (!keyword.data || !rules.HasData())
+    if (!keyword.data || !rules.HasData() || isMisplaced)
         return;
-    if (!isKnown) // what it defines may be incomplete
-        return Lose();
+    if (!isKnown)
+        return FollowUnsound(rules);
     isOfLocalGrid_ = IsOfLocalGrid(keyword.scope);
     numbers_.StartKeyword();
-    if (!rules.record.IsEmpty())
+    records_.StartKeyword();
+    if (!rules.record.isEmpty)
         CheckRoot(rules.record);
+    for (const LengthRule* const rule : rules.tables)
+        members_.CheckTables(*rule);
     if (!rules.elements.empty())
         CheckElements(rules.elements);
     if (rules.region)
         numbers_.CheckRegion(*rules.region);
+}
+
+void RuleChecks::FollowUnsound(const KeywordRules& rules)
+{
+    const std::string_view text = deck_.files.GetText(deck_.keywords.back().whole);
+    for (const RecordRules::Name& name : rules.elements) {
+        if (name.isDefinition)
+            names_.FollowUnsound(name.kind, text);
+    }
+    FollowUnsound(rules.record, text);
+}
+
+void RuleChecks::FollowUnsound(const RecordRules& rules, std::string_view text)
+{
+    for (const RecordRules::Name& name : rules.names) {
+        if (name.isDefinition)
+            names_.FollowUnsound(name.kind, text);
+    }
+    if (!rules.trees.empty())
+        trees_.Lose();
+    for (const RecordRules& inner : rules.inner)
+        FollowUnsound(inner, text);
 }
 
 /// Of any of the scopes, from the innermost outwards.
@@ -87,6 +117,7 @@ void RuleChecks::EndDeck(bool isSure)
     if (!isSure || !isWhole_)
         return;
     names_.EndDeck(presence_.IsWholeDeck());
+    trees_.EndDeck();
     presence_.EndDeck();
 }
 
@@ -100,47 +131,62 @@ void RuleChecks::CheckRoot(const RecordRules& rules)
 
 void RuleChecks::CheckRecord(const RecordRules& rules, const Record& record, const ValuePosition& position)
 {
-    for (const RecordRules::Name& rule : rules.names)
-        CheckItem(rule, record, position);
-    if (!isOfLocalGrid_)
-        numbers_.CheckIndices(rules, record, position);
-    numbers_.CheckOrders(rules, record, position);
+    CheckNames(rules, record, position);
+    const bool isOutside = !isOfLocalGrid_ && numbers_.CheckIndices(rules, record, position);
+    if (!isOutside)
+        numbers_.CheckOrders(rules, record, position);
     numbers_.CheckAssignments(rules, record, position);
+    records_.Check(rules, record, position);
+    members_.Check(rules, record, position);
+    trees_.Follow(rules, record, position);
     for (const RecordRules& inner : rules.inner)
         CheckInner(inner, *static_cast<const IKeywordData*>(record.GetData(inner.item)), position);
+}
+
+/// An item that names nothing of one kind is not reported as none of another.
+void RuleChecks::CheckNames(const RecordRules& rules, const Record& record, const ValuePosition& position)
+{
+    int reported = -1;
+    for (const RecordRules::Name& rule : rules.names) {
+        if (rule.item != reported && CheckItem(rule, record, position))
+            reported = rule.item;
+        if (rule.isArray && rule.type == MDType::String)
+            arrays_.Forget(static_cast<const Optional<std::string>*>(record.GetData(rule.item))->ValueOr(""));
+    }
 }
 
 /// A record within a record, or a list of them.
 void RuleChecks::CheckInner(const RecordRules& rules, const IKeywordData& data, const ValuePosition& position)
 {
-    const ValuePosition around = {position.element, rules.item, false};
+    const bool isFirst = rules.item == 0 && IsRecord(data); // its values are the first ones of the data
+    const ValuePosition around = {position.element, rules.item, isFirst};
     if (IsRecord(data))
         return CheckRecord(rules, static_cast<const Record&>(data), around);
     ForEachRecord(data, [&](const Record& record, std::size_t) { CheckRecord(rules, record, around); });
 }
 
-/// A text, a whole number above 0, or a list of texts.
-void RuleChecks::CheckItem(const RecordRules::Name& rule, const Record& record, ValuePosition position)
+/// A text, a whole number above 0, or a list of texts. Whether it was reported.
+bool RuleChecks::CheckItem(const RecordRules::Name& rule, const Record& record, ValuePosition position)
 {
     const void* const data = record.GetData(rule.item);
     position.item = rule.item;
-    switch (rule.type) {
-    case MDType::String:
-        if (const auto& name = *static_cast<const Optional<std::string>*>(data))
-            names_.Follow(rule, *name, position);
-        return;
-    case MDType::Integer:
-        if (const auto& number = *static_cast<const Optional<int>*>(data); number && *number > 0) {
-            char digits[16];
-            const char* const end = std::to_chars(std::begin(digits), std::end(digits), *number).ptr;
-            names_.Follow(rule, {digits, static_cast<std::size_t>(end - digits)}, position);
-        }
-        return;
-    default:
-        position.isFlat = false;
-        for (const std::string& name : As<std::string>(*static_cast<const IKeywordListData*>(data)))
-            names_.Follow(rule, name, position);
+    if (rule.type == MDType::String) {
+        const auto& name = *static_cast<const Optional<std::string>*>(data);
+        return name && names_.Follow(rule, *name, position);
     }
+    if (rule.type == MDType::Integer) {
+        const auto& number = *static_cast<const Optional<int>*>(data);
+        if (!number || *number <= 0)
+            return false;
+        char digits[16];
+        const char* const end = std::to_chars(std::begin(digits), std::end(digits), *number).ptr;
+        return names_.Follow(rule, {digits, static_cast<std::size_t>(end - digits)}, position);
+    }
+    position.isFlat = false;
+    bool isReported = false;
+    for (const std::string& name : As<std::string>(*static_cast<const IKeywordListData*>(data)))
+        isReported = names_.Follow(rule, name, position) || isReported;
+    return isReported;
 }
 
 void RuleChecks::CheckElements(const std::vector<RecordRules::Name>& rules)

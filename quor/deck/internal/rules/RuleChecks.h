@@ -1,9 +1,13 @@
 #pragma once
 
+#include "quor/deck/internal/rules/ArrayChecks.h"
+#include "quor/deck/internal/rules/MemberChecks.h"
 #include "quor/deck/internal/rules/NameChecks.h"
 #include "quor/deck/internal/rules/NumberChecks.h"
 #include "quor/deck/internal/rules/PresenceChecks.h"
+#include "quor/deck/internal/rules/RecordChecks.h"
 #include "quor/deck/internal/rules/RulePlans.h"
+#include "quor/deck/internal/rules/TreeChecks.h"
 
 #include <cstdint>
 #include <string_view>
@@ -17,12 +21,11 @@ namespace Veld::Quor::Core::Decks {
 /// are taken for defined.
 class RuleChecks {
 public:
-    RuleChecks(const RuleSet& rules, const DeckContents& deck, const Dimensions& dimensions,
-        FindingReporter& reporter);
+    explicit RuleChecks(const RuleContext& context);
 
     /// Follows the last keyword of the deck. `isKnown`: its data are what its text says, without variables
-    /// that have no value.
-    void Follow(bool isKnown);
+    /// that have no value. `isMisplaced`: it lacks a keyword before it, so that what it names isn't there.
+    void Follow(bool isKnown, bool isMisplaced);
     /// Something could not be read.
     void Lose();
     /// `isSure`: no keyword of the deck was missed.
@@ -32,11 +35,14 @@ private:
     using Record = Keywords::IKeywordRecordData;
 
     bool IsOfLocalGrid(std::uint32_t scope);
+    void FollowUnsound(const KeywordRules& rules);
+    void FollowUnsound(const RecordRules& rules, std::string_view text);
     void CheckRoot(const RecordRules& rules);
     void CheckRecord(const RecordRules& rules, const Record& record, const ValuePosition& position);
     void CheckInner(
         const RecordRules& rules, const Keywords::IKeywordData& data, const ValuePosition& position);
-    void CheckItem(const RecordRules::Name& rule, const Record& record, ValuePosition position);
+    void CheckNames(const RecordRules& rules, const Record& record, const ValuePosition& position);
+    bool CheckItem(const RecordRules::Name& rule, const Record& record, ValuePosition position);
     void CheckElements(const std::vector<RecordRules::Name>& rules);
 
     const DeckContents& deck_;
@@ -44,6 +50,10 @@ private:
     NameChecks names_;
     NumberChecks numbers_;
     PresenceChecks presence_;
+    RecordChecks records_;
+    MemberChecks members_;
+    TreeChecks trees_;
+    ArrayChecks arrays_;
     bool isOfLocalGrid_ = false; // the last keyword
     bool isWhole_ = true; // nothing was missed
 };

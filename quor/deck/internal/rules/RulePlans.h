@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quor/deck/internal/rules/RecordValues.h"
 #include "quor/deck/internal/rules/RuleSet.h"
 #include "quor/metadata/IKeywordDataMD.h"
 #include "quor/syntax/IKeywordSyntax.h"
@@ -21,33 +22,69 @@ struct RecordRules {
         Keywords::IKeywordDataMD::MDType::Enum type; ///< of the item; a list if it is one of texts
         bool isDefinition;
         bool mayComeFirst;
+        bool isArray; ///< names of the kind are arrays
+        const FindingVoice* voice;
     };
     struct Index {
-        std::size_t rule; ///< index among the rules of indices
-        int item;
-        int unless; ///< an item; -1: none
+        std::size_t number; ///< among the rules of indices
+        RuleItem item;
+        RuleItem unless;
     };
     struct Order {
-        int first;
-        int last;
+        const OrderRule* rule;
+        RuleItem first;
+        RuleItem last;
     };
-
     struct Assignment {
         int array;
         int value;
+    };
+    struct Member {
+        const MemberRule* rule;
+        std::size_t number; ///< among the rules of members
+        RuleItem owner;
+        std::vector<RuleItem> items;
+        RuleItem last;
+    };
+    struct Length {
+        const LengthRule* rule;
+        RuleItem item;
+    };
+    struct Distinct {
+        const DistinctRule* rule;
+        std::size_t number; ///< among the rules of what is distinct
+        std::vector<RuleItem> items;
+        RuleItem last;
+    };
+    struct Condition {
+        const RequireRule::Condition* rule;
+        RuleItem item;
+    };
+    struct Requirement {
+        const RequireRule* rule;
+        Condition when;
+        std::vector<RuleItem> items;
+        std::vector<Condition> unless;
+    };
+    struct Tree {
+        std::size_t number; ///< among the rules of trees
+        bool isMember; ///< what is below the name is no name of the tree
+        RuleItem below;
+        RuleItem above;
     };
 
     std::vector<Name> names;
     std::vector<Index> indices;
     std::vector<Order> orders;
     std::vector<Assignment> assignments;
+    std::vector<Member> members;
+    std::vector<Length> lengths;
+    std::vector<Distinct> distinct;
+    std::vector<Requirement> requirements;
+    std::vector<Tree> trees;
     std::vector<RecordRules> inner; ///< of items that are records or lists of records
     int item = -1; ///< of these: the item
-
-    bool IsEmpty() const
-    {
-        return names.empty() && indices.empty() && orders.empty() && assignments.empty() && inner.empty();
-    }
+    bool isEmpty = true; ///< there is no rule
 };
 
 /// What the rules say of one keyword in one section.
@@ -56,11 +93,13 @@ struct KeywordRules {
     std::vector<RecordRules::Name> elements; ///< of the list of texts that it has as data
     const RegionRule* region = nullptr;
     const ExclusiveRule* exclusive = nullptr;
-    bool isOnce = false;
+    const OnceRule* once = nullptr;
+    const OverwriteRule* overwrite = nullptr;
+    std::vector<const LengthRule*> tables; ///< of the list of tables that it carries
     bool isOpener = false;
     bool isOfLocalGrid = false; ///< what is in its scope
 
-    bool HasData() const { return !record.IsEmpty() || !elements.empty() || region; }
+    bool HasData() const { return !record.isEmpty || !elements.empty() || region || !tables.empty(); }
 };
 
 /// Works out once a deck what the rules say of each of its keywords.
@@ -72,16 +111,19 @@ public:
     {
     }
 
+    using Key = std::pair<const Keywords::IKeywordSyntax*, Keywords::SectionType::Enum>;
+
     /// Lasts as long as this object.
     const KeywordRules& Get(const Keywords::IKeywordSyntax& syntax, Keywords::SectionType::Enum section);
 
 private:
-    using Key = std::pair<const Keywords::IKeywordSyntax*, Keywords::SectionType::Enum>;
-
     KeywordRules Make(const Key& key) const;
     RecordRules MakeRecord(const Key& key, const Keywords::IKeywordDataMD& md) const;
     void AddNames(const Key& key, const Keywords::IKeywordDataMD& md, RecordRules& record) const;
     void AddNumbers(const Key& key, const Keywords::IKeywordDataMD& md, RecordRules& record) const;
+    void AddMembers(const Key& key, const Keywords::IKeywordDataMD& md, RecordRules& record) const;
+    void AddRequirements(const Key& key, const Keywords::IKeywordDataMD& md, RecordRules& record) const;
+    void AddTrees(const Key& key, const Keywords::IKeywordDataMD& md, RecordRules& record) const;
 
     const RuleSet& rules_;
     std::map<Key, std::unique_ptr<const KeywordRules>> plans_;

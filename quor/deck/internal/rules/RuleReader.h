@@ -1,23 +1,21 @@
 #pragma once
 
+#include "quor/deck/internal/rules/RuleElement.h"
 #include "quor/deck/internal/rules/RuleSet.h"
-#include "quor/foundation/service/xml/DomForward.h"
 
+#include <functional>
 #include <string>
+#include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
-/// Adds the rules of a document to those that are there; `name` is for messages. Throws `RuleError` for what
-/// is no rule.
-void ReadRules(const xercesc::DOMElement& root, const std::string& name, RuleSet& rules);
+/// Adds the rules of a document to those that are there. `onFailure` is called for what is no rule; the
+/// others are read all the same.
+void ReadRules(const RuleNode& root, const RuleOrigin& origin, RuleSet& rules,
+    const std::function<void(const RuleFailure&)>& onFailure);
 
-/// The same for a file, which is checked as one that comes from a stranger.
-void ReadRuleFile(const std::string& path, RuleSet& rules);
-
-/// Adds rules to others.
-void Append(RuleSet more, RuleSet& rules);
-
-/// The built-in rules.
-const RuleSet& BuiltinRules();
+/// The rules that the library carries, and those of files, which are checked as what comes from a stranger.
+/// Throws `RuleError`.
+RuleSet ReadAllRules(Keywords::KeywordSyntaxTable& table, const std::vector<std::string>& files);
 
 } // namespace Veld::Quor::Core::Decks

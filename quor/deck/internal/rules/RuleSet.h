@@ -1,6 +1,7 @@
 #pragma once
 
 #include "quor/deck/internal/rules/PhysicalRole.h"
+#include "quor/deck/internal/check/FindingVoice.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/syntax/SummaryCategories.h"
 
@@ -24,6 +25,7 @@ struct ItemSelection {
 /// Names of one kind: which items define them, and which must name one that is defined.
 struct NameRule {
     struct Use {
+        FindingVoice voice;
         ItemSelection where;
         bool isDefinition = false;
         bool mayComeFirst = false; ///< before the definition: judged at the end of the deck
@@ -40,17 +42,20 @@ struct NameRule {
 
 /// A whole number that counts along a size of the deck.
 struct IndexRule {
+    FindingVoice voice;
     ItemSelection where;
     std::string size; ///< "NX"
 };
 
 /// Two whole numbers of a record, the first not above the last.
 struct OrderRule {
+    FindingVoice voice;
     ItemSelection where; ///< its items: first and last
 };
 
 /// Arrays whose numbers choose from so many tables or regions.
 struct RegionRule {
+    FindingVoice voice;
     std::vector<std::string> arrays;
     std::string size;
     std::string what; ///< "saturation tables"
@@ -65,6 +70,7 @@ struct AssignmentRule {
 
 /// What a whole deck must have.
 struct NeedRule {
+    FindingVoice voice;
     std::vector<std::string> anyOf;
     std::string in; ///< the section keyword at which it is missed
     std::string what; ///< "properties of oil"
@@ -74,15 +80,92 @@ struct NeedRule {
 
 /// Keywords of which a deck has one at most.
 struct ExclusiveRule {
+    FindingVoice voice;
     std::vector<std::string> keywords;
     std::string what; ///< "system of units"
 };
 
+/// Keywords that a deck has once at most.
+struct OnceRule {
+    FindingVoice voice;
+    std::vector<std::string> keywords;
+};
+
+/// A size that a keyword of RUNSPEC gives. Where it gives none, nothing is judged.
+struct SizeLimit {
+    std::string item; ///< "MAXWELLS"
+    std::string keyword; ///< "WELLDIMS"
+    std::string name; ///< of the size: "WELLDIMS.MAXWELLS"
+};
+
 /// How many names of a kind there may be.
 struct CountRule {
+    FindingVoice voice;
     std::string noun; ///< of a `NameRule`
-    std::string size; ///< "MAXWELLS"
-    std::string setBy; ///< the keyword that gives it: without it nothing is judged
+    SizeLimit limit;
+};
+
+/// How many records, or cells of them, a keyword may have for each of its owners.
+struct MemberRule {
+    FindingVoice voice;
+    std::vector<std::string> keywords;
+    std::string owner; ///< an item; empty: all records together
+    std::vector<std::string> items; ///< what tells members apart; empty: each record is one
+    std::string last; ///< an item: the last of `items` runs from its number to this one; may be empty
+    bool hasOneOwner = false; ///< a member that another owner has was moved from it
+    std::string what; ///< "connections"
+    SizeLimit limit;
+};
+
+/// How long a list may be: a table's rows, or a record's list of values.
+struct LengthRule {
+    FindingVoice voice;
+    std::vector<std::string> keywords;
+    std::string item; ///< the list; empty: each table of a keyword that carries tables
+    std::string what; ///< "rows"
+    SizeLimit limit;
+};
+
+/// What no two records of one keyword have in common.
+struct DistinctRule {
+    FindingVoice voice;
+    std::vector<std::string> keywords;
+    std::vector<std::string> items;
+    std::string last; ///< as that of a `MemberRule`
+};
+
+/// What a record must give when it gives something else.
+struct RequireRule {
+    struct Condition {
+        std::string item; ///< has a value that is not 0
+        std::string word; ///< has this one, of a choice; may be empty
+    };
+
+    FindingVoice voice;
+    std::vector<std::string> keywords;
+    Condition when;
+    std::vector<std::string> items; ///< one of them
+    std::vector<std::string> present; ///< or one of these keywords
+    std::vector<Condition> unless; ///< none of these holds
+};
+
+/// Names that form a tree.
+struct TreeRule {
+    FindingVoice voice;
+    std::string noun; ///< of a `NameRule`
+    std::vector<std::string> keywords; ///< that place a name below another
+    std::string child; ///< item
+    std::string parent; ///< item
+    std::vector<std::string> memberKeywords; ///< whose records put something into the name of item `child`
+    std::string member; ///< item that names this; empty if there are no such keywords
+    std::string what; ///< this: "wells"
+};
+
+/// Arrays that a section has once, unless an operation comes between.
+struct OverwriteRule {
+    FindingVoice voice;
+    std::vector<Keywords::SectionType::Enum> sections; ///< empty: all
+    std::vector<std::string> except; ///< arrays
 };
 
 /// What keywords, or items of them, are in the physics of a deck.
@@ -110,10 +193,17 @@ struct RuleSet {
     std::vector<AssignmentRule> assignments;
     std::vector<NeedRule> needs;
     std::vector<ExclusiveRule> exclusives;
-    std::vector<std::string> once; ///< keywords that a deck has once at most
+    std::vector<OnceRule> once;
     std::vector<CountRule> counts;
     std::vector<RoleRule> roles;
     std::vector<MagnitudeRule> magnitudes;
+    std::vector<MemberRule> members;
+    std::vector<LengthRule> lengths;
+    std::vector<DistinctRule> distinct;
+    std::vector<RequireRule> requirements;
+    std::vector<TreeRule> trees;
+    std::vector<OverwriteRule> overwrites;
+    std::vector<std::string> ownCodes; ///< of findings, beside those of the library, each once
     std::vector<std::string> whole; ///< what a deck has that is no part of one
     std::vector<std::string> localGrids; ///< keywords in whose scope numbers count along other sizes
     std::vector<std::string> openers; ///< keywords that bring in what the deck doesn't show

@@ -66,7 +66,8 @@ std::vector<FindingReporter::Related> FindSize(
     const DeckContents& deck, const Dimensions& dimensions, const std::string& size)
 {
     const auto given = dimensions.FindGiven(size);
-    return given ? Related(deck.keywords[given->keyword], fmt::format("{} is {} here", size, given->value))
+    const std::string item = size.substr(size.find('.') + 1);
+    return given ? Related(deck.keywords[given->keyword], fmt::format("{} is {} here", item, given->value))
                  : std::vector<FindingReporter::Related>();
 }
 

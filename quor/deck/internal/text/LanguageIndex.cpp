@@ -1,5 +1,6 @@
 #include "quor/deck/internal/text/LanguageIndex.h"
 
+#include "quor/deck/internal/rules/RuleSet.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
@@ -34,7 +35,7 @@ bool EndsItself(const IKeywordSyntax& opener)
     return std::find(ends.begin(), ends.end(), &opener) != ends.end();
 }
 
-LanguageIndex::LanguageIndex(KeywordSyntaxTable& table, RuleSet rules)
+LanguageIndex::LanguageIndex(KeywordSyntaxTable& table, std::unique_ptr<const RuleSet> rules)
     : table_(table)
     , rules_(std::move(rules))
     , nearestNames_(table)
@@ -50,6 +51,13 @@ LanguageIndex::LanguageIndex(KeywordSyntaxTable& table, RuleSet rules)
         if (syntax.GetFirstValidSection() == SectionType::RUNSPEC)
             AppendIntegers(syntax.GetDataMD(), sizes_);
     }
+}
+
+LanguageIndex::~LanguageIndex() = default;
+
+const std::vector<std::string>& LanguageIndex::GetOwnCodes() const
+{
+    return rules_->ownCodes;
 }
 
 std::string LanguageIndex::FindName(std::string_view name) const

@@ -1,18 +1,20 @@
 #pragma once
 
-#include "quor/deck/internal/rules/RuleSet.h"
 #include "quor/deck/internal/text/NearestNames.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/metadata/IKeywordIntegerMD.h"
 #include "quor/syntax/IKeywordSyntax.h"
 #include "quor/syntax/KeywordSyntaxTable.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_set>
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
+
+struct RuleSet;
 
 /// Whether the scope that the keyword opens is ended by the same keyword too. Such a scope need not be
 /// closed.
@@ -22,7 +24,10 @@ bool EndsItself(const Core::Keywords::IKeywordSyntax& opener);
 /// read decks at once. Must not outlive the table.
 class LanguageIndex {
 public:
-    LanguageIndex(Core::Keywords::KeywordSyntaxTable& table, RuleSet rules);
+    LanguageIndex(Core::Keywords::KeywordSyntaxTable& table, std::unique_ptr<const RuleSet> rules);
+    ~LanguageIndex();
+    LanguageIndex(const LanguageIndex&) = delete;
+    LanguageIndex& operator=(const LanguageIndex&) = delete;
 
     /// All that the table knows under the name; empty if it is no keyword.
     std::vector<const Core::Keywords::IKeywordSyntax*> LookupAll(const std::string& name) const
@@ -47,14 +52,16 @@ public:
         return scopeEnds_.count(&syntax) > 0;
     }
     /// What holds between the keywords of a deck.
-    const RuleSet& GetRules() const { return rules_; }
+    const RuleSet& GetRules() const { return *rules_; }
+    /// The codes of findings that rules have beside those of the library.
+    const std::vector<std::string>& GetOwnCodes() const;
     const NearestNames& GetNearestNames() const { return nearestNames_; }
     /// The whole numbers of the records of RUNSPEC, in the order of the table.
     const std::vector<const Core::Keywords::IKeywordIntegerMD*>& GetSizes() const { return sizes_; }
 
 private:
     Core::Keywords::KeywordSyntaxTable& table_;
-    RuleSet rules_;
+    std::unique_ptr<const RuleSet> rules_;
     NearestNames nearestNames_;
     std::vector<std::string> structureNames_;
     std::unordered_set<const Core::Keywords::IKeywordSyntax*> scopeEnds_;

@@ -29,7 +29,7 @@ DeckReader::DeckReader(const std::string& path, const ReadSettings& options, con
     : options_(WithSource(options))
     , vocabulary_(language, options.target)
     , deck_(std::make_unique<DeckContents>(language, options.maxFindings))
-    , reporter_(deck_->files, deck_->findings, options.isKnown, options.isStrict)
+    , reporter_(deck_->files, deck_->findings, options.isKnown, options.isStrict, language.GetOwnCodes())
     , text_(path, *options_.source, options.target, vocabulary_, deck_->files, reporter_)
     , plans_(options.target)
     , dimensions_(language, options.target.simulator)
@@ -41,7 +41,7 @@ DeckReader::DeckReader(const std::string& path, const ReadSettings& options, con
     , scopes_(language, *deck_, dimensions_, reporter_)
     , precedents_(reporter_)
     , timeLine_(*deck_, reporter_, options.target.simulator)
-    , rules_(language.GetRules(), *deck_, dimensions_, reporter_)
+    , rules_({language.GetRules(), *deck_, dimensions_, reporter_})
     , physics_(language.GetRules(), *deck_, dimensions_, reporter_, options.target.simulator)
 {
     text_.SetProgress(options.progress);
@@ -110,11 +110,12 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
         rules_.Lose();
         physics_.Lose();
     }
+    const std::size_t before = reporter_.GetErrorCount();
+    precedents_.Follow(deck_->keywords.back(), sections_.IsSure() && !mayMissKeywords_ && !isReported);
     if (!isReported && !isGuess) {
-        rules_.Follow(isKnown);
+        rules_.Follow(isKnown, before != reporter_.GetErrorCount());
         physics_.Follow(isKnown);
     }
-    precedents_.Follow(deck_->keywords.back(), sections_.IsSure() && !mayMissKeywords_ && !isReported);
     scopes_.Follow(mayMissKeywords_);
 }
 
@@ -170,7 +171,7 @@ void DeckReader::FollowSizes(const KeywordInstance& keyword)
     if (name == "BOX")
         dimensions_.SetBox(*keyword.data);
     else if (keyword.section == SectionType::RUNSPEC)
-        dimensions_.Add(*keyword.data, static_cast<std::uint32_t>(deck_->keywords.size() - 1));
+        dimensions_.Add(name, *keyword.data, static_cast<std::uint32_t>(deck_->keywords.size() - 1));
 }
 
 /// What is wrong with one of them was reported, and needn't be reported of each file that is found by the

@@ -6,6 +6,8 @@
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
 
+#include <limits>
+
 namespace Veld::Quor::Core::Decks {
 
 using namespace Core::Keywords;
@@ -32,7 +34,7 @@ Dimensions::Dimensions(const LanguageIndex& language, SimulatorType::Enum simula
     }
 }
 
-void Dimensions::Add(const IKeywordData& data, std::uint32_t keyword)
+void Dimensions::Add(const std::string& name, const IKeywordData& data, std::uint32_t keyword)
 {
     if (KeywordUtils::GetMDType(data.GetMD()) != MDType::Record)
         return;
@@ -41,18 +43,25 @@ void Dimensions::Add(const IKeywordData& data, std::uint32_t keyword)
         if (KeywordUtils::GetMDType(record.GetItemMD(i)) != MDType::Integer)
             continue;
         const auto& item = static_cast<const IKeywordIntegerMD&>(*record.GetItemMD(i));
-        Optional<int> value = ValueOf(data, i);
+        const Optional<int> given = ValueOf(data, i);
+        const Optional<int> value = given ? given : item.GetDefault(simulator_);
         if (!value)
-            value = item.GetDefault(simulator_);
-        if (value)
-            frames_.back()[item.GetName()] = {*value, keyword};
+            continue;
+        const Given size = {*value, keyword, !given};
+        const std::string own = name + '.' + item.GetName();
+        Sizes& frame = frames_.back();
+        const auto other = frame.find(item.GetName());
+        const bool isOfOther = other != frame.end() && frame.count(own) == 0;
+        if (!isOfOther || other->second.value < size.value || other->second.isDefault)
+            frame[item.GetName()] = size;
+        frame[own] = size;
     }
 }
 
 void Dimensions::SetBox(const IKeywordData& data)
 {
     box_.clear();
-    Sizes box;
+    Numbers box;
     const char* const names[] = {"NX", "NY", "NZ"};
     constexpr MDType::Enum bound = MDType::Integer;
     if (!IsRecordOf(data.GetMD(), {bound, bound, bound, bound, bound, bound}))
@@ -86,6 +95,12 @@ std::optional<long long> Dimensions::FindOfGrid(const std::string& name) const
         return given->value;
     const auto size = defaults_.find(name);
     return size == defaults_.end() ? std::nullopt : std::optional(size->second);
+}
+
+long long Dimensions::FindLimit(const std::string& name) const
+{
+    const long long size = FindWhole(name).value_or(0);
+    return size > 0 ? size : std::numeric_limits<long long>::max();
 }
 
 std::optional<Dimensions::Given> Dimensions::FindGiven(const std::string& name) const

@@ -20,9 +20,10 @@ class Dimensions {
 public:
     Dimensions(const LanguageIndex& language, Core::Keywords::SimulatorType::Enum simulator);
 
-    /// Takes the whole numbers of a record; other data have none. `keyword`: which has them, among those of
-    /// the deck.
-    void Add(const Core::Keywords::IKeywordData& data, std::uint32_t keyword);
+    /// Takes the whole numbers of a record; other data have none. Each is there as "ITEM" and as
+    /// "KEYWORD.ITEM": two keywords may have an item of one name: the greater number holds. `keyword`: which
+    /// has them, among those of the deck.
+    void Add(const std::string& name, const Core::Keywords::IKeywordData& data, std::uint32_t keyword);
     /// What is added from now on holds until `Leave`.
     void Enter() { frames_.emplace_back(); }
     void Leave() { frames_.pop_back(); }
@@ -45,19 +46,28 @@ public:
     struct Given {
         long long value;
         std::uint32_t keyword;
+        bool isDefault; ///< the keyword leaves it out
     };
     std::optional<Given> FindGiven(const std::string& name) const;
+
+    /// What numbers may be at most: the size where it is more than 0, else the greatest number.
+    long long FindLimit(const std::string& name) const;
+
+    /// True the first time that it is asked of a size: one that is wrong is reported once.
+    bool IsFirstReport(const std::string& name) { return reported_.insert(name).second; }
 
 private:
     std::optional<long long> FindOfGrid(const std::string& name) const;
 
-    using Sizes = std::unordered_map<std::string, long long>;
+    using Numbers = std::unordered_map<std::string, long long>;
+    using Sizes = std::unordered_map<std::string, Given>;
 
     Core::Keywords::SimulatorType::Enum simulator_;
-    Sizes defaults_;
-    std::vector<std::unordered_map<std::string, Given>> frames_;
-    Sizes box_; // 0: not known
+    Numbers defaults_;
+    std::vector<Sizes> frames_;
+    Numbers box_; // 0: not known
     std::unordered_set<std::string> doubted_;
+    std::unordered_set<std::string> reported_;
 };
 
 } // namespace Veld::Quor::Core::Decks

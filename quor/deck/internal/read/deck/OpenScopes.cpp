@@ -24,7 +24,7 @@ void OpenScopes::Follow(bool mayMissKeywords)
     innermost_ = static_cast<std::uint32_t>(deck_.scopes.size() - 1);
     dimensions_.Enter();
     if (keyword.data)
-        dimensions_.Add(*keyword.data, deck_.scopes.back().opener);
+        dimensions_.Add(keyword.syntax->GetName(), *keyword.data, deck_.scopes.back().opener);
 }
 
 void OpenScopes::CloseAll(bool isSure)

@@ -1,0 +1,115 @@
+#include "quor/deck/internal/rules/MemberChecks.h"
+
+#include "quor/data/IKeywordListData.h"
+#include "quor/deck/internal/rules/RecordValues.h"
+#include "quor/deck/internal/text/LineText.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+
+namespace {
+
+long long LengthOf(const void* list)
+{
+    return static_cast<const IKeywordListData*>(static_cast<const IKeywordData*>(list))->GetSize();
+}
+
+std::uint64_t PairOf(std::uint64_t owner, std::uint64_t member)
+{
+    return (owner ^ (member >> 7)) * 0x9E3779B97F4A7C15ULL + member;
+}
+
+} // namespace
+
+void MemberChecks::Check(const RecordRules& rules, const Record& record, const ValuePosition& position)
+{
+    for (const RecordRules::Member& rule : rules.members)
+        CheckMember(rule, record, position);
+    for (const RecordRules::Length& length : rules.lengths) {
+        const LengthRule& rule = *length.rule;
+        const auto most = context_.FindLimit(rule.limit);
+        const long long count = LengthOf(record.GetData(length.item.index));
+        if (count > most)
+            ReportAbove(rule.voice, RangeOf(context_.GetKeyword(), position.element),
+                fmt::format("{} {} in {}", count, rule.what, rule.item), rule.limit);
+    }
+}
+
+void MemberChecks::CheckTables(const LengthRule& rule)
+{
+    const auto& tables = static_cast<const IKeywordListData&>(*context_.GetKeyword().data);
+    const auto size = static_cast<std::size_t>(tables.GetSize());
+    const auto most = context_.FindLimit(rule.limit);
+    for (std::size_t i = 0; i < size; ++i) {
+        if (const long long count = LengthOf(tables.GetData(i)); count > most)
+            ReportAbove(rule.voice, RangeOf(context_.GetKeyword(), i),
+                fmt::format("{} {} in table {}", count, rule.what, i + 1), rule.limit);
+    }
+}
+
+void MemberChecks::CheckMember(
+    const RecordRules::Member& member, const Record& record, ValuePosition position)
+{
+    const MemberRule& rule = *member.rule;
+    const std::uint64_t owner = member.owner.IsThere() ? KeyOfName(record, member.owner) : 1;
+    if (owner == 0)
+        return;
+    const long long count = Add(member, record, owner);
+    Count& counted = counts_[member.number];
+    if (counted.keyword != context_.deck.keywords.size()) {
+        counted.keyword = context_.deck.keywords.size();
+        counted.limit = context_.FindLimit(rule.limit);
+    }
+    if (count <= counted.limit)
+        return;
+    position.item = std::max(member.owner.index, 0);
+    ReportAbove(rule.voice, FindValue(context_.deck, context_.GetKeyword(), position),
+        member.owner.IsThere()
+            ? fmt::format("{} {} {} {}", count, rule.what, "for", Shorten(ValueText(record, member.owner)))
+            : fmt::format("{} {}", count, rule.what),
+        rule.limit);
+}
+
+/// How many the owner has then.
+long long MemberChecks::Add(const RecordRules::Member& rule, const Record& record, std::uint64_t owner)
+{
+    Count& count = counts_[rule.number];
+    if (rule.items.empty())
+        return ++count.ofOwner[owner];
+    const RecordKeys keys(record, rule.items, rule.last);
+    if (keys.hasZero) // counted by themselves: they may be the same as others
+        owner = ~owner;
+    for (const std::uint64_t key : keys.keys) {
+        if (!count.pairs.insert(PairOf(owner, key)).second)
+            continue;
+        ++count.ofOwner[owner];
+        if (!rule.rule->hasOneOwner)
+            continue;
+        const auto [before, isNew] = count.owners.try_emplace(key, owner);
+        if (isNew)
+            continue;
+        --count.ofOwner[before->second];
+        count.pairs.erase(PairOf(before->second, key));
+        before->second = owner;
+    }
+    return count.ofOwner[owner];
+}
+
+/// A size is reported once: it is what is to be corrected.
+void MemberChecks::ReportAbove(
+    const FindingVoice& voice, const TextRange& range, const std::string& what, const SizeLimit& limit)
+{
+    if (context_.dimensions.IsFirstReport(limit.item))
+        context_.reporter.ReportAs(voice, range, Code::TooManyNames,
+            fmt::format(
+                "{}: {}, but {} is {}", context_.GetName(), what, limit.item, context_.FindLimit(limit)),
+            fmt::format("increase {} in {}", limit.item, limit.keyword), {},
+            FindSize(context_.deck, context_.dimensions, limit.name));
+}
+
+} // namespace Veld::Quor::Core::Decks

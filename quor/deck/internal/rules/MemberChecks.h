@@ -1,0 +1,52 @@
+#pragma once
+
+#include "quor/deck/internal/rules/RuleContext.h"
+#include "quor/deck/internal/rules/RulePlans.h"
+#include "quor/deck/internal/rules/ValueRange.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// Reports what there is more of than the sizes of the deck allow: records, what one owner has, rows, values.
+class MemberChecks {
+public:
+    explicit MemberChecks(const RuleContext& context)
+        : context_(context)
+        , counts_(context.rules.members.size())
+    {
+    }
+
+    /// `position`: of the record.
+    void Check(
+        const RecordRules& rules, const Keywords::IKeywordRecordData& record, const ValuePosition& position);
+    /// The tables of the last keyword of the deck.
+    void CheckTables(const LengthRule& rule);
+
+private:
+    using Record = Keywords::IKeywordRecordData;
+
+    /// What a rule counts. Owners and members are keys of records.
+    struct Count {
+        std::unordered_map<std::uint64_t, long long> ofOwner;
+        std::unordered_set<std::uint64_t> pairs; // of owner and member
+        std::unordered_map<std::uint64_t, std::uint64_t> owners; // of members that have one owner
+        std::size_t keyword = 0; // for which the limit was looked up: how many the deck had
+        long long limit = 0;
+    };
+
+    void CheckMember(const RecordRules::Member& rule, const Record& record, ValuePosition position);
+    long long Add(const RecordRules::Member& rule, const Record& record, std::uint64_t owner);
+    void ReportAbove(
+        const FindingVoice& voice, const TextRange& range, const std::string& what, const SizeLimit& limit);
+
+    RuleContext context_;
+    std::vector<Count> counts_; // of each rule
+};
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,184 @@
+#include "quor/deck/internal/rules/RuleElement.h"
+
+#include "quor/deck/DeckLanguage.h"
+#include "quor/deck/internal/text/NumberText.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <sstream>
+#include <utility>
+
+namespace Veld::Quor::Core::Decks {
+
+namespace {
+
+std::string HintOf(const std::vector<std::string>& near)
+{
+    return near.empty() ? "" : fmt::format("did you mean '{}'?", near.front());
+}
+
+} // namespace
+
+RuleElement::RuleElement(const RuleNode& node, const RuleOrigin& origin)
+    : node_(node)
+    , origin_(origin)
+{
+    for (const auto& [name, value] : node.attributes)
+        values_.push_back({name, value});
+}
+
+void RuleElement::Fail(const std::string& reason, const std::string& attribute, const std::string& hint) const
+{
+    throw RuleFailure{path_, attribute, place_, reason, hint};
+}
+
+std::string RuleElement::Find(const char* attribute)
+{
+    asked_.emplace_back(attribute);
+    const auto at = std::find_if(
+        values_.begin(), values_.end(), [&](const Value& value) { return value.name == attribute; });
+    if (at == values_.end())
+        return {};
+    at->isAsked = true;
+    return at->value;
+}
+
+std::string RuleElement::Get(const char* attribute)
+{
+    std::string value = Find(attribute);
+    if (value.empty()) {
+        for (const Value& other : values_) {
+            if (const auto near = FindNearest({attribute}, other.name); !other.isAsked && !near.empty())
+                Refuse(other.name, near);
+        }
+        Fail(fmt::format("missing attribute '{}'", attribute));
+    }
+    return value;
+}
+
+std::vector<std::string> RuleElement::FindWords(const char* attribute)
+{
+    std::istringstream words(Find(attribute));
+    std::vector<std::string> found;
+    for (std::string word; words >> word;)
+        found.push_back(word);
+    return found;
+}
+
+std::vector<std::string> RuleElement::GetWords(const char* attribute)
+{
+    Get(attribute);
+    return FindWords(attribute);
+}
+
+std::vector<std::string> RuleElement::FindKeywords(const char* attribute)
+{
+    std::vector<std::string> keywords;
+    for (const std::string& word : FindWords(attribute)) {
+        if (word.find_first_of("*?") == std::string::npos) {
+            Check(
+                "keyword", word, origin_.isChecked ? origin_.words.GetKeywords() : std::set{word}, attribute);
+            keywords.push_back(word);
+            continue;
+        }
+        const auto matching = origin_.words.FindKeywords(word);
+        if (matching.empty())
+            Fail(fmt::format("no keyword matches '{}'", word), attribute);
+        keywords.insert(keywords.end(), matching.begin(), matching.end());
+    }
+    return keywords;
+}
+
+std::vector<std::string> RuleElement::GetKeywords(const char* attribute)
+{
+    Get(attribute);
+    return FindKeywords(attribute);
+}
+
+std::string RuleElement::FindItem(const char* attribute)
+{
+    std::string item = Find(attribute);
+    if (!item.empty())
+        CheckItem(item, attribute);
+    return item;
+}
+
+std::string RuleElement::GetItem(const char* attribute)
+{
+    Get(attribute);
+    return FindItem(attribute);
+}
+
+std::vector<std::string> RuleElement::FindItems(const char* attribute)
+{
+    std::vector<std::string> items = FindWords(attribute);
+    for (const std::string& item : items)
+        CheckItem(item, attribute);
+    return items;
+}
+
+std::vector<std::string> RuleElement::GetItems(const char* attribute)
+{
+    Get(attribute);
+    return FindItems(attribute);
+}
+
+bool RuleElement::IsFlagged(const char* attribute)
+{
+    const std::string value = Find(attribute);
+    if (!value.empty() && value != "true" && value != "false")
+        Fail(fmt::format("attribute '{}' is '{}'; expected 'true' or 'false'", attribute, value), attribute);
+    return value == "true";
+}
+
+double RuleElement::GetNumber(const char* attribute)
+{
+    const std::string text = Get(attribute);
+    const auto number = ToReal(text);
+    if (!number)
+        Fail(fmt::format("attribute '{}' is '{}'; expected a number", attribute, text), attribute);
+    return *number;
+}
+
+void RuleElement::Check(const char* what, const std::string& word, const std::set<std::string>& known,
+    const char* attribute) const
+{
+    if (known.count(word) == 0)
+        Fail(fmt::format("unknown {} '{}'", what, word), attribute,
+            HintOf(FindNearest({known.begin(), known.end()}, word)));
+}
+
+void RuleElement::CheckItem(const std::string& item, const char* attribute) const
+{
+    if (origin_.isChecked)
+        Check("item", item, origin_.words.GetItems(), attribute);
+}
+
+void RuleElement::CheckAllAsked() const
+{
+    for (const Value& value : values_) {
+        if (!value.isAsked)
+            Refuse(value.name, FindNearest(asked_, value.name));
+    }
+}
+
+void RuleElement::ForEachChild(const std::function<void(RuleElement)>& use) const
+{
+    std::size_t number = 0;
+    for (const RuleNode& child : node_.children) {
+        RuleElement element(child, origin_);
+        element.path_ = path_;
+        element.path_.push_back(number++);
+        element.place_ =
+            fmt::format("{}{}element {}, <{}>", place_, place_.empty() ? "" : ", ", number, child.tag);
+        use(std::move(element));
+    }
+}
+
+void RuleElement::Refuse(const std::string& attribute, const std::vector<std::string>& near) const
+{
+    Fail(fmt::format("unknown attribute '{}'", attribute), attribute, HintOf(near));
+}
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Core::Keywords {
+class KeywordSyntaxTable;
+}
+
+namespace Veld::Quor::Core::Decks {
+
+/// The keywords and items of a table, which rules name. They are looked up at the first question.
+class RuleWords {
+public:
+    /// `table` must outlive it.
+    explicit RuleWords(Keywords::KeywordSyntaxTable& table)
+        : table_(table)
+    {
+    }
+
+    const std::set<std::string>& GetKeywords();
+    /// Those of records at any depth.
+    const std::set<std::string>& GetItems();
+    /// '*' stands for any characters, '?' for one.
+    std::vector<std::string> FindKeywords(const std::string& pattern);
+
+private:
+    void Read();
+
+    Keywords::KeywordSyntaxTable& table_;
+    std::set<std::string> keywords_;
+    std::set<std::string> items_;
+};
+
+} // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,130 @@
+#include "quor/deck/Deck.h"
+#include "quor/syntax/KeywordSyntaxTable.h"
+#include "tests/deck/FindingText.h"
+#include "tests/support/Cases.h"
+#include "tests/support/Documents.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+using Veld::Quor::Core::Keywords::KeywordSyntaxTable;
+using namespace Veld::Quor::Core::Decks;
+using namespace Veld::Quor::Tests;
+
+namespace {
+
+/// The reason why a document of rules is refused; empty if it isn't.
+std::string RefusalOf(const std::string& rules)
+{
+    const TemporaryDirectory folder;
+    const std::string path = folder.Write("r.xml", rules);
+    try {
+        const DeckLanguage language(KeywordSyntaxTable::Instance(), {path});
+    } catch (const RuleError& error) {
+        const std::string text = error.what();
+        EXPECT_EQ(text.find(path), 0U) << text;
+        return text.substr(path.size());
+    }
+    return "";
+}
+
+struct RefusalRow {
+    const char* name;
+    const char* rules;
+    const char* reason;
+};
+
+class RuleDocuments : public testing::TestWithParam<RefusalRow> { };
+
+TEST_P(RuleDocuments, AreRefusedWithTheReason)
+{
+    EXPECT_EQ(RefusalOf(GetParam().rules), GetParam().reason);
+}
+
+INSTANTIATE_TEST_SUITE_P(Mistakes, RuleDocuments,
+    testing::Values(RefusalRow{"NoXML", "<rules>",
+                        ":1:8: input ended before all started tags were ended; last tag started is 'rules'"},
+        RefusalRow{"Element", "<rules><once keywords='START'/><nede/></rules>",
+            ": element 2, <nede>: unknown rule; did you mean <need>?"},
+        RefusalRow{"Attribute", "<rules><once keyword='START' keywords='START'/></rules>",
+            ": element 1, <once>: unknown attribute 'keyword'; did you mean 'keywords'?"},
+        RefusalRow{"MissingAttribute", "<rules><need in='GRID' what='X'/></rules>",
+            ": element 1, <need>: missing attribute 'anyOf'"},
+        RefusalRow{"MisspeltAttribute", "<rules><need anyof='TITLE' in='GRID' what='X'/></rules>",
+            ": element 1, <need>: unknown attribute 'anyof'; did you mean 'anyOf'?"},
+        RefusalRow{"Flag", "<rules><names kind='X' patterns='yes'/></rules>",
+            ": element 1, <names>: attribute 'patterns' is 'yes'; expected 'true' or 'false'"},
+        RefusalRow{"Child", "<rules><names kind='X'><refer items='WELL'/><defin/></names></rules>",
+            ": element 1, <names>, element 2, <defin>: unknown element; expected <define> or <refer>"},
+        RefusalRow{"Role", "<rules><role is='oil' keywords='OIL'/></rules>",
+            ": element 1, <role>: unknown role 'oil'"},
+        RefusalRow{"Number", "<rules><plausible keywords='NTG' least='0' greatest='one'/></rules>",
+            ": element 1, <plausible>: attribute 'greatest' is 'one'; expected a number"},
+        RefusalRow{"Section", "<rules><index items='I' size='NX' sections='GIRD'/></rules>",
+            ": element 1, <index>: unknown section 'GIRD'"},
+        RefusalRow{"Entity", "<rules><names kind='X'><refer entity='Weel'/></names></rules>",
+            ": element 1, <names>, element 1, <refer>: unknown kind of output vector 'Weel'"},
+        RefusalRow{"Everything", "<rules><order/></rules>",
+            ": element 1, <order>: no keywords and no items; expected 'keywords', 'items' or 'entity'"},
+        RefusalRow{"Order", "<rules><order items='I1'/></rules>",
+            ": element 1, <order>: attribute 'items' must have two names: the first and the last"},
+        RefusalRow{"Keyword", "<rules><once keywords='STRAT'/></rules>",
+            ": element 1, <once>: unknown keyword 'STRAT'; did you mean 'START'?"},
+        RefusalRow{"Item", "<rules><index items='I' size='NXX'/></rules>",
+            ": element 1, <index>: unknown item 'NXX'; did you mean 'NX'?"},
+        RefusalRow{"Pattern", "<rules><once keywords='QQ*'/></rules>",
+            ": element 1, <once>: no keyword matches 'QQ*'"},
+        RefusalRow{"Kind", "<rules><count kind='wel' size='MAXWELLS' keyword='WELLDIMS'/></rules>",
+            ": element 1, <count>: unknown kind of names 'wel'; did you mean 'well'?"},
+        RefusalRow{"Severity", "<rules><once keywords='START' severity='bad'/></rules>",
+            ": element 1, <once>: attribute 'severity' is 'bad'; expected 'error', 'warning' or 'note'"},
+        RefusalRow{"Code", "<rules><once keywords='START' code='Ours 1'/></rules>",
+            ": element 1, <once>: attribute 'code' is 'Ours 1'; expected lower-case letters, digits and "
+            "hyphens"},
+        RefusalRow{"Requirement", "<rules><require keywords='WCONPROD' when='THP'/></rules>",
+            ": element 1, <require>: a record requires 'items' or 'present', one of both"}),
+    CaseName<RefusalRow>);
+
+TEST(RuleDocuments, OfTheLibraryNameWhatIsThere)
+{
+    for (const auto& file : std::filesystem::directory_iterator(QUOR_SOURCE_DIR "/language/rules"))
+        EXPECT_NO_THROW(DeckLanguage(KeywordSyntaxTable::Instance(), {file.path().string()})) << file.path();
+}
+
+/// The author of a rule has its own code, severity and text; a comment of a deck may name the code.
+TEST(RuleDocuments, HaveTheirOwnVoice)
+{
+    const TemporaryDirectory folder;
+    const DeckLanguage language(KeywordSyntaxTable::Instance(), {folder.Write("r.xml", R"(<rules>
+      <exclusive keywords='IMPE? AIM' what='solution' code='our-solver' severity='note' text='use one solver'/>
+      <names kind='well'><refer keywords='VAPPARS' items='WELL' severity='warning'/></names>
+    </rules>)")});
+    const auto findingsOf = [&](const char* deck) {
+        return Dump(Deck::ReadText(deck, language, {}, "d").GetFindings(), "none");
+    };
+    EXPECT_EQ(findingsOf("RUNSPEC\nIMPES\nAIM\n"),
+        "d:3:1: note: use one solver [our-solver] | remove one of them (d:2:1: IMPES is here)");
+    EXPECT_EQ(findingsOf("RUNSPEC\nIMPES\nAIM -- quor: off our-solver\n"), "");
+    EXPECT_EQ(findingsOf("RUNSPEC\nIMPES -- quor: off our-solvr\n"),
+        "d:2:20: warning: unknown finding code 'our-solvr' [bad-suppression] | did you mean our-solver?");
+}
+
+TEST(RuleDocuments, OfAHostAreCheckedToo)
+{
+    const TemporaryDirectory folder;
+    const DeckLanguage language(KeywordSyntaxTable::Instance(),
+        {folder.Write("r.xml", "<rules><exclusive keywords='IMPES AIM' what='solution'/></rules>")});
+    EXPECT_EQ(
+        Dump(Deck::ReadText("RUNSPEC\nIMPES\nAIM\nMETRIC\nLAB\n", language, {}, "d").GetFindings(), "none"),
+        "d:3:1: error: AIM contradicts IMPES; expected one solution [conflicting-keywords] | remove one of "
+        "them "
+        "(d:2:1: IMPES is here)\n"
+        "d:5:1: error: LAB contradicts METRIC; expected one system of units [conflicting-keywords] | remove "
+        "one of "
+        "them (d:4:1: METRIC is here)");
+    EXPECT_THROW(DeckLanguage(KeywordSyntaxTable::Instance(), {"no/such.xml"}), RuleError);
+}
+
+} // namespace
