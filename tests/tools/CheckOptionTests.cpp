@@ -121,7 +121,7 @@ TEST(Check, CountsAbbreviationsOfEachDeckInFull) // the library tells like messa
     const TemporaryDirectory folder;
     std::string text = "SCHEDULE\nWELSPECS\n";
     for (int i = 0; i < 25; ++i)
-        text += " 'P1' 'G' 1 1 2000 WATE /\n";
+        text += " 'P" + std::to_string(i) + "' 'G' 1 1 2000 WATE /\n";
     text += "/\n";
     const Outcome outcome =
         RunQuor("check --format json " + folder.Write("a.data", text) + " " + folder.Write("b.data", text));
