@@ -137,7 +137,8 @@ INSTANTIATE_TEST_SUITE_P(Show, SmallLanguageAnswers,
             "  aliases: PERMR, KX (hidden), PERMEABILITY\n  valid (B BlackOil, C Compositional, T Thermal):\n"
             "                  GRID\n    Carrow        B\n    Dunmere       BCT\n    Sedge         BC\n"
             "    Hallow        BCT\n    Marlpit       BCT\n    Ostrey        BCT\n    Wend          BCT\n"
-            "    Tolmen        BCT\n    Wend_GE       BCT\n    Wend_CLASSIC  BCT\n  data: none\n"},
+            "    Tolmen        BCT\n    Wend_GE       BCT\n    Wend_CLASSIC  BCT\n"
+            "  rule: GRID needs permeabilities: PERMX, PERMXX or TRANX\n  data: none\n"},
         Answer{"Unknown", "show WELSPEXX", "", 1,
             "quor: error: unknown keyword 'WELSPEXX'; did you mean WELSPECL, WELSPECS?\n"}),
     CaseName<Answer>);
