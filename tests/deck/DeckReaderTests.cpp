@@ -368,7 +368,7 @@ StartByDefault: START\n/\nSCHEDULE\nDATES\n 31 DEC 1982 /\n/\n => ? => d.data:6:
 StartWithoutDay: START\n 1* FEB 1983 /\nSCHEDULE\nDATES\n 31 JAN 1983 /\n/\n => ? => d.data:6:2: error: DATES: 1983-01-31 is not after 1983-02-01, which the schedule has already reached [date-order]
 RepeatedDateIsPassed: START\n 1 JUL 2020 /\nSCHEDULE\nDATES\n 1 JUL 2020 /\n 2 JUL 2020 /\n 2 JUL 2020 /\n/\n => ? =>
 TimeOutsideAllDates: START\n 1 JAN 2020 /\nSCHEDULE\nTIME\n 2e7 /\nDATES\n 1 MAR 2020 /\n/\nTIME\n -1e9 /\n => ? => d.data:8:2: error: DATES: 2020-03-01 is not after the year 32767, which the schedule has already reached [date-order]
-    d.data:10:1: error: TIME: the year 0 is before the year 32767, which the schedule has already reached [date-order]
+    d.data:10:1: error: TIME: the year 0 is before 2020-03-01, which the schedule has already reached [date-order]
 TimeGoesForward: START\n 1 JUL 2020 /\nSCHEDULE\nDATES\n 30 JUN 2020 /\n 2 JUL 2020 /\n/\nTIME\n 0.5 /\n => ? => d.data:6:2: error: DATES: 2020-06-30 is not after 2020-07-01, which the schedule has already reached [date-order]
     d.data:9:1: error: TIME: 2020-07-01 12:00:00 is before 2020-07-02, which the schedule has already reached [date-order]
 OneDateOutOfOrder: START\n 1 JUL 2020 /\nSCHEDULE\nDATES\n 2 JUL 2120 /\n 3 JUL 2020 /\n 4 JUL 2020 /\n/\n => ? => d.data:7:2: error: DATES: 2020-07-03 is not after 2120-07-02, which the schedule has already reached [date-order]

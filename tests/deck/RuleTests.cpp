@@ -153,7 +153,7 @@ EQUALS
             "L 5 5 1 5 /\n/\n"},
         RuleRow{"OfTwoCells", "RUNSPEC\nDIMENS\n 2 2 2 /\nGRID\nNNC\n 2 2 2 1 1 1 0.5 /\n/\n"},
         RuleRow{"BeyondASizeThatIsWrong",
-            "RUNSPEC\nTABDIMS\n 1 1 /\nPROPS\nROCK\n 1 1 /\nSWFN\n 0 0 0 1 1 0 /\n 0 0 0 1 1 0 /\n"
+            "RUNSPEC\nTABDIMS\n 1 1 /\nPROPS\nROCK\n 200 5E-5 /\nSWFN\n 0 0 0 1 1 0 /\n 0 0 0 1 1 0 /\n"
             "REGIONS\nEQUALS\n SATNUM 2 /\n/\n",
             "d:9:2: error: SWFN: too many tables (expected 1) [wrong-size] | the size is NTSFUN"},
         RuleRow{"OfATableInOneCell",
@@ -304,7 +304,7 @@ COMPDAT
             "RUNSPEC\nDIMENS\n 2 1 1 /\nEQLDIMS\n 1 /\nREGIONS\nEQLNUM\n 1 2 /\nEQUALS\n EQLNUM 3 "
             "/\n/\nSOLUTION\nTHPRES\n 1 2 5 /\n/\n",
             "d:8:4: error: EQLNUM: number 2 in cell 2, but NTEQUL, the number of equilibration regions, is 1 "
-            "[region-outside] | correct the number, or increase NTEQUL (d:4:1: NTEQUL is 1 here)\nd:15:1: "
+            "[region-outside] | correct the number, or increase NTEQUL (d:4:1: NTEQUL is 1 here)\nd:13:1: "
             "error: THPRES requires EQLOPTS before it [missing-precedent]"},
         RuleRow{"OfTwoEnds", "RUNSPEC\nDIMENS\n 2 2 2 /\nGRID\nBOX\n 5 4 1 3 1 1 /\nENDBOX\n",
             "d:6:2: error: BOX: I1 is 5, but NX is 2 [index-outside] (d:2:1: NX is 2 here)\nd:6:8: error: "

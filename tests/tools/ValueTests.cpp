@@ -69,9 +69,9 @@ Several: set a.data 'PORO[1]' 0.3 'WCONPROD[P2].ORAT' 12 --set RATE=5; sed -n 23
     P2 'SHUT' ORAT 12 /
     PORO
      0.3 3*0.2 /
-Default: set a.data 'WCONPROD[P1].ORAT@2020-04-01' '1*' --set RATE=5; sed -n 29p a.data =>
-    a.data:29: WCONPROD[P1].ORAT@2020-04-01: 7 -> 1*
-     P1 OPEN ORAT 1* /
+Default: set a.data 'WCONPROD[P2].ORAT' '1*' --set RATE=5; sed -n 23p a.data =>
+    a.data:23: WCONPROD[P2].ORAT@2020-01-01: 10 -> 1*
+    P2 'SHUT' ORAT 1* /
 Diff: set a.data 'ACTNUM[4]' 1 'PORO[3]' 0.1 'DIMENS.NX' 2 --diff --set RATE=5; cat b.data =>
     --- a.data
     +++ a.data

@@ -194,7 +194,7 @@ int GetValues(LoadedLanguage& language, const GetOptions& options)
     return Deliver(options, text) ? Success : Failure;
 }
 
-constexpr const char* details =
+constexpr const char* getDetails =
     "An address is KEYWORD[RECORD].ITEM@DATE; what it leaves out matches all. A record is named by its "
     "well,\n"
     "group or number, a value of an array by its number: 'PORO[17]'. A value that isn't given is 1*.\n"
@@ -227,7 +227,7 @@ Command MakeGetCommand(CLI::App& application)
     command.add_option("--output", options->output, "Write to this file, not to standard output")
         ->type_name("FILE");
     command.add_flag("--bare", options->isBare, "Print the values alone, one a line");
-    command.footer(details);
+    command.footer(getDetails);
     return {&command, [options](LoadedLanguage& language) { return GetValues(language, *options); }};
 }
 

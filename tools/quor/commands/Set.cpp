@@ -107,7 +107,7 @@ bool IsSound(const SetOptions& options, const KnownDeck& before, const Decks::De
 }
 
 /// False, and reported, if a file can't be written.
-bool WriteFiles(const Decks::Deck& deck, const Decks::DeckEditor& editor)
+bool WriteChanged(const Decks::Deck& deck, const Decks::DeckEditor& editor)
 {
     std::vector<std::string> texts;
     for (const std::uint32_t file : editor.GetChangedFiles())
@@ -164,13 +164,13 @@ int SetValues(LoadedLanguage& language, const SetOptions& options)
     }
     if (options.deck == standardInputPath)
         return PrintDeck(before->deck, editor);
-    if (!WriteFiles(before->deck, editor))
+    if (!WriteChanged(before->deck, editor))
         return Failure;
     Print(report);
     return Success;
 }
 
-constexpr const char* details =
+constexpr const char* setDetails =
     "An address names one value: KEYWORD[RECORD].ITEM@DATE; 'quor get' shows the addresses of a deck. A\n"
     "record is named by its well, group or number, a value of an array by its number: 'PORO[17]'. No other\n"
     "byte of the deck changes. All values are set, or none. The changed deck is checked before it is "
@@ -199,7 +199,7 @@ Command MakeSetCommand(CLI::App& application)
     AddReadOptions(command, options->read);
     command.add_flag("--diff", options->isDiff, "Write nothing; print the change as a unified diff");
     command.add_flag("--force", options->isForced, "Write also if the changed deck has new errors");
-    command.footer(details);
+    command.footer(setDetails);
     return {&command, [options](LoadedLanguage& language) { return SetValues(language, *options); }};
 }
 

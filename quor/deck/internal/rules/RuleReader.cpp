@@ -54,9 +54,9 @@ RuleNode NodeOf(const xercesc::DOMElement& element)
     return node;
 }
 
-void ReadOrThrow(const xercesc::DOMElement& root, const RuleOrigin& origin, RuleSet& rules)
+void ReadOrThrow(const RuleNode& root, const RuleOrigin& origin, RuleSet& rules)
 {
-    ReadRules(NodeOf(root), origin, rules, [&](const RuleFailure& failure) {
+    ReadRules(root, origin, rules, [&](const RuleFailure& failure) {
         throw RuleError(fmt::format("{}: {}: {}{}{}", origin.document, failure.place, failure.reason,
             failure.hint.empty() ? "" : "; ", failure.hint));
     });
@@ -75,7 +75,18 @@ void ReadRuleFile(const std::string& path, RuleWords& words, RuleSet& rules)
     const std::string_view bytes = text->GetText();
     if (!document.readMemory(bytes.data(), bytes.size(), path.c_str(), failure))
         throw RuleError(fmt::format("{}:{}:{}: {}", path, failure.line, failure.column, failure.reason));
-    ReadOrThrow(*document.GetDocument()->getDocumentElement(), {path, words, true}, rules);
+    ReadOrThrow(NodeOf(*document.GetDocument()->getDocumentElement()), {path, words, true}, rules);
+}
+
+/// Unpacked once: they are the same for all languages.
+const RuleNode& BuiltinRules()
+{
+    static const RuleNode root = [] {
+        const auto document =
+            KeywordSyntax::Internal::Unpack(KeywordSyntax::Internal::rulesDocument, "built-in rules");
+        return NodeOf(*document->GetDocument()->getDocumentElement());
+    }();
+    return root;
 }
 
 } // namespace
@@ -92,10 +103,8 @@ RuleSet ReadAllRules(Keywords::KeywordSyntaxTable& table, const std::vector<std:
 {
     RuleWords words(table);
     RuleSet rules;
-    const auto document =
-        KeywordSyntax::Internal::Unpack(KeywordSyntax::Internal::rulesDocument, "built-in rules");
     // A table of another language may lack what the rules name.
-    ReadOrThrow(*document->GetDocument()->getDocumentElement(), {"built-in rules", words, false}, rules);
+    ReadOrThrow(BuiltinRules(), {"built-in rules", words, false}, rules);
     for (const std::string& path : files)
         ReadRuleFile(path, words, rules);
     return rules;
