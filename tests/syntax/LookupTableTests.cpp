@@ -62,8 +62,8 @@ public:
             table_.AddSyntax(name, {std::shared_ptr<void>(), byName.at(name)});
     }
 
-    /// The stored names that `name` finds, with blanks between; empty if it finds none. The table of keywords,
-    /// which has the same names, must find the first of them.
+    /// The stored names that `name` finds, with blanks between; empty if it finds none. The table of
+    /// keywords, which has the same names, must find the first of them.
     std::string Find(const std::string& name, bool wildcards) const
     {
         std::string found;

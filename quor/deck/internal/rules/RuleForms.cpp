@@ -288,8 +288,8 @@ constexpr RuleForm ruleForms[] = {{"names", ReadNames}, {"index", ReadIndex}, {"
     {"region", ReadRegion}, {"assign", ReadAssign}, {"need", ReadNeed}, {"exclusive", ReadExclusive},
     {"once", ReadOnce}, {"count", ReadCount}, {"members", ReadMembers}, {"length", ReadLength},
     {"distinct", ReadDistinct}, {"require", ReadRequire}, {"tree", ReadTree}, {"overwrite", ReadOverwrite},
-    {"role", ReadRole}, {"plausible", ReadPlausible},
-    {"whole", ReadWhole}, {"local", ReadLocal}, {"open", ReadOpen}};
+    {"role", ReadRole}, {"plausible", ReadPlausible}, {"whole", ReadWhole}, {"local", ReadLocal},
+    {"open", ReadOpen}};
 
 } // namespace
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "quor/deck/internal/rules/PhysicalRole.h"
 #include "quor/deck/internal/check/FindingVoice.h"
+#include "quor/deck/internal/rules/PhysicalRole.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/syntax/SummaryCategories.h"
 
