@@ -19,6 +19,10 @@ const KeywordInstance* PhysicsFacts::FindKeyword(PhysicalRole::Enum role) const
 std::optional<UnitSystem::Enum> PhysicsFacts::FindUnits() const
 {
     if (const KeywordInstance* const keyword = FindKeyword(PhysicalRole::Units)) {
+        const std::vector<std::uint32_t>& all = keywords_.find(PhysicalRole::Units)->second;
+        if (std::any_of(all.begin(), all.end(),
+                [&](std::uint32_t other) { return deck_.keywords[other].syntax != keyword->syntax; }))
+            return std::nullopt; // two systems contradict each other
         bool isSystem = false;
         const UnitSystem::Enum system = UnitSystem::FromString(keyword->syntax->GetName(), &isSystem);
         return isSystem ? std::optional(system) : std::nullopt;

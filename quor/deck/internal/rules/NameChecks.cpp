@@ -32,6 +32,8 @@ std::vector<std::string> DefinersOf(const NameRule& rule)
 NameChecks::NameChecks(const RuleContext& context)
     : context_(context)
     , names_(context.rules.names.size())
+    , counts_(context.rules.names.size())
+    , isExcused_(context.rules.names.size())
     , unsure_(context.rules.names.size())
     , waiting_(context.rules.names.size())
     , later_(context.rules.names.size())
@@ -53,7 +55,7 @@ bool NameChecks::Follow(const RecordRules::Name& rule, std::string_view name, co
     if (name.empty())
         return false;
     if (rule.isDefinition)
-        Define(rule.kind, name, position);
+        Define(rule, name, position);
     const std::uint32_t kind = KindOf(rule.kind, name);
     if (!isWhole_ || (rule.isDefinition && !context_.rules.names[rule.kind].areArrays))
         return false;
@@ -68,15 +70,15 @@ bool NameChecks::Follow(const RecordRules::Name& rule, std::string_view name, co
     return false;
 }
 
-void NameChecks::Define(std::uint32_t kind, std::string_view name, const ValuePosition& position)
+void NameChecks::Define(const RecordRules::Name& use, std::string_view name, const ValuePosition& position)
 {
-    NameTable& names = names_[kind];
-    const NameRule& kindRule = context_.rules.names[kind];
+    NameTable& names = names_[use.kind];
+    const NameRule& kindRule = context_.rules.names[use.kind];
     const bool isNew =
         kindRule.areArrays ? names.Add(context_.deck.language.FindName(name)) : names.Add(name);
-    if (!isNew || !isWhole_)
+    if (!isNew || !isWhole_ || use.isUncounted)
         return;
-    const auto count = static_cast<long long>(names.GetSize() - kindRule.always.size());
+    const long long count = ++counts_[use.kind];
     for (const CountRule& rule : context_.rules.counts) {
         if (rule.noun != kindRule.noun)
             continue;
@@ -180,7 +182,7 @@ std::string NameChecks::HintOf(
 void NameChecks::EndDeck(bool isWholeDeck)
 {
     for (const Pending& pending : pending_) {
-        const bool isKnown = HasDefinitions(pending.kind) || isWholeDeck;
+        const bool isKnown = HasDefinitions(pending.kind) || (isWholeDeck && !isExcused_[pending.kind]);
         const bool isEarly = !pending.mayComeFirst && names_[pending.kind].Has(pending.name);
         if (isKnown && (isEarly || !IsDefined(pending.kind, pending.name)))
             ReportUnknown(pending.kind, pending.name, *pending.voice, context_.deck.keywords[pending.keyword],

@@ -24,6 +24,9 @@ public:
     void Lose() { isWhole_ = false; }
     /// A keyword that defines names of the kind could not be read as it is: any word of its text may be one.
     void FollowUnsound(std::uint32_t kind, std::string_view text);
+    /// A keyword that names one of the kind was reported for what it lacks before it: if the deck defines
+    /// none of the kind, that was said.
+    void Excuse(std::uint32_t kind) { isExcused_[kind] = true; }
     /// Judges the names that may be defined later. `isWholeDeck`: nothing of the deck is elsewhere.
     void EndDeck(bool isWholeDeck);
 
@@ -40,7 +43,7 @@ private:
         bool mayComeFirst; // else nothing of the kind was defined before it
     };
 
-    void Define(std::uint32_t kind, std::string_view name, const ValuePosition& position);
+    void Define(const RecordRules::Name& rule, std::string_view name, const ValuePosition& position);
     std::uint32_t KindOf(std::uint32_t kind, std::string_view name) const;
     bool HasDefinitions(std::uint32_t kind) const;
     bool IsDefined(std::uint32_t kind, std::string_view name);
@@ -51,6 +54,8 @@ private:
 
     RuleContext context_;
     std::vector<NameTable> names_; // of each kind
+    std::vector<long long> counts_; // of those that a limit is about
+    std::vector<bool> isExcused_;
     std::vector<NameTable> unsure_; // words that may be names
     std::vector<NameTable> waiting_; // names that were used before any of the kind was defined
     std::vector<NameTable> later_; // names that may be defined later

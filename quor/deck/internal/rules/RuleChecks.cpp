@@ -56,10 +56,10 @@ void RuleChecks::Follow(bool isKnown, bool isMisplaced)
         arrays_.Follow(*rules.overwrite);
     if (rules.isOpener)
         Lose();
-    if (!keyword.data || !rules.HasData() || isMisplaced)
+    if (!keyword.data || !rules.HasData())
         return;
-    if (!isKnown)
-        return FollowUnsound(rules);
+    if (!isKnown || isMisplaced)
+        return FollowUnsound(rules, isMisplaced);
     isOfLocalGrid_ = IsOfLocalGrid(keyword.scope);
     numbers_.StartKeyword();
     records_.StartKeyword();
@@ -73,26 +73,31 @@ void RuleChecks::Follow(bool isKnown, bool isMisplaced)
         numbers_.CheckRegion(*rules.region);
 }
 
-void RuleChecks::FollowUnsound(const KeywordRules& rules)
+void RuleChecks::FollowUnsound(const KeywordRules& rules, bool isMisplaced)
 {
     const std::string_view text = deck_.files.GetText(deck_.keywords.back().whole);
-    for (const RecordRules::Name& name : rules.elements) {
-        if (name.isDefinition)
-            names_.FollowUnsound(name.kind, text);
-    }
-    FollowUnsound(rules.record, text);
+    FollowUnsound(rules.elements, text, isMisplaced);
+    FollowUnsound(rules.record, text, isMisplaced);
 }
 
-void RuleChecks::FollowUnsound(const RecordRules& rules, std::string_view text)
+void RuleChecks::FollowUnsound(
+    const std::vector<RecordRules::Name>& names, std::string_view text, bool isMisplaced)
 {
-    for (const RecordRules::Name& name : rules.names) {
+    for (const RecordRules::Name& name : names) {
         if (name.isDefinition)
             names_.FollowUnsound(name.kind, text);
+        else if (isMisplaced)
+            names_.Excuse(name.kind);
     }
+}
+
+void RuleChecks::FollowUnsound(const RecordRules& rules, std::string_view text, bool isMisplaced)
+{
+    FollowUnsound(rules.names, text, isMisplaced);
     if (!rules.trees.empty())
         trees_.Lose();
     for (const RecordRules& inner : rules.inner)
-        FollowUnsound(inner, text);
+        FollowUnsound(inner, text, isMisplaced);
 }
 
 /// Of any of the scopes, from the innermost outwards.

@@ -35,8 +35,9 @@ private:
     using Record = Keywords::IKeywordRecordData;
 
     bool IsOfLocalGrid(std::uint32_t scope);
-    void FollowUnsound(const KeywordRules& rules);
-    void FollowUnsound(const RecordRules& rules, std::string_view text);
+    void FollowUnsound(const KeywordRules& rules, bool isMisplaced);
+    void FollowUnsound(const std::vector<RecordRules::Name>& names, std::string_view text, bool isMisplaced);
+    void FollowUnsound(const RecordRules& rules, std::string_view text, bool isMisplaced);
     void CheckRoot(const RecordRules& rules);
     void CheckRecord(const RecordRules& rules, const Record& record, const ValuePosition& position);
     void CheckInner(

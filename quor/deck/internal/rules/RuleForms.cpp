@@ -110,6 +110,7 @@ NameRule::Use ReadUse(RuleElement& element, const FindingVoice& around, RuleSet&
         element.Fail("unknown element", {}, "expected <define> or <refer>");
     use.where = ReadSelection(element);
     use.mayComeFirst = element.IsFlagged("early");
+    use.isUncounted = use.isDefinition && element.IsFlagged("uncounted");
     use.voice = ReadVoice(element, rules);
     if (use.voice.code.empty())
         use.voice.code = around.code;

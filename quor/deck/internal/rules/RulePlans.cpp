@@ -85,8 +85,8 @@ KeywordRules RulePlans::Make(const Key& key) const
         for (std::uint32_t kind = 0; kind < rules_.names.size(); ++kind) {
             for (const NameRule::Use& use : rules_.names[kind].uses) {
                 if (use.where.items.empty() && IsAbout(use.where, *key.first, key.second))
-                    plan.elements.push_back(
-                        {kind, -1, MDType::String, use.isDefinition, use.mayComeFirst, false, &use.voice});
+                    plan.elements.push_back({kind, -1, MDType::String, use.isDefinition, use.mayComeFirst,
+                        use.isUncounted, false, &use.voice});
             }
         }
     }
@@ -128,8 +128,9 @@ void RulePlans::AddNames(const Key& key, const IKeywordDataMD& md, RecordRules& 
         };
         if (item >= 0 && MayBeName(*RecordOf(md).GetItemMD(item))
             && std::none_of(record.names.begin(), record.names.end(), isSame))
-            record.names.push_back({kind, item, KeywordUtils::GetMDType(RecordOf(md).GetItemMD(item)),
-                use.isDefinition, use.mayComeFirst, rules_.names[kind].areArrays, &use.voice});
+            record.names.push_back(
+                {kind, item, KeywordUtils::GetMDType(RecordOf(md).GetItemMD(item)), use.isDefinition,
+                    use.mayComeFirst, use.isUncounted, rules_.names[kind].areArrays, &use.voice});
     };
     for (const bool isDefinition : {true, false}) {
         for (std::uint32_t kind = 0; kind < rules_.names.size(); ++kind) {

@@ -22,6 +22,7 @@ struct RecordRules {
         Keywords::IKeywordDataMD::MDType::Enum type; ///< of the item; a list if it is one of texts
         bool isDefinition;
         bool mayComeFirst;
+        bool isUncounted;
         bool isArray; ///< names of the kind are arrays
         const FindingVoice* voice;
     };

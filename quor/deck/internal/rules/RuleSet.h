@@ -29,6 +29,7 @@ struct NameRule {
         ItemSelection where;
         bool isDefinition = false;
         bool mayComeFirst = false; ///< before the definition: judged at the end of the deck
+        bool isUncounted = false; ///< a definition that no `CountRule` counts
     };
 
     std::string noun; ///< "well"
