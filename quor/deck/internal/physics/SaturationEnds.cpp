@@ -7,7 +7,7 @@ namespace Veld::Quor::Core::Decks {
 namespace {
 
 /// Curves that were measured or fitted may end a little above zero.
-constexpr double mostAtEnd = 1e-3;
+constexpr double mostAtEnd = 1e-4;
 
 constexpr PhysicalRole::Enum permeabilities[] = {PhysicalRole::PermeabilityToWater,
     PhysicalRole::PermeabilityToGas, PhysicalRole::PermeabilityToOilWithWater,
