@@ -306,6 +306,13 @@ COMPDAT
             "d:8:4: error: EQLNUM: number 2 in cell 2, but NTEQUL, the number of equilibration regions, is 1 "
             "[region-outside] | correct the number, or increase NTEQUL (d:4:1: NTEQUL is 1 here)\nd:13:1: "
             "error: THPRES requires EQLOPTS before it [missing-precedent]"},
+        RuleRow{"OfGroupsWithoutNodes",
+            "RUNSPEC\nWELLDIMS\n 5 3 1 5 /\nNETWORK\n 5 5 /\nSCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL "
+            "/\n/\nBRANPROP\n A B 9999 /\n B G 9999 /\n/\n",
+            ""},
+        RuleRow{"OfATableTwice", "PROPS\nDENSITY\n 800 1000 1 /\nDENSITY\n 810 1000 1 /\n",
+            "d:4:1: warning: DENSITY is repeated with other values [repeated-keyword] | remove one of them "
+            "(d:2:1: the first is here)"},
         RuleRow{"OfTwoEnds", "RUNSPEC\nDIMENS\n 2 2 2 /\nGRID\nBOX\n 5 4 1 3 1 1 /\nENDBOX\n",
             "d:6:2: error: BOX: I1 is 5, but NX is 2 [index-outside] (d:2:1: NX is 2 here)\nd:6:8: error: "
             "BOX: J2 is 3, but NY is 2 [index-outside] (d:2:1: NY is 2 here)"}),

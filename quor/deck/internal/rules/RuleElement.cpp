@@ -1,7 +1,6 @@
 #include "quor/deck/internal/rules/RuleElement.h"
 
 #include "quor/deck/DeckLanguage.h"
-#include "quor/deck/internal/text/NumberText.h"
 
 #include <fmt/format.h>
 
@@ -130,15 +129,6 @@ bool RuleElement::IsFlagged(const char* attribute)
     if (!value.empty() && value != "true" && value != "false")
         Fail(fmt::format("attribute '{}' is '{}'; expected 'true' or 'false'", attribute, value), attribute);
     return value == "true";
-}
-
-double RuleElement::GetNumber(const char* attribute)
-{
-    const std::string text = Get(attribute);
-    const auto number = ToReal(text);
-    if (!number)
-        Fail(fmt::format("attribute '{}' is '{}'; expected a number", attribute, text), attribute);
-    return *number;
 }
 
 void RuleElement::Check(const char* what, const std::string& word, const std::set<std::string>& known,

@@ -68,8 +68,6 @@ public:
     std::vector<std::string> GetItems(const char* attribute);
     /// @}
     bool IsFlagged(const char* attribute);
-    /// Fails if there is no such attribute, or it is no number.
-    double GetNumber(const char* attribute);
 
     /// Refuses a word that isn't among the known ones. `what`: "keyword"; `attribute`: that has it.
     void Check(const char* what, const std::string& word, const std::set<std::string>& known,

@@ -2,6 +2,7 @@
 
 #include "quor/deck/DeckLanguage.h"
 #include "quor/deck/FindingCodes.h"
+#include "quor/deck/internal/rules/RoleForms.h"
 
 #include <fmt/format.h>
 
@@ -246,22 +247,6 @@ void ReadOverwrite(RuleElement& element, RuleSet& rules)
 {
     rules.overwrites.push_back(
         {ReadVoice(element, rules), ReadSections(element), element.FindKeywords("except")});
-}
-
-void ReadRole(RuleElement& element, RuleSet& rules)
-{
-    const std::string name = element.Get("is");
-    bool isFound = false;
-    const auto role = PhysicalRole::FromString(name, &isFound);
-    if (!isFound)
-        element.Fail(fmt::format("unknown role '{}'", name), "is");
-    rules.roles.push_back({role, element.GetKeywords("keywords"), element.FindItem("item")});
-}
-
-void ReadPlausible(RuleElement& element, RuleSet& rules)
-{
-    rules.magnitudes.push_back({element.GetKeywords("keywords"), element.FindItems("items"),
-        element.GetNumber("least"), element.GetNumber("greatest"), element.IsFlagged("alone")});
 }
 
 void ReadWhole(RuleElement& element, RuleSet& rules)
