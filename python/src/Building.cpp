@@ -59,7 +59,7 @@ void FillScalars(
     if (md.GetType() == MDType::Real) {
         const auto array = py::array_t<double, py::array::c_style | py::array::forcecast>::ensure(values);
         if (!array)
-            throw py::error_already_set();
+            throw py::type_error("expected numbers, not " + std::string(py::repr(values)));
         Keywords::AddValues(list, array.data(), static_cast<std::size_t>(array.size()));
         return;
     }

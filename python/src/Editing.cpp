@@ -3,6 +3,8 @@
 #include "quor/metadata/VisitMD.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <map>
 #include <set>
 #include <stdexcept>
@@ -169,8 +171,26 @@ private:
         if (std::is_same_v<T, int> && values.dtype().kind() == 'f')
             throw py::type_error(
                 keyword.Get().GetName() + " has integers: convert the array with astype(int)");
+        if (values.dtype().kind() == 'c')
+            throw py::type_error(keyword.Get().GetName() + " has no complex numbers");
+        if (std::is_same_v<T, int>)
+            CheckIntegers(keyword.Get().GetName(), values);
         const auto flat = py::array_t<T, py::array::c_style | py::array::forcecast>(values);
         editor_.SetArray(Check(keyword), flat.data(), static_cast<std::size_t>(flat.size()));
+    }
+
+    /// A deck has integers of 32 bits.
+    static void CheckIntegers(const std::string& name, const py::array& values)
+    {
+        const auto wide = py::array_t<std::int64_t, py::array::c_style | py::array::forcecast>(values);
+        const auto* const begin = wide.data();
+        const auto* const end = begin + wide.size();
+        const auto* const odd = std::find_if(begin, end, [](std::int64_t value) {
+            return value > std::numeric_limits<int>::max() || value < -std::numeric_limits<int>::max();
+        });
+        if (odd != end)
+            throw py::value_error(
+                name + ": the number " + std::to_string(*odd) + " is too large for an integer");
     }
 
     /// Whether it identifies a record, leads to another date, or is one of the sizes of the deck.

@@ -58,8 +58,8 @@ Tag TreeBuilder::Open(std::u16string_view name, bool isOdd)
 
 void TreeBuilder::AddAttribute(std::u16string_view name, std::string_view value)
 {
-    const Tag tag = NumberOf(name);
-    tree_.attributes.push_back({AddText(value), static_cast<std::uint32_t>(value.size()), tag});
+    const std::uint32_t text = AddText(value); // first: what `value` views may be gone after `NumberOf`
+    tree_.attributes.push_back({text, static_cast<std::uint32_t>(value.size()), NumberOf(name)});
 }
 
 void TreeBuilder::SetText(std::string_view text)

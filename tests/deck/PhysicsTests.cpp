@@ -183,7 +183,13 @@ INSTANTIATE_TEST_SUITE_P(Magnitudes, Physics,
                         "| plausible in METRIC units, but the deck is in FIELD units (d:2:1: FIELD is here)"},
         PhysicsRow{"InTheUnitsOfNoName", "RUNSPEC\nSOLUTION\nEQUIL\n 8000 4000 /\n",
             "d:4:7: warning: EQUIL: PRESSURE is 4000 bar; expected 0 to 2500 [wrong-units] | plausible in "
-            "FIELD units, but the deck is in METRIC units"},
+            "FIELD units, but the deck names no system of units, which means METRIC"},
+        PhysicsRow{"OfABranchWithoutRows", "RUNSPEC\nOIL\nGAS\nPROPS\nPVTO\n 10 50 1.2 1 /\n 20 /\n/\n", ""},
+        PhysicsRow{"OfMoreCellsThanAreCounted",
+            "RUNSPEC\nDIMENS\n 33996 37171 1824726041 /\nGRID\nTOPS\n 1000 90000 /\n",
+            "d:6:13: error: TOPS: too few values (expected 2305843009213693956, found 2) [wrong-size] | the "
+            "size is "
+            "NX*NY*NZ"},
         PhysicsRow{"OfPressureByDepth", "RUNSPEC\nFIELD\nSOLUTION\nEQUIL\n 8400 330 8500 /\n",
             "d:5:7: warning: EQUIL: PRESSURE is 330 psi at a depth of 8400 ft; expected about 3713 "
             "[wrong-units] | plausible in METRIC units, but the deck is in FIELD units (d:2:1: FIELD is "

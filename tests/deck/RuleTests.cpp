@@ -310,6 +310,15 @@ COMPDAT
             "RUNSPEC\nWELLDIMS\n 5 3 1 5 /\nNETWORK\n 5 5 /\nSCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL "
             "/\n/\nBRANPROP\n A B 9999 /\n B G 9999 /\n/\n",
             ""},
+        RuleRow{"OfTheFieldBeforeAnyGroup",
+            "SCHEDULE\nGCONPROD\n FIELD ORAT 5000 /\n/\nGCONPROD\n G ORAT 5000 /\n/\nWELSPECS\n P1 H 1 1 1* "
+            "OIL "
+            "/\n/\n",
+            "d:6:2: error: GCONPROD: undefined group 'G' [undefined-name] | define the group with "
+            "WELSPECS or GRUPTREE before it is named"},
+        RuleRow{"OfPhasesInAPartOfADeck",
+            "SCHEDULE\nWELSPECS\n A G 1 1 1* GAS /\n/\nWCONINJE\n A GAS OPEN RATE 1000 /\n/\n", ""},
+        RuleRow{"OfUnitsInAPartOfADeck", "PROPS\nDENSITY\n 49 63 0.05 /\n", ""},
         RuleRow{"OfATableTwice", "PROPS\nDENSITY\n 800 1000 1 /\nDENSITY\n 810 1000 1 /\n",
             "d:4:1: warning: DENSITY is repeated with other values [repeated-keyword] | remove one of them "
             "(d:2:1: the first is here)"},

@@ -113,7 +113,7 @@ class RecordPrinter:
 
     def children(self):
         held = self.value["elements_"]
-        block = pointee(held["block_"])
+        block = (held.address + 1).cast(gdb.lookup_type("char").pointer())  # behind the record
         for item in elements(held["layout_"]["_M_ptr"]["items_"]):
             place = block + int(item["offset"])
             md = whole(item["md"].dereference())

@@ -102,7 +102,9 @@ bool IsSound(const SetOptions& options, const KnownDeck& before, const Decks::De
     PrintAside(findings);
     if (after.GetFindings().GetCount(Decks::Severity::Error) == 0 || options.isForced)
         return true;
-    PrintError("the changed deck has new errors; nothing was written; --force writes it nevertheless");
+    PrintError(options.isDiff
+            ? "the changed deck has new errors"
+            : "the changed deck has new errors; nothing was written; --force writes it nevertheless");
     return false;
 }
 
@@ -156,12 +158,13 @@ int SetValues(LoadedLanguage& language, const SetOptions& options)
         return Failure;
     Decks::DeckEditor editor(before->deck);
     std::string report;
-    if (!SetAll(before->deck, options, editor, report) || !IsSound(options, *before, editor, deckLanguage))
+    if (!SetAll(before->deck, options, editor, report))
         return Failure;
-    if (options.isDiff) {
+    if (options.isDiff)
         PrintDiff(before->deck, editor);
-        return Success;
-    }
+    const bool isSound = IsSound(options, *before, editor, deckLanguage);
+    if (options.isDiff || !isSound)
+        return isSound ? Success : Failure;
     if (options.deck == standardInputPath)
         return PrintDeck(before->deck, editor);
     if (!WriteChanged(before->deck, editor))

@@ -16,14 +16,18 @@ ActiveCells::ActiveCells(const PhysicsFacts& facts)
     constexpr const char* names[] = {"NX", "NY", "NZ"};
     for (std::size_t i = 0; i < sizes_.size(); ++i)
         sizes_[i] = static_cast<std::size_t>(std::max(facts.FindSize(names[i]).value_or(0), 0LL));
-    isKnown_ = facts.IsSure() && facts.AreCellsKnown() && GetCount() > 0;
+    constexpr std::size_t mostCells = std::size_t(1) << 40U; // of more, a number would not fit
+    const std::size_t layer = sizes_[0] * sizes_[1]; // sizes are integers of decks
+    const bool isCountable = layer > 0 && sizes_[2] > 0 && layer <= mostCells / sizes_[2];
+    isKnown_ = facts.IsSure() && facts.AreCellsKnown() && isCountable;
     const KeywordInstance* const keyword = facts.FindKeyword(PhysicalRole::ActiveCells);
     if (!isKnown_ || !keyword)
         return;
-    isKnown_ = IsListOf(keyword->data->GetMD(), IKeywordDataMD::MDType::Integer);
+    const auto& list = static_cast<const IKeywordListData&>(*keyword->data);
+    isKnown_ = !HasUnknown(list);
     if (!isKnown_)
         return;
-    const auto numbers = As<int>(static_cast<const IKeywordListData&>(*keyword->data));
+    const auto numbers = As<int>(list);
     isKnown_ = numbers.size() == GetCount();
     numbers_ = isKnown_ ? numbers.data() : nullptr;
 }

@@ -54,9 +54,12 @@ void CheckCellJumps(const PhysicsFacts& facts)
     const KeywordInstance* const tops = facts.FindKeyword(PhysicalRole::CellTops);
     const ActiveCells active(facts);
     const auto system = facts.FindUnits();
-    if (!tops || !system || !active.IsKnown() || !IsListOf(tops->data->GetMD(), IKeywordDataMD::MDType::Real))
+    if (!tops || !system || !active.IsKnown())
         return;
-    const auto depths = As<double>(static_cast<const IKeywordListData&>(*tops->data));
+    const auto& list = static_cast<const IKeywordListData&>(*tops->data);
+    if (HasUnknown(list))
+        return;
+    const auto depths = As<double>(list);
     const double most = Units::Convert("length", mostJump, UnitSystem::METRIC, *system).value_or(mostJump);
     const auto jump = depths.size() <= active.GetCount() ? FindJump(depths, active, most) : std::nullopt;
     if (!jump)

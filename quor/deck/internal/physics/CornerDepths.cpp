@@ -86,10 +86,12 @@ void CheckCornerDepths(const PhysicsFacts& facts)
     const KeywordInstance* const corners = facts.FindKeyword(PhysicalRole::CornerDepths);
     const ActiveCells active(facts);
     const auto system = facts.FindUnits();
-    if (!corners || !system || !active.IsKnown()
-        || !IsListOf(corners->data->GetMD(), IKeywordDataMD::MDType::Real))
+    if (!corners || !system || !active.IsKnown())
         return;
-    const auto depths = As<double>(static_cast<const IKeywordListData&>(*corners->data));
+    const auto& list = static_cast<const IKeywordListData&>(*corners->data);
+    if (HasUnknown(list))
+        return;
+    const auto depths = As<double>(list);
     if (depths.size() != 8 * active.GetCount())
         return;
     const double relief =

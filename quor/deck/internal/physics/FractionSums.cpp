@@ -31,9 +31,12 @@ void CheckFractionSums(const PhysicsFacts& facts, const KeywordInstance& keyword
                                std::uint32_t slot) {
             const int item = inner.Find(PhysicalRole::Fractions);
             const auto& md = static_cast<const IKeywordRecordMD&>(*record.GetMD());
-            if (isReported || item < 0 || !IsListOf(md.GetItemMD(item), IKeywordDataMD::MDType::Real))
+            if (isReported || item < 0)
                 return;
-            const auto fractions = As<double>(*static_cast<const IKeywordListData*>(record.GetData(item)));
+            const auto& list = *static_cast<const IKeywordListData*>(record.GetData(item));
+            if (HasUnknown(list))
+                return;
+            const auto fractions = As<double>(list);
             const double sum = std::accumulate(fractions.begin(), fractions.end(), 0.0);
             if (fractions.empty() || std::abs(sum - 1) <= mostRounding)
                 return;

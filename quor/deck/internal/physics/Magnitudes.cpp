@@ -98,7 +98,10 @@ bool Magnitudes::FindOddOfRecords(const KeywordInstance& keyword, const RecordRo
 /// Of a list of real numbers, or a list of such lists.
 bool Magnitudes::FindOddOfLists(const IKeywordData& data, const MagnitudeRule& rule, Number& odd)
 {
-    if (IsListOf(data.GetMD(), IKeywordDataMD::MDType::Real)) {
+    const bool isOfReals = IsListOf(data.GetMD(), IKeywordDataMD::MDType::Real);
+    if (isOfReals && HasUnknown(static_cast<const IKeywordListData&>(data)))
+        return false;
+    if (isOfReals) {
         const IKeywordDataMD& md = *static_cast<const IKeywordListMD&>(*data.GetMD()).GetItemMD();
         const auto values = As<double>(static_cast<const IKeywordListData&>(data));
         IsOdd(rule, md, 0); // for the limits

@@ -27,7 +27,9 @@ std::optional<UnitSystem::Enum> PhysicsFacts::FindUnits() const
         const UnitSystem::Enum system = UnitSystem::FromString(keyword->syntax->GetName(), &isSystem);
         return isSystem ? std::optional(system) : std::nullopt;
     }
-    return isSure_ ? std::optional(UnitSystem::METRIC) : std::nullopt;
+    const bool isBegun =
+        !deck_.keywords.empty() && deck_.keywords.front().section == Keywords::SectionType::RUNSPEC;
+    return isSure_ && isBegun ? std::optional(UnitSystem::METRIC) : std::nullopt;
 }
 
 const std::vector<RoleTable>* PhysicsFacts::FindTables(const std::vector<PhysicalRole::Enum>& roles) const
@@ -65,7 +67,10 @@ void PhysicsFacts::ReportUnits(const TextRange& range, const std::string& messag
     const std::string& system = UnitSystem::ToString(*FindUnits());
     areUnitsReported_ = true;
     Report(range, Code::WrongUnits, message,
-        fmt::format("plausible in {} units, but the deck is in {} units", UnitSystem::ToString(fit), system),
+        units ? fmt::format(
+            "plausible in {} units, but the deck is in {} units", UnitSystem::ToString(fit), system)
+              : fmt::format("plausible in {} units, but the deck names no system of units, which means {}",
+                  UnitSystem::ToString(fit), system),
         units ? Decks::Related(*units, fmt::format("{} is here", system)) : std::vector<Related>());
 }
 

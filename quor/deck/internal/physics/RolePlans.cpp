@@ -1,5 +1,6 @@
 #include "quor/deck/internal/physics/RolePlans.h"
 
+#include "quor/deck/internal/read/data/DataShape.h"
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
@@ -25,6 +26,35 @@ const IKeywordRecordMD* FindRecord(const IKeywordDataMD* md)
     while (KeywordUtils::GetMDType(md) == MDType::List)
         md = static_cast<const IKeywordListMD&>(*md).GetItemMD();
     return KeywordUtils::GetMDType(md) == MDType::Record ? static_cast<const IKeywordRecordMD*>(md) : nullptr;
+}
+
+/// Whether data of that type can have the role. A document may give any keyword or item any role.
+bool Fits(PhysicalRole::Enum role, const IKeywordDataMD* md)
+{
+    const MDType::Enum type = KeywordUtils::GetMDType(md);
+    switch (role) {
+    case PhysicalRole::CornerDepths:
+    case PhysicalRole::CellTops:
+    case PhysicalRole::Fractions:
+        return IsListOf(md, MDType::Real);
+    case PhysicalRole::ActiveCells:
+        return IsListOf(md, MDType::Integer);
+    case PhysicalRole::NameOfWell:
+    case PhysicalRole::NameOfArray:
+        return type == MDType::String;
+    case PhysicalRole::HeadI:
+    case PhysicalRole::HeadJ:
+    case PhysicalRole::ConnectionI:
+    case PhysicalRole::ConnectionJ:
+    case PhysicalRole::ConnectionFirstK:
+    case PhysicalRole::ConnectionLastK:
+    case PhysicalRole::TableOfDissolvedGas:
+        return type == MDType::Integer;
+    case PhysicalRole::DepthOfWell:
+        return type == MDType::Real;
+    default: // a number of a table, or a keyword that says something by being there
+        return true;
+    }
 }
 
 } // namespace
@@ -62,7 +92,8 @@ KeywordRoles RolePlans::Make(const IKeywordSyntax& syntax) const
 {
     KeywordRoles plan;
     for (const RoleRule& rule : rules_.roles) {
-        if (rule.item.empty() && HasWord(rule.keywords, syntax.GetName()))
+        if (rule.item.empty() && HasWord(rule.keywords, syntax.GetName())
+            && Fits(rule.role, syntax.GetDataMD()))
             plan.roles.push_back(rule.role);
     }
     for (const MagnitudeRule& rule : rules_.magnitudes) {
@@ -81,7 +112,7 @@ RecordRoles RolePlans::MakeRecord(const std::string& keyword, const IKeywordData
     for (int i = 0; i < record.GetSize(); ++i) {
         const IKeywordDataMD& item = *record.GetItemMD(i);
         for (const RoleRule& rule : rules_.roles) {
-            if (rule.item == item.GetName() && HasWord(rule.keywords, keyword))
+            if (rule.item == item.GetName() && HasWord(rule.keywords, keyword) && Fits(rule.role, &item))
                 plan.items.push_back({i, rule.role});
         }
         for (const MagnitudeRule& rule : rules_.magnitudes) {

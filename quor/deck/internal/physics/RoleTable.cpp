@@ -42,8 +42,15 @@ public:
         levels_.push_back({&record, &roles, slot});
         if (roles.inner.empty())
             AddRow();
-        else
-            table_.branches.push_back(table_.columns.empty() ? 0 : table_.columns.front().values.size());
+        else if (table_.branches.empty() || table_.branches.back() != CountRows())
+            table_.branches.push_back(CountRows()); // else the one before has no rows
+    }
+
+    /// To be called after the last record.
+    void End()
+    {
+        if (!table_.branches.empty() && table_.branches.back() == CountRows())
+            table_.branches.pop_back();
     }
 
 private:
@@ -52,6 +59,11 @@ private:
         const RecordRoles* roles;
         std::uint32_t slot; // of its first item
     };
+
+    std::size_t CountRows() const
+    {
+        return table_.columns.empty() ? 0 : table_.columns.front().values.size();
+    }
 
     void AddRow()
     {
@@ -96,6 +108,7 @@ std::vector<RoleTable> MakeTables(
         TableMaker maker(tables.back(), simulator);
         const auto add = [&maker](const auto&... record) { maker.AddRecord(record...); };
         RecordWalk(add).Walk(element, roles);
+        maker.End();
         if (tables[i].columns.empty() && i > 0)
             tables[i] = tables[i - 1];
     });

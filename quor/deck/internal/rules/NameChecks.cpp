@@ -60,6 +60,8 @@ bool NameChecks::Follow(const RecordRules::Name& rule, std::string_view name, co
     if (!isWhole_ || (rule.isDefinition && !context_.rules.names[rule.kind].areArrays))
         return false;
     const bool isFirst = !context_.rules.names[kind].areArrays && !HasDefinitions(kind);
+    if (isFirst && names_[kind].Has(name)) // one that needs no definition
+        return false;
     if (!isFirst && !rule.mayComeFirst)
         return !IsDefined(kind, name)
             && ReportUnknown(kind, name, *rule.voice, context_.GetKeyword(), position);

@@ -87,7 +87,8 @@ void NumberChecks::CheckRegion(const RegionRule& rule)
 {
     const KeywordInstance& keyword = context_.GetKeyword();
     const long long most = context_.dimensions.FindLimit(rule.size);
-    if (!IsListOf(keyword.data->GetMD(), IKeywordDataMD::MDType::Integer))
+    if (!IsListOf(keyword.data->GetMD(), IKeywordDataMD::MDType::Integer)
+        || HasUnknown(static_cast<const IKeywordListData&>(*keyword.data)))
         return;
     const auto numbers = As<int>(static_cast<const IKeywordListData&>(*keyword.data));
     const auto highest = std::max_element(numbers.begin(), numbers.end());

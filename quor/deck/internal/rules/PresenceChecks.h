@@ -27,6 +27,9 @@ public:
     void EndDeck();
     /// Whether the deck is no part of one.
     bool IsWholeDeck() const;
+    /// Whether the deck has the first of what a whole one has: what comes before a part of a deck isn't
+    /// known.
+    bool IsBegun() const { return !context_.rules.whole.empty() && FindFirst(context_.rules.whole.front()); }
     /// Whether the deck has the keyword up to now, or an operation makes the array of that name.
     bool Has(const std::string& name) const;
 

@@ -61,7 +61,7 @@ void RecordChecks::CheckRequirement(
 {
     const RequireRule& rule = *requirement.rule;
     const auto holds = [&](const RecordRules::Condition& condition) { return Holds(condition, record); };
-    if (!Holds(requirement.when, record)
+    if ((!rule.present.empty() && (!isSure_ || !presence_.IsBegun())) || !Holds(requirement.when, record)
         || std::any_of(requirement.unless.begin(), requirement.unless.end(), holds)
         || std::any_of(requirement.items.begin(), requirement.items.end(),
             [&](const RuleItem& item) { return IsGivenTarget(record, item); })

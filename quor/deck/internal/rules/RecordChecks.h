@@ -22,6 +22,8 @@ public:
     {
     }
 
+    /// A keyword was missed: which of them the deck has is no longer known.
+    void Lose() { isSure_ = false; }
     /// To be called before the records of a keyword are checked.
     void StartKeyword();
     /// `position`: of the record.
@@ -38,6 +40,7 @@ private:
 
     RuleContext context_;
     const PresenceChecks& presence_;
+    bool isSure_ = true;
     std::vector<std::unordered_map<std::uint64_t, std::size_t>>
         seen_; // of each rule: the record with the key
 };

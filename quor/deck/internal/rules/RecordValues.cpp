@@ -123,7 +123,7 @@ RecordKeys::RecordKeys(
         keys.push_back(hash.Get());
         return;
     }
-    constexpr long long longest = 10'000; // a longer run is a mistake that others report
+    constexpr long long longest = 1'000; // a longer run is a mistake that others report
     const long long first = NumberOf(record, items.back());
     const long long end = NumberOf(record, last);
     for (long long at = first; at <= end && end - first < longest; ++at) {

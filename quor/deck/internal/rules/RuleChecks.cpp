@@ -115,6 +115,7 @@ void RuleChecks::Lose()
 {
     isWhole_ = false;
     names_.Lose();
+    records_.Lose();
 }
 
 void RuleChecks::EndDeck(bool isSure)
@@ -142,7 +143,8 @@ void RuleChecks::CheckRecord(const RecordRules& rules, const Record& record, con
         numbers_.CheckOrders(rules, record, position);
     numbers_.CheckAssignments(rules, record, position);
     records_.Check(rules, record, position);
-    members_.Check(rules, record, position);
+    if (!isOutside)
+        members_.Check(rules, record, position);
     trees_.Follow(rules, record, position);
     for (const RecordRules& inner : rules.inner)
         CheckInner(inner, *static_cast<const IKeywordData*>(record.GetData(inner.item)), position);

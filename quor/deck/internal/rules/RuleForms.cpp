@@ -18,12 +18,17 @@ using namespace Core::Keywords;
 namespace {
 
 /// Comments of decks may name it.
-void NoteCode(const std::string& code, RuleSet& rules)
+void NoteCode(const RuleElement& element, const std::string& code, RuleSet& rules)
 {
     const auto isKnown = [&](const CodeInfo& info) { return info.name == code; };
     if (!code.empty() && std::none_of(Codes().begin(), Codes().end(), isKnown)
-        && std::find(rules.ownCodes.begin(), rules.ownCodes.end(), code) == rules.ownCodes.end())
+        && std::find(rules.ownCodes.begin(), rules.ownCodes.end(), code) == rules.ownCodes.end()) {
+        constexpr std::size_t mostCodes = 100; // comments of decks know no more
+        if (rules.ownCodes.size() == mostCodes)
+            element.Fail(
+                fmt::format("too many codes of documents of rules; expected at most {}", mostCodes), "code");
         rules.ownCodes.push_back(code);
+    }
 }
 
 FindingVoice ReadVoice(RuleElement& element, RuleSet& rules)
@@ -44,7 +49,7 @@ FindingVoice ReadVoice(RuleElement& element, RuleSet& rules)
         element.Fail(
             fmt::format("attribute 'severity' is '{}'; expected 'error', 'warning' or 'note'", severity),
             "severity");
-    NoteCode(voice.code, rules);
+    NoteCode(element, voice.code, rules);
     return voice;
 }
 
