@@ -79,8 +79,9 @@ bool EqualMaps(const IKeywordMapData& a, const IKeywordMapData& b)
 bool EqualByLayout(const GenericKeywordRecordDataImpl& a, const GenericKeywordRecordDataImpl& b)
 {
     // The metadata are the same, but a host may have added items to them in between.
-    const bool areAlike = a.Layout().Items().size() == b.Layout().Items().size();
-    if (areAlike && a.Layout().IsPlain() && b.Layout().IsPlain()) {
+    if (a.Layout().Items().size() != b.Layout().Items().size())
+        return false;
+    if (a.Layout().IsPlain() && b.Layout().IsPlain()) {
         const auto& runs = a.Layout().Runs();
         return std::all_of(runs.begin(), runs.end(), [&](const RecordLayout::Run& run) {
             return run.ops->equalRun(a.Block() + run.offset, b.Block() + run.offset, run.count);

@@ -1,6 +1,7 @@
 // The exported readers for a host's DOM. The readers proper see trees, which the loader makes too.
 
 #include "quor/foundation/internal/DocumentTree.h"
+#include "quor/foundation/service/xml/DomText.h"
 #include "quor/metadata/AliasesMDImpl.h"
 #include "quor/metadata/CustomReadTermination.h"
 #include "quor/metadata/KeywordAssignmentMDImpl.h"
@@ -30,7 +31,7 @@ void AliasesMDImpl::ReadXML(const DOMElement* element)
 }
 
 CustomReadStringTermination::CustomReadStringTermination(const DOMElement* element)
-    : CustomReadStringTermination(RootOf(TreeOf(*element)))
+    : text_(Service::XML::GetElementText(element)) // of any element, whatever its tag
 {
 }
 
