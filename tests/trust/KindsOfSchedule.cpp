@@ -85,7 +85,7 @@ std::string GroupOfGroups(const SampleDeck& deck, const Value&, Random& random)
 }
 
 /// The record of a value once more, with another text for one of its items.
-MakeMistake RepeatRecord(const std::string& where, Rewrite rewrite)
+MakeMistake RepeatRecord(const std::string& where, const Rewrite& rewrite)
 {
     return [where = Where(where), rewrite](const SampleDeck& deck, Random& random) -> std::optional<Mistake> {
         const Value* value = ChooseValue(deck, FindValues(deck, where), random);
@@ -129,7 +129,7 @@ Rewrite Plus(int more)
 }
 
 /// Only for a date that another one follows in its keyword.
-Rewrite BeforeOthers(Rewrite rewrite)
+Rewrite BeforeOthers(const Rewrite& rewrite)
 {
     return [rewrite](const SampleDeck& deck, const Value& value, Random& random) {
         return FindInRow(deck, value, 1) ? rewrite(deck, value, random) : std::string();
@@ -137,7 +137,7 @@ Rewrite BeforeOthers(Rewrite rewrite)
 }
 
 /// Only in a deck with dates.
-Rewrite IfDated(Rewrite rewrite)
+Rewrite IfDated(const Rewrite& rewrite)
 {
     return [rewrite](const SampleDeck& deck, const Value& value, Random& random) {
         return deck.GetDeck().Has("DATES") ? rewrite(deck, value, random) : std::string();

@@ -128,7 +128,7 @@ std::string MisspeltChoice(const SampleDeck&, const Value& value, Random& random
 {
     const auto& md = static_cast<const IKeywordChoiceMD&>(*value.md);
     for (int i = 0; i < 20; ++i) {
-        const std::string word = Misspelt(value.text, random);
+        std::string word = Misspelt(value.text, random);
         if (md.Match(word).index < 0 && std::isalpha(static_cast<unsigned char>(word.front())))
             return word;
     }

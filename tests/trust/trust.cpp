@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <string>
@@ -133,7 +134,7 @@ int Run(const Settings& settings)
 } // namespace
 
 int main(int count, char** words)
-{
+try {
     CLI::App app("Seeds mistakes into decks without findings, and counts by kind what is found.");
     Settings settings;
     app.add_option(
@@ -146,10 +147,8 @@ int main(int count, char** words)
     app.add_option(
         "--examples", settings.examples, "Show so many mistakes of each kind that are reported otherwise");
     CLI11_PARSE(app, count, words);
-    try {
-        return Run(settings);
-    } catch (const std::exception& error) {
-        fmt::print(stderr, "trust: error: {}\n", error.what());
-        return 2;
-    }
+    return Run(settings);
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "trust: error: %s\n", error.what());
+    return 2;
 }

@@ -102,7 +102,7 @@ std::optional<Decks::Deck> ReadDeck(
     }
 }
 
-std::optional<Decks::Deck> ReadDeckOrReport(const std::string& path, Decks::ReadOptions options,
+std::optional<Decks::Deck> ReadDeckOrReport(const std::string& path, const Decks::ReadOptions& options,
     const Decks::DeckLanguage& deckLanguage, const char* consequence)
 {
     std::optional<Decks::Deck> deck = ReadDeck(path, options, deckLanguage);

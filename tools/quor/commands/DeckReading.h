@@ -26,8 +26,9 @@ std::optional<Core::Decks::Deck> ReadDeck(
 
 /// The same for a command that does something else than to check the deck: reports in a line if the deck has
 /// errors, and what this means for the command.
-std::optional<Core::Decks::Deck> ReadDeckOrReport(const std::string& path, Core::Decks::ReadOptions options,
-    const Core::Decks::DeckLanguage& deckLanguage, const char* consequence = "the result may be incomplete");
+std::optional<Core::Decks::Deck> ReadDeckOrReport(const std::string& path,
+    const Core::Decks::ReadOptions& options, const Core::Decks::DeckLanguage& deckLanguage,
+    const char* consequence = "the result may be incomplete");
 
 /// "file:line"
 std::string LocationText(const Core::Decks::Location& location);

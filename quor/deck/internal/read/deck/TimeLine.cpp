@@ -47,7 +47,7 @@ const IKeywordRecordData& DateAt(const IKeywordListData& list, std::size_t i)
 /// For messages: the last year in which a date has a text, or the first, for one that has none.
 std::string NameOfTime(const Time& time)
 {
-    const std::string text = DateText(time);
+    std::string text = DateText(time);
     if (!text.empty())
         return text;
     return time < Time(0, 1, 1, 0, 0, 0, 0) ? "the year 0" : "the year 32767";
