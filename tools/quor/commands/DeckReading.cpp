@@ -67,6 +67,13 @@ void AddVariablesOption(CLI::App& command, Decks::ReadOptions& options)
 
 } // namespace
 
+void AddDeckArgument(CLI::App& command, std::string& path)
+{
+    command.add_option("DECK", path, "Main file of the deck; '-' is standard input")
+        ->required()
+        ->type_name("FILE");
+}
+
 void AddReadOptions(CLI::App& command, Decks::ReadOptions& options)
 {
     AddSimulatorOption(command, [&options](SimulatorType::Enum value) { options.SetSimulator(value); });

@@ -13,6 +13,8 @@ class App;
 
 namespace Veld::Quor::Tools {
 
+/// Adds the argument that names a deck. `path` must outlive the application.
+void AddDeckArgument(CLI::App& command, std::string& path);
 /// Adds the options with which a deck is read: simulator, mode, values of variables, the name of one that is
 /// read from standard input, and the limit of repeats. `options` must outlive the application.
 void AddReadOptions(CLI::App& command, Core::Decks::ReadOptions& options);

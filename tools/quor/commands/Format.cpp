@@ -186,9 +186,7 @@ Command MakeFormatCommand(CLI::App& application)
         "Formats a deck: aligns rows whose columns are not below one another, and removes blanks within\n"
         "quotes and defaults after the last item. Lines, columns, comments, numbers and repeats are kept.\n"
         "The formatted deck has the same data.");
-    command.add_option("DECK", options->deck, "Main file of the deck; '-' is standard input")
-        ->required()
-        ->type_name("FILE");
+    AddDeckArgument(command, options->deck);
     AddReadOptions(command, options->read);
     CLI::Option* const oneFile = command.add_flag(
         "--one-file", options->isOneFile, "Replace each inclusion by the content of the included file");

@@ -179,8 +179,9 @@ int WriteNpy(const Decks::Deck& deck, const GetOptions& options)
 int GetValues(LoadedLanguage& language, const GetOptions& options)
 {
     const Decks::DeckLanguage deckLanguage(language.GetTable());
-    const auto deck =
-        ReadDeckOrReport(options.deck, Decks::ReadOptions(options.read).SetEditable(true), deckLanguage);
+    const bool hasPositions = options.format != GetFormat::Npy; // a whole array needs none
+    const auto deck = ReadDeckOrReport(
+        options.deck, Decks::ReadOptions(options.read).SetEditable(hasPositions), deckLanguage);
     if (!deck)
         return Failure;
     if (options.format == GetFormat::Npy)
@@ -214,9 +215,7 @@ Command MakeGetCommand(CLI::App& application)
     const auto options = std::make_shared<GetOptions>();
     CLI::App& command = *application.add_subcommand(
         "get", "Prints values of a deck by their addresses: of one record, item and date, or of all.");
-    command.add_option("DECK", options->deck, "Main file of the deck; '-' is standard input")
-        ->required()
-        ->type_name("FILE");
+    AddDeckArgument(command, options->deck);
     command.add_option("ADDRESS", options->addresses, "Which values")->required()->type_name("ADDRESS");
     AddReadOptions(command, options->read);
     static const std::map<std::string, GetFormat> formats = {{"text", GetFormat::Text},

@@ -269,9 +269,7 @@ Command MakeInfoCommand(CLI::App& application)
     CLI::App& command = *application.add_subcommand("info",
         "Summarizes a deck: files, sections, sizes, dates, wells, groups, and for each cell property the\n"
         "number, minimum, mean and maximum of its values.");
-    command.add_option("DECK", options->deck, "Main file of the deck; '-' is standard input")
-        ->required()
-        ->type_name("FILE");
+    AddDeckArgument(command, options->deck);
     AddReadOptions(command, options->read);
     command.add_flag("--wells", options->withAllWells, "List all wells and groups, not the first 20");
     command.add_flag(

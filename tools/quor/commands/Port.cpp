@@ -197,9 +197,7 @@ Command MakePortCommand(CLI::App& application)
     CLI::App& command = *application.add_subcommand("port",
         "Reports what a deck loses on another simulator: keywords, values and choices that the simulator\n"
         "does not accept or ignores, and defaulted values whose default differs.");
-    command.add_option("DECK", options->deck, "Main file of the deck; '-' is standard input")
-        ->required()
-        ->type_name("FILE");
+    AddDeckArgument(command, options->deck);
     AddSimulatorOption(command, Into(options->to.simulator), "--to", "Target simulator");
     command.get_option("--to")->required();
     AddModeOption(command, Into(options->to.mode));

@@ -192,9 +192,7 @@ Command MakeSetCommand(CLI::App& application)
     const auto options = std::make_shared<SetOptions>();
     CLI::App& command = *application.add_subcommand(
         "set", "Sets values of a deck by their addresses. Nothing else in its files changes.");
-    command.add_option("DECK", options->deck, "Main file of the deck; '-' is standard input")
-        ->required()
-        ->type_name("FILE");
+    AddDeckArgument(command, options->deck);
     command
         .add_option("CHANGES", options->words, "Addresses and their new values; 1* leaves one to its default")
         ->required()

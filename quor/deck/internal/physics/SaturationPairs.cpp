@@ -60,6 +60,14 @@ void CheckOil(const PhysicsFacts& facts, const RoleTable& water, const RoleTable
             fmt::format("{} is {} here", withWater.column->name, withWater.Value()))});
 }
 
+/// Where the table of water has its connate saturation.
+PhysicsFacts::Related ConnateWater(const PhysicsFacts& facts, const RoleTable& water)
+{
+    const auto& connate = *water.Find(PhysicalRole::SaturationOfWater);
+    return facts.RelatedTo(
+        water, connate, 0, fmt::format("{} is {} here", connate.name, connate.values.front()));
+}
+
 /// Water is in all pores, and never below its connate saturation.
 void CheckSum(
     const PhysicsFacts& facts, const RoleTable& water, const RoleTable& other, PhysicalRole::Enum role)
@@ -72,9 +80,7 @@ void CheckSum(
         fmt::format("{}: {} of table {} reaches {}, but {} of {} begins at {}; expected a sum of at most 1",
             facts.NameOf(other), phase.name, other.element + 1, phase.values.back(), connate.name,
             facts.NameOf(water), connate.values.front()),
-        "the highest saturation is 1 less that of connate water",
-        {facts.RelatedTo(
-            water, connate, 0, fmt::format("{} is {} here", connate.name, connate.values.front()))});
+        "the highest saturation is 1 less that of connate water", {ConnateWater(facts, water)});
 }
 
 void CheckLiquid(const PhysicsFacts& facts, const RoleTable& water, const RoleTable& gas)
@@ -87,9 +93,7 @@ void CheckLiquid(const PhysicsFacts& facts, const RoleTable& water, const RoleTa
         fmt::format("{}: {} of table {} begins at {}, but {} of {} begins at {}", facts.NameOf(gas),
             liquid.name, gas.element + 1, liquid.values.front(), connate.name, facts.NameOf(water),
             connate.values.front()),
-        "liquid is oil and connate water; it is at least as much as the water",
-        {facts.RelatedTo(
-            water, connate, 0, fmt::format("{} is {} here", connate.name, connate.values.front()))});
+        "liquid is oil and connate water; it is at least as much as the water", {ConnateWater(facts, water)});
 }
 
 /// At its highest saturation oil flows alone, whichever phase the column is for.
@@ -117,9 +121,7 @@ void CheckOilRange(const PhysicsFacts& facts, const RoleTable& water, const Role
         fmt::format("{}: {} of table {} ends at {}, but {} of {} begins at {}; expected a sum of 1",
             facts.NameOf(oil), phase.name, oil.element + 1, phase.values.back(), connate.name,
             facts.NameOf(water), connate.values.front()),
-        "the highest saturation is 1 less that of connate water",
-        {facts.RelatedTo(
-            water, connate, 0, fmt::format("{} is {} here", connate.name, connate.values.front()))});
+        "the highest saturation is 1 less that of connate water", {ConnateWater(facts, water)});
 }
 
 } // namespace
