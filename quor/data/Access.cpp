@@ -2,6 +2,7 @@
 
 #include "quor/data/internal/AccessCheck.h"
 #include "quor/data/internal/ScalarOps.h"
+#include "quor/foundation/internal/FloatValue.h"
 #include "quor/metadata/IKeywordBooleanMD.h"
 #include "quor/metadata/IKeywordChoiceMD.h"
 #include "quor/metadata/IKeywordIntegerMD.h"
@@ -179,6 +180,11 @@ void Set(IKeywordRecordData& record, ItemKey item, int value)
 void Set(IKeywordRecordData& record, ItemKey item, double value)
 {
     SetItem(record, item, value);
+}
+
+void Set(IKeywordRecordData& record, ItemKey item, float value)
+{
+    SetItem(record, item, ToDouble(value));
 }
 
 void Set(IKeywordRecordData& record, ItemKey item, std::string_view value)

@@ -2,6 +2,7 @@
 
 #include "quor/data/internal/AccessCheck.h"
 #include "quor/data/internal/UnknownElements.h"
+#include "quor/foundation/internal/FloatValue.h"
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/internal/MDCast.h"
 
@@ -13,10 +14,6 @@ using MDType = IKeywordDataMD::MDType;
 using Service::Optional;
 
 namespace {
-
-/// A boolean is a byte in a list.
-template <class T>
-using Element = std::conditional_t<std::is_same_v<T, bool>, char, T>;
 
 AccessSubject ElementOf(const IKeywordListData& list)
 {
@@ -36,7 +33,7 @@ void SetElement(IKeywordListData& list, std::size_t i, const T& value)
 {
     CheckHolds<T>(ElementOf(list));
     CheckIndex(list, i);
-    const Element<T> element(value);
+    const ListElement<T> element(value);
     list.SetData(i, &element);
     list.SetDefaulted(i, false);
 }
@@ -45,7 +42,7 @@ template <class T>
 void AddElement(IKeywordListData& list, const T& value)
 {
     CheckHolds<T>(ElementOf(list));
-    const Element<T> element(value);
+    const ListElement<T> element(value);
     list.AddData(&element);
 }
 
@@ -56,6 +53,23 @@ void CheckKnown(const IKeywordListData& list, const T* unknown)
         FailAccess(list.GetSyntax(),
             "element index " + std::to_string(unknown - static_cast<const T*>(list.GetData(0)))
                 + " has no value: a variable that isn't set is in its place");
+}
+
+/// What `visit` says, called with an element of the type that the list stores; false for a list whose
+/// elements can't be unknown.
+template <class Visit>
+bool VisitElements(const IKeywordListData& list, Visit visit)
+{
+    switch (ElementOf(list).Type()) {
+    case MDType::Integer:
+        return visit(int());
+    case MDType::Real:
+        return visit(double());
+    case MDType::Boolean:
+        return visit(char());
+    default:
+        return false;
+    }
 }
 
 template <class List>
@@ -96,11 +110,11 @@ T ValueAt(const IKeywordListData& list, std::size_t i)
 {
     CheckHolds<T>(ElementOf(list));
     CheckIndex(list, i);
-    if constexpr (std::is_same_v<T, int> || std::is_same_v<T, double>) {
-        if (IsUnknownAt<T>(list, i))
-            CheckKnown(list, static_cast<const T*>(list.GetData(i)));
+    if constexpr (std::is_arithmetic_v<T>) {
+        if (IsUnknownAt<ListElement<T>>(list, i))
+            CheckKnown(list, static_cast<const ListElement<T>*>(list.GetData(i)));
     }
-    return static_cast<T>(*static_cast<const Element<T>*>(list.GetData(i)));
+    return static_cast<T>(*static_cast<const ListElement<T>*>(list.GetData(i)));
 }
 
 template VELD_QUOR_EXPORT bool ValueAt<bool>(const IKeywordListData&, std::size_t);
@@ -118,24 +132,23 @@ const std::string& ChoiceAt(const IKeywordListData& list, std::size_t i)
 
 bool HasUnknown(const IKeywordListData& list)
 {
-    return FindUnknown<int>(list) || FindUnknown<double>(list);
+    return VisitElements(list, [&](auto like) { return FindUnknown<decltype(like)>(list) != nullptr; });
 }
 
 bool IsUnknown(const IKeywordListData& list, std::size_t i)
 {
     CheckIndex(list, i);
-    const MDType::Enum type = ElementOf(list).Type();
-    return type == MDType::Integer ? IsUnknownAt<int>(list, i)
-                                   : type == MDType::Real && IsUnknownAt<double>(list, i);
+    return VisitElements(list, [&](auto like) { return IsUnknownAt<decltype(like)>(list, i); });
 }
 
 void AddUnknown(IKeywordListData& list, std::size_t count)
 {
-    const AccessSubject element = ElementOf(list);
-    if (element.Type() == MDType::Integer)
-        return AppendUnknown<int>(list, count);
-    CheckHolds<double>(element);
-    AppendUnknown<double>(list, count);
+    const bool isDone = VisitElements(list, [&](auto like) {
+        AppendUnknown<decltype(like)>(list, count);
+        return true;
+    });
+    if (!isDone)
+        ElementOf(list).FailType("Integer, Real or Boolean");
 }
 
 void SetValueAt(IKeywordListData& list, std::size_t i, bool value)
@@ -151,6 +164,11 @@ void SetValueAt(IKeywordListData& list, std::size_t i, int value)
 void SetValueAt(IKeywordListData& list, std::size_t i, double value)
 {
     SetElement(list, i, value);
+}
+
+void SetValueAt(IKeywordListData& list, std::size_t i, float value)
+{
+    SetElement(list, i, ToDouble(value));
 }
 
 void SetValueAt(IKeywordListData& list, std::size_t i, std::string_view value)
@@ -184,6 +202,11 @@ void AddValue(IKeywordListData& list, int value)
 void AddValue(IKeywordListData& list, double value)
 {
     AddElement(list, value);
+}
+
+void AddValue(IKeywordListData& list, float value)
+{
+    AddElement(list, ToDouble(value));
 }
 
 void AddValue(IKeywordListData& list, std::string_view value)
@@ -253,40 +276,6 @@ RecordRange<const IKeywordListData> Records(const IKeywordListData& list)
 {
     ElementOf(list).CheckType(MDType::Record);
     return RecordRange<const IKeywordListData>(list);
-}
-
-namespace {
-
-/// An item of a record and a value of a map are stored as an `Optional`, an element of a list is not.
-template <class T>
-Optional<T> AtStop(const ConstDataIterator::ValueType& stop)
-{
-    return stop.isOptional ? *static_cast<const Optional<T>*>(stop.value)
-                           : Optional<T>(static_cast<T>(*static_cast<const Element<T>*>(stop.value)));
-}
-
-} // namespace
-
-template <class T>
-Optional<T> Get(const ConstDataIterator::ValueType& stop)
-{
-    const AccessSubject subject{nullptr, stop.md, "the value"};
-    if (!(std::is_same_v<T, int> && subject.Type() == MDType::Assignment))
-        CheckHolds<T>(subject);
-    return AtStop<T>(stop);
-}
-
-template VELD_QUOR_EXPORT Optional<bool> Get<bool>(const ConstDataIterator::ValueType&);
-template VELD_QUOR_EXPORT Optional<int> Get<int>(const ConstDataIterator::ValueType&);
-template VELD_QUOR_EXPORT Optional<double> Get<double>(const ConstDataIterator::ValueType&);
-template VELD_QUOR_EXPORT Optional<std::string> Get<std::string>(const ConstDataIterator::ValueType&);
-
-Optional<std::string> GetChoice(const ConstDataIterator::ValueType& stop)
-{
-    const AccessSubject subject{nullptr, stop.md, "the value"};
-    subject.CheckType(MDType::Choice);
-    const Optional<int> index = AtStop<int>(stop);
-    return index ? WordOfIndex(subject, *index) : Optional<std::string>();
 }
 
 } // namespace Veld::Quor::Core::Keywords

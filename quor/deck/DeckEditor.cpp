@@ -10,7 +10,7 @@
 #include "quor/deck/internal/read/contents/DeckContents.h"
 #include "quor/deck/internal/read/data/DataShape.h"
 #include "quor/deck/internal/text/LineText.h"
-#include "quor/deck/internal/text/NumberText.h"
+#include "quor/foundation/internal/FloatValue.h"
 
 #include <fmt/format.h>
 
@@ -52,7 +52,7 @@ std::unique_ptr<IKeywordData> MakeArray(
 } // namespace
 
 NewValue::NewValue(float value)
-    : value_(ToReal(fmt::format("{}", value)).value_or(value)) // infinity has no digits
+    : value_(ToDouble(value))
 {
 }
 

@@ -64,10 +64,10 @@ public:
     /// How many findings are kept; others are counted. 200 at first.
     ReadOptions& SetMaxFindings(std::size_t count);
     /// How many values the repeat counts (`1000*0.2`, `1000*`) of one keyword make at most, and of a deck 20
-    /// times as many, both beyond 100 for each byte of its files up to there: 50 million at first, which take
-    /// 400 MB as numbers. A value that is no number counts as four. A word that would make more is a finding
-    /// (`too-many-values`), and makes none of them, so a short text can't fill the memory. A deck of a larger
-    /// grid whose arrays are repeats needs more.
+    /// times as many, both beyond 100 for each byte of its files up to there: 50 million at first. A number
+    /// takes 8 bytes, so a keyword fills up to 400 MB and a deck up to 8 GB; a value that is no number counts as
+    /// four. A host with less memory sets less. A word that would make more is a finding (`too-many-values`),
+    /// and makes none of them. A deck of a larger grid whose arrays are repeats needs more.
     ReadOptions& SetMaxRepeatedValues(std::size_t count);
     /// Where the files of the deck come from; null, as at first: the files of the system.
     ReadOptions& SetSource(std::shared_ptr<const DeckSource> source);

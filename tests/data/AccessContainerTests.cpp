@@ -33,7 +33,7 @@ TEST(AccessToLists, SeesTheElementsInPlaceAndTheirFlags)
     EXPECT_TRUE(As<int>(list).empty());
 }
 
-TEST(AccessToLists, KnowsWhichNumbersAreUnknown)
+TEST(AccessToLists, KnowsWhichValuesAreUnknown)
 {
     const Made made("[?i]", "[1 2]");
     IKeywordListData& list = AsList(*made.data);
@@ -62,6 +62,10 @@ TEST(AccessToLists, KnowsWhichNumbersAreUnknown)
     AddUnknown(AsList(*reals.data));
     EXPECT_TRUE(IsUnknown(AsList(*reals.data), 0));
     EXPECT_FALSE(HasUnknown(AsList(*Made("[s]", "['a']").data)));
+    const Made flags("[b]", "[1]");
+    AddUnknown(AsList(*flags.data));
+    EXPECT_FALSE(IsUnknown(AsList(*flags.data), 0));
+    EXPECT_EQ(ReasonOf([&] { ValueAt<bool>(AsList(*flags.data), 1); }), reason);
 }
 
 TEST(AccessToLists, ReadsTextsAndBooleansByElement)

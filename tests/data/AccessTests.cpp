@@ -73,6 +73,8 @@ TEST_F(Access, AScalarIsWhatWasSetUntilItIsCleared)
     EXPECT_EQ(Get<int>(well, 3).Value(), 7);
     EXPECT_EQ(Get<double>(well, "ORAT").Value(), 900);
     EXPECT_EQ(GetChoice(well, "CONTROL").Value(), "WRAT");
+    Set(well, "ORAT", 0.1F);
+    EXPECT_EQ(Get<double>(well, "ORAT").Value(), 0.1) << "not 0.10000000149011612";
     for (const char* const item : {"WELL", "OPEN", "COUNT", "ORAT", "NOTE", "CONTROL"}) {
         EXPECT_TRUE(Has(well, item)) << item;
         Clear(well, item);
@@ -251,7 +253,8 @@ INSTANTIATE_TEST_SUITE_P(Lists, AccessFailure,
             "WELLS: element index 0 is out of range; the list has 0 elements"},
         Failure{"UnknownIndex", [](L, R w) { IsUnknown(ListIn(w, "LIMITS"), 0); },
             "WELLS: element index 0 is out of range; the list has 0 elements"},
-        Failure{"UnknownRecord", [](L l, R) { AddUnknown(l); }, "WELLS: list element is Record, not Real"},
+        Failure{"UnknownRecord", [](L l, R) { AddUnknown(l); },
+            "WELLS: list element is Record, not Integer, Real or Boolean"},
         Failure{"SetIndex", [](L, R w) { SetValueAt(ListIn(w, "LIMITS"), 0, 1.0); },
             "WELLS: element index 0 is out of range; the list has 0 elements"},
         Failure{"ChoiceIndex", [](L, R w) { SetChoiceAt(ListIn(w, "MODES"), 2, "ON"); },

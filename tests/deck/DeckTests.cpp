@@ -126,14 +126,16 @@ TEST(ADeck, GivesDataWithoutACopy)
     EXPECT_EQ(GetDeck().Get("TSTEP").GetLocation().line, 19U);
 }
 
-TEST(ADeck, HasUnknownNumbersWhereVariablesHaveNoValue)
+TEST(ADeck, HasUnknownValuesWhereVariablesHaveNoValue)
 {
     const DeckLanguage language;
-    const std::string grid = "RUNSPEC\nDIMENS\n 3 1 1 /\nGRID\nPORO\n 0.5 $P 0.7 /\n";
+    const std::string grid = "RUNSPEC\nDIMENS\n 3 1 1 /\nGRID\nPORO\n 0.5 $P 0.7 /\nQMOBIL\n $Q /\n";
     const Deck deck = Deck::ReadText(grid, language);
     const IKeywordListData& porosities = AsList(deck.Get("PORO").GetData());
     EXPECT_EQ(ReasonOf([&] { As<double>(porosities); }),
         "PORO: element index 1 has no value: a variable that isn't set is in its place");
+    EXPECT_EQ(ReasonOf([&] { WriteKeyword(porosities); }), "PORO: element index 1 has no value");
+    EXPECT_TRUE(IsUnknown(AsList(deck.Get("QMOBIL").GetData()), 0));
     EXPECT_EQ(ResolveOne(deck, {"PORO", {"2"}}).text, "");
     const PropertySummary summary = Summarize(deck).properties.front();
     EXPECT_EQ(summary.unknown, 1U);

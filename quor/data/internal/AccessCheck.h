@@ -59,6 +59,10 @@ void CheckHolds(const AccessSubject& subject)
         subject.FailType(IKeywordDataMD::MDType::ToString(typeOf<T>));
 }
 
+/// What a list stores of a `T`: a boolean is a byte.
+template <class T>
+using ListElement = std::conditional_t<std::is_same_v<T, bool>, char, T>;
+
 /// The index of a word of a Choice.
 int IndexOfWord(const AccessSubject& subject, std::string_view word);
 /// The word of an index that is stored for a Choice.

@@ -8,7 +8,8 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-/// In the place of an element without a value: the number that stands for "not given" in a record.
+/// In the place of an element without a value: of a number what stands for "not given" in a record, of a
+/// truth value, which is a `char` in a list, neither 0 nor 1.
 template <class T>
 constexpr T unknownElement = std::numeric_limits<T>::min();
 

@@ -1,5 +1,6 @@
 #include "quor/deck/internal/edit/WritableValues.h"
 
+#include "quor/data/Access.h"
 #include "quor/deck/internal/edit/DataPath.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/WordText.h"
@@ -98,6 +99,8 @@ void CheckValues(const DataPlan& plan, const IKeywordData& data)
             CheckValues(item, ChildOf(data, i));
             continue;
         }
+        if (isList && IsUnknown(static_cast<const IKeywordListData&>(data), i))
+            throw std::invalid_argument(fmt::format("element index {} has no value", i));
         const ScalarValue value = ScalarSlot{item.md, &data, i}.GetValue();
         if (IsGiven(value))
             MakeWord(*item.md, value, isList ? ListMD(plan).IsItemDefaultable() : item.MayBeMissing());

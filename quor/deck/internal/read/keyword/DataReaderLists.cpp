@@ -1,5 +1,6 @@
 #include "quor/deck/internal/read/keyword/DataReader.h"
 
+#include "quor/data/Access.h"
 #include "quor/data/IKeywordListData.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/metadata/ICustomReadTermination.h"
@@ -31,20 +32,20 @@ void Append(IKeywordListData& list, bool value)
     list.AddData(&byte);
 }
 
-/// Stands for a variable without a value.
-template <class MD, class T>
-T UnknownValue()
-{
-    if constexpr (std::is_same_v<MD, IKeywordChoiceMD>)
-        return -1;
-    else
-        return T();
-}
-
 template <class T>
 void Append(IKeywordListData& list, const T& value)
 {
     list.AddData(&value);
+}
+
+/// In the place of a variable without a value. A text has one always: its own.
+template <class MD>
+void AppendUnknown(IKeywordListData& list)
+{
+    if constexpr (std::is_same_v<MD, IKeywordChoiceMD>)
+        Append(list, -1);
+    else if constexpr (std::is_same_v<MD, IKeywordBooleanMD>)
+        AddUnknown(list);
 }
 
 } // namespace
@@ -156,13 +157,12 @@ void DataReader::ReadValue(const DataPlan& plan, IKeywordListData& list)
     } else {
         Reading<T> reading = values_.Read<T>(item, words_.GetWord());
         Report(item, std::move(reading.errors));
-        if (reading.hasVariables) {
+        if (reading.hasVariables)
             notes_.AddVariable(static_cast<int>(index), 1, words_.GetWord().text);
-            if (!reading.value)
-                reading.value = UnknownValue<MD, T>();
-        }
         if (reading.value)
             Append(list, *reading.value);
+        else if (reading.hasVariables)
+            AppendUnknown<MD>(list);
         else
             misfits_ += CountNumbersInWord();
     }
