@@ -52,4 +52,9 @@ std::vector<std::string> DeckLanguage::GetNameKinds() const
     return kinds;
 }
 
+std::vector<std::string> DeckLanguage::GetOwnCodes() const
+{
+    return index_->GetOwnCodes();
+}
+
 } // namespace Veld::Quor::Core::Decks

@@ -60,6 +60,8 @@ public:
     std::vector<KeywordRule> GetRules(const Keywords::IKeywordSyntax& syntax) const;
     /// The kinds of names that rules are about, as "well", in the order of the rules.
     std::vector<std::string> GetNameKinds() const;
+    /// The codes of findings that rules have beside those of the library, each once.
+    std::vector<std::string> GetOwnCodes() const;
 
 private:
     friend class Deck;

@@ -114,6 +114,29 @@ ReadOptions& ReadOptions::SetStrict(bool isStrict)
     return *this;
 }
 
+ReadOptions& ReadOptions::SetSeverity(const std::string& code, std::optional<Severity> severity)
+{
+    GetSettings().codes.SetSeverity(code, severity);
+    return *this;
+}
+
+ReadOptions& ReadOptions::SelectCode(const std::string& code)
+{
+    GetSettings().codes.Select(code);
+    return *this;
+}
+
+ReadOptions& ReadOptions::SetPathAlias(const std::string& name, const std::string& path)
+{
+    const std::string alias = name.rfind('$', 0) == 0 ? name.substr(1) : name;
+    if (alias.empty() || alias.find_first_of("$/\\") != std::string::npos)
+        throw std::invalid_argument(fmt::format("invalid path alias '{}'", Printable(name)));
+    if (path.find('$') != std::string::npos)
+        throw std::invalid_argument(fmt::format("the path '{}' has a '$'", Printable(path)));
+    GetSettings().aliases.setAlias(alias, path);
+    return *this;
+}
+
 const Target& ReadOptions::GetTarget() const
 {
     return GetSettings().target;

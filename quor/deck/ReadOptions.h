@@ -2,6 +2,7 @@
 
 #include "quor/deck/DeckFiles.h"
 #include "quor/deck/DeckSource.h"
+#include "quor/deck/Finding.h"
 #include "quor/deck/FindingCodes.h"
 #include "quor/deck/Target.h"
 #include "quor/foundation/Export.h"
@@ -11,6 +12,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace Veld::Quor::Core::Decks {
@@ -84,6 +86,17 @@ public:
     /// Whether what simulators accept and a tidy deck doesn't have is reported too: the codes that are marked
     /// strict. False at first.
     ReadOptions& SetStrict(bool isStrict);
+    /// Reports the findings of a code with this severity, whatever their own is; if it is empty, not at all.
+    /// A strict code with a severity is reported. Codes of rules are codes too; one that nothing has is
+    /// ignored.
+    ReadOptions& SetSeverity(const std::string& code, std::optional<Severity> severity);
+    /// Once codes are selected, findings of others are not reported. A strict code that is selected is
+    /// reported.
+    ReadOptions& SelectCode(const std::string& code);
+
+    /// The folder that `$NAME` is in the names of included files, unless PATHS of the deck says otherwise.
+    /// `name` may begin with the "$". Throws `std::invalid_argument` if it is no name, or a "$" is in `path`.
+    ReadOptions& SetPathAlias(const std::string& name, const std::string& path);
 
     // What was set. References are valid as long as the options.
 

@@ -44,6 +44,7 @@ private:
 ///     PORO[17]                        so have plain values
 ///     DIMENS.NX                       a keyword of a single record needs no brackets
 ///     PVTO[3].ROWS.2.P                in nested data, elements of lists by number
+///     PVTO[3].ROWS.P                  without the number all elements
 ///     WELOPEN[P1,OPEN].I@2024-04-01#2 the second one of several with the same address
 ///
 /// A text between quotes may hold any character, its quote doubled: `WCONPROD['P.1'].ORAT`.

@@ -190,6 +190,39 @@ INSTANTIATE_TEST_SUITE_P(Texts, Repeats,
             "a keyword); correct the repeat count [too-many-values]\n"}),
     CaseName<RepeatRow>);
 
+struct CodeChoice {
+    const char* name;
+    ReadOptions options;
+    const char* findings;
+};
+
+class ChosenCodes : public testing::TestWithParam<CodeChoice> { };
+
+TEST_P(ChosenCodes, AreReported)
+{
+    const DeckLanguage language;
+    auto source = std::make_shared<MemorySource>();
+    source->Set("/x/a.inc", "OLI\n  GAS\nENDINC\n");
+    const Deck deck = Deck::ReadText("RUNSPEC\nOIL 2\nINCLUDE\n '$A/a.inc' /\nENDINC\n", language,
+        ReadOptions(GetParam().options).SetSource(source).SetPathAlias("A", "/x"));
+    std::string codes;
+    for (const Finding& finding : deck.GetFindings())
+        codes += std::string(ToString(finding.severity)) + ' ' + finding.code + '\n';
+    EXPECT_EQ(codes, GetParam().findings);
+}
+
+INSTANTIATE_TEST_SUITE_P(Options, ChosenCodes,
+    testing::Values(CodeChoice{"None", {}, "error unknown-keyword\nwarning stray-endinc\n"},
+        CodeChoice{"Raised", ReadOptions().SetSeverity("stray-endinc", Severity::Error),
+            "error unknown-keyword\nerror stray-endinc\n"},
+        CodeChoice{
+            "Ignored", ReadOptions().SetSeverity("unknown-keyword", std::nullopt), "warning stray-endinc\n"},
+        CodeChoice{"Selected", ReadOptions().SelectCode("stray-endinc"), "warning stray-endinc\n"},
+        CodeChoice{"StrictOnes",
+            ReadOptions().SelectCode("indented-keyword").SetSeverity("indented-keyword", Severity::Error),
+            "error indented-keyword\n"}),
+    CaseName<CodeChoice>);
+
 TEST(ADeck, MakesNoMoreInAllItsKeywordsThanItMay)
 {
     EXPECT_EQ(FindingsWithin(0, "SUMMARY\nWOPR\n 701*'P' /\nWWPR\n 701*'P' /\n"),

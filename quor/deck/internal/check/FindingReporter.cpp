@@ -8,22 +8,25 @@ void FindingReporter::ReportAs(const FindingVoice& voice, const TextRange& range
     std::string message, std::string hint, std::vector<TextEdit> fix, const std::vector<Related>& related)
 {
     const CodeInfo& info = InfoOf(code);
-    if (isMuted_ || (info.isStrict && !isStrict_ && !voice.severity))
+    if (isMuted_)
         return;
     const Severity severity = voice.severity.value_or(info.severity);
     const std::string name = voice.code.empty() ? info.name : voice.code;
-    errors_ += severity == Severity::Error ? 1 : 0;
+    const auto chosen = choices_.Choose(name, severity, info.isStrict && !voice.severity, isStrict_);
+    errors_ += severity == Severity::Error ? 1 : 0; // Wanted: what the host chooses changes no data
+    if (!chosen)
+        return;
     if (code != Code::BadSuppression && ScanTo(range.file, range.offset).Cover(range.offset, name))
         return findings_.Hide(Hiding::Suppressed);
     if (isKnown_ && isKnown_(files_, range, code))
         return findings_.Hide(Hiding::Known);
     if (!voice.text.empty())
         message = voice.text;
-    if (!findings_.Admit(severity, files_.Get(range.file).name, name, message))
+    if (!findings_.Admit(*chosen, files_.Get(range.file).name, name, message))
         return;
     Finding finding;
     finding.code = name;
-    finding.severity = severity;
+    finding.severity = *chosen;
     finding.location = files_.LocationOf(range);
     finding.length = range.length;
     finding.range = range;

@@ -4,6 +4,7 @@
 #include "quor/deck/Finding.h"
 #include "quor/deck/FindingCodes.h"
 #include "quor/deck/ReadOptions.h"
+#include "quor/deck/internal/check/CodeChoices.h"
 #include "quor/deck/internal/check/FindingCollector.h"
 #include "quor/deck/internal/check/FindingVoice.h"
 #include "quor/deck/internal/check/Suppressions.h"
@@ -20,15 +21,17 @@ namespace Veld::Quor::Core::Decks {
 /// Turns what is found at a range of a deck into a finding, unless it is to be hidden.
 class FindingReporter {
 public:
-    /// `isKnown` may be empty: nothing is known. `isStrict`: findings of strict codes are reported too.
+    /// `isKnown` may be empty: nothing is known. `isStrict`: findings of all strict codes are reported too.
     /// `ownCodes`: that rules have beside those of the library; they must outlive it.
     FindingReporter(const DeckFiles& files, Findings& findings, KnownFinding isKnown, bool isStrict,
-        const std::vector<std::string>& ownCodes)
+        CodeChoices choices, const std::vector<std::string>& ownCodes)
         : files_(files)
         , findings_(findings)
         , isKnown_(std::move(isKnown))
+        , choices_(std::move(choices))
         , ownCodes_(ownCodes)
         , isStrict_(isStrict)
+        , seeksStrict_(isStrict || choices_.WantsStrict())
     {
     }
 
@@ -74,8 +77,8 @@ public:
         bool before_;
     };
 
-    /// Whether findings of strict codes are reported; what leads to them needn't be looked for otherwise.
-    bool IsStrict() const { return isStrict_; }
+    /// Whether findings of strict codes may be reported; what leads to them needn't be looked for otherwise.
+    bool IsStrict() const { return seeksStrict_; }
     /// Whether findings are only counted, so that no trouble need be taken over their texts.
     bool IsFull() const { return findings_.IsFull(); }
 
@@ -99,11 +102,13 @@ private:
     const DeckFiles& files_;
     FindingCollector findings_;
     KnownFinding isKnown_;
+    CodeChoices choices_;
     const std::vector<std::string>& ownCodes_;
     std::unordered_map<const SourceText*, FileComments> suppressions_;
     std::size_t errors_ = 0;
     bool isMuted_ = false;
     bool isStrict_;
+    bool seeksStrict_;
 };
 
 } // namespace Veld::Quor::Core::Decks

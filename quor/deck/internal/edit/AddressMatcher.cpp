@@ -164,15 +164,15 @@ void Matcher::AddChild(const IKeywordData& node, std::size_t index, std::size_t 
 void Matcher::AddBelow(const IKeywordData& node, std::size_t step)
 {
     const std::size_t size = CountChildren(node);
-    if (step >= address_.items.size()) {
+    const bool isRecord = node.GetMD()->GetType() == MDType::Record;
+    const bool isEnd = step >= address_.items.size();
+    if (isEnd || (!isRecord && !ToInteger(address_.items[step]))) { // a row that is left out: all rows
         for (std::size_t i = 0; i < size; ++i)
             AddChild(node, i, step);
         return;
     }
     const std::string& text = address_.items[step];
-    const auto index =
-        node.GetMD()->GetType() == MDType::Record ? FindItem(node, text) : FindIndex(text, size);
-    if (index)
+    if (const auto index = isRecord ? FindItem(node, text) : FindIndex(text, size))
         AddChild(node, *index, step + 1);
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "quor/data/PathAliases.h"
 #include "quor/deck/DeckSource.h"
 #include "quor/deck/ReadOptions.h"
 #include "quor/deck/Target.h"
+#include "quor/deck/internal/check/CodeChoices.h"
 #include "quor/deck/internal/read/words/VariableValues.h"
 
 #include <cstddef>
@@ -19,6 +21,8 @@ struct ReadSettings {
     VariableTexts variables = {}; ///< what the variables of the deck stand for
     bool keepsValueRanges = false; ///< whether the notes of each keyword get the ranges of its values
     bool isStrict = false; ///< whether findings of strict codes are reported
+    CodeChoices codes = {};
+    Keywords::PathAliases aliases = {}; ///< that the deck has before its first PATHS
     KnownFinding isKnown = {};
     std::shared_ptr<const DeckSource> source = {}; ///< null: the files of the system
     ReadCancellation isCancelled = {}; ///< asked now and then; once it is true the read ends

@@ -29,7 +29,8 @@ DeckReader::DeckReader(const std::string& path, const ReadSettings& options, con
     : options_(WithSource(options))
     , vocabulary_(language, options.target)
     , deck_(std::make_unique<DeckContents>(language, options.maxFindings))
-    , reporter_(deck_->files, deck_->findings, options.isKnown, options.isStrict, language.GetOwnCodes())
+    , reporter_(deck_->files, deck_->findings, options.isKnown, options.isStrict, options.codes,
+          language.GetOwnCodes())
     , text_(path, *options_.source, options.target, vocabulary_, deck_->files, reporter_)
     , plans_(options.target)
     , dimensions_(language, options.target.simulator)
@@ -44,6 +45,7 @@ DeckReader::DeckReader(const std::string& path, const ReadSettings& options, con
     , rules_({language.GetRules(), *deck_, dimensions_, reporter_})
     , physics_(language.GetRules(), *deck_, dimensions_, reporter_, options.target.simulator)
 {
+    text_.GetAliases() = options.aliases;
     text_.SetProgress(options.progress);
     text_.SetCancellation(options.isCancelled);
 }
