@@ -64,7 +64,7 @@ TEST_P(BashCompletion, Offers)
 {
     const TemporaryDirectory folder;
     const std::string script = folder.Write("try.sh",
-        "source <(\"$QUOR\" completion bash)\nCOMP_WORDS=(quor " + GetParam().text
+        "PATH=${QUOR%/*}:$PATH\nsource <(\"$QUOR\" completion bash)\nCOMP_WORDS=(quor " + GetParam().text
             + ")\nCOMP_CWORD=$((${#COMP_WORDS[@]} - 1))\n_quor\nprintf '<%s>' \"${COMPREPLY[@]}\"\n");
     const Outcome outcome = RunShell("bash " + Quote(script));
     EXPECT_EQ(outcome.out, GetParam().expected);
@@ -78,6 +78,7 @@ Choice: check --simulator Ca => <Carrow>
 ChoiceBehindAnEqualsSign: check --format = s => <sarif>
 ChoiceWithABlank: list --entity 'Aquifer\\ ' => <Aquifer\\ Gradient>
 Code: explain unclosed-q => <unclosed-quote>
+Keyword: show WCONPR => <WCONPROD>
 FilesAreLeftToTheShell: check --baseline x => <>
 )")),
     CaseName<Row>);

@@ -184,7 +184,8 @@ class ShowJson : public testing::TestWithParam<Row> { };
 TEST_P(ShowJson, HoldsTheMetadata)
 {
     const auto parts = Split(GetParam().text, " ");
-    const json shown = json::parse(RunOn(language, "show --format json " + parts.at(0)).out).at(0);
+    const json shown =
+        json::parse(RunOn(language, "show --format json " + parts.at(0)).out)["keywords"].at(0);
     EXPECT_EQ(shown.at(json::json_pointer(parts.at(1))), json::parse(GetParam().expected));
 }
 
@@ -231,7 +232,8 @@ TEST_P(ListFilter, Selects)
     const Outcome outcome = RunOn(language, "list --format json " + GetParam().text);
     ASSERT_EQ(outcome.status, 0) << outcome.err;
     std::string names;
-    for (const json& row : json::parse(outcome.out))
+    const json list = json::parse(outcome.out)["keywords"];
+    for (const json& row : list)
         names += row["name"].get<std::string>() + ' ';
     EXPECT_EQ(names, GetParam().expected);
 }
@@ -257,11 +259,12 @@ WithOthers: --type string --text FOPR =>
 
 TEST(ListRows, CarryTypeAndCategories)
 {
-    const json rows = json::parse(RunOn(language, "list --text FOPR --format json").out);
+    const json rows = json::parse(RunOn(language, "list --text FOPR --format json").out)["keywords"];
     EXPECT_EQ(rows[0]["type"], "line");
     EXPECT_EQ(rows[0]["summary"],
         json({{"entity", "Field"}, {"flow", "Production"}, {"function", "Rate"}, {"phase", "Oil"}}));
-    EXPECT_FALSE(json::parse(RunOn(language, "list --cell --format json").out)[0].contains("summary"));
+    EXPECT_FALSE(
+        json::parse(RunOn(language, "list --cell --format json").out)["keywords"][0].contains("summary"));
 }
 
 class UnknownWord : public testing::TestWithParam<Row> { };

@@ -55,7 +55,8 @@ InfoOnNothing: info /none.data => can't read '/none.data': No such file
 DiffWithNothing: diff /none.data /none.data => can't read '/none.data': No such file
 PortToNowhere: port x => --to is required
 PortToNoMode: port x --to Carrow --mode Thermal => simulator 'Carrow' has no mode 'Thermal'
-FolderAsDeck: check /tmp => can't read '/tmp': it is a folder, not a file
+FolderWithoutDecks: check /proc/self/fdinfo => quor: error: no deck in the folder '/proc/self/fdinfo'; expected .data files
+FolderAsDeck: info /tmp => can't read '/tmp': it is a folder, not a file
 )")),
     CaseName<Row>);
 
@@ -81,12 +82,12 @@ struct Arguments {
 
 class LoadFailures : public testing::TestWithParam<Arguments> { };
 
-TEST_P(LoadFailures, LeaveNothingOnStandardOutput)
+TEST_P(LoadFailures, AreInTheOutputForPrograms)
 {
     const Outcome outcome =
         RunQuor(GetParam().arguments + " --format json", std::string(mainVariable) + "=/none.xml");
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.out, "");
+    EXPECT_TRUE(Holds(json::parse(outcome.out)["failures"][0]["message"], "/none.xml")) << outcome.out;
     const std::string text = "Can not load/find the specified XML syntax file /none.xml";
     EXPECT_TRUE(Holds(outcome.err, "quor: error: ")) << outcome.err;
     EXPECT_NE(outcome.err.find(text), std::string::npos);
@@ -125,8 +126,8 @@ INSTANTIATE_TEST_SUITE_P(List, SmallLanguageAnswers,
             "no keyword matches all options\n"},
         Answer{"OneLineForEachDefinition", "list --text TIME --section SCHEDULE", "TIME  SCHEDULE  \n"},
         Answer{"HiddenOnes", "list --hidden --text WELSPECH --count", "1\n"},
-        Answer{
-            "EmptyJson", "list --text nothing --format json", "[]\n", 0, "no keyword matches all options\n"}),
+        Answer{"EmptyJson", "list --text nothing --format json",
+            "{\n  \"schema_version\": 1,\n  \"keywords\": []\n}\n", 0, "no keyword matches all options\n"}),
     CaseName<Answer>);
 
 INSTANTIATE_TEST_SUITE_P(Show, SmallLanguageAnswers,
@@ -147,7 +148,7 @@ TEST(Show, GivesAllDefinitionsAndWhatIsKnownBesideTheUnknown)
 {
     const Outcome outcome = RunSmall("show TIME NONSENSE FUX --format json");
     EXPECT_EQ(outcome.status, 1);
-    const json list = json::parse(outcome.out);
+    const json list = json::parse(outcome.out)["keywords"];
     ASSERT_EQ(list.size(), 3U);
     EXPECT_EQ(list[0]["documentation"], "SUMMARY");
     EXPECT_TRUE(list[1]["validity"].contains("SCHEDULE"));
@@ -158,7 +159,8 @@ TEST(Show, GivesAllDefinitionsAndWhatIsKnownBesideTheUnknown)
 
 TEST(List, HoldsTheBuiltInKeywords)
 {
-    const json list = json::parse(RunQuor("list --section SCHEDULE --simulator Carrow --format json").out);
+    const json list =
+        json::parse(RunQuor("list --section SCHEDULE --simulator Carrow --format json").out)["keywords"];
     std::set<std::string> names;
     for (const json& keyword : list)
         names.insert(keyword["name"]);
@@ -221,7 +223,7 @@ TEST(Check, JudgesEachDeckAlone)
     EXPECT_EQ(RunSmall("check " + clean + " /none.data").status, 2);
 }
 
-TEST(Check, ExitsWithOneForErrorsAndWarnings)
+TEST(Check, ExitsWithTheWorstThatItFinds)
 {
     const TemporaryDirectory folder;
     const auto check = [&folder](const std::string& text, const std::string& options = {}) {
@@ -232,7 +234,9 @@ TEST(Check, ExitsWithOneForErrorsAndWarnings)
     EXPECT_EQ(check("RUNSPEC\nOLI\n", " --max-findings 0"), 1);
     EXPECT_EQ(check("GRID\nPORO\n 9000*1 /\n"), 0);
     EXPECT_EQ(check("GRID\nPORO\n 9000*1 /\n", " --max-repeated-values 0"), 1);
-    EXPECT_EQ(check("RUNSPEC\nENDINC\n"), 1) << "a warning";
+    EXPECT_EQ(check("RUNSPEC\nENDINC\n"), 3) << "a warning";
+    EXPECT_EQ(check("RUNSPEC\nENDINC\n", " --fail-on error"), 0);
+    EXPECT_EQ(check("RUNSPEC\nOLI\n", " --fail-on never"), 0);
     EXPECT_EQ(check("RUNSPEC\nOLI -- quor: off\n"), 0);
     EXPECT_EQ(check("RUNSPEC\nOLI\n", " /none.data"), 2);
 }

@@ -93,18 +93,21 @@ Measurements: list --measurements =>
     viscosity            1  cP       cP                   cP       cP
 NoMeasurements: list --measurements --cell =>
 Json: list --measurements --text HEAT --format json =>
-    [
-      {
-        "measurement": "temperature",
-        "keywords": 1,
-        "units": {
-          "METRIC": "degC",
-          "FIELD": "degF",
-          "LAB": "degC",
-          "PVT-M": "degC"
+    {
+      "schema_version": 1,
+      "measurements": [
+        {
+          "measurement": "temperature",
+          "keywords": 1,
+          "units": {
+            "METRIC": "degC",
+            "FIELD": "degF",
+            "LAB": "degC",
+            "PVT-M": "degC"
+          }
         }
-      }
-    ]
+      ]
+    }
 )")),
     CaseName<Row>);
 

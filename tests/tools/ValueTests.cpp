@@ -33,6 +33,9 @@ OverTime: get a.data 'WCONPROD[P1].ORAT' 'WCONPROD[P1].BHP' --set RATE=5 =>
     WCONPROD[P1].ORAT@2020-04-01  7   sm3/day
     WCONPROD[P1].BHP@2020-01-01   1*  bar
     WCONPROD[P1].BHP@2020-04-01   1*  bar
+AllRows: --version >v; printf 'PROPS\\nSWOF\\n 0 0 1 0\\n 1 0.6 0 0 /\\n' | $QUOR get - 'SWOF[1].KRW' 2>e =>
+    SWOF[1].1.KRW  0
+    SWOF[1].2.KRW  0.6
 Bare: get a.data 'WCONPROD[P2]' --bare --set RATE=5 | head -n 4 => P2\nSHUT\nORAT\n10
 Csv: get a.data 'PORO[1]' 'WCONPROD[P1].LRAT@2020-01-01' --format csv --set RATE=5 =>
     address,keyword,date,value,unit,file,line
@@ -40,6 +43,7 @@ Csv: get a.data 'PORO[1]' 'WCONPROD[P1].LRAT@2020-01-01' --format csv --set RATE
     WCONPROD[P1].LRAT@2020-01-01,WCONPROD,2020-01-01,,sm3/day,a.data,22
 Json: get a.data 'DIMENS.NX' --format json --set RATE=5 =>
     {
+      "schema_version": 1,
       "values": [
         {
           "address": "DIMENS.NX",
@@ -98,6 +102,7 @@ Input: set - 'ACTNUM[4]' 1 --set RATE=5 <a.data | diff - a.data => 15c15\n<  1 2
     CaseName<Row>);
 
 INSTANTIATE_TEST_SUITE_P(Refused, Values, testing::ValuesIn(Rows(R"(
+SetTwice: set a.data 'PORO[1]' 0.1 'PORO[01]' 0.2 --set RATE=5 => quor: error: PORO[1] is set twice
 NoSuchItem: get a.data 'WCONPROD[P1].ORATE' --set RATE=5 => quor: error: WCONPROD has no item 'ORATE'; did you mean ORAT?
 NoNumber: set a.data 'PORO[1]' wet --set RATE=5 => quor: error: PORO[1]: invalid value 'wet'; expected a number
 NoInteger: set a.data 'ACTNUM[1]' 0.5 --set RATE=5 => quor: error: ACTNUM[1]: invalid value '0.5'; expected an integer

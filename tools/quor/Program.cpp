@@ -4,11 +4,14 @@
 #include "tools/quor/Version.h"
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/LoadedLanguage.h"
+#include "tools/quor/terminal/Json.h"
 #include "tools/quor/terminal/Terminal.h"
+#include "tools/quor/terminal/TextLayout.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
+#include <nlohmann/json.hpp>
 
 #include <csignal>
 #include <exception>
@@ -67,6 +70,40 @@ int ReportUsageError(const CLI::App& application, const CLI::ParseError& error)
     return Failure;
 }
 
+/// What a format for programs says of a command that failed: it is never without a text.
+void PrintFailures(const CLI::App& command)
+{
+    const CLI::Option* const format = command.get_option_no_throw("--format");
+    const bool isJson = format && !format->empty() && ToLower(format->as<std::string>()) == "json";
+    if (!isJson || HasPrinted())
+        return;
+    auto failures = nlohmann::ordered_json::array();
+    for (const std::string& message : GetErrors())
+        failures.push_back({{"deck", nullptr}, {"message", message}});
+    Print(ToText(WithVersion({{"failures", failures}})));
+}
+
+/// Runs it on the language, unless it needs none. What it throws is a failure.
+int Run(const Command& command)
+{
+    int status = Failure;
+    try {
+        if (command.runAlone) {
+            status = command.runAlone();
+        } else {
+            LoadedLanguage language;
+            status = command.run(language);
+        }
+    } catch (const std::bad_alloc&) {
+        PrintError("out of memory");
+    } catch (const std::exception& error) {
+        PrintError(error.what());
+    }
+    if (status == Failure)
+        PrintFailures(*command.app);
+    return status;
+}
+
 int RunCommand(int argc, char** argv)
 {
     CLI::App application(
@@ -79,9 +116,12 @@ int RunCommand(int argc, char** argv)
         "Environment: The language is built in. QUOR_KEYWORD_SYNTAX_FILE names a document that\n"
         "replaces it, QUOR_KEYWORD_TRUSTED_SYNTAX_DIR a folder of documents with trusted keywords. If\n"
         "NO_COLOR is not empty, text is printed without colours.\n\n"
+        "Settings: quor.toml in the folder of a deck, or the nearest above it, has the settings of a "
+        "project;\n"
+        "'quor settings' prints them.\n\n"
         "Exit status: 0 success, 1 findings, differences, losses or unknown keywords, 2 invalid usage, or "
         "a file\n"
-        "can't be read or written.");
+        "can't be read or written, 3 warnings of a check and no errors.");
     const Command commands[] = {
         MakeCheckCommand(application),
         MakeInfoCommand(application),
@@ -94,6 +134,7 @@ int RunCommand(int argc, char** argv)
         MakeShowCommand(application),
         MakeListCommand(application),
         MakeLintCommand(application),
+        MakeSettingsCommand(application),
         MakeManCommand(application),
         MakeCompletionCommand(application),
     };
@@ -103,18 +144,20 @@ int RunCommand(int argc, char** argv)
         return ReportUsageError(application, error);
     }
     for (const Command& command : commands) {
-        if (!command.app->parsed())
-            continue;
-        if (command.runAlone)
-            return command.runAlone();
-        LoadedLanguage language;
-        return command.run(language);
+        if (command.app->parsed())
+            return Run(command);
     }
     PrintAside(application.help());
     return Failure;
 }
 
 } // namespace
+
+ExitStatus Worse(ExitStatus a, ExitStatus b)
+{
+    constexpr int ranks[] = {0, 2, 3, 1}; // by status
+    return ranks[a] < ranks[b] ? b : a;
+}
 
 int RunProgram(int argc, char** argv)
 {

@@ -15,7 +15,11 @@ enum ExitStatus : int {
     Success = 0,
     HasFindings = 1, ///< or differences, or losses, or a keyword is not known
     Failure = 2, ///< wrong usage, or something could not be read or written
+    HasWarnings = 3, ///< of a check: warnings and no errors
 };
+
+/// What is said of two works: a failure before findings before warnings.
+ExitStatus Worse(ExitStatus a, ExitStatus b);
 
 /// One subcommand.
 struct Command {
@@ -36,6 +40,7 @@ Command MakeDiffCommand(CLI::App& application);
 Command MakePortCommand(CLI::App& application);
 Command MakeLintCommand(CLI::App& application);
 Command MakeExplainCommand(CLI::App& application);
+Command MakeSettingsCommand(CLI::App& application);
 Command MakeManCommand(CLI::App& application);
 Command MakeCompletionCommand(CLI::App& application);
 

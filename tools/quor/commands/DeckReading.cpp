@@ -4,6 +4,7 @@
 #include "tools/quor/commands/CommonOptions.h"
 #include "tools/quor/commands/StandardInput.h"
 #include "tools/quor/findings/FindingText.h"
+#include "tools/quor/settings/SettingOptions.h"
 #include "tools/quor/terminal/ProgressBar.h"
 #include "tools/quor/terminal/Terminal.h"
 
@@ -44,27 +45,6 @@ void AddStandardInputOption(CLI::App& command, Decks::ReadOptions& options)
         ->type_name("FILE");
 }
 
-void AddVariablesOption(CLI::App& command, Decks::ReadOptions& options)
-{
-    const auto add = [&options](const std::vector<std::string>& words) {
-        for (const std::string& word : words) {
-            const std::size_t sign = word.find('=');
-            try {
-                if (sign == std::string::npos)
-                    throw std::invalid_argument(word);
-                options.SetVariable(word.substr(0, sign), word.substr(sign + 1));
-            } catch (const std::invalid_argument&) {
-                throw CLI::ValidationError("--set", fmt::format("'{}' is not in the form NAME=VALUE", word));
-            }
-        }
-        return true;
-    };
-    command.add_option("--set", add, "Value of the variable $NAME; can be repeated")
-        ->type_name("NAME=VALUE")
-        ->expected(1, 1'000'000)
-        ->allow_extra_args(false);
-}
-
 } // namespace
 
 void AddDeckArgument(CLI::App& command, std::string& path)
@@ -74,35 +54,45 @@ void AddDeckArgument(CLI::App& command, std::string& path)
         ->type_name("FILE");
 }
 
-void AddReadOptions(CLI::App& command, Decks::ReadOptions& options)
+void AddReadOptions(CLI::App& command, DeckReadOptions& options)
 {
-    AddSimulatorOption(command, [&options](SimulatorType::Enum value) { options.SetSimulator(value); });
-    AddModeOption(command, [&options](SimulatorModeType::Enum value) { options.SetMode(value); });
+    AddSettingOptions(command, options.settings.given, {"simulator", "mode"});
     AddTextOptions(command, options);
 }
 
-void AddTextOptions(CLI::App& command, Decks::ReadOptions& options)
+void AddTextOptions(CLI::App& command, DeckReadOptions& options)
 {
-    AddStandardInputOption(command, options);
-    AddVariablesOption(command, options);
-    AddCountOption(command, "--max-repeated-values",
-        "Maximum number of values that repeat counts such as 1000*0.2 make in a keyword, beyond 100 for each "
-        "byte "
-        "of the deck",
-        options.GetMaxRepeatedValues(),
-        [&options](std::size_t count) { options.SetMaxRepeatedValues(count); });
+    AddStandardInputOption(command, options.read);
+    AddSettingOptions(command, options.settings.given, {"variables", "aliases", "max-repeated-values"});
+    AddSettingsFileOptions(command, options.settings);
+}
+
+Decks::ReadOptions OptionsFor(const std::string& path, const DeckReadOptions& options)
+{
+    Decks::ReadOptions read = options.read;
+    const Settings settings = SettingsOf(NameOfDeck(path, read), options.settings);
+    ApplyReading(settings, read);
+    ApplyCodes(settings, read);
+    return read;
+}
+
+Decks::Deck ReadDeckOrThrow(const std::string& path, Decks::ReadOptions options,
+    const Decks::DeckLanguage& deckLanguage, bool withProgress)
+{
+    ProgressBar bar;
+    if (withProgress)
+        options.SetProgress([&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
+    const std::string name = NameOfDeck(path, options);
+    if (path != standardInputPath)
+        options.SetSource(nullptr);
+    return Decks::Deck::Read(name, deckLanguage, options);
 }
 
 std::optional<Decks::Deck> ReadDeck(
-    const std::string& path, Decks::ReadOptions options, const Decks::DeckLanguage& deckLanguage)
+    const std::string& path, const Decks::ReadOptions& options, const Decks::DeckLanguage& deckLanguage)
 {
     try {
-        ProgressBar bar;
-        options.SetProgress([&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
-        const std::string name = NameOfDeck(path, options);
-        if (path != standardInputPath)
-            options.SetSource(nullptr);
-        return Decks::Deck::Read(name, deckLanguage, options);
+        return ReadDeckOrThrow(path, options, deckLanguage);
     } catch (const Decks::SourceError& error) {
         PrintError(error.what());
         return std::nullopt;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "quor/deck/Deck.h"
+#include "tools/quor/settings/SettingSources.h"
 
 #include <nlohmann/json_fwd.hpp>
 
@@ -13,18 +14,32 @@ class App;
 
 namespace Veld::Quor::Tools {
 
+/// What a command line says of reading decks.
+struct DeckReadOptions {
+    Core::Decks::ReadOptions read; ///< what is no setting
+    SettingSources settings;
+};
+
 /// Adds the argument that names a deck. `path` must outlive the application.
 void AddDeckArgument(CLI::App& command, std::string& path);
-/// Adds the options with which a deck is read: simulator, mode, values of variables, the name of one that is
-/// read from standard input, and the limit of repeats. `options` must outlive the application.
-void AddReadOptions(CLI::App& command, Core::Decks::ReadOptions& options);
+/// Adds the options with which a deck is read: simulator, mode, values of variables, path aliases, the
+/// settings file, the name of one that is read from standard input, and the limit of repeats. `options` must
+/// outlive the application.
+void AddReadOptions(CLI::App& command, DeckReadOptions& options);
 /// The same without simulator and mode.
-void AddTextOptions(CLI::App& command, Core::Decks::ReadOptions& options);
+void AddTextOptions(CLI::App& command, DeckReadOptions& options);
+
+/// With what a deck of the command line is read, its settings included. Throws `SettingsError`.
+Core::Decks::ReadOptions OptionsFor(const std::string& path, const DeckReadOptions& options);
 
 /// Reads a deck, "-" from standard input, with a bar that tells how far that is. Empty, and reported, if it
 /// can't be read.
-std::optional<Core::Decks::Deck> ReadDeck(
-    const std::string& path, Core::Decks::ReadOptions options, const Core::Decks::DeckLanguage& deckLanguage);
+std::optional<Core::Decks::Deck> ReadDeck(const std::string& path, const Core::Decks::ReadOptions& options,
+    const Core::Decks::DeckLanguage& deckLanguage);
+
+/// The same, but throws `SourceError` if it can't be read.
+Core::Decks::Deck ReadDeckOrThrow(const std::string& path, Core::Decks::ReadOptions options,
+    const Core::Decks::DeckLanguage& deckLanguage, bool withProgress = true);
 
 /// The same for a command that does something else than to check the deck: reports in a line if the deck has
 /// errors, and what this means for the command.

@@ -30,7 +30,7 @@ namespace {
 
 struct DiffOptions {
     std::string decks[2];
-    Decks::ReadOptions read;
+    DeckReadOptions read;
     bool isStrict = false;
     bool isJson = false;
 };
@@ -150,15 +150,17 @@ void PrintJson(const Decks::Difference& difference, const DiffOptions& options)
     auto counts = ordered_json::object();
     for (std::size_t i = 0; i < difference.counts.size(); ++i)
         counts[kinds[i].word] = difference.counts[i];
-    Print(ToText({{"a", options.decks[0]}, {"b", options.decks[1]}, {"equal", difference.groups.empty()},
-        {"counts", counts}, {"changes", changes}}));
+    Print(ToText(WithVersion({{"a", options.decks[0]}, {"b", options.decks[1]},
+        {"equal", difference.groups.empty()}, {"counts", counts}, {"changes", changes}})));
 }
 
 int Diff(LoadedLanguage& language, const DiffOptions& options)
 {
     const Decks::DeckLanguage deckLanguage(language.GetTable());
-    const auto a = ReadDeckOrReport(options.decks[0], options.read, deckLanguage);
-    const auto b = ReadDeckOrReport(options.decks[1], options.read, deckLanguage);
+    const auto a =
+        ReadDeckOrReport(options.decks[0], OptionsFor(options.decks[0], options.read), deckLanguage);
+    const auto b =
+        ReadDeckOrReport(options.decks[1], OptionsFor(options.decks[1], options.read), deckLanguage);
     if (!a || !b)
         return Failure;
     const auto difference =

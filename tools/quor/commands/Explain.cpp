@@ -97,7 +97,7 @@ void PrintCodes(const std::vector<FindingCode>& codes, const ExplainOptions& opt
         auto list = nlohmann::ordered_json::array();
         for (const FindingCode& code : codes)
             list.push_back(CodeJson(code));
-        Print(ToText(list));
+        Print(ToText(WithVersion({{"codes", list}})));
     } else if (options.names.empty()) {
         Print(ListText(codes));
     } else {

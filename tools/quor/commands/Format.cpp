@@ -6,6 +6,7 @@
 #include "tools/quor/commands/StandardInput.h"
 #include "tools/quor/commands/WriteFiles.h"
 #include "tools/quor/findings/FindingText.h"
+#include "tools/quor/settings/SettingOptions.h"
 #include "tools/quor/terminal/Terminal.h"
 
 #include <CLI/CLI.hpp>
@@ -27,11 +28,10 @@ namespace {
 
 struct FormatOptions {
     std::string deck;
-    Decks::ReadOptions read;
+    DeckReadOptions read;
     bool isOneFile = false;
     bool isInPlace = false;
     bool isCheck = false;
-    Decks::FormatOptions format;
     std::string folder; // empty: none
 };
 
@@ -59,7 +59,9 @@ void Add(std::vector<Formatted>& files, Formatted file)
 
 std::vector<Formatted> FormatFiles(const Decks::Deck& deck, const FormatOptions& options)
 {
-    Decks::DeckFormatter formatter(deck, options.format);
+    const Settings settings = SettingsOf(NameOfDeck(options.deck, options.read.read), options.read.settings);
+    Decks::DeckFormatter formatter(
+        deck, Decks::FormatOptions().SetNormalized(settings.isNormalized.value_or(false)));
     const Decks::DeckFiles& sources = deck.GetFiles();
     std::vector<Formatted> files;
     if (options.isOneFile)
@@ -148,8 +150,8 @@ int Format(LoadedLanguage& language, const FormatOptions& options)
         return Failure;
     }
     const Decks::DeckLanguage deckLanguage(language.GetTable());
-    const auto deck =
-        ReadDeckOrReport(options.deck, options.read, deckLanguage, "keywords with errors are not changed");
+    const auto deck = ReadDeckOrReport(options.deck, OptionsFor(options.deck, options.read), deckLanguage,
+        "keywords with errors are not changed");
     if (!deck)
         return Failure;
     std::vector<Formatted> files = FormatFiles(*deck, options);
@@ -197,10 +199,7 @@ Command MakeFormatCommand(CLI::App& application)
     folder->type_name("FOLDER");
     CLI::Option* const check = command.add_flag("--check", options->isCheck,
         "Write nothing; list the files that would change, and exit with 1 if there are any");
-    command.add_flag_callback(
-        "--normalize", [options] { options->format.SetNormalized(true); },
-        "Lay all out anew: the shortest numbers, no needless quotes, repeats combined, no gaps between "
-        "columns");
+    AddSettingOptions(command, options->read.settings.given, {"format.normalize"});
     inPlace->excludes(folder)->excludes(check);
     folder->excludes(check);
     oneFile->excludes(inPlace)->excludes(check);

@@ -39,7 +39,7 @@ enum class GetFormat { Text, Json, Csv, Npy };
 struct GetOptions {
     std::string deck;
     std::vector<std::string> addresses;
-    Decks::ReadOptions read;
+    DeckReadOptions read;
     GetFormat format = GetFormat::Text;
     std::string output; // empty: standard output
     bool isBare = false; // the values alone
@@ -135,7 +135,7 @@ std::string ToJson(const Decks::Deck& deck, const std::vector<Decks::DeckValue>&
         row.update(LocationJson(LocationOf(deck, value)));
         rows.push_back(std::move(row));
     }
-    return Tools::ToText({{"values", std::move(rows)}});
+    return Tools::ToText(WithVersion({{"values", std::move(rows)}}));
 }
 
 /// The values of a keyword that is a list of numbers; `number`, from 1, is which of them in the deck, 0 the
@@ -181,7 +181,7 @@ int GetValues(LoadedLanguage& language, const GetOptions& options)
     const Decks::DeckLanguage deckLanguage(language.GetTable());
     const bool hasPositions = options.format != GetFormat::Npy; // a whole array needs none
     const auto deck = ReadDeckOrReport(
-        options.deck, Decks::ReadOptions(options.read).SetEditable(hasPositions), deckLanguage);
+        options.deck, OptionsFor(options.deck, options.read).SetEditable(hasPositions), deckLanguage);
     if (!deck)
         return Failure;
     if (options.format == GetFormat::Npy)
@@ -220,9 +220,13 @@ Command MakeGetCommand(CLI::App& application)
     AddReadOptions(command, options->read);
     static const std::map<std::string, GetFormat> formats = {{"text", GetFormat::Text},
         {"json", GetFormat::Json}, {"csv", GetFormat::Csv}, {"npy", GetFormat::Npy}};
-    command.add_option("--format", options->format, "text, json, csv, or npy for an array of numbers")
-        ->transform(CLI::CheckedTransformer(formats, CLI::ignore_case).description(""))
-        ->type_name("FORMAT");
+    command
+        .add_option_function<std::string>(
+            "--format", [options](const std::string& word) { options->format = formats.at(word); },
+            "Output format; the default is text, npy is an array of numbers")
+        ->transform(CLI::IsMember({"text", "json", "csv", "npy"}, CLI::ignore_case))
+        ->type_name("NAME")
+        ->take_last();
     command.add_option("--output", options->output, "Write to this file, not to standard output")
         ->type_name("FILE");
     command.add_flag("--bare", options->isBare, "Print the values alone, one a line");

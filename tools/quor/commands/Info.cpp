@@ -33,7 +33,7 @@ namespace {
 
 struct InfoOptions {
     std::string deck;
-    Decks::ReadOptions read;
+    DeckReadOptions read;
     bool withAllWells = false;
     bool withAllProperties = false;
     bool isJson = false;
@@ -244,13 +244,13 @@ void PrintJson(const Decks::DeckSummary& summary, const InfoOptions& options)
         {"end", TextOrNull(Decks::DateText(summary.end))}, {"reports", summary.reports},
         {"wells", WellsJson(summary.wells)}, {"groups", groups}, {"properties", properties},
         {"arrays", ArraysJson(summary)}, {"variables", variables}});
-    Print(ToText(json));
+    Print(ToText(WithVersion(json)));
 }
 
 int Info(LoadedLanguage& language, const InfoOptions& options)
 {
     const Decks::DeckLanguage deckLanguage(language.GetTable());
-    const auto deck = ReadDeckOrReport(options.deck, options.read, deckLanguage);
+    const auto deck = ReadDeckOrReport(options.deck, OptionsFor(options.deck, options.read), deckLanguage);
     if (!deck)
         return Failure;
     const Decks::DeckSummary summary = Decks::Summarize(*deck);

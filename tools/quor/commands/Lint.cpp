@@ -1,6 +1,7 @@
 #include "quor/lint/Lint.h"
 #include "quor/lint/Codes.h"
 #include "tools/quor/commands/Command.h"
+#include "tools/quor/commands/CommonOptions.h"
 #include "tools/quor/findings/FindingFormat.h"
 #include "tools/quor/findings/FindingJson.h"
 #include "tools/quor/findings/FindingText.h"
@@ -89,8 +90,8 @@ void PrintJson(const std::vector<Document>& documents, const LintReport& report)
     auto findings = nlohmann::ordered_json::array();
     for (const Decks::Finding& finding : report.findings.GetKept())
         findings.push_back(FindingJson(finding));
-    Print(ToText({{"documents", files}, {"clean", report.findings.IsClean()},
-        {"counts", CountsJson({report.findings})}, {"findings", findings}}));
+    Print(ToText(WithVersion({{"documents", files}, {"clean", report.findings.IsClean()},
+        {"counts", CountsJson({report.findings})}, {"findings", findings}})));
 }
 
 int RunLint(const LintCommandOptions& options)
@@ -118,7 +119,7 @@ int RunLint(const LintCommandOptions& options)
         PrintJson(documents, report);
         break;
     default:
-        Print(FindingsText(options.format, {report.findings}, Lint::Codes()));
+        Print(FindingsText(options.format, report.findings, Lint::Codes()));
     }
     if (!isRead)
         return Failure;
@@ -138,8 +139,12 @@ Command MakeLintCommand(CLI::App& application)
         ->type_name("PATH");
     command.add_flag("--builtin", options->isBuiltin,
         "Check the built-in documents; locations refer to the whole document");
-    AddFindingFormatOption(command, options->format);
-    AddMaxFindingsOption(command, options->maxFindings, "");
+    AddFindingFormatOption(command, options->format,
+        {FindingFormat::Text, FindingFormat::Json, FindingFormat::Sarif, FindingFormat::Gcc,
+            FindingFormat::GitHub});
+    AddCountOption(command, "--max-findings",
+        "Maximum number of findings printed; the others are only counted", options->maxFindings,
+        Into(options->maxFindings));
     command.footer(
         "With an error the load fails; with a warning it continues silently.\n"
         "A document with short forms, such as <use>, is not checked: check the built-in documents with\n"

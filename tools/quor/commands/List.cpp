@@ -149,7 +149,7 @@ void PrintJson(const LoadedLanguage::Syntaxes& syntaxes)
         if (const auto* info = syntax->GetSummaryMnemonicInfo())
             row["summary"] = CategoriesJson(*info);
     }
-    Print(ToText(list));
+    Print(ToText(WithVersion({{"keywords", list}})));
 }
 
 void PrintMeasurements(const MeasurementCounts& counts, const ListOptions& options)
@@ -161,7 +161,7 @@ void PrintMeasurements(const MeasurementCounts& counts, const ListOptions& optio
         for (const auto& [measurement, count] : counts)
             list.push_back(
                 {{"measurement", measurement}, {"keywords", count}, {"units", UnitsJson(measurement)}});
-        Print(ToText(list));
+        Print(ToText(WithVersion({{"measurements", list}})));
     } else {
         Columns::Row head = {"measurement", "keywords"};
         AppendSystems(head);

@@ -3,6 +3,7 @@
 #include "tools/quor/commands/CommonOptions.h"
 #include "tools/quor/commands/DeckReading.h"
 #include "tools/quor/commands/LoadedLanguage.h"
+#include "tools/quor/commands/StandardInput.h"
 #include "tools/quor/findings/FindingText.h"
 #include "tools/quor/terminal/Json.h"
 #include "tools/quor/terminal/Terminal.h"
@@ -38,7 +39,7 @@ struct PortCommandOptions {
     Decks::Target from;
     Decks::Target to;
     bool withLocations = false;
-    Decks::ReadOptions read;
+    DeckReadOptions read;
     bool isJson = false;
 };
 
@@ -156,8 +157,8 @@ void PrintJson(const std::vector<Loss>& losses, const std::vector<Unchecked>& un
     for (const Unchecked& row : unchecked)
         limits.push_back({{"kind", KindText(row.kind)}, {"text", row.text}, {"count", row.count},
             {"first", LocationJson(row.first)}});
-    Print(ToText({{"deck", options.deck}, {"from", TargetJson(options.from)}, {"to", TargetJson(options.to)},
-        {"losses", array}, {"unchecked", limits}}));
+    Print(ToText(WithVersion({{"deck", options.deck}, {"from", TargetJson(options.from)},
+        {"to", TargetJson(options.to)}, {"losses", array}, {"unchecked", limits}})));
 }
 
 /// False, and reported, if the simulator does not have the mode.
@@ -175,8 +176,11 @@ int Port(LoadedLanguage& language, const PortCommandOptions& options)
     if (!HasMode(options.from) || !HasMode(options.to))
         return Failure;
     const Decks::DeckLanguage deckLanguage(language.GetTable());
-    const auto deck = ReadDeckOrReport(options.deck,
-        Decks::ReadOptions(options.read).SetTarget(options.to).SetMaxFindings(mostFindings), deckLanguage);
+    Decks::ReadOptions read =
+        options.read.read; // Wanted: codes that are ignored are among what is not checked
+    ApplyReading(SettingsOf(NameOfDeck(options.deck, read), options.read.settings), read);
+    const auto deck =
+        ReadDeckOrReport(options.deck, read.SetTarget(options.to).SetMaxFindings(mostFindings), deckLanguage);
     if (!deck)
         return Failure;
     const std::vector<Loss> losses = Decks::FindLosses(

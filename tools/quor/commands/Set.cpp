@@ -21,6 +21,7 @@
 #include <iterator>
 #include <memory>
 #include <optional>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -35,7 +36,7 @@ namespace {
 struct SetOptions {
     std::string deck;
     std::vector<std::string> words; // addresses and values by turns
-    Decks::ReadOptions read;
+    DeckReadOptions read;
     bool isDiff = false; // print what would change
     bool isForced = false; // also if the changed deck has new errors
 };
@@ -48,10 +49,10 @@ struct KnownDeck {
 
 std::optional<KnownDeck> ReadToEdit(const SetOptions& options, const Decks::DeckLanguage& language)
 {
-    const std::string name = NameOfDeck(options.deck, options.read);
+    const std::string name = NameOfDeck(options.deck, options.read.read);
     Baseline::Counts counts;
     auto deck = ReadDeck(options.deck,
-        Decks::ReadOptions(options.read)
+        OptionsFor(options.deck, options.read)
             .SetEditable(true)
             .SetKnownFinding(Baseline::MakeRecorder(name, counts)),
         language);
@@ -62,11 +63,13 @@ std::optional<KnownDeck> ReadToEdit(const SetOptions& options, const Decks::Deck
     return KnownDeck{std::move(*deck), std::move(known)};
 }
 
-/// Sets one value. A line of what changes.
-std::string SetOne(
-    const Decks::Deck& deck, const std::string& address, const std::string& word, Decks::DeckEditor& editor)
+/// Sets one value, once. A line of what changes. `done`: the addresses so far.
+std::string SetOne(const Decks::Deck& deck, const std::string& address, const std::string& word,
+    Decks::DeckEditor& editor, std::set<std::string>& done)
 {
     const Decks::DeckValue value = Decks::ResolveOne(deck, Decks::ValueAddress::Parse(address));
+    if (!done.insert(value.address.ToString()).second)
+        throw std::invalid_argument(fmt::format("{} is set twice", value.address.ToString()));
     if (const std::optional<Decks::NewValue> changed = NewValueOf(value, word))
         editor.SetValue(value, *changed);
     else
@@ -79,9 +82,10 @@ std::string SetOne(
 bool SetAll(
     const Decks::Deck& deck, const SetOptions& options, Decks::DeckEditor& editor, std::string& report)
 {
+    std::set<std::string> done;
     try {
         for (std::size_t i = 0; i + 1 < options.words.size(); i += 2)
-            report += SetOne(deck, options.words[i], options.words[i + 1], editor);
+            report += SetOne(deck, options.words[i], options.words[i + 1], editor, done);
         return true;
     } catch (const Core::Service::Exception& error) { // of the address, the value or the edit
         PrintError(error.what());
@@ -95,7 +99,7 @@ bool SetAll(
 bool IsSound(const SetOptions& options, const KnownDeck& before, const Decks::DeckEditor& editor,
     const Decks::DeckLanguage& language)
 {
-    const std::string name = NameOfDeck(options.deck, options.read);
+    const std::string name = NameOfDeck(options.deck, options.read.read);
     const Decks::Deck after = editor.Read(language,
         Decks::ReadOptions(before.deck.GetOptions()).SetKnownFinding(before.known.MakeFilter(name)));
     const std::string findings = FindingsText(after.GetFindings());

@@ -4,6 +4,7 @@
 #include "tools/quor/commands/CommonOptions.h"
 #include "tools/quor/commands/LoadedLanguage.h"
 #include "tools/quor/commands/SummaryFilter.h"
+#include "tools/quor/findings/FindingCodes.h"
 #include "tools/quor/terminal/Json.h"
 #include "tools/quor/terminal/Terminal.h"
 #include "tools/quor/terminal/TextLayout.h"
@@ -244,6 +245,8 @@ void Append(std::vector<Found>& all, const std::string& spelling, KeywordSyntaxT
 
 void ReportUnknown(const std::string& name, const Decks::DeckLanguage& deckLanguage)
 {
+    if (!FindFindingCodes(name).empty())
+        return PrintError(fmt::format("'{0}' is a finding code; run 'quor explain {0}'", name));
     const auto nearest = deckLanguage.FindNearest(name);
     PrintError(fmt::format("unknown keyword '{}'{}", name,
         nearest.empty() ? "" : fmt::format("; did you mean {}?", fmt::join(nearest, ", "))));
@@ -269,7 +272,7 @@ int Show(LoadedLanguage& language, const ShowOptions& options)
         auto list = nlohmann::ordered_json::array();
         for (const Found& found : all)
             list.push_back(KeywordJson(found, deckLanguage));
-        Print(ToText(list));
+        Print(ToText(WithVersion({{"keywords", list}})));
         return status;
     }
     for (const Found& found : all)
@@ -284,7 +287,7 @@ Command MakeShowCommand(CLI::App& application)
     const auto options = std::make_shared<ShowOptions>();
     CLI::App& command =
         *application.add_subcommand("show", "Shows keywords with their validity, items and other metadata.");
-    command.add_option("NAME", options->names, "Names or aliases of keywords")->required();
+    command.add_option("KEYWORD", options->names, "Names or aliases of keywords")->required();
     AddUnitsOption(command, options->units, "System of the units to show with the items; the default is all");
     AddFormatOption(command, options->isJson);
     command.footer(

@@ -1,50 +1,57 @@
 #include "tools/quor/findings/FindingFormat.h"
 
-#include "tools/quor/commands/CommonOptions.h"
 #include "tools/quor/findings/FindingLines.h"
 #include "tools/quor/findings/FindingSarif.h"
 
 #include <CLI/CLI.hpp>
-#include <fmt/format.h>
+#include <nlohmann/json.hpp>
 
-#include <map>
+#include <algorithm>
+#include <string>
 
 namespace Veld::Quor::Tools {
 
-void AddFindingFormatOption(CLI::App& command, FindingFormat& format)
+namespace {
+
+const char* WordOf(FindingFormat format)
 {
-    static const std::map<std::string, FindingFormat> formats = {{"text", FindingFormat::Text},
-        {"json", FindingFormat::Json}, {"sarif", FindingFormat::Sarif}, {"gcc", FindingFormat::Gcc},
-        {"github", FindingFormat::GitHub}};
-    command
-        .add_option_function<std::string>(
-            "--format", [&format](const std::string& word) { format = formats.at(word); },
-            "Output format; the default is text")
-        ->transform(CLI::IsMember({"text", "json", "sarif", "gcc", "github"}, CLI::ignore_case))
+    static constexpr const char* words[] = {"text", "json", "jsonl", "sarif", "junit", "gcc", "github"};
+    return words[static_cast<std::size_t>(format)];
+}
+
+} // namespace
+
+void AddFindingFormatOption(
+    CLI::App& command, FindingFormat& format, const std::vector<FindingFormat>& formats)
+{
+    std::vector<std::string> words;
+    for (const FindingFormat known : formats)
+        words.emplace_back(WordOf(known));
+    const auto set = [&format, formats](const std::string& word) {
+        format = *std::find_if(
+            formats.begin(), formats.end(), [&word](FindingFormat known) { return WordOf(known) == word; });
+    };
+    command.add_option_function<std::string>("--format", set, "Output format; the default is text")
+        ->transform(CLI::IsMember(words, CLI::ignore_case))
         ->type_name("NAME")
         ->take_last();
 }
 
-void AddMaxFindingsOption(CLI::App& command, std::size_t& limit, const std::string& scope)
-{
-    AddCountOption(command, "--max-findings",
-        fmt::format("Maximum number of findings printed{}; the others are only counted", scope), limit,
-        Into(limit));
-}
-
 std::string FindingsText(
-    FindingFormat format, const FindingSets& sets, const std::vector<Core::Decks::CodeInfo>& codes)
+    FindingFormat format, const FindingSet& set, const std::vector<Core::Decks::CodeInfo>& codes)
 {
     switch (format) {
     case FindingFormat::Text:
     case FindingFormat::Json:
+    case FindingFormat::Jsonl:
+    case FindingFormat::JUnit:
         break;
     case FindingFormat::Sarif:
-        return SarifText(sets, codes);
+        return SarifLog(SarifResults(set), codes, {});
     case FindingFormat::Gcc:
-        return GccText(sets);
+        return GccText({set});
     case FindingFormat::GitHub:
-        return GitHubText(sets);
+        return GitHubText({set});
     }
     return {};
 }

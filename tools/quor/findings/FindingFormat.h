@@ -17,15 +17,16 @@ namespace Veld::Quor::Tools {
 enum class FindingFormat {
     Text, ///< for people, with the line that each is about
     Json,
+    Jsonl, ///< a line of JSON for each deck
     Sarif, ///< version 2.1.0 of the interchange format of static analysis
+    JUnit, ///< the XML that CI systems read of tests
     Gcc, ///< a line each, as compilers write them
     GitHub, ///< a line each, as workflow commands
 };
 
-/// `format` must outlive the application.
-void AddFindingFormatOption(CLI::App& command, FindingFormat& format);
-/// `limit` must outlive the application. `each` ends the sentence on what is limited.
-void AddMaxFindingsOption(CLI::App& command, std::size_t& limit, const std::string& scope);
+/// `format` must outlive the application; one of these formats.
+void AddFindingFormatOption(
+    CLI::App& command, FindingFormat& format, const std::vector<FindingFormat>& formats);
 
 /// The findings of one input.
 struct FindingSet {
@@ -39,9 +40,9 @@ struct FindingSet {
 };
 using FindingSets = std::vector<FindingSet>;
 
-/// The findings in one of the formats that need nothing but them: all but text and JSON. `codes` has the
-/// codes of all of them.
+/// The findings in one of the formats that need nothing but them: SARIF and lines. `codes` has the codes of
+/// all of them.
 std::string FindingsText(
-    FindingFormat format, const FindingSets& sets, const std::vector<Core::Decks::CodeInfo>& codes);
+    FindingFormat format, const FindingSet& set, const std::vector<Core::Decks::CodeInfo>& codes);
 
 } // namespace Veld::Quor::Tools

@@ -83,4 +83,9 @@ std::string GitHubText(const FindingSets& sets)
     });
 }
 
+std::string GitHubFailure(const std::string& message)
+{
+    return fmt::format("::error::{}\n", Escape(message, "%\r\n"));
+}
+
 } // namespace Veld::Quor::Tools

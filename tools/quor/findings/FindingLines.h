@@ -11,5 +11,7 @@ std::string GccText(const FindingSets& sets);
 
 /// A line for each finding, in the form of a workflow command.
 std::string GitHubText(const FindingSets& sets);
+/// The line for what isn't about a file.
+std::string GitHubFailure(const std::string& message);
 
 } // namespace Veld::Quor::Tools

@@ -10,7 +10,10 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdint>
+#include <filesystem>
 #include <map>
+#include <system_error>
 #include <utility>
 
 namespace Veld::Quor::Tools {
@@ -36,6 +39,41 @@ std::string UriOf(const std::string& path)
     return path.starts_with('/') ? "file://" + uri : uri;
 }
 
+constexpr const char* root = "SRCROOT";
+
+/// The current folder, with a slash at its end.
+std::string RootPath()
+{
+    std::error_code error;
+    return (std::filesystem::current_path(error) / "").string();
+}
+
+/// A file below the current folder is relative to it, so that the log is the same on all machines.
+Json ArtifactOf(const std::string& path)
+{
+    const std::string folder = RootPath();
+    const bool isBelow = path.starts_with(folder);
+    if (path.starts_with('/') && !isBelow)
+        return {{"uri", UriOf(path)}};
+    const std::string relative =
+        std::filesystem::path(isBelow ? path.substr(folder.size()) : path).lexically_normal().string();
+    return {{"uri", UriOf(relative)}, {"uriBaseId", root}};
+}
+
+/// Stays the same when lines come and go elsewhere: of the code, the file and the text of the line.
+std::string FingerprintOf(const Finding& finding)
+{
+    constexpr std::string_view blanks = " \t";
+    const std::string& excerpt = finding.excerpt;
+    const std::size_t first = std::min(excerpt.find_first_not_of(blanks), excerpt.size());
+    const std::string line = excerpt.substr(first, excerpt.find_last_not_of(blanks) + 1 - first);
+    const std::string file = ArtifactOf(finding.location.file)["uri"];
+    std::uint64_t hash = 14695981039346656037U; // FNV-1a
+    for (const char c : fmt::format("{}\n{}\n{}", finding.code, file, line))
+        hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
+    return fmt::format("{:016x}", hash);
+}
+
 /// Columns count characters here, and bytes in a finding. Of a long line not all is known: then bytes have to
 /// do.
 Json RegionOf(const Finding& finding)
@@ -51,8 +89,7 @@ Json RegionOf(const Finding& finding)
 
 Json LocationOf(const Decks::Location& location, const Json& region)
 {
-    return {
-        {"physicalLocation", {{"artifactLocation", {{"uri", UriOf(location.file)}}}, {"region", region}}}};
+    return {{"physicalLocation", {{"artifactLocation", ArtifactOf(location.file)}, {"region", region}}}};
 }
 
 /// What goes, and what comes in its place; each file once.
@@ -62,8 +99,8 @@ Json FixOf(const Fix& fix)
     std::string file;
     for (const FixPart& part : fix) {
         if (changes.empty() || file != part.location.file)
-            changes.push_back({{"artifactLocation", {{"uri", UriOf(part.location.file)}}},
-                {"replacements", Json::array()}});
+            changes.push_back(
+                {{"artifactLocation", ArtifactOf(part.location.file)}, {"replacements", Json::array()}});
         file = part.location.file;
         Json replacement = {{"deletedRegion",
             {{"startLine", part.begin.line}, {"startColumn", part.begin.column}, {"endLine", part.end.line},
@@ -75,12 +112,12 @@ Json FixOf(const Fix& fix)
     return {{"artifactChanges", changes}};
 }
 
-Json ResultOf(const Finding& finding, const Fix& fix, std::size_t ruleIndex)
+Json ResultOf(const Finding& finding, const Fix& fix)
 {
     const std::string message = WithMore(finding);
     const std::string text = finding.hint.empty() ? message : fmt::format("{}; {}", message, finding.hint);
-    Json result = {{"ruleId", finding.code}, {"ruleIndex", ruleIndex}, {"level", ToString(finding.severity)},
-        {"message", {{"text", text}}},
+    Json result = {{"ruleId", finding.code}, {"level", ToString(finding.severity)},
+        {"message", {{"text", text}}}, {"partialFingerprints", {{"codeFileLine/v1", FingerprintOf(finding)}}},
         {"locations", Json::array({LocationOf(finding.location, RegionOf(finding))})}};
     for (const Decks::RelatedLocation& other : finding.related) {
         Json related = LocationOf(other.location, {{"startLine", other.location.line}});
@@ -96,38 +133,65 @@ Json ResultOf(const Finding& finding, const Fix& fix, std::size_t ruleIndex)
 
 Json RuleOf(const Decks::CodeInfo& code)
 {
+    const std::string help = fmt::format(
+        "{}\n\nWrong:\n\n```\n{}```\n\nRight:\n\n```\n{}```\n", code.remedy, code.wrong, code.right);
+    const bool hasExample = code.wrong[0] != '\0';
     return {{"id", code.name}, {"defaultConfiguration", {{"level", ToString(code.severity)}}},
-        {"shortDescription", {{"text", code.meaning}}}, {"help", {{"text", code.remedy}}}};
+        {"shortDescription", {{"text", code.meaning}}},
+        {"help", {{"text", code.remedy}, {"markdown", hasExample ? help : std::string(code.remedy)}}}};
 }
 
-} // namespace
-
-std::string SarifText(const FindingSets& sets, const std::vector<Decks::CodeInfo>& codes)
+/// Numbers those that are alike, and says which rule each is of. A rule that a host's document has may have a
+/// code that only its findings know.
+Json CompleteResults(Json& results, const std::vector<Decks::CodeInfo>& codes)
 {
-    std::map<std::string, std::size_t> indices;
     Json rules = Json::array();
+    std::map<std::string, std::size_t> indices;
     for (const Decks::CodeInfo& code : codes) {
         indices.emplace(code.name, rules.size());
         rules.push_back(RuleOf(code));
     }
-    // A rule that a host's document has may have a code that only its findings know.
-    const auto indexOf = [&](const Finding& finding) {
-        const auto [at, isNew] = indices.emplace(finding.code, rules.size());
+    std::map<std::string, std::size_t> alike;
+    for (Json& result : results) {
+        const auto [at, isNew] = indices.emplace(result["ruleId"], rules.size());
         if (isNew)
             rules.push_back(
-                {{"id", finding.code}, {"defaultConfiguration", {{"level", ToString(finding.severity)}}}});
-        return at->second;
-    };
-    Json results = Json::array();
-    for (const FindingSet& set : sets) {
-        const std::vector<Finding>& findings = set.findings->GetKept();
-        for (std::size_t i = 0; i < findings.size(); ++i)
-            results.push_back(
-                ResultOf(findings[i], set.fixes ? (*set.fixes)[i] : Fix(), indexOf(findings[i])));
+                {{"id", result["ruleId"]}, {"defaultConfiguration", {{"level", result["level"]}}}});
+        result["ruleIndex"] = at->second;
+        Json& fingerprint = result["partialFingerprints"]["codeFileLine/v1"];
+        fingerprint = fmt::format("{}:{}", fingerprint.get<std::string>(), ++alike[fingerprint]);
     }
+    return rules;
+}
+
+Json InvocationOf(const std::vector<std::string>& failures)
+{
+    Json invocation = {{"executionSuccessful", failures.empty()}};
+    for (const std::string& failure : failures)
+        invocation["toolExecutionNotifications"].push_back(
+            {{"level", "error"}, {"message", {{"text", failure}}}});
+    return invocation;
+}
+
+} // namespace
+
+Json SarifResults(const FindingSet& set)
+{
+    Json results = Json::array();
+    const std::vector<Finding>& findings = set.findings->GetKept();
+    for (std::size_t i = 0; i < findings.size(); ++i)
+        results.push_back(ResultOf(findings[i], set.fixes ? (*set.fixes)[i] : Fix()));
+    return results;
+}
+
+std::string SarifLog(
+    Json results, const std::vector<Decks::CodeInfo>& codes, const std::vector<std::string>& failures)
+{
+    const Json rules = CompleteResults(results, codes);
     const Json driver = {{"name", "quor"}, {"version", GetVersion()}, {"rules", rules}};
-    const Json run = {
-        {"tool", {{"driver", driver}}}, {"columnKind", "unicodeCodePoints"}, {"results", results}};
+    const Json run = {{"tool", {{"driver", driver}}}, {"invocations", Json::array({InvocationOf(failures)})},
+        {"originalUriBaseIds", {{root, {{"uri", UriOf(RootPath())}}}}}, {"columnKind", "unicodeCodePoints"},
+        {"results", std::move(results)}};
     return ToText({{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"}, {"version", "2.1.0"},
         {"runs", Json::array({run})}});
 }

@@ -82,6 +82,9 @@ std::string BashWords(const CommandDescription& command)
     std::string text =
         fmt::format("            {}:-*) words={} ;;\n", command.name, BashList(OptionNames(command)));
     for (const OptionDescription& option : command.options) {
+        if (!option.lister.empty())
+            text += fmt::format(
+                "            {}:*) words=$({} | paste -s -d '|') ;;\n", command.name, option.lister);
         if (option.names.empty() && !option.choices.empty())
             text += fmt::format("            {}:*) words={} ;;\n", command.name, BashList(option.choices));
     }
@@ -96,6 +99,8 @@ std::string ZshText(const std::string& text)
 
 std::string ZshValue(const OptionDescription& option)
 {
+    if (!option.lister.empty())
+        return fmt::format(":{}:{{compadd $({})}}", option.value, option.lister);
     if (option.choices.empty())
         return fmt::format(":{}:_files", option.value);
     return fmt::format(":{}:({})", option.value, EscapedList(option.choices));
@@ -122,7 +127,9 @@ std::string FishOption(const std::string& condition, const OptionDescription& op
     std::string text = condition;
     for (const std::string& name : option.names)
         text += name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
-    if (!option.choices.empty())
+    if (!option.lister.empty())
+        text += fmt::format(" -f -a \"({})\"", option.lister);
+    else if (!option.choices.empty())
         text +=
             fmt::format(" {} -a {}", option.names.empty() ? "-f" : "-x", Quote(EscapedList(option.choices)));
     else if (!option.value.empty())
@@ -209,7 +216,7 @@ std::string FishCompletion(const CommandDescription& program)
         const std::string inside =
             fmt::format("complete -c {} -n '__fish_seen_subcommand_from {}'", program.name, command.name);
         for (const OptionDescription& option : command.options) {
-            if (!option.names.empty() || !option.choices.empty())
+            if (!option.names.empty() || !option.choices.empty() || !option.lister.empty())
                 text += FishOption(inside, option);
         }
     }

@@ -36,6 +36,8 @@ OptionDescription Describe(const CLI::Option& option)
     const std::string type = option.get_type_size_max() == 0 ? "" : option.get_type_name();
     description.value = option.get_positional() ? option.get_name(true) : type.substr(0, type.find(':'));
     description.choices = description.value == "CODE" ? FindingCodeNames() : ChoicesOf(type);
+    if (description.value == "KEYWORD")
+        description.lister = "quor list 2>/dev/null | cut -d ' ' -f 1 | sort -u";
     description.help = option.get_description();
     description.isRequired = option.get_required();
     description.isRepeated = option.get_items_expected_max() > 1;

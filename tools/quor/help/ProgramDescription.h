@@ -13,6 +13,8 @@ struct OptionDescription {
     std::vector<std::string> names; ///< with their hyphens; empty: it goes by its position
     std::string value; ///< what stands for the value; empty: it has none
     std::vector<std::string> choices; ///< of the value; empty: any
+    std::string lister =
+        {}; ///< a command of the shell that prints the choices, where they may change; or empty
     std::string help;
     bool isRequired = false;
     bool isRepeated = false; ///< takes several values in a row

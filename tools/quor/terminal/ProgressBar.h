@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <optional>
 #include <string>
 
 namespace Veld::Quor::Tools {
@@ -18,9 +19,16 @@ public:
 
     /// Bytes that are done, of those that are known so far.
     void Show(std::size_t done, std::size_t known);
+    /// Decks that are done, of all.
+    void ShowDecks(std::size_t done, std::size_t all);
+    /// Wipes the line, so that something else can be printed.
+    void Hide();
 
 private:
     using Clock = std::chrono::steady_clock;
+
+    /// The seconds since the start, if it is time to draw.
+    std::optional<double> Begin();
 
     Clock::time_point start_ = Clock::now();
     Clock::time_point next_; // not drawn again before
@@ -31,5 +39,8 @@ private:
 /// The line, of at most `width` characters.
 std::string ProgressText(
     std::size_t done, std::size_t known, double seconds, std::size_t width, bool isColoured);
+
+/// The same of decks, with their rate and the time that the rest will take.
+std::string DecksText(std::size_t done, std::size_t all, double seconds, std::size_t width, bool isColoured);
 
 } // namespace Veld::Quor::Tools

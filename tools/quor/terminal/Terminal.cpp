@@ -16,6 +16,13 @@ namespace Veld::Quor::Tools {
 namespace {
 
 int writeError = 0; // of the first write to standard output that failed
+bool hasPrinted = false;
+
+std::vector<std::string>& Errors()
+{
+    static std::vector<std::string> errors;
+    return errors;
+}
 
 void Write(std::FILE* stream, std::string_view text)
 {
@@ -38,6 +45,7 @@ constexpr bool ContinuesCharacter(char c)
 
 void Print(std::string_view text)
 {
+    hasPrinted = hasPrinted || !text.empty();
     Write(stdout, text);
 }
 
@@ -49,7 +57,18 @@ void PrintAside(std::string_view text)
 
 void PrintError(std::string_view message)
 {
+    Errors().emplace_back(message);
     PrintAside(fmt::format("quor: error: {}\n", MakePrintable(message)));
+}
+
+const std::vector<std::string>& GetErrors()
+{
+    return Errors();
+}
+
+bool HasPrinted()
+{
+    return hasPrinted;
 }
 
 bool FlushOutput()

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Veld::Quor::Tools {
 
@@ -12,6 +13,10 @@ void Print(std::string_view text);
 void PrintAside(std::string_view text);
 /// "quor: error: " and the message on a line, to standard error.
 void PrintError(std::string_view message);
+/// The messages so far.
+const std::vector<std::string>& GetErrors();
+/// Whether anything was printed on standard output.
+bool HasPrinted();
 
 /// False if some of what was printed didn't reach standard output; says why, unless its reader went away.
 bool FlushOutput();

@@ -1,8 +1,9 @@
-#include "tools/quor/commands/CheckStatistics.h"
+#include "tools/quor/check/CheckStatistics.h"
 
 #include "quor/deck/FindingCodes.h"
 #include "tools/quor/commands/DeckReading.h"
 #include "tools/quor/findings/FindingText.h"
+#include "tools/quor/terminal/Json.h"
 #include "tools/quor/terminal/Terminal.h"
 #include "tools/quor/terminal/TextLayout.h"
 
@@ -73,30 +74,52 @@ std::vector<typename Rows::const_iterator> SortedRows(const Rows& rows, bool byC
 
 } // namespace
 
-void CheckStatistics::Add(const Decks::Deck& deck)
+ordered_json TallyOf(const Decks::Deck& deck)
 {
-    ++decks_;
-    clean_ += deck.IsClean() ? 1U : 0U;
     const Decks::Findings& findings = deck.GetFindings();
-    omitted_ += findings.GetOmittedCount();
+    auto severities = ordered_json::array();
     for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Note})
-        counts_[static_cast<std::size_t>(severity)] += findings.GetCount(severity);
-    if (findings.GetKept().empty())
-        return;
+        severities.push_back(findings.GetCount(severity));
+    auto rows = ordered_json::array(); // in the order of the first findings
+    std::map<std::pair<std::string, std::string>, std::size_t> indices;
     const KeywordFinder finder(deck);
     for (const Finding& finding : findings) {
         const std::string keyword = finder.NameOf(finding);
-        Count({finding.code, keyword}, finding);
-        Count({finding.code, ""}, finding);
-        Count({"", keyword}, finding);
+        const auto [at, isNew] = indices.emplace(std::pair(finding.code, keyword), rows.size());
+        if (isNew)
+            rows.push_back({{"code", finding.code}, {"keyword", keyword}, {"count", 0},
+                {"file", finding.location.file}, {"line", finding.location.line},
+                {"column", finding.location.column}, {"message", finding.message}});
+        ordered_json& count = rows[at->second]["count"];
+        count = count.get<std::size_t>() + 1;
+    }
+    return {{"clean", deck.IsClean()}, {"omitted", findings.GetOmittedCount()}, {"counts", severities},
+        {"rows", rows}};
+}
+
+void CheckStatistics::Add(const ordered_json& tally)
+{
+    ++decks_;
+    clean_ += tally["clean"].get<bool>() ? 1U : 0U;
+    omitted_ += tally["omitted"].get<std::size_t>();
+    for (std::size_t i = 0; i < std::size(counts_); ++i)
+        counts_[i] += tally["counts"][i].get<std::size_t>();
+    for (const ordered_json& row : tally["rows"]) {
+        const Example example = {
+            {row["file"], row["line"].get<std::size_t>(), row["column"].get<std::size_t>()}, row["message"]};
+        const auto count = row["count"].get<std::size_t>();
+        Count({row["code"], row["keyword"]}, count, example);
+        Count({row["code"], ""}, count, example);
+        Count({"", row["keyword"]}, count, example);
     }
 }
 
-void CheckStatistics::Count(const Key& key, const Finding& finding)
+void CheckStatistics::Count(const Key& key, std::size_t count, const Example& example)
 {
     Row& row = rows_[key];
-    if (row.count++ == 0)
-        row.example = finding;
+    if (row.count == 0)
+        row.example = example;
+    row.count += count;
     row.decks += std::exchange(row.lastDeck, decks_) == decks_ ? 0U : 1U;
 }
 
@@ -133,7 +156,7 @@ ordered_json CheckStatistics::TableJson(bool byCode, bool byKeyword) const
             entry["code"] = row->first.first;
         if (byKeyword)
             entry["keyword"] = row->first.second;
-        const Finding& example = row->second.example;
+        const Example& example = row->second.example;
         entry.update({{"findings", row->second.count}, {"decks", row->second.decks},
             {"example",
                 {{"file", example.location.file}, {"line", example.location.line},
@@ -145,11 +168,11 @@ ordered_json CheckStatistics::TableJson(bool byCode, bool byKeyword) const
 
 ordered_json CheckStatistics::ToJson() const
 {
-    return {{"decks", decks_}, {"clean", clean_},
+    return WithVersion({{"decks", decks_}, {"clean", clean_},
         {"counts",
             {{"errors", counts_[0]}, {"warnings", counts_[1]}, {"notes", counts_[2]}, {"omitted", omitted_}}},
         {"byCodeAndKeyword", TableJson(true, true)}, {"byCode", TableJson(true, false)},
-        {"byKeyword", TableJson(false, true)}};
+        {"byKeyword", TableJson(false, true)}});
 }
 
 } // namespace Veld::Quor::Tools

@@ -1,0 +1,127 @@
+#include "tools/quor/check/ProjectDecks.h"
+
+#include "tools/quor/commands/StandardInput.h"
+#include "tools/quor/terminal/TextLayout.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <stdexcept>
+#include <system_error>
+#include <utility>
+
+#include <fnmatch.h>
+
+namespace Veld::Quor::Tools {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using Paths = std::vector<std::string>;
+
+constexpr const char* anyFolders = "**";
+
+std::vector<fs::path> EntriesOf(const fs::path& folder)
+{
+    std::vector<fs::path> entries;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; !error && entry != end;
+         entry.increment(error))
+        entries.push_back(folder / entry->path().filename());
+    std::sort(entries.begin(), entries.end());
+    return entries;
+}
+
+/// Not through links, which may lead back.
+bool IsFolder(const fs::path& path)
+{
+    std::error_code error;
+    return fs::is_directory(fs::symlink_status(path, error));
+}
+
+/// Adds what the parts of a pattern from `part` on match below `folder`.
+void Match(const fs::path& folder, const fs::path& pattern, fs::path::const_iterator part, Paths& matches)
+{
+    if (part == pattern.end()) {
+        matches.push_back(folder.string());
+        return;
+    }
+    const auto next = std::next(part);
+    const std::string name = part->string();
+    if (name == anyFolders)
+        Match(folder, pattern, next, matches);
+    else if (name.find_first_of("*?[") == std::string::npos) {
+        std::error_code error;
+        if (fs::exists(folder / name, error))
+            Match(folder / name, pattern, next, matches);
+        return;
+    }
+    for (const fs::path& entry : EntriesOf(folder)) {
+        if (name == anyFolders && IsFolder(entry))
+            Match(entry, pattern, part, matches);
+        else if (name != anyFolders && ::fnmatch(name.c_str(), entry.filename().c_str(), FNM_PERIOD) == 0)
+            Match(entry, pattern, next, matches);
+    }
+}
+
+void AddDecksBelow(const fs::path& folder, Paths& decks)
+{
+    for (const fs::path& entry : EntriesOf(folder)) {
+        if (IsFolder(entry))
+            AddDecksBelow(entry, decks);
+        else if (ToLower(entry.extension().string()) == ".data")
+            decks.push_back(entry.string());
+    }
+}
+
+/// A pattern that matches nothing stays as it is: a file that can't be read.
+Paths Expand(const std::string& given)
+{
+    std::error_code error;
+    Paths paths;
+    if (given == standardInputPath || fs::exists(given, error))
+        paths = {given};
+    else {
+        const fs::path pattern(given);
+        Match({}, pattern, pattern.begin(), paths);
+    }
+    if (paths.empty())
+        return {given};
+    Paths decks;
+    for (const std::string& path : paths) {
+        if (!fs::is_directory(path, error)) {
+            decks.push_back(path);
+            continue;
+        }
+        const std::size_t before = decks.size();
+        AddDecksBelow(path, decks);
+        if (decks.size() == before)
+            throw std::runtime_error(fmt::format("no deck in the folder '{}'; expected .data files", path));
+    }
+    return decks;
+}
+
+} // namespace
+
+std::vector<std::string> DecksOf(const CheckOptions& options)
+{
+    Settings::Words given = options.decks;
+    if (given.empty()) {
+        const std::string file = SettingsFileOf("", options.read.settings);
+        if (file.empty())
+            throw std::runtime_error("no deck; expected decks, or a quor.toml that has them ('decks')");
+        given = SettingsOf("", options.read.settings).decks.value_or(Settings::Words());
+        if (given.empty())
+            throw std::runtime_error(fmt::format("no deck; expected decks, or 'decks' in '{}'", file));
+    }
+    Paths decks;
+    for (const std::string& path : given) {
+        const Paths expanded = Expand(path);
+        decks.insert(decks.end(), expanded.begin(), expanded.end());
+    }
+    return decks;
+}
+
+} // namespace Veld::Quor::Tools

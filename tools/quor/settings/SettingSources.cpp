@@ -1,0 +1,73 @@
+#include "tools/quor/settings/SettingSources.h"
+
+#include "quor/deck/DeckLanguage.h"
+#include "tools/quor/settings/SettingInfo.h"
+#include "tools/quor/settings/SettingsFile.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace Veld::Quor::Tools {
+
+namespace Decks = Core::Decks;
+using namespace Core::Keywords;
+
+std::string SettingsFileOf(const std::string& deck, const SettingSources& sources)
+{
+    if (sources.isWithoutFile)
+        return {};
+    return sources.file.empty() ? FindSettingsFile(deck) : sources.file;
+}
+
+Settings SettingsOf(const std::string& deck, const SettingSources& sources)
+{
+    const std::string file = SettingsFileOf(deck, sources);
+    return Merge(sources.given, file.empty() ? Settings() : ReadSettingsFile(file));
+}
+
+void ApplyReading(const Settings& settings, Decks::ReadOptions& options)
+{
+    if (settings.simulator)
+        options.SetSimulator(SimulatorType::FromString(*settings.simulator));
+    if (settings.mode)
+        options.SetMode(SimulatorModeType::FromString(*settings.mode));
+    if (settings.maxRepeatedValues)
+        options.SetMaxRepeatedValues(*settings.maxRepeatedValues);
+    for (const auto& [name, text] : settings.variables.value_or(Settings::Texts()))
+        options.SetVariable(name, text);
+    for (const auto& [name, path] : settings.aliases.value_or(Settings::Texts()))
+        options.SetPathAlias(name, path);
+}
+
+void ApplyCodes(const Settings& settings, Decks::ReadOptions& options)
+{
+    options.SetStrict(settings.isStrict.value_or(false));
+    for (const std::string& code : settings.selected.value_or(Settings::Words()))
+        options.SelectCode(code);
+    for (const std::string& code : settings.raised.value_or(Settings::Words()))
+        options.SetSeverity(code, Decks::Severity::Error);
+    for (const std::string& code : settings.ignored.value_or(Settings::Words()))
+        options.SetSeverity(code, std::nullopt);
+}
+
+void CheckCodes(const Settings& settings, const std::vector<std::string>& known)
+{
+    for (const SettingInfo& setting : AllSettings()) {
+        const auto* const member = std::get_if<std::optional<Settings::Words> Settings::*>(&setting.member);
+        if (!member || std::strcmp(setting.value, "CODE") != 0)
+            continue;
+        for (const std::string& code : (settings.**member).value_or(Settings::Words())) {
+            if (std::find(known.begin(), known.end(), code) != known.end())
+                continue;
+            const auto nearest = Decks::FindNearest(known, code);
+            throw SettingsError(fmt::format("{}: {}: unknown finding code '{}'{}",
+                settings.origins.at(setting.name), setting.name, code,
+                nearest.empty() ? "" : fmt::format("; did you mean {}?", fmt::join(nearest, ", "))));
+        }
+    }
+}
+
+} // namespace Veld::Quor::Tools

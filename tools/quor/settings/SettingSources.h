@@ -1,0 +1,32 @@
+#pragma once
+
+#include "quor/deck/ReadOptions.h"
+#include "tools/quor/settings/Settings.h"
+
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Tools {
+
+/// Where the settings of a deck are from.
+struct SettingSources {
+    Settings given; ///< what the command line says
+    std::string file; ///< to use for all decks; empty: the nearest of each
+    bool isWithoutFile = false; ///< no file is used
+};
+
+/// The settings file of a deck; empty: none.
+std::string SettingsFileOf(const std::string& deck, const SettingSources& sources);
+
+/// What holds for a deck. Throws `SettingsError`.
+Settings SettingsOf(const std::string& deck, const SettingSources& sources);
+
+/// Puts what settings say of reading into the options: simulator, mode, variables, aliases, repeats.
+void ApplyReading(const Settings& settings, Core::Decks::ReadOptions& options);
+/// Puts what they say of findings into the options: codes and strictness.
+void ApplyCodes(const Settings& settings, Core::Decks::ReadOptions& options);
+
+/// Throws `SettingsError` if the settings name a code that is not one of `known`.
+void CheckCodes(const Settings& settings, const std::vector<std::string>& known);
+
+} // namespace Veld::Quor::Tools
