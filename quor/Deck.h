@@ -23,5 +23,6 @@
 #include "quor/deck/TextRange.h"
 #include "quor/deck/ValueAddress.h"
 #include "quor/deck/WriteKeyword.h"
+#include "quor/deck/WrittenWords.h"
 #include "quor/syntax/IKeywordSyntax.h"
 #include "quor/syntax/KeywordSyntaxTable.h"

@@ -41,21 +41,19 @@ public:
 private:
     std::optional<TextRange> FindRange(const ValueMatch& match)
     {
-        const KeywordInstance& keyword = contents_.keywords[match.keyword];
         if (match.keyword != last_) {
             last_ = match.keyword;
-            hasRanges_ = keyword.notes && !keyword.notes->values.empty()
-                && keyword.notes->values.size() == CountSlots(*keyword.data);
+            ranges_ = FindValueRanges(deck_, deck_[last_]);
         }
-        if (!hasRanges_)
+        if (!ranges_)
             return std::nullopt;
-        return keyword.notes->values[SlotOf(*keyword.data, match.path)];
+        return (*ranges_)[SlotOf(*contents_.keywords[last_].data, match.path)];
     }
 
     const Deck& deck_;
     const DeckContents& contents_;
     std::uint32_t last_ = noIndex; // keyword
-    bool hasRanges_ = false; // it has one for each slot
+    const std::vector<TextRange>* ranges_ = nullptr; // of it
 };
 
 /// Only the one that the number of the address says.
@@ -164,6 +162,15 @@ DeckValue ResolvePath(const Deck& deck, const DeckKeyword& keyword, const ValueP
             fmt::format("{} has no value at the path {{{}}}", keyword.GetName(), fmt::join(path, ", ")));
     const ValueMatch match{static_cast<std::uint32_t>(keyword.GetIndex()), path};
     return ValueMaker(deck).Make(match, FullAddress(ContentsOf(deck), match));
+}
+
+const std::vector<TextRange>* FindValueRanges(const Deck& deck, const DeckKeyword& keyword)
+{
+    CheckIsOf(deck, keyword);
+    const KeywordInstance& instance = ContentsOf(deck).keywords[keyword.GetIndex()];
+    const bool hasRanges = instance.data && instance.notes && !instance.notes->values.empty()
+        && instance.notes->values.size() == CountSlots(*instance.data);
+    return hasRanges ? &instance.notes->values : nullptr;
 }
 
 ValueAddress AddressOf(const Deck& deck, const DeckKeyword& keyword, std::size_t record, ItemKey item)

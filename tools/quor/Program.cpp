@@ -135,6 +135,7 @@ int RunCommand(int argc, char** argv)
         MakeListCommand(application),
         MakeLintCommand(application),
         MakeSettingsCommand(application),
+        MakeLanguageServerCommand(application),
         MakeManCommand(application),
         MakeCompletionCommand(application),
     };

@@ -41,6 +41,7 @@ Command MakePortCommand(CLI::App& application);
 Command MakeLintCommand(CLI::App& application);
 Command MakeExplainCommand(CLI::App& application);
 Command MakeSettingsCommand(CLI::App& application);
+Command MakeLanguageServerCommand(CLI::App& application);
 Command MakeManCommand(CLI::App& application);
 Command MakeCompletionCommand(CLI::App& application);
 

@@ -100,10 +100,12 @@ LineWords FindLineWords(std::string_view line)
                 word.text = line.substr(static_cast<std::size_t>(word.text.data() - line.data()));
                 word.length = line.size() - offset;
             }
+            found.offsets.push_back(offset);
             offset += word.length;
             found.words.push_back(word);
         }
     }
+    found.end = offset;
     return found;
 }
 

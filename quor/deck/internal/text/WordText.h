@@ -36,6 +36,8 @@ DataWord FindDataWord(std::string_view text);
 /// The words of a line up to the slash.
 struct LineWords {
     std::vector<DataWord> words;
+    std::vector<std::size_t> offsets; ///< of the words in the line
+    std::size_t end = 0; ///< of what was looked at: the slash if there is one
     bool isEnded = false; ///< there is a slash
 };
 /// A quote that isn't closed makes one word of the rest of the line.

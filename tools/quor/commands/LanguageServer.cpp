@@ -1,0 +1,25 @@
+#include "tools/quor/commands/Command.h"
+#include "tools/quor/commands/LoadedLanguage.h"
+#include "tools/quor/language-server/Server.h"
+
+#include <CLI/CLI.hpp>
+
+namespace Veld::Quor::Tools {
+
+Command MakeLanguageServerCommand(CLI::App& application)
+{
+    CLI::App& command = *application.add_subcommand("language-server",
+        "Serves an editor with the Language Server Protocol on standard input and output.");
+    command.add_flag_callback(
+        "--stdio", [] {}, "Does nothing; for editors that always pass it");
+    command.footer("The editor starts it. It reports findings while decks are written, and answers what the "
+                   "editor\n"
+                   "asks: descriptions, completions, definitions, names to change, and more.\n\n"
+                   "Example:\n"
+                   "  quor language-server");
+    return {&command, [](LoadedLanguage& language) {
+                return LanguageServer::Serve(language.GetTable()) ? Success : Failure;
+            }};
+}
+
+} // namespace Veld::Quor::Tools

@@ -1,0 +1,122 @@
+#include "tools/quor/language-server/DeckSearch.h"
+
+#include "quor/deck/DeckSource.h"
+#include "tools/quor/terminal/TextLayout.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+#include <system_error>
+
+namespace Veld::Quor::Tools::LanguageServer {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t mostDecks = 100;
+constexpr std::size_t mostEntries = 20'000; // of folders that are looked through
+constexpr int mostLevels = 5; // above the file
+
+bool IsDeckName(const fs::path& path)
+{
+    return ToLower(path.extension().string()) == ".data";
+}
+
+/// Collects decks, each once.
+class DeckCollector {
+public:
+    explicit DeckCollector(const fs::path& target)
+        : target_(target)
+    {
+    }
+
+    void AddFolder(const fs::path& folder);
+    void AddBelow(const fs::path& folder);
+    std::vector<std::string> Take() { return std::move(decks_); }
+
+private:
+    bool Mentions(const fs::path& deck) const;
+    void Add(const fs::path& deck);
+
+    fs::path target_;
+    std::vector<std::string> decks_;
+};
+
+/// What an inclusion may have of the way to the file.
+bool DeckCollector::Mentions(const fs::path& deck) const
+{
+    try {
+        const auto source = Core::Decks::SourceText::FromFile(deck.string());
+        const std::string_view text = source->GetText();
+        if (text.find(target_.filename().string()) != std::string_view::npos)
+            return true;
+        const std::string way = target_.parent_path().lexically_relative(deck.parent_path()).string();
+        return way != "." && text.find(way) != std::string_view::npos;
+    } catch (const Core::Decks::SourceError&) {
+        return false;
+    }
+}
+
+void DeckCollector::Add(const fs::path& deck)
+{
+    const std::string path = deck.string();
+    if (decks_.size() < mostDecks && deck != target_
+        && std::find(decks_.begin(), decks_.end(), path) == decks_.end())
+        decks_.push_back(path);
+}
+
+void DeckCollector::AddFolder(const fs::path& folder)
+{
+    std::error_code error;
+    std::vector<fs::path> decks;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        if (IsDeckName(entry->path()) && entry->is_regular_file(error))
+            decks.push_back(entry->path());
+    }
+    std::sort(decks.begin(), decks.end());
+    std::stable_partition(
+        decks.begin(), decks.end(), [this](const fs::path& deck) { return Mentions(deck); });
+    for (const fs::path& deck : decks)
+        Add(deck);
+}
+
+void DeckCollector::AddBelow(const fs::path& folder)
+{
+    std::error_code error;
+    std::size_t entries = 0;
+    std::vector<fs::path> decks;
+    fs::recursive_directory_iterator entry(folder, fs::directory_options::skip_permission_denied, error);
+    for (const fs::recursive_directory_iterator end; !error && entry != end && ++entries < mostEntries;
+         entry.increment(error)) {
+        if (IsDeckName(entry->path()))
+            decks.push_back(entry->path());
+    }
+    std::sort(decks.begin(), decks.end());
+    for (const fs::path& deck : decks) {
+        if (Mentions(deck))
+            Add(deck);
+    }
+    for (const fs::path& deck : decks)
+        Add(deck);
+}
+
+} // namespace
+
+std::vector<std::string> FindDecksFor(const std::string& path, const std::vector<std::string>& folders)
+{
+    const fs::path target(path);
+    DeckCollector decks(target);
+    fs::path folder = target.parent_path();
+    for (int level = 0; level < mostLevels && !folder.empty(); ++level, folder = folder.parent_path()) {
+        decks.AddFolder(folder);
+        if (folder == folder.parent_path()
+            || std::find(folders.begin(), folders.end(), folder.string()) != folders.end())
+            break;
+    }
+    for (const std::string& top : folders)
+        decks.AddBelow(top);
+    return decks.Take();
+}
+
+} // namespace Veld::Quor::Tools::LanguageServer

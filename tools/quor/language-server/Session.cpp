@@ -1,0 +1,320 @@
+#include "tools/quor/language-server/Session.h"
+
+#include "quor/deck/Target.h"
+#include "tools/quor/language-server/Diagnostics.h"
+#include "tools/quor/terminal/TextLayout.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Veld::Quor::Tools::LanguageServer {
+
+namespace Decks = Core::Decks;
+using namespace Core::Keywords;
+
+namespace {
+
+constexpr std::size_t mostFindings = 1000;
+
+/// A word of an enumeration, without regard to case; the first of them, "any", for any other text.
+template <class T>
+typename T::Enum WordIn(const Json& json, typename T::Enum any)
+{
+    if (!json.is_string())
+        return any;
+    for (const auto& row : T::EnumInfos()) {
+        if (ToLower(row.text) == ToLower(json.get<std::string>()))
+            return row.value;
+    }
+    return any;
+}
+
+Settings SettingsIn(const Json& json)
+{
+    Settings settings;
+    settings.target.simulator = WordIn<SimulatorType>(MemberOf(json, "simulator"), SimulatorType::Any);
+    settings.target.mode = WordIn<SimulatorModeType>(MemberOf(json, "mode"), SimulatorModeType::Any);
+    if (const Json& root = MemberOf(json, "root"); root.is_string())
+        settings.root = root.get<std::string>();
+    settings.isStrict = MemberOf(json, "strict") == true;
+    for (const auto& [name, value] : MemberOf(json, "variables").items()) {
+        if (value.is_string())
+            settings.variables[name] = value.get<std::string>();
+    }
+    return settings;
+}
+
+} // namespace
+
+Session::Session(KeywordSyntaxTable& table, Send send, std::function<void(ReadResult)> report)
+    : table_(table)
+    , language_(table)
+    , rules_(language_)
+    , send_(std::move(send))
+    , reader_(language_, rules_, std::move(report))
+{
+}
+
+const std::vector<std::pair<std::string, const IKeywordSyntax*>>& Session::GetKeywords()
+{
+    KeywordSyntaxEnumerator enumerator = table_.KeywordsEnumerator();
+    while (keywordsAreMissing_ && enumerator.Next()) {
+        const auto& [name, syntax] = *enumerator.Current();
+        if (!name->ends_with('*'))
+            keywords_.emplace_back(*name, syntax);
+    }
+    if (std::exchange(keywordsAreMissing_, false))
+        std::stable_sort(keywords_.begin(), keywords_.end(),
+            [](const auto& a, const auto& b) { return a.first < b.first; });
+    return keywords_;
+}
+
+void Session::SetClient(const Json& params)
+{
+    for (const Json& folder : MemberOf(params, "workspaceFolders")) {
+        if (const Json& uri = MemberOf(folder, "uri"); uri.is_string())
+            folders_.push_back(PathOfUri(uri));
+    }
+    if (const Json& uri = MemberOf(params, "rootUri"); folders_.empty() && uri.is_string())
+        folders_.push_back(PathOfUri(uri));
+    const Json& document = MemberAt(params, {"capabilities", "textDocument"});
+    abilities_.hasSnippets = MemberAt(document, {"completion", "completionItem", "snippetSupport"}) == true;
+    abilities_.hasRegistration =
+        MemberAt(params, {"capabilities", "workspace", "didChangeWatchedFiles", "dynamicRegistration"})
+        == true;
+    SetSettings(MemberOf(params, "initializationOptions"));
+}
+
+void Session::SetSettings(const Json& settings)
+{
+    settings_ = SettingsIn(settings);
+    for (auto deck = decks_.begin(); deck != decks_.end();) {
+        const std::string path = (deck++)->first;
+        Forget(path);
+    }
+    for (const auto& [uri, document] : documents_.GetAll())
+        MarkChanged(document.GetKey());
+}
+
+void Session::Open(const std::string& uri, std::string text)
+{
+    const Document& document = documents_.Open(uri, std::move(text));
+    const Places* const deck = FindDeck(document.GetKey());
+    const auto file = deck ? deck->GetState().FindFile(document.GetKey()) : std::nullopt;
+    if (!file || !deck->ShiftOf(*file).IsNone())
+        MarkChanged(document.GetKey());
+}
+
+void Session::Change(const std::string& uri, const Json& changes)
+{
+    Document& document = documents_.Get(uri);
+    for (const Json& change : changes)
+        document.Change(change);
+    MarkChanged(document.GetKey());
+}
+
+void Session::Close(const std::string& uri)
+{
+    const Document* const document = documents_.Find(uri);
+    if (!document)
+        return;
+    const std::string key = document->GetKey();
+    documents_.Close(uri);
+    const Places* const deck = FindDeck(key);
+    if (!deck)
+        return;
+    const DeckState& state = deck->GetState();
+    const auto& files = documents_.GetAll();
+    const bool isUsed = std::any_of(files.begin(), files.end(),
+        [&state](const auto& other) { return state.FindFile(other.second.GetKey()).has_value(); });
+    if (isUsed)
+        MarkChanged(key); // the file may have another text
+    else
+        Forget(std::string(state.GetRoot()));
+}
+
+void Session::ChangeFolders(const Json& event)
+{
+    for (const Json& folder : event.at("removed"))
+        std::erase(folders_, PathOfUri(folder.at("uri").get<std::string>()));
+    for (const Json& folder : event.at("added"))
+        folders_.push_back(PathOfUri(folder.at("uri").get<std::string>()));
+}
+
+void Session::ChangeFiles(const Json& changes)
+{
+    for (const Json& change : changes) {
+        const std::string key = KeyOfPath(PathOfUri(change.at("uri").get<std::string>()));
+        if (documents_.FindKey(key))
+            continue;
+        for (const auto& [root, deck] : decks_) {
+            const bool isMissing = std::any_of(deck->GetState().GetDeck().GetFindings().begin(),
+                deck->GetState().GetDeck().GetFindings().end(), [](const Decks::Finding& finding) {
+                    return finding.code == InfoOf(Decks::Code::IncludeMissing).name;
+                });
+            if (isMissing || deck->GetState().FindFile(key))
+                toRead_[root] = deck->GetState().IsFragment() ? Reading::DeckOfFile : Reading::Deck;
+        }
+    }
+}
+
+/// The deck that has the file; one that is no fragment before others. Null if none is known.
+const Places* Session::FindDeck(const std::string& key) const
+{
+    const Places* found = nullptr;
+    for (const auto& [root, deck] : decks_) {
+        if (deck->GetState().FindFile(key) && (!found || found->GetState().IsFragment()))
+            found = deck.get();
+    }
+    return found;
+}
+
+void Session::MarkChanged(const std::string& key)
+{
+    hasFailed_ = false;
+    bool isKnown = false;
+    for (const auto& [root, deck] : decks_) {
+        if (deck->GetState().FindFile(key) && !deck->GetState().IsFragment()) {
+            toRead_[root] = Reading::Deck;
+            isKnown = true;
+        }
+    }
+    const Document* const document = documents_.FindKey(key);
+    if (isKnown || !document)
+        return;
+    if (!settings_.root.empty() && decks_.count(settings_.root) == 0)
+        toRead_[settings_.root] = Reading::Deck;
+    else if (IsDeckItself(*document))
+        toRead_[key] = Reading::Deck;
+    else
+        toRead_[key] = decks_.count(key) > 0 ? Reading::Fragment : Reading::DeckOfFile;
+}
+
+/// Whether a line begins with the keyword of the first section.
+bool Session::IsDeckItself(const Document& document) const
+{
+    const std::string& first = SectionType::ToString(SectionType::RUNSPEC);
+    const std::string_view text = document.GetText();
+    for (std::size_t at = text.find(first); at != std::string_view::npos; at = text.find(first, at + 1)) {
+        const std::size_t end = at + first.size();
+        const bool isAlone = end == text.size() || text[end] == ' ' || text[end] == '\r' || text[end] == '\n';
+        if (isAlone && (at == 0 || text[at - 1] == '\n'))
+            return true;
+    }
+    return false;
+}
+
+void Session::Forget(const std::string& path)
+{
+    PublishFiles(path, {});
+    published_.erase(path);
+    decks_.erase(path);
+    toRead_.erase(path);
+}
+
+View Session::ViewOf(const std::string& uri)
+{
+    const Document& document = documents_.Get(uri);
+    View view{&document, FindDeck(document.GetKey())};
+    if (!view.places)
+        return view;
+    view.file = *view.GetState().FindFile(document.GetKey());
+    view.shift = view.places->ShiftOf(view.file);
+    view.mark = view.GetDeck().GetFiles().Get(view.file).text->GetMark().size();
+    return view;
+}
+
+bool Session::MayBecomeFresh(const std::string& uri) const
+{
+    const auto document = documents_.GetAll().find(uri);
+    if (document == documents_.GetAll().end())
+        return false;
+    const Places* const deck = FindDeck(document->second.GetKey());
+    return deck ? !deck->IsFresh() : !hasFailed_;
+}
+
+void Session::Take(ReadResult result)
+{
+    hasFailed_ = !result.state;
+    if (hasFailed_) {
+        TakeFailure(result);
+        return;
+    }
+    const std::string root = result.state->GetRoot();
+    decks_[root] = std::make_unique<Places>(documents_, std::move(result.state));
+    for (auto deck = decks_.begin(); deck != decks_.end();) {
+        const std::string path = (deck++)->first;
+        const bool isKnownNow = path != root && decks_[path]->GetState().IsFragment()
+            && decks_[root]->GetState().FindFile(path).has_value();
+        if (isKnownNow)
+            Forget(path);
+    }
+    PublishFiles(root, DiagnosticsOf(*decks_[root], explanations_));
+    for (const auto& [uri, document] : documents_.GetAll()) {
+        if (!FindDeck(document.GetKey()))
+            MarkChanged(document.GetKey());
+    }
+}
+
+void Session::TakeFailure(const ReadResult& result)
+{
+    Notify("window/showMessage", {{"type", 1}, {"message", result.error}});
+    Forget(result.path);
+    if (result.path != settings_.root)
+        return;
+    settings_.root.clear(); // else each change would fail
+    for (const auto& [uri, document] : documents_.GetAll())
+        MarkChanged(document.GetKey());
+}
+
+ReadJob Session::MakeJob(const std::string& path, Reading reading) const
+{
+    const auto source = std::make_shared<Decks::MemorySource>(std::make_shared<Decks::FileSource>());
+    ReadJob job{path, reading, folders_};
+    for (const auto& [uri, document] : documents_.GetAll()) {
+        source->Set(document.GetKey(), document.GetSource());
+        job.versions[document.GetKey()] = document.GetVersion();
+    }
+    job.options.SetTarget(settings_.target)
+        .SetMaxFindings(mostFindings)
+        .SetStrict(settings_.isStrict)
+        .SetEditable(true)
+        .SetSource(source);
+    for (const auto& [name, value] : settings_.variables)
+        job.options.SetVariable(name, value);
+    return job;
+}
+
+void Session::SubmitReads()
+{
+    for (const auto& [path, reading] : std::exchange(toRead_, {}))
+        reader_.Submit(MakeJob(path, reading));
+}
+
+/// Sends what has changed. A file of several decks has the diagnostics of all.
+void Session::PublishFiles(const std::string& root, std::map<std::string, Json> byUri)
+{
+    std::map<std::string, Json> before = std::exchange(published_[root], std::move(byUri));
+    std::set<std::string> uris;
+    for (const auto* const files : {&before, &published_[root]}) {
+        for (const auto& [uri, diagnostics] : *files)
+            uris.insert(uri);
+    }
+    for (const std::string& uri : uris) {
+        const auto& now = published_[root];
+        const auto after = now.find(uri);
+        if (before.count(uri) > 0 && after != now.end() && before[uri] == after->second)
+            continue;
+        Json all = Json::array();
+        for (const auto& [path, files] : published_) {
+            const auto own = files.find(uri);
+            for (const Json& diagnostic : own == files.end() ? Json::array() : own->second) {
+                if (std::find(all.begin(), all.end(), diagnostic) == all.end())
+                    all.push_back(diagnostic);
+            }
+        }
+        Notify("textDocument/publishDiagnostics", {{"uri", uri}, {"diagnostics", std::move(all)}});
+    }
+}
+
+} // namespace Veld::Quor::Tools::LanguageServer

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "quor/deck/DeckLanguage.h"
+#include "quor/syntax/KeywordSyntaxTable.h"
+#include "tools/quor/language-server/DeckReader.h"
+#include "tools/quor/language-server/Documents.h"
+#include "tools/quor/language-server/Explanations.h"
+#include "tools/quor/language-server/NameIndex.h"
+#include "tools/quor/language-server/Places.h"
+#include "tools/quor/language-server/Protocol.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Tools::LanguageServer {
+
+/// What the client or its user has set.
+struct Settings {
+    Core::Decks::Target target = {};
+    std::string root =
+        {}; ///< path of the deck to which all files belong; empty: they are searched for theirs
+    std::map<std::string, std::string> variables = {};
+    bool isStrict = false;
+};
+
+/// What a client says that it can do.
+struct ClientAbilities {
+    bool hasSnippets = false;
+    bool hasRegistration = false; ///< of files to be watched
+};
+
+/// All that the server knows of one client: documents, decks, settings.
+class Session {
+public:
+    using Send = std::function<void(const std::string& method, Json params)>;
+
+    /// `send` notifies the client; `report` is called on the thread that reads decks.
+    Session(Core::Keywords::KeywordSyntaxTable& table, Send send, std::function<void(ReadResult)> report);
+
+    Core::Keywords::KeywordSyntaxTable& GetTable() { return table_; }
+    const Core::Decks::DeckLanguage& GetLanguage() const { return language_; }
+    NameRules& GetNameRules() { return rules_; }
+    /// The names of keywords that are offered, sorted, aliases among them; of several keywords of one name
+    /// each.
+    const std::vector<std::pair<std::string, const Core::Keywords::IKeywordSyntax*>>& GetKeywords();
+    const Settings& GetSettings() const { return settings_; }
+    const ClientAbilities& GetAbilities() const { return abilities_; }
+    Explanations& GetExplanations() { return explanations_; }
+
+    // From the client.
+
+    void SetClient(const Json& initializeParams);
+    /// From `initializationOptions`, or from `settings.quor`. All decks are read again.
+    void SetSettings(const Json& settings);
+    void Open(const std::string& uri, std::string text);
+    void Change(const std::string& uri, const Json& changes);
+    void Close(const std::string& uri);
+    void ChangeFolders(const Json& event);
+    /// Files that were changed outside the editor.
+    void ChangeFiles(const Json& changes);
+
+    // To the requests.
+
+    /// Throws `RequestError` if the document isn't open.
+    View ViewOf(const std::string& uri);
+    /// The decks that were read, by path.
+    const std::map<std::string, std::unique_ptr<Places>>& GetDecks() const { return decks_; }
+    /// Whether the document is open, and its deck being read: it was changed since, or never read.
+    bool MayBecomeFresh(const std::string& uri) const;
+
+    // For the loop of the server.
+
+    void Take(ReadResult result);
+    /// Asks for what is to be read.
+    void SubmitReads();
+    void Notify(const std::string& method, Json params) { send_(method, std::move(params)); }
+
+private:
+    void TakeFailure(const ReadResult& result);
+    const Places* FindDeck(const std::string& key) const;
+    void MarkChanged(const std::string& key);
+    void Forget(const std::string& path);
+    ReadJob MakeJob(const std::string& path, Reading reading) const;
+    bool IsDeckItself(const Document& document) const;
+    void PublishFiles(const std::string& root, std::map<std::string, Json> byUri);
+
+    Core::Keywords::KeywordSyntaxTable& table_;
+    Core::Decks::DeckLanguage language_;
+    NameRules rules_;
+    Send send_;
+    Settings settings_;
+    ClientAbilities abilities_;
+    std::vector<std::pair<std::string, const Core::Keywords::IKeywordSyntax*>> keywords_;
+    bool keywordsAreMissing_ = true;
+    Explanations explanations_;
+    bool hasFailed_ = false; // the last read
+    std::vector<std::string> folders_;
+    Documents documents_;
+    std::map<std::string, std::unique_ptr<Places>> decks_; // by path of the root
+    std::map<std::string, Reading> toRead_; // by path
+    std::map<std::string, std::map<std::string, Json>> published_; // diagnostics, by root and URI
+    DeckReader reader_; // last: its thread uses the others
+};
+
+} // namespace Veld::Quor::Tools::LanguageServer
