@@ -17,7 +17,7 @@ using Decks::Severity;
 namespace {
 
 /// As an attribute in double quotes, or as a text.
-std::string Escape(const std::string& text)
+std::string EscapeXml(const std::string& text)
 {
     std::string escaped;
     for (const char c : ValidText(MakePrintable(text))) {
@@ -36,13 +36,13 @@ std::string TestName(const Finding& finding)
 
 std::string Test(const std::string& deck, const Finding& finding, bool isFailure)
 {
-    const std::string message = Escape(WithMore(finding));
-    const std::string line = Escape(ToString(finding));
+    const std::string message = EscapeXml(WithMore(finding));
+    const std::string line = EscapeXml(ToString(finding));
     const std::string content = isFailure ? fmt::format(R"(<failure type="{}" message="{}">{}</failure>)",
                                     ToString(finding.severity), message, line)
                                           : fmt::format("<system-out>{}</system-out>", line);
-    return fmt::format("    <testcase classname=\"{}\" name=\"{}\">{}</testcase>\n", Escape(deck),
-        Escape(TestName(finding)), content);
+    return fmt::format("    <testcase classname=\"{}\" name=\"{}\">{}</testcase>\n", EscapeXml(deck),
+        EscapeXml(TestName(finding)), content);
 }
 
 std::string Suite(const std::string& deck, std::size_t tests, std::size_t failures, std::size_t errors,
@@ -50,7 +50,7 @@ std::string Suite(const std::string& deck, std::size_t tests, std::size_t failur
 {
     return fmt::format(
         "  <testsuite name=\"{}\" tests=\"{}\" failures=\"{}\" errors=\"{}\">\n{}  </testsuite>\n",
-        Escape(deck), tests, failures, errors, content);
+        EscapeXml(deck), tests, failures, errors, content);
 }
 
 } // namespace
@@ -68,7 +68,7 @@ std::string JUnitSuite(const std::string& deck, const Decks::Findings& findings,
     if (!tests.empty())
         return Suite(deck, findings.GetKept().size(), failures, 0, tests);
     return Suite(
-        deck, 1, 0, 0, fmt::format("    <testcase classname=\"{}\" name=\"no findings\"/>\n", Escape(deck)));
+        deck, 1, 0, 0, fmt::format("    <testcase classname=\"{}\" name=\"no findings\"/>\n", EscapeXml(deck)));
 }
 
 std::string JUnitFailure(const std::string& deck, const std::string& message)
@@ -76,7 +76,7 @@ std::string JUnitFailure(const std::string& deck, const std::string& message)
     return Suite(deck, 1, 0, 1,
         fmt::format(
             "    <testcase classname=\"{0}\" name=\"not checked\"><error message=\"{1}\"/></testcase>\n",
-            Escape(deck), Escape(message)));
+            EscapeXml(deck), EscapeXml(message)));
 }
 
 std::string JUnitReport(const std::string& suites)

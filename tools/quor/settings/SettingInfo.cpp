@@ -13,7 +13,7 @@ namespace Veld::Quor::Tools {
 
 namespace {
 
-using Decks = Core::Decks::ReadOptions;
+using Options = Core::Decks::ReadOptions;
 
 template <class T>
 Settings::Words NamesOf()
@@ -39,9 +39,9 @@ std::vector<SettingInfo> MakeSettings()
             "each byte of the deck",
             &Settings::maxRepeatedValues, "50000000"},
         {"variables", "--set", "NAME=VALUE", "Values of the variables of decks, $NAME", &Settings::variables,
-            "none", {}, &Decks::SetVariable},
+            "none", {}, &Options::SetVariable},
         {"aliases", "--path-alias", "NAME=FOLDER", "Folders that $NAME is in the names of included files",
-            &Settings::aliases, "none", {}, &Decks::SetPathAlias},
+            &Settings::aliases, "none", {}, &Options::SetPathAlias},
         {"check.select", "--select", "CODE", "Report the findings of these codes alone", &Settings::selected,
             "all"},
         {"check.ignore", "--ignore", "CODE", "Do not report the findings of these codes", &Settings::ignored,
@@ -86,7 +86,7 @@ struct ValueTexts {
 bool SettingInfo::IsPath() const
 {
     return value == std::string_view("FILE") || value == std::string_view("PATTERN")
-        || setText == &Decks::SetPathAlias;
+        || setText == &Options::SetPathAlias;
 }
 
 bool SettingInfo::IsAdded() const
