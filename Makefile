@@ -3,7 +3,7 @@
 .DEFAULT_GOAL := help
 .PHONY: help run test python setup-run setup-python setup-test setup-benchmark build-release build-python build-test \
     build-asan build-fuzz build-benchmark check-format check-release check-asan check-threads check-lint lint-all format \
-    schema trust decks benchmark bench-gate bench-counts fuzz docs install clean
+    schema trust decks benchmark bench-gate bench-counts faults fuzz docs install clean
 
 SOURCES = $(shell find quor python tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt language/units/*.txt)
@@ -107,6 +107,9 @@ ROWS ?=
 benchmark: setup-benchmark build-benchmark ## Compare each hot path with its peer; ROWS="look-up hit" for some
 	@build/benchmark/bin/compare build/benchmark/bin/quor $(ROWS)
 	@PYTHONPATH=build/benchmark/python /usr/bin/python3 benchmarks/python/reading.py
+
+faults: setup-test build-test ## Let memory and calls of the system fail, one by one, in library and program
+	@tests/faults/all.sh build/test
 
 FUZZ_SECONDS ?= 60
 fuzz: setup-test build-fuzz ## Run each fuzz target for FUZZ_SECONDS (60)

@@ -4,7 +4,9 @@
 
 #include <xercesc/dom/DOMDocument.hpp>
 #include <zstd.h>
+#include <zstd_errors.h>
 
+#include <new>
 #include <string>
 
 namespace Veld::Quor::Core::Keywords {
@@ -23,7 +25,10 @@ std::optional<DocumentTree> Unpack(const KeywordSyntax::Internal::PackedDocument
     if (size == ZSTD_CONTENTSIZE_UNKNOWN || size == ZSTD_CONTENTSIZE_ERROR)
         return std::nullopt;
     std::string bytes(static_cast<std::size_t>(size), '\0');
-    if (ZSTD_decompress(bytes.data(), bytes.size(), packed.bytes, packed.size) != bytes.size())
+    const std::size_t unpacked = ZSTD_decompress(bytes.data(), bytes.size(), packed.bytes, packed.size);
+    if (ZSTD_getErrorCode(unpacked) == ZSTD_error_memory_allocation)
+        throw std::bad_alloc();
+    if (unpacked != bytes.size())
         return std::nullopt;
     return TreeOfBytes(bytes);
 }

@@ -47,18 +47,21 @@ KeywordSyntaxLookupTable::KeywordSyntaxLookupTable() = default;
 
 KeywordSyntaxLookupTable::~KeywordSyntaxLookupTable()
 {
-    // Level by level: a document may have names that each continue the one before, thousands deep.
-    std::vector<std::unique_ptr<KeywordSyntaxLookupTable>> pending;
+    // Level by level: a document may have names that each continue the one before, thousands deep. A chain
+    // of levels needs no memory.
+    std::unique_ptr<KeywordSyntaxLookupTable> pending;
     const auto detachChildren = [&pending](KeywordSyntaxLookupTable& level) {
         for (auto& entry : level.rows_) {
-            if (entry.second->children)
-                pending.push_back(std::move(entry.second->children));
+            if (!entry.second->children)
+                continue;
+            entry.second->children->next_ = std::move(pending);
+            pending = std::move(entry.second->children);
         }
     };
     detachChildren(*this);
-    while (!pending.empty()) {
-        const auto level = std::move(pending.back());
-        pending.pop_back();
+    while (pending) {
+        const auto level = std::move(pending);
+        pending = std::move(level->next_);
         detachChildren(*level);
     }
 }

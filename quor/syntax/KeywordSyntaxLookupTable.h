@@ -66,6 +66,7 @@ private:
     static const std::string s_wildcardAsterix;
 
     std::map<char, std::unique_ptr<Row>, BySignedValue> rows_;
+    std::unique_ptr<KeywordSyntaxLookupTable> next_; // while it is destroyed: what is to be next
 };
 
 } // namespace Veld::Quor::Core::Keywords

@@ -22,7 +22,7 @@ ScopeInfo::ScopeInfo(const TreeElement& element)
 
 const std::vector<const IKeywordSyntax*>& ScopeInfo::GetScopeKeywords() const
 {
-    std::call_once(areKeywordsFound_, [this] {
+    areKeywordsFound_.Run([this] {
         const KeywordSyntaxTable& table = KeywordSyntaxTable::Instance(false, true);
         std::vector<const IKeywordSyntax*> keywords;
         for (const std::string& name : names_) {

@@ -3,7 +3,9 @@
 #include "quor/foundation/service/xml/XMLDocument.h"
 
 #include <zstd.h>
+#include <zstd_errors.h>
 
+#include <new>
 #include <string>
 
 namespace Veld::Quor::Core::KeywordSyntax::Internal {
@@ -16,6 +18,8 @@ std::unique_ptr<Service::XML::XMLDocument> Unpack(const PackedDocument& packed, 
         return document;
     std::string text(static_cast<std::size_t>(size), '\0');
     const std::size_t unpacked = ZSTD_decompress(text.data(), text.size(), packed.bytes, packed.size);
+    if (ZSTD_getErrorCode(unpacked) == ZSTD_error_memory_allocation)
+        throw std::bad_alloc();
     if (unpacked == text.size())
         document->readMemory(text.data(), text.size(), name);
     return document;

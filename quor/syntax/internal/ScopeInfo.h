@@ -1,8 +1,9 @@
 #pragma once
 
+#include "quor/foundation/internal/Once.h"
 #include "quor/metadata/TreeForward.h"
+
 #include <atomic>
-#include <mutex>
 #include <string>
 #include <vector>
 
@@ -24,7 +25,7 @@ public:
 
 private:
     std::vector<std::string> names_;
-    mutable std::once_flag areKeywordsFound_;
+    mutable Once areKeywordsFound_;
     mutable std::vector<const IKeywordSyntax*> keywords_;
     mutable std::atomic<const IKeywordSyntax*> syntax_{nullptr}; // null: not found yet
     std::string explicitName_;

@@ -1,12 +1,19 @@
 #include "quor/foundation/service/xml/DomText.h"
 
 #include "quor/foundation/internal/XercesErrors.h"
+#include "quor/foundation/service/xml/internal/Wide.h"
 
 #include <xercesc/dom/DOMAttr.hpp>
 #include <xercesc/dom/DOMElement.hpp>
 #include <xercesc/util/TransService.hpp>
 #include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
+
+#include <memory>
+#include <new>
+#include <string>
+
+#include <pthread.h>
 
 namespace Veld::Quor::Core::Service::XML {
 
@@ -27,16 +34,43 @@ std::string ToUTF8(const XMLCh* text)
     if (bits < 0x80)
         return narrow;
     return Internal::WithStandardErrors([&] {
-        const xercesc::TranscodeToStr transcoded(text, "UTF-8");
+        const xercesc::TranscodeToStr transcoded(text, Internal::MakeTranscoder().get());
         return std::string(reinterpret_cast<const char*>(transcoded.str()), transcoded.length());
     });
 }
+
+/// A text for each thread. `thread_local` would end the process where memory has run out.
+class TextOfThread {
+public:
+    TextOfThread()
+    {
+        if (::pthread_key_create(&key_, [](void* text) { delete static_cast<std::string*>(text); }) != 0)
+            throw std::bad_alloc();
+    }
+    ~TextOfThread() { ::pthread_key_delete(key_); } // threads that live on keep their text
+    TextOfThread(const TextOfThread&) = delete;
+    TextOfThread& operator=(const TextOfThread&) = delete;
+
+    std::string& Get() const
+    {
+        if (void* const text = ::pthread_getspecific(key_))
+            return *static_cast<std::string*>(text);
+        auto text = std::make_unique<std::string>();
+        if (::pthread_setspecific(key_, text.get()) != 0)
+            throw std::bad_alloc();
+        return *text.release();
+    }
+
+private:
+    pthread_key_t key_ = 0;
+};
 
 } // namespace
 
 const char* XToC(const XMLCh* text)
 {
-    thread_local std::string last;
+    static const TextOfThread texts;
+    std::string& last = texts.Get();
     last = ToUTF8(text);
     return last.c_str(); // NOLINT(clang-analyzer-cplusplus.InnerPointer): it is not a local
 }

@@ -9,7 +9,8 @@ class VELD_QUOR_EXPORT Initialise {
 public:
     /// Initialises the XML platform for the rest of the process; calls after the first do nothing. To be
     /// called before any document is touched. Safe from any thread. Throws a `std::exception` if the platform
-    /// can't be initialised.
+    /// can't be initialised: `std::bad_alloc` if less than 4 MiB of memory are left, after which it can be
+    /// tried again; it can't after any other failure.
     static void Init();
 };
 

@@ -46,7 +46,7 @@ std::string KeywordNames::ExplainMissing(const DeckContents& deck, std::string_v
 
 void KeywordNames::Make(const DeckContents& deck)
 {
-    std::call_once(isMade_, [&] {
+    isMade_.Run([&] {
         decltype(byName_) byName;
         for (std::uint32_t i = 0; i < deck.keywords.size(); ++i)
             byName[deck.NameOf(deck.keywords[i])].push_back(i);

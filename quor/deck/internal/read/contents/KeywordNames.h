@@ -1,7 +1,8 @@
 #pragma once
 
+#include "quor/foundation/internal/Once.h"
+
 #include <cstdint>
-#include <mutex>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -25,7 +26,7 @@ public:
 private:
     void Make(const DeckContents& deck);
 
-    std::once_flag isMade_;
+    Once isMade_;
     std::unordered_map<std::string, std::vector<std::uint32_t>> byName_; // in upper case
 };
 

@@ -2,6 +2,7 @@
 
 #include "quor/deck/internal/read/data/DataValue.h"
 #include "quor/deck/internal/read/data/VisitData.h"
+#include "quor/foundation/internal/Once.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/variables/KeywordVariableUtils.h"
 
@@ -9,7 +10,6 @@
 
 #include <algorithm>
 #include <map>
-#include <mutex>
 #include <numeric>
 #include <utility>
 #include <vector>
@@ -33,7 +33,7 @@ class Indexed : public Base {
 public:
     const std::vector<int>& GetIndices() const override
     {
-        std::call_once(areIndicesMade_, [this] {
+        areIndicesMade_.Run([this] {
             std::vector<int> indices;
             for (const Range& range : ranges) {
                 indices.resize(indices.size() + static_cast<std::size_t>(range.count));
@@ -57,7 +57,7 @@ public:
 
 private:
     // Made at the first call, which several threads may make at once.
-    mutable std::once_flag areIndicesMade_;
+    mutable Once areIndicesMade_;
     mutable std::vector<int> indices_;
 };
 
