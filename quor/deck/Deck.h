@@ -102,8 +102,9 @@ public:
     /// In the order of reading, the keyword that begins the section first; empty if the deck has none.
     std::vector<DeckKeyword> GetSection(Keywords::SectionType::Enum section) const&;
     std::vector<DeckKeyword> GetSection(Keywords::SectionType::Enum section) const&& = delete;
-    /// Those after the report step with this index, up to the next step or the end of the section. Throws
-    /// `std::out_of_range` if the deck has no such step.
+    /// Those after the report step with this index, up to the next step or the end of the section. Those of
+    /// SCHEDULE before the first step are after none: `GetSection` has all, and `GetTime` the time of each.
+    /// Throws `std::out_of_range` if the deck has no such step.
     std::vector<DeckKeyword> GetAfterStep(std::size_t step) const&;
     std::vector<DeckKeyword> GetAfterStep(std::size_t step) const&& = delete;
     /// The index of the first report step at a date, as `DateText` writes it ("2024-04-01"); empty if the

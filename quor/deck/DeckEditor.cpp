@@ -181,6 +181,8 @@ void DeckEditor::AddKeywordAtEnd(SectionType::Enum section, std::string_view tex
         if (GetDeck()[i].GetSection() == section)
             return AddKeyword(i, true, text);
     }
+    if (section == SectionType::None)
+        throw std::out_of_range("the deck has no keyword before its first section");
     throw std::out_of_range(fmt::format("the deck has no section {}", SectionType::ToString(section)));
 }
 
@@ -211,6 +213,7 @@ void DeckEditor::RemoveKeyword(const DeckKeyword& keyword)
 
 std::vector<TextEdit> DeckEditor::GetEdits() const
 {
+    GetDeck(); // throws if it is gone
     return changes_->GetEdits();
 }
 

@@ -169,7 +169,8 @@ public:
 
     /// After the data of the keyword and a slash that is alone after them.
     void AddKeywordAfter(const DeckKeyword& keyword, std::string_view text);
-    /// After the last keyword of the section. Throws `std::out_of_range` if the deck has no such section.
+    /// After the last keyword of the section; `SectionType::None`: of those before the first one. Throws
+    /// `std::out_of_range` if the deck has none.
     void AddKeywordAtEnd(Keywords::SectionType::Enum section, std::string_view text);
     /// After the last keyword of the report step with this index. Throws `std::out_of_range`, and `EditError`
     /// if the keyword that leads to the step leads to later ones too.

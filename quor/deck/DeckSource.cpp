@@ -1,5 +1,7 @@
 #include "quor/deck/DeckSource.h"
 
+#include "quor/deck/internal/text/SystemPath.h"
+
 #include <cerrno>
 #include <filesystem>
 #include <map>
@@ -31,10 +33,8 @@ FileSource::~FileSource() = default;
 
 std::string FileSource::Identify(const std::string& path) const
 {
-    if (path.find('\0') != std::string::npos)
-        throw SourceError("the name contains a zero byte");
     struct stat status = {};
-    if (::stat(path.c_str(), &status) != 0)
+    if (::stat(SystemPath(path), &status) != 0)
         throw SourceError(std::generic_category().message(errno));
     return std::to_string(status.st_dev) + ':' + std::to_string(status.st_ino);
 }

@@ -95,7 +95,8 @@ struct Unchecked {
 };
 
 /// By kind, and in the order of the deck. They are made of the findings that the deck keeps: see
-/// `ReadOptions::SetMaxFindings`. Several threads may call it at once. Throws `std::bad_alloc`.
+/// `ReadOptions::SetMaxFindings`. Several threads may call it at once. Throws `std::logic_error` if the deck
+/// was moved from, `std::bad_alloc`.
 VELD_QUOR_EXPORT std::vector<Unchecked> FindUnchecked(const Deck& deck);
 
 } // namespace Veld::Quor::Core::Decks

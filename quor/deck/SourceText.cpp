@@ -1,5 +1,7 @@
 #include "quor/deck/DeckSource.h"
 
+#include "quor/deck/internal/text/SystemPath.h"
+
 #include <cerrno>
 #include <system_error>
 #include <utility>
@@ -22,7 +24,7 @@ class Descriptor {
 public:
     explicit Descriptor(const std::string& path)
         // Without blocking, so that a pipe that nobody writes to can be refused rather than waited for.
-        : value_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK))
+        : value_(::open(SystemPath(path), O_RDONLY | O_CLOEXEC | O_NONBLOCK))
     {
         if (value_ < 0)
             FailBySystem();

@@ -14,7 +14,7 @@ struct Target {
     Keywords::SimulatorModeType::Enum mode = Keywords::SimulatorModeType::Any; ///< or any
 };
 
-/// "Dunmere", "Dunmere in mode Thermal", or "mode Thermal" for any simulator.
+/// "Dunmere", "Dunmere in mode Thermal", or "mode Thermal" for any simulator; empty for any in any mode.
 VELD_QUOR_EXPORT std::string NameOf(const Target& target);
 
 } // namespace Veld::Quor::Core::Decks

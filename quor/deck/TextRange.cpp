@@ -1,5 +1,7 @@
 #include "quor/deck/TextRange.h"
 
+#include "quor/deck/internal/text/LineText.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -26,11 +28,14 @@ std::string ApplyEdits(std::string_view text, std::vector<TextEdit> edits)
     std::size_t position = 0;
     for (const TextEdit& edit : edits) {
         const auto& [file, offset, length] = edit.range;
+        if (file != edits.front().range.file)
+            throw std::invalid_argument("the changes are of more than one file");
         if (offset < position)
             throw std::invalid_argument(fmt::format("changes overlap at byte {} of the text", offset));
         if (offset > text.size() || length > text.size() - offset)
             throw std::invalid_argument(
-                fmt::format("a change ends at byte {} of a text of {} bytes", offset + length, text.size()));
+                fmt::format("a change of {} at byte {} goes beyond the text, which has {}",
+                    Counted(length, "byte"), offset, Counted(text.size(), "byte")));
         changed += text.substr(position, offset - position);
         changed += edit.text;
         position = offset + length;

@@ -32,7 +32,7 @@ struct TextEdit {
 
 /// The text of one file with the changes made, all of them to that file. Their order does not matter, but for
 /// several insertions at one position, which keep theirs. Throws `std::invalid_argument` if two of them
-/// overlap, or one reaches beyond the text.
+/// overlap, one reaches beyond the text, or they are of more than one file.
 VELD_QUOR_EXPORT std::string ApplyEdits(std::string_view text, std::vector<TextEdit> edits);
 
 } // namespace Veld::Quor::Core::Decks

@@ -16,6 +16,8 @@ namespace Veld::Quor::Core::Decks {
 std::string WriteKeyword(const Keywords::IKeywordData& data, const Target& target)
 {
     const std::string& name = data.GetSyntax()->GetName();
+    if (data.GetMD() != data.GetSyntax()->GetDataMD())
+        throw EditError(fmt::format("{}: expected the data of the whole keyword, not a part of them", name));
     DataPlans plans(target);
     const DataPlan& plan = plans.Get(*data.GetMD());
     const DeckFiles noFiles;

@@ -134,6 +134,8 @@ const RefusalRow otherRows[] = {
     {"EndOfABlock", rowsText, AddAfter("ROWS", "\nFLAG\nENDSKIP"),
         "can't add 'ENDSKIP': it changes which text of the deck is read"},
     {"NoSuchSection", rowsText, AddIn(SectionType::GRID, "FLAG"), "the deck has no section GRID"},
+    {"NothingBeforeTheSections", rowsText, AddIn(SectionType::None, "FLAG"),
+        "the deck has no keyword before its first section"},
     {"StepWithinAKeyword", "START\n 1 JAN 2020 /\nSCHEDULE\nDATES\n 1 FEB 2020 /\n 1 MAR 2020 /\n/\n",
         AddIn(0, "FLAG"), "the DATES of the report step leads to later steps too"}};
 
@@ -182,7 +184,11 @@ TEST(RefusedUses, SayWhatIsWrong)
     EXPECT_EQ(ReasonOf([] {
         ApplyEdits("abc", {{{0, 2, 2}, "x"}});
     }),
-        "a change ends at byte 4 of a text of 3 bytes");
+        "a change of 2 bytes at byte 2 goes beyond the text, which has 3 bytes");
+    EXPECT_EQ(ReasonOf([] {
+        ApplyEdits("abc", {{{0, 1, 0}, "x"}, {{1, 2, 0}, "y"}});
+    }),
+        "the changes are of more than one file");
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, Refusals, testing::ValuesIn(valueRows), CaseName<RefusalRow>);

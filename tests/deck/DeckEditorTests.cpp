@@ -203,8 +203,11 @@ TEST(DeckEditors, AddRecordsOfTheirOwnKeyword)
     EXPECT_EQ(editor.GetText(0),
         "RUNSPEC\nWELLS\n P1 OIL /\n  'P 2' 1* 2.5 /\n  P3    /\n/\n"
         "WELLS\n  'P 2' 1* 2.5 /\n  P3    /\n/\nROWS\n/\n");
+    EXPECT_EQ(ReasonOf([&] { WriteKeyword(well); }),
+        "WELLS: expected the data of the whole keyword, not a part of them");
     AddRecord(AsList(*records));
-    EXPECT_THROW(WriteKeyword(*records), EditError); // a well without a name
+    EXPECT_EQ(
+        ReasonOf([&] { WriteKeyword(*records); }), "WELLS: WELL: missing value; the item has no default");
 }
 
 class Files : public testing::Test {

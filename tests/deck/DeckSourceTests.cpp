@@ -102,6 +102,7 @@ TEST(AFile, IsReadToItsEndOrRefused)
     };
     EXPECT_EQ(reasonOf(pipe), "it is not a regular file");
     EXPECT_EQ(reasonOf("/dev/null"), "it is not a regular file");
+    EXPECT_EQ(reasonOf(std::string("/proc/self/status\0.inc", 22)), "the name contains a zero byte");
     EXPECT_EQ(reasonOf(folder.Path().string()), "it is a folder, not a file");
     EXPECT_EQ(reasonOf("/proc/self/mem"), "Input/output error");
     EXPECT_EQ(reasonOf("/proc/self/pagemap"), "it has no size, and more than 64 MiB");

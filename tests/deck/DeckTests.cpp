@@ -344,7 +344,10 @@ TEST(ADeck, IsKeptForWhatRefersToIt)
     const DeckEditor editor(deck);
     DeckFormatter formatter(deck);
     deck = Deck::ReadText(text, language);
-    EXPECT_EQ(ReasonOf([&] { editor.GetText(0); }), "the deck of the editor was assigned to");
+    const std::function<void()> results[] = {
+        [&] { editor.GetText(0); }, [&] { editor.GetEdits(); }, [&] { editor.GetChangedFiles(); }};
+    for (const auto& result : results)
+        EXPECT_EQ(ReasonOf(result), "the deck of the editor was assigned to");
     EXPECT_EQ(ReasonOf([&] { formatter.FormatFile(0); }), "the deck of the formatter was assigned to");
     EXPECT_EQ(ReasonOf([&] { formatter.FormatAll(); }), "the deck of the formatter was assigned to");
 }
