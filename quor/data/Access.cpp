@@ -14,6 +14,7 @@
 #include "quor/metadata/internal/MDCast.h"
 
 #include <utility>
+#include <vector>
 
 namespace Veld::Quor::Core::Keywords {
 
@@ -25,13 +26,13 @@ namespace {
 [[noreturn]] void FailName(
     const IKeywordRecordData& record, const IKeywordRecordMD& md, std::string_view name)
 {
+    std::vector<std::string> names;
     for (int i = 0; i < md.GetSize(); ++i) {
         const IKeywordDataMD* const item = md.GetItemMD(i);
-        if (item && !item->GetName().empty() && IsNearName(name, item->GetName()))
-            FailAccess(record.GetSyntax(),
-                "no item " + Quoted(name) + "; did you mean " + Quoted(item->GetName()) + '?');
+        if (item && !item->GetName().empty())
+            names.push_back(item->GetName());
     }
-    FailAccess(record.GetSyntax(), "no item " + Quoted(name));
+    FailAccess(record.GetSyntax(), "no item " + Quoted(name) + SuggestionOf(name, names));
 }
 
 int FindByName(const IKeywordRecordData& record, const IKeywordRecordMD& md, std::string_view name)
@@ -51,7 +52,7 @@ AccessSubject FindItem(const IKeywordRecordData& record, const ItemKey& key)
     if (index < 0 || index >= record.GetSize())
         FailAccess(record.GetSyntax(),
             "item index " + std::to_string(index) + " is out of range; the record has "
-                + std::to_string(record.GetSize()) + " items");
+                + Counted(record.GetSize(), "item"));
     return {record.GetSyntax(), md.GetItemMD(index), "item", index};
 }
 

@@ -73,6 +73,9 @@ public:
     {
     }
     /// @}
+    /// A character is no index.
+    template <class T, class = std::enable_if_t<std::is_same_v<T, char>>>
+    ItemKey(T character) = delete;
 
     /// Whether the key is a name; else it is an index.
     bool IsName() const { return index_ < 0 && name_.data(); }
@@ -126,8 +129,8 @@ VELD_QUOR_EXPORT Service::Optional<std::string> GetChoiceOrDefault(
 VELD_QUOR_EXPORT bool Has(const IKeywordRecordData& record, ItemKey item);
 
 /// Throws also for the two numbers that stand for "not given": -2147483648 and the smallest normal `double`.
-/// An `int` does not become a Real: write 900.0. A `float` is taken as the number of fewest digits that it is:
-/// 0.1F as 0.1.
+/// An `int` does not become a Real: write 900.0. A `float` is taken as the number of fewest digits that it
+/// is: 0.1F as 0.1.
 /// @{
 VELD_QUOR_EXPORT void Set(IKeywordRecordData& record, ItemKey item, bool value);
 VELD_QUOR_EXPORT void Set(IKeywordRecordData& record, ItemKey item, int value);
@@ -169,13 +172,15 @@ VELD_QUOR_EXPORT ArrayView<T> As(const IKeywordListData& list);
 /// A copy of the element. `T` may also be `bool`. Throws also if the element is unknown.
 template <class T>
 VELD_QUOR_EXPORT T ValueAt(const IKeywordListData& list, std::size_t i);
+template <>
+float ValueAt<float>(const IKeywordListData& list, std::size_t i) = delete; // a Real is a double
 /// The word of a Choice; it is the table's. Throws also if the list holds an index that no word has.
 VELD_QUOR_EXPORT const std::string& ChoiceAt(const IKeywordListData& list, std::size_t i);
 
 /// Whether some element of a list of numbers or booleans is unknown; false for any other list.
 VELD_QUOR_EXPORT bool HasUnknown(const IKeywordListData& list);
-/// Whether the element of a list of numbers or booleans is unknown; false for any other list. Throws for a bad
-/// index.
+/// Whether the element of a list of numbers or booleans is unknown; false for any other list. Throws for a
+/// bad index.
 VELD_QUOR_EXPORT bool IsUnknown(const IKeywordListData& list, std::size_t i);
 /// Appends elements that are unknown until their value is set. The list must be one of numbers or booleans.
 VELD_QUOR_EXPORT void AddUnknown(IKeywordListData& list, std::size_t count = 1);
@@ -211,6 +216,8 @@ void AddValue(IKeywordListData& list, T* value) = delete;
 /// `std::string`.
 template <class T>
 VELD_QUOR_EXPORT void AddValues(IKeywordListData& list, const T* first, std::size_t count);
+template <>
+void AddValues<float>(IKeywordListData& list, const float* first, std::size_t count) = delete; // as above
 /// `word` is a word of the Choice, whole and without regard to case.
 VELD_QUOR_EXPORT void AddChoice(IKeywordListData& list, std::string_view word);
 

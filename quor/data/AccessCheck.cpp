@@ -13,15 +13,46 @@ namespace Veld::Quor::Core::Keywords {
 
 namespace {
 
-/// "'ORAT', 'WRAT' or 'GRAT'"
-std::string WordsOf(const IKeywordChoiceMD& md)
+/// "'ORAT', 'WRAT' or 'GRAT'"; of very many the first alone.
+std::string Listed(const std::vector<std::string>& names)
 {
-    std::string words;
-    for (int i = 0; i < md.NumChoices(); ++i) {
-        words += i == 0 ? "" : i + 1 == md.NumChoices() ? " or " : ", ";
-        words += Quoted(md.GetChoice(i));
+    constexpr std::size_t most = 40;
+    const std::size_t last = names.size() - 1;
+    std::string text;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (i == most && i < last)
+            return text + " or one of " + std::to_string(names.size() - i) + " others";
+        text += i == 0 ? "" : i == last ? " or " : ", ";
+        text += Quoted(names[i]);
     }
+    return text;
+}
+
+std::vector<std::string> WordsOf(const IKeywordChoiceMD& md)
+{
+    std::vector<std::string> words;
+    for (int i = 0; i < md.NumChoices(); ++i)
+        words.push_back(md.GetChoice(i));
     return words;
+}
+
+/// Whether one character was left out, added or replaced, or two neighbours were exchanged; or only case
+/// differs.
+bool IsNearName(std::string_view text, std::string_view name)
+{
+    std::string a(text);
+    std::string b(name);
+    Service::StringToUpper(a);
+    Service::StringToUpper(b);
+    const auto [endA, endB] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
+    const std::string tailA(endA, a.end());
+    const std::string tailB(endB, b.end());
+    const auto [rA, rB] = std::mismatch(tailA.rbegin(), tailA.rend(), tailB.rbegin(), tailB.rend());
+    const std::string oddA(rA, tailA.rend()); // what is left without common start and end, reversed
+    const std::string oddB(rB, tailB.rend());
+    if (oddA.size() <= 1 && oddB.size() <= 1)
+        return true;
+    return oddA.size() == 2 && oddB.size() == 2 && oddA[0] == oddB[1] && oddA[1] == oddB[0];
 }
 
 } // namespace
@@ -74,7 +105,7 @@ int IndexOfWord(const AccessSubject& subject, std::string_view word)
         if (Service::NoCaseStringEqual(md.GetChoice(i), text))
             return i;
     }
-    subject.Fail("has no choice " + Quoted(word) + "; expected " + WordsOf(md));
+    subject.Fail("has no choice " + Quoted(word) + "; expected " + Listed(WordsOf(md)));
 }
 
 const std::string& WordOfIndex(const AccessSubject& subject, int index)
@@ -91,21 +122,18 @@ std::string Quoted(std::string_view text)
     return '\'' + std::string(text) + '\'';
 }
 
-bool IsNearName(std::string_view text, std::string_view name)
+std::string Counted(long long count, const char* noun)
 {
-    std::string a(text);
-    std::string b(name);
-    Service::StringToUpper(a);
-    Service::StringToUpper(b);
-    const auto [endA, endB] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
-    const std::string tailA(endA, a.end());
-    const std::string tailB(endB, b.end());
-    const auto [rA, rB] = std::mismatch(tailA.rbegin(), tailA.rend(), tailB.rbegin(), tailB.rend());
-    const std::string oddA(rA, tailA.rend()); // what is left without common start and end, reversed
-    const std::string oddB(rB, tailB.rend());
-    if (oddA.size() <= 1 && oddB.size() <= 1)
-        return true;
-    return oddA.size() == 2 && oddB.size() == 2 && oddA[0] == oddB[1] && oddA[1] == oddB[0];
+    return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
+}
+
+std::string SuggestionOf(std::string_view name, const std::vector<std::string>& known)
+{
+    for (const std::string& each : known) {
+        if (IsNearName(name, each))
+            return "; did you mean " + Quoted(each) + '?';
+    }
+    return known.empty() ? "" : "; expected " + Listed(known);
 }
 
 } // namespace Veld::Quor::Core::Keywords

@@ -45,13 +45,12 @@ bool AcceptedByWildcard(const IKeywordMapMD& md, const std::string& key)
 [[noreturn]] void FailKey(const IKeywordMapData& map, std::string_view key)
 {
     const auto& md = CastMD<const IKeywordMapMD>(*map.GetMD());
+    std::vector<std::string> names;
     for (int i = 0; i < md.GetSize(); ++i) {
-        for (const std::string& name : md.GetItemMD(i)->GetKeys()) {
-            if (IsNearName(key, name))
-                FailAccess(map.GetSyntax(), "no key " + Quoted(key) + "; did you mean " + Quoted(name) + '?');
-        }
+        const std::vector<std::string>& keys = md.GetItemMD(i)->GetKeys();
+        names.insert(names.end(), keys.begin(), keys.end());
     }
-    FailAccess(map.GetSyntax(), "no key " + Quoted(key));
+    FailAccess(map.GetSyntax(), "no key " + Quoted(key) + SuggestionOf(key, names));
 }
 
 } // namespace

@@ -25,7 +25,7 @@ void CheckIndex(const IKeywordListData& list, std::size_t i)
     if (i >= static_cast<std::size_t>(list.GetSize()))
         FailAccess(list.GetSyntax(),
             "element index " + std::to_string(i) + " is out of range; the list has "
-                + std::to_string(list.GetSize()) + " elements");
+                + Counted(list.GetSize(), "element"));
 }
 
 template <class T>

@@ -4,6 +4,7 @@
 #include "quor/data/IKeywordRecordData.h"
 
 #include <cstddef>
+#include <string>
 #include <type_traits>
 
 namespace Veld::Quor::Core::Keywords {
@@ -11,6 +12,9 @@ namespace Veld::Quor::Core::Keywords {
 /// The elements of a list of values, read-only and without a copy. Lasts until the list changes.
 template <class T>
 class ArrayView {
+    static_assert(std::is_same_v<T, int> || std::is_same_v<T, double> || std::is_same_v<T, std::string>,
+        "a view has elements of type int, double or std::string; ValueAt<bool> reads a boolean");
+
 public:
     /// For generic code, as in a container.
     /// @{

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <vector>
 
 namespace Veld::Quor::Core::Keywords {
 
@@ -69,9 +70,11 @@ int IndexOfWord(const AccessSubject& subject, std::string_view word);
 const std::string& WordOfIndex(const AccessSubject& subject, int index);
 
 std::string Quoted(std::string_view text);
-/// Whether one character was left out, added or replaced, or two neighbours were exchanged; or only case
-/// differs.
-bool IsNearName(std::string_view text, std::string_view name);
+/// "1 item", "2 items"
+std::string Counted(long long count, const char* noun);
+/// What follows the failure for an unknown name: "; did you mean 'ORAT'?", else "; expected 'ORAT' or
+/// 'WRAT'"; empty if no name is known.
+std::string SuggestionOf(std::string_view name, const std::vector<std::string>& known);
 
 /// Throws `DataAccessError` for a null pointer.
 inline const char* GivenText(const char* text)

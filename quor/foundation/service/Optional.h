@@ -14,7 +14,10 @@ namespace Veld::Quor::Core::Service {
 /// `Make`, the storage of a value; `Empty`, that of no value; `IsEmpty`; and `Get`, the value in a storage
 /// that is not empty.
 template <class T, class Enable = void>
-struct OptionalTraits;
+struct OptionalTraits {
+    static_assert(!std::is_same_v<T, T>,
+        "an Optional has a value of type int, double, bool or std::string, or an enumeration");
+};
 
 /// `int` and enumerations: the value -2147483648 is no value.
 template <class T>
