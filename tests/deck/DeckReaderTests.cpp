@@ -359,6 +359,12 @@ PrecedentMissingInRunspec: NEEDS\nNEEDS\nGRID\nFLAG\n => ? => d.data:2:1: error:
 PrecedentsOfAnotherRun: SOLUTION\nRESTART\nSCHEDULE\nNEEDS\n => ? =>
 ScopeThatIsReplaced: GRID\nREGION\nREGION\nENDREG\nENDREG\nREGION\nSCHEDULE\n => ? =>
 IndentedKeywordIsRead:   DIMENS\n 2 1 /\nARRAY\n 1 2 /\n => [1 2] =>
+IndentedKeywordEndsAnArray: DIMENS\n 2 1 /\nARRAY\n 1 2\n  FLAG\n => ? => d.data:5:5: error: ARRAY: missing slash at the end of the list [unclosed-data] | add a slash after the last value
+IndentedKeywordEndsARecord: DIMENS\n 2\n  TIME\n 1 /\n => ? => d.data:3:3: error: DIMENS: missing slash at the end of the record [unclosed-data] | add a slash after the last value
+IndentedKeywordEndsAWholeRecord: DIMENS\n 2 1\n  TIME\n 1 /\n => ? => d.data:3:5: error: DIMENS: missing slash at the end of the record [unclosed-data] | add a slash after the last value
+IndentedKeywordEndsRecords: PAIRS\n A B /\n  TIME\n 1 /\n => ? => d.data:3:7: warning: PAIRS: missing slash after the last record [unclosed-list] | add a line with a slash after the last record
+IndentedKeywordEndsAListOfNoSize: MANY\n 1 /\n  TIME\n 1 /\n => ? =>
+IndentedFlagMayBeAName: PAIRS\n A B /\n  FLAG\n C /\n/\n => [('A' 'B') ('FLAG' 'C')] =>
 MisspeltKeywordIsRead: DIMNES\n 2 x /\nARRAY\n 1 2 /\n => [1 2] => d.data:2:1: error: unknown keyword 'DIMNES' [unknown-keyword] | did you mean DIMENS, LINES?
 SizesWithAnErrorAreNotKnown: DIMENS\n x 2 /\nARRAY\n 1 2 3 /\n => [1 2 3] => d.data:3:2: error: DIMENS, NX: invalid value 'x'; expected a whole number [wrong-type]
 MonthsInAnyCase: START\n 1 jan 2020 /\nSCHEDULE\nDATES\n 5 Mar 2020 /\n 4 MAR 2020 /\n/\n => [(5 'MAR' 2020 -) (4 'MAR' 2020 -)] => d.data:7:2: error: DATES: 2020-03-04 is not after 2020-03-05, which the schedule has already reached [date-order]

@@ -3,6 +3,7 @@
 #include "quor/deck/DeckLanguage.h"
 #include "quor/deck/FindingCodes.h"
 #include "quor/deck/internal/rules/RoleForms.h"
+#include "quor/deck/internal/rules/SizeForms.h"
 
 #include <fmt/format.h>
 
@@ -279,8 +280,8 @@ constexpr RuleForm ruleForms[] = {{"names", ReadNames}, {"index", ReadIndex}, {"
     {"region", ReadRegion}, {"assign", ReadAssign}, {"need", ReadNeed}, {"exclusive", ReadExclusive},
     {"once", ReadOnce}, {"count", ReadCount}, {"members", ReadMembers}, {"length", ReadLength},
     {"distinct", ReadDistinct}, {"require", ReadRequire}, {"tree", ReadTree}, {"overwrite", ReadOverwrite},
-    {"role", ReadRole}, {"plausible", ReadPlausible}, {"whole", ReadWhole}, {"local", ReadLocal},
-    {"open", ReadOpen}};
+    {"role", ReadRole}, {"plausible", ReadPlausible}, {"size", ReadSize}, {"whole", ReadWhole},
+    {"local", ReadLocal}, {"open", ReadOpen}};
 
 } // namespace
 

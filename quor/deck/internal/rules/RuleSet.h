@@ -99,6 +99,16 @@ struct SizeLimit {
     std::string name; ///< of the size: "WELLDIMS.MAXWELLS"
 };
 
+/// A size that a keyword chooses.
+struct SizeRule {
+    std::string name; ///< "NTROCK"
+    std::string keyword; ///< that chooses
+    std::string item; ///< whose word chooses; empty: the keyword itself, by being there
+    std::vector<std::string> words; ///< of the item
+    std::vector<std::string>
+        sizes; ///< for each word, or without the keyword and with it; the first holds without it
+};
+
 /// How many names of a kind there may be.
 struct CountRule {
     FindingVoice voice;
@@ -195,6 +205,7 @@ struct RuleSet {
     std::vector<NeedRule> needs;
     std::vector<ExclusiveRule> exclusives;
     std::vector<OnceRule> once;
+    std::vector<SizeRule> sizes;
     std::vector<CountRule> counts;
     std::vector<RoleRule> roles;
     std::vector<MagnitudeRule> magnitudes;

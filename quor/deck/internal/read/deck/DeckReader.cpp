@@ -100,6 +100,10 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
     deck_->keywords.push_back(std::move(keyword));
     const bool isKnown = deck_->keywords.back().isSound && data_.GetUnknownVariableCount() == 0;
     timeLine_.Follow(isKnown);
+    if (section != SectionType::SCHEDULE) {
+        const KeywordInstance& last = deck_->keywords.back();
+        dimensions_.Choose(last.syntax->GetName(), last.data.get(), isKnown);
+    }
     if (isKnown)
         FollowSizes(deck_->keywords.back());
     else if (deck_->keywords.back().syntax->GetName() == "BOX")

@@ -2,10 +2,15 @@
 
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/deck/internal/read/data/DataShape.h"
+#include "quor/deck/internal/read/data/DataValue.h"
+#include "quor/deck/internal/read/values/SizeText.h"
+#include "quor/deck/internal/rules/RuleSet.h"
 #include "quor/metadata/IKeywordIntegerMD.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <limits>
 
 namespace Veld::Quor::Core::Decks {
@@ -22,12 +27,36 @@ Optional<int> ValueOf(const IKeywordData& record, int index)
     return *static_cast<const Optional<int>*>(static_cast<const IKeywordRecordData&>(record).GetData(index));
 }
 
+/// Empty if the keyword doesn't say it.
+std::string ChosenSize(const SizeRule& rule, const IKeywordData* data, SimulatorType::Enum simulator)
+{
+    if (rule.item.empty())
+        return rule.sizes.back();
+    if (!data || KeywordUtils::GetMDType(data->GetMD()) != MDType::Record)
+        return {};
+    const auto& record = static_cast<const IKeywordRecordMD&>(*data->GetMD());
+    for (int i = 0; i < record.GetSize(); ++i) {
+        const IKeywordDataMD& item = *record.GetItemMD(i);
+        if (ItemName(item) != rule.item)
+            continue;
+        const ScalarValue given = ItemValue(item, static_cast<const IKeywordRecordData&>(*data).GetData(i));
+        const std::string word = ToText(item, IsGiven(given) ? given : DefaultOf(item, simulator).value);
+        const auto known = std::find(rule.words.begin(), rule.words.end(), word);
+        return known == rule.words.end() ? ""
+                                         : rule.sizes[static_cast<std::size_t>(known - rule.words.begin())];
+    }
+    return {};
+}
+
 } // namespace
 
 Dimensions::Dimensions(const LanguageIndex& language, SimulatorType::Enum simulator)
     : simulator_(simulator)
+    , choices_(language.GetRules().sizes)
     , frames_(1)
 {
+    for (const SizeRule& rule : choices_)
+        chosen_[rule.name] = rule.sizes.front();
     for (const IKeywordIntegerMD* const item : language.GetSizes()) {
         if (const Optional<int> value = item->GetDefault(simulator))
             defaults_.emplace(item->GetName(), *value);
@@ -55,6 +84,14 @@ void Dimensions::Add(const std::string& name, const IKeywordData& data, std::uin
         if (!isOfOther || other->second.value < size.value || other->second.isDefault)
             frame[item.GetName()] = size;
         frame[own] = size;
+    }
+}
+
+void Dimensions::Choose(const std::string& name, const IKeywordData* data, bool isKnown)
+{
+    for (const SizeRule& rule : choices_) {
+        if (rule.keyword == name)
+            chosen_[rule.name] = isKnown ? ChosenSize(rule, data, simulator_) : std::string();
     }
 }
 
@@ -93,8 +130,14 @@ std::optional<long long> Dimensions::FindOfGrid(const std::string& name) const
 {
     if (const auto given = FindGiven(name))
         return given->value;
-    const auto size = defaults_.find(name);
-    return size == defaults_.end() ? std::nullopt : std::optional(size->second);
+    if (const auto size = defaults_.find(name); size != defaults_.end())
+        return size->second;
+    const auto chosen = chosen_.find(name);
+    if (chosen == chosen_.end())
+        return std::nullopt;
+    return EvaluateSize(chosen->second, [&](const std::string& other) {
+        return chosen_.count(other) > 0 ? std::nullopt : FindOfGrid(other);
+    });
 }
 
 long long Dimensions::FindLimit(const std::string& name) const

@@ -14,8 +14,11 @@
 
 namespace Veld::Quor::Core::Decks {
 
+struct SizeRule;
+
 /// The sizes of a deck by name: the whole numbers of its RUNSPEC section, and their defaults where it gives
-/// none. A scope, such as that of a local grid, may have sizes of its own; so does a box.
+/// none, and those that other keywords choose. A scope, such as that of a local grid, may have sizes of its
+/// own; so does a box.
 class Dimensions {
 public:
     Dimensions(const LanguageIndex& language, Core::Keywords::SimulatorType::Enum simulator);
@@ -24,6 +27,9 @@ public:
     /// "KEYWORD.ITEM": two keywords may have an item of one name: the greater number holds. `keyword`: which
     /// has them, among those of the deck.
     void Add(const std::string& name, const Core::Keywords::IKeywordData& data, std::uint32_t keyword);
+    /// Takes the sizes that a keyword chooses. `data`: null if it has none; `isKnown`: false if what it
+    /// chooses is not sure.
+    void Choose(const std::string& name, const Core::Keywords::IKeywordData* data, bool isKnown);
     /// What is added from now on holds until `Leave`.
     void Enter() { frames_.emplace_back(); }
     void Leave() { frames_.pop_back(); }
@@ -63,6 +69,8 @@ private:
     using Sizes = std::unordered_map<std::string, Given>;
 
     Core::Keywords::SimulatorType::Enum simulator_;
+    const std::vector<SizeRule>& choices_;
+    std::unordered_map<std::string, std::string> chosen_; // sizes as texts; empty: not known
     Numbers defaults_;
     std::vector<Sizes> frames_;
     Numbers box_; // 0: not known

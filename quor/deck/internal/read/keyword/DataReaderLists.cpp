@@ -8,6 +8,7 @@
 #include "quor/metadata/IKeywordChoiceMD.h"
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/IKeywordStringMD.h"
+#include "quor/syntax/IKeywordSyntax.h"
 
 #include <fmt/format.h>
 
@@ -46,6 +47,15 @@ void AppendUnknown(IKeywordListData& list)
         Append(list, -1);
     else if constexpr (std::is_same_v<MD, IKeywordBooleanMD>)
         AddUnknown(list);
+}
+
+/// Not so are arrays and output vectors, which records may name.
+bool NeedsRecords(const Entry& entry)
+{
+    return std::all_of(entry.syntaxes.begin(), entry.syntaxes.end(), [](const IKeywordSyntax* syntax) {
+        return syntax->GetDataMD() && !syntax->IsWildcard() && !syntax->GetCellPropertyInfo()
+            && !syntax->GetSummaryMnemonicInfo();
+    });
 }
 
 } // namespace
@@ -202,7 +212,7 @@ bool DataReader::HasMore(const DataPlan& plan, long long size, const IKeywordLis
     if (endsByItself && list.GetSize() == size)
         return false;
     const Got got = words_.Peek();
-    if (got == Got::Stop || (endsByItself && got == Got::Value && IsKeywordNext(plan.items.front()))) {
+    if (got == Got::Stop || (got == Got::Value && IsKeywordNext(plan))) {
         ended = EndListByStop(plan, size, list);
         return false;
     }
@@ -225,12 +235,22 @@ const Token* DataReader::PeekForNumber(const DataPlan& element)
     return first->type == MDType::Integer || first->type == MDType::Real ? words_.PeekBare() : nullptr;
 }
 
-/// Whether a word is next that seems to be a keyword, though the language has none such, where the element
-/// begins with a number.
-bool DataReader::IsKeywordNext(const DataPlan& element)
+/// Whether a word is next that seems to be a keyword: one that the language doesn't have, where a list that
+/// ends by itself expects a number, or one that is indented and has data.
+bool DataReader::IsKeywordNext(const DataPlan& list)
 {
+    const DataPlan& element = list.items.front();
     const Token* const next = PeekForNumber(element);
-    return next && IsLetter(next->text.front()) && text_.IsLoneUpperWord(next->range);
+    if (next && !IsLetter(next->text.front()))
+        return false;
+    if (next && list.termination == Termination::NONE && text_.IsLoneUpperWord(next->range))
+        return true;
+    const bool isRecordOfRoot = &list == root_ && element.type == MDType::Record;
+    if (!next && !isRecordOfRoot)
+        return false;
+    const Token* const word = words_.PeekBare();
+    const Entry* const entry = word ? text_.FindIndentedKeyword(word->range) : nullptr;
+    return entry && (next || NeedsRecords(*entry));
 }
 
 /// A list of unknown size that nothing closes continues to the next keyword.

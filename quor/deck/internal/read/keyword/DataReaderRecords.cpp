@@ -72,6 +72,8 @@ DataReader::Ended DataReader::ReadItem(const DataPlan& plan, std::size_t index, 
         words_.TakeAsText();
         break;
     case Got::Value:
+        if (item.type != MDType::String && item.type != MDType::Choice && IsKeywordInRecord())
+            return UnclosedRecord(plan, index);
         break;
     }
     return ReadGiven(plan, index, storage);
@@ -220,6 +222,9 @@ DataReader::Ended DataReader::EndRecord(const DataPlan& plan)
     case Got::Stop:
         return UnclosedRecord(plan, plan.items.size());
     case Got::Value:
+        if (IsKeywordInRecord())
+            return UnclosedRecord(plan, plan.items.size());
+        break;
     case Got::Default:
         break;
     }

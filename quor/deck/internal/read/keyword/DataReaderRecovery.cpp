@@ -132,6 +132,17 @@ bool DataReader::BeginsNextRecord(const DataPlan& plan, std::size_t index)
     return line.isEnded && beginsAlike && !Fits(plan, index, line.words) && Fits(plan, 0, line.words);
 }
 
+/// Whether the last word, which can't be a value, is an indented keyword; then it comes again.
+bool DataReader::IsKeywordInRecord()
+{
+    const Token& word = words_.GetWord();
+    const bool isKeyword = word.kind == Token::Kind::Word && words_.GetRepeats() == 0
+        && IsLetter(word.text.front()) && text_.FindIndentedKeyword(word.range);
+    if (isKeyword)
+        words_.GiveBack();
+    return isKeyword;
+}
+
 /// Whether what is left of the line can be the rest of the record.
 bool DataReader::FitsAfter(const DataPlan& plan, std::size_t index) const
 {

@@ -99,6 +99,12 @@ const Token& DeckText::PeekData()
     return peeked_;
 }
 
+void DeckText::GiveBack(const TextRange& word)
+{
+    hasPeeked_ = false;
+    position_ = begin_ + word.offset;
+}
+
 /// Back to before the word that was looked at.
 void DeckText::Unpeek()
 {

@@ -70,6 +70,8 @@ public:
     Token NextData();
     /// The same, and it comes again.
     const Token& PeekData();
+    /// The last word that was taken comes again.
+    void GiveBack(const TextRange& word);
 
     /// Whether nothing but a comment is left of the line.
     bool IsAtLineEnd() const { return !hasPeeked_ && IsEmptyToLineEnd(GetRest()); }
@@ -106,6 +108,8 @@ public:
     bool IsWhole(const TextRange& word) const;
     /// Whether a word in upper case is alone on its line, in the first column and without a slash.
     bool IsLoneUpperWord(const TextRange& word) const;
+    /// The keyword that a word alone on its line is, though blanks are before it; null if it is none.
+    const Entry* FindIndentedKeyword(const TextRange& word) const;
     std::size_t GetOffset() const { return static_cast<std::size_t>(position_ - begin_); }
     std::uint32_t GetFile() const { return frames_.back().file; }
     /// How often inclusions, their ends and skipped blocks have led away from the text before.

@@ -26,6 +26,12 @@ bool DeckText::IsLoneUpperWord(const TextRange& word) const
     return lone && lone->isUpper && !lone->hasSlash;
 }
 
+const Entry* DeckText::FindIndentedKeyword(const TextRange& word) const
+{
+    const auto lone = FindLoneWord(GetLineFrom(word));
+    return lone && !lone->hasSlash && IsFirstOnLine(word) ? vocabulary_.Find(lone->word) : nullptr;
+}
+
 std::string_view DeckText::GetLineFrom(const TextRange& range) const
 {
     const std::string_view rest(

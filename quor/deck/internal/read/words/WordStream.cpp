@@ -42,6 +42,7 @@ WordStream::Got WordStream::Next()
     const bool isSlash = word_.kind == Token::Kind::Slash;
     if (isSlash)
         lastBeforeSlash_ = last_;
+    lastBefore_ = last_;
     SetLast(word_.range);
     if (isSlash)
         return Got::Slash;
@@ -50,6 +51,13 @@ WordStream::Got WordStream::Next()
     if (word_.kind == Token::Kind::Quoted && word_.text.empty() && word_.isClosed)
         isDefault_ = true;
     return GotRepeated();
+}
+
+void WordStream::GiveBack()
+{
+    text_.GiveBack(word_.range);
+    last_ = lastBefore_;
+    --taken_;
 }
 
 void WordStream::TakeAsText()

@@ -43,6 +43,9 @@ public:
     Got Next();
     /// The same, and it comes again.
     Got Peek();
+    /// The last word comes again as the head of a keyword: nothing of the data was taken after the word
+    /// before.
+    void GiveBack();
     /// Takes all up to the next slash, and that too; `Stop` if there is none. Nothing is reported.
     Got SkipToSlash();
 
@@ -125,6 +128,7 @@ private:
     bool isOneLine_ = false;
     std::size_t taken_ = 0;
     TextRange last_;
+    TextRange lastBefore_; // of `Next`
     TextRange lastBeforeSlash_;
     std::size_t lastTurns_ = 0;
 };
