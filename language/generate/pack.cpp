@@ -1,26 +1,28 @@
 // Puts the files of a syntax document together and packs them into a C++ source.
 //
 //   pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE.xml... [--vectors TABLE.txt...] [--arrays TABLE.txt...]
-//       [--units UNITS.txt MEASUREMENTS.txt] [--tree]
+//       [--units UNITS.txt MEASUREMENTS.txt] [--tree] [--subjects OUTPUT.txt]
 //
 // An XML file has pieces, or a part of the document. The packed document, which OUTPUT.xml holds as it is,
 // has the root elements of the parts, in the order given, under one root, and the output vectors after them;
 // short forms are replaced. With the tables of units each quantity must have one. A mistake ends the build
 // with file, line and column. With --tree there is also VARIABLETree, the document as the loader wants it.
-// language/README.md describes all this.
+// With --subjects the keywords of each file that says in a comment what it has: a line with its name, the
+// comment and the keywords, separated by tabs. language/README.md describes all this.
 
 #include "language/generate/ArrayTable.h"
 #include "language/generate/Expansion.h"
 #include "language/generate/Files.h"
+#include "language/generate/PackedSource.h"
 #include "language/generate/Quantities.h"
 #include "language/generate/VectorDocument.h"
 #include "quor/foundation/internal/PackedTree.h"
 #include "quor/foundation/service/xml/XMLDocument.h"
 
 #include <xercesc/dom/DOMDocument.hpp>
-#include <zstd.h>
 
 #include <cstdint>
+#include <filesystem>
 #include <iostream>
 #include <sstream>
 #include <stdexcept>
@@ -36,6 +38,7 @@ struct Inputs {
     std::vector<std::string> vectors;
     std::vector<std::string> arrays;
     std::vector<std::string> units; ///< none, or the table of units and that of measurements
+    std::vector<std::string> subjects; ///< none, or the file to write
     bool hasTree = false;
 };
 
@@ -50,6 +53,8 @@ Inputs InputsOf(const std::vector<std::string>& arguments)
             to = &inputs.arrays;
         else if (argument == "--units")
             to = &inputs.units;
+        else if (argument == "--subjects")
+            to = &inputs.subjects;
         else if (argument == "--tree")
             inputs.hasTree = true;
         else
@@ -64,16 +69,44 @@ void CheckUnits(const std::vector<Document>& parts, const Measurements& measurem
         CheckQuantities(part.root, measurements);
 }
 
+/// The words of the comment before the root, with one blank between them.
+std::string CommentOf(const Document& part)
+{
+    std::istringstream words(part.prolog);
+    std::string text;
+    for (std::string word; words >> word;) {
+        if (word != "<!--" && word != "-->")
+            text += (text.empty() ? "" : " ") + word;
+    }
+    return text;
+}
+
+/// Its keywords with what the file says that they have in common; empty for a file that doesn't say it.
+std::string SubjectLine(const std::string& path, const Document& part)
+{
+    const std::string comment = CommentOf(part);
+    std::string names;
+    for (const Element& keyword : part.root.children) {
+        if (const std::string* const name = keyword.Find("name"))
+            names += (names.empty() ? "" : " ") + *name;
+    }
+    const std::string stem = std::filesystem::path(path).stem().string();
+    return comment.empty() || names.empty() ? "" : stem + '\t' + comment + '\t' + names + '\n';
+}
+
 std::string PutTogether(const Inputs& inputs)
 {
     Pieces pieces;
     std::vector<Document> parts;
+    std::vector<std::string> paths; // of the parts that are files
     for (const std::string& path : inputs.documents) {
         Document read = ReadDocument(path);
-        if (read.root.tag == "pieces")
+        if (read.root.tag == "pieces") {
             pieces.Add(read.root);
-        else
+        } else {
             parts.push_back(std::move(read));
+            paths.push_back(path);
+        }
     }
     for (const std::string& path : inputs.arrays)
         pieces.Add(ReadArrayTable(path));
@@ -85,20 +118,15 @@ std::string PutTogether(const Inputs& inputs)
         document += part.prolog + Layout(part.root);
     }
     pieces.CheckAllUsed();
+    if (!inputs.subjects.empty()) {
+        std::string subjects;
+        for (std::size_t i = 0; i < paths.size(); ++i)
+            subjects += SubjectLine(paths[i], parts[i]);
+        WriteText(inputs.subjects.front(), subjects);
+    }
     if (!inputs.units.empty())
         CheckUnits(parts, ReadMeasurements(inputs.units.front(), inputs.units.back()));
     return document + "</keywords>\n";
-}
-
-std::string Compress(const std::string& text)
-{
-    std::string packed(ZSTD_compressBound(text.size()), '\0');
-    const std::size_t size =
-        ZSTD_compress(packed.data(), packed.size(), text.data(), text.size(), ZSTD_maxCLevel());
-    if (ZSTD_isError(size))
-        throw std::runtime_error(ZSTD_getErrorName(size));
-    packed.resize(size);
-    return packed;
 }
 
 /// The tree of the document, each text once.
@@ -128,10 +156,8 @@ std::string TreeBytes(const std::string& document)
 
 void WriteVariable(const std::string& name, const std::string& packed, std::ostream& source)
 {
-    source << "static constexpr unsigned char " << name << "Bytes[] = {";
-    for (std::size_t i = 0; i < packed.size(); ++i)
-        source << (i % 32 == 0 ? "\n" : "") << int(static_cast<unsigned char>(packed[i])) << ',';
-    source << "\n};\n\nconst PackedDocument " << name << " = {" << name << "Bytes, sizeof " << name
+    WriteBytes(name + "Bytes", packed, source);
+    source << "\nconst PackedDocument " << name << " = {" << name << "Bytes, sizeof " << name
            << "Bytes};\n\n";
 }
 
@@ -153,7 +179,8 @@ int main(int argc, char** argv)
 try {
     if (argc < 5) {
         std::cerr << "usage: pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE.xml... [--vectors TABLE.txt...] "
-                     "[--arrays TABLE.txt...] [--units UNITS.txt MEASUREMENTS.txt] [--tree]\n";
+                     "[--arrays TABLE.txt...] [--units UNITS.txt MEASUREMENTS.txt] [--tree] "
+                     "[--subjects OUTPUT.txt]\n";
         return 2;
     }
     const Inputs inputs = InputsOf({argv + 4, argv + argc});

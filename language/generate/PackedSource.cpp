@@ -1,0 +1,25 @@
+#include "language/generate/PackedSource.h"
+
+#include <zstd.h>
+
+#include <cstddef>
+#include <stdexcept>
+
+std::string Compress(const std::string& text)
+{
+    std::string packed(ZSTD_compressBound(text.size()), '\0');
+    const std::size_t size =
+        ZSTD_compress(packed.data(), packed.size(), text.data(), text.size(), ZSTD_maxCLevel());
+    if (ZSTD_isError(size))
+        throw std::runtime_error(ZSTD_getErrorName(size));
+    packed.resize(size);
+    return packed;
+}
+
+void WriteBytes(const std::string& name, const std::string& bytes, std::ostream& source)
+{
+    source << "static constexpr unsigned char " << name << "[] = {";
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        source << (i % 32 == 0 ? "\n" : "") << int(static_cast<unsigned char>(bytes[i])) << ',';
+    source << "\n};\n";
+}
