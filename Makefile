@@ -123,10 +123,12 @@ schema: setup-test ## Generate the XML forms of the schemas from their sources
 	trang language/schema/written.rnc language/schema/written.rng
 	trang language/schema/rules.rnc language/schema/rules.rng
 
-docs: setup-test ## Build the reference of the public headers and the guides in build/docs/html
+docs: setup-test configure-test ## Build the reference of the public headers, the guides and the manual of keywords in build/docs/html
 	@mkdir -p build/docs
 	@doxygen docs/reference/Doxyfile 2>build/docs/warnings.txt || { cat build/docs/warnings.txt; exit 1; }
 	@! grep . build/docs/warnings.txt
+	@cmake --build --preset test --target quor -- --quiet
+	@build/test/bin/quor manual build/docs/html/manual
 	@echo "see build/docs/html/index.html"
 
 # The release with the module of Python: in the same folder, so that nothing is compiled twice.

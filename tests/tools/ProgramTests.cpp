@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <set>
 #include <string>
 
@@ -57,6 +58,9 @@ PortToNowhere: port x => --to is required
 PortToNoMode: port x --to Carrow --mode Thermal => simulator 'Carrow' has no mode 'Thermal'
 FolderWithoutDecks: check /proc/self/fdinfo => quor: error: no deck in the folder '/proc/self/fdinfo'; expected .data files
 FolderAsDeck: info /tmp => can't read '/tmp': it is a folder, not a file
+ManualAmongOtherFiles: manual /usr => quor: error: '/usr' is not empty and has no manual; expected a new or empty folder\n
+ManualInNoFolder: manual /proc/none => quor: error: can't write '/proc/none/keyword/
+BrowserAndUnits: show WELSPECS --browser --units FIELD => excludes
 )")),
     CaseName<Row>);
 
@@ -65,14 +69,39 @@ TEST(Help, IsDataAndHasExamples)
     EXPECT_TRUE(RunQuor("--version").out.starts_with("quor "));
     EXPECT_TRUE(Holds(RunQuor("--help").out, "check"));
     EXPECT_EQ(RunQuor("--help").status, 0);
-    for (const std::string command :
-        {"list", "show", "check", "info", "format", "diff", "port", "lint", "explain", "man", "completion"}) {
+    for (const std::string command : {"list", "show", "check", "info", "format", "diff", "port", "lint",
+             "explain", "manual", "man", "completion"}) {
         const Outcome outcome = RunQuor(command + " --help");
         EXPECT_EQ(outcome.status, 0);
         EXPECT_EQ(outcome.err, "");
         EXPECT_TRUE(Holds(outcome.out, "Examples:\n") && Holds(outcome.out, "quor " + command))
             << outcome.out;
     }
+}
+
+/// What `quor show --browser` prints, with a program in place of xdg-open.
+Outcome OpenPage(const TemporaryDirectory& folder, const std::string& arguments)
+{
+    const std::string place = folder.Path().string();
+    return RunQuor("show " + arguments + " --browser", "PATH=" + place + " XDG_CACHE_HOME=" + place);
+}
+
+TEST(Browser, OpensThePageOfTheKeyword)
+{
+    const TemporaryDirectory folder;
+    const std::string page = "file://" + folder.Path().string() + "/quor/manual/";
+    EXPECT_EQ(OpenPage(folder, "welspecs").err,
+        "quor: error: 'xdg-open', which opens a browser, can't be started; the page is " + page
+            + "keyword/WELSPECS.html\n");
+    const std::string opener =
+        folder.Write("xdg-open", "#!/bin/sh\necho \"$1\"\ntest \"${1##*/}\" != WELSPECS.html\n");
+    std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
+    const Outcome vector = OpenPage(folder, "WOPR");
+    EXPECT_EQ(vector.out + vector.err, page + "vectors/Well.html#WOPR\n");
+    EXPECT_EQ(OpenPage(folder, "WELSPECS").err,
+        "quor: error: 'xdg-open' opened no browser; the page is " + page + "keyword/WELSPECS.html\n");
+    EXPECT_EQ(RunQuor("show WOPR --browser", "HOME= XDG_CACHE_HOME=").err,
+        "quor: error: no folder for the pages: HOME and XDG_CACHE_HOME are not set\n");
 }
 
 struct Arguments {

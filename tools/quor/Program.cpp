@@ -136,6 +136,7 @@ int RunCommand(int argc, char** argv)
         MakeLintCommand(application),
         MakeSettingsCommand(application),
         MakeLanguageServerCommand(application),
+        MakeManualCommand(application),
         MakeManCommand(application),
         MakeCompletionCommand(application),
     };

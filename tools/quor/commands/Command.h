@@ -42,6 +42,7 @@ Command MakeLintCommand(CLI::App& application);
 Command MakeExplainCommand(CLI::App& application);
 Command MakeSettingsCommand(CLI::App& application);
 Command MakeLanguageServerCommand(CLI::App& application);
+Command MakeManualCommand(CLI::App& application);
 Command MakeManCommand(CLI::App& application);
 Command MakeCompletionCommand(CLI::App& application);
 

@@ -5,9 +5,12 @@
 #include "tools/quor/commands/LoadedLanguage.h"
 #include "tools/quor/commands/SummaryFilter.h"
 #include "tools/quor/findings/FindingCodes.h"
+#include "tools/quor/manual/Browser.h"
+#include "tools/quor/manual/Manual.h"
 #include "tools/quor/terminal/Json.h"
 #include "tools/quor/terminal/Terminal.h"
 #include "tools/quor/terminal/TextLayout.h"
+#include "tools/quor/tree/KeywordFacts.h"
 #include "tools/quor/tree/TreeJson.h"
 #include "tools/quor/tree/TreeText.h"
 #include "tools/quor/tree/ValidityTable.h"
@@ -35,6 +38,7 @@ struct ShowOptions {
     std::vector<std::string> names;
     std::optional<UnitSystem::Enum> units;
     bool isJson = false;
+    bool inBrowser = false;
 };
 
 /// A keyword and the spelling that led to it.
@@ -58,65 +62,6 @@ const char* WayTo(const Found& found)
     return IsAlias(found) ? "alias" : "wildcard";
 }
 
-/// Null for an ordinary keyword.
-const char* FindRoleText(KeywordDeckRole::Enum role)
-{
-    switch (role) {
-    case KeywordDeckRole::End:
-        return "ends the deck";
-    case KeywordDeckRole::EndInclude:
-        return "ends an included file";
-    case KeywordDeckRole::Include:
-        return "includes a file";
-    case KeywordDeckRole::Skip:
-        return "opens a skipped block";
-    case KeywordDeckRole::EndSkip:
-        return "closes a skipped block";
-    case KeywordDeckRole::Section:
-        return "opens a section";
-    case KeywordDeckRole::Ordinary:
-        break;
-    }
-    return nullptr;
-}
-
-std::set<std::string> PrecedentsOf(const IKeywordSyntax& syntax)
-{
-    if (!syntax.HasPrecedents())
-        return {};
-    return syntax.GetPrecedents(syntax.GetFirstValidSection());
-}
-
-std::vector<std::string> MarksOf(const IKeywordSyntax& syntax)
-{
-    std::vector<std::string> marks;
-    if (syntax.IsWildcard())
-        marks.push_back("wildcard");
-    if (syntax.IsGeneric())
-        marks.push_back("generic");
-    if (syntax.IsHidden())
-        marks.push_back("hidden");
-    return marks;
-}
-
-std::string AliasesText(const IKeywordSyntax& syntax)
-{
-    std::vector<std::string> texts;
-    for (const std::string& alias : syntax.GetAliases())
-        texts.push_back(syntax.IsHidden(alias) ? alias + " (hidden)" : alias);
-    return fmt::format("{}", fmt::join(texts, ", "));
-}
-
-std::string ScopeText(const IKeywordSyntax& syntax)
-{
-    if (!syntax.HasScope())
-        return "";
-    std::vector<std::string> texts;
-    for (const IKeywordSyntax* end : syntax.GetScopeKeywords())
-        texts.push_back(end->GetName() + (end == syntax.GetScopeSyntax() ? " (explicit)" : ""));
-    return texts.empty() ? "no known keyword ends it" : fmt::format("ends with {}", fmt::join(texts, " or "));
-}
-
 nlohmann::ordered_json ScopeJson(const IKeywordSyntax& syntax)
 {
     if (!syntax.HasScope())
@@ -127,36 +72,10 @@ nlohmann::ordered_json ScopeJson(const IKeywordSyntax& syntax)
     return {{"endKeywords", ends}};
 }
 
-std::string SummaryText(const IKeywordSyntax& syntax)
-{
-    const ISummaryMnemonicInfo* const info = syntax.GetSummaryMnemonicInfo();
-    if (!info)
-        return "";
-    std::vector<std::string> texts;
-    for (const auto& [category, name] : CategoriesOf(*info))
-        texts.push_back(fmt::format("{} {}", category, name));
-    return texts.empty() ? "no category" : fmt::format("{}", fmt::join(texts, ", "));
-}
-
 nlohmann::ordered_json SummaryJson(const IKeywordSyntax& syntax)
 {
     const ISummaryMnemonicInfo* const info = syntax.GetSummaryMnemonicInfo();
     return info ? CategoriesJson(*info) : nlohmann::ordered_json();
-}
-
-std::string CellText(const IKeywordSyntax& syntax)
-{
-    const ICellPropertyInfo* const info = syntax.GetCellPropertyInfo();
-    if (!info)
-        return "";
-    std::string text = info->GetPropertyName();
-    if (info->HasComponents())
-        text += ", for each component";
-    if (info->CopyLayerAboveByDefault())
-        text += ", copied from the layer above by default";
-    if (info->DualPorosityMatrixOnly())
-        text += ", in matrix cells only";
-    return text;
 }
 
 nlohmann::ordered_json CellJson(const IKeywordSyntax& syntax)
@@ -252,6 +171,31 @@ void ReportUnknown(const std::string& name, const Decks::DeckLanguage& deckLangu
         nearest.empty() ? "" : fmt::format("; did you mean {}?", fmt::join(nearest, ", "))));
 }
 
+/// Writes the manual for this user and opens the pages of the keywords. False, and reported, if that fails.
+bool OpenPages(LoadedLanguage& language, const std::vector<Found>& all)
+{
+    const std::string folder = FindManualFolder();
+    if (folder.empty()) {
+        PrintError("no folder for the pages: HOME and XDG_CACHE_HOME are not set");
+        return false;
+    }
+    const Manual manual = MakeManual(language);
+    if (!all.empty() && !WriteManual(manual, folder))
+        return false;
+    std::set<std::string> opened;
+    bool isAll = true;
+    for (const Found& found : all) {
+        const auto address = manual.addresses.find(found.syntax->GetName());
+        if (address == manual.addresses.end()) { // of a hidden keyword
+            PrintError(fmt::format("the manual has no page for '{}'", found.spelling));
+            isAll = false;
+        } else if (opened.insert(address->second).second) {
+            isAll = OpenInBrowser(folder + '/' + address->second) && isAll;
+        }
+    }
+    return isAll;
+}
+
 int Show(LoadedLanguage& language, const ShowOptions& options)
 {
     KeywordSyntaxTable& table = language.GetTable();
@@ -268,6 +212,8 @@ int Show(LoadedLanguage& language, const ShowOptions& options)
             status = HasFindings;
         }
     }
+    if (options.inBrowser)
+        return OpenPages(language, all) ? status : static_cast<int>(Failure);
     if (options.isJson) {
         auto list = nlohmann::ordered_json::array();
         for (const Found& found : all)
@@ -290,6 +236,8 @@ Command MakeShowCommand(CLI::App& application)
     command.add_option("KEYWORD", options->names, "Names or aliases of keywords")->required();
     AddUnitsOption(command, options->units, "System of the units to show with the items; the default is all");
     AddFormatOption(command, options->isJson);
+    command.add_flag("--browser", options->inBrowser, "Open the pages of the keywords in a browser")
+        ->excludes("--units", "--format");
     command.footer(
         "Limits and defaults are in the units of the deck. With --units, defaults are converted; "
         "without it, one\n"
@@ -299,7 +247,8 @@ Command MakeShowCommand(CLI::App& application)
         "Examples:\n"
         "  quor show WELSPECS\n"
         "  quor show WCONPROD --units FIELD\n"
-        "  quor show PORO PERMX --format json");
+        "  quor show PORO PERMX --format json\n"
+        "  quor show WCONPROD --browser");
     return {&command, [options](LoadedLanguage& language) { return Show(language, *options); }};
 }
 

@@ -10,7 +10,6 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <iterator>
 #include <vector>
 
 namespace Veld::Quor::Tools {
@@ -35,75 +34,72 @@ std::string ModeCell(SimulatorType::Enum simulator)
     return letters;
 }
 
-struct Row {
-    SimulatorType::Enum simulator;
-    std::string cells[SectionType::Count]; // letters of modes; empty: not valid
-
-    bool IsEmpty() const
-    {
-        return std::all_of(
-            std::begin(cells), std::end(cells), [](const std::string& cell) { return cell.empty(); });
-    }
-    bool IsFull() const
-    {
-        return std::all_of(std::begin(cells), std::end(cells),
-            [this](const std::string& cell) { return cell == ModeCell(simulator); });
-    }
-};
-
-std::vector<Row> MakeRows(const IKeywordSyntax& syntax, const std::string& spelling)
+bool IsColumnEmpty(const std::vector<ValidityRow>& rows, std::size_t section)
 {
-    std::vector<Row> rows;
-    for (const auto& simulator : SimulatorType::EnumInfos()) {
-        Row& row = rows.emplace_back();
-        row.simulator = simulator.value;
-        for (int i = 0; i < SectionType::Count; ++i) {
-            for (const auto& mode : SimulatorModeType::EnumInfos()) {
-                const auto section = static_cast<SectionType::Enum>(i);
-                if (KeywordSyntaxUtils::IsValid(syntax, spelling, section, simulator.value, mode.value))
-                    row.cells[i] += LetterOf(mode.value);
-            }
-        }
-    }
-    return rows;
-}
-
-bool IsColumnEmpty(const std::vector<Row>& rows, int section)
-{
-    return std::all_of(
-        rows.begin(), rows.end(), [section](const Row& row) { return row.cells[section].empty(); });
+    return std::all_of(rows.begin(), rows.end(),
+        [section](const ValidityRow& row) { return row.cells.at(section).empty(); });
 }
 
 constexpr int simulatorWidth = 14;
 
 /// A column of the table, as wide as its head.
-std::string Cell(int section, const std::string& text)
+std::string Cell(std::size_t section, const std::string& text)
 {
     const std::string& head = SectionType::ToString(static_cast<SectionType::Enum>(section));
     return fmt::format("{:{}}", text, head.size() + 2);
 }
 
-std::string HeadLine(const std::vector<Row>& rows)
+std::string HeadLine(const std::vector<ValidityRow>& rows)
 {
     std::string line = fmt::format("    {:{}}", "", simulatorWidth);
-    for (int i = 0; i < SectionType::Count; ++i) {
+    for (std::size_t i = 0; i < SectionType::Count; ++i) {
         if (!IsColumnEmpty(rows, i))
             line += Cell(i, SectionType::ToString(static_cast<SectionType::Enum>(i)));
     }
     return TrimEnd(line);
 }
 
-std::string RowLine(const std::vector<Row>& rows, const Row& row)
+std::string RowLine(const std::vector<ValidityRow>& rows, const ValidityRow& row)
 {
     std::string line = fmt::format("    {:{}}", SimulatorType::ToString(row.simulator), simulatorWidth);
-    for (int i = 0; i < SectionType::Count; ++i) {
+    for (std::size_t i = 0; i < SectionType::Count; ++i) {
         if (!IsColumnEmpty(rows, i))
-            line += Cell(i, row.cells[i].empty() ? "-" : row.cells[i]);
+            line += Cell(i, row.cells.at(i).empty() ? "-" : row.cells.at(i));
     }
     return TrimEnd(line);
 }
 
-std::string Legend()
+} // namespace
+
+bool ValidityRow::IsEmpty() const
+{
+    return std::all_of(cells.begin(), cells.end(), [](const std::string& cell) { return cell.empty(); });
+}
+
+bool ValidityRow::IsFull() const
+{
+    return std::all_of(
+        cells.begin(), cells.end(), [this](const std::string& cell) { return cell == ModeCell(simulator); });
+}
+
+std::vector<ValidityRow> ValidityRows(const IKeywordSyntax& syntax, const std::string& spelling)
+{
+    std::vector<ValidityRow> rows;
+    for (const auto& simulator : SimulatorType::EnumInfos()) {
+        ValidityRow& row = rows.emplace_back();
+        row.simulator = simulator.value;
+        for (std::size_t i = 0; i < row.cells.size(); ++i) {
+            for (const auto& mode : SimulatorModeType::EnumInfos()) {
+                const auto section = static_cast<SectionType::Enum>(i);
+                if (KeywordSyntaxUtils::IsValid(syntax, spelling, section, simulator.value, mode.value))
+                    row.cells.at(i) += LetterOf(mode.value);
+            }
+        }
+    }
+    return rows;
+}
+
+std::string ModeLegend()
 {
     std::string legend;
     for (const auto& mode : SimulatorModeType::EnumInfos())
@@ -111,17 +107,15 @@ std::string Legend()
     return legend;
 }
 
-} // namespace
-
 std::string ValidityText(const IKeywordSyntax& syntax, const std::string& spelling)
 {
-    const std::vector<Row> rows = MakeRows(syntax, spelling);
-    if (std::all_of(rows.begin(), rows.end(), [](const Row& row) { return row.IsFull(); }))
+    const std::vector<ValidityRow> rows = ValidityRows(syntax, spelling);
+    if (std::all_of(rows.begin(), rows.end(), [](const ValidityRow& row) { return row.IsFull(); }))
         return "  valid: everywhere\n";
-    if (std::all_of(rows.begin(), rows.end(), [](const Row& row) { return row.IsEmpty(); }))
+    if (std::all_of(rows.begin(), rows.end(), [](const ValidityRow& row) { return row.IsEmpty(); }))
         return "  valid: nowhere\n";
-    std::string text = fmt::format("  valid ({}):\n{}\n", Legend(), HeadLine(rows));
-    for (const Row& row : rows)
+    std::string text = fmt::format("  valid ({}):\n{}\n", ModeLegend(), HeadLine(rows));
+    for (const ValidityRow& row : rows)
         text += RowLine(rows, row) + '\n';
     return text;
 }
