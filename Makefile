@@ -1,9 +1,9 @@
 # `make run` and `make test` set up what they need by themselves; see `make help`.
 
 .DEFAULT_GOAL := help
-.PHONY: help run test python setup-run setup-python setup-test setup-benchmark build-release build-python build-test \
-    build-asan build-fuzz build-benchmark check-format check-release check-asan check-threads check-lint lint-all format \
-    schema trust decks benchmark bench-gate bench-counts faults fuzz docs install clean
+.PHONY: help run test python setup-run setup-python setup-test setup-benchmark setup-editor build-release build-python \
+    build-test build-asan build-fuzz build-benchmark check-format check-release check-asan check-threads check-editor \
+    check-lint lint-all format schema trust decks benchmark bench-gate bench-counts faults fuzz docs editor install clean
 
 SOURCES = $(shell find quor python tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt language/units/*.txt)
@@ -27,7 +27,7 @@ run: setup-run build-release ## Build the release and try it on the deck of a fi
 	@echo "      $(QUOR) port YOUR.data --to Dunmere"
 	@echo "      $(QUOR) show WCONPROD, $(QUOR) --help"
 
-test: setup-test check-format docs check-release bench-gate check-asan check-threads check-lint ## Run all builds, tests and checks
+test: setup-test check-format docs check-release bench-gate check-editor check-asan check-threads check-lint ## Run all builds, tests and checks
 	@echo "== all passed"
 
 setup-run:
@@ -39,8 +39,8 @@ setup-python:
 setup-test:
 	@cmake/setup.sh test
 
-setup-benchmark:
-	@cmake/setup.sh benchmark
+setup-benchmark setup-editor: setup-%:
+	@cmake/setup.sh $*
 
 build-release build-test build-asan build-fuzz build-benchmark: build-%: configure-%
 	@cmake --build --preset $* -- --quiet
@@ -67,6 +67,13 @@ check-threads: setup-test configure-tsan
 	@cmake --build --preset tsan --target quor data-tests deck-tests -- --quiet
 	@build/tsan/bin/data-tests --gtest_brief=1 --gtest_filter='SharedTree*'
 	@build/tsan/bin/deck-tests --gtest_brief=1
+
+check-editor: setup-test build-test
+	@echo "== the extension of VS Code, the protocol, and a session in Neovim"
+	@editors/build.sh build/test/bin/quor build/test/editor
+	@QUOR=$(CURDIR)/build/test/bin/quor QUOR_EDITORS=$(CURDIR)/editors DECK=$(CURDIR)/$(DECK) timeout 120 \
+	    nvim --headless -u NONE -S editors/neovim/session.lua >build/test/editor/session.txt 2>&1 || \
+	    { cat build/test/editor/session.txt; exit 1; }
 
 # What the analyzer reads: `changed`, the files that differ from the parent of the branch, or `all`.
 LINT ?= changed
@@ -139,6 +146,10 @@ build-python: setup-python
 
 python: build-python ## Build a wheel of the Python module in build/release/python/dist
 	@python/wheel.sh build/release
+
+editor: setup-editor build-release ## Build the extension of VS Code and the colours of decks in build/editor
+	@editors/build.sh $(QUOR) build/editor pack
+	@echo "see editors/README.md: build/editor/$$(cd build/editor && ls *.vsix), build/editor/quor-deck.vim, quor-deck.xml"
 
 PREFIX ?= /usr/local
 install: build-python ## Install the release and the Python module below PREFIX (/usr/local)

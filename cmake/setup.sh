@@ -1,10 +1,18 @@
 #!/bin/sh
-# Installs the Debian packages that are missing for a make target:  setup.sh run|python|test|benchmark
+# Installs the Debian packages that are missing for a make target:  setup.sh run|python|test|benchmark|editor
 set -eu
 
-group=${1:?usage: setup.sh run|python|test|benchmark}
+group=${1:?usage: setup.sh run|python|test|benchmark|editor}
 list=$(dirname "$0")/packages.txt
-wanted=$(awk -v group="$group" '$1 == "run" || $1 == group || ($1 == "python" && group != "run") { print $2 }' "$list")
+wanted=
+while read -r target package command; do
+    case $target in
+    run | "$group") ;;
+    python) [ "$group" != run ] || continue ;;
+    *) continue ;;
+    esac
+    [ -n "$command" ] && command -v "$command" >/dev/null 2>&1 || wanted="$wanted $package"
+done <"$list"
 
 if ! command -v apt-get >/dev/null 2>&1; then
     echo "setup: no apt-get here; make sure that what these Debian packages hold is installed:" $wanted >&2

@@ -1,0 +1,71 @@
+-- Decks of reservoir simulators in Neovim 0.7 and later. Copy it to ~/.config/nvim/lua/ and call, in init.lua:
+--   require("quor").setup({ simulator = "Carrow" })
+
+local quor = {}
+
+local endings = { "data", "DATA", "inc", "INC", "grdecl", "GRDECL", "sch", "SCH" }
+
+-- One server for all decks below a folder with quor.toml, or with .git; else below the folder of the deck.
+local function root_of(path)
+  local folder = vim.fn.fnamemodify(path, ":p:h")
+  for _, mark in ipairs({ "quor.toml", ".git" }) do
+    local found = vim.fn.findfile(mark, folder .. ";")
+    if found == "" then
+      found = vim.fn.finddir(mark, folder .. ";")
+    end
+    if found ~= "" then
+      return vim.fn.fnamemodify(found, ":p:h")
+    end
+  end
+  return folder
+end
+
+local clients = {}
+
+local function attach(settings)
+  local root = root_of(vim.api.nvim_buf_get_name(0))
+  if not clients[root] or vim.lsp.client_is_stopped(clients[root]) then
+    clients[root] = vim.lsp.start_client({
+      name = "quor",
+      cmd = { settings.path or "quor", "language-server" },
+      root_dir = root,
+      init_options = {
+        simulator = settings.simulator,
+        mode = settings.mode,
+        root = settings.root,
+        strict = settings.strict,
+        variables = settings.variables,
+      },
+      on_attach = settings.on_attach,
+    })
+  end
+  if clients[root] then
+    vim.lsp.buf_attach_client(0, clients[root])
+  end
+end
+
+-- `settings`: path of the program, simulator, mode, root, strict, variables; `on_attach` for your own keys.
+function quor.setup(settings)
+  settings = settings or {}
+  local group = vim.api.nvim_create_augroup("quor", { clear = true })
+  for _, ending in ipairs(endings) do
+    vim.api.nvim_create_autocmd({ "BufRead", "BufNewFile" }, {
+      group = group,
+      pattern = "*." .. ending,
+      callback = function()
+        vim.bo.filetype = "quor-deck"
+      end,
+    })
+  end
+  vim.api.nvim_create_autocmd("FileType", {
+    group = group,
+    pattern = "quor-deck",
+    callback = function()
+      vim.bo.commentstring = "-- %s"
+      vim.bo.omnifunc = "v:lua.vim.lsp.omnifunc"
+      attach(settings)
+    end,
+  })
+end
+
+return quor
