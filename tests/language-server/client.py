@@ -3,6 +3,7 @@
 import json
 import pathlib
 import queue
+import re
 import subprocess
 import threading
 
@@ -13,7 +14,7 @@ class Client:
     def __init__(self, quor, options=None, folder=None):
         self.process = subprocess.Popen([quor, "language-server"], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.answers = queue.Queue()
-        self.notifications = []
+        self.published = {}
         self.texts = {}
         self.versions = {}
         self.last = 0
@@ -58,12 +59,12 @@ class Client:
         return self.last
 
     def receive(self, timeout=60):
-        """The next message, notifications kept on the way."""
+        """The next message; diagnostics are kept."""
         message = self.answers.get(timeout=timeout)
         if message is None:
             raise EOFError("the server is gone")
-        if "method" in message:
-            self.notifications.append(message)
+        if message.get("method") == "textDocument/publishDiagnostics":
+            self.published[message["params"]["uri"]] = message["params"]["diagnostics"]
         return message
 
     def finish(self, number):
@@ -93,13 +94,11 @@ class Client:
             "contentChanges": changes})
 
     def diagnostics(self, uri):
-        """The next ones that are published for the document."""
-        while True:
-            for message in self.notifications:
-                if message["method"] == "textDocument/publishDiagnostics" and message["params"]["uri"] == uri:
-                    self.notifications.remove(message)
-                    return message["params"]["diagnostics"]
-            self.receive()
+        """Those of the document as it is now: a request that waits for the deck to be read comes before."""
+        start = {"line": 0, "character": 0}
+        self.request("textDocument/codeAction", {"textDocument": {"uri": uri}, "range": {"start": start, "end": start},
+            "context": {"diagnostics": []}})
+        return self.published.get(uri, [])
 
     def close(self):
         self.request("shutdown", None)
@@ -109,7 +108,5 @@ class Client:
 
 def position(text, offset):
     """Of a character of a text, in units of UTF-16."""
-    before = text[:offset]
-    line = before.count("\n")
-    column = before[before.rfind("\n") + 1:]
-    return {"line": line, "character": len(column.encode("utf-16-le")) // 2}
+    lines = re.split("\r\n|\n|\r", text[:offset])
+    return {"line": len(lines) - 1, "character": len(lines[-1].encode("utf-16-le")) // 2}

@@ -18,7 +18,7 @@ Command MakeLanguageServerCommand(CLI::App& application)
                    "Example:\n"
                    "  quor language-server");
     return {&command, [](LoadedLanguage& language) {
-                return LanguageServer::Serve(language.GetTable()) ? Success : Failure;
+                return LanguageServer::Serve(language.GetTable()) ? 0 : 1; // as the protocol has it
             }};
 }
 

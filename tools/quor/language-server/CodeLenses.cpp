@@ -1,9 +1,10 @@
 #include "quor/data/Access.h"
 #include "quor/deck/ValueAddress.h"
+#include "quor/deck/WrittenWords.h"
 #include "quor/metadata/IKeywordListMD.h"
 #include "tools/quor/findings/FindingText.h"
+#include "tools/quor/language-server/Cursor.h"
 #include "tools/quor/language-server/Methods.h"
-#include "tools/quor/language-server/Scalars.h"
 #include "tools/quor/terminal/TextLayout.h"
 
 #include <fmt/format.h>
@@ -42,8 +43,11 @@ std::vector<std::string> IdentitiesOf(const Decks::Deck& deck, const Decks::Deck
         return identities;
     ForEachScalar(*keyword.FindData(), false, [&](const ScalarPlace& place) {
         const Decks::TextRange& range = (*ranges)[place.slot];
-        if (place.record && place.record->IsIdentifier(place.item) && range.length > 0)
-            identities[place.element] += ToUpper(std::string(deck.GetFiles().GetText(range))) + ' ';
+        if (!place.record || !place.record->IsIdentifier(place.item) || range.length == 0)
+            return;
+        const auto words = Decks::FindWords(deck.GetFiles().GetText(range));
+        if (!words.empty())
+            identities[place.element] += ToUpper(std::string(words.front().text)) + ' ';
     });
     std::map<std::string, int> counts;
     for (std::string& identity : identities)
@@ -111,14 +115,12 @@ Json ResolveCodeLens(Session& session, const Json& params)
     Json lens = params;
     const Json& data = params.at("data");
     const View view = session.ViewOf(data.at("uri").get<std::string>());
-    const auto then = view.ToThen(data.at("offset").get<std::size_t>());
-    const auto index = then ? view.GetState().FindKeywordBefore(view.file, *then) : std::nullopt;
+    const auto keyword =
+        view.places ? FindKeywordAt(view, data.at("offset").get<std::size_t>()) : std::nullopt;
     std::string title = "no records";
-    if (index && FindRecords(view.GetDeck()[*index])) {
-        const Decks::DeckKeyword keyword = view.GetDeck()[*index];
-        title = Plural(static_cast<std::size_t>(FindRecords(keyword)->GetSize()), "record")
-            + ChangesText(view.GetDeck(), keyword);
-    }
+    if (keyword && FindRecords(*keyword))
+        title = Plural(static_cast<std::size_t>(FindRecords(*keyword)->GetSize()), "record")
+            + ChangesText(view.GetDeck(), *keyword);
     lens["command"] = {{"title", title}, {"command", ""}};
     return lens;
 }

@@ -68,7 +68,7 @@ std::optional<ReadJob> DeckReader::Take()
 
 ReadResult DeckReader::Do(const ReadJob& job)
 {
-    ReadResult result{job.path};
+    ReadResult result{job.path, job.number};
     try {
         result.state = job.reading == Reading::DeckOfFile ? Search(job) : Read(job.path, job);
     } catch (const Decks::ReadCancelled&) {

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <cstddef>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -27,15 +28,17 @@ enum class Reading {
 struct ReadJob {
     std::string path; ///< of the deck or the file
     Reading reading = Reading::Deck;
+    std::size_t number = 0; ///< comes back with the result
     std::vector<std::string> folders = {}; ///< of the editor, for a search
     Core::Decks::ReadOptions options = {}; ///< their source has the open documents
     TextVersions versions = {}; ///< of these
 
-    bool IsLike(const ReadJob& other) const { return path == other.path && reading == other.reading; }
+    bool IsLike(const ReadJob& other) const { return path == other.path; }
 };
 
 struct ReadResult {
     std::string path; ///< of the job
+    std::size_t number = 0; ///< of the job
     StatePointer state = nullptr; ///< null if the deck can't be read
     std::string error = {}; ///< why
 };

@@ -2,7 +2,10 @@
 
 #include "quor/deck/DeckUnits.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
 namespace Veld::Quor::Tools::LanguageServer {
@@ -21,6 +24,15 @@ DeckState::DeckState(Core::Decks::Deck deck, std::string root, TextVersions vers
     }
     for (const Core::Decks::DeckKeyword keyword : deck_)
         byFile_[keyword.GetNameRange().file].push_back(static_cast<std::uint32_t>(keyword.GetIndex()));
+}
+
+std::string DeckState::LineText(const Core::Decks::TextRange& range) const
+{
+    const Core::Decks::Location location = deck_.GetFiles().LocationOf(range);
+    const std::filesystem::path folder = std::filesystem::path(root_).parent_path();
+    const std::string path = std::filesystem::path(location.file).lexically_relative(folder).string();
+    const bool isBelow = !path.empty() && !path.starts_with("..");
+    return fmt::format("{}:{}", isBelow ? path : location.file, location.line);
 }
 
 std::optional<std::uint32_t> DeckState::FindFile(const std::string& key) const

@@ -33,6 +33,8 @@ public:
     bool IsFragment() const { return isFragment_; }
     void MarkAsFragment() { isFragment_ = true; }
 
+    /// "include/wells.inc:12": from the folder of the deck if the file is below it.
+    std::string LineText(const Core::Decks::TextRange& range) const;
     /// The first inclusion of a file; empty if the deck doesn't have it.
     std::optional<std::uint32_t> FindFile(const std::string& key) const;
     /// What tells the file from others: see `KeyOfPath`.

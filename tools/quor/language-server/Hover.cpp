@@ -9,7 +9,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <numeric>
 #include <optional>
 
@@ -61,16 +60,6 @@ std::string DateLine(const Decks::DeckKeyword& keyword)
     return date.empty() ? "" : fmt::format("holds from {}\n\n", date);
 }
 
-/// "include/wells.inc:12", from the folder of the deck if the file is below it.
-std::string PlaceText(const View& view, const Decks::TextRange& range)
-{
-    const Decks::Location location = view.GetDeck().GetFiles().LocationOf(range);
-    const auto folder = std::filesystem::path(view.GetState().GetRoot()).parent_path();
-    const auto path = std::filesystem::path(location.file).lexically_relative(folder).string();
-    const bool isBelow = !path.empty() && !path.starts_with("..");
-    return fmt::format("{}:{}", isBelow ? path : location.file, location.line);
-}
-
 /// What a name is, and where it is defined.
 std::string NameText(Session& session, const View& view, std::uint32_t use)
 {
@@ -85,7 +74,7 @@ std::string NameText(Session& session, const View& view, std::uint32_t use)
         return text + ", no definition\n\n";
     const NameUse& first = names.GetUses()[*definition];
     return fmt::format("{}, defined by {} at {}\n\n", text, view.GetDeck()[first.keyword].GetName(),
-        Escaped(PlaceText(view, first.range)));
+        Escaped(view.GetState().LineText(first.range)));
 }
 
 std::string ScalarText(const View& view, const Decks::DeckKeyword& keyword, const ScalarAt& scalar)

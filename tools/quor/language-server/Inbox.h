@@ -13,9 +13,7 @@
 namespace Veld::Quor::Tools::LanguageServer {
 
 /// A message that is no JSON.
-struct BadMessage {
-    std::string text; ///< why
-};
+struct BadMessage { };
 /// The client is gone.
 struct EndOfMessages { };
 

@@ -40,15 +40,6 @@ const Shift& Places::ShiftOf(std::uint32_t file) const
     return cached.shift;
 }
 
-bool Places::IsFresh() const
-{
-    for (std::uint32_t file = 0; file < state_->GetDeck().GetFiles().GetSize(); ++file) {
-        if (!ShiftOf(file).IsNone())
-            return false;
-    }
-    return true;
-}
-
 /// Of bytes in the document, or in the file if there is none.
 Span Places::SpanNow(std::uint32_t file, const ByteRange& range) const
 {

@@ -26,9 +26,6 @@ public:
 
     /// From the text of the file that was read to that of its document now.
     const Shift& ShiftOf(std::uint32_t file) const;
-    /// Whether no open file of the deck was changed since it was read.
-    bool IsFresh() const;
-
     /// Where the bytes are now; empty if they were changed.
     std::optional<Span> SpanOf(const Core::Decks::TextRange& range) const;
     /// The same for what may have been changed within.

@@ -25,12 +25,6 @@ namespace {
     throw RequestError(ErrorCode::RequestFailed, why);
 }
 
-std::string LocationOf(const Decks::Deck& deck, const Decks::TextRange& range)
-{
-    const Decks::Location location = deck.GetFiles().LocationOf(range);
-    return fmt::format("{}:{}", location.file, location.line);
-}
-
 /// '*' stands for any characters, '?' for one.
 bool IsMatch(std::string_view pattern, std::string_view text)
 {
@@ -47,6 +41,7 @@ class Renaming {
 public:
     Renaming(Session& session, const View& view, std::vector<std::uint32_t> names, std::string newName)
         : session_(session)
+        , state_(view.GetState())
         , deck_(view.GetDeck())
         , index_(view.GetState().GetNames())
         , names_(std::move(names))
@@ -78,9 +73,11 @@ private:
     void CheckLength() const;
     void CheckPatterns() const;
     void CheckHiddenNames() const;
+    bool HidesName(const Decks::DeckKeyword& keyword) const;
     std::string NewWord(const Decks::TextRange& range) const;
 
     Session& session_;
+    const DeckState& state_;
     const Decks::Deck& deck_;
     const NameIndex& index_;
     std::vector<std::uint32_t> names_;
@@ -146,24 +143,29 @@ void Renaming::CheckPatterns() const
         const std::string pattern = ToUpper(other.text);
         if (isPattern && isOfKind && IsMatch(pattern, ToUpper(old_)) != IsMatch(pattern, ToUpper(new_)))
             Refuse(fmt::format("the pattern '{}' at {} stands for only one of '{}' and '{}'; change it first",
-                other.text, LocationOf(deck_, index_.GetUses()[other.uses.front()].range), old_, new_));
+                other.text, state_.LineText(index_.GetUses()[other.uses.front()].range), old_, new_));
     }
 }
 
-/// Errors in a keyword hide what its words are.
+/// Whether the text of a keyword has the old name where it isn't known to be a name.
+bool Renaming::HidesName(const Decks::DeckKeyword& keyword) const
+{
+    const Decks::TextRange range = keyword.GetRange();
+    const auto words = Decks::FindWords(keyword.GetText());
+    return std::any_of(words.begin(), words.end(), [&](const Decks::WrittenWord& word) {
+        return ToUpper(std::string(word.text)) == ToUpper(old_)
+            && index_.FindAt(range.file, range.offset + word.offset).empty();
+    });
+}
+
+/// Errors in a keyword may hide what its words are.
 void Renaming::CheckHiddenNames() const
 {
     for (const Decks::DeckKeyword keyword : deck_) {
-        const auto& items = session_.GetNameRules().Get(keyword.GetSyntax());
-        const bool mayHave = std::any_of(items.begin(), items.end(), [&](const NamedItem& item) {
-            return std::any_of(names_.begin(), names_.end(),
-                [&](std::uint32_t name) { return index_.GetNames()[name].kind == item.kind; });
-        });
-        if (!mayHave || !keyword.FindData() || FindValueRanges(deck_, keyword))
-            continue;
-        if (ToUpper(std::string(keyword.GetText())).find(ToUpper(old_)) != std::string::npos)
-            Refuse(fmt::format("{} at {} has errors, which hide its names; fix them first", keyword.GetName(),
-                LocationOf(deck_, keyword.GetNameRange())));
+        const bool hasNames = !session_.GetNameRules().Get(keyword.GetSyntax()).empty();
+        if (hasNames && !keyword.IsSound() && HidesName(keyword))
+            Refuse(fmt::format("{} at {} has errors, which hide whether '{}' is a name; fix them first",
+                keyword.GetName(), state_.LineText(keyword.GetNameRange()), old_));
     }
 }
 
@@ -173,8 +175,8 @@ std::string Renaming::NewWord(const Decks::TextRange& range) const
     const std::string_view text = deck_.GetFiles().GetText(range);
     const auto words = Decks::FindWords(text);
     if (words.size() != 1 || words.front().count > 1)
-        Refuse(fmt::format(
-            "the name at {} is repeated by a count; write it out first", LocationOf(deck_, range)));
+        Refuse(
+            fmt::format("the name at {} is repeated by a count; write it out first", state_.LineText(range)));
     const bool isPlain = std::isalpha(static_cast<unsigned char>(new_.front())) != 0
         && std::all_of(new_.begin(), new_.end(),
             [](unsigned char c) { return std::isalnum(c) != 0 || c == '_' || c == '-'; });

@@ -52,6 +52,7 @@ public:
     }
 
     void AddKeywords(bool withData);
+    void AddInclusions();
     void AddComments();
     Json Encode();
 
@@ -89,6 +90,20 @@ void Colours::AddKeywords(bool withData)
         Add(keyword.GetNameRange(), isSection ? TokenType::Section : TokenType::Keyword);
         if (withData)
             AddData(keyword);
+    }
+}
+
+/// The keywords that include files.
+void Colours::AddInclusions()
+{
+    const Decks::DeckFiles& files = view_.GetDeck().GetFiles();
+    for (std::uint32_t file = 1; file < files.GetSize(); ++file) {
+        const auto& inclusion = files.Get(file).inclusion;
+        if (!inclusion || inclusion->file != view_.file)
+            continue;
+        const std::string_view text = files.GetText(*inclusion);
+        Add({view_.file, inclusion->offset, std::min(text.find_first_of(" \t\r\n"), text.size())},
+            TokenType::Keyword);
     }
 }
 
@@ -172,8 +187,10 @@ Json SemanticTokens(Session& session, const Json& params)
     const View view = session.ViewOf(UriIn(params));
     Colours colours(session, view, {0, view.GetText().size()});
     const bool isSmall = view.document->GetLines().GetCount() <= mostLines;
-    if (view.places)
+    if (view.places) {
         colours.AddKeywords(isSmall);
+        colours.AddInclusions();
+    }
     if (isSmall)
         colours.AddComments();
     return colours.Encode();
@@ -185,8 +202,10 @@ Json SemanticTokensInRange(Session& session, const Json& params)
     const Span span = SpanIn(params.at("range"));
     const std::size_t begin = view.OffsetOf(span.begin);
     Colours colours(session, view, {begin, std::max(view.OffsetOf(span.end), begin) - begin});
-    if (view.places)
+    if (view.places) {
         colours.AddKeywords(true);
+        colours.AddInclusions();
+    }
     colours.AddComments();
     return colours.Encode();
 }

@@ -41,8 +41,8 @@ void ReadMessages(Inbox& inbox)
     while (const auto content = ReadMessage(stdin)) {
         try {
             inbox.Push(Json::parse(*content));
-        } catch (const Json::exception& error) {
-            inbox.Push(BadMessage{error.what()});
+        } catch (const Json::exception&) {
+            inbox.Push(BadMessage());
         }
     }
     inbox.Push(EndOfMessages());
@@ -87,8 +87,8 @@ bool Server::Run()
             Handle(*message);
         } else if (auto* const result = std::get_if<ReadResult>(&event)) {
             session_.Take(std::move(*result));
-        } else if (const auto* const bad = std::get_if<BadMessage>(&event)) {
-            SendError(nullptr, ErrorCode::ParseError, bad->text);
+        } else if (std::holds_alternative<BadMessage>(event)) {
+            SendError(nullptr, ErrorCode::ParseError, "the message is no JSON");
         } else {
             isOver_ = true;
         }
@@ -168,8 +168,8 @@ void Server::Answer(const Json& message, const Method& method)
             SendMessage({{"jsonrpc", "2.0"}, {"id", id}, {"result", std::move(result)}});
     } catch (const RequestError& error) {
         fail(error.GetCode(), error.what());
-    } catch (const Json::exception& error) {
-        fail(ErrorCode::InvalidParams, error.what());
+    } catch (const Json::exception&) {
+        fail(ErrorCode::InvalidParams, "the parameters are not those of the protocol");
     } catch (const std::exception& error) {
         fail(ErrorCode::InternalError, error.what());
     }

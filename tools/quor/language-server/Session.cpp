@@ -171,7 +171,6 @@ const Places* Session::FindDeck(const std::string& key) const
 
 void Session::MarkChanged(const std::string& key)
 {
-    hasFailed_ = false;
     bool isKnown = false;
     for (const auto& [root, deck] : decks_) {
         if (deck->GetState().FindFile(key) && !deck->GetState().IsFragment()) {
@@ -230,13 +229,17 @@ bool Session::MayBecomeFresh(const std::string& uri) const
     if (document == documents_.GetAll().end())
         return false;
     const Places* const deck = FindDeck(document->second.GetKey());
-    return deck ? !deck->IsFresh() : !hasFailed_;
+    if (!deck)
+        return !toRead_.empty() || !pending_.empty();
+    const std::string& root = deck->GetState().GetRoot();
+    return toRead_.count(root) > 0 || pending_.count(root) > 0;
 }
 
 void Session::Take(ReadResult result)
 {
-    hasFailed_ = !result.state;
-    if (hasFailed_) {
+    if (const auto job = pending_.find(result.path); job != pending_.end() && job->second == result.number)
+        pending_.erase(job);
+    if (!result.state) {
         TakeFailure(result);
         return;
     }
@@ -270,7 +273,7 @@ void Session::TakeFailure(const ReadResult& result)
 ReadJob Session::MakeJob(const std::string& path, Reading reading) const
 {
     const auto source = std::make_shared<Decks::MemorySource>(std::make_shared<Decks::FileSource>());
-    ReadJob job{path, reading, folders_};
+    ReadJob job{path, reading, 0, folders_};
     for (const auto& [uri, document] : documents_.GetAll()) {
         source->Set(document.GetKey(), document.GetSource());
         job.versions[document.GetKey()] = document.GetVersion();
@@ -287,8 +290,12 @@ ReadJob Session::MakeJob(const std::string& path, Reading reading) const
 
 void Session::SubmitReads()
 {
-    for (const auto& [path, reading] : std::exchange(toRead_, {}))
-        reader_.Submit(MakeJob(path, reading));
+    for (const auto& [path, reading] : std::exchange(toRead_, {})) {
+        ReadJob job = MakeJob(path, reading);
+        job.number = ++jobs_;
+        pending_[path] = job.number;
+        reader_.Submit(std::move(job));
+    }
 }
 
 /// Sends what has changed. A file of several decks has the diagnostics of all.

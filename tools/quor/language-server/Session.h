@@ -69,7 +69,7 @@ public:
     View ViewOf(const std::string& uri);
     /// The decks that were read, by path.
     const std::map<std::string, std::unique_ptr<Places>>& GetDecks() const { return decks_; }
-    /// Whether the document is open, and its deck being read: it was changed since, or never read.
+    /// Whether the document is open, and its deck is to be read or being read.
     bool MayBecomeFresh(const std::string& uri) const;
 
     // For the loop of the server.
@@ -97,11 +97,12 @@ private:
     std::vector<std::pair<std::string, const Core::Keywords::IKeywordSyntax*>> keywords_;
     bool keywordsAreMissing_ = true;
     Explanations explanations_;
-    bool hasFailed_ = false; // the last read
     std::vector<std::string> folders_;
     Documents documents_;
     std::map<std::string, std::unique_ptr<Places>> decks_; // by path of the root
     std::map<std::string, Reading> toRead_; // by path
+    std::map<std::string, std::size_t> pending_; // the last job of each path that has no result yet
+    std::size_t jobs_ = 0;
     std::map<std::string, std::map<std::string, Json>> published_; // diagnostics, by root and URI
     DeckReader reader_; // last: its thread uses the others
 };

@@ -7,6 +7,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <string_view>
 
 namespace Veld::Quor::Tools::LanguageServer {
@@ -47,6 +48,15 @@ int CountNeeded(const IKeywordRecordMD& record)
     return std::min(needed, record.GetSize());
 }
 
+bool IsFlat(const IKeywordRecordMD& record)
+{
+    for (int i = 0; i < record.GetSize(); ++i) {
+        if (!KeywordUtils::IsItemMDType(record.GetItemMD(i)))
+            return false;
+    }
+    return true;
+}
+
 std::string ColumnsComment(const IKeywordRecordMD& record)
 {
     std::string text = "--";
@@ -55,13 +65,46 @@ std::string ColumnsComment(const IKeywordRecordMD& record)
     return EscapedForSnippet(text) + '\n';
 }
 
-std::string RecordLine(const IKeywordRecordMD& record)
-{
-    std::string text = " ";
-    for (int i = 0; i < CountNeeded(record); ++i)
-        text += fmt::format(" ${{{}:{}}}", i + 1, EscapedForSnippet(record.GetItemMD(i)->GetName()));
-    return text + (record.GetTermination() == IKeywordDataMD::TerminationType::EOL ? "\n" : " /\n");
-}
+/// Lines with placeholders, counted on.
+class SnippetLines {
+public:
+    std::string LinesOf(const IKeywordDataMD& md)
+    {
+        return VisitMD(md,
+            Overloaded{[this](const IKeywordRecordMD& record) { return LinesOfRecord(record); },
+                [this](const IKeywordListMD& list) { return LinesOfList(list); },
+                [this](const IKeywordMapMD&) { return fmt::format("  ${} /\n", ++last_); },
+                [this](const IKeywordDataMD&) { return fmt::format("  ${}\n", ++last_); }});
+    }
+
+private:
+    std::string LinesOfRecord(const IKeywordRecordMD& record)
+    {
+        if (record.GetSize() == 0)
+            return "/\n";
+        std::string text;
+        if (!IsFlat(record)) {
+            for (int i = 0; i < record.GetSize(); ++i)
+                text += LinesOf(*record.GetItemMD(i));
+            return text;
+        }
+        text = ColumnsComment(record) + ' ';
+        for (int i = 0; i < CountNeeded(record); ++i)
+            text += fmt::format(" ${{{}:{}}}", ++last_, EscapedForSnippet(record.GetItemMD(i)->GetName()));
+        return text + (record.GetTermination() == IKeywordDataMD::TerminationType::SLASH ? " /\n" : "\n");
+    }
+
+    std::string LinesOfList(const IKeywordListMD& list)
+    {
+        const IKeywordDataMD* const item = list.GetItemMD();
+        const bool endsBySlash = list.GetTermination() == IKeywordDataMD::TerminationType::SLASH;
+        if (!item || KeywordUtils::IsItemMDType(item))
+            return fmt::format("  ${}{}\n", ++last_, endsBySlash ? " /" : "");
+        return LinesOf(*item) + (endsBySlash ? "/\n" : "");
+    }
+
+    int last_ = 0; // placeholder
+};
 
 } // namespace
 
@@ -69,24 +112,7 @@ std::string SnippetOf(const IKeywordSyntax& syntax, const std::string& spelling)
 {
     const std::string name = EscapedForSnippet(spelling) + '\n';
     const IKeywordDataMD* const md = syntax.GetDataMD();
-    if (!md)
-        return name;
-    return name
-        + VisitMD(*md,
-            Overloaded{[](const IKeywordRecordMD& record) {
-                           return record.GetSize() == 0 ? std::string("/\n")
-                                                        : ColumnsComment(record) + RecordLine(record);
-                       },
-                [](const IKeywordListMD& list) {
-                    const IKeywordDataMD* const item = list.GetItemMD();
-                    const bool endsBySlash = list.GetTermination() == IKeywordDataMD::TerminationType::SLASH;
-                    if (!item || item->GetType() != IKeywordDataMD::MDType::Record)
-                        return std::string(endsBySlash ? "  $1 /\n" : "  $1\n");
-                    const auto& record = static_cast<const IKeywordRecordMD&>(*item);
-                    return ColumnsComment(record) + RecordLine(record) + (endsBySlash ? "/\n" : "");
-                },
-                [](const IKeywordMapMD&) { return std::string("  $1 /\n"); },
-                [](const IKeywordDataMD&) { return std::string("  $1\n"); }});
+    return md ? name + SnippetLines().LinesOf(*md) : name;
 }
 
 } // namespace Veld::Quor::Tools::LanguageServer
