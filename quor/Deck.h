@@ -18,6 +18,7 @@
 #include "quor/deck/Finding.h"
 #include "quor/deck/FindingCodes.h"
 #include "quor/deck/Portability.h"
+#include "quor/deck/PrintableText.h"
 #include "quor/deck/ReadOptions.h"
 #include "quor/deck/Target.h"
 #include "quor/deck/TextRange.h"

@@ -1,5 +1,7 @@
 #include "quor/data/PathAliases.h"
 
+#include <algorithm>
+
 namespace Veld::Quor::Core::Keywords {
 
 namespace {
@@ -12,13 +14,23 @@ bool IsEndOfReference(const std::string& text, std::string::size_type at)
     return at == text.size() || text[at] == '/' || text[at] == '\\';
 }
 
+/// The next reference after `from`; the size of the text if there is none.
+std::string::size_type FindReference(
+    const std::string& text, const std::string& reference, std::string::size_type from)
+{
+    std::string::size_type at = from < text.size() ? text.find(reference, from) : std::string::npos;
+    while (at != std::string::npos && !IsEndOfReference(text, at + reference.size()))
+        at = text.find(reference, at + 1);
+    return std::min(at, text.size());
+}
+
 void Replace(std::string& text, const std::string& reference, const std::string& path)
 {
-    std::string::size_type at = text.find(reference);
-    while (at < text.size()) {
-        if (IsEndOfReference(text, at + reference.size()))
-            text.replace(at, reference.size(), path);
-        at = at < text.size() ? text.find(reference, at + 1) : text.size();
+    const bool isLoop = FindReference(path, reference, 1) < path.size();
+    std::string::size_type at = FindReference(text, reference, 0);
+    while (at < text.size() && text.size() + path.size() <= PathAliases::maxLength + reference.size()) {
+        text.replace(at, reference.size(), path);
+        at = FindReference(text, reference, at + (isLoop ? path.size() : 1));
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "quor/foundation/Export.h"
 
+#include <cstddef>
 #include <map>
 #include <string>
 
@@ -23,9 +24,13 @@ public:
     void setAlias(const std::string& alias, const std::string& path);
 
     /// Replaces the references in `path` by what they stand for, each up to the end, a slash or a backslash.
-    /// The result says whether a "$" is left: true if something could not be resolved. A path that refers to
-    /// its own alias after its first character makes the text grow without end.
+    /// The result says whether a "$" is left: true if something could not be resolved. The reference of a path
+    /// to its own alias is not replaced again, and no reference that would make the text longer than
+    /// `maxLength`.
     bool resolvePathAliases(const std::string& path, std::string& resolved) const;
+
+    /// In bytes: the system opens no longer name.
+    static constexpr std::size_t maxLength = 4096;
 
 private:
     static std::string aliasReference(const std::string& alias);

@@ -23,6 +23,7 @@ struct DeckFile {
                                         ///< name; none for the deck itself
     std::size_t end = 0; ///< where reading left it: before the word that ends an included file, or the size
     std::string includedAs = {}; ///< the name in the deck, path aliases replaced; empty for the deck itself
+    bool isOutside = false; ///< whether it is not below the folder of the deck, links followed
 };
 
 class DeckText;

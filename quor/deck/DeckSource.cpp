@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <filesystem>
 #include <map>
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -18,6 +19,8 @@ std::string Normal(const std::string& path)
 {
     std::error_code error; // the current folder was removed
     const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    if (error == std::errc::not_enough_memory)
+        throw std::bad_alloc();
     return (error ? std::filesystem::path(path) : absolute).lexically_normal().string();
 }
 

@@ -24,12 +24,18 @@ public:
 /// The bytes of one file of a deck. Never changes, so any number of decks and threads may share it.
 class VELD_QUOR_EXPORT SourceText {
 public:
-    /// Reads a regular file. A large one is mapped into memory: other programs must not cut it short while
-    /// the text lives. Throws `SourceError` if there is no such file, it can't be read, or it is a folder, a
-    /// pipe or a device; also for one whose size isn't known (below /proc) if it has more than 64 MiB.
+    /// Reads a regular file. Throws `SourceError` if there is no such file, it can't be read, or it is a
+    /// folder, a pipe or a device; also for one whose size isn't known (below /proc) if it has more than
+    /// 64 MiB, and for one that another program cuts short meanwhile.
     static std::shared_ptr<const SourceText> FromFile(const std::string& path);
     /// Keeps the bytes, a byte order mark included.
     static std::shared_ptr<const SourceText> FromMemory(std::string bytes);
+
+    /// From now on large files are mapped into memory, not copied, so that reading a large deck takes no
+    /// memory for its text. Sets a handler of the signal SIGBUS for the process, which passes on what isn't
+    /// about such a file; set another one before, or pass on to this one. If another program cuts a mapped
+    /// file short, what is missing reads as zero bytes, and reading a deck from it throws `SourceError`.
+    static void AllowMapping();
 
     ~SourceText();
     SourceText(const SourceText&) = delete;
@@ -42,6 +48,8 @@ public:
     /// Whether the bytes begin with the byte order mark of an encoding in 16-bit units, which decks can't
     /// have.
     bool IsWide() const;
+    /// False once bytes of a mapped file were asked for that it no longer has.
+    bool IsIntact() const;
     /// A hint that these bytes of a mapped file aren't needed soon. They stay readable.
     void Release(std::size_t begin, std::size_t end) const;
 

@@ -137,6 +137,18 @@ ReadOptions& ReadOptions::SetPathAlias(const std::string& name, const std::strin
     return *this;
 }
 
+ReadOptions& ReadOptions::SetConfined(bool isConfined)
+{
+    GetSettings().isConfined = isConfined;
+    return *this;
+}
+
+ReadOptions& ReadOptions::SetOutsideTextShown(bool isShown)
+{
+    GetSettings().isOutsideTextShown = isShown;
+    return *this;
+}
+
 const Target& ReadOptions::GetTarget() const
 {
     return GetSettings().target;
@@ -170,6 +182,16 @@ bool ReadOptions::IsEditable() const
 bool ReadOptions::IsStrict() const
 {
     return GetSettings().isStrict;
+}
+
+bool ReadOptions::IsConfined() const
+{
+    return GetSettings().isConfined;
+}
+
+bool ReadOptions::IsOutsideTextShown() const
+{
+    return GetSettings().isOutsideTextShown;
 }
 
 ReadSettings& ReadOptions::GetSettings() const

@@ -98,6 +98,14 @@ public:
     /// `name` may begin with the "$". Throws `std::invalid_argument` if it is no name, or a "$" is in `path`.
     ReadOptions& SetPathAlias(const std::string& name, const std::string& path);
 
+    /// Whether only files below the folder of the deck are read, wherever links lead: another is reported like
+    /// one that is missing, whether it is there or not. For decks of strangers. False at first.
+    ReadOptions& SetConfined(bool isConfined);
+    /// Whether findings quote files outside the folder of the deck (`DeckFile::isOutside`). If not, a finding
+    /// in one has no excerpt and no fix, and dots for what its message and its hint quote. A deck of a
+    /// stranger can't have the files of a user printed then. True at first.
+    ReadOptions& SetOutsideTextShown(bool isShown);
+
     // What was set. References are valid as long as the options.
 
     /// `Any` for what was not set.
@@ -114,6 +122,10 @@ public:
     bool IsEditable() const;
     /// Whether strict codes are reported too.
     bool IsStrict() const;
+    /// Whether only files below the folder of the deck are read.
+    bool IsConfined() const;
+    /// Whether findings quote files outside the folder of the deck.
+    bool IsOutsideTextShown() const;
 
 private:
     friend class Deck;

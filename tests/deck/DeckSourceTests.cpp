@@ -110,6 +110,33 @@ TEST(AFile, IsReadToItsEndOrRefused)
     EXPECT_EQ(SourceText::FromFile(folder.Write("empty", ""))->GetText(), "");
 }
 
+TEST(AFile, ThatIsCutShortWhileItIsReadIsRefused)
+{
+    const TemporaryDirectory folder;
+    const std::string number = "1234567 ";
+    std::string array = "GRID\nPORO\n ";
+    while (array.size() < std::size_t(3) << 20)
+        array += number;
+    const auto cut = [&](std::size_t, std::size_t) {
+        std::filesystem::resize_file(folder.Path() / "a.inc", 9);
+    };
+    const auto read = [&] {
+        folder.Write("a.inc", array + "/\n");
+        return Deck::Read(
+            folder.Write("d.data", "INCLUDE 'a.inc' /\n"), SourceLanguage(), ReadOptions().SetProgress(cut));
+    };
+    EXPECT_EQ(ReasonOf(read), "") << "it was copied";
+    SourceText::AllowMapping();
+    const std::string place = folder.Path().string();
+    EXPECT_EQ(ReasonOf(read),
+        "can't read '" + place + "/d.data': '" + place + "/a.inc' was cut short while it was read");
+    folder.Write("a.inc", array + "/\n");
+    const auto text = SourceText::FromFile(place + "/a.inc");
+    std::filesystem::resize_file(folder.Path() / "a.inc", 0);
+    EXPECT_EQ(text->GetText().back(), '\0');
+    EXPECT_FALSE(text->IsIntact());
+}
+
 TEST(MemoryAlone, HasNoOtherFiles)
 {
     EXPECT_THROW(FindingsOf("deck.data", std::make_shared<MemorySource>()), SourceError);

@@ -2,6 +2,9 @@
 #include "quor/deck/DeckDifference.h"
 #include "quor/deck/DeckFormatter.h"
 #include "quor/deck/DeckSummary.h"
+#include "quor/metadata/IKeywordRecordMD.h"
+#include "quor/metadata/KeywordIntegerMDImpl.h"
+#include "quor/syntax/KeywordSyntaxUtils.h"
 #include "tests/support/Documents.h"
 
 #include <gtest/gtest.h>
@@ -82,6 +85,29 @@ TEST(SharedLanguage, IsReadWithBySeveralThreads)
                                 "wrong-section:13 wrong-simulator:15 unclosed-scope:16";
     for (std::size_t i = 0; i < found.size(); ++i)
         EXPECT_EQ(found[i], i % 2 == 0 ? carrow : dunmere);
+}
+
+TEST(SharedTable, AnswersSeveralThreads)
+{
+    const LoadedTable table(keywords);
+    const IKeywordSyntax* const needsAll = table->Lookup("NEEDSALL", true);
+    const IKeywordSyntax* const open = table->Lookup("OPEN", true);
+    const IKeywordSyntax* const dimens = table->Lookup("DIMENS", true);
+    std::vector<std::string> answers(8);
+    std::vector<std::thread> threads;
+    for (std::string& answer : answers)
+        threads.emplace_back([&] {
+            for (const std::string& name : needsAll->GetPrecedents(SectionType::GRID))
+                answer += name + ' ';
+            answer += open->GetScopeKeywords().front()->GetName() + open->GetScopeSyntax()->GetName();
+            const auto* const record = static_cast<const IKeywordRecordMD*>(dimens->GetDataMD());
+            const auto* const size = static_cast<const KeywordIntegerMDImpl*>(record->GetItemMD(0));
+            answer += ' ' + std::to_string(size->GetDefaults().size())
+                + std::to_string(KeywordSyntaxUtils::IsSKIP(KeywordSyntaxUtils::GetSKIP()));
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(answers, std::vector<std::string>(8, "FLAG NEEDS OTHER SHUTSHUT 71"));
 }
 
 /// What several answers of the deck come to; each of them works something out at its first use.

@@ -111,8 +111,11 @@ Empty:  => line 1: invalid JSON; create a new baseline with --write-baseline
 CutShort: {"version": 1,\n"findings": [{ => line 2: invalid JSON; create a new baseline with --write-baseline
 OtherJson: [1] => expected an array "findings"; create a new baseline with --write-baseline
 OtherVersion: {"version": 2, "findings": []} => expected "version" 1; create a new baseline with --write-baseline
-NoText: {"version": 1, "findings": [{"code": "a", "file": "b"}]} => finding 1: expected a string "text"; create a new baseline with --write-baseline
-NegativeCount: {"version": 1, "findings": [{"code": "a", "file": "b", "text": "c", "count": -1}]} => finding 1: expected "count" above 0; create a new baseline with --write-baseline
+NoText: {"version": 1, "findings": [{"code": "a", "file": "b"}]} => line 1: finding 1: expected a string "text"; create a new baseline with --write-baseline
+NoObject: {"version": 1, "findings": [\n{"code": "a", "file": "b", "text": "c", "count": 1},\n7]} => line 3: finding 2: expected an object; create a new baseline with --write-baseline
+UnknownMember: {"version": 1, "findings": [\n{"code": "a", "file": "b", "text": "c", "count": 1, "line": 3}]} => line 2: finding 1: unknown member "line"; create a new baseline with --write-baseline
+OddNumber: {"version": 1, "findings": [\n{"code": "a", "file": "b", "text": "c", "count": 1e999\n}]} => line 2: invalid JSON; create a new baseline with --write-baseline
+NegativeCount: {"version": 1, "findings": [{"code": "a", "file": "b", "text": "c", "count": -1}]} => line 1: finding 1: expected "count" as a whole number above 0; create a new baseline with --write-baseline
 )")),
     CaseName<Row>);
 

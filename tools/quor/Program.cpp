@@ -1,6 +1,7 @@
 #include "tools/quor/Program.h"
 
 #include "quor/deck/DeckLanguage.h"
+#include "quor/deck/DeckSource.h"
 #include "tools/quor/Version.h"
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/LoadedLanguage.h"
@@ -165,11 +166,12 @@ int RunProgram(int argc, char** argv)
 {
     std::signal(SIGPIPE, SIG_IGN); // a reader that goes away is a failed write, reported by the exit status
     std::signal(SIGXFSZ, SIG_IGN); // so is a file that may grow no further
+    Decks::SourceText::AllowMapping();
     int status = Failure;
     try {
         status = RunCommand(argc, argv);
     } catch (const std::bad_alloc&) {
-        PrintError("out of memory");
+        PrintOutOfMemory();
     } catch (const std::exception& error) {
         PrintError(error.what());
     }

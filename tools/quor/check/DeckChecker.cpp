@@ -3,6 +3,7 @@
 #include "quor/deck/Deck.h"
 #include "tools/quor/check/CheckReport.h"
 #include "tools/quor/check/CheckStatistics.h"
+#include "tools/quor/commands/DeckReading.h"
 #include "tools/quor/commands/LoadedLanguage.h"
 #include "tools/quor/commands/StandardInput.h"
 #include "tools/quor/findings/FindingCodes.h"
@@ -60,6 +61,7 @@ DeckResult DeckChecker::Check(const std::string& path, bool withProgress)
     try {
         const Decks::Deck deck = ReadDeckOrThrow(path, read, language, withProgress);
         const CheckedDeck checked = Keep(result.deck, deck, settings, options_);
+        PrintHiddenText(checked.findings, deck);
         result.status = StatusOf(checked.findings, settings);
         result.counts = CountsJson({checked.findings});
         if (options_.hasStatistics)

@@ -176,6 +176,7 @@ Command MakeCheckCommand(CLI::App& application)
     command.add_option("DECK", options->decks, "Decks to check; without any, those of the project")
         ->type_name("FILE");
     AddReadOptions(command, options->read);
+    AddShowOutsideOption(command, options->read.read);
     AddSettingOptions(command, options->read.settings.given,
         {"rules", "check.select", "check.ignore", "check.raise", "check.strict", "check.fail-on",
             "check.max-findings", "check.baseline"});

@@ -2,6 +2,7 @@
 
 #include "quor/deck/DeckSource.h"
 #include "tools/quor/commands/CommonOptions.h"
+#include "tools/quor/commands/StampedFiles.h"
 #include "tools/quor/commands/StandardInput.h"
 #include "tools/quor/findings/FindingText.h"
 #include "tools/quor/settings/SettingOptions.h"
@@ -12,6 +13,7 @@
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <memory>
 #include <stdexcept>
 #include <vector>
@@ -65,6 +67,28 @@ void AddTextOptions(CLI::App& command, DeckReadOptions& options)
     AddStandardInputOption(command, options.read);
     AddSettingOptions(command, options.settings.given, {"variables", "aliases", "max-repeated-values"});
     AddSettingsFileOptions(command, options.settings);
+    command.add_flag_callback(
+        "--confined", [&options] { options.read.SetConfined(true); },
+        "Don't read files outside the folder of the deck, such as a deck of a stranger may include");
+}
+
+void AddShowOutsideOption(CLI::App& command, Decks::ReadOptions& options)
+{
+    options.SetOutsideTextShown(false);
+    command.add_flag_callback(
+        "--show-outside", [&options] { options.SetOutsideTextShown(true); },
+        "Quote the text of included files that are outside the folder of the deck too");
+}
+
+void PrintHiddenText(const Decks::Findings& findings, const Decks::Deck& deck)
+{
+    const auto isHidden = [&deck](const Decks::Finding& finding) {
+        return deck.GetFiles().Get(finding.range.file).isOutside;
+    };
+    if (!deck.GetOptions().IsOutsideTextShown() && std::any_of(findings.begin(), findings.end(), isHidden))
+        PrintAside(
+            "quor: the text of files outside the folder of the deck is not shown; use --show-outside to "
+            "show it\n");
 }
 
 Decks::ReadOptions OptionsFor(const std::string& path, const DeckReadOptions& options)
@@ -84,7 +108,7 @@ Decks::Deck ReadDeckOrThrow(const std::string& path, Decks::ReadOptions options,
         options.SetProgress([&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
     const std::string name = NameOfDeck(path, options);
     if (path != standardInputPath)
-        options.SetSource(nullptr);
+        options.SetSource(std::make_shared<StampedFiles>());
     return Decks::Deck::Read(name, deckLanguage, options);
 }
 

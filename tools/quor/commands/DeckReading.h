@@ -32,6 +32,11 @@ void AddTextOptions(CLI::App& command, DeckReadOptions& options);
 /// With what a deck of the command line is read, its settings included. Throws `SettingsError`.
 Core::Decks::ReadOptions OptionsFor(const std::string& path, const DeckReadOptions& options);
 
+/// Adds the option that lets findings quote files outside the folder of the deck; without it they don't.
+void AddShowOutsideOption(CLI::App& command, Core::Decks::ReadOptions& options);
+/// Says so if one of the findings would quote such a file.
+void PrintHiddenText(const Core::Decks::Findings& findings, const Core::Decks::Deck& deck);
+
 /// Reads a deck, "-" from standard input, with a bar that tells how far that is. Empty, and reported, if it
 /// can't be read.
 std::optional<Core::Decks::Deck> ReadDeck(const std::string& path, const Core::Decks::ReadOptions& options,

@@ -31,6 +31,7 @@ struct FormatOptions {
     DeckReadOptions read;
     bool isOneFile = false;
     bool isInPlace = false;
+    bool mayBeOutside = false; // what is changed in place
     bool isCheck = false;
     std::string folder; // empty: none
 };
@@ -71,6 +72,19 @@ std::vector<Formatted> FormatFiles(const Decks::Deck& deck, const FormatOptions&
     return files;
 }
 
+/// False, and reported, if a file was cut short after the deck was read.
+bool IsIntact(const Decks::Deck& deck)
+{
+    const Decks::DeckFiles& files = deck.GetFiles();
+    for (std::uint32_t i = 0; i < files.GetSize(); ++i) {
+        if (files.Get(i).text->IsIntact())
+            continue;
+        PrintError(fmt::format("can't format '{}': it was cut short meanwhile", files.Get(i).name));
+        return false;
+    }
+    return true;
+}
+
 /// Lists what would change.
 int CheckFiles(const std::vector<Formatted>& files)
 {
@@ -93,13 +107,16 @@ bool WriteFiles(const std::vector<Formatted>& files)
     return WriteFilesOrReport(texts);
 }
 
-int RewriteFiles(std::vector<Formatted> files)
+int RewriteFiles(const Decks::Deck& deck, const std::vector<Formatted>& files, bool mayBeOutside)
 {
-    const std::size_t all = files.size();
-    std::erase_if(files, [](const Formatted& file) { return file.after == file.before; });
-    if (!WriteFiles(files))
+    std::vector<FileChange> changes;
+    for (const Formatted& file : files) {
+        if (file.after != file.before)
+            changes.push_back({file.indices.front(), file.after});
+    }
+    if (!ChangeFilesOrReport(deck, changes, mayBeOutside))
         return Failure;
-    PrintAside(fmt::format("{} of {} changed\n", files.size(), Plural(all, "file")));
+    PrintAside(fmt::format("{} of {} changed\n", changes.size(), Plural(files.size(), "file")));
     return Success;
 }
 
@@ -154,11 +171,13 @@ int Format(LoadedLanguage& language, const FormatOptions& options)
         "keywords with errors are not changed");
     if (!deck)
         return Failure;
-    std::vector<Formatted> files = FormatFiles(*deck, options);
+    const std::vector<Formatted> files = FormatFiles(*deck, options);
+    if (!IsIntact(*deck))
+        return Failure;
     if (options.isCheck)
         return CheckFiles(files);
     if (options.isInPlace)
-        return RewriteFiles(std::move(files));
+        return RewriteFiles(*deck, files, options.mayBeOutside);
     if (!options.folder.empty())
         return WriteTree(deck->GetFiles(), files, options);
     return PrintFirst(files);
@@ -173,6 +192,10 @@ constexpr const char* details =
     "Keywords with errors, raw texts, and data that continue in another file or around a skipped block stay "
     "as\n"
     "they are. Without --in-place, --output or --check the text goes to standard output.\n"
+    "With --in-place a file that another program changes meanwhile is not overwritten. Mode, owner, group "
+    "and "
+    "symbolic\n"
+    "links stay as they are; another name of the file (hard link) keeps the old text, which is reported.\n"
     "Exit status: 0 success, 1 with --check if a file would change, 2 a file can't be read or written.\n\n"
     "Examples:\n"
     "  quor format reservoir.data > tidy.data\n"
@@ -200,6 +223,7 @@ Command MakeFormatCommand(CLI::App& application)
     CLI::Option* const check = command.add_flag("--check", options->isCheck,
         "Write nothing; list the files that would change, and exit with 1 if there are any");
     AddSettingOptions(command, options->read.settings.given, {"format.normalize"});
+    AddOutsideOption(command, options->mayBeOutside);
     inPlace->excludes(folder)->excludes(check);
     folder->excludes(check);
     oneFile->excludes(inPlace)->excludes(check);

@@ -38,6 +38,7 @@ struct SetOptions {
     std::vector<std::string> words; // addresses and values by turns
     DeckReadOptions read;
     bool isDiff = false; // print what would change
+    bool mayBeOutside = false; // what changes
     bool isForced = false; // also if the changed deck has new errors
 };
 
@@ -61,6 +62,15 @@ std::optional<KnownDeck> ReadToEdit(const SetOptions& options, const Decks::Deck
     Baseline known;
     known.Add(counts);
     return KnownDeck{std::move(*deck), std::move(known)};
+}
+
+/// A value that isn't there may be in a file that can't be read.
+void PrintKnown(const SetOptions& options, const KnownDeck& before)
+{
+    const std::size_t known = before.deck.GetFindings().GetHiddenCount(Decks::Hiding::Known);
+    if (known > 0)
+        PrintAside(fmt::format("quor: {} has {}; run 'quor check {}' to list them\n",
+            MakePrintable(options.deck), Plural(known, "finding"), MakePrintable(options.deck)));
 }
 
 /// Sets one value, once. A line of what changes. `done`: the addresses so far.
@@ -104,6 +114,7 @@ bool IsSound(const SetOptions& options, const KnownDeck& before, const Decks::De
         Decks::ReadOptions(before.deck.GetOptions()).SetKnownFinding(before.known.MakeFilter(name)));
     const std::string findings = FindingsText(after.GetFindings());
     PrintAside(findings);
+    PrintHiddenText(after.GetFindings(), after);
     if (after.GetFindings().GetCount(Decks::Severity::Error) == 0 || options.isForced)
         return true;
     PrintError(options.isDiff
@@ -113,15 +124,15 @@ bool IsSound(const SetOptions& options, const KnownDeck& before, const Decks::De
 }
 
 /// False, and reported, if a file can't be written.
-bool WriteChanged(const Decks::Deck& deck, const Decks::DeckEditor& editor)
+bool WriteChanged(const Decks::Deck& deck, const Decks::DeckEditor& editor, bool mayBeOutside)
 {
     std::vector<std::string> texts;
     for (const std::uint32_t file : editor.GetChangedFiles())
         texts.push_back(editor.GetText(file));
-    std::vector<FileText> files;
+    std::vector<FileChange> changes;
     for (const std::uint32_t file : editor.GetChangedFiles())
-        files.push_back({deck.GetFiles().Get(file).name, texts[files.size()]});
-    return WriteFilesOrReport(files);
+        changes.push_back({file, texts[changes.size()]});
+    return ChangeFilesOrReport(deck, changes, mayBeOutside);
 }
 
 void PrintDiff(const Decks::Deck& deck, const Decks::DeckEditor& editor)
@@ -162,8 +173,10 @@ int SetValues(LoadedLanguage& language, const SetOptions& options)
         return Failure;
     Decks::DeckEditor editor(before->deck);
     std::string report;
-    if (!SetAll(before->deck, options, editor, report))
+    if (!SetAll(before->deck, options, editor, report)) {
+        PrintKnown(options, *before);
         return Failure;
+    }
     if (options.isDiff)
         PrintDiff(before->deck, editor);
     const bool isSound = IsSound(options, *before, editor, deckLanguage);
@@ -171,7 +184,7 @@ int SetValues(LoadedLanguage& language, const SetOptions& options)
         return isSound ? Success : Failure;
     if (options.deck == standardInputPath)
         return PrintDeck(before->deck, editor);
-    if (!WriteChanged(before->deck, editor))
+    if (!WriteChanged(before->deck, editor, options.mayBeOutside))
         return Failure;
     Print(report);
     return Success;
@@ -202,7 +215,9 @@ Command MakeSetCommand(CLI::App& application)
         ->required()
         ->type_name("ADDRESS VALUE");
     AddReadOptions(command, options->read);
+    AddShowOutsideOption(command, options->read.read);
     command.add_flag("--diff", options->isDiff, "Write nothing; print the change as a unified diff");
+    AddOutsideOption(command, options->mayBeOutside);
     command.add_flag("--force", options->isForced, "Write also if the changed deck has new errors");
     command.footer(setDetails);
     return {&command, [options](LoadedLanguage& language) { return SetValues(language, *options); }};

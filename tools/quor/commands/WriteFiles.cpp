@@ -1,19 +1,36 @@
 #include "tools/quor/commands/WriteFiles.h"
 
+#include "tools/quor/commands/StampedFiles.h"
 #include "tools/quor/findings/FindingText.h"
 #include "tools/quor/terminal/FileOutput.h"
 #include "tools/quor/terminal/Terminal.h"
 
+#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include <cstddef>
 #include <filesystem>
+#include <set>
 
 namespace Veld::Quor::Tools {
 
+namespace Decks = Core::Decks;
 namespace fs = std::filesystem;
 
-bool WriteFilesOrReport(const std::vector<FileText>& files)
+namespace {
+
+void WriteOne(const FileText& file, const std::set<FileStamp>* known)
+{
+    const bool hasHardLinks = HasHardLinks(file.path);
+    if (const fs::path folder = fs::path(file.path).parent_path(); !folder.empty())
+        fs::create_directories(folder);
+    WriteFile(file.path, file.text, known);
+    if (hasHardLinks)
+        PrintAside(fmt::format(
+            "quor: '{}' had other names (hard links); they keep the old text\n", MakePrintable(file.path)));
+}
+
+bool WriteAll(const std::vector<FileText>& files, const std::set<FileStamp>* known)
 {
     std::size_t written = 0;
     const auto fail = [&](const FileText& file, const std::string& why) {
@@ -25,9 +42,7 @@ bool WriteFilesOrReport(const std::vector<FileText>& files)
     };
     for (const FileText& file : files) {
         try {
-            if (const fs::path folder = fs::path(file.path).parent_path(); !folder.empty())
-                fs::create_directories(folder);
-            WriteFile(file.path, file.text);
+            WriteOne(file, known);
         } catch (const fs::filesystem_error& error) {
             return fail(file, error.code().message());
         } catch (const OutputError& error) {
@@ -36,6 +51,49 @@ bool WriteFilesOrReport(const std::vector<FileText>& files)
         ++written;
     }
     return true;
+}
+
+/// False, and reported, if there are any.
+bool HasNoneOutside(const Decks::DeckFiles& files, const std::vector<FileChange>& changes)
+{
+    std::string outside;
+    for (const FileChange& change : changes) {
+        if (files.Get(change.file).isOutside)
+            outside += fmt::format("  {}\n", MakePrintable(files.Get(change.file).name));
+    }
+    if (outside.empty())
+        return true;
+    PrintError(
+        "files outside the folder of the deck would change; nothing was written; use --outside to change "
+        "them too:");
+    PrintAside(outside);
+    return false;
+}
+
+} // namespace
+
+bool WriteFilesOrReport(const std::vector<FileText>& files)
+{
+    return WriteAll(files, nullptr);
+}
+
+void AddOutsideOption(CLI::App& command, bool& mayBeOutside)
+{
+    command.add_flag(
+        "--outside", mayBeOutside, "Also change included files that are outside the folder of the deck");
+}
+
+bool ChangeFilesOrReport(const Decks::Deck& deck, const std::vector<FileChange>& changes, bool mayBeOutside)
+{
+    const Decks::DeckFiles& files = deck.GetFiles();
+    if (!mayBeOutside && !HasNoneOutside(files, changes))
+        return false;
+    const auto& source = dynamic_cast<const StampedFiles&>(*deck.GetOptions().GetSource());
+    const std::set<FileStamp> known = source.GetStamps();
+    std::vector<FileText> texts;
+    for (const FileChange& change : changes)
+        texts.push_back({files.Get(change.file).name, change.text});
+    return WriteAll(texts, &known);
 }
 
 } // namespace Veld::Quor::Tools

@@ -1,8 +1,15 @@
 #pragma once
 
+#include "quor/deck/Deck.h"
+
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
+
+namespace CLI {
+class App;
+}
 
 namespace Veld::Quor::Tools {
 
@@ -14,5 +21,18 @@ struct FileText {
 /// Writes files, each whole or not at all, and the folders that they need. False, and reported with how many
 /// were written before it, if one of them can't be written.
 bool WriteFilesOrReport(const std::vector<FileText>& files);
+
+/// A file of a deck, and what is to be in it.
+struct FileChange {
+    std::uint32_t file;
+    std::string_view text;
+};
+
+void AddOutsideOption(CLI::App& command, bool& mayBeOutside);
+
+/// The same for files of a deck that `ReadDeck` has read: one that was changed since then is refused, and
+/// before any is written, those outside the folder of the deck unless they are allowed.
+bool ChangeFilesOrReport(
+    const Core::Decks::Deck& deck, const std::vector<FileChange>& changes, bool mayBeOutside);
 
 } // namespace Veld::Quor::Tools

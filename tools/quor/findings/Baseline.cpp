@@ -7,9 +7,12 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cstddef>
 #include <filesystem>
+#include <iterator>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace Veld::Quor::Tools {
 
@@ -77,29 +80,85 @@ private:
     std::size_t end_ = 0;
 };
 
-Json Parse(std::string_view text)
-{
-    try {
-        return Json::parse(text);
-    } catch (const Json::parse_error& error) {
-        const std::string_view before = text.substr(0, error.byte == 0 ? 0 : error.byte - 1);
-        throw BaselineError(fmt::format(
-            "line {}: invalid JSON; {}", std::count(before.begin(), before.end(), '\n') + 1, advice));
+/// A text that is parsed, and how far that is: the parser tells positions of its own errors alone.
+class JsonText {
+public:
+    explicit JsonText(std::string_view text)
+        : text_(text)
+        , last_(text.data())
+    {
     }
-}
 
-std::string TextOf(const Json& entry, const char* name, std::size_t number)
-{
-    if (!entry.is_object() || !entry.contains(name) || !entry[name].is_string())
-        throw BaselineError(fmt::format("finding {}: expected a string \"{}\"; {}", number, name, advice));
-    return entry[name].get<std::string>();
-}
+    /// Throws `BaselineError`.
+    Json Parse()
+    {
+        bool isFinding = false; // what comes at depth 2
+        const auto note = [&](int depth, Json::parse_event_t event, Json& parsed) {
+            if (event == Json::parse_event_t::key && depth == 1)
+                isFinding = parsed == "findings";
+            else if (depth == 2 && isFinding && event != Json::parse_event_t::object_end
+                && event != Json::parse_event_t::array_end)
+                findings_.push_back(last_);
+            return true;
+        };
+        try {
+            return Json::parse(
+                Characters{text_.data(), &last_}, Characters{text_.data() + text_.size(), &last_}, note);
+        } catch (const Json::exception&) { // also for a number beyond all bounds
+            throw BaselineError(fmt::format("line {}: invalid JSON; {}", LineOf(last_), advice));
+        }
+    }
 
-std::size_t CountOf(const Json& entry, std::size_t number)
+    /// `finding`: from 0
+    [[noreturn]] void Fail(std::size_t finding, const std::string& what) const
+    {
+        throw BaselineError(fmt::format(
+            "line {}: finding {}: {}; {}", LineOf(findings_[finding]), finding + 1, what, advice));
+    }
+
+private:
+    /// Notes the last character that was asked for.
+    struct Characters {
+        using iterator_category = std::input_iterator_tag;
+        using value_type = char;
+        using difference_type = std::ptrdiff_t;
+        using pointer = const char*;
+        using reference = char;
+
+        const char* at;
+        const char** last;
+
+        char operator*() const { return *(*last = at); }
+        Characters& operator++()
+        {
+            ++at;
+            return *this;
+        }
+        bool operator==(const Characters& other) const { return at == other.at; }
+        bool operator!=(const Characters& other) const { return at != other.at; }
+    };
+
+    std::ptrdiff_t LineOf(const char* place) const { return std::count(text_.data(), place, '\n') + 1; }
+
+    std::string_view text_;
+    const char* last_;
+    std::vector<const char*> findings_; // where each begins, or ends if it is no object
+};
+
+void CheckMembers(const JsonText& text, const Json& entry, std::size_t finding)
 {
+    if (!entry.is_object())
+        text.Fail(finding, "expected an object");
+    for (const char* const name : {"code", "file", "text"}) {
+        if (!entry.contains(name) || !entry[name].is_string())
+            text.Fail(finding, fmt::format("expected a string \"{}\"", name));
+    }
     if (!entry.contains("count") || !entry["count"].is_number_unsigned() || entry["count"] == 0)
-        throw BaselineError(fmt::format("finding {}: expected \"count\" above 0; {}", number, advice));
-    return entry["count"].get<std::size_t>();
+        text.Fail(finding, "expected \"count\" as a whole number above 0");
+    for (const auto& [name, value] : entry.items()) {
+        if (name != "code" && name != "file" && name != "text" && name != "count")
+            text.Fail(finding, fmt::format("unknown member \"{}\"", name));
+    }
 }
 
 } // namespace
@@ -107,17 +166,20 @@ std::size_t CountOf(const Json& entry, std::size_t number)
 Baseline Baseline::Read(const std::string& path)
 {
     const auto source = Decks::SourceText::FromFile(path);
-    const Json json = Parse(source->GetText());
+    JsonText text(source->GetText());
+    const Json json = text.Parse();
     if (!json.is_object() || !json.contains("findings") || !json["findings"].is_array())
         throw BaselineError(fmt::format("expected an array \"findings\"; {}", advice));
     if (!json.contains("version") || json["version"] != version)
         throw BaselineError(fmt::format("expected \"version\" {}; {}", version, advice));
     Baseline baseline;
-    std::size_t number = 0;
-    for (const Json& entry : json["findings"]) {
-        ++number;
-        Key key{TextOf(entry, "code", number), TextOf(entry, "file", number), TextOf(entry, "text", number)};
-        baseline.counts_[std::move(key)] += CountOf(entry, number);
+    const Json& findings = json["findings"];
+    for (std::size_t i = 0; i < findings.size(); ++i) {
+        const Json& entry = findings[i];
+        CheckMembers(text, entry, i);
+        const auto textOf = [&entry](const char* name) { return entry[name].get<std::string>(); };
+        baseline.counts_[{textOf("code"), textOf("file"), textOf("text")}] +=
+            entry["count"].get<std::size_t>();
     }
     return baseline;
 }

@@ -43,9 +43,11 @@ std::string GccLines(const Finding& finding)
 /// Other locations in the message: an annotation has one.
 std::string WithRelated(const Finding& finding)
 {
-    std::string message = WithHint(finding);
+    std::string message = MakePrintable(WithHint(finding));
     for (const Decks::RelatedLocation& other : finding.related)
-        message += fmt::format("\n{}:{}: {}", other.location.file, other.location.line, other.message);
+        message += '\n'
+            + MakePrintable(
+                fmt::format("{}:{}: {}", other.location.file, other.location.line, other.message));
     return message;
 }
 
@@ -78,8 +80,8 @@ std::string GitHubText(const FindingSets& sets)
 {
     return ForEachFinding(sets, [](const Finding& finding) {
         return fmt::format("::{} file={},line={},col={},title={}::{}\n", CommandOf(finding.severity),
-            Escape(finding.location.file, "%\r\n:,"), finding.location.line, finding.location.column,
-            Escape(finding.code, "%\r\n:,"), Escape(WithRelated(finding), "%\r\n"));
+            Escape(MakePrintable(finding.location.file), "%\r\n:,"), finding.location.line,
+            finding.location.column, Escape(finding.code, "%\r\n:,"), Escape(WithRelated(finding), "%\r\n"));
     });
 }
 

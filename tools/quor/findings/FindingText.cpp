@@ -50,14 +50,15 @@ std::string ExcerptText(const Finding& finding, const Colours& colours)
 {
     if (finding.excerpt.empty())
         return "";
-    const std::string excerpt = MakePrintable(finding.excerpt);
+    const std::string_view excerpt = finding.excerpt;
     const std::size_t offset = std::min(finding.location.column - finding.excerptColumn, excerpt.size());
     std::string margin;
-    for (std::size_t i = 0; i < offset; ++i)
-        margin += excerpt[i] == '\t' ? '\t' : ' ';
-    const std::size_t length = std::max<std::size_t>(std::min(finding.length, excerpt.size() - offset), 1);
+    for (const char c : MakePrintable(excerpt.substr(0, offset)))
+        margin.append(CountCharacters({&c, 1}), c == '\t' ? '\t' : ' ');
+    const std::size_t length =
+        std::max<std::size_t>(CountCharacters(MakePrintable(excerpt.substr(offset, finding.length))), 1);
     const std::string mark = '^' + std::string(length - 1, '~');
-    return fmt::format("    {}\n    {}{}\n", excerpt, margin, colours.Paint("1;32", mark));
+    return fmt::format("    {}\n    {}{}\n", MakePrintable(excerpt), margin, colours.Paint("1;32", mark));
 }
 
 /// With the option that helps, which the library can't know.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -12,8 +14,18 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Writes the file whole: what stood there before is replaced once all is written, or stays. Throws
-/// `OutputError`, also for a path that is something else than a file.
-void WriteFile(const std::string& path, std::string_view text);
+/// Which file it is, its size and its times: another one if anything was written to it.
+using FileStamp = std::array<long long, 7>;
+/// All zero if there is no such file.
+FileStamp StampOf(const std::string& path);
+
+/// Whether the file has another name, which isn't a symbolic link.
+bool HasHardLinks(const std::string& path);
+
+/// Writes the file whole, to the disk: what stood there before is replaced once all is written, or stays. It
+/// keeps mode, owner, group and access list. Throws `OutputError`, also for a path that is something else
+/// than a file. `known`, or null for any: the stamps of those that may be replaced. Signals wait meanwhile, so
+/// that no temporary file stays.
+void WriteFile(const std::string& path, std::string_view text, const std::set<FileStamp>* known = nullptr);
 
 } // namespace Veld::Quor::Tools

@@ -71,6 +71,11 @@ bool HasPrinted()
     return hasPrinted;
 }
 
+void PrintOutOfMemory()
+{
+    PrintAside("quor: error: out of memory\n");
+}
+
 bool FlushOutput()
 {
     if (std::fflush(stdout) != 0 && writeError == 0)
@@ -101,17 +106,6 @@ std::size_t GetWidth(Stream stream)
     if (!IsTerminal(stream) || ::ioctl(DescriptorOf(stream), TIOCGWINSZ, &size) != 0 || size.ws_col == 0)
         return usual;
     return size.ws_col;
-}
-
-std::string MakePrintable(std::string_view text)
-{
-    std::string printable(text);
-    for (char& c : printable) {
-        const auto value = static_cast<unsigned char>(c);
-        if ((value < 0x20 && c != '\t') || value == 0x7F)
-            c = '?';
-    }
-    return printable;
 }
 
 std::size_t CountCharacters(std::string_view text)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "quor/deck/PrintableText.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -18,6 +20,9 @@ const std::vector<std::string>& GetErrors();
 /// Whether anything was printed on standard output.
 bool HasPrinted();
 
+/// Says so without memory.
+void PrintOutOfMemory();
+
 /// False if some of what was printed didn't reach standard output; says why, unless its reader went away.
 bool FlushOutput();
 
@@ -29,9 +34,7 @@ bool TakesColour(Stream stream = Stream::Output);
 /// Columns of the stream.
 std::size_t GetWidth(Stream stream = Stream::Output);
 
-/// `text` with a question mark for each control character, tabs excepted, so that no file can steer the
-/// terminal.
-std::string MakePrintable(std::string_view text);
+using Core::Decks::MakePrintable; // so that no file can control the terminal
 
 /// Characters of UTF-8.
 std::size_t CountCharacters(std::string_view text);

@@ -1,8 +1,33 @@
 #include "quor/deck/internal/check/FindingReporter.h"
 
+#include "quor/deck/internal/text/LineText.h"
+
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
+
+namespace {
+
+bool IsWordCharacter(char c)
+{
+    return IsLetter(c) || IsDigit(c);
+}
+
+/// Dots for all from the first opening quote to the last one that closes: what is quoted may have quotes too.
+std::string WithoutQuoted(const std::string& text)
+{
+    std::size_t begin = text.find('\'');
+    while (begin != std::string::npos && begin > 0 && IsWordCharacter(text[begin - 1])) // an apostrophe
+        begin = text.find('\'', begin + 1);
+    std::size_t end = text.rfind('\'');
+    while (end != std::string::npos && end + 1 < text.size() && IsWordCharacter(text[end + 1]))
+        end = end == 0 ? std::string::npos : text.rfind('\'', end - 1);
+    if (begin == std::string::npos || end == std::string::npos || end <= begin)
+        return text;
+    return text.substr(0, begin + 1) + "..." + text.substr(end);
+}
+
+} // namespace
 
 void FindingReporter::ReportAs(const FindingVoice& voice, const TextRange& range, Code code,
     std::string message, std::string hint, std::vector<TextEdit> fix, const std::vector<Related>& related)
@@ -22,6 +47,9 @@ void FindingReporter::ReportAs(const FindingVoice& voice, const TextRange& range
         return findings_.Hide(Hiding::Known);
     if (!voice.text.empty())
         message = voice.text;
+    const bool isHidden = IsTextHidden(range.file);
+    if (isHidden)
+        message = WithoutQuoted(message);
     if (!findings_.Admit(*chosen, files_.Get(range.file).name, name, message))
         return;
     Finding finding;
@@ -31,13 +59,15 @@ void FindingReporter::ReportAs(const FindingVoice& voice, const TextRange& range
     finding.length = range.length;
     finding.range = range;
     finding.message = std::move(message);
-    finding.hint = std::move(hint);
-    if (!IsIncludedAgain(range.file))
+    finding.hint = isHidden ? WithoutQuoted(hint) : std::move(hint);
+    if (!isHidden && !IsIncludedAgain(range.file))
         finding.fix = std::move(fix);
     for (const Related& other : related)
-        finding.related.push_back({files_.LocationOf(other.range), other.message, other.range});
+        finding.related.push_back({files_.LocationOf(other.range),
+            isHidden || IsTextHidden(other.range.file) ? WithoutQuoted(other.message) : other.message,
+            other.range});
     finding.includedFrom = files_.InclusionsOf(range.file);
-    findings_.Keep(std::move(finding), files_.LineOf(range).first);
+    findings_.Keep(std::move(finding), isHidden ? std::string_view() : files_.LineOf(range).first);
 }
 
 void FindingReporter::ReportBadSuppressions(std::uint32_t file, std::size_t end)

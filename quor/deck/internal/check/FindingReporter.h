@@ -54,6 +54,9 @@ public:
     /// large file in which nothing was found is left alone: it would take as long as to read it.
     void ReportBadSuppressions(std::uint32_t file, std::size_t end = std::string::npos);
 
+    /// Whether findings quote files outside the folder of the deck.
+    void SetOutsideTextShown(bool isShown) { isOutsideTextShown_ = isShown; }
+
     /// An error that was reported already, in other words.
     void CountError() { errors_ += isMuted_ ? 0 : 1; }
     /// Errors met so far, hidden ones included.
@@ -93,6 +96,7 @@ private:
         std::size_t reported = 0;
     };
 
+    bool IsTextHidden(std::uint32_t file) const { return !isOutsideTextShown_ && files_.Get(file).isOutside; }
     /// Whether the file was included before: a change of it was suggested then.
     bool IsIncludedAgain(std::uint32_t file) const;
     /// Scans the file when it is first asked for, and reports what is wrong with its comments up to an
@@ -109,6 +113,7 @@ private:
     bool isMuted_ = false;
     bool isStrict_;
     bool seeksStrict_;
+    bool isOutsideTextShown_ = true;
 };
 
 } // namespace Veld::Quor::Core::Decks

@@ -1,5 +1,7 @@
 #include "quor/deck/internal/text/LineText.h"
 
+#include "quor/deck/PrintableText.h"
+
 #include <algorithm>
 
 namespace Veld::Quor::Core::Decks {
@@ -14,11 +16,6 @@ constexpr bool IsLowerLetter(char c)
 bool IsNameCharacter(char c)
 {
     return IsLetter(c) || (c >= '0' && c <= '9') || c == '_' || c == '-' || c == '+' || c == '#' || c == '&';
-}
-
-constexpr bool IsControl(char c)
-{
-    return (c >= 0 && c < ' ') || c == '\x7F';
 }
 
 /// Of UTF-8.
@@ -150,8 +147,8 @@ bool LineReader::Next(Line& line)
 
 std::string Printable(std::string_view text)
 {
-    std::string printable(text);
-    std::replace_if(printable.begin(), printable.end(), IsControl, '?');
+    std::string printable = MakePrintable(text);
+    std::replace(printable.begin(), printable.end(), '\t', '?');
     return printable;
 }
 

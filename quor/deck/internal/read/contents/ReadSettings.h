@@ -23,6 +23,8 @@ struct ReadSettings {
     bool isStrict = false; ///< whether findings of strict codes are reported
     CodeChoices codes = {};
     Keywords::PathAliases aliases = {}; ///< that the deck has before its first PATHS
+    bool isConfined = false; ///< whether files outside the folder of the deck are not read
+    bool isOutsideTextShown = true; ///< whether findings quote them
     KnownFinding isKnown = {};
     std::shared_ptr<const DeckSource> source = {}; ///< null: the files of the system
     ReadCancellation isCancelled = {}; ///< asked now and then; once it is true the read ends

@@ -48,6 +48,8 @@ DeckReader::DeckReader(const std::string& path, const ReadSettings& options, con
     text_.GetAliases() = options.aliases;
     text_.SetProgress(options.progress);
     text_.SetCancellation(options.isCancelled);
+    text_.SetConfined(options.isConfined);
+    reporter_.SetOutsideTextShown(options.isOutsideTextShown);
 }
 
 std::unique_ptr<DeckContents> DeckReader::Read()

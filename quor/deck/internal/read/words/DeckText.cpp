@@ -29,6 +29,7 @@ DeckText::DeckText(const std::string& path, const DeckSource& source, const Targ
     Vocabulary& vocabulary, DeckFiles& files, FindingReporter& reporter)
     : source_(source)
     , folder_(std::filesystem::path(path).parent_path())
+    , bounds_(folder_)
     , target_(target)
     , vocabulary_(vocabulary)
     , files_(files)
@@ -168,8 +169,17 @@ void DeckText::Release()
     const std::size_t done = GetOffset();
     files_.Get(GetFile()).text->Release(released_, done);
     released_ = done;
+    CheckIntact();
     ReportProgress();
     CheckCancelled();
+}
+
+/// Of the file being read. Zero bytes stand for what another program cut off.
+void DeckText::CheckIntact() const
+{
+    if (!files_.Get(GetFile()).text->IsIntact())
+        throw SourceError(
+            fmt::format("'{}' was cut short while it was read", Printable(files_.Get(GetFile()).name)));
 }
 
 void DeckText::CheckCancelled() const

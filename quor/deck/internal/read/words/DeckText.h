@@ -7,6 +7,7 @@
 #include "quor/deck/TextRange.h"
 #include "quor/deck/internal/check/FindingReporter.h"
 #include "quor/deck/internal/check/KeywordValidity.h"
+#include "quor/deck/internal/text/FolderBounds.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/Vocabulary.h"
 #include "quor/deck/internal/text/WordText.h"
@@ -127,6 +128,8 @@ public:
     /// Asked at each keyword and each stride of a long text; once it is true, `ReadCancelled` is thrown.
     void SetCancellation(ReadCancellation isCancelled) { isCancelled_ = std::move(isCancelled); }
     void CheckCancelled() const;
+    /// Whether files outside the folder of the deck are not read.
+    void SetConfined(bool isConfined) { isConfined_ = isConfined; }
     void SetCommentSink(CommentSink sink) { commentSink_ = std::move(sink); }
 
 private:
@@ -165,6 +168,7 @@ private:
     void NoteComment();
     void NoteRemark();
     void Release();
+    void CheckIntact() const;
     void ReportProgress();
 
     void ReadInclude(std::string_view keyword);
@@ -185,6 +189,8 @@ private:
 
     const DeckSource& source_;
     std::filesystem::path folder_;
+    FolderBounds bounds_;
+    bool isConfined_ = false;
     Target target_;
     Vocabulary& vocabulary_;
     DeckFiles& files_;

@@ -132,7 +132,10 @@ void DeckText::Include(const TextRange& statement, const TextRange& name, const 
         return;
     }
     const std::string path = (folder_ / resolved).string(); // an absolute name stays as it is
+    const bool isOutside = !bounds_.Hold(path);
     try {
+        if (isOutside && isConfined_)
+            throw SourceError("it is outside the folder of the deck");
         // First, since a file that includes itself may be large and do so often.
         const std::string identity = source_.Identify(path);
         if (!MayInclude(name, path, identity)) {
@@ -142,7 +145,7 @@ void DeckText::Include(const TextRange& statement, const TextRange& name, const 
         std::shared_ptr<const SourceText> source = texts_[identity].lock();
         if (!source)
             source = source_.Open(path);
-        Enter({path, std::move(source), statement, 0, resolved}, identity);
+        Enter({path, std::move(source), statement, 0, resolved, isOutside}, identity);
         if (text.find('$') != std::string::npos)
             rightAliases_.insert(AliasIn(text));
     } catch (const SourceError& error) {
@@ -174,9 +177,23 @@ void DeckText::ReportAlias(const TextRange& name, const std::string& path)
     const std::string alias = AliasIn(path);
     if (!reportedAliases_.insert(alias).second)
         return;
-    reporter_.Report(name, Code::UnknownAlias,
-        fmt::format("unknown path alias '{}' in '{}'", Printable(alias), Printable(path)),
-        "define the alias with PATHS");
+    std::string of;
+    aliases_.resolvePathAliases(alias, of);
+    const bool isLoop = of.size() > alias.size() && of.find(alias) != std::string::npos;
+    const bool isLong = path.size() + of.size() > Keywords::PathAliases::maxLength;
+    if (isLoop)
+        reporter_.Report(name, Code::UnknownAlias,
+            fmt::format("path alias '{}' refers to itself: '{}'", Shorten(alias), Shorten(of)),
+            "correct the folder of the alias in PATHS");
+    else if (isLong)
+        reporter_.Report(name, Code::UnknownAlias,
+            fmt::format("too long file name with the path alias '{}' (expected at most {} bytes)",
+                Shorten(alias), Keywords::PathAliases::maxLength),
+            "correct the folders of the aliases in PATHS");
+    else
+        reporter_.Report(name, Code::UnknownAlias,
+            fmt::format("unknown path alias '{}' in '{}'", Shorten(alias), Shorten(path)),
+            "define the alias with PATHS");
 }
 
 bool DeckText::MayInclude(const TextRange& name, const std::string& path, const std::string& identity)
@@ -232,6 +249,7 @@ void DeckText::Enter(DeckFile file, const std::string& identity)
 void DeckText::Leave()
 {
     ++turns_;
+    CheckIntact();
     ReportOpenBlocks();
     reporter_.ReportBadSuppressions(GetFile());
     const auto size = static_cast<std::size_t>(end_ - begin_);
@@ -251,6 +269,7 @@ void DeckText::Finish()
 {
     while (frames_.size() > 1)
         Leave();
+    CheckIntact();
     ReportOpenBlocks();
     frames_.back().blocks.clear();
     for (std::uint32_t file = 0; file < files_.GetSize();
