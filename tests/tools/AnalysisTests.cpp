@@ -84,6 +84,11 @@ RowsOfATable: PROPS\nSWOF\n 0.1 0 1 0\n 0.5 0.2 0.2 0\n 0.7 0.4 0.1 0\n 1 1 0 0 
 RowsOfALongerTable: PROPS\nSWOF\n 0.1 0 1 0\n 1 1 0 0 /\n & PROPS\nSWOF\n 0.1 0 1 0\n 0.2 0.1 0.9 0\n 0.3 0.2 0.8 0\n 0.4 0.3 0.7 0\n 0.5 0.4 0.6 0\n 1 1 0 0 /\n =>
     PROPS
       ~ SWOF: [1] 2 rows -> 6, first [2]: absent -> 0.2 0.1 0.9 0   (A 2, B 2)
+TableOfAList: RUNSPEC\nTABDIMS\n 1 /\nPROPS\nSWOF\n 0.1 0 1 0\n 1 1 0 0 /\n & RUNSPEC\nTABDIMS\n 2 /\nPROPS\nSWOF\n 0.1 0 1 0\n 1 1 0 0 /\n 0.2 0 1 0\n 1 1 0 0 /\n =>
+    RUNSPEC
+      ~ TABDIMS: NTSFUN 1 -> 2   (A 2, B 2)
+    PROPS
+      ~ SWOF: [2] absent -> a table of 2 rows   (A 5, B 5)
 Map: SCHEDULE\nRPTSCHED\n FIP=2 WELLS /\n & SCHEDULE\nRPTSCHED\n FIP=1 WELLS /\n =>
     SCHEDULE
       ~ RPTSCHED: FIP 2 -> 1   (A 2, B 2)
@@ -171,6 +176,9 @@ ArrayInRegions: {runspec}GRID\nMULTNUM\n 1 2 1 2 /\nPORO\n 4*0.1 /\nEQUALREG\n P
 ArrayThatIsOnlyGiven: {runspec}GRID\nPERMX\n 4*100 /\nPORO\n 4*0.1 /\nCOPY\n PERMX PERMY /\n/\nADD\n PORO 0.1 /\n/\n at /arrays => [{"array":"PERMY","cells":4,"greatest":100.0,"keywords":["COPY"],"least":100.0,"mean":100.0,"place":{"file":"a.data","line":12},"reason":null,"unknown":0},{"array":"PORO","cells":4,"greatest":0.2,"keywords":["PORO","ADD"],"least":0.2,"mean":0.2,"place":{"file":"a.data","line":15},"reason":null,"unknown":0}]
 ArrayOfPart: {runspec}GRID\nEQUALS\n PORO 0.2 1 1 1 1 /\n/\n at /arrays/0/unknown => 3
 ArrayOfNothing: {runspec}GRID\nCOPY\n PERMX PERMY /\n/\n at /arrays/0/reason => "PERMX has no values before COPY"
+ArrayThatIsNotSet: {runspec}GRID\nCOPY\n PERMX PERMY /\n/\n at /arrays/1/reason => "the deck doesn't set it"
+ArrayWithoutAGrid: GRID\nEQUALS\n PORO 0.2 /\n/\n at /arrays/0/reason => "the size of the grid isn't known, or too large"
+ArrayOfAnError: {runspec}GRID\nEQUALS\n PORO x /\n/\n at /arrays/0/reason => "EQUALS has errors"
 ArrayNotWorkedOut: {runspec}GRID\nPORO\n 4*0.1 /\nOPERATE\n PORO 6* MULTA PORO 2 1 /\n/\n at /arrays/0/reason => "OPERATE isn't worked out"
 ArrayOfAVariable: {runspec}GRID\nEQUALS\n PORO $A /\n/\n at /arrays/0/reason => "a value of EQUALS isn't known"
 CompletionsOnce: {schedule}{completions} at /wells/0/completions => 4

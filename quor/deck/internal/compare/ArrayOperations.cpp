@@ -263,41 +263,4 @@ void ArrayOperations::ForEachCell(const Box& box, Visit visit) const
     }
 }
 
-std::vector<ArraySummary> ArrayOperations::GetArrays() const
-{
-    std::vector<ArraySummary> summaries(arrays_.size());
-    for (const auto& [name, array] : arrays_) {
-        ArraySummary& summary = summaries[array.number - 1];
-        summary.array = name;
-        summary.keywords = array.keywords;
-        if (!array.keywords.empty())
-            summary.location = deck_.files.LocationOf(array.last);
-        summary.cells = array.values.size();
-        summary.reason = array.unknown;
-        long double sum = 0;
-        for (const double value : array.values) {
-            if (std::isnan(value)) {
-                ++summary.unknown;
-                continue;
-            }
-            if (!summary.range)
-                summary.range = {value, 0, value};
-            summary.range->least = std::min(summary.range->least, value);
-            summary.range->greatest = std::max(summary.range->greatest, value);
-            sum += value;
-        }
-        if (summary.range)
-            summary.range->mean =
-                static_cast<double>(sum / static_cast<long double>(summary.cells - summary.unknown));
-        else if (array.keywords.empty())
-            summary.reason = "the deck doesn't set it";
-        if (summary.unknown == 0 && summary.range)
-            summary.reason.clear();
-    }
-    std::erase_if(summaries, [](const ArraySummary& summary) { // given whole, and used by others
-        return summary.unknown == 0 && summary.keywords == std::vector{summary.array};
-    });
-    return summaries;
-}
-
 } // namespace Veld::Quor::Core::Decks

@@ -3,6 +3,7 @@
 #include "quor/data/Access.h"
 #include "quor/data/KeywordDataEqual.h"
 #include "quor/deck/internal/read/data/VisitData.h"
+#include "quor/deck/internal/text/LineText.h"
 #include "quor/metadata/IKeywordAssignmentMD.h"
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/IKeywordRecordMD.h"
@@ -49,8 +50,9 @@ std::string ElementText(const IKeywordListData& list, std::size_t i)
         return list.IsDefaulted(i) ? "default" : ToText(md, ElementValue(md, list.GetData(i)));
     if (md.GetType() == MDType::Record)
         return RecordText(*static_cast<const IKeywordRecordData*>(list.GetData(i)));
-    return fmt::format(
-        "a table of {} rows", static_cast<const IKeywordListData*>(list.GetData(i))->GetSize());
+    return fmt::format("a table of {}",
+        Counted(static_cast<std::size_t>(static_cast<const IKeywordListData*>(list.GetData(i))->GetSize()),
+            "row"));
 }
 
 /// Of rows that differ in a list, more are reported as one change.
