@@ -13,16 +13,12 @@ namespace Veld::Quor::Core::Keywords {
 
 namespace {
 
-/// "'ORAT', 'WRAT' or 'GRAT'"; of very many the first alone.
+/// "'ORAT', 'WRAT' or 'GRAT'"
 std::string Listed(const std::vector<std::string>& names)
 {
-    constexpr std::size_t most = 40;
-    const std::size_t last = names.size() - 1;
     std::string text;
     for (std::size_t i = 0; i < names.size(); ++i) {
-        if (i == most && i < last)
-            return text + " or one of " + std::to_string(names.size() - i) + " others";
-        text += i == 0 ? "" : i == last ? " or " : ", ";
+        text += i == 0 ? "" : i + 1 == names.size() ? " or " : ", ";
         text += Quoted(names[i]);
     }
     return text;

@@ -99,8 +99,8 @@ TEST(AccessToMaps, FindsAliasesAndWildcardsAndRefusesUnknownKeys)
     RawIn(record, 1).SetData("raw");
     EXPECT_EQ(Dump(record), R"(({A=- C=- W1=6} "raw"))");
     EXPECT_EQ(FailureOf([&] { Get(map, "X"); }), "TEST: no key 'X'; did you mean 'A'?");
-    EXPECT_EQ(FailureOf([&] { Set(map, "FIELD", 1); }), "TEST: no key 'FIELD'");
-    EXPECT_EQ(FailureOf([&] { Clear(map, "FIELD"); }), "TEST: no key 'FIELD'");
+    EXPECT_EQ(FailureOf([&] { Set(map, "FIELD", 1); }), "TEST: no key 'FIELD'; expected 'A', 'B' or 'C'");
+    EXPECT_EQ(FailureOf([&] { Clear(map, "FIELD"); }), "TEST: no key 'FIELD'; expected 'A', 'B' or 'C'");
     EXPECT_EQ(FailureOf([&] { Set(map, "A", INT_MIN); }),
         "TEST: key 'A' cannot hold the value that stands for 'not given'");
 }

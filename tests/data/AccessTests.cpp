@@ -31,7 +31,7 @@ constexpr const char* wells = R"(
     <item name="NOTE"><line><default type="specified" val="a note"/></line></item>
     <item name="LIMITS"><list><real/></list></item>
     <item name="MODES"><list><choice><values><value string="ON"/><value string="OFF"/></values></choice></list></item>
-    <item name="PLACE"><record><item name="I"><integer/></item></record></item>
+    <item name="PLACE"><record><item name="I"><integer/></item><item><real/></item></record></item>
     <item name="ROWS"><list><list><integer/></list></list></item>
   </record></list></data>
 </keyword>)";
@@ -156,7 +156,7 @@ TEST_F(Access, AStopOfAWalkIsReadAsItsType)
             EXPECT_EQ(FailureOf([&] { Get<int>(**it); }), "item 'PLACE' is Record, not Integer");
         }
     }
-    EXPECT_EQ(text, "P1 WRAT -1.000000 -1.000000 2.500000");
+    EXPECT_EQ(text, "P1 WRAT -1.000000 -1.000000 2.500000 -1.000000");
 }
 
 TEST_F(Access, AStoredIndexThatIsNoChoiceIsReported)
@@ -195,6 +195,8 @@ INSTANTIATE_TEST_SUITE_P(Items, AccessFailure,
             "a text is a null pointer"},
         Failure{"NoName", [](L, R w) { Has(RecordIn(w, "PLACE"), "NAME"); },
             "WELLS: no item 'NAME'; expected 'I'"},
+        Failure{"ItemWithoutAName", [](L, R w) { Get<int>(RecordIn(w, "PLACE"), 1); },
+            "WELLS: item at index 1 is Real, not Integer"},
         Failure{"Index", [](L, R w) { Get<int>(w, 11); },
             "WELLS: item index 11 is out of range; the record has 11 items"},
         Failure{"NegativeIndex", [](L, R w) { Get<int>(w, -1); },

@@ -139,7 +139,11 @@ TEST(AFile, ThatIsCutShortWhileItIsReadIsRefused)
 
 TEST(MemoryAlone, HasNoOtherFiles)
 {
-    EXPECT_THROW(FindingsOf("deck.data", std::make_shared<MemorySource>()), SourceError);
+    const auto source = std::make_shared<MemorySource>();
+    const auto read = [&] { FindingsOf("deck.data", source); };
+    EXPECT_EQ(ReasonOf(read), "can't read 'deck.data': No such file or directory");
+    source->Set("deck.data", std::shared_ptr<const SourceText>());
+    EXPECT_EQ(ReasonOf(read), "can't read 'deck.data': the source returned no text");
 }
 
 TEST(MemoryWithoutAText, IsAFileThatCannotBeRead)

@@ -146,6 +146,12 @@ TEST(ADeck, HasUnknownValuesWhereVariablesHaveNoValue)
     const ItemChange change = Compare(deck, known).groups.front().changes.front().item;
     EXPECT_EQ(change.before + " " + change.after, "unknown 0.25");
     EXPECT_EQ(change.array->greatest, 0);
+    const Deck empty =
+        Deck::ReadText("RUNSPEC\nDIMENS\n 3 $Y 1 /\n", language, ReadOptions().SetVariable("Y", ""));
+    std::string findings;
+    for (const Finding& finding : empty.GetFindings())
+        findings += ToString(finding) + '\n';
+    EXPECT_EQ(findings, "deck.data:3:4: error: DIMENS, NY: empty value; write a value [wrong-type]\n");
 }
 
 struct RepeatRow {

@@ -98,6 +98,38 @@ TEST(RuleDocuments, OfTheLibraryNameWhatIsThere)
         EXPECT_NO_THROW(DeckLanguage(KeywordSyntaxTable::Instance(), {file.path().string()})) << file.path();
 }
 
+/// What hosts show of a keyword: kind, what, item and text of a rule.
+TEST(RuleDocuments, OfTheLibraryAreDescribed)
+{
+    constexpr const char* rows[][2] = {{"WELSPECS", "defines|well|WELL|WELL defines a name: well"},
+        {"WELSPECS", "index|NX|I|I is at most NX"},
+        {"WELSPECS", "members|MAXWGRP|GROUP|at most MAXWGRP of WELLDIMS wells for each GROUP"},
+        {"WCONPROD", "refers-to|well|WELL|WELL refers to a name that is defined before it: well"},
+        {"WCONPROD",
+            "require|ORAT|CONTROL|if CONTROL is ORAT, ORAT is required, unless STATUS is SHUT or STATUS is "
+            "STOP"},
+        {"WCONPROD", "require|VFP|THP|if THP has a value, VFP is required"},
+        {"WOPR", "refers-to|well||each name refers to a name that is defined: well"},
+        {"COMPDAT", "distinct||WELL, I, J, K1, K2, CF|one record for the same WELL, I, J, K1, K2, CF"},
+        {"BOX", "order|I2|I1|I1 is at most I2"}, {"GRUPTREE", "tree|group||builds a tree: group"},
+        {"SATNUM", "region|NTSFUN||each number is at most NTSFUN, the number of saturation tables"},
+        {"SWOF", "length|NSSFUN||each table has at most NSSFUN of TABDIMS rows"},
+        {"START", "once|||a deck has it once"},
+        {"LAB", "exclusive|system of units||a deck has one system of units: METRIC, FIELD, LAB or PVT-M"},
+        {"PVDO",
+            "need|properties of oil||PROPS needs properties of oil: PVTO, PVDO, PVCDO, PVCO or PVTSOL, with "
+            "OIL"},
+        {"RESTART", "open|||it may define names that the deck does not show"}};
+    const DeckLanguage language;
+    for (const auto& [keyword, expected] : rows) {
+        std::string rules;
+        for (const KeywordRule& rule :
+            language.GetRules(*KeywordSyntaxTable::Instance().Lookup(keyword, true)))
+            rules += rule.kind + '|' + rule.what + '|' + rule.item + '|' + rule.text + '\n';
+        EXPECT_NE(('\n' + rules).find(std::string("\n") + expected + '\n'), std::string::npos) << rules;
+    }
+}
+
 /// The author of a rule has its own code, severity and text; a comment of a deck may name the code.
 TEST(RuleDocuments, HaveTheirOwnVoice)
 {

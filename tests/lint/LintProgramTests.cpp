@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -71,6 +73,8 @@ class UnreadablePath : public LintProgram, public testing::WithParamInterface<Un
 TEST_P(UnreadablePath, IsReportedAndTheRestIsChecked)
 {
     folder_.Write("empty/notes.txt", "");
+    std::filesystem::resize_file(folder_.Write("huge.xml", ""), (std::uintmax_t(1) << 30) + 1);
+    std::filesystem::create_symlink("/dev/null", folder_.Path() / "device.xml");
     const Outcome outcome = Run(Path(GetParam().path) + " " + Path("both/good.xml"));
     EXPECT_EQ(outcome.status, 2);
     EXPECT_TRUE(Holds(outcome.err, GetParam().error)) << outcome.err;
@@ -79,6 +83,8 @@ TEST_P(UnreadablePath, IsReportedAndTheRestIsChecked)
 
 INSTANTIATE_TEST_SUITE_P(Paths, UnreadablePath,
     testing::Values(Unreadable{"Missing", "none.xml", "No such file or directory"},
+        Unreadable{"Huge", "huge.xml", "file too large (expected at most 1073741824 bytes)"},
+        Unreadable{"Device", "device.xml", "not a regular file"},
         Unreadable{"FolderWithoutDocuments", "empty", "the folder has no .xml file"}),
     CaseName<Unreadable>);
 

@@ -15,7 +15,14 @@ build() {
 }
 build c++17 veld-quor-keywords "$host" "$@"
 "$output"
-for standard in c++17 c++20; do
-    build $standard veld-quor-decks "$examples/read_deck.cpp" "$@"
-    "$output" "$examples/decks/steam-injection.data"
-done
+# build_example STANDARD NAME COMPILER [FLAGS]
+build_example() {
+    standard=$1 name=$2
+    shift 2
+    build "$standard" veld-quor-decks "$examples/$name.cpp" "$@"
+    "$output" "$examples/decks/steam-injection.data" # of which read_deck alone makes use
+}
+build_example c++17 read_deck "$@"
+build_example c++17 edit_deck "$@"
+build_example c++20 read_deck "$@"
+build_example c++20 read_in_threads "$@"
