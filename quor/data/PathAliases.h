@@ -24,8 +24,8 @@ public:
     void setAlias(const std::string& alias, const std::string& path);
 
     /// Replaces the references in `path` by what they stand for, each up to the end, a slash or a backslash.
-    /// The result says whether a "$" is left: true if something could not be resolved. The reference of a path
-    /// to its own alias is not replaced again, and no reference that would make the text longer than
+    /// The result says whether a "$" is left: true if something could not be resolved. The reference of a
+    /// path to its own alias is not replaced again, and no reference that would make the text longer than
     /// `maxLength`.
     bool resolvePathAliases(const std::string& path, std::string& resolved) const;
 

@@ -67,9 +67,10 @@ public:
     ReadOptions& SetMaxFindings(std::size_t count);
     /// How many values the repeat counts (`1000*0.2`, `1000*`) of one keyword make at most, and of a deck 20
     /// times as many, both beyond 100 for each byte of its files up to there: 50 million at first. A number
-    /// takes 8 bytes, so a keyword fills up to 400 MB and a deck up to 8 GB; a value that is no number counts as
-    /// four. A host with less memory sets less. A word that would make more is a finding (`too-many-values`),
-    /// and makes none of them. A deck of a larger grid whose arrays are repeats needs more.
+    /// takes 8 bytes, so a keyword fills up to 400 MB and a deck up to 8 GB; a value that is no number counts
+    /// as four. A host with less memory sets less. A word that would make more is a finding
+    /// (`too-many-values`), and makes none of them. A deck of a larger grid whose arrays are repeats needs
+    /// more.
     ReadOptions& SetMaxRepeatedValues(std::size_t count);
     /// Where the files of the deck come from; null, as at first: the files of the system.
     ReadOptions& SetSource(std::shared_ptr<const DeckSource> source);
@@ -98,8 +99,8 @@ public:
     /// `name` may begin with the "$". Throws `std::invalid_argument` if it is no name, or a "$" is in `path`.
     ReadOptions& SetPathAlias(const std::string& name, const std::string& path);
 
-    /// Whether only files below the folder of the deck are read, wherever links lead: another is reported like
-    /// one that is missing, whether it is there or not. For decks of strangers. False at first.
+    /// Whether only files below the folder of the deck are read, wherever links lead: another is reported
+    /// like one that is missing, whether it is there or not. For decks of strangers. False at first.
     ReadOptions& SetConfined(bool isConfined);
     /// Whether findings quote files outside the folder of the deck (`DeckFile::isOutside`). If not, a finding
     /// in one has no excerpt and no fix, and dots for what its message and its hint quote. A deck of a

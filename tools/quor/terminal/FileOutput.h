@@ -24,8 +24,8 @@ bool HasHardLinks(const std::string& path);
 
 /// Writes the file whole, to the disk: what stood there before is replaced once all is written, or stays. It
 /// keeps mode, owner, group and access list. Throws `OutputError`, also for a path that is something else
-/// than a file. `known`, or null for any: the stamps of those that may be replaced. Signals wait meanwhile, so
-/// that no temporary file stays.
+/// than a file. `known`, or null for any: the stamps of those that may be replaced. Signals wait meanwhile,
+/// so that no temporary file stays.
 void WriteFile(const std::string& path, std::string_view text, const std::set<FileStamp>* known = nullptr);
 
 } // namespace Veld::Quor::Tools
