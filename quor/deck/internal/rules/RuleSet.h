@@ -105,8 +105,9 @@ struct SizeRule {
     std::string keyword; ///< that chooses
     std::string item; ///< whose word chooses; empty: the keyword itself, by being there
     std::vector<std::string> words; ///< of the item
-    std::vector<std::string>
-        sizes; ///< for each word, or without the keyword and with it; the first holds without it
+    /// For each of them, and with another word any size; or without the keyword and with it. The first holds
+    /// without it.
+    std::vector<std::string> sizes;
 };
 
 /// How many names of a kind there may be.

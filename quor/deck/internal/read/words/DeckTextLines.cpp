@@ -28,8 +28,11 @@ bool DeckText::IsLoneUpperWord(const TextRange& word) const
 
 const Entry* DeckText::FindIndentedKeyword(const TextRange& word) const
 {
+    const char* const after = begin_ + word.offset + word.length;
+    if (!IsEmptyToLineEnd({after, static_cast<std::size_t>(end_ - after)}))
+        return nullptr; // as it is of nearly all words
     const auto lone = FindLoneWord(GetLineFrom(word));
-    return lone && !lone->hasSlash && IsFirstOnLine(word) ? vocabulary_.Find(lone->word) : nullptr;
+    return lone && IsFirstOnLine(word) ? vocabulary_.Find(lone->word) : nullptr;
 }
 
 std::string_view DeckText::GetLineFrom(const TextRange& range) const
