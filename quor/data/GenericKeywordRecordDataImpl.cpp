@@ -47,23 +47,19 @@ GenericKeywordRecordDataImpl::Elements::Elements(const std::shared_ptr<const Rec
 
 GenericKeywordRecordDataImpl::Elements::~Elements()
 {
-    if (layout_->IsPlain())
-        return;
     for (std::size_t i = 0; i < built_; ++i) {
-        if (const ScalarOps* const ops = layout_->Items()[i].ops)
-            ops->destroy(At(i));
+        const RecordLayout::Item& item = layout_->Owners()[i];
+        if (item.ops)
+            item.ops->destroy(Block() + item.offset);
         else
-            delete static_cast<IKeywordData*>(At(i));
+            delete NestedAt(item);
     }
 }
 
 void GenericKeywordRecordDataImpl::Elements::Construct(const IKeywordSyntax* syntax)
 {
-    if (layout_->IsPlain()) {
-        CopyBlock(layout_->Image());
-        return;
-    }
-    for (const RecordLayout::Item& item : layout_->Items()) {
+    CopyBlock(layout_->Image());
+    for (const RecordLayout::Item& item : layout_->Owners()) {
         if (item.ops) {
             item.ops->construct(Block() + item.offset);
         } else {
@@ -71,7 +67,7 @@ void GenericKeywordRecordDataImpl::Elements::Construct(const IKeywordSyntax* syn
             if (!nested && item.md)
                 GenericKeywordDataFactory::FailUnhandled(
                     "GenericKeywordDataFactory::ConstructRecordElement()", *item.md);
-            SetNested(built_, std::move(nested));
+            SetNested(item, std::move(nested));
         }
         ++built_;
     }
@@ -79,32 +75,29 @@ void GenericKeywordRecordDataImpl::Elements::Construct(const IKeywordSyntax* syn
 
 void GenericKeywordRecordDataImpl::Elements::Copy(const Elements& other)
 {
-    const std::vector<RecordLayout::Item>& items = layout_->Items();
-    if (layout_->IsPlain()) {
-        CopyBlock(other.Block());
-        return;
-    }
-    for (; built_ < items.size(); ++built_) {
-        const RecordLayout::Item& item = items[built_];
+    CopyBlock(other.Block());
+    for (const RecordLayout::Item& item : layout_->Owners()) {
         if (item.ops) {
-            item.ops->copy(Block() + item.offset, other.At(built_));
+            item.ops->copy(Block() + item.offset, other.Block() + item.offset);
         } else {
-            const auto* const nested = static_cast<const IKeywordData*>(other.At(built_));
-            SetNested(built_, nested ? nested->CloneSafely() : nullptr);
+            const IKeywordData* const nested = other.NestedAt(item);
+            SetNested(item, nested ? nested->CloneSafely() : nullptr);
         }
+        ++built_;
     }
 }
 
+/// The plain items; the others are constructed over what is copied.
 void GenericKeywordRecordDataImpl::Elements::CopyBlock(const std::byte* from)
 {
     if (layout_->Size() > 0)
         std::memcpy(Block(), from, layout_->Size());
-    built_ = layout_->Items().size();
 }
 
-void GenericKeywordRecordDataImpl::Elements::SetNested(std::size_t i, std::unique_ptr<IKeywordData> data)
+void GenericKeywordRecordDataImpl::Elements::SetNested(
+    const RecordLayout::Item& item, std::unique_ptr<IKeywordData> data)
 {
-    ::new (Block() + layout_->Items()[i].offset) void*(data.release());
+    ::new (Block() + item.offset) IKeywordData*(data.release());
 }
 
 } // namespace Veld::Quor::Core::Keywords

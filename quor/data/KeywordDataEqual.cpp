@@ -75,27 +75,25 @@ bool EqualMaps(const IKeywordMapData& a, const IKeywordMapData& b)
     return true;
 }
 
+bool EqualNested(const void* a, const void* b, std::size_t count)
+{
+    const auto* const nodesOfA = static_cast<const IKeywordData* const*>(a);
+    const auto* const nodesOfB = static_cast<const IKeywordData* const*>(b);
+    return std::equal(nodesOfA, nodesOfA + count, nodesOfB, EqualNodes);
+}
+
 /// The library's own records know where their items are, without asking the metadata.
 bool EqualByLayout(const GenericKeywordRecordDataImpl& a, const GenericKeywordRecordDataImpl& b)
 {
     // The metadata are the same, but a host may have added items to them in between.
     if (a.Layout().Items().size() != b.Layout().Items().size())
         return false;
-    if (a.Layout().IsPlain() && b.Layout().IsPlain()) {
-        const auto& runs = a.Layout().Runs();
-        return std::all_of(runs.begin(), runs.end(), [&](const RecordLayout::Run& run) {
-            return run.ops->equalRun(a.Block() + run.offset, b.Block() + run.offset, run.count);
-        });
-    }
-    int i = 0;
-    for (const RecordLayout::Item& item : a.Layout().Items()) {
-        const bool equal =
-            item.ops ? item.ops->equal(a.GetData(i), b.GetData(i)) : EqualNodes(a.GetData(i), b.GetData(i));
-        if (!equal)
-            return false;
-        ++i;
-    }
-    return true;
+    const auto& runs = a.Layout().Runs();
+    return std::all_of(runs.begin(), runs.end(), [&](const RecordLayout::Run& run) {
+        const std::byte* const ofA = a.Block() + run.offset;
+        const std::byte* const ofB = b.Block() + run.offset;
+        return run.ops ? run.ops->equalRun(ofA, ofB, run.count) : EqualNested(ofA, ofB, run.count);
+    });
 }
 
 bool EqualRecords(const IKeywordRecordData& a, const IKeywordRecordData& b)

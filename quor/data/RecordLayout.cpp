@@ -35,15 +35,13 @@ RecordLayout::RecordLayout(const IKeywordRecordMD& md)
     });
     for (Item* const item : places)
         Place(*item);
-    if (plain_)
-        MakeImage();
+    MakeImage();
 }
 
 void RecordLayout::Place(Item& item)
 {
     item.offset = static_cast<std::uint32_t>(size_);
     size_ += item.ops ? item.ops->size : sizeof(void*);
-    plain_ = plain_ && item.ops && item.ops->plain;
     if (!runs_.empty() && runs_.back().ops == item.ops)
         ++runs_.back().count;
     else
@@ -53,8 +51,12 @@ void RecordLayout::Place(Item& item)
 void RecordLayout::MakeImage()
 {
     image_.resize(size_);
-    for (const Item& item : items_)
-        item.ops->construct(image_.data() + item.offset);
+    for (const Item& item : items_) {
+        if (item.ops && item.ops->plain)
+            item.ops->construct(image_.data() + item.offset);
+        else
+            owners_.push_back(item);
+    }
 }
 
 } // namespace Veld::Quor::Core::Keywords

@@ -94,8 +94,11 @@ private:
 
 Difference Comparer::Compare()
 {
-    const auto before = SplitDeck(a_);
-    const auto after = SplitDeck(b_);
+    auto before = FindSteps(a_);
+    auto after = FindSteps(b_);
+    MarkSame(a_, before, b_, after);
+    SplitSteps(a_, before);
+    SplitSteps(b_, after);
     std::set<Step> steps;
     for (const auto* const side : {&before, &after}) {
         for (const auto& [step, units] : *side)
@@ -104,6 +107,8 @@ Difference Comparer::Compare()
     for (const Step& step : steps) {
         const auto inBefore = before.find(step);
         const auto inAfter = after.find(step);
+        if (inBefore != before.end() && inBefore->second.isSame)
+            continue;
         CompareSteps(step, inBefore == before.end() ? nullptr : &inBefore->second,
             inAfter == after.end() ? nullptr : &inAfter->second);
     }

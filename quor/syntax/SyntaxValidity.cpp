@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <bitset>
+#include <iterator>
 
 namespace Veld::Quor::Core::Keywords {
 
@@ -212,8 +213,10 @@ std::vector<SectionType::Enum> SyntaxValidity::GetValidSections() const
 
 SectionType::Enum SyntaxValidity::GetFirstValidSection() const
 {
-    const std::vector<SectionType::Enum> sections = GetValidSections();
-    return sections.empty() ? SectionType::None : sections.front();
+    const auto first = std::find_if(
+        sections_.begin(), sections_.end(), [](const SimulatorModeFlags& flags) { return flags.Any(); });
+    return first == sections_.end() ? SectionType::None
+                                    : SectionType::Enum(std::distance(sections_.begin(), first));
 }
 
 } // namespace Veld::Quor::Core::Keywords

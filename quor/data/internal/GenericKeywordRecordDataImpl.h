@@ -69,11 +69,15 @@ private:
         const std::shared_ptr<const RecordLayout>& SharedLayout() const { return layout_; }
 
     private:
-        void CopyBlock(const std::byte* from); // of plain ones
-        void SetNested(std::size_t i, std::unique_ptr<IKeywordData> data);
+        void CopyBlock(const std::byte* from);
+        void SetNested(const RecordLayout::Item& item, std::unique_ptr<IKeywordData> data);
+        IKeywordData* NestedAt(const RecordLayout::Item& item) const
+        {
+            return *reinterpret_cast<IKeywordData**>(Block() + item.offset);
+        }
 
         std::shared_ptr<const RecordLayout> layout_;
-        std::size_t built_ = 0; // items that are constructed
+        std::size_t built_ = 0; // owners that are constructed
     };
 
     const IKeywordRecordMD* md_; // the table's, as the syntax

@@ -33,23 +33,22 @@ public:
 
     const std::vector<Item>& Items() const { return items_; }
     std::size_t Size() const { return size_; }
-    /// Whether the whole block is plain memory.
-    bool IsPlain() const { return plain_; }
-    /// A whole block without values, and its runs. Of plain ones alone.
-    /// @{
+    /// A whole block without values, as far as it is plain memory.
     const std::byte* Image() const { return image_.data(); }
+    /// The items that aren't.
+    const std::vector<Item>& Owners() const { return owners_; }
+    bool IsPlain() const { return owners_.empty(); }
     const std::vector<Run>& Runs() const { return runs_; }
-    /// @}
 
 private:
     void Place(Item& item);
     void MakeImage();
 
     std::vector<Item> items_;
+    std::vector<Item> owners_;
     std::vector<Run> runs_;
     std::vector<std::byte> image_;
     std::size_t size_ = 0;
-    bool plain_ = true;
 };
 
 } // namespace Veld::Quor::Core::Keywords

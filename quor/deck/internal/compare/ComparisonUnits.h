@@ -6,6 +6,7 @@
 #include "quor/foundation/service/Time.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <string>
 #include <tuple>
@@ -39,9 +40,19 @@ struct Step {
 struct StepUnits {
     std::vector<ComparisonUnit> units; ///< in the order of the deck
     TextRange range; ///< of the keyword that leads to the report
+    std::vector<std::uint32_t> keywords; ///< of the deck's, in their order
+    bool hasScopes = false; ///< some of them open scopes, or are in one
+    bool isSame = false; ///< in the other deck
 };
 
-/// All units of a deck. The keywords that advance the time are not among them: they make the steps.
-std::map<Step, StepUnits> SplitDeck(const DeckContents& deck);
+/// The steps of a deck, without their units.
+std::map<Step, StepUnits> FindSteps(const DeckContents& deck);
+/// Marks the steps whose keywords and data are the same in both decks, one by one: their units needn't be
+/// made.
+void MarkSame(const DeckContents& a, std::map<Step, StepUnits>& stepsOfA, const DeckContents& b,
+    std::map<Step, StepUnits>& stepsOfB);
+/// Makes the units of all other steps. The keywords that advance the time are not among them: they make the
+/// steps.
+void SplitSteps(const DeckContents& deck, std::map<Step, StepUnits>& steps);
 
 } // namespace Veld::Quor::Core::Decks

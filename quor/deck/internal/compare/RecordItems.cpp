@@ -7,36 +7,52 @@
 namespace Veld::Quor::Core::Decks {
 
 using namespace Core::Keywords;
-using MDType = IKeywordDataMD::MDType;
-
-RecordItem FindItem(const IKeywordRecordData& record, const char* name, MDType::Enum type)
+int RecordItems::FindPlace(const Record& record, const char* name, MDType::Enum type)
 {
-    const auto& md = static_cast<const IKeywordRecordMD&>(*record.GetMD());
-    for (int i = 0; i < md.GetSize(); ++i) {
-        const IKeywordDataMD& item = *md.GetItemMD(i);
-        if (item.GetName() != name || item.GetType() != type)
-            continue;
-        const ScalarValue value = ItemValue(item, record.GetData(i));
-        return {&item, IsGiven(value) ? value : DefaultOf(item, SimulatorType::Any).value};
+    if (record.GetMD() != md_)
+        places_.clear();
+    md_ = record.GetMD();
+    for (const Place& place : places_) {
+        if (place.name == name && place.type == type)
+            return place.item;
     }
-    return {};
+    const auto& md = static_cast<const IKeywordRecordMD&>(*md_);
+    int item = 0;
+    while (item < md.GetSize()
+        && (md.GetItemMD(item)->GetName() != name || md.GetItemMD(item)->GetType() != type))
+        ++item;
+    item = item < md.GetSize() ? item : -1;
+    places_.push_back({name, type, item});
+    return item;
 }
 
-std::string FindName(const IKeywordRecordData& record, const char* name)
+RecordItem RecordItems::Find(const Record& record, const char* name, MDType::Enum type)
 {
-    const RecordItem item = FindItem(record, name, MDType::String);
+    const int place = FindPlace(record, name, type);
+    if (place < 0)
+        return {};
+    const IKeywordDataMD& md = *static_cast<const IKeywordRecordMD&>(*md_).GetItemMD(place);
+    RecordItem item{&md, ItemValue(md, record.GetData(place))};
+    if (!IsGiven(item.value))
+        item.value = DefaultOf(md, SimulatorType::Any).value;
+    return item;
+}
+
+std::string RecordItems::FindName(const Record& record, const char* name)
+{
+    const RecordItem item = Find(record, name, MDType::String);
     return item.md ? ToUpper(ToText(*item.md, item.value)) : std::string();
 }
 
-std::string FindWord(const IKeywordRecordData& record, const char* name)
+std::string RecordItems::FindWord(const Record& record, const char* name)
 {
-    const RecordItem item = FindItem(record, name, MDType::Choice);
+    const RecordItem item = Find(record, name, MDType::Choice);
     return item.md ? ToText(*item.md, item.value) : std::string();
 }
 
-int FindIndex(const IKeywordRecordData& record, const char* name)
+int RecordItems::FindIndex(const Record& record, const char* name)
 {
-    const RecordItem item = FindItem(record, name, MDType::Integer);
+    const RecordItem item = Find(record, name, MDType::Integer);
     return IsGiven(item.value) ? std::get<int>(item.value) : 0;
 }
 

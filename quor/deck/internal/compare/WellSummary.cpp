@@ -1,7 +1,6 @@
 #include "quor/deck/internal/compare/WellSummary.h"
 
 #include "quor/data/IKeywordListData.h"
-#include "quor/deck/internal/compare/RecordItems.h"
 #include "quor/deck/internal/read/data/DataShape.h"
 #include "quor/deck/internal/read/data/DataValue.h"
 #include "quor/metadata/KeywordUtils.h"
@@ -20,16 +19,16 @@ namespace {
 
 constexpr const char* topGroup = "FIELD";
 
+} // namespace
+
 /// The word of a choice that isn't the default.
-std::string FindOtherWord(const IKeywordRecordData& record, const char* name)
+std::string WellSummary::FindOtherWord(const Record& record, const char* name) const
 {
-    const RecordItem item = FindItem(record, name, MDType::Choice);
+    const RecordItem item = items_.Find(record, name, MDType::Choice);
     if (!item.md || item.value == DefaultOf(*item.md, SimulatorType::Any).value)
         return {};
     return ToText(*item.md, item.value);
 }
-
-} // namespace
 
 const WellSummary::Reader* WellSummary::FindReader(const std::string& keyword)
 {
@@ -52,7 +51,7 @@ void WellSummary::Follow(const KeywordInstance& keyword, const Core::Service::Ti
     const Reader* const reader = FindReader(keyword.syntax->GetName());
     if (!reader)
         return;
-    keyword_ = keyword.syntax->GetName();
+    keyword_ = &keyword.syntax->GetName();
     now_ = now;
     const auto& list = static_cast<const IKeywordListData&>(*keyword.data);
     for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i)
@@ -61,7 +60,7 @@ void WellSummary::Follow(const KeywordInstance& keyword, const Core::Service::Ti
 
 void WellSummary::ReadWell(const Record& record)
 {
-    const std::string name = FindName(record, "WELL");
+    const std::string name = items_.FindName(record, "WELL");
     if (name.empty())
         return;
     const std::size_t number = wells_.size();
@@ -72,15 +71,15 @@ void WellSummary::ReadWell(const Record& record)
         entry.well.name = name;
         entry.well.since = now_;
     }
-    entry.well.group = FindName(record, "GROUP");
+    entry.well.group = items_.FindName(record, "GROUP");
     if (!entry.well.group.empty())
         AddGroup(entry.well.group, topGroup, false);
 }
 
 void WellSummary::ReadGroup(const Record& record)
 {
-    const std::string name = FindName(record, "GROUP");
-    const std::string parent = FindName(record, "PARENT");
+    const std::string name = items_.FindName(record, "GROUP");
+    const std::string parent = items_.FindName(record, "PARENT");
     if (name.empty() || parent.empty())
         return;
     AddGroup(parent, topGroup, false);
@@ -89,12 +88,12 @@ void WellSummary::ReadGroup(const Record& record)
 
 void WellSummary::ReadCompletion(const Record& record)
 {
-    const std::array<int, 4> cells{
-        FindIndex(record, "I"), FindIndex(record, "J"), FindIndex(record, "K1"), FindIndex(record, "K2")};
+    const std::array<int, 4> cells{items_.FindIndex(record, "I"), items_.FindIndex(record, "J"),
+        items_.FindIndex(record, "K1"), items_.FindIndex(record, "K2")};
     const long long count = static_cast<long long>(cells[3]) - cells[2] + 1;
     if (count <= 0)
         return;
-    ForEachWell(FindName(record, "WELL"), [&](Entry& entry) {
+    ForEachWell(items_.FindName(record, "WELL"), [&](Entry& entry) {
         if (entry.completions.insert(cells).second)
             entry.well.completions += count;
     });
@@ -102,32 +101,36 @@ void WellSummary::ReadCompletion(const Record& record)
 
 void WellSummary::ReadControl(const Record& record)
 {
-    const auto textOf = [this](const std::vector<std::string>& words) {
-        std::string text = keyword_;
-        for (const std::string& word : words)
-            text += word.empty() ? "" : ' ' + word;
-        return text;
-    };
-    const std::string type = FindWord(record, "TYPE");
-    const std::string control = FindWord(record, "CONTROL");
-    const std::string current = textOf({type, FindOtherWord(record, "STATUS"), control});
-    const std::string whenOpen = textOf({type, control});
-    ForEachWell(FindName(record, "WELL"), [&](Entry& entry) {
-        entry.well.control = current;
-        entry.control = whenOpen;
+    ForEachWell(items_.FindName(record, "WELL"), [&](Entry& entry) {
+        entry.control = {keyword_, &record, Control::Shown::AsGiven};
     });
 }
 
 /// Of a well, not of a completion. One that opens has the control that it had.
 void WellSummary::ReadStatus(const Record& record)
 {
-    const bool isOfCompletion =
-        FindIndex(record, "I") > 0 || FindIndex(record, "J") > 0 || FindIndex(record, "K") > 0;
+    const bool isOfCompletion = items_.FindIndex(record, "I") > 0 || items_.FindIndex(record, "J") > 0
+        || items_.FindIndex(record, "K") > 0;
     if (isOfCompletion)
         return;
     const std::string status = FindOtherWord(record, "STATUS");
-    ForEachWell(FindName(record, "WELL"),
-        [&](Entry& entry) { entry.well.control = status.empty() ? entry.control : keyword_ + ' ' + status; });
+    ForEachWell(items_.FindName(record, "WELL"), [&](Entry& entry) {
+        entry.control.shown = status.empty() ? Control::Shown::AsOpen : Control::Shown::Text;
+        entry.well.control = *keyword_ + ' ' + status;
+    });
+}
+
+std::string WellSummary::TextOf(const Control& control) const
+{
+    if (!control.keyword)
+        return {};
+    std::string text = *control.keyword;
+    const auto add = [&text](const std::string& word) { text += word.empty() ? "" : ' ' + word; };
+    add(items_.FindWord(*control.record, "TYPE"));
+    if (control.shown == Control::Shown::AsGiven)
+        add(FindOtherWord(*control.record, "STATUS"));
+    add(items_.FindWord(*control.record, "CONTROL"));
+    return text;
 }
 
 /// `isFirm`: the parent holds against what was known before.
@@ -158,8 +161,11 @@ void WellSummary::ForEachWell(const std::string& pattern, Visit visit)
 std::vector<Well> WellSummary::GetWells() const
 {
     std::vector<Well> wells(wells_.size());
-    for (const auto& [name, entry] : wells_)
+    for (const auto& [name, entry] : wells_) {
         wells[entry.number] = entry.well;
+        if (entry.control.shown != Control::Shown::Text)
+            wells[entry.number].control = TextOf(entry.control);
+    }
     return wells;
 }
 

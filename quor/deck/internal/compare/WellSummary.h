@@ -2,6 +2,7 @@
 
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/deck/DeckSummary.h"
+#include "quor/deck/internal/compare/RecordItems.h"
 #include "quor/deck/internal/read/contents/DeckContents.h"
 #include "quor/foundation/service/Time.h"
 #include "quor/metadata/IKeywordRecordMD.h"
@@ -28,9 +29,20 @@ public:
 
 private:
     using Record = Core::Keywords::IKeywordRecordData;
+    /// What the last record says of how a well runs: its text is made in the end.
+    struct Control {
+        enum class Shown {
+            Text, ///< that of the well, whatever the control
+            AsGiven,
+            AsOpen, ///< the control, as of a well that is open
+        };
+        const std::string* keyword = nullptr; ///< null: there was none
+        const Record* record = nullptr;
+        Shown shown = Shown::Text;
+    };
     struct Entry {
         Well well;
-        std::string control; // the last one as of a well that is open
+        Control control; // the last one
         std::size_t number = 0; // in the order of coming
         std::set<std::array<int, 4>> completions; // I, J, K1, K2
     };
@@ -50,11 +62,15 @@ private:
     template <class Visit>
     void ForEachWell(const std::string& pattern, Visit visit);
 
+    std::string FindOtherWord(const Record& record, const char* name) const;
+    std::string TextOf(const Control& control) const;
+
     std::map<std::string, Entry> wells_;
     std::map<std::string, std::string> parents_; // of groups, by name
     std::vector<std::string> groups_; // in the order of coming
     // Of the keyword being read
-    std::string keyword_;
+    const std::string* keyword_ = nullptr;
+    mutable RecordItems items_;
     Core::Service::Time now_;
 };
 

@@ -1,8 +1,8 @@
 #include "quor/deck/internal/rules/NameTable.h"
 
-#include "quor/deck/internal/text/TextHash.h"
-
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -11,6 +11,38 @@ namespace {
 constexpr char Upper(char c)
 {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+/// Eight letters of ASCII at once, as `Upper`.
+std::uint64_t UpperAll(std::uint64_t letters)
+{
+    constexpr std::uint64_t ones = 0x0101010101010101U;
+    const std::uint64_t low = letters & (0x7F * ones);
+    const std::uint64_t fromA = low + (0x80 - 'a') * ones;
+    const std::uint64_t beyondZ = low + (0x7F - 'z') * ones;
+    const std::uint64_t isLower = ~letters & (fromA ^ beyondZ) & (0x80 * ones);
+    return letters - (isLower >> 2);
+}
+
+template <class Word>
+std::uint64_t Load(const char* text)
+{
+    Word word = 0;
+    std::memcpy(&word, text, sizeof word);
+    return word;
+}
+
+/// The letters from an offset on, at most eight; the same number for the same letters in any case.
+std::uint64_t EightOf(std::string_view name, std::size_t offset)
+{
+    const char* const text = name.data() + offset;
+    const std::size_t count = name.size() - offset;
+    if (count >= 8)
+        return UpperAll(Load<std::uint64_t>(text));
+    if (count >= 4)
+        return UpperAll(Load<std::uint32_t>(text) | Load<std::uint32_t>(text + count - 4) << 32);
+    return UpperAll(Load<std::uint8_t>(text) | Load<std::uint8_t>(text + count / 2) << 8
+        | Load<std::uint8_t>(text + count - 1) << 16);
 }
 
 } // namespace
@@ -41,16 +73,23 @@ bool IsMatch(std::string_view pattern, std::string_view name)
 
 std::size_t NameTable::Hash::operator()(std::string_view name) const
 {
-    TextHash hash;
-    for (const char c : name)
-        hash.Add(Upper(c));
-    return hash.Get();
+    std::uint64_t hash = name.size();
+    for (std::size_t at = 0; at < name.size(); at += sizeof hash) {
+        hash = (hash ^ EightOf(name, at)) * 0x9E3779B97F4A7C15U;
+        hash ^= hash >> 32;
+    }
+    return hash;
 }
 
 bool NameTable::Equal::operator()(std::string_view a, std::string_view b) const
 {
-    return std::equal(
-        a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Upper(x) == Upper(y); });
+    if (a.size() != b.size())
+        return false;
+    for (std::size_t at = 0; at < a.size(); at += sizeof(std::uint64_t)) {
+        if (EightOf(a, at) != EightOf(b, at))
+            return false;
+    }
+    return true;
 }
 
 bool NameTable::HasMatch(std::string_view pattern)

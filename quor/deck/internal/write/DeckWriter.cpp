@@ -94,6 +94,7 @@ std::string DeckWriter::Write(std::uint32_t file, std::size_t end, bool takesInc
 {
     const std::string_view source = deck_.files.GetText(file);
     std::string text;
+    text.reserve(end);
     std::size_t position = 0;
     for (const Part& part : parts_[file]) {
         if (!part.keyword && !takesInclusions)

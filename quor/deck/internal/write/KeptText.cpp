@@ -61,6 +61,7 @@ KeptText::KeptText(const DataPlan& plan, std::string_view text, std::size_t name
     , name_(name)
     , remark_(remark)
     , record_(FindRowRecord(plan, headers_)) // sets both
+    , hasItems_(record_ && record_->termination == Termination::SLASH && IsFlat(*record_))
 {
 }
 
@@ -74,6 +75,7 @@ std::string KeptText::Write()
         ReadLine(RestOfLine(text_, begin), begin == 0);
     Align();
     std::string written;
+    written.reserve(text_.size());
     std::size_t begin = 0;
     for (const TextRow& row : rows_) {
         const std::size_t end = EndOfLine(text_, begin);
@@ -88,6 +90,8 @@ void KeptText::ReadLine(std::string_view line, bool isFirst)
 {
     TextRow row;
     row.source = line;
+    row.words.reserve(rows_.empty() ? 0 : rows_.back().words.size());
+    columns_ = LineColumns(line);
     std::size_t offset = 0;
     if (isFirst) {
         row.words.push_back({std::string(line.substr(0, name_))});
@@ -121,7 +125,7 @@ std::size_t KeptText::ReadWord(TextRow& row, std::string_view line, std::size_t 
 {
     const DataWord word = FindDataWord(line.substr(offset));
     const std::string_view spelling = line.substr(offset, word.length);
-    TextRow::Word read{Fixed(word, spelling), ColumnAfter(line.substr(0, offset), 0), value_};
+    TextRow::Word read{Fixed(word, spelling), columns_.At(offset), value_};
     read.isNumber = !word.IsQuoted() && (word.IsDefault() || ToReal(word.text));
     read.isRepeated = word.repeat.count > 1;
     row.isChanged = row.isChanged || read.text != spelling;
@@ -141,9 +145,7 @@ std::string KeptText::Fixed(const DataWord& word, std::string_view spelling) con
         const char quote = spelling.back();
         return fmt::format("{0}{1}{2}{1}", spelling.substr(0, word.repeat.length), quote, word.text);
     }
-    const bool isOfItems = record_ && headers_ == 0 && record_->termination == Termination::SLASH
-        && IsFlat(*record_) && word.IsDefault();
-    if (!isOfItems)
+    if (!hasItems_ || headers_ > 0 || !word.IsDefault())
         return std::string(spelling);
     const std::size_t size = record_->items.size();
     const auto count = static_cast<std::size_t>(std::max(word.repeat.count, 1LL));
@@ -155,7 +157,7 @@ std::string KeptText::Fixed(const DataWord& word, std::string_view spelling) con
 
 void KeptText::AddSlash(TextRow& row, std::size_t offset)
 {
-    std::size_t column = ColumnAfter(row.source.substr(0, offset), 0);
+    std::size_t column = columns_.At(offset);
     if (isCut_ && !row.words.empty())
         column = row.words.back().GetEnd() + 1;
     row.isChanged = row.isChanged || isCut_;
@@ -172,8 +174,7 @@ void KeptText::AddComment(TextRow& row, std::size_t offset, std::string_view hyp
         return;
     const auto begin = static_cast<std::size_t>(comment.data() - row.source.data());
     row.isChanged = row.isChanged || !hyphens.empty();
-    row.words.push_back({fmt::format("{}{}", hyphens, comment), ColumnAfter(row.source.substr(0, begin), 0),
-        TextRow::comment});
+    row.words.push_back({fmt::format("{}{}", hyphens, comment), columns_.At(begin), TextRow::comment});
 }
 
 void KeptText::EndRecord()

@@ -40,8 +40,10 @@ private:
     std::size_t remark_;
     std::size_t headers_ = 0; // records before the rows
     const DataPlan* record_; // of rows; null: no line is one
+    bool hasItems_; // the values of such a row are the items of the record, and no more
 
     std::vector<TextRow> rows_;
+    LineColumns columns_; // of the line being read
     std::size_t value_ = 0; // of the record, that comes next
     bool isCut_ = false; // the line is shorter: its slash follows
 };

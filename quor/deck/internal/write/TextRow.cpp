@@ -25,9 +25,9 @@ std::size_t OffsetOf(const Word& word, Edge edge)
 /// Where the words of rows end, and one blank after them.
 struct RowEnds {
     std::size_t least; // of all rows
-    std::map<std::size_t, std::size_t> byRow; // beyond that
+    std::vector<std::size_t> byRow; // beyond that
 
-    std::size_t Get(std::size_t row) const { return std::max(least, byRow.at(row)); }
+    std::size_t Get(std::size_t row) const { return std::max(least, byRow[row]); }
 };
 
 /// The words of several rows that stand for the same value.
@@ -50,8 +50,8 @@ public:
             end = std::max(end, word->isRepeated ? 0 : word->GetEnd() + 1);
         return end;
     }
-    /// Whether each word directly follows the one before it.
-    bool IsClose(const std::vector<TextRow>& rows) const
+    /// Whether each word directly follows the one before it. `rows`: the first of them.
+    bool IsClose(const TextRow* rows) const
     {
         return std::all_of(words_.begin(), words_.end(), [&](const auto& word) {
             const Word* const self = word.second;
@@ -61,10 +61,15 @@ public:
     }
     bool IsAligned(Edge edge) const
     {
-        const std::size_t usual = FindUsualPosition(edge);
-        return std::all_of(words_.begin(), words_.end(), [&](const auto& word) {
-            return word.second->IsDefault() || PositionOf(*word.second, edge) == usual;
-        });
+        const Word* first = nullptr;
+        for (const auto& [row, word] : words_) {
+            if (word->IsDefault())
+                continue;
+            if (first && PositionOf(*word, edge) != PositionOf(*first, edge))
+                return false;
+            first = word;
+        }
+        return true;
     }
     /// The one by which they are aligned, or else the usual one.
     Edge FindEdge() const
@@ -112,18 +117,22 @@ private:
     /// Where most words are, or the first one.
     std::size_t FindUsualPosition(Edge edge) const
     {
-        std::map<std::size_t, std::size_t> counts;
-        std::size_t usual = PositionOf(*words_.front().second, edge);
+        std::vector<std::size_t> positions;
         for (const auto& [row, word] : words_) {
             if (!word->IsDefault())
-                ++counts[PositionOf(*word, edge)];
+                positions.push_back(PositionOf(*word, edge));
         }
-        std::size_t most = counts.find(usual) == counts.end() ? 0 : counts[usual];
-        for (const auto& [position, count] : counts) {
-            if (count > most) {
-                most = count;
-                usual = position;
+        std::sort(positions.begin(), positions.end());
+        std::size_t usual = PositionOf(*words_.front().second, edge);
+        const auto first = std::equal_range(positions.begin(), positions.end(), usual);
+        auto most = first.second - first.first;
+        for (auto at = positions.begin(); at != positions.end();) {
+            const auto end = std::upper_bound(at, positions.end(), *at);
+            if (end - at > most) {
+                most = end - at;
+                usual = *at;
             }
+            at = end;
         }
         return usual;
     }
@@ -138,7 +147,7 @@ WordColumns ColumnsOf(std::vector<TextRow>& rows, std::size_t first, std::size_t
     WordColumns columns;
     for (std::size_t i = first; i < last; ++i) {
         for (Word& word : rows[i].words)
-            columns[word.cell].Add(i, word);
+            columns[word.cell].Add(i - first, word);
     }
     return columns;
 }
@@ -156,12 +165,12 @@ bool IsLaidOut(const WordColumns& columns)
 
 } // namespace
 
-std::size_t ColumnAfter(std::string_view text, std::size_t column)
+std::size_t LineColumns::At(std::size_t offset)
 {
     constexpr std::size_t tab = 8;
-    for (const char c : text)
-        column = c == '\t' ? (column / tab + 1) * tab : column + 1;
-    return column;
+    for (; offset_ < offset; ++offset_)
+        column_ = line_[offset_] == '\t' ? (column_ / tab + 1) * tab : column_ + 1;
+    return column_;
 }
 
 std::string TextRow::GetText() const
@@ -171,6 +180,7 @@ std::string TextRow::GetText() const
     if (!isChanged && !isMoved)
         return std::string(source);
     std::string line;
+    line.reserve(source.size());
     for (const Word& word : words) {
         const std::size_t least = line.empty() ? 0 : line.size() + 1;
         line.resize(std::max(least, word.column), ' ');
@@ -184,14 +194,13 @@ void AlignRows(std::vector<TextRow>& rows, std::size_t first, std::size_t last)
     const WordColumns columns = ColumnsOf(rows, first, last);
     if (IsLaidOut(columns))
         return;
-    RowEnds ends{0, {}};
+    RowEnds ends{0, std::vector<std::size_t>(last - first)};
     for (std::size_t i = first; i < last; ++i) {
-        ends.byRow[i] = 0;
         if (rows[i].words.front().column > 0)
             ends.least = 1; // at the start of a line a word may be a keyword
     }
     for (const auto& [cell, column] : columns) {
-        const bool isClose = cell == TextRow::slash && column.IsClose(rows);
+        const bool isClose = cell == TextRow::slash && column.IsClose(rows.data() + first);
         if (cell < TextRow::slash || (!isClose && column.IsAligned(Edge::Begin)))
             column.Align(ends);
         else

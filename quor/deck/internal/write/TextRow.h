@@ -37,8 +37,22 @@ struct TextRow {
     std::string GetText() const;
 };
 
-/// The column after a text that begins at one.
-std::size_t ColumnAfter(std::string_view text, std::size_t column);
+/// The columns of a line, which is asked from its beginning on.
+class LineColumns {
+public:
+    explicit LineColumns(std::string_view line = {})
+        : line_(line)
+    {
+    }
+
+    /// Of the byte at `offset`, which doesn't come before one that was asked for.
+    std::size_t At(std::size_t offset);
+
+private:
+    std::string_view line_;
+    std::size_t offset_ = 0;
+    std::size_t column_ = 0;
+};
 
 /// Aligns rows that are below one another, from `first` to `last`, which is one after, unless blanks are
 /// between all their columns already. Where most words of a column are, the others go, or as far to the right

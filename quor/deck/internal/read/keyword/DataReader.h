@@ -4,6 +4,7 @@
 #include "quor/deck/internal/check/FindingReporter.h"
 #include "quor/deck/internal/read/data/DataNotes.h"
 #include "quor/deck/internal/read/keyword/NoteTaker.h"
+#include "quor/deck/internal/read/keyword/PlainRecord.h"
 #include "quor/deck/internal/read/keyword/WrongSizes.h"
 #include "quor/deck/internal/read/values/ColumnOrder.h"
 #include "quor/deck/internal/read/values/DataPlan.h"
@@ -162,6 +163,9 @@ private:
     Ended EndListBySlash(const DataPlan& plan, long long size, const Core::Keywords::IKeywordListData& list);
     bool EndsByWord(const Core::Keywords::ICustomReadTermination& endWords);
     void ReportNoDefault(const DataPlan& item);
+    void ReadPlainRecords(
+        const DataPlan& plan, Core::Keywords::IKeywordListData& list, std::vector<RecordStart>* starts);
+    bool TakePlainRecord(const DataPlan& plan, Core::Keywords::IKeywordListData& list);
 
     // Ends and sizes
     Ended Unclosed(Open what, std::vector<TextEdit> fix = {});
@@ -211,6 +215,7 @@ private:
     WordStream words_;
     NoteTaker notes_;
     ColumnOrder order_;
+    PlainRecord plain_; // kept for its memory
 
     // Of the keyword being read
     Token keyword_;

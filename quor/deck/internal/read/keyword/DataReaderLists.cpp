@@ -107,7 +107,10 @@ DataReader::Ended DataReader::ReadElements(
     const DataPlan& item = plan.items.front();
     const ColumnOrder::Within within(order_, item);
     Ended ended = Ended::Complete;
-    while (HasMore(plan, size, list, ended)) {
+    for (;;) {
+        ReadPlainRecords(plan, list, starts);
+        if (!HasMore(plan, size, list, ended))
+            break;
         const TextRange begin = text_.HasPeeked() ? text_.PeekData().range : words_.GetRange();
         if (starts)
             starts->push_back(RecordStart::Of(begin));

@@ -33,6 +33,8 @@ public:
     void AddComment(const TextRange& range, CommentKind kind);
     /// Slots are over that the word at the range says the values of.
     void Pass(const TextRange& range, std::size_t slots = 1);
+    /// The same, of which nothing is noted; the ranges of values aren't wanted.
+    void PassPlain(std::size_t slots) { position_.slots += slots; }
     /// A slash at `range` came in place of the scalar, or of the items of the record from `firstItem` on.
     void PassMissing(const DataPlan& plan, std::size_t firstItem, const TextRange& range);
     /// A slash ended a record, list or map.

@@ -1,5 +1,6 @@
 #include "quor/deck/internal/read/values/DataPlan.h"
 
+#include "quor/metadata/IKeywordChoiceMD.h"
 #include "quor/metadata/IKeywordIntegerMD.h"
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/IKeywordMapMD.h"
@@ -31,6 +32,26 @@ void PlanLimits(const Numeric& md, DataPlan& plan)
     plan.max = md.GetMax() ? static_cast<double>(*md.GetMax()) : plan.max;
 }
 
+/// Those that match no more than themselves, and are valid and have an effect.
+void PlanChoices(const IKeywordChoiceMD& md, const Target& target, DataPlan& plan)
+{
+    for (int i = 0; i < md.NumChoices(); ++i) {
+        const std::string& word = md.GetChoice(i);
+        const bool isUsed = target.simulator == SimulatorType::Any
+            || (md.GetValidity(i).IsValid(target.simulator, target.mode)
+                && !md.GetUnsupportedBy(i).IsUnsupportedBy(target.simulator, target.mode));
+        const ChoiceMatch match = isUsed ? md.Match(word) : ChoiceMatch();
+        if (match.index == i && match.kind == ChoiceMatch::Kind::Word && !match.needsWarning)
+            plan.choices.push_back({word, i});
+    }
+}
+
+bool IsPlainItem(const DataPlan& item)
+{
+    return item.IsScalar() && item.type != MDType::Line && item.type != MDType::Assignment
+        && item.constraint == DataPlan::Constraint::None;
+}
+
 void PlanRecord(const IKeywordRecordMD& md, const Target& target, DataPlan& plan)
 {
     plan.termination = md.GetTermination();
@@ -46,7 +67,11 @@ void PlanRecord(const IKeywordRecordMD& md, const Target& target, DataPlan& plan
             item.isValid = md.GetValidity(i).IsValid(target.simulator, target.mode);
             item.isUnsupported = md.GetUnsupportedBy(i).IsUnsupportedBy(target.simulator, target.mode);
         }
+        if (item.isValid && !item.MayBeMissing())
+            plan.required = plan.items.size();
     }
+    plan.isPlain = plan.termination == DataPlan::Termination::SLASH
+        && std::all_of(plan.items.begin(), plan.items.end(), IsPlainItem);
 }
 
 DataPlan MakePlan(const IKeywordDataMD& md, const Target& target)
@@ -58,6 +83,9 @@ DataPlan MakePlan(const IKeywordDataMD& md, const Target& target)
     if (KeywordUtils::IsItemMDType(plan.type) && plan.type != MDType::Assignment)
         plan.hasDefault = static_cast<const IKeywordItemMD&>(md).IsDefaultSpecified(target.simulator);
     switch (plan.type) {
+    case MDType::Choice:
+        PlanChoices(static_cast<const IKeywordChoiceMD&>(md), target, plan);
+        break;
     case MDType::Integer:
         PlanLimits(static_cast<const IKeywordIntegerMD&>(md), plan);
         break;
@@ -82,7 +110,6 @@ DataPlan MakePlan(const IKeywordDataMD& md, const Target& target)
         plan.termination = static_cast<const IKeywordMapMD&>(md).GetTermination();
         break;
     case MDType::Boolean:
-    case MDType::Choice:
     case MDType::Line:
     case MDType::Raw:
     case MDType::Assignment:

@@ -32,6 +32,12 @@ struct DataPlan {
     double max = std::numeric_limits<double>::infinity();
     int longest = 0; ///< of a string, in characters
     bool takesComma = false;
+    /// A word of a choice of which nothing is to be said.
+    struct PlainChoice {
+        std::string word;
+        int index;
+    };
+    std::vector<PlainChoice> choices; ///< for the target
 
     // Items of a record
     bool isOptional = false;
@@ -45,6 +51,8 @@ struct DataPlan {
     std::vector<DataPlan> items; ///< of a record; the one of a list
     std::size_t slots = 0; ///< scalars that always exist: the scalar itself, those of a record at any depth
     bool hasConstraints = false; ///< some item of the record has one
+    bool isPlain = false; ///< of a record: scalars without an order, up to a slash
+    std::size_t required = 0; ///< how many items of the record must be before its slash
 
     bool IsScalar() const { return Core::Keywords::KeywordUtils::IsItemMDType(type); }
     /// Whether a deck may leave the scalar out.

@@ -135,6 +135,27 @@ Token DeckText::ScanData()
     return {Token::Kind::End, RangeOf(GetRest().substr(0, 0)), {}};
 }
 
+/// The keyword that the word at the start of a line is where data are expected; null if it is none.
+const Entry* DeckText::FindLineStart(std::string_view line, std::string_view word)
+{
+    if (const Entry* const entry = FindStructure(line, word, vocabulary_))
+        return entry;
+    const auto lone = FindLoneWord(line);
+    return lone && !lone->hasSlash ? vocabulary_.Find(word) : nullptr;
+}
+
+bool DeckText::SkipToPlainData()
+{
+    if (hasPeeked_ || isEnded_)
+        return false;
+    while (position_ != end_ && IsSeparator(*position_))
+        ++position_;
+    if (position_ == end_ || !IsLetter(*position_) || !IsAtLineStart())
+        return position_ != end_;
+    const std::string_view line = GetLine();
+    return !FindLineStart(line, FindLeadingWord(line));
+}
+
 /// Where data are expected: takes a keyword that belongs to the text itself, and reports so; finds any other
 /// one, which has to be alone on its line unless it begins a section.
 bool DeckText::TakeLineStart(Token& keyword)
@@ -143,11 +164,7 @@ bool DeckText::TakeLineStart(Token& keyword)
         return false;
     const std::string_view line = GetLine();
     const std::string_view word = FindLeadingWord(line);
-    const Entry* entry = FindStructure(line, word, vocabulary_);
-    if (!entry) {
-        const auto lone = FindLoneWord(line);
-        entry = lone && !lone->hasSlash ? vocabulary_.Find(word) : nullptr;
-    }
+    const Entry* const entry = FindLineStart(line, word);
     if (!entry)
         return false;
     if (TakeStructure(*entry, word))

@@ -74,6 +74,11 @@ public:
     /// The last word that was taken comes again.
     void GiveBack(const TextRange& word);
 
+    /// Passes over what is between data: false if no word of data begins there after all, or may not.
+    bool SkipToPlainData();
+    /// Takes bytes of a line, and the slash after them.
+    Token TakeToSlash(std::size_t count);
+
     /// Whether nothing but a comment is left of the line.
     bool IsAtLineEnd() const { return !hasPeeked_ && IsEmptyToLineEnd(GetRest()); }
     bool HasPeeked() const { return hasPeeked_; }
@@ -158,6 +163,7 @@ private:
     void Unpeek();
     Token ScanData();
     bool TakeLineStart(Token& keyword);
+    const Entry* FindLineStart(std::string_view line, std::string_view word);
     Token TakeToken(Token::Kind kind, std::size_t length);
     Token TakeWord(const DataWord& word);
     void CheckBare(const DataWord& word, Token& token);

@@ -90,6 +90,12 @@ Token DeckText::TakeSlash()
     return slash;
 }
 
+Token DeckText::TakeToSlash(std::size_t count)
+{
+    Take(count);
+    return TakeSlash();
+}
+
 /// Even if the word is read again.
 void DeckText::ReportOnce(
     const TextRange& range, Code code, std::string message, std::string hint, std::vector<TextEdit> fix)

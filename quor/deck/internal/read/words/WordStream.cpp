@@ -78,7 +78,6 @@ void WordStream::TakeRepeat()
                 longestRepeat_));
         repeat.count = 1;
     }
-    constexpr std::size_t weight = 4; // of what may be more than a number
     if (!takesTogether_ && !MayRepeat(weight * static_cast<std::size_t>(repeat.count - 1)))
         repeat.count = 1;
     repeats_ = repeat.count - 1;
@@ -102,13 +101,25 @@ std::string WordStream::GetWritten() const
     return Shorten(text_.GetLineFrom(range).substr(0, range.length));
 }
 
-bool WordStream::MayRepeat(std::size_t values)
+WordStream::Limits WordStream::GetLimits() const
 {
     constexpr std::size_t perByte = 100;
     constexpr std::size_t keywords = 20; // that may have as many as one may
     const std::size_t ofText = perByte * text_.GetKnownSize();
-    const std::size_t inKeyword = ofText + std::min(maxRepeatedValues_, unlimited / keywords);
-    const std::size_t inDeck = ofText + keywords * std::min(maxRepeatedValues_, unlimited / keywords);
+    const std::size_t ofOptions = std::min(maxRepeatedValues_, unlimited / keywords);
+    return {ofText + ofOptions, ofText + keywords * ofOptions};
+}
+
+bool WordStream::MayRepeatDefaults(std::size_t count)
+{
+    const std::size_t values = weight * count;
+    const auto [inKeyword, inDeck] = GetLimits();
+    return madeInKeyword_ + values <= inKeyword && made_ + values <= inDeck && MayRepeat(values);
+}
+
+bool WordStream::MayRepeat(std::size_t values)
+{
+    const auto [inKeyword, inDeck] = GetLimits();
     const auto report = [this](const char* where, std::size_t most) {
         reporter_.Report(GetRepeatRange(), Code::TooManyValues,
             fmt::format("{}: too many repeated values up to '{}' (expected at most {} in {})", keyword_,
@@ -175,6 +186,15 @@ void WordStream::TakePlain(std::size_t count, const TextRange& last)
 {
     taken_ += count;
     SetLast(last);
+}
+
+void WordStream::TakeSlash(const Token& slash)
+{
+    word_ = slash;
+    isDefault_ = isReported_ = false;
+    ++taken_;
+    lastBeforeSlash_ = last_;
+    SetLast(slash.range);
 }
 
 void WordStream::SetLast(const TextRange& range)

@@ -29,6 +29,9 @@ public:
     /// After how many repeated values it is asked whether the read is cancelled.
     static constexpr std::size_t stride = std::size_t(1) << 20;
 
+    /// Of what may be more than a number.
+    static constexpr std::size_t weight = 4;
+
     /// `maxRepeatedValues`: as in `ReadOptions`.
     WordStream(DeckText& text, FindingReporter& reporter, std::size_t maxRepeatedValues)
         : text_(text)
@@ -61,6 +64,8 @@ public:
     /// Whether the last word may make so many values more than one; false, and reported, if the keyword or
     /// the deck has as many as it may.
     bool MayRepeat(std::size_t values);
+    /// The same for repeated defaults; nothing is reported.
+    bool MayRepeatDefaults(std::size_t count);
     /// Whether the last word is a lone asterisk, which may be a pattern.
     bool IsAsterisk() const
     {
@@ -79,6 +84,8 @@ public:
     void TakeLine(const Token& line);
     /// Words were taken from the text, `last` is the last of them.
     void TakePlain(std::size_t count, const TextRange& last);
+    /// So was the slash after them.
+    void TakeSlash(const Token& slash);
     /// The last word, where it was taken from the text.
     void SetLast(const TextRange& range);
 
@@ -108,6 +115,12 @@ private:
     bool IsLineOver() const { return isOneLine_ && text_.IsAtLineEnd(); }
     Got GotRepeated() const { return isDefault_ ? Got::Default : Got::Value; }
     void TakeRepeat();
+    /// How many values repeats may make.
+    struct Limits {
+        std::size_t inKeyword;
+        std::size_t inDeck;
+    };
+    Limits GetLimits() const;
     TextRange GetRepeatRange() const;
     std::string GetWritten() const;
 

@@ -1,0 +1,43 @@
+#include "quor/deck/internal/read/keyword/DataReader.h"
+
+#include "quor/data/IKeywordListData.h"
+#include "quor/data/IKeywordRecordData.h"
+#include "quor/metadata/IKeywordListMD.h"
+
+// Lists of records, which may be long.
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+
+/// Those that need no thought, up to the first that does.
+void DataReader::ReadPlainRecords(
+    const DataPlan& plan, IKeywordListData& list, std::vector<RecordStart>* starts)
+{
+    const bool mayBePlain = plan.termination == DataPlan::Termination::SLASH && plan.items.front().isPlain
+        && !ListMD(plan).GetCustomReadTermination() && !notes_.KeepsValueRanges();
+    if (!mayBePlain || words_.GetRepeats() > 0)
+        return;
+    while (text_.SkipToPlainData()) {
+        const TextRange begin = text_.RangeOf(text_.GetRest().substr(0, 1));
+        if (!TakePlainRecord(plan.items.front(), list))
+            return;
+        if (starts)
+            starts->push_back(RecordStart::Of(begin));
+    }
+}
+
+bool DataReader::TakePlainRecord(const DataPlan& plan, IKeywordListData& list)
+{
+    if (!plain_.Read(text_.GetRest(), plan) || !words_.MayRepeatDefaults(plain_.GetRepeated()))
+        return false;
+    plain_.Fill(*static_cast<IKeywordRecordData*>(static_cast<IKeywordData*>(list.AddData(nullptr))));
+    words_.TakePlain(plain_.GetGiven(), text_.RangeOf(plain_.GetLast()));
+    notes_.PassPlain(plain_.GetGiven());
+    words_.TakeSlash(text_.TakeToSlash(plain_.GetLength()));
+    notes_.PassPlain(plan.slots - plain_.GetGiven());
+    notes_.PassEnd();
+    return true;
+}
+
+} // namespace Veld::Quor::Core::Decks
