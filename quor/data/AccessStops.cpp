@@ -1,6 +1,7 @@
 #include "quor/data/Access.h"
 
 #include "quor/data/internal/AccessCheck.h"
+#include "quor/data/internal/UnknownElements.h"
 
 #include <type_traits>
 
@@ -11,12 +12,19 @@ using Service::Optional;
 
 namespace {
 
-/// An item of a record and a value of a map are stored as an `Optional`, an element of a list is not.
+/// An item of a record and a value of a map are stored as an `Optional`, an element of a list is not: one
+/// that is unknown becomes an `Optional` without a value.
 template <class T>
 Optional<T> AtStop(const ConstDataIterator::ValueType& stop)
 {
-    return stop.isOptional ? *static_cast<const Optional<T>*>(stop.value)
-                           : Optional<T>(static_cast<T>(*static_cast<const ListElement<T>*>(stop.value)));
+    if (stop.isOptional)
+        return *static_cast<const Optional<T>*>(stop.value);
+    const auto& element = *static_cast<const ListElement<T>*>(stop.value);
+    if constexpr (std::is_same_v<T, bool>) {
+        if (element == unknownElement<char>)
+            return {};
+    }
+    return static_cast<T>(element);
 }
 
 } // namespace

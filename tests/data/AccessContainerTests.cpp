@@ -66,6 +66,9 @@ TEST(AccessToLists, KnowsWhichValuesAreUnknown)
     AddUnknown(AsList(*flags.data));
     EXPECT_FALSE(IsUnknown(AsList(*flags.data), 0));
     EXPECT_EQ(ReasonOf([&] { ValueAt<bool>(AsList(*flags.data), 1); }), reason);
+    ConstDataIterator stop(*flags.data);
+    EXPECT_TRUE(Get<bool>(**++stop).Value());
+    EXPECT_FALSE(Get<bool>(**++stop)) << "not given";
 }
 
 TEST(AccessToLists, ReadsTextsAndBooleansByElement)
