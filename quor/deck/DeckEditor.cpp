@@ -65,7 +65,7 @@ EditError::~EditError() = default;
 
 DeckEditor::DeckEditor(const Deck& deck)
     : deck_(deck)
-    , contents_(&ContentsOf(deck))
+    , id_(ContentsOf(deck).id)
     , changes_(std::make_unique<DeckChanges>(ContentsOf(deck)))
 {
     if (!deck.GetOptions().IsEditable())
@@ -264,7 +264,7 @@ Deck DeckEditor::Read(const DeckLanguage& language, const ReadOptions& options) 
 
 const Deck& DeckEditor::GetDeck() const
 {
-    if (&ContentsOf(deck_) != contents_)
+    if (ContentsOf(deck_).id != id_)
         throw std::logic_error("the deck of the editor was assigned to");
     return deck_;
 }

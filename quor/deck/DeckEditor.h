@@ -29,7 +29,6 @@ class IKeywordData;
 namespace Veld::Quor::Core::Decks {
 
 class DeckChanges;
-struct DeckContents;
 
 /// A change can't be made without a loss, or contradicts an earlier one. The text says which and why.
 class VELD_QUOR_EXPORT EditError : public Service::Exception {
@@ -207,7 +206,7 @@ private:
     const Deck& GetDeck() const;
 
     const Deck& deck_;
-    const DeckContents* contents_; // of the deck, when this was made
+    std::uint64_t id_; // of what the deck held when this was made
     std::unique_ptr<DeckChanges> changes_;
 };
 

@@ -1,6 +1,7 @@
 #include "quor/deck/DeckFormatter.h"
 
 #include "quor/deck/internal/ContentsOf.h"
+#include "quor/deck/internal/read/contents/DeckContents.h"
 #include "quor/deck/internal/write/DeckWriter.h"
 
 #include <stdexcept>
@@ -9,7 +10,7 @@ namespace Veld::Quor::Core::Decks {
 
 DeckFormatter::DeckFormatter(const Deck& deck, const FormatOptions& options)
     : deck_(deck)
-    , contents_(&ContentsOf(deck))
+    , id_(ContentsOf(deck).id)
     , writer_(std::make_unique<DeckWriter>(ContentsOf(deck), options.IsNormalized()))
 {
 }
@@ -31,7 +32,7 @@ std::string DeckFormatter::FormatAll()
 
 void DeckFormatter::CheckDeck() const
 {
-    if (&ContentsOf(deck_) != contents_)
+    if (ContentsOf(deck_).id != id_)
         throw std::logic_error("the deck of the formatter was assigned to");
 }
 

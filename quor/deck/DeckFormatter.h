@@ -10,7 +10,6 @@
 namespace Veld::Quor::Core::Decks {
 
 class DeckWriter;
-struct DeckContents;
 
 /// How a deck is formatted.
 class FormatOptions {
@@ -59,7 +58,7 @@ private:
     void CheckDeck() const;
 
     const Deck& deck_;
-    const DeckContents* contents_; // of the deck, when this was made
+    std::uint64_t id_; // of what the deck held when this was made
     std::unique_ptr<DeckWriter> writer_;
 };
 

@@ -2,6 +2,8 @@
 
 #include "quor/deck/internal/text/LineText.h"
 
+#include <atomic>
+
 namespace Veld::Quor::Core::Decks {
 
 TextRange RangeOf(const KeywordInstance& keyword, std::size_t element)
@@ -10,6 +12,12 @@ TextRange RangeOf(const KeywordInstance& keyword, std::size_t element)
         return keyword.name;
     const RecordStart& start = keyword.records[element];
     return {static_cast<std::uint32_t>(start.file), start.offset, 1};
+}
+
+std::uint64_t DeckContents::MakeId()
+{
+    static std::atomic<std::uint64_t> last = 0;
+    return ++last;
 }
 
 std::string DeckContents::NameOf(const KeywordInstance& keyword) const

@@ -69,6 +69,7 @@ struct DeckContents {
     /// For which it was read.
     const Target& GetTarget() const { return options.GetTarget(); }
 
+    const std::uint64_t id = MakeId(); ///< that no other contents in this process have, nor had
     const LanguageIndex& language;
     ReadOptions options = {}; ///< with which it was read; set at the end
     DeckFiles files;
@@ -81,6 +82,9 @@ struct DeckContents {
     std::size_t distinctFiles = 0; ///< the deck itself included
     mutable KeywordNames names; ///< of the keywords, made when first asked for
     mutable RecordIndices recordIndices; ///< each made when first asked for
+
+private:
+    static std::uint64_t MakeId();
 };
 
 /// Reads a deck whole; what is wrong with it is among its findings. Throws `SourceError` if the deck itself
