@@ -91,8 +91,15 @@ bool ChangeFilesOrReport(const Decks::Deck& deck, const std::vector<FileChange>&
     const auto& source = dynamic_cast<const StampedFiles&>(*deck.GetOptions().GetSource());
     const std::set<FileStamp> known = source.GetStamps();
     std::vector<FileText> texts;
-    for (const FileChange& change : changes)
-        texts.push_back({files.Get(change.file).name, change.text});
+    for (const FileChange& change : changes) {
+        const std::string& path = files.Get(change.file).name;
+        if (known.count(StampOf(path)) == 0) { // before any is written
+            PrintError(
+                fmt::format("can't write '{}': it was changed since it was read; nothing was written", path));
+            return false;
+        }
+        texts.push_back({path, change.text});
+    }
     return WriteAll(texts, &known);
 }
 

@@ -6,6 +6,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <new>
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -104,31 +105,36 @@ FileBytes::FileBytes(int descriptor, std::size_t size)
     , length_(size)
     , guard_(TakeGuard())
 {
-    void* const bytes = guard_
-        ? ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, descriptor, 0)
-        : ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (bytes == MAP_FAILED) {
-        if (guard_)
-            guard_->begin = 0;
-        FailBySystem();
-    }
-    bytes_ = static_cast<const char*>(bytes);
-    if (!guard_) {
+    if (!guard_ || !Map(descriptor))
         Copy(descriptor);
-        return;
+}
+
+/// False, and the guard is given back, if the file system can't do it.
+bool FileBytes::Map(int descriptor)
+{
+    void* const bytes = ::mmap(nullptr, size_, PROT_READ, MAP_PRIVATE, descriptor, 0);
+    if (bytes == MAP_FAILED) {
+        guard_->begin = 0;
+        guard_ = nullptr;
+        return false;
     }
-    ::madvise(bytes, size, MADV_SEQUENTIAL);
+    ::madvise(bytes, size_, MADV_SEQUENTIAL);
+    bytes_ = static_cast<const char*>(bytes);
     guard_->isCut = false;
-    guard_->end = reinterpret_cast<std::uintptr_t>(bytes) + size;
+    guard_->end = reinterpret_cast<std::uintptr_t>(bytes) + size_;
     guard_->begin = reinterpret_cast<std::uintptr_t>(bytes);
+    return true;
 }
 
 void FileBytes::Copy(int descriptor)
 {
-    char* const bytes = const_cast<char*>(bytes_);
+    void* const bytes = ::mmap(nullptr, size_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (bytes == MAP_FAILED)
+        throw std::bad_alloc();
     ::madvise(bytes, size_, MADV_HUGEPAGE);
+    bytes_ = static_cast<const char*>(bytes);
     try {
-        length_ = ReadWhole(descriptor, bytes, size_);
+        length_ = ReadWhole(descriptor, static_cast<char*>(bytes), size_);
     } catch (...) {
         ::munmap(bytes, size_);
         throw;

@@ -34,6 +34,7 @@ public:
     };
 
 private:
+    bool Map(int descriptor);
     void Copy(int descriptor);
 
     const char* bytes_ = nullptr;

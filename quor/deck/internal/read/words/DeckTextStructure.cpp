@@ -188,7 +188,7 @@ void DeckText::ReportAlias(const TextRange& name, const std::string& path)
     else if (isLong)
         reporter_.Report(name, Code::UnknownAlias,
             fmt::format("too long file name with the path alias '{}' (expected at most {} bytes)",
-                Shorten(alias), Keywords::PathAliases::maxLength),
+                Shorten(alias), std::size_t(Keywords::PathAliases::maxLength)),
             "correct the folders of the aliases in PATHS");
     else
         reporter_.Report(name, Code::UnknownAlias,
