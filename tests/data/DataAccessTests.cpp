@@ -167,7 +167,7 @@ A=$B/a B=x    | $A/f      | $B/a/f    | open
 A=$A/x        | $A/f      | $A/x/f    | open
 A=x$A         | $A/f/$A   | x$A/f/x$A | open
 A=$A/$A       | $A        | $A/$A     | open
-A=$B/x B=y/$A | $A/f      | y/$A/x/f  | open
+A=$B/x B=y/$A | $A/f      | $B/x/f    | open
 A=            | $A/$A     | /         |
 A=            | $A        |           |
 A=x $A=y      | $A/f      | y/f       |

@@ -107,7 +107,7 @@ TEST(SharedTable, AnswersSeveralThreads)
         });
     for (std::thread& thread : threads)
         thread.join();
-    EXPECT_EQ(answers, std::vector<std::string>(8, "FLAG NEEDS OTHER SHUTSHUT 71"));
+    EXPECT_EQ(answers, std::vector<std::string>(8, "FLAG NEEDS OTHER SHUTSHUT 111"));
 }
 
 /// What several answers of the deck come to; each of them works something out at its first use.
