@@ -2,6 +2,7 @@
 
 #include "quor/deck/DeckLanguage.h"
 #include "quor/deck/DeckSource.h"
+#include "quor/foundation/service/Log.h"
 #include "tools/quor/Version.h"
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/LoadedLanguage.h"
@@ -96,13 +97,20 @@ int Run(const Command& command)
             status = command.run(language);
         }
     } catch (const std::bad_alloc&) {
-        PrintError("out of memory");
+        PrintOutOfMemory();
     } catch (const std::exception& error) {
         PrintError(error.what());
     }
     if (status == Failure)
         PrintFailures(*command.app);
     return status;
+}
+
+/// What the library logs, in its form: it quotes names of files and texts of documents.
+void PrintLogged(const char* text, Core::Service::MessageSeverity severity)
+{
+    constexpr const char* names[] = {"debug", "info", "warning", "error", "fatal"}; // by severity
+    PrintAside(fmt::format("{}: {}\n", names[static_cast<int>(severity)], MakePrintable(text)));
 }
 
 int RunCommand(int argc, char** argv)
@@ -166,6 +174,7 @@ int RunProgram(int argc, char** argv)
 {
     std::signal(SIGPIPE, SIG_IGN); // a reader that goes away is a failed write, reported by the exit status
     std::signal(SIGXFSZ, SIG_IGN); // so is a file that may grow no further
+    Core::Service::Log::SetHandler(PrintLogged);
     Decks::SourceText::AllowMapping();
     int status = Failure;
     try {
