@@ -319,11 +319,11 @@ COMPDAT
         RuleRow{"ByAWordOfAnotherKeyword",
             "RUNSPEC\nTABDIMS\n 3 2 /\nPROPS\nROCK\n 1 1 /\n FILLEPS\nROCKOPTS\n 2* SATNUM /\nROCK\n 1 1 "
             "/\n 2 1 /\n",
-            "d:6:5: error: ROCK: too few records (expected 2, found 1) [wrong-size] | the size is NTROCK\n"
-            "d:12:5: error: ROCK: too few records (expected 3, found 2) [wrong-size] | the size is NTROCK"},
+            "d:6:7: error: ROCK: too few records (expected 2, found 1) [wrong-size] | the size is NTROCK\n"
+            "d:12:7: error: ROCK: too few records (expected 3, found 2) [wrong-size] | the size is NTROCK"},
         RuleRow{"ByAKeywordThatIsThere",
             "RUNSPEC\nROCKCOMP\n/\nPROPS\nROCKTAB\n 1 1 1 2 1 1 /\nRKTRMDIR\nROCKTAB\n 1 1 1 1 1\n 2 1 1 1 1 "
-            "/\nROCKTAB\n 1 1 1 2 1 1 /\n",
+            "/\n",
             ""},
         RuleRow{"OfPhasesInAPartOfADeck",
             "SCHEDULE\nWELSPECS\n A G 1 1 1* GAS /\n/\nWCONINJE\n A GAS OPEN RATE 1000 /\n/\n", ""},
