@@ -47,11 +47,11 @@ TwoSubcommands: man list => unexpected argument 'list'
 UnknownShell: completion tcsh => {bash,zsh,fish}
 OptionWithoutValue: check x --baseline => --baseline
 TwoBaselines: check x --baseline a --write-baseline b => excludes
-MissingBaseline: check x --baseline /none --format json => the baseline '/none': No such file
+MissingBaseline: check x --baseline /none => the baseline '/none': No such file
 StatisticsAsSarif: check x --statistics --format sarif => quor: error: --statistics needs --format text or json\n
 NegativeLimit: check x --max-findings=-1 => '-1' is not a whole number; expected 0 or more
 MissingRules: check x --rules /none.xml => can't read the rules in '/none.xml': No such file
-MissingDeck: check /none.data --format json => can't read '/none.data': No such file
+MissingDeck: check /none.data => can't read '/none.data': No such file
 InfoOnNothing: info /none.data => can't read '/none.data': No such file
 DiffWithNothing: diff /none.data /none.data => can't read '/none.data': No such file
 PortToNowhere: port x => --to is required

@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <string>
 
 using namespace Veld::Quor::Tests;
@@ -39,16 +37,83 @@ TEST_P(ProjectCommands, Print)
 }
 
 INSTANTIATE_TEST_SUITE_P(Settings, ProjectCommands, testing::ValuesIn(Rows(R"(
-All: cd cases; $QUOR settings a.data --mode Thermal --ignore bad-date --set NY=5 | sed "s|$(dirname $PWD)/||" =>
+All: cd cases; $QUOR settings a.data --mode Thermal --ignore bad-date --set NY=5 | sed "s,$(dirname $PWD)/,,g" | grep . =>
     settings of quor.toml
+    setting              value                    from
+    simulator            Carrow                   quor.toml:1
+    mode                 Thermal                  command line
+    decks                cases/*.data             quor.toml:2
+    rules                none                     default
+    max-repeated-values  50000000                 default
+    variables.NX         2                        quor.toml:4
+    variables.NY         5                        command line
+    aliases.SHARED       shared                   quor.toml:7
+    check.select         all                      default
+    check.ignore         unclosed-list, bad-date  quor.toml:9, command line
+    check.raise          stray-endinc             quor.toml:10
+    check.fail-on        warning                  default
+    check.strict         false                    default
+    check.max-findings   200                      default
+    check.baseline       none                     default
+    format.normalize     false                    default
+Project: $QUOR check --format gcc; echo $? =>
+    cases/a.data:6:1: error: ENDINC has no effect outside an included file; use END to end the deck [stray-endinc]
+    cases/b.data:2:1: error: unknown keyword 'OLI'; did you mean OIL? [unknown-keyword]
+    1
+CommandLineFirst: $QUOR check --format gcc --select unclosed-list --fail-on error; echo $? => 0
+Nearest: $QUOR check other/d.data 2>&1; echo $? =>
+    d.data: 2 keywords in 1 section, 1 file: no findings
+    0
+NoFile: $QUOR check cases/b.data --no-settings --ignore unknown-keyword --format gcc; echo $? => 0
+Pattern: $QUOR check '**/[bd].data' --format gcc --raise unknown-keyword =>
+    cases/b.data:2:1: error: unknown keyword 'OLI'; did you mean OIL? [unknown-keyword]
+    other/d.data:2:1: error: unknown keyword 'OLI'; did you mean OIL? [unknown-keyword]
+Folder: $QUOR check other shared --format gcc => quor: error: no deck in the folder 'shared'; expected .data files
+Quiet: $QUOR check cases/b.data --quiet =>
+    cases/b.data:2:1: error: unknown keyword 'OLI' [unknown-keyword]
+        OLI
+        ^~~
+      hint: did you mean OIL?
+OtherCommands: $QUOR get cases/a.data DIMENS.NY --bare 2>&1; $QUOR info cases/a.data | grep -c x.inc => 3\n1
+Fixed: $QUOR check other/d.data --no-settings --fix --format gcc; cat other/d.data =>
+    other/d.data:3:1: warning: ENDINC has no effect outside an included file; use END to end the deck [stray-endinc]
+    RUNSPEC
+    OIL
+    ENDINC
+    other/d.data: fixed 1 finding in 1 file
+FixedInput: $QUOR check - --fix <other/d.data => quor: error: the deck from standard input can't be fixed; leave out --fix
+)")),
+    CaseName<Row>);
 
-    setting              value                        from
-    simulator            Carrow                       quor.toml:1
-    mode                 Thermal                      command line
-    decks                PROJECT/cases/*.data         quor.toml:2
-Project: $QUOR check --quiet; echo $? =>
-    cases/a.data:6:1: error: ENDINC has no effect outside an included file [stray-endinc]
-Nearest: $QUOR check other/d.data --quiet; echo $? => 0
+/// A settings file, and why it is refused.
+class BadSettings : public testing::TestWithParam<Row> { };
+
+TEST_P(BadSettings, AreRefused)
+{
+    const TemporaryDirectory folder;
+    folder.Write("quor.toml", GetParam().text);
+    folder.Write("a.data", "RUNSPEC\n");
+    const Outcome outcome = RunShell("cd " + Quote(folder.Path().string()) + "; $QUOR check a.data --quiet");
+    EXPECT_EQ(outcome.err, "quor: error: " + GetParam().expected + '\n');
+    EXPECT_EQ(outcome.status, 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, BadSettings, testing::ValuesIn(Rows(R"(
+Unknown: simulater = "x" => quor.toml:1: unknown setting 'simulater'; did you mean simulator?
+OtherTable: ignore = [] => quor.toml:1: unknown setting 'ignore'; did you mean check.ignore?
+InTable: [check]\nignor = [] => quor.toml:2: unknown setting 'check.ignor'; did you mean check.ignore?
+Word: [check]\nfail-on = "warn" => quor.toml:2: check.fail-on: unknown name 'warn'; expected one of error, warning, never
+Text: mode = 3 => quor.toml:1: mode: invalid value; expected a text in quotes
+Flag: [check]\nstrict = 1 => quor.toml:2: check.strict: invalid value; expected true or false
+Number: max-repeated-values = -1 => quor.toml:1: max-repeated-values: invalid value; expected a whole number of 0 or more
+List: rules = "a.xml" => quor.toml:1: rules: invalid value; expected a list of texts, as in ["a", "b"]
+Table: variables = 3 => quor.toml:1: variables: invalid value; expected a table, as in [variables]
+Variable: [variables]\n"a b" = "x" => quor.toml:2: variables: invalid variable name 'a b'
+VariableValue: [variables]\nA = true => quor.toml:2: variables: invalid value; expected a text in quotes or a whole number
+Alias: [aliases]\nA = "/$B" => quor.toml:2: aliases: the path '/$B' has a '$'
+Syntax: x = = 2 => quor.toml:1: invalid TOML: Error while parsing value: could not determine value type
+Code: [check]\nignore = ["bad-dat"] => quor.toml:2: check.ignore: unknown finding code 'bad-dat'; did you mean bad-date?
+Rules: rules = ["none.xml"] => can't read the rules in 'none.xml': No such file or directory
 )")),
     CaseName<Row>);
 

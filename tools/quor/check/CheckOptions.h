@@ -16,6 +16,7 @@ struct CheckOptions {
     FindingFormat format = FindingFormat::Text;
     bool isAll = false; ///< each finding, not one for all that are alike
     bool isQuiet = false; ///< findings alone
+    bool isFixing = false; ///< fixes what is certain, and reports the rest
     bool hasStatistics = false; ///< counts in place of findings
     std::size_t jobs = 1; ///< how many decks are checked at once, at most
     std::string resumeFile; ///< keeps the results of a run that is ended; empty: none

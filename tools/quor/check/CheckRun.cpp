@@ -42,8 +42,11 @@ void CheckDecks(LoadedLanguage& language, const CheckOptions& options, const std
     const std::function<void(DeckResult)>& take)
 {
     DeckChecker checker(language, options);
-    if (decks.size() == 1 && options.resumeFile.empty())
-        return take(checker.Check(decks.front()));
+    if (options.isFixing || (decks.size() == 1 && options.resumeFile.empty())) {
+        for (const std::string& deck : decks) // Wanted: decks that are fixed one by one may share files
+            take(checker.Check(deck));
+        return;
+    }
     std::optional<ResumeFile> file;
     if (!options.resumeFile.empty())
         file.emplace(options.resumeFile, options);

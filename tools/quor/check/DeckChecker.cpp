@@ -3,11 +3,14 @@
 #include "quor/deck/Deck.h"
 #include "tools/quor/check/CheckReport.h"
 #include "tools/quor/check/CheckStatistics.h"
+#include "tools/quor/check/DeckFixes.h"
 #include "tools/quor/commands/DeckReading.h"
 #include "tools/quor/commands/LoadedLanguage.h"
 #include "tools/quor/commands/StandardInput.h"
 #include "tools/quor/findings/FindingCodes.h"
 #include "tools/quor/findings/FindingJson.h"
+#include "tools/quor/findings/FindingText.h"
+#include "tools/quor/terminal/Terminal.h"
 
 #include <fmt/format.h>
 
@@ -44,6 +47,15 @@ ExitStatus StatusOf(const Decks::Findings& findings, const Settings& settings)
     return failOn == "warning" && findings.GetCount(Decks::Severity::Warning) > 0 ? HasWarnings : Success;
 }
 
+void FixAndReport(
+    const std::string& deck, const Decks::ReadOptions& options, const Decks::DeckLanguage& language)
+{
+    const DeckFixes fixes = FixDeck(deck, options, language);
+    if (fixes.findings > 0)
+        PrintAside(fmt::format("{}: fixed {} in {}\n", MakePrintable(deck), Plural(fixes.findings, "finding"),
+            Plural(fixes.files, "file")));
+}
+
 } // namespace
 
 DeckChecker::DeckChecker(LoadedLanguage& language, const CheckOptions& options)
@@ -59,6 +71,8 @@ DeckResult DeckChecker::Check(const std::string& path, bool withProgress)
     const Decks::DeckLanguage& language = LanguageWith(settings);
     const Decks::ReadOptions read = OptionsOf(result.deck, settings, result.known);
     try {
+        if (options_.isFixing)
+            FixAndReport(result.deck, read, language);
         const Decks::Deck deck = ReadDeckOrThrow(path, read, language, withProgress);
         const CheckedDeck checked = Keep(result.deck, deck, settings, options_);
         PrintHiddenText(checked.findings, deck);

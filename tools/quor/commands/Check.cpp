@@ -5,6 +5,7 @@
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/CommonOptions.h"
 #include "tools/quor/commands/LoadedLanguage.h"
+#include "tools/quor/commands/StandardInput.h"
 #include "tools/quor/findings/FindingText.h"
 #include "tools/quor/settings/SettingOptions.h"
 #include "tools/quor/terminal/FileOutput.h"
@@ -89,6 +90,11 @@ int CountAll(const CheckOptions& options)
 
 int Check(const CheckOptions& options)
 {
+    if (options.isFixing
+        && std::find(options.decks.begin(), options.decks.end(), standardInputPath) != options.decks.end()) {
+        PrintError("the deck from standard input can't be fixed; leave out --fix");
+        return Failure;
+    }
     if (options.hasStatistics) {
         if (options.format == FindingFormat::Text || options.format == FindingFormat::Json)
             return CountAll(options);
@@ -122,6 +128,11 @@ void AddReportOptions(CLI::App& command, CheckOptions& options)
         ->type_name("FILE")
         ->take_last()
         ->excludes("--baseline");
+    command
+        .add_flag("--fix", options.isFixing,
+            "Fix in the files what is certain, such as a missing slash, and report the rest")
+        ->excludes("--write-baseline")
+        ->excludes("--deck-folder");
     command
         .add_flag("--statistics", options.hasStatistics,
             "Count the findings of all decks by code and keyword, each with its first location")

@@ -37,14 +37,18 @@ std::string CheckCommand(const std::string& path, const Decks::Target& target)
 
 void AddStandardInputOption(CLI::App& command, Decks::ReadOptions& options)
 {
-    options.SetSource(std::make_shared<StandardInput>());
-    const auto setName = [&options](const std::string& name) {
-        options.SetSource(std::make_shared<StandardInput>(name));
-    };
+    const auto input = std::make_shared<StandardInput>();
+    options.SetSource(input);
     command
-        .add_option_function<std::string>("--stdin-filename", setName,
+        .add_option_function<std::string>(
+            "--stdin-filename", [input](const std::string& name) { input->SetName(name); },
             "Name of a deck that is read from standard input ('-'); its inclusions are relative to it")
         ->type_name("FILE");
+    command
+        .add_option_function<std::string>(
+            "--deck-folder", [input](const std::string& folder) { input->SetDeckFolder(folder); },
+            "Read the deck as if it was in this folder, so that its inclusions are found there")
+        ->type_name("FOLDER");
 }
 
 } // namespace
@@ -108,7 +112,9 @@ Decks::Deck ReadDeckOrThrow(const std::string& path, Decks::ReadOptions options,
         options.SetProgress([&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
     const std::string name = NameOfDeck(path, options);
     if (path != standardInputPath)
-        options.SetSource(std::make_shared<StampedFiles>());
+        options.SetSource(name == path
+                ? std::make_shared<StampedFiles>()
+                : std::shared_ptr<const Decks::DeckSource>(std::make_shared<MovedDeck>(name, path)));
     return Decks::Deck::Read(name, deckLanguage, options);
 }
 

@@ -227,6 +227,8 @@ Command MakeFormatCommand(CLI::App& application)
     inPlace->excludes(folder)->excludes(check);
     folder->excludes(check);
     oneFile->excludes(inPlace)->excludes(check);
+    CLI::Option* const deckFolder = command.get_option("--deck-folder");
+    deckFolder->excludes(inPlace)->excludes(folder);
     command.footer(details);
     return {&command, [options](LoadedLanguage& language) { return Format(language, *options); }};
 }

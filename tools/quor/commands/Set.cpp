@@ -216,6 +216,7 @@ Command MakeSetCommand(CLI::App& application)
         ->type_name("ADDRESS VALUE");
     AddReadOptions(command, options->read);
     AddShowOutsideOption(command, options->read.read);
+    command.remove_option(command.get_option("--deck-folder")); // the deck is written where it is
     command.add_flag("--diff", options->isDiff, "Write nothing; print the change as a unified diff");
     AddOutsideOption(command, options->mayBeOutside);
     command.add_flag("--force", options->isForced, "Write also if the changed deck has new errors");

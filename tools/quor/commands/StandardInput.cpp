@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cerrno>
+#include <filesystem>
 #include <system_error>
 #include <utility>
 
@@ -39,23 +40,46 @@ StandardInput::StandardInput(std::string name)
 {
 }
 
+std::string StandardInput::NameOf(const std::string& path) const
+{
+    const std::filesystem::path name = path == standardInputPath ? name_ : path;
+    return deckFolder_.empty() ? name.string()
+                               : (std::filesystem::path(deckFolder_) / name.filename()).string();
+}
+
 std::string StandardInput::Identify(const std::string& path) const
 {
-    return path == name_ ? "standard input" : files_.Identify(path);
+    return path == NameOf(standardInputPath) ? "standard input" : files_.Identify(path);
 }
 
 std::shared_ptr<const Decks::SourceText> StandardInput::Open(const std::string& path) const
 {
-    if (path != name_)
+    if (path != NameOf(standardInputPath))
         return files_.Open(path);
     std::call_once(once_, [this] { text_ = Decks::SourceText::FromMemory(ReadStandardInput()); });
     return text_;
 }
 
+MovedDeck::MovedDeck(std::string name, std::string path)
+    : name_(std::move(name))
+    , path_(std::move(path))
+{
+}
+
+std::string MovedDeck::Identify(const std::string& path) const
+{
+    return files_.Identify(path == name_ ? path_ : path);
+}
+
+std::shared_ptr<const Decks::SourceText> MovedDeck::Open(const std::string& path) const
+{
+    return files_.Open(path == name_ ? path_ : path);
+}
+
 std::string NameOfDeck(const std::string& path, const Decks::ReadOptions& options)
 {
     const auto* const input = dynamic_cast<const StandardInput*>(options.GetSource().get());
-    return input && path == standardInputPath ? input->GetName() : path;
+    return input ? input->NameOf(path) : path;
 }
 
 } // namespace Veld::Quor::Tools

@@ -9,6 +9,9 @@
 
 namespace Veld::Quor::Tools {
 
+/// The origin of what the command line says.
+inline constexpr const char* commandLine = "command line";
+
 /// One setting: how it is named in a settings file and on a command line, and what it means.
 struct SettingInfo {
     using Member = std::variant<std::optional<bool> Settings::*, std::optional<std::size_t> Settings::*,

@@ -68,18 +68,16 @@ public:
     }
 
 private:
-    static constexpr const char* origin = "command line";
-
     /// What sets the value, and notes where it is from.
     template <class T>
     std::function<void(const T&)> Into(std::optional<T>& value) const
     {
         return [&value, &given = given_, name = setting_.name](const T& word) {
             value = word;
-            given.origins[name] = origin;
+            given.origins[name] = commandLine;
             if constexpr (std::is_same_v<T, Settings::Texts>) {
                 for (const auto& [key, text] : word)
-                    given.origins[fmt::format("{}.{}", name, key)] = origin;
+                    given.origins[fmt::format("{}.{}", name, key)] = commandLine;
             }
         };
     }

@@ -63,8 +63,9 @@ void CheckCodes(const Settings& settings, const std::vector<std::string>& known)
             if (std::find(known.begin(), known.end(), code) != known.end())
                 continue;
             const auto nearest = Decks::FindNearest(known, code);
-            throw SettingsError(fmt::format("{}: {}: unknown finding code '{}'{}",
-                settings.origins.at(setting.name), setting.name, code,
+            const std::string& origin = settings.origins.at(setting.name);
+            throw SettingsError(fmt::format("{}: unknown finding code '{}'{}",
+                origin == commandLine ? setting.option : fmt::format("{}: {}", origin, setting.name), code,
                 nearest.empty() ? "" : fmt::format("; did you mean {}?", fmt::join(nearest, ", "))));
         }
     }

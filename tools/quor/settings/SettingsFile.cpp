@@ -184,7 +184,8 @@ std::string SettingsReader::WordIn(
     const auto word = std::find_if(setting.words.begin(), setting.words.end(),
         [&text](const std::string& known) { return ToUpper(known) == ToUpper(*text); });
     if (word == setting.words.end())
-        Refuse(setting, node, fmt::format("unknown name '{}'{}", *text, Advice(setting.words, *text)));
+        Refuse(setting, node,
+            fmt::format("unknown name '{}'; expected one of {}", *text, fmt::join(setting.words, ", ")));
     return *word;
 }
 
