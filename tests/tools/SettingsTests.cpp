@@ -37,35 +37,33 @@ TEST_P(ProjectCommands, Print)
 }
 
 INSTANTIATE_TEST_SUITE_P(Settings, ProjectCommands, testing::ValuesIn(Rows(R"(
-All: cd cases; $QUOR settings a.data --mode Thermal --ignore bad-date --set NY=5 | sed "s,$(dirname $PWD)/,,g" | grep . =>
+All: $QUOR settings cases/a.data --mode Thermal --ignore bad-date --set NY=5 | sed "s,$PWD/,,g" | tr -s ' ' | grep . =>
     settings of quor.toml
-    setting              value                    from
-    simulator            Carrow                   quor.toml:1
-    mode                 Thermal                  command line
-    decks                cases/*.data             quor.toml:2
-    rules                none                     default
-    max-repeated-values  50000000                 default
-    variables.NX         2                        quor.toml:4
-    variables.NY         5                        command line
-    aliases.SHARED       shared                   quor.toml:7
-    check.select         all                      default
-    check.ignore         unclosed-list, bad-date  quor.toml:9, command line
-    check.raise          stray-endinc             quor.toml:10
-    check.fail-on        warning                  default
-    check.strict         false                    default
-    check.max-findings   200                      default
-    check.baseline       none                     default
-    format.normalize     false                    default
+    setting value from
+    simulator Carrow quor.toml:1
+    mode Thermal command line
+    decks cases/*.data quor.toml:2
+    rules none default
+    max-repeated-values 50000000 default
+    variables.NX 2 quor.toml:4
+    variables.NY 5 command line
+    aliases.SHARED shared quor.toml:7
+    check.select all default
+    check.ignore unclosed-list, bad-date quor.toml:9, command line
+    check.raise stray-endinc quor.toml:10
+    check.fail-on warning default
+    check.strict false default
+    check.max-findings 200 default
+    check.baseline none default
+    format.normalize false default
 Project: $QUOR check --format gcc; echo $? =>
     cases/a.data:6:1: error: ENDINC has no effect outside an included file; use END to end the deck [stray-endinc]
     cases/b.data:2:1: error: unknown keyword 'OLI'; did you mean OIL? [unknown-keyword]
     1
 CommandLineFirst: $QUOR check --format gcc --select unclosed-list --fail-on error; echo $? => 0
-Nearest: $QUOR check other/d.data 2>&1; echo $? =>
-    d.data: 2 keywords in 1 section, 1 file: no findings
-    0
+Nearest: $QUOR check other/d.data --quiet; echo $? => 0
 NoFile: $QUOR check cases/b.data --no-settings --ignore unknown-keyword --format gcc; echo $? => 0
-Pattern: $QUOR check '**/[bd].data' --format gcc --raise unknown-keyword =>
+Pattern: $QUOR check '**/[bd].data' --format gcc --settings quor.toml --ignore stray-endinc =>
     cases/b.data:2:1: error: unknown keyword 'OLI'; did you mean OIL? [unknown-keyword]
     other/d.data:2:1: error: unknown keyword 'OLI'; did you mean OIL? [unknown-keyword]
 Folder: $QUOR check other shared --format gcc => quor: error: no deck in the folder 'shared'; expected .data files
@@ -74,7 +72,7 @@ Quiet: $QUOR check cases/b.data --quiet =>
         OLI
         ^~~
       hint: did you mean OIL?
-OtherCommands: $QUOR get cases/a.data DIMENS.NY --bare 2>&1; $QUOR info cases/a.data | grep -c x.inc => 3\n1
+OtherCommands: $QUOR get cases/a.data DIMENS.NY --bare 2>e; $QUOR info cases/a.data 2>e | grep -c x.inc => 3\n1
 Fixed: $QUOR check other/d.data --no-settings --fix --format gcc; cat other/d.data =>
     other/d.data:3:1: warning: ENDINC has no effect outside an included file; use END to end the deck [stray-endinc]
     RUNSPEC

@@ -25,7 +25,7 @@ git add -A && git commit -qm one
 sed -i 's/ 2 2 1/   2   2 1/; s/4\*100/3*100 120/' model/F.data
 same "$(git diff -U0 | tail -n +5)" $'@@ -9 +9 @@ PERMX\n-  4*100 /\n+  3*100   120 /'
 same "$(git difftool -t quor -- model/F.data 2>&1 | grep '~\|changed')" \
-    $'  ~ PERMX: 1 of 4 differ, first [4]: 100 -> 120   (A 9, B 9)\n1 changed, 0 added, 0 removed'
+    $'  ~ PERMX: 1 of 4 differ, first [4]: 100 -> 120   (A 8, B 8)\n1 changed, 0 added, 0 removed'
 same "$(git show HEAD:model/F.data | quor check - --stdin-filename model/F.data 2>/dev/null)" \
     'F.data: 6 keywords in 2 sections, 2 files: no findings'
 

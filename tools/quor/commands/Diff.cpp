@@ -3,6 +3,7 @@
 #include "tools/quor/commands/CommonOptions.h"
 #include "tools/quor/commands/DeckReading.h"
 #include "tools/quor/commands/LoadedLanguage.h"
+#include "tools/quor/commands/StandardInput.h"
 #include "tools/quor/findings/FindingText.h"
 #include "tools/quor/terminal/Json.h"
 #include "tools/quor/terminal/Terminal.h"
@@ -95,9 +96,11 @@ std::string LineText(const Change& change, const DiffOptions& options, bool isCo
         line += ' ' + MakePrintable(change.identity);
     if (change.kind == Change::Kind::Changed)
         line += ": " + ItemText(change.item);
-    std::string locations = change.before ? PlaceText('A', *change.before, options.decks[0]) : "";
+    std::string locations =
+        change.before ? PlaceText('A', *change.before, NameOfDeck(options.decks[0], options.read.read)) : "";
     if (change.after)
-        locations += (locations.empty() ? "" : ", ") + PlaceText('B', *change.after, options.decks[1]);
+        locations += (locations.empty() ? "" : ", ")
+            + PlaceText('B', *change.after, NameOfDeck(options.decks[1], options.read.read));
     if (isColoured)
         line = fmt::format("\x1b[{}m{}\x1b[0m", kind.colour, line);
     return fmt::format("  {}   ({})\n", line, locations);
