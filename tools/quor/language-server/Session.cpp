@@ -228,11 +228,7 @@ bool Session::MayBecomeFresh(const std::string& uri) const
     const auto document = documents_.GetAll().find(uri);
     if (document == documents_.GetAll().end())
         return false;
-    const Places* const deck = FindDeck(document->second.GetKey());
-    if (!deck)
-        return !toRead_.empty() || !pending_.empty();
-    const std::string& root = deck->GetState().GetRoot();
-    return toRead_.count(root) > 0 || pending_.count(root) > 0;
+    return IsToCome(document->second.GetKey());
 }
 
 void Session::Take(ReadResult result)
@@ -254,9 +250,28 @@ void Session::Take(ReadResult result)
     }
     PublishFiles(root, DiagnosticsOf(*decks_[root], explanations_));
     for (const auto& [uri, document] : documents_.GetAll()) {
-        if (!FindDeck(document.GetKey()))
+        if (!IsRead(document) && !IsToCome(document.GetKey()))
             MarkChanged(document.GetKey());
     }
+}
+
+/// Whether a deck has the document, and was read from its text or what became of it.
+bool Session::IsRead(const Document& document) const
+{
+    const Places* const deck = FindDeck(document.GetKey());
+    return deck && deck->ShiftOf(*deck->GetState().FindFile(document.GetKey())).IsKnown();
+}
+
+/// Whether the deck of the file is to be read or being read.
+bool Session::IsToCome(const std::string& key) const
+{
+    const auto isOpen = [this](const std::string& path) {
+        return toRead_.count(path) > 0 || pending_.count(path) > 0;
+    };
+    const Places* const deck = FindDeck(key);
+    if (!deck)
+        return !toRead_.empty() || !pending_.empty();
+    return isOpen(deck->GetState().GetRoot()) || isOpen(key);
 }
 
 void Session::TakeFailure(const ReadResult& result)

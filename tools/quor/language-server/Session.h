@@ -82,6 +82,8 @@ public:
 private:
     void TakeFailure(const ReadResult& result);
     const Places* FindDeck(const std::string& key) const;
+    bool IsRead(const Document& document) const;
+    bool IsToCome(const std::string& key) const;
     void MarkChanged(const std::string& key);
     void Forget(const std::string& path);
     ReadJob MakeJob(const std::string& path, Reading reading) const;

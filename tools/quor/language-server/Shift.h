@@ -35,6 +35,7 @@ public:
     {
     }
 
+    bool IsKnown() const { return isKnown_; }
     /// Whether the text now is the one that was read.
     bool IsNone() const { return isKnown_ && edits_.empty(); }
     /// Where bytes of the earlier text are now; empty if some of them were changed.
