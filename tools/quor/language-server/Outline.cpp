@@ -16,6 +16,7 @@ using namespace Core::Keywords;
 namespace {
 
 constexpr std::size_t mostSymbols = 5000; // beyond, keywords below sections and steps are left out
+constexpr std::size_t mostDetails = 1000; // beyond, descriptions are
 
 /// As the protocol numbers them.
 enum class SymbolKind { Module = 2, Property = 7, ListOfValues = 18, Struct = 23, Event = 24 };
@@ -43,23 +44,22 @@ SymbolKind KindOf(const SectionNode& node, const IKeywordSyntax& syntax)
         : SymbolKind::Struct;
 }
 
-Json SymbolsOf(const View& view, const std::vector<SectionNode>& nodes, bool withKeywords)
+Json SymbolsOf(const View& view, const std::vector<SectionNode>& nodes, bool withKeywords, bool withDetails)
 {
     Json symbols = Json::array();
     for (const SectionNode& node : nodes) {
         if (!withKeywords && !node.isSection && node.dates.empty())
             continue;
         const Core::Decks::DeckKeyword keyword = view.GetDeck()[node.keyword];
-        const std::string description = keyword.GetSyntax().GetDescription();
         Json symbol = {
             {"name", node.dates.empty() ? keyword.GetName() : keyword.GetName() + ' ' + node.dates},
             {"kind", KindOf(node, keyword.GetSyntax())},
             {"range", ToJson(view.SpanOf({node.whole.offset, node.GetEnd() - node.whole.offset}))},
             {"selectionRange", ToJson(view.SpanOf(node.name))}};
-        if (!description.empty())
-            symbol["detail"] = description;
+        if (withDetails)
+            symbol["detail"] = keyword.GetSyntax().GetDescription();
         if (!node.children.empty())
-            symbol["children"] = SymbolsOf(view, node.children, withKeywords);
+            symbol["children"] = SymbolsOf(view, node.children, withKeywords, withDetails);
         symbols.push_back(std::move(symbol));
     }
     return symbols;
@@ -73,12 +73,13 @@ void AddFold(Json& folds, const View& view, std::size_t begin, std::size_t end)
         folds.push_back({{"startLine", first}, {"endLine", last}});
 }
 
-void AddFolds(Json& folds, const View& view, const std::vector<SectionNode>& nodes)
+void AddFolds(Json& folds, const View& view, const std::vector<SectionNode>& nodes, bool withKeywords)
 {
     for (const SectionNode& node : nodes) {
         const bool isGroup = !node.children.empty();
-        AddFold(folds, view, node.whole.offset, isGroup ? node.GetEnd() : node.whole.GetEnd());
-        AddFolds(folds, view, node.children);
+        if (isGroup || withKeywords)
+            AddFold(folds, view, node.whole.offset, isGroup ? node.GetEnd() : node.whole.GetEnd());
+        AddFolds(folds, view, node.children, withKeywords);
     }
 }
 
@@ -90,15 +91,18 @@ Json DocumentSymbols(Session& session, const Json& params)
     if (!view.places)
         return Json::array();
     const std::vector<SectionNode> nodes = SectionsOf(view);
-    return SymbolsOf(view, nodes, CountNodes(nodes) <= mostSymbols);
+    const std::size_t count = CountNodes(nodes);
+    return SymbolsOf(view, nodes, count <= mostSymbols, count <= mostDetails);
 }
 
 Json FoldingRanges(Session& session, const Json& params)
 {
     const View view = session.ViewOf(UriIn(params));
     Json folds = Json::array();
-    if (view.places)
-        AddFolds(folds, view, SectionsOf(view));
+    if (!view.places)
+        return folds;
+    const std::vector<SectionNode> nodes = SectionsOf(view);
+    AddFolds(folds, view, nodes, CountNodes(nodes) <= mostSymbols);
     return folds;
 }
 
