@@ -121,13 +121,12 @@ VELD_QUOR_EXPORT ValueAddress AddressOf(
     const Deck& deck, const DeckKeyword& keyword, std::size_t record, Keywords::ItemKey item);
 
 /// The bytes of each scalar of a keyword's data, in the order of the tree: of each item of a record, given or
-/// not, and of each element of a list of scalars. Those of a repeated word (`10*0.2`) have the same range; one
-/// that isn't given has one of no length where it would be. Values of maps and raw texts have none. Null if
-/// the deck isn't editable, or errors in the keyword hide them. Valid as long as the deck. Throws
+/// not, and of each element of a list of scalars. Those of a repeated word (`10*0.2`) have the same range;
+/// one that isn't given has one of no length where it would be. Values of maps and raw texts have none. Null
+/// if the deck isn't editable, or errors in the keyword hide them. Valid as long as the deck. Throws
 /// `std::invalid_argument` for a keyword of another deck.
 /// @{
-VELD_QUOR_EXPORT const std::vector<TextRange>* FindValueRanges(
-    const Deck& deck, const DeckKeyword& keyword);
+VELD_QUOR_EXPORT const std::vector<TextRange>* FindValueRanges(const Deck& deck, const DeckKeyword& keyword);
 const std::vector<TextRange>* FindValueRanges(const Deck&& deck, const DeckKeyword& keyword) = delete;
 /// @}
 

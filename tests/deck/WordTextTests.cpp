@@ -1,5 +1,6 @@
 #include "quor/deck/internal/text/WordText.h"
 
+#include "quor/deck/WrittenWords.h"
 #include "tests/support/Cases.h"
 
 #include <fmt/format.h>
@@ -134,6 +135,17 @@ TEST(LeadingReals, AreRoundedCorrectly)
         ASSERT_EQ(real.length, text.size()) << text;
         ASSERT_EQ(real.value, std::strtod(text.c_str(), nullptr)) << text;
     }
+}
+
+TEST(WrittenWords, AreThoseOfAllLinesButComments)
+{
+    std::string text;
+    for (const WrittenWord& word : FindWords("P1 3*0.2,2* -- 'no'\n  'a b' / rest\n'open 5\n"))
+        text += fmt::format("{}+{} {} x <{}>{}{}{}; ", word.offset, word.length, word.count, word.text,
+            word.isDefault ? " default" : "", word.isQuoted ? " quoted" : "", word.isSlash ? " slash" : "");
+    EXPECT_EQ(text,
+        "0+2 1 x <P1>; 3+5 3 x <0.2>; 9+2 2 x <> default; 22+5 1 x <a b> quoted; 28+1 1 x </> slash; "
+        "35+7 1 x <open 5> quoted; ");
 }
 
 } // namespace
