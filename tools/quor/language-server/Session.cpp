@@ -16,34 +16,6 @@ namespace {
 
 constexpr std::size_t mostFindings = 1000;
 
-/// A word of an enumeration, without regard to case; the first of them, "any", for any other text.
-template <class T>
-typename T::Enum WordIn(const Json& json, typename T::Enum any)
-{
-    if (!json.is_string())
-        return any;
-    for (const auto& row : T::EnumInfos()) {
-        if (ToLower(row.text) == ToLower(json.get<std::string>()))
-            return row.value;
-    }
-    return any;
-}
-
-Settings SettingsIn(const Json& json)
-{
-    Settings settings;
-    settings.target.simulator = WordIn<SimulatorType>(MemberOf(json, "simulator"), SimulatorType::Any);
-    settings.target.mode = WordIn<SimulatorModeType>(MemberOf(json, "mode"), SimulatorModeType::Any);
-    if (const Json& root = MemberOf(json, "root"); root.is_string())
-        settings.root = root.get<std::string>();
-    settings.isStrict = MemberOf(json, "strict") == true;
-    for (const auto& [name, value] : MemberOf(json, "variables").items()) {
-        if (value.is_string())
-            settings.variables[name] = value.get<std::string>();
-    }
-    return settings;
-}
-
 } // namespace
 
 Session::Session(KeywordSyntaxTable& table, Send send, std::function<void(ReadResult)> report)
@@ -51,6 +23,7 @@ Session::Session(KeywordSyntaxTable& table, Send send, std::function<void(ReadRe
     , language_(table)
     , rules_(language_)
     , send_(std::move(send))
+    , publications_(send_)
     , reader_(language_, rules_, std::move(report))
 {
 }
@@ -205,8 +178,7 @@ bool Session::IsDeckItself(const Document& document) const
 
 void Session::Forget(const std::string& path)
 {
-    PublishFiles(path, {});
-    published_.erase(path);
+    publications_.Publish(path, {});
     decks_.erase(path);
     toRead_.erase(path);
 }
@@ -248,7 +220,7 @@ void Session::Take(ReadResult result)
         if (isKnownNow)
             Forget(path);
     }
-    PublishFiles(root, DiagnosticsOf(*decks_[root], explanations_));
+    publications_.Publish(root, DiagnosticsOf(*decks_[root], explanations_));
     for (const auto& [uri, document] : documents_.GetAll()) {
         if (!IsRead(document) && !IsToCome(document.GetKey()))
             MarkChanged(document.GetKey());
@@ -310,32 +282,6 @@ void Session::SubmitReads()
         job.number = ++jobs_;
         pending_[path] = job.number;
         reader_.Submit(std::move(job));
-    }
-}
-
-/// Sends what has changed. A file of several decks has the diagnostics of all.
-void Session::PublishFiles(const std::string& root, std::map<std::string, Json> byUri)
-{
-    std::map<std::string, Json> before = std::exchange(published_[root], std::move(byUri));
-    std::set<std::string> uris;
-    for (const auto* const files : {&before, &published_[root]}) {
-        for (const auto& [uri, diagnostics] : *files)
-            uris.insert(uri);
-    }
-    for (const std::string& uri : uris) {
-        const auto& now = published_[root];
-        const auto after = now.find(uri);
-        if (before.count(uri) > 0 && after != now.end() && before[uri] == after->second)
-            continue;
-        Json all = Json::array();
-        for (const auto& [path, files] : published_) {
-            const auto own = files.find(uri);
-            for (const Json& diagnostic : own == files.end() ? Json::array() : own->second) {
-                if (std::find(all.begin(), all.end(), diagnostic) == all.end())
-                    all.push_back(diagnostic);
-            }
-        }
-        Notify("textDocument/publishDiagnostics", {{"uri", uri}, {"diagnostics", std::move(all)}});
     }
 }
 

@@ -8,6 +8,8 @@
 #include "tools/quor/language-server/NameIndex.h"
 #include "tools/quor/language-server/Places.h"
 #include "tools/quor/language-server/Protocol.h"
+#include "tools/quor/language-server/Publications.h"
+#include "tools/quor/language-server/Settings.h"
 
 #include <functional>
 #include <map>
@@ -18,15 +20,6 @@
 
 namespace Veld::Quor::Tools::LanguageServer {
 
-/// What the client or its user has set.
-struct Settings {
-    Core::Decks::Target target = {};
-    std::string root =
-        {}; ///< path of the deck to which all files belong; empty: they are searched for theirs
-    std::map<std::string, std::string> variables = {};
-    bool isStrict = false;
-};
-
 /// What a client says that it can do.
 struct ClientAbilities {
     bool hasSnippets = false;
@@ -36,8 +29,6 @@ struct ClientAbilities {
 /// All that the server knows of one client: documents, decks, settings.
 class Session {
 public:
-    using Send = std::function<void(const std::string& method, Json params)>;
-
     /// `send` notifies the client; `report` is called on the thread that reads decks.
     Session(Core::Keywords::KeywordSyntaxTable& table, Send send, std::function<void(ReadResult)> report);
 
@@ -88,12 +79,12 @@ private:
     void Forget(const std::string& path);
     ReadJob MakeJob(const std::string& path, Reading reading) const;
     bool IsDeckItself(const Document& document) const;
-    void PublishFiles(const std::string& root, std::map<std::string, Json> byUri);
 
     Core::Keywords::KeywordSyntaxTable& table_;
     Core::Decks::DeckLanguage language_;
     NameRules rules_;
     Send send_;
+    Publications publications_;
     Settings settings_;
     ClientAbilities abilities_;
     std::vector<std::pair<std::string, const Core::Keywords::IKeywordSyntax*>> keywords_;
@@ -105,7 +96,6 @@ private:
     std::map<std::string, Reading> toRead_; // by path
     std::map<std::string, std::size_t> pending_; // the last job of each path that has no result yet
     std::size_t jobs_ = 0;
-    std::map<std::string, std::map<std::string, Json>> published_; // diagnostics, by root and URI
     DeckReader reader_; // last: its thread uses the others
 };
 
