@@ -4,6 +4,7 @@
 
 #include "quor/data/Access.h"
 #include "quor/data/KeywordDataFactory.h"
+#include "quor/deck/CellArrays.h"
 #include "quor/deck/CodeInfo.h"
 #include "quor/deck/Deck.h"
 #include "quor/deck/DeckDifference.h"

@@ -4,7 +4,11 @@
 #include "quor/deck/internal/rules/RuleTexts.h"
 #include "quor/deck/internal/text/LanguageIndex.h"
 #include "quor/deck/internal/text/LineText.h"
+#include "quor/syntax/IKeywordSyntax.h"
 #include "quor/syntax/KeywordSyntaxTable.h"
+
+#include <algorithm>
+#include <cstddef>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -42,6 +46,16 @@ std::vector<std::string> DeckLanguage::FindNearest(
 std::vector<KeywordRule> DeckLanguage::GetRules(const Keywords::IKeywordSyntax& syntax) const
 {
     return DescribeRules(index_->GetRules(), syntax);
+}
+
+std::vector<KeywordRole> DeckLanguage::GetRoles(const Keywords::IKeywordSyntax& syntax) const
+{
+    std::vector<KeywordRole> roles;
+    for (const RoleRule& rule : index_->GetRules().roles) {
+        if (std::find(rule.keywords.begin(), rule.keywords.end(), syntax.GetName()) != rule.keywords.end())
+            roles.push_back({PhysicalRole::EnumInfos()[static_cast<std::size_t>(rule.role)].text, rule.item});
+    }
+    return roles;
 }
 
 std::vector<std::string> DeckLanguage::GetNameKinds() const

@@ -25,6 +25,12 @@ struct KeywordRule {
     std::string text; ///< what holds: a part of a sentence, for people
 };
 
+/// What a keyword, or an item of it, is in the physics of a deck, as documents of rules say it.
+struct KeywordRole {
+    std::string role; ///< "porosity", "saturation of water": see `docs/writing-rules.md`
+    std::string item; ///< empty: the keyword itself
+};
+
 /// A document of rules can't be read. The text has the document, the rule, and what was expected.
 class VELD_QUOR_EXPORT RuleError : public Service::Exception {
 public:
@@ -58,6 +64,8 @@ public:
 
     /// What the rules say of a keyword of the table, each once.
     std::vector<KeywordRule> GetRules(const Keywords::IKeywordSyntax& syntax) const;
+    /// The roles of a keyword of the table and of its items, in the order of the rules.
+    std::vector<KeywordRole> GetRoles(const Keywords::IKeywordSyntax& syntax) const;
     /// The kinds of names that rules are about, as "well", in the order of the rules.
     std::vector<std::string> GetNameKinds() const;
     /// The codes of findings that rules have beside those of the library, each once.

@@ -70,8 +70,7 @@ TEST(Help, IsDataAndHasExamples)
     EXPECT_TRUE(Holds(RunQuor("--help").out, "check"));
     EXPECT_EQ(RunQuor("--help").status, 0);
     for (const std::string command : {"list", "show", "check", "info", "format", "diff", "port", "lint",
-             "explain", "manual", "man", "completion"}) {
-             "explain", "language-server", "man", "completion"}) {
+             "explain", "manual", "language-server", "man", "completion"}) {
         const Outcome outcome = RunQuor(command + " --help");
         EXPECT_EQ(outcome.status, 0);
         EXPECT_EQ(outcome.err, "");

@@ -58,11 +58,13 @@ const ArrayOperations::Operation* ArrayOperations::FindOperation(const std::stri
     return operation == std::end(operations) ? nullptr : operation;
 }
 
-ArrayOperations::ArrayOperations(const DeckContents& deck)
+ArrayOperations::ArrayOperations(const DeckContents& deck, bool withGiven)
     : deck_(deck)
     , dimensions_(deck.language, deck.GetTarget().simulator)
 {
     for (const KeywordInstance& keyword : deck.keywords) {
+        if (withGiven && keyword.data && keyword.syntax->GetCellPropertyInfo())
+            GetArray(deck.NameOf(keyword));
         if (!keyword.data || !FindOperation(keyword.syntax->GetName())
             || !IsListOfRecords(keyword.data->GetMD(), {}))
             continue;

@@ -2,6 +2,7 @@
 
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
+#include "quor/deck/CellArrays.h"
 #include "quor/deck/DeckSummary.h"
 #include "quor/deck/internal/read/contents/DeckContents.h"
 #include "quor/deck/internal/read/deck/Dimensions.h"
@@ -18,14 +19,16 @@ namespace Veld::Quor::Core::Decks {
 /// and limit, in a box or in regions.
 class ArrayOperations {
 public:
-    /// The deck must outlive it.
-    explicit ArrayOperations(const DeckContents& deck);
+    /// The deck must outlive it. `withGiven`: also arrays that no keyword works on.
+    explicit ArrayOperations(const DeckContents& deck, bool withGiven = false);
 
     /// The keywords of the deck, in their order.
     void Follow(const KeywordInstance& keyword);
     /// Those that some keyword works on, in the order in which they are met, without those that are only
     /// given.
     std::vector<ArraySummary> GetArrays() const;
+    /// The values of those that have some. To be called once.
+    CellArrays TakeValues();
 
 private:
     using Record = Core::Keywords::IKeywordRecordData;

@@ -47,6 +47,12 @@ const std::vector<Service::EnumInfo<PhysicalRole>>& PhysicalRole::EnumInfos()
         {ConnectionFirstK, "connection first K"},
         {ConnectionLastK, "connection last K"},
         {NameOfArray, "name of array"},
+        {Porosity, "porosity"},
+        {Permeability, "permeability"},
+        {ProductionOfWell, "production of well"},
+        {InjectionOfWell, "injection of well"},
+        {StatusOfWell, "status of well"},
+        {CellOfStatus, "cell of status"},
     };
     return rows;
 }

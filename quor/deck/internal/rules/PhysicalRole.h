@@ -58,7 +58,16 @@ struct PhysicalRole {
         ConnectionLastK,
         // The item that names an array.
         NameOfArray,
+        // What no check knows: for those who show what is in a deck.
+        Porosity,
+        Permeability,
+        ProductionOfWell,
+        InjectionOfWell,
+        StatusOfWell,
+        CellOfStatus,
     };
+    /// Whether checks of physics know it.
+    static bool IsChecked(Enum role) { return role < Porosity; }
     /// The rows in the order of the values; never freed.
     static const std::vector<Service::EnumInfo<PhysicalRole>>& EnumInfos();
     /// Only `found` says that there is none of the name.

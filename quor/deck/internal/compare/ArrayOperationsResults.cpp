@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -49,6 +50,20 @@ std::vector<ArraySummary> ArrayOperations::GetArrays() const
         return summary.unknown == 0 && summary.keywords == std::vector{summary.array};
     });
     return summaries;
+}
+
+CellArrays ArrayOperations::TakeValues()
+{
+    CellArrays result;
+    if (!isGridKnown_)
+        return result;
+    result.grid = grid_;
+    for (auto& [name, array] : arrays_) {
+        const auto isKnown = [](double value) { return !std::isnan(value); };
+        if (std::any_of(array.values.begin(), array.values.end(), isKnown))
+            result.arrays.push_back({name, std::move(array.values)});
+    }
+    return result;
 }
 
 } // namespace Veld::Quor::Core::Decks
