@@ -60,6 +60,8 @@ FolderWithoutDecks: check /proc/self/fdinfo => quor: error: no deck in the folde
 FolderAsDeck: info /tmp => can't read '/tmp': it is a folder, not a file
 ManualAmongOtherFiles: manual /usr => quor: error: '/usr' is not empty and has no manual; expected a new or empty folder\n
 ManualInNoFolder: manual /proc/none => quor: error: can't write '/proc/none/keyword/
+ReportOfNothing: report /none.data -o /none.html => can't read '/none.data': No such file
+ReportToNowhere: report x => --output is required
 BrowserAndUnits: show WELSPECS --browser --units FIELD => excludes
 )")),
     CaseName<Row>);
@@ -69,8 +71,8 @@ TEST(Help, IsDataAndHasExamples)
     EXPECT_TRUE(RunQuor("--version").out.starts_with("quor "));
     EXPECT_TRUE(Holds(RunQuor("--help").out, "check"));
     EXPECT_EQ(RunQuor("--help").status, 0);
-    for (const std::string command : {"list", "show", "check", "info", "format", "diff", "port", "lint",
-             "explain", "manual", "language-server", "man", "completion"}) {
+    for (const std::string command : {"list", "show", "check", "info", "format", "diff", "port", "report",
+             "lint", "explain", "manual", "language-server", "man", "completion"}) {
         const Outcome outcome = RunQuor(command + " --help");
         EXPECT_EQ(outcome.status, 0);
         EXPECT_EQ(outcome.err, "");

@@ -139,6 +139,7 @@ int RunCommand(int argc, char** argv)
         MakeSetCommand(application),
         MakeDiffCommand(application),
         MakePortCommand(application),
+        MakeReportCommand(application),
         MakeExplainCommand(application),
         MakeShowCommand(application),
         MakeListCommand(application),

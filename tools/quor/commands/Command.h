@@ -38,6 +38,7 @@ Command MakeGetCommand(CLI::App& application);
 Command MakeSetCommand(CLI::App& application);
 Command MakeDiffCommand(CLI::App& application);
 Command MakePortCommand(CLI::App& application);
+Command MakeReportCommand(CLI::App& application);
 Command MakeLintCommand(CLI::App& application);
 Command MakeExplainCommand(CLI::App& application);
 Command MakeSettingsCommand(CLI::App& application);

@@ -5,6 +5,7 @@
 #include "tools/quor/commands/DeckReading.h"
 #include "tools/quor/commands/InfoArrays.h"
 #include "tools/quor/commands/LoadedLanguage.h"
+#include "tools/quor/commands/SummaryJson.h"
 #include "tools/quor/findings/FindingText.h"
 #include "tools/quor/terminal/Json.h"
 #include "tools/quor/terminal/Terminal.h"
@@ -181,72 +182,6 @@ void PrintText(const Decks::DeckSummary& summary, const InfoOptions& options)
     PrintVariables(summary);
 }
 
-ordered_json PropertyJson(const Decks::PropertySummary& row)
-{
-    ordered_json json = {{"keyword", row.keyword}, {"property", row.property},
-        {"measurement", TextOrNull(row.measurement)}, {"place", LocationJson(row.location)},
-        {"count", row.count}, {"defaulted", row.defaulted}, {"unknown", row.unknown}, {"least", nullptr},
-        {"mean", nullptr}, {"greatest", nullptr}};
-    if (row.range) {
-        json["least"] = row.range->least;
-        json["mean"] = row.range->mean;
-        json["greatest"] = row.range->greatest;
-    }
-    return json;
-}
-
-ordered_json WellsJson(const std::vector<Decks::Well>& wells)
-{
-    auto json = ordered_json::array();
-    for (const Decks::Well& well : wells)
-        json.push_back(
-            {{"name", well.name}, {"group", TextOrNull(well.group)}, {"control", TextOrNull(well.control)},
-                {"completions", well.completions}, {"since", TextOrNull(Decks::DateText(well.since))}});
-    return json;
-}
-
-ordered_json SizesJson(const Decks::DeckSummary& summary)
-{
-    auto json = ordered_json::array();
-    for (const Decks::SizeSummary& row : summary.sizes) {
-        auto sizes = ordered_json::object();
-        for (const auto& [item, value] : row.sizes)
-            sizes[item] = value;
-        json.push_back({{"keyword", row.keyword}, {"sizes", sizes}});
-    }
-    return json;
-}
-
-void PrintJson(const Decks::DeckSummary& summary, const InfoOptions& options)
-{
-    ordered_json json = {{"deck", options.deck}, {"title", TextOrNull(summary.title)}};
-    auto files = ordered_json::array();
-    for (const Decks::FileSummary& file : summary.files)
-        files.push_back(
-            {{"name", file.name}, {"depth", file.depth}, {"bytes", file.bytes}, {"keywords", file.keywords}});
-    auto sections = ordered_json::array();
-    for (const Decks::SectionSummary& row : summary.sections)
-        sections.push_back({{"section", TextOrNull(SectionType::ToString(row.section))},
-            {"keywords", row.keywords}, {"place", LocationJson(row.location)}});
-    auto groups = ordered_json::array();
-    for (const Decks::Group& group : summary.groups)
-        groups.push_back(
-            {{"name", group.name}, {"parent", TextOrNull(group.parent)}, {"wells", group.wells}});
-    auto properties = ordered_json::array();
-    for (const Decks::PropertySummary& row : summary.properties)
-        properties.push_back(PropertyJson(row));
-    auto variables = ordered_json::array();
-    for (const Decks::VariableSummary& row : summary.variables)
-        variables.push_back({{"name", row.name}, {"uses", row.uses}});
-    json.update({{"files", files}, {"sections", sections}, {"sizes", SizesJson(summary)},
-        {"options", summary.options}, {"units", TextOrNull(summary.units)},
-        {"start", TextOrNull(Decks::DateText(summary.start))},
-        {"end", TextOrNull(Decks::DateText(summary.end))}, {"reports", summary.reports},
-        {"wells", WellsJson(summary.wells)}, {"groups", groups}, {"properties", properties},
-        {"arrays", ArraysJson(summary)}, {"variables", variables}});
-    Print(ToText(WithVersion(json)));
-}
-
 int Info(LoadedLanguage& language, const InfoOptions& options)
 {
     const Decks::DeckLanguage deckLanguage(language.GetTable());
@@ -255,7 +190,7 @@ int Info(LoadedLanguage& language, const InfoOptions& options)
         return Failure;
     const Decks::DeckSummary summary = Decks::Summarize(*deck);
     if (options.isJson)
-        PrintJson(summary, options);
+        Print(ToText(WithVersion(SummaryJson(summary, options.deck))));
     else
         PrintText(summary, options);
     return Success;

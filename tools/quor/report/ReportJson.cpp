@@ -1,0 +1,103 @@
+#include "tools/quor/report/ReportJson.h"
+
+#include "quor/deck/CellArrays.h"
+#include "quor/deck/DeckSummary.h"
+#include "quor/deck/DeckUnits.h"
+#include "quor/syntax/KeywordSyntaxTable.h"
+#include "tools/quor/commands/SummaryJson.h"
+#include "tools/quor/findings/FindingJson.h"
+#include "tools/quor/report/ReportTables.h"
+#include "tools/quor/report/WellHistory.h"
+#include "tools/quor/tree/MetadataFacts.h"
+#include "tools/quor/tree/UnitTexts.h"
+
+#include <nlohmann/json.hpp>
+
+#include <cstddef>
+#include <map>
+#include <utility>
+
+namespace Veld::Quor::Tools {
+
+namespace Decks = Core::Decks;
+using namespace Core::Keywords;
+using nlohmann::ordered_json;
+
+namespace {
+
+ordered_json ArrayJson(const std::string& name, const Decks::Deck& deck, const Decks::DeckLanguage& language)
+{
+    ordered_json json = {{"name", name}, {"text", ""}, {"unit", ""}, {"role", ""}};
+    const IKeywordSyntax* const syntax = KeywordSyntaxTable::Instance().Lookup(name, true);
+    if (!syntax)
+        return json;
+    json["text"] = syntax->GetDescription();
+    if (const auto measurements = MeasurementsOf(*syntax); measurements.size() == 1)
+        json["unit"] = UnitText(measurements.front(), Decks::UnitSystemOf(deck));
+    for (const Decks::KeywordRole& role : language.GetRoles(*syntax)) {
+        if (role.item.empty())
+            json["role"] = role.role;
+    }
+    json["isWhole"] = ValueTypeOf(*syntax) == MDType::Integer;
+    return json;
+}
+
+void AddArrays(const Decks::Deck& deck, const Decks::DeckLanguage& language, ordered_json& report,
+    std::vector<ReportValues>& values)
+{
+    Decks::CellArrays found = Decks::FindCellArrays(deck);
+    report["grid"] = found.grid;
+    report["arrays"] = ordered_json::array();
+    for (const Decks::CellArray& array : found.arrays) {
+        ordered_json json = ArrayJson(array.name, deck, language);
+        json["values"] = values.size(); // where they are
+        report["arrays"].push_back(std::move(json));
+        values.emplace_back(array.values.begin(), array.values.end());
+    }
+}
+
+/// The dates of the steps, the start first, and what the schedule does after each.
+void AddSchedule(const Decks::Deck& deck, const Decks::DeckLanguage& language, ordered_json& report)
+{
+    report["steps"] = ordered_json::array({Decks::DateText(deck.GetStart())});
+    for (const Decks::ReportStep& step : deck.GetSteps())
+        report["steps"].push_back(Decks::DateText(step.time));
+    WellHistory wells(deck, language);
+    std::vector<std::map<std::string, std::size_t>> events(deck.GetSteps().size() + 1);
+    for (const Decks::DeckKeyword& keyword : deck.GetSection(SectionType::SCHEDULE)) {
+        const Decks::ReportStep* const step = keyword.FindStep();
+        const std::size_t number = step ? static_cast<std::size_t>(step - deck.GetSteps().data()) + 1 : 0;
+        ++events.at(number)[keyword.GetName()];
+        wells.Follow(keyword, number);
+    }
+    report["events"] = events;
+    report["wells"] = wells.GetWells();
+    report["series"] = wells.GetSeries();
+}
+
+ordered_json FindingsJson(const Decks::Deck& deck)
+{
+    constexpr std::size_t most = 1000;
+    auto list = ordered_json::array();
+    for (const Decks::Finding& finding : deck.GetFindings().Fold(most)) {
+        list.push_back(FindingJson(finding));
+        list.back()["excerpt"] = finding.excerpt;
+    }
+    return list;
+}
+
+} // namespace
+
+ordered_json ReportJson(const Decks::Deck& deck, const Decks::DeckLanguage& language, const std::string& path,
+    std::vector<ReportValues>& values)
+{
+    ordered_json report = {{"summary", SummaryJson(Decks::Summarize(deck), path)},
+        {"system", UnitSystem::ToString(Decks::UnitSystemOf(deck))},
+        {"target", Decks::NameOf(deck.GetTarget())}, {"tables", ReportTables(deck, language)},
+        {"findings", FindingsJson(deck)}};
+    AddArrays(deck, language, report, values);
+    AddSchedule(deck, language, report);
+    return report;
+}
+
+} // namespace Veld::Quor::Tools

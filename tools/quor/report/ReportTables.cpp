@@ -1,0 +1,179 @@
+#include "tools/quor/report/ReportTables.h"
+
+#include "quor/data/Access.h"
+#include "quor/deck/DeckUnits.h"
+#include "quor/metadata/IKeywordListMD.h"
+#include "quor/metadata/IKeywordRealMD.h"
+#include "quor/metadata/IKeywordRecordMD.h"
+#include "quor/syntax/IKeywordSyntax.h"
+#include "tools/quor/tree/MetadataFacts.h"
+#include "tools/quor/tree/UnitTexts.h"
+
+#include <nlohmann/json.hpp>
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace Veld::Quor::Tools {
+
+namespace Decks = Core::Decks;
+using namespace Core::Keywords;
+using nlohmann::ordered_json;
+
+namespace {
+
+/// A table under construction. A row of records with rows of their own has the numbers of the outer record in
+/// each row, and the number of that record as its branch.
+struct TableRows {
+    ordered_json rows = ordered_json::array();
+    ordered_json branches = ordered_json::array();
+};
+
+const IKeywordDataMD* ItemOfList(const IKeywordDataMD* md)
+{
+    return md && md->GetType() == MDType::List ? static_cast<const IKeywordListMD*>(md)->GetItemMD()
+                                               : nullptr;
+}
+
+const IKeywordRecordMD* FindRecordMD(const IKeywordDataMD* md)
+{
+    return md && md->GetType() == MDType::Record ? static_cast<const IKeywordRecordMD*>(md) : nullptr;
+}
+
+/// The item that is a list of records; -1 if there is none.
+int FindRows(const IKeywordRecordMD& record)
+{
+    for (int i = 0; i < record.GetSize(); ++i) {
+        if (FindRecordMD(ItemOfList(record.GetItemMD(i))))
+            return i;
+    }
+    return -1;
+}
+
+/// Null for a value that is left to its default.
+ordered_json RealsOf(const IKeywordRecordData& record, const ordered_json& before)
+{
+    ordered_json row = before;
+    const auto& md = AsRecord(*record.GetMD());
+    for (int i = 0; i < md.GetSize(); ++i) {
+        if (md.GetItemMD(i)->GetType() != MDType::Real)
+            continue;
+        const auto value = Get<double>(record, i);
+        row.push_back(value ? ordered_json(*value) : ordered_json());
+    }
+    return row;
+}
+
+void AddRows(const IKeywordRecordData& record, std::size_t branch, TableRows& table)
+{
+    const int rows = FindRows(AsRecord(*record.GetMD()));
+    const ordered_json outer = RealsOf(record, ordered_json::array());
+    if (rows < 0) {
+        table.rows.push_back(outer);
+        table.branches.push_back(0);
+        return;
+    }
+    for (const IKeywordRecordData& inner : Records(ListIn(record, rows))) {
+        table.rows.push_back(RealsOf(inner, outer));
+        table.branches.push_back(branch);
+    }
+}
+
+ordered_json TableOf(const IKeywordListData& list)
+{
+    TableRows table;
+    std::size_t branch = 0;
+    for (const IKeywordRecordData& record : Records(list))
+        AddRows(record, branch++, table);
+    return {{"rows", table.rows}, {"branches", table.branches}};
+}
+
+class TableWriter {
+public:
+    TableWriter(const Decks::Deck& deck, const Decks::DeckLanguage& language)
+        : units_(Decks::UnitSystemOf(deck))
+        , language_(language)
+    {
+    }
+
+    /// Null for a keyword that carries no tables.
+    ordered_json Write(const Decks::DeckKeyword& keyword) const;
+
+private:
+    ordered_json ColumnsOf(
+        const IKeywordRecordMD& record, const std::vector<Decks::KeywordRole>& roles) const;
+
+    UnitSystem::Enum units_;
+    const Decks::DeckLanguage& language_;
+};
+
+ordered_json TableWriter::ColumnsOf(
+    const IKeywordRecordMD& record, const std::vector<Decks::KeywordRole>& roles) const
+{
+    auto columns = ordered_json::array();
+    for (int i = 0; i < record.GetSize(); ++i) {
+        const IKeywordDataMD& item = *record.GetItemMD(i);
+        if (item.GetType() != MDType::Real)
+            continue;
+        const std::string* const measurement = static_cast<const IKeywordRealMD&>(item).GetMeasurement();
+        std::string own;
+        for (const Decks::KeywordRole& role : roles) {
+            if (role.item == item.GetName())
+                own = role.role;
+        }
+        columns.push_back({{"name", item.GetName()}, {"text", item.GetDescription()},
+            {"unit", measurement ? UnitText(*measurement, units_) : ""}, {"role", own}});
+    }
+    if (const int rows = FindRows(record); rows >= 0) {
+        for (ordered_json& column : ColumnsOf(*FindRecordMD(ItemOfList(record.GetItemMD(rows))), roles))
+            columns.push_back(std::move(column));
+    }
+    return columns;
+}
+
+ordered_json TableWriter::Write(const Decks::DeckKeyword& keyword) const
+{
+    const IKeywordDataMD* const md = keyword.GetSyntax().GetDataMD();
+    const IKeywordDataMD* const item = ItemOfList(md);
+    const IKeywordRecordMD* const ofRegion = FindRecordMD(item); // a row for each region
+    const IKeywordRecordMD* const record = ofRegion ? ofRegion : FindRecordMD(ItemOfList(item));
+    if (!record || !keyword.IsSound())
+        return nullptr;
+    const auto columns = ColumnsOf(*record, language_.GetRoles(keyword.GetSyntax()));
+    auto regions = ordered_json::array();
+    const IKeywordListData& list = AsList(keyword.GetData());
+    for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i) {
+        if (ofRegion) {
+            TableRows table;
+            AddRows(RecordAt(list, i), 0, table);
+            regions.push_back({{"rows", table.rows}, {"branches", table.branches}});
+        } else {
+            regions.push_back(TableOf(ListAt(list, i)));
+        }
+    }
+    const bool hasInner = FindRows(*record) >= 0;
+    if (columns.empty() || regions.empty())
+        return nullptr;
+    return {{"keyword", keyword.GetName()}, {"text", keyword.GetSyntax().GetDescription()},
+        {"section", SectionType::ToString(keyword.GetSection())}, {"columns", columns},
+        {"x", hasInner ? 1 : 0}, {"regions", regions}};
+}
+
+} // namespace
+
+ordered_json ReportTables(const Decks::Deck& deck, const Decks::DeckLanguage& language)
+{
+    const TableWriter writer(deck, language);
+    auto tables = ordered_json::array();
+    for (const SectionType::Enum section : {SectionType::PROPS, SectionType::SOLUTION}) {
+        for (const Decks::DeckKeyword& keyword : deck.GetSection(section)) {
+            ordered_json table = keyword.FindData() ? writer.Write(keyword) : ordered_json();
+            if (!table.is_null())
+                tables.push_back(std::move(table));
+        }
+    }
+    return tables;
+}
+
+} // namespace Veld::Quor::Tools
