@@ -15,7 +15,7 @@ Command MakeLanguageServerCommand(CLI::App& application)
     command.footer("The editor starts it. It reports findings while decks are written, and answers what the "
                    "editor\n"
                    "asks: descriptions, completions, definitions, names to change, and more.\n\n"
-                   "Example:\n"
+                   "Examples:\n"
                    "  quor language-server");
     return {&command, [](LoadedLanguage& language) {
                 return LanguageServer::Serve(language.GetTable()) ? 0 : 1; // as the protocol has it
