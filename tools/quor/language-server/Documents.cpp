@@ -78,9 +78,9 @@ Shift Document::ShiftFrom(const TextVersion& version) const
 Document& Documents::Open(const std::string& uri, std::string text)
 {
     Close(uri);
-    const auto [document, isNew] = all_.try_emplace(uri, uri, std::move(text), ++openings_);
-    uriByKey_[document->second.GetKey()] = uri;
-    return document->second;
+    Document document(uri, std::move(text), ++openings_);
+    uriByKey_[document.GetKey()] = uri;
+    return all_.insert_or_assign(uri, std::move(document)).first->second;
 }
 
 void Documents::Close(const std::string& uri)

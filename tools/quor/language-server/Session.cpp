@@ -52,9 +52,6 @@ void Session::SetClient(const Json& params)
         folders_.push_back(PathOfUri(uri));
     const Json& document = MemberAt(params, {"capabilities", "textDocument"});
     abilities_.hasSnippets = MemberAt(document, {"completion", "completionItem", "snippetSupport"}) == true;
-    abilities_.hasRegistration =
-        MemberAt(params, {"capabilities", "workspace", "didChangeWatchedFiles", "dynamicRegistration"})
-        == true;
     SetSettings(MemberOf(params, "initializationOptions"));
 }
 

@@ -23,7 +23,6 @@ namespace Veld::Quor::Tools::LanguageServer {
 /// What a client says that it can do.
 struct ClientAbilities {
     bool hasSnippets = false;
-    bool hasRegistration = false; ///< of files to be watched
 };
 
 /// All that the server knows of one client: documents, decks, settings.
