@@ -140,6 +140,11 @@ CHANGES = [
         "21:0-4 1 lower-case: keyword 'poro' is not in upper case; write PORO"),
     ("ErrorsHideNames", "main.data", "2*  800", "2*  P1",
         "39:30-32 1 wrong-type: WCONPROD, GRAT: invalid value 'P1'; expected a number"),
+    ("Pattern", "main.data", "  P2     SHUT", "  'P*'   SHUT", ""),
+    ("NumberAsName", "main.data", "SOLUTION\n", "SOLUTION\nAQUFLUX\n  1 0.5 /\n/\n", ""),
+    ("RepeatedName", "main.data", "END\n", "QDRILL\n  2*P1 /\nEND\n", ""),
+    ("NameWithoutDefinition", "wells.inc", "  P2 NORTH", "  P3 NORTH",
+        "7:2-6 1 undefined-name: COMPDAT: undefined well 'P2'; did you mean P3, P1?"),
     ("SizeOfArray", "main.data", "9*0.2 9*0.25", "9*0.2 8*0.25",
         "22:15-16 1 wrong-size: PORO: too few values (expected 18, found 17); the size is NX*NY*NZ"),
 ]
@@ -152,6 +157,24 @@ AFTER = {
             "21:0-0 '-- quor: off lower-case\\n'"),
         ("FixAll", "main.data", "", "codeAction", {**ALL, "context": {"only": ["source"]}},
             "Fix all findings of this file that have a certain fix: main.data 21:0-4 'PORO'"),
+    ],
+    "Pattern": [
+        ("RenameBesidePattern", "wells.inc", "  P\u00a61 NORTH", "rename", {"newName": "Q1"},
+            "the pattern 'P*' at main.data:40 stands for only one of 'P1' and 'Q1'; change it first"),
+    ],
+    "NumberAsName": [
+        ("RenameOfNumberedThing", "main.data", "  \u00a61 0.5", "rename", {"newName": "2"},
+            "'1' is a number in AQUFLUX; only names can be changed"),
+    ],
+    "RepeatedName": [
+        ("RenameOfRepeatedName", "wells.inc", "  P\u00a61 NORTH", "rename", {"newName": "Q1"},
+            "the name at main.data:49 is repeated by a count; write it out first"),
+    ],
+    "NameWithoutDefinition": [
+        ("HoverWithoutDefinition", "main.data", "  P\u00a62     SHUT", "hover", {},
+            "well **P2**: 2 uses, no definition\n\n**WELL**, item 1 of WCONPROD\n\nName of the well; a trailing "
+            "asterisk stands for every well with that beginning.\n\n- type: string\n- default: none\n- limits: "
+            "<= 8 chars\n"),
     ],
     "ErrorsHideNames": [
         ("HiddenNames", "wells.inc", "  P\u00a61 NORTH", "rename", {"newName": "PROD1"},
