@@ -92,8 +92,8 @@ KeywordRoles RolePlans::Make(const IKeywordSyntax& syntax) const
 {
     KeywordRoles plan;
     for (const RoleRule& rule : rules_.roles) {
-        if (PhysicalRole::IsChecked(rule.role) && rule.item.empty() && HasWord(rule.keywords, syntax.GetName())
-            && Fits(rule.role, syntax.GetDataMD()))
+        if (PhysicalRole::IsChecked(rule.role) && rule.item.empty()
+            && HasWord(rule.keywords, syntax.GetName()) && Fits(rule.role, syntax.GetDataMD()))
             plan.roles.push_back(rule.role);
     }
     for (const MagnitudeRule& rule : rules_.magnitudes) {
@@ -112,7 +112,8 @@ RecordRoles RolePlans::MakeRecord(const std::string& keyword, const IKeywordData
     for (int i = 0; i < record.GetSize(); ++i) {
         const IKeywordDataMD& item = *record.GetItemMD(i);
         for (const RoleRule& rule : rules_.roles) {
-            if (PhysicalRole::IsChecked(rule.role) && rule.item == item.GetName() && HasWord(rule.keywords, keyword) && Fits(rule.role, &item))
+            if (PhysicalRole::IsChecked(rule.role) && rule.item == item.GetName()
+                && HasWord(rule.keywords, keyword) && Fits(rule.role, &item))
                 plan.items.push_back({i, rule.role});
         }
         for (const MagnitudeRule& rule : rules_.magnitudes) {
