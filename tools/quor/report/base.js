@@ -3,8 +3,10 @@ let report = null;
 
 /// The bytes of an element of the page that holds them deflated, in base64.
 async function unpack(id) {
-    const text = document.getElementById(id).textContent;
-    const bytes = Uint8Array.from(atob(text), letter => letter.charCodeAt(0));
+    const text = atob(document.getElementById(id).textContent);
+    const bytes = new Uint8Array(text.length);
+    for (let i = 0; i < text.length; ++i)
+        bytes[i] = text.charCodeAt(i);
     const stream = new Blob([bytes]).stream().pipeThrough(new DecompressionStream("deflate"));
     return new Response(stream).arrayBuffer();
 }
