@@ -239,11 +239,9 @@ Command MakeShowCommand(CLI::App& application)
     command.add_flag("--browser", options->inBrowser, "Open the pages of the keywords in a browser")
         ->excludes("--units", "--format");
     command.footer(
-        "Limits and defaults are in the units of the deck. With --units, defaults are converted; "
-        "without it, one\n"
-        "that is not the same amount in all systems is shown with its METRIC unit. JSON output has "
-        "the units of\n"
-        "all systems, and defaults in METRIC units.\n\n"
+        "Limits and defaults are in the units of the deck. With --units, defaults are converted; without\n"
+        "it, one that is not the same amount in all systems is shown with its METRIC unit. JSON output\n"
+        "has the units of all systems, and defaults in METRIC units.\n\n"
         "Examples:\n"
         "  quor show WELSPECS\n"
         "  quor show WCONPROD --units FIELD\n"
