@@ -66,7 +66,7 @@ TEST_F(Access, AScalarIsWhatWasSetUntilItIsCleared)
     Set(well, "COUNT", 7);
     Set(well, 4, 900.0);
     SetChoice(well, "CONTROL", "wrat");
-    EXPECT_EQ(Dump(well).substr(0, 39), "('P1' 0 1 7 900 - 'some text' [] [] (-)");
+    EXPECT_EQ(Dump(well).substr(0, 38), "('P1' 0 1 7 900 - 'some text' [] [] (-");
     EXPECT_EQ(Get<std::string>(well, "WELL").Value(), "P1");
     EXPECT_EQ(Get<std::string>(well, "NOTE").Value(), "some text");
     EXPECT_EQ(Get<bool>(well, "OPEN").Value(), false);
@@ -80,7 +80,7 @@ TEST_F(Access, AScalarIsWhatWasSetUntilItIsCleared)
         Clear(well, item);
         EXPECT_FALSE(Has(well, item)) << item;
     }
-    EXPECT_EQ(Dump(well), "(- - - - - - - [] [] (-) [])");
+    EXPECT_EQ(Dump(well), "(- - - - - - - [] [] (- -) [])");
 }
 
 TEST_F(Access, ADefaultIsThatOfTheSimulatorAlone)
@@ -119,7 +119,7 @@ TEST_F(Access, ContainersInARecordAreItsOwn)
     EXPECT_EQ(Get<int>(RecordIn(constWell, "PLACE"), 0).Value(), 5);
     AddValue(AddList(ListIn(well, "ROWS")), 6);
     EXPECT_EQ(As<int>(ListAt(ListIn(constWell, "ROWS"), 0))[0], 6);
-    EXPECT_EQ(Dump(well), "(- - - - - - - [1.5 4 3] [1 0] (5) [[6]])");
+    EXPECT_EQ(Dump(well), "(- - - - - - - [1.5 4 3] [1 0] (5 -) [[6]])");
 }
 
 TEST_F(Access, RecordsOfAListComeInOrderAndMayBeChanged)
