@@ -132,6 +132,7 @@ private:
     // Text that goes wrong
     void PassRemark(const DataPlan& plan);
     bool BeginsNextRecord(const DataPlan& plan, std::size_t index);
+    bool IsKeywordNext(const DataPlan& list);
     bool IsKeywordInRecord();
     bool FitsAfter(const DataPlan& plan, std::size_t index) const;
     std::string FindShift(const DataPlan& item) const;
@@ -158,7 +159,6 @@ private:
     bool HasMore(
         const DataPlan& plan, long long size, const Core::Keywords::IKeywordListData& list, Ended& ended);
     const Token* PeekForNumber(const DataPlan& element);
-    bool IsKeywordNext(const DataPlan& list);
     Ended EndListByStop(const DataPlan& plan, long long size, const Core::Keywords::IKeywordListData& list);
     Ended EndListBySlash(const DataPlan& plan, long long size, const Core::Keywords::IKeywordListData& list);
     bool EndsByWord(const Core::Keywords::ICustomReadTermination& endWords);

@@ -8,7 +8,6 @@
 #include "quor/metadata/IKeywordChoiceMD.h"
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/IKeywordStringMD.h"
-#include "quor/syntax/IKeywordSyntax.h"
 
 #include <fmt/format.h>
 
@@ -47,15 +46,6 @@ void AppendUnknown(IKeywordListData& list)
         Append(list, -1);
     else if constexpr (std::is_same_v<MD, IKeywordBooleanMD>)
         AddUnknown(list);
-}
-
-/// Not so are arrays and output vectors, which records may name.
-bool NeedsRecords(const Entry& entry)
-{
-    return std::all_of(entry.syntaxes.begin(), entry.syntaxes.end(), [](const IKeywordSyntax* syntax) {
-        return syntax->GetDataMD() && !syntax->IsWildcard() && !syntax->GetCellPropertyInfo()
-            && !syntax->GetSummaryMnemonicInfo();
-    });
 }
 
 } // namespace
@@ -236,24 +226,6 @@ const Token* DataReader::PeekForNumber(const DataPlan& element)
     while (!first->IsScalar() && !first->items.empty())
         first = &first->items.front();
     return first->type == MDType::Integer || first->type == MDType::Real ? words_.PeekBare() : nullptr;
-}
-
-/// Whether a word is next that seems to be a keyword: one that the language doesn't have, where a list that
-/// ends by itself expects a number, or one that is indented and has data.
-bool DataReader::IsKeywordNext(const DataPlan& list)
-{
-    const DataPlan& element = list.items.front();
-    const Token* const next = PeekForNumber(element);
-    if (next && !IsLetter(next->text.front()))
-        return false;
-    if (next && list.termination == Termination::NONE && text_.IsLoneUpperWord(next->range))
-        return true;
-    const bool isRecordOfRoot = &list == root_ && element.type == MDType::Record;
-    if (!next && !isRecordOfRoot)
-        return false;
-    const Token* const word = words_.PeekBare();
-    const Entry* const entry = word ? text_.FindIndentedKeyword(word->range) : nullptr;
-    return entry && (next || NeedsRecords(*entry));
 }
 
 /// A list of unknown size that nothing closes continues to the next keyword.

@@ -4,6 +4,7 @@
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/NumberText.h"
 #include "quor/deck/internal/text/WordText.h"
+#include "quor/syntax/IKeywordSyntax.h"
 
 #include <fmt/format.h>
 
@@ -24,6 +25,15 @@ bool IsBareWord(std::string_view text)
 {
     const DataWord word = FindDataWord(text);
     return word.length == text.size() && word.repeat.length == 0 && word.quotes == DataWord::Quotes::None;
+}
+
+/// Not so are arrays and output vectors, which records may name.
+bool NeedsRecords(const Entry& entry)
+{
+    return std::all_of(entry.syntaxes.begin(), entry.syntaxes.end(), [](const IKeywordSyntax* syntax) {
+        return syntax->GetDataMD() && !syntax->IsWildcard() && !syntax->GetCellPropertyInfo()
+            && !syntax->GetSummaryMnemonicInfo();
+    });
 }
 
 } // namespace
@@ -130,6 +140,24 @@ bool DataReader::BeginsNextRecord(const DataPlan& plan, std::size_t index)
     const bool beginsAlike =
         isNumber(text_.GetLineFrom(order_.GetRowBegin()).front()) == isNumber(text.front());
     return line.isEnded && beginsAlike && !Fits(plan, index, line.words) && Fits(plan, 0, line.words);
+}
+
+/// Whether a word is next that seems to be a keyword: one that the language doesn't have, where a list that
+/// ends by itself expects a number, or one that is indented and has data.
+bool DataReader::IsKeywordNext(const DataPlan& list)
+{
+    const DataPlan& element = list.items.front();
+    const Token* const next = PeekForNumber(element);
+    if (next && !IsLetter(next->text.front()))
+        return false;
+    if (next && list.termination == Termination::NONE && text_.IsLoneUpperWord(next->range))
+        return true;
+    const bool isRecordOfRoot = &list == root_ && element.type == MDType::Record;
+    if (!next && !isRecordOfRoot)
+        return false;
+    const Token* const word = words_.PeekBare();
+    const Entry* const entry = word ? text_.FindIndentedKeyword(word->range) : nullptr;
+    return entry && (next || NeedsRecords(*entry));
 }
 
 /// Whether the last word, which can't be a value, is an indented keyword; then it comes again.
