@@ -40,9 +40,13 @@ public:
     }
 
     Deck Read(const ReadOptions& options = {}) const { return Deck::Read(path_, SmallLanguage(), options); }
+    /// The same also where the ranges of values are kept, so that no word is read in a short way.
     std::string FindingsOf(const ReadOptions& options = {}) const
     {
-        return Dump(Read(options).GetFindings(), folder_.Path());
+        const std::string findings = Dump(Read(options).GetFindings(), folder_.Path());
+        const Deck editable = Read(ReadOptions(options).SetEditable(true));
+        EXPECT_EQ(Dump(editable.GetFindings(), folder_.Path()), findings);
+        return findings;
     }
     const std::filesystem::path& Folder() const { return folder_.Path(); }
 

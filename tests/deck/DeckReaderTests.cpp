@@ -144,10 +144,10 @@ protected:
         table_.reset();
     }
 
-    Decks::Deck Read(const std::string& text, SimulatorType::Enum simulator) const
+    Decks::Deck Read(const std::string& text, SimulatorType::Enum simulator, bool isEditable = false) const
     {
         return Decks::Deck::Read(folder_.Write("d.data", "RUNSPEC\n" + text), *language_,
-            Decks::ReadOptions().SetSimulator(simulator));
+            Decks::ReadOptions().SetSimulator(simulator).SetEditable(isEditable));
     }
 
     static inline std::unique_ptr<LoadedTable> table_;
@@ -162,11 +162,13 @@ class Readings : public Language, public testing::WithParamInterface<Row> { };
 TEST_P(Readings, GiveDataAndFindings)
 {
     const auto& [name, text, data, findings, simulator] = GetParam();
-    const auto deck =
-        Read(text, simulator.empty() ? SimulatorType::Any : SimulatorType::FromString(simulator));
-    EXPECT_EQ(Dump(deck.GetFindings(), folder_.Path()), findings);
-    if (data != "?") {
-        EXPECT_EQ(Veld::Quor::Tests::Dump(deck[deck.GetSize() - 1].GetData()), data);
+    for (const bool isEditable : {false, true}) { // which has no short ways of reading
+        const auto deck = Read(
+            text, simulator.empty() ? SimulatorType::Any : SimulatorType::FromString(simulator), isEditable);
+        EXPECT_EQ(Dump(deck.GetFindings(), folder_.Path()), findings);
+        if (data != "?") {
+            EXPECT_EQ(Veld::Quor::Tests::Dump(deck[deck.GetSize() - 1].GetData()), data);
+        }
     }
 }
 
