@@ -106,6 +106,7 @@ REQUESTS = [
     ("NamesInQuotes", "main.data", "  '\u00a6P1'   OPEN", "completion", {}, "'P1' 'P2'"),
     ("NamesOfArrays", "main.data", "  PERM\u00a6X PERMY", "completion", {}, "PERMY PERMX"),
     ("PathsOfFiles", "main.data", "'wel\u00a6ls.inc'", "completion", {}, "'wells.inc'"),
+    ("NothingInArray", "main.data", "  18*1\u00a600 /", "completion", {}, ""),
     ("NothingInComment", "main.data", "-- well  st\u00a6ate", "completion", {}, ""),
     ("NothingAfterSlash", "main.data", "800 /\u00a6", "completion", {}, ""),
     ("ItemOfRecord", "main.data", "P2     SHUT   LR\u00a6AT", "signatureHelp", {}, "WCONPROD WELL STATUS CON: CONTROL"),

@@ -1,5 +1,6 @@
 #include "tools/quor/language-server/TextContext.h"
 
+#include "quor/metadata/IKeywordListMD.h"
 #include "tools/quor/language-server/Cursor.h"
 #include "tools/quor/terminal/TextLayout.h"
 
@@ -64,6 +65,17 @@ std::optional<LineKeyword> FindWritten(Session& session, const View& view, std::
     return std::nullopt;
 }
 
+/// A list of numbers, in which nothing but numbers can be written; it may be long.
+bool IsArray(const IKeywordDataMD& md)
+{
+    const IKeywordDataMD* const item = md.GetType() == IKeywordDataMD::MDType::List
+        ? static_cast<const IKeywordListMD&>(md).GetItemMD()
+        : nullptr;
+    return item
+        && (item->GetType() == IKeywordDataMD::MDType::Real
+            || item->GetType() == IKeywordDataMD::MDType::Integer);
+}
+
 } // namespace
 
 TextContext FindContext(Session& session, const View& view, std::size_t offset)
@@ -91,9 +103,10 @@ TextContext FindContext(Session& session, const View& view, std::size_t offset)
         context.spelling = std::string(text.substr(0, text.find_first_of(" \t")));
         context.dataOffset = lines.StartOf(view.GetText(), written->line) + context.spelling.size();
     }
-    if (context.syntax && context.syntax->GetDataMD())
-        context.cursor = FindDataCursor(*context.syntax->GetDataMD(),
-            view.GetText().substr(context.dataOffset, offset - context.dataOffset));
+    const IKeywordDataMD* const data = context.syntax ? context.syntax->GetDataMD() : nullptr;
+    if (data && !IsArray(*data))
+        context.cursor =
+            FindDataCursor(*data, view.GetText().substr(context.dataOffset, offset - context.dataOffset));
     return context;
 }
 
