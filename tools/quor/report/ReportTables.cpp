@@ -89,6 +89,18 @@ ordered_json TableOf(const IKeywordListData& list)
     return {{"rows", table.rows}, {"branches", table.branches}};
 }
 
+/// The column that the others are plotted against: a saturation or a pressure, else the first; of a table
+/// with branches the second.
+std::size_t FindX(const ordered_json& columns, bool hasBranches)
+{
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const auto& role = columns[i]["role"].get_ref<const std::string&>();
+        if (role.starts_with("saturation of ") || role == "pressure of fluid")
+            return i;
+    }
+    return hasBranches && columns.size() > 1 ? 1 : 0;
+}
+
 class TableWriter {
 public:
     TableWriter(const Decks::Deck& deck, const Decks::DeckLanguage& language)
@@ -152,12 +164,11 @@ ordered_json TableWriter::Write(const Decks::DeckKeyword& keyword) const
             regions.push_back(TableOf(ListAt(list, i)));
         }
     }
-    const bool hasInner = FindRows(*record) >= 0;
     if (columns.empty() || regions.empty())
         return nullptr;
     return {{"keyword", keyword.GetName()}, {"text", keyword.GetSyntax().GetDescription()},
         {"section", SectionType::ToString(keyword.GetSection())}, {"columns", columns},
-        {"x", hasInner ? 1 : 0}, {"regions", regions}};
+        {"x", FindX(columns, FindRows(*record) >= 0)}, {"regions", regions}};
 }
 
 } // namespace

@@ -180,7 +180,8 @@ void WellHistory::AddValues(
         if (series.wells.empty())
             series.head = {{"keyword", keyword.GetName()}, {"item", md.GetName()},
                 {"text", md.GetDescription()},
-                {"unit", UnitText(*md.GetMeasurement(), Decks::UnitSystemOf(deck_))}};
+                {"unit", UnitText(*md.GetMeasurement(), Decks::UnitSystemOf(deck_))},
+                {"isRate", md.GetMeasurement()->find("rate") != std::string::npos}};
         series.wells[well].push_back({step_, *value});
     }
 }

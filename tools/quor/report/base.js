@@ -75,7 +75,7 @@ function draw(canvas, type, datasets, x, y, options = {}) {
         options: { animation: false, responsive: true, maintainAspectRatio: false, parsing: false,
             interaction: { mode: "nearest", intersect: false },
             scales: { x: axis(x, options.x), y: axis(y, options.y) },
-            plugins: { legend: { display: datasets.length > 1, labels: { color: front, usePointStyle: true } }, tooltip: { callbacks: options.tooltip || {} } } },
+            plugins: { legend: { display: datasets.length > 1 && datasets.length < 10, labels: { color: front, usePointStyle: true } }, tooltip: { callbacks: options.tooltip || {} } } },
     }));
 }
 function makeChart(label) {

@@ -72,9 +72,12 @@ function addRates() {
     const total = one => Object.keys(one.wells).map(name => course(one, name))
         .reduce((sums, values) => sums.map((sum, step) => sum === null ? values[step] : sum + (values[step] || 0)), new Array(end + 1).fill(null));
     function show() {
-        const one = series[number], own = well ? course(one, well) : total(one);
-        const data = own.map((y, step) => ({ x: timeOf(step), y: y === null ? NaN : y }));
-        draw(canvas, "line", [{ label: well || "all wells", data, stepped: true, borderColor: lineColours[0], backgroundColor: lineColours[0], pointRadius: 2, borderWidth: 2 }],
+        const one = series[number];
+        const lines = well ? [[well, course(one, well)]] : one.isRate ? [["all wells", total(one)]]
+            : Object.keys(one.wells).map(name => [name, course(one, name)]); // pressures don't add up
+        draw(canvas, "line", lines.map(([label, values], i) => ({ label, stepped: true, pointRadius: 2, borderWidth: 2,
+            data: values.map((y, step) => ({ x: timeOf(step), y: y === null ? NaN : y })), pointStyle: pointStyles[i % pointStyles.length],
+            borderColor: lineColours[i % lineColours.length], backgroundColor: lineColours[i % lineColours.length] })),
             "Date", withUnit(`${one.keyword} ${one.item}`, one.unit), { x: { ticks: { callback: dateOf, maxRotation: 0, autoSkipPadding: 24 }, own: { min: timeOf(0), max: timeOf(end) } },
                 tooltip: { title: items => dateOf(items[0].parsed.x) } });
     }
@@ -82,8 +85,8 @@ function addRates() {
     setTimeout(show);
     addSection("rates", "Rates and targets", make("div", { class: "controls" },
         makeSelect("Quantity", series.map((one, i) => [i, withUnit(`${one.keyword} ${one.item}`, one.unit)]), 0, value => { number = Number(value); show(); }),
-        makeSelect("Well", [["", "all wells, added up"], ...wells.map(name => [name, name])], "", value => { well = value; show(); })),
-    box, make("p", { class: "note" }, "What the deck gives, held until it gives another value; a well that is shut counts as 0 in the sum."));
+        makeSelect("Well", [["", "all wells"], ...wells.map(name => [name, name])], "", value => { well = value; show(); })),
+    box, make("p", { class: "note" }, "What the deck gives, held until it gives another value; rates of all wells are added up, and a well that is shut counts as 0."));
 }
 
 function addEvents() {
