@@ -284,4 +284,11 @@ INSTANTIATE_TEST_SUITE_P(Progress, Bars,
         Bar{"Narrow", 1, 2, 1, 16, " 50%  0 MB/s"}, Bar{"NoRoom", 1, 2, 1, 5, ""}),
     CaseName<Bar>);
 
+TEST(Progress, OfDecksHasTheirRateAndTheTimeLeft)
+{
+    EXPECT_EQ(Veld::Quor::Tools::DecksText(50, 200, 2, 60, false),
+        "[=====                 ]  50 of 200 decks, 25.0/s, 0:06 left");
+    EXPECT_EQ(Veld::Quor::Tools::DecksText(0, 2, 0, 20, false), "0 of 2 decks, 0.0/s");
+}
+
 } // namespace

@@ -72,6 +72,31 @@ Quiet: $QUOR check cases/b.data --quiet =>
         OLI
         ^~~
       hint: did you mean OIL?
+JUnit: $QUOR check cases/b.data none.data --format junit 2>e =>
+    <?xml version="1.0" encoding="UTF-8"?>
+    <testsuites name="quor">
+      <testsuite name="cases/b.data" tests="1" failures="1" errors="0">
+        <testcase classname="cases/b.data" name="cases/b.data:2: unknown-keyword"><failure type="error" message="unknown keyword 'OLI'">cases/b.data:2:1: error: unknown keyword 'OLI'; did you mean OIL? [unknown-keyword]</failure></testcase>
+      </testsuite>
+      <testsuite name="none.data" tests="1" failures="0" errors="1">
+        <testcase classname="none.data" name="not checked"><error message="can't read 'none.data': No such file or directory"/></testcase>
+      </testsuite>
+    </testsuites>
+Sarif: $QUOR check $PWD/cases/b.data none.data --format sarif 2>e | grep -A2 'Successful\|codeFileLine\|physical' | tr -s ' ' =>
+     "executionSuccessful": false,
+     "toolExecutionNotifications": [
+     {
+    --
+     "codeFileLine/v1": "2019ff87e98828b1:1"
+     },
+     "locations": [
+    --
+     "physicalLocation": {
+     "artifactLocation": {
+     "uri": "cases/b.data",
+GitHub: $QUOR check none.data --format github 2>e => ::error::can't read 'none.data': No such file or directory
+Total: $QUOR check cases/b.data none.data 2>e | tail -n 1 => 2 decks: 1 error, 0 warnings, 1 can't be read
+Resumed: echo x >s; $QUOR check cases --resume s --quiet => quor: error: can't use the file 's' to resume: it is of a check with other options; remove it to start over
 OtherCommands: $QUOR get cases/a.data DIMENS.NY --bare 2>e; $QUOR info cases/a.data 2>e | grep -c x.inc => 3\n1
 Fixed: $QUOR check other/d.data --no-settings --fix --format gcc; cat other/d.data =>
     other/d.data:3:1: warning: ENDINC has no effect outside an included file; use END to end the deck [stray-endinc]

@@ -73,7 +73,7 @@ void ResumeFile::Load(const std::string& header)
         return;
     }
     if (!bytes.starts_with(header))
-        FailOn("it is of a check with other options, or no such file; remove it to start anew");
+        FailOn("it is of a check with other options; remove it to start over");
     const std::size_t size = bytes.size();
     bytes.erase(0, header.size());
     while (std::optional<DeckResult> result = TakeResult(bytes)) {
