@@ -47,11 +47,12 @@ void FillUp(int signal, siginfo_t* info, void* context)
     const auto address = reinterpret_cast<std::uintptr_t>(info->si_addr);
     Guard* const guard = FindGuard(address);
     const auto page = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
-    const std::uintptr_t begin = address / page * page;
-    if (!guard
-        || ::mmap(reinterpret_cast<void*>(begin), guard->end - begin, PROT_READ,
-               MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED, -1, 0)
-            == MAP_FAILED)
+    char* const begin = static_cast<char*>(info->si_addr) - address % page;
+    const auto isFilled = [&] { // to the end of the file
+        const std::size_t size = guard->end - (address - address % page);
+        return ::mmap(begin, size, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED, -1, 0) != MAP_FAILED;
+    };
+    if (!guard || !isFilled())
         PassOn(signal, info, context);
     else
         guard->isCut = true;
