@@ -52,6 +52,7 @@ std::string Wrap(const std::string& head, std::string_view text, std::size_t ind
     std::size_t column = CountCharacters(head);
     bool isLineEmpty = true;
     std::istringstream words{std::string(text)};
+    words.exceptions(std::ios::badbit); // else memory that runs out leaves words out
     for (std::string word; words >> word;) {
         word = MakePrintable(word);
         const std::size_t length = CountCharacters(word);
