@@ -16,6 +16,7 @@
 #include <nlohmann/json.hpp>
 
 #include <csignal>
+#include <cstdlib>
 #include <exception>
 #include <new>
 #include <sstream>
@@ -106,6 +107,20 @@ int Run(const Command& command)
     return status;
 }
 
+/// The JSON library asks for memory in a destructor.
+[[noreturn]] void EndAtOnce()
+{
+    try {
+        if (const std::exception_ptr error = std::current_exception())
+            std::rethrow_exception(error);
+    } catch (const std::bad_alloc&) {
+        PrintOutOfMemory();
+        std::_Exit(Failure);
+    } catch (...) { // NOLINT(bugprone-empty-catch): the process ends with it
+    }
+    std::abort();
+}
+
 /// What the library logs, in its form: it quotes names of files and texts of documents.
 void PrintLogged(const char* text, Core::Service::MessageSeverity severity)
 {
@@ -175,6 +190,7 @@ int RunProgram(int argc, char** argv)
 {
     std::signal(SIGPIPE, SIG_IGN); // a reader that goes away is a failed write, reported by the exit status
     std::signal(SIGXFSZ, SIG_IGN); // so is a file that may grow no further
+    std::set_terminate(EndAtOnce);
     Core::Service::Log::SetHandler(PrintLogged);
     Decks::SourceText::AllowMapping();
     int status = Failure;

@@ -32,6 +32,7 @@ struct ExplainOptions {
 std::string ExampleText(const char* label, const Decks::CodeInfo& info, const char* example)
 {
     std::istringstream lines(example);
+    lines.exceptions(std::ios::badbit); // else memory that runs out ends it early
     std::string text;
     for (std::string line; std::getline(lines, line);)
         text += fmt::format("    {}\n", line);

@@ -33,6 +33,7 @@ std::string Flow(const std::string& text)
     std::string flow;
     bool isLiteral = false;
     std::istringstream lines(text);
+    lines.exceptions(std::ios::badbit); // else memory that runs out ends it early
     for (std::string line; std::getline(lines, line);) {
         const bool begins = line.starts_with(' ');
         if (begins != isLiteral)

@@ -21,6 +21,7 @@ std::vector<std::string> ChoicesOf(const std::string& type)
         return {};
     std::vector<std::string> choices;
     std::istringstream words(type.substr(begin + 1, end - begin - 1));
+    words.exceptions(std::ios::badbit); // else memory that runs out ends it early
     for (std::string word; std::getline(words, word, ',');)
         choices.push_back(word);
     return choices;

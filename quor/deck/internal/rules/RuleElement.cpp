@@ -59,6 +59,7 @@ std::string RuleElement::Get(const char* attribute)
 std::vector<std::string> RuleElement::FindWords(const char* attribute)
 {
     std::istringstream words(Find(attribute));
+    words.exceptions(std::ios::badbit); // else memory that runs out ends it early
     std::vector<std::string> found;
     for (std::string word; words >> word;)
         found.push_back(word);
