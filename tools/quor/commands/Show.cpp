@@ -121,7 +121,7 @@ std::string KeywordText(
     if (found.spelling != name)
         text += fmt::format("  found as: {}, by {}\n", found.spelling, WayTo(found));
     text += Field("description", syntax.GetDescription());
-    text += Field("aliases", AliasesText(syntax));
+    text += Field("aliases", AliasList(syntax));
     text += Field("documented as", documentation == name ? "" : documentation);
     text += Field("marks", fmt::format("{}", fmt::join(MarksOf(syntax), ", ")));
     text += Field("role", role ? role : "");

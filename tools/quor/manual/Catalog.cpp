@@ -220,7 +220,7 @@ std::string Catalog::LinkWords(const Entry& own, std::string_view text) const
         if (other && other != &own && !own.ownWords.contains(std::string(part)))
             html += Link(other->address, part);
         else
-            html += Escape(part);
+            html += EscapeHtml(part);
     });
     return html;
 }

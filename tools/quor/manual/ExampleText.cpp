@@ -199,7 +199,7 @@ std::string WithNames(const std::string& text, const IKeywordRecordMD& record)
 
 } // namespace
 
-std::string ExampleText(const IKeywordSyntax& syntax)
+std::string KeywordExample(const IKeywordSyntax& syntax)
 {
     const std::string name = syntax.GetName() + '\n';
     if (!syntax.GetDataMD())

@@ -24,7 +24,7 @@ std::string Replace(std::string text, std::string_view what, std::string_view by
 
 } // namespace
 
-std::string Escape(std::string_view text)
+std::string EscapeHtml(std::string_view text)
 {
     std::string escaped;
     for (const char c : text) {
@@ -63,7 +63,7 @@ std::string Slug(std::string_view name)
 
 std::string Link(std::string_view address, std::string_view text)
 {
-    return fmt::format(R"(<a href="@/{}">{}</a>)", address, Escape(text));
+    return fmt::format(R"(<a href="@/{}">{}</a>)", address, EscapeHtml(text));
 }
 
 std::string Element(const char* tag, const std::string& content)
@@ -84,7 +84,7 @@ std::string Crumbs(const std::vector<std::string>& links, const std::string& her
         "<nav class=\"crumbs\" aria-label=\"Breadcrumb\"><ol><li>" + Link("index.html", "Manual");
     for (const std::string& link : links)
         text += "</li><li>" + link;
-    return text + "</li><li aria-current=\"page\">" + Escape(here) + "</li></ol></nav>\n";
+    return text + "</li><li aria-current=\"page\">" + EscapeHtml(here) + "</li></ol></nav>\n";
 }
 
 std::string PageFile(const ManualPage& page)
@@ -94,8 +94,8 @@ std::string PageFile(const ManualPage& page)
     std::string root;
     for (auto depth = std::count(page.path.begin(), page.path.end(), '/'); depth > 0; --depth)
         root += "../";
-    std::string file = Replace(frame, "{{title}}", Escape(page.title));
-    file = Replace(std::move(file), "{{origin}}", Escape(origin));
+    std::string file = Replace(frame, "{{title}}", EscapeHtml(page.title));
+    file = Replace(std::move(file), "{{origin}}", EscapeHtml(origin));
     file = Replace(std::move(file), "{{body}}", page.body);
     return Replace(std::move(file), "\"@/", '"' + root);
 }

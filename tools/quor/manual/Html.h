@@ -14,7 +14,7 @@ struct ManualPage {
 };
 
 /// The text with what HTML needs in place of its signs.
-std::string Escape(std::string_view text);
+std::string EscapeHtml(std::string_view text);
 /// The name as a part of a path and of an address: letters, digits and hyphens, and "~2A" for others.
 std::string Slug(std::string_view name);
 /// A link to `address`, which is one below the folder of the manual.

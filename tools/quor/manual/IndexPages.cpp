@@ -97,8 +97,8 @@ ManualPage SubjectPage(const Subject& subject)
     if (isSection)
         above.push_back(Link("section/" + Slug(subject.section) + ".html", subject.section));
     return {subject.address, subject.title + " (" + subject.section + ")",
-        Crumbs(above, subject.title) + Element("h1", Escape(subject.title)) + "<p class=\"lead\">"
-            + Escape(subject.about) + "</p>\n" + EntryTable(subject.entries)};
+        Crumbs(above, subject.title) + Element("h1", EscapeHtml(subject.title)) + "<p class=\"lead\">"
+            + EscapeHtml(subject.about) + "</p>\n" + EntryTable(subject.entries)};
 }
 
 /// Output vectors, of which there are many, by entity alone.
@@ -119,7 +119,7 @@ ManualPage NamePage(const std::string& noun, const NameKind& kind)
 {
     const std::string title = "Names: " + noun;
     return {fmt::format("names/{}.html", Slug(noun)), title,
-        Crumbs({}, title) + Element("h1", Escape(title)) + Heading("define", "Keywords that define them")
+        Crumbs({}, title) + Element("h1", EscapeHtml(title)) + Heading("define", "Keywords that define them")
             + KindTable(kind.defining) + Heading("refer", "Keywords that refer to them")
             + KindTable(kind.referring)};
 }
@@ -145,10 +145,10 @@ ManualPage MeasurementPage(const Catalog& catalog)
     for (const auto& [measurement, entries] : byMeasurement) {
         Columns::Row units;
         AppendUnits(measurement, units);
-        rows +=
-            fmt::format("<tr id=\"{}\"><th scope=\"row\">{}</th>", Slug(measurement), Escape(measurement));
+        rows += fmt::format(
+            "<tr id=\"{}\"><th scope=\"row\">{}</th>", Slug(measurement), EscapeHtml(measurement));
         for (const std::string& unit : units)
-            rows += "<td>" + Escape(unit) + "</td>";
+            rows += "<td>" + EscapeHtml(unit) + "</td>";
         std::string links;
         for (const Entry* entry : entries)
             links += Link(entry->address, entry->name) + ' ';
@@ -238,7 +238,7 @@ std::string EntryTable(const Entries& entries)
     std::string rows;
     for (const Entry* entry : entries)
         rows += "<tr><th scope=\"row\">" + Link(entry->address, entry->name) + "</th><td>"
-            + Escape(entry->GetFirst().GetDescription()) + "</td></tr>\n";
+            + EscapeHtml(entry->GetFirst().GetDescription()) + "</td></tr>\n";
     return rows.empty() ? Element("p", "None.")
                         : "<table class=\"list\"><tbody>\n" + rows + "</tbody></table>\n";
 }

@@ -29,7 +29,7 @@ std::string LinksTo(const std::set<std::string>& names, const Catalog& catalog)
     std::vector<std::string> links;
     for (const std::string& name : names) {
         const Entry* const entry = catalog.Find(name);
-        links.push_back(entry ? Link(entry->address, name) : Escape(name));
+        links.push_back(entry ? Link(entry->address, name) : EscapeHtml(name));
     }
     return Join(links);
 }
@@ -39,13 +39,13 @@ std::string FactsHtml(const IKeywordSyntax& syntax, const Entry& entry, const Ca
     const std::string documentation = syntax.GetDocumentationName();
     const char* const role = FindRoleText(syntax.GetDeckRole());
     return Element("dl",
-        Fact("Other names", Escape(AliasesText(syntax)))
-            + Fact("Documented as", documentation == entry.name ? "" : Escape(documentation))
-            + Fact("Marks", Escape(Join(MarksOf(syntax)))) + Fact("In the deck", role ? role : "")
+        Fact("Other names", EscapeHtml(AliasList(syntax)))
+            + Fact("Documented as", documentation == entry.name ? "" : EscapeHtml(documentation))
+            + Fact("Marks", EscapeHtml(Join(MarksOf(syntax)))) + Fact("In the deck", role ? role : "")
             + Fact("Comes after", LinksTo(PrecedentsOf(syntax), catalog))
             + Fact("Scope", catalog.LinkWords(entry, ScopeText(syntax)))
-            + Fact("Output vector", Escape(SummaryText(syntax)))
-            + Fact("Cell property", Escape(CellText(syntax))));
+            + Fact("Output vector", EscapeHtml(SummaryText(syntax)))
+            + Fact("Cell property", EscapeHtml(CellText(syntax))));
 }
 
 std::string UnitsHtml(const IKeywordSyntax& syntax)
@@ -57,7 +57,7 @@ std::string UnitsHtml(const IKeywordSyntax& syntax)
         rows +=
             "<tr><th scope=\"row\">" + Link("measurements.html#" + Slug(measurement), measurement) + "</th>";
         for (const std::string& unit : units)
-            rows += "<td>" + Escape(unit) + "</td>";
+            rows += "<td>" + EscapeHtml(unit) + "</td>";
         rows += "</tr>\n";
     }
     if (rows.empty())
@@ -101,7 +101,7 @@ std::string RelatedHtml(const Entry& entry, const RelatedVectors& vectors)
     std::string rows;
     for (const Entry* vector : related)
         rows += "<tr><th scope=\"row\">" + Link(vector->address, vector->name) + "</th><td>"
-            + Escape(vector->GetFirst().GetDescription()) + "</td></tr>\n";
+            + EscapeHtml(vector->GetFirst().GetDescription()) + "</td></tr>\n";
     if (rows.empty())
         return rows;
     const std::string table = "<table class=\"list\"><tbody>\n" + rows + "</tbody></table>\n";
@@ -116,7 +116,7 @@ std::string SyntaxHtml(const IKeywordSyntax& syntax, const Entry& entry, const C
 {
     return "<p class=\"lead\">" + catalog.LinkWords(entry, syntax.GetDescription()) + "</p>\n"
         + FactsHtml(syntax, entry, catalog) + Heading("form", "Form") + "<pre><code>"
-        + Escape(ExampleText(syntax))
+        + EscapeHtml(KeywordExample(syntax))
         + "</code></pre>\n<p class=\"note\">An example made of defaults and allowed values: it shows the "
           "form.</p>\n"
         + Heading("items", "Items") + TreeHtml(syntax, entry, catalog) + UnitsHtml(syntax)
@@ -180,14 +180,14 @@ std::string ValidityHtml(const IKeywordSyntax& syntax)
 
 ManualPage KeywordPage(const Entry& entry, const Catalog& catalog, const RelatedVectors& vectors)
 {
-    std::string body = CrumbsOf(entry, catalog) + Element("h1", Escape(entry.name));
+    std::string body = CrumbsOf(entry, catalog) + Element("h1", EscapeHtml(entry.name));
     for (const IKeywordSyntax* syntax : entry.syntaxes) {
         if (entry.syntaxes.size() == 1)
             body += SyntaxHtml(*syntax, entry, catalog);
         else
             body += "<section><h2>In the section " + SectionLink(syntax->GetFirstValidSection())
                 + "</h2>\n<p class=\"lead\">" + catalog.LinkWords(entry, syntax->GetDescription()) + "</p>\n"
-                + FactsHtml(*syntax, entry, catalog) + "<pre><code>" + Escape(ExampleText(*syntax))
+                + FactsHtml(*syntax, entry, catalog) + "<pre><code>" + EscapeHtml(KeywordExample(*syntax))
                 + "</code></pre>\n" + TreeHtml(*syntax, entry, catalog) + ValidityHtml(*syntax)
                 + "</section>\n";
     }

@@ -89,7 +89,7 @@ std::string PartRow(const Entry& entry, SimulatorType::Enum simulator)
     return parts.words.empty()
         ? ""
         : fmt::format("<tr><th scope=\"row\">{}</th><td>{}</td></tr>\n", Link(entry.address, entry.name),
-            Escape(fmt::format("{}", fmt::join(parts.words, ", "))));
+            EscapeHtml(fmt::format("{}", fmt::join(parts.words, ", "))));
 }
 
 } // namespace

@@ -73,10 +73,10 @@ std::string BySystem(const TextsBySystem& texts, std::string ScalarTexts::*membe
     std::string all;
     bool isOne = true;
     for (const ScalarTexts& text : texts) {
-        all += (all.empty() ? "" : "|") + Escape(text.*member);
+        all += (all.empty() ? "" : "|") + EscapeHtml(text.*member);
         isOne = isOne && text.*member == texts.front().*member;
     }
-    const std::string first = Escape(texts.front().*member);
+    const std::string first = EscapeHtml(texts.front().*member);
     return isOne ? first : fmt::format(R"(<span data-systems="{}">{}</span>)", all, first);
 }
 
@@ -87,7 +87,7 @@ std::string UnitCell(const TextsBySystem& texts)
         return "";
     const std::string unit = BySystem(texts, &ScalarTexts::unit);
     return fmt::format(R"(<a href="@/measurements.html#{}" title="{}">{}</a>)", Slug(measurement),
-        Escape(measurement), unit.empty() ? Escape(measurement) : unit);
+        EscapeHtml(measurement), unit.empty() ? EscapeHtml(measurement) : unit);
 }
 
 /// None on a page with the items of several keywords.
@@ -102,7 +102,7 @@ std::string TreeHtmlPrinter::PrintDetails(const TextsBySystem& texts) const
 {
     std::string details;
     if (!texts.front().choices.empty())
-        details += Element("p", "<b>Choices:</b> " + Escape(texts.front().choices));
+        details += Element("p", "<b>Choices:</b> " + EscapeHtml(texts.front().choices));
     if (!texts.front().otherDefaults.empty())
         details +=
             Element("p", "<b>Default by simulator:</b> " + BySystem(texts, &ScalarTexts::otherDefaults));
@@ -111,7 +111,7 @@ std::string TreeHtmlPrinter::PrintDetails(const TextsBySystem& texts) const
 
 std::string TreeHtmlPrinter::Print(const IKeywordDataMD& md, const char* head)
 {
-    std::vector<std::string> facts = {Escape(ShapeText(md))};
+    std::vector<std::string> facts = {EscapeHtml(ShapeText(md))};
     for (const std::string& fact : FactsOf(md, syntax_))
         facts.push_back(catalog_.LinkWords(entry_, fact));
     TextsBySystem texts;
@@ -121,9 +121,9 @@ std::string TreeHtmlPrinter::Print(const IKeywordDataMD& md, const char* head)
             facts.push_back(unit);
         facts.push_back("default " + BySystem(texts, &ScalarTexts::defaultText));
         if (!texts.front().limits.empty())
-            facts.push_back(Escape(texts.front().limits));
+            facts.push_back(EscapeHtml(texts.front().limits));
         for (const std::string& mark : texts.front().marks)
-            facts.push_back(Escape(mark));
+            facts.push_back(EscapeHtml(mark));
     }
     return "<div class=\"node\">" + Element("p", head + Join(facts)) + LinkedText("p", md.GetDescription())
         + (texts.empty() ? "" : PrintDetails(texts)) + PrintContent(md) + "</div>\n";
@@ -161,8 +161,8 @@ std::string TreeHtmlPrinter::PrintItem(const IKeywordRecordMD& record, int index
     const TextsBySystem texts = TextsIn(md);
     std::string row = fmt::format("<tr{}><td class=\"number\">{}</td><th scope=\"row\"><code>{}</code></th>"
                                   "<td>{}</td><td>{}</td><td>{}</td><td>{}</td><td>{}</td></tr>\n",
-        IdOf(md.GetName()), md.GetItemNumber(), Escape(md.GetName()), Escape(ShapeText(md)), UnitCell(texts),
-        BySystem(texts, &ScalarTexts::defaultText), Escape(texts.front().limits),
+        IdOf(md.GetName()), md.GetItemNumber(), EscapeHtml(md.GetName()), EscapeHtml(ShapeText(md)),
+        UnitCell(texts), BySystem(texts, &ScalarTexts::defaultText), EscapeHtml(texts.front().limits),
         PrintMeaning(record, index, texts));
     if (!FindScalar(md)) {
         if (const std::string content = PrintContent(md); !content.empty())
@@ -188,8 +188,8 @@ std::string TreeHtmlPrinter::PrintMeaning(
     const std::string restrictions = RestrictionsText(
         ModesOf(record.GetValidity(index)), ModesOf(record.GetUnsupportedBy(index)), keyword_);
     if (!restrictions.empty())
-        meaning += "<p class=\"restriction\">" + Escape(restrictions) + "</p>";
-    return marks.empty() ? meaning : meaning + "<p class=\"marks\">" + Escape(Join(marks)) + "</p>";
+        meaning += "<p class=\"restriction\">" + EscapeHtml(restrictions) + "</p>";
+    return marks.empty() ? meaning : meaning + "<p class=\"marks\">" + EscapeHtml(Join(marks)) + "</p>";
 }
 
 std::string TreeHtmlPrinter::PrintAssignments(const IKeywordMapMD& map)
@@ -214,10 +214,10 @@ std::string TreeHtmlPrinter::PrintAssignment(const IKeywordAssignmentMD& assignm
     const std::string valid = ValidText(ModesOf(assignment), keyword_);
     std::string meaning = LinkedText("p", assignment.GetDescription()) + PrintDetails({texts});
     if (!valid.empty())
-        meaning += "<p class=\"restriction\">" + Escape(valid) + "</p>";
+        meaning += "<p class=\"restriction\">" + EscapeHtml(valid) + "</p>";
     return fmt::format(
         "<tr{}><th scope=\"row\"><code>{}</code></th><td>{}</td><td>{}</td><td>{}{}</td></tr>\n", IdOf(keys),
-        Escape(keys), Escape(texts.defaultText), Escape(texts.limits), meaning,
+        EscapeHtml(keys), EscapeHtml(texts.defaultText), EscapeHtml(texts.limits), meaning,
         assignment.IsWildcard() ? "<p class=\"marks\">wildcard</p>" : "");
 }
 

@@ -27,14 +27,14 @@ std::string VectorRow(const Entry& entry, std::size_t form, const ModeTable& all
         texts += Element("p", catalog.LinkWords(entry, syntax->GetDescription()));
     const IKeywordSyntax& syntax = entry.GetFirst();
     if (const std::string restriction = ValidText(ModesOf(syntax), all); !restriction.empty())
-        texts += "<p class=\"restriction\">" + Escape(restriction) + "</p>";
+        texts += "<p class=\"restriction\">" + EscapeHtml(restriction) + "</p>";
     const ISummaryMnemonicInfo& info = *syntax.GetSummaryMnemonicInfo();
     const auto phase = info.GetPhase();
     const auto function = info.GetFunction();
     return fmt::format(
         "<tr id=\"{}\"><th scope=\"row\"><code>{}</code></th><td>{}</td><td>{}</td><td>{}</td><td><a "
         "href=\"#form-{}\">Form {}</a></td></tr>\n",
-        Slug(entry.name), Escape(entry.name), texts, phase ? SummaryPhase::ToString(*phase) : "",
+        Slug(entry.name), EscapeHtml(entry.name), texts, phase ? SummaryPhase::ToString(*phase) : "",
         function ? SummaryFunction::ToString(*function) : "", form, form);
 }
 

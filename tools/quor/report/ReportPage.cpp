@@ -69,9 +69,9 @@ std::string ReportPage(
         const std::size_t end = frame.find("}}", mark);
         const std::string name = frame.substr(mark + 2, end - mark - 2);
         page += frame.substr(at, mark - at);
-        page += name == "title" ? Escape(title)
+        page += name == "title" ? EscapeHtml(title)
             : name == "data"    ? data
-            : name == "version" ? Escape(GetVersion())
+            : name == "version" ? EscapeHtml(GetVersion())
                                 : Asset(name);
         at = end + 2;
     }

@@ -176,13 +176,13 @@ void WellHistory::AddValues(
         if (!value)
             continue;
         const auto& md = static_cast<const IKeywordRealMD&>(*AsRecord(*record.GetMD()).GetItemMD(item));
-        Series& series = series_[keyword.GetName() + ' ' + md.GetName()];
-        if (series.wells.empty())
-            series.head = {{"keyword", keyword.GetName()}, {"item", md.GetName()},
+        const std::string name = keyword.GetName() + ' ' + md.GetName();
+        if (!series_.contains(name))
+            series_[name] = {{"keyword", keyword.GetName()}, {"item", md.GetName()},
                 {"text", md.GetDescription()},
                 {"unit", UnitText(*md.GetMeasurement(), Decks::UnitSystemOf(deck_))},
                 {"isRate", md.GetMeasurement()->find("rate") != std::string::npos}};
-        series.wells[well].push_back({step_, *value});
+        values_[name][well].push_back({step_, *value});
     }
 }
 
@@ -190,8 +190,8 @@ ordered_json WellHistory::GetSeries() const
 {
     auto list = ordered_json::array();
     for (const auto& [name, series] : series_) {
-        list.push_back(series.head);
-        list.back()["wells"] = series.wells;
+        list.push_back(series);
+        list.back()["wells"] = values_.at(name);
     }
     return list;
 }

@@ -56,12 +56,10 @@ private:
     const Core::Decks::DeckLanguage& language_;
     std::size_t step_ = 0;
     std::map<const Core::Keywords::IKeywordSyntax*, Plan> plans_;
-    struct Series {
-        nlohmann::ordered_json head;
-        std::map<std::string, nlohmann::ordered_json> wells;
-    };
     std::map<std::string, nlohmann::ordered_json> wells_;
-    std::map<std::string, Series> series_; // by "KEYWORD ITEM"
+    // By "KEYWORD ITEM": what it is, and the values by well.
+    std::map<std::string, nlohmann::ordered_json> series_;
+    std::map<std::string, std::map<std::string, nlohmann::ordered_json>> values_;
 };
 
 } // namespace Veld::Quor::Tools

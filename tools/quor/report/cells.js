@@ -134,7 +134,7 @@ function addHistogram(arrays, first) {
         const array = named(arrays, name), values = await valuesOf(array), isActive = await activity();
         const known = values.filter((value, cell) => Number.isFinite(value) && isActive(cell));
         const least = known.reduce((a, b) => Math.min(a, b), Infinity), greatest = known.reduce((a, b) => Math.max(a, b), -Infinity);
-        const width = (greatest - least) / bins || 1, counts = new Array(bins).fill(0);
+        const width = (greatest - least) / bins || (Math.abs(least) || 1) / 100, counts = new Array(bins).fill(0);
         known.forEach(value => ++counts[Math.min(Math.floor((value - least) / width), bins - 1)]);
         draw(canvas, "bar", [{ label: name, backgroundColor: lineColours[0], barPercentage: 1, categoryPercentage: 1,
             data: counts.map((y, i) => ({ x: least + (i + 0.5) * width, y })) }], withUnit(name, array.unit), "Cells", { x: { own: { offset: false } } });

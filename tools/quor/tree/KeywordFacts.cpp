@@ -50,7 +50,7 @@ std::vector<std::string> MarksOf(const IKeywordSyntax& syntax)
     return marks;
 }
 
-std::string AliasesText(const IKeywordSyntax& syntax)
+std::string AliasList(const IKeywordSyntax& syntax)
 {
     std::vector<std::string> texts;
     for (const std::string& alias : syntax.GetAliases())

@@ -18,7 +18,7 @@ const char* FindRoleText(Core::Keywords::KeywordDeckRole::Enum role);
 std::set<std::string> PrecedentsOf(const Core::Keywords::IKeywordSyntax& syntax);
 /// "wildcard", "generic", "hidden"
 std::vector<std::string> MarksOf(const Core::Keywords::IKeywordSyntax& syntax);
-std::string AliasesText(const Core::Keywords::IKeywordSyntax& syntax);
+std::string AliasList(const Core::Keywords::IKeywordSyntax& syntax);
 /// Which keywords end what it opens.
 std::string ScopeText(const Core::Keywords::IKeywordSyntax& syntax);
 /// The categories of an output vector.
