@@ -1,34 +1,12 @@
-#include "quor/deck/Deck.h"
-
-#include "tests/deck/FindingText.h"
+#include "tests/deck/DeckRow.h"
 #include "tests/support/Cases.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
-using namespace Veld::Quor::Core::Decks;
 using namespace Veld::Quor::Tests;
 
 namespace {
 
-struct PhysicsRow {
-    const char* name;
-    const char* deck;
-    const char* findings = ""; // as a user sees them
-};
-
-class Physics : public testing::TestWithParam<PhysicsRow> { };
-
-TEST_P(Physics, Reports)
-{
-    static const DeckLanguage language;
-    EXPECT_EQ(
-        Dump(Deck::ReadText(GetParam().deck, language, {}, "d").GetFindings(), "none"), GetParam().findings);
-}
-
-INSTANTIATE_TEST_SUITE_P(Saturations, Physics,
-    testing::Values(PhysicsRow{"EndsOfEachTable", R"(RUNSPEC
+INSTANTIATE_TEST_SUITE_P(Saturations, DeckFindings,
+    testing::Values(DeckRow{"EndsOfEachTable", R"(RUNSPEC
 TABDIMS
  3 /
 PROPS
@@ -54,7 +32,7 @@ SGOF
                         "[saturation-end] | a phase does not flow at its lowest saturation\n"
                         "d:15:2: warning: SGOF: the first SG of table 2 is 0.1; expected 0 [saturation-end] "
                         "| the table has a row without free gas"},
-        PhysicsRow{"EndsWithLiquid",
+        DeckRow{"EndsWithLiquid",
             "RUNSPEC\nPROPS\nSLGOF\n 0.2 0.9 0 0\n 0.9 0.1 1 0 /\nSOF3\n 0 0.1 0\n 0.8 1 1 /\n",
             "d:5:6: warning: SLGOF: the lowest KRG of table 1 is 0.1; expected 0 [saturation-end] | a phase "
             "does not flow at its lowest saturation\n"
@@ -62,7 +40,7 @@ SGOF
             "has a row without free gas\n"
             "d:7:4: warning: SOF3: the lowest KROW of table 1 is 0.1; expected 0 [saturation-end] | a phase "
             "does not flow at its lowest saturation"},
-        PhysicsRow{"OilOfBothTables", R"(RUNSPEC
+        DeckRow{"OilOfBothTables", R"(RUNSPEC
 PROPS
 SLGOF
  0.1 1 0 0
@@ -77,14 +55,14 @@ SWOF
             "d:4:2: warning: SLGOF: SL of table 1 begins at 0.1, but SW of SWOF begins at 0.2 "
             "[saturation-mismatch] | liquid is oil and connate water; it is at least as much as the water "
             "(d:7:2: SW is 0.2 here)"},
-        PhysicsRow{"OilOfTwoPhases",
+        DeckRow{"OilOfTwoPhases",
             "RUNSPEC\nPROPS\nSWFN\n 0.2 0 0\n 1 1 0 /\nSOF3\n 0 0 0\n 0.7 0.9 0.9 /\n",
             "d:8:2: warning: SOF3: SO of table 1 ends at 0.7, but SW of SWFN begins at 0.2; expected a sum "
             "of 1 "
             "[saturation-mismatch] | the highest saturation is 1 less that of connate water (d:4:2: SW is "
             "0.2 "
             "here)"},
-        PhysicsRow{"SumsOfThreePhases", R"(RUNSPEC
+        DeckRow{"SumsOfThreePhases", R"(RUNSPEC
 PROPS
 SWFN
  0.2 0 0
@@ -104,18 +82,18 @@ SOF3
             "d:11:2: warning: SOF3: SO of table 1 reaches 0.9, but SW of SWFN begins at 0.2; expected a sum "
             "of at most 1 [saturation-mismatch] | the highest saturation is 1 less that of connate water "
             "(d:4:2: SW is 0.2 here)"},
-        PhysicsRow{"WhatIsUnknownMayCorrectIt",
+        DeckRow{"WhatIsUnknownMayCorrectIt",
             "RUNSPEC\nPROPS\nXYZZYX\n/\nSWOF\n 0.2 0 1 0\n 1 1 0 0 /\nSGOF\n 0 0 0.8 0\n 0.8 1 0 0 /\n",
             "d:3:1: error: unknown keyword 'XYZZYX' [unknown-keyword]"},
-        PhysicsRow{"CapillaryPressureAgainstLiquid",
+        DeckRow{"CapillaryPressureAgainstLiquid",
             "RUNSPEC\nPROPS\nSLGOF\n 0.2 1 0 0.1\n 0.5 2* 1*\n 0.8 0.1 0.5 0.2\n 1 0 1 0 /\n",
             "d:6:14: warning: SLGOF: PCOG of table 1 increases from 0.1 to 0.2 while SL increases "
             "[capillary-order] | capillary pressure increases with the saturation of gas"}),
-    CaseName<PhysicsRow>);
+    CaseName<DeckRow>);
 
-INSTANTIATE_TEST_SUITE_P(Equilibrium, Physics,
+INSTANTIATE_TEST_SUITE_P(Equilibrium, DeckFindings,
     testing::Values(
-        PhysicsRow{"ContactsOfEachRegion",
+        DeckRow{"ContactsOfEachRegion",
             "RUNSPEC\nOIL\nGAS\nWATER\nDISGAS\nEQLDIMS\n 3 /\nSOLUTION\nEQUIL\n 2000 200 2100 0 2200 0 1 "
             "/\n 2100 200 2100 0 2000 /\n 2100 200 2100 0 2000 0 1 /\n",
             "d:10:18: warning: EQUIL: GOC of region 1 is 2200, below OWC at 2100 [contact-order] | gas is "
@@ -123,16 +101,16 @@ INSTANTIATE_TEST_SUITE_P(Equilibrium, Physics,
             "d:11:2: warning: EQUIL: DEPTH of region 2 is 2100, but GOC is 2000; expected the same depth "
             "without a table of dissolved gas [datum-depth] | write the pressure at the contact, or add a "
             "table of dissolved gas"},
-        PhysicsRow{"OfTwoPhases", "RUNSPEC\nGAS\nWATER\nSOLUTION\nEQUIL\n 2000 200 2100 0 2200 /\n"}),
-    CaseName<PhysicsRow>);
+        DeckRow{"OfTwoPhases", "RUNSPEC\nGAS\nWATER\nSOLUTION\nEQUIL\n 2000 200 2100 0 2200 /\n"}),
+    CaseName<DeckRow>);
 
-INSTANTIATE_TEST_SUITE_P(Fluids, Physics,
-    testing::Values(PhysicsRow{"Zero", "RUNSPEC\nOIL\nPROPS\nPVDO\n 100 1.1 0\n 200 0 0 /\n",
+INSTANTIATE_TEST_SUITE_P(Fluids, DeckFindings,
+    testing::Values(DeckRow{"Zero", "RUNSPEC\nOIL\nPROPS\nPVDO\n 100 1.1 0\n 200 0 0 /\n",
                         "d:6:6: error: PVDO: BO of table 1 is 0; expected a value above 0 [fluid-zero] | "
                         "write the value of the fluid\n"
                         "d:5:10: error: PVDO: VISO of table 1 is 0; expected a value above 0 [fluid-zero] | "
                         "write the value of the fluid"},
-        PhysicsRow{"TrendsOfLiveOil", R"(RUNSPEC
+        DeckRow{"TrendsOfLiveOil", R"(RUNSPEC
 OIL
 GAS
 DISGAS
@@ -154,16 +132,16 @@ PVTO
             "to 20 [fluid-trend] | check the values of both rows, and the order of the columns\n"
             "d:16:13: warning: PVTO: VISO of table 2 decreases from 1.1 to 1 while PRESSURE increases from "
             "150 to 200 [fluid-trend] | check the values of both rows, and the order of the columns"},
-        PhysicsRow{"TrendsOfWetGas",
+        DeckRow{"TrendsOfWetGas",
             "RUNSPEC\nOIL\nGAS\nVAPOIL\nPROPS\nPVTG\n 100 0.0001 0.005 0.02\n  0 0.0055 0.01 /\n 200 0.0002 "
             "0.006 0.01\n  0 0.0062 0.01 /\n/\n",
             "d:9:19: warning: PVTG: VISG of table 1 decreases from 0.02 to 0.01 while PRESSURE increases "
             "from 100 to 200 [fluid-trend] | check the values of both rows, and the order of the columns"},
-        PhysicsRow{"Fractions",
+        DeckRow{"Fractions",
             "RUNSPEC\nCOMPS\n 3 /\nSOLUTION\nZMFVD\n 2000 0.5 0.3 0.1\n 2100 0.5 0.3 0.3 /\n",
             "d:6:7: warning: ZMFVD: the sum of ZMF is 0.9; expected 1 [fraction-sum] | the fractions of all "
             "components are the whole fluid"},
-        PhysicsRow{"Compressibility", R"(RUNSPEC
+        DeckRow{"Compressibility", R"(RUNSPEC
 OIL
 GAS
 DISGAS
@@ -181,27 +159,27 @@ PVTO
             "gas that dissolves; oil and gas together would expand under pressure [total-compressibility] "
             "| check both rows, and the volume factor of the gas (d:7:6: the volume factor of the gas is "
             "here)"}),
-    CaseName<PhysicsRow>);
+    CaseName<DeckRow>);
 
-INSTANTIATE_TEST_SUITE_P(Magnitudes, Physics,
-    testing::Values(PhysicsRow{"AreReportedOnce",
+INSTANTIATE_TEST_SUITE_P(Magnitudes, DeckFindings,
+    testing::Values(DeckRow{"AreReportedOnce",
                         "RUNSPEC\nFIELD\nPROPS\nDENSITY\n 850 1000 1 /\nSOLUTION\nEQUIL\n 2000 200 /\n",
                         "d:5:2: warning: DENSITY: OIL is 850 lb/ft3; expected 24.971 to 78.035 [wrong-units] "
                         "| plausible in METRIC units, but the deck is in FIELD units (d:2:1: FIELD is here)"},
-        PhysicsRow{"InTheUnitsOfNoName", "RUNSPEC\nSOLUTION\nEQUIL\n 8000 4000 /\n",
+        DeckRow{"InTheUnitsOfNoName", "RUNSPEC\nSOLUTION\nEQUIL\n 8000 4000 /\n",
             "d:4:7: warning: EQUIL: PRESSURE is 4000 bar; expected 0 to 2500 [wrong-units] | plausible in "
             "FIELD units, but the deck names no system of units, which means METRIC"},
-        PhysicsRow{"OfABranchWithoutRows", "RUNSPEC\nOIL\nGAS\nPROPS\nPVTO\n 10 50 1.2 1 /\n 20 /\n/\n", ""},
-        PhysicsRow{"OfMoreCellsThanAreCounted",
+        DeckRow{"OfABranchWithoutRows", "RUNSPEC\nOIL\nGAS\nPROPS\nPVTO\n 10 50 1.2 1 /\n 20 /\n/\n", ""},
+        DeckRow{"OfMoreCellsThanAreCounted",
             "RUNSPEC\nDIMENS\n 33996 37171 1824726041 /\nGRID\nTOPS\n 1000 90000 /\n",
             "d:6:13: error: TOPS: too few values (expected 2305843009213693956, found 2) [wrong-size] | the "
             "size is "
             "NX*NY*NZ"},
-        PhysicsRow{"OfPressureByDepth", "RUNSPEC\nFIELD\nSOLUTION\nEQUIL\n 8400 330 8500 /\n",
+        DeckRow{"OfPressureByDepth", "RUNSPEC\nFIELD\nSOLUTION\nEQUIL\n 8400 330 8500 /\n",
             "d:5:7: warning: EQUIL: PRESSURE is 330 psi at a depth of 8400 ft; expected about 3713 "
             "[wrong-units] | plausible in METRIC units, but the deck is in FIELD units (d:2:1: FIELD is "
             "here)"},
-        PhysicsRow{"OneOfAKeyword", R"(RUNSPEC
+        DeckRow{"OneOfAKeyword", R"(RUNSPEC
 OIL
 GAS
 DISGAS
@@ -228,12 +206,12 @@ PVTO
             "unit\n"
             "d:18:13: warning: PVTO: VISO is 1300000000 cP; expected 0.01 to 1e+07 [implausible-value] | "
             "check the value and its unit"},
-        PhysicsRow{"InUnknownUnits", "RUNSPEC\nXYZZYX\nSOLUTION\nEQUIL\n 8000 4000 /\n",
+        DeckRow{"InUnknownUnits", "RUNSPEC\nXYZZYX\nSOLUTION\nEQUIL\n 8000 4000 /\n",
             "d:2:1: error: unknown keyword 'XYZZYX' [unknown-keyword]"}),
-    CaseName<PhysicsRow>);
+    CaseName<DeckRow>);
 
-INSTANTIATE_TEST_SUITE_P(Cells, Physics,
-    testing::Values(PhysicsRow{"AreInsideOut", R"(RUNSPEC
+INSTANTIATE_TEST_SUITE_P(Cells, DeckFindings,
+    testing::Values(DeckRow{"AreInsideOut", R"(RUNSPEC
 DIMENS
  2 1 2 /
 GRID
@@ -248,7 +226,7 @@ ACTNUM
                         "d:6:7: warning: ZCORN: the bottom of cell 2 1 1 is above its top, as in 2 active "
                         "cells in all [inverted-cell] | depths increase downwards, and the depths of tops "
                         "are before those of bottoms"},
-        PhysicsRow{"AreFarFromOthers", R"(RUNSPEC
+        DeckRow{"AreFarFromOthers", R"(RUNSPEC
 DIMENS
  3 1 1 /
 GRID
@@ -262,9 +240,9 @@ ZCORN
             "[cell-jump] | check the number of digits\n"
             "d:6:2: warning: TOPS: depth 305 of cell 1 1 1 is far from 3050 of cell 2 1 1 beside it "
             "[cell-jump] | check the number of digits"},
-        PhysicsRow{"OfNoTopsWhereInactive",
+        DeckRow{"OfNoTopsWhereInactive",
             "RUNSPEC\nDIMENS\n 3 1 1 /\nGRID\nTOPS\n 3050 0 3050 /\nACTNUM\n 1 0 1 /\n"},
-        PhysicsRow{"AreInactiveAtAWell", R"(RUNSPEC
+        DeckRow{"AreInactiveAtAWell", R"(RUNSPEC
 DIMENS
  2 1 3 /
 GRID
@@ -290,17 +268,17 @@ COMPDAT
             "connection is here)\n"
             "d:17:5: warning: COMPDAT: cell 1 1 3 is not active [inactive-connection] | correct the indices "
             "of the connection, or make a cell active (d:5:1: the active cells are here)"},
-        PhysicsRow{"AreFarFromWells",
+        DeckRow{"AreFarFromWells",
             "RUNSPEC\nSOLUTION\nEQUIL\n 2000 200 /\nSCHEDULE\nWELSPECS\n P1 G 1 1 -2010 OIL /\n P2 G 1 1 "
             "20000 OIL /\n P3 G 1 1 0 OIL /\n/\n",
             "d:7:11: warning: WELSPECS: a depth of -2010 is far from the datum of the reservoir at 2000 "
             "[well-depth] | depths increase downwards; remove the sign\n"
             "d:8:11: warning: WELSPECS: a depth of 20000 is far from the datum of the reservoir at 2000 "
             "[well-depth] | check the number of digits"},
-        PhysicsRow{"AreMadeActive",
+        DeckRow{"AreMadeActive",
             "RUNSPEC\nDIMENS\n 1 1 1 /\nGRID\nACTNUM\n 0 /\nEQUALS\n 'actnum' 1 /\n/\nSCHEDULE\nWELSPECS\n "
             "P1 "
             "G 1 1 1* OIL /\n/\nCOMPDAT\n P1 1 1 1 1 /\n/\n"}),
-    CaseName<PhysicsRow>);
+    CaseName<DeckRow>);
 
 } // namespace

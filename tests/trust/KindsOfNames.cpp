@@ -1,5 +1,6 @@
-#include "tests/trust/Rules.h"
 #include "tests/trust/ValueKinds.h"
+
+#include "quor/syntax/IKeywordSyntax.h"
 
 #include <algorithm>
 
@@ -7,24 +8,53 @@ namespace Veld::Quor::Trust {
 
 using namespace Core::Decks;
 
-namespace {
-
-/// The name or number of something that the deck doesn't have.
 std::string Undefined(const SampleDeck& deck, const Value& value, Random& random)
 {
     const bool isNumber = value.md->GetType() == Core::Keywords::IKeywordDataMD::MDType::Integer;
     if (isNumber)
         return value.text == "0" ? std::string() : std::to_string(std::stoi(value.text) + 17);
-    if (value.text.find_first_of("*?") != std::string::npos || value.text.empty() || value.text == "FIELD")
+    if (value.text.find_first_of("*?<>=") != std::string::npos || value.text.empty() || value.text == "FIELD")
         return {};
     return MisspeltName(deck, value.text, random);
 }
 
-/// The same for a name that is used elsewhere too.
-std::string UndefinedName(const SampleDeck& deck, const Value& value, Random& random)
+/// Whether one value has the text, and some value that refers to it.
+bool IsOnlyOne(const SampleDeck& deck, const Value& value, const Where& definitions, const Where& references)
 {
-    return deck.UsesOf(value.text).size() < 3 ? std::string() : Undefined(deck, value, random);
+    const auto count = [&](const Where& where) {
+        const auto values = FindValues(deck, where);
+        return std::count_if(
+            values.begin(), values.end(), [&](const Value* other) { return other->text == value.text; });
+    };
+    return count(definitions) == 1 && count(references) > 0;
 }
+
+Rewrite UndefinedName(const std::string& definitions, const std::string& references)
+{
+    return [=](const SampleDeck& deck, const Value& value, Random& random) {
+        return IsOnlyOne(deck, value, Where(definitions), Where(references)) ? Undefined(deck, value, random)
+                                                                             : std::string();
+    };
+}
+
+MakeMistake RemoveDefinition(const std::string& where, const std::string& references)
+{
+    return [where = Where(where), references = Where(references)](
+               const SampleDeck& deck, Random& random) -> std::optional<Mistake> {
+        const Value* value = ChooseValue(deck, FindValues(deck, where), random);
+        if (!value || !IsOnlyOne(deck, *value, where, references) || value->path.size() != 2
+            || value->path.back() != 0
+            || deck.GetDeck()[value->keyword].GetSyntax().GetDataMD()->GetType()
+                != Core::Keywords::IKeywordDataMD::MDType::List)
+            return std::nullopt;
+        const TextRange slash = deck.SlashAfter(*value);
+        const TextRange line = deck.LinesOf(value->range);
+        return Mistake{{{{slash.file, line.offset, slash.offset + slash.length - line.offset}, ""}},
+            deck.UsesOf(value->text)};
+    };
+}
+
+namespace {
 
 /// The name of a list, which begins with an asterisk.
 std::string UndefinedList(const SampleDeck&, const Value& value, Random&)
@@ -36,21 +66,6 @@ std::string Unmatched(const SampleDeck&, const Value& value, Random&)
 {
     const bool isPattern = value.text.size() > 1 && value.text.back() == '*' && value.text.front() != '*';
     return isPattern ? "'QZ" + value.text + "'" : std::string();
-}
-
-/// Removes the record that defines a name that is used elsewhere.
-MakeMistake RemoveDefinition(const std::string& where)
-{
-    return [where = Where(where)](const SampleDeck& deck, Random& random) -> std::optional<Mistake> {
-        const Value* value = ChooseValue(deck, FindValues(deck, where), random);
-        const std::size_t uses = value ? deck.UsesOf(value->text).size() : 0;
-        if (uses < 2 || value->path.size() != 2 || value->path.back() != 0)
-            return std::nullopt;
-        const TextRange slash = deck.SlashAfter(*value);
-        return Mistake{
-            {{{slash.file, value->range.offset, slash.offset + slash.length - value->range.offset}, ""}},
-            deck.UsesOf(value->text)};
-    };
 }
 
 /// Exchanges a keyword with the next one, which uses its names.
@@ -88,62 +103,15 @@ std::optional<Mistake> MisspellPath(const SampleDeck& deck, Random& random)
     return mistake;
 }
 
-/// What the documents of rules say of names.
-void AddKindsOfRules(std::vector<Kind>& kinds)
-{
-    for (const Rule& rule : ReadRules(QUOR_SOURCE_DIR "/language/rules")) {
-        if (rule.tag != "names")
-            continue;
-        std::string uses;
-        std::string definitions; // keywords that are not meant
-        for (const Rule& use : rule.children) {
-            uses += use.tag == "refer" ? WhereOf(use, "items") : "";
-            for (const std::string& keyword : use.GetWords("keywords"))
-                definitions += use.tag == "define" ? "-" + keyword + " " : "";
-        }
-        const std::string kind = rule.Get("kind");
-        if (kind == "well" || kind == "group") // vectors of SUMMARY are a kind of their own
-            uses += "@SCHEDULE ";
-        if (kind == "well" || kind == "group" || kind == "fault")
-            uses += definitions;
-        if (!uses.empty())
-            kinds.push_back({"undefined " + kind, OnValue(uses, Undefined)});
-    }
-}
-
 } // namespace
 
 void AddKindsOfNames(std::vector<Kind>& kinds)
 {
-    AddKindsOfRules(kinds);
     const std::vector<Kind> added{
-        {"misspelt well where it is defined", OnValue("WELSPECS.WELL", Undefined, "uses")},
         {"misspelt group where wells join it", OnValue("WELSPECS.GROUP", Undefined, "uses")},
-        {"misspelt group in the tree", OnValue("GRUPTREE.PARENT GRUPTREE.GROUP", Undefined, "uses")},
-        {"misspelt fault where it is defined", OnValue("FAULTS.FAULT", Undefined, "uses")},
-        {"definition of a well missing", RemoveDefinition("WELSPECS.WELL")},
-        {"definition of a fault missing", RemoveDefinition("FAULTS.FAULT")},
         {"well completed before it is defined", ExchangeWithNext("WELSPECS", "COMPDAT")},
         {"pattern that matches no well", OnValue("*.WELL @SCHEDULE", Unmatched)},
-        {"output of an undefined well",
-            OnValue("WOPR WWPR WGPR WBHP WGOR WWCT WTICHEA WTPCHEA COFR.WELL CWFR.WELL @SUMMARY", Undefined)},
-        {"output of an undefined group", OnValue("GOPR GWPR GGPR GWIR GOPT @SUMMARY", Undefined)},
         {"undefined list of wells", OnValue("*.WELL @SCHEDULE", UndefinedList)},
-        {"undefined aquifer", OnValue("AQUANCON.AQUIFER", Undefined)},
-        {"output of an undefined aquifer", OnValue("AAQP AAQR AAQT @SUMMARY", Undefined)},
-        {"undefined separator", OnValue("GSEPCOND.NAME", Undefined)},
-        {"undefined stream", OnValue("GINJGAS.NAME GINJGAS.MAKEUP WINJGAS.STREAM", Undefined)},
-        {"undefined tracer", OnValue("WTRACER.TRACER", Undefined)},
-        {"undefined local grid", OnValue("COMPDATL.LGR WELSPECL.LGR", Undefined)},
-        {"undefined segment", OnValue("WSEGVALV.SEGMENT", Undefined)},
-        {"segment without an outlet", OnValue("WELSEGS.OUTLET", Undefined, "record")},
-        {"segments of an undefined well", OnValue("WELSEGS.WELL COMPSEGS.WELL", Undefined)},
-        {"undefined node", OnValue("BRANPROP.INLET NODEPROP.NODE", Undefined, "uses")},
-        {"well opened where it isn't completed",
-            OnValue("WELOPEN.K COMPLUMP.K1 WPIMULT.K", Constant("3"), "record")},
-        {"undefined quantity in an action", OnValue("ACTIONX.LEFT", Undefined)},
-        {"condition on an undefined well", OnValue("ACTIONX.WORDS", UndefinedName)},
-        {"group of a reinjection undefined", OnValue("GCONINJE.REINGRP GCONINJE.VREPGRP", Undefined)},
         {"path to no file", MisspellPath},
     };
     kinds.insert(kinds.end(), added.begin(), added.end());

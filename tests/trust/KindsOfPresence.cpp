@@ -59,9 +59,16 @@ MakeMistake RemoveAll(const std::string& names, const std::string& places)
 MakeMistake RemoveNeeded(const Rule& rule)
 {
     return [rule](const SampleDeck& deck, Random&) -> std::optional<Mistake> {
-        if (!HasAll(deck, rule.GetWords("when")) || HasAny(deck, rule.GetWords("unless")))
+        const std::vector<std::string> names = rule.GetWords("anyOf");
+        const auto isMade = [&](const std::string& name) { // by an operation
+            return std::any_of(deck.GetValues().begin(), deck.GetValues().end(), [&](const Value& value) {
+                return value.text == name && (value.item == "ARRAY" || value.item == "TARGET");
+            });
+        };
+        if (!HasAll(deck, rule.GetWords("when")) || HasAny(deck, rule.GetWords("unless"))
+            || std::any_of(names.begin(), names.end(), isMade))
             return std::nullopt;
-        auto mistake = Remove(deck, rule.GetWords("anyOf"));
+        auto mistake = Remove(deck, names);
         if (mistake)
             Append(RangesOf(deck, rule.Get("in") + " " + rule.Get("when")), mistake->places);
         return mistake;
@@ -88,11 +95,11 @@ std::optional<Mistake> RemovePrecedent(const SampleDeck& deck, Random& random)
     return mistakes.empty() ? std::nullopt : std::make_optional(random.Choose(mistakes));
 }
 
-/// Removes a phase of the run. All that needs it is a place.
+/// Removes a phase of a run without components. All that needs it is a place.
 std::optional<Mistake> RemovePhase(const SampleDeck& deck, Random& random)
 {
     const std::string phase = random.Choose(Words("OIL WATER GAS"));
-    auto mistake = Remove(deck, {phase});
+    auto mistake = deck.GetDeck().Has("COMPS") ? std::nullopt : Remove(deck, {phase});
     if (mistake) {
         for (const DeckKeyword other : deck.GetDeck())
             mistake->places.push_back(other.GetRange().length > 0 ? other.GetRange() : other.GetNameRange());
@@ -132,12 +139,43 @@ MakeMistake Repeat(const std::string& names)
     };
 }
 
+/// Whether other keywords of the deck require one of them, or it has components.
+bool IsPrecedent(const SampleDeck& deck, const std::vector<std::string>& names)
+{
+    for (const DeckKeyword keyword : deck.GetDeck()) {
+        for (const std::string& name : names) {
+            if (keyword.IsNamed("COMPS")
+                || (keyword.GetSyntax().HasPrecedents()
+                    && keyword.GetSyntax().GetPrecedents(keyword.GetSection()).count(name) > 0))
+                return true;
+        }
+    }
+    return false;
+}
+
 } // namespace
+
+MakeMistake RemoveRequired(const Rule& rule)
+{
+    return [rule,
+               where = Where(WhereOf(rule, rule.Get("when").substr(0, rule.Get("when").find('=')))
+                   + ConditionOf(rule))](const SampleDeck& deck, Random&) -> std::optional<Mistake> {
+        const std::vector<const Value*> values = FindValues(deck, where);
+        if (values.empty() || values.front()->text == "0" || IsPrecedent(deck, rule.GetWords("present")))
+            return std::nullopt;
+        auto mistake = Remove(deck, rule.GetWords("present"));
+        if (mistake)
+            Append(RangesOf(deck, "RUNSPEC DISGAS"), mistake->places);
+        for (const Value* value : mistake ? values : std::vector<const Value*>())
+            mistake->places.push_back(value->range);
+        return mistake;
+    };
+}
 
 void AddKindsOfPresence(std::vector<Kind>& kinds)
 {
     std::string once;
-    for (const Rule& rule : ReadRules(QUOR_SOURCE_DIR "/language/rules")) {
+    for (const Rule& rule : ReadRules()) {
         if (rule.tag == "need")
             kinds.push_back({"missing " + rule.Get("what")
                     + (rule.Get("when").empty() ? "" : " with " + rule.Get("when")),
@@ -152,15 +190,7 @@ void AddKindsOfPresence(std::vector<Kind>& kinds)
         {"keyword of RUNSPEC twice with other values", Repeat(once)},
         {"missing option that others require", RemovePrecedent},
         {"missing phase", RemovePhase},
-        {"missing compressibility of rock", RemoveAll("ROCK", "PROPS")},
-        {"missing completions", RemoveAll("COMPDAT", "SCHEDULE WCONPROD WCONINJE WCONHIST WELSPECS")},
         {"missing definitions of wells", RemoveAll("WELSPECS", "SCHEDULE COMPDAT WEFAC")},
-        {"missing components", RemoveAll("CNAMES", "PROPS COMPS")},
-        {"missing critical properties", RemoveAll("TCRIT", "PROPS COMPS")},
-        {"missing composition", RemoveAll("ZMFVD", "SOLUTION COMPS")},
-        {"missing dissolved gas at the start", RemoveAll("RSVD", "SOLUTION DISGAS EQUIL")},
-        {"missing WELLDIMS", RemoveAll("WELLDIMS", "RUNSPEC WELSPECS COMPDAT")},
-        {"missing temperature", RemoveAll("RTEMP TEMPVD", "PROPS SOLUTION")},
     };
     kinds.insert(kinds.end(), added.begin(), added.end());
 }

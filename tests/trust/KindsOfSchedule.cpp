@@ -10,41 +10,49 @@ namespace Veld::Quor::Trust {
 
 using namespace Core::Decks;
 
-namespace {
-
-/// The sibling that the word of a control names is left out.
-MakeMistake WithoutTarget(const std::string& where)
+MakeMistake RepeatRecord(const std::string& where, const Rewrite& rewrite)
 {
-    return [where = Where(where)](const SampleDeck& deck, Random& random) -> std::optional<Mistake> {
-        const std::vector<const Value*> values = FindValues(deck, where);
-        for (int i = 0; i < 30 && !values.empty(); ++i) {
-            const Value& control = *ChooseValue(deck, values, random);
-            const Value* target = FindSibling(deck, control, control.text);
-            if (target)
-                return Mistake{{{target->range, "1*"}}, PlacesOf(deck, control, "record")};
-        }
-        return std::nullopt;
+    return [where = Where(where), rewrite](const SampleDeck& deck, Random& random) -> std::optional<Mistake> {
+        const Value* value = ChooseValue(deck, FindValues(deck, where), random);
+        if (!value)
+            return std::nullopt;
+        const TextRange slash = deck.SlashAfter(*value);
+        const TextRange line = deck.LinesOf(value->range);
+        if (slash.length == 0 || deck.LinesOf(slash).offset != line.offset || value->path.size() != 2)
+            return std::nullopt;
+        const std::string text = rewrite(deck, *value, random);
+        std::string copy(deck.GetText(line));
+        if (text.empty())
+            return std::nullopt;
+        copy.replace(value->range.offset - line.offset, value->range.length, text);
+        return Mistake{{{{line.file, line.offset + line.length, 0}, copy}}, {line}};
     };
 }
+
+MakeMistake RepeatKeyword(const std::string& where, const std::string& part, const std::string& replacement)
+{
+    return [=](const SampleDeck& deck, Random& random) -> std::optional<Mistake> {
+        const std::vector<std::size_t> keywords = FindKeywords(deck, Where(where));
+        if (keywords.empty())
+            return std::nullopt;
+        const TextRange range = deck.LinesOf(deck.GetDeck()[random.Choose(keywords)].GetRange());
+        std::string copy(deck.GetText(range));
+        if (const std::size_t at = part.empty() ? std::string::npos : copy.find(part);
+            at != std::string::npos)
+            copy.replace(at, part.size(), replacement);
+        return Mistake{{{{range.file, range.offset + range.length, 0}, copy}}, {range}};
+    };
+}
+
+namespace {
 
 /// Another word of a control, for which the record has no target.
 Rewrite OtherControl(const std::vector<std::string>& words)
 {
     return [words](const SampleDeck& deck, const Value& value, Random& random) {
         const std::string word = random.Choose(words);
-        return FindSibling(deck, value, word) ? std::string() : word;
-    };
-}
-
-/// Leaves out an item of the record of another one.
-MakeMistake Without(const std::string& where, const std::string& item)
-{
-    return [where = Where(where), item](const SampleDeck& deck, Random& random) -> std::optional<Mistake> {
-        const Value* value = ChooseValue(deck, FindValues(deck, where), random);
-        const Value* other = value ? FindSibling(deck, *value, item) : nullptr;
-        if (!other || value->text == "0")
-            return std::nullopt;
-        return Mistake{{{other->range, "1*"}}, PlacesOf(deck, *value, "record")};
+        const std::string state = TextOf(FindSibling(deck, value, "STATUS"));
+        return FindSibling(deck, value, word) || state == "SHUT" ? std::string() : word;
     };
 }
 
@@ -84,42 +92,6 @@ std::string GroupOfGroups(const SampleDeck& deck, const Value&, Random& random)
     return parents.empty() ? std::string() : random.Choose(parents)->text;
 }
 
-/// The record of a value once more, with another text for one of its items.
-MakeMistake RepeatRecord(const std::string& where, const Rewrite& rewrite)
-{
-    return [where = Where(where), rewrite](const SampleDeck& deck, Random& random) -> std::optional<Mistake> {
-        const Value* value = ChooseValue(deck, FindValues(deck, where), random);
-        if (!value)
-            return std::nullopt;
-        const TextRange slash = deck.SlashAfter(*value);
-        const TextRange line = deck.LinesOf(value->range);
-        if (slash.length == 0 || deck.LinesOf(slash).offset != line.offset || value->path.size() != 2)
-            return std::nullopt;
-        const std::string text = rewrite(deck, *value, random);
-        std::string copy(deck.GetText(line));
-        if (text.empty())
-            return std::nullopt;
-        copy.replace(value->range.offset - line.offset, value->range.length, text);
-        return Mistake{{{{line.file, line.offset + line.length, 0}, copy}}, {line}};
-    };
-}
-
-/// A keyword once more, after itself.
-MakeMistake RepeatKeyword(const std::string& where, const std::string& part, const std::string& replacement)
-{
-    return [=](const SampleDeck& deck, Random& random) -> std::optional<Mistake> {
-        const std::vector<std::size_t> keywords = FindKeywords(deck, Where(where));
-        if (keywords.empty())
-            return std::nullopt;
-        const TextRange range = deck.LinesOf(deck.GetDeck()[random.Choose(keywords)].GetRange());
-        std::string copy(deck.GetText(range));
-        if (const std::size_t at = part.empty() ? std::string::npos : copy.find(part);
-            at != std::string::npos)
-            copy.replace(at, part.size(), replacement);
-        return Mistake{{{{range.file, range.offset + range.length, 0}, copy}}, {range}};
-    };
-}
-
 /// Adds to a whole number.
 Rewrite Plus(int more)
 {
@@ -133,14 +105,6 @@ Rewrite BeforeOthers(const Rewrite& rewrite)
 {
     return [rewrite](const SampleDeck& deck, const Value& value, Random& random) {
         return FindInRow(deck, value, 1) ? rewrite(deck, value, random) : std::string();
-    };
-}
-
-/// Only in a deck with dates.
-Rewrite IfDated(const Rewrite& rewrite)
-{
-    return [rewrite](const SampleDeck& deck, const Value& value, Random& random) {
-        return deck.GetDeck().Has("DATES") ? rewrite(deck, value, random) : std::string();
     };
 }
 
@@ -185,36 +149,27 @@ void AddKindsOfSchedule(std::vector<Kind>& kinds)
         {"year before the start", OnValue("DATES.YEAR", Plus(-60))},
         {"year of the next century", OnValue("DATES.YEAR", BeforeOthers(Plus(100)), "DATES")},
         {"dates out of order", OnValue("DATES.YEAR +later", Plus(-3), "DATES")},
-        {"start after the first date", OnValue("START.YEAR", IfDated(Plus(70)), "DATES SCHEDULE")},
+        {"start after the first date", OnValue("START.YEAR", IfThere("DATES", Plus(70)), "DATES SCHEDULE")},
         {"date twice", RepeatRecord("DATES.DAY", same), true},
         {"negative length of a step", OnValue("TSTEP", Around("-", ""))},
-        {"control of a producer without its target", WithoutTarget("WCONPROD.CONTROL")},
-        {"control of an injector without its target", WithoutTarget("WCONINJE.CONTROL")},
-        {"control of a group without its target", WithoutTarget("GCONPROD.CONTROL GCONINJE.CONTROL")},
         {"control of a producer by another quantity",
             OnValue("WCONPROD.CONTROL", OtherControl({"WRAT", "RESV", "ORAT", "LRAT"}), "record")},
         {"control of an injector by another quantity",
             OnValue("WCONINJE.CONTROL", OtherControl({"RESV", "RATE"}), "record")},
         {"control by pressure of the head without a table",
             OnValue("WCONPROD.CONTROL WCONINJE.CONTROL", OtherControl({"THP"}), "record")},
-        {"limit of the head without a table", Without("WCONPROD.THP WCONINJE.THP", "VFP")},
         {"injection below the pressure of production", OnValue("WCONINJE.BHP", Times(0.05), "record")},
         {"injected phase that is not in the run", OnValue("WCONINJE.TYPE GCONINJE.PHASE", OtherPhase)},
         {"efficiency in percent", OnValue("WEFAC.FACTOR GEFAC.FACTOR", Times(100))},
         {"water cut in percent", OnValue("WECON.WCT GECON.WCT", Times(100))},
-        {"voidage in percent", OnValue("GCONINJE.VREP", Times(100))},
         {"quality of steam in percent", OnValue("WINJTEMP.QUALITY", Times(100))},
         {"loop of groups", MakeLoop},
         {"wells and groups below one group", OnValue("WELSPECS.GROUP", GroupOfGroups, "GRUPTREE")},
         {"well twice in WELSPECS", RepeatRecord("WELSPECS.I", Plus(1))},
-        {"connection twice in COMPDAT", RepeatRecord("COMPDAT.K1", same)},
         {"well twice with other controls",
             RepeatRecord("WCONPROD.ORAT WCONPROD.LRAT WCONHIST.ORAT", Times(1.5))},
-        {"group with two parents", RepeatRecord("GRUPTREE.PARENT", Constant("OTHER"))},
+        {"group with two parents", RepeatRecord("GRUPTREE.PARENT", Constant("FIELD"))},
         {"array twice", RepeatKeyword("PORO PERMX NTG TOPS DX DY", "0.2", "0.1")},
-        {"lift table twice", RepeatKeyword("VFPPROD", "", "")},
-        {"table keyword twice", RepeatKeyword("SWOF SGOF PVDG PVTW DENSITY ROCK EQUIL", "", "")},
-        {"action twice", RepeatKeyword("UDQ", "", "")},
         {"keyword of another mode in PROPS", Insert("ROCK", "ZI\n 0.5 0.5 /\n", "DISGAS")},
         {"keyword of another mode in SCHEDULE", Insert("WELSPECS", "WINJTEMP\n * 0.7 250 /\n/\n", "DISGAS")},
         {"measured rate below zero", OnValue("WCONHIST.ORAT WCONHIST.WRAT WCONHIST.GRAT", Around("-", ""))},
@@ -224,7 +179,8 @@ void AddKindsOfSchedule(std::vector<Kind>& kinds)
         {"well opened that is misspelt",
             OnValue("WELOPEN.WELL",
                 [](const SampleDeck& deck, const Value& value, Random& random) {
-                    return value.text.front() == '*' ? std::string() : MisspeltName(deck, value.text, random);
+                    return value.text.find('*') != std::string::npos ? std::string()
+                                                                     : MisspeltName(deck, value.text, random);
                 })},
         {"unknown direction of a face", OnValue("FAULTS.FACE AQUANCON.FACE", Constant("W"))},
         {"unknown quantity of a target", OnValue("WELTARG.QUANTITY WTMULT.QUANTITY", Constant("OILRATE"))},

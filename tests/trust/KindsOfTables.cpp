@@ -38,6 +38,31 @@ Rewrite InOtherUnits(double metric, double field)
     };
 }
 
+/// Only of a corner of a cell that takes part.
+Rewrite IfActive(const Rewrite& rewrite)
+{
+    return [=](const SampleDeck& deck, const Value& value, Random& random) {
+        const std::size_t nx = deck.GetSize("NX");
+        const std::size_t ny = deck.GetSize("NY");
+        const std::size_t corner = value.path.back();
+        const std::size_t cell =
+            (corner / (8 * nx * ny) * ny + corner / (2 * nx) % (2 * ny) / 2) * nx + corner % (2 * nx) / 2;
+        for (const Value* active : FindValues(deck, Where("ACTNUM"))) {
+            if (active->path.back() >= cell) // the last of a repeat stands for all
+                return active->text == "0" ? std::string() : rewrite(deck, value, random);
+        }
+        return rewrite(deck, value, random);
+    };
+}
+
+/// Only of a record after the first.
+Rewrite IfLater(const Rewrite& rewrite)
+{
+    return [=](const SampleDeck& deck, const Value& value, Random& random) {
+        return value.path.size() > 3 && value.path[1] == 0 ? std::string() : rewrite(deck, value, random);
+    };
+}
+
 std::string WithoutExponent(const SampleDeck&, const Value& value, Random&)
 {
     const std::size_t at = value.text.find_first_of("eE");
@@ -173,7 +198,8 @@ void AddKindsOfTables(std::vector<Kind>& kinds)
         {"water flows at connate saturation",
             OnValue("SWOF.KRW SWFN.KRW +first", Between(1, 0.5), "keyword")},
         {"gas flows without gas", OnValue("SGOF.KRG SGFN.KRG +first", Constant("0.001"), "keyword")},
-        {"oil curves differ at connate water", OnValue("SWOF.KROW +first", Constant("0.96"), "keyword SGOF")},
+        {"oil curves differ at connate water",
+            OnValue("SWOF.KROW +first", IfThere("GAS", Constant("0.96")), "keyword SGOF")},
         {"oil curves of SOF3 differ without gas", OnValue("SOF3.KROG +last", Between(-1, 0.3), "keyword")},
         {"gas and connate water above one",
             OnValue("SGOF.SG SGFN.SG +last", Constant("0.995"), "SWOF SGOF SWFN SGFN")},
@@ -190,26 +216,20 @@ void AddKindsOfTables(std::vector<Kind>& kinds)
         {"density in another unit",
             OnValue("DENSITY.OIL DENSITY.WATER", InOtherUnits(1 / 16.0185, 16.0185), "METRIC FIELD")},
         {"porosity a thousand times too great", OnValue("PORO AQUCT.PORO", Times(1000))},
-        {"net-to-gross above one", OnValue("NTG", Constant("1.8"))},
         {"negative permeability", OnValue("PERMX PERMY PERMZ PERMR", Times(-1))},
         {"oil volume rises above the bubble point", OnValue("PVTO.BO +later", Times(1.2), "keyword")},
         {"oil viscosity falls above the bubble point", OnValue("PVTO.VISO +later", Times(0.3), "keyword")},
-        {"dissolved gas that falls with pressure", OnValue("PVTO.PRESSURE +first", Times(0.01), "keyword")},
+        {"dissolved gas that falls with pressure",
+            OnValue("PVTO.PRESSURE +first", IfLater(Times(0.01)), "keyword")},
         {"gas volume that rises with pressure", OnValue("PVDG.BG +later", Times(30), "keyword")},
-        {"water viscosity in another unit", OnValue("PVTW.VISW", Times(0.001))},
-        {"gas viscosity in another unit", OnValue("PVDG.VISG", Times(1000), "keyword")},
-        {"water volume factor of another fluid", OnValue("PVTW.BW", Times(1000))},
-        {"well diameter in millimetres", OnValue("COMPDAT.DIAM", Times(1000))},
         {"depth of a well ten times too great", OnValue("WELSPECS.REFDEPTH", Times(10))},
         {"depth as a height", OnValue("EQUIL.DEPTH EQUIL.OWC WELSPECS.REFDEPTH", Around("-", ""))},
-        {"corner depth without its point", OnValue("ZCORN", Times(10))},
-        {"corner depth above its neighbours", OnValue("ZCORN", Times(0.1))},
+        {"corner depth without its point", OnValue("ZCORN", IfActive(Times(10)))},
+        {"corner depth above its neighbours", OnValue("ZCORN", IfActive(Times(0.1)))},
         {"cell top far above", OnValue("TOPS", Times(0.1), "keyword")},
         {"thickness below zero", OnValue("DZ DZV", Times(-1))},
         {"fractions that don't add up to one",
             OnValue("ZMFVD.ZMF WELLSTRE.FRACTION", Constant("0.77"), "record")},
-        {"acentric factor without its point", OnValue("ACF", Times(10000))},
-        {"temperature ten times too high", OnValue("RTEMP TEMPVD.TEMP", Times(10), "keyword")},
         {"angle of an aquifer above the circle", OnValue("AQUCT.ANGLE", Constant("720"))},
         {"rock properties in another unit", OnValue("ROCK.CR", Times(1e5))},
     };

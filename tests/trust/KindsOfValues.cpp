@@ -96,6 +96,13 @@ Rewrite Within(const std::string& part, const std::string& replacement)
     };
 }
 
+Rewrite IfThere(const std::string& keyword, const Rewrite& rewrite)
+{
+    return [=](const SampleDeck& deck, const Value& value, Random& random) {
+        return deck.GetDeck().Has(keyword) ? rewrite(deck, value, random) : std::string();
+    };
+}
+
 namespace {
 
 /// The least and the greatest value that the metadata allow; without one if there is none.

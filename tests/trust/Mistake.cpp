@@ -2,6 +2,7 @@
 
 #include "quor/metadata/IKeywordItemMD.h"
 #include "quor/metadata/KeywordUtils.h"
+#include "quor/syntax/ISummaryMnemonicInfo.h"
 #include "quor/syntax/KeywordSyntaxTable.h"
 
 #include <algorithm>
@@ -47,6 +48,8 @@ bool IsOfType(const SampleDeck& deck, const Value& value, const std::string& typ
         return is == MDType::Choice;
     if (type == "string")
         return is == MDType::String;
+    if (type == "head")
+        return value.list && value.path.back() == 0;
     if (type == "array")
         return value.list != nullptr;
     if (type == "given")
@@ -66,6 +69,10 @@ Where::Where(const std::string& text)
             sections_.push_back(word.substr(1));
         else if (word.front() == '-')
             except_.push_back(word.substr(1));
+        else if (word.front() == '%')
+            entity_ = word.substr(1);
+        else if (word.front() == '?')
+            conditions_.push_back(word.substr(1));
         else if (word.front() == '+')
             types_.push_back(word.substr(1));
         else if (const std::size_t point = word.find('.'); point != std::string::npos)
@@ -85,6 +92,10 @@ bool Where::HasKeyword(const SampleDeck& deck, std::size_t keyword, const std::s
     if (std::any_of(
             except_.begin(), except_.end(), [&](const std::string& name) { return at.IsNamed(name); }))
         return false;
+    const auto* const summary = at.GetSyntax().GetSummaryMnemonicInfo();
+    const auto entity = summary ? summary->GetEntity() : Core::Service::Optional<SummaryEntity::Enum>();
+    if (!entity_.empty() && !(entity && *entity == SummaryEntity::FromString(entity_)))
+        return false;
     return items_.empty() || std::any_of(items_.begin(), items_.end(), [&](const Item& one) {
         return (one.keyword == "*" || at.IsNamed(one.keyword))
             && (!item || one.item.empty() || one.item == *item);
@@ -100,7 +111,17 @@ bool Where::HasValue(const SampleDeck& deck, const Value& value) const
 {
     return HasKeyword(deck, value.keyword, &value.item)
         && std::all_of(types_.begin(), types_.end(),
-            [&](const std::string& type) { return IsOfType(deck, value, type); });
+            [&](const std::string& type) { return IsOfType(deck, value, type); })
+        && std::all_of(conditions_.begin(), conditions_.end(), [&](const std::string& condition) {
+               const std::size_t end = std::min(condition.find('='), condition.size());
+               const Value* other = FindSibling(deck, value, condition.substr(0, end));
+               std::string word = condition.substr(std::min(end + 1, condition.size()));
+               const bool isStart = !word.empty() && word.back() == '*';
+               if (isStart)
+                   word.pop_back();
+               return other
+                   && (word.empty() || (isStart ? other->text.starts_with(word) : other->text == word));
+           });
 }
 
 std::vector<const Value*> FindValues(const SampleDeck& deck, const Where& where)
@@ -137,11 +158,17 @@ const Value* ChooseValue(const SampleDeck& deck, const std::vector<const Value*>
 const Value* FindSibling(const SampleDeck& deck, const Value& value, const std::string& item)
 {
     const auto& values = deck.GetValues();
+    const std::size_t depth = value.path.size() - (value.list && value.path.size() > 2 ? 1 : 0);
     const auto found = std::find_if(values.begin(), values.end(), [&](const Value& other) {
-        return other.keyword == value.keyword && other.item == item && other.path.size() == value.path.size()
-            && std::equal(value.path.begin(), value.path.end() - 1, other.path.begin());
+        return other.keyword == value.keyword && other.item == item && other.path.size() == depth
+            && std::equal(other.path.begin(), other.path.end() - 1, value.path.begin());
     });
     return found == values.end() ? nullptr : &*found;
+}
+
+std::string TextOf(const Value* value)
+{
+    return value ? value->text : "";
 }
 
 const Value* FindInRow(const SampleDeck& deck, const Value& value, std::ptrdiff_t step)
@@ -184,7 +211,8 @@ std::string MisspeltName(const SampleDeck& deck, const std::string& word, Random
                 [&](const Value& value) { return value.text == name; });
     };
     std::string name = Misspelt(word, random);
-    while (isKnown(name) || std::isdigit(static_cast<unsigned char>(name.front())))
+    while (isKnown(name) || std::isdigit(static_cast<unsigned char>(name.front()))
+        || name.size() > std::max<std::size_t>(word.size(), word.size() > 3 ? 8 : 3))
         name = Misspelt(word, random);
     return name;
 }

@@ -34,10 +34,13 @@ struct Kind {
 ///     *.WELL            this item of any keyword
 ///     WCONPROD          the keyword, and its items
 ///     -RPTSCHED         not this keyword
+///     %Well             an output vector of this kind
+///     ?STATUS=OPEN      in a record with this value, '*' at its end stands for any rest; ?LGR: with any
 ///     @SCHEDULE         in this section; several of them: one must hold
 ///     +integer          of this type: integer, real, number, choice, string; array (an element of a list of
 ///                       values) or record (an item of a record); identifier; required (has no default);
-///                       given (in a list without defaults); first, later, last (in such a row of its table)
+///                       given (in a list without defaults); head (the first of
+///                       a list); first, later, last (in such a row of its table)
 class Where {
 public:
     explicit Where(const std::string& text);
@@ -56,6 +59,8 @@ private:
     std::vector<std::string> sections_;
     std::vector<std::string> types_;
     std::vector<std::string> except_;
+    std::string entity_;
+    std::vector<std::string> conditions_; // "STATUS=OPEN"
 };
 
 /// Values that `where` describes, in the order of the deck.
@@ -66,6 +71,9 @@ std::vector<std::size_t> FindKeywords(const SampleDeck& deck, const Where& where
 const Value* ChooseValue(const SampleDeck& deck, const std::vector<const Value*>& values, Random& random);
 /// Another item of the record of a value; null if it isn't given.
 const Value* FindSibling(const SampleDeck& deck, const Value& value, const std::string& item);
+
+/// Empty if there is none.
+std::string TextOf(const Value* value);
 
 /// The same item so many rows after it in its table; null if there is none.
 const Value* FindInRow(const SampleDeck& deck, const Value& value, std::ptrdiff_t step);
@@ -86,7 +94,7 @@ void AddKindsOfText(std::vector<Kind>& kinds);
 void AddKindsOfValues(std::vector<Kind>& kinds);
 void AddKindsOfTables(std::vector<Kind>& kinds);
 void AddKindsOfNames(std::vector<Kind>& kinds);
-void AddKindsOfNumbers(std::vector<Kind>& kinds);
+void AddKindsOfRules(std::vector<Kind>& kinds);
 void AddKindsOfPresence(std::vector<Kind>& kinds);
 void AddKindsOfSchedule(std::vector<Kind>& kinds);
 

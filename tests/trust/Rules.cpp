@@ -1,93 +1,72 @@
 #include "tests/trust/Rules.h"
 
-#include "quor/foundation/service/xml/DomText.h"
-#include "quor/foundation/service/xml/XMLDocument.h"
+#include "quor/deck/internal/rules/RuleReader.h"
 
-#include <xercesc/dom/DOM.hpp>
-
-#include <filesystem>
-#include <set>
+#include <iterator>
 #include <sstream>
-#include <stdexcept>
 
 namespace Veld::Quor::Trust {
 
-using Core::Service::XML::XMLDocument;
-using Core::Service::XML::XToC;
-
-namespace {
-
-std::vector<Rule> ReadChildren(const xercesc::DOMElement& parent);
-
-Rule ReadRule(const xercesc::DOMElement& element)
-{
-    Rule rule{std::string(XToC(element.getTagName())), {}, ReadChildren(element)};
-    const xercesc::DOMNamedNodeMap& attributes = *element.getAttributes();
-    for (XMLSize_t i = 0; i < attributes.getLength(); ++i) {
-        const std::string name(XToC(attributes.item(i)->getNodeName()));
-        rule.attributes[name] = std::string(XToC(attributes.item(i)->getNodeValue()));
-    }
-    return rule;
-}
-
-std::vector<Rule> ReadChildren(const xercesc::DOMElement& parent)
+std::vector<Rule> Rule::GetChildren() const
 {
     std::vector<Rule> rules;
-    for (const xercesc::DOMNode* child = parent.getFirstChild(); child; child = child->getNextSibling()) {
-        if (child->getNodeType() == xercesc::DOMNode::ELEMENT_NODE)
-            rules.push_back(ReadRule(static_cast<const xercesc::DOMElement&>(*child)));
-    }
+    for (const Core::Decks::RuleNode& child : children)
+        rules.push_back({child});
     return rules;
 }
 
-} // namespace
-
 std::string Rule::Get(const std::string& attribute) const
 {
-    const auto found = attributes.find(attribute);
-    return found == attributes.end() ? std::string() : found->second;
+    for (const auto& [name, value] : attributes) {
+        if (name == attribute)
+            return value;
+    }
+    return {};
 }
 
 std::vector<std::string> Rule::GetWords(const std::string& attribute) const
 {
     std::istringstream words(Get(attribute));
-    std::vector<std::string> found;
-    for (std::string word; words >> word;)
-        found.push_back(word);
-    return found;
+    return {std::istream_iterator<std::string>(words), {}};
 }
 
-std::vector<Rule> ReadRules(const std::string& folder)
+/// The documents are the elements of the root.
+std::vector<Rule> ReadRules()
 {
-    std::set<std::string> paths; // in one order everywhere
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
-        paths.insert(entry.path().string());
     std::vector<Rule> rules;
-    for (const std::string& path : paths) {
-        XMLDocument document;
-        if (!document.read(path.c_str()))
-            throw std::runtime_error("can't read the rules in " + path);
-        for (Rule& rule : ReadChildren(*document.GetDocument()->getDocumentElement()))
-            rules.push_back(std::move(rule));
+    for (const Rule& document : Rule{Core::Decks::BuiltinRules()}.GetChildren()) {
+        for (const Rule& rule : document.GetChildren())
+            rules.push_back(rule);
     }
     return rules;
 }
 
-std::string WhereOf(const Rule& rule, const std::string& items)
+std::string WhereOf(const Rule& rule, const std::string& item)
 {
     std::string where;
-    auto keywords = rule.GetWords("keywords");
-    if (keywords.empty())
-        keywords.push_back("*");
-    for (const std::string& keyword : keywords) {
-        for (const std::string& item : rule.GetWords(items))
-            where += keyword + "." + item + " ";
-    }
+    const auto keywords = rule.GetWords("keywords");
+    for (const std::string& keyword : keywords.empty() ? std::vector<std::string>{"*"} : keywords)
+        where += keyword + (item.empty() ? " " : "." + item + " ");
     for (const std::string& section : rule.GetWords("sections"))
         where += "@" + section + " ";
     for (const std::string& keyword : rule.GetWords("except"))
         where += "-" + keyword + " ";
     return where;
+}
+
+std::string ItemsOf(const Rule& rule)
+{
+    if (!rule.Get("entity").empty())
+        return "%" + rule.Get("entity");
+    std::string where = rule.GetWords("items").empty() ? WhereOf(rule, "") : "";
+    for (const std::string& item : rule.GetWords("items"))
+        where += WhereOf(rule, item);
+    return where;
+}
+
+std::string ConditionOf(const Rule& rule)
+{
+    return rule.Get("when").empty() ? "" : "?" + rule.Get("when");
 }
 
 } // namespace Veld::Quor::Trust

@@ -56,7 +56,7 @@ std::vector<Kind> MakeKinds(const std::string& wanted)
     AddKindsOfValues(kinds);
     AddKindsOfTables(kinds);
     AddKindsOfNames(kinds);
-    AddKindsOfNumbers(kinds);
+    AddKindsOfRules(kinds);
     AddKindsOfPresence(kinds);
     AddKindsOfSchedule(kinds);
     std::erase_if(kinds, [&](const Kind& kind) { return kind.name.find(wanted) == std::string::npos; });

@@ -76,7 +76,9 @@ std::vector<CodeInfo> PhysicsCodes()
             "RUNSPEC\nMETRIC\nOIL\nPROPS\nDENSITY\n 850 1000 1 /\n", any, !strict,
             "W. D. McCain, The Properties of Petroleum Fluids, 1990, appendix A"},
         {Code::ImplausibleValue, "implausible-value", warning,
-            "A number is far beyond those of fluids, rocks and wells. One of a keyword is reported.",
+            "A number is far beyond those of fluids, rocks and wells, or contradicts one of another well. "
+            "One of "
+            "a keyword is reported.",
             "Check the number of digits, and the unit.", "RUNSPEC\nWATER\nPROPS\nPVTW\n 200 1 4e-5 320 /\n",
             "RUNSPEC\nWATER\nPROPS\nPVTW\n 200 1 4e-5 0.32 /\n", any, !strict,
             "W. D. McCain, The Properties of Petroleum Fluids, 1990"},

@@ -21,6 +21,24 @@ bool HasWrongOrder(const PhysicsFacts& facts, const RoleTable& table)
     return true;
 }
 
+/// A contact that is as far above the surface as the datum is below it.
+bool HasWrongSign(const PhysicsFacts& facts, const RoleTable& table)
+{
+    constexpr double leastDatum = 50; // m or feet
+    const auto* const water = table.Find(PhysicalRole::ContactOfWater);
+    const auto* const datum = table.Find(PhysicalRole::DepthOfDatum);
+    if (!water || !datum || datum->values.front() < leastDatum)
+        return false;
+    const double height = -water->values.front();
+    if (height < 0.5 * datum->values.front() || height > 2 * datum->values.front())
+        return false;
+    facts.Report(table, *water, 0, Code::ContactOrder,
+        fmt::format("{}: {} of region {} is {}, but {} is {}", facts.NameOf(table), water->name,
+            table.element + 1, water->values.front(), datum->name, datum->values.front()),
+        "depths increase downwards; remove the sign");
+    return true;
+}
+
 /// Oil that is saturated at the contact of gas is so at all depths below: its pressure must be known there.
 void CheckDatum(const PhysicsFacts& facts, const RoleTable& table)
 {
@@ -47,7 +65,8 @@ void CheckContactOrder(const PhysicsFacts& facts)
     const bool hasAllPhases = facts.Has(PhysicalRole::PhaseOil) && facts.Has(PhysicalRole::PhaseWater)
         && facts.Has(PhysicalRole::PhaseGas);
     facts.ForEachTable([&](const RoleTable& table) {
-        if (!(hasAllPhases && HasWrongOrder(facts, table)) && facts.Has(PhysicalRole::DissolvedGas))
+        if (!HasWrongSign(facts, table) && !(hasAllPhases && HasWrongOrder(facts, table))
+            && facts.Has(PhysicalRole::DissolvedGas))
             CheckDatum(facts, table);
     });
 }

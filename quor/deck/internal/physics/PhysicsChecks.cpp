@@ -21,6 +21,7 @@ PhysicsChecks::PhysicsChecks(const RuleSet& rules, const DeckContents& deck, con
     , plans_(rules)
     , facts_(deck, dimensions, reporter)
     , magnitudes_(facts_)
+    , limits_(facts_)
 {
 }
 
@@ -52,6 +53,9 @@ void PhysicsChecks::FollowRecords(const RecordRoles& roles)
     } else if (roles.Find(PhysicalRole::NameOfArray) >= 0) {
         if (ChangesActiveCells(roles))
             facts_.LoseCells();
+    } else if (roles.Find(PhysicalRole::LimitOfProduction) >= 0
+        || roles.Find(PhysicalRole::LimitOfInjection) >= 0) {
+        limits_.Follow(keyword, roles);
     } else if (!roles.IsEmpty()) {
         CheckFractionSums(facts_, keyword, roles);
         facts_.AddTables(
@@ -102,6 +106,7 @@ void PhysicsChecks::EndSection()
         CheckCornerDepths(facts_);
         CheckCellJumps(facts_);
     }
+    limits_.EndSection();
     hasNewDepths_ = false;
     facts_.KeepDatumDepths();
     facts_.ForgetTables();

@@ -3,6 +3,7 @@
 #include "quor/deck/internal/physics/Magnitudes.h"
 #include "quor/deck/internal/physics/PhysicsFacts.h"
 #include "quor/deck/internal/physics/RolePlans.h"
+#include "quor/deck/internal/physics/WellLimits.h"
 #include "quor/deck/internal/physics/Wells.h"
 
 #include <optional>
@@ -34,6 +35,7 @@ private:
     PhysicsFacts facts_;
     Magnitudes magnitudes_;
     std::optional<Wells> wells_; // once there is one
+    WellLimits limits_;
     bool hasNewDepths_ = false; // of cells, that are not checked
 };
 

@@ -51,6 +51,8 @@ bool Fits(PhysicalRole::Enum role, const IKeywordDataMD* md)
     case PhysicalRole::TableOfDissolvedGas:
         return type == MDType::Integer;
     case PhysicalRole::DepthOfWell:
+    case PhysicalRole::LimitOfProduction:
+    case PhysicalRole::LimitOfInjection:
         return type == MDType::Real;
     default: // a number of a table, or a keyword that says something by being there
         return true;

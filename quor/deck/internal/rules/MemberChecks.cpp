@@ -57,7 +57,7 @@ void MemberChecks::CheckMember(
 {
     const MemberRule& rule = *member.rule;
     const std::uint64_t owner = member.owner.IsThere() ? KeyOfName(record, member.owner) : 1;
-    if (owner == 0)
+    if (owner == 0 || !Holds(member.when, record))
         return;
     const long long count = Add(member, record, owner);
     Count& counted = counts_[member.number];
@@ -81,7 +81,7 @@ long long MemberChecks::Add(const RecordRules::Member& rule, const Record& recor
     Count& count = counts_[rule.number];
     if (rule.items.empty())
         return ++count.ofOwner[owner];
-    const RecordKeys keys(record, rule.items, rule.last);
+    const RecordKeys keys(record, rule.items, rule.last, 0);
     if (keys.hasZero) // counted by themselves: they may be the same as others
         owner = ~owner;
     for (const std::uint64_t key : keys.keys) {

@@ -34,6 +34,7 @@ NameChecks::NameChecks(const RuleContext& context)
     , names_(context.rules.names.size())
     , counts_(context.rules.names.size())
     , isExcused_(context.rules.names.size())
+    , isLost_(context.rules.names.size())
     , unsure_(context.rules.names.size())
     , waiting_(context.rules.names.size())
     , later_(context.rules.names.size())
@@ -57,25 +58,31 @@ bool NameChecks::Follow(const RecordRules::Name& rule, std::string_view name, co
     if (rule.isDefinition)
         Define(rule, name, position);
     const std::uint32_t kind = KindOf(rule.kind, name);
-    if (!isWhole_ || (rule.isDefinition && !context_.rules.names[rule.kind].areArrays))
+    if (!isWhole_ || isLost_[kind] || (rule.isDefinition && !context_.rules.names[rule.kind].areArrays))
         return false;
-    const bool isFirst = !context_.rules.names[kind].areArrays && !HasDefinitions(kind);
+    const bool isFirst = !context_.rules.names[kind].AreOfLanguage() && !HasDefinitions(kind);
     if (isFirst && names_[kind].Has(name)) // one that needs no definition
         return false;
-    if (!isFirst && !rule.mayComeFirst)
-        return !IsDefined(kind, name)
-            && ReportUnknown(kind, name, *rule.voice, context_.GetKeyword(), position);
+    const bool isJudged = !isFirst && !rule.mayComeFirst;
     NameTable& waiting = rule.mayComeFirst ? later_[kind] : waiting_[kind];
-    if (waiting.Add(name))
-        pending_.push_back({kind, static_cast<std::uint32_t>(context_.deck.keywords.size() - 1), position,
-            std::string(name), rule.voice, rule.mayComeFirst});
-    return false;
+    if (isJudged ? IsDefined(kind, name) : !waiting.Add(name))
+        return false;
+    Pending use = {kind, static_cast<std::uint32_t>(context_.deck.keywords.size() - 1), position,
+        std::string(name), &rule};
+    if (isJudged)
+        ReportUnknown(use);
+    else
+        pending_.push_back(std::move(use));
+    return isJudged;
 }
 
 void NameChecks::Define(const RecordRules::Name& use, std::string_view name, const ValuePosition& position)
 {
     NameTable& names = names_[use.kind];
     const NameRule& kindRule = context_.rules.names[use.kind];
+    const bool isOfList = name.front() == '*' && !kindRule.lists.empty();
+    if (isOfList || (kindRule.hasPatterns && name.find_first_of("*?", 1) != std::string_view::npos))
+        return Lose(use.kind); // nobody knows which
     const bool isNew =
         kindRule.areArrays ? names.Add(context_.deck.language.FindName(name)) : names.Add(name);
     if (!isNew || !isWhole_ || use.isUncounted)
@@ -126,57 +133,82 @@ bool NameChecks::IsDefined(std::uint32_t kind, std::string_view name)
     const auto isIgnored = [name](const std::string& word) {
         return word == name || (word.find('*') != std::string::npos && IsMatch(word, name));
     };
-    const bool isThere = rule.areArrays ? IsInLanguage(name) : names.Has(name) || unsure_[kind].Has(name);
+    const bool isThere =
+        IsInLanguage(rule, name) || (!rule.areArrays && (names.Has(name) || unsure_[kind].Has(name)));
     return isThere || std::any_of(rule.ignored.begin(), rule.ignored.end(), isIgnored)
         || (IsPattern(rule, name) && (names.HasMatch(name) || unsure_[kind].HasMatch(name)));
 }
 
-bool NameChecks::IsInLanguage(std::string_view array) const
+bool NameChecks::IsInLanguage(const NameRule& rule, std::string_view name) const
 {
-    const auto syntaxes = context_.deck.language.LookupAll(ToUpper(array));
-    return std::any_of(syntaxes.begin(), syntaxes.end(),
-        [](const IKeywordSyntax* syntax) { return syntax->GetCellPropertyInfo() != nullptr; });
+    if (!rule.AreOfLanguage())
+        return false;
+    const auto syntaxes = context_.deck.language.LookupAll(ToUpper(name));
+    return std::any_of(syntaxes.begin(), syntaxes.end(), [&](const IKeywordSyntax* syntax) {
+        return rule.areArrays ? syntax->GetCellPropertyInfo() != nullptr
+                              : syntax->GetSummaryMnemonicInfo() != nullptr;
+    });
 }
 
 bool NameChecks::MakesArray(std::string_view name) const
 {
     const std::string first = context_.deck.language.FindName(name);
     for (std::size_t kind = 0; kind < names_.size(); ++kind) {
-        if (context_.rules.names[kind].areArrays && (names_[kind].Has(first) || unsure_[kind].Has(name)))
+        const NameRule& rule = context_.rules.names[kind];
+        if (!rule.areArrays)
+            continue;
+        const bool mayMake = unsure_[kind].GetSize() > 0 && IsInLanguage(rule, name);
+        if (names_[kind].Has(first) || mayMake)
             return true;
     }
     return false;
 }
 
-/// False if it was reported before.
-bool NameChecks::ReportUnknown(std::uint32_t kind, std::string_view name, const FindingVoice& voice,
-    const KeywordInstance& keyword, const ValuePosition& position)
+/// Once. What the same value defines, by a name that is wrong, has another one elsewhere.
+void NameChecks::ReportUnknown(const Pending& unknown)
 {
-    if (!names_[kind].IsFirstReport(name))
-        return false;
-    const NameRule& rule = context_.rules.names[kind];
+    if (!names_[unknown.kind].IsFirstReport(unknown.name))
+        return;
+    for (const std::uint32_t kind : unknown.use->defines)
+        Lose(kind);
+    const NameRule& rule = context_.rules.names[unknown.kind];
+    const KeywordInstance& keyword = context_.deck.keywords[unknown.keyword];
     const std::string& user = keyword.syntax->GetName();
-    context_.reporter.ReportAs(voice, FindValue(context_.deck, keyword, position), Code::UndefinedName,
-        IsPattern(rule, name) ? fmt::format("{}: no {} matches '{}'", user, rule.noun, Shorten(name))
-                              : fmt::format("{}: undefined {} '{}'", user, rule.noun, Shorten(name)),
-        HintOf(kind, name, keyword));
-    return true;
+    const std::string name = Shorten(unknown.name);
+    context_.reporter.ReportAs(*unknown.use->voice, FindValue(context_.deck, keyword, unknown.position),
+        Code::UndefinedName,
+        IsPattern(rule, unknown.name) ? fmt::format("{}: no {} matches '{}'", user, rule.noun, name)
+                                      : fmt::format("{}: undefined {} '{}'", user, rule.noun, name),
+        HintOf(unknown));
 }
 
-std::string NameChecks::HintOf(
-    std::uint32_t kind, std::string_view name, const KeywordInstance& keyword) const
+std::string NameChecks::HintOf(const Pending& unknown) const
 {
-    const NameRule& rule = context_.rules.names[kind];
-    if (!rule.areArrays && names_[kind].Has(name))
+    const NameRule& rule = context_.rules.names[unknown.kind];
+    if (!rule.areArrays && names_[unknown.kind].Has(unknown.name))
         return fmt::format("define the {} before it is named", rule.noun);
-    const auto near = rule.areArrays
-        ? context_.deck.language.GetNearestNames().Find(ToUpper(name), keyword.section)
-        : FindNearest(names_[kind].GetNames(), std::string(name));
+    const auto section = context_.deck.keywords[unknown.keyword].section;
+    const auto near = rule.AreOfLanguage() ? context_.deck.language.GetNearestNames().Find(
+                          ToUpper(unknown.name), rule.areArrays ? section : SectionType::SUMMARY)
+                                           : FindNearest(names_[unknown.kind].GetNames(), unknown.name);
     if (!near.empty())
         return SuggestionOf(near);
     if (rule.areArrays)
         return "";
-    return fmt::format("define the {} with {} before it is named", rule.noun, Choices(DefinersOf(rule)));
+    const std::string definers = Choices(DefinersOf(rule));
+    return unknown.use->mayComeFirst
+        ? fmt::format("define the {} with {}", rule.noun, definers)
+        : fmt::format("define the {} with {} before it is named", rule.noun, definers);
+}
+
+void NameChecks::LoseDefinedBy(const std::set<std::string>& keywords)
+{
+    for (std::uint32_t kind = 0; kind < names_.size(); ++kind) {
+        const auto definers = DefinersOf(context_.rules.names[kind]);
+        if (std::any_of(definers.begin(), definers.end(),
+                [&](const std::string& name) { return keywords.count(name) > 0; }))
+            Lose(kind);
+    }
 }
 
 /// A part of a deck has what it doesn't define from elsewhere; so has a deck that defines none of a kind, but
@@ -184,11 +216,11 @@ std::string NameChecks::HintOf(
 void NameChecks::EndDeck(bool isWholeDeck)
 {
     for (const Pending& pending : pending_) {
-        const bool isKnown = HasDefinitions(pending.kind) || (isWholeDeck && !isExcused_[pending.kind]);
-        const bool isEarly = !pending.mayComeFirst && names_[pending.kind].Has(pending.name);
-        if (isKnown && (isEarly || !IsDefined(pending.kind, pending.name)))
-            ReportUnknown(pending.kind, pending.name, *pending.voice, context_.deck.keywords[pending.keyword],
-                pending.position);
+        const bool isKnown = context_.rules.names[pending.kind].AreOfLanguage()
+            || HasDefinitions(pending.kind) || (isWholeDeck && !isExcused_[pending.kind]);
+        const bool isEarly = !pending.use->mayComeFirst && names_[pending.kind].Has(pending.name);
+        if (isKnown && !isLost_[pending.kind] && (isEarly || !IsDefined(pending.kind, pending.name)))
+            ReportUnknown(pending);
     }
 }
 

@@ -6,6 +6,7 @@
 #include "quor/deck/internal/rules/ValueRange.h"
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,15 +19,19 @@ class NameChecks {
 public:
     explicit NameChecks(const RuleContext& context);
 
-    /// A value of the last keyword of the deck. Whether it was reported.
+    /// A value of the last keyword of the deck. Whether it is undefined, so that it was reported.
     bool Follow(const RecordRules::Name& rule, std::string_view name, const ValuePosition& position);
     /// Names may be defined by something that could not be read: none is reported from now on.
     void Lose() { isWhole_ = false; }
+    /// The same for those of one kind.
+    void Lose(std::uint32_t kind) { isLost_[kind] = true; }
     /// A keyword that defines names of the kind could not be read as it is: any word of its text may be one.
     void FollowUnsound(std::uint32_t kind, std::string_view text);
     /// A keyword that names one of the kind was reported for what it lacks before it: if the deck defines
     /// none of the kind, that was said.
     void Excuse(std::uint32_t kind) { isExcused_[kind] = true; }
+    /// The same for those that one of the keywords defines, which the deck lacks.
+    void LoseDefinedBy(const std::set<std::string>& keywords);
     /// Judges the names that may be defined later. `isWholeDeck`: nothing of the deck is elsewhere.
     void EndDeck(bool isWholeDeck);
 
@@ -39,23 +44,22 @@ private:
         std::uint32_t keyword;
         ValuePosition position;
         std::string name;
-        const FindingVoice* voice;
-        bool mayComeFirst; // else nothing of the kind was defined before it
+        const RecordRules::Name* use; // may come first, or nothing of the kind was defined before it
     };
 
     void Define(const RecordRules::Name& rule, std::string_view name, const ValuePosition& position);
     std::uint32_t KindOf(std::uint32_t kind, std::string_view name) const;
     bool HasDefinitions(std::uint32_t kind) const;
     bool IsDefined(std::uint32_t kind, std::string_view name);
-    bool IsInLanguage(std::string_view array) const;
-    bool ReportUnknown(std::uint32_t kind, std::string_view name, const FindingVoice& voice,
-        const KeywordInstance& keyword, const ValuePosition& position);
-    std::string HintOf(std::uint32_t kind, std::string_view name, const KeywordInstance& keyword) const;
+    bool IsInLanguage(const NameRule& rule, std::string_view name) const;
+    void ReportUnknown(const Pending& unknown);
+    std::string HintOf(const Pending& unknown) const;
 
     RuleContext context_;
     std::vector<NameTable> names_; // of each kind
     std::vector<long long> counts_; // of those that a limit is about
     std::vector<bool> isExcused_;
+    std::vector<bool> isLost_;
     std::vector<NameTable> unsure_; // words that may be names
     std::vector<NameTable> waiting_; // names that were used before any of the kind was defined
     std::vector<NameTable> later_; // names that may be defined later

@@ -71,9 +71,9 @@ bool IsMatch(std::string_view pattern, std::string_view name)
     return pattern.find_first_not_of('*', at) == std::string_view::npos;
 }
 
-std::size_t NameTable::Hash::operator()(std::string_view name) const
+std::uint64_t NameTable::KeyOf(std::string_view name)
 {
-    std::uint64_t hash = name.size();
+    std::uint64_t hash = name.size() * 0xD6E8FEB86659FD93U; // names of different sizes are far from each other
     for (std::size_t at = 0; at < name.size(); at += sizeof hash) {
         hash = (hash ^ EightOf(name, at)) * 0x9E3779B97F4A7C15U;
         hash ^= hash >> 32;
@@ -81,25 +81,23 @@ std::size_t NameTable::Hash::operator()(std::string_view name) const
     return hash;
 }
 
-bool NameTable::Equal::operator()(std::string_view a, std::string_view b) const
+bool NameTable::Add(std::string_view name)
 {
-    if (a.size() != b.size())
-        return false;
-    for (std::size_t at = 0; at < a.size(); at += sizeof(std::uint64_t)) {
-        if (EightOf(a, at) != EightOf(b, at))
-            return false;
-    }
-    return true;
+    const bool isNew = keys_.Add(KeyOf(name), {}).second;
+    if (isNew)
+        names_.emplace_back(name);
+    return isNew;
 }
 
 bool NameTable::HasMatch(std::string_view pattern)
 {
-    if (matched_.find(pattern) != matched_.end())
+    const std::uint64_t key = KeyOf(pattern);
+    if (matched_.Has(key))
         return true;
     const bool isMatched = std::any_of(
         names_.begin(), names_.end(), [pattern](const std::string& name) { return IsMatch(pattern, name); });
     if (isMatched)
-        matched_.emplace(pattern);
+        matched_.Add(key, {});
     return isMatched;
 }
 

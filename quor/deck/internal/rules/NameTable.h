@@ -1,9 +1,11 @@
 #pragma once
 
+#include "quor/deck/internal/rules/KeyTable.h"
+
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
@@ -15,30 +17,27 @@ bool IsMatch(std::string_view pattern, std::string_view name);
 class NameTable {
 public:
     /// False if the name is there.
-    bool Add(std::string_view name) { return !Has(name) && names_.emplace(name).second; }
-    bool Has(std::string_view name) const { return names_.find(name) != names_.end(); }
+    bool Add(std::string_view name);
+    bool Has(std::string_view name) const { return !keys_.IsEmpty() && keys_.Has(KeyOf(name)); }
     /// Whether a name matches: '*' stands for any characters, '?' for one. What matched once matches again.
     bool HasMatch(std::string_view pattern);
     /// True the first time that it is asked of a name.
-    bool IsFirstReport(std::string_view name) { return reported_.emplace(name).second; }
+    bool IsFirstReport(std::string_view name) { return reported_.Add(KeyOf(name), {}).second; }
 
     std::size_t GetSize() const { return names_.size(); }
-    /// As the deck first has them, in no order.
-    std::vector<std::string> GetNames() const { return {names_.begin(), names_.end()}; }
+    /// As the deck first has them.
+    const std::vector<std::string>& GetNames() const { return names_; }
 
 private:
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view name) const;
-    };
-    struct Equal {
-        using is_transparent = void;
-        bool operator()(std::string_view a, std::string_view b) const;
-    };
+    struct Nothing { };
+    using Keys = KeyTable<Nothing>;
 
-    std::unordered_set<std::string, Hash, Equal> names_;
-    std::unordered_set<std::string, Hash, Equal> matched_;
-    std::unordered_set<std::string, Hash, Equal> reported_;
+    static std::uint64_t KeyOf(std::string_view name);
+
+    std::vector<std::string> names_;
+    Keys keys_; // of the names
+    Keys matched_;
+    Keys reported_;
 };
 
 } // namespace Veld::Quor::Core::Decks

@@ -40,6 +40,8 @@ const std::vector<Service::EnumInfo<PhysicalRole>>& PhysicalRole::EnumInfos()
         {Fractions, "fractions"},
         {NameOfWell, "name of well"},
         {DepthOfWell, "depth of well"},
+        {LimitOfProduction, "pressure limit of production"},
+        {LimitOfInjection, "pressure limit of injection"},
         {HeadI, "head I"},
         {HeadJ, "head J"},
         {ConnectionI, "connection I"},

@@ -50,6 +50,8 @@ struct PhysicalRole {
         // Items of wells.
         NameOfWell,
         DepthOfWell,
+        LimitOfProduction,
+        LimitOfInjection,
         HeadI,
         HeadJ,
         ConnectionI,

@@ -44,6 +44,7 @@ void PresenceChecks::ReportRepeated(const KeywordInstance& first, const OnceRule
     context_.reporter.ReportAs(rule.voice, keyword.name, Code::RepeatedKeyword,
         fmt::format("{} is repeated with other values", context_.GetName()), "remove one of them", {},
         Related(first, "the first is here"));
+    context_.dimensions.DoubtAllOf(*keyword.data);
 }
 
 void PresenceChecks::ReportConflict(const ExclusiveRule& rule)
@@ -71,7 +72,7 @@ bool PresenceChecks::IsWholeDeck() const
 }
 
 /// What one keyword would give is reported as one.
-void PresenceChecks::EndDeck()
+void PresenceChecks::EndDeck(const std::set<std::string>& required)
 {
     if (!std::all_of(context_.rules.whole.begin(), context_.rules.whole.end(),
             [this](const std::string& name) { return FindFirst(name); }))
@@ -90,7 +91,7 @@ void PresenceChecks::EndDeck()
             group->push_back(&rule);
     }
     for (const auto& group : groups)
-        ReportMissing(group);
+        ReportMissing(group, required);
 }
 
 /// Of a keyword that begins a section.
@@ -105,12 +106,15 @@ bool PresenceChecks::IsMissing(const NeedRule& rule) const
 {
     const auto isThere = [this](const std::string& name) { return Has(name); };
     const KeywordInstance* const section = FindFirst(rule.in);
+    if (!rule.size.empty() && context_.dimensions.FindWhole(rule.size).value_or(rule.least) < rule.least)
+        return false;
     return section && !IsEmpty(*section) && std::all_of(rule.when.begin(), rule.when.end(), isThere)
         && std::none_of(rule.unless.begin(), rule.unless.end(), isThere)
         && std::none_of(rule.anyOf.begin(), rule.anyOf.end(), isThere);
 }
 
-void PresenceChecks::ReportMissing(const std::vector<const NeedRule*>& rules)
+void PresenceChecks::ReportMissing(
+    const std::vector<const NeedRule*>& rules, const std::set<std::string>& required)
 {
     const NeedRule& first = *rules.front();
     std::string missing;
@@ -123,11 +127,17 @@ void PresenceChecks::ReportMissing(const std::vector<const NeedRule*>& rules)
                 keywords.push_back(name);
         }
     }
-    context_.reporter.ReportAs(first.voice, FindFirst(first.in)->name, Code::MissingKeyword,
+    reported_.insert(keywords.begin(), keywords.end());
+    FindingVoice voice = first.voice;
+    if (std::any_of(keywords.begin(), keywords.end(),
+            [&](const std::string& name) { return required.count(name) > 0; }))
+        voice.severity.reset(); // no mere warning
+    const std::string reason = first.when.empty() ? "" : first.when.front();
+    const KeywordInstance* const cause = FindFirst(reason); // null too if an operation makes the array
+    context_.reporter.ReportAs(voice, FindFirst(first.in)->name, Code::MissingKeyword,
         fmt::format("{}: {}; expected {}", first.in, missing, Choices(keywords)),
-        first.when.empty() ? "" : fmt::format("{} requires it", first.when.front()), {},
-        first.when.empty() ? std::vector<FindingReporter::Related>()
-                           : Related(*FindFirst(first.when.front()), first.when.front() + " is here"));
+        reason.empty() ? "" : fmt::format("{} requires it", reason), {},
+        cause ? Related(*cause, reason + " is here") : std::vector<FindingReporter::Related>());
 }
 
 bool PresenceChecks::Has(const std::string& name) const

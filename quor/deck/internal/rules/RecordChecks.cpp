@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -14,16 +15,16 @@ using namespace Core::Keywords;
 
 namespace {
 
-bool Holds(const RecordRules::Condition& condition, const IKeywordRecordData& record)
-{
-    return condition.rule->word.empty() ? IsItemSet(record, condition.item)
-                                        : ValueText(record, condition.item) == condition.rule->word;
-}
-
 /// A rate of 0 is a target; 0 is no number of a table.
 bool IsGivenTarget(const IKeywordRecordData& record, const RuleItem& item)
 {
     return item.type == IKeywordDataMD::MDType::Integer ? IsItemSet(record, item) : HasItem(record, item);
+}
+
+std::string ReasonOf(const RequireRule& rule)
+{
+    return rule.when.word.empty() ? fmt::format("{} has a value", rule.when.item)
+                                  : fmt::format("{} is {}", rule.when.item, rule.when.word);
 }
 
 /// "WELL P1", or "WELL P1, I 3" of several items.
@@ -42,64 +43,115 @@ std::string Text(const IKeywordRecordData& record, const RecordRules::Distinct& 
 
 void RecordChecks::StartKeyword()
 {
-    for (auto& keys : seen_) {
-        if (!keys.empty())
-            keys = {}; // to clear it would take as long as for the longest keyword
+    const bool isOfLastStep = step_ == context_.GetKeyword().step;
+    step_ = context_.GetKeyword().step;
+    for (std::size_t i = 0; i < seen_.size(); ++i) {
+        if (!(isOfLastStep && context_.rules.distinct[i].isOfStep))
+            seen_[i].Clear();
     }
 }
 
-void RecordChecks::Check(const RecordRules& rules, const Record& record, const ValuePosition& position)
+void RecordChecks::CheckRequirements(
+    const RecordRules& rules, const Record& record, const ValuePosition& position)
 {
     for (const RecordRules::Requirement& rule : rules.requirements)
         CheckRequirement(rule, record, position);
-    for (const RecordRules::Distinct& rule : rules.distinct)
-        CheckDistinct(rule, record, position);
-}
-
-void RecordChecks::CheckRequirement(
-    const RecordRules::Requirement& requirement, const Record& record, ValuePosition position) const
-{
-    const RequireRule& rule = *requirement.rule;
-    const auto holds = [&](const RecordRules::Condition& condition) { return Holds(condition, record); };
-    if ((!rule.present.empty() && (!isSure_ || !presence_.IsBegun())) || !Holds(requirement.when, record)
-        || std::any_of(requirement.unless.begin(), requirement.unless.end(), holds)
-        || std::any_of(requirement.items.begin(), requirement.items.end(),
-            [&](const RuleItem& item) { return IsGivenTarget(record, item); })
-        || std::any_of(rule.present.begin(), rule.present.end(),
-            [&](const std::string& name) { return presence_.Has(name); }))
-        return;
-    position.item = requirement.when.item.index;
-    const std::string reason = rule.when.word.empty()
-        ? fmt::format("{} has a value", rule.when.item)
-        : fmt::format("{} is {}", rule.when.item, rule.when.word);
-    const TextRange range = FindValue(context_.deck, context_.GetKeyword(), position);
-    if (rule.present.empty())
-        context_.reporter.ReportAs(rule.voice, range, Code::MissingItem,
-            fmt::format("{}: {}; expected a value for {}", context_.GetName(), reason, Choices(rule.items)),
-            fmt::format("add the value, or change {}", rule.when.item));
-    else
-        context_.reporter.ReportAs(rule.voice, range, Code::MissingKeyword,
-            fmt::format(
-                "{}: {}; expected keyword {} in the deck", context_.GetName(), reason, Choices(rule.present)),
-            fmt::format("add the keyword, or change {}", rule.when.item));
 }
 
 void RecordChecks::CheckDistinct(
+    const RecordRules& rules, const Record& record, const ValuePosition& position)
+{
+    for (const RecordRules::Distinct& rule : rules.distinct)
+        CheckOneDistinct(rule, record, position);
+}
+
+/// A keyword that is required may come later: that is judged in the end.
+void RecordChecks::CheckRequirement(
+    const RecordRules::Requirement& requirement, const Record& record, ValuePosition position)
+{
+    const RequireRule& rule = *requirement.rule;
+    const auto holds = [&](const ItemCondition& condition) { return Holds(condition, record); };
+    if (!Holds(requirement.when, record)
+        || std::any_of(requirement.unless.begin(), requirement.unless.end(), holds)
+        || std::any_of(requirement.items.begin(), requirement.items.end(),
+            [&](const RuleItem& item) { return IsGivenTarget(record, item); }))
+        return;
+    position.item = requirement.when.item.index;
+    if (!rule.present.empty()) {
+        if (isSure_ && presence_.IsBegun() && !IsSatisfied(rule))
+            pending_.push_back(
+                {&rule, static_cast<std::uint32_t>(context_.deck.keywords.size() - 1), position});
+        return;
+    }
+    context_.reporter.ReportAs(rule.voice, FindValue(context_.deck, context_.GetKeyword(), position),
+        Code::MissingItem,
+        fmt::format(
+            "{}: {}; expected a value for {}", context_.GetName(), ReasonOf(rule), Choices(rule.items)),
+        fmt::format("add the value, or change {}", rule.when.item));
+}
+
+/// Whether the deck has what the rule wants, or the rule is not about it.
+bool RecordChecks::IsSatisfied(const RequireRule& rule) const
+{
+    const auto isThere = [this](const std::string& name) { return presence_.Has(name); };
+    return std::any_of(rule.present.begin(), rule.present.end(), isThere)
+        || !std::all_of(rule.with.begin(), rule.with.end(), isThere);
+}
+
+std::set<std::string> RecordChecks::GetMissing() const
+{
+    std::set<std::string> missing;
+    for (const Pending& pending : pending_) {
+        if (!IsSatisfied(*pending.rule))
+            missing.insert(pending.rule->present.begin(), pending.rule->present.end());
+    }
+    return missing;
+}
+
+void RecordChecks::EndDeck()
+{
+    const SectionType::Enum last = context_.GetKeyword().section;
+    for (const auto& [rule, index, position] : pending_) {
+        const bool isCut = context_.deck.keywords[index].section == last
+            && SectionType::ToString(last) != context_.rules.whole.back();
+        const auto isReported = [&](const std::string& name) { return presence_.IsReported(name); };
+        if (isCut || IsSatisfied(*rule)
+            || std::any_of(rule->present.begin(), rule->present.end(), isReported))
+            continue;
+        const KeywordInstance& keyword = context_.deck.keywords[index];
+        context_.reporter.ReportAs(rule->voice, FindValue(context_.deck, keyword, position),
+            Code::MissingKeyword,
+            fmt::format("{}: {}; expected keyword {} in the deck", keyword.syntax->GetName(), ReasonOf(*rule),
+                Choices(rule->present)),
+            fmt::format("add the keyword, or change {}", rule->when.item));
+    }
+}
+
+void RecordChecks::CheckOneDistinct(
     const RecordRules::Distinct& rule, const Record& record, const ValuePosition& position)
 {
+    if (!Holds(rule.when, record))
+        return;
+    const KeywordInstance& keyword = context_.GetKeyword();
+    const Seen here = {static_cast<std::uint32_t>(context_.deck.keywords.size() - 1),
+        static_cast<std::uint32_t>(position.element)};
     auto& seen = seen_[rule.number];
-    for (const std::uint64_t key : RecordKeys(record, rule.items, rule.last, true).keys) {
-        const auto [first, isNew] = seen.try_emplace(key, position.element);
-        if (isNew)
+    for (const std::uint64_t key : RecordKeys(record, rule.items, rule.last, 1).keys) {
+        const auto [at, isNew] = seen.Add(key, here);
+        const Seen first = std::exchange(*at, here);
+        const KeywordInstance& other = context_.deck.keywords[first.keyword];
+        if (isNew || (rule.rule->isOfOthers && other.syntax == keyword.syntax))
             continue;
-        ValuePosition at = position;
-        at.item = rule.items.front().index;
-        const KeywordInstance& keyword = context_.GetKeyword();
-        return context_.reporter.ReportAs(rule.rule->voice, FindValue(context_.deck, keyword, at),
+        ValuePosition value = position;
+        value.item = rule.items.front().index;
+        return context_.reporter.ReportAs(rule.rule->voice, FindValue(context_.deck, keyword, value),
             Code::RepeatedRecord,
-            fmt::format("{}: repeated record for {}", context_.GetName(), Shorten(Text(record, rule))),
+            rule.rule->isOfOthers
+                ? fmt::format("{}: {} is in {} too", context_.GetName(), Shorten(Text(record, rule)),
+                    other.syntax->GetName())
+                : fmt::format("{}: repeated record for {}", context_.GetName(), Shorten(Text(record, rule))),
             "correct the record, or remove one of them", {},
-            {{RangeOf(keyword, first->second), "the first is here"}});
+            {{RangeOf(other, first.element), "the first is here"}});
     }
 }
 

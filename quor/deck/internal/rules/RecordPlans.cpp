@@ -41,7 +41,8 @@ void RulePlans::AddNumbers(const Key& key, const IKeywordDataMD& md, RecordRules
             continue;
         for (const std::string& name : rule.where.items) {
             if (const RuleItem item = FindNumber(md, name); item.IsThere())
-                record.indices.push_back({number, item, FindRuleItem(md, rule.where.unless)});
+                record.indices.push_back({number, item, FindRuleItem(md, rule.where.unless),
+                    FindRuleItem(md, rule.grid), FindCondition(md, rule.where.when)});
         }
     }
     for (const AssignmentRule& rule : rules_.assignments) {
@@ -68,7 +69,8 @@ void RulePlans::AddMembers(const Key& key, const IKeywordDataMD& md, RecordRules
         const std::vector<RuleItem> items = FindAllItems(md, rule.items);
         if (Contains(rule.keywords, key.first->GetName()) && rule.owner.empty() != owner.IsThere()
             && items.size() == rule.items.size())
-            record.members.push_back({&rule, number, owner, items, FindNumber(md, rule.last)});
+            record.members.push_back(
+                {&rule, number, owner, items, FindNumber(md, rule.last), FindCondition(md, rule.when)});
     }
     for (const LengthRule& rule : rules_.lengths) {
         const RuleItem item = FindRuleItem(md, rule.item);
@@ -79,21 +81,22 @@ void RulePlans::AddMembers(const Key& key, const IKeywordDataMD& md, RecordRules
         const DistinctRule& rule = rules_.distinct[number];
         const std::vector<RuleItem> items = FindAllItems(md, rule.items);
         if (Contains(rule.keywords, key.first->GetName()) && !items.empty())
-            record.distinct.push_back({&rule, number, items, FindNumber(md, rule.last)});
+            record.distinct.push_back(
+                {&rule, number, items, FindNumber(md, rule.last), FindCondition(md, rule.when)});
     }
 }
 
 void RulePlans::AddRequirements(const Key& key, const IKeywordDataMD& md, RecordRules& record) const
 {
     for (const RequireRule& rule : rules_.requirements) {
-        const RuleItem when = FindRuleItem(md, rule.when.item);
+        const ItemCondition when = FindCondition(md, rule.when);
         const std::vector<RuleItem> items = FindAllItems(md, rule.items);
-        if (!Contains(rule.keywords, key.first->GetName()) || !when.IsThere()
+        if (!Contains(rule.keywords, key.first->GetName()) || !when.item.IsThere()
             || items.size() != rule.items.size())
             continue;
-        RecordRules::Requirement requirement = {&rule, {&rule.when, when}, items, {}};
-        for (const RequireRule::Condition& unless : rule.unless)
-            requirement.unless.push_back({&unless, FindRuleItem(md, unless.item)});
+        RecordRules::Requirement requirement = {&rule, when, items, {}};
+        for (const RecordCondition& unless : rule.unless)
+            requirement.unless.push_back(FindCondition(md, unless));
         record.requirements.push_back(std::move(requirement));
     }
 }
@@ -109,6 +112,21 @@ void RulePlans::AddTrees(const Key& key, const IKeywordDataMD& md, RecordRules& 
             record.trees.push_back({number, false, child, parent});
         if (Contains(rule.memberKeywords, key.first->GetName()) && child.IsThere() && member.IsThere())
             record.trees.push_back({number, true, member, child});
+    }
+}
+
+/// The owner and the numbers may be in two records of one keyword.
+void RulePlans::AddMatches(const Key& key, const IKeywordDataMD& md, RecordRules& record) const
+{
+    for (std::size_t number = 0; number < rules_.matches.size(); ++number) {
+        for (const MatchRule::Use& use : rules_.matches[number].uses) {
+            const std::vector<std::string> names(use.items.begin() + 1, use.items.end());
+            const RuleItem owner = FindRuleItem(md, use.items.front());
+            const std::vector<RuleItem> numbers = FindAllItems(md, names);
+            if (Contains(use.keywords, key.first->GetName()) && (owner.IsThere() || !numbers.empty()))
+                record.matches.push_back(
+                    {number, &use, owner, numbers, FindNumber(md, use.last), FindRuleItem(md, use.unless)});
+        }
     }
 }
 

@@ -1,11 +1,14 @@
 #include "quor/deck/internal/rules/RecordValues.h"
 
 #include "quor/deck/internal/read/data/DataValue.h"
+#include "quor/deck/internal/rules/NameTable.h"
 #include "quor/deck/internal/text/TextHash.h"
 #include "quor/foundation/service/Optional.h"
+#include "quor/metadata/IKeywordChoiceMD.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace Veld::Quor::Core::Decks {
@@ -74,6 +77,32 @@ RuleItem FindRuleItem(const IKeywordDataMD& record, const std::string& name)
     return {};
 }
 
+ItemCondition FindCondition(const IKeywordDataMD& record, const RecordCondition& condition)
+{
+    if (condition.item.empty())
+        return {};
+    ItemCondition found = {&condition, FindRuleItem(record, condition.item), -1};
+    if (found.item.type == MDType::Choice) {
+        const auto& items = static_cast<const IKeywordRecordMD&>(record);
+        found.choice = static_cast<const IKeywordChoiceMD*>(items.GetItemMD(found.item.index))
+                           ->Match(condition.word)
+                           .index;
+    }
+    return found;
+}
+
+bool Holds(const ItemCondition& condition, const IKeywordRecordData& record)
+{
+    if (!condition.rule)
+        return true;
+    if (condition.rule->word.empty())
+        return IsItemSet(record, condition.item);
+    if (condition.choice >= 0)
+        return ItemOf<int>(record, condition.item).ValueOr(-1) == condition.choice;
+    return HasItem(record, condition.item)
+        && IsMatch(condition.rule->word, ValueText(record, condition.item));
+}
+
 long long NumberOf(const IKeywordRecordData& record, const RuleItem& item)
 {
     return ItemOf<int>(record, item).ValueOr(0);
@@ -95,7 +124,7 @@ bool IsItemSet(const IKeywordRecordData& record, const RuleItem& item)
     if (!HasItem(record, item))
         return false;
     if (item.type == MDType::Integer)
-        return NumberOf(record, item) != 0;
+        return NumberOf(record, item) > 0;
     return item.type != MDType::Real || *ItemOf<double>(record, item) != 0;
 }
 
@@ -107,24 +136,25 @@ std::string ValueText(const IKeywordRecordData& record, const RuleItem& item)
     return ToText(md, ItemValue(md, record.GetData(item.index)));
 }
 
-RecordKeys::RecordKeys(
-    const IKeywordRecordData& record, const std::vector<RuleItem>& items, const RuleItem& last, bool mayLack)
+RecordKeys::RecordKeys(const IKeywordRecordData& record, const std::vector<RuleItem>& items,
+    const RuleItem& last, std::size_t required)
 {
     TextHash hash;
     const std::size_t single = items.size() - (last.IsThere() ? 1 : 0);
     for (std::size_t i = 0; i < single; ++i) {
         if (AddItem(record, items[i], hash, hasZero))
             continue;
-        if (!mayLack || i == 0)
+        if (i < required)
             return;
         AddText("*", hash);
+        hasZero = true;
     }
     if (!last.IsThere()) {
         keys.push_back(hash.Get());
         return;
     }
     constexpr long long longest = 1'000; // a longer run is a mistake that others report
-    const long long first = NumberOf(record, items.back());
+    const long long first = std::max(NumberOf(record, items.back()), 1LL);
     const long long end = NumberOf(record, last);
     for (long long at = first; at <= end && end - first < longest; ++at) {
         TextHash key = hash;

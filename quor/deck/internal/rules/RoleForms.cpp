@@ -1,23 +1,8 @@
 #include "quor/deck/internal/rules/RoleForms.h"
 
-#include "quor/deck/internal/text/NumberText.h"
-
 #include <fmt/format.h>
 
 namespace Veld::Quor::Core::Decks {
-
-namespace {
-
-double ReadNumber(RuleElement& element, const char* attribute)
-{
-    const std::string text = element.Get(attribute);
-    const auto number = ToReal(text);
-    if (!number)
-        element.Fail(fmt::format("attribute '{}' is '{}'; expected a number", attribute, text), attribute);
-    return *number;
-}
-
-} // namespace
 
 void ReadRole(RuleElement& element, RuleSet& rules)
 {
@@ -32,7 +17,11 @@ void ReadRole(RuleElement& element, RuleSet& rules)
 void ReadPlausible(RuleElement& element, RuleSet& rules)
 {
     rules.magnitudes.push_back({element.GetKeywords("keywords"), element.FindItems("items"),
-        ReadNumber(element, "least"), ReadNumber(element, "greatest"), element.IsFlagged("alone")});
+        element.GetNumber("least"), element.GetNumber("greatest"), element.IsFlagged("alone")});
+    if (rules.magnitudes.back().least > rules.magnitudes.back().greatest)
+        element.Fail(fmt::format("attribute 'least' is {}, above 'greatest' {}",
+                         rules.magnitudes.back().least, rules.magnitudes.back().greatest),
+            "least");
 }
 
 } // namespace Veld::Quor::Core::Decks

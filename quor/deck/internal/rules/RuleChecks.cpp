@@ -7,6 +7,8 @@
 
 #include <charconv>
 #include <iterator>
+#include <set>
+#include <string>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -42,6 +44,7 @@ RuleChecks::RuleChecks(const RuleContext& context)
     , presence_(context, names_)
     , records_(context, presence_)
     , members_(context)
+    , matches_(context)
     , trees_(context)
     , arrays_(context)
 {
@@ -69,15 +72,38 @@ void RuleChecks::Follow(bool isKnown, bool isMisplaced)
         members_.CheckTables(*rule);
     if (!rules.elements.empty())
         CheckElements(rules.elements);
+    if (!rules.indices.empty() && isWhole_)
+        numbers_.CheckElements(rules.indices);
     if (rules.region)
         numbers_.CheckRegion(*rules.region);
+    if (!rules.arrays.empty())
+        numbers_.FollowArray(rules.arrays);
+    if (rules.gridName.IsThere())
+        numbers_.FollowGrid(static_cast<const Record&>(*keyword.data), rules.gridName);
 }
 
 void RuleChecks::FollowUnsound(const KeywordRules& rules, bool isMisplaced)
 {
-    const std::string_view text = deck_.files.GetText(deck_.keywords.back().whole);
+    const KeywordInstance& keyword = deck_.keywords.back();
+    const std::string_view text = deck_.files.GetText(keyword.whole);
+    if (isMisplaced)
+        ExcuseMissing(keyword);
     FollowUnsound(rules.elements, text, isMisplaced);
     FollowUnsound(rules.record, text, isMisplaced);
+    if (!rules.arrays.empty())
+        numbers_.LoseArray(deck_.NameOf(keyword));
+}
+
+/// What it lacks was reported, and explains what else is missing.
+void RuleChecks::ExcuseMissing(const KeywordInstance& keyword)
+{
+    std::set<std::string> missing;
+    if (keyword.syntax->HasPrecedents())
+        missing = keyword.syntax->GetPrecedents(keyword.section);
+    for (auto name = missing.begin(); name != missing.end();)
+        name = presence_.Has(*name) ? missing.erase(name) : std::next(name);
+    presence_.Excuse(missing);
+    names_.LoseDefinedBy(missing);
 }
 
 void RuleChecks::FollowUnsound(
@@ -96,6 +122,7 @@ void RuleChecks::FollowUnsound(const RecordRules& rules, std::string_view text, 
     FollowUnsound(rules.names, text, isMisplaced);
     if (!rules.trees.empty())
         trees_.Lose();
+    matches_.Lose(rules);
     for (const RecordRules& inner : rules.inner)
         FollowUnsound(inner, text, isMisplaced);
 }
@@ -122,9 +149,42 @@ void RuleChecks::EndDeck(bool isSure)
 {
     if (!isSure || !isWhole_)
         return;
+    presence_.EndDeck(records_.GetMissing());
+    records_.EndDeck();
+    names_.LoseDefinedBy(presence_.GetReported());
     names_.EndDeck(presence_.IsWholeDeck());
     trees_.EndDeck();
-    presence_.EndDeck();
+    if (matches_.HasReferences()) {
+        DefineMatches();
+        matches_.EndDeck();
+    }
+}
+
+/// Of all keywords that define what others refer to.
+void RuleChecks::DefineMatches()
+{
+    for (const KeywordInstance& keyword : deck_.keywords) {
+        const KeywordRules& rules = plans_.Get(*keyword.syntax, keyword.section);
+        if (!rules.definesMatches || !keyword.data || !keyword.isSound)
+            continue;
+        if (IsRecord(*keyword.data))
+            DefineMatches(rules.record, static_cast<const Record&>(*keyword.data));
+        else
+            ForEachRecord(*keyword.data,
+                [&](const Record& record, std::size_t) { DefineMatches(rules.record, record); });
+    }
+}
+
+void RuleChecks::DefineMatches(const RecordRules& rules, const Record& record)
+{
+    matches_.Define(rules, record);
+    for (const RecordRules& inner : rules.inner) {
+        const auto& data = *static_cast<const IKeywordData*>(record.GetData(inner.item));
+        if (IsRecord(data))
+            DefineMatches(inner, static_cast<const Record&>(data));
+        else
+            ForEachRecord(data, [&](const Record& one, std::size_t) { DefineMatches(inner, one); });
+    }
 }
 
 void RuleChecks::CheckRoot(const RecordRules& rules)
@@ -137,39 +197,53 @@ void RuleChecks::CheckRoot(const RecordRules& rules)
 
 void RuleChecks::CheckRecord(const RecordRules& rules, const Record& record, const ValuePosition& position)
 {
-    CheckNames(rules, record, position);
+    const bool isUndefined = CheckNames(rules, record, position);
     const bool isOutside = !isOfLocalGrid_ && numbers_.CheckIndices(rules, record, position);
-    if (!isOutside)
-        numbers_.CheckOrders(rules, record, position);
     numbers_.CheckAssignments(rules, record, position);
-    records_.Check(rules, record, position);
-    if (!isOutside)
+    records_.CheckRequirements(rules, record, position);
+    if (!isOutside) {
+        numbers_.CheckOrders(rules, record, position);
+        records_.CheckDistinct(rules, record, position);
         members_.Check(rules, record, position);
+    }
     trees_.Follow(rules, record, position);
+    if (isOutside || isUndefined)
+        matches_.Lose(rules);
+    else
+        matches_.Follow(rules, record, position);
     for (const RecordRules& inner : rules.inner)
         CheckInner(inner, *static_cast<const IKeywordData*>(record.GetData(inner.item)), position);
 }
 
-/// An item that names nothing of one kind is not reported as none of another.
-void RuleChecks::CheckNames(const RecordRules& rules, const Record& record, const ValuePosition& position)
+/// An item that names nothing of one kind is not reported as none of another. Whether there is one.
+bool RuleChecks::CheckNames(const RecordRules& rules, const Record& record, const ValuePosition& position)
 {
     int reported = -1;
     for (const RecordRules::Name& rule : rules.names) {
-        if (rule.item != reported && CheckItem(rule, record, position))
+        if (rule.item != reported && Holds(rule.when, record) && CheckItem(rule, record, position))
             reported = rule.item;
-        if (rule.isArray && rule.type == MDType::String)
-            arrays_.Forget(static_cast<const Optional<std::string>*>(record.GetData(rule.item))->ValueOr(""));
+        if (!rule.isArray || rule.type != MDType::String)
+            continue;
+        const std::string array =
+            static_cast<const Optional<std::string>*>(record.GetData(rule.item))->ValueOr("");
+        arrays_.Forget(array);
+        if (rules.assignments.empty())
+            numbers_.LoseArray(array);
     }
+    return reported >= 0;
 }
 
 /// A record within a record, or a list of them.
 void RuleChecks::CheckInner(const RecordRules& rules, const IKeywordData& data, const ValuePosition& position)
 {
-    const bool isFirst = rules.item == 0 && IsRecord(data); // its values are the first ones of the data
-    const ValuePosition around = {position.element, rules.item, isFirst};
+    ValuePosition around = {position.element, rules.item, rules.slashes.has_value(),
+        position.slashes + rules.slashes.value_or(0)};
     if (IsRecord(data))
         return CheckRecord(rules, static_cast<const Record&>(data), around);
-    ForEachRecord(data, [&](const Record& record, std::size_t) { CheckRecord(rules, record, around); });
+    ForEachRecord(data, [&](const Record& record, std::size_t) {
+        CheckRecord(rules, record, around);
+        ++around.slashes; // each of the list ends with one
+    });
 }
 
 /// A text, a whole number above 0, or a list of texts. Whether it was reported.
@@ -181,29 +255,45 @@ bool RuleChecks::CheckItem(const RecordRules::Name& rule, const Record& record, 
         const auto& name = *static_cast<const Optional<std::string>*>(data);
         return name && names_.Follow(rule, *name, position);
     }
-    if (rule.type == MDType::Integer) {
-        const auto& number = *static_cast<const Optional<int>*>(data);
-        if (!number || *number <= 0)
-            return false;
-        char digits[16];
-        const char* const end = std::to_chars(std::begin(digits), std::end(digits), *number).ptr;
-        return names_.Follow(rule, {digits, static_cast<std::size_t>(end - digits)}, position);
-    }
-    position.isFlat = false;
+    if (rule.type == MDType::Integer)
+        return FollowNumber(rule, static_cast<const Optional<int>*>(data)->ValueOr(0), position);
+    position.isFlat = position.isFlat && rule.isAfterScalars;
     bool isReported = false;
-    for (const std::string& name : As<std::string>(*static_cast<const IKeywordListData*>(data)))
+    for (const std::string& name : As<std::string>(*static_cast<const IKeywordListData*>(data))) {
         isReported = names_.Follow(rule, name, position) || isReported;
+        ++position.item;
+        if (rule.isFirstOnly)
+            break;
+    }
     return isReported;
 }
 
+/// A number above 0 is a name. Whether it was reported.
+bool RuleChecks::FollowNumber(const RecordRules::Name& rule, int number, const ValuePosition& position)
+{
+    if (number <= 0)
+        return false;
+    char digits[16];
+    const char* const end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
+    return names_.Follow(rule, {digits, static_cast<std::size_t>(end - digits)}, position);
+}
+
+/// Any word of a line may be a name.
 void RuleChecks::CheckElements(const std::vector<RecordRules::Name>& rules)
 {
-    std::size_t element = 0;
-    for (const std::string& name :
-        As<std::string>(static_cast<const IKeywordListData&>(*deck_.keywords.back().data))) {
-        for (const RecordRules::Name& rule : rules)
-            names_.Follow(rule, name, {element});
-        ++element;
+    const KeywordInstance& keyword = deck_.keywords.back();
+    const auto& list = static_cast<const IKeywordListData&>(*keyword.data);
+    for (const RecordRules::Name& rule : rules) {
+        std::size_t element = 0;
+        if (rule.type == MDType::Line && rule.isDefinition) {
+            names_.FollowUnsound(rule.kind, deck_.files.GetText(keyword.whole));
+        } else if (rule.type == MDType::Integer) {
+            for (const int number : As<int>(list))
+                FollowNumber(rule, number, {element++});
+        } else if (rule.type == MDType::String) {
+            for (const std::string& name : As<std::string>(list))
+                names_.Follow(rule, name, {element++});
+        }
     }
 }
 

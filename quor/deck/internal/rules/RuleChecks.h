@@ -1,6 +1,7 @@
 #pragma once
 
 #include "quor/deck/internal/rules/ArrayChecks.h"
+#include "quor/deck/internal/rules/MatchChecks.h"
 #include "quor/deck/internal/rules/MemberChecks.h"
 #include "quor/deck/internal/rules/NameChecks.h"
 #include "quor/deck/internal/rules/NumberChecks.h"
@@ -36,15 +37,19 @@ private:
 
     bool IsOfLocalGrid(std::uint32_t scope);
     void FollowUnsound(const KeywordRules& rules, bool isMisplaced);
+    void ExcuseMissing(const KeywordInstance& keyword);
     void FollowUnsound(const std::vector<RecordRules::Name>& names, std::string_view text, bool isMisplaced);
     void FollowUnsound(const RecordRules& rules, std::string_view text, bool isMisplaced);
     void CheckRoot(const RecordRules& rules);
     void CheckRecord(const RecordRules& rules, const Record& record, const ValuePosition& position);
     void CheckInner(
         const RecordRules& rules, const Keywords::IKeywordData& data, const ValuePosition& position);
-    void CheckNames(const RecordRules& rules, const Record& record, const ValuePosition& position);
+    bool CheckNames(const RecordRules& rules, const Record& record, const ValuePosition& position);
+    bool FollowNumber(const RecordRules::Name& rule, int number, const ValuePosition& position);
     bool CheckItem(const RecordRules::Name& rule, const Record& record, ValuePosition position);
     void CheckElements(const std::vector<RecordRules::Name>& rules);
+    void DefineMatches();
+    void DefineMatches(const RecordRules& rules, const Record& record);
 
     const DeckContents& deck_;
     RulePlans plans_;
@@ -53,6 +58,7 @@ private:
     PresenceChecks presence_;
     RecordChecks records_;
     MemberChecks members_;
+    MatchChecks matches_;
     TreeChecks trees_;
     ArrayChecks arrays_;
     bool isOfLocalGrid_ = false; // the last keyword

@@ -1,6 +1,7 @@
 #include "quor/deck/internal/rules/RuleElement.h"
 
 #include "quor/deck/DeckLanguage.h"
+#include "quor/deck/internal/text/NumberText.h"
 
 #include <fmt/format.h>
 
@@ -132,6 +133,15 @@ bool RuleElement::IsFlagged(const char* attribute)
     return value == "true";
 }
 
+double RuleElement::GetNumber(const char* attribute)
+{
+    const std::string text = Get(attribute);
+    const auto number = ToReal(text);
+    if (!number)
+        Fail(fmt::format("attribute '{}' is '{}'; expected a number", attribute, text), attribute);
+    return *number;
+}
+
 void RuleElement::Check(const char* what, const std::string& word, const std::set<std::string>& known,
     const char* attribute) const
 {
@@ -144,6 +154,23 @@ void RuleElement::CheckItem(const std::string& item, const char* attribute) cons
 {
     if (origin_.isChecked)
         Check("item", item, origin_.words.GetItems(), attribute);
+}
+
+void RuleElement::CheckChoice(const std::vector<std::string>& keywords, const std::string& item,
+    const std::string& word, const char* attribute) const
+{
+    if (!origin_.isChecked || word.empty() || keywords.empty()
+        || word.find_first_of("*?") != std::string::npos)
+        return;
+    std::set<std::string> words;
+    for (const std::string& keyword : keywords) {
+        if (!origin_.words.AddChoices(keyword, item, words))
+            return;
+    }
+    if (words.count(word) == 0)
+        Fail(words.empty() ? fmt::format("no keyword of the rule has item '{}'", item)
+                           : fmt::format("{} has no choice '{}'", item, word),
+            attribute, HintOf(FindNearest({words.begin(), words.end()}, word)));
 }
 
 void RuleElement::CheckAllAsked() const

@@ -68,12 +68,17 @@ public:
     std::vector<std::string> GetItems(const char* attribute);
     /// @}
     bool IsFlagged(const char* attribute);
+    double GetNumber(const char* attribute);
 
     /// Refuses a word that isn't among the known ones. `what`: "keyword"; `attribute`: that has it.
     void Check(const char* what, const std::string& word, const std::set<std::string>& known,
         const char* attribute) const;
     /// Refuses an item that the language doesn't have.
     void CheckItem(const std::string& item, const char* attribute) const;
+    /// Refuses a word that none of the keywords has as a choice of the item. Without keywords nothing is
+    /// known.
+    void CheckChoice(const std::vector<std::string>& keywords, const std::string& item,
+        const std::string& word, const char* attribute) const;
     /// Refuses attributes that no rule of this kind has.
     void CheckAllAsked() const;
 

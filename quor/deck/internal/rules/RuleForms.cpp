@@ -1,112 +1,24 @@
 #include "quor/deck/internal/rules/RuleForms.h"
 
 #include "quor/deck/DeckLanguage.h"
-#include "quor/deck/FindingCodes.h"
 #include "quor/deck/internal/rules/RoleForms.h"
+#include "quor/deck/internal/rules/RuleParts.h"
 #include "quor/deck/internal/rules/SizeForms.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <iterator>
-#include <set>
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
 
-using namespace Core::Keywords;
-
 namespace {
-
-/// Comments of decks may name it.
-void NoteCode(const RuleElement& element, const std::string& code, RuleSet& rules)
-{
-    const auto isKnown = [&](const CodeInfo& info) { return info.name == code; };
-    if (!code.empty() && std::none_of(Codes().begin(), Codes().end(), isKnown)
-        && std::find(rules.ownCodes.begin(), rules.ownCodes.end(), code) == rules.ownCodes.end()) {
-        constexpr std::size_t mostCodes = 100; // comments of decks know no more
-        if (rules.ownCodes.size() == mostCodes)
-            element.Fail(
-                fmt::format("too many codes of documents of rules; expected at most {}", mostCodes), "code");
-        rules.ownCodes.push_back(code);
-    }
-}
-
-FindingVoice ReadVoice(RuleElement& element, RuleSet& rules)
-{
-    FindingVoice voice;
-    voice.text = element.Find("text");
-    voice.code = element.Find("code");
-    if (voice.code.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789-") != std::string::npos)
-        element.Fail(fmt::format("attribute 'code' is '{}'; expected lower-case letters, digits and hyphens",
-                         voice.code),
-            "code");
-    const std::string severity = element.Find("severity");
-    for (const Severity known : {Severity::Error, Severity::Warning, Severity::Note}) {
-        if (severity == ToString(known))
-            voice.severity = known;
-    }
-    if (!severity.empty() && !voice.severity)
-        element.Fail(
-            fmt::format("attribute 'severity' is '{}'; expected 'error', 'warning' or 'note'", severity),
-            "severity");
-    NoteCode(element, voice.code, rules);
-    return voice;
-}
-
-std::vector<SectionType::Enum> ReadSections(RuleElement& element)
-{
-    std::vector<SectionType::Enum> sections;
-    for (const std::string& word : element.FindWords("sections")) {
-        bool isFound = false;
-        sections.push_back(SectionType::FromString(word, &isFound));
-        if (!isFound)
-            element.Fail(fmt::format("unknown section '{}'", word), "sections");
-    }
-    return sections;
-}
-
-ItemSelection ReadSelection(RuleElement& element)
-{
-    ItemSelection selection;
-    selection.keywords = element.FindKeywords("keywords");
-    selection.except = element.FindKeywords("except");
-    selection.items = element.FindItems("items");
-    selection.unless = element.FindItem("unless");
-    selection.sections = ReadSections(element);
-    if (const std::string word = element.Find("entity"); !word.empty()) {
-        bool isFound = false;
-        selection.entity = SummaryEntity::FromString(word, &isFound);
-        if (!isFound)
-            element.Fail(fmt::format("unknown kind of output vector '{}'", word), "entity");
-    }
-    if (selection.keywords.empty() && selection.items.empty() && !selection.entity)
-        element.Fail("no keywords and no items", {}, "expected 'keywords', 'items' or 'entity'");
-    return selection;
-}
 
 template <class T>
 void Add(std::vector<T> more, std::vector<T>& values)
 {
     values.insert(values.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
-}
-
-/// Fails for a kind that no <names> has.
-std::string ReadKind(RuleElement& element, const char* attribute, const RuleSet& rules)
-{
-    std::set<std::string> kinds;
-    for (const NameRule& rule : rules.names)
-        kinds.insert(rule.noun);
-    std::string kind = element.Get(attribute);
-    element.Check("kind of names", kind, kinds, attribute);
-    return kind;
-}
-
-SizeLimit ReadLimit(RuleElement& element)
-{
-    const std::string item = element.GetItem("size");
-    const std::string keyword = element.GetKeywords("keyword").front();
-    return {item, keyword, keyword + '.' + item};
 }
 
 NameRule::Use ReadUse(RuleElement& element, const FindingVoice& around, RuleSet& rules)
@@ -118,6 +30,7 @@ NameRule::Use ReadUse(RuleElement& element, const FindingVoice& around, RuleSet&
     use.where = ReadSelection(element);
     use.mayComeFirst = element.IsFlagged("early");
     use.isUncounted = use.isDefinition && element.IsFlagged("uncounted");
+    use.isFirstOnly = element.IsFlagged("first");
     use.voice = ReadVoice(element, rules);
     if (use.voice.code.empty())
         use.voice.code = around.code;
@@ -144,6 +57,7 @@ void ReadNames(RuleElement& element, RuleSet& rules)
     Add(element.FindWords("always"), rule.always);
     Add(element.FindWords("ignored"), rule.ignored);
     rule.areArrays = element.IsFlagged("arrays") || rule.areArrays;
+    rule.areVectors = element.IsFlagged("vectors") || rule.areVectors;
     rule.hasPatterns = element.IsFlagged("patterns") || rule.hasPatterns;
     if (const std::string lists = element.Find("lists"); !lists.empty())
         rule.lists = lists;
@@ -153,7 +67,8 @@ void ReadNames(RuleElement& element, RuleSet& rules)
 
 void ReadIndex(RuleElement& element, RuleSet& rules)
 {
-    rules.indices.push_back({ReadVoice(element, rules), ReadSelection(element), element.GetItem("size")});
+    rules.indices.push_back({ReadVoice(element, rules), ReadSelection(element), element.GetItem("size"),
+        element.FindItem("grid"), element.FindKeywords("arrays")});
 }
 
 void ReadOrder(RuleElement& element, RuleSet& rules)
@@ -177,9 +92,12 @@ void ReadAssign(RuleElement& element, RuleSet& rules)
 
 void ReadNeed(RuleElement& element, RuleSet& rules)
 {
-    rules.needs.push_back(
-        {ReadVoice(element, rules), element.GetKeywords("anyOf"), element.GetKeywords("in").front(),
-            element.Get("what"), element.FindKeywords("when"), element.FindKeywords("unless")});
+    NeedRule rule = {ReadVoice(element, rules), element.GetKeywords("anyOf"),
+        element.GetKeywords("in").front(), element.Get("what"), element.FindKeywords("when"),
+        element.FindKeywords("unless"), element.FindItem("size"), 0};
+    if (!rule.size.empty())
+        rule.least = static_cast<long long>(element.GetNumber("least"));
+    rules.needs.push_back(std::move(rule));
 }
 
 void ReadExclusive(RuleElement& element, RuleSet& rules)
@@ -200,9 +118,11 @@ void ReadCount(RuleElement& element, RuleSet& rules)
 
 void ReadMembers(RuleElement& element, RuleSet& rules)
 {
-    rules.members.push_back({ReadVoice(element, rules), element.GetKeywords("keywords"),
-        element.FindItem("of"), element.FindItems("items"), element.FindItem("last"),
-        element.IsFlagged("oneOwner"), element.Get("what"), ReadLimit(element)});
+    auto keywords = element.GetKeywords("keywords");
+    auto when = ReadCondition(element, element.Find("when"), "when", keywords);
+    rules.members.push_back({ReadVoice(element, rules), std::move(keywords), element.FindItem("of"),
+        element.FindItems("items"), element.FindItem("last"), element.IsFlagged("oneOwner"),
+        element.Get("what"), std::move(when), ReadLimit(element)});
 }
 
 void ReadLength(RuleElement& element, RuleSet& rules)
@@ -213,15 +133,27 @@ void ReadLength(RuleElement& element, RuleSet& rules)
 
 void ReadDistinct(RuleElement& element, RuleSet& rules)
 {
-    rules.distinct.push_back({ReadVoice(element, rules), element.GetKeywords("keywords"),
-        element.GetItems("items"), element.FindItem("last")});
+    auto keywords = element.GetKeywords("keywords");
+    auto when = ReadCondition(element, element.Find("when"), "when", keywords);
+    rules.distinct.push_back(
+        {ReadVoice(element, rules), std::move(keywords), element.GetItems("items"), element.FindItem("last"),
+            std::move(when), element.IsFlagged("ofStep"), element.IsFlagged("ofOthers")});
 }
 
-/// "ITEM" or "ITEM=WORD"
-RequireRule::Condition ReadCondition(const std::string& text)
+/// The uses of a kind of records.
+void ReadMatch(RuleElement& element, RuleSet& rules)
 {
-    const std::size_t equals = text.find('=');
-    return {text.substr(0, equals), equals == std::string::npos ? "" : text.substr(equals + 1)};
+    MatchRule rule = {element.Get("what"), element.FindWords("always"), {}};
+    element.ForEachChild([&](RuleElement child) {
+        if (child.GetTag() != "define" && child.GetTag() != "refer")
+            child.Fail("unknown element", {}, "expected <define> or <refer>");
+        rule.uses.push_back({ReadVoice(child, rules), child.GetKeywords("keywords"), child.GetItems("items"),
+            child.FindItem("last"), child.FindItem("unless"), child.GetTag() == "define"});
+        if (rule.uses.back().items.size() > 1 + mostMatchNumbers)
+            child.Fail("too many items; expected a name and at most three numbers", "items");
+        child.CheckAllAsked();
+    });
+    rules.matches.push_back(std::move(rule));
 }
 
 void ReadRequire(RuleElement& element, RuleSet& rules)
@@ -229,16 +161,15 @@ void ReadRequire(RuleElement& element, RuleSet& rules)
     RequireRule rule;
     rule.voice = ReadVoice(element, rules);
     rule.keywords = element.GetKeywords("keywords");
-    rule.when = ReadCondition(element.Get("when"));
-    element.CheckItem(rule.when.item, "when");
+    rule.when = ReadCondition(element, element.Get("when"), "when", rule.keywords);
     rule.items = element.FindItems("items");
     rule.present = element.FindKeywords("present");
+    if (!rule.present.empty())
+        rule.with = element.FindKeywords("with");
     if (rule.items.empty() == rule.present.empty())
         element.Fail("a record requires 'items' or 'present', one of both");
-    for (const std::string& word : element.FindWords("unless")) {
-        rule.unless.push_back(ReadCondition(word));
-        element.CheckItem(rule.unless.back().item, "unless");
-    }
+    for (const std::string& word : element.FindWords("unless"))
+        rule.unless.push_back(ReadCondition(element, word, "unless", rule.keywords));
     rules.requirements.push_back(std::move(rule));
 }
 
@@ -262,6 +193,8 @@ void ReadWhole(RuleElement& element, RuleSet& rules)
 
 void ReadLocal(RuleElement& element, RuleSet& rules)
 {
+    if (const std::string name = element.FindItem("name"); !name.empty())
+        rules.namedGrids.push_back({element.GetKeywords("keywords"), name});
     Add(element.GetKeywords("keywords"), rules.localGrids);
 }
 
@@ -276,12 +209,12 @@ struct RuleForm {
     void (*read)(RuleElement& element, RuleSet& rules);
 };
 
-constexpr RuleForm ruleForms[] = {{"names", ReadNames}, {"index", ReadIndex}, {"order", ReadOrder},
-    {"region", ReadRegion}, {"assign", ReadAssign}, {"need", ReadNeed}, {"exclusive", ReadExclusive},
-    {"once", ReadOnce}, {"count", ReadCount}, {"members", ReadMembers}, {"length", ReadLength},
-    {"distinct", ReadDistinct}, {"require", ReadRequire}, {"tree", ReadTree}, {"overwrite", ReadOverwrite},
-    {"role", ReadRole}, {"plausible", ReadPlausible}, {"size", ReadSize}, {"whole", ReadWhole},
-    {"local", ReadLocal}, {"open", ReadOpen}};
+constexpr RuleForm ruleForms[] = {{"names", ReadNames}, {"match", ReadMatch}, {"index", ReadIndex},
+    {"order", ReadOrder}, {"region", ReadRegion}, {"assign", ReadAssign}, {"need", ReadNeed},
+    {"exclusive", ReadExclusive}, {"once", ReadOnce}, {"count", ReadCount}, {"members", ReadMembers},
+    {"length", ReadLength}, {"distinct", ReadDistinct}, {"require", ReadRequire}, {"tree", ReadTree},
+    {"overwrite", ReadOverwrite}, {"role", ReadRole}, {"plausible", ReadPlausible}, {"size", ReadSize},
+    {"whole", ReadWhole}, {"local", ReadLocal}, {"open", ReadOpen}};
 
 } // namespace
 

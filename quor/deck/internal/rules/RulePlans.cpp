@@ -33,6 +33,32 @@ bool IsText(const IKeywordDataMD* md)
     return KeywordUtils::GetMDType(md) == MDType::String;
 }
 
+bool EndsWithSlash(const IKeywordDataMD& record)
+{
+    return RecordOf(record).GetTermination() == IKeywordDataMD::TerminationType::SLASH;
+}
+
+/// How many slashes are before an item of a record: those of the records that are its items before. Empty if
+/// others are among them.
+std::optional<std::size_t> SlashesBefore(const IKeywordDataMD& record, int item)
+{
+    for (int i = 0; i < item; ++i) {
+        const IKeywordDataMD* const before = RecordOf(record).GetItemMD(i);
+        if (KeywordUtils::GetMDType(before) != MDType::Record || !EndsWithSlash(*before))
+            return std::nullopt;
+    }
+    return static_cast<std::size_t>(item);
+}
+
+bool AreScalarsBefore(const IKeywordDataMD& record, int item)
+{
+    for (int i = 0; i < item; ++i) {
+        if (!KeywordUtils::IsItemMDType(RecordOf(record).GetItemMD(i)))
+            return false;
+    }
+    return true;
+}
+
 /// Texts, numbers and lists of texts may be names.
 bool MayBeName(const IKeywordDataMD& item)
 {
@@ -81,16 +107,40 @@ KeywordRules RulePlans::Make(const Key& key) const
             if (rule.item.empty() && Contains(rule.keywords, name))
                 plan.tables.push_back(&rule);
         }
-    } else if (IsText(element)) {
-        for (std::uint32_t kind = 0; kind < rules_.names.size(); ++kind) {
-            for (const NameRule::Use& use : rules_.names[kind].uses) {
-                if (use.where.items.empty() && IsAbout(use.where, *key.first, key.second))
-                    plan.elements.push_back({kind, -1, MDType::String, use.isDefinition, use.mayComeFirst,
-                        use.isUncounted, false, &use.voice});
-            }
-        }
+    } else if (element) {
+        AddElements(key, *element, plan);
+    }
+    for (const LocalGridRule& rule : rules_.namedGrids) {
+        if (Contains(rule.keywords, name) && KeywordUtils::GetMDType(root) == MDType::Record)
+            plan.gridName = FindRuleItem(*root, rule.name);
+    }
+    for (const MatchRule& rule : rules_.matches) {
+        for (const MatchRule::Use& use : rule.uses)
+            plan.definesMatches = plan.definesMatches || (use.isDefinition && Contains(use.keywords, name));
     }
     return plan;
+}
+
+/// Of a list of texts, whole numbers or lines: what it names, and where its numbers count.
+void RulePlans::AddElements(const Key& key, const IKeywordDataMD& element, KeywordRules& plan) const
+{
+    const MDType::Enum type = KeywordUtils::GetMDType(&element);
+    if (type != MDType::String && type != MDType::Integer && type != MDType::Line)
+        return;
+    for (std::uint32_t kind = 0; kind < rules_.names.size(); ++kind) {
+        for (const NameRule::Use& use : rules_.names[kind].uses) {
+            if (use.where.items.empty() && IsAbout(use.where, *key.first, key.second))
+                plan.elements.push_back({kind, -1, type, use.isDefinition, use.mayComeFirst, use.isUncounted,
+                    false, false, true, &use.voice, {}, {}});
+        }
+    }
+    for (std::size_t number = 0; number < rules_.indices.size(); ++number) {
+        const ItemSelection& where = rules_.indices[number].where;
+        if (type == MDType::Integer && where.items.empty() && IsAbout(where, *key.first, key.second))
+            plan.indices.push_back(number);
+        if (Contains(rules_.indices[number].arrays, key.first->GetName()))
+            plan.arrays.push_back(number);
+    }
 }
 
 RecordRules RulePlans::MakeRecord(const Key& key, const IKeywordDataMD& md) const
@@ -101,21 +151,24 @@ RecordRules RulePlans::MakeRecord(const Key& key, const IKeywordDataMD& md) cons
     AddMembers(key, md, record);
     AddRequirements(key, md, record);
     AddTrees(key, md, record);
+    AddMatches(key, md, record);
     for (int i = 0; i < RecordOf(md).GetSize(); ++i) {
         const IKeywordDataMD* item = RecordOf(md).GetItemMD(i);
-        if (const IKeywordDataMD* const element = ElementOf(item))
-            item = element;
+        const IKeywordDataMD* const element = ElementOf(item);
+        item = element ? element : item;
         if (KeywordUtils::GetMDType(item) != MDType::Record)
             continue;
         RecordRules inner = MakeRecord(key, *item);
         inner.item = i;
+        if (!element || EndsWithSlash(*element))
+            inner.slashes = SlashesBefore(md, i);
         if (!inner.isEmpty)
             record.inner.push_back(std::move(inner));
     }
     record.isEmpty = record.names.empty() && record.indices.empty() && record.orders.empty()
         && record.assignments.empty() && record.members.empty() && record.lengths.empty()
         && record.distinct.empty() && record.requirements.empty() && record.trees.empty()
-        && record.inner.empty();
+        && record.matches.empty() && record.inner.empty();
     return record;
 }
 
@@ -124,13 +177,14 @@ void RulePlans::AddNames(const Key& key, const IKeywordDataMD& md, RecordRules& 
 {
     const auto add = [&](std::uint32_t kind, const NameRule::Use& use, int item) {
         const auto isSame = [&](const RecordRules::Name& other) {
-            return other.kind == kind && other.item == item;
+            return other.kind == kind && other.item == item && !other.when.rule;
         };
         if (item >= 0 && MayBeName(*RecordOf(md).GetItemMD(item))
             && std::none_of(record.names.begin(), record.names.end(), isSame))
             record.names.push_back(
                 {kind, item, KeywordUtils::GetMDType(RecordOf(md).GetItemMD(item)), use.isDefinition,
-                    use.mayComeFirst, use.isUncounted, rules_.names[kind].areArrays, &use.voice});
+                    use.mayComeFirst, use.isUncounted, use.isFirstOnly, rules_.names[kind].areArrays,
+                    AreScalarsBefore(md, item), &use.voice, FindCondition(md, use.where.when)});
     };
     for (const bool isDefinition : {true, false}) {
         for (std::uint32_t kind = 0; kind < rules_.names.size(); ++kind) {
@@ -140,6 +194,12 @@ void RulePlans::AddNames(const Key& key, const IKeywordDataMD& md, RecordRules& 
                 for (const std::string& name : use.where.items)
                     add(kind, use, FindRuleItem(md, name).index);
             }
+        }
+    }
+    for (RecordRules::Name& name : record.names) {
+        for (const RecordRules::Name& other : record.names) {
+            if (other.isDefinition && other.item == name.item)
+                name.defines.push_back(other.kind);
         }
     }
 }

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -23,13 +24,19 @@ struct RecordRules {
         bool isDefinition;
         bool mayComeFirst;
         bool isUncounted;
+        bool isFirstOnly; ///< of a list
         bool isArray; ///< names of the kind are arrays
+        bool isAfterScalars; ///< all items before it are
         const FindingVoice* voice;
+        ItemCondition when;
+        std::vector<std::uint32_t> defines = {}; ///< kinds that the same item defines
     };
     struct Index {
         std::size_t number; ///< among the rules of indices
         RuleItem item;
         RuleItem unless;
+        RuleItem grid;
+        ItemCondition when;
     };
     struct Order {
         const OrderRule* rule;
@@ -46,6 +53,7 @@ struct RecordRules {
         RuleItem owner;
         std::vector<RuleItem> items;
         RuleItem last;
+        ItemCondition when;
     };
     struct Length {
         const LengthRule* rule;
@@ -56,16 +64,21 @@ struct RecordRules {
         std::size_t number; ///< among the rules of what is distinct
         std::vector<RuleItem> items;
         RuleItem last;
+        ItemCondition when;
     };
-    struct Condition {
-        const RequireRule::Condition* rule;
-        RuleItem item;
+    struct Match {
+        std::size_t number; ///< among the rules of matches
+        const MatchRule::Use* use;
+        RuleItem owner; ///< not there: that of the record before it in the keyword
+        std::vector<RuleItem> numbers; ///< empty: the record names the owner of others
+        RuleItem last;
+        RuleItem unless;
     };
     struct Requirement {
         const RequireRule* rule;
-        Condition when;
+        ItemCondition when;
         std::vector<RuleItem> items;
-        std::vector<Condition> unless;
+        std::vector<ItemCondition> unless;
     };
     struct Tree {
         std::size_t number; ///< among the rules of trees
@@ -83,15 +96,19 @@ struct RecordRules {
     std::vector<Distinct> distinct;
     std::vector<Requirement> requirements;
     std::vector<Tree> trees;
+    std::vector<Match> matches;
     std::vector<RecordRules> inner; ///< of items that are records or lists of records
     int item = -1; ///< of these: the item
+    std::optional<std::size_t> slashes; ///< that end what is before it in the element; empty: not known
     bool isEmpty = true; ///< there is no rule
 };
 
 /// What the rules say of one keyword in one section.
 struct KeywordRules {
     RecordRules record; ///< that it has as data, or of which it has a list
-    std::vector<RecordRules::Name> elements; ///< of the list of texts that it has as data
+    std::vector<RecordRules::Name> elements; ///< of the list of names that it has as data
+    std::vector<std::size_t> indices; ///< rules of the list of numbers that it has as data
+    std::vector<std::size_t> arrays; ///< rules of indices for which it is an array
     const RegionRule* region = nullptr;
     const ExclusiveRule* exclusive = nullptr;
     const OnceRule* once = nullptr;
@@ -99,8 +116,14 @@ struct KeywordRules {
     std::vector<const LengthRule*> tables; ///< of the list of tables that it carries
     bool isOpener = false;
     bool isOfLocalGrid = false; ///< what is in its scope
+    RuleItem gridName; ///< of a record that has the sizes of a local grid
+    bool definesMatches = false;
 
-    bool HasData() const { return !record.isEmpty || !elements.empty() || region || !tables.empty(); }
+    bool HasData() const
+    {
+        return !record.isEmpty || !elements.empty() || !indices.empty() || !arrays.empty() || region
+            || !tables.empty() || gridName.IsThere();
+    }
 };
 
 /// Works out once a deck what the rules say of each of its keywords.
@@ -125,6 +148,8 @@ private:
     void AddMembers(const Key& key, const Keywords::IKeywordDataMD& md, RecordRules& record) const;
     void AddRequirements(const Key& key, const Keywords::IKeywordDataMD& md, RecordRules& record) const;
     void AddTrees(const Key& key, const Keywords::IKeywordDataMD& md, RecordRules& record) const;
+    void AddMatches(const Key& key, const Keywords::IKeywordDataMD& md, RecordRules& record) const;
+    void AddElements(const Key& key, const Keywords::IKeywordDataMD& element, KeywordRules& plan) const;
 
     const RuleSet& rules_;
     std::map<Key, std::unique_ptr<const KeywordRules>> plans_;

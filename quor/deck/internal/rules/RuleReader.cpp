@@ -78,6 +78,8 @@ void ReadRuleFile(const std::string& path, RuleWords& words, RuleSet& rules)
     ReadOrThrow(NodeOf(*document.GetDocument()->getDocumentElement()), {path, words, true}, rules);
 }
 
+} // namespace
+
 /// Unpacked once: they are the same for all languages.
 const RuleNode& BuiltinRules()
 {
@@ -88,8 +90,6 @@ const RuleNode& BuiltinRules()
     }();
     return root;
 }
-
-} // namespace
 
 /// Names first: other rules are about their kinds.
 void ReadRules(const RuleNode& root, const RuleOrigin& origin, RuleSet& rules, const OnFailure& onFailure)

@@ -14,7 +14,9 @@ namespace Veld::Quor::Core::Decks {
 void ReadRules(const RuleNode& root, const RuleOrigin& origin, RuleSet& rules,
     const std::function<void(const RuleFailure&)>& onFailure);
 
-/// The rules that the library carries, and those of files, which are checked as what comes from a stranger.
+/// The documents of rules that the library carries, below one root.
+const RuleNode& BuiltinRules();
+/// These rules, and those of files, which are checked as what comes from a stranger.
 /// Throws `RuleError`.
 RuleSet ReadAllRules(Keywords::KeywordSyntaxTable& table, const std::vector<std::string>& files);
 

@@ -12,6 +12,12 @@
 
 namespace Veld::Quor::Core::Decks {
 
+/// What a record must say for a rule to be about it.
+struct RecordCondition {
+    std::string item; ///< has a value that is not 0; empty: there is no condition
+    std::string word; ///< has this one; '*' stands for any characters, '?' for one; may be empty
+};
+
 /// The items of keywords that a rule is about, by name.
 struct ItemSelection {
     std::vector<std::string> keywords; ///< empty: all
@@ -20,6 +26,7 @@ struct ItemSelection {
     std::vector<Keywords::SectionType::Enum> sections; ///< empty: all
     std::optional<Keywords::SummaryEntity::Enum> entity; ///< of the output vectors; none: any keyword
     std::string unless; ///< an item: a record that gives it is left out; may be empty
+    RecordCondition when; ///< of a record
 };
 
 /// Names of one kind: which items define them, and which must name one that is defined.
@@ -30,14 +37,37 @@ struct NameRule {
         bool isDefinition = false;
         bool mayComeFirst = false; ///< before the definition: judged at the end of the deck
         bool isUncounted = false; ///< a definition that no `CountRule` counts
+        bool isFirstOnly = false; ///< of a list of names its first
     };
 
     std::string noun; ///< "well"
     std::vector<std::string> always; ///< names that are there without a definition, in upper case
     std::vector<std::string> ignored; ///< words that are no names, in upper case
     bool areArrays = false; ///< the arrays of the language are there without a definition
+    bool areVectors = false; ///< the output vectors of the language are, and what the deck defines too
     bool hasPatterns = false; ///< '*' stands for any characters, '?' for one
     std::string lists; ///< the noun of the names that begin with '*'; empty: none do
+    std::vector<Use> uses;
+
+    bool AreOfLanguage() const { return areArrays || areVectors; }
+};
+
+/// Of one record that must match another.
+constexpr std::size_t mostMatchNumbers = 3;
+
+/// Records that must match one that defines the same thing: a completion of a well, a segment.
+struct MatchRule {
+    struct Use {
+        FindingVoice voice;
+        std::vector<std::string> keywords;
+        std::vector<std::string> items; ///< the name of the owner, and numbers; without a value: any
+        std::string last; ///< an item: the last of `items` runs from its number to this one; may be empty
+        std::string unless; ///< an item: a record that gives it is left out; may be empty
+        bool isDefinition = false;
+    };
+
+    std::string what; ///< "connection"
+    std::vector<std::string> always; ///< numbers that need no definition
     std::vector<Use> uses;
 };
 
@@ -46,6 +76,9 @@ struct IndexRule {
     FindingVoice voice;
     ItemSelection where;
     std::string size; ///< "NX"
+    std::string
+        grid; ///< an item: a record that gives it counts along the size of that local grid; may be empty
+    std::vector<std::string> arrays; ///< whose numbers are within the size too
 };
 
 /// Two whole numbers of a record, the first not above the last.
@@ -77,6 +110,8 @@ struct NeedRule {
     std::string what; ///< "properties of oil"
     std::vector<std::string> when; ///< keywords that must all be there; the first is named as the reason
     std::vector<std::string> unless; ///< keywords of which none may be there
+    std::string size; ///< that must be at least `least`; may be empty
+    long long least = 0;
 };
 
 /// Keywords of which a deck has one at most.
@@ -126,6 +161,7 @@ struct MemberRule {
     std::string last; ///< an item: the last of `items` runs from its number to this one; may be empty
     bool hasOneOwner = false; ///< a member that another owner has was moved from it
     std::string what; ///< "connections"
+    RecordCondition when;
     SizeLimit limit;
 };
 
@@ -138,27 +174,26 @@ struct LengthRule {
     SizeLimit limit;
 };
 
-/// What no two records of one keyword have in common.
+/// What no two records have in common.
 struct DistinctRule {
     FindingVoice voice;
     std::vector<std::string> keywords;
     std::vector<std::string> items;
     std::string last; ///< as that of a `MemberRule`
+    RecordCondition when; ///< of both records
+    bool isOfStep = false; ///< records of all these keywords in one report step, not of one keyword
+    bool isOfOthers = false; ///< of two keywords of different names
 };
 
 /// What a record must give when it gives something else.
 struct RequireRule {
-    struct Condition {
-        std::string item; ///< has a value that is not 0
-        std::string word; ///< has this one, of a choice; may be empty
-    };
-
     FindingVoice voice;
     std::vector<std::string> keywords;
-    Condition when;
+    RecordCondition when;
     std::vector<std::string> items; ///< one of them
     std::vector<std::string> present; ///< or one of these keywords
-    std::vector<Condition> unless; ///< none of these holds
+    std::vector<std::string> with; ///< only if the deck has all of these
+    std::vector<RecordCondition> unless; ///< none of these holds
 };
 
 /// Names that form a tree.
@@ -196,9 +231,16 @@ struct MagnitudeRule {
     bool isAlone; ///< others are wrong in any system of units
 };
 
+/// Keywords that name a local grid, and give its sizes by items of the names of those of the deck.
+struct LocalGridRule {
+    std::vector<std::string> keywords;
+    std::string name; ///< an item
+};
+
 /// What holds between the keywords of a deck, as documents of rules say it.
 struct RuleSet {
     std::vector<NameRule> names;
+    std::vector<MatchRule> matches;
     std::vector<IndexRule> indices;
     std::vector<OrderRule> orders;
     std::vector<RegionRule> regions;
@@ -219,6 +261,7 @@ struct RuleSet {
     std::vector<std::string> ownCodes; ///< of findings, beside those of the library, each once
     std::vector<std::string> whole; ///< what a deck has that is no part of one
     std::vector<std::string> localGrids; ///< keywords in whose scope numbers count along other sizes
+    std::vector<LocalGridRule> namedGrids;
     std::vector<std::string> openers; ///< keywords that bring in what the deck doesn't show
 };
 

@@ -37,6 +37,7 @@ private:
     void AddName(const RecordRules::Name& name, const std::string& item);
     void AddNumbers(const RecordRules& rules, const IKeywordDataMD& md);
     void AddCounts(const RecordRules& rules);
+    void AddMatch(const RecordRules::Match& match);
 
     const RuleSet& rules_;
     std::vector<KeywordRule> all_;
@@ -55,7 +56,7 @@ const IKeywordDataMD& ItemAt(const IKeywordDataMD& record, int item)
     return *static_cast<const IKeywordRecordMD&>(record).GetItemMD(item);
 }
 
-std::string ConditionText(const RequireRule::Condition& condition)
+std::string ConditionText(const RecordCondition& condition)
 {
     return condition.word.empty() ? fmt::format("{} has a value", condition.item)
                                   : fmt::format("{} is {}", condition.item, condition.word);
@@ -105,7 +106,7 @@ void RuleTexts::AddNumbers(const RecordRules& rules, const IKeywordDataMD& md)
     for (const RecordRules::Requirement& requirement : rules.requirements) {
         const RequireRule& rule = *requirement.rule;
         std::vector<std::string> unless;
-        for (const RequireRule::Condition& condition : rule.unless)
+        for (const RecordCondition& condition : rule.unless)
             unless.push_back(ConditionText(condition));
         const std::string what = Choices(rule.items.empty() ? rule.present : rule.items);
         Add("require", what, rule.when.item,
@@ -128,12 +129,32 @@ void RuleTexts::AddCounts(const RecordRules& rules)
             fmt::format("{} has at most {} of {} {}", length.rule->item, length.rule->limit.item,
                 length.rule->limit.keyword, length.rule->what));
     for (const RecordRules::Distinct& distinct : rules.distinct) {
-        const std::string items = fmt::format("{}", fmt::join(distinct.rule->items, ", "));
-        Add("distinct", "", items, fmt::format("one record for the same {}", items));
+        const DistinctRule& rule = *distinct.rule;
+        const std::string items = fmt::format("{}", fmt::join(rule.items, ", "));
+        Add("distinct", "", items,
+            rule.isOfOthers ? fmt::format(
+                "one of {} for the same {} in a report step", fmt::join(rule.keywords, ", "), items)
+                : rule.isOfStep ? fmt::format("one record for the same {} in a report step", items)
+                                : fmt::format("one record for the same {}", items));
     }
+    for (const RecordRules::Match& match : rules.matches)
+        AddMatch(match);
     for (const RecordRules::Tree& tree : rules.trees)
         Add("tree", rules_.trees[tree.number].noun, "",
             fmt::format("builds a tree: {}", rules_.trees[tree.number].noun));
+}
+
+void RuleTexts::AddMatch(const RecordRules::Match& match)
+{
+    const std::vector<std::string>& items = match.use->items;
+    const std::string& what = rules_.matches[match.number].what;
+    if (match.numbers.empty() && items.size() > 1) // the record of the owner
+        return;
+    if (match.use->isDefinition)
+        Add("match", what, items.back(), fmt::format("{} define a {}", fmt::join(items, ", "), what));
+    else
+        Add("match", what, items.back(),
+            fmt::format("{} refer to a {} that is defined", fmt::join(items, ", "), what));
 }
 
 void RuleTexts::AddKeyword(const std::string& name, const KeywordRules& plan)
@@ -144,6 +165,9 @@ void RuleTexts::AddKeyword(const std::string& name, const KeywordRules& plan)
         Add("length", rule->limit.item, "",
             fmt::format(
                 "each table has at most {} of {} {}", rule->limit.item, rule->limit.keyword, rule->what));
+    for (const std::size_t number : plan.indices)
+        Add("index", rules_.indices[number].size, "",
+            fmt::format("each number is at most {}", rules_.indices[number].size));
     if (plan.region)
         Add("region", plan.region->size, "",
             fmt::format("each number is at most {}, the number of {}", plan.region->size, plan.region->what));

@@ -1,6 +1,7 @@
 #include "quor/deck/internal/rules/RuleWords.h"
 
 #include "quor/deck/internal/rules/NameTable.h"
+#include "quor/metadata/IKeywordChoiceMD.h"
 #include "quor/metadata/IKeywordListMD.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
@@ -29,6 +30,29 @@ void AddItemNames(const IKeywordDataMD* md, std::set<std::string>& names)
     }
 }
 
+/// False if any text may be in an item of the name, of any record below.
+bool AddChoicesOf(const IKeywordDataMD* md, const std::string& name, std::set<std::string>& words)
+{
+    if (KeywordUtils::GetMDType(md) == MDType::List)
+        return AddChoicesOf(static_cast<const IKeywordListMD&>(*md).GetItemMD(), name, words);
+    if (KeywordUtils::GetMDType(md) != MDType::Record)
+        return true;
+    const auto& record = static_cast<const IKeywordRecordMD&>(*md);
+    bool areChoices = true;
+    for (int i = 0; i < record.GetSize(); ++i) {
+        const IKeywordDataMD* const item = record.GetItemMD(i);
+        areChoices = AddChoicesOf(item, name, words) && areChoices;
+        if (item->GetName() != name)
+            continue;
+        if (item->GetType() != MDType::Choice)
+            return false;
+        const auto& choice = static_cast<const IKeywordChoiceMD&>(*item);
+        for (int at = 0; at < choice.NumChoices(); ++at)
+            words.insert(choice.GetChoice(at));
+    }
+    return areChoices;
+}
+
 } // namespace
 
 const std::set<std::string>& RuleWords::GetKeywords()
@@ -41,6 +65,14 @@ const std::set<std::string>& RuleWords::GetItems()
 {
     Read();
     return items_;
+}
+
+bool RuleWords::AddChoices(const std::string& keyword, const std::string& item, std::set<std::string>& words)
+{
+    bool areChoices = true;
+    for (const IKeywordSyntax* const syntax : table_.LookupAll(keyword))
+        areChoices = AddChoicesOf(syntax->GetDataMD(), item, words) && areChoices;
+    return areChoices;
 }
 
 std::vector<std::string> RuleWords::FindKeywords(const std::string& pattern)

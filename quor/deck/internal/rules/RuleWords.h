@@ -22,6 +22,9 @@ public:
     const std::set<std::string>& GetKeywords();
     /// Those of records at any depth.
     const std::set<std::string>& GetItems();
+    /// Adds the words of an item of the keyword. False if it has the item and any text may
+    /// be in it.
+    bool AddChoices(const std::string& keyword, const std::string& item, std::set<std::string>& words);
     /// '*' stands for any characters, '?' for one.
     std::vector<std::string> FindKeywords(const std::string& pattern);
 

@@ -30,14 +30,15 @@ void TreeChecks::Follow(
 void TreeChecks::EndDeck()
 {
     for (std::size_t i = 0; isWhole_ && i < trees_.size(); ++i) {
-        CheckLoops(context_.rules.trees[i], trees_[i].names);
-        CheckBoth(context_.rules.trees[i], trees_[i]);
+        if (!CheckLoops(context_.rules.trees[i], trees_[i].names))
+            CheckBoth(context_.rules.trees[i], trees_[i]);
     }
 }
 
-/// Each loop is reported once, where its first name is placed.
-void TreeChecks::CheckLoops(const TreeRule& rule, const Places& names)
+/// Each loop is reported once, where its first name is placed. Whether there is one.
+bool TreeChecks::CheckLoops(const TreeRule& rule, const Places& names)
 {
+    bool hasLoop = false;
     std::set<std::string_view> done;
     for (const auto& [start, place] : names) {
         std::vector<std::string_view> way;
@@ -47,11 +48,13 @@ void TreeChecks::CheckLoops(const TreeRule& rule, const Places& names)
         const auto loop = at == names.end() ? way.end() : std::find(way.begin(), way.end(), at->first);
         if (loop == way.end())
             continue;
+        hasLoop = true;
         context_.reporter.ReportAs(rule.voice, RangeOf(at->second), Code::NameTree,
             fmt::format("{}: {} '{}' is below itself",
                 context_.deck.keywords[at->second.keyword].syntax->GetName(), rule.noun, at->first),
             fmt::format("correct the name of the {} above it", rule.noun));
     }
+    return hasLoop;
 }
 
 /// Names at the top may have both.

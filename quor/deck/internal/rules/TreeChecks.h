@@ -43,7 +43,7 @@ private:
     };
 
     bool IsRoot(const TreeRule& rule, std::string_view name) const;
-    void CheckLoops(const TreeRule& rule, const Places& names);
+    bool CheckLoops(const TreeRule& rule, const Places& names);
     void CheckBoth(const TreeRule& rule, const Tree& tree);
     TextRange RangeOf(const Place& place) const;
 

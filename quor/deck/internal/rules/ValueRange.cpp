@@ -35,6 +35,24 @@ std::optional<TextRange> FindWord(
     return std::nullopt;
 }
 
+/// After so many slashes from the start, with the rest of the line of each; empty if the file has fewer.
+std::optional<TextRange> PassSlashes(const DeckContents& deck, const TextRange& start, std::size_t slashes)
+{
+    const std::string_view text = deck.files.GetText(start.file);
+    std::size_t at = start.offset;
+    while (slashes > 0 && at < text.size()) {
+        if (IsSeparator(text[at])) {
+            ++at;
+        } else if (text[at] == '/' || IsCommentAt(text, at)) {
+            slashes -= text[at] == '/' ? 1U : 0U;
+            at = std::min(text.find('\n', at), text.size());
+        } else {
+            at += std::max<std::size_t>(FindDataWord(text.substr(at)).length, 1);
+        }
+    }
+    return slashes == 0 ? std::optional(TextRange{start.file, at, 0}) : std::nullopt;
+}
+
 } // namespace
 
 TextRange FindValue(const DeckContents& deck, const KeywordInstance& keyword, const ValuePosition& position)
@@ -46,7 +64,8 @@ TextRange FindValue(const DeckContents& deck, const KeywordInstance& keyword, co
     const TextRange record = RangeOf(keyword, position.element);
     if (!position.isFlat)
         return record;
-    return FindWord(deck, hasStart ? record : data, static_cast<std::size_t>(position.item)).value_or(record);
+    const auto start = PassSlashes(deck, hasStart ? record : data, position.slashes);
+    return start ? FindWord(deck, *start, static_cast<std::size_t>(position.item)).value_or(record) : record;
 }
 
 TextRange FindSlot(

@@ -14,7 +14,8 @@ namespace Veld::Quor::Core::Decks {
 struct ValuePosition {
     std::size_t element = 0; ///< of the keyword's list; 0 if its data are a record
     int item = -1; ///< of the record; -1: the element itself
-    bool isFlat = true; ///< the values before it are those of the record alone
+    bool isFlat = true; ///< the values before it in its record are those of the record alone
+    std::size_t slashes = 0; ///< that end what is before the record in the element
 };
 
 /// The word of the value in the text of the deck; the record or the keyword if it can't be found.

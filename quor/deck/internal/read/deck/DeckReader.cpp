@@ -45,6 +45,7 @@ DeckReader::DeckReader(const std::string& path, const ReadSettings& options, con
     , rules_({language.GetRules(), *deck_, dimensions_, reporter_})
     , physics_(language.GetRules(), *deck_, dimensions_, reporter_, options.target.simulator)
 {
+    data_.SetReportedSizes(dimensions_.GetReported());
     text_.GetAliases() = options.aliases;
     text_.SetProgress(options.progress);
     text_.SetCancellation(options.isCancelled);
@@ -123,6 +124,8 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
     if (!isReported && !isGuess) {
         rules_.Follow(isKnown, before != reporter_.GetErrorCount());
         physics_.Follow(isKnown);
+        if (before != reporter_.GetErrorCount() && deck_->keywords.back().syntax->GetName() == "BOX")
+            dimensions_.LoseBox(); // outside the grid
     }
     scopes_.Follow(mayMissKeywords_);
 }

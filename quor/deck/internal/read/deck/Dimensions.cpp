@@ -95,6 +95,19 @@ void Dimensions::Choose(const std::string& name, const IKeywordData* data, bool 
     }
 }
 
+void Dimensions::DoubtAllOf(const IKeywordData& data)
+{
+    if (KeywordUtils::GetMDType(data.GetMD()) != MDType::Record)
+        return;
+    const auto& record = static_cast<const IKeywordRecordMD&>(*data.GetMD());
+    for (int i = 0; i < record.GetSize(); ++i) {
+        if (KeywordUtils::GetMDType(record.GetItemMD(i)) != MDType::Integer)
+            continue;
+        doubted_.insert(record.GetItemMD(i)->GetName());
+        reported_.insert(record.GetItemMD(i)->GetName());
+    }
+}
+
 void Dimensions::SetBox(const IKeywordData& data)
 {
     box_.clear();

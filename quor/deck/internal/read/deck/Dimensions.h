@@ -48,6 +48,8 @@ public:
     std::optional<long long> FindWhole(const std::string& name) const;
     /// The size is wrong, as the data of a keyword have shown: nothing is to be judged by it.
     void Doubt(const std::string& name) { doubted_.insert(name); }
+    /// The same for all sizes that a record gives, of which that was reported.
+    void DoubtAllOf(const Core::Keywords::IKeywordData& data);
     /// Only what the deck gives, not defaults, and which keyword gives it.
     struct Given {
         long long value;
@@ -61,6 +63,8 @@ public:
 
     /// True the first time that it is asked of a size: one that is wrong is reported once.
     bool IsFirstReport(const std::string& name) { return reported_.insert(name).second; }
+    /// Of which that was said.
+    const std::unordered_set<std::string>& GetReported() const { return reported_; }
 
 private:
     std::optional<long long> FindOfGrid(const std::string& name) const;

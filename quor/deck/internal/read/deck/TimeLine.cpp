@@ -135,7 +135,8 @@ void TimeLine::FollowStart(const KeywordInstance& keyword, bool isSound)
     reached_.start = reached_.now = deck_.start = start;
     if (!isSound)
         return;
-    sound_.start = sound_.now = start;
+    // With two of them, which is reported, no date is wrong that fits one.
+    sound_.start = sound_.now = sound_.start.IsDef() && start.IsDef() ? std::min(sound_.start, start) : start;
     if (!start.IsDef())
         reporter_.Report(FirstWordOf(keyword), Code::BadDate,
             fmt::format("START: invalid date '{}'",

@@ -74,6 +74,8 @@ public:
     void SetUnits(Core::Keywords::UnitSystem::Enum units) { values_.SetUnits(units); }
     /// The sizes of the deck that were found to be wrong since it was last asked.
     std::vector<std::string> TakeWrongSizes() { return wrongSizes_.TakeNames(); }
+    /// Sizes that were reported as wrong elsewhere; must outlive it.
+    void SetReportedSizes(const std::unordered_set<std::string>& names) { wrongSizes_.SetReported(names); }
 
     /// Where in its file the keyword ended, if nothing has led away from it in between.
     std::size_t GetEnd() const { return words_.GetEnd().offset; }
@@ -124,6 +126,7 @@ private:
     template <class T>
     bool ReadScalarAs(const DataPlan& plan, std::size_t index, void* storage);
     void CheckNumber(const DataPlan& plan, std::size_t index, double value);
+    bool HasWrongSize(const DataPlan& record) const;
     void CheckValid(const DataPlan& item);
     Ended EndRecord(const DataPlan& plan);
     Got PassDefaults(const DataPlan& plan);

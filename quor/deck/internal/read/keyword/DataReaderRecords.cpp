@@ -2,9 +2,11 @@
 
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/foundation/service/Optional.h"
+#include "quor/metadata/IKeywordListMD.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <type_traits>
 
 // Records and their items.
@@ -197,10 +199,23 @@ void DataReader::CheckNumber(const DataPlan& plan, std::size_t index, double val
     if (item.constraint == DataPlan::Constraint::None)
         return;
     if (auto disorder = order_.Check(plan, index, value, words_.GetRange())) {
+        if (HasWrongSize(plan)) { // so that the rows begin elsewhere
+            reporter_.CountError();
+            return order_.SetOutOfStep();
+        }
         ReportInRow(std::move(disorder->misfit));
         if (disorder->mayBeNewTable)
             order_.SetOutOfStep();
     }
+}
+
+/// Whether a list in the record has a size of which it was reported that it is wrong.
+bool DataReader::HasWrongSize(const DataPlan& record) const
+{
+    return std::any_of(record.items.begin(), record.items.end(), [this](const DataPlan& item) {
+        return item.type == MDType::List && ListMD(item).GetSize()
+            && wrongSizes_.HasReported(*ListMD(item).GetSize());
+    });
 }
 
 DataReader::Ended DataReader::EndRecord(const DataPlan& plan)

@@ -1,5 +1,6 @@
 #include "quor/deck/internal/read/keyword/WrongSizes.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 
@@ -40,8 +41,23 @@ std::optional<long long> FindValue(
 
 } // namespace
 
+bool WrongSizes::IsKnownElsewhere(const std::string& size) const
+{
+    const std::set<std::string> names = known_ && !known_->empty() ? NamesIn(size) : std::set<std::string>();
+    return std::any_of(
+        names.begin(), names.end(), [this](const std::string& name) { return known_->count(name) > 0; });
+}
+
+bool WrongSizes::HasReported(const std::string& size) const
+{
+    const auto isSize = [&](const auto& reason) { return reason.first == size; };
+    return IsKnownElsewhere(size) || std::any_of(reported_.begin(), reported_.end(), isSize);
+}
+
 bool WrongSizes::IsKnown(const std::string& size, long long count, const SizeOfName& sizeOf)
 {
+    if (IsKnownElsewhere(size))
+        return true;
     std::vector<std::pair<std::string, long long>> reasons{{size, count}};
     for (const std::string& name : NamesIn(size)) {
         if (const auto value = FindValue(size, name, count, sizeOf))
@@ -60,6 +76,8 @@ bool WrongSizes::IsKnown(const std::string& size, long long count, const SizeOfN
 
 bool WrongSizes::IsKnown(const std::string& size)
 {
+    if (IsKnownElsewhere(size))
+        return true;
     if (!reported_.emplace(size, 0).second)
         return true;
     const std::set<std::string> names = NamesIn(size);

@@ -4,6 +4,7 @@
 
 #include <set>
 #include <string>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -18,13 +19,20 @@ public:
     bool IsKnown(const std::string& size, long long count, const SizeOfName& sizeOf);
     /// The same for a list that has more than its size, nobody knows how many.
     bool IsKnown(const std::string& size);
+    /// Names that were reported elsewhere: they explain any number of elements. Must outlive it.
+    void SetReported(const std::unordered_set<std::string>& names) { known_ = &names; }
+    /// Whether a list with that size was reported.
+    bool HasReported(const std::string& size) const;
     /// The names of the deck that may be wrong, as far as they were not taken before.
     std::vector<std::string> TakeNames() { return std::exchange(names_, {}); }
 
 private:
+    bool IsKnownElsewhere(const std::string& size) const;
+
     std::set<std::pair<std::string, long long>> reported_; // names and the values with which all would be
                                                            // right; sizes and how many elements there were
     std::vector<std::string> names_;
+    const std::unordered_set<std::string>* known_ = nullptr;
 };
 
 } // namespace Veld::Quor::Core::Decks

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// Values by key, in one block. The keys are hashes: two texts with one are too improbable to matter.
+template <class Value>
+class KeyTable {
+public:
+    /// The value of the key, and whether it is new: then it is `value`. Lasts until the next key is added.
+    std::pair<Value*, bool> Add(std::uint64_t key, const Value& value)
+    {
+        if (2 * (size_ + 1) > slots_.size())
+            Grow();
+        Slot& slot = slots_[IndexOf(key)];
+        const bool isNew = slot.turn != turn_;
+        if (isNew) {
+            slot = {key, turn_, value};
+            ++size_;
+        }
+        return {&slot.value, isNew};
+    }
+    bool Has(std::uint64_t key) const { return size_ > 0 && slots_[IndexOf(key)].turn == turn_; }
+
+    bool IsEmpty() const { return size_ == 0; }
+    /// Takes no time.
+    void Clear()
+    {
+        ++turn_;
+        size_ = 0;
+    }
+
+private:
+    struct Slot {
+        std::uint64_t key = 0;
+        std::uint64_t turn = 0; // in which it was filled; another than that of the table: it is free
+        Value value = {};
+    };
+
+    /// Of the key, or of the free slot for it.
+    std::size_t IndexOf(std::uint64_t key) const
+    {
+        std::size_t at = static_cast<std::size_t>((key * 0x9E3779B97F4A7C15ULL) >> 20) & (slots_.size() - 1);
+        while (slots_[at].turn == turn_ && slots_[at].key != key)
+            at = (at + 1) & (slots_.size() - 1);
+        return at;
+    }
+
+    void Grow()
+    {
+        std::vector<Slot> before(slots_.empty() ? 16 : 2 * slots_.size());
+        before.swap(slots_);
+        for (Slot& slot : before) {
+            if (slot.turn == turn_)
+                slots_[IndexOf(slot.key)] = std::move(slot);
+        }
+    }
+
+    std::vector<Slot> slots_; // a power of two of them
+    std::size_t size_ = 0;
+    std::uint64_t turn_ = 1;
+};
+
+} // namespace Veld::Quor::Core::Decks
