@@ -169,6 +169,13 @@ INSTANTIATE_TEST_SUITE_P(Magnitudes, DeckFindings,
         DeckRow{"InTheUnitsOfNoName", "RUNSPEC\nSOLUTION\nEQUIL\n 8000 4000 /\n",
             "d:4:7: warning: EQUIL: PRESSURE is 4000 bar; expected 0 to 2500 [wrong-units] | plausible in "
             "FIELD units, but the deck names no system of units, which means METRIC"},
+        DeckRow{"OfAnInjectorBelowTheProducers",
+            "SCHEDULE\nWCONPROD\n P1 OPEN BHP 5* 90 /\n/\nWCONINJE\n I1 WATER OPEN BHP 2* 20 /\n/\n",
+            "d:6:23: warning: WCONINJE: BHP is 20, below 90, the least limit of the producers "
+            "[implausible-value] | check the number of digits, and the unit (d:2:1: the limit is here)"},
+        DeckRow{"OfAContactAboveTheSurface", "RUNSPEC\nOIL\nWATER\nSOLUTION\nEQUIL\n 2000 200 -2050 /\n",
+            "d:6:11: warning: EQUIL: OWC of region 1 is -2050, but DEPTH is 2000 [contact-order] | depths "
+            "increase downwards; remove the sign"},
         DeckRow{"OfABranchWithoutRows", "RUNSPEC\nOIL\nGAS\nPROPS\nPVTO\n 10 50 1.2 1 /\n 20 /\n/\n", ""},
         DeckRow{"OfMoreCellsThanAreCounted",
             "RUNSPEC\nDIMENS\n 33996 37171 1824726041 /\nGRID\nTOPS\n 1000 90000 /\n",

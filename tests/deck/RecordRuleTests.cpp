@@ -258,7 +258,7 @@ WCONINJE
 /
 )",
             "d:1:1: error: RUNSPEC: no water phase; expected WATER [missing-keyword] | PVTW requires it "
-            "(d:9:1: PVTW is here)"}),
+            "(d:11:1: PVTW is here)"}),
     CaseName<DeckRow>);
 
 INSTANTIATE_TEST_SUITE_P(Counts, DeckFindings,
