@@ -110,6 +110,8 @@ std::set<std::string> RecordChecks::GetMissing() const
 
 void RecordChecks::EndDeck()
 {
+    if (pending_.empty()) // so may be the deck
+        return;
     const SectionType::Enum last = context_.GetKeyword().section;
     for (const auto& [rule, index, position] : pending_) {
         const bool isCut = context_.deck.keywords[index].section == last
