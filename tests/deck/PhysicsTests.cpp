@@ -55,8 +55,7 @@ SWOF
             "d:4:2: warning: SLGOF: SL of table 1 begins at 0.1, but SW of SWOF begins at 0.2 "
             "[saturation-mismatch] | liquid is oil and connate water; it is at least as much as the water "
             "(d:7:2: SW is 0.2 here)"},
-        DeckRow{"OilOfTwoPhases",
-            "RUNSPEC\nPROPS\nSWFN\n 0.2 0 0\n 1 1 0 /\nSOF3\n 0 0 0\n 0.7 0.9 0.9 /\n",
+        DeckRow{"OilOfTwoPhases", "RUNSPEC\nPROPS\nSWFN\n 0.2 0 0\n 1 1 0 /\nSOF3\n 0 0 0\n 0.7 0.9 0.9 /\n",
             "d:8:2: warning: SOF3: SO of table 1 ends at 0.7, but SW of SWFN begins at 0.2; expected a sum "
             "of 1 "
             "[saturation-mismatch] | the highest saturation is 1 less that of connate water (d:4:2: SW is "

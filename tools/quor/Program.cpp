@@ -128,25 +128,10 @@ void PrintLogged(const char* text, Core::Service::MessageSeverity severity)
     PrintAside(fmt::format("{}: {}\n", names[static_cast<int>(severity)], MakePrintable(text)));
 }
 
-int RunCommand(int argc, char** argv)
+/// In the order of the help.
+std::vector<Command> AddCommands(CLI::App& application)
 {
-    CLI::App application(
-        "Checks, formats, compares and summarizes reservoir simulator decks, and shows the keywords of\n"
-        "their language.");
-    application.name("quor");
-    application.set_version_flag("--version", fmt::format("quor {}", GetVersion()));
-    application.require_subcommand(0, 1);
-    application.footer(
-        "Environment: The language is built in. QUOR_KEYWORD_SYNTAX_FILE names a document that\n"
-        "replaces it, QUOR_KEYWORD_TRUSTED_SYNTAX_DIR a folder of documents with trusted keywords. If\n"
-        "NO_COLOR is not empty, text is printed without colours.\n\n"
-        "Settings: quor.toml in the folder of a deck, or the nearest above it, has the settings of a "
-        "project;\n"
-        "'quor settings' prints them.\n\n"
-        "Exit status: 0 success, 1 findings, differences, losses or unknown keywords, 2 invalid usage, or "
-        "a file\n"
-        "can't be read or written, 3 warnings of a check and no errors.");
-    const Command commands[] = {
+    return {
         MakeCheckCommand(application),
         MakeInfoCommand(application),
         MakeFormatCommand(application),
@@ -165,6 +150,27 @@ int RunCommand(int argc, char** argv)
         MakeManCommand(application),
         MakeCompletionCommand(application),
     };
+}
+
+int RunCommand(int argc, char** argv)
+{
+    CLI::App application(
+        "Checks, formats, compares and summarizes reservoir simulator decks, and shows the keywords of\n"
+        "their language.");
+    application.name("quor");
+    application.set_version_flag("--version", fmt::format("quor {}", GetVersion()));
+    application.require_subcommand(0, 1);
+    application.footer(
+        "Environment: The language is built in. QUOR_KEYWORD_SYNTAX_FILE names a document that\n"
+        "replaces it, QUOR_KEYWORD_TRUSTED_SYNTAX_DIR a folder of documents with trusted keywords. If\n"
+        "NO_COLOR is not empty, text is printed without colours.\n\n"
+        "Settings: quor.toml in the folder of a deck, or the nearest above it, has the settings of a "
+        "project;\n"
+        "'quor settings' prints them.\n\n"
+        "Exit status: 0 success, 1 findings, differences, losses or unknown keywords, 2 invalid usage, or "
+        "a file\n"
+        "can't be read or written, 3 warnings of a check and no errors.");
+    const std::vector<Command> commands = AddCommands(application);
     try {
         application.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -67,8 +67,8 @@ std::string JUnitSuite(const std::string& deck, const Decks::Findings& findings,
     }
     if (!tests.empty())
         return Suite(deck, findings.GetKept().size(), failures, 0, tests);
-    return Suite(
-        deck, 1, 0, 0, fmt::format("    <testcase classname=\"{}\" name=\"no findings\"/>\n", EscapeXml(deck)));
+    return Suite(deck, 1, 0, 0,
+        fmt::format("    <testcase classname=\"{}\" name=\"no findings\"/>\n", EscapeXml(deck)));
 }
 
 std::string JUnitFailure(const std::string& deck, const std::string& message)

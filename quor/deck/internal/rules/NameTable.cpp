@@ -73,7 +73,8 @@ bool IsMatch(std::string_view pattern, std::string_view name)
 
 std::uint64_t NameTable::KeyOf(std::string_view name)
 {
-    std::uint64_t hash = name.size() * 0xD6E8FEB86659FD93U; // names of different sizes are far from each other
+    std::uint64_t hash =
+        name.size() * 0xD6E8FEB86659FD93U; // names of different sizes are far from each other
     for (std::size_t at = 0; at < name.size(); at += sizeof hash) {
         hash = (hash ^ EightOf(name, at)) * 0x9E3779B97F4A7C15U;
         hash ^= hash >> 32;

@@ -101,30 +101,35 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
         CheckNoData(head);
     keyword.isSound = !isReported && !isGuess && errors == countErrors();
     deck_->keywords.push_back(std::move(keyword));
-    const bool isKnown = deck_->keywords.back().isSound && data_.GetUnknownVariableCount() == 0;
+    FollowLast(isReported, isGuess);
+}
+
+/// What the keyword that was read last says of those that follow it, and what they say of it.
+void DeckReader::FollowLast(bool isReported, bool isGuess)
+{
+    const KeywordInstance& keyword = deck_->keywords.back();
+    const bool isKnown = keyword.isSound && data_.GetUnknownVariableCount() == 0;
     timeLine_.Follow(isKnown);
-    if (section != SectionType::SCHEDULE) {
-        const KeywordInstance& last = deck_->keywords.back();
-        dimensions_.Choose(last.syntax->GetName(), last.data.get(), isKnown);
-    }
+    if (keyword.section != SectionType::SCHEDULE)
+        dimensions_.Choose(keyword.syntax->GetName(), keyword.data.get(), isKnown);
     if (isKnown)
-        FollowSizes(deck_->keywords.back());
-    else if (deck_->keywords.back().syntax->GetName() == "BOX")
+        FollowSizes(keyword);
+    else if (keyword.syntax->GetName() == "BOX")
         dimensions_.LoseBox();
     for (const std::string& name : data_.TakeWrongSizes())
         dimensions_.Doubt(name);
-    if (deck_->keywords.back().data)
-        FollowPaths(deck_->keywords.back());
+    if (keyword.data)
+        FollowPaths(keyword);
     if (isReported || isGuess || !sections_.IsSure() || mayMissKeywords_) {
         rules_.Lose();
         physics_.Lose();
     }
     const std::size_t before = reporter_.GetErrorCount();
-    precedents_.Follow(deck_->keywords.back(), sections_.IsSure() && !mayMissKeywords_ && !isReported);
+    precedents_.Follow(keyword, sections_.IsSure() && !mayMissKeywords_ && !isReported);
     if (!isReported && !isGuess) {
         rules_.Follow(isKnown, before != reporter_.GetErrorCount());
         physics_.Follow(isKnown);
-        if (before != reporter_.GetErrorCount() && deck_->keywords.back().syntax->GetName() == "BOX")
+        if (before != reporter_.GetErrorCount() && keyword.syntax->GetName() == "BOX")
             dimensions_.LoseBox(); // outside the grid
     }
     scopes_.Follow(mayMissKeywords_);

@@ -38,6 +38,7 @@ private:
     const Entry* FindIndented(const Token& word);
     void TakeExtraSlash(bool isAfterFlag);
     std::string StrayMessage(const std::string& word) const;
+    void FollowLast(bool isReported, bool isGuess);
     void ReadKeyword(const Token& head, const Entry& entry, bool isGuess = false);
     void EndSection();
     void EnterSection(const Token& head, const Entry& entry);
