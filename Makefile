@@ -71,7 +71,8 @@ check-threads: setup-test configure-tsan
 check-editor: setup-test build-test
 	@echo "== the extension of VS Code, the protocol, and a session in Neovim"
 	@editors/build.sh build/test/bin/quor build/test/editor
-	@QUOR=$(CURDIR)/build/test/bin/quor QUOR_EDITORS=$(CURDIR)/editors DECK=$(CURDIR)/$(DECK) timeout 120 \
+	@QUOR=$(CURDIR)/build/test/bin/quor QUOR_EDITORS=$(CURDIR)/editors NAME=ALDER \
+	    DECK=$(CURDIR)/examples/decks/field/include/schedule/prediction.inc timeout 120 \
 	    nvim --headless -u NONE -S editors/neovim/session.lua >build/test/editor/session.txt 2>&1 || \
 	    { cat build/test/editor/session.txt; exit 1; }
 
