@@ -84,7 +84,7 @@ std::vector<std::string> RuleElement::FindKeywords(const char* attribute)
             continue;
         }
         const auto matching = origin_.words.FindKeywords(word);
-        if (matching.empty())
+        if (matching.empty() && origin_.isChecked)
             Fail(fmt::format("no keyword matches '{}'", word), attribute);
         keywords.insert(keywords.end(), matching.begin(), matching.end());
     }
