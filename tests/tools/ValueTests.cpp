@@ -113,7 +113,7 @@ NewError: set a.data 'PORO[1]' 0.1 'WCONPROD[P2].WELL' P3 --set RATE=5; cat b.da
     a.data:23:1: error: WCONPROD: undefined well 'P3' [undefined-name]
         P3 'SHUT' ORAT 10 /
         ^~
-      hint: did you mean P2, P1?
+      hint: did you mean P1, P2?
     quor: error: the changed deck has new errors; nothing was written; --force writes it nevertheless
 OtherFile: set - 'PORO[1]' 0.1 --set RATE=5 <a.data => quor: error: the change is in 'b.data', which is not on standard input; nothing was written
 InPlace: format - --in-place <a.data => quor: error: the deck from standard input can only be printed; leave out --in-place and --output
