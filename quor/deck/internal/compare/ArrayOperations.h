@@ -5,7 +5,7 @@
 #include "quor/deck/CellArrays.h"
 #include "quor/deck/DeckSummary.h"
 #include "quor/deck/internal/read/contents/DeckContents.h"
-#include "quor/deck/internal/read/deck/Dimensions.h"
+#include "quor/deck/internal/read/contents/Dimensions.h"
 
 #include <array>
 #include <cstddef>

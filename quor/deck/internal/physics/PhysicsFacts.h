@@ -4,7 +4,7 @@
 #include "quor/deck/internal/check/FindingReporter.h"
 #include "quor/deck/internal/physics/RoleTable.h"
 #include "quor/deck/internal/read/contents/DeckContents.h"
-#include "quor/deck/internal/read/deck/Dimensions.h"
+#include "quor/deck/internal/read/contents/Dimensions.h"
 #include "quor/foundation/UnitSystem.h"
 
 #include <cstdint>

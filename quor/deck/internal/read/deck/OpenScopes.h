@@ -2,7 +2,7 @@
 
 #include "quor/deck/internal/check/FindingReporter.h"
 #include "quor/deck/internal/read/contents/DeckContents.h"
-#include "quor/deck/internal/read/deck/Dimensions.h"
+#include "quor/deck/internal/read/contents/Dimensions.h"
 #include "quor/deck/internal/text/LanguageIndex.h"
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "quor/deck/internal/read/deck/Dimensions.h"
+#include "quor/deck/internal/read/contents/Dimensions.h"
 
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/deck/internal/read/data/DataShape.h"
