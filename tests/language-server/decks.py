@@ -133,7 +133,7 @@ CHANGES = [
     ("AfterLettersBeyondAscii", "wells.inc", "NORTH 3", "'\u00f8\U0001f6e2' x",
         "3:11-12 1 wrong-type: WELSPECS, I: invalid value 'x'; expected a whole number"),
     ("UnknownName", "main.data", "  P2     SHUT", "  P3     SHUT",
-        "39:2-4 1 undefined-name: WCONPROD: undefined well 'P3'; did you mean P2, P1?"),
+        "39:2-4 1 undefined-name: WCONPROD: undefined well 'P3'; did you mean P1, P2?"),
     ("UnknownChoice", "main.data", "SHUT", "SHUTT",
         "39:9-14 1 not-a-choice: WCONPROD, STATUS: unknown value 'SHUTT'; did you mean SHUT?"),
     ("Ragged", "main.data", "P2     SHUT", "P2 SHUT", ""),
@@ -145,7 +145,7 @@ CHANGES = [
     ("NumberAsName", "main.data", "SOLUTION\n", "SOLUTION\nAQUFLUX\n  1 0.5 /\n/\n", ""),
     ("RepeatedName", "main.data", "END\n", "QDRILL\n  2*P1 /\nEND\n", ""),
     ("NameWithoutDefinition", "wells.inc", "  P2 NORTH", "  P3 NORTH",
-        "7:2-6 1 undefined-name: COMPDAT: undefined well 'P2'; did you mean P3, P1?"),
+        "7:2-6 1 undefined-name: COMPDAT: undefined well 'P2'; did you mean P1, P3?"),
     ("SizeOfArray", "main.data", "9*0.2 9*0.25", "9*0.2 8*0.25",
         "22:15-16 1 wrong-size: PORO: too few values (expected 18, found 17); the size is NX*NY*NZ"),
 ]

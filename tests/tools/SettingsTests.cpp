@@ -82,7 +82,7 @@ JUnit: $QUOR check cases/b.data none.data --format junit 2>e =>
         <testcase classname="none.data" name="not checked"><error message="can't read 'none.data': No such file or directory"/></testcase>
       </testsuite>
     </testsuites>
-Sarif: $QUOR check $PWD/cases/b.data none.data --format sarif 2>e | grep -A2 'Successful\|codeFileLine\|physical' | tr -s ' ' =>
+Sarif: $QUOR check $PWD/cases/b.data none.data --format sarif 2>e | grep -A2 -e Successful -e codeFileLine -e physical | tr -s ' ' =>
      "executionSuccessful": false,
      "toolExecutionNotifications": [
      {

@@ -23,6 +23,17 @@ std::string KeyOfName(std::size_t kind, std::string_view text)
     return fmt::format("{} {}", kind, ToUpper(std::string(text)));
 }
 
+/// Of several kinds that an item is of, as "well" and "well with segments", the first is what its names are
+/// called.
+void KeepFirstKinds(std::vector<NamedItem>& items)
+{
+    const std::vector<NamedItem> all = items;
+    std::erase_if(items, [&all](const NamedItem& item) {
+        return std::any_of(all.begin(), all.end(),
+            [&item](const NamedItem& other) { return other.item == item.item && other.kind < item.kind; });
+    });
+}
+
 /// The item that a scalar is, or is an element of.
 bool IsItemOf(const NamedItem& item, const ScalarPlace& place)
 {
@@ -50,6 +61,7 @@ const std::vector<NamedItem>& NameRules::Get(const IKeywordSyntax& syntax)
             entry->second.push_back(
                 {static_cast<std::size_t>(kind - kinds_.begin()), rule.item, isDefinition});
     }
+    KeepFirstKinds(entry->second);
     return entry->second;
 }
 
