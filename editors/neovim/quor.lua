@@ -5,7 +5,8 @@ local quor = {}
 
 local endings = { "data", "DATA", "inc", "INC", "grdecl", "GRDECL", "sch", "SCH" }
 
--- One server for all decks below a folder with quor.toml, or with .git; else below the folder of the deck.
+-- One server for all decks below a folder with quor.toml, or with .git, and one without a folder for all others: with the
+-- folder of an included file the server would not look for its deck above that folder.
 local function root_of(path)
   local folder = vim.fn.fnamemodify(path, ":p:h")
   for _, mark in ipairs({ "quor.toml", ".git" }) do
@@ -17,15 +18,16 @@ local function root_of(path)
       return vim.fn.fnamemodify(found, ":p:h")
     end
   end
-  return folder
+  return nil
 end
 
 local clients = {}
 
 local function attach(settings)
   local root = root_of(vim.api.nvim_buf_get_name(0))
-  if not clients[root] or vim.lsp.client_is_stopped(clients[root]) then
-    clients[root] = vim.lsp.start_client({
+  local key = root or ""
+  if not clients[key] or vim.lsp.client_is_stopped(clients[key]) then
+    clients[key] = vim.lsp.start_client({
       name = "quor",
       cmd = { settings.path or "quor", "language-server" },
       root_dir = root,
@@ -39,8 +41,8 @@ local function attach(settings)
       on_attach = settings.on_attach,
     })
   end
-  if clients[root] then
-    vim.lsp.buf_attach_client(0, clients[root])
+  if clients[key] then
+    vim.lsp.buf_attach_client(0, clients[key])
   end
 end
 
