@@ -156,6 +156,7 @@ function addCross(arrays, x, y) {
         for (let cell = 0; cell < as.length; cell += stride) {
             if (isActive(cell) && Number.isFinite(as[cell]) && Number.isFinite(bs[cell]) && (!isLog || bs[cell] > 0)) data.push({ x: as[cell], y: bs[cell] });
         }
+        data.sort((one, other) => one.x - other.x); // Chart.js takes the ends of the axis from the first point and the last
         draw(canvas, "scatter", [{ label: `${b.name} against ${a.name}`, data, pointRadius: 2, backgroundColor: lineColours[0] + "90" }],
             withUnit(a.name, a.unit), withUnit(b.name, b.unit), { y: { type: isLog ? "logarithmic" : "linear" } });
     }
