@@ -192,6 +192,10 @@ AFTER = {
     ],
 }
 
+BAD_SETTINGS = {"simulator": "Carow", "mode": "", "strict": 1, "variables": {"A B": "1", "C": 2}}
+SETTING_ERRORS = ["the setting 'simulator' has an unknown name 'Carow', and is not used",
+    "invalid variable name 'A B' in the setting 'variables'; it is not used"]
+
 BAD_MESSAGES = [
     ("{", {"code": -32700, "message": "the message is no JSON"}),
     (b"\"\xff\"", {"code": -32700, "message": "the message is no JSON"}),

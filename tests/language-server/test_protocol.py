@@ -169,6 +169,9 @@ def check_cancellation(checks, client, uri):
 
 def check_folder(checks, quor, folder):
     client = Client(quor, folder=folder)
+    client.notify("workspace/didChangeConfiguration", {"settings": decks.BAD_SETTINGS})
+    for message in decks.SETTING_ERRORS:
+        checks.equal("Setting", client.receive()["params"]["message"], message)
     uris = {file: client.open(folder / file) for file in ("wells.inc", "main.data")}
     checks.equal("Clean", client.diagnostics(uris["wells.inc"]), [])
     checks.equal("CleanRoot", client.diagnostics(uris["main.data"]), [])

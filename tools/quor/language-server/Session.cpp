@@ -58,6 +58,8 @@ void Session::SetClient(const Json& params)
 void Session::SetSettings(const Json& settings)
 {
     settings_ = SettingsIn(settings);
+    for (const std::string& error : settings_.errors)
+        Notify("window/showMessage", {{"type", 2}, {"message", error}});
     for (auto deck = decks_.begin(); deck != decks_.end();) {
         const std::string path = (deck++)->first;
         Forget(path);

@@ -5,6 +5,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 namespace Veld::Quor::Tools::LanguageServer {
 
@@ -15,6 +16,7 @@ struct Settings {
         {}; ///< path of the deck to which all files belong; empty: they are searched for theirs
     std::map<std::string, std::string> variables = {};
     bool isStrict = false;
+    std::vector<std::string> errors = {}; ///< whole sentences: what is not set, and why
 };
 
 /// From an object of the members that `docs/editor.md` lists. What isn't as it says there is not set.
