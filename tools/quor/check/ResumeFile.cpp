@@ -72,6 +72,8 @@ void ResumeFile::Load(const std::string& header)
             FailOn(std::generic_category().message(errno));
         return;
     }
+    if (!bytes.starts_with(header.substr(0, header.find(' ') + 1)))
+        FailOn("it has something else than results of a check");
     if (!bytes.starts_with(header))
         FailOn("it is of a check with other options; remove it to start over");
     const std::size_t size = bytes.size();
