@@ -9,14 +9,14 @@ here=$PWD
 # As a regular expression for run-clang-tidy; empty: none.
 analysed() {
     if [ "$scope" = all ]; then
-        echo "^$here/(quor|tools|language)/"
+        echo "^$here/(quor|tools|language|python)/"
         return
     fi
     local parent files
     parent=$(git merge-base HEAD origin/main 2>/dev/null || git rev-parse HEAD)
     [ "$parent" != "$(git rev-parse HEAD)" ] || parent=$(git rev-parse -q --verify HEAD^ || echo HEAD)
     files=$({ git diff --name-only --diff-filter=d "$parent"; git ls-files --others --exclude-standard; } |
-        sed -nE 's,^((quor|tools|language)/.*)\.(h|cpp)$,\1.cpp,p' | sort -u |
+        sed -nE 's,^((quor|tools|language|python)/.*)\.(h|cpp)$,\1.cpp,p' | sort -u |
         while read -r file; do [ ! -f "$file" ] || echo "$here/$file"; done)
     [ -z "$files" ] || echo "^($(echo "$files" | paste -sd '|'))\$"
 }
@@ -27,5 +27,6 @@ lint() { # build, checks, files
 }
 
 lint asan '-clang-analyzer-*' "^$here/(build/asan/(quor|tools|tests)/.*/Unity|quor|tools|tests|language)/"
+lint tsan '-clang-analyzer-*' "^$here/python/"
 files=$(analysed)
 [ -z "$files" ] || lint tsan '-*,clang-analyzer-*' "$files"

@@ -21,7 +21,7 @@ namespace {
 std::shared_ptr<Decks::MemorySource> SourceOf(
     const DeckPointer& deck, const std::vector<std::pair<std::uint32_t, std::string>>& replaced)
 {
-    const auto source = std::make_shared<Decks::MemorySource>(deck->GetOptions().GetSource());
+    auto source = std::make_shared<Decks::MemorySource>(deck->GetOptions().GetSource());
     const Decks::DeckFiles& files = deck->GetFiles();
     for (std::uint32_t i = 0; i < files.GetSize(); ++i) {
         if (files.Get(i).text)

@@ -36,7 +36,7 @@ void SetError(const char* type, const char* message, const Decks::Location& loca
 }
 
 /// What isn't there is a `QuorKeyError`, all else that the libraries throw a `QuorError`.
-void Translate(std::exception_ptr pointer)
+void Translate(std::exception_ptr pointer) // NOLINT(performance-unnecessary-value-param): as pybind11 has it
 {
     try {
         if (pointer)
