@@ -7,7 +7,6 @@ namespace Veld::Quor::Python {
 PYBIND11_MODULE(_core, module)
 {
     module.doc() = "The classes of decks, for the package around them.";
-    Core::Decks::SourceText::AllowMapping();
     BindErrors(module);
     BindReading(module);
     BindRecords(module);

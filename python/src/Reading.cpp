@@ -7,24 +7,12 @@ namespace Veld::Quor::Python {
 
 namespace {
 
-/// The files of the system, copied: a mapped one that a script cuts short would end the interpreter.
-class CopyingSource : public Decks::FileSource {
-public:
-    std::shared_ptr<const Decks::SourceText> Open(const std::string& path) const override
-    {
-        const auto text = FileSource::Open(path);
-        std::string bytes(text->GetMark());
-        bytes += text->GetText();
-        return Decks::SourceText::FromMemory(std::move(bytes));
-    }
-};
-
 /// What the functions of this file have in common.
 Decks::ReadOptions Options(const std::string& simulator, const std::string& mode,
     const std::map<std::string, std::string>& variables, std::size_t maxFindings, bool isStrict)
 {
     Decks::ReadOptions options;
-    options.SetSource(std::make_shared<CopyingSource>());
+    options.SetSource(std::make_shared<Decks::FileSource>()); // copies: a script may cut short what it reads
     if (!simulator.empty())
         options.SetSimulator(SimulatorOf(simulator));
     if (!mode.empty())
