@@ -15,6 +15,7 @@ def main(path: str, picture: str) -> None:
     layers = deck["PORO"].array.reshape(size["NZ"], size["NY"], size["NX"])  # a view: nothing is copied
     means = layers.mean(axis=(1, 2))
     plt.barh(range(1, len(means) + 1), means)
+    plt.yticks(range(1, len(means) + 1))
     plt.gca().invert_yaxis()
     plt.xlabel("mean of PORO")
     plt.ylabel("layer")
