@@ -37,6 +37,15 @@ py::object Objects(const Keywords::IKeywordListData& list, const Get& get)
     return array;
 }
 
+/// Throws, as `As` does for numbers, at a bool that is neither true nor false.
+void CheckKnown(const Keywords::IKeywordListData& list)
+{
+    if (!Keywords::HasUnknown(list))
+        return;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i)
+        Keywords::ValueAt<bool>(list, i);
+}
+
 const Keywords::IKeywordDataMD* FindElementMD(const Keywords::IKeywordData& data)
 {
     const Keywords::IKeywordDataMD& md = *data.GetMD();
@@ -62,6 +71,7 @@ py::object ArrayOf(const DeckPointer& deck, const Keywords::IKeywordListData& li
     case MDType::Integer:
         return View<std::int32_t>(deck, list, Keywords::As<int>(list).data());
     case MDType::Boolean: // a char each
+        CheckKnown(list);
         return View<bool>(deck, list, list.GetSize() > 0 ? list.GetData(std::size_t(0)) : nullptr);
     case MDType::Choice:
         return Objects(list, [&](std::size_t i) { return std::string_view(Keywords::ChoiceAt(list, i)); });
