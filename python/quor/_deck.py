@@ -3,14 +3,14 @@
 from __future__ import annotations
 
 import os
-from collections.abc import Iterator, Mapping, Sequence
+from collections.abc import Iterable, Iterator, Mapping, Sequence
 from datetime import date, datetime
 from pathlib import Path
 from typing import TYPE_CHECKING, Any, Union
 
 from . import _core, _files
 from ._core import Keyword
-from ._errors import QuorKeyError
+from ._errors import QuorKeyError, check_type
 from ._state import State, date_text
 from ._units import Units
 from ._values import Finding, Group, Step, Well
@@ -51,18 +51,22 @@ class Deck:
 
     def __getitem__(self, name: str) -> Keyword:
         """The last keyword of that name, without regard to case. Raises ``KeyError`` with names that are near."""
+        check_type(name, str, "the name of a keyword")
         return self._now().get(name)
 
     def all(self, name: str) -> list[Keyword]:
         """All keywords of that name, in the order of reading; empty if there are none."""
+        check_type(name, str, "the name of a keyword")
         return self._now().all(name)
 
     def section(self, name: str) -> list[Keyword]:
         """All keywords of a section, "GRID" or another."""
-        return self._now().section(name)
+        check_type(name, str, "the name of a section")
+        return self._now().section(name.upper())
 
     def after(self, step: Step) -> list[Keyword]:
         """The keywords after a report step, up to the next."""
+        check_type(step, Step, "one of the steps of the deck")
         return self._now().after_step(step.number - 1)
 
     def frame(self, name: str, *, section: str | None = None, defaults: bool = True) -> pandas.DataFrame:
@@ -74,7 +78,7 @@ class Deck:
         """
         from ._frames import frame
 
-        keywords = [k for k in self.all(name) if section is None or k.section == section]
+        keywords = [k for k in self.all(name) if section is None or k.section == section.upper()]
         if not keywords:
             self[name]  # raises, with names that are near
             raise QuorKeyError(f"{name} is not in section {section}")
@@ -149,7 +153,9 @@ class Deck:
         one of ``deck.all("PORO")`` too. An address that matches none or several raises ``QuorError`` with
         what to write instead.
         """
-        is_array = isinstance(value, (list, tuple)) or bool(getattr(value, "shape", False))
+        check_type(what, (str, Keyword), "an address, or a keyword of the deck")
+        is_text = isinstance(value, (str, bytes, Mapping))
+        is_array = isinstance(value, Iterable) and not is_text and getattr(value, "shape", None) != ()
         if isinstance(what, Keyword) or is_array:
             self._state.set_array(what, value)
         else:
@@ -170,10 +176,12 @@ class Deck:
         report step or of the start; without it the keyword comes at the end of ``section``, or of the first
         section of the deck in which it is valid.
         """
-        self._state.add(name, records, None if date is None else date_text(date), section)
+        check_type(name, str, "the name of a keyword")
+        self._state.add(name, records, None if date is None else date_text(date), section and section.upper())
 
     def remove(self, what: str | Keyword) -> None:
         """Removes a keyword, or one of its records by the address: ``deck.remove("WCONPROD[P1]@2024-04-01")``."""
+        check_type(what, (str, Keyword), "a keyword of the deck, its name, or the address of a record")
         self._state.remove(what)
 
     def format(self, normalize: bool = False) -> Deck:
@@ -224,7 +232,17 @@ class Deck:
     def _repr_html_(self) -> str:
         from ._html import deck
 
-        return deck(self)
+        facts = [
+            ("title", self.title),
+            ("sections", ", ".join(self.sections)),
+            ("keywords", len(self)),
+            ("files", len(self.files)),
+            ("start", self.start or ""),
+            ("report steps", len(self.steps)),
+            ("wells", len(self.wells)),
+            ("units", self.units.system),
+        ]
+        return deck(self.files[0], facts, self.findings)
 
     def _now(self) -> _core.Deck:
         return self._state.now()

@@ -30,5 +30,11 @@ class QuorError(Exception):
         return type(self), (self.message, self.file, self.line, self.column)
 
 
+def check_type(value: object, kinds: type | tuple[type, ...], expected: str) -> None:
+    """Raises ``TypeError`` in the words of the caller, where the extension would show its own functions."""
+    if not isinstance(value, kinds):
+        raise TypeError(f"expected {expected}, not {type(value).__name__}")
+
+
 class QuorKeyError(QuorError, KeyError):
     """A keyword, an item or a name that isn't there; the message has names that are near."""

@@ -4,32 +4,18 @@ from __future__ import annotations
 
 from collections.abc import Iterable, Sequence
 from html import escape
-from typing import TYPE_CHECKING, Any
+from typing import Any
 
 from ._core import Keyword, Record
 from ._errors import QuorError
-
-if TYPE_CHECKING:
-    from ._deck import Deck
+from ._values import Finding
 
 MOST_ROWS = 20
 
 
-def deck(shown: Deck) -> str:
-    """The deck in a few lines, and its first findings."""
-    findings = shown.findings
-    facts = [
-        ("title", shown.title),
-        ("sections", ", ".join(shown.sections)),
-        ("keywords", len(shown)),
-        ("files", len(shown.files)),
-        ("start", shown.start or ""),
-        ("report steps", len(shown.steps)),
-        ("wells", len(shown.wells)),
-        ("units", shown.units.system),
-        ("findings", len(findings)),
-    ]
-    head = f"<p><b>{escape(shown.files[0])}</b></p>{_table([], facts)}"
+def deck(name: str, facts: Sequence[tuple[str, object]], findings: Sequence[Finding]) -> str:
+    """A deck in a few lines, and its first findings."""
+    head = f"<p><b>{escape(name)}</b></p>{_table([], [*facts, ('findings', len(findings))])}"
     if not findings:
         return head
     rows = ((f"{f.file}:{f.line}", f.severity, f.message, f.code) for f in findings)

@@ -7,6 +7,7 @@ from functools import lru_cache
 
 from . import _core
 from ._core import KeywordInfo
+from ._errors import check_type
 
 
 class Language:
@@ -14,11 +15,19 @@ class Language:
 
     def __init__(self) -> None:
         _core.load_language()
-        self._keywords = {info.name: info for info in _core.all_keywords()}
+        self._keywords: dict[str, list[KeywordInfo]] = {}
+        for info in _core.all_keywords():
+            self._keywords.setdefault(info.name, []).append(info)
 
     def __getitem__(self, name: str) -> KeywordInfo:
-        """Raises ``KeyError`` with a name that is near. Names with a wildcard are found by any that they stand for."""
-        return self._keywords.get(name.upper()) or _core.look_up(name.upper())
+        """The first of that name, as ``all`` has them. Raises ``KeyError`` with a name that is near."""
+        return self.all(name)[0]
+
+    def all(self, name: str) -> list[KeywordInfo]:
+        """All keywords of that name: some are others in another of the ``sections``. Names with a wildcard are
+        found by any that they stand for. Raises ``KeyError`` with a name that is near."""
+        check_type(name, str, "the name of a keyword")
+        return list(self._keywords.get(name.upper(), ())) or [_core.look_up(name.upper())]
 
     def __contains__(self, name: object) -> bool:
         return isinstance(name, str) and name.upper() in self._keywords
@@ -33,9 +42,10 @@ class Language:
         """Keywords that have all words of the text in their name or description, without regard to case."""
         words = text.lower().split()
         return [
-            self._keywords[name]
+            info
             for name in self
-            if all(word in f"{name} {self._keywords[name].description}".lower() for word in words)
+            for info in self._keywords[name]
+            if all(word in f"{name} {info.description}".lower() for word in words)
         ]
 
     @property

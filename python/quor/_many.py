@@ -9,10 +9,11 @@ import os
 from collections import deque
 from collections.abc import Callable, Iterable, Iterator, Mapping
 from concurrent.futures import Executor, Future, ThreadPoolExecutor
+from functools import partial
 from typing import Any, TypeVar, Union
 
 from ._deck import Deck
-from ._errors import QuorError
+from ._errors import QuorError, check_type
 from ._reading import read, with_variables
 from ._values import Finding
 
@@ -29,6 +30,7 @@ def check_many(
     of the language; a process of another executor loads it once. ``options`` are those of ``read``. A deck that
     can't be read has one finding, ``include-missing``, without a line.
     """
+    _check_paths(paths)
     return _in_order(_findings, paths, jobs, executor, with_variables(options))
 
 
@@ -41,6 +43,9 @@ def map_decks(
 ) -> Iterator[tuple[Path, Result]]:
     """Reads each deck where the executor runs it, calls the function with it, and yields each path with the
     result, in the order of the paths. What the function raises is raised here. It must return values, no deck."""
+    _check_paths(paths)
+    if executor is not None and _holds_deck(function):
+        raise TypeError("the function holds a deck, which would be sent: let it read the deck, or give it values")
     return _in_order(_Call(function), paths, jobs, executor, with_variables(options))
 
 
@@ -48,10 +53,6 @@ class _Call:
     """To be sent: a function of a module, with the function of the user."""
 
     def __init__(self, function: Callable[[Deck], Any]) -> None:
-        if _has_deck(getattr(function, "args", ())) or _has_deck(
-            [cell.cell_contents for cell in getattr(function, "__closure__", None) or ()]
-        ):
-            raise TypeError("the function holds a deck, which would be sent: let it read the deck, or give it values")
         self._function = function
 
     def __call__(self, path: Path, options: Mapping[str, Any]) -> Any:
@@ -64,7 +65,24 @@ class _Call:
 def _has_deck(value: object) -> bool:
     if isinstance(value, Mapping):
         return _has_deck(list(value.values()))
-    return isinstance(value, Deck) or isinstance(value, (list, tuple)) and any(map(_has_deck, value))
+    return isinstance(value, Deck) or isinstance(value, (list, tuple, set, frozenset)) and any(map(_has_deck, value))
+
+
+def _holds_deck(function: Any) -> bool:
+    """Whether a deck would be sent with the function: in its object, its arguments, or the names around it."""
+    if isinstance(function, partial):
+        return _has_deck([function.args, function.keywords]) or _holds_deck(function.func)
+    cells = [cell.cell_contents for cell in getattr(function, "__closure__", None) or ()]
+    owner = getattr(getattr(function, "__self__", None), "__dict__", {})
+    defaults = getattr(function, "__defaults__", None), getattr(function, "__kwdefaults__", None)
+    return _has_deck([cells, getattr(function, "__self__", None), dict(owner), defaults])
+
+
+def _check_paths(paths: object) -> None:
+    """A path by itself would be taken for its letters."""
+    if isinstance(paths, (str, bytes, os.PathLike)):
+        raise TypeError(f"expected the paths of decks, not a single one: write [{os.fspath(paths)!r}]")
+    check_type(paths, Iterable, "the paths of decks")
 
 
 def _findings(path: Path, options: Mapping[str, Any]) -> list[Finding]:

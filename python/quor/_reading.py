@@ -10,6 +10,7 @@ from typing import Any
 
 from . import _core
 from ._deck import Deck, Options
+from ._errors import check_type
 
 _variables: ContextVar[Mapping[str, str]] = ContextVar("quor.variables", default={})
 
@@ -46,7 +47,8 @@ def loads(
     """Reads a deck from a text. ``name`` is its path: findings name it, and the files that the deck includes are
     searched for in its folder."""
     options = _options(simulator, mode, variables, strict, max_findings)
-    data = text.encode("utf-8", "surrogateescape") if isinstance(text, str) else text
+    check_type(text, (str, bytes, bytearray, memoryview), "the text of a deck")
+    data = text.encode("utf-8", "surrogateescape") if isinstance(text, str) else bytes(text)
     return Deck(_core.read_texts([(os.fsencode(name), data)], *options), options)
 
 
@@ -68,6 +70,8 @@ def _options(
     strict: bool,
     max_findings: int,
 ) -> Options:
+    if max_findings < 0:
+        raise ValueError(f"max_findings is {max_findings}, expected 0 or more")
     merged = {**_variables.get(), **_texts(variables or {})}
     return simulator or "", mode or "", merged, max_findings, strict
 
@@ -79,4 +83,7 @@ def with_variables(options: Mapping[str, Any]) -> dict[str, Any]:
 
 
 def _texts(values: Mapping[str, object]) -> dict[str, str]:
+    check_type(values, Mapping, "a dict of variables and their values")
+    for name in values:
+        check_type(name, str, "the name of a variable")
     return {name.removeprefix("$"): str(value) for name, value in values.items()}

@@ -48,7 +48,7 @@ class State:
     def set_array(self, what: str | Keyword, values: Any) -> None:
         import numpy as np
 
-        array = np.asarray(values)
+        array = np.asarray(values if hasattr(values, "__len__") else list(values))
         if array.dtype in (np.float16, np.float32):
             array = array.astype(str).astype(float)  # in the digits that they have
         editor = self._fresh()

@@ -3,10 +3,12 @@
 from __future__ import annotations
 
 from collections.abc import Iterator, Mapping
+from difflib import get_close_matches
 from functools import lru_cache
 from typing import TYPE_CHECKING
 
 from . import _core
+from ._errors import QuorKeyError
 
 if TYPE_CHECKING:
     import pandas
@@ -24,7 +26,12 @@ class Units(Mapping[str, Mapping[str, str]]):
         self.system = system  #: the one that the deck is in
 
     def __getitem__(self, measurement: str) -> Mapping[str, str]:
-        return _table()[measurement]
+        units = _table().get(measurement)
+        if units is None:
+            near = get_close_matches(str(measurement), _table(), 1)
+            hint = f"; did you mean '{near[0]}'?" if near else ""
+            raise QuorKeyError(f"unknown measurement '{measurement}'{hint}")
+        return units
 
     def __iter__(self) -> Iterator[str]:
         return iter(_table())

@@ -46,6 +46,9 @@ struct Record {
 const Decks::DeckLanguage& Language();
 /// The table that the language is of.
 Keywords::KeywordSyntaxTable& Table();
+/// The entry for a name in the first section in which it is valid. Throws `QuorKeyError` with a name that is
+/// near.
+const Keywords::IKeywordSyntax& LookUp(const std::string& name);
 
 /// The text of a deck or a path: bytes that are no UTF-8 are kept, as Python keeps them in paths.
 py::str Text(std::string_view text);

@@ -16,6 +16,28 @@ namespace {
 
 void Fill(Keywords::IKeywordData& data, const py::handle& values);
 
+/// Throws `TypeError` with the name of the type that was found instead.
+[[noreturn]] void FailType(const std::string& expected, const py::handle& found)
+{
+    throw py::type_error(
+        "expected " + expected + ", not " + std::string(py::str(found.get_type().attr("__name__"))));
+}
+
+std::string TextOf(const py::handle& value, const std::string& expected)
+{
+    if (!PyUnicode_Check(value.ptr()))
+        FailType(expected, value);
+    return py::cast<std::string>(value.attr("encode")("utf-8", "surrogateescape"));
+}
+
+/// Throws `TypeError` for a text, whose characters nobody means, and what has no elements.
+py::iterable ElementsOf(const py::handle& values, const std::string& expected)
+{
+    if (PyUnicode_Check(values.ptr()) || PyBytes_Check(values.ptr()) || !py::isinstance<py::iterable>(values))
+        FailType(expected, values);
+    return py::reinterpret_borrow<py::iterable>(values);
+}
+
 void FillItem(Keywords::IKeywordRecordData& record, int item, const py::handle& value)
 {
     if (value.is_none())
@@ -29,7 +51,8 @@ void FillItem(Keywords::IKeywordRecordData& record, int item, const py::handle& 
         Fill(*static_cast<Keywords::IKeywordData*>(record.GetData(item)), value);
         return;
     case MDType::Choice:
-        Keywords::SetChoice(record, item, py::cast<std::string>(value));
+        Keywords::SetChoice(record, item,
+            TextOf(value, "a word for item '" + ItemName(Keywords::AsRecord(*record.GetMD()), item) + "'"));
         return;
     default:
         break;
@@ -41,10 +64,9 @@ void FillItem(Keywords::IKeywordRecordData& record, int item, const py::handle& 
 void FillRecord(Keywords::IKeywordRecordData& record, const py::handle& values)
 {
     if (!py::isinstance<py::dict>(values))
-        throw py::type_error("expected a dict of items and values for a record of "
-            + record.GetSyntax()->GetName() + ", not " + std::string(py::str(values.get_type())));
+        FailType("a dict of items and values for a record of " + record.GetSyntax()->GetName(), values);
     for (const auto& [name, value] : py::cast<py::dict>(values)) {
-        const auto text = py::cast<std::string>(name);
+        const std::string text = TextOf(name, "the name of an item of " + record.GetSyntax()->GetName());
         const std::optional<int> item = FindItem(Keywords::AsRecord(*record.GetMD()), text);
         if (!item)
             Keywords::Has(record, text); // throws with the names that are near
@@ -63,9 +85,9 @@ void FillScalars(
         Keywords::AddValues(list, array.data(), static_cast<std::size_t>(array.size()));
         return;
     }
-    for (const py::handle value : values) {
+    for (const py::handle value : ElementsOf(values, "the values of " + list.GetSyntax()->GetName())) {
         if (md.GetType() == MDType::Choice) {
-            Keywords::AddChoice(list, py::cast<std::string>(value));
+            Keywords::AddChoice(list, TextOf(value, "a word for " + list.GetSyntax()->GetName()));
             continue;
         }
         const Decks::NewValue scalar = NewValueOf(value, md);
@@ -82,15 +104,22 @@ void FillList(Keywords::IKeywordListData& list, const py::handle& values)
     else if (md.GetType() == MDType::Record && py::isinstance<py::dict>(values))
         FillRecord(Keywords::AddRecord(list), values);
     else {
-        for (const py::handle value : values)
+        for (const py::handle value : ElementsOf(
+                 values, "a dict of items and values, or a list of them, for " + list.GetSyntax()->GetName()))
             Fill(*static_cast<Keywords::IKeywordData*>(list.AddData(nullptr)), value);
     }
 }
 
 void FillMap(Keywords::IKeywordMapData& map, const py::handle& values)
 {
-    for (const auto& [name, value] : py::cast<py::dict>(values))
-        Keywords::Set(map, py::cast<std::string>(name), py::cast<int>(value));
+    const std::string& keyword = map.GetSyntax()->GetName();
+    if (!py::isinstance<py::dict>(values))
+        FailType("a dict of words and numbers for " + keyword, values);
+    for (const auto& [name, value] : py::cast<py::dict>(values)) {
+        if (!PyLong_Check(value.ptr()))
+            FailType("a whole number for each word of " + keyword, value);
+        Keywords::Set(map, TextOf(name, "a word of " + keyword), py::cast<int>(value));
+    }
 }
 
 void Fill(Keywords::IKeywordData& data, const py::handle& values)
@@ -103,7 +132,7 @@ void Fill(Keywords::IKeywordData& data, const py::handle& values)
         FillMap(Keywords::AsMap(data), values);
         return;
     case MDType::Raw:
-        Keywords::AsRaw(data).SetData(py::cast<std::string>(values));
+        Keywords::AsRaw(data).SetData(TextOf(values, "the text of " + data.GetSyntax()->GetName()));
         return;
     default:
         FillRecord(Keywords::AsRecord(data), values);
@@ -113,11 +142,8 @@ void Fill(Keywords::IKeywordData& data, const py::handle& values)
 /// The entry for a name in a section, or in the first one in which it is valid.
 const Keywords::IKeywordSyntax& SyntaxOf(const std::string& name, const std::string& section)
 {
-    const auto* const syntax =
-        section.empty() ? Table().Lookup(name, true) : Table().Lookup(name, SectionOf(section), true);
-    if (!syntax)
-        RaiseMissing("unknown keyword '" + name + "'", {});
-    return *syntax;
+    const auto* const syntax = section.empty() ? nullptr : Table().Lookup(name, SectionOf(section), true);
+    return syntax ? *syntax : LookUp(name);
 }
 
 /// The text of a keyword with the values: a dict, a list of dicts, or a list of numbers.
@@ -161,8 +187,7 @@ Decks::NewValue NewValueOf(const py::handle& value, const Keywords::IKeywordData
         return py::cast<std::string>(value.attr("encode")("utf-8", "surrogateescape"));
     if (PyFloat_Check(value.ptr()) || PyNumber_Check(value.ptr()))
         return py::cast<double>(py::float_(py::reinterpret_borrow<py::object>(value)));
-    throw py::type_error(
-        "expected a number, a text or a bool, not " + std::string(py::str(value.get_type())));
+    FailType("a number, a text or a bool", value);
 }
 
 void BindBuilding(py::module_& module)

@@ -156,17 +156,6 @@ double Convert(const std::string& measurement, double value, const std::string& 
     return *converted;
 }
 
-KeywordInfo Look(const std::string& name)
-{
-    if (const auto* const syntax = Table().Lookup(name, true))
-        return {name, syntax};
-    std::string message = "unknown keyword '" + name + "'";
-    const auto nearest = Language().FindNearest(name);
-    if (!nearest.empty())
-        message += "; did you mean '" + nearest.front() + "'?";
-    RaiseMissing(message, {});
-}
-
 void BindItem(py::module_& module)
 {
     py::class_<Item>(module, "Item")
@@ -213,6 +202,17 @@ std::vector<std::string> SimulatorNames(const KeywordInfo& keyword)
 
 } // namespace
 
+const Keywords::IKeywordSyntax& LookUp(const std::string& name)
+{
+    if (const auto* const syntax = Table().Lookup(name, true))
+        return *syntax;
+    std::string message = "unknown keyword '" + name + "'";
+    const auto nearest = Language().FindNearest(name);
+    if (!nearest.empty())
+        message += "; did you mean '" + nearest.front() + "'?";
+    RaiseMissing(message, {});
+}
+
 py::object UnitIn(const Decks::Deck& deck, const std::string& measurement)
 {
     const Keywords::Unit* const unit = Keywords::Units::Find(measurement, Decks::UnitSystemOf(deck));
@@ -238,7 +238,12 @@ void BindLanguage(py::module_& module)
         Language();
     });
     module.def("all_keywords", AllKeywords);
-    module.def("look_up", Look, py::arg("name"));
+    module.def(
+        "look_up",
+        [](const std::string& name) {
+            return KeywordInfo{name, &LookUp(name)};
+        },
+        py::arg("name"));
     module.def("measurements", Measurements);
     module.def("unit", UnitName, py::arg("measurement"), py::arg("system"));
     module.def(

@@ -71,11 +71,7 @@ Keywords::SimulatorModeType::Enum ModeOf(const std::string& name)
 
 Keywords::SectionType::Enum SectionOf(const std::string& name)
 {
-    bool isKnown = false;
-    const auto section = Keywords::SectionType::FromString(name, &isKnown);
-    if (!isKnown)
-        throw py::value_error("unknown section '" + name + "'");
-    return section;
+    return NamedValue<Keywords::SectionType>(name, "section");
 }
 
 } // namespace Veld::Quor::Python

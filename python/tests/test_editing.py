@@ -32,6 +32,7 @@ def changes(before, after):
         (lambda d: d.add("WCONPROD", " I1 SHUT /\n/", date="2024-01-01"), ["+WCONPROD", "+ I1 SHUT /", "+/"]),
         (lambda d: d.add("PERMX", np.full(12, 50.0)), ["+PERMX", "+  12*50 /"]),
         (lambda d: d.add("WATER"), ["+WATER"]),
+        (lambda d: d.set("PORO", (0.5 for _ in range(12))), ["-  6*0.25 6*0.3 /", "+  12*0.5 /"]),
         (lambda d: d.format(normalize=True), ["-  6*0.25 6*0.3 /", "+  6*0.25  6*0.3 /", "-  P1 FIELD 1 1 1* OIL /", "+  P1 FIELD 1 1 1* OIL   /"]),
     ],
 )
@@ -56,7 +57,14 @@ def test_a_change_touches_nothing_else(change, lines):
         (lambda d: d.remove("WCONPROD@2024-05-01"), quor.QuorError, "the deck has no report step at 2024-05-01; WCONPROD is given at 2024-01-01, 2024-04-01"),
         (lambda d: d.add("WCONPROD", {"WELL": "P1"}, date="2024-05-01"), quor.QuorError, "the deck has no report step at 2024-05-01 (it has 2024-04-01, 2024-07-01)"),
         (lambda d: d.add("WCONPROD", {"WEL": "P1"}), quor.QuorError, "WCONPROD: no item 'WEL'; did you mean 'WELL'?"),
-        (lambda d: d.add("WCONPRDO", {}), KeyError, "unknown keyword 'WCONPRDO'"),
+        (lambda d: d.add("WCONPRDO", {}), KeyError, "unknown keyword 'WCONPRDO'; did you mean 'WCONPROD'?"),
+        (lambda d: d.add("WCONPROD"), TypeError, "expected a dict of items and values, or a list of them, for WCONPROD, not NoneType"),
+        (lambda d: d.add("WCONPROD", [["P1"]]), TypeError, "expected a dict of items and values for a record of WCONPROD, not list"),
+        (lambda d: d.add("WCONPROD", {1: "P1"}), TypeError, "expected the name of an item of WCONPROD, not int"),
+        (lambda d: d.add("WCONPROD", {"WELL": "P1", "CONTROL": 1}), TypeError, "expected a word for item 'CONTROL', not int"),
+        (lambda d: d.set("DIMENS.NX", b"2"), TypeError, "expected a number, a text or a bool, not bytes"),
+        (lambda d: d.set(None, 1), TypeError, "expected an address, or a keyword of the deck, not NoneType"),
+        (lambda d: d.remove(d["DIMENS"].records[0]), TypeError, "expected a keyword of the deck, its name, or the address of a record, not Record"),
         (lambda d: (d.remove(k := d["ACTNUM"]), d.remove(k)), ValueError, "ACTNUM is of another deck, or of this one before it was changed: ask for it again"),
     ],
 )

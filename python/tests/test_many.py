@@ -3,6 +3,7 @@
 import multiprocessing
 import os
 from concurrent.futures import ProcessPoolExecutor
+from functools import partial
 
 import pytest
 import quor
@@ -45,9 +46,24 @@ def test_what_a_function_returns_comes_in_order():
         list(quor.map_decks(title, PATHS[-1:]))
     with pytest.raises(TypeError, match="the function returned a deck"):
         list(quor.map_decks(itself, PATHS[:1]))
-    deck = quor.loads("RUNSPEC\n")
-    with pytest.raises(TypeError, match="the function holds a deck"):
-        quor.map_decks(lambda other: quor.diff(deck, other), PATHS[:1])
+
+
+def test_a_deck_is_compared_on_threads_and_never_sent():
+    base = quor.read(PATHS[0])
+
+    def with_base(deck, other=None):
+        return len(quor.diff(base if other is None else other, deck))
+
+    assert [count for _, count in quor.map_decks(with_base, PATHS[:1], jobs=2)] == [0]
+    for function in with_base, partial(len, base), partial(with_base, other={base}), base.frame:
+        with pytest.raises(TypeError, match="the function holds a deck, which would be sent: let it read the deck, or give it values"):
+            quor.map_decks(function, PATHS[:1], executor=object())
+
+
+@pytest.mark.parametrize("call", [quor.check_many, lambda paths: quor.map_decks(title, paths)])
+def test_a_single_path_is_no_list_of_them(call):
+    with pytest.raises(TypeError, match=r"expected the paths of decks, not a single one: write \['a.data'\]"):
+        call("a.data")
 
 
 def test_a_cluster_survives_the_loss_of_a_worker():
