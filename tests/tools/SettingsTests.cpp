@@ -97,6 +97,7 @@ Sarif: $QUOR check $PWD/cases/b.data none.data --format sarif 2>e | grep -A2 -e 
 GitHub: $QUOR check none.data --format github 2>e => ::error::can't read 'none.data': No such file or directory
 Total: $QUOR check cases/b.data none.data 2>e | tail -n 1 => 2 decks: 1 error, 0 warnings, 1 can't be read
 Resumed: echo x >s; $QUOR check cases --resume s --quiet; echo quor 0 >s; $QUOR check cases --resume s --quiet => quor: error: can't use the file 's' to resume: it has something else than results of a check\nquor: error: can't use the file 's' to resume: it is of a check with other options; remove it to start over
+OverTheDeck: $QUOR report cases/a.data -o ./cases/a.data 2>&1 | tail -n 1; $QUOR get cases/a.data DIMENS.NY --output cases/a.data 2>&1 | tail -n 1; $QUOR check cases --write-baseline cases/b.data --quiet 2>&1 | tail -n 1 => quor: error: can't write './cases/a.data': it is a file of the deck\nquor: error: can't write 'cases/a.data': it is a file of the deck\nquor: error: can't write the baseline 'cases/b.data': it is a deck
 OtherCommands: $QUOR get cases/a.data DIMENS.NY --bare 2>e; $QUOR info cases/a.data 2>e | grep -c x.inc => 3\n1
 Fixed: $QUOR check other/d.data --no-settings --fix --format gcc; cat other/d.data =>
     other/d.data:3:1: warning: ENDINC has no effect outside an included file; use END to end the deck [stray-endinc]

@@ -16,9 +16,11 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <new>
 #include <string>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -39,15 +41,22 @@ void PrintHeader(LoadedLanguage& language, const CheckOptions& options)
 }
 
 /// False, and reported, if it can't be written.
-bool WriteBaseline(const std::string& path, const Baseline& baseline)
+bool WriteBaseline(const std::string& path, const Baseline& baseline, const std::vector<std::string>& decks)
 {
+    std::error_code error;
+    for (const std::string& deck : decks) {
+        if (!std::filesystem::equivalent(path, deck, error))
+            continue;
+        PrintError(fmt::format("can't write the baseline '{}': it is a deck", path));
+        return false;
+    }
     try {
         WriteFile(path, baseline.ToText());
         PrintAside(fmt::format(
             "baseline: {} written to '{}'\n", Plural(baseline.GetCount(), "finding"), MakePrintable(path)));
         return true;
-    } catch (const OutputError& error) {
-        PrintError(fmt::format("can't write the baseline '{}': {}", path, error.what()));
+    } catch (const OutputError& failure) {
+        PrintError(fmt::format("can't write the baseline '{}': {}", path, failure.what()));
         return false;
     }
 }
@@ -58,13 +67,14 @@ int CheckAll(const CheckOptions& options, CheckReport& report)
     if (options.format == FindingFormat::Text && !options.isQuiet)
         PrintHeader(language, options);
     Baseline baseline;
-    CheckDecks(language, options, DecksOf(options), [&](DeckResult result) {
+    const std::vector<std::string> decks = DecksOf(options);
+    CheckDecks(language, options, decks, [&](DeckResult result) {
         baseline.Add(result.known);
         report.Add(std::move(result));
     });
     report.End();
     if (report.GetStatus() != Failure && !options.newBaseline.empty()
-        && !WriteBaseline(options.newBaseline, baseline))
+        && !WriteBaseline(options.newBaseline, baseline, decks))
         return Failure;
     return report.GetStatus();
 }

@@ -7,6 +7,7 @@
 #include "tools/quor/commands/LoadedLanguage.h"
 #include "tools/quor/commands/NumpyArray.h"
 #include "tools/quor/commands/ValueWords.h"
+#include "tools/quor/commands/WriteFiles.h"
 #include "tools/quor/findings/FindingText.h"
 #include "tools/quor/terminal/FileOutput.h"
 #include "tools/quor/terminal/Json.h"
@@ -182,7 +183,7 @@ int GetValues(LoadedLanguage& language, const GetOptions& options)
     const bool hasPositions = options.format != GetFormat::Npy; // a whole array needs none
     const auto deck = ReadDeckOrReport(
         options.deck, OptionsFor(options.deck, options.read).SetEditable(hasPositions), deckLanguage);
-    if (!deck)
+    if (!deck || !IsApartOrReport(options.output, *deck))
         return Failure;
     if (options.format == GetFormat::Npy)
         return WriteNpy(*deck, options);

@@ -32,7 +32,7 @@ int WriteReport(LoadedLanguage& language, const ReportOptions& options)
     const Decks::DeckLanguage deckLanguage(language.GetTable());
     const auto deck = ReadDeckOrReport(options.deck, OptionsFor(options.deck, options.read), deckLanguage,
         "the report lists them and may be incomplete");
-    if (!deck)
+    if (!deck || !IsApartOrReport(options.output, *deck))
         return Failure;
     std::vector<ReportValues> values;
     const nlohmann::ordered_json report = ReportJson(*deck, deckLanguage, options.deck, values);

@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <set>
+#include <system_error>
 
 namespace Veld::Quor::Tools {
 
@@ -75,6 +76,19 @@ bool HasNoneOutside(const Decks::DeckFiles& files, const std::vector<FileChange>
 bool WriteFilesOrReport(const std::vector<FileText>& files)
 {
     return WriteAll(files, nullptr);
+}
+
+bool IsApartOrReport(const std::string& path, const Decks::Deck& deck)
+{
+    const Decks::DeckFiles& files = deck.GetFiles();
+    for (std::uint32_t i = 0; i < files.GetSize(); ++i) {
+        std::error_code error;
+        if (!fs::equivalent(path, files.Get(i).name, error))
+            continue;
+        PrintError(fmt::format("can't write '{}': it is a file of the deck", path));
+        return false;
+    }
+    return true;
 }
 
 void AddOutsideOption(CLI::App& command, bool& mayBeOutside)

@@ -22,6 +22,9 @@ struct FileText {
 /// were written before it, if one of them can't be written.
 bool WriteFilesOrReport(const std::vector<FileText>& files);
 
+/// False, and reported, if the path of a result is that of a file of the deck.
+bool IsApartOrReport(const std::string& path, const Core::Decks::Deck& deck);
+
 /// A file of a deck, and what is to be in it.
 struct FileChange {
     std::uint32_t file;
