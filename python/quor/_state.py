@@ -40,7 +40,7 @@ class State:
     def set_value(self, address: str, value: Any) -> None:
         if hasattr(value, "dtype"):
             value = float(str(value)) if value.dtype.kind == "f" else value.item()
-        changes_addresses = self._pending().set_value(address, value)
+        changes_addresses = self._pending().set_value(_bytes(address), value)
         self._values.append((address, value))
         if changes_addresses:
             self.now()
@@ -59,7 +59,7 @@ class State:
         editor = self._fresh()
         where = section or ("SCHEDULE" if when is not None else _core.section_for(self._core, name))
         if isinstance(records, str):
-            text: str | bytes = f"{name}\n{records}\n"
+            text = _bytes(f"{name}\n{records}\n")
         else:
             text = _core.keyword_text(self._core, name, where, records)
         if when is None:
@@ -73,7 +73,7 @@ class State:
         if isinstance(what, Keyword) or not any(mark in what for mark in "[.@#"):
             editor.remove_keyword(self._one(what))
         else:
-            keyword, index = _core.find_record(self._core, what)
+            keyword, index = _core.find_record(self._core, _bytes(what))
             if index is None:
                 editor.remove_keyword(keyword)
             else:
@@ -102,7 +102,7 @@ class State:
             self._make_editable()
             self._editor = _core.Editor(self._core)
             for address, value in self._values:
-                self._editor.set_value(address, value)
+                self._editor.set_value(_bytes(address), value)
         return self._editor
 
     def _fresh(self) -> _core.Editor:
@@ -136,7 +136,7 @@ class State:
             raise QuorError(f"the deck has {len(found)} keywords {what} ({lines}); choose one of deck.all('{what}')")
         return self._core.get(what)
 
-    def _add_at(self, editor: _core.Editor, when: str, text: str | bytes) -> None:
+    def _add_at(self, editor: _core.Editor, when: str, text: bytes) -> None:
         steps = self._core.steps()
         dates = [date_text(row[1]) for row in steps]
         if when in dates:
@@ -149,6 +149,11 @@ class State:
         schedule = self._core.section("SCHEDULE")
         first = steps[0][4] if steps else schedule[-1].index + 1
         editor.add_after([k for k in schedule if k.index < first][-1], text)
+
+
+def _bytes(text: str) -> bytes:
+    """As the deck has them: a name may have bytes that are no UTF-8."""
+    return text.encode("utf-8", "surrogateescape")
 
 
 def date_text(date: object) -> str:

@@ -147,6 +147,11 @@ def test_bytes_that_are_no_text_are_kept(tmp_path):
     deck = quor.read(path)
     deck.write(tmp_path / "copy.data")
     assert (tmp_path / "copy.data").read_bytes() == path.read_bytes()
+    deck = quor.loads(SMALL.replace("I1", "\udce91"))
+    deck.set("WELSPECS[\udce91].I", 1)
+    deck.add("WCONPROD", " '\udce91' SHUT /\n/", date="2024-04-01")
+    deck.remove("WELSPECS[\udce91]")
+    assert [deck.text().count("\udce91"), len(deck.wells)] == [1, 1]
 
 
 def test_threads_read_at_once():
