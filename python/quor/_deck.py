@@ -205,12 +205,12 @@ class Deck:
 
     def write(self, path: str | os.PathLike[str]) -> None:
         """Writes ``text()``: the whole deck as one file."""
-        _files.replace(Path(path), self._bytes(None))
+        _files.replace(Path(os.fsdecode(path)), self._bytes(None))
 
     def write_tree(self, folder: str | os.PathLike[str]) -> Path:
         """Writes all files into a folder as they are below the folder of the deck, each where the inclusions expect
         it. Returns the path of the deck there. Raises ``QuorError``, and writes nothing, if a file is elsewhere."""
-        return _files.write_tree(self._now().texts(), Path(folder))
+        return _files.write_tree(self._now().texts(), Path(os.fsdecode(folder)))
 
     def copy(self) -> Deck:
         """Another deck that is changed for itself. It shares the data, so that it costs nothing."""

@@ -8,7 +8,7 @@ from __future__ import annotations
 import os
 from collections import deque
 from collections.abc import Callable, Iterable, Iterator, Mapping
-from concurrent.futures import Executor, Future, ThreadPoolExecutor
+from concurrent.futures import Executor, Future, ProcessPoolExecutor, ThreadPoolExecutor
 from functools import partial
 from typing import Any, TypeVar, Union
 
@@ -44,7 +44,7 @@ def map_decks(
     """Reads each deck where the executor runs it, calls the function with it, and yields each path with the
     result, in the order of the paths. What the function raises is raised here. It must return values, no deck."""
     _check_paths(paths)
-    if executor is not None and _holds_deck(function):
+    if executor is not None and not isinstance(executor, ThreadPoolExecutor) and _holds_deck(function, executor):
         raise TypeError("the function holds a deck, which would be sent: let it read the deck, or give it values")
     return _in_order(_Call(function), paths, jobs, executor, with_variables(options))
 
@@ -68,11 +68,15 @@ def _has_deck(value: object) -> bool:
     return isinstance(value, Deck) or isinstance(value, (list, tuple, set, frozenset)) and any(map(_has_deck, value))
 
 
-def _holds_deck(function: Any) -> bool:
+def _holds_deck(function: Any, executor: Executor) -> bool:
     """Whether a deck would be sent with the function: in its object, its arguments, or the names around it."""
     if isinstance(function, partial):
-        return _has_deck([function.args, function.keywords]) or _holds_deck(function.func)
+        return _has_deck([function.args, function.keywords]) or _holds_deck(function.func, executor)
     cells = [cell.cell_contents for cell in getattr(function, "__closure__", None) or ()]
+    if getattr(function, "__module__", None) == "__main__" and not isinstance(executor, ProcessPoolExecutor):
+        # A cluster sends functions of a script or notebook whole, with the globals that they use.
+        names = getattr(getattr(function, "__code__", None), "co_names", ())
+        cells += [function.__globals__[name] for name in names if name in function.__globals__]
     owner = getattr(getattr(function, "__self__", None), "__dict__", {})
     defaults = getattr(function, "__defaults__", None), getattr(function, "__kwdefaults__", None)
     return _has_deck([cells, getattr(function, "__self__", None), dict(owner), defaults])

@@ -4,6 +4,7 @@ import multiprocessing
 import os
 from concurrent.futures import ProcessPoolExecutor
 from functools import partial
+from types import FunctionType
 
 import pytest
 import quor
@@ -55,7 +56,8 @@ def test_a_deck_is_compared_on_threads_and_never_sent():
         return len(quor.diff(base if other is None else other, deck))
 
     assert [count for _, count in quor.map_decks(with_base, PATHS[:1], jobs=2)] == [0]
-    for function in with_base, partial(len, base), partial(with_base, other={base}), base.frame:
+    script = FunctionType((lambda deck: quor.diff(kept, deck)).__code__, {"__name__": "__main__", "kept": base})
+    for function in with_base, partial(len, base), partial(with_base, other={base}), base.frame, script:
         with pytest.raises(TypeError, match="the function holds a deck, which would be sent: let it read the deck, or give it values"):
             quor.map_decks(function, PATHS[:1], executor=object())
 
