@@ -17,6 +17,11 @@ py::str Decode(std::string_view text, const char* errors)
     return py::reinterpret_steal<py::str>(decoded);
 }
 
+py::value_error UnknownName(const char* what, const std::string& name, const std::string& expected)
+{
+    return py::value_error("unknown " + std::string(what) + " '" + name + "' (expected " + expected + ")");
+}
+
 template <class Type>
 typename Type::Enum NamedValue(const std::string& name, const char* what)
 {
@@ -26,7 +31,7 @@ typename Type::Enum NamedValue(const std::string& name, const char* what)
             return row.value;
         names += (names.empty() ? "" : ", ") + std::string(row.text);
     }
-    throw py::value_error("unknown " + std::string(what) + " '" + name + "' (expected " + names + ")");
+    throw UnknownName(what, name, names);
 }
 
 } // namespace
@@ -71,7 +76,15 @@ Keywords::SimulatorModeType::Enum ModeOf(const std::string& name)
 
 Keywords::SectionType::Enum SectionOf(const std::string& name)
 {
-    return NamedValue<Keywords::SectionType>(name, "section");
+    std::string names;
+    for (int i = 0; i < Keywords::SectionType::Count; ++i) {
+        const auto section = static_cast<Keywords::SectionType::Enum>(i);
+        const std::string text = Keywords::SectionType::ToString(section);
+        if (text == name)
+            return section;
+        names += (names.empty() ? "" : ", ") + text;
+    }
+    throw UnknownName("section", name, names);
 }
 
 } // namespace Veld::Quor::Python
