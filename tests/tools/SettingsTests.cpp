@@ -99,11 +99,11 @@ Total: $QUOR check cases/b.data none.data 2>e | tail -n 1 => 2 decks: 1 error, 0
 Resumed: echo x >s; $QUOR check cases --resume s --quiet; echo quor 0 >s; $QUOR check cases --resume s --quiet => quor: error: can't use the file 's' to resume: it has something else than results of a check\nquor: error: can't use the file 's' to resume: it is of a check with other options; remove it to start over
 OverTheDeck: $QUOR report cases/a.data -o ./cases/a.data 2>&1 | tail -n 1; $QUOR get cases/a.data DIMENS.NY --output cases/a.data 2>&1 | tail -n 1; $QUOR check cases --write-baseline cases/b.data --quiet 2>&1 | tail -n 1 => quor: error: can't write './cases/a.data': it is a file of the deck\nquor: error: can't write 'cases/a.data': it is a file of the deck\nquor: error: can't write the baseline 'cases/b.data': it is a deck
 OtherCommands: $QUOR get cases/a.data DIMENS.NY --bare 2>e; $QUOR info cases/a.data 2>e | grep -c x.inc => 3\n1
-Fixed: $QUOR check other/d.data --no-settings --fix --format gcc; cat other/d.data =>
-    other/d.data:3:1: warning: ENDINC has no effect outside an included file; use END to end the deck [stray-endinc]
+Fixed: printf 'RUNSPEC\noil\nWATR\n' >other/d.data; $QUOR check other/d.data --no-settings --fix --format gcc; cat other/d.data =>
+    other/d.data:3:1: error: unknown keyword 'WATR'; did you mean WATER? [unknown-keyword]
     RUNSPEC
     OIL
-    ENDINC
+    WATR
     other/d.data: fixed 1 finding in 1 file
 FixedInput: $QUOR check - --fix <other/d.data => quor: error: the deck from standard input can't be fixed; leave out --fix
 )")),

@@ -34,6 +34,12 @@ bool IsApart(const std::vector<Decks::TextEdit>& fix, const EditsByFile& edits)
     });
 }
 
+/// A keyword that is near another one may be one that the language doesn't have.
+bool IsGuess(const Decks::Finding& finding)
+{
+    return finding.code == "unknown-keyword";
+}
+
 /// The changes of a deck's files, in memory until all are known.
 class Fixer {
 public:
@@ -65,7 +71,7 @@ private:
     {
         EditsByFile edits;
         for (const Decks::Finding& finding : deck.GetFindings()) {
-            if (finding.fix.empty() || !IsApart(finding.fix, edits))
+            if (finding.fix.empty() || IsGuess(finding) || !IsApart(finding.fix, edits))
                 continue;
             ++findings_;
             for (const Decks::TextEdit& edit : finding.fix)
