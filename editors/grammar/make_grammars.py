@@ -20,7 +20,7 @@ class Language:
 
     def __init__(self, quor):
         text = subprocess.run([quor, "list", "--format", "json"], check=True, capture_output=True, text=True).stdout
-        keywords = json.loads(text)
+        keywords = json.loads(text)["keywords"]
         names = {name for keyword in keywords for name in [keyword["name"], *keyword["aliases"]]}
         self.sections = sorted({section for keyword in keywords for section in keyword["sections"]})
         self.plain = sorted(name for name in names if not name.endswith("*") and name not in self.sections)
