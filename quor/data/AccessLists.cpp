@@ -60,16 +60,12 @@ void CheckKnown(const IKeywordListData& list, const T* unknown)
 template <class Visit>
 bool VisitElements(const IKeywordListData& list, Visit visit)
 {
-    switch (ElementOf(list).Type()) {
-    case MDType::Integer:
+    const MDType::Enum type = ElementOf(list).Type();
+    if (type == MDType::Integer)
         return visit(int());
-    case MDType::Real:
+    if (type == MDType::Real)
         return visit(double());
-    case MDType::Boolean:
-        return visit(char());
-    default:
-        return false;
-    }
+    return type == MDType::Boolean && visit(char());
 }
 
 template <class List>

@@ -43,7 +43,7 @@ public:
     /// The same also where the ranges of values are kept, so that no word is read in a short way.
     std::string FindingsOf(const ReadOptions& options = {}) const
     {
-        const std::string findings = Dump(Read(options).GetFindings(), folder_.Path());
+        std::string findings = Dump(Read(options).GetFindings(), folder_.Path());
         const Deck editable = Read(ReadOptions(options).SetEditable(true));
         EXPECT_EQ(Dump(editable.GetFindings(), folder_.Path()), findings);
         return findings;
