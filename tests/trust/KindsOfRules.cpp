@@ -68,7 +68,7 @@ std::size_t NamesOf(const SampleDeck& deck, const Rule& names)
 
 /// Makes a size of RUNSPEC one less than what is there. What is counted is a place for the finding too.
 MakeMistake TooSmall(
-    const Rule& rule, std::function<std::size_t(const SampleDeck&)> count, const std::string& counted)
+    const Rule& rule, const std::function<std::size_t(const SampleDeck&)>& count, const std::string& counted)
 {
     const Where size(rule.Get("keyword") + "." + rule.Get("size") + " @RUNSPEC");
     return [=](const SampleDeck& deck, Random&) -> std::optional<Mistake> {

@@ -201,7 +201,7 @@ std::string WithNames(const std::string& text, const IKeywordRecordMD& record)
 
 std::string KeywordExample(const IKeywordSyntax& syntax)
 {
-    const std::string name = syntax.GetName() + '\n';
+    std::string name = syntax.GetName() + '\n';
     if (!syntax.GetDataMD())
         return name;
     try {
@@ -214,7 +214,7 @@ std::string KeywordExample(const IKeywordSyntax& syntax)
                         AsMap(*data).SetValue(0, 1);
                 },
                 [](const auto&) {}});
-        const std::string text = Core::Decks::WriteKeyword(*data);
+        std::string text = Core::Decks::WriteKeyword(*data);
         const IKeywordRecordMD* const record = FindFlatRecord(*syntax.GetDataMD());
         return record ? WithNames(text, *record) : text;
     } catch (const Core::Service::Exception&) { // data that no deck can hold
