@@ -43,7 +43,9 @@ std::optional<long long> FindValue(
 
 bool WrongSizes::IsKnownElsewhere(const std::string& size) const
 {
-    const std::set<std::string> names = known_ && !known_->empty() ? NamesIn(size) : std::set<std::string>();
+    if (!known_ || known_->empty())
+        return false;
+    const std::set<std::string> names = NamesIn(size);
     return std::any_of(
         names.begin(), names.end(), [this](const std::string& name) { return known_->count(name) > 0; });
 }
