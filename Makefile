@@ -69,12 +69,12 @@ check-threads: setup-test configure-tsan
 	@build/tsan/bin/deck-tests --gtest_brief=1
 
 check-editor: setup-test build-test
-	@echo "== the extension of VS Code, the protocol, and a session in Neovim"
+	@echo "== the extension of VS Code, the protocol, and each feature in Neovim"
 	@editors/build.sh build/test/bin/quor build/test/editor
 	@QUOR=$(CURDIR)/build/test/bin/quor QUOR_EDITORS=$(CURDIR)/editors NAME=ALDER \
 	    DECK=$(CURDIR)/examples/decks/field/include/schedule/prediction.inc timeout 120 \
-	    nvim --headless -u NONE -S editors/neovim/session.lua >build/test/editor/session.txt 2>&1 || \
-	    { cat build/test/editor/session.txt; exit 1; }
+	    nvim --headless -u NONE -S editors/neovim/features.lua >build/test/editor/features.txt 2>&1 || \
+	    { cat build/test/editor/features.txt; exit 1; }
 
 # What the analyzer reads: `changed`, the files that differ from the parent of the branch, or `all`.
 LINT ?= changed

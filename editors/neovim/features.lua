@@ -1,6 +1,6 @@
--- A session without a screen: nvim --headless -u NONE -S session.lua, with the environment variables QUOR (the program),
--- QUOR_EDITORS (the folder above) DECK (a file of a deck with WCONPROD, also an
--- included one) and NAME (of a well or group there). Prints what each feature shows; exits with 1 if one doesn't answer.
+-- Tries each feature without a screen: nvim --headless -u NONE -S features.lua, with the environment variables QUOR (the
+-- program), QUOR_EDITORS (the folder above), DECK (a file of a deck with WCONPROD, also an included one) and NAME (of a well
+-- or group there). Prints what each feature shows; exits with 1 if one doesn't answer.
 
 local editors = vim.env.QUOR_EDITORS
 package.path = editors .. "/neovim/?.lua;" .. package.path
@@ -18,7 +18,7 @@ local function wait(what, done)
   end
 end
 
-local function session()
+local function tryAll()
   vim.cmd("edit " .. vim.env.DECK)
   wait("the server", function()
     return #vim.lsp.buf_get_clients(0) > 0 or next(vim.lsp.buf_get_clients(0)) ~= nil
@@ -117,7 +117,7 @@ local function session()
   io.write("== done\n")
 end
 
-local isDone, reason = pcall(session)
+local isDone, reason = pcall(tryAll)
 if not isDone then
   fail(reason)
 end
