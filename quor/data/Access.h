@@ -166,7 +166,7 @@ VELD_QUOR_EXPORT const IKeywordRawData& RawIn(const IKeywordRecordData& record, 
 /// All elements without a copy; one left to its default, `IsDefaulted(i)`, holds a value that nobody gave.
 /// `T` is `int`, `double` or `std::string`; booleans are read one by one. Throws also if an element is
 /// unknown: read such a list with `IsUnknown` and `ValueAt`. Takes the same time for a list of any size,
-/// unless one of its elements was unknown: some ten nanoseconds.
+/// unless one of its elements was unknown.
 template <class T>
 VELD_QUOR_EXPORT ArrayView<T> As(const IKeywordListData& list);
 /// A copy of the element. `T` may also be `bool`. Throws also if the element is unknown.

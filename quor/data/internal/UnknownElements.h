@@ -12,6 +12,9 @@ namespace Veld::Quor::Core::Keywords {
 /// truth value, which is a `char` in a list, neither 0 nor 1.
 template <class T>
 constexpr T unknownElement = std::numeric_limits<T>::min();
+template <>
+inline constexpr char unknownElement<char> =
+    0x7F; // `char` may have no sign, and its least value is false then
 
 /// The first unknown element from `index` on; null if there is none. A host's own class of list has none.
 template <class T>

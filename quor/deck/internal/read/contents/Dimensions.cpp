@@ -48,6 +48,19 @@ std::string ChosenSize(const SizeRule& rule, const IKeywordData* data, Simulator
     return {};
 }
 
+/// The whole numbers of a record, with their indices.
+template <class Visit>
+void ForEachSize(const IKeywordData& data, Visit visit)
+{
+    if (KeywordUtils::GetMDType(data.GetMD()) != MDType::Record)
+        return;
+    const auto& record = static_cast<const IKeywordRecordMD&>(*data.GetMD());
+    for (int i = 0; i < record.GetSize(); ++i) {
+        if (KeywordUtils::GetMDType(record.GetItemMD(i)) == MDType::Integer)
+            visit(static_cast<const IKeywordIntegerMD&>(*record.GetItemMD(i)), i);
+    }
+}
+
 } // namespace
 
 Dimensions::Dimensions(const LanguageIndex& language, SimulatorType::Enum simulator)
@@ -65,17 +78,11 @@ Dimensions::Dimensions(const LanguageIndex& language, SimulatorType::Enum simula
 
 void Dimensions::Add(const std::string& name, const IKeywordData& data, std::uint32_t keyword)
 {
-    if (KeywordUtils::GetMDType(data.GetMD()) != MDType::Record)
-        return;
-    const auto& record = static_cast<const IKeywordRecordMD&>(*data.GetMD());
-    for (int i = 0; i < record.GetSize(); ++i) {
-        if (KeywordUtils::GetMDType(record.GetItemMD(i)) != MDType::Integer)
-            continue;
-        const auto& item = static_cast<const IKeywordIntegerMD&>(*record.GetItemMD(i));
+    ForEachSize(data, [&](const IKeywordIntegerMD& item, int i) {
         const Optional<int> given = ValueOf(data, i);
         const Optional<int> value = given ? given : item.GetDefault(simulator_);
         if (!value)
-            continue;
+            return;
         const Given size = {*value, keyword, !given};
         const std::string own = name + '.' + item.GetName();
         Sizes& frame = frames_.back();
@@ -84,7 +91,7 @@ void Dimensions::Add(const std::string& name, const IKeywordData& data, std::uin
         if (!isOfOther || other->second.value < size.value || other->second.isDefault)
             frame[item.GetName()] = size;
         frame[own] = size;
-    }
+    });
 }
 
 void Dimensions::Choose(const std::string& name, const IKeywordData* data, bool isKnown)
@@ -97,15 +104,10 @@ void Dimensions::Choose(const std::string& name, const IKeywordData* data, bool 
 
 void Dimensions::DoubtAllOf(const IKeywordData& data)
 {
-    if (KeywordUtils::GetMDType(data.GetMD()) != MDType::Record)
-        return;
-    const auto& record = static_cast<const IKeywordRecordMD&>(*data.GetMD());
-    for (int i = 0; i < record.GetSize(); ++i) {
-        if (KeywordUtils::GetMDType(record.GetItemMD(i)) != MDType::Integer)
-            continue;
-        doubted_.insert(record.GetItemMD(i)->GetName());
-        reported_.insert(record.GetItemMD(i)->GetName());
-    }
+    ForEachSize(data, [this](const IKeywordIntegerMD& item, int) {
+        doubted_.insert(item.GetName());
+        reported_.insert(item.GetName());
+    });
 }
 
 void Dimensions::SetBox(const IKeywordData& data)
