@@ -2,6 +2,7 @@
 
 #include "quor/deck/DeckFiles.h"
 #include "quor/deck/DeckSource.h"
+#include "tools/quor/commands/StampedFiles.h"
 #include "tools/quor/commands/WriteFiles.h"
 
 #include <algorithm>
@@ -44,7 +45,8 @@ bool IsGuess(const Decks::Finding& finding)
 class Fixer {
 public:
     Fixer(const Decks::ReadOptions& options, const Decks::DeckLanguage& language)
-        : source_(std::make_shared<Decks::MemorySource>(std::make_shared<Decks::FileSource>()))
+        : files_(std::make_shared<StampedFiles>())
+        , source_(std::make_shared<Decks::MemorySource>(files_))
         , options_(Decks::ReadOptions(options).SetSource(source_))
         , language_(language)
     {
@@ -71,7 +73,8 @@ private:
     {
         EditsByFile edits;
         for (const Decks::Finding& finding : deck.GetFindings()) {
-            if (finding.fix.empty() || IsGuess(finding) || !IsApart(finding.fix, edits))
+            const bool isOutside = deck.GetFiles().Get(finding.range.file).isOutside;
+            if (finding.fix.empty() || isOutside || IsGuess(finding) || !IsApart(finding.fix, edits))
                 continue;
             ++findings_;
             for (const Decks::TextEdit& edit : finding.fix)
@@ -92,11 +95,12 @@ private:
         std::vector<FileText> files;
         for (const auto& [path, text] : texts_)
             files.push_back({path, text});
-        if (!WriteFilesOrReport(files))
+        if (!ReplaceFilesOrReport(files, files_->GetStamps()))
             throw std::runtime_error("not all fixes were written");
     }
 
-    std::shared_ptr<Decks::MemorySource> source_;
+    std::shared_ptr<StampedFiles> files_;
+    std::shared_ptr<Decks::MemorySource> source_; // those and what was changed of them
     Decks::ReadOptions options_;
     const Decks::DeckLanguage& language_;
     std::map<std::string, std::string> texts_; // by path

@@ -97,24 +97,28 @@ void AddOutsideOption(CLI::App& command, bool& mayBeOutside)
         "--outside", mayBeOutside, "Also change included files that are outside the folder of the deck");
 }
 
+bool ReplaceFilesOrReport(const std::vector<FileText>& files, const std::set<FileStamp>& known)
+{
+    for (const FileText& file : files) {
+        if (known.count(StampOf(file.path)) > 0)
+            continue;
+        PrintError(fmt::format(
+            "can't write '{}': it was changed since it was read; nothing was written", file.path));
+        return false;
+    }
+    return WriteAll(files, &known);
+}
+
 bool ChangeFilesOrReport(const Decks::Deck& deck, const std::vector<FileChange>& changes, bool mayBeOutside)
 {
     const Decks::DeckFiles& files = deck.GetFiles();
     if (!mayBeOutside && !HasNoneOutside(files, changes))
         return false;
     const auto& source = dynamic_cast<const StampedFiles&>(*deck.GetOptions().GetSource());
-    const std::set<FileStamp> known = source.GetStamps();
     std::vector<FileText> texts;
-    for (const FileChange& change : changes) {
-        const std::string& path = files.Get(change.file).name;
-        if (known.count(StampOf(path)) == 0) { // before any is written
-            PrintError(
-                fmt::format("can't write '{}': it was changed since it was read; nothing was written", path));
-            return false;
-        }
-        texts.push_back({path, change.text});
-    }
-    return WriteAll(texts, &known);
+    for (const FileChange& change : changes)
+        texts.push_back({files.Get(change.file).name, change.text});
+    return ReplaceFilesOrReport(texts, source.GetStamps());
 }
 
 } // namespace Veld::Quor::Tools

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "quor/deck/Deck.h"
+#include "tools/quor/terminal/FileOutput.h"
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +23,9 @@ struct FileText {
 /// Writes files, each whole or not at all, and the folders that they need. False, and reported with how many
 /// were written before it, if one of them can't be written.
 bool WriteFilesOrReport(const std::vector<FileText>& files);
+/// The same for files that were read: if one has none of the stamps, it was changed since then, and none is
+/// written.
+bool ReplaceFilesOrReport(const std::vector<FileText>& files, const std::set<FileStamp>& known);
 
 /// False, and reported, if the path of a result is that of a file of the deck.
 bool IsApartOrReport(const std::string& path, const Core::Decks::Deck& deck);
