@@ -102,6 +102,8 @@ private:
         TextRange firstSurplus; // beyond the size of the list
         long long surplus = 0;
         bool isShifted = false; // a default may be the count of a repeat and a blank: "2* 0.3"
+
+        void AddBeyond(const TextRange& range, double value, long long count);
     };
 
     // Any data

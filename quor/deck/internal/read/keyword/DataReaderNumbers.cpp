@@ -131,6 +131,15 @@ void DataReader::ReadPlainNumbers(const DataPlan& item, long long most, IKeyword
 }
 
 /// One word, and all its repeats.
+void DataReader::NumberErrors::AddBeyond(const TextRange& range, double value, long long count)
+{
+    if (beyond == 0) {
+        firstBeyond = range;
+        beyondValue = value;
+    }
+    beyond += count;
+}
+
 template <class MD, class T>
 void DataReader::ReadNumber(
     const DataPlan& plan, long long most, IKeywordListData& list, NumberErrors& errors)
@@ -152,13 +161,8 @@ void DataReader::ReadNumber(
     const TextRange& range = words_.GetRange();
     const T value = reading.value.value_or(T());
     const long long count = words_.TakeRepeats();
-    if (!isDefault && !reading.hasVariables && !IsWithinLimits(item, static_cast<double>(value))) {
-        if (errors.beyond == 0) {
-            errors.firstBeyond = range;
-            errors.beyondValue = static_cast<double>(value);
-        }
-        errors.beyond += count;
-    }
+    if (!isDefault && !reading.hasVariables && !IsWithinLimits(item, static_cast<double>(value)))
+        errors.AddBeyond(range, static_cast<double>(value), count);
     // What is beyond the size is counted, and not kept.
     const long long kept = std::min(count, most - list.GetSize());
     if (kept > 1 && !words_.MayRepeat(static_cast<std::size_t>(kept - 1))) {

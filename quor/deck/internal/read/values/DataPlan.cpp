@@ -74,6 +74,13 @@ void PlanRecord(const IKeywordRecordMD& md, const Target& target, DataPlan& plan
         && std::all_of(plan.items.begin(), plan.items.end(), IsPlainItem);
 }
 
+void PlanList(const IKeywordListMD& md, const Target& target, DataPlan& plan)
+{
+    plan.termination = md.GetTermination();
+    if (md.GetItemMD())
+        plan.items.push_back(MakePlan(*md.GetItemMD(), target));
+}
+
 DataPlan MakePlan(const IKeywordDataMD& md, const Target& target)
 {
     DataPlan plan;
@@ -99,13 +106,9 @@ DataPlan MakePlan(const IKeywordDataMD& md, const Target& target)
     case MDType::Record:
         PlanRecord(static_cast<const IKeywordRecordMD&>(md), target, plan);
         break;
-    case MDType::List: {
-        const auto& list = static_cast<const IKeywordListMD&>(md);
-        plan.termination = list.GetTermination();
-        if (list.GetItemMD())
-            plan.items.push_back(MakePlan(*list.GetItemMD(), target));
+    case MDType::List:
+        PlanList(static_cast<const IKeywordListMD&>(md), target, plan);
         break;
-    }
     case MDType::Map:
         plan.termination = static_cast<const IKeywordMapMD&>(md).GetTermination();
         break;

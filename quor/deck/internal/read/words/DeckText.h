@@ -160,6 +160,7 @@ private:
     std::string_view GetLine() const;
     void SkipLine();
     bool TakeStructure(const Entry& entry, std::string_view word);
+    void EndInclude(const Entry& entry, const TextRange& range, std::string_view word);
     void Unpeek();
     Token ScanData();
     bool TakeLineStart(Token& keyword);

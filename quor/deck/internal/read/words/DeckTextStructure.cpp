@@ -37,16 +37,7 @@ bool DeckText::TakeStructure(const Entry& entry, std::string_view word)
         isEnded_ = true;
         return true;
     case KeywordDeckRole::EndInclude:
-        if (frames_.size() > 1) {
-            files_.SetEnd(GetFile(), range.offset);
-            Leave();
-            return true;
-        }
-        position_ += word.size();
-        reporter_.Report(range, Code::StrayEndinc,
-            fmt::format("{} has no effect outside an included file", entry.spelling),
-            "use END to end the deck");
-        ++turns_;
+        EndInclude(entry, range, word);
         return true;
     case KeywordDeckRole::Include:
         ReadInclude(word);
@@ -69,6 +60,19 @@ bool DeckText::TakeStructure(const Entry& entry, std::string_view word)
         return true;
     }
     return false;
+}
+
+void DeckText::EndInclude(const Entry& entry, const TextRange& range, std::string_view word)
+{
+    if (frames_.size() > 1) {
+        files_.SetEnd(GetFile(), range.offset);
+        Leave();
+        return;
+    }
+    position_ += word.size();
+    reporter_.Report(range, Code::StrayEndinc,
+        fmt::format("{} has no effect outside an included file", entry.spelling), "use END to end the deck");
+    ++turns_;
 }
 
 bool DeckText::TakeAs(const Token& head, const Entry& entry)
