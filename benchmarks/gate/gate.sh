@@ -5,14 +5,24 @@ set -eu
 program=$1 counts=$2 write=${3:-}
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-# The C library picks its ways of copying by the processor and the sizes of its caches; here they are the same anywhere.
-export GLIBC_TUNABLES=glibc.cpu.hwcaps=-AVX2,-AVX,-AVX512VL,-ERMS,-FSRM,-AVX_Fast_Unaligned_Load\
-:glibc.cpu.x86_non_temporal_threshold=0x1000000:glibc.cpu.x86_rep_movsb_threshold=0x10000000\
-:glibc.cpu.x86_rep_stosb_threshold=0x10000000
 valgrind --tool=callgrind --instr-atstart=no --callgrind-out-file="$folder/out" "$program" 2>"$folder/log" ||
     { cat "$folder/log"; exit 1; }
-awk '/^desc: Trigger: Client Request: / { path = $NF } /^summary: / { print path, $2 }' "$folder"/out.* |
-    sort >"$folder/counts"
+# Without what copies and compares memory in the C library: which of its ways it takes depends on the processor, the size of the
+# caches and the addresses. A name stands behind its number once, where the function is called or where its costs are.
+for part in "$folder"/out.*; do
+    awk '
+        /^desc: Trigger: Client Request: / { path = $NF }
+        /^c?fn=/ {
+            number = $1
+            sub(/^c?fn=/, "", number)
+            if (NF > 1) isLeftOut[number] = $2 ~ /^__(mem|str|wcs)/
+            if (/^fn=/) isCounted = !isLeftOut[number]
+            next
+        }
+        /^calls=/ { isOfCall = 1; next } # the next line has the costs of what is called
+        /^[-+*0-9]/ { if (isOfCall) isOfCall = 0; else if (isCounted) sum += $2 }
+        END { if (path) print path, sum }' "$part"
+done | sort >"$folder/counts"
 test -s "$folder/counts"
 if [ "$write" = --write ]; then
     cp "$folder/counts" "$counts"
