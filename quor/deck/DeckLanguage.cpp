@@ -53,7 +53,7 @@ std::vector<KeywordRole> DeckLanguage::GetRoles(const Keywords::IKeywordSyntax& 
     std::vector<KeywordRole> roles;
     for (const RoleRule& rule : index_->GetRules().roles) {
         if (std::find(rule.keywords.begin(), rule.keywords.end(), syntax.GetName()) != rule.keywords.end())
-            roles.push_back({PhysicalRole::EnumInfos()[static_cast<std::size_t>(rule.role)].text, rule.item});
+            roles.push_back({Role::EnumInfos()[static_cast<std::size_t>(rule.role)].text, rule.item});
     }
     return roles;
 }

@@ -71,7 +71,7 @@ SizeSummary SizesOf(const KeywordInstance& keyword)
     return summary;
 }
 
-void AddRunspec(const KeywordInstance& keyword, DeckSummary& summary)
+void AddRunspec(const KeywordInstance& keyword, const RolesOfKeyword& roles, DeckSummary& summary)
 {
     const std::string& name = keyword.syntax->GetName();
     bool isUnitSystem = false;
@@ -81,11 +81,11 @@ void AddRunspec(const KeywordInstance& keyword, DeckSummary& summary)
     } else if (!keyword.data) {
         if (keyword.syntax->GetDeckRole() == KeywordDeckRole::Ordinary)
             summary.options.push_back(name);
-    } else if (name == "TITLE" && IsRecordOf(keyword.data->GetMD(), {MDType::Line})) {
+    } else if (roles.Has(Role::Title) && IsRecordOf(keyword.data->GetMD(), {MDType::Line})) {
         const auto& record = static_cast<const IKeywordRecordData&>(*keyword.data);
         const IKeywordDataMD& text = *static_cast<const IKeywordRecordMD&>(*record.GetMD()).GetItemMD(0);
         summary.title = ToText(text, ItemValue(text, record.GetData(0)));
-    } else if (name != "START" && IsRecordOf(keyword.data->GetMD(), {})) { // a date is no size
+    } else if (!roles.Has(Role::StartOfRun) && IsRecordOf(keyword.data->GetMD(), {})) {
         SizeSummary sizes = SizesOf(keyword);
         if (!sizes.sizes.empty())
             summary.sizes.push_back(std::move(sizes));
@@ -167,17 +167,18 @@ DeckSummary Summarize(const Deck& readDeck)
     summary.files = SummarizeFiles(deck);
     summary.sections = SummarizeSections(deck);
     std::size_t step = 0;
-    WellSummary wells;
+    WellSummary wells(deck.language.GetRules());
     ArrayOperations arrays(deck);
     Variables variables;
     for (std::size_t i = 0; i < deck.keywords.size(); ++i) {
         const KeywordInstance& keyword = deck.keywords[i];
+        const RolesOfKeyword& roles = deck.language.RolesOf(*keyword.syntax);
         if (keyword.section == SectionType::RUNSPEC)
-            AddRunspec(keyword, summary);
+            AddRunspec(keyword, roles, summary);
         AddProperty(deck, keyword, summary);
         AddVariables(deck, keyword, variables);
         arrays.Follow(keyword);
-        if (keyword.syntax->GetName() == "START")
+        if (roles.Has(Role::StartOfRun))
             summary.end = deck.start;
         for (; step < deck.steps.size() && deck.steps[step].keyword == i; ++step)
             summary.end = deck.steps[step].time;

@@ -1,7 +1,6 @@
 #include "quor/deck/internal/compare/ArrayOperations.h"
 
 #include "quor/data/Access.h"
-#include "quor/deck/internal/compare/RecordItems.h"
 #include "quor/deck/internal/read/data/DataShape.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/syntax/ICellPropertyInfo.h"
@@ -27,56 +26,60 @@ constexpr double mostCells = 5e7;
 constexpr const char* noGrid = "the size of the grid isn't known, or too large";
 
 constexpr const char* directions[] = {"NX", "NY", "NZ"};
-constexpr const char* bounds[] = {"I1", "I2", "J1", "J2", "K1", "K2"};
-
-/// The array that has the numbers of a family of regions.
-std::string RegionArrayOf(const IKeywordRecordData& record)
-{
-    const std::string family = FindWord(record, "FAMILY");
-    return family == "F" ? "FLUXNUM" : family == "O" ? "OPERNUM" : "MULTNUM";
-}
-
-/// The array that the record works on.
-std::string TargetOf(const IKeywordRecordData& record)
-{
-    const std::string target = FindName(record, "TARGET");
-    return target.empty() ? FindName(record, "ARRAY") : target;
-}
+constexpr Role::Enum bounds[] = {
+    Role::FirstI, Role::LastI, Role::FirstJ, Role::LastJ, Role::FirstK, Role::LastK};
+constexpr Role::Enum operations[] = {Role::Box, Role::EndOfBox, Role::ArrayIsSet, Role::ArrayIsAddedTo,
+    Role::ArrayIsMultiplied, Role::ArrayIsLimitedFromBelow, Role::ArrayIsLimitedFromAbove,
+    Role::ArrayIsCopied, Role::ArrayIsChangedOtherwise};
 
 } // namespace
 
-/// The only names of keywords and of their items that this knows; what they do, no document says.
-const ArrayOperations::Operation* ArrayOperations::FindOperation(const std::string& keyword)
+std::optional<Role::Enum> ArrayOperations::FindOperation(const IKeywordSyntax& syntax) const
 {
-    static constexpr Operation operations[] = {{"BOX", Kind::Box}, {"ENDBOX", Kind::EndBox},
-        {"EQUALS", Kind::Set}, {"ADD", Kind::Add}, {"MULTIPLY", Kind::Multiply}, {"MINVALUE", Kind::AtLeast},
-        {"MAXVALUE", Kind::AtMost}, {"COPY", Kind::Copy}, {"EQUALREG", Kind::Set}, {"ADDREG", Kind::Add},
-        {"MULTIREG", Kind::Multiply}, {"COPYREG", Kind::Copy}, {"COPYBOX", Kind::Other},
-        {"OPERATE", Kind::Other}, {"OPERATER", Kind::Other}};
-    const auto* const operation = std::find_if(std::begin(operations), std::end(operations),
-        [&keyword](const Operation& row) { return keyword == row.keyword; });
-    return operation == std::end(operations) ? nullptr : operation;
+    const RolesOfKeyword& roles = deck_.language.RolesOf(syntax);
+    const auto* const operation = std::find_if(
+        std::begin(operations), std::end(operations), [&](Role::Enum role) { return roles.Has(role); });
+    return operation == std::end(operations) ? std::nullopt : std::optional(*operation);
+}
+
+/// Of a list of records whose items have roles.
+template <class Visit>
+void ArrayOperations::ForEachRecord(const KeywordInstance& keyword, Visit visit)
+{
+    const KeywordRoles* const roles = plans_.Find(*keyword.syntax);
+    if (!roles || !keyword.data || !IsListOfRecords(keyword.data->GetMD(), {}))
+        return;
+    const auto& list = static_cast<const IKeywordListData&>(*keyword.data);
+    for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i)
+        visit(RecordItems(*static_cast<const Record*>(list.GetData(i)), roles->record));
+}
+
+/// The array that has the numbers of a family of regions.
+std::string ArrayOperations::RegionArrayOf(const RecordItems& items) const
+{
+    const std::string family = items.FindWord(Role::FamilyOfRegion);
+    return deck_.language.FindNameOf(family == "F" ? Role::RegionsF
+            : family == "O"                        ? Role::RegionsO
+                                                   : Role::RegionsM);
 }
 
 ArrayOperations::ArrayOperations(const DeckContents& deck, bool withGiven)
     : deck_(deck)
+    , plans_(deck.language.GetRules(), RolePlans::Which::All)
     , dimensions_(deck.language, deck.GetTarget().simulator)
 {
     for (const KeywordInstance& keyword : deck.keywords) {
         if (withGiven && keyword.data && keyword.syntax->GetCellPropertyInfo())
             GetArray(deck.NameOf(keyword));
-        if (!keyword.data || !FindOperation(keyword.syntax->GetName())
-            || !IsListOfRecords(keyword.data->GetMD(), {}))
+        if (!FindOperation(*keyword.syntax))
             continue;
-        const auto& list = static_cast<const IKeywordListData&>(*keyword.data);
-        for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i) {
-            const auto& record = *static_cast<const Record*>(list.GetData(i));
-            GetArray(TargetOf(record));
-            if (const std::string source = FindName(record, "SOURCE"); !source.empty())
+        ForEachRecord(keyword, [&](const RecordItems& items) {
+            GetArray(items.FindName(Role::NameOfArray));
+            if (const std::string source = items.FindName(Role::ArrayThatIsCopied); !source.empty())
                 GetArray(source);
-            if (FindItem(record, "REGION", MDType::Integer).md)
-                GetArray(RegionArrayOf(record));
-        }
+            if (items.Has(Role::Region))
+                GetArray(RegionArrayOf(items));
+        });
     }
 }
 
@@ -100,7 +103,7 @@ void ArrayOperations::Follow(const KeywordInstance& keyword)
     if (IsInLocalGrid(keyword))
         return;
     keyword_ = &keyword;
-    const Operation* const operation = FindOperation(keyword.syntax->GetName());
+    const std::optional<Role::Enum> operation = FindOperation(*keyword.syntax);
     if (!keyword.isSound) {
         for (auto& [name, array] : arrays_) { // whichever it works on
             if (operation || name == deck_.NameOf(keyword))
@@ -108,16 +111,15 @@ void ArrayOperations::Follow(const KeywordInstance& keyword)
         }
     } else if (!operation) {
         SetValues(deck_.NameOf(keyword), keyword);
-    } else if (operation->kind == Kind::EndBox) {
+    } else if (*operation == Role::EndOfBox) {
         box_ = WholeGrid();
-    } else if (operation->kind == Kind::Box) {
-        if (IsRecordOf(keyword.data->GetMD(), {}))
-            box_ = BoxOf(static_cast<const Record&>(*keyword.data), WholeGrid());
-    } else if (IsListOfRecords(keyword.data->GetMD(), {})) {
+    } else if (*operation == Role::Box) {
+        const KeywordRoles* const roles = plans_.Find(*keyword.syntax);
+        if (roles && keyword.data && IsRecordOf(keyword.data->GetMD(), {}))
+            box_ = BoxOf({static_cast<const Record&>(*keyword.data), roles->record}, WholeGrid());
+    } else {
         Box box = box_;
-        const auto& list = static_cast<const IKeywordListData&>(*keyword.data);
-        for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i)
-            Apply(operation->kind, *static_cast<const Record*>(list.GetData(i)), box);
+        ForEachRecord(keyword, [&](const RecordItems& items) { Apply(*operation, items, box); });
     }
 }
 
@@ -142,53 +144,54 @@ void ArrayOperations::Forget(Array& array, const std::string& why)
 }
 
 /// `box`: of the record before, whose bounds hold on.
-void ArrayOperations::Apply(Kind kind, const Record& record, Box& box)
+void ArrayOperations::Apply(Role::Enum operation, const RecordItems& items, Box& box)
 {
-    box = BoxOf(record, box);
-    Array& array = GetArray(TargetOf(record));
+    box = BoxOf(items, box);
+    Array& array = GetArray(items.FindName(Role::NameOfArray));
     array.last = keyword_->name;
     const std::string& keyword = keyword_->syntax->GetName();
     if (std::find(array.keywords.begin(), array.keywords.end(), keyword) == array.keywords.end())
         array.keywords.push_back(keyword);
-    if (!isGridKnown_ || kind == Kind::Other)
+    if (!isGridKnown_ || operation == Role::ArrayIsChangedOtherwise)
         return Forget(array, isGridKnown_ ? fmt::format("{} isn't worked out", keyword) : noGrid);
     array.values.resize(static_cast<std::size_t>(grid_[0] * grid_[1] * grid_[2]), notKnown);
-    const std::string name = FindName(record, "SOURCE");
+    const std::string name = items.FindName(Role::ArrayThatIsCopied);
     const Array* const source = name.empty() ? nullptr : &GetArray(name);
     if (source && source->values.empty())
         array.unknown = fmt::format("{} has no values before {}", name, keyword);
     else if (source && !source->unknown.empty())
         array.unknown = source->unknown;
-    Work(kind, array, record, box, source);
+    Work(operation, array, items, box, source);
 }
 
-void ArrayOperations::Work(Kind kind, Array& array, const Record& record, const Box& box, const Array* source)
+void ArrayOperations::Work(
+    Role::Enum operation, Array& array, const RecordItems& items, const Box& box, const Array* source)
 {
-    const RecordItem given = FindItem(record, "VALUE", MDType::Real);
-    const double value = IsGiven(given.value) ? std::get<double>(given.value) : notKnown;
-    if (kind != Kind::Copy && std::isnan(value))
+    const double value = items.FindNumber(Role::ValueForArray).value_or(notKnown);
+    if (operation != Role::ArrayIsCopied && std::isnan(value))
         array.unknown = fmt::format("a value of {} isn't known", keyword_->syntax->GetName());
-    const bool isOfRegion = FindItem(record, "REGION", MDType::Integer).md != nullptr;
-    const std::vector<double>* const regions = isOfRegion ? &GetArray(RegionArrayOf(record)).values : nullptr;
-    const double region = FindIndex(record, "REGION");
+    const bool isOfRegion = items.Has(Role::Region);
+    const std::vector<double>* const regions = isOfRegion ? &GetArray(RegionArrayOf(items)).values : nullptr;
+    const double region = items.FindIndex(Role::Region);
     if (regions && regions->empty())
-        array.unknown = fmt::format("{} has no values", RegionArrayOf(record));
+        array.unknown = fmt::format("{} has no values", RegionArrayOf(items));
     ForEachCell(box, [&](std::size_t cell, std::size_t) {
         double& result = array.values[cell];
         if (regions && (regions->empty() || std::isnan((*regions)[cell])))
             result = notKnown;
         else if (regions && (*regions)[cell] != region)
             return;
-        else if (kind == Kind::Copy)
+        else if (operation == Role::ArrayIsCopied)
             result = !source || source->values.empty() ? notKnown : source->values[cell];
-        else if (kind == Kind::Set)
+        else if (operation == Role::ArrayIsSet)
             result = value;
-        else if (kind == Kind::Add)
+        else if (operation == Role::ArrayIsAddedTo)
             result += value;
-        else if (kind == Kind::Multiply)
+        else if (operation == Role::ArrayIsMultiplied)
             result *= value;
         else if (!std::isnan(result))
-            result = kind == Kind::AtLeast ? std::max(result, value) : std::min(result, value);
+            result = operation == Role::ArrayIsLimitedFromBelow ? std::max(result, value)
+                                                                : std::min(result, value);
     });
 }
 
@@ -230,11 +233,11 @@ ArrayOperations::Box ArrayOperations::WholeGrid() const
 }
 
 /// Bounds beyond the grid are those of the grid: they were reported.
-ArrayOperations::Box ArrayOperations::BoxOf(const Record& record, const Box& around) const
+ArrayOperations::Box ArrayOperations::BoxOf(const RecordItems& items, const Box& around) const
 {
     Box box = around;
     for (std::size_t i = 0; i < box.size(); ++i) {
-        const int bound = FindIndex(record, bounds[i]);
+        const int bound = items.FindIndex(bounds[i]);
         if (bound > 0)
             box[i] = std::min<long long>(bound, grid_[i / 2]);
     }
@@ -246,8 +249,7 @@ bool ArrayOperations::IsInLocalGrid(const KeywordInstance& keyword) const
 {
     for (std::uint32_t scope = keyword.scope; scope != noIndex; scope = deck_.scopes[scope].around) {
         const KeywordInstance& opener = deck_.keywords[deck_.scopes[scope].opener];
-        const Operation* const operation = FindOperation(opener.syntax->GetName());
-        if (!operation || operation->kind != Kind::Box)
+        if (!deck_.language.RolesOf(*opener.syntax).Has(Role::Box))
             return true;
     }
     return false;

@@ -1,15 +1,17 @@
 #pragma once
 
 #include "quor/data/IKeywordListData.h"
-#include "quor/data/IKeywordRecordData.h"
 #include "quor/deck/CellArrays.h"
 #include "quor/deck/DeckSummary.h"
+#include "quor/deck/internal/compare/RecordItems.h"
+#include "quor/deck/internal/physics/RolePlans.h"
 #include "quor/deck/internal/read/contents/DeckContents.h"
 #include "quor/deck/internal/read/contents/Dimensions.h"
 
 #include <array>
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,12 +33,7 @@ public:
     CellArrays TakeValues();
 
 private:
-    using Record = Core::Keywords::IKeywordRecordData;
-    enum class Kind { Box, EndBox, Set, Add, Multiply, AtLeast, AtMost, Copy, Other };
-    struct Operation {
-        const char* keyword;
-        Kind kind;
-    };
+    using Record = RecordItems::Record;
     /// First and last index in each direction, from 1.
     using Box = std::array<long long, 6>;
     struct Array {
@@ -49,19 +46,24 @@ private:
 
     void EnterSection(Core::Keywords::SectionType::Enum section);
     static void Forget(Array& array, const std::string& why);
-    static const Operation* FindOperation(const std::string& keyword);
-    void Apply(Kind kind, const Record& record, Box& box);
-    void Work(Kind kind, Array& array, const Record& record, const Box& box, const Array* source);
+    std::optional<Role::Enum> FindOperation(const Core::Keywords::IKeywordSyntax& syntax) const;
+    template <class Visit>
+    void ForEachRecord(const KeywordInstance& keyword, Visit visit);
+    std::string RegionArrayOf(const RecordItems& items) const;
+    void Apply(Role::Enum operation, const RecordItems& items, Box& box);
+    void Work(
+        Role::Enum operation, Array& array, const RecordItems& items, const Box& box, const Array* source);
     void SetValues(const std::string& name, const KeywordInstance& keyword);
     Array& GetArray(const std::string& name);
     Box WholeGrid() const;
-    Box BoxOf(const Record& record, const Box& around) const;
+    Box BoxOf(const RecordItems& items, const Box& around) const;
     bool IsInLocalGrid(const KeywordInstance& keyword) const;
     /// Calls `visit` with the index of each cell of the box, that of the grid and that within the box.
     template <class Visit>
     void ForEachCell(const Box& box, Visit visit) const;
 
     const DeckContents& deck_;
+    RolePlans plans_;
     Dimensions dimensions_;
     std::map<std::string, Array> arrays_;
     Box box_ = {};

@@ -55,7 +55,7 @@ void Splitter::Add(std::size_t index, StepUnits& units)
 {
     const KeywordInstance& keyword = deck_.keywords[index];
     const std::size_t before = units.units.size();
-    if (!TimeLine::Advances(keyword))
+    if (!TimeLine::Advances(keyword, deck_.language.RolesOf(*keyword.syntax)))
         AddUnits(keyword, units);
     if (scopeKeys_.size() < deck_.scopes.size() && deck_.scopes[scopeKeys_.size()].opener == index)
         scopeKeys_.push_back(units.units.size() > before ? units.units.back().key : KeyOf(keyword.scope));

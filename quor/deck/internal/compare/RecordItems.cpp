@@ -1,59 +1,69 @@
 #include "quor/deck/internal/compare/RecordItems.h"
 
-#include "quor/data/IKeywordRecordData.h"
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/metadata/IKeywordRecordMD.h"
+
+#include <algorithm>
 
 namespace Veld::Quor::Core::Decks {
 
 using namespace Core::Keywords;
-int RecordItems::FindPlace(const Record& record, const char* name, MDType::Enum type)
+
+const IKeywordDataMD& RecordItems::MDOf(int item) const
 {
-    if (record.GetMD() != md_)
-        places_.clear();
-    md_ = record.GetMD();
-    for (const Place& place : places_) {
-        if (place.name == name && place.type == type)
-            return place.item;
-    }
-    const auto& md = static_cast<const IKeywordRecordMD&>(*md_);
-    int item = 0;
-    while (item < md.GetSize()
-        && (md.GetItemMD(item)->GetName() != name || md.GetItemMD(item)->GetType() != type))
-        ++item;
-    item = item < md.GetSize() ? item : -1;
-    places_.push_back({name, type, item});
-    return item;
+    return *static_cast<const IKeywordRecordMD&>(*record_.GetMD()).GetItemMD(item);
 }
 
-RecordItem RecordItems::Find(const Record& record, const char* name, MDType::Enum type)
+ScalarValue RecordItems::ValueOf(int item) const
 {
-    const int place = FindPlace(record, name, type);
-    if (place < 0)
+    const IKeywordDataMD& md = MDOf(item);
+    ScalarValue value = ItemValue(md, record_.GetData(item));
+    return IsGiven(value) ? value : DefaultOf(md, SimulatorType::Any).value;
+}
+
+std::string RecordItems::FindName(Role::Enum role) const
+{
+    return ToUpper(FindWord(role));
+}
+
+std::string RecordItems::FindWord(Role::Enum role) const
+{
+    const int item = roles_.Find(role);
+    return item < 0 ? std::string() : ToText(MDOf(item), ValueOf(item));
+}
+
+std::string RecordItems::FindOtherWord(Role::Enum role) const
+{
+    const int item = roles_.Find(role);
+    if (item < 0)
         return {};
-    const IKeywordDataMD& md = *static_cast<const IKeywordRecordMD&>(*md_).GetItemMD(place);
-    RecordItem item{&md, ItemValue(md, record.GetData(place))};
-    if (!IsGiven(item.value))
-        item.value = DefaultOf(md, SimulatorType::Any).value;
-    return item;
+    const ScalarValue value = ValueOf(item);
+    return value == DefaultOf(MDOf(item), SimulatorType::Any).value ? std::string()
+                                                                    : ToText(MDOf(item), value);
 }
 
-std::string RecordItems::FindName(const Record& record, const char* name)
+int RecordItems::FindIndex(Role::Enum role) const
 {
-    const RecordItem item = Find(record, name, MDType::String);
-    return item.md ? ToUpper(ToText(*item.md, item.value)) : std::string();
+    const int item = roles_.Find(role);
+    const ScalarValue value = item < 0 ? ScalarValue() : ValueOf(item);
+    return IsGiven(value) ? std::get<int>(value) : 0;
 }
 
-std::string RecordItems::FindWord(const Record& record, const char* name)
+bool RecordItems::HasIndex(Role::Enum role) const
 {
-    const RecordItem item = Find(record, name, MDType::Choice);
-    return item.md ? ToText(*item.md, item.value) : std::string();
+    return std::any_of(roles_.items.begin(), roles_.items.end(), [&](const RecordRoles::Item& item) {
+        if (item.role != role)
+            return false;
+        const ScalarValue value = ValueOf(item.item);
+        return IsGiven(value) && std::get<int>(value) > 0;
+    });
 }
 
-int RecordItems::FindIndex(const Record& record, const char* name)
+std::optional<double> RecordItems::FindNumber(Role::Enum role) const
 {
-    const RecordItem item = Find(record, name, MDType::Integer);
-    return IsGiven(item.value) ? std::get<int>(item.value) : 0;
+    const int item = roles_.Find(role);
+    const ScalarValue value = item < 0 ? ScalarValue() : ValueOf(item);
+    return IsGiven(value) ? std::optional(std::get<double>(value)) : std::nullopt;
 }
 
 } // namespace Veld::Quor::Core::Decks

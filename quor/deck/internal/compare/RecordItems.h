@@ -1,66 +1,46 @@
 #pragma once
 
 #include "quor/data/IKeywordRecordData.h"
+#include "quor/deck/internal/physics/RolePlans.h"
 #include "quor/deck/internal/read/data/DataValue.h"
 
+#include <optional>
 #include <string>
-#include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
-/// A scalar of a record, with its metadata.
-struct RecordItem {
-    const Core::Keywords::IKeywordDataMD* md = nullptr;
-    ScalarValue value;
-};
-
-/// The items of records by their names, which for records of one kind are looked for once.
+/// The items of a record by what they are. One that the record leaves out has its default.
 class RecordItems {
 public:
     using Record = Core::Keywords::IKeywordRecordData;
-    using MDType = Core::Keywords::IKeywordDataMD::MDType;
 
-    /// The scalar under that name, or its default; not given if the record has no such item, or one of
-    /// another type. `name` must outlive this object.
-    RecordItem Find(const Record& record, const char* name, MDType::Enum type);
+    /// Both must outlive it.
+    RecordItems(const Record& record, const RecordRoles& roles)
+        : record_(record)
+        , roles_(roles)
+    {
+    }
+
+    bool Has(Role::Enum role) const { return roles_.Find(role) >= 0; }
     /// Of a text, in upper case: names are the same in any case. Empty if it isn't given.
-    std::string FindName(const Record& record, const char* name);
+    std::string FindName(Role::Enum role) const;
     /// Of a choice; empty if it isn't given.
-    std::string FindWord(const Record& record, const char* name);
+    std::string FindWord(Role::Enum role) const;
+    /// The same of one that isn't the default.
+    std::string FindOtherWord(Role::Enum role) const;
     /// Of a whole number; 0 if it isn't given.
-    int FindIndex(const Record& record, const char* name);
+    int FindIndex(Role::Enum role) const;
+    /// The same for all items of the role: whether one is above 0.
+    bool HasIndex(Role::Enum role) const;
+    /// Of a real; empty if it isn't given.
+    std::optional<double> FindNumber(Role::Enum role) const;
 
 private:
-    struct Place {
-        const char* name;
-        MDType::Enum type;
-        int item; // -1: there is none
-    };
-    int FindPlace(const Record& record, const char* name, MDType::Enum type);
+    const Core::Keywords::IKeywordDataMD& MDOf(int item) const;
+    ScalarValue ValueOf(int item) const;
 
-    const Core::Keywords::IKeywordDataMD* md_ = nullptr; // of the last record
-    std::vector<Place> places_; // in it
+    const Record& record_;
+    const RecordRoles& roles_;
 };
-
-/// The same for one record.
-/// @{
-inline RecordItem FindItem(
-    const RecordItems::Record& record, const char* name, RecordItems::MDType::Enum type)
-{
-    return RecordItems().Find(record, name, type);
-}
-inline std::string FindName(const RecordItems::Record& record, const char* name)
-{
-    return RecordItems().FindName(record, name);
-}
-inline std::string FindWord(const RecordItems::Record& record, const char* name)
-{
-    return RecordItems().FindWord(record, name);
-}
-inline int FindIndex(const RecordItems::Record& record, const char* name)
-{
-    return RecordItems().FindIndex(record, name);
-}
-/// @}
 
 } // namespace Veld::Quor::Core::Decks

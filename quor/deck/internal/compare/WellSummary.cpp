@@ -2,11 +2,7 @@
 
 #include "quor/data/IKeywordListData.h"
 #include "quor/deck/internal/read/data/DataShape.h"
-#include "quor/deck/internal/read/data/DataValue.h"
-#include "quor/metadata/KeywordUtils.h"
 
-#include <algorithm>
-#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -17,50 +13,61 @@ using MDType = IKeywordDataMD::MDType;
 
 namespace {
 
-constexpr const char* topGroup = "FIELD";
+/// That of the tree in which groups are.
+std::string FindTopGroup(const RuleSet& rules)
+{
+    for (const TreeRule& tree : rules.trees) {
+        for (const NameRule& names : rules.names) {
+            if (names.noun == tree.noun && !names.always.empty())
+                return names.always.front();
+        }
+    }
+    return {};
+}
 
 } // namespace
 
-/// The word of a choice that isn't the default.
-std::string WellSummary::FindOtherWord(const Record& record, const char* name) const
+WellSummary::WellSummary(const RuleSet& rules)
+    : plans_(rules, RolePlans::Which::All)
+    , topGroup_(FindTopGroup(rules))
 {
-    const RecordItem item = items_.Find(record, name, MDType::Choice);
-    if (!item.md || item.value == DefaultOf(*item.md, SimulatorType::Any).value)
-        return {};
-    return ToText(*item.md, item.value);
-}
-
-const WellSummary::Reader* WellSummary::FindReader(const std::string& keyword)
-{
-    static constexpr Reader readers[] = {{"WELSPECS", &WellSummary::ReadWell},
-        {"WELSPECL", &WellSummary::ReadWell}, {"GRUPTREE", &WellSummary::ReadGroup},
-        {"COMPDAT", &WellSummary::ReadCompletion}, {"COMPDATL", &WellSummary::ReadCompletion},
-        {"COMPDATM", &WellSummary::ReadCompletion}, {"WCONPROD", &WellSummary::ReadControl},
-        {"WCONINJE", &WellSummary::ReadControl}, {"WCONHIST", &WellSummary::ReadControl},
-        {"WCONINJH", &WellSummary::ReadControl}, {"WELCNTL", &WellSummary::ReadControl},
-        {"WELOPEN", &WellSummary::ReadStatus}};
-    const auto* const reader = std::find_if(std::begin(readers), std::end(readers),
-        [&keyword](const Reader& row) { return keyword == row.keyword; });
-    return reader == std::end(readers) ? nullptr : reader;
 }
 
 void WellSummary::Follow(const KeywordInstance& keyword, const Core::Service::Time& now)
 {
     if (!keyword.data || !IsListOfRecords(keyword.data->GetMD(), {}))
         return;
-    const Reader* const reader = FindReader(keyword.syntax->GetName());
-    if (!reader)
+    const KeywordRoles* const roles = plans_.Find(*keyword.syntax);
+    if (!roles || roles->record.items.empty())
         return;
     keyword_ = &keyword.syntax->GetName();
     now_ = now;
     const auto& list = static_cast<const IKeywordListData&>(*keyword.data);
-    for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i)
-        (this->*reader->read)(*static_cast<const Record*>(list.GetData(i)));
+    for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i) {
+        const Record& record = *static_cast<const Record*>(list.GetData(i));
+        const RecordItems items(record, roles->record);
+        ReadRecord(items);
+        ForEachWell(items.FindName(Role::WellThatIsControlled), [&](Entry& entry) {
+            entry.control = {keyword_, &record, &roles->record, Control::Shown::AsGiven};
+        });
+    }
 }
 
-void WellSummary::ReadWell(const Record& record)
+void WellSummary::ReadRecord(const RecordItems& items)
 {
-    const std::string name = items_.FindName(record, "WELL");
+    if (items.Has(Role::WellThatBegins))
+        ReadWell(items);
+    if (items.Has(Role::GroupInTheTree))
+        ReadGroup(items);
+    if (items.Has(Role::WellThatIsCompleted))
+        ReadCompletion(items);
+    if (items.Has(Role::WellThatOpensOrShuts))
+        ReadStatus(items);
+}
+
+void WellSummary::ReadWell(const RecordItems& items)
+{
+    const std::string name = items.FindName(Role::WellThatBegins);
     if (name.empty())
         return;
     const std::size_t number = wells_.size();
@@ -71,72 +78,64 @@ void WellSummary::ReadWell(const Record& record)
         entry.well.name = name;
         entry.well.since = now_;
     }
-    entry.well.group = items_.FindName(record, "GROUP");
+    entry.well.group = items.FindName(Role::GroupOfWell);
     if (!entry.well.group.empty())
-        AddGroup(entry.well.group, topGroup, false);
+        AddGroup(entry.well.group, topGroup_, false);
 }
 
-void WellSummary::ReadGroup(const Record& record)
+void WellSummary::ReadGroup(const RecordItems& items)
 {
-    const std::string name = items_.FindName(record, "GROUP");
-    const std::string parent = items_.FindName(record, "PARENT");
+    const std::string name = items.FindName(Role::GroupInTheTree);
+    const std::string parent = items.FindName(Role::GroupAbove);
     if (name.empty() || parent.empty())
         return;
-    AddGroup(parent, topGroup, false);
+    AddGroup(parent, topGroup_, false);
     AddGroup(name, parent, true);
 }
 
-void WellSummary::ReadCompletion(const Record& record)
+void WellSummary::ReadCompletion(const RecordItems& items)
 {
-    const std::array<int, 4> cells{items_.FindIndex(record, "I"), items_.FindIndex(record, "J"),
-        items_.FindIndex(record, "K1"), items_.FindIndex(record, "K2")};
+    const std::array<int, 4> cells{items.FindIndex(Role::CompletionI), items.FindIndex(Role::CompletionJ),
+        items.FindIndex(Role::CompletionFirstK), items.FindIndex(Role::CompletionLastK)};
     const long long count = static_cast<long long>(cells[3]) - cells[2] + 1;
     if (count <= 0)
         return;
-    ForEachWell(items_.FindName(record, "WELL"), [&](Entry& entry) {
+    ForEachWell(items.FindName(Role::WellThatIsCompleted), [&](Entry& entry) {
         if (entry.completions.insert(cells).second)
             entry.well.completions += count;
     });
 }
 
-void WellSummary::ReadControl(const Record& record)
-{
-    ForEachWell(items_.FindName(record, "WELL"), [&](Entry& entry) {
-        entry.control = {keyword_, &record, Control::Shown::AsGiven};
-    });
-}
-
 /// Of a well, not of a completion. One that opens has the control that it had.
-void WellSummary::ReadStatus(const Record& record)
+void WellSummary::ReadStatus(const RecordItems& items)
 {
-    const bool isOfCompletion = items_.FindIndex(record, "I") > 0 || items_.FindIndex(record, "J") > 0
-        || items_.FindIndex(record, "K") > 0;
-    if (isOfCompletion)
+    if (items.HasIndex(Role::CellOfStatus))
         return;
-    const std::string status = FindOtherWord(record, "STATUS");
-    ForEachWell(items_.FindName(record, "WELL"), [&](Entry& entry) {
+    const std::string status = items.FindOtherWord(Role::StatusOfWell);
+    ForEachWell(items.FindName(Role::WellThatOpensOrShuts), [&](Entry& entry) {
         entry.control.shown = status.empty() ? Control::Shown::AsOpen : Control::Shown::Text;
         entry.well.control = *keyword_ + ' ' + status;
     });
 }
 
-std::string WellSummary::TextOf(const Control& control) const
+std::string WellSummary::TextOf(const Control& control)
 {
     if (!control.keyword)
         return {};
     std::string text = *control.keyword;
+    const RecordItems items(*control.record, *control.roles);
     const auto add = [&text](const std::string& word) { text += word.empty() ? "" : ' ' + word; };
-    add(items_.FindWord(*control.record, "TYPE"));
+    add(items.FindWord(Role::InjectedFluid));
     if (control.shown == Control::Shown::AsGiven)
-        add(FindOtherWord(*control.record, "STATUS"));
-    add(items_.FindWord(*control.record, "CONTROL"));
+        add(items.FindOtherWord(Role::StatusOfWell));
+    add(items.FindWord(Role::ControlOfWell));
     return text;
 }
 
 /// `isFirm`: the parent holds against what was known before.
 void WellSummary::AddGroup(const std::string& name, const std::string& parent, bool isFirm)
 {
-    const auto [at, isNew] = parents_.try_emplace(name, name == topGroup ? "" : parent);
+    const auto [at, isNew] = parents_.try_emplace(name, name == topGroup_ ? "" : parent);
     if (isNew)
         groups_.push_back(name);
     else if (isFirm)
@@ -177,8 +176,8 @@ std::vector<Group> WellSummary::GetGroups() const
     std::map<std::string, std::vector<std::string>> children;
     for (auto name = groups_.rbegin(); name != groups_.rend(); ++name) // a stack turns them round again
         children[parents_.at(*name)].push_back(*name);
-    if (!groups_.empty() && parents_.count(topGroup) == 0)
-        children[""].emplace_back(topGroup);
+    if (!groups_.empty() && !topGroup_.empty() && parents_.count(topGroup_) == 0)
+        children[""].emplace_back(topGroup_);
 
     std::vector<Group> groups;
     std::set<std::string> seen;
@@ -195,8 +194,8 @@ std::vector<Group> WellSummary::GetGroups() const
                 waiting.emplace_back(child, depth + 1);
         }
     };
-    if (!groups_.empty())
-        addTree(topGroup);
+    if (!groups_.empty() && !topGroup_.empty())
+        addTree(topGroup_);
     for (const std::string& name : groups_) { // what hangs in a circle
         if (seen.count(name) == 0)
             addTree(name);

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "quor/data/IKeywordRecordData.h"
 #include "quor/deck/DeckSummary.h"
 #include "quor/deck/internal/compare/RecordItems.h"
+#include "quor/deck/internal/physics/RolePlans.h"
 #include "quor/deck/internal/read/contents/DeckContents.h"
+#include "quor/deck/internal/rules/RuleSet.h"
 #include "quor/foundation/service/Time.h"
-#include "quor/metadata/IKeywordRecordMD.h"
 
 #include <array>
 #include <cstddef>
@@ -16,10 +16,13 @@
 
 namespace Veld::Quor::Core::Decks {
 
-/// Gathers the wells and groups of a deck from its keywords, as they come. A language whose keywords have
-/// other forms, or lack the items, has no wells.
+/// Gathers the wells and groups of a deck from its keywords, as they come. Rules tell which keyword says
+/// what; without them a deck has no wells.
 class WellSummary {
 public:
+    /// The rules must outlive it.
+    explicit WellSummary(const RuleSet& rules);
+
     void Follow(const KeywordInstance& keyword, const Core::Service::Time& now);
 
     /// In the order in which they were introduced.
@@ -28,7 +31,7 @@ public:
     std::vector<Group> GetGroups() const;
 
 private:
-    using Record = Core::Keywords::IKeywordRecordData;
+    using Record = RecordItems::Record;
     /// What the last record says of how a well runs: its text is made in the end.
     struct Control {
         enum class Shown {
@@ -38,6 +41,7 @@ private:
         };
         const std::string* keyword = nullptr; ///< null: there was none
         const Record* record = nullptr;
+        const RecordRoles* roles = nullptr;
         Shown shown = Shown::Text;
     };
     struct Entry {
@@ -46,31 +50,26 @@ private:
         std::size_t number = 0; // in the order of coming
         std::set<std::array<int, 4>> completions; // I, J, K1, K2
     };
-    struct Reader {
-        const char* keyword;
-        void (WellSummary::*read)(const Record& record);
-    };
-    static const Reader* FindReader(const std::string& keyword);
 
-    void ReadWell(const Record& record);
-    void ReadGroup(const Record& record);
-    void ReadCompletion(const Record& record);
-    void ReadControl(const Record& record);
-    void ReadStatus(const Record& record);
+    void ReadRecord(const RecordItems& items);
+    void ReadWell(const RecordItems& items);
+    void ReadGroup(const RecordItems& items);
+    void ReadCompletion(const RecordItems& items);
+    void ReadStatus(const RecordItems& items);
 
     void AddGroup(const std::string& name, const std::string& parent, bool isFirm);
     template <class Visit>
     void ForEachWell(const std::string& pattern, Visit visit);
 
-    std::string FindOtherWord(const Record& record, const char* name) const;
-    std::string TextOf(const Control& control) const;
+    static std::string TextOf(const Control& control);
 
+    RolePlans plans_;
+    std::string topGroup_; // empty: rules tell of none
     std::map<std::string, Entry> wells_;
     std::map<std::string, std::string> parents_; // of groups, by name
     std::vector<std::string> groups_; // in the order of coming
     // Of the keyword being read
     const std::string* keyword_ = nullptr;
-    mutable RecordItems items_;
     Core::Service::Time now_;
 };
 

@@ -20,7 +20,7 @@ ActiveCells::ActiveCells(const PhysicsFacts& facts)
     const std::size_t layer = sizes_[0] * sizes_[1]; // sizes are integers of decks
     const bool isCountable = layer > 0 && sizes_[2] > 0 && layer <= mostCells / sizes_[2];
     isKnown_ = facts.IsSure() && facts.AreCellsKnown() && isCountable;
-    const KeywordInstance* const keyword = facts.FindKeyword(PhysicalRole::ActiveCells);
+    const KeywordInstance* const keyword = facts.FindKeyword(Role::ActiveCells);
     if (!isKnown_ || !keyword)
         return;
     const auto& list = static_cast<const IKeywordListData&>(*keyword->data);

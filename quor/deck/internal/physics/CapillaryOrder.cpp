@@ -11,9 +11,9 @@ namespace Veld::Quor::Core::Decks {
 void CheckCapillaryOrder(const PhysicsFacts& facts)
 {
     facts.ForEachTable([&](const RoleTable& table) {
-        const auto* const pressure = table.Find(PhysicalRole::CapillaryPressureOfGas);
-        const auto* const gas = table.Find(PhysicalRole::SaturationOfGas);
-        const auto* const liquid = table.Find(PhysicalRole::SaturationOfLiquid);
+        const auto* const pressure = table.Find(Role::CapillaryPressureOfGas);
+        const auto* const gas = table.Find(Role::SaturationOfGas);
+        const auto* const liquid = table.Find(Role::SaturationOfLiquid);
         if (!pressure || !(gas || liquid))
             return;
         double last = pressure->values.front();

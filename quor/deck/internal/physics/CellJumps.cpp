@@ -51,7 +51,7 @@ std::optional<Jump> FindJump(const ArrayView<double>& depths, const ActiveCells&
 /// D. K. Ponting, Corner Point Geometry in Reservoir Simulation, ECMOR I, 1989.
 void CheckCellJumps(const PhysicsFacts& facts)
 {
-    const KeywordInstance* const tops = facts.FindKeyword(PhysicalRole::CellTops);
+    const KeywordInstance* const tops = facts.FindKeyword(Role::CellTops);
     const ActiveCells active(facts);
     const auto system = facts.FindUnits();
     if (!tops || !system || !active.IsKnown())

@@ -10,8 +10,8 @@ namespace {
 
 bool HasWrongOrder(const PhysicsFacts& facts, const RoleTable& table)
 {
-    const auto* const water = table.Find(PhysicalRole::ContactOfWater);
-    const auto* const gas = table.Find(PhysicalRole::ContactOfGas);
+    const auto* const water = table.Find(Role::ContactOfWater);
+    const auto* const gas = table.Find(Role::ContactOfGas);
     if (!water || !gas || !(gas->values.front() > water->values.front()))
         return false;
     facts.Report(table, *gas, 0, Code::ContactOrder,
@@ -25,8 +25,8 @@ bool HasWrongOrder(const PhysicsFacts& facts, const RoleTable& table)
 bool HasWrongSign(const PhysicsFacts& facts, const RoleTable& table)
 {
     constexpr double leastDatum = 50; // m or feet
-    const auto* const water = table.Find(PhysicalRole::ContactOfWater);
-    const auto* const datum = table.Find(PhysicalRole::DepthOfDatum);
+    const auto* const water = table.Find(Role::ContactOfWater);
+    const auto* const datum = table.Find(Role::DepthOfDatum);
     if (!water || !datum || datum->values.front() < leastDatum)
         return false;
     const double height = -water->values.front();
@@ -42,9 +42,9 @@ bool HasWrongSign(const PhysicsFacts& facts, const RoleTable& table)
 /// Oil that is saturated at the contact of gas is so at all depths below: its pressure must be known there.
 void CheckDatum(const PhysicsFacts& facts, const RoleTable& table)
 {
-    const auto* const dissolved = table.Find(PhysicalRole::TableOfDissolvedGas);
-    const auto* const gas = table.Find(PhysicalRole::ContactOfGas);
-    const auto* const datum = table.Find(PhysicalRole::DepthOfDatum);
+    const auto* const dissolved = table.Find(Role::TableOfDissolvedGas);
+    const auto* const gas = table.Find(Role::ContactOfGas);
+    const auto* const datum = table.Find(Role::DepthOfDatum);
     if (!dissolved || !gas || !datum || dissolved->values.front() > 0
         || std::abs(gas->values.front() - datum->values.front()) < 1)
         return;
@@ -62,11 +62,11 @@ void CheckDatum(const PhysicsFacts& facts, const RoleTable& table)
 /// Engineering, 1978, section 1.4.
 void CheckContactOrder(const PhysicsFacts& facts)
 {
-    const bool hasAllPhases = facts.Has(PhysicalRole::PhaseOil) && facts.Has(PhysicalRole::PhaseWater)
-        && facts.Has(PhysicalRole::PhaseGas);
+    const bool hasAllPhases =
+        facts.Has(Role::PhaseOil) && facts.Has(Role::PhaseWater) && facts.Has(Role::PhaseGas);
     facts.ForEachTable([&](const RoleTable& table) {
         if (!HasWrongSign(facts, table) && !(hasAllPhases && HasWrongOrder(facts, table))
-            && facts.Has(PhysicalRole::DissolvedGas))
+            && facts.Has(Role::DissolvedGas))
             CheckDatum(facts, table);
     });
 }

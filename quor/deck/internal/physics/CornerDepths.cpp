@@ -83,7 +83,7 @@ std::size_t OddCornerOf(const double* depths, const std::array<std::size_t, 8>& 
 /// Reservoir Simulation, ECMOR I, 1989.
 void CheckCornerDepths(const PhysicsFacts& facts)
 {
-    const KeywordInstance* const corners = facts.FindKeyword(PhysicalRole::CornerDepths);
+    const KeywordInstance* const corners = facts.FindKeyword(Role::CornerDepths);
     const ActiveCells active(facts);
     const auto system = facts.FindUnits();
     if (!corners || !system || !active.IsKnown())

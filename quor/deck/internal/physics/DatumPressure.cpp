@@ -30,8 +30,8 @@ void CheckDatumPressure(PhysicsFacts& facts)
 {
     const auto system = facts.FindUnits();
     facts.ForEachTable([&](const RoleTable& table) {
-        const auto* const depths = table.Find(PhysicalRole::DepthOfDatum);
-        const auto* const pressures = table.Find(PhysicalRole::PressureOfDatum);
+        const auto* const depths = table.Find(Role::DepthOfDatum);
+        const auto* const pressures = table.Find(Role::PressureOfDatum);
         if (!system || !depths || !pressures || facts.AreUnitsReported())
             return;
         const double depth = depths->values.front();

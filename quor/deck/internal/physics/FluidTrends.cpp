@@ -12,14 +12,13 @@ namespace {
 using Column = RoleTable::Column;
 using Rows = std::vector<std::size_t>;
 
-constexpr PhysicalRole::Enum positive[] = {PhysicalRole::VolumeOfOil, PhysicalRole::VolumeOfGas,
-    PhysicalRole::VolumeOfWater, PhysicalRole::ViscosityOfOil, PhysicalRole::ViscosityOfGas,
-    PhysicalRole::ViscosityOfWater};
+constexpr Role::Enum positive[] = {Role::VolumeOfOil, Role::VolumeOfGas, Role::VolumeOfWater,
+    Role::ViscosityOfOil, Role::ViscosityOfGas, Role::ViscosityOfWater};
 
 /// Nothing flows with a viscosity of zero, and nothing fills no volume.
 void CheckPositive(const PhysicsFacts& facts, const RoleTable& table)
 {
-    for (const PhysicalRole::Enum role : positive) {
+    for (const Role::Enum role : positive) {
         const Column* const column = table.Find(role);
         for (std::size_t row = 0; column && row < column->values.size(); ++row) {
             if (column->values[row] != 0)
@@ -34,9 +33,9 @@ void CheckPositive(const PhysicsFacts& facts, const RoleTable& table)
 }
 
 struct Trend {
-    PhysicalRole::Enum role;
+    Role::Enum role;
     bool isRise; // else it falls
-    PhysicalRole::Enum along; // which rises
+    Role::Enum along; // which rises
 };
 
 /// Reports the first of the rows that is against the trend; whether there is one.
@@ -93,17 +92,17 @@ void CheckFluidTrends(const PhysicsFacts& facts)
         const auto isAgainst = [&](const Rows& rows, const Trend& trend) {
             return IsAgainst(facts, table, rows, trend);
         };
-        constexpr Trend gas = {PhysicalRole::ViscosityOfGas, true, PhysicalRole::Pressure};
-        constexpr Trend oil = {PhysicalRole::ViscosityOfOil, true, PhysicalRole::Pressure};
+        constexpr Trend gas = {Role::ViscosityOfGas, true, Role::Pressure};
+        constexpr Trend oil = {Role::ViscosityOfOil, true, Role::Pressure};
         if (isAgainst(saturated, gas))
             return;
-        if (!table.Find(PhysicalRole::ContentOfGas)) {
+        if (!table.Find(Role::ContentOfGas)) {
             isAgainst(saturated, oil);
             return;
         }
-        bool isReported = isAgainst(saturated, {PhysicalRole::Pressure, true, PhysicalRole::ContentOfGas})
-            || isAgainst(saturated, {PhysicalRole::VolumeOfOil, true, PhysicalRole::ContentOfGas})
-            || isAgainst(saturated, {PhysicalRole::ViscosityOfOil, false, PhysicalRole::ContentOfGas});
+        bool isReported = isAgainst(saturated, {Role::Pressure, true, Role::ContentOfGas})
+            || isAgainst(saturated, {Role::VolumeOfOil, true, Role::ContentOfGas})
+            || isAgainst(saturated, {Role::ViscosityOfOil, false, Role::ContentOfGas});
         for (std::size_t branch = 0; branch < table.branches.size() && !isReported; ++branch)
             isReported = isAgainst(RowsOf(table, branch), oil);
     });

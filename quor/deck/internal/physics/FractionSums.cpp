@@ -29,7 +29,7 @@ void CheckFractionSums(const PhysicsFacts& facts, const KeywordInstance& keyword
     ForEachElement(*keyword.data, [&](std::size_t element, const IKeywordData& data) {
         const auto check = [&](const IKeywordRecordData& record, const RecordRoles& inner, std::size_t,
                                std::uint32_t slot) {
-            const int item = inner.Find(PhysicalRole::Fractions);
+            const int item = inner.Find(Role::Fractions);
             const auto& md = static_cast<const IKeywordRecordMD&>(*record.GetMD());
             if (isReported || item < 0)
                 return;

@@ -18,7 +18,7 @@ PhysicsChecks::PhysicsChecks(const RuleSet& rules, const DeckContents& deck, con
     FindingReporter& reporter, SimulatorType::Enum simulator)
     : deck_(deck)
     , simulator_(simulator)
-    , plans_(rules)
+    , plans_(rules, RolePlans::Which::Checked)
     , facts_(deck, dimensions, reporter)
     , magnitudes_(facts_)
     , limits_(facts_)
@@ -36,7 +36,7 @@ void PhysicsChecks::Follow(bool isKnown)
     if (!isKnown || keyword.scope != noIndex)
         return facts_.LoseCells();
     // Whatever else is odd in a table has the same reason.
-    if (!magnitudes_.HasOdd(keyword, *roles) || roles->record.Find(PhysicalRole::NameOfWell) >= 0) {
+    if (!magnitudes_.HasOdd(keyword, *roles) || roles->record.Find(Role::NameOfWell) >= 0) {
         AddKeyword(*roles);
         FollowRecords(roles->record);
     }
@@ -45,16 +45,15 @@ void PhysicsChecks::Follow(bool isKnown)
 void PhysicsChecks::FollowRecords(const RecordRoles& roles)
 {
     const KeywordInstance& keyword = deck_.keywords.back();
-    const bool isOfConnections = roles.Find(PhysicalRole::ConnectionI) >= 0;
-    if (isOfConnections || roles.Find(PhysicalRole::NameOfWell) >= 0) {
+    const bool isOfConnections = roles.Find(Role::ConnectionI) >= 0;
+    if (isOfConnections || roles.Find(Role::NameOfWell) >= 0) {
         if (!wells_)
             wells_.emplace(facts_);
         isOfConnections ? wells_->FollowConnections(keyword, roles) : wells_->FollowHeads(keyword, roles);
-    } else if (roles.Find(PhysicalRole::NameOfArray) >= 0) {
+    } else if (roles.Find(Role::NameOfArray) >= 0) {
         if (ChangesActiveCells(roles))
             facts_.LoseCells();
-    } else if (roles.Find(PhysicalRole::LimitOfProduction) >= 0
-        || roles.Find(PhysicalRole::LimitOfInjection) >= 0) {
+    } else if (roles.Find(Role::LimitOfProduction) >= 0 || roles.Find(Role::LimitOfInjection) >= 0) {
         limits_.Follow(keyword, roles);
     } else if (!roles.IsEmpty()) {
         CheckFractionSums(facts_, keyword, roles);
@@ -65,9 +64,9 @@ void PhysicsChecks::FollowRecords(const RecordRoles& roles)
 
 void PhysicsChecks::AddKeyword(const KeywordRoles& roles)
 {
-    for (const PhysicalRole::Enum role : roles.roles) {
+    for (const Role::Enum role : roles.roles) {
         facts_.AddKeyword(role, static_cast<std::uint32_t>(deck_.keywords.size() - 1));
-        hasNewDepths_ = hasNewDepths_ || role == PhysicalRole::CornerDepths || role == PhysicalRole::CellTops;
+        hasNewDepths_ = hasNewDepths_ || role == Role::CornerDepths || role == Role::CellTops;
     }
 }
 
@@ -81,12 +80,12 @@ bool PhysicsChecks::ChangesActiveCells(const RecordRoles& roles)
     for (std::size_t i = 0; i < static_cast<std::size_t>(list.GetSize()); ++i) {
         const auto& record = *static_cast<const IKeywordRecordData*>(list.GetData(i));
         const auto& name = *static_cast<const Service::Optional<std::string>*>(
-            record.GetData(roles.Find(PhysicalRole::NameOfArray)));
+            record.GetData(roles.Find(Role::NameOfArray)));
         if (!name)
             return true;
         for (const IKeywordSyntax* const array : deck_.language.LookupAll(ToUpper(*name))) {
             const KeywordRoles* const found = plans_.Find(*array);
-            if (found && std::count(found->roles.begin(), found->roles.end(), PhysicalRole::ActiveCells) > 0)
+            if (found && std::count(found->roles.begin(), found->roles.end(), Role::ActiveCells) > 0)
                 return true;
         }
     }

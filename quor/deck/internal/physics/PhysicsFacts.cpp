@@ -10,7 +10,7 @@ namespace Veld::Quor::Core::Decks {
 
 using Keywords::UnitSystem;
 
-const KeywordInstance* PhysicsFacts::FindKeyword(PhysicalRole::Enum role) const
+const KeywordInstance* PhysicsFacts::FindKeyword(Role::Enum role) const
 {
     const auto found = keywords_.find(role);
     return found == keywords_.end() ? nullptr : &deck_.keywords[found->second.back()];
@@ -18,8 +18,8 @@ const KeywordInstance* PhysicsFacts::FindKeyword(PhysicalRole::Enum role) const
 
 std::optional<UnitSystem::Enum> PhysicsFacts::FindUnits() const
 {
-    if (const KeywordInstance* const keyword = FindKeyword(PhysicalRole::Units)) {
-        const std::vector<std::uint32_t>& all = keywords_.find(PhysicalRole::Units)->second;
+    if (const KeywordInstance* const keyword = FindKeyword(Role::Units)) {
+        const std::vector<std::uint32_t>& all = keywords_.find(Role::Units)->second;
         if (std::any_of(all.begin(), all.end(),
                 [&](std::uint32_t other) { return deck_.keywords[other].syntax != keyword->syntax; }))
             return std::nullopt; // two systems contradict each other
@@ -32,10 +32,10 @@ std::optional<UnitSystem::Enum> PhysicsFacts::FindUnits() const
     return isSure_ && isBegun ? std::optional(UnitSystem::METRIC) : std::nullopt;
 }
 
-const std::vector<RoleTable>* PhysicsFacts::FindTables(const std::vector<PhysicalRole::Enum>& roles) const
+const std::vector<RoleTable>* PhysicsFacts::FindTables(const std::vector<Role::Enum>& roles) const
 {
     const auto hasAll = [&roles](const std::vector<RoleTable>& tables) {
-        return !tables.empty() && std::all_of(roles.begin(), roles.end(), [&](PhysicalRole::Enum role) {
+        return !tables.empty() && std::all_of(roles.begin(), roles.end(), [&](Role::Enum role) {
             return tables.front().Find(role) != nullptr;
         });
     };
@@ -51,7 +51,7 @@ const std::string& PhysicsFacts::NameOf(const RoleTable& table) const
 void PhysicsFacts::KeepDatumDepths()
 {
     ForEachTable([this](const RoleTable& table) {
-        const Column* const depths = table.Find(PhysicalRole::DepthOfDatum);
+        const Column* const depths = table.Find(Role::DepthOfDatum);
         if (!depths)
             return;
         const auto [least, greatest] = std::minmax_element(depths->values.begin(), depths->values.end());
@@ -63,7 +63,7 @@ void PhysicsFacts::KeepDatumDepths()
 
 void PhysicsFacts::ReportUnits(const TextRange& range, const std::string& message, UnitSystem::Enum fit)
 {
-    const KeywordInstance* const units = FindKeyword(PhysicalRole::Units);
+    const KeywordInstance* const units = FindKeyword(Role::Units);
     const std::string& system = UnitSystem::ToString(*FindUnits());
     areUnitsReported_ = true;
     Report(range, Code::WrongUnits, message,

@@ -31,7 +31,7 @@ public:
     }
 
     void AddTables(std::vector<RoleTable> tables) { tables_.push_back(std::move(tables)); }
-    void AddKeyword(PhysicalRole::Enum role, std::uint32_t keyword) { keywords_[role].push_back(keyword); }
+    void AddKeyword(Role::Enum role, std::uint32_t keyword) { keywords_[role].push_back(keyword); }
     /// Something may change which cells are active.
     void LoseCells() { areCellsKnown_ = false; }
     void ForgetTables() { tables_.clear(); }
@@ -46,9 +46,9 @@ public:
     /// The least and the greatest; 0 if there is none.
     const std::pair<double, double>& GetDatumDepths() const { return datumDepths_; }
     bool AreCellsKnown() const { return areCellsKnown_; }
-    bool Has(PhysicalRole::Enum role) const { return FindKeyword(role) != nullptr; }
+    bool Has(Role::Enum role) const { return FindKeyword(role) != nullptr; }
     /// The last one; null if there is none.
-    const KeywordInstance* FindKeyword(PhysicalRole::Enum role) const;
+    const KeywordInstance* FindKeyword(Role::Enum role) const;
     /// Empty if it isn't known.
     std::optional<Keywords::UnitSystem::Enum> FindUnits() const;
     std::optional<long long> FindSize(const char* name) const { return dimensions_.FindWhole(name); }
@@ -65,7 +65,7 @@ public:
         }
     }
     /// The tables of the last keyword of the section that has all these columns; null if there is none.
-    const std::vector<RoleTable>* FindTables(const std::vector<PhysicalRole::Enum>& roles) const;
+    const std::vector<RoleTable>* FindTables(const std::vector<Role::Enum>& roles) const;
 
     const std::string& NameOf(const RoleTable& table) const;
     const DeckContents& GetDeck() const { return deck_; }
@@ -97,7 +97,7 @@ private:
     const Dimensions& dimensions_;
     FindingReporter& reporter_;
     std::vector<std::vector<RoleTable>> tables_; // of each keyword of the section
-    std::map<PhysicalRole::Enum, std::vector<std::uint32_t>> keywords_;
+    std::map<Role::Enum, std::vector<std::uint32_t>> keywords_;
     bool isSure_ = true;
     bool areCellsKnown_ = true;
     bool areUnitsReported_ = false;

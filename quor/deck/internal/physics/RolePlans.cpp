@@ -29,30 +29,56 @@ const IKeywordRecordMD* FindRecord(const IKeywordDataMD* md)
 }
 
 /// Whether data of that type can have the role. A document may give any keyword or item any role.
-bool Fits(PhysicalRole::Enum role, const IKeywordDataMD* md)
+bool Fits(Role::Enum role, const IKeywordDataMD* md)
 {
     const MDType::Enum type = KeywordUtils::GetMDType(md);
     switch (role) {
-    case PhysicalRole::CornerDepths:
-    case PhysicalRole::CellTops:
-    case PhysicalRole::Fractions:
+    case Role::CornerDepths:
+    case Role::CellTops:
+    case Role::Fractions:
         return IsListOf(md, MDType::Real);
-    case PhysicalRole::ActiveCells:
+    case Role::ActiveCells:
         return IsListOf(md, MDType::Integer);
-    case PhysicalRole::NameOfWell:
-    case PhysicalRole::NameOfArray:
+    case Role::NameOfWell:
+    case Role::NameOfArray:
+    case Role::ArrayThatIsCopied:
+    case Role::WellThatBegins:
+    case Role::GroupOfWell:
+    case Role::WellThatIsCompleted:
+    case Role::WellThatIsControlled:
+    case Role::WellThatOpensOrShuts:
+    case Role::GroupInTheTree:
+    case Role::GroupAbove:
         return type == MDType::String;
-    case PhysicalRole::HeadI:
-    case PhysicalRole::HeadJ:
-    case PhysicalRole::ConnectionI:
-    case PhysicalRole::ConnectionJ:
-    case PhysicalRole::ConnectionFirstK:
-    case PhysicalRole::ConnectionLastK:
-    case PhysicalRole::TableOfDissolvedGas:
+    case Role::FamilyOfRegion:
+    case Role::StatusOfWell:
+    case Role::ControlOfWell:
+    case Role::InjectedFluid:
+        return type == MDType::Choice;
+    case Role::HeadI:
+    case Role::HeadJ:
+    case Role::ConnectionI:
+    case Role::ConnectionJ:
+    case Role::ConnectionFirstK:
+    case Role::ConnectionLastK:
+    case Role::TableOfDissolvedGas:
+    case Role::CellOfStatus:
+    case Role::FirstI:
+    case Role::LastI:
+    case Role::FirstJ:
+    case Role::LastJ:
+    case Role::FirstK:
+    case Role::LastK:
+    case Role::Region:
+    case Role::CompletionI:
+    case Role::CompletionJ:
+    case Role::CompletionFirstK:
+    case Role::CompletionLastK:
         return type == MDType::Integer;
-    case PhysicalRole::DepthOfWell:
-    case PhysicalRole::LimitOfProduction:
-    case PhysicalRole::LimitOfInjection:
+    case Role::DepthOfWell:
+    case Role::LimitOfProduction:
+    case Role::LimitOfInjection:
+    case Role::ValueForArray:
         return type == MDType::Real;
     default: // a number of a table, or a keyword that says something by being there
         return true;
@@ -61,7 +87,7 @@ bool Fits(PhysicalRole::Enum role, const IKeywordDataMD* md)
 
 } // namespace
 
-int RecordRoles::Find(PhysicalRole::Enum role) const
+int RecordRoles::Find(Role::Enum role) const
 {
     for (const Item& entry : items) {
         if (entry.role == role)
@@ -94,8 +120,8 @@ KeywordRoles RolePlans::Make(const IKeywordSyntax& syntax) const
 {
     KeywordRoles plan;
     for (const RoleRule& rule : rules_.roles) {
-        if (PhysicalRole::IsChecked(rule.role) && rule.item.empty()
-            && HasWord(rule.keywords, syntax.GetName()) && Fits(rule.role, syntax.GetDataMD()))
+        if (IsAsked(rule.role) && rule.item.empty() && HasWord(rule.keywords, syntax.GetName())
+            && Fits(rule.role, syntax.GetDataMD()))
             plan.roles.push_back(rule.role);
     }
     for (const MagnitudeRule& rule : rules_.magnitudes) {
@@ -114,8 +140,8 @@ RecordRoles RolePlans::MakeRecord(const std::string& keyword, const IKeywordData
     for (int i = 0; i < record.GetSize(); ++i) {
         const IKeywordDataMD& item = *record.GetItemMD(i);
         for (const RoleRule& rule : rules_.roles) {
-            if (PhysicalRole::IsChecked(rule.role) && rule.item == item.GetName()
-                && HasWord(rule.keywords, keyword) && Fits(rule.role, &item))
+            if (IsAsked(rule.role) && rule.item == item.GetName() && HasWord(rule.keywords, keyword)
+                && Fits(rule.role, &item))
                 plan.items.push_back({i, rule.role});
         }
         for (const MagnitudeRule& rule : rules_.magnitudes) {

@@ -13,7 +13,7 @@ namespace Veld::Quor::Core::Decks {
 struct RecordRoles {
     struct Item {
         int item;
-        PhysicalRole::Enum role;
+        Role::Enum role;
     };
     struct Magnitude {
         int item;
@@ -28,14 +28,14 @@ struct RecordRoles {
 
     bool IsEmpty() const { return items.empty() && magnitudes.empty() && inner.empty(); }
     /// The index of the item; -1 if there is none.
-    int Find(PhysicalRole::Enum role) const;
+    int Find(Role::Enum role) const;
     /// Null if nothing below that item has a role.
     const RecordRoles* FindInner(int itemOfRecord) const;
 };
 
 /// What a keyword is.
 struct KeywordRoles {
-    std::vector<PhysicalRole::Enum> roles; ///< of the keyword itself
+    std::vector<Role::Enum> roles; ///< of the keyword itself
     const MagnitudeRule* magnitude = nullptr; ///< of the numbers of its list, or lists
     RecordRoles record; ///< that it carries, or of which it carries a list, or lists
 
@@ -45,9 +45,11 @@ struct KeywordRoles {
 /// Works out once a deck what each of its keywords is.
 class RolePlans {
 public:
-    /// `rules` must outlive it.
-    explicit RolePlans(const RuleSet& rules)
+    enum class Which { Checked, All };
+    /// `rules` must outlive it. `which`: the roles that checks know, or all.
+    RolePlans(const RuleSet& rules, Which which)
         : rules_(rules)
+        , which_(which)
     {
     }
 
@@ -57,8 +59,10 @@ public:
 private:
     KeywordRoles Make(const Keywords::IKeywordSyntax& syntax) const;
     RecordRoles MakeRecord(const std::string& keyword, const Keywords::IKeywordDataMD& md) const;
+    bool IsAsked(Role::Enum role) const { return which_ == Which::All || Role::IsChecked(role); }
 
     const RuleSet& rules_;
+    Which which_;
     std::unordered_map<const Keywords::IKeywordSyntax*, std::unique_ptr<const KeywordRoles>> plans_;
 };
 

@@ -90,7 +90,7 @@ private:
 
 } // namespace
 
-const RoleTable::Column* RoleTable::Find(PhysicalRole::Enum role) const
+const RoleTable::Column* RoleTable::Find(Role::Enum role) const
 {
     for (const Column& column : columns) {
         if (column.role == role)

@@ -15,7 +15,7 @@ namespace Veld::Quor::Core::Decks {
 /// one row; one of records with rows of their own has their numbers in each row.
 struct RoleTable {
     struct Column {
-        PhysicalRole::Enum role;
+        Role::Enum role;
         std::string name; ///< of the item
         std::vector<double> values; ///< one for each row; NaN if it is not known
         std::vector<std::uint32_t> slots; ///< of the values, among the scalars of the element
@@ -27,7 +27,7 @@ struct RoleTable {
     std::vector<std::size_t> branches; ///< the first row of each record that has rows of its own
 
     /// Null if no item has the role.
-    const Column* Find(PhysicalRole::Enum role) const;
+    const Column* Find(Role::Enum role) const;
 };
 
 /// The tables of a keyword that carries a record, a list of records, or of lists of them. A table without

@@ -9,9 +9,8 @@ namespace {
 /// Curves that were measured or fitted may end a little above zero.
 constexpr double mostAtEnd = 1e-4;
 
-constexpr PhysicalRole::Enum permeabilities[] = {PhysicalRole::PermeabilityToWater,
-    PhysicalRole::PermeabilityToGas, PhysicalRole::PermeabilityToOilWithWater,
-    PhysicalRole::PermeabilityToOilWithGas, PhysicalRole::PermeabilityToOil};
+constexpr Role::Enum permeabilities[] = {Role::PermeabilityToWater, Role::PermeabilityToGas,
+    Role::PermeabilityToOilWithWater, Role::PermeabilityToOilWithGas, Role::PermeabilityToOil};
 
 /// The permeability to a phase is zero where the phase just begins to flow, at one end of its table.
 void CheckPermeability(const PhysicsFacts& facts, const RoleTable& table, const RoleTable::Column& column)
@@ -44,13 +43,13 @@ void CheckEnd(const PhysicsFacts& facts, const RoleTable& table, const RoleTable
 void CheckSaturationEnds(const PhysicsFacts& facts)
 {
     facts.ForEachTable([&](const RoleTable& table) {
-        for (const PhysicalRole::Enum role : permeabilities) {
+        for (const Role::Enum role : permeabilities) {
             if (const auto* const column = table.Find(role))
                 CheckPermeability(facts, table, *column);
         }
-        if (const auto* const gas = table.Find(PhysicalRole::SaturationOfGas))
+        if (const auto* const gas = table.Find(Role::SaturationOfGas))
             CheckEnd(facts, table, *gas, 0, 0);
-        if (const auto* const liquid = table.Find(PhysicalRole::SaturationOfLiquid))
+        if (const auto* const liquid = table.Find(Role::SaturationOfLiquid))
             CheckEnd(facts, table, *liquid, liquid->values.size() - 1, 1);
     });
 }

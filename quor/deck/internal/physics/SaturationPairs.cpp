@@ -29,17 +29,17 @@ struct End {
 };
 
 /// Without free gas.
-End GasFreeEnd(const RoleTable& table, PhysicalRole::Enum role)
+End GasFreeEnd(const RoleTable& table, Role::Enum role)
 {
     const auto* const column = table.Find(role);
-    return {column, table.Find(PhysicalRole::SaturationOfLiquid) ? column->values.size() - 1 : 0};
+    return {column, table.Find(Role::SaturationOfLiquid) ? column->values.size() - 1 : 0};
 }
 
 /// Without free gas, and at connate water, oil is what both tables describe.
 void CheckOil(const PhysicsFacts& facts, const RoleTable& water, const RoleTable& gas)
 {
-    const End withGas = GasFreeEnd(gas, PhysicalRole::PermeabilityToOilWithGas);
-    const End withWater = {water.Find(PhysicalRole::PermeabilityToOilWithWater), 0};
+    const End withGas = GasFreeEnd(gas, Role::PermeabilityToOilWithGas);
+    const End withWater = {water.Find(Role::PermeabilityToOilWithWater), 0};
     if (!(std::abs(withGas.Value() - withWater.Value()) > rounding))
         return;
     if (withWater.Value() < withGas.Value()) { // oil mostly flows freely there
@@ -63,16 +63,15 @@ void CheckOil(const PhysicsFacts& facts, const RoleTable& water, const RoleTable
 /// Where the table of water has its connate saturation.
 PhysicsFacts::Related ConnateWater(const PhysicsFacts& facts, const RoleTable& water)
 {
-    const auto& connate = *water.Find(PhysicalRole::SaturationOfWater);
+    const auto& connate = *water.Find(Role::SaturationOfWater);
     return facts.RelatedTo(
         water, connate, 0, fmt::format("{} is {} here", connate.name, connate.values.front()));
 }
 
 /// Water is in all pores, and never below its connate saturation.
-void CheckSum(
-    const PhysicsFacts& facts, const RoleTable& water, const RoleTable& other, PhysicalRole::Enum role)
+void CheckSum(const PhysicsFacts& facts, const RoleTable& water, const RoleTable& other, Role::Enum role)
 {
-    const auto& connate = *water.Find(PhysicalRole::SaturationOfWater);
+    const auto& connate = *water.Find(Role::SaturationOfWater);
     const auto& phase = *other.Find(role);
     if (!(connate.values.front() + phase.values.back() > 1 + rounding))
         return;
@@ -85,8 +84,8 @@ void CheckSum(
 
 void CheckLiquid(const PhysicsFacts& facts, const RoleTable& water, const RoleTable& gas)
 {
-    const auto& connate = *water.Find(PhysicalRole::SaturationOfWater);
-    const auto& liquid = *gas.Find(PhysicalRole::SaturationOfLiquid);
+    const auto& connate = *water.Find(Role::SaturationOfWater);
+    const auto& liquid = *gas.Find(Role::SaturationOfLiquid);
     if (!(liquid.values.front() < connate.values.front() - rounding))
         return;
     facts.Report(gas, liquid, 0, Code::SaturationMismatch,
@@ -99,8 +98,8 @@ void CheckLiquid(const PhysicsFacts& facts, const RoleTable& water, const RoleTa
 /// At its highest saturation oil flows alone, whichever phase the column is for.
 void CheckBothOils(const PhysicsFacts& facts, const RoleTable& table)
 {
-    const auto* const withWater = table.Find(PhysicalRole::PermeabilityToOilWithWater);
-    const auto* const withGas = table.Find(PhysicalRole::PermeabilityToOilWithGas);
+    const auto* const withWater = table.Find(Role::PermeabilityToOilWithWater);
+    const auto* const withGas = table.Find(Role::PermeabilityToOilWithGas);
     if (!withWater || !withGas || !(std::abs(withWater->values.back() - withGas->values.back()) > rounding))
         return;
     facts.Report(table, *withGas, withGas->values.size() - 1, Code::SaturationMismatch,
@@ -113,8 +112,8 @@ void CheckBothOils(const PhysicsFacts& facts, const RoleTable& table)
 /// Before any production oil fills what connate water leaves.
 void CheckOilRange(const PhysicsFacts& facts, const RoleTable& water, const RoleTable& oil)
 {
-    const auto& connate = *water.Find(PhysicalRole::SaturationOfWater);
-    const auto& phase = *oil.Find(PhysicalRole::SaturationOfOil);
+    const auto& connate = *water.Find(Role::SaturationOfWater);
+    const auto& phase = *oil.Find(Role::SaturationOfOil);
     if (!(connate.values.front() + phase.values.back() < 1 - rounding))
         return;
     facts.Report(oil, phase, phase.values.size() - 1, Code::SaturationMismatch,
@@ -133,20 +132,18 @@ void CheckSaturationPairs(const PhysicsFacts& facts)
     facts.ForEachTable([&](const RoleTable& table) { CheckBothOils(facts, table); });
     if (!facts.IsSure())
         return;
-    const auto* const gas =
-        facts.FindTables({PhysicalRole::SaturationOfGas, PhysicalRole::PermeabilityToOilWithGas});
-    const auto* const liquid =
-        facts.FindTables({PhysicalRole::SaturationOfLiquid, PhysicalRole::PermeabilityToOilWithGas});
-    const auto* const water = facts.FindTables({PhysicalRole::SaturationOfWater});
+    const auto* const gas = facts.FindTables({Role::SaturationOfGas, Role::PermeabilityToOilWithGas});
+    const auto* const liquid = facts.FindTables({Role::SaturationOfLiquid, Role::PermeabilityToOilWithGas});
+    const auto* const water = facts.FindTables({Role::SaturationOfWater});
     const auto* const oilInWater =
-        facts.FindTables({PhysicalRole::SaturationOfWater, PhysicalRole::PermeabilityToOilWithWater});
+        facts.FindTables({Role::SaturationOfWater, Role::PermeabilityToOilWithWater});
     ForEachRegion(oilInWater, gas ? gas : liquid,
         [&](const RoleTable& one, const RoleTable& other) { CheckOil(facts, one, other); });
     ForEachRegion(
         water, liquid, [&](const RoleTable& one, const RoleTable& other) { CheckLiquid(facts, one, other); });
-    ForEachRegion(water, facts.FindTables({PhysicalRole::SaturationOfOil}),
+    ForEachRegion(water, facts.FindTables({Role::SaturationOfOil}),
         [&](const RoleTable& one, const RoleTable& other) { CheckOilRange(facts, one, other); });
-    for (const PhysicalRole::Enum role : {PhysicalRole::SaturationOfGas, PhysicalRole::SaturationOfOil})
+    for (const Role::Enum role : {Role::SaturationOfGas, Role::SaturationOfOil})
         ForEachRegion(water, facts.FindTables({role}),
             [&](const RoleTable& one, const RoleTable& other) { CheckSum(facts, one, other, role); });
 }

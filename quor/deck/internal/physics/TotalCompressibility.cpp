@@ -27,14 +27,14 @@ double VolumeAt(const Column& pressures, const Column& volumes, double pressure)
 /// A rise of pressure must not make oil and the gas that dissolves in it larger together.
 void CheckRegion(const PhysicsFacts& facts, const RoleTable& oil, const RoleTable& gas)
 {
-    const Column& pressures = *oil.Find(PhysicalRole::Pressure);
-    const Column& contents = *oil.Find(PhysicalRole::ContentOfGas);
-    const Column& volumes = *oil.Find(PhysicalRole::VolumeOfOil);
+    const Column& pressures = *oil.Find(Role::Pressure);
+    const Column& contents = *oil.Find(Role::ContentOfGas);
+    const Column& volumes = *oil.Find(Role::VolumeOfOil);
     for (std::size_t branch = 1; branch < oil.branches.size(); ++branch) {
         const std::size_t from = oil.branches[branch - 1];
         const std::size_t to = oil.branches[branch];
-        const double gasVolume = VolumeAt(*gas.Find(PhysicalRole::Pressure),
-            *gas.Find(PhysicalRole::VolumeOfGas), (pressures.values[from] + pressures.values[to]) / 2);
+        const double gasVolume = VolumeAt(*gas.Find(Role::Pressure), *gas.Find(Role::VolumeOfGas),
+            (pressures.values[from] + pressures.values[to]) / 2);
         const double swelling = volumes.values[to] - volumes.values[from];
         const double dissolved = (contents.values[to] - contents.values[from]) * gasVolume;
         if (!(gasVolume > 0 && dissolved > 0 && swelling > dissolved))
@@ -46,8 +46,7 @@ void CheckRegion(const PhysicsFacts& facts, const RoleTable& oil, const RoleTabl
                 facts.NameOf(oil), volumes.name, oil.element + 1, swelling, contents.name,
                 contents.values[from], contents.values[to], dissolved),
             "check both rows, and the volume factor of the gas",
-            {facts.RelatedTo(
-                gas, *gas.Find(PhysicalRole::VolumeOfGas), 0, "the volume factor of the gas is here")});
+            {facts.RelatedTo(gas, *gas.Find(Role::VolumeOfGas), 0, "the volume factor of the gas is here")});
     }
 }
 
@@ -57,9 +56,8 @@ void CheckRegion(const PhysicsFacts& facts, const RoleTable& oil, const RoleTabl
 /// must be positive for the equations to have a solution.
 void CheckTotalCompressibility(const PhysicsFacts& facts)
 {
-    const auto* const oil =
-        facts.FindTables({PhysicalRole::Pressure, PhysicalRole::ContentOfGas, PhysicalRole::VolumeOfOil});
-    const auto* const gas = facts.FindTables({PhysicalRole::Pressure, PhysicalRole::VolumeOfGas});
+    const auto* const oil = facts.FindTables({Role::Pressure, Role::ContentOfGas, Role::VolumeOfOil});
+    const auto* const gas = facts.FindTables({Role::Pressure, Role::VolumeOfGas});
     if (!facts.IsSure() || !oil || !gas || oil->size() != gas->size())
         return;
     for (std::size_t i = 0; i < oil->size(); ++i) {

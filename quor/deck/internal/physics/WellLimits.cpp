@@ -14,8 +14,8 @@ using namespace Core::Keywords;
 /// A producer without a limit may go down to the pressure of the surface.
 void WellLimits::Follow(const KeywordInstance& keyword, const RecordRoles& roles)
 {
-    const int production = roles.Find(PhysicalRole::LimitOfProduction);
-    const int item = production >= 0 ? production : roles.Find(PhysicalRole::LimitOfInjection);
+    const int production = roles.Find(Role::LimitOfProduction);
+    const int item = production >= 0 ? production : roles.Find(Role::LimitOfInjection);
     ForEachElement(*keyword.data, [&](std::size_t at, const IKeywordData& data) {
         if (KeywordUtils::GetMDType(data.GetMD()) != IKeywordDataMD::MDType::Record)
             return; // a table in a table

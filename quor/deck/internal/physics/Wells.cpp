@@ -34,10 +34,10 @@ std::size_t IndexOf(const IKeywordRecordData& record, int item)
 
 void Wells::FollowHeads(const KeywordInstance& keyword, const RecordRoles& roles)
 {
-    const int name = roles.Find(PhysicalRole::NameOfWell);
-    const int i = roles.Find(PhysicalRole::HeadI);
-    const int j = roles.Find(PhysicalRole::HeadJ);
-    const int depth = roles.Find(PhysicalRole::DepthOfWell);
+    const int name = roles.Find(Role::NameOfWell);
+    const int i = roles.Find(Role::HeadI);
+    const int j = roles.Find(Role::HeadJ);
+    const int depth = roles.Find(Role::DepthOfWell);
     ForEachElement(*keyword.data, [&](std::size_t at, const IKeywordData& data) {
         const auto& record = static_cast<const Record&>(data);
         if (const auto value = depth >= 0 ? ItemOf<double>(record, depth) : Optional<double>())
@@ -69,12 +69,12 @@ void Wells::CheckDepth(const KeywordInstance& keyword, std::size_t record, int i
 /// Numerical Reservoir Simulation, 1977, chapter 1.
 void Wells::FollowConnections(const KeywordInstance& keyword, const RecordRoles& roles)
 {
-    constexpr PhysicalRole::Enum indices[] = {PhysicalRole::ConnectionI, PhysicalRole::ConnectionJ,
-        PhysicalRole::ConnectionFirstK, PhysicalRole::ConnectionLastK};
+    constexpr Role::Enum indices[] = {
+        Role::ConnectionI, Role::ConnectionJ, Role::ConnectionFirstK, Role::ConnectionLastK};
     std::array<int, 4> items = {};
     std::transform(std::begin(indices), std::end(indices), items.begin(),
-        [&roles](PhysicalRole::Enum role) { return roles.Find(role); });
-    const int name = roles.Find(PhysicalRole::NameOfWell);
+        [&roles](Role::Enum role) { return roles.Find(role); });
+    const int name = roles.Find(Role::NameOfWell);
     if (!AreCellsGiven() || name < 0 || std::count(items.begin(), items.end(), -1) > 0)
         return;
     ForEachElement(*keyword.data, [&](std::size_t at, const IKeywordData& data) {
@@ -129,7 +129,7 @@ void Wells::ReportCells(
         first == last ? fmt::format("{}: cell {} {} {} is not active", name, i, j, first)
                       : fmt::format("{}: no cell of {} {} {} to {} is active", name, i, j, first, last),
         "correct the indices of the connection, or make a cell active",
-        Related(*facts_.FindKeyword(PhysicalRole::ActiveCells), "the active cells are here"));
+        Related(*facts_.FindKeyword(Role::ActiveCells), "the active cells are here"));
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -8,7 +8,7 @@ void ReadRole(RuleElement& element, RuleSet& rules)
 {
     const std::string name = element.Get("is");
     bool isFound = false;
-    const PhysicalRole::Enum role = PhysicalRole::FromString(name, &isFound);
+    const Role::Enum role = Role::FromString(name, &isFound);
     if (!isFound)
         element.Fail(fmt::format("unknown role '{}'", name), "is");
     rules.roles.push_back({role, element.GetKeywords("keywords"), element.FindItem("item")});

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "quor/deck/internal/check/FindingVoice.h"
-#include "quor/deck/internal/rules/PhysicalRole.h"
+#include "quor/deck/internal/rules/Role.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/syntax/SummaryCategories.h"
 
@@ -217,7 +217,7 @@ struct OverwriteRule {
 
 /// What keywords, or items of them, are in the physics of a deck.
 struct RoleRule {
-    PhysicalRole::Enum role;
+    Role::Enum role;
     std::vector<std::string> keywords;
     std::string item; ///< empty: the keyword itself
 };

@@ -51,6 +51,14 @@ LanguageIndex::LanguageIndex(KeywordSyntaxTable& table, std::unique_ptr<const Ru
         if (syntax.GetFirstValidSection() == SectionType::RUNSPEC)
             AppendIntegers(syntax.GetDataMD(), sizes_);
     }
+    for (const RoleRule& rule : rules_->roles) {
+        for (const std::string& keyword : rule.keywords) {
+            if (!rule.item.empty())
+                continue;
+            for (const IKeywordSyntax* const syntax : table.LookupAll(keyword))
+                roles_[syntax].Add(rule.role);
+        }
+    }
 }
 
 LanguageIndex::~LanguageIndex() = default;
@@ -58,6 +66,16 @@ LanguageIndex::~LanguageIndex() = default;
 const std::vector<std::string>& LanguageIndex::GetOwnCodes() const
 {
     return rules_->ownCodes;
+}
+
+const std::string& LanguageIndex::FindNameOf(Role::Enum role) const
+{
+    static const std::string none;
+    for (const RoleRule& rule : rules_->roles) {
+        if (rule.role == role && rule.item.empty())
+            return rule.keywords.front();
+    }
+    return none;
 }
 
 std::string LanguageIndex::FindName(std::string_view name) const

@@ -1,20 +1,33 @@
 #pragma once
 
+#include "quor/deck/internal/rules/Role.h"
 #include "quor/deck/internal/text/NearestNames.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/metadata/IKeywordIntegerMD.h"
 #include "quor/syntax/IKeywordSyntax.h"
 #include "quor/syntax/KeywordSyntaxTable.h"
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
 struct RuleSet;
+
+/// What a keyword itself is, of what rules say: roles of items are not among them.
+class RolesOfKeyword {
+public:
+    bool Has(Role::Enum role) const { return std::find(all_.begin(), all_.end(), role) != all_.end(); }
+    void Add(Role::Enum role) { all_.push_back(role); }
+
+private:
+    std::vector<Role::Enum> all_;
+};
 
 /// Whether the scope that the keyword opens is ended by the same keyword too. Such a scope need not be
 /// closed.
@@ -51,6 +64,15 @@ public:
     {
         return scopeEnds_.count(&syntax) > 0;
     }
+    /// Lasts as long as this object.
+    const RolesOfKeyword& RolesOf(const Core::Keywords::IKeywordSyntax& syntax) const
+    {
+        static const RolesOfKeyword none;
+        const auto roles = roles_.find(&syntax);
+        return roles == roles_.end() ? none : roles->second;
+    }
+    /// The name of the first keyword that has the role; empty if none has.
+    const std::string& FindNameOf(Role::Enum role) const;
     /// What holds between the keywords of a deck.
     const RuleSet& GetRules() const { return *rules_; }
     /// The codes of findings that rules have beside those of the library.
@@ -66,6 +88,7 @@ private:
     std::vector<std::string> structureNames_;
     std::unordered_set<const Core::Keywords::IKeywordSyntax*> scopeEnds_;
     std::vector<const Core::Keywords::IKeywordIntegerMD*> sizes_;
+    std::unordered_map<const Core::Keywords::IKeywordSyntax*, RolesOfKeyword> roles_;
 };
 
 } // namespace Veld::Quor::Core::Decks

@@ -36,8 +36,8 @@ struct Entry {
     /// Whether it belongs to the text of a deck, and not to what the deck says.
     bool IsOfText() const
     {
-        using Role = Core::Keywords::KeywordDeckRole;
-        return skipsFor || (role != Role::Ordinary && role != Role::Section);
+        using DeckRole = Core::Keywords::KeywordDeckRole;
+        return skipsFor || (role != DeckRole::Ordinary && role != DeckRole::Section);
     }
 };
 

@@ -109,16 +109,17 @@ void DeckReader::FollowLast(bool isReported, bool isGuess)
 {
     const KeywordInstance& keyword = deck_->keywords.back();
     const bool isKnown = keyword.isSound && data_.GetUnknownVariableCount() == 0;
+    const RolesOfKeyword& roles = deck_->language.RolesOf(*keyword.syntax);
     timeLine_.Follow(isKnown);
     if (keyword.section != SectionType::SCHEDULE)
         dimensions_.Choose(keyword.syntax->GetName(), keyword.data.get(), isKnown);
     if (isKnown)
-        FollowSizes(keyword);
-    else if (keyword.syntax->GetName() == "BOX")
+        FollowSizes(keyword, roles);
+    else if (roles.Has(Role::Box))
         dimensions_.LoseBox();
     for (const std::string& name : data_.TakeWrongSizes())
         dimensions_.Doubt(name);
-    if (keyword.data)
+    if (keyword.data && roles.Has(Role::AliasesOfPaths))
         FollowPaths(keyword);
     if (isReported || isGuess || !sections_.IsSure() || mayMissKeywords_) {
         rules_.Lose();
@@ -129,7 +130,7 @@ void DeckReader::FollowLast(bool isReported, bool isGuess)
     if (!isReported && !isGuess) {
         rules_.Follow(isKnown, before != reporter_.GetErrorCount());
         physics_.Follow(isKnown);
-        if (before != reporter_.GetErrorCount() && keyword.syntax->GetName() == "BOX")
+        if (before != reporter_.GetErrorCount() && roles.Has(Role::Box))
             dimensions_.LoseBox(); // outside the grid
     }
     scopes_.Follow(mayMissKeywords_);
@@ -170,12 +171,12 @@ void DeckReader::ReadData(KeywordInstance& keyword, const Token& head, bool isRe
     keyword.whole.length = turns == data_.GetTurns() ? data_.GetEnd() - head.range.offset : 0;
 }
 
-void DeckReader::FollowSizes(const KeywordInstance& keyword)
+void DeckReader::FollowSizes(const KeywordInstance& keyword, const RolesOfKeyword& roles)
 {
     const std::string& name = keyword.syntax->GetName();
-    if (name == "ENDBOX")
+    if (roles.Has(Role::EndOfBox))
         dimensions_.ResetBox();
-    else if (name == "RESTART" && keyword.section == SectionType::SOLUTION)
+    else if (roles.Has(Role::RestartedRun) && keyword.section == SectionType::SOLUTION)
         precedents_.SetRestarted();
     if (!keyword.data) {
         bool isUnits = false;
@@ -184,7 +185,7 @@ void DeckReader::FollowSizes(const KeywordInstance& keyword)
             data_.SetUnits(units);
         return;
     }
-    if (name == "BOX")
+    if (roles.Has(Role::Box))
         dimensions_.SetBox(*keyword.data);
     else if (keyword.section == SectionType::RUNSPEC)
         dimensions_.Add(name, *keyword.data, static_cast<std::uint32_t>(deck_->keywords.size() - 1));
@@ -194,8 +195,7 @@ void DeckReader::FollowSizes(const KeywordInstance& keyword)
 /// others.
 void DeckReader::FollowPaths(const KeywordInstance& keyword)
 {
-    if (keyword.syntax->GetName() == "PATHS"
-        && IsListOfRecords(keyword.data->GetMD(), {MDType::String, MDType::String}))
+    if (IsListOfRecords(keyword.data->GetMD(), {MDType::String, MDType::String}))
         DataAccessUtils::AddPathAliases(keyword.data.get(), text_.GetAliases());
 }
 

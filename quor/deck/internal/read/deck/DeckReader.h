@@ -44,7 +44,7 @@ private:
     void EnterSection(const Token& head, const Entry& entry);
     void ReadData(KeywordInstance& keyword, const Token& head, bool isReported);
     void CheckNoData(const Token& head);
-    void FollowSizes(const KeywordInstance& keyword);
+    void FollowSizes(const KeywordInstance& keyword, const RolesOfKeyword& roles);
     void FollowPaths(const KeywordInstance& keyword);
 
     ReadSettings options_;

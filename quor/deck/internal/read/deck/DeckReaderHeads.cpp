@@ -91,7 +91,8 @@ void DeckReader::ReadMisspelt(const Token& head)
         return;
     ReadKeyword(head, *meant, true);
     if (!deck_->keywords.back().data)
-        FollowSizes(deck_->keywords.back()); // it means no more than its name
+        FollowSizes(deck_->keywords.back(),
+            deck_->language.RolesOf(*deck_->keywords.back().syntax)); // it means no more than its name
     if (hasText && !deck_->keywords.back().data)
         text_.SkipData();
 }

@@ -9,10 +9,12 @@
 #include "quor/deck/internal/text/LineText.h"
 #include "quor/deck/internal/text/WordText.h"
 #include "quor/foundation/service/Optional.h"
+#include "quor/metadata/Units.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -94,21 +96,35 @@ Time TimeOf(const IKeywordData& record, SimulatorType::Enum simulator)
 void TimeLine::Follow(bool isSound)
 {
     KeywordInstance& keyword = deck_.keywords.back();
-    const std::string& name = keyword.syntax->GetName();
-    if (name == "LAB") { // the one set of units whose unit of time is the hour
-        reached_.ticksPerUnit = 3600 * Time::TicksPerSecond;
-        if (isSound)
-            sound_.ticksPerUnit = reached_.ticksPerUnit;
-    } else if (!keyword.data) {
+    if (!keyword.data) {
+        bool isUnits = false;
+        const auto system = UnitSystem::FromString(keyword.syntax->GetName(), &isUnits);
+        if (isUnits)
+            SetUnits(system, isSound);
         return;
-    } else if (name == "START" && IsRecordOf(keyword.data->GetMD(), date)) {
+    }
+    const RolesOfKeyword& roles = deck_.language.RolesOf(*keyword.syntax);
+    if (roles.Has(Role::StartOfRun) && IsRecordOf(keyword.data->GetMD(), date)) {
         FoldMonth(*keyword.data);
         FollowStart(keyword, isSound);
-    } else if (Advances(keyword)) {
-        if (name == "DATES")
-            FoldMonths(static_cast<IKeywordListData&>(*keyword.data));
-        name == "DATES" ? FollowDates(keyword, isSound) : FollowPeriods(keyword, isSound);
+    } else if (!Advances(keyword, roles)) {
+        return;
+    } else if (roles.Has(Role::DatesOfSteps)) {
+        FoldMonths(static_cast<IKeywordListData&>(*keyword.data));
+        FollowDates(keyword, isSound);
+    } else {
+        FollowPeriods(keyword, roles.Has(Role::TimesOfSteps), isSound);
     }
+}
+
+void TimeLine::SetUnits(UnitSystem::Enum system, bool isSound)
+{
+    const Unit* const unit = Units::Find("time", system);
+    if (!unit)
+        return;
+    reached_.ticksPerUnit = std::llround(unit->factor) * Time::TicksPerSecond;
+    if (isSound)
+        sound_.ticksPerUnit = reached_.ticksPerUnit;
 }
 
 std::uint32_t TimeLine::StepIn(SectionType::Enum section)
@@ -119,14 +135,14 @@ std::uint32_t TimeLine::StepIn(SectionType::Enum section)
     return step_;
 }
 
-bool TimeLine::Advances(const KeywordInstance& keyword)
+bool TimeLine::Advances(const KeywordInstance& keyword, const RolesOfKeyword& roles)
 {
     if (!keyword.data)
         return false;
-    const std::string& name = keyword.syntax->GetName();
-    if (name == "DATES")
+    if (roles.Has(Role::DatesOfSteps))
         return IsListOfRecords(keyword.data->GetMD(), date);
-    return (name == "TSTEP" || name == "TIME") && IsListOf(keyword.data->GetMD(), MDType::Real);
+    return (roles.Has(Role::LengthsOfSteps) || roles.Has(Role::TimesOfSteps))
+        && IsListOf(keyword.data->GetMD(), MDType::Real);
 }
 
 void TimeLine::FollowStart(const KeywordInstance& keyword, bool isSound)
@@ -139,7 +155,7 @@ void TimeLine::FollowStart(const KeywordInstance& keyword, bool isSound)
     sound_.start = sound_.now = sound_.start.IsDef() && start.IsDef() ? std::min(sound_.start, start) : start;
     if (!start.IsDef())
         reporter_.Report(FirstWordOf(keyword), Code::BadDate,
-            fmt::format("START: invalid date '{}'",
+            fmt::format("{}: invalid date '{}'", keyword.syntax->GetName(),
                 RecordText(static_cast<const IKeywordRecordData&>(*keyword.data))),
             "expected a date such as 1 JAN 2020");
 }
@@ -169,56 +185,56 @@ void TimeLine::FollowDates(const KeywordInstance& keyword, bool isSound)
         const IKeywordRecordData& record = DateAt(dates, i);
         const Time time = DataAccessUtils::GetTime(record); // MinTime for what is no date
         if (isSound)
-            CheckDate(time, record, RangeOf(keyword, i));
+            CheckDate(time, keyword, i);
         if (time.IsDef() && !(reached_.now.IsDef() && time <= reached_.now))
             Reach(time, i);
     }
 }
 
-void TimeLine::CheckDate(const Time& time, const IKeywordRecordData& record, const TextRange& range)
+void TimeLine::CheckDate(const Time& time, const KeywordInstance& keyword, std::size_t record)
 {
+    const TextRange range = RangeOf(keyword, record);
+    const std::string& name = keyword.syntax->GetName();
     if (!time.IsDef())
-        reporter_.Report(range, Code::BadDate, fmt::format("DATES: invalid date '{}'", RecordText(record)),
+        reporter_.Report(range, Code::BadDate,
+            fmt::format("{}: invalid date '{}'", name, RecordText(DateAt(ListOf(keyword), record))),
             "expected a date such as 1 JAN 2020");
     else if (sound_.now.IsDef() && time == sound_.now)
         reporter_.Report(range, Code::RepeatedDate,
-            fmt::format("DATES: {} has no effect; the schedule has already reached it", NameOfTime(time)));
+            fmt::format("{}: {} has no effect; the schedule has already reached it", name, NameOfTime(time)));
     else if (sound_.now.IsDef() && time < sound_.now)
         reporter_.Report(range, Code::DateOrder,
-            fmt::format("DATES: {} is not after {}, which the schedule has already reached", NameOfTime(time),
-                NameOfTime(sound_.now)));
+            fmt::format("{}: {} is not after {}, which the schedule has already reached", name,
+                NameOfTime(time), NameOfTime(sound_.now)));
     if (time.IsDef())
         sound_.now = time; // one date in the wrong order doesn't make all others wrong
 }
 
-/// TSTEP continues from the time that was reached, TIME from the start.
-Time TimeLine::Clock::After(const KeywordInstance& keyword, double period) const
+Time TimeLine::Clock::After(double length, bool isFromStart) const
 {
-    const bool isFromStart = keyword.syntax->GetName() == "TIME" || !now.IsDef();
-    return DataAccessUtils::Advance(isFromStart ? start : now, ticksPerUnit, period);
+    return DataAccessUtils::Advance(isFromStart || !now.IsDef() ? start : now, ticksPerUnit, length);
 }
 
-/// Of TSTEP and TIME.
-void TimeLine::FollowPeriods(const KeywordInstance& keyword, bool isSound)
+void TimeLine::FollowPeriods(const KeywordInstance& keyword, bool isFromStart, bool isSound)
 {
     if (isSound)
-        CheckPeriods(keyword);
+        CheckPeriods(keyword, isFromStart);
     const IKeywordListData& periods = ListOf(keyword);
     const auto size = static_cast<std::size_t>(periods.GetSize());
     for (std::size_t i = 0; i < size; ++i) {
-        const Time next = reached_.After(keyword, PeriodAt(periods, i));
+        const Time next = reached_.After(PeriodAt(periods, i), isFromStart);
         if (!(reached_.now.IsDef() && next < reached_.now))
             Reach(next, i);
     }
 }
 
-void TimeLine::CheckPeriods(const KeywordInstance& keyword)
+void TimeLine::CheckPeriods(const KeywordInstance& keyword, bool isFromStart)
 {
     const IKeywordListData& periods = ListOf(keyword);
     const auto size = static_cast<std::size_t>(periods.GetSize());
     Clock end = sound_;
     for (std::size_t i = 0; i < size; ++i)
-        end.now = end.After(keyword, PeriodAt(periods, i));
+        end.now = end.After(PeriodAt(periods, i), isFromStart);
     if (sound_.now.IsDef() && end.now < sound_.now)
         reporter_.Report(keyword.name, Code::DateOrder,
             fmt::format("{}: {} is before {}, which the schedule has already reached",

@@ -2,8 +2,10 @@
 
 #include "quor/deck/internal/check/FindingReporter.h"
 #include "quor/deck/internal/read/contents/DeckContents.h"
+#include "quor/deck/internal/text/LanguageIndex.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/SimulatorType.h"
+#include "quor/foundation/UnitSystem.h"
 #include "quor/foundation/service/Time.h"
 
 #include <cstddef>
@@ -29,12 +31,13 @@ public:
     /// The report step in which a next keyword of `section` is; `noIndex` before the first of the section.
     std::uint32_t StepIn(Core::Keywords::SectionType::Enum section);
 
-    /// Whether each element of the keyword's list is a step on.
-    static bool Advances(const KeywordInstance& keyword);
+    /// Whether each element of the keyword's list is a step on. `roles`: of the keyword.
+    static bool Advances(const KeywordInstance& keyword, const RolesOfKeyword& roles);
 
 private:
     struct Clock {
-        Core::Service::Time After(const KeywordInstance& keyword, double period) const;
+        /// The time after a step; `isFromStart`: of the length that has passed since the start.
+        Core::Service::Time After(double length, bool isFromStart) const;
 
         Core::Service::Time start; // undefined as long as the deck gives none
         Core::Service::Time now;
@@ -44,10 +47,10 @@ private:
     void FollowStart(const KeywordInstance& keyword, bool isSound);
     TextRange FirstWordOf(const KeywordInstance& keyword) const;
     void FollowDates(const KeywordInstance& keyword, bool isSound);
-    void FollowPeriods(const KeywordInstance& keyword, bool isSound);
-    void CheckDate(const Core::Service::Time& time, const Core::Keywords::IKeywordRecordData& record,
-        const TextRange& range);
-    void CheckPeriods(const KeywordInstance& keyword);
+    void FollowPeriods(const KeywordInstance& keyword, bool isFromStart, bool isSound);
+    void CheckDate(const Core::Service::Time& time, const KeywordInstance& keyword, std::size_t record);
+    void CheckPeriods(const KeywordInstance& keyword, bool isFromStart);
+    void SetUnits(Core::Keywords::UnitSystem::Enum system, bool isSound);
     void Reach(const Core::Service::Time& time, std::size_t element);
 
     DeckContents& deck_;

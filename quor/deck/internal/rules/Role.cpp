@@ -1,11 +1,11 @@
-#include "quor/deck/internal/rules/PhysicalRole.h"
+#include "quor/deck/internal/rules/Role.h"
 
 namespace Veld::Quor::Core::Decks {
 
-const std::vector<Service::EnumInfo<PhysicalRole>>& PhysicalRole::EnumInfos()
+const std::vector<Service::EnumInfo<Role>>& Role::EnumInfos()
 {
     // Never freed: a host may read a deck from a destructor at exit.
-    static const auto& rows = *new std::vector<Service::EnumInfo<PhysicalRole>>{
+    static const auto& rows = *new std::vector<Service::EnumInfo<Role>>{
         {PhaseOil, "phase oil"},
         {PhaseWater, "phase water"},
         {PhaseGas, "phase gas"},
@@ -55,11 +55,53 @@ const std::vector<Service::EnumInfo<PhysicalRole>>& PhysicalRole::EnumInfos()
         {InjectionOfWell, "injection of well"},
         {StatusOfWell, "status of well"},
         {CellOfStatus, "cell of status"},
+        {Title, "title"},
+        {StartOfRun, "start of run"},
+        {DatesOfSteps, "dates of steps"},
+        {LengthsOfSteps, "lengths of steps"},
+        {TimesOfSteps, "times of steps"},
+        {RestartedRun, "restarted run"},
+        {AliasesOfPaths, "aliases of paths"},
+        {Box, "box"},
+        {EndOfBox, "end of box"},
+        {FirstI, "first I"},
+        {LastI, "last I"},
+        {FirstJ, "first J"},
+        {LastJ, "last J"},
+        {FirstK, "first K"},
+        {LastK, "last K"},
+        {ArrayIsSet, "array is set"},
+        {ArrayIsAddedTo, "array is added to"},
+        {ArrayIsMultiplied, "array is multiplied"},
+        {ArrayIsLimitedFromBelow, "array is limited from below"},
+        {ArrayIsLimitedFromAbove, "array is limited from above"},
+        {ArrayIsCopied, "array is copied"},
+        {ArrayIsChangedOtherwise, "array is changed otherwise"},
+        {ArrayThatIsCopied, "array that is copied"},
+        {ValueForArray, "value for array"},
+        {Region, "region"},
+        {FamilyOfRegion, "family of region"},
+        {RegionsM, "regions M"},
+        {RegionsF, "regions F"},
+        {RegionsO, "regions O"},
+        {WellThatBegins, "well that begins"},
+        {GroupOfWell, "group of well"},
+        {WellThatIsCompleted, "well that is completed"},
+        {CompletionI, "completion I"},
+        {CompletionJ, "completion J"},
+        {CompletionFirstK, "completion first K"},
+        {CompletionLastK, "completion last K"},
+        {WellThatIsControlled, "well that is controlled"},
+        {ControlOfWell, "control of well"},
+        {InjectedFluid, "injected fluid"},
+        {WellThatOpensOrShuts, "well that opens or shuts"},
+        {GroupInTheTree, "group in the tree"},
+        {GroupAbove, "group above"},
     };
     return rows;
 }
 
-PhysicalRole::Enum PhysicalRole::FromString(const std::string& name, bool* found)
+Role::Enum Role::FromString(const std::string& name, bool* found)
 {
     return Service::FindByText(EnumInfos(), name, found);
 }

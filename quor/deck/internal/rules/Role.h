@@ -7,8 +7,9 @@
 
 namespace Veld::Quor::Core::Decks {
 
-/// What a keyword, or one of its items, is in the physics of a deck. Checks know these alone, no keyword.
-struct PhysicalRole {
+/// What a keyword, or one of its items, is to those who follow and judge a deck. They know these alone, no
+/// keyword.
+struct Role {
     enum Enum : int {
         // Keywords.
         PhaseOil,
@@ -60,18 +61,63 @@ struct PhysicalRole {
         ConnectionLastK,
         // The item that names an array.
         NameOfArray,
-        // What no check knows: for those who show what is in a deck.
+        // What no check of physics knows: for those who follow a deck, and show what is in it.
         Porosity,
         Permeability,
         ProductionOfWell,
         InjectionOfWell,
         StatusOfWell,
         CellOfStatus,
+        // Keywords that say what run it is, and when.
+        Title,
+        StartOfRun,
+        DatesOfSteps,
+        LengthsOfSteps,
+        TimesOfSteps,
+        RestartedRun,
+        AliasesOfPaths,
+        // Boxes of cells, and what works on arrays in them or in regions.
+        Box,
+        EndOfBox,
+        FirstI,
+        LastI,
+        FirstJ,
+        LastJ,
+        FirstK,
+        LastK,
+        ArrayIsSet,
+        ArrayIsAddedTo,
+        ArrayIsMultiplied,
+        ArrayIsLimitedFromBelow,
+        ArrayIsLimitedFromAbove,
+        ArrayIsCopied,
+        ArrayIsChangedOtherwise,
+        ArrayThatIsCopied,
+        ValueForArray,
+        Region,
+        FamilyOfRegion,
+        RegionsM,
+        RegionsF,
+        RegionsO,
+        // Wells and groups.
+        WellThatBegins,
+        GroupOfWell,
+        WellThatIsCompleted,
+        CompletionI,
+        CompletionJ,
+        CompletionFirstK,
+        CompletionLastK,
+        WellThatIsControlled,
+        ControlOfWell,
+        InjectedFluid,
+        WellThatOpensOrShuts,
+        GroupInTheTree,
+        GroupAbove,
     };
     /// Whether checks of physics know it.
     static bool IsChecked(Enum role) { return role < Porosity; }
     /// The rows in the order of the values; never freed.
-    static const std::vector<Service::EnumInfo<PhysicalRole>>& EnumInfos();
+    static const std::vector<Service::EnumInfo<Role>>& EnumInfos();
     /// Only `found` says that there is none of the name.
     static Enum FromString(const std::string& name, bool* found);
 };
