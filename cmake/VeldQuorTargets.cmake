@@ -22,6 +22,7 @@ endif()
 # don't have it, so that no program has it in the end.
 add_compile_options(-fstack-protector-strong -fstack-clash-protection)
 add_link_options(-Wl,-z,relro,-z,now)
+add_link_options(-Wl,--as-needed) # what a process loads and doesn't call delays its start
 if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
     add_compile_options("$<$<CONFIG:Release>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
 endif()
@@ -34,6 +35,7 @@ function(veld_quor_library target name)
         OUTPUT_NAME veld-quor-${name}
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
+        BUILD_RPATH "$ORIGIN"
         INSTALL_RPATH "$ORIGIN" # the siblings are found below any prefix
         LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/exports.map)
     target_include_directories(${target} PUBLIC

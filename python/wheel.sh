@@ -13,8 +13,11 @@ cp "$here"/quor/*.py "$here"/quor/*.pyi "$here/quor/py.typed" "$package"
 cp "$build"/python/quor/_core.*.so "$package"
 cp "$build/bin/quor" "$package/bin"
 
-# What each binary needs is found as the loader finds it, once more for all that was found.
-ldd "$package"/_core.*.so "$package/bin/quor" | awk '$2 == "=>" && $3 ~ "^/" { print $3 }' | sort -u |
+# What each binary needs is found as the loader finds it, once more for all that was found. The parser of XML is opened
+# by its name.
+xml=$build/lib/libveld-quor-xml.so.${version%.*}
+cp -L "$xml" "$package/lib"
+ldd "$package"/_core.*.so "$package/bin/quor" "$xml" | awk '$2 == "=>" && $3 ~ "^/" { print $3 }' | sort -u |
     grep -vE '/(ld-linux[^/]*|lib(c|m|dl|rt|pthread|resolv|gcc_s|stdc\+\+))\.so' | while read -r library; do
         cp -L "$library" "$package/lib"
     done

@@ -64,7 +64,7 @@ void TreeBuilder::AddAttribute(std::u16string_view name, std::string_view value)
 
 void TreeBuilder::SetText(std::string_view text)
 {
-    DocumentTree::Node& node = tree_.nodes.back();
+    DocumentTree::Node& node = tree_.nodes[open_.back()];
     node.text = AddText(text);
     node.textSize = static_cast<std::uint32_t>(text.size());
 }
@@ -73,6 +73,19 @@ void TreeBuilder::Close()
 {
     tree_.nodes[open_.back()].end = static_cast<std::uint32_t>(tree_.nodes.size());
     open_.pop_back();
+}
+
+TreeBuilder::Position TreeBuilder::GetPosition() const
+{
+    return {tree_.nodes.size(), tree_.attributes.size(), tree_.texts.size(), open_.size()};
+}
+
+void TreeBuilder::ReturnTo(const Position& position)
+{
+    tree_.nodes.resize(position.nodes);
+    tree_.attributes.resize(position.attributes);
+    tree_.texts.resize(position.texts);
+    open_.resize(position.open);
 }
 
 DocumentTree TreeBuilder::Take()

@@ -8,8 +8,9 @@
 #include "quor/lint/internal/TagScanner.h"
 
 #include <fmt/format.h>
-#include <xercesc/dom/DOM.hpp>
-#include <xercesc/framework/MemBufFormatTarget.hpp>
+#include <xercesc/dom/DOMDocument.hpp>
+#include <xercesc/dom/DOMElement.hpp>
+#include <xercesc/dom/DOMNamedNodeMap.hpp>
 
 #include <algorithm>
 #include <cerrno>
@@ -77,27 +78,12 @@ bool Locate(Element& element, std::string_view text, TagScanner& scanner)
         [&](Element& child) { return Locate(child, text, scanner); });
 }
 
-/// A text of the document, in UTF-8, with all its nodes.
 std::string Serialize(const xercesc::DOMDocument& document)
 {
-    struct Release {
-        void operator()(xercesc::DOMLSSerializer* serializer) const { serializer->release(); }
-        void operator()(xercesc::DOMLSOutput* output) const { output->release(); }
-    };
     try {
-        auto* const implementation = xercesc::DOMImplementationRegistry::getDOMImplementation(u"LS");
-        const std::unique_ptr<xercesc::DOMLSSerializer, Release> serializer(
-            implementation->createLSSerializer());
-        const std::unique_ptr<xercesc::DOMLSOutput, Release> output(implementation->createLSOutput());
-        xercesc::MemBufFormatTarget target;
-        output->setByteStream(&target);
-        output->setEncoding(u"UTF-8");
-        serializer->write(&document, output.get());
-        return {reinterpret_cast<const char*>(target.getRawBuffer()), target.getLen()};
-    } catch (const xercesc::XMLException& error) {
-        throw DocumentError(XToC(error.getMessage()));
-    } catch (const xercesc::DOMException& error) {
-        throw DocumentError(XToC(error.getMessage()));
+        return XMLDocument::GetText(document);
+    } catch (const Service::Exception& error) {
+        throw DocumentError(error.what());
     }
 }
 

@@ -1,8 +1,8 @@
 #include "quor/syntax/KeywordSyntaxTable.h"
 
 #include "quor/foundation/internal/DocumentWalk.h"
-#include "quor/foundation/internal/XercesErrors.h"
 #include "quor/foundation/service/xml/Initialise.h"
+#include "quor/foundation/service/xml/internal/XMLParser.h"
 #include "quor/syntax/KeywordSyntaxLookupTable.h"
 #include "quor/syntax/internal/KeywordSyntax.h"
 #include "quor/syntax/internal/NameIndex.h"
@@ -60,7 +60,8 @@ private:
 
 void KeywordSyntaxTableImpl::Load()
 {
-    Service::XML::Initialise::Init();
+    if (XMLParser::IsInProcess()) // a host that uses it too finds it started after this
+        Service::XML::Initialise::Init();
     Seen seen;
     TrustedSyntaxLoader trusted; // first, so that trusted syntaxes are before others of their name
     ReadDocument(trusted.GetTree(), seen, true);

@@ -1,8 +1,8 @@
 #include "quor/syntax/internal/SyntaxLoader.h"
 
 #include "quor/foundation/builtin/KeywordSyntaxData.h"
+#include "quor/foundation/internal/TreeBuilder.h"
 #include "quor/foundation/service/Environment.h"
-#include "quor/foundation/service/xml/XMLDocument.h"
 #include "quor/syntax/internal/BuiltinTree.h"
 #include "quor/syntax/internal/LoadFailure.h"
 
@@ -35,13 +35,12 @@ void SyntaxLoader::LoadFromXMLFile(const char* path)
 {
     if (!path)
         return;
-    Service::XML::XMLDocument file;
-    const xercesc::DOMDocument* const document = file.read(path);
-    if (!document)
+    TreeBuilder builder;
+    if (!AddFile(path, builder))
         FailLoad(
             std::string("SyntaxLoader::LoadFromXMLFile: Can not load/find the specified XML syntax file ")
             + path);
-    tree_ = TreeOfDocument(*document);
+    tree_ = builder.Take();
 }
 
 } // namespace Veld::Quor::Core::Keywords

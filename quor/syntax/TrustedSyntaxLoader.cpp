@@ -5,11 +5,8 @@
 #include "quor/foundation/service/Directory.h"
 #include "quor/foundation/service/Environment.h"
 #include "quor/foundation/service/FileName.h"
-#include "quor/foundation/service/xml/XMLDocument.h"
 #include "quor/syntax/internal/BuiltinTree.h"
 #include "quor/syntax/internal/LoadFailure.h"
-
-#include <xercesc/dom/DOMDocument.hpp>
 
 #include <string>
 #include <vector>
@@ -55,10 +52,7 @@ void TrustedSyntaxLoader::LoadFromXMLFiles(const char* directory)
     for (const std::string& name : names) {
         Service::FileName path(name);
         path = files;
-        Service::XML::XMLDocument file;
-        const xercesc::DOMDocument* const part = file.read(path.GetFullName().c_str());
-        if (part && part->getDocumentElement())
-            AddTree(*part->getDocumentElement(), merged);
+        AddFile(path.GetFullName().c_str(), merged);
     }
     merged.Close();
     tree_ = merged.Take();

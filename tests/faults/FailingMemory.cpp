@@ -59,14 +59,15 @@ _Unwind_Reason_Code AddCaller(_Unwind_Context* context, void* of)
     return at + 1 < Depth() && at < 15 ? _URC_NO_REASON : _URC_END_OF_STACK;
 }
 
-/// The XML parser's libraries start once, before which is checked that there is memory for it.
+/// The XML parser's libraries are loaded and start once, before which is checked that there is memory for it.
 _Unwind_Reason_Code FindStartOfParser(_Unwind_Context* context, void* found)
 {
     Dl_info info = {};
     const bool hasName =
         ::dladdr(reinterpret_cast<void*>(_Unwind_GetIP(context)), &info) != 0 && info.dli_sname;
     const bool isStart = hasName
-        && (std::strstr(info.dli_sname, "XMLPlatformUtils10Initialize")
+        && (std::strcmp(info.dli_sname, "dlopen") == 0
+            || std::strstr(info.dli_sname, "XMLPlatformUtils10Initialize")
             || std::strstr(info.dli_sname, "XMLInitializer20initializeStaticData"));
     *static_cast<bool*>(found) = isStart;
     return isStart ? _URC_END_OF_STACK : _URC_NO_REASON;

@@ -19,6 +19,7 @@
 
 using namespace std::string_literals;
 using namespace Veld::Quor::Core::Service::XML;
+using Veld::Quor::Core::Keywords::KeywordSyntaxTable;
 using namespace Veld::Quor::Tests;
 
 namespace {
@@ -118,7 +119,12 @@ TEST_P(RefusedDocument, IsNullAndLoggedWithItsPosition)
     EXPECT_EQ(document.readMemory(text.data(), text.size(), "stranger.xml"), nullptr);
     EXPECT_EQ(document.read(path.c_str()), nullptr);
     EXPECT_EQ(document.GetDocument(), nullptr);
-    ASSERT_EQ(log.Lines().size(), 2U);
+    const ScopedVariable main(mainVariable, path); // a table is loaded without a DOM
+    testing::internal::CaptureStdout();
+    EXPECT_THROW(KeywordSyntaxTable::Instance(), Veld::Quor::Core::Service::Exception);
+    EXPECT_NE(testing::internal::GetCapturedStdout().find(path), std::string::npos);
+    ASSERT_EQ(log.Lines().size(), 3U);
+    EXPECT_EQ(log.Lines()[2].text, log.Lines()[1].text);
     EXPECT_EQ(log.Lines()[0].text.substr(0, 13 + why.size()), "stranger.xml:" + why);
     EXPECT_EQ(log.Lines()[1].text.substr(0, path.size() + 1 + why.size()), path + ":" + why);
     EXPECT_EQ(static_cast<int>(log.Lines()[0].severity), 3);

@@ -4,7 +4,7 @@ set -eu
 list=$1 libdir=$2
 exported=$(mktemp)
 trap 'rm -f "$exported"' EXIT
-for library in service keyword-syntax keywords decks; do
+for library in service xml keyword-syntax keywords decks; do
     nm --dynamic --defined-only --demangle --format=just-symbols "$libdir/libveld-quor-$library.so" |
         sed -E -e 's/^(vtable|typeinfo|typeinfo name|VTT) for //' -e 's/^construction vtable for .*-in-//' \
             -e 's/^((non-virtual|virtual|covariant return) thunk to )+//' -e 's/\[abi:cxx11\]//g' \

@@ -2,7 +2,7 @@
 # versions.sh LIBDIR VERSION: the name that hosts load has major and minor version, which say what is compatible.
 set -eu
 libdir=$1 version=$2
-for library in service keyword-syntax keywords decks; do
+for library in service xml keyword-syntax keywords decks; do
     name=libveld-quor-$library.so
     test -f "$libdir/$name.$version"
     test ! -L "$libdir/$name.$version"

@@ -16,12 +16,22 @@ public:
     /// Whether readers ask for the text of such an element.
     static bool HasText(Tag tag);
 
-    /// Begins an element. Its attributes follow, and its text, before its children.
+    /// Begins an element. Its attributes follow, before its children.
     Tag Open(std::u16string_view name, bool isOdd);
     void AddAttribute(std::u16string_view name, std::string_view value);
+    /// Of the element that was begun last and is still open.
     void SetText(std::string_view text);
     /// Ends the element that was begun last and is still open.
     void Close();
+
+    /// Where elements are added. What was added since can be taken back.
+    /// @{
+    struct Position {
+        std::size_t nodes, attributes, texts, open;
+    };
+    Position GetPosition() const;
+    void ReturnTo(const Position& position);
+    /// @}
 
     /// The tree, once all elements are closed.
     DocumentTree Take();
@@ -43,5 +53,8 @@ private:
 
 /// Adds a host's element and all below it.
 void AddTree(const xercesc::DOMElement& root, TreeBuilder& builder);
+/// Adds the root element of a file and all below it. False, and nothing is added, for a file that can't be
+/// read or is refused; the log has the reason.
+bool AddFile(const char* path, TreeBuilder& builder);
 
 } // namespace Veld::Quor::Core::Service::XML::Internal

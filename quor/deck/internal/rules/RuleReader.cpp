@@ -8,7 +8,9 @@
 #include "quor/foundation/service/xml/XMLDocument.h"
 
 #include <fmt/format.h>
-#include <xercesc/dom/DOM.hpp>
+#include <xercesc/dom/DOMDocument.hpp>
+#include <xercesc/dom/DOMElement.hpp>
+#include <xercesc/dom/DOMNamedNodeMap.hpp>
 
 #include <utility>
 

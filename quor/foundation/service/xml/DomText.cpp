@@ -1,17 +1,14 @@
 #include "quor/foundation/service/xml/DomText.h"
 
-#include "quor/foundation/internal/XercesErrors.h"
-#include "quor/foundation/service/xml/internal/Wide.h"
+#include "quor/foundation/service/xml/internal/XMLParser.h"
 
 #include <xercesc/dom/DOMAttr.hpp>
 #include <xercesc/dom/DOMElement.hpp>
-#include <xercesc/util/TransService.hpp>
-#include <xercesc/util/XMLString.hpp>
-#include <xercesc/util/XMLUni.hpp>
 
 #include <memory>
 #include <new>
 #include <string>
+#include <string_view>
 
 #include <pthread.h>
 
@@ -25,18 +22,23 @@ std::string ToUTF8(const XMLCh* text)
 {
     if (!text)
         return {};
-    std::string narrow(xercesc::XMLString::stringLen(text), '\0');
+    const std::u16string_view wide = text;
+    std::string narrow(wide.size(), '\0');
     XMLCh bits = 0;
     for (std::size_t i = 0; i < narrow.size(); ++i) {
-        bits |= text[i];
-        narrow[i] = static_cast<char>(text[i]);
+        bits |= wide[i];
+        narrow[i] = static_cast<char>(wide[i]);
     }
-    if (bits < 0x80)
-        return narrow;
-    return Internal::WithStandardErrors([&] {
-        const xercesc::TranscodeToStr transcoded(text, Internal::MakeTranscoder().get());
-        return std::string(reinterpret_cast<const char*>(transcoded.str()), transcoded.length());
-    });
+    return bits < 0x80 ? narrow : Internal::XMLParser::Instance().ToUTF8(text);
+}
+
+/// As the parser compares them: none is equal to an empty one.
+bool IsEqual(const XMLCh* a, const XMLCh* b)
+{
+    const auto viewOf = [](const XMLCh* text) {
+        return text ? std::u16string_view(text) : std::u16string_view();
+    };
+    return viewOf(a) == viewOf(b);
 }
 
 /// A text for each thread. `thread_local` would end the process where memory has run out.
@@ -83,7 +85,7 @@ std::string GetAttributeValue(const xercesc::DOMElement* element, const XMLCh* a
 bool GetAttributeValueEqual(const xercesc::DOMElement* element, const XMLCh* attribute, const XMLCh* value)
 {
     const xercesc::DOMAttr* node = element->getAttributeNode(attribute);
-    return node && xercesc::XMLString::equals(node->getValue(), value);
+    return node && IsEqual(node->getValue(), value);
 }
 
 bool AttributeExists(const xercesc::DOMElement* element, const XMLCh* attribute)
@@ -95,8 +97,7 @@ bool HasChildTagName(const xercesc::DOMElement* element, const XMLCh* tag)
 {
     const xercesc::DOMNode* child = element->getFirstChild();
     while (child
-        && !(child->getNodeType() == xercesc::DOMNode::ELEMENT_NODE
-            && xercesc::XMLString::equals(child->getNodeName(), tag)))
+        && !(child->getNodeType() == xercesc::DOMNode::ELEMENT_NODE && IsEqual(child->getNodeName(), tag)))
         child = child->getNextSibling();
     return child != nullptr;
 }

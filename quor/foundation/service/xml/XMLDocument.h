@@ -59,6 +59,10 @@ public:
     /// The document held; null if there is none.
     xercesc::DOMDocument* GetDocument() const { return document_.get(); }
 
+    /// The text of a document in UTF-8, with all its nodes. Throws a `Service::Exception` if it can't be
+    /// written.
+    static std::string GetText(const xercesc::DOMDocument& document);
+
     /// The root element of a document that is being written, which must be there. Lasts as long as the
     /// document.
     XMLElement getRoot();

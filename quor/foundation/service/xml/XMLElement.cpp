@@ -1,13 +1,10 @@
 #include "quor/foundation/service/xml/XMLElement.h"
 
-#include "quor/foundation/internal/XercesErrors.h"
-#include "quor/foundation/service/xml/internal/Wide.h"
-
-#include <xercesc/dom/DOMDocument.hpp>
-#include <xercesc/dom/DOMElement.hpp>
-#include <xercesc/dom/DOMText.hpp>
+#include "quor/foundation/service/xml/internal/XMLParser.h"
 
 namespace Veld::Quor::Core::Service::XML {
+
+using Internal::XMLParser;
 
 XMLElement::XMLElement(xercesc::DOMElement& element)
     : element_(element)
@@ -15,19 +12,13 @@ XMLElement::XMLElement(xercesc::DOMElement& element)
 }
 
 XMLElement::XMLElement(XMLElement& parent, const char* tag)
-    : element_(Internal::WithStandardErrors([&]() -> xercesc::DOMElement& {
-        xercesc::DOMElement* const child =
-            parent.element_.getOwnerDocument()->createElement(Internal::Wide(tag));
-        parent.element_.appendChild(child);
-        return *child;
-    }))
+    : element_(XMLParser::Instance().AddElement(parent.element_, tag))
 {
 }
 
 void XMLElement::createTextNode(const char* text)
 {
-    Internal::WithStandardErrors(
-        [&] { element_.appendChild(element_.getOwnerDocument()->createTextNode(Internal::Wide(text))); });
+    XMLParser::Instance().AddText(element_, text);
 }
 
 } // namespace Veld::Quor::Core::Service::XML

@@ -10,7 +10,6 @@
 
 #include <new>
 #include <string>
-#include <utility>
 
 namespace Veld::Quor::Core::Service::XML::Internal {
 
@@ -23,13 +22,12 @@ public:
     }
 };
 
-/// Calls `action`. None of the XML parser's exceptions is a `std::exception`: they leave as an `XMLError`, or
-/// as `std::bad_alloc` when memory ran out.
-template <class Action>
-decltype(auto) WithStandardErrors(Action&& action)
+/// Throws what is being handled: the parser's exceptions as an `XMLError`, or as `std::bad_alloc` when memory
+/// ran out.
+[[noreturn]] inline void RethrowStandard()
 {
     try {
-        return std::forward<Action>(action)();
+        throw;
     } catch (const xercesc::OutOfMemoryException&) {
         throw std::bad_alloc();
     } catch (const xercesc::XMLException& error) {
