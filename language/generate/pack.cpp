@@ -1,12 +1,13 @@
 // Puts the files of a syntax document together and packs them into a C++ source.
 //
 //   pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE.xml... [--vectors TABLE.txt...] [--arrays TABLE.txt...]
-//       [--units UNITS.txt MEASUREMENTS.txt] [--tree] [--subjects OUTPUT.txt]
+//       [--units UNITS.txt MEASUREMENTS.txt] [--text] [--tree] [--subjects OUTPUT.txt]
 //
 // An XML file has pieces, or a part of the document. The packed document, which OUTPUT.xml holds as it is,
 // has the root elements of the parts, in the order given, under one root, and the output vectors after them;
 // short forms are replaced. With the tables of units each quantity must have one. A mistake ends the build
-// with file, line and column. With --tree there is also VARIABLETree, the document as the loader wants it.
+// with file, line and column. With --text VARIABLE is the document's text, with --tree VARIABLETree is the
+// document as the loader wants it.
 // With --subjects the keywords of each file that says in a comment what it has: a line with its name, the
 // comment and the keywords, separated by tabs. language/README.md describes all this.
 
@@ -39,6 +40,7 @@ struct Inputs {
     std::vector<std::string> arrays;
     std::vector<std::string> units; ///< none, or the table of units and that of measurements
     std::vector<std::string> subjects; ///< none, or the file to write
+    bool hasText = false;
     bool hasTree = false;
 };
 
@@ -55,6 +57,8 @@ Inputs InputsOf(const std::vector<std::string>& arguments)
             to = &inputs.units;
         else if (argument == "--subjects")
             to = &inputs.subjects;
+        else if (argument == "--text")
+            inputs.hasText = true;
         else if (argument == "--tree")
             inputs.hasTree = true;
         else
@@ -137,6 +141,8 @@ std::string TreeBytes(const std::string& document)
     if (!read.readMemory(document.data(), document.size(), "the document put together"))
         throw std::runtime_error("the document put together is not well-formed");
     Internal::DocumentTree tree = Internal::TreeOf(*read.GetDocument()->getDocumentElement());
+    std::vector<Internal::DocumentTree::Node> nodes(tree.nodes.begin(), tree.nodes.end());
+    std::vector<Internal::DocumentTree::Attribute> attributes(tree.attributes.begin(), tree.attributes.end());
     std::string texts;
     std::unordered_map<std::string, std::uint32_t> known;
     const auto place = [&](std::uint32_t& begin, std::uint32_t size) {
@@ -146,29 +152,36 @@ std::string TreeBytes(const std::string& document)
             texts += at->first;
         begin = at->second;
     };
-    for (auto& node : tree.nodes)
+    for (auto& node : nodes)
         place(node.text, node.textSize);
-    for (auto& attribute : tree.attributes)
+    for (auto& attribute : attributes)
         place(attribute.value, attribute.size);
-    tree.texts = std::move(texts);
+    tree.nodes = nodes;
+    tree.attributes = attributes;
+    tree.texts = texts;
     return BytesOf(tree);
 }
 
-void WriteVariable(const std::string& name, const std::string& packed, std::ostream& source)
+void WriteVariable(const std::string& name, std::size_t size, std::ostream& source)
 {
-    WriteBytes(name + "Bytes", packed, source);
-    source << "\nconst PackedDocument " << name << " = {" << name << "Bytes, sizeof " << name
-           << "Bytes};\n\n";
+    source << "\nconst PackedDocument " << name << " = {" << name << "Bytes, " << size << "};\n\n";
 }
 
-std::string SourceOf(const std::string& variable, const std::string& document, bool hasTree)
+std::string SourceOf(const std::string& variable, const std::string& document, const Inputs& inputs)
 {
     std::ostringstream source;
     source << "#include \"quor/foundation/builtin/internal/PackedDocument.h\"\n\n"
            << "namespace Veld::Quor::Core::KeywordSyntax::Internal {\n\n";
-    WriteVariable(variable, Compress(document), source);
-    if (hasTree)
-        WriteVariable(variable + "Tree", Compress(TreeBytes(document)), source);
+    if (inputs.hasText) {
+        const std::string packed = Compress(document);
+        WriteBytes(variable + "Bytes", packed, source);
+        WriteVariable(variable, packed.size(), source);
+    }
+    if (inputs.hasTree) {
+        const std::string tree = TreeBytes(document);
+        WriteLiteral(variable + "TreeBytes", tree, source);
+        WriteVariable(variable + "Tree", tree.size(), source);
+    }
     source << "} // namespace Veld::Quor::Core::KeywordSyntax::Internal\n";
     return source.str();
 }
@@ -179,14 +192,14 @@ int main(int argc, char** argv)
 try {
     if (argc < 5) {
         std::cerr << "usage: pack OUTPUT.cpp OUTPUT.xml VARIABLE FILE.xml... [--vectors TABLE.txt...] "
-                     "[--arrays TABLE.txt...] [--units UNITS.txt MEASUREMENTS.txt] [--tree] "
+                     "[--arrays TABLE.txt...] [--units UNITS.txt MEASUREMENTS.txt] [--text] [--tree] "
                      "[--subjects OUTPUT.txt]\n";
         return 2;
     }
     const Inputs inputs = InputsOf({argv + 4, argv + argc});
     const std::string document = PutTogether(inputs);
     WriteText(argv[2], document);
-    WriteText(argv[1], SourceOf(argv[3], document, inputs.hasTree));
+    WriteText(argv[1], SourceOf(argv[3], document, inputs));
     return 0;
 } catch (const std::exception& error) {
     std::cerr << "error: " << error.what() << '\n';

@@ -7,11 +7,10 @@
 
 namespace Veld::Quor::Core::Service::XML::Internal {
 
-std::string TreeElement::GetTagName() const
+std::string DocumentTree::GetName(Tag tag) const
 {
-    const Tag tag = GetNode().tag;
     return tag < Tag::Count ? XToC(TextOf(tag))
-                            : tree_->otherNames[static_cast<std::size_t>(tag) - std::size_t(Tag::Count)];
+                            : otherNames[static_cast<std::size_t>(tag) - std::size_t(Tag::Count)];
 }
 
 const DocumentTree::Attribute* TreeElement::Find(Tag attribute) const
@@ -26,7 +25,7 @@ const DocumentTree::Attribute* TreeElement::Find(Tag attribute) const
 std::string TreeElement::Get(Tag attribute) const
 {
     const DocumentTree::Attribute* const found = Find(attribute);
-    return found ? tree_->texts.substr(found->value, found->size) : std::string();
+    return found ? std::string(tree_->texts.substr(found->value, found->size)) : std::string();
 }
 
 bool TreeElement::Says(Tag attribute, Tag value) const
@@ -34,7 +33,7 @@ bool TreeElement::Says(Tag attribute, Tag value) const
     const DocumentTree::Attribute* const found = Find(attribute);
     if (!found)
         return false;
-    const std::string_view own = std::string_view(tree_->texts).substr(found->value, found->size);
+    const std::string_view own = tree_->texts.substr(found->value, found->size);
     const std::u16string_view wanted = TextOf(value);
     return std::equal(own.begin(), own.end(), wanted.begin(), wanted.end(),
         [](char a, char16_t b) { return static_cast<unsigned char>(a) == b; });

@@ -1,7 +1,7 @@
 #include "quor/foundation/internal/PackedTree.h"
 
 #include <array>
-#include <cstring>
+#include <cstdint>
 
 namespace Veld::Quor::Core::Service::XML::Internal {
 
@@ -16,16 +16,14 @@ void Append(const T& values, std::string& bytes)
     bytes.append(reinterpret_cast<const char*>(values.data()), values.size() * sizeof(values[0]));
 }
 
-/// Takes as many bytes as `values` has; returns whether there were so many.
+/// Views the first values of the bytes, which begin after them then; false if there are not so many.
 template <class T>
-bool Take(std::string_view& bytes, T& values)
+bool Take(std::string_view& bytes, std::uint64_t count, const T*& values)
 {
-    const std::size_t size = values.size() * sizeof(values[0]);
-    if (bytes.size() < size)
+    if (count > bytes.size() / sizeof(T))
         return false;
-    if (size > 0)
-        std::memcpy(values.data(), bytes.data(), size);
-    bytes.remove_prefix(size);
+    values = reinterpret_cast<const T*>(bytes.data());
+    bytes.remove_prefix(count * sizeof(T));
     return true;
 }
 
@@ -47,22 +45,19 @@ std::string BytesOf(const DocumentTree& tree)
 
 std::optional<DocumentTree> TreeOfBytes(std::string_view bytes)
 {
-    Counts counts{};
-    if (!Take(bytes, counts))
+    const Counts* counts = nullptr;
+    const DocumentTree::Node* nodes = nullptr;
+    const DocumentTree::Attribute* attributes = nullptr;
+    const char* texts = nullptr;
+    const char* names = nullptr;
+    if (!Take(bytes, 1, counts) || !Take(bytes, (*counts)[0], nodes) || !Take(bytes, (*counts)[1], attributes)
+        || !Take(bytes, (*counts)[2], texts) || !Take(bytes, (*counts)[3], names))
         return std::nullopt;
-    for (const std::uint64_t count : counts) {
-        if (count > bytes.size())
-            return std::nullopt;
-    }
     DocumentTree tree;
-    tree.nodes.resize(counts[0]);
-    tree.attributes.resize(counts[1]);
-    tree.texts.resize(counts[2]);
-    std::string names(counts[3], '\0');
-    if (!Take(bytes, tree.nodes) || !Take(bytes, tree.attributes) || !Take(bytes, tree.texts)
-        || !Take(bytes, names))
-        return std::nullopt;
-    for (std::string_view rest = names; !rest.empty();) {
+    tree.nodes = {nodes, (*counts)[0]};
+    tree.attributes = {attributes, (*counts)[1]};
+    tree.texts = {texts, (*counts)[2]};
+    for (std::string_view rest(names, (*counts)[3]); !rest.empty();) {
         tree.otherNames.emplace_back(rest.substr(0, rest.find('\0')));
         rest.remove_prefix(tree.otherNames.back().size() + 1);
     }

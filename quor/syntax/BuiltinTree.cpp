@@ -3,11 +3,6 @@
 #include "quor/foundation/internal/PackedTree.h"
 
 #include <xercesc/dom/DOMDocument.hpp>
-#include <zstd.h>
-#include <zstd_errors.h>
-
-#include <new>
-#include <string>
 
 namespace Veld::Quor::Core::Keywords {
 
@@ -19,18 +14,9 @@ DocumentTree TreeOfDocument(const xercesc::DOMDocument& document)
     return root ? TreeOf(*root) : DocumentTree();
 }
 
-std::optional<DocumentTree> Unpack(const KeywordSyntax::Internal::PackedDocument& packed)
+std::optional<DocumentTree> TreeOfPacked(const KeywordSyntax::Internal::PackedDocument& packed)
 {
-    const unsigned long long size = ZSTD_getFrameContentSize(packed.bytes, packed.size);
-    if (size == ZSTD_CONTENTSIZE_UNKNOWN || size == ZSTD_CONTENTSIZE_ERROR)
-        return std::nullopt;
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    const std::size_t unpacked = ZSTD_decompress(bytes.data(), bytes.size(), packed.bytes, packed.size);
-    if (ZSTD_getErrorCode(unpacked) == ZSTD_error_memory_allocation)
-        throw std::bad_alloc();
-    if (unpacked != bytes.size())
-        return std::nullopt;
-    return TreeOfBytes(bytes);
+    return TreeOfBytes({reinterpret_cast<const char*>(packed.bytes), packed.size});
 }
 
 } // namespace Veld::Quor::Core::Keywords

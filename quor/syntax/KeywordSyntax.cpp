@@ -114,14 +114,17 @@ void KeywordSyntax::ReadXML(const TreeElement& element)
 
 void KeywordSyntax::CreateDataMD(const TreeElement& element)
 {
-    if (dataMD_)
+    if (dataMD_ || unread_)
         return; // of two data elements the first one counts
     for (const TreeElement item : Descendants(element, Tag::Item)) {
         if (IsFlagged(item, Tag::Identifier))
             ++identifierCount_;
     }
     for (const TreeElement child : ChildElements(element)) {
-        dataMD_ = ReadDataMD(child);
+        if (child.GetTree().LastsAsTheProcess())
+            unread_ = child;
+        else
+            dataMD_ = ReadDataMD(child);
         return; // whatever follows is not looked at
     }
 }

@@ -33,7 +33,8 @@ public:
     /// An empty table.
     KeywordSyntaxTableImpl() = default;
 
-    /// Reads both documents. They are freed before this returns, and nothing keeps a pointer into them.
+    /// Reads both documents. Those of files and hosts are freed before this returns, and nothing keeps a
+    /// pointer into them.
     void Load();
 
     const IKeywordSyntax* Lookup(
@@ -47,13 +48,14 @@ private:
     /// Names, ids and aliases that were read.
     using Seen = std::unordered_set<std::string>;
 
-    void ReadDocument(const DocumentTree& document, Seen& seen, bool record);
+    void ReadDocument(DocumentTree tree, Seen& seen, bool record);
     void ReadKeyword(const TreeElement& element, Seen& seen, bool record);
 
     void Enter(const std::string& name, const std::shared_ptr<const IKeywordSyntax>& syntax);
     /// Null if there are none.
     const KeywordSyntaxLookupTable::Syntaxes* FindAll(const std::string& name) const;
 
+    std::vector<std::unique_ptr<const DocumentTree>> documents_; // of which keywords read more when asked
     KeywordSyntaxLookupTable lookupTable_;
     NameIndex index_; // into the table
 };
@@ -63,18 +65,20 @@ void KeywordSyntaxTableImpl::Load()
     if (XMLParser::IsInProcess()) // a host that uses it too finds it started after this
         Service::XML::Initialise::Init();
     Seen seen;
-    TrustedSyntaxLoader trusted; // first, so that trusted syntaxes are before others of their name
-    ReadDocument(trusted.GetTree(), seen, true);
-    SyntaxLoader main;
-    ReadDocument(main.GetTree(), seen, true);
+    // First, so that trusted syntaxes are before others of their name.
+    ReadDocument(TrustedSyntaxLoader().Load(), seen, true);
+    ReadDocument(SyntaxLoader().Load(), seen, true);
 }
 
-void KeywordSyntaxTableImpl::ReadDocument(const DocumentTree& document, Seen& seen, bool record)
+void KeywordSyntaxTableImpl::ReadDocument(DocumentTree tree, Seen& seen, bool record)
 {
-    if (document.nodes.empty())
+    if (tree.nodes.empty())
         return;
-    for (const TreeElement element : Descendants(RootOf(document), Tag::Keyword))
+    documents_.push_back(std::make_unique<const DocumentTree>(std::move(tree)));
+    for (const TreeElement element : Descendants(RootOf(*documents_.back()), Tag::Keyword))
         ReadKeyword(element, seen, record);
+    if (!documents_.back()->LastsAsTheProcess())
+        documents_.pop_back();
 }
 
 /// With `record` the keyword is entered, and what it is known by goes into `seen`. Without, it is entered

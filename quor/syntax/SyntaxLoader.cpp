@@ -7,40 +7,36 @@
 #include "quor/syntax/internal/LoadFailure.h"
 
 #include <string>
+#include <utility>
 
 namespace Veld::Quor::Core::Keywords {
 
 using namespace Service::XML::Internal;
 
-const DocumentTree& SyntaxLoader::GetTree()
+DocumentTree SyntaxLoader::Load()
 {
-    if (tree_)
-        return *tree_;
     const std::string path = Service::GetEnvVariable("QUOR_KEYWORD_SYNTAX_FILE");
-    if (path.empty())
-        LoadFromCompressedData();
-    else
-        LoadFromXMLFile(path.c_str());
-    return *tree_;
+    return path.empty() ? LoadFromCompressedData() : LoadFromXMLFile(path.c_str());
 }
 
-void SyntaxLoader::LoadFromCompressedData()
+DocumentTree SyntaxLoader::LoadFromCompressedData()
 {
-    tree_ = BuiltinTree<Core::KeywordSyntax::KeywordSyntaxData>();
-    if (!tree_)
+    auto tree = BuiltinTree<Core::KeywordSyntax::KeywordSyntaxData>();
+    if (!tree)
         FailLoad("SyntaxLoader::LoadFromCompressedData: no compressed Quor.xml data available");
+    return std::move(*tree);
 }
 
-void SyntaxLoader::LoadFromXMLFile(const char* path)
+DocumentTree SyntaxLoader::LoadFromXMLFile(const char* path)
 {
     if (!path)
-        return;
+        return {};
     TreeBuilder builder;
     if (!AddFile(path, builder))
         FailLoad(
             std::string("SyntaxLoader::LoadFromXMLFile: Can not load/find the specified XML syntax file ")
             + path);
-    tree_ = builder.Take();
+    return builder.Take();
 }
 
 } // namespace Veld::Quor::Core::Keywords

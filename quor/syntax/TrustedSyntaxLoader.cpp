@@ -9,36 +9,32 @@
 #include "quor/syntax/internal/LoadFailure.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Veld::Quor::Core::Keywords {
 
 using namespace Service::XML::Internal;
 
-const DocumentTree& TrustedSyntaxLoader::GetTree()
+DocumentTree TrustedSyntaxLoader::Load()
 {
-    if (tree_)
-        return *tree_;
     const std::string directory = Service::GetEnvVariable("QUOR_KEYWORD_TRUSTED_SYNTAX_DIR");
-    if (directory.empty())
-        LoadFromCompressedData();
-    else
-        LoadFromXMLFiles(directory.c_str());
-    return *tree_;
+    return directory.empty() ? LoadFromCompressedData() : LoadFromXMLFiles(directory.c_str());
 }
 
-void TrustedSyntaxLoader::LoadFromCompressedData()
+DocumentTree TrustedSyntaxLoader::LoadFromCompressedData()
 {
-    tree_ = BuiltinTree<Core::KeywordSyntax::TrustedSyntaxData>();
-    if (!tree_)
+    auto tree = BuiltinTree<Core::KeywordSyntax::TrustedSyntaxData>();
+    if (!tree)
         FailLoad(
             "TrustedSyntaxLoader::LoadFromCompressedData: no compressed TrustedSyntax xml data available");
+    return std::move(*tree);
 }
 
-void TrustedSyntaxLoader::LoadFromXMLFiles(const char* directory)
+DocumentTree TrustedSyntaxLoader::LoadFromXMLFiles(const char* directory)
 {
     if (!directory)
-        return;
+        return {};
     const Service::Directory files(directory);
     const std::string reader = "TrustedSyntaxLoader::LoadFromXMLFiles: ";
     if (!files.Exists())
@@ -55,7 +51,7 @@ void TrustedSyntaxLoader::LoadFromXMLFiles(const char* directory)
         AddFile(path.GetFullName().c_str(), merged);
     }
     merged.Close();
-    tree_ = merged.Take();
+    return merged.Take();
 }
 
 } // namespace Veld::Quor::Core::Keywords

@@ -5,6 +5,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,10 +31,14 @@ struct DocumentTree {
         Tag name;
     };
 
-    std::vector<Node> nodes; ///< the last one is after all elements, and none
-    std::vector<Attribute> attributes;
-    std::string texts; ///< of elements and attributes, in UTF-8
+    std::span<const Node> nodes; ///< the last one is after all elements, and none
+    std::span<const Attribute> attributes;
+    std::string_view texts; ///< of elements and attributes, in UTF-8
     std::vector<std::string> otherNames; ///< those with numbers from `Tag::Count`
+    std::shared_ptr<const void> storage; ///< has what is viewed; null: that lasts as long as the process
+
+    std::string GetName(Tag tag) const;
+    bool LastsAsTheProcess() const { return storage == nullptr; }
 };
 
 /// An element of a tree that lives longer, or none.
@@ -47,7 +53,7 @@ public:
 
     explicit operator bool() const { return tree_ != nullptr; }
     bool Is(Tag tag) const { return GetNode().tag == tag; }
-    std::string GetTagName() const;
+    std::string GetTagName() const { return tree_->GetName(GetNode().tag); }
 
     bool Has(Tag attribute) const { return Find(attribute) != nullptr; }
     /// The value of the attribute; empty if it is absent.
@@ -57,7 +63,10 @@ public:
 
     bool HasChild(Tag tag) const;
     /// The text content, that of elements below included, comments not. Empty for a tag that has none.
-    std::string GetText() const { return tree_->texts.substr(GetNode().text, GetNode().textSize); }
+    std::string GetText() const
+    {
+        return std::string(tree_->texts.substr(GetNode().text, GetNode().textSize));
+    }
 
     const DocumentTree& GetTree() const { return *tree_; }
     std::uint32_t GetIndex() const { return index_; }

@@ -46,7 +46,10 @@ private:
     Tag NumberOf(std::u16string_view name);
     std::uint32_t AddText(std::string_view text);
 
-    DocumentTree tree_;
+    std::vector<DocumentTree::Node> nodes_;
+    std::vector<DocumentTree::Attribute> attributes_;
+    std::string texts_;
+    std::vector<std::string> otherNames_;
     std::vector<std::uint32_t> open_;
     Numbers others_; // of names that `Tag` doesn't have
 };

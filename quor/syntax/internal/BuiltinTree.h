@@ -12,7 +12,7 @@ namespace Veld::Quor::Core::Keywords {
 Service::XML::Internal::DocumentTree TreeOfDocument(const xercesc::DOMDocument& document);
 
 /// None if the bytes are no tree.
-std::optional<Service::XML::Internal::DocumentTree> Unpack(
+std::optional<Service::XML::Internal::DocumentTree> TreeOfPacked(
     const KeywordSyntax::Internal::PackedDocument& packed);
 
 /// The tree of built-in documents: their own, or that of the DOM which a host's library has. None without a
@@ -22,7 +22,7 @@ std::optional<Service::XML::Internal::DocumentTree> BuiltinTree()
 {
     Data data;
     if (const auto* const packed = data.FindTree())
-        return Unpack(*packed);
+        return TreeOfPacked(*packed);
     const xercesc::DOMDocument* const document = data.GetData();
     if (!document)
         return std::nullopt;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "quor/foundation/SimulatorModeType.h"
+#include "quor/foundation/internal/DocumentTree.h"
+#include "quor/foundation/internal/Once.h"
 #include "quor/metadata/IKeywordDataMDInternal.h"
 #include "quor/metadata/TreeForward.h"
 #include "quor/syntax/IKeywordSyntax.h"
@@ -19,11 +21,13 @@
 namespace Veld::Quor::Core::Keywords {
 
 /// The one implementation: read from a keyword element when the table loads, and the same from then on, but
-/// for what `GetPrecedents` works out at its first call, which is safe from several threads.
+/// for what `GetPrecedents` works out at its first call, and the metadata of a built-in keyword, which are
+/// read at the first `GetDataMD`. Both are safe from several threads.
 class KeywordSyntax final : public IKeywordSyntax {
 public:
-    /// Keeps no pointer to `element`. Throws `KeywordException` with `name` and ": " before what a reader
-    /// found wrong.
+    /// Keeps no pointer to `element` unless its tree lasts as the process does: such a tree has no mistakes,
+    /// and few of its keywords are in a deck. Throws `KeywordException` with `name` and ": " before what a
+    /// reader found wrong.
     KeywordSyntax(const std::string& name, const Service::XML::Internal::TreeElement& element);
 
     const std::string& GetName() const override { return name_; }
@@ -49,7 +53,12 @@ public:
     const IKeywordSyntax* GetScopeSyntax() const override;
     const ISummaryMnemonicInfo* GetSummaryMnemonicInfo() const override { return summaryMnemonic_.get(); }
     const ICellPropertyInfo* GetCellPropertyInfo() const override { return cellProperty_.get(); }
-    const IKeywordDataMD* GetDataMD() const override { return dataMD_ ? &dataMD_->MD() : nullptr; }
+    const IKeywordDataMD* GetDataMD() const override
+    {
+        if (unread_)
+            reading_.Run([this] { dataMD_ = ReadDataMD(unread_); });
+        return dataMD_ ? &dataMD_->MD() : nullptr;
+    }
     bool HasIdentifiers() const override { return identifierCount_ > 0; }
     int GetIdentifierCount() const override { return identifierCount_; }
     bool HasPrecedents() const override { return !precedents_.empty(); }
@@ -79,7 +88,9 @@ private:
 
     std::string name_;
     std::unique_ptr<Aliases> aliases_; // null: none
-    std::unique_ptr<IKeywordDataMDInternal> dataMD_; // null: the keyword carries nothing
+    mutable std::unique_ptr<IKeywordDataMDInternal> dataMD_; // null: the keyword carries nothing
+    Service::XML::Internal::TreeElement unread_; // what `dataMD_` is read of when asked for
+    mutable Once reading_;
     std::unique_ptr<ScopeInfo> scope_; // null, as the next two: the document has no such element
     std::unique_ptr<SummaryMnemonicInfo> summaryMnemonic_;
     std::unique_ptr<CellPropertyInfo> cellProperty_;

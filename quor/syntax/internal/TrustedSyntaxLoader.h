@@ -2,8 +2,6 @@
 
 #include "quor/foundation/internal/DocumentTree.h"
 
-#include <optional>
-
 namespace Veld::Quor::Core::Keywords {
 
 /// Delivers the document of trusted keywords: the `.xml` files of the directory that
@@ -11,13 +9,11 @@ namespace Veld::Quor::Core::Keywords {
 /// directory that can't be read is left out; the log says why. Otherwise like `SyntaxLoader`.
 class TrustedSyntaxLoader {
 public:
-    const Service::XML::Internal::DocumentTree& GetTree();
+    Service::XML::Internal::DocumentTree Load();
 
 private:
-    void LoadFromCompressedData();
-    void LoadFromXMLFiles(const char* directory);
-
-    std::optional<Service::XML::Internal::DocumentTree> tree_;
+    Service::XML::Internal::DocumentTree LoadFromCompressedData();
+    Service::XML::Internal::DocumentTree LoadFromXMLFiles(const char* directory);
 };
 
 } // namespace Veld::Quor::Core::Keywords

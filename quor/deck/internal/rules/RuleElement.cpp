@@ -78,8 +78,8 @@ std::vector<std::string> RuleElement::FindKeywords(const char* attribute)
     std::vector<std::string> keywords;
     for (const std::string& word : FindWords(attribute)) {
         if (word.find_first_of("*?") == std::string::npos) {
-            Check(
-                "keyword", word, origin_.isChecked ? origin_.words.GetKeywords() : std::set{word}, attribute);
+            if (origin_.isChecked)
+                Check("keyword", word, origin_.words.GetKeywords(), attribute);
             keywords.push_back(word);
             continue;
         }

@@ -4,19 +4,18 @@
 #include "quor/deck/DeckSource.h"
 #include "quor/deck/internal/rules/RuleForms.h"
 #include "quor/foundation/builtin/internal/PackedDocument.h"
-#include "quor/foundation/service/xml/DomText.h"
+#include "quor/foundation/internal/DocumentWalk.h"
+#include "quor/foundation/internal/PackedTree.h"
 #include "quor/foundation/service/xml/XMLDocument.h"
 
 #include <fmt/format.h>
 #include <xercesc/dom/DOMDocument.hpp>
-#include <xercesc/dom/DOMElement.hpp>
-#include <xercesc/dom/DOMNamedNodeMap.hpp>
 
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
 
-using Service::XML::XToC;
+using namespace Service::XML::Internal;
 
 namespace {
 
@@ -39,20 +38,18 @@ void ReadSome(const RuleElement& root, bool areNames, RuleSet& rules, const OnFa
     });
 }
 
-RuleNode NodeOf(const xercesc::DOMElement& element)
+RuleNode NodeOf(const TreeElement& element)
 {
+    const DocumentTree& tree = element.GetTree();
+    const std::uint32_t index = element.GetIndex();
     RuleNode node;
-    node.tag = XToC(element.getTagName());
-    const xercesc::DOMNamedNodeMap& attributes = *element.getAttributes();
-    for (XMLSize_t i = 0; i < attributes.getLength(); ++i) {
-        const xercesc::DOMNode& attribute = *attributes.item(i);
-        std::string name = XToC(attribute.getNodeName()); // the text of a call lasts until the next one
-        node.attributes.emplace_back(std::move(name), XToC(attribute.getNodeValue()));
+    node.tag = element.GetTagName();
+    for (std::uint32_t i = tree.nodes[index].attributes; i < tree.nodes[index + 1].attributes; ++i) {
+        const auto& [value, size, name] = tree.attributes[i];
+        node.attributes.emplace_back(tree.GetName(name), tree.texts.substr(value, size));
     }
-    for (const xercesc::DOMNode* child = element.getFirstChild(); child; child = child->getNextSibling()) {
-        if (child->getNodeType() == xercesc::DOMNode::ELEMENT_NODE)
-            node.children.push_back(NodeOf(static_cast<const xercesc::DOMElement&>(*child)));
-    }
+    for (const TreeElement child : ChildElements(element))
+        node.children.push_back(NodeOf(child));
     return node;
 }
 
@@ -77,7 +74,8 @@ void ReadRuleFile(const std::string& path, RuleWords& words, RuleSet& rules)
     const std::string_view bytes = text->GetText();
     if (!document.readMemory(bytes.data(), bytes.size(), path.c_str(), failure))
         throw RuleError(fmt::format("{}:{}:{}: {}", path, failure.line, failure.column, failure.reason));
-    ReadOrThrow(NodeOf(*document.GetDocument()->getDocumentElement()), {path, words, true}, rules);
+    const DocumentTree tree = TreeOf(*document.GetDocument()->getDocumentElement());
+    ReadOrThrow(NodeOf(RootOf(tree)), {path, words, true}, rules);
 }
 
 } // namespace
@@ -86,9 +84,9 @@ void ReadRuleFile(const std::string& path, RuleWords& words, RuleSet& rules)
 const RuleNode& BuiltinRules()
 {
     static const RuleNode root = [] {
-        const auto document =
-            KeywordSyntax::Internal::Unpack(KeywordSyntax::Internal::rulesDocument, "built-in rules");
-        return NodeOf(*document->GetDocument()->getDocumentElement());
+        const auto& packed = KeywordSyntax::Internal::rulesDocumentTree;
+        const auto tree = TreeOfBytes({reinterpret_cast<const char*>(packed.bytes), packed.size});
+        return tree ? NodeOf(RootOf(*tree)) : RuleNode();
     }();
     return root;
 }

@@ -57,13 +57,21 @@ bool AddChoicesOf(const IKeywordDataMD* md, const std::string& name, std::set<st
 
 const std::set<std::string>& RuleWords::GetKeywords()
 {
-    Read();
+    if (!keywords_.empty())
+        return keywords_;
+    KeywordSyntaxEnumerator enumerator = table_.KeywordsEnumerator();
+    while (enumerator.NextWithHidden())
+        keywords_.insert(*enumerator.Current()->first);
     return keywords_;
 }
 
 const std::set<std::string>& RuleWords::GetItems()
 {
-    Read();
+    if (!items_.empty())
+        return items_;
+    KeywordSyntaxEnumerator enumerator = table_.KeywordsEnumerator();
+    while (enumerator.NextWithHidden())
+        AddItemNames(enumerator.Current()->second->GetDataMD(), items_);
     return items_;
 }
 
@@ -83,17 +91,6 @@ std::vector<std::string> RuleWords::FindKeywords(const std::string& pattern)
             found.push_back(name);
     }
     return found;
-}
-
-void RuleWords::Read()
-{
-    if (!keywords_.empty())
-        return;
-    KeywordSyntaxEnumerator enumerator = table_.KeywordsEnumerator();
-    while (enumerator.NextWithHidden()) {
-        keywords_.insert(*enumerator.Current()->first);
-        AddItemNames(enumerator.Current()->second->GetDataMD(), items_);
-    }
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -10,7 +10,7 @@ class KeywordSyntaxTable;
 
 namespace Veld::Quor::Core::Decks {
 
-/// The keywords and items of a table, which rules name. They are looked up at the first question.
+/// The keywords and items of a table, which rules name. Each are looked up at the first question.
 class RuleWords {
 public:
     /// `table` must outlive it.
@@ -29,8 +29,6 @@ public:
     std::vector<std::string> FindKeywords(const std::string& pattern);
 
 private:
-    void Read();
-
     Keywords::KeywordSyntaxTable& table_;
     std::set<std::string> keywords_;
     std::set<std::string> items_;
