@@ -12,37 +12,41 @@ namespace Veld::Quor::Core::Keywords {
 std::unique_ptr<IKeywordData> GenericKeywordRecordDataImpl::Make(
     const IKeywordRecordMD* md, const IKeywordSyntax* syntax)
 {
-    return Make(md, syntax, std::make_shared<const RecordLayout>(*md));
+    const LayoutPointer layout(new RecordLayout(md, syntax));
+    return std::unique_ptr<IKeywordData>(new (*layout) GenericKeywordRecordDataImpl(*layout, true));
 }
 
-std::unique_ptr<IKeywordData> GenericKeywordRecordDataImpl::Make(const IKeywordRecordMD* md,
-    const IKeywordSyntax* syntax, const std::shared_ptr<const RecordLayout>& layout)
+GenericKeywordRecordDataImpl* GenericKeywordRecordDataImpl::MakeAt(void* place, const RecordLayout& layout)
 {
-    return std::unique_ptr<IKeywordData>(new (*layout) GenericKeywordRecordDataImpl(md, syntax, layout));
+    return ::new (place) GenericKeywordRecordDataImpl(layout, false);
 }
 
-GenericKeywordRecordDataImpl::GenericKeywordRecordDataImpl(const IKeywordRecordMD* md,
-    const IKeywordSyntax* syntax, const std::shared_ptr<const RecordLayout>& layout)
-    : md_(md)
-    , syntax_(syntax)
-    , elements_(layout)
+GenericKeywordRecordDataImpl* GenericKeywordRecordDataImpl::CloneAt(void* place) const
+{
+    return ::new (place) GenericKeywordRecordDataImpl(*this, false);
+}
+
+GenericKeywordRecordDataImpl::GenericKeywordRecordDataImpl(const RecordLayout& layout, bool isAlone)
+    : elements_(layout, isAlone)
 {
     assert(static_cast<void*>(elements_.Block()) == this + 1);
-    elements_.Construct(syntax);
+    elements_.Construct(layout.Syntax());
 }
 
-GenericKeywordRecordDataImpl::GenericKeywordRecordDataImpl(const GenericKeywordRecordDataImpl& other)
+GenericKeywordRecordDataImpl::GenericKeywordRecordDataImpl(
+    const GenericKeywordRecordDataImpl& other, bool isAlone)
     : KeywordRecordData(other)
-    , md_(other.md_)
-    , syntax_(other.syntax_)
-    , elements_(other.elements_.SharedLayout())
+    , elements_(other.Layout(), isAlone)
 {
     elements_.Copy(other.elements_);
 }
 
-GenericKeywordRecordDataImpl::Elements::Elements(const std::shared_ptr<const RecordLayout>& layout)
-    : layout_(layout)
+GenericKeywordRecordDataImpl::Elements::Elements(const RecordLayout& layout, bool isAlone)
+    : layout_(&layout)
+    , isAlone_(isAlone)
 {
+    if (isAlone)
+        intrusive_ptr_add_ref(layout_);
 }
 
 GenericKeywordRecordDataImpl::Elements::~Elements()
@@ -54,6 +58,8 @@ GenericKeywordRecordDataImpl::Elements::~Elements()
         else
             delete NestedAt(item);
     }
+    if (isAlone_)
+        intrusive_ptr_release(layout_);
 }
 
 void GenericKeywordRecordDataImpl::Elements::Construct(const IKeywordSyntax* syntax)

@@ -17,12 +17,14 @@ std::size_t AlignmentOf(const RecordLayout::Item& item)
 
 } // namespace
 
-RecordLayout::RecordLayout(const IKeywordRecordMD& md)
+RecordLayout::RecordLayout(const IKeywordRecordMD* md, const IKeywordSyntax* syntax)
+    : md_(md)
+    , syntax_(syntax)
 {
-    const int count = md.GetSize();
+    const int count = md->GetSize();
     items_.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
-        const IKeywordDataMD* const item = md.GetItemMD(i);
+        const IKeywordDataMD* const item = md->GetItemMD(i);
         items_.push_back({FindScalarOps(KeywordUtils::GetMDType(item)), item, 0});
     }
     std::vector<Item*> places;

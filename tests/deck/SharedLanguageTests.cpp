@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <set>
 #include <string>
 #include <thread>
 #include <vector>
@@ -108,6 +110,25 @@ TEST(SharedTable, AnswersSeveralThreads)
     for (std::thread& thread : threads)
         thread.join();
     EXPECT_EQ(answers, std::vector<std::string>(8, "FLAG NEEDS OTHER SHUTSHUT 111"));
+}
+
+/// Whose metadata are read when first asked for.
+TEST(SharedTable, OfTheBuiltInLanguageAnswersSeveralThreads)
+{
+    KeywordSyntaxTable& table = KeywordSyntaxTable::Instance();
+    std::vector<std::vector<const IKeywordDataMD*>> answers(4);
+    std::vector<std::thread> threads;
+    for (auto& answer : answers)
+        threads.emplace_back([&] {
+            KeywordSyntaxEnumerator keywords = table.KeywordsEnumerator();
+            while (keywords.NextWithHidden())
+                answer.push_back(keywords.Current()->second->GetDataMD());
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_GT(std::count(answers[0].begin(), answers[0].end(), nullptr), 0);
+    EXPECT_GT(std::set(answers[0].begin(), answers[0].end()).size(), 1000U);
+    EXPECT_EQ(answers, std::vector(4, answers[0]));
 }
 
 /// What several answers of the deck come to; each of them works something out at its first use.

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "quor/data/IKeywordListData.h"
+#include "quor/data/internal/RecordChunks.h"
+#include "quor/data/internal/RecordLayout.h"
 #include "quor/metadata/IKeywordListMD.h"
 
 #include <memory>
@@ -8,9 +10,8 @@
 
 namespace Veld::Quor::Core::Keywords {
 
-class RecordLayout;
-
-/// A list of records or of lists. Owns its elements, and never keeps an object that it was given.
+/// A list of records or of lists. Owns its elements, and never keeps an object that it was given. The
+/// library's own records are in its chunks.
 class GenericKeywordListPtrDataImpl final : public IKeywordListData {
 public:
     GenericKeywordListPtrDataImpl(const IKeywordListMD* md, const IKeywordSyntax* syntax);
@@ -25,24 +26,32 @@ public:
     const IKeywordSyntax* GetSyntax() const override { return syntax_; }
 
     std::int64_t GetSize() const override { return static_cast<std::int64_t>(elements_.size()); }
-    void Reserve(std::size_t n) override { elements_.reserve(n); }
-    const void* GetData(std::size_t i) const override { return elements_[i].get(); }
-    void* GetData(std::size_t i) override { return elements_[i].get(); }
+    void Reserve(std::size_t n) override;
+    const void* GetData(std::size_t i) const override { return elements_[i]; }
+    void* GetData(std::size_t i) override { return elements_[i]; }
     void AddData(const void* first, const void* last) override;
     void* AddData(const void* value) override;
     void SetData(std::size_t i, const void* value) override;
     void RemoveData(std::size_t i) override;
-    void Clear() override { elements_.clear(); }
+    void Clear() override;
     bool IsDefaulted(std::size_t) const override { return false; }
     void SetDefaulted(std::size_t, bool) override { }
 
 private:
-    std::unique_ptr<IKeywordData> CreateElement();
+    IKeywordData* MakeElement();
+    IKeywordData* CopyOf(const IKeywordData& data);
+    /// What `make` does with the place that is given to it.
+    template <class Make>
+    IKeywordData* InChunk(const Make& make);
+    void Destroy(IKeywordData* element);
+    void DestroyAll();
 
     const IKeywordListMD* md_; // the table's, as the syntax
     const IKeywordSyntax* syntax_;
-    std::vector<std::unique_ptr<IKeywordData>> elements_;
-    std::shared_ptr<const RecordLayout> layout_; // of all elements; null until the first record is made
+    LayoutPointer layout_; // of the records in the chunks; null until there is one
+    RecordChunks chunks_;
+    std::vector<IKeywordData*> elements_; // owned
+    bool areAllInChunks_ = true;
 };
 
 } // namespace Veld::Quor::Core::Keywords

@@ -5,26 +5,43 @@
 #include "quor/metadata/IKeywordRecordMD.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <new>
 
 namespace Veld::Quor::Core::Keywords {
 
-/// The object and the block of its items are one allocation.
+/// The object and the block of its items are one allocation, or a place that the list has for them.
 class GenericKeywordRecordDataImpl final : public KeywordRecordData {
 public:
     static std::unique_ptr<IKeywordData> Make(const IKeywordRecordMD* md, const IKeywordSyntax* syntax);
-    /// `layout` is that of `md`.
-    static std::unique_ptr<IKeywordData> Make(const IKeywordRecordMD* md, const IKeywordSyntax* syntax,
-        const std::shared_ptr<const RecordLayout>& layout);
+    /// In a place of `SizeOf` bytes, which must outlive it, as must the layout; to delete it doesn't free
+    /// them.
+    /// @{
+    static GenericKeywordRecordDataImpl* MakeAt(void* place, const RecordLayout& layout);
+    GenericKeywordRecordDataImpl* CloneAt(void* place) const;
+    /// @}
+    /// Of the object and its block, a multiple of the size of a pointer.
+    static std::size_t SizeOf(const RecordLayout& layout)
+    {
+        return (sizeof(GenericKeywordRecordDataImpl) + layout.Size() + sizeof(void*) - 1) / sizeof(void*)
+            * sizeof(void*);
+    }
     GenericKeywordRecordDataImpl& operator=(const GenericKeywordRecordDataImpl&) = delete;
     ~GenericKeywordRecordDataImpl() override = default;
 
-    static void operator delete(void* place) { ::operator delete(place); }
+    static void operator delete(GenericKeywordRecordDataImpl* record, std::destroying_delete_t)
+    {
+        const bool isAlone = record->IsAlone();
+        record->~GenericKeywordRecordDataImpl();
+        if (isAlone)
+            ::operator delete(record);
+    }
 
-    IKeywordData* Clone() const override { return new (Layout()) GenericKeywordRecordDataImpl(*this); }
+    IKeywordData* Clone() const override { return new (Layout()) GenericKeywordRecordDataImpl(*this, true); }
     bool ReservedQuery() const override { return false; }
-    const IKeywordDataMD* GetMD() const override { return md_; }
-    const IKeywordSyntax* GetSyntax() const override { return syntax_; }
+    const IKeywordDataMD* GetMD() const override { return Layout().MD(); }
+    const IKeywordSyntax* GetSyntax() const override { return Layout().Syntax(); }
 
     int GetSize() const override { return static_cast<int>(elements_.Layout().Items().size()); }
     void* GetData(int i) override { return elements_.At(static_cast<std::size_t>(i)); }
@@ -33,11 +50,12 @@ public:
 
     const RecordLayout& Layout() const { return elements_.Layout(); }
     const std::byte* Block() const { return elements_.Block(); }
+    /// Whether it is an allocation, and no place of a list.
+    bool IsAlone() const { return elements_.IsAlone(); }
 
 private:
-    GenericKeywordRecordDataImpl(const IKeywordRecordMD* md, const IKeywordSyntax* syntax,
-        const std::shared_ptr<const RecordLayout>& layout);
-    GenericKeywordRecordDataImpl(const GenericKeywordRecordDataImpl& other);
+    GenericKeywordRecordDataImpl(const RecordLayout& layout, bool isAlone);
+    GenericKeywordRecordDataImpl(const GenericKeywordRecordDataImpl& other, bool isAlone);
 
     static void* operator new(std::size_t size, const RecordLayout& layout)
     {
@@ -45,10 +63,11 @@ private:
     }
     static void operator delete(void* place, const RecordLayout&) { ::operator delete(place); }
 
-    /// What is in the block. Frees what was made, also when it was only half built.
+    /// What is in the block. Frees what was made, also when it was only half built. That of a record which is
+    /// alone keeps the layout.
     class Elements {
     public:
-        explicit Elements(const std::shared_ptr<const RecordLayout>& layout);
+        Elements(const RecordLayout& layout, bool isAlone);
         ~Elements();
         Elements(const Elements&) = delete;
         Elements& operator=(const Elements&) = delete;
@@ -66,7 +85,7 @@ private:
         /// It begins where this object, the last member of the record, ends.
         std::byte* Block() const { return reinterpret_cast<std::byte*>(const_cast<Elements*>(this) + 1); }
         const RecordLayout& Layout() const { return *layout_; }
-        const std::shared_ptr<const RecordLayout>& SharedLayout() const { return layout_; }
+        bool IsAlone() const { return isAlone_; }
 
     private:
         void CopyBlock(const std::byte* from);
@@ -76,12 +95,11 @@ private:
             return *reinterpret_cast<IKeywordData**>(Block() + item.offset);
         }
 
-        std::shared_ptr<const RecordLayout> layout_;
-        std::size_t built_ = 0; // owners that are constructed
+        const RecordLayout* layout_;
+        std::uint32_t built_ = 0; // owners that are constructed
+        bool isAlone_;
     };
 
-    const IKeywordRecordMD* md_; // the table's, as the syntax
-    const IKeywordSyntax* syntax_;
     Elements elements_; // the last one
 };
 
