@@ -15,6 +15,7 @@ WCONPROD
  P2 OPEN ORAT 0 50 /
  P3 SHUT ORAT /
  P4 OPEN BHP 6* 90 10 0 /
+ P5 OPEN ORAT WUX 50 /
 /
 WCONINJE
  I1 WATER OPEN RATE 100 /
@@ -22,7 +23,7 @@ WCONINJE
 /
 )",
             "d:5:10: warning: WCONPROD: CONTROL is ORAT; expected a value for ORAT [missing-item] | add the "
-            "value, or change CONTROL\nd:11:5: error: WCONINJE: TYPE is WATER; expected keyword WATER, "
+            "value, or change CONTROL\nd:12:5: error: WCONINJE: TYPE is WATER; expected keyword WATER, "
             "CO2STORE or "
             "H2STORE in the deck [missing-keyword] | add the keyword, or change TYPE"},
         DeckRow{"ForTheSame", R"(SCHEDULE
@@ -312,9 +313,16 @@ COMPDAT
             "d:6:7: error: ROCK: too few records (expected 2, found 1) [wrong-size] | the size is NTROCK\n"
             "d:12:7: error: ROCK: too few records (expected 3, found 2) [wrong-size] | the size is NTROCK"},
         DeckRow{"ByAKeywordThatIsThere",
-            "RUNSPEC\nROCKCOMP\n/\nPROPS\nROCKTAB\n 1 1 1 2 1 1 /\nRKTRMDIR\nROCKTAB\n 1 1 1 1 1\n 2 1 1 1 1 "
+            "RUNSPEC\nCOMPS\n 2 /\nROCKCOMP\n/\nPROPS\nOILVISCT\n 50 1 2 90 0.5 1 /\nROCKTAB\n 1 1 1 2 1 1 "
+            "/\nRKTRMDIR\nROCKTAB\n 1 1 1 1 1\n 2 1 1 1 1 "
             "/\n",
             ""},
+        DeckRow{"OfTheMatrixAlone",
+            "RUNSPEC\nDIMENS\n 2 2 2 /\nGRID\nLX\n 4*1 /\nPERMX\n 4*1 /\nDPGRID\nPORO\n 4*1 /\nZCORN\n 32*1 "
+            "/\n"
+            "NTG\n 3*1 /\n",
+            "d:8:6: error: PERMX: too few values (expected 8, found 4) [wrong-size] | the size is NX*NY*NZ\n"
+            "d:15:6: error: NTG: too few values (expected 8, found 3) [wrong-size] | the size is NX*NY*NZ"},
         DeckRow{"OfPhasesInAPartOfADeck",
             "SCHEDULE\nWELSPECS\n A G 1 1 1* GAS /\n/\nWCONINJE\n A GAS OPEN RATE 1000 /\n/\n", ""},
         DeckRow{"OfUnitsInAPartOfADeck", "PROPS\nDENSITY\n 49 63 0.05 /\n", ""},

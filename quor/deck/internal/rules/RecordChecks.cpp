@@ -1,5 +1,6 @@
 #include "quor/deck/internal/rules/RecordChecks.h"
 
+#include "quor/deck/internal/read/data/DataVariables.h"
 #include "quor/deck/internal/rules/Choices.h"
 #include "quor/deck/internal/rules/RecordValues.h"
 #include "quor/deck/internal/text/LineText.h"
@@ -19,6 +20,13 @@ namespace {
 bool IsGivenTarget(const IKeywordRecordData& record, const RuleItem& item)
 {
     return item.type == IKeywordDataMD::MDType::Integer ? IsItemSet(record, item) : HasItem(record, item);
+}
+
+/// A variable without a value, or a quantity of the user.
+bool IsVariable(const KeywordInstance& keyword, const IKeywordRecordData& record, const RuleItem& item)
+{
+    const DataVariables* const variables = keyword.notes ? keyword.notes->variables.get() : nullptr;
+    return variables && item.IsThere() && variables->Find(record, item.index);
 }
 
 std::string ReasonOf(const RequireRule& rule)
@@ -73,8 +81,9 @@ void RecordChecks::CheckRequirement(
     const auto holds = [&](const ItemCondition& condition) { return Holds(condition, record); };
     if (!Holds(requirement.when, record)
         || std::any_of(requirement.unless.begin(), requirement.unless.end(), holds)
-        || std::any_of(requirement.items.begin(), requirement.items.end(),
-            [&](const RuleItem& item) { return IsGivenTarget(record, item); }))
+        || std::any_of(requirement.items.begin(), requirement.items.end(), [&](const RuleItem& item) {
+               return IsGivenTarget(record, item) || IsVariable(context_.GetKeyword(), record, item);
+           }))
         return;
     position.item = requirement.when.item.index;
     if (!rule.present.empty()) {

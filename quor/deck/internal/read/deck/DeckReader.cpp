@@ -162,8 +162,8 @@ void DeckReader::ReadData(KeywordInstance& keyword, const Token& head, bool isRe
     const ICellPropertyInfo* const cell = keyword.syntax->GetCellPropertyInfo();
     const std::size_t turns = text_.GetTurns();
     const FindingReporter::Muted muted(reporter_, isReported);
-    const DataReader::Traits traits = {
-        cell && cell->CopyLayerAboveByDefault(), keyword.section == SectionType::SCHEDULE};
+    const DataReader::Traits traits = {cell && cell->CopyLayerAboveByDefault(),
+        cell && cell->DualPorosityMatrixOnly(), keyword.section == SectionType::SCHEDULE};
     data_.Read(plans_.Get(*keyword.syntax->GetDataMD(), cell != nullptr), head, *keyword.data, traits,
         keyword.records);
     if (DataNotes notes = data_.TakeNotes(); !notes.IsEmpty())

@@ -50,6 +50,7 @@ public:
     /// What a keyword's data may have.
     struct Traits {
         bool mayLackLayers; ///< an array, whose layers are those above where none is given
+        bool isOfMatrix; ///< an array of the cells of the matrix, the upper half of the grid
         bool mayHaveQuantities; ///< a name that the user defines may be in place of a number
     };
 
@@ -179,7 +180,8 @@ private:
     std::vector<TextEdit> SlashAfterLast(bool endsRecord, bool endsList) const;
     Ended UnclosedList(const DataPlan& plan);
     static Open OpenListOf(const DataPlan& plan);
-    bool MayEndAfter(long long count) const;
+    bool MayEndAfter(const std::string& size, long long count) const;
+    bool IsUpperHalf(const std::string& size, long long count) const;
     bool IsKnownSize(const std::string& size, long long count);
     void PassSurplus(const DataPlan& plan, long long count);
     void CheckSize(const DataPlan& plan, long long size, long long count, const TextRange& range);

@@ -149,13 +149,27 @@ DataReader::Open DataReader::OpenListOf(const DataPlan& plan)
 }
 
 /// Whether the values of an array are whole layers, and the others those above.
-bool DataReader::MayEndAfter(long long count) const
+bool DataReader::MayEndAfter(const std::string& size, long long count) const
 {
-    if (!traits_.mayLackLayers || count == 0)
+    if (count == 0)
         return false;
+    if (!traits_.mayLackLayers)
+        return IsUpperHalf(size, count);
     const std::optional<long long> columns = SizeOfName("NX");
     const std::optional<long long> rows = SizeOfName("NY");
     return !columns || !rows || *columns * *rows <= 0 || count % (*columns * *rows) == 0;
+}
+
+/// Whether the values are those of the matrix, and those of the fractures may be left out.
+bool DataReader::IsUpperHalf(const std::string& size, long long count) const
+{
+    constexpr long long both = 2; // matrix and fractures
+    const std::optional<long long> layers = SizeOfName("NZ");
+    if (!layers || !(traits_.isOfMatrix || SizeOfName("NHALVES") == both))
+        return false;
+    return EvaluateSize(size, [&](const std::string& name) {
+        return name == "NZ" ? std::optional(*layers / both) : SizeOfName(name);
+    }) == count;
 }
 
 /// Whether a number of the deck is wrong, which was reported, so that a list with the size has so many
@@ -176,7 +190,8 @@ void DataReader::CheckSize(const DataPlan& plan, long long size, long long count
     const std::string* const least = ListMD(plan).GetMinSize();
     const std::string* const most = ListMD(plan).GetMaxSize();
     const SizeTexts& texts = SizeTextsOf(plan.items.front());
-    const bool isShort = size != unknownSize && count + misfits_ < size && !MayEndAfter(count + misfits_);
+    const bool isShort = size != unknownSize && count + misfits_ < size
+        && !MayEndAfter(*ListMD(plan).GetSize(), count + misfits_);
     if (isShort && IsKnownSize(*ListMD(plan).GetSize(), count))
         return;
     // A table without rows stands for the one before it.
