@@ -210,6 +210,7 @@ EndIsTheEnd: RUNSPEC\nOIL\nEND\nWATR\nSKIP\n =>
 EndOfTheFileInTheDeck: RUNSPEC\nENDINC\nWATR\n => d.data:2:1: warning: ENDINC has no effect outside an included file [stray-endinc] | use END to end the deck
     d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 Missing: RUNSPEC\nINCLUDE\n  'none.inc' /\n => d.data:3:3: error: can't read 'none.inc': No such file or directory [include-missing] | a relative name starts from the folder of the deck
+InAnotherSpelling: RUNSPEC\nINCLUDE 'SUB/a.INC' /\n & sub/a.inc=OIL\n => d.data:2:9: error: can't read 'SUB/a.INC': No such file or directory [include-missing] | did you mean 'sub/a.inc'?
 Folder: RUNSPEC\nINCLUDE '/'\n => d.data:2:9: error: can't read '/': it is a folder, not a file [include-missing]
 EndlessDevice: RUNSPEC\nINCLUDE '/dev/zero' /\n => d.data:2:9: error: can't read '/dev/zero': it is not a regular file [include-missing]
 ZeroByteInName: RUNSPEC\nINCLUDE 'a\0b' /\n => d.data:2:9: error: can't read 'a?b': the name contains a zero byte [include-missing] | a relative name starts from the folder of the deck

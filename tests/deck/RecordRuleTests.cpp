@@ -323,6 +323,16 @@ COMPDAT
             "NTG\n 3*1 /\n",
             "d:8:6: error: PERMX: too few values (expected 8, found 4) [wrong-size] | the size is NX*NY*NZ\n"
             "d:15:6: error: NTG: too few values (expected 8, found 3) [wrong-size] | the size is NX*NY*NZ"},
+        DeckRow{"OfPillarsAndCells",
+            "RUNSPEC\nDIMENS\n 3 3 2 /\nGRID\nSPECGRID\n 2 2 1 1 F /\nCOORD\n 54*0 /\nZCORN\n 32*0 /\nPORO\n "
+            "4*1 /\n",
+            "d:5:1: error: SPECGRID: NX is 2, but NX of DIMENS is 3 [wrong-size] | write the same sizes in "
+            "both (d:2:1: "
+            "DIMENS is here)"},
+        DeckRow{"OfPillarsAndCellsAfterAnArray",
+            "RUNSPEC\nDIMENS\n 3 3 2 /\nGRID\nPORO\n 4*1 /\nSPECGRID\n 2 2 1 1 F /\nCOORD\n 54*0 /\nNTG\n "
+            "4*1 /\n",
+            "d:6:6: error: PORO: too few values (expected 18, found 4) [wrong-size] | the size is NX*NY*NZ"},
         DeckRow{"OfPhasesInAPartOfADeck",
             "SCHEDULE\nWELSPECS\n A G 1 1 1* GAS /\n/\nWCONINJE\n A GAS OPEN RATE 1000 /\n/\n", ""},
         DeckRow{"OfUnitsInAPartOfADeck", "PROPS\nDENSITY\n 49 63 0.05 /\n", ""},

@@ -110,6 +110,19 @@ void Dimensions::DoubtAllOf(const IKeywordData& data)
     });
 }
 
+std::optional<Dimensions::Difference> Dimensions::FindDifference(
+    const IKeywordData& data, const std::string& keyword) const
+{
+    std::optional<Difference> first;
+    ForEachSize(data, [&](const IKeywordIntegerMD& item, int i) {
+        const Optional<int> value = ValueOf(data, i);
+        const std::optional<Given> other = FindGiven(keyword + '.' + item.GetName());
+        if (!first && value && other && *value != other->value)
+            first = {item.GetName(), *value, *other};
+    });
+    return first;
+}
+
 void Dimensions::SetBox(const IKeywordData& data)
 {
     box_.clear();

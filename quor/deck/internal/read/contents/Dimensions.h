@@ -58,6 +58,16 @@ public:
     };
     std::optional<Given> FindGiven(const std::string& name) const;
 
+    /// A size that a record gives too, with another number.
+    struct Difference {
+        std::string name;
+        long long value; ///< of the record
+        Given other; ///< of the keyword
+    };
+    /// The first of the record that isn't as in `keyword`.
+    std::optional<Difference> FindDifference(
+        const Core::Keywords::IKeywordData& data, const std::string& keyword) const;
+
     /// What numbers may be at most: the size where it is more than 0, else the greatest number.
     long long FindLimit(const std::string& name) const;
 

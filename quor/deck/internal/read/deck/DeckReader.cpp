@@ -6,6 +6,8 @@
 #include "quor/foundation/UnitSystem.h"
 #include "quor/syntax/ICellPropertyInfo.h"
 
+#include <fmt/format.h>
+
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
@@ -187,6 +189,8 @@ void DeckReader::FollowSizes(const KeywordInstance& keyword, const RolesOfKeywor
     }
     if (roles.Has(Role::Box))
         dimensions_.SetBox(*keyword.data);
+    else if (name == "SPECGRID")
+        CompareGrids(keyword);
     else if (keyword.section == SectionType::RUNSPEC)
         dimensions_.Add(name, *keyword.data, static_cast<std::uint32_t>(deck_->keywords.size() - 1));
 }
@@ -203,6 +207,21 @@ std::unique_ptr<DeckContents> ReadDeck(
     const std::string& path, const ReadSettings& options, const LanguageIndex& language)
 {
     return DeckReader(path, options, language).Read();
+}
+
+/// A grid of pillars says again what DIMENS says. Nobody knows which of them is right.
+void DeckReader::CompareGrids(const KeywordInstance& pillars)
+{
+    const auto difference = dimensions_.FindDifference(*pillars.data, "DIMENS");
+    if (!difference)
+        return;
+    const KeywordInstance& whole = deck_->keywords[difference->other.keyword];
+    if (dimensions_.FindWhole(difference->name)) // else it was reported already
+        reporter_.Report(pillars.name, Code::WrongSize,
+            fmt::format("SPECGRID: {} is {}, but {} of DIMENS is {}", difference->name, difference->value,
+                difference->name, difference->other.value),
+            "write the same sizes in both", {}, {{whole.name, "DIMENS is here"}});
+    dimensions_.DoubtAllOf(*pillars.data);
 }
 
 } // namespace Veld::Quor::Core::Decks

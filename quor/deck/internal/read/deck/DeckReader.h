@@ -45,6 +45,7 @@ private:
     void ReadData(KeywordInstance& keyword, const Token& head, bool isReported);
     void CheckNoData(const Token& head);
     void FollowSizes(const KeywordInstance& keyword, const RolesOfKeyword& roles);
+    void CompareGrids(const KeywordInstance& pillars);
     void FollowPaths(const KeywordInstance& keyword);
 
     ReadSettings options_;

@@ -200,7 +200,7 @@ void DataReader::CheckSize(const DataPlan& plan, long long size, long long count
             fmt::format(fmt::runtime(texts.tooFew), keyword_.text, size, count),
             fmt::format("the size is {}", *ListMD(plan).GetSize()));
     else if (const long long fewest = SizeOf(least);
-             count > 0 && fewest != unknownSize && count + misfits_ < fewest)
+             count > 0 && fewest != unknownSize && count + misfits_ < fewest && !IsKnownSize(*least, count))
         reporter_.Report(range, Code::WrongSize,
             fmt::format(fmt::runtime(texts.belowLeast), keyword_.text, fewest, count));
     else if (const long long greatest = SizeOf(most);

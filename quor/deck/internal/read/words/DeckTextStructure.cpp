@@ -1,5 +1,7 @@
 #include "quor/deck/internal/read/words/DeckText.h"
 
+#include "quor/deck/internal/read/words/OtherSpelling.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -170,9 +172,13 @@ void DeckText::ReportMissing(
                 fmt::format("correct the name, or the folder of '{}' in PATHS", Printable(alias)));
         return;
     }
+    if (std::filesystem::path(resolved).is_absolute())
+        return reporter_.Report(name, Code::IncludeMissing, std::move(message));
+    const std::string other =
+        bounds_.Hold((folder_ / resolved).string()) ? FindOtherSpelling(folder_, resolved) : "";
     reporter_.Report(name, Code::IncludeMissing, std::move(message),
-        std::filesystem::path(resolved).is_absolute() ? ""
-                                                      : "a relative name starts from the folder of the deck");
+        other.empty() || other == resolved ? "a relative name starts from the folder of the deck"
+                                           : fmt::format("did you mean '{}'?", Printable(other)));
 }
 
 /// Once for each alias.
