@@ -323,6 +323,14 @@ COMPDAT
             "NTG\n 3*1 /\n",
             "d:8:6: error: PERMX: too few values (expected 8, found 4) [wrong-size] | the size is NX*NY*NZ\n"
             "d:15:6: error: NTG: too few values (expected 8, found 3) [wrong-size] | the size is NX*NY*NZ"},
+        DeckRow{"OfLocalGridsWithOneEnd",
+            "RUNSPEC\nDIMENS\n 4 4 1 /\nLGR\n 9 99 /\nGRID\nCARFIN\n A 1 1 1 1 1 1 2 2 1 /\nPORO\n 4*1 "
+            "/\nCARFIN\n B 3 3 1 1 1 1 3 3 1 /\n"
+            "PORO\n 9*1 /\nENDFIN\nPORO\n 16*1 /\nSOLUTION\nREFINE\n b /\nPRESSURE\n 9*1 /\nREFINE\n A "
+            "/\nSWAT\n 4*1 /\nREFINE\n C "
+            "/\nSWAT\n 5*1 /\n",
+            "d:28:1: error: unclosed REFINE; expected ENDFIN [unclosed-scope] | add ENDFIN before the end of "
+            "the section"},
         DeckRow{"OfPillarsAndCells",
             "RUNSPEC\nDIMENS\n 3 3 2 /\nGRID\nSPECGRID\n 2 2 1 1 F /\nCOORD\n 54*0 /\nZCORN\n 32*0 /\nPORO\n "
             "4*1 /\n",

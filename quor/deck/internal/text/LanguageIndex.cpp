@@ -29,10 +29,14 @@ void AppendIntegers(const IKeywordDataMD* md, std::vector<const IKeywordIntegerM
 
 } // namespace
 
-bool EndsItself(const IKeywordSyntax& opener)
+bool MayStayOpen(const IKeywordSyntax& opener)
 {
     const auto& ends = opener.GetScopeKeywords();
-    return std::find(ends.begin(), ends.end(), &opener) != ends.end();
+    const auto isOwn = [&](const IKeywordSyntax* end) {
+        return end == &opener || end == opener.GetScopeSyntax();
+    };
+    return std::find(ends.begin(), ends.end(), &opener) != ends.end()
+        && std::all_of(ends.begin(), ends.end(), isOwn);
 }
 
 LanguageIndex::LanguageIndex(KeywordSyntaxTable& table, std::unique_ptr<const RuleSet> rules)
@@ -46,7 +50,7 @@ LanguageIndex::LanguageIndex(KeywordSyntaxTable& table, std::unique_ptr<const Ru
         const KeywordDeckRole::Enum role = syntax.GetDeckRole();
         if (role == KeywordDeckRole::Include || role == KeywordDeckRole::Section)
             structureNames_.push_back(*enumerator.Current()->first);
-        if (syntax.HasScope() && syntax.GetScopeSyntax() && !EndsItself(syntax))
+        if (syntax.HasScope() && syntax.GetScopeSyntax() && !MayStayOpen(syntax))
             scopeEnds_.insert(syntax.GetScopeSyntax());
         if (syntax.GetFirstValidSection() == SectionType::RUNSPEC)
             AppendIntegers(syntax.GetDataMD(), sizes_);

@@ -29,9 +29,9 @@ private:
     std::vector<Role::Enum> all_;
 };
 
-/// Whether the scope that the keyword opens is ended by the same keyword too. Such a scope need not be
-/// closed.
-bool EndsItself(const Core::Keywords::IKeywordSyntax& opener);
+/// Whether the scope that the keyword opens is ended by the same keyword too, and by no other one. Such a
+/// scope need not be closed.
+bool MayStayOpen(const Core::Keywords::IKeywordSyntax& opener);
 
 /// What a table says of decks. It never changes: made once for a table, it serves any number of threads that
 /// read decks at once. Must not outlive the table.

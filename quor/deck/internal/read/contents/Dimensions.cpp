@@ -5,6 +5,7 @@
 #include "quor/deck/internal/read/data/DataValue.h"
 #include "quor/deck/internal/read/values/SizeText.h"
 #include "quor/deck/internal/rules/RuleSet.h"
+#include "quor/deck/internal/text/LineText.h"
 #include "quor/metadata/IKeywordIntegerMD.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
@@ -25,6 +26,23 @@ using MDType = IKeywordDataMD::MDType;
 Optional<int> ValueOf(const IKeywordData& record, int index)
 {
     return *static_cast<const Optional<int>*>(static_cast<const IKeywordRecordData&>(record).GetData(index));
+}
+
+constexpr Dimensions::Given notKnown = {-1, 0, false};
+
+/// In capitals; empty if the record has none.
+std::string FirstText(const IKeywordData& data)
+{
+    if (KeywordUtils::GetMDType(data.GetMD()) != MDType::Record)
+        return {};
+    const auto& record = static_cast<const IKeywordRecordMD&>(*data.GetMD());
+    for (int i = 0; i < record.GetSize(); ++i) {
+        if (KeywordUtils::GetMDType(record.GetItemMD(i)) != MDType::String)
+            continue;
+        const void* const text = static_cast<const IKeywordRecordData&>(data).GetData(i);
+        return ToUpper(static_cast<const Optional<std::string>*>(text)->ValueOr(""));
+    }
+    return {};
 }
 
 /// Empty if the keyword doesn't say it.
@@ -94,6 +112,19 @@ void Dimensions::Add(const std::string& name, const IKeywordData& data, std::uin
     });
 }
 
+void Dimensions::NameGrid(const IKeywordData& record)
+{
+    const std::string name = FirstText(record);
+    Sizes& frame = frames_.back();
+    const auto known = grids_.find(name);
+    if (frame.count("NX") > 0)
+        grids_[name] = frame;
+    else if (known != grids_.end())
+        frame = known->second;
+    else
+        frame = {{"NX", notKnown}, {"NY", notKnown}, {"NZ", notKnown}};
+}
+
 void Dimensions::Choose(const std::string& name, const IKeywordData* data, bool isKnown)
 {
     for (const SizeRule& rule : choices_) {
@@ -157,7 +188,7 @@ std::optional<long long> Dimensions::FindWhole(const std::string& name) const
 std::optional<long long> Dimensions::FindOfGrid(const std::string& name) const
 {
     if (const auto given = FindGiven(name))
-        return given->value;
+        return given->value < 0 ? std::nullopt : std::optional(given->value);
     if (const auto size = defaults_.find(name); size != defaults_.end())
         return size->second;
     const auto chosen = chosen_.find(name);

@@ -33,6 +33,9 @@ public:
     /// What is added from now on holds until `Leave`.
     void Enter() { frames_.emplace_back(); }
     void Leave() { frames_.pop_back(); }
+    /// What was added since `Enter` are the sizes of a local grid, which the record names. One without sizes
+    /// was given them before under its name; else they are not known.
+    void NameGrid(const Core::Keywords::IKeywordData& record);
 
     /// The data of BOX: six bounds, of which those that are missing are those of the grid.
     void SetBox(const Core::Keywords::IKeywordData& data);
@@ -86,7 +89,8 @@ private:
     const std::vector<SizeRule>& choices_;
     std::unordered_map<std::string, std::string> chosen_; // sizes as texts; empty: not known
     Numbers defaults_;
-    std::vector<Sizes> frames_;
+    std::vector<Sizes> frames_; // below 0: not known
+    std::unordered_map<std::string, Sizes> grids_; // local ones, by their names in capitals
     Numbers box_; // 0: not known
     std::unordered_set<std::string> doubted_;
     std::unordered_set<std::string> reported_;

@@ -1,5 +1,7 @@
 #include "quor/deck/internal/read/deck/OpenScopes.h"
 
+#include "quor/deck/internal/rules/RuleSet.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -12,7 +14,8 @@ void OpenScopes::Follow(bool mayMissKeywords)
 {
     const KeywordInstance& keyword = deck_.keywords.back();
     if (IsEndedBy(keyword)) {
-        if (keyword.syntax == OpenerOfInnermost().syntax)
+        const IKeywordSyntax* const end = OpenerOfInnermost().syntax->GetScopeSyntax();
+        if (keyword.syntax->HasScope() && keyword.syntax->GetScopeSyntax() == end)
             RemarkOpen();
         Leave();
     } else if (language_.EndsScopes(*keyword.syntax) && !mayMissKeywords)
@@ -23,8 +26,13 @@ void OpenScopes::Follow(bool mayMissKeywords)
     deck_.scopes.push_back({static_cast<std::uint32_t>(deck_.keywords.size() - 1), innermost_});
     innermost_ = static_cast<std::uint32_t>(deck_.scopes.size() - 1);
     dimensions_.Enter();
-    if (keyword.data)
-        dimensions_.Add(keyword.syntax->GetName(), *keyword.data, deck_.scopes.back().opener);
+    if (!keyword.data)
+        return;
+    const std::string& name = keyword.syntax->GetName();
+    dimensions_.Add(name, *keyword.data, deck_.scopes.back().opener);
+    const std::vector<std::string>& grids = language_.GetRules().localGrids;
+    if (std::find(grids.begin(), grids.end(), name) != grids.end())
+        dimensions_.NameGrid(*keyword.data);
 }
 
 void OpenScopes::CloseAll(bool isSure)
@@ -32,7 +40,7 @@ void OpenScopes::CloseAll(bool isSure)
     for (; innermost_ != noIndex; Leave()) {
         const KeywordInstance& opener = OpenerOfInnermost();
         const IKeywordSyntax* const end = opener.syntax->GetScopeSyntax();
-        if (EndsItself(*opener.syntax))
+        if (MayStayOpen(*opener.syntax))
             RemarkOpen();
         else if (end && isSure)
             reporter_.Report(opener.name, Code::UnclosedScope,
