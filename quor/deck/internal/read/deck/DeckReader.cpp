@@ -216,7 +216,7 @@ void DeckReader::CompareGrids(const KeywordInstance& pillars)
     if (!difference)
         return;
     const KeywordInstance& whole = deck_->keywords[difference->other.keyword];
-    if (dimensions_.FindWhole(difference->name)) // else it was reported already
+    if (!data_.HasReported("NX*NY*NZ")) // else that is the reason
         reporter_.Report(pillars.name, Code::WrongSize,
             fmt::format("SPECGRID: {} is {}, but {} of DIMENS is {}", difference->name, difference->value,
                 difference->name, difference->other.value),

@@ -75,6 +75,8 @@ public:
     void SetUnits(Core::Keywords::UnitSystem::Enum units) { values_.SetUnits(units); }
     /// The sizes of the deck that were found to be wrong since it was last asked.
     std::vector<std::string> TakeWrongSizes() { return wrongSizes_.TakeNames(); }
+    /// Whether a list with that size, as a text, was reported to be too short or too long.
+    bool HasReported(const std::string& size) const { return wrongSizes_.HasReported(size); }
     /// Sizes that were reported as wrong elsewhere; must outlive it.
     void SetReportedSizes(const std::unordered_set<std::string>& names) { wrongSizes_.SetReported(names); }
 
