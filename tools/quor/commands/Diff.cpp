@@ -2,6 +2,7 @@
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/CommonOptions.h"
 #include "tools/quor/commands/DeckReading.h"
+#include "tools/quor/commands/DifferenceJson.h"
 #include "tools/quor/commands/LoadedLanguage.h"
 #include "tools/quor/commands/StandardInput.h"
 #include "tools/quor/findings/FindingText.h"
@@ -37,46 +38,14 @@ struct DiffOptions {
 };
 
 struct KindRow {
-    const char* word;
     char sign;
     const char* colour;
 };
-constexpr KindRow kinds[] = {{"changed", '~', "33"}, {"added", '+', "32"}, {"removed", '-', "31"}};
+constexpr KindRow kinds[] = {{'~', "33"}, {'+', "32"}, {'-', "31"}};
 
 const KindRow& RowOf(Change::Kind kind)
 {
     return kinds[static_cast<std::size_t>(kind)];
-}
-
-std::string ValueText(const std::string& text)
-{
-    constexpr std::size_t widest = 60;
-    return text.empty() ? "''" : Cut(MakePrintable(text), widest);
-}
-
-std::string ArrayText(const Decks::ItemChange& item)
-{
-    const Decks::ArrayChange& array = *item.array;
-    const char* const noun = array.isOfRows ? "rows" : "values";
-    std::string text;
-    if (array.sizeBefore != array.sizeAfter)
-        text = fmt::format("{} {} -> {}", array.sizeBefore, noun, array.sizeAfter);
-    const std::string first =
-        fmt::format("first [{}]: {} -> {}", array.first, ValueText(item.before), ValueText(item.after));
-    if (array.differing == 0)
-        return array.isOfRows ? fmt::format("{}, {}", text, first) : text;
-    text += fmt::format("{}{} of {}{} differ, {}", text.empty() ? "" : "; ", array.differing,
-        std::min(array.sizeBefore, array.sizeAfter), array.isOfRows ? " rows" : "", first);
-    return array.differing == 1 || array.isOfRows
-        ? text
-        : fmt::format("{}, by {:.6g} at most", text, array.greatest);
-}
-
-std::string ItemText(const Decks::ItemChange& item)
-{
-    const std::string values =
-        item.array ? ArrayText(item) : fmt::format("{} -> {}", ValueText(item.before), ValueText(item.after));
-    return item.item.empty() ? values : fmt::format("{} {}", item.item, values);
 }
 
 /// Below the folder of the deck, which is named at the top; of the deck itself the line.
@@ -123,22 +92,6 @@ void PrintText(const Decks::Difference& difference, const DiffOptions& options)
         difference.GetCount(Change::Kind::Added), difference.GetCount(Change::Kind::Removed)));
 }
 
-ordered_json ChangeJson(const Change& change)
-{
-    ordered_json json = {{"change", RowOf(change.kind).word}, {"keyword", TextOrNull(change.keyword)},
-        {"identity", TextOrNull(change.identity)}};
-    if (change.kind == Change::Kind::Changed)
-        json.update({{"item", TextOrNull(change.item.item)}, {"before", change.item.before},
-            {"after", change.item.after}});
-    if (const auto& array = change.item.array)
-        json["array"] = {{"differing", array->differing}, {"sizeBefore", array->sizeBefore},
-            {"sizeAfter", array->sizeAfter}, {"first", array->first}, {"greatest", array->greatest},
-            {"rows", array->isOfRows}};
-    json["a"] = change.before ? LocationJson(*change.before) : ordered_json();
-    json["b"] = change.after ? LocationJson(*change.after) : ordered_json();
-    return json;
-}
-
 void PrintJson(const Decks::Difference& difference, const DiffOptions& options)
 {
     auto changes = ordered_json::array();
@@ -150,11 +103,8 @@ void PrintJson(const Decks::Difference& difference, const DiffOptions& options)
             changes.push_back(std::move(json));
         }
     }
-    auto counts = ordered_json::object();
-    for (std::size_t i = 0; i < difference.counts.size(); ++i)
-        counts[kinds[i].word] = difference.counts[i];
     Print(ToText(WithVersion({{"a", options.decks[0]}, {"b", options.decks[1]},
-        {"equal", difference.groups.empty()}, {"counts", counts}, {"changes", changes}})));
+        {"equal", difference.groups.empty()}, {"counts", CountsJson(difference)}, {"changes", changes}})));
 }
 
 int Diff(LoadedLanguage& language, const DiffOptions& options)

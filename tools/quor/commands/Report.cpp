@@ -3,7 +3,9 @@
 #include "tools/quor/commands/DeckReading.h"
 #include "tools/quor/commands/LoadedLanguage.h"
 #include "tools/quor/commands/WriteFiles.h"
+#include "tools/quor/report/ComparisonJson.h"
 #include "tools/quor/report/ReportPage.h"
+#include "tools/quor/terminal/ProgressBar.h"
 #include "tools/quor/terminal/Terminal.h"
 
 #include <CLI/CLI.hpp>
@@ -12,7 +14,9 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Veld::Quor::Tools {
@@ -23,21 +27,58 @@ namespace {
 
 struct ReportOptions {
     std::string deck;
+    std::string other; ///< empty: none
     std::string output;
     DeckReadOptions read;
 };
 
+std::optional<Decks::Deck> ReadForReport(
+    const std::string& path, const ReportOptions& options, const Decks::DeckLanguage& language)
+{
+    auto deck = ReadDeckOrReport(
+        path, OptionsFor(path, options.read), language, "the report lists them and may be incomplete");
+    if (deck && !IsApartOrReport(options.output, *deck))
+        return std::nullopt;
+    return deck;
+}
+
+std::string NameOf(const std::string& deck)
+{
+    return std::filesystem::path(deck).filename().string();
+}
+
+/// By their names, if these tell them apart.
+void Label(const ReportOptions& options, nlohmann::ordered_json& report, nlohmann::ordered_json& other)
+{
+    const bool areTold = NameOf(options.deck) != NameOf(options.other);
+    report["label"] = areTold ? NameOf(options.deck) : "A";
+    other["label"] = areTold ? NameOf(options.other) : "B";
+}
+
 int WriteReport(LoadedLanguage& language, const ReportOptions& options)
 {
     const Decks::DeckLanguage deckLanguage(language.GetTable());
-    const auto deck = ReadDeckOrReport(options.deck, OptionsFor(options.deck, options.read), deckLanguage,
-        "the report lists them and may be incomplete");
-    if (!deck || !IsApartOrReport(options.output, *deck))
+    const bool isOfTwo = !options.other.empty();
+    const auto deck = ReadForReport(options.deck, options, deckLanguage);
+    const auto otherDeck =
+        deck && isOfTwo ? ReadForReport(options.other, options, deckLanguage) : std::nullopt;
+    if (!deck || (isOfTwo && !otherDeck))
         return Failure;
     std::vector<ReportValues> values;
-    const nlohmann::ordered_json report = ReportJson(*deck, deckLanguage, options.deck, values);
-    const std::string title = std::filesystem::path(options.deck).filename().string();
-    const std::string page = ReportPage(title, report, values);
+    nlohmann::ordered_json report = ReportJson(*deck, deckLanguage, options.deck, values);
+    std::string title = NameOf(options.deck);
+    if (isOfTwo) {
+        nlohmann::ordered_json other = ReportJson(*otherDeck, deckLanguage, options.other, values);
+        Label(options, report, other);
+        AddComparison(report, *deck, std::move(other), *otherDeck, values);
+        title += " and " + NameOf(options.other);
+    }
+    std::string page;
+    {
+        ProgressBar bar;
+        page = ReportPage(
+            title, report, values, [&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
+    }
     if (!WriteFilesOrReport({{options.output, page}}))
         return Failure;
     constexpr double megabyte = 1e6;
@@ -53,14 +94,20 @@ Command MakeReportCommand(CLI::App& application)
     const auto options = std::make_shared<ReportOptions>();
     CLI::App& command = *application.add_subcommand("report",
         "Writes a report on a deck as one page for a browser: what the deck is, maps of its arrays, its\n"
-        "tables as plots, its wells, groups and schedule, and its findings.");
+        "tables as plots, its wells, groups and schedule, and its findings. Or one on two decks, side by "
+        "side.");
     AddDeckArgument(command, options->deck);
     AddReadOptions(command, options->read);
+    command
+        .add_option(
+            "--compare", options->other, "Main file of another deck: the report shows both, and what differs")
+        ->type_name("FILE");
     command.add_option("-o,--output", options->output, "File to write")->required()->type_name("FILE");
     command.footer("The page needs no network and no other file.\n\n"
                    "Examples:\n"
                    "  quor report reservoir.data -o report.html\n"
-                   "  quor report reservoir.data --simulator Dunmere --output report.html");
+                   "  quor report reservoir.data --simulator Dunmere --output report.html\n"
+                   "  quor report old.data --compare new.data -o old-and-new.html");
     return {&command, [options](LoadedLanguage& language) { return WriteReport(language, *options); }};
 }
 

@@ -11,7 +11,9 @@ namespace {
 
 std::string Example(const char* head, const char* text)
 {
-    return *text == '\0' ? "" : Element("h3", head) + "<pre><code>" + EscapeHtml(text) + "</code></pre>\n";
+    return *text == '\0'
+        ? ""
+        : Element("h2", head) + "<pre tabindex=\"0\"><code>" + EscapeHtml(text) + "</code></pre>\n";
 }
 
 std::string CodeSection(const FindingCode& code)

@@ -1,5 +1,6 @@
 #include "tools/quor/manual/IndexPages.h"
 
+#include "tools/quor/findings/FindingText.h"
 #include "tools/quor/terminal/TextLayout.h"
 #include "tools/quor/tree/MetadataFacts.h"
 #include "tools/quor/tree/UnitTexts.h"
@@ -152,8 +153,8 @@ ManualPage MeasurementPage(const Catalog& catalog)
         std::string links;
         for (const Entry* entry : entries)
             links += Link(entry->address, entry->name) + ' ';
-        rows += fmt::format(
-            "<td><details><summary>{} keywords</summary>{}</details></td></tr>\n", entries.size(), links);
+        rows += fmt::format("<td><details><summary>{}</summary>{}</details></td></tr>\n",
+            Plural(entries.size(), "keyword"), links);
     }
     return {"measurements.html", "Measurements and units",
         Crumbs({}, "Measurements") + Element("h1", "Measurements and units")
@@ -194,9 +195,8 @@ std::string FrontSections(const Catalog& catalog)
             if (subject.section == name)
                 subjects += Element("li", Link(subject.address, subject.title));
         }
-        cards += fmt::format(
-            "<section class=\"card\"><h3>{} <small>{} keywords</small></h3><ul>{}</ul></section>\n",
-            Link("section/" + Slug(name) + ".html", name), count, subjects);
+        cards += fmt::format("<section class=\"card\"><h3>{} <small>{}</small></h3><ul>{}</ul></section>\n",
+            Link("section/" + Slug(name) + ".html", name), Plural(count, "keyword"), subjects);
     }
     return Heading("sections", "By section and subject") + "<div class=\"cards\">\n" + cards + "</div>\n";
 }

@@ -115,7 +115,7 @@ std::string RelatedHtml(const Entry& entry, const RelatedVectors& vectors)
 std::string SyntaxHtml(const IKeywordSyntax& syntax, const Entry& entry, const Catalog& catalog)
 {
     return "<p class=\"lead\">" + catalog.LinkWords(entry, syntax.GetDescription()) + "</p>\n"
-        + FactsHtml(syntax, entry, catalog) + Heading("form", "Form") + "<pre><code>"
+        + FactsHtml(syntax, entry, catalog) + Heading("form", "Form") + "<pre tabindex=\"0\"><code>"
         + EscapeHtml(KeywordExample(syntax))
         + "</code></pre>\n<p class=\"note\">An example made of defaults and allowed values: it shows the "
           "form.</p>\n"
@@ -187,9 +187,9 @@ ManualPage KeywordPage(const Entry& entry, const Catalog& catalog, const Related
         else
             body += "<section><h2>In the section " + SectionLink(syntax->GetFirstValidSection())
                 + "</h2>\n<p class=\"lead\">" + catalog.LinkWords(entry, syntax->GetDescription()) + "</p>\n"
-                + FactsHtml(*syntax, entry, catalog) + "<pre><code>" + EscapeHtml(KeywordExample(*syntax))
-                + "</code></pre>\n" + TreeHtml(*syntax, entry, catalog) + ValidityHtml(*syntax)
-                + "</section>\n";
+                + FactsHtml(*syntax, entry, catalog) + "<pre tabindex=\"0\"><code>"
+                + EscapeHtml(KeywordExample(*syntax)) + "</code></pre>\n" + TreeHtml(*syntax, entry, catalog)
+                + ValidityHtml(*syntax) + "</section>\n";
     }
     body += RulesHtml(entry, catalog) + ReferencesHtml(entry, catalog) + RelatedHtml(entry, vectors);
     return {entry.address, entry.name, body};

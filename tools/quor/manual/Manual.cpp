@@ -80,8 +80,8 @@ Manual MakeManual(LoadedLanguage& language)
     manual.files.push_back({"search-data.js", SearchData(catalog, indices)});
     for (const char* asset : {"lunr.js", "licences.txt"})
         manual.files.push_back({asset, Asset(asset)});
-    for (const char* asset : {"manual.css", "manual.js"})
-        manual.files.push_back({asset, Asset(std::string("manual/") + asset)});
+    manual.files.push_back({"manual.css", Asset("assets/page.css") + Asset("manual/manual.css")});
+    manual.files.push_back({"manual.js", Asset("manual/manual.js")});
     return manual;
 }
 

@@ -1,5 +1,6 @@
 #include "quor/metadata/VisitMD.h"
 #include "quor/syntax/KeywordSyntaxUtils.h"
+#include "tools/quor/findings/FindingText.h"
 #include "tools/quor/manual/IndexPages.h"
 #include "tools/quor/tree/ModeTable.h"
 #include "tools/quor/tree/ModeWords.h"
@@ -124,8 +125,8 @@ ManualPage SimulatorPage(SimulatorType::Enum simulator, const Catalog& catalog)
             + Heading("parts", "Items and choices that only it has")
             + (parts.empty() ? Element("p", "None.")
                              : "<table class=\"list\"><tbody>\n" + parts + "</tbody></table>\n")
-            + Heading("lacking", "Keywords that it lacks")
-            + fmt::format("<details><summary>{} keywords</summary>{}</details>\n", lacking.size(),
+            + Heading("lacking", "Keywords that it lacks, output vectors aside")
+            + fmt::format("<details><summary>{}</summary>{}</details>\n", Plural(lacking.size(), "keyword"),
                 EntryTable(lacking))};
 }
 

@@ -6,6 +6,8 @@
 #include "quor/syntax/KeywordSyntaxTable.h"
 #include "tools/quor/commands/SummaryJson.h"
 #include "tools/quor/findings/FindingJson.h"
+#include "tools/quor/report/GroupHistory.h"
+#include "tools/quor/report/LiftTables.h"
 #include "tools/quor/report/ReportTables.h"
 #include "tools/quor/report/WellHistory.h"
 #include "tools/quor/tree/MetadataFacts.h"
@@ -63,16 +65,22 @@ void AddSchedule(const Decks::Deck& deck, const Decks::DeckLanguage& language, o
     for (const Decks::ReportStep& step : deck.GetSteps())
         report["steps"].push_back(Decks::DateText(step.time));
     WellHistory wells(deck, language);
+    GroupHistory groups(deck, language);
     std::vector<std::map<std::string, std::size_t>> events(deck.GetSteps().size() + 1);
     for (const Decks::DeckKeyword& keyword : deck.GetSection(SectionType::SCHEDULE)) {
         const Decks::ReportStep* const step = keyword.FindStep();
         const std::size_t number = step ? static_cast<std::size_t>(step - deck.GetSteps().data()) + 1 : 0;
         ++events.at(number)[keyword.GetName()];
         wells.Follow(keyword, number);
+        groups.Follow(keyword, number);
     }
     report["events"] = events;
     report["wells"] = wells.GetWells();
-    report["series"] = wells.GetSeries();
+    report["groups"] = groups.GetTree();
+    report["rootGroup"] = groups.GetRoot();
+    report["series"] = ordered_json::array();
+    wells.GetSeries().Write(report["series"]);
+    groups.GetSeries().Write(report["series"]);
 }
 
 ordered_json FindingsJson(const Decks::Deck& deck)
@@ -91,10 +99,10 @@ ordered_json FindingsJson(const Decks::Deck& deck)
 ordered_json ReportJson(const Decks::Deck& deck, const Decks::DeckLanguage& language, const std::string& path,
     std::vector<ReportValues>& values)
 {
-    ordered_json report = {{"summary", SummaryJson(Decks::Summarize(deck), path)},
+    ordered_json report = {{"label", ""}, {"summary", SummaryJson(Decks::Summarize(deck), path)},
         {"system", UnitSystem::ToString(Decks::UnitSystemOf(deck))},
         {"target", Decks::NameOf(deck.GetTarget())}, {"tables", ReportTables(deck, language)},
-        {"findings", FindingsJson(deck)}};
+        {"lift", LiftTables(deck, language)}, {"findings", FindingsJson(deck)}};
     AddArrays(deck, language, report, values);
     AddSchedule(deck, language, report);
     return report;

@@ -52,17 +52,33 @@ std::string DataElement(const std::string& id, std::string_view bytes)
     return fmt::format("<script type=\"text/plain\" id=\"{}\">{}</script>\n", id, Base64(Deflate(bytes)));
 }
 
+std::string ArrayElements(
+    const std::vector<ReportValues>& values, const std::function<void(std::size_t, std::size_t)>& progress)
+{
+    const auto bytesOf = [](const ReportValues& array) { return array.size() * sizeof(float); };
+    std::size_t all = 0;
+    for (const ReportValues& array : values)
+        all += bytesOf(array);
+    std::size_t done = 0;
+    std::string elements;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        if (values[i].empty())
+            continue; // as those of another array
+        progress(done, all);
+        elements += DataElement(fmt::format("values-{}", i),
+            {reinterpret_cast<const char*>(values[i].data()), bytesOf(values[i])});
+        done += bytesOf(values[i]);
+    }
+    return elements;
+}
+
 } // namespace
 
-std::string ReportPage(
-    const std::string& title, const nlohmann::ordered_json& report, const std::vector<ReportValues>& values)
+std::string ReportPage(const std::string& title, const nlohmann::ordered_json& report,
+    const std::vector<ReportValues>& values, const std::function<void(std::size_t, std::size_t)>& progress)
 {
     const std::string frame = Asset("report/report.html");
     const std::string json = report.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
-    std::string data = DataElement("data", json);
-    for (std::size_t i = 0; i < values.size(); ++i)
-        data += DataElement(fmt::format("values-{}", i),
-            {reinterpret_cast<const char*>(values[i].data()), values[i].size() * sizeof(float)});
     std::string page;
     std::size_t at = 0;
     for (std::size_t mark = frame.find("{{"); mark != std::string::npos; mark = frame.find("{{", at)) {
@@ -70,7 +86,8 @@ std::string ReportPage(
         const std::string name = frame.substr(mark + 2, end - mark - 2);
         page += frame.substr(at, mark - at);
         page += name == "title" ? EscapeHtml(title)
-            : name == "data"    ? data
+            : name == "data"    ? DataElement("data", json)
+            : name == "arrays"  ? ArrayElements(values, progress)
             : name == "version" ? EscapeHtml(GetVersion())
                                 : Asset(name);
         at = end + 2;

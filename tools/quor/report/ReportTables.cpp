@@ -95,7 +95,7 @@ std::size_t FindX(const ordered_json& columns, bool hasBranches)
 {
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const auto& role = columns[i]["role"].get_ref<const std::string&>();
-        if (role.starts_with("saturation of ") || role == "pressure of fluid")
+        if (role.starts_with("saturation of ") || role == "pressure of fluid" || role == "depth of table")
             return i;
     }
     return hasBranches && columns.size() > 1 ? 1 : 0;

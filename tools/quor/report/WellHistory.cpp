@@ -2,13 +2,10 @@
 
 #include "quor/data/Access.h"
 #include "quor/deck/DeckUnits.h"
-#include "quor/metadata/IKeywordListMD.h"
-#include "quor/metadata/IKeywordRealMD.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/syntax/IKeywordSyntax.h"
+#include "tools/quor/report/ListedRecord.h"
 #include "tools/quor/terminal/TextLayout.h"
-#include "tools/quor/tree/MetadataFacts.h"
-#include "tools/quor/tree/UnitTexts.h"
 
 #include <algorithm>
 
@@ -17,26 +14,9 @@ namespace Veld::Quor::Tools {
 namespace Decks = Core::Decks;
 using namespace Core::Keywords;
 using nlohmann::ordered_json;
+using MDType = IKeywordDataMD::MDType;
 
 namespace {
-
-/// The record of which a keyword has a list; null if there is none.
-const IKeywordRecordMD* FindListedRecord(const IKeywordSyntax& syntax)
-{
-    const IKeywordDataMD* const md = syntax.GetDataMD();
-    const IKeywordDataMD* const item =
-        md && md->GetType() == MDType::List ? static_cast<const IKeywordListMD&>(*md).GetItemMD() : nullptr;
-    return item && item->GetType() == MDType::Record ? static_cast<const IKeywordRecordMD*>(item) : nullptr;
-}
-
-int IndexOf(const IKeywordRecordMD& record, const std::string& item)
-{
-    for (int i = 0; i < record.GetSize(); ++i) {
-        if (record.GetItemMD(i)->GetName() == item)
-            return i;
-    }
-    return -1;
-}
 
 /// 0 for an item that isn't there or isn't given.
 int NumberAt(const IKeywordRecordData& record, int item)
@@ -47,8 +27,8 @@ int NumberAt(const IKeywordRecordData& record, int item)
 } // namespace
 
 WellHistory::WellHistory(const Decks::Deck& deck, const Decks::DeckLanguage& language)
-    : deck_(deck)
-    , language_(language)
+    : language_(language)
+    , series_(Decks::UnitSystemOf(deck), "well")
 {
 }
 
@@ -68,35 +48,40 @@ WellHistory::Plan WellHistory::MakePlan(const IKeywordSyntax& syntax) const
         return plan;
     for (const Decks::KeywordRule& rule : language_.GetRules(syntax)) {
         const bool isOfWells = rule.what == "well" && (rule.kind == "defines" || rule.kind == "refers-to");
-        const int item = isOfWells ? IndexOf(*record, rule.item) : -1;
-        if (item < 0 || plan.well >= 0 || record->GetItemMD(item)->GetType() != MDType::String)
+        const int item = isOfWells ? FindItem(*record, rule.item, MDType::String) : -1;
+        if (item < 0 || plan.well >= 0)
             continue;
         plan.well = item;
         plan.introduces = rule.kind == "defines";
     }
-    for (const Decks::KeywordRole& role : language_.GetRoles(syntax)) {
-        const int item = IndexOf(*record, role.item);
-        if (role.role == "production of well" || role.role == "injection of well")
-            plan.state = role.role == "production of well" ? "produces" : "injects";
-        else if (role.role == "status of well")
-            plan.status = item;
-        else if (role.role == "cell of status")
-            plan.cellsOfStatus.push_back(item);
-        else if (role.role == "head I" || role.role == "head J")
-            (role.role == "head I" ? plan.headI : plan.headJ) = item;
-        static constexpr const char* cells[] = {
-            "connection I", "connection J", "connection first K", "connection last K"};
-        for (std::size_t i = 0; i < std::size(cells); ++i) {
-            if (role.role == cells[i])
-                plan.connection[i] = item;
-        }
-    }
-    for (int i = 0; *plan.state != '\0' && i < record->GetSize(); ++i) {
-        const IKeywordDataMD& item = *record->GetItemMD(i);
-        if (item.GetType() == MDType::Real && static_cast<const IKeywordRealMD&>(item).GetMeasurement())
-            plan.reals.push_back(i);
-    }
+    for (const Decks::KeywordRole& role : language_.GetRoles(syntax))
+        AddRole(role, *record, plan);
+    if (*plan.state != '\0')
+        plan.targets = TargetSeries::FindItems(*record);
     return plan;
+}
+
+void WellHistory::AddRole(const Decks::KeywordRole& role, const IKeywordRecordMD& record, Plan& plan)
+{
+    const int number = FindItem(record, role.item, MDType::Integer);
+    if (role.role == "production of well" || role.role == "injection of well")
+        plan.state = role.role == "production of well" ? "produces" : "injects";
+    else if (role.role == "status of well")
+        plan.status = FindItem(record, role.item, MDType::Choice);
+    else if (role.role == "cell of status")
+        plan.cellsOfStatus.push_back(number);
+    else if (role.role == "head I" || role.role == "head J")
+        (role.role == "head I" ? plan.headI : plan.headJ) = number;
+    else if (role.role == "changed target")
+        plan.changed = FindItem(record, role.item, MDType::Choice);
+    else if (role.role == "new target")
+        plan.newTarget = FindItem(record, role.item, MDType::Real);
+    static constexpr const char* cells[] = {
+        "connection I", "connection J", "connection first K", "connection last K"};
+    for (std::size_t i = 0; i < std::size(cells); ++i) {
+        if (role.role == cells[i])
+            plan.connection[i] = number;
+    }
 }
 
 void WellHistory::Follow(const Decks::DeckKeyword& keyword, std::size_t step)
@@ -168,32 +153,19 @@ void WellHistory::AddState(const Plan& plan, const Record& record, ordered_json&
     well["states"].push_back({step_, state});
 }
 
+/// A target that is changed is one of the keyword that controls the well, under the name of its item.
 void WellHistory::AddValues(
     const Decks::DeckKeyword& keyword, const Plan& plan, const Record& record, const std::string& well)
 {
-    for (const int item : plan.reals) {
-        const auto value = Get<double>(record, item);
-        if (!value)
-            continue;
-        const auto& md = static_cast<const IKeywordRealMD&>(*AsRecord(*record.GetMD()).GetItemMD(item));
-        const std::string name = keyword.GetName() + ' ' + md.GetName();
-        if (!series_.contains(name))
-            series_[name] = {{"keyword", keyword.GetName()}, {"item", md.GetName()},
-                {"text", md.GetDescription()},
-                {"unit", UnitText(*md.GetMeasurement(), Decks::UnitSystemOf(deck_))},
-                {"isRate", md.GetMeasurement()->find("rate") != std::string::npos}};
-        values_[name][well].push_back({step_, *value});
-    }
-}
-
-ordered_json WellHistory::GetSeries() const
-{
-    auto list = ordered_json::array();
-    for (const auto& [name, series] : series_) {
-        list.push_back(series);
-        list.back()["wells"] = values_.at(name);
-    }
-    return list;
+    series_.Add(keyword.GetName(), plan.targets, record, well, step_);
+    if (*plan.state != '\0')
+        controls_[well] = keyword.GetName();
+    if (plan.changed < 0 || plan.newTarget < 0 || !controls_.contains(well))
+        return;
+    const auto word = GetChoice(record, plan.changed);
+    const auto value = Get<double>(record, plan.newTarget);
+    if (word && value)
+        series_.Change(controls_.at(well), *word, well, step_, *value);
 }
 
 } // namespace Veld::Quor::Tools

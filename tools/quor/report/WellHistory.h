@@ -1,6 +1,8 @@
 #pragma once
 
 #include "quor/deck/Deck.h"
+#include "quor/deck/DeckLanguage.h"
+#include "tools/quor/report/TargetSeries.h"
 
 #include <nlohmann/json.hpp>
 
@@ -26,8 +28,7 @@ public:
 
     /// By well: head, connections, states and events, each with its step.
     nlohmann::ordered_json GetWells() const { return wells_; }
-    /// By keyword and item: values of wells, each with its step.
-    nlohmann::ordered_json GetSeries() const;
+    const TargetSeries& GetSeries() const { return series_; }
 
 private:
     using Record = Core::Keywords::IKeywordRecordData;
@@ -41,10 +42,14 @@ private:
         int headI = -1;
         int headJ = -1;
         int connection[4] = {-1, -1, -1, -1}; ///< I, J, first K, last K
-        std::vector<int> reals; ///< what is followed over time
+        int changed = -1; ///< the item that names a target of the keyword that controls the well
+        int newTarget = -1;
+        std::vector<int> targets; ///< what is followed over time
     };
     const Plan& PlanOf(const Core::Keywords::IKeywordSyntax& syntax);
     Plan MakePlan(const Core::Keywords::IKeywordSyntax& syntax) const;
+    static void AddRole(
+        const Core::Decks::KeywordRole& role, const Core::Keywords::IKeywordRecordMD& record, Plan& plan);
     std::vector<std::string> FindWells(const std::string& pattern) const;
     void FollowRecord(const Core::Decks::DeckKeyword& keyword, const Plan& plan, const Record& record);
     void AddConnection(const Plan& plan, const Record& record, nlohmann::ordered_json& well) const;
@@ -52,14 +57,12 @@ private:
     void AddValues(const Core::Decks::DeckKeyword& keyword, const Plan& plan, const Record& record,
         const std::string& well);
 
-    const Core::Decks::Deck& deck_;
     const Core::Decks::DeckLanguage& language_;
     std::size_t step_ = 0;
     std::map<const Core::Keywords::IKeywordSyntax*, Plan> plans_;
     std::map<std::string, nlohmann::ordered_json> wells_;
-    // By "KEYWORD ITEM": what it is, and the values by well.
-    std::map<std::string, nlohmann::ordered_json> series_;
-    std::map<std::string, std::map<std::string, nlohmann::ordered_json>> values_;
+    TargetSeries series_;
+    std::map<std::string, std::string> controls_; // by well: the keyword that controls it
 };
 
 } // namespace Veld::Quor::Tools

@@ -1,20 +1,29 @@
 // What all parts of the report use: the data, elements, charts, colours.
 let report = null;
 
-/// The bytes of an element of the page that holds them deflated, in base64.
+let decks = []; // the report, and of a comparison that on the other deck
+
+/// The arrays of cells are at the end of the page, so that the rest is shown before they are there.
+const isWhole = new Promise(done => document.addEventListener("DOMContentLoaded", done));
+
+/// The bytes of an element of the page that holds them deflated, in base64. The element is emptied.
 async function unpack(id) {
-    const text = atob(document.getElementById(id).textContent);
+    const element = document.getElementById(id);
+    const text = atob(element.textContent);
+    element.textContent = "";
     const bytes = new Uint8Array(text.length);
     for (let i = 0; i < text.length; ++i)
         bytes[i] = text.charCodeAt(i);
+    if (typeof DecompressionStream === "undefined") // browsers before 2023
+        return pako.inflate(bytes).buffer;
     const stream = new Blob([bytes]).stream().pipeThrough(new DecompressionStream("deflate"));
     return new Response(stream).arrayBuffer();
 }
 
-const unpacked = new Map(); // arrays of cells, opened when they are first asked for
-async function valuesOf(array) {
+const unpacked = new Map(); // promises of arrays of cells, opened when they are first asked for
+function valuesOf(array) {
     if (!unpacked.has(array.values))
-        unpacked.set(array.values, new Float32Array(await unpack("values-" + array.values)));
+        unpacked.set(array.values, isWhole.then(() => unpack("values-" + array.values)).then(bytes => new Float32Array(bytes)));
     return unpacked.get(array.values);
 }
 
@@ -25,13 +34,14 @@ function make(tag, attributes = {}, ...children) {
         if (name.startsWith("on")) element.addEventListener(name.slice(2), value);
         else if (value !== null) element.setAttribute(name, value);
     }
-    element.append(...children.flat());
+    element.append(...children.flat(Infinity));
     return element;
 }
 
-function makeTable(head, rows, numbersFrom = 99) {
-    const cell = (value, i) => make("td", { class: i >= numbersFrom ? "number" : null }, value === null ? "–" : String(value));
-    return make("div", { class: "wide", tabindex: "0", role: "region", "aria-label": "Table" }, make("table", {},
+/// A table with a name for those who can't see where it is.
+function makeTable(name, head, rows, numbersFrom = 99) {
+    const cell = (value, i) => make("td", { class: i >= numbersFrom ? "number" : /^\d{4}-\d\d-\d\d/.test(value) ? "date" : null }, value === null ? "–" : String(value));
+    return make("div", { class: "wide", tabindex: "0", role: "region", "aria-label": name }, make("table", {},
         make("thead", {}, make("tr", {}, head.map(text => make("th", { scope: "col" }, text)))),
         make("tbody", {}, rows.map(row => make("tr", {}, row.map(cell))))));
 }
@@ -49,18 +59,30 @@ function addSection(id, title, ...content) {
     document.getElementById("content").append(make("section", { id, "aria-label": title }, make("h2", {}, title), ...content));
 }
 
+/// Of several decks the one that a text is about.
+const ofDeck = (text, deck) => decks.length > 1 ? `${text}, ${deck.label}` : text;
+const unique = list => [...new Set(list)];
+
 const short = number => number === null || !Number.isFinite(number) ? "–" : String(Number(number.toPrecision(5)));
 const withUnit = (name, unit) => unit ? `${name} (${unit})` : name;
 
-// Okabe and Ito's colours, which the colour-blind tell apart.
-const lineColours = ["#0072b2", "#d55e00", "#009e73", "#cc79a7", "#e69f00", "#56b4e9", "#8c6d00", "#7f7f7f"];
+// Okabe and Ito's colours, which the colour-blind tell apart; lighter ones on a dark page.
+const lineColours = { light: ["#0072b2", "#d55e00", "#009e73", "#cc79a7", "#e69f00", "#56b4e9", "#8c6d00", "#7f7f7f"],
+    dark: ["#56b4e9", "#e69f00", "#2fc99b", "#e59ec6", "#f0e442", "#b5ddf7", "#d5a94a", "#b0b0b0"] };
+const lineColour = number => lineColours[document.documentElement.dataset.theme][number % 8];
 const dashes = [[], [6, 3], [2, 2], [8, 3, 2, 3]];
 const pointStyles = ["circle", "rect", "triangle", "crossRot"];
 const scaleStops = [[68, 1, 84], [71, 44, 122], [59, 81, 139], [44, 113, 142], [33, 144, 141], [39, 173, 129], [92, 200, 99], [170, 220, 50], [253, 231, 37]];
-function scaleColour(part) {
-    const at = Math.min(Math.max(part, 0), 1) * (scaleStops.length - 1);
-    const from = scaleStops[Math.floor(at)], to = scaleStops[Math.ceil(at)];
-    return from.map((value, i) => Math.round(value + (to[i] - value) * (at - Math.floor(at))));
+const differenceStops = [[0, 63, 115], [0, 114, 178], [146, 197, 222], [240, 240, 240], [240, 190, 130], [213, 94, 0], [125, 50, 0]];
+
+/// 256 colours as pixels of an image, from the first stop to the last.
+function makeShades(stops) {
+    const shades = new Uint8Array(4 * 256);
+    for (let i = 0; i < 256; ++i) {
+        const at = i / 255 * (stops.length - 1), from = stops[Math.floor(at)], to = stops[Math.ceil(at)];
+        shades.set([...from.map((value, j) => Math.round(value + (to[j] - value) * (at - Math.floor(at)))), 255], 4 * i);
+    }
+    return new Uint32Array(shades.buffer);
 }
 
 const charts = new Map(); // by canvas: a chart that is drawn again replaces the one before
@@ -75,7 +97,7 @@ function draw(canvas, type, datasets, x, y, options = {}) {
         options: { animation: false, responsive: true, maintainAspectRatio: false, parsing: false,
             interaction: { mode: "nearest", intersect: false },
             scales: { x: axis(x, options.x), y: axis(y, options.y) },
-            plugins: { legend: { display: datasets.length > 1 && datasets.length < 10, labels: { color: front, usePointStyle: true } }, tooltip: { callbacks: options.tooltip || {} } } },
+            plugins: { legend: { display: datasets.length > 1 && datasets.length < 13, labels: { color: front, usePointStyle: true } }, tooltip: { callbacks: options.tooltip || {} } } },
     }));
 }
 function makeChart(label) {

@@ -97,6 +97,12 @@ const std::vector<Service::EnumInfo<Role>>& Role::EnumInfos()
         {WellThatOpensOrShuts, "well that opens or shuts"},
         {GroupInTheTree, "group in the tree"},
         {GroupAbove, "group above"},
+        {ChangedTarget, "changed target"},
+        {NewTarget, "new target"},
+        {TargetsOfGroup, "targets of group"},
+        {DepthOfTable, "depth of table"},
+        {AxisOfLift, "axis of lift table"},
+        {ValuesOfLift, "values of lift table"},
     };
     return rows;
 }

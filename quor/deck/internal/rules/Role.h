@@ -113,6 +113,13 @@ struct Role {
         WellThatOpensOrShuts,
         GroupInTheTree,
         GroupAbove,
+        // For those who show what is in a deck.
+        ChangedTarget,
+        NewTarget,
+        TargetsOfGroup,
+        DepthOfTable,
+        AxisOfLift,
+        ValuesOfLift,
     };
     /// Whether checks of physics know it.
     static bool IsChecked(Enum role) { return role < Porosity; }
