@@ -3,7 +3,7 @@
 .DEFAULT_GOAL := help
 .PHONY: help run test python setup-run setup-python setup-test setup-benchmark setup-editor build-release build-python \
     build-test build-asan build-fuzz build-benchmark check-format check-release check-asan check-threads check-editor \
-    check-lint lint-all format schema trust decks benchmark bench-gate bench-counts faults fuzz docs editor install clean
+    check-lint lint-all format schema pages trust decks benchmark bench-gate bench-counts faults fuzz docs editor install clean
 
 SOURCES = $(shell find quor python tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt language/units/*.txt)
@@ -151,6 +151,9 @@ python: build-python ## Build a wheel of the Python module in build/release/pyth
 editor: setup-editor build-release ## Build the extension of VS Code and the colours of decks in build/editor
 	@editors/build.sh $(QUOR) build/editor pack
 	@echo "see editors/README.md: build/editor/$$(cd build/editor && ls *.vsix), build/editor/quor-deck.vim, quor-deck.xml"
+
+pages: setup-test build-test ## Look at the manual and reports in a browser: search, keyboard, roles, speed; pictures in build/test/pages
+	@tests/pages/look.sh build/test/bin/quor build/test/pages $(DECK)
 
 PREFIX ?= /usr/local
 install: build-python ## Install the release and the Python module below PREFIX (/usr/local)

@@ -1,0 +1,123 @@
+// Looks at the manual and at reports in a browser as users would, prints what it measures, and fails if something is wrong.
+// node look.mjs FOLDER: it has manual/, and the reports field.html, compared.html and large.html. Pictures are put there too.
+import { readFileSync, readdirSync } from "node:fs";
+import path from "node:path";
+import puppeteer from "puppeteer-core";
+
+const folder = path.resolve(process.argv[2]);
+const axe = readFileSync(new URL(import.meta.resolve("axe-core/axe.min.js")), "utf8");
+const wrong = [];
+const say = (isRight, text) => {
+    if (!isRight) wrong.push(text);
+    console.log(isRight ? text : `WRONG: ${text}`);
+};
+
+const browser = await puppeteer.launch({ executablePath: "/usr/bin/chromium", args: ["--no-sandbox", "--allow-file-access-from-files"] });
+const page = await browser.newPage();
+const errors = [];
+page.on("pageerror", error => errors.push(`${page.url()}: ${error.message}`));
+page.on("console", message => message.type() === "error" && errors.push(`${page.url()}: ${message.text()}`));
+page.on("requestfailed", request => errors.push(`${request.url()}: not found`));
+
+const sizes = { wide: { width: 1280, height: 900 }, narrow: { width: 390, height: 844 } };
+async function open(file, theme = "light", size = "wide") {
+    await page.setViewport(sizes[size]);
+    await page.emulateMediaFeatures([{ name: "prefers-color-scheme", value: theme }]);
+    await page.goto(`file://${folder}/${file}`, { waitUntil: "load" });
+}
+const isShown = () => page.waitForFunction(() => !document.getElementById("loading") && [...document.querySelectorAll(".chart canvas")].every(canvas => Chart.getChart(canvas)), { timeout: 60000 });
+
+/// Rules of accessibility that the page breaks, and whether it is wider than the window.
+async function judge(file, theme, size) {
+    await page.evaluate(axe);
+    const { violations } = await page.evaluate(() => axe.run(document, { preload: false, runOnly: ["wcag2a", "wcag2aa", "wcag21aa", "best-practice"] }));
+    for (const { id, nodes } of violations)
+        say(false, `${file}, ${theme}, ${size}: ${id}, ${nodes.length} times, first ${nodes[0].html.slice(0, 120)}`);
+    const [needs, has] = await page.evaluate(() => [document.documentElement.scrollWidth, innerWidth]);
+    if (needs > has) say(false, `${file}, ${size}: ${needs} pixels wide in a window of ${has}`);
+    await page.screenshot({ path: path.join(folder, `${file.replace(/\W+/g, "-")}-${theme}-${size}.png`), fullPage: size === "wide" && !file.startsWith("large") });
+}
+
+async function judgeAll(files, ready) {
+    for (const file of files) {
+        for (const [theme, size] of [["light", "wide"], ["dark", "wide"], ["light", "narrow"], ["dark", "narrow"]]) {
+            await open(file, theme, size);
+            await ready();
+            await judge(file, theme, size);
+        }
+    }
+    console.log(`${files.length} pages, light and dark, wide and narrow, by the rules of accessibility`);
+}
+
+/// A word with one mistake of a kind: letters swapped, one left out, one doubled, another one in its place.
+function misspell(word, kind) {
+    const at = 1 + (word.length * 7 + kind) % (word.length - 2);
+    return word.slice(0, at) + [word[at + 1] + word[at] + word.slice(at + 2), word.slice(at + 1), word[at] + word.slice(at), "X" + word.slice(at + 1)][kind];
+}
+
+async function searchManual() {
+    await open("manual/index.html");
+    await page.keyboard.press("/");
+    await page.waitForFunction(() => manualRows.length > 0 && typeof lunr !== "undefined");
+    const names = (await page.evaluate(() => manualRows.map(row => row[0]))).filter(name => /^[A-Z]{6,}$/.test(name));
+    const asked = names.filter((_, i) => i % Math.ceil(names.length / 200) === 0);
+    let found = 0, slowest = 0;
+    for (const [i, name] of asked.entries()) {
+        const [best, time] = await page.evaluate(text => {
+            const field = document.getElementById("search"), start = performance.now();
+            field.value = text;
+            field.dispatchEvent(new Event("input"));
+            return Promise.resolve().then(() => new Promise(done => setTimeout(done))).then(() =>
+                [[...document.querySelectorAll("#results b")].slice(0, 3).map(title => title.textContent), performance.now() - start]);
+        }, misspell(name, i % 4));
+        if (best.includes(name)) ++found;
+        slowest = Math.max(slowest, time);
+    }
+    say(found >= 0.9 * asked.length, `search: ${found} of ${asked.length} names with a typing mistake among the first three, the slowest in ${slowest.toFixed(0)} ms`);
+    await page.$eval("#search", field => { field.value = ""; });
+    await page.type("#search", "WCONPRD");
+    await page.keyboard.press("ArrowDown");
+    await page.keyboard.press("ArrowUp");
+    await Promise.all([page.waitForNavigation(), page.keyboard.press("Enter")]);
+    say(await page.title() === "WCONPROD", `keyboard: / W C O N P R D Enter opens ${await page.title()}`);
+    await page.keyboard.press("Tab");
+    say(await page.evaluate(() => document.activeElement.className) === "skip", "keyboard: the first tab stop leads to the content");
+}
+
+async function openAllPages() {
+    const pages = readdirSync(path.join(folder, "manual"), { recursive: true }).filter(name => name.endsWith(".html"));
+    const start = Date.now(), before = errors.length;
+    for (const name of pages)
+        await page.goto(`file://${folder}/manual/${name}`, { waitUntil: "load" });
+    say(errors.length === before, `${pages.length} pages of the manual opened in ${((Date.now() - start) / 1000).toFixed(0)} s, ${errors.length - before} errors on the console`);
+}
+
+async function timeLargeReport() {
+    await open("large.html");
+    await isShown();
+    const bytes = readFileSync(path.join(folder, "large.html")).length;
+    const paint = await page.evaluate(() => performance.getEntriesByName("first-contentful-paint")[0].startTime);
+    const times = await page.evaluate(async () => {
+        const slider = document.getElementById("layer"), list = [];
+        for (let i = 0; i < 30; ++i) {
+            slider.value = 1 + i % Number(slider.max);
+            const start = performance.now();
+            slider.dispatchEvent(new Event("input"));
+            await new Promise(done => requestAnimationFrame(() => setTimeout(done)));
+            list.push(performance.now() - start);
+        }
+        return list.sort((a, b) => a - b);
+    });
+    say(bytes > 45e6 && paint < 2000, `report of ${(bytes / 1e6).toFixed(0)} MB: first paint after ${paint.toFixed(0)} ms`);
+    say(times[15] < 60, `a layer of a million cells: ${times[15].toFixed(0)} ms in the middle, ${times[29].toFixed(0)} ms at most`);
+}
+
+await searchManual();
+await judgeAll(["index", "section/SCHEDULE", "simulator/Carrow", "keyword/WCONPROD", "keyword/EQUIL", "keyword/PORO", "code/unclosed-data"].map(name => `manual/${name}.html`), async () => {});
+await judgeAll(["field.html", "compared.html"], isShown);
+await timeLargeReport();
+await openAllPages();
+errors.slice(0, 10).forEach(error => say(false, error));
+await browser.close();
+console.log(wrong.length ? `${wrong.length} wrong` : "all right");
+process.exit(wrong.length ? 1 : 0);
