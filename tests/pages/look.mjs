@@ -113,7 +113,7 @@ async function timeLargeReport() {
 }
 
 await searchManual();
-await judgeAll(["index", "section/SCHEDULE", "simulator/Carrow", "keyword/WCONPROD", "keyword/EQUIL", "keyword/PORO", "code/unclosed-data"].map(name => `manual/${name}.html`), async () => {});
+await judgeAll(["index", "section/SCHEDULE", "simulator/Carrow", "keyword/WCONPROD", "keyword/EQUIL", "keyword/PORO", "code/unclosed-data", "all", "measurements", "names/well"].map(name => `manual/${name}.html`), async () => {});
 await judgeAll(["field.html", "compared.html"], isShown);
 await timeLargeReport();
 await openAllPages();

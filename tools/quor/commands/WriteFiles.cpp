@@ -20,18 +20,18 @@ namespace fs = std::filesystem;
 
 namespace {
 
-void WriteOne(const FileText& file, const std::set<FileStamp>* known)
+void WriteOne(const FileText& file, const std::set<FileStamp>* known, Sync sync)
 {
     const bool hasHardLinks = HasHardLinks(file.path);
     if (const fs::path folder = fs::path(file.path).parent_path(); !folder.empty())
         fs::create_directories(folder);
-    WriteFile(file.path, file.text, known);
+    WriteFile(file.path, file.text, known, sync);
     if (hasHardLinks)
         PrintAside(fmt::format(
             "quor: '{}' had other names (hard links); they keep the old text\n", MakePrintable(file.path)));
 }
 
-bool WriteAll(const std::vector<FileText>& files, const std::set<FileStamp>* known)
+bool WriteAll(const std::vector<FileText>& files, const std::set<FileStamp>* known, Sync sync = Sync::AtOnce)
 {
     std::size_t written = 0;
     const auto fail = [&](const FileText& file, const std::string& why) {
@@ -43,7 +43,7 @@ bool WriteAll(const std::vector<FileText>& files, const std::set<FileStamp>* kno
     };
     for (const FileText& file : files) {
         try {
-            WriteOne(file, known);
+            WriteOne(file, known, sync);
         } catch (const fs::filesystem_error& error) {
             return fail(file, error.code().message());
         } catch (const OutputError& error) {
@@ -73,9 +73,9 @@ bool HasNoneOutside(const Decks::DeckFiles& files, const std::vector<FileChange>
 
 } // namespace
 
-bool WriteFilesOrReport(const std::vector<FileText>& files)
+bool WriteFilesOrReport(const std::vector<FileText>& files, Sync sync)
 {
-    return WriteAll(files, nullptr);
+    return WriteAll(files, nullptr, sync);
 }
 
 bool IsApartOrReport(const std::string& path, const Decks::Deck& deck)

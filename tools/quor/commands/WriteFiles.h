@@ -22,7 +22,7 @@ struct FileText {
 
 /// Writes files, each whole or not at all, and the folders that they need. False, and reported with how many
 /// were written before it, if one of them can't be written.
-bool WriteFilesOrReport(const std::vector<FileText>& files);
+bool WriteFilesOrReport(const std::vector<FileText>& files, Sync sync = Sync::AtOnce);
 /// The same for files that were read: if one has none of the stamps, it was changed since then, and none is
 /// written.
 bool ReplaceFilesOrReport(const std::vector<FileText>& files, const std::set<FileStamp>& known);

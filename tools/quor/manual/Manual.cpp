@@ -90,7 +90,7 @@ bool WriteManual(const Manual& manual, const std::string& folder)
     std::vector<FileText> texts;
     for (const ManualFile& file : manual.files)
         texts.push_back({(std::filesystem::path(folder) / file.path).string(), file.text});
-    return WriteFilesOrReport(texts);
+    return WriteFilesOrReport(texts, Sync::Later); // so many files would wait long for the disk
 }
 
 } // namespace Veld::Quor::Tools

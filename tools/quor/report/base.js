@@ -62,6 +62,8 @@ function addSection(id, title, ...content) {
 /// Of several decks the one that a text is about.
 const ofDeck = (text, deck) => decks.length > 1 ? `${text}, ${deck.label}` : text;
 const unique = list => [...new Set(list)];
+/// Each once and in order, P2 before P10.
+const inOrder = names => unique(names).sort((one, other) => one.localeCompare(other, "en", { numeric: true }));
 
 const short = number => number === null || !Number.isFinite(number) ? "–" : String(Number(number.toPrecision(5)));
 const withUnit = (name, unit) => unit ? `${name} (${unit})` : name;
@@ -97,7 +99,7 @@ function draw(canvas, type, datasets, x, y, options = {}) {
         options: { animation: false, responsive: true, maintainAspectRatio: false, parsing: false,
             interaction: { mode: "nearest", intersect: false },
             scales: { x: axis(x, options.x), y: axis(y, options.y) },
-            plugins: { legend: { display: datasets.length > 1 && datasets.length < 13, labels: { color: front, usePointStyle: true } }, tooltip: { callbacks: options.tooltip || {} } } },
+            plugins: { legend: { display: datasets.length > 1 && datasets.length < 13, labels: { color: front, usePointStyle: true, boxWidth: 8, boxHeight: 8 } }, tooltip: { callbacks: options.tooltip || {} } } },
     }));
 }
 function makeChart(label) {

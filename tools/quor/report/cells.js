@@ -1,6 +1,6 @@
 // Arrays of cells: a map of a layer, a histogram, a cross plot.
 function addCells() {
-    const names = unique(decks.flatMap(deck => deck.arrays.map(array => array.name))).sort();
+    const names = inOrder(decks.flatMap(deck => deck.arrays.map(array => array.name)));
     if (!names.length) {
         addSection("cells", "Cells", make("p", {}, "The deck gives no array of cells whose values can be worked out."));
         return;

@@ -63,31 +63,32 @@ function drawPanel(panel, layer, name, unit) {
     drawWells(context, Object.entries(panel.deck.wells), layer, panel.grid, cell);
 }
 
-/// Of many wells without their names, which would cover the map.
+/// Of many wells without their names, which would cover the map. Wells of one cell have one text.
 function drawWells(context, wells, layer, [nx, , nz], cell) {
-    const hasNames = wells.length <= 80;
     context.font = "12px sans-serif";
+    const texts = new Map();
     for (const [name, well] of wells) {
         const here = well.connections.filter(([, , k1, k2]) => (k1 || 1) <= layer && layer <= (k2 || nz));
-        const [i, j] = here.length ? here[0] : well.head;
-        if (!i || !j) continue;
-        const x = (i - 0.5) * cell, y = (j - 0.5) * cell, isLast = x > 0.85 * nx * cell;
-        for (const [ci, cj] of here.length ? here : [[i, j]]) {
+        const places = (here.length ? here : [well.head]).filter(([i, j]) => i && j);
+        for (const [i, j] of places) {
             context.beginPath();
-            context.arc((ci - 0.5) * cell, (cj - 0.5) * cell, 5, 0, 7);
+            context.arc((i - 0.5) * cell, (j - 0.5) * cell, 5, 0, 7);
             context.fillStyle = here.length ? "#000" : "#0000";
             context.fill();
             context.lineWidth = 2;
             context.strokeStyle = "#fff";
             context.stroke();
         }
-        if (!hasNames) continue;
+        if (places.length) texts.set(`${places[0][0]} ${places[0][1]}`, [...(texts.get(`${places[0][0]} ${places[0][1]}`) || []), name]);
+    }
+    for (const [place, names] of wells.length > 80 ? [] : texts) {
+        const [i, j] = place.split(" ").map(Number), x = (i - 0.5) * cell, y = (j - 0.5) * cell, isLast = x > 0.85 * nx * cell;
         context.textAlign = isLast ? "right" : "left";
         context.lineWidth = 3;
         context.strokeStyle = "#fff";
-        context.strokeText(name, x + (isLast ? -8 : 8), y + 4);
+        context.strokeText(names.join(", "), x + (isLast ? -8 : 8), y + 4);
         context.fillStyle = "#000";
-        context.fillText(name, x + (isLast ? -8 : 8), y + 4);
+        context.fillText(names.join(", "), x + (isLast ? -8 : 8), y + 4);
     }
 }
 

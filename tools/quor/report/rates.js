@@ -29,7 +29,7 @@ function addRates() {
     const [canvas, box] = makeChart("Rates and targets over time");
     const titleOf = series => withUnit(keyOf(series), series.unit);
     let key = [...all.keys()][0], wanted = "";
-    const namesOf = () => unique(decks.flatMap(deck => deck.series.filter(one => keyOf(one) === key).flatMap(one => Object.keys(one.values)))).sort();
+    const namesOf = () => inOrder(decks.flatMap(deck => deck.series.filter(one => keyOf(one) === key).flatMap(one => Object.keys(one.values))));
     const coursesOf = deck => {
         const series = deck.series.find(one => keyOf(one) === key);
         if (!series) return [];

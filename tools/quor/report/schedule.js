@@ -39,11 +39,11 @@ function makeBar(name, deck, [first, last]) {
 }
 
 function addWells() {
-    const names = unique(decks.flatMap(deck => Object.keys(deck.wells))).sort();
+    const names = inOrder(decks.flatMap(deck => Object.keys(deck.wells)));
     if (!names.length) return;
     const span = timeSpan(), [first, last] = span;
     const bars = names.flatMap(name => [make("span", {}, name), make("div", {}, decks.map(deck => makeBar(name, deck, span)))]);
-    const marks = [0, 0.25, 0.5, 0.75, 1].map(at => make("span", { style: `left:${3 + 94 * at}%` }, dateOf(Math.round(first + at * (last - first)))));
+    const marks = [0, 0.25, 0.5, 0.75, 1].map(at => make("span", { style: `left:${100 * at}%; transform: translateX(-${100 * at}%)` }, dateOf(Math.round(first + at * (last - first)))));
     const key = (name, text) => make("span", {}, make("span", { class: "key " + name }), text);
     addSection("wells", "Wells", make("p", { class: "legend" }, key("introduced", "introduced"), key("produces", "produces"), key("injects", "injects"),
         key("closed", "shut, stopped or waiting"), key("connected", "connections added or changed")),

@@ -103,10 +103,9 @@ public:
         }
     }
 
-    /// All that was written is on the disk then.
-    void Close()
+    void Close(Sync sync)
     {
-        if (::fsync(descriptor_) != 0)
+        if (sync == Sync::AtOnce && ::fsync(descriptor_) != 0)
             FailBySystem();
         const int descriptor = std::exchange(descriptor_, -1);
         if (::close(descriptor) != 0)
@@ -172,7 +171,7 @@ bool HasHardLinks(const std::string& path)
     return ::stat(path.c_str(), &status) == 0 && status.st_nlink > 1;
 }
 
-void WriteFile(const std::string& path, std::string_view text, const std::set<FileStamp>* known)
+void WriteFile(const std::string& path, std::string_view text, const std::set<FileStamp>* known, Sync sync)
 {
     const HeldSignals held;
     const std::string target = TargetOf(path);
@@ -184,10 +183,11 @@ void WriteFile(const std::string& path, std::string_view text, const std::set<Fi
     if (isThere)
         part.KeepOwnerAndMode(target);
     part.Write(text);
-    part.Close();
+    part.Close(sync);
     CheckUnchanged(target, known); // as late as possible
     part.Replace(target);
-    SyncFolderOf(target);
+    if (sync == Sync::AtOnce)
+        SyncFolderOf(target);
 }
 
 } // namespace Veld::Quor::Tools
