@@ -47,12 +47,19 @@ std::string NameOf(const std::string& deck)
     return std::filesystem::path(deck).filename().string();
 }
 
-/// By their names, if these tell them apart.
-void Label(const ReportOptions& options, nlohmann::ordered_json& report, nlohmann::ordered_json& other)
+std::string FolderOf(const std::string& deck)
 {
-    const bool areTold = NameOf(options.deck) != NameOf(options.other);
-    report["label"] = areTold ? NameOf(options.deck) : "A";
-    other["label"] = areTold ? NameOf(options.other) : "B";
+    return std::filesystem::absolute(deck).parent_path().filename().string();
+}
+
+/// Short names that tell the decks apart: of their files, else of their folders.
+std::pair<std::string, std::string> LabelsOf(const std::string& deck, const std::string& other)
+{
+    if (NameOf(deck) != NameOf(other))
+        return {NameOf(deck), NameOf(other)};
+    if (FolderOf(deck) != FolderOf(other))
+        return {FolderOf(deck), FolderOf(other)};
+    return {"A", "B"};
 }
 
 int WriteReport(LoadedLanguage& language, const ReportOptions& options)
@@ -69,9 +76,11 @@ int WriteReport(LoadedLanguage& language, const ReportOptions& options)
     std::string title = NameOf(options.deck);
     if (isOfTwo) {
         nlohmann::ordered_json other = ReportJson(*otherDeck, deckLanguage, options.other, values);
-        Label(options, report, other);
+        const auto labels = LabelsOf(options.deck, options.other);
+        report["label"] = labels.first;
+        other["label"] = labels.second;
         AddComparison(report, *deck, std::move(other), *otherDeck, values);
-        title += " and " + NameOf(options.other);
+        title = labels.first + " and " + labels.second;
     }
     std::string page;
     {

@@ -32,9 +32,10 @@ function addHistogram(names, first) {
         const lists = await Promise.all(decks.map(deck => activeValues(deck, name)));
         const [least, greatest] = rangeOf(lists.map(values => ({ values })));
         const width = (greatest - least) / bins || (Math.abs(least) || 1) / 100;
-        const datasets = lists.map((values, number) => {
+        const datasets = lists.flatMap((values, number) => {
+            if (!values) return [];
             const counts = new Array(bins).fill(0);
-            for (const value of values || []) {
+            for (const value of values) {
                 if (Number.isFinite(value)) ++counts[Math.min(Math.floor((value - least) / width), bins - 1)];
             }
             return { label: ofDeck(name, decks[number]), backgroundColor: lineColour(number), barPercentage: 1, categoryPercentage: 1,
@@ -62,7 +63,7 @@ function addCross(names, x, y) {
     }
     async function show() {
         const lists = await Promise.all(decks.map(pointsOf));
-        draw(canvas, "scatter", lists.map((data, i) => ({ label: ofDeck(`${pair[1]} against ${pair[0]}`, decks[i]), data, pointRadius: 2, pointStyle: pointStyles[i], backgroundColor: lineColour(i) + "90" })),
+        draw(canvas, "scatter", lists.flatMap((data, i) => !data.length ? [] : [{ label: ofDeck(`${pair[1]} against ${pair[0]}`, decks[i]), data, pointRadius: 2, pointStyle: pointStyles[i], backgroundColor: lineColour(i) + "90" }]),
             titleOfArray(pair[0]), titleOfArray(pair[1]), { y: { type: isLog ? "logarithmic" : "linear" } });
     }
     redraws.push(show);

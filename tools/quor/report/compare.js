@@ -2,9 +2,8 @@
 function addComparison() {
     if (!report.changes) return;
     const { counts, groups, arrays, left } = report.changes, [a, b] = decks;
-    const signs = { changed: "~", added: "+", removed: "−" };
     const placeOf = (deck, place) => place ? `${deck.label} ${place.file}:${place.line}` : "";
-    const rows = groups.flatMap(group => group.changes.map(change => [group.section || "before the first", group.step, `${signs[change.change]} ${change.change}`,
+    const rows = groups.flatMap(group => group.changes.map(change => [group.section || "before the first", group.step, change.change,
         `${change.keyword || "report step"} ${change.identity || ""}`.trim(), ...(change.text ? [change.text, "", ""] : [change.item || "", change.before ?? "", change.after ?? ""]), [placeOf(a, change.a), placeOf(b, change.b)].filter(Boolean).join(", ")]));
     const place = make("div");
     const show = wanted => place.replaceChildren(makeTable("Changes", ["Section", "Date", "Change", "Keyword", "Item", a.label, b.label, "Where"],

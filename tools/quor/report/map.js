@@ -130,6 +130,15 @@ async function fillPanels(panels, name) {
     }
 }
 
+/// The layer to show: that one, or if nothing differs in it the first that does.
+function layerThatDiffers(panels, layer) {
+    const { values, grid: [nx, ny] } = panels.find(panel => panel.isDifference) || panels[0];
+    const isOther = (value, cell) => value !== 0 && Number.isFinite(value) && (!panels[1].active || panels[1].active[cell]);
+    const first = panels.length < 3 || !values || values.slice((layer - 1) * nx * ny, layer * nx * ny).some((value, i) => isOther(value, (layer - 1) * nx * ny + i))
+        ? -1 : values.findIndex(isOther);
+    return first < 0 ? layer : 1 + Math.floor(first / (nx * ny));
+}
+
 function addMap(names, first) {
     const panels = decks.filter(deck => deck.arrays.length).map(deck => makePanel(deck, deck.label));
     if (panels.length > 1 && hasOneGrid())
@@ -155,7 +164,7 @@ function addMap(names, first) {
         name = chosen;
         unit = decks.map(deck => arrayOf(deck, name)).find(Boolean).unit;
         await fillPanels(panels, name);
-        show();
+        setLayer(layerThatDiffers(panels, layer));
     };
     for (const panel of panels) {
         panel.canvas.addEventListener("pointermove", event => {
