@@ -38,10 +38,13 @@ function make(tag, attributes = {}, ...children) {
     return element;
 }
 
-/// A table with a name for those who can't see where it is.
+/// A table with a name for those who can't see where it is; no two have the same.
+const tableNames = new Map();
 function makeTable(name, head, rows, numbersFrom = 99) {
+    const count = (tableNames.get(name) || 0) + 1;
+    tableNames.set(name, count);
     const cell = (value, i) => make("td", { class: i >= numbersFrom ? "number" : /^\d{4}-\d\d-\d\d/.test(value) ? "date" : null }, value === null ? "–" : String(value));
-    return make("div", { class: "wide", tabindex: "0", role: "region", "aria-label": name }, make("table", {},
+    return make("div", { class: "wide", tabindex: "0", role: "region", "aria-label": count > 1 ? `${name} ${count}` : name }, make("table", {},
         make("thead", {}, make("tr", {}, head.map(text => make("th", { scope: "col" }, text)))),
         make("tbody", {}, rows.map(row => make("tr", {}, row.map(cell))))));
 }

@@ -28,7 +28,7 @@ function addRates() {
     if (!all.size) return;
     const [canvas, box] = makeChart("Rates and targets over time");
     const titleOf = series => withUnit(keyOf(series), series.unit);
-    let key = [...all.keys()][0], wanted = "";
+    let key = ([...all].find(([, series]) => series.isRate) || [...all][0])[0], wanted = "";
     const namesOf = () => inOrder(decks.flatMap(deck => deck.series.filter(one => keyOf(one) === key).flatMap(one => Object.keys(one.values))));
     const coursesOf = deck => {
         const series = deck.series.find(one => keyOf(one) === key);
