@@ -73,7 +73,7 @@ Deck Deck::ReadFrom(std::shared_ptr<const DeckSource> source, const std::string&
     try {
         Deck deck(ReadDeck(path, settings, *language.index_));
         deck.contents_->options = options;
-        deck.contents_->options.SetProgress({}).SetCancellation({}).SetKnownFinding({});
+        deck.contents_->options.SetProgress({}).SetCancellation({}).SetKnownFinding({}).SetReportedFile({});
         return deck;
     } catch (const SourceError& error) {
         throw SourceError(fmt::format("can't read '{}': {}", Printable(path), error.what()));

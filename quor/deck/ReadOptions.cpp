@@ -149,6 +149,18 @@ ReadOptions& ReadOptions::SetOutsideTextShown(bool isShown)
     return *this;
 }
 
+ReadOptions& ReadOptions::SetSection(Keywords::SectionType::Enum section)
+{
+    GetSettings().section = section;
+    return *this;
+}
+
+ReadOptions& ReadOptions::SetReportedFile(ReportedFile isReported)
+{
+    GetSettings().isReported = std::move(isReported);
+    return *this;
+}
+
 const Target& ReadOptions::GetTarget() const
 {
     return GetSettings().target;
@@ -192,6 +204,11 @@ bool ReadOptions::IsConfined() const
 bool ReadOptions::IsOutsideTextShown() const
 {
     return GetSettings().isOutsideTextShown;
+}
+
+Keywords::SectionType::Enum ReadOptions::GetSection() const
+{
+    return GetSettings().section;
 }
 
 ReadSettings& ReadOptions::GetSettings() const

@@ -6,6 +6,7 @@
 #include "quor/deck/FindingCodes.h"
 #include "quor/deck/Target.h"
 #include "quor/foundation/Export.h"
+#include "quor/foundation/SectionType.h"
 #include "quor/foundation/service/Exception.h"
 
 #include <cstddef>
@@ -30,6 +31,10 @@ using ReadCancellation = std::function<bool()>;
 /// Whether a finding is known already, so that it isn't reported. Called once for each finding that no
 /// comment of the deck suppresses.
 using KnownFinding = std::function<bool(const DeckFiles& files, const TextRange& range, Code code)>;
+
+/// Whether findings in a file of the deck are to be reported. Called for each finding, and for the other
+/// locations that it is about.
+using ReportedFile = std::function<bool(const DeckFile& file)>;
 
 /// The host cancelled the read of a deck.
 class VELD_QUOR_EXPORT ReadCancelled : public Service::Exception {
@@ -107,6 +112,14 @@ public:
     /// stranger can't have the files of a user printed then. True at first.
     ReadOptions& SetOutsideTextShown(bool isShown);
 
+    /// Reads a file that a deck includes as if it was the deck: what it says is in `section`, and what may be
+    /// before and after it isn't missed: sizes, names, dates, keywords. `SectionType::None`, as at first: the
+    /// text is a whole deck.
+    ReadOptions& SetSection(Keywords::SectionType::Enum section);
+    /// Reports the findings of some files of the deck alone, those included that are about them at another
+    /// location. Others are not counted. Empty, as at first: those of all files.
+    ReadOptions& SetReportedFile(ReportedFile isReported);
+
     // What was set. References are valid as long as the options.
 
     /// `Any` for what was not set.
@@ -127,6 +140,8 @@ public:
     bool IsConfined() const;
     /// Whether findings quote files outside the folder of the deck.
     bool IsOutsideTextShown() const;
+    /// The section that the text is a part of; `SectionType::None`: it is a whole deck.
+    Keywords::SectionType::Enum GetSection() const;
 
 private:
     friend class Deck;

@@ -12,6 +12,7 @@
 
 #include <stdexcept>
 #include <unordered_set>
+#include <utility>
 
 namespace Veld::Quor::Core::Keywords {
 
@@ -20,6 +21,12 @@ using namespace Service::XML::Internal;
 namespace {
 
 unsigned long tableNumber = 1;
+
+std::vector<std::string>& OwnDocuments()
+{
+    static auto& files = *new std::vector<std::string>; // never freed: a host may ask at exit
+    return files;
+}
 
 } // namespace
 
@@ -33,8 +40,8 @@ public:
     /// An empty table.
     KeywordSyntaxTableImpl() = default;
 
-    /// Reads both documents. Those of files and hosts are freed before this returns, and nothing keeps a
-    /// pointer into them.
+    /// Reads the documents of the host, then those of the language. Those of files and hosts are freed before
+    /// this returns, and nothing keeps a pointer into them.
     void Load();
 
     const IKeywordSyntax* Lookup(
@@ -65,7 +72,10 @@ void KeywordSyntaxTableImpl::Load()
     if (XMLParser::IsInProcess()) // a host that uses it too finds it started after this
         Service::XML::Initialise::Init();
     Seen seen;
-    // First, so that trusted syntaxes are before others of their name.
+    const std::vector<std::string>& own = KeywordSyntaxTable::GetOwnDocuments();
+    for (auto file = own.rbegin(); file != own.rend(); ++file)
+        ReadDocument(SyntaxLoader(*file).Load(), seen, true);
+    // Before the others, so that trusted syntaxes are before others of their name.
     ReadDocument(TrustedSyntaxLoader().Load(), seen, true);
     ReadDocument(SyntaxLoader().Load(), seen, true);
 }
@@ -176,6 +186,16 @@ KeywordSyntaxTable& KeywordSyntaxTable::Instance(bool clear, bool permanently)
         table.reset(new KeywordSyntaxTable(std::move(impl)));
     }
     return *table;
+}
+
+void KeywordSyntaxTable::SetOwnDocuments(std::vector<std::string> files)
+{
+    OwnDocuments() = std::move(files);
+}
+
+const std::vector<std::string>& KeywordSyntaxTable::GetOwnDocuments()
+{
+    return OwnDocuments();
 }
 
 /// What a caller that clears is given: a table without keywords, so that a use by mistake finds nothing.

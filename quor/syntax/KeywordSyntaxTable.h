@@ -30,6 +30,13 @@ public:
     /// throws `std::runtime_error`. Without, the next call loads again.
     static KeywordSyntaxTable& Instance(bool clear = false, bool permanently = true);
 
+    /// The files of documents that the next load reads beside those of the language; none at first. Their
+    /// keywords are looked up before others of their names, those of later documents before those of earlier
+    /// ones. A load fails if a file is missing or no document.
+    static void SetOwnDocuments(std::vector<std::string> files);
+    /// What was set last.
+    static const std::vector<std::string>& GetOwnDocuments();
+
     ~KeywordSyntaxTable() override;
 
     const IKeywordSyntax* Lookup(

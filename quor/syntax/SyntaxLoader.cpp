@@ -15,7 +15,7 @@ using namespace Service::XML::Internal;
 
 DocumentTree SyntaxLoader::Load()
 {
-    const std::string path = Service::GetEnvVariable("QUOR_KEYWORD_SYNTAX_FILE");
+    const std::string path = file_.empty() ? Service::GetEnvVariable("QUOR_KEYWORD_SYNTAX_FILE") : file_;
     return path.empty() ? LoadFromCompressedData() : LoadFromXMLFile(path.c_str());
 }
 

@@ -44,6 +44,8 @@ All: $QUOR settings cases/a.data --mode Thermal --ignore bad-date --set NY=5 | s
     mode Thermal command line
     decks cases/*.data quor.toml:2
     rules none default
+    syntax none default
+    syntax-folder none default
     max-repeated-values 50000000 default
     variables.NX 2 quor.toml:4
     variables.NY 5 command line
@@ -67,6 +69,10 @@ Pattern: $QUOR check '**/[bd].data' --format gcc --settings quor.toml --ignore s
     cases/b.data:2:1: error: unknown keyword 'OLI'; did you mean OIL? [unknown-keyword]
     other/d.data:2:1: error: unknown keyword 'OLI'; did you mean OIL? [unknown-keyword]
 Folder: $QUOR check other shared --format gcc => quor: error: no deck in the folder 'shared'; expected .data files
+Folders: $QUOR check '**' other/../other './cases/*.data' cases/b.data --no-settings --format gcc --select unknown-keyword; $QUOR check 'share[d]' --quiet =>
+    cases/b.data:2:1: error: unknown keyword 'OLI'; did you mean OIL? [unknown-keyword]
+    other/d.data:2:1: error: unknown keyword 'OLI'; did you mean OIL? [unknown-keyword]
+    quor: error: no deck in the folders that 'share[d]' matches; expected .data files
 Quiet: $QUOR check cases/b.data --quiet =>
     cases/b.data:2:1: error: unknown keyword 'OLI' [unknown-keyword]
         OLI
@@ -105,6 +111,22 @@ Fixed: printf 'RUNSPEC\noil\nWATR\n' >other/d.data; $QUOR check other/d.data --n
     OIL
     WATR
     other/d.data: fixed 1 finding in 1 file
+PartAlone: printf 'DATES\n 1 JUN 2020 /\n/\nWCONPROD\n P9 OPPEN ORAT 5 /\n/\nDIMENS\n 1 1 1 /\nINCLUDE\n more.inc /\nENDINC\nx\n' >w; $QUOR check w --section schedule --no-settings --format gcc; $QUOR get - WCONPROD.ORAT --section SCHEDULE --bare <w 2>&1 =>
+    w:5:5: error: WCONPROD, STATUS: unknown value 'OPPEN'; did you mean OPEN? [not-a-choice]
+    w:7:1: error: DIMENS is not valid in section SCHEDULE (valid in RUNSPEC) [wrong-section]
+    quor: - has 2 errors; run 'quor check - --section SCHEDULE --simulator Carrow' to list them; the result may be incomplete
+    5
+PartOfDeck: printf 'RUNSPEC\nGAS\nSCHEDULE\nINCLUDE\n ./w.inc /\nOLI\n' >r.data; printf 'OIL\n' >w.inc; $QUOR check w.inc --root r.data 2>e; $QUOR check - --root ./r.data --stdin-filename ../$(basename $PWD)/w.inc --quiet <cases/b.data | head -n 1; for a in cases/c.inc none '' -; do $QUOR check $a --root r.data --quiet; done =>
+    ./w.inc:1:1: error: OIL is not valid in section SCHEDULE (valid in RUNSPEC) [wrong-section]
+        OIL
+        ^~~
+      included from r.data:4
+    w.inc: 1 keyword in 1 section, 1 file: 1 error
+    ././w.inc:1:1: error: section RUNSPEC is repeated [section-order]
+    quor: error: the deck 'r.data' doesn't include 'cases/c.inc'
+    quor: error: can't read 'none': No such file or directory
+    quor: error: no file of the deck to check; expected files with --root
+    quor: error: --root needs --stdin-filename: which file of the deck standard input is
 FixedInput: $QUOR check - --fix <other/d.data => quor: error: the deck from standard input can't be fixed; leave out --fix
 )")),
     CaseName<Row>);

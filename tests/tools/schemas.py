@@ -40,6 +40,7 @@ for document, arguments in [
     ("measurements", ["list", "--measurements"]),
     ("explain", ["explain"]),
     ("show", ["show", "WCONPROD", "PORO", "WOPR", "OIL", "PVTO"]),
+    ("syntaxDiff", ["syntax", "diff", "builtin", str(sources / "tests/lint/full.xml"), "--addition"]),
     ("failure", ["info", "/none.data"]),
 ] + [("info", ["info", deck]) for deck in decks if "faulty" not in deck]:
     validate(document, arguments, run(*arguments, "--format", "json"))

@@ -94,7 +94,7 @@ int Run(const Command& command)
         if (command.runAlone) {
             status = command.runAlone();
         } else {
-            LoadedLanguage language;
+            LoadedLanguage language(command.documents ? command.documents() : std::vector<std::string>());
             status = command.run(language);
         }
     } catch (const std::bad_alloc&) {
@@ -144,6 +144,7 @@ std::vector<Command> AddCommands(CLI::App& application)
         MakeShowCommand(application),
         MakeListCommand(application),
         MakeLintCommand(application),
+        MakeSyntaxCommand(application),
         MakeSettingsCommand(application),
         MakeLanguageServerCommand(application),
         MakeManualCommand(application),

@@ -13,6 +13,7 @@ namespace Veld::Quor::Tools {
 struct CheckOptions {
     std::vector<std::string> decks; ///< empty: those of the project
     DeckReadOptions read;
+    std::string root; ///< the deck that the others are files of; empty: they are decks
     FindingFormat format = FindingFormat::Text;
     bool isAll = false; ///< each finding, not one for all that are alike
     bool isQuiet = false; ///< findings alone

@@ -15,7 +15,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
 #include <utility>
+#include <vector>
 
 namespace Veld::Quor::Tools {
 
@@ -27,6 +32,33 @@ namespace {
 constexpr std::size_t mostFolded = 100'000;
 constexpr std::size_t mostFindings = 200;
 
+/// One of the files of a deck, whatever the deck calls it. Throws `SourceError` if there is no such file.
+class FileOfDeck {
+public:
+    FileOfDeck(const std::string& path, std::shared_ptr<const Decks::DeckSource> source)
+        : source_(std::move(source))
+    {
+        try {
+            identity_ = source_->Identify(path);
+        } catch (const Decks::SourceError& error) {
+            throw Decks::SourceError(fmt::format("can't read '{}': {}", MakePrintable(path), error.what()));
+        }
+    }
+
+    bool operator()(const Decks::DeckFile& file)
+    {
+        const auto [known, isNew] = known_.try_emplace(file.name);
+        if (isNew)
+            known->second = source_->Identify(file.name) == identity_;
+        return known->second;
+    }
+
+private:
+    std::shared_ptr<const Decks::DeckSource> source_;
+    std::string identity_;
+    std::map<std::string, bool> known_; // by name
+};
+
 CheckedDeck Keep(
     const std::string& name, const Decks::Deck& deck, const Settings& settings, const CheckOptions& options)
 {
@@ -35,6 +67,27 @@ CheckedDeck Keep(
     std::vector<Fix> fixes = FixesOf(findings, deck.GetFiles());
     return {name, std::move(findings), std::move(fixes), deck.GetSize(), deck.GetSectionCount(),
         deck.GetFileCount(), settings.failOn.value_or("warning") == "warning"};
+}
+
+/// Counts what is in one file of a deck. Throws `SourceError` if the deck doesn't have it.
+void CountFile(FileOfDeck file, const Decks::Deck& deck, const std::string& root, CheckedDeck& checked)
+{
+    std::vector<bool> isIt;
+    for (std::uint32_t i = 0; i < deck.GetFiles().GetSize(); ++i)
+        isIt.push_back(file(deck.GetFiles().Get(i)));
+    if (std::count(isIt.begin(), isIt.end(), true) == 0)
+        throw Decks::SourceError(fmt::format(
+            "the deck '{}' doesn't include '{}'", MakePrintable(root), MakePrintable(checked.name)));
+    std::set<Core::Keywords::SectionType::Enum> sections;
+    checked.keywords = 0;
+    for (const Decks::DeckKeyword keyword : deck) {
+        if (!isIt[keyword.GetNameRange().file])
+            continue;
+        ++checked.keywords;
+        sections.insert(keyword.GetSection());
+    }
+    checked.sections = sections.size();
+    checked.files = 1;
 }
 
 ExitStatus StatusOf(const Decks::Findings& findings, const Settings& settings)
@@ -67,14 +120,22 @@ DeckChecker::DeckChecker(LoadedLanguage& language, const CheckOptions& options)
 DeckResult DeckChecker::Check(const std::string& path, bool withProgress)
 {
     DeckResult result{NameOfDeck(path, options_.read.read)};
-    const Settings settings = SettingsOf(result.deck, options_.read.settings);
+    const std::string root =
+        options_.root.empty() ? result.deck : NameOfDeck(options_.root, options_.read.read);
+    const Settings settings = SettingsOf(root, options_.read.settings);
     const Decks::DeckLanguage& language = LanguageWith(settings);
-    const Decks::ReadOptions read = OptionsOf(result.deck, settings, result.known);
+    Decks::ReadOptions read = OptionsOf(root, settings, result.known);
     try {
         if (options_.isFixing)
             FixAndReport(result.deck, read, language);
-        const Decks::Deck deck = ReadDeckOrThrow(path, read, language, withProgress);
-        const CheckedDeck checked = Keep(result.deck, deck, settings, options_);
+        std::optional<FileOfDeck> file;
+        if (!options_.root.empty())
+            read.SetReportedFile(file.emplace(result.deck, read.GetSource()));
+        const Decks::Deck deck = file ? ReadSourceOrThrow(root, read, language, withProgress)
+                                      : ReadDeckOrThrow(path, read, language, withProgress);
+        CheckedDeck checked = Keep(result.deck, deck, settings, options_);
+        if (file)
+            CountFile(*file, deck, root, checked);
         PrintHiddenText(checked.findings, deck);
         result.status = StatusOf(checked.findings, settings);
         result.counts = CountsJson({checked.findings});
@@ -91,6 +152,10 @@ DeckResult DeckChecker::Check(const std::string& path, bool withProgress)
 
 const Decks::DeckLanguage& DeckChecker::LanguageWith(const Settings& settings)
 {
+    if (const auto documents = DocumentsOf(settings); documents != language_.GetDocuments()) {
+        languages_.clear();
+        language_.Load(documents);
+    }
     auto& language = languages_[settings.rules.value_or(Settings::Words())];
     if (!language)
         language = std::make_unique<Decks::DeckLanguage>(

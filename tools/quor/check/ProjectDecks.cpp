@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <set>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
@@ -91,16 +92,25 @@ Paths Expand(const std::string& given)
         return {given};
     Paths decks;
     for (const std::string& path : paths) {
-        if (!fs::is_directory(path, error)) {
+        if (path.empty() || fs::is_directory(path, error)) // the current folder, which "**" matches
+            AddDecksBelow(path, decks);
+        else
             decks.push_back(path);
-            continue;
-        }
-        const std::size_t before = decks.size();
-        AddDecksBelow(path, decks);
-        if (decks.size() == before)
-            throw std::runtime_error(fmt::format("no deck in the folder '{}'; expected .data files", path));
     }
+    if (decks.empty())
+        throw std::runtime_error(paths.front() == given
+                ? fmt::format("no deck in the folder '{}'; expected .data files", given)
+                : fmt::format("no deck in the folders that '{}' matches; expected .data files", given));
     return decks;
+}
+
+/// What two paths of one file have in common. The name stays: a link has inclusions of its own.
+std::string IdentityOf(const std::string& deck)
+{
+    std::error_code error;
+    const fs::path path(deck);
+    const fs::path folder = fs::canonical(path.has_parent_path() ? path.parent_path() : ".", error);
+    return error || deck == standardInputPath ? deck : (folder / path.filename()).string();
 }
 
 } // namespace
@@ -117,9 +127,12 @@ std::vector<std::string> DecksOf(const CheckOptions& options)
             throw std::runtime_error(fmt::format("no deck; expected decks, or 'decks' in '{}'", file));
     }
     Paths decks;
+    std::set<std::string> known;
     for (const std::string& path : given) {
-        const Paths expanded = Expand(path);
-        decks.insert(decks.end(), expanded.begin(), expanded.end());
+        for (std::string& deck : Expand(path)) {
+            if (known.insert(IdentityOf(deck)).second)
+                decks.push_back(std::move(deck));
+        }
     }
     return decks;
 }

@@ -22,9 +22,9 @@ namespace {
 /// The first line: what the results depend on.
 std::string HeaderOf(const CheckOptions& options)
 {
-    std::string header = fmt::format("quor {} check {} {} {} {} {} {}", GetVersion(),
-        static_cast<int>(options.format), options.isAll, options.isQuiet, options.hasStatistics,
-        options.newBaseline.empty(), options.read.settings.file);
+    std::string header = fmt::format("quor {} check {} {} {} {} {} {} {}", GetVersion(),
+        static_cast<int>(options.read.read.GetSection()), static_cast<int>(options.format), options.isAll,
+        options.isQuiet, options.hasStatistics, options.newBaseline.empty(), options.read.settings.file);
     for (const SettingInfo& setting : AllSettings())
         header += fmt::format(" {}={}", setting.name, TextOf(setting, options.read.settings.given));
     for (char& c : header)

@@ -29,13 +29,18 @@ namespace Veld::Quor::Tools {
 
 namespace {
 
+/// The deck whose settings the run begins with.
+std::string FirstOf(const CheckOptions& options)
+{
+    return !options.root.empty() ? options.root : options.decks.empty() ? "" : options.decks.front();
+}
+
 void PrintHeader(LoadedLanguage& language, const CheckOptions& options)
 {
     PrintAside(fmt::format("language: {} ({}), loaded in {} ms\n",
         Plural(language.GetSyntaxes(true).size(), "keyword"), LoadedLanguage::GetOrigin(),
         language.GetLoadTime().count()));
-    const std::string file =
-        SettingsFileOf(options.decks.empty() ? "" : options.decks.front(), options.read.settings);
+    const std::string file = SettingsFileOf(FirstOf(options), options.read.settings);
     if (!file.empty())
         PrintAside(fmt::format("settings: {}\n", MakePrintable(file)));
 }
@@ -63,7 +68,7 @@ bool WriteBaseline(const std::string& path, const Baseline& baseline, const std:
 
 int CheckAll(const CheckOptions& options, CheckReport& report)
 {
-    LoadedLanguage language;
+    LoadedLanguage language(DocumentsFor(FirstOf(options), options.read));
     if (options.format == FindingFormat::Text && !options.isQuiet)
         PrintHeader(language, options);
     Baseline baseline;
@@ -81,7 +86,7 @@ int CheckAll(const CheckOptions& options, CheckReport& report)
 
 int CountAll(const CheckOptions& options)
 {
-    LoadedLanguage language;
+    LoadedLanguage language(DocumentsFor(FirstOf(options), options.read));
     const bool isText = options.format == FindingFormat::Text;
     if (isText && !options.isQuiet)
         PrintHeader(language, options);
@@ -98,11 +103,25 @@ int CountAll(const CheckOptions& options)
     return status;
 }
 
+/// What is wrong with options that don't go together; empty: nothing.
+std::string ObjectionTo(const CheckOptions& options)
+{
+    const auto& decks = options.decks;
+    const bool hasInput = std::find(decks.begin(), decks.end(), standardInputPath) != decks.end();
+    if (options.isFixing && hasInput)
+        return "the deck from standard input can't be fixed; leave out --fix";
+    if (!options.root.empty() && decks.empty())
+        return "no file of the deck to check; expected files with --root";
+    if (!options.root.empty() && hasInput
+        && NameOfDeck(standardInputPath, options.read.read) == standardInputName)
+        return "--root needs --stdin-filename: which file of the deck standard input is";
+    return {};
+}
+
 int Check(const CheckOptions& options)
 {
-    if (options.isFixing
-        && std::find(options.decks.begin(), options.decks.end(), standardInputPath) != options.decks.end()) {
-        PrintError("the deck from standard input can't be fixed; leave out --fix");
+    if (const std::string objection = ObjectionTo(options); !objection.empty()) {
+        PrintError(objection);
         return Failure;
     }
     if (options.hasStatistics) {
@@ -184,7 +203,9 @@ constexpr const char* checkDetails =
     "  quor check reservoir.data --write-baseline known.json\n"
     "  quor check reservoir.data --baseline known.json\n"
     "  quor check reservoir.data --ignore unclosed-list,fluid-trend --fail-on error\n"
-    "  quor check decks --statistics";
+    "  quor check decks --statistics\n"
+    "  quor check include/wells.inc --root reservoir.data\n"
+    "  quor check include/wells.inc --section SCHEDULE";
 
 } // namespace
 
@@ -196,6 +217,12 @@ Command MakeCheckCommand(CLI::App& application)
         "data. Without --simulator and --mode, a keyword is accepted if any simulator and mode accepts it.");
     command.add_option("DECK", options->decks, "Decks to check; without any, those of the project")
         ->type_name("FILE");
+    command
+        .add_option("--root", options->root,
+            "The deck that includes the files to check: it is read, and the findings of these files are "
+            "reported alone")
+        ->type_name("FILE")
+        ->take_last();
     AddReadOptions(command, options->read);
     AddShowOutsideOption(command, options->read.read);
     AddSettingOptions(command, options->read.settings.given,
@@ -203,6 +230,8 @@ Command MakeCheckCommand(CLI::App& application)
             "check.max-findings", "check.baseline"});
     AddReportOptions(command, *options);
     AddRunOptions(command, *options);
+    command.get_option("--root")->excludes(
+        "--section", "--deck-folder", "--write-baseline", "--fix", "--resume");
     command.footer(checkDetails);
     Command made{&command, {}};
     made.runAlone = [options] { return Check(*options); };

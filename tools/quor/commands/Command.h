@@ -1,6 +1,8 @@
 #pragma once
 
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -25,6 +27,7 @@ ExitStatus Worse(ExitStatus a, ExitStatus b);
 struct Command {
     const CLI::App* app; ///< tells whether it was asked for; owned by the application
     std::function<int(LoadedLanguage&)> run; ///< gives the exit status
+    std::function<std::vector<std::string>()> documents = {}; ///< with which the language is loaded; none
     std::function<int()> runAlone = {}; ///< in its place, for one that must not load the language
 };
 
@@ -40,6 +43,7 @@ Command MakeDiffCommand(CLI::App& application);
 Command MakePortCommand(CLI::App& application);
 Command MakeReportCommand(CLI::App& application);
 Command MakeLintCommand(CLI::App& application);
+Command MakeSyntaxCommand(CLI::App& application);
 Command MakeExplainCommand(CLI::App& application);
 Command MakeSettingsCommand(CLI::App& application);
 Command MakeLanguageServerCommand(CLI::App& application);

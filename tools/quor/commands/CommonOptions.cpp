@@ -56,10 +56,11 @@ void AddWordOption(CLI::App& command, const char* name, const char* description,
 
 } // namespace
 
-void AddSectionOption(CLI::App& command, SectionType::Enum& value)
+void AddSectionOption(
+    CLI::App& command, const std::function<void(SectionType::Enum)>& set, const char* description)
 {
-    AddWordOption(command, "--section", "Section of the deck", SectionWords(),
-        [&value](const std::string& word) { value = SectionType::FromString(word); });
+    AddWordOption(command, "--section", description, SectionWords(),
+        [set](const std::string& word) { set(SectionType::FromString(word)); });
 }
 
 void AddSimulatorOption(CLI::App& command, const std::function<void(SimulatorType::Enum)>& set,

@@ -17,10 +17,10 @@ class App;
 
 namespace Veld::Quor::Tools {
 
-/// Each adds an option that takes the words of an enumeration, in any case, and refuses others. `value` keeps
-/// what it holds if the option isn't given, and must outlive the application.
-void AddSectionOption(CLI::App& command, Core::Keywords::SectionType::Enum& value);
-/// `set` is called with the value.
+/// Each adds an option that takes the words of an enumeration, in any case, and refuses others. `set` is
+/// called with the value.
+void AddSectionOption(CLI::App& command, const std::function<void(Core::Keywords::SectionType::Enum)>& set,
+    const char* description = "Section of the deck");
 void AddSimulatorOption(CLI::App& command,
     const std::function<void(Core::Keywords::SimulatorType::Enum)>& set, const char* name = "--simulator",
     const char* description = "Simulator that runs the deck");

@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <memory>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 namespace Veld::Quor::Tools {
@@ -25,9 +26,12 @@ using namespace Core::Keywords;
 
 namespace {
 
-std::string CheckCommand(const std::string& path, const Decks::Target& target)
+std::string CheckCommand(const std::string& path, const Decks::ReadOptions& options)
 {
+    const Decks::Target& target = options.GetTarget();
     std::string command = "quor check " + MakePrintable(path);
+    if (options.GetSection() != SectionType::None)
+        command += " --section " + SectionType::ToString(options.GetSection());
     if (target.simulator != SimulatorType::Any)
         command += " --simulator " + SimulatorType::ToString(target.simulator);
     if (target.mode != SimulatorModeType::Any)
@@ -69,7 +73,11 @@ void AddReadOptions(CLI::App& command, DeckReadOptions& options)
 void AddTextOptions(CLI::App& command, DeckReadOptions& options)
 {
     AddStandardInputOption(command, options.read);
-    AddSettingOptions(command, options.settings.given, {"variables", "aliases", "max-repeated-values"});
+    AddSectionOption(
+        command, [&options](SectionType::Enum section) { options.read.SetSection(section); },
+        "Read a file that a deck includes as if it was the deck: as a part of this section");
+    AddSettingOptions(command, options.settings.given,
+        {"variables", "aliases", "max-repeated-values", "syntax", "syntax-folder"});
     AddSettingsFileOptions(command, options.settings);
     command.add_flag_callback(
         "--confined", [&options] { options.read.SetConfined(true); },
@@ -104,17 +112,28 @@ Decks::ReadOptions OptionsFor(const std::string& path, const DeckReadOptions& op
     return read;
 }
 
+std::vector<std::string> DocumentsFor(const std::string& path, const DeckReadOptions& options)
+{
+    return DocumentsOf(SettingsOf(NameOfDeck(path, options.read), options.settings));
+}
+
 Decks::Deck ReadDeckOrThrow(const std::string& path, Decks::ReadOptions options,
     const Decks::DeckLanguage& deckLanguage, bool withProgress)
 {
-    ProgressBar bar;
-    if (withProgress)
-        options.SetProgress([&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
     const std::string name = NameOfDeck(path, options);
     if (path != standardInputPath)
         options.SetSource(name == path
                 ? std::make_shared<StampedFiles>()
                 : std::shared_ptr<const Decks::DeckSource>(std::make_shared<MovedDeck>(name, path)));
+    return ReadSourceOrThrow(name, std::move(options), deckLanguage, withProgress);
+}
+
+Decks::Deck ReadSourceOrThrow(const std::string& name, Decks::ReadOptions options,
+    const Decks::DeckLanguage& deckLanguage, bool withProgress)
+{
+    ProgressBar bar;
+    if (withProgress)
+        options.SetProgress([&bar](std::size_t done, std::size_t known) { bar.Show(done, known); });
     return Decks::Deck::Read(name, deckLanguage, options);
 }
 
@@ -136,7 +155,7 @@ std::optional<Decks::Deck> ReadDeckOrReport(const std::string& path, const Decks
     const std::size_t errors = deck ? deck->GetFindings().GetCount(Decks::Severity::Error) : 0;
     if (errors > 0)
         PrintAside(fmt::format("quor: {} has {}; run '{}' to list them; {}\n", MakePrintable(path),
-            Plural(errors, "error"), CheckCommand(path, options.GetTarget()), consequence));
+            Plural(errors, "error"), CheckCommand(path, options), consequence));
     return deck;
 }
 

@@ -7,6 +7,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -23,7 +24,8 @@ struct DeckReadOptions {
 /// Adds the argument that names a deck. `path` must outlive the application.
 void AddDeckArgument(CLI::App& command, std::string& path);
 /// Adds the options with which a deck is read: simulator, mode, values of variables, path aliases, the
-/// settings file, the name of one that is read from standard input, and the limit of repeats. `options` must
+/// settings file, the name of one that is read from standard input, the section of one that is a part of a
+/// deck, and the limit of repeats. `options` must
 /// outlive the application.
 void AddReadOptions(CLI::App& command, DeckReadOptions& options);
 /// The same without simulator and mode.
@@ -31,6 +33,9 @@ void AddTextOptions(CLI::App& command, DeckReadOptions& options);
 
 /// With what a deck of the command line is read, its settings included. Throws `SettingsError`.
 Core::Decks::ReadOptions OptionsFor(const std::string& path, const DeckReadOptions& options);
+
+/// The documents with which the language is loaded for it. Throws `SettingsError`.
+std::vector<std::string> DocumentsFor(const std::string& path, const DeckReadOptions& options);
 
 /// Adds the option that lets findings quote files outside the folder of the deck; without it they don't.
 void AddShowOutsideOption(CLI::App& command, Core::Decks::ReadOptions& options);
@@ -46,8 +51,12 @@ std::optional<Core::Decks::Deck> ReadDeck(const std::string& path, const Core::D
 Core::Decks::Deck ReadDeckOrThrow(const std::string& path, Core::Decks::ReadOptions options,
     const Core::Decks::DeckLanguage& deckLanguage, bool withProgress = true);
 
-/// The same for a command that does something else than to check the deck: reports in a line if the deck has
-/// errors, and what this means for the command.
+/// Reads the deck of that name from the source of the options.
+Core::Decks::Deck ReadSourceOrThrow(const std::string& name, Core::Decks::ReadOptions options,
+    const Core::Decks::DeckLanguage& deckLanguage, bool withProgress);
+
+/// As `ReadDeck`, for a command that does something else than to check the deck: reports in a line if the
+/// deck has errors, and what this means for the command.
 std::optional<Core::Decks::Deck> ReadDeckOrReport(const std::string& path,
     const Core::Decks::ReadOptions& options, const Core::Decks::DeckLanguage& deckLanguage,
     const char* consequence = "the result may be incomplete");

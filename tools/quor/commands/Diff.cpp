@@ -152,7 +152,8 @@ Command MakeDiffCommand(CLI::App& application)
         "Examples:\n"
         "  quor diff history.data forecast.data\n"
         "  quor diff old.data new.data --strict --format json");
-    return {&command, [options](LoadedLanguage& language) { return Diff(language, *options); }};
+    return {&command, [options](LoadedLanguage& language) { return Diff(language, *options); },
+        [options] { return DocumentsFor(options->decks[0], options->read); }};
 }
 
 } // namespace Veld::Quor::Tools

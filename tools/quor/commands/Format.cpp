@@ -230,7 +230,8 @@ Command MakeFormatCommand(CLI::App& application)
     CLI::Option* const deckFolder = command.get_option("--deck-folder");
     deckFolder->excludes(inPlace)->excludes(folder);
     command.footer(details);
-    return {&command, [options](LoadedLanguage& language) { return Format(language, *options); }};
+    return {&command, [options](LoadedLanguage& language) { return Format(language, *options); },
+        [options] { return DocumentsFor(options->deck, options->read); }};
 }
 
 } // namespace Veld::Quor::Tools

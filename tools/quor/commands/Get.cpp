@@ -232,7 +232,8 @@ Command MakeGetCommand(CLI::App& application)
         ->type_name("FILE");
     command.add_flag("--bare", options->isBare, "Print the values alone, one a line");
     command.footer(getDetails);
-    return {&command, [options](LoadedLanguage& language) { return GetValues(language, *options); }};
+    return {&command, [options](LoadedLanguage& language) { return GetValues(language, *options); },
+        [options] { return DocumentsFor(options->deck, options->read); }};
 }
 
 } // namespace Veld::Quor::Tools

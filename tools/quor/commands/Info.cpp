@@ -218,7 +218,8 @@ Command MakeInfoCommand(CLI::App& application)
                    "  quor info reservoir.data\n"
                    "  quor info reservoir.data --wells\n"
                    "  quor info reservoir.data --simulator Dunmere --format json");
-    return {&command, [options](LoadedLanguage& language) { return Info(language, *options); }};
+    return {&command, [options](LoadedLanguage& language) { return Info(language, *options); },
+        [options] { return DocumentsFor(options->deck, options->read); }};
 }
 
 } // namespace Veld::Quor::Tools

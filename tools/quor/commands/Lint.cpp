@@ -2,6 +2,7 @@
 #include "quor/lint/Codes.h"
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/CommonOptions.h"
+#include "tools/quor/commands/LanguageOrigin.h"
 #include "tools/quor/findings/FindingFormat.h"
 #include "tools/quor/findings/FindingJson.h"
 #include "tools/quor/findings/FindingText.h"
@@ -73,16 +74,20 @@ bool ReadPath(const std::string& path, std::vector<Document>& documents)
     return false;
 }
 
-void PrintText(const LintReport& report)
+void PrintText(const LintReport& report, const std::vector<std::string>& replaced)
 {
     const std::size_t keywords =
         std::accumulate(report.keywords.begin(), report.keywords.end(), std::size_t{0});
     Print(FindingsText(report.findings));
     Print(fmt::format("{} in {}: {}\n", Plural(keywords, "keyword"),
         Plural(report.keywords.size(), "document"), CountsText(report.findings)));
+    if (!replaced.empty())
+        Print(fmt::format(
+            "added to the language, they take precedence over the built-in {}\n", SomeOf(replaced)));
 }
 
-void PrintJson(const std::vector<Document>& documents, const LintReport& report)
+void PrintJson(const std::vector<Document>& documents, const LintReport& report,
+    const std::vector<std::string>& replaced)
 {
     auto files = nlohmann::ordered_json::array();
     for (std::size_t i = 0; i < documents.size(); ++i)
@@ -91,7 +96,7 @@ void PrintJson(const std::vector<Document>& documents, const LintReport& report)
     for (const Decks::Finding& finding : report.findings.GetKept())
         findings.push_back(FindingJson(finding));
     Print(ToText(WithVersion({{"documents", files}, {"clean", report.findings.IsClean()},
-        {"counts", CountsJson({report.findings})}, {"findings", findings}})));
+        {"counts", CountsJson({report.findings})}, {"findings", findings}, {"replaces", replaced}})));
 }
 
 int RunLint(const LintCommandOptions& options)
@@ -111,12 +116,13 @@ int RunLint(const LintCommandOptions& options)
     if (documents.empty() && !isRead)
         return Failure;
     const LintReport report = LintDocuments(documents, options.maxFindings);
+    const auto replaced = options.isBuiltin ? std::vector<std::string>() : ReplacedBy(documents);
     switch (options.format) {
     case FindingFormat::Text:
-        PrintText(report);
+        PrintText(report, replaced);
         break;
     case FindingFormat::Json:
-        PrintJson(documents, report);
+        PrintJson(documents, report, replaced);
         break;
     default:
         Print(FindingsText(options.format, report.findings, Lint::Codes()));

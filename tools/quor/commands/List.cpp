@@ -1,9 +1,11 @@
 #include "quor/syntax/KeywordSyntaxUtils.h"
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/CommonOptions.h"
+#include "tools/quor/commands/LanguageOrigin.h"
 #include "tools/quor/commands/LoadedLanguage.h"
 #include "tools/quor/commands/NameFilter.h"
 #include "tools/quor/commands/SummaryFilter.h"
+#include "tools/quor/settings/SettingOptions.h"
 #include "tools/quor/terminal/Json.h"
 #include "tools/quor/terminal/Terminal.h"
 #include "tools/quor/terminal/TextLayout.h"
@@ -42,6 +44,7 @@ struct ListOptions {
     bool withHidden = false;
     bool countsOnly = false;
     bool isJson = false;
+    SettingSources sources;
 
     bool AsksForValidity() const
     {
@@ -222,6 +225,8 @@ int List(LoadedLanguage& language, ListOptions options)
         PrintText(syntaxes);
     if (syntaxes.empty())
         PrintAside("no keyword matches all options\n");
+    if (!options.isJson)
+        PrintAside(OriginText(language));
     return Success;
 }
 
@@ -232,7 +237,7 @@ Command MakeListCommand(CLI::App& application)
     const auto options = std::make_shared<ListOptions>();
     CLI::App& command = *application.add_subcommand(
         "list", "Lists the keywords that match all options: name, sections, description.");
-    AddSectionOption(command, options->section);
+    AddSectionOption(command, Into(options->section));
     AddSimulatorOption(command, Into(options->simulator));
     AddModeOption(command, Into(options->mode));
     command.add_option("--text", options->text, "Text in the name, an alias or the description, in any case")
@@ -252,6 +257,7 @@ Command MakeListCommand(CLI::App& application)
         "List the measurements that those keywords use, with the number of keywords and the units");
     command.add_flag("--count", options->countsOnly, "Print only the number of rows");
     AddFormatOption(command, options->isJson);
+    AddSyntaxOptions(command, options->sources);
     command.footer(
         "The type of a table of records is record, of a list of lists list, and of a keyword without "
         "data none.\n"
@@ -262,7 +268,8 @@ Command MakeListCommand(CLI::App& application)
         "  quor list --entity Well --flow Production --function Rate\n"
         "  quor list --defines well\n"
         "  quor list --text saturation --format json");
-    return {&command, [options](LoadedLanguage& language) { return List(language, *options); }};
+    return {&command, [options](LoadedLanguage& language) { return List(language, *options); },
+        [options] { return DocumentsOf(SettingsOf("", options->sources)); }};
 }
 
 } // namespace Veld::Quor::Tools

@@ -1,12 +1,15 @@
 #include "tools/quor/commands/LoadedLanguage.h"
 
 #include "quor/foundation/service/Environment.h"
+#include "quor/foundation/service/Exception.h"
+#include "quor/lint/Lint.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <iostream>
 #include <sstream>
+#include <stdexcept>
 #include <tuple>
 
 namespace Veld::Quor::Tools {
@@ -33,26 +36,58 @@ private:
 
 /// The library prints the failures of a load on standard output, which is for data here; the exception that
 /// comes with each says the same.
-KeywordSyntaxTable& Load()
+KeywordSyntaxTable& LoadTable()
 {
     const OutputGuard guard;
     return KeywordSyntaxTable::Instance();
 }
 
+/// Why the load fails, if that is because of an own document; empty if none has an error.
+std::string ErrorIn(const std::vector<std::string>& documents)
+{
+    for (const std::string& path : documents) {
+        std::vector<Core::Lint::Document> alone;
+        alone.push_back(Core::Lint::Document::ReadFile(path));
+        const auto report = Core::Lint::LintDocuments(alone, 1000);
+        for (const Core::Decks::Finding& finding : report.findings) {
+            if (finding.severity == Core::Decks::Severity::Error)
+                return Core::Decks::ToString(finding);
+        }
+    }
+    return {};
+}
+
 } // namespace
 
-LoadedLanguage::LoadedLanguage()
-    : start_(std::chrono::steady_clock::now())
-    , table_(Load())
-    , loadTime_(
-          std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start_))
+LoadedLanguage::LoadedLanguage(const std::vector<std::string>& documents)
 {
+    Load(documents);
+}
+
+void LoadedLanguage::Load(const std::vector<std::string>& documents)
+{
+    if (table_)
+        KeywordSyntaxTable::Instance(true, false);
+    table_ = nullptr;
+    documents_ = documents;
+    const auto start = std::chrono::steady_clock::now();
+    KeywordSyntaxTable::SetOwnDocuments(documents);
+    try {
+        table_ = &LoadTable();
+    } catch (const Core::Service::Exception&) {
+        const std::string error = ErrorIn(documents);
+        if (error.empty())
+            throw;
+        throw std::runtime_error(fmt::format("can't load the language: {}", error));
+    }
+    loadTime_ =
+        std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
 }
 
 LoadedLanguage::Syntaxes LoadedLanguage::GetSyntaxes(bool withHidden)
 {
     Syntaxes syntaxes;
-    KeywordSyntaxEnumerator enumerator = table_.KeywordsEnumerator();
+    KeywordSyntaxEnumerator enumerator = table_->KeywordsEnumerator();
     while (withHidden ? enumerator.NextWithHidden() : enumerator.Next()) {
         const auto& [name, syntax] = *enumerator.Current();
         if (*name == syntax->GetName()) // else reached by an alias
@@ -69,10 +104,13 @@ std::string LoadedLanguage::GetOrigin()
 {
     const std::string main = Core::Service::GetEnvVariable("QUOR_KEYWORD_SYNTAX_FILE");
     const std::string trusted = Core::Service::GetEnvVariable("QUOR_KEYWORD_TRUSTED_SYNTAX_DIR");
-    if (main.empty() && trusted.empty())
-        return "built-in documents";
-    return fmt::format("{}, {}", main.empty() ? "built-in main document" : main,
-        trusted.empty() ? "built-in trusted document" : trusted);
+    std::string origin = main.empty() && trusted.empty()
+        ? "built-in documents"
+        : fmt::format("{}, {}", main.empty() ? "built-in main document" : main,
+            trusted.empty() ? "built-in trusted document" : trusted);
+    for (const std::string& own : KeywordSyntaxTable::GetOwnDocuments())
+        origin += ", " + own;
+    return origin;
 }
 
 } // namespace Veld::Quor::Tools

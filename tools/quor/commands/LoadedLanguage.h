@@ -14,10 +14,15 @@ class LoadedLanguage {
 public:
     using Syntaxes = std::vector<const Core::Keywords::IKeywordSyntax*>;
 
-    /// Loads the table. Throws what the load throws; the library's own print on standard output is kept away.
-    LoadedLanguage();
+    /// Loads the table, with own documents beside those of the language. Throws what the load throws; the
+    /// library's own print on standard output is kept away.
+    explicit LoadedLanguage(const std::vector<std::string>& documents = {});
 
-    Core::Keywords::KeywordSyntaxTable& GetTable() { return table_; }
+    /// Loads again with other documents: what was made of the table before is gone.
+    void Load(const std::vector<std::string>& documents);
+
+    Core::Keywords::KeywordSyntaxTable& GetTable() { return *table_; }
+    const std::vector<std::string>& GetDocuments() const { return documents_; }
     std::chrono::milliseconds GetLoadTime() const { return loadTime_; }
 
     /// Each syntax once, by name, and those of one name in the order of their first sections. Without
@@ -28,9 +33,9 @@ public:
     static std::string GetOrigin();
 
 private:
-    std::chrono::steady_clock::time_point start_; // first, so that the load falls behind it
-    Core::Keywords::KeywordSyntaxTable& table_;
-    std::chrono::milliseconds loadTime_;
+    std::vector<std::string> documents_;
+    Core::Keywords::KeywordSyntaxTable* table_ = nullptr; // the process's
+    std::chrono::milliseconds loadTime_{};
 };
 
 } // namespace Veld::Quor::Tools

@@ -2,6 +2,7 @@
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/LoadedLanguage.h"
 #include "tools/quor/findings/FindingText.h"
+#include "tools/quor/settings/SettingOptions.h"
 #include "tools/quor/terminal/Terminal.h"
 
 #include <CLI/CLI.hpp>
@@ -50,6 +51,7 @@ int WriteManualOrReport(LoadedLanguage& language, const std::string& folder)
 Command MakeManualCommand(CLI::App& application)
 {
     const auto folder = std::make_shared<std::string>();
+    const auto sources = std::make_shared<SettingSources>();
     CLI::App& command = *application.add_subcommand("manual",
         "Writes the reference of the language as pages for a browser: a page for each keyword, and pages\n"
         "by section, subject, simulator, measurement and finding code, with a search.");
@@ -57,12 +59,14 @@ Command MakeManualCommand(CLI::App& application)
         .add_option(
             "FOLDER", *folder, "New or empty folder, or one with an earlier manual, which is replaced")
         ->required();
+    AddSyntaxOptions(command, *sources);
     command.footer("The pages need no network and no server: open index.html. What the documents in the\n"
                    "environment variables say is in them.\n\n"
                    "Examples:\n"
                    "  quor manual manual\n"
                    "  xdg-open manual/index.html");
-    return {&command, [folder](LoadedLanguage& language) { return WriteManualOrReport(language, *folder); }};
+    return {&command, [folder](LoadedLanguage& language) { return WriteManualOrReport(language, *folder); },
+        [sources] { return DocumentsOf(SettingsOf("", *sources)); }};
 }
 
 } // namespace Veld::Quor::Tools

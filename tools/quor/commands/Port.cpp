@@ -223,7 +223,8 @@ Command MakePortCommand(CLI::App& application)
         "Examples:\n"
         "  quor port reservoir.data --to Carrow\n"
         "  quor port reservoir.data --from Dunmere --to Sedge --mode Compositional --all");
-    return {&command, [options](LoadedLanguage& language) { return Port(language, *options); }};
+    return {&command, [options](LoadedLanguage& language) { return Port(language, *options); },
+        [options] { return DocumentsFor(options->deck, options->read); }};
 }
 
 } // namespace Veld::Quor::Tools

@@ -117,7 +117,8 @@ Command MakeReportCommand(CLI::App& application)
                    "  quor report reservoir.data -o report.html\n"
                    "  quor report reservoir.data --simulator Dunmere --output report.html\n"
                    "  quor report old.data --compare new.data -o old-and-new.html");
-    return {&command, [options](LoadedLanguage& language) { return WriteReport(language, *options); }};
+    return {&command, [options](LoadedLanguage& language) { return WriteReport(language, *options); },
+        [options] { return DocumentsFor(options->deck, options->read); }};
 }
 
 } // namespace Veld::Quor::Tools

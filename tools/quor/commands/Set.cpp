@@ -221,7 +221,8 @@ Command MakeSetCommand(CLI::App& application)
     AddOutsideOption(command, options->mayBeOutside);
     command.add_flag("--force", options->isForced, "Write also if the changed deck has new errors");
     command.footer(setDetails);
-    return {&command, [options](LoadedLanguage& language) { return SetValues(language, *options); }};
+    return {&command, [options](LoadedLanguage& language) { return SetValues(language, *options); },
+        [options] { return DocumentsFor(options->deck, options->read); }};
 }
 
 } // namespace Veld::Quor::Tools

@@ -99,13 +99,14 @@ Command MakeSettingsCommand(CLI::App& application)
         ->type_name("FILE");
     AddSettingsFileOptions(command, options->sources);
     AddSettingOptions(command, options->sources.given,
-        {"simulator", "mode", "rules", "max-repeated-values", "variables", "aliases", "check.select",
-            "check.ignore", "check.raise", "check.fail-on", "check.strict", "check.max-findings",
-            "check.baseline", "format.normalize"});
+        {"simulator", "mode", "rules", "syntax", "syntax-folder", "max-repeated-values", "variables",
+            "aliases", "check.select", "check.ignore", "check.raise", "check.fail-on", "check.strict",
+            "check.max-findings", "check.baseline", "format.normalize"});
     AddFormatOption(command, options->isJson);
     command.footer(
-        "The command line takes precedence over the file. Its --rules, --ignore and --raise are added to\n"
-        "those of the file; what it selects is not ignored. Paths in the file are relative to its folder.\n\n"
+        "The command line takes precedence over the file. Its --rules, --syntax, --ignore and --raise\n"
+        "are added to those of the file; what it selects is not ignored. Paths in the file are relative to "
+        "its folder.\n\n"
         "An example of a quor.toml:\n"
         "  simulator = \"Carrow\"\n"
         "  decks = [\"cases/*.data\"]\n"

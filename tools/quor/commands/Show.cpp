@@ -7,6 +7,7 @@
 #include "tools/quor/findings/FindingCodes.h"
 #include "tools/quor/manual/Browser.h"
 #include "tools/quor/manual/Manual.h"
+#include "tools/quor/settings/SettingOptions.h"
 #include "tools/quor/terminal/Json.h"
 #include "tools/quor/terminal/Terminal.h"
 #include "tools/quor/terminal/TextLayout.h"
@@ -38,6 +39,7 @@ struct ShowOptions {
     std::vector<std::string> names;
     std::optional<UnitSystem::Enum> units;
     bool isJson = false;
+    SettingSources sources;
     bool inBrowser = false;
 };
 
@@ -238,6 +240,7 @@ Command MakeShowCommand(CLI::App& application)
     AddFormatOption(command, options->isJson);
     command.add_flag("--browser", options->inBrowser, "Open the pages of the keywords in a browser")
         ->excludes("--units", "--format");
+    AddSyntaxOptions(command, options->sources);
     command.footer(
         "Limits and defaults are in the units of the deck. With --units, defaults are converted; without\n"
         "it, one that is not the same amount in all systems is shown with its METRIC unit. JSON output\n"
@@ -247,7 +250,8 @@ Command MakeShowCommand(CLI::App& application)
         "  quor show WCONPROD --units FIELD\n"
         "  quor show PORO PERMX --format json\n"
         "  quor show WCONPROD --browser");
-    return {&command, [options](LoadedLanguage& language) { return Show(language, *options); }};
+    return {&command, [options](LoadedLanguage& language) { return Show(language, *options); },
+        [options] { return DocumentsOf(SettingsOf("", options->sources)); }};
 }
 
 } // namespace Veld::Quor::Tools

@@ -47,14 +47,23 @@ std::string StandardInput::NameOf(const std::string& path) const
                                : (std::filesystem::path(deckFolder_) / name.filename()).string();
 }
 
+/// Another path may lead to it, which need not be there.
+bool StandardInput::IsIt(const std::string& path) const
+{
+    const std::string name = NameOf(standardInputPath);
+    std::error_code error;
+    return path == name
+        || std::filesystem::weakly_canonical(path, error) == std::filesystem::weakly_canonical(name, error);
+}
+
 std::string StandardInput::Identify(const std::string& path) const
 {
-    return path == NameOf(standardInputPath) ? "standard input" : files_.Identify(path);
+    return IsIt(path) ? "standard input" : files_.Identify(path);
 }
 
 std::shared_ptr<const Decks::SourceText> StandardInput::Open(const std::string& path) const
 {
-    if (path != NameOf(standardInputPath))
+    if (!IsIt(path))
         return files_.Open(path);
     std::call_once(once_, [this] { text_ = Decks::SourceText::FromMemory(ReadStandardInput()); });
     return text_;

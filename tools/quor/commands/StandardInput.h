@@ -9,6 +9,8 @@
 
 namespace Veld::Quor::Tools {
 
+/// How standard input is called without a name.
+constexpr const char* standardInputName = "<stdin>";
 /// The path that stands for standard input on a command line.
 constexpr const char* standardInputPath = "-";
 
@@ -16,7 +18,7 @@ constexpr const char* standardInputPath = "-";
 class StandardInput : public Core::Decks::DeckSource {
 public:
     /// `name`: the path by which findings name it, and relative to which it includes files.
-    explicit StandardInput(std::string name = "<stdin>");
+    explicit StandardInput(std::string name = standardInputName);
 
     void SetName(const std::string& name) { name_ = name; }
     /// The folder that decks are taken to be in; empty: their own.
@@ -28,6 +30,8 @@ public:
     std::shared_ptr<const Core::Decks::SourceText> Open(const std::string& path) const override;
 
 private:
+    bool IsIt(const std::string& path) const;
+
     std::string name_;
     std::string deckFolder_;
     Core::Decks::FileSource files_;

@@ -34,6 +34,11 @@ std::vector<SettingInfo> MakeSettings()
         {"decks", "", "PATTERN", "Decks of the project, which 'quor check' without a deck checks",
             &Settings::decks, "none"},
         {"rules", "--rules", "FILE", "Documents of own rules", &Settings::rules, "none"},
+        {"syntax", "--syntax", "FILE",
+            "Own documents of keywords, beside those of the language; a later one takes precedence",
+            &Settings::syntax, "none"},
+        {"syntax-folder", "--syntax-folder", "FOLDER", "The same for the .xml files of a folder, before them",
+            &Settings::syntaxFolder, "none"},
         {"max-repeated-values", "--max-repeated-values", "N",
             "Maximum number of values that repeat counts such as 1000*0.2 make in a keyword, beyond 100 for "
             "each byte of the deck",
@@ -85,14 +90,14 @@ struct ValueTexts {
 
 bool SettingInfo::IsPath() const
 {
-    return value == std::string_view("FILE") || value == std::string_view("PATTERN")
-        || setText == &Options::SetPathAlias;
+    return value == std::string_view("FILE") || value == std::string_view("FOLDER")
+        || value == std::string_view("PATTERN") || setText == &Options::SetPathAlias;
 }
 
 bool SettingInfo::IsAdded() const
 {
-    return member == Member(&Settings::rules) || member == Member(&Settings::ignored)
-        || member == Member(&Settings::raised);
+    return member == Member(&Settings::rules) || member == Member(&Settings::syntax)
+        || member == Member(&Settings::ignored) || member == Member(&Settings::raised);
 }
 
 const std::vector<SettingInfo>& AllSettings()

@@ -113,6 +113,12 @@ void AddSettingOptions(CLI::App& command, Settings& given, std::initializer_list
     }
 }
 
+void AddSyntaxOptions(CLI::App& command, SettingSources& sources)
+{
+    AddSettingOptions(command, sources.given, {"syntax", "syntax-folder"});
+    AddSettingsFileOptions(command, sources);
+}
+
 void AddSettingsFileOptions(CLI::App& command, SettingSources& sources)
 {
     command

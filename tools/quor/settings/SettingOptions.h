@@ -14,6 +14,9 @@ namespace Veld::Quor::Tools {
 /// which must outlive the application.
 void AddSettingOptions(CLI::App& command, Settings& given, std::initializer_list<const char*> names);
 
+/// Adds the options of own documents, for a command without a deck.
+void AddSyntaxOptions(CLI::App& command, SettingSources& sources);
+
 /// Adds the options that name another settings file, or none.
 void AddSettingsFileOptions(CLI::App& command, SettingSources& sources);
 

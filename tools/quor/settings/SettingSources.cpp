@@ -8,11 +8,17 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
+
+#include <unistd.h>
 
 namespace Veld::Quor::Tools {
 
 namespace Decks = Core::Decks;
+namespace fs = std::filesystem;
 using namespace Core::Keywords;
 
 std::string SettingsFileOf(const std::string& deck, const SettingSources& sources)
@@ -26,6 +32,34 @@ Settings SettingsOf(const std::string& deck, const SettingSources& sources)
 {
     const std::string file = SettingsFileOf(deck, sources);
     return Merge(sources.given, file.empty() ? Settings() : ReadSettingsFile(file));
+}
+
+std::vector<std::string> DocumentsOf(const Settings& settings)
+{
+    std::vector<std::string> files;
+    if (settings.syntaxFolder) {
+        std::error_code error;
+        for (fs::directory_iterator entry(*settings.syntaxFolder, error), end; !error && entry != end;
+             entry.increment(error)) {
+            if (entry->path().extension() == ".xml")
+                files.push_back(entry->path().string());
+        }
+        if (error)
+            throw SettingsError(
+                fmt::format("can't read the folder '{}': {}", *settings.syntaxFolder, error.message()));
+        if (files.empty())
+            throw SettingsError(
+                fmt::format("no document in the folder '{}'; expected .xml files", *settings.syntaxFolder));
+        std::sort(files.begin(), files.end());
+    }
+    const Settings::Words others = settings.syntax.value_or(Settings::Words());
+    files.insert(files.end(), others.begin(), others.end());
+    for (const std::string& file : files) {
+        if (::access(file.c_str(), R_OK) != 0)
+            throw SettingsError(fmt::format(
+                "can't read the document '{}': {}", file, std::generic_category().message(errno)));
+    }
+    return files;
 }
 
 void ApplyReading(const Settings& settings, Decks::ReadOptions& options)

@@ -21,6 +21,9 @@ std::string SettingsFileOf(const std::string& deck, const SettingSources& source
 /// What holds for a deck. Throws `SettingsError`.
 Settings SettingsOf(const std::string& deck, const SettingSources& sources);
 
+/// The documents of keywords that settings add to the language. Throws `SettingsError` if one can't be read.
+std::vector<std::string> DocumentsOf(const Settings& settings);
+
 /// Puts what settings say of reading into the options: simulator, mode, variables, aliases, repeats.
 void ApplyReading(const Settings& settings, Core::Decks::ReadOptions& options);
 /// Puts what they say of findings into the options: codes and strictness.

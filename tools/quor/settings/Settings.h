@@ -18,6 +18,8 @@ struct Settings {
     std::optional<std::string> mode;
     std::optional<Words> decks; // patterns of paths
     std::optional<Words> rules; // files
+    std::optional<Words> syntax; // files
+    std::optional<std::string> syntaxFolder;
     std::optional<std::size_t> maxRepeatedValues;
     std::optional<Texts> variables;
     std::optional<Texts> aliases;
@@ -35,8 +37,8 @@ struct Settings {
 };
 
 /// What holds if a command line says `given` in a project that says `ofProject`: the command line takes
-/// precedence. It adds to rules and to codes that are ignored or raised; a code that it selects is not
-/// ignored.
+/// precedence. It adds to rules, to documents and to codes that are ignored or raised; a code that it selects
+/// is not ignored.
 Settings Merge(const Settings& given, const Settings& ofProject);
 
 } // namespace Veld::Quor::Tools

@@ -2,6 +2,7 @@
 
 #include "quor/deck/internal/text/LineText.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
@@ -39,7 +40,7 @@ void FindingReporter::ReportAs(const FindingVoice& voice, const TextRange& range
     const std::string name = voice.code.empty() ? info.name : voice.code;
     const auto chosen = choices_.Choose(name, severity, info.isStrict && !voice.severity, isStrict_);
     errors_ += severity == Severity::Error ? 1 : 0; // Wanted: what the host chooses changes no data
-    if (!chosen)
+    if (!chosen || (isReported_ && !IsReported(range, related)))
         return;
     if (code != Code::BadSuppression && ScanTo(range.file, range.offset).Cover(range.offset, name))
         return findings_.Hide(Hiding::Suppressed);
@@ -76,6 +77,14 @@ void FindingReporter::ReportBadSuppressions(std::uint32_t file, std::size_t end)
     const bool isScanned = suppressions_.count(files_.Get(file).text.get()) > 0;
     if (!isMuted_ && (isScanned || files_.GetText(file).size() < large))
         ScanTo(file, end);
+}
+
+/// Whether the finding is about a file whose findings are reported.
+bool FindingReporter::IsReported(const TextRange& range, const std::vector<Related>& related) const
+{
+    return isReported_(files_.Get(range.file))
+        || std::any_of(related.begin(), related.end(),
+            [this](const Related& other) { return isReported_(files_.Get(other.range.file)); });
 }
 
 bool FindingReporter::IsIncludedAgain(std::uint32_t file) const

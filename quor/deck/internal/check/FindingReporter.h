@@ -54,6 +54,8 @@ public:
     /// large file in which nothing was found is left alone: it would take as long as to read it.
     void ReportBadSuppressions(std::uint32_t file, std::size_t end = std::string::npos);
 
+    /// The files whose findings are reported; empty: all.
+    void SetReportedFile(ReportedFile isReported) { isReported_ = std::move(isReported); }
     /// Whether findings quote files outside the folder of the deck.
     void SetOutsideTextShown(bool isShown) { isOutsideTextShown_ = isShown; }
 
@@ -96,6 +98,7 @@ private:
         std::size_t reported = 0;
     };
 
+    bool IsReported(const TextRange& range, const std::vector<Related>& related) const;
     bool IsTextHidden(std::uint32_t file) const { return !isOutsideTextShown_ && files_.Get(file).isOutside; }
     /// Whether the file was included before: a change of it was suggested then.
     bool IsIncludedAgain(std::uint32_t file) const;
@@ -106,6 +109,7 @@ private:
     const DeckFiles& files_;
     FindingCollector findings_;
     KnownFinding isKnown_;
+    ReportedFile isReported_; // empty: all
     CodeChoices choices_;
     const std::vector<std::string>& ownCodes_;
     std::unordered_map<const SourceText*, FileComments> suppressions_;

@@ -25,7 +25,10 @@ struct ReadSettings {
     Keywords::PathAliases aliases = {}; ///< that the deck has before its first PATHS
     bool isConfined = false; ///< whether files outside the folder of the deck are not read
     bool isOutsideTextShown = true; ///< whether findings quote them
+    /// Of which the text is a part; `None`: it is a whole deck.
+    Keywords::SectionType::Enum section = Keywords::SectionType::None;
     KnownFinding isKnown = {};
+    ReportedFile isReported = {}; ///< empty: findings in all files are reported
     std::shared_ptr<const DeckSource> source = {}; ///< null: the files of the system
     ReadCancellation isCancelled = {}; ///< asked now and then; once it is true the read ends
 };

@@ -8,6 +8,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
@@ -53,6 +54,21 @@ DeckReader::DeckReader(const std::string& path, const ReadSettings& options, con
     text_.SetCancellation(options.isCancelled);
     text_.SetConfined(options.isConfined);
     reporter_.SetOutsideTextShown(options.isOutsideTextShown);
+    reporter_.SetReportedFile(options.isReported);
+    if (options.section != SectionType::None)
+        StartIn(options.section);
+}
+
+/// What is before the text isn't known.
+void DeckReader::StartIn(SectionType::Enum section)
+{
+    isPart_ = mayMissKeywords_ = true;
+    text_.SetIncluded();
+    sections_.StartIn(section);
+    dimensions_.ForgetDefaults();
+    dimensions_.LoseBox();
+    rules_.Lose();
+    physics_.Lose();
 }
 
 std::unique_ptr<DeckContents> DeckReader::Read()
@@ -74,13 +90,13 @@ std::unique_ptr<DeckContents> DeckReader::Read()
             dimensions_.ForgetDefaults();
     }
     EndSection();
-    if (deck_->keywords.empty() && deck_->files.GetSize() == 1 && reporter_.GetErrorCount() == 0)
+    if (!isPart_ && deck_->keywords.empty() && deck_->files.GetSize() == 1 && reporter_.GetErrorCount() == 0)
         reporter_.Report(
             {}, Code::NoSection, "the deck has no keywords", "start the deck with section RUNSPEC");
     rules_.EndDeck(sections_.IsSure() && !mayMissKeywords_);
     text_.Finish();
     deck_->distinctFiles = text_.GetFileCount();
-    deck_->sections = sections_.GetCount();
+    deck_->sections = std::max<std::size_t>(sections_.GetCount(), isPart_ ? 1 : 0);
     return std::move(deck_);
 }
 
@@ -140,7 +156,7 @@ void DeckReader::FollowLast(bool isReported, bool isGuess)
 
 void DeckReader::EndSection()
 {
-    scopes_.CloseAll(sections_.IsSure());
+    scopes_.CloseAll(sections_.IsSure() && !isPart_);
     precedents_.EndSection(sections_.IsSure() && !mayMissKeywords_);
     if (!sections_.IsSure() || mayMissKeywords_)
         physics_.Lose();

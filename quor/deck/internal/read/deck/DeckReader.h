@@ -30,6 +30,7 @@ public:
     std::unique_ptr<DeckContents> Read();
 
 private:
+    void StartIn(Core::Keywords::SectionType::Enum section);
     void ReadHead(const Token& head);
     void ReadUnknown(const Token& head);
     void ReadMisspelt(const Token& head);
@@ -63,6 +64,7 @@ private:
     RuleChecks rules_;
     PhysicsChecks physics_;
 
+    bool isPart_ = false; // of a deck: what is before and after the text isn't known
     bool mayMissKeywords_ = false; // one could not be made out
     bool mayTakeSlash_ = false; // after a keyword without data a slash does no harm
 };

@@ -23,6 +23,8 @@ public:
     {
     }
 
+    /// The text begins within the section.
+    void StartIn(Core::Keywords::SectionType::Enum section) { current_ = headed_ = section; }
     /// `name`: of the keyword that begins the section.
     void Enter(Core::Keywords::SectionType::Enum section, const TextRange& name, const Entry& entry);
     /// Whether the keyword may be where it is; reports if not.

@@ -135,6 +135,8 @@ public:
     void CheckCancelled() const;
     /// Whether files outside the folder of the deck are not read.
     void SetConfined(bool isConfined) { isConfined_ = isConfined; }
+    /// The text is one that a deck includes: it may say where it ends.
+    void SetIncluded() { isIncluded_ = true; }
     void SetCommentSink(CommentSink sink) { commentSink_ = std::move(sink); }
 
 private:
@@ -198,6 +200,7 @@ private:
     std::filesystem::path folder_;
     FolderBounds bounds_;
     bool isConfined_ = false;
+    bool isIncluded_ = false;
     Target target_;
     Vocabulary& vocabulary_;
     DeckFiles& files_;

@@ -72,6 +72,10 @@ void DeckText::EndInclude(const Entry& entry, const TextRange& range, std::strin
         return;
     }
     position_ += word.size();
+    if (isIncluded_) {
+        isEnded_ = true;
+        return;
+    }
     reporter_.Report(range, Code::StrayEndinc,
         fmt::format("{} has no effect outside an included file", entry.spelling), "use END to end the deck");
     ++turns_;
@@ -133,7 +137,8 @@ void DeckText::Include(const TextRange& statement, const TextRange& name, const 
 {
     std::string resolved;
     if (aliases_.resolvePathAliases(text, resolved)) {
-        ReportAlias(name, resolved);
+        if (!isIncluded_)
+            ReportAlias(name, resolved);
         missedInclusion_ = true;
         return;
     }
@@ -155,9 +160,11 @@ void DeckText::Include(const TextRange& statement, const TextRange& name, const 
         if (text.find('$') != std::string::npos)
             rightAliases_.insert(AliasIn(text));
     } catch (const SourceError& error) {
+        missedInclusion_ = true;
+        if (isIncluded_) // a name starts from the folder of a deck that isn't known, and so do its aliases
+            return;
         ReportMissing(
             name, text, resolved, fmt::format("can't read '{}': {}", Printable(path), error.what()));
-        missedInclusion_ = true;
     }
 }
 
