@@ -56,6 +56,30 @@ Json: get a.data 'DIMENS.NX' --format json --set RATE=5 =>
         }
       ]
     }
+Dump: dump a.data --set RATE=5 >1; $QUOR dump --load 1 >c; $QUOR dump c | tail -n +2 >2; tail -n +2 1 | cmp - 2; grep -e ACTNUM -e WCONPROD 1; grep -A1 -e PORO -e ACTNUM c =>
+    {"name":"ACTNUM","section":"GRID","data":[1,null,null,0]},
+    {"name":"WCONPROD","section":"SCHEDULE","data":[{"WELL":"P1","STATUS":"OPEN","CONTROL":"ORAT","ORAT":5,"RESV":250},
+    {"name":"WCONPROD","section":"SCHEDULE","data":[{"WELL":"P1","STATUS":"OPEN","CONTROL":"ORAT","ORAT":7}]}
+    PORO
+       0.25 3*0.2 /
+    --
+    ACTNUM
+       1 2*  0 /
+DumpOfBytes: --version >v; printf 'RUNSPEC\nNOTES\n a\xFC\nENDNOTES\n' >c; $QUOR dump c >1; $QUOR dump --load 1 | cmp - c; sed -n 3p 1 => {"name":"NOTES","section":"RUNSPEC","data":{"latin1":" aü\\n"}}
+LoadOfNoDump: --version >v; for t in [] '{"schema_version":2}' '[{"name":"PORU"}]' '[{"data":[]}]' '[{"name":3}]' '[{"name":"PORO","section":"GRIDD"}]' '[{"name":"OIL","data":3}]' '[{"name":"PORO","data":{}}]' '[{"name":"PORO","data":["x"]}]' '[{"name":"EQUIL","data":[{"OCW":1}]}]' '[{"name":"NOTES","data":"a\\nENDNOTES\\n"}]' '[{"name":"NOTES","data":{"latin":""}}]' '[1'; do case $t in '[]'|'{'*) ;; *) t='{"keywords":'$t'}';; esac; printf %s "$t" >1; $QUOR dump --load 1 2>&1 | cut -c 40-; done =>
+    expected an object with 'keywords'
+    expected 'schema_version' 1
+    keyword 1 (PORU): unknown keyword
+    keyword 1: expected 'name' before 'data'
+    keyword 1: expected a text as 'name'
+    keyword 1 (PORO): expected the name of a section as 'section'
+    keyword 1 (OIL): expected no 'data': the keyword has none
+    keyword 1 (PORO): expected an array
+    keyword 1 (PORO): expected a number
+    keyword 1 (EQUIL): EQUIL: no item 'OCW'; did you mean 'OWC'?
+    keyword 1 (NOTES): NOTES: a line of the text is 'ENDNOTES', which ends it
+    keyword 1 (NOTES): expected a text, or an object with 'latin1'
+    expected an object for each keyword
 Input: get - 'PORO[2]' --set RATE=5 <a.data => PORO[2]  0.2
 NamedInput: check - --stdin-filename x/y.data --set RATE=5 <a.data 2>e =>
     x/y.data:9:2: error: can't read 'x/b.data': No such file or directory [include-missing]

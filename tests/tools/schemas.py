@@ -44,6 +44,14 @@ for document, arguments in [
     ("failure", ["info", "/none.data"]),
 ] + [("info", ["info", deck]) for deck in decks if "faulty" not in deck]:
     validate(document, arguments, run(*arguments, "--format", "json"))
+for deck in [deck for deck in decks if "faulty" not in deck]:
+    dump = run("dump", deck)
+    validate("dump", ["dump", deck], dump)
+    made = subprocess.run([quor, "dump", "--load", "-"], input=dump.encode(), capture_output=True)
+    again = subprocess.run([quor, "dump", "-"], input=made.stdout, capture_output=True)
+    if json.loads(again.stdout)["keywords"] != json.loads(dump)["keywords"]:
+        failures += 1
+        print(f"quor dump --load: another deck than {deck}: {made.stderr.decode()}{again.stderr.decode()}")
 lines = run("check", *decks, "/none.data", "--format", "jsonl").splitlines()
 assert len(lines) == len(decks) + 1
 validate("checkLine", ["check", "--format", "jsonl"], *lines)

@@ -137,6 +137,7 @@ std::vector<Command> AddCommands(CLI::App& application)
         MakeFormatCommand(application),
         MakeGetCommand(application),
         MakeSetCommand(application),
+        MakeDumpCommand(application),
         MakeDiffCommand(application),
         MakePortCommand(application),
         MakeReportCommand(application),

@@ -39,6 +39,7 @@ Command MakeInfoCommand(CLI::App& application);
 Command MakeFormatCommand(CLI::App& application);
 Command MakeGetCommand(CLI::App& application);
 Command MakeSetCommand(CLI::App& application);
+Command MakeDumpCommand(CLI::App& application);
 Command MakeDiffCommand(CLI::App& application);
 Command MakePortCommand(CLI::App& application);
 Command MakeReportCommand(CLI::App& application);

@@ -16,8 +16,7 @@ std::string ToLine(const nlohmann::ordered_json& json)
 
 nlohmann::ordered_json WithVersion(const nlohmann::ordered_json& json)
 {
-    constexpr int schemaVersion = 1;
-    nlohmann::ordered_json versioned = {{"schema_version", schemaVersion}};
+    nlohmann::ordered_json versioned = {{"schema_version", outputVersion}};
     versioned.update(json);
     return versioned;
 }

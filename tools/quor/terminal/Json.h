@@ -12,6 +12,9 @@ std::string ToText(const nlohmann::ordered_json& json);
 /// The same in one line.
 std::string ToLine(const nlohmann::ordered_json& json);
 
+/// The version of the schema of what we print.
+constexpr int outputVersion = 1;
+
 /// An object of ours as it goes out: after the version of its schema.
 nlohmann::ordered_json WithVersion(const nlohmann::ordered_json& json);
 
