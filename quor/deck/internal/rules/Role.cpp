@@ -62,6 +62,8 @@ const std::vector<Service::EnumInfo<Role>>& Role::EnumInfos()
         {TimesOfSteps, "times of steps"},
         {RestartedRun, "restarted run"},
         {AliasesOfPaths, "aliases of paths"},
+        {SizeOfGrid, "size of grid"},
+        {SizeOfGridAgain, "size of grid again"},
         {Box, "box"},
         {EndOfBox, "end of box"},
         {FirstI, "first I"},

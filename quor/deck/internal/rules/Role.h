@@ -76,6 +76,8 @@ struct Role {
         TimesOfSteps,
         RestartedRun,
         AliasesOfPaths,
+        SizeOfGrid,
+        SizeOfGridAgain,
         // Boxes of cells, and what works on arrays in them or in regions.
         Box,
         EndOfBox,

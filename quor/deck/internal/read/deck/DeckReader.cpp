@@ -205,7 +205,7 @@ void DeckReader::FollowSizes(const KeywordInstance& keyword, const RolesOfKeywor
     }
     if (roles.Has(Role::Box))
         dimensions_.SetBox(*keyword.data);
-    else if (name == "SPECGRID")
+    else if (roles.Has(Role::SizeOfGridAgain))
         CompareGrids(keyword);
     else if (keyword.section == SectionType::RUNSPEC)
         dimensions_.Add(name, *keyword.data, static_cast<std::uint32_t>(deck_->keywords.size() - 1));
@@ -219,25 +219,26 @@ void DeckReader::FollowPaths(const KeywordInstance& keyword)
         DataAccessUtils::AddPathAliases(keyword.data.get(), text_.GetAliases());
 }
 
-std::unique_ptr<DeckContents> ReadDeck(
-    const std::string& path, const ReadSettings& options, const LanguageIndex& language)
-{
-    return DeckReader(path, options, language).Read();
-}
-
-/// A grid of pillars says again what DIMENS says. Nobody knows which of them is right.
+/// A grid of pillars says its size again. Nobody knows which of them is right.
 void DeckReader::CompareGrids(const KeywordInstance& pillars)
 {
-    const auto difference = dimensions_.FindDifference(*pillars.data, "DIMENS");
+    const std::string& sizes = deck_->language.FindNameOf(Role::SizeOfGrid);
+    const auto difference = dimensions_.FindDifference(*pillars.data, sizes);
     if (!difference)
         return;
     const KeywordInstance& whole = deck_->keywords[difference->other.keyword];
     if (!data_.HasReported("NX*NY*NZ")) // else that is the reason
         reporter_.Report(pillars.name, Code::WrongSize,
-            fmt::format("SPECGRID: {} is {}, but {} of DIMENS is {}", difference->name, difference->value,
-                difference->name, difference->other.value),
-            "write the same sizes in both", {}, {{whole.name, "DIMENS is here"}});
+            fmt::format("{}: {} is {}, but {} of {} is {}", pillars.syntax->GetName(), difference->name,
+                difference->value, difference->name, sizes, difference->other.value),
+            "write the same sizes in both", {}, {{whole.name, sizes + " is here"}});
     dimensions_.DoubtAllOf(*pillars.data);
+}
+
+std::unique_ptr<DeckContents> ReadDeck(
+    const std::string& path, const ReadSettings& options, const LanguageIndex& language)
+{
+    return DeckReader(path, options, language).Read();
 }
 
 } // namespace Veld::Quor::Core::Decks
