@@ -329,7 +329,7 @@ COMPDAT
             "PORO\n 9*1 /\nENDFIN\nPORO\n 16*1 /\nSOLUTION\nREFINE\n b /\nPRESSURE\n 9*1 /\nREFINE\n A "
             "/\nSWAT\n 4*1 /\nREFINE\n C "
             "/\nSWAT\n 5*1 /\n",
-            "d:28:1: error: unclosed REFINE; expected ENDFIN [unclosed-scope] | add ENDFIN before the end of "
+            "d:27:1: error: unclosed REFINE; expected ENDFIN [unclosed-scope] | add ENDFIN before the end of "
             "the section"},
         DeckRow{"OfPillarsAndCells",
             "RUNSPEC\nDIMENS\n 3 3 2 /\nGRID\nSPECGRID\n 2 2 1 1 F /\nCOORD\n 54*0 /\nZCORN\n 32*0 /\nPORO\n "
