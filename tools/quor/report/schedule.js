@@ -25,17 +25,28 @@ function lifeOf(well, deck) {
     return spans;
 }
 
+/// The spans of a bar are made when it is first seen: of many wells there are too many to be drawn at once.
+const spansOfBars = new Map();
+function fillBar(bar) {
+    bar.append(...(spansOfBars.get(bar)?.() || []));
+    spansOfBars.delete(bar);
+}
+const seenBars = new IntersectionObserver(entries => entries.filter(entry => entry.isIntersecting).forEach(entry => fillBar(entry.target)), { rootMargin: "10000px" });
+window.addEventListener("beforeprint", () => [...spansOfBars.keys()].forEach(fillBar));
+
 function makeBar(name, deck, [first, last]) {
     const well = deck.wells[name];
     if (!well)
         return make("div", { class: "bar absent" }, `not in ${deck.label}`);
     const part = step => last > first ? 100 * (timeOf(deck, step) - first) / (last - first) : 0;
     const life = lifeOf(well, deck);
-    const drilled = unique(well.connections.map(connection => connection[4])).filter(step => step > well.since);
-    return make("div", { class: "bar", role: "img", "aria-label": `${ofDeck(name, deck)}: ${life.map(([from, , what]) => `${stepText(deck, from)} ${what}`).join(", ")}` },
-        life.map(([from, to, what]) => make("i", { class: uses.includes(what) ? what : "closed",
-            style: `left:${part(from)}%;width:${Math.max(part(to) - part(from), 0)}%`, title: `${name}: ${what}, ${stepText(deck, from)} to ${stepText(deck, to)}` })),
-        drilled.map(step => make("b", { style: `left:${part(step)}%`, title: `${name}: connections, ${stepText(deck, step)}` })));
+    const connected = unique(well.connections.map(connection => connection[4])).filter(step => step > well.since);
+    const bar = make("div", { class: "bar", role: "img", "aria-label": `${ofDeck(name, deck)}: ${life.map(([from, , what]) => `${stepText(deck, from)} ${what}`).join(", ")}` });
+    spansOfBars.set(bar, () => [...life.map(([from, to, what]) => make("i", { class: uses.includes(what) ? what : "closed",
+        style: `left:${part(from)}%;width:${Math.max(part(to) - part(from), 0)}%`, title: `${name}: ${what}, ${stepText(deck, from)} to ${stepText(deck, to)}` })),
+    ...connected.map(step => make("b", { style: `left:${part(step)}%`, title: `${name}: connections, ${stepText(deck, step)}` }))]);
+    seenBars.observe(bar);
+    return bar;
 }
 
 function addWells() {
@@ -56,7 +67,7 @@ function turnsOf(deck) {
     const turns = deck.steps.map(() => new Map());
     for (const [name, well] of Object.entries(deck.wells)) {
         for (const [from, , what] of lifeOf(well, deck))
-            turns[from].set(what, [...(turns[from].get(what) || []), name]);
+            turns[from].set(what, turns[from].get(what) || []).get(what).push(name);
     }
     return turns.map(byWhat => [...byWhat].map(([what, names]) => `${what}: ${names.join(", ")}`).join("; "));
 }
