@@ -22,6 +22,7 @@
 #include "quor/data/KeywordRawData.h"
 #include "quor/data/KeywordRecordData.h"
 #include "quor/data/PathAliases.h"
+#include "quor/data/RecordItem.h"
 #include "quor/foundation/LibProperties.h"
 #include "quor/foundation/SectionType.h"
 #include "quor/foundation/SimulatorModeFlags.h"

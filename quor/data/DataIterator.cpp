@@ -3,6 +3,7 @@
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordMapData.h"
 #include "quor/data/IKeywordRecordData.h"
+#include "quor/data/internal/GenericKeywordRecordDataImpl.h"
 #include "quor/foundation/internal/KeywordException.h"
 #include "quor/metadata/IKeywordAssignmentMD.h"
 #include "quor/metadata/IKeywordListMD.h"
@@ -12,6 +13,7 @@
 #include "quor/metadata/internal/MDCast.h"
 
 #include <algorithm>
+#include <typeinfo>
 
 namespace Veld::Quor::Core::Keywords {
 
@@ -41,6 +43,18 @@ std::size_t DepthOf(const IKeywordDataMD* md)
     default:
         throw KeywordException("AnyContainerIteratorImpl: unhandled type");
     }
+}
+
+const GenericKeywordRecordDataImpl& OwnRecord(const IKeywordData& data)
+{
+    return static_cast<const GenericKeywordRecordDataImpl&>(data);
+}
+
+/// Of a record of the library; else null.
+const RecordItem* OwnItems(const IKeywordData* data)
+{
+    const bool isOwn = data && typeid(*data) == typeid(GenericKeywordRecordDataImpl);
+    return isOwn ? OwnRecord(*data).Layout().Items().data() : nullptr;
 }
 
 /// Asked at each stop, so in one test.
@@ -74,8 +88,29 @@ void DataIteratorOf<Data>::Next()
         if (NextBelow(path_.back()))
             return;
         path_.pop_back();
+        Resume();
     }
     current_.value = nullptr;
+}
+
+/// Goes on with the last of the path after its index.
+template <class Data>
+void DataIteratorOf<Data>::Resume()
+{
+    item_ = itemsEnd_ = nullptr;
+    if (path_.empty() || !path_.back().items)
+        return;
+    const Level& level = path_.back();
+    const GenericKeywordRecordDataImpl& record = OwnRecord(*level.data);
+    item_ = level.items + (level.index + 1);
+    itemsEnd_ = level.items + record.GetSize();
+    block_ = record.Block();
+}
+
+template <class Data>
+std::int64_t DataIteratorOf<Data>::IndexAt(const Level& level) const
+{
+    return &level == &path_.back() && level.items ? item_ - level.items - 1 : level.index;
 }
 
 template <class Data>
@@ -83,7 +118,9 @@ void DataIteratorOf<Data>::Enter(const void* data, const IKeywordDataMD* md)
 {
     const MDType::Enum type = md->GetType();
     const auto* const itemMD = type == MDType::List ? CastMD<const IKeywordListMD>(*md).GetItemMD() : nullptr;
-    path_.push_back({static_cast<const IKeywordData*>(data), md, type, itemMD, -1});
+    const auto* const node = static_cast<const IKeywordData*>(data);
+    path_.push_back({node, md, type, itemMD, type == MDType::Record ? OwnItems(node) : nullptr, -1});
+    Resume();
     // Data that a DataIterator walks were handed in for writing.
     current_ = {const_cast<void*>(data), md, false};
 }
@@ -104,6 +141,14 @@ bool DataIteratorOf<Data>::NextBelow(Level& level)
 {
     if (!level.data) // only a class of a host has no node there
         return false;
+    if (level.items) {
+        if (VisitScalar())
+            return true;
+        if (item_ == itemsEnd_)
+            return false;
+        level.index = item_ - level.items; // for when the walk is back
+        return Visit(*reinterpret_cast<void**>(block_ + item_->offset), item_->md, true);
+    }
     const std::int64_t index = ++level.index;
     switch (level.type) {
     case MDType::List: {
@@ -135,8 +180,8 @@ bool DataIteratorOf<Data>::IsSameStop(const DataIteratorOf& other) const
 {
     return root_ == other.root_
         && std::equal(path_.begin(), path_.end(), other.path_.begin(), other.path_.end(),
-            [](const Level& a, const Level& b) {
-                return a.data == b.data && a.md == b.md && a.index == b.index;
+            [&](const Level& a, const Level& b) {
+                return a.data == b.data && a.md == b.md && IndexAt(a) == other.IndexAt(b);
             });
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "quor/data/RecordItem.h"
 #include "quor/foundation/Export.h"
 #include "quor/foundation/service/Optional.h"
 #include "quor/metadata/IKeywordDataMD.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <type_traits>
 #include <vector>
@@ -47,7 +49,8 @@ public:
     /// Moves on; does nothing at the end. Throws only what the data throw.
     DataIteratorOf& operator++()
     {
-        Next();
+        if (!VisitScalar()) // most stops are one
+            Next();
         return *this;
     }
     /// The stop, as a pointer into the iterator; null at the end. Each step overwrites it.
@@ -76,18 +79,34 @@ private:
         const IKeywordDataMD* md;
         IKeywordDataMD::MDType::Enum type; // of `md`
         const IKeywordDataMD* itemMD; // of a list; else null
-        std::int64_t index; // of the stop below; -1: the stop is this container
+        const RecordItem* items; // of a record of the library; else null
+        std::int64_t index; // of the stop below, but see `item_`; -1: the stop is this container
     };
 
+    /// The next item of a record of the library; false if it is none, or no scalar.
+    bool VisitScalar()
+    {
+        if (item_ == itemsEnd_ || !item_->ops)
+            return false;
+        current_ = {block_ + item_->offset, item_->md, true};
+        ++item_;
+        return true;
+    }
     void Next();
     void Enter(const void* data, const IKeywordDataMD* md);
     bool Visit(const void* value, const IKeywordDataMD* md, bool isOptional);
     bool NextBelow(Level& level);
+    void Resume();
+    std::int64_t IndexAt(const Level& level) const;
     bool IsSameStop(const DataIteratorOf& other) const;
 
     ValueType current_{nullptr, nullptr, false};
     const IKeywordData* root_ = nullptr; // null: made as an end
     std::vector<Level> path_;
+    // Where the last of the path is a record of the library: the item after the stop, in place of its index.
+    const RecordItem* item_ = nullptr;
+    const RecordItem* itemsEnd_ = nullptr;
+    std::byte* block_ = nullptr;
     Service::Optional<int> mapValue_; // the copy that `current_` shows in a map
 };
 

@@ -49,7 +49,7 @@ public:
     bool ReservedRecordQuery() const override { return true; }
 
     const RecordLayout& Layout() const { return elements_.Layout(); }
-    const std::byte* Block() const { return elements_.Block(); }
+    std::byte* Block() const { return elements_.Block(); }
     /// Whether it is an allocation, and no place of a list.
     bool IsAlone() const { return elements_.IsAlone(); }
 

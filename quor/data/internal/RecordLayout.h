@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quor/data/RecordItem.h"
 #include "quor/data/internal/ScalarOps.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
@@ -19,11 +20,7 @@ class IKeywordSyntax;
 /// are cloned from each other, or are elements of one list, share a layout.
 class RecordLayout : public boost::intrusive_ref_counter<RecordLayout> {
 public:
-    struct Item {
-        const ScalarOps* ops; // null: a nested object
-        const IKeywordDataMD* md;
-        std::uint32_t offset;
-    };
+    using Item = RecordItem;
 
     /// Items of one type, one after the other in the block.
     struct Run {
