@@ -97,9 +97,15 @@ protected:
 private:
     // Of an empty element both are called.
     virtual void Start(const xercesc::XMLElementDecl& declaration, unsigned int uriId, const XMLCh* prefix,
-        const Attributes& attributes, XMLSize_t attributeCount, bool isEmpty, bool isRoot) = 0;
+        const Attributes& attributes, XMLSize_t attributeCount, bool isEmpty, bool isRoot)
+    {
+        Base::startElement(declaration, uriId, prefix, attributes, attributeCount, isEmpty, isRoot);
+    }
     virtual void End(
-        const xercesc::XMLElementDecl& declaration, unsigned int uriId, bool isRoot, const XMLCh* prefix) = 0;
+        const xercesc::XMLElementDecl& declaration, unsigned int uriId, bool isRoot, const XMLCh* prefix)
+    {
+        Base::endElement(declaration, uriId, isRoot, prefix);
+    }
 
     const xercesc::XMLScanner& Scanner() const
     {
@@ -154,19 +160,6 @@ public:
     {
         ParseText(text, name);
         return adoptDocument();
-    }
-
-private:
-    void Start(const xercesc::XMLElementDecl& declaration, unsigned int uriId, const XMLCh* prefix,
-        const Attributes& attributes, XMLSize_t attributeCount, bool isEmpty, bool isRoot) override
-    {
-        XercesDOMParser::startElement(
-            declaration, uriId, prefix, attributes, attributeCount, isEmpty, isRoot);
-    }
-    void End(const xercesc::XMLElementDecl& declaration, unsigned int uriId, bool isRoot,
-        const XMLCh* prefix) override
-    {
-        XercesDOMParser::endElement(declaration, uriId, isRoot, prefix);
     }
 };
 
