@@ -153,10 +153,11 @@ WSEGVALV
                         "correct the numbers, or define the segment with WELSEGS"},
         DeckRow{"OfAWellThatNothingCompletes",
             "SCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n P2 G 1 1 1* OIL /\n/\nCOMPDAT\n P1 2* 1 4 OPEN "
-            "/\n/\nWCONPROD\n P2 OPEN ORAT 5 /\n/\nWELSEGS\n Q1 10 10 1* ABS /\n 2 5 1 1 20 20 0.1 0.001 "
-            "/\n/\nCOMPSEGS\n P1 /\n 1 1 1 1 10 20 /\n/\n",
-            "d:13:2: error: WELSEGS: undefined well 'Q1' [undefined-name] | did you mean P1?\n"
-            "d:10:2: warning: WCONPROD: undefined well with completions 'P2' [undefined-name] | did you mean "
+            "/\n/\nWCONPROD\n P2 SHUT ORAT 5 /\n/\nWCONPROD\n P2 OPEN ORAT 5 /\n/\nWELSEGS\n Q1 10 10 1* ABS "
+            "/\n"
+            " 2 5 1 1 20 20 0.1 0.001 /\n/\nCOMPSEGS\n P1 /\n 1 1 1 1 10 20 /\n/\n",
+            "d:16:2: error: WELSEGS: undefined well 'Q1' [undefined-name] | did you mean P1?\n"
+            "d:13:2: warning: WCONPROD: undefined well with completions 'P2' [undefined-name] | did you mean "
             "P1?"},
         DeckRow{"OfACompletionByAPattern",
             "SCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n/\nCOMPDAT\n 'P*' 2* 1 4 OPEN /\n P1 2* 1 1 OPEN "

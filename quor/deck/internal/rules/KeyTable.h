@@ -7,6 +7,28 @@
 
 namespace Veld::Quor::Core::Decks {
 
+/// The key of several numbers, in their order.
+class KeyOfParts {
+public:
+    explicit KeyOfParts(std::uint64_t first = 0)
+        : key_(first)
+    {
+    }
+
+    void Add(std::uint64_t part)
+    {
+        key_ = (key_ ^ part) * 0x9E3779B97F4A7C15U;
+        key_ ^= key_ >> 32;
+    }
+    std::uint64_t Get() const { return key_; }
+
+private:
+    std::uint64_t key_;
+};
+
+/// Of keys alone.
+struct Nothing { };
+
 /// Values by key, in one block. The keys are hashes: two texts with one are too improbable to matter.
 template <class Value>
 class KeyTable {
@@ -14,7 +36,7 @@ public:
     /// The value of the key, and whether it is new: then it is `value`. Lasts until the next key is added.
     std::pair<Value*, bool> Add(std::uint64_t key, const Value& value)
     {
-        if (2 * (size_ + 1) > slots_.size())
+        if (2 * (size_ + 1) > capacity_)
             Grow();
         Slot& slot = slots_[IndexOf(key)];
         const bool isNew = slot.turn != turn_;
@@ -44,23 +66,25 @@ private:
     /// Of the key, or of the free slot for it.
     std::size_t IndexOf(std::uint64_t key) const
     {
-        std::size_t at = static_cast<std::size_t>((key * 0x9E3779B97F4A7C15ULL) >> 20) & (slots_.size() - 1);
+        std::size_t at = static_cast<std::size_t>((key * 0x9E3779B97F4A7C15ULL) >> 20) & (capacity_ - 1);
         while (slots_[at].turn == turn_ && slots_[at].key != key)
-            at = (at + 1) & (slots_.size() - 1);
+            at = (at + 1) & (capacity_ - 1);
         return at;
     }
 
     void Grow()
     {
-        std::vector<Slot> before(slots_.empty() ? 16 : 2 * slots_.size());
+        std::vector<Slot> before(capacity_ == 0 ? 16 : 2 * capacity_);
         before.swap(slots_);
+        capacity_ = slots_.size();
         for (Slot& slot : before) {
             if (slot.turn == turn_)
                 slots_[IndexOf(slot.key)] = std::move(slot);
         }
     }
 
-    std::vector<Slot> slots_; // a power of two of them
+    std::vector<Slot> slots_;
+    std::size_t capacity_ = 0; // their number, a power of two
     std::size_t size_ = 0;
     std::uint64_t turn_ = 1;
 };

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -56,7 +57,7 @@ void MemberChecks::CheckMember(
     const RecordRules::Member& member, const Record& record, ValuePosition position)
 {
     const MemberRule& rule = *member.rule;
-    const std::uint64_t owner = member.owner.IsThere() ? KeyOfName(record, member.owner) : 1;
+    const std::uint64_t owner = member.owner.IsThere() ? KeyOfName(record, member.owner, names_) : 1;
     if (owner == 0 || !Holds(member.when, record))
         return;
     const long long count = Add(member, record, owner);
@@ -80,24 +81,28 @@ long long MemberChecks::Add(const RecordRules::Member& rule, const Record& recor
 {
     Count& count = counts_[rule.number];
     if (rule.items.empty())
-        return ++count.ofOwner[owner];
-    const RecordKeys keys(record, rule.items, rule.last, 0);
+        return ++*count.ofOwner.Add(owner, 0).first;
+    const RecordKeys keys(record, rule.items, rule.last, 0, names_);
     if (keys.hasZero) // counted by themselves: they may be the same as others
         owner = ~owner;
-    for (const std::uint64_t key : keys.keys) {
-        if (!count.pairs.insert(PairOf(owner, key)).second)
-            continue;
-        ++count.ofOwner[owner];
-        if (!rule.rule->hasOneOwner)
-            continue;
-        const auto [before, isNew] = count.owners.try_emplace(key, owner);
-        if (isNew)
-            continue;
-        --count.ofOwner[before->second];
-        count.pairs.erase(PairOf(before->second, key));
-        before->second = owner;
-    }
-    return count.ofOwner[owner];
+    long long added = 0;
+    for (const std::uint64_t key : keys.keys)
+        added += IsNew(*rule.rule, owner, key, count) ? 1 : 0;
+    return *count.ofOwner.Add(owner, 0).first += added;
+}
+
+/// Whether the owner didn't have the member before. It is moved from another one if it may have one alone.
+bool MemberChecks::IsNew(const MemberRule& rule, std::uint64_t owner, std::uint64_t member, Count& count)
+{
+    if (!rule.hasOneOwner)
+        return count.pairs.Add(PairOf(owner, member), {}).second;
+    const auto [before, isFirst] = count.owners.Add(member, owner);
+    if (isFirst)
+        return true;
+    if (*before == owner)
+        return false;
+    --*count.ofOwner.Add(std::exchange(*before, owner), 0).first;
+    return true;
 }
 
 /// A size is reported once: it is what is to be corrected.

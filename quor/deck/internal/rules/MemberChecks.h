@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quor/deck/internal/rules/KeyTable.h"
 #include "quor/deck/internal/rules/RuleContext.h"
 #include "quor/deck/internal/rules/RulePlans.h"
 #include "quor/deck/internal/rules/ValueRange.h"
@@ -7,8 +8,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
@@ -16,8 +15,9 @@ namespace Veld::Quor::Core::Decks {
 /// Reports what there is more of than the sizes of the deck allow: records, what one owner has, rows, values.
 class MemberChecks {
 public:
-    explicit MemberChecks(const RuleContext& context)
+    MemberChecks(const RuleContext& context, NameKeys& names)
         : context_(context)
+        , names_(names)
         , counts_(context.rules.members.size())
     {
     }
@@ -33,19 +33,21 @@ private:
 
     /// What a rule counts. Owners and members are keys of records.
     struct Count {
-        std::unordered_map<std::uint64_t, long long> ofOwner;
-        std::unordered_set<std::uint64_t> pairs; // of owner and member
-        std::unordered_map<std::uint64_t, std::uint64_t> owners; // of members that have one owner
+        KeyTable<long long> ofOwner;
+        KeyTable<Nothing> pairs; // of owner and member
+        KeyTable<std::uint64_t> owners; // of members that have one owner
         std::size_t keyword = 0; // for which the limit was looked up: how many the deck had
         long long limit = 0;
     };
 
     void CheckMember(const RecordRules::Member& rule, const Record& record, ValuePosition position);
     long long Add(const RecordRules::Member& rule, const Record& record, std::uint64_t owner);
+    static bool IsNew(const MemberRule& rule, std::uint64_t owner, std::uint64_t member, Count& count);
     void ReportAbove(
         const FindingVoice& voice, const TextRange& range, const std::string& what, const SizeLimit& limit);
 
     RuleContext context_;
+    NameKeys& names_;
     std::vector<Count> counts_; // of each rule
 };
 

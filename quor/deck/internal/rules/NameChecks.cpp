@@ -51,29 +51,34 @@ bool NameChecks::HasDefinitions(std::uint32_t kind) const
     return names_[kind].GetSize() > context_.rules.names[kind].always.size();
 }
 
-bool NameChecks::Follow(const RecordRules::Name& rule, std::string_view name, const ValuePosition& position)
+NameChecks::Outcome NameChecks::Follow(
+    const RecordRules::Name& rule, std::string_view name, const ValuePosition& position)
 {
     if (name.empty())
-        return false;
+        return Outcome::Settled;
     if (rule.isDefinition)
         Define(rule, name, position);
     const std::uint32_t kind = KindOf(rule.kind, name);
     if (!isWhole_ || isLost_[kind] || (rule.isDefinition && !context_.rules.names[rule.kind].areArrays))
-        return false;
+        return Outcome::Settled;
     const bool isFirst = !context_.rules.names[kind].AreOfLanguage() && !HasDefinitions(kind);
     if (isFirst && names_[kind].Has(name)) // one that needs no definition
-        return false;
+        return Outcome::Settled;
     const bool isJudged = !isFirst && !rule.mayComeFirst;
+    const Outcome unjudged = rule.mayComeFirst ? Outcome::Settled : Outcome::Open;
     NameTable& waiting = rule.mayComeFirst ? later_[kind] : waiting_[kind];
-    if (isJudged ? IsDefined(kind, name) : !waiting.Add(name))
-        return false;
+    if (isJudged && IsDefined(kind, name))
+        return Outcome::Settled;
+    if (!isJudged && !waiting.Add(name))
+        return unjudged;
     Pending use = {kind, static_cast<std::uint32_t>(context_.deck.keywords.size() - 1), position,
         std::string(name), &rule};
-    if (isJudged)
-        ReportUnknown(use);
-    else
+    if (!isJudged) {
         pending_.push_back(std::move(use));
-    return isJudged;
+        return unjudged;
+    }
+    ReportUnknown(use);
+    return Outcome::Reported;
 }
 
 void NameChecks::Define(const RecordRules::Name& use, std::string_view name, const ValuePosition& position)

@@ -19,8 +19,13 @@ class NameChecks {
 public:
     explicit NameChecks(const RuleContext& context);
 
-    /// A value of the last keyword of the deck. Whether it is undefined, so that it was reported.
-    bool Follow(const RecordRules::Name& rule, std::string_view name, const ValuePosition& position);
+    enum class Outcome {
+        Settled, ///< nothing is to be said of it by the rule, here and from now on
+        Open, ///< it is judged later, or when it comes again
+        Reported, ///< it is undefined
+    };
+    /// A value of the last keyword of the deck.
+    Outcome Follow(const RecordRules::Name& rule, std::string_view name, const ValuePosition& position);
     /// Names may be defined by something that could not be read: none is reported from now on.
     void Lose() { isWhole_ = false; }
     /// The same for those of one kind.

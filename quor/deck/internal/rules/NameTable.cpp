@@ -71,20 +71,18 @@ bool IsMatch(std::string_view pattern, std::string_view name)
     return pattern.find_first_not_of('*', at) == std::string_view::npos;
 }
 
-std::uint64_t NameTable::KeyOf(std::string_view name)
+std::uint64_t KeyOfName(std::string_view name)
 {
-    std::uint64_t hash =
-        name.size() * 0xD6E8FEB86659FD93U; // names of different sizes are far from each other
-    for (std::size_t at = 0; at < name.size(); at += sizeof hash) {
-        hash = (hash ^ EightOf(name, at)) * 0x9E3779B97F4A7C15U;
-        hash ^= hash >> 32;
-    }
-    return hash;
+    KeyOfParts key(
+        (name.size() + 1) * 0xD6E8FEB86659FD93U); // those of different sizes are far from each other
+    for (std::size_t at = 0; at < name.size(); at += sizeof(std::uint64_t))
+        key.Add(EightOf(name, at));
+    return key.Get();
 }
 
 bool NameTable::Add(std::string_view name)
 {
-    const bool isNew = keys_.Add(KeyOf(name), {}).second;
+    const bool isNew = keys_.Add(KeyOfName(name), {}).second;
     if (isNew)
         names_.emplace_back(name);
     return isNew;
@@ -92,7 +90,7 @@ bool NameTable::Add(std::string_view name)
 
 bool NameTable::HasMatch(std::string_view pattern)
 {
-    const std::uint64_t key = KeyOf(pattern);
+    const std::uint64_t key = KeyOfName(pattern);
     if (matched_.Has(key))
         return true;
     const bool isMatched = std::any_of(

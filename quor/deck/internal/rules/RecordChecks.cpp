@@ -62,8 +62,19 @@ void RecordChecks::StartKeyword()
 void RecordChecks::CheckRequirements(
     const RecordRules& rules, const Record& record, const ValuePosition& position)
 {
-    for (const RecordRules::Requirement& rule : rules.requirements)
+    int item = -1; // whose choice is known
+    int choice = -1;
+    for (const RecordRules::Requirement& rule : rules.requirements) {
+        if (rule.when.choice >= 0) {
+            if (rule.when.item.index != item) {
+                item = rule.when.item.index;
+                choice = ChoiceOf(record, rule.when.item);
+            }
+            if (rule.when.choice != choice)
+                continue;
+        }
         CheckRequirement(rule, record, position);
+    }
 }
 
 void RecordChecks::CheckDistinct(
@@ -80,10 +91,10 @@ void RecordChecks::CheckRequirement(
     const RequireRule& rule = *requirement.rule;
     const auto holds = [&](const ItemCondition& condition) { return Holds(condition, record); };
     if (!Holds(requirement.when, record)
-        || std::any_of(requirement.unless.begin(), requirement.unless.end(), holds)
         || std::any_of(requirement.items.begin(), requirement.items.end(), [&](const RuleItem& item) {
                return IsGivenTarget(record, item) || IsVariable(context_.GetKeyword(), record, item);
-           }))
+           })
+        || std::any_of(requirement.unless.begin(), requirement.unless.end(), holds))
         return;
     position.item = requirement.when.item.index;
     if (!rule.present.empty()) {
@@ -143,27 +154,49 @@ void RecordChecks::CheckOneDistinct(
 {
     if (!Holds(rule.when, record))
         return;
-    const KeywordInstance& keyword = context_.GetKeyword();
+    if (!rule.last.IsThere()) {
+        const RecordKey key = KeyOfRecord(record, rule.items, rule.items.size(), 1, names_);
+        if (key.isThere)
+            CheckKey(rule, key.key, record, position);
+        return;
+    }
+    for (const std::uint64_t key : RecordKeys(record, rule.items, rule.last, 1, names_).keys) {
+        if (!CheckKey(rule, key, record, position))
+            return;
+    }
+}
+
+/// False if another record has it, so that it was reported.
+bool RecordChecks::CheckKey(
+    const RecordRules::Distinct& rule, std::uint64_t key, const Record& record, const ValuePosition& position)
+{
     const Seen here = {static_cast<std::uint32_t>(context_.deck.keywords.size() - 1),
         static_cast<std::uint32_t>(position.element)};
-    auto& seen = seen_[rule.number];
-    for (const std::uint64_t key : RecordKeys(record, rule.items, rule.last, 1).keys) {
-        const auto [at, isNew] = seen.Add(key, here);
-        const Seen first = std::exchange(*at, here);
-        const KeywordInstance& other = context_.deck.keywords[first.keyword];
-        if (isNew || (rule.rule->isOfOthers && other.syntax == keyword.syntax))
-            continue;
-        ValuePosition value = position;
-        value.item = rule.items.front().index;
-        return context_.reporter.ReportAs(rule.rule->voice, FindValue(context_.deck, keyword, value),
-            Code::RepeatedRecord,
-            rule.rule->isOfOthers
-                ? fmt::format("{}: {} is in {} too", context_.GetName(), Shorten(Text(record, rule)),
-                    other.syntax->GetName())
-                : fmt::format("{}: repeated record for {}", context_.GetName(), Shorten(Text(record, rule))),
-            "correct the record, or remove one of them", {},
-            {{RangeOf(other, first.element), "the first is here"}});
-    }
+    const auto [at, isNew] = seen_[rule.number].Add(key, here);
+    if (isNew)
+        return true;
+    const Seen first = std::exchange(*at, here);
+    const KeywordInstance& other = context_.deck.keywords[first.keyword];
+    if (rule.rule->isOfOthers && other.syntax == context_.GetKeyword().syntax)
+        return true;
+    ReportRepeated(rule, first, record, position);
+    return false;
+}
+
+void RecordChecks::ReportRepeated(
+    const RecordRules::Distinct& rule, const Seen& first, const Record& record, const ValuePosition& position)
+{
+    const KeywordInstance& other = context_.deck.keywords[first.keyword];
+    ValuePosition value = position;
+    value.item = rule.items.front().index;
+    context_.reporter.ReportAs(rule.rule->voice, FindValue(context_.deck, context_.GetKeyword(), value),
+        Code::RepeatedRecord,
+        rule.rule->isOfOthers
+            ? fmt::format("{}: {} is in {} too", context_.GetName(), Shorten(Text(record, rule)),
+                other.syntax->GetName())
+            : fmt::format("{}: repeated record for {}", context_.GetName(), Shorten(Text(record, rule))),
+        "correct the record, or remove one of them", {},
+        {{RangeOf(other, first.element), "the first is here"}});
 }
 
 } // namespace Veld::Quor::Core::Decks

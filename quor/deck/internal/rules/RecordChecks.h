@@ -17,9 +17,10 @@ namespace Veld::Quor::Core::Decks {
 /// twice.
 class RecordChecks {
 public:
-    RecordChecks(const RuleContext& context, const PresenceChecks& presence)
+    RecordChecks(const RuleContext& context, const PresenceChecks& presence, NameKeys& names)
         : context_(context)
         , presence_(presence)
+        , names_(names)
         , seen_(context.rules.distinct.size())
     {
     }
@@ -60,9 +61,14 @@ private:
     bool IsSatisfied(const RequireRule& rule) const;
     void CheckOneDistinct(
         const RecordRules::Distinct& rule, const Record& record, const ValuePosition& position);
+    bool CheckKey(const RecordRules::Distinct& rule, std::uint64_t key, const Record& record,
+        const ValuePosition& position);
+    void ReportRepeated(const RecordRules::Distinct& rule, const Seen& first, const Record& record,
+        const ValuePosition& position);
 
     RuleContext context_;
     const PresenceChecks& presence_;
+    NameKeys& names_;
     bool isSure_ = true;
     std::uint32_t step_ = 0; // of the last keyword
     std::vector<KeyTable<Seen>> seen_; // of each rule

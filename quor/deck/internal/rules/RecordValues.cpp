@@ -1,14 +1,13 @@
 #include "quor/deck/internal/rules/RecordValues.h"
 
 #include "quor/deck/internal/read/data/DataValue.h"
-#include "quor/deck/internal/rules/NameTable.h"
-#include "quor/deck/internal/text/TextHash.h"
-#include "quor/foundation/service/Optional.h"
+#include "quor/deck/internal/rules/KeyTable.h"
 #include "quor/metadata/IKeywordChoiceMD.h"
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/metadata/KeywordUtils.h"
 
 #include <algorithm>
+#include <bit>
 #include <string_view>
 
 namespace Veld::Quor::Core::Decks {
@@ -30,17 +29,9 @@ const IKeywordDataMD& ItemMDOf(const IKeywordRecordData& record, const RuleItem&
     return *static_cast<const IKeywordRecordMD&>(*record.GetMD()).GetItemMD(item.index);
 }
 
-void AddText(std::string_view text, TextHash& hash)
+void AddNumber(long long number, KeyOfParts& key)
 {
-    for (const char c : text)
-        hash.Add(c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c);
-    hash.Add('\n');
-}
-
-void AddNumber(long long number, TextHash& hash)
-{
-    for (int shift = 0; shift < 32; shift += 8)
-        hash.Add(static_cast<char>((number >> shift) & 0xFF));
+    key.Add(static_cast<std::uint64_t>(number));
 }
 
 bool IsWhole(const RuleItem& item)
@@ -49,19 +40,26 @@ bool IsWhole(const RuleItem& item)
 }
 
 /// False if it has no value.
-bool AddItem(const IKeywordRecordData& record, const RuleItem& item, TextHash& hash, bool& hasZero)
+bool AddItem(
+    const IKeywordRecordData& record, const RuleItem& item, NameKeys& names, KeyOfParts& key, bool& hasZero)
 {
+    if (item.type == MDType::String) {
+        const auto& name = ItemOf<std::string>(record, item);
+        if (name)
+            key.Add(names.Get(*name));
+        return name.HasValue();
+    }
+    if (IsWhole(item)) {
+        const auto& number = ItemOf<int>(record, item);
+        if (number)
+            AddNumber(*number, key);
+        hasZero = hasZero || (item.type == MDType::Integer && number && *number == 0);
+        return number.HasValue();
+    }
     if (!HasItem(record, item))
         return false;
-    if (item.type == MDType::String) {
-        AddText(*ItemOf<std::string>(record, item), hash);
-    } else if (IsWhole(item)) {
-        const int number = *ItemOf<int>(record, item);
-        hasZero = hasZero || (number == 0 && item.type == MDType::Integer);
-        AddNumber(number, hash);
-    } else {
-        AddText(ValueText(record, item), hash);
-    }
+    key.Add(item.type == MDType::Real ? std::bit_cast<std::uint64_t>(*ItemOf<double>(record, item))
+                                      : KeyOfName(ValueText(record, item)));
     return true;
 }
 
@@ -82,7 +80,7 @@ ItemCondition FindCondition(const IKeywordDataMD& record, const RecordCondition&
     if (condition.item.empty())
         return {};
     ItemCondition found = {&condition, FindRuleItem(record, condition.item), -1};
-    if (found.item.type == MDType::Choice) {
+    if (found.item.type == MDType::Choice && !condition.word.empty()) {
         const auto& items = static_cast<const IKeywordRecordMD&>(record);
         found.choice = static_cast<const IKeywordChoiceMD*>(items.GetItemMD(found.item.index))
                            ->Match(condition.word)
@@ -91,14 +89,12 @@ ItemCondition FindCondition(const IKeywordDataMD& record, const RecordCondition&
     return found;
 }
 
-bool Holds(const ItemCondition& condition, const IKeywordRecordData& record)
+bool HoldsOther(const ItemCondition& condition, const IKeywordRecordData& record)
 {
     if (!condition.rule)
         return true;
     if (condition.rule->word.empty())
         return IsItemSet(record, condition.item);
-    if (condition.choice >= 0)
-        return ItemOf<int>(record, condition.item).ValueOr(-1) == condition.choice;
     return HasItem(record, condition.item)
         && IsMatch(condition.rule->word, ValueText(record, condition.item));
 }
@@ -116,6 +112,8 @@ bool HasItem(const IKeywordRecordData& record, const RuleItem& item)
         return ItemOf<int>(record, item).HasValue();
     if (item.type == MDType::String)
         return ItemOf<std::string>(record, item).HasValue();
+    if (item.type == MDType::Real)
+        return ItemOf<double>(record, item).HasValue();
     return IsGiven(ItemValue(ItemMDOf(record, item), record.GetData(item.index)));
 }
 
@@ -136,47 +134,54 @@ std::string ValueText(const IKeywordRecordData& record, const RuleItem& item)
     return ToText(md, ItemValue(md, record.GetData(item.index)));
 }
 
-RecordKeys::RecordKeys(const IKeywordRecordData& record, const std::vector<RuleItem>& items,
-    const RuleItem& last, std::size_t required)
+RecordKey KeyOfRecord(const IKeywordRecordData& record, const std::vector<RuleItem>& items, std::size_t count,
+    std::size_t required, NameKeys& names)
 {
-    TextHash hash;
-    const std::size_t single = items.size() - (last.IsThere() ? 1 : 0);
-    for (std::size_t i = 0; i < single; ++i) {
-        if (AddItem(record, items[i], hash, hasZero))
+    KeyOfParts key;
+    RecordKey found;
+    for (std::size_t i = 0; i < count; ++i) {
+        if (AddItem(record, items[i], names, key, found.hasZero))
             continue;
         if (i < required)
-            return;
-        AddText("*", hash);
-        hasZero = true;
+            return found;
+        key.Add(KeyOfName("*"));
+        found.hasZero = true;
     }
+    found.key = key.Get();
+    found.isThere = true;
+    return found;
+}
+
+RecordKeys::RecordKeys(const IKeywordRecordData& record, const std::vector<RuleItem>& items,
+    const RuleItem& last, std::size_t required, NameKeys& names)
+{
+    const RecordKey key =
+        KeyOfRecord(record, items, items.size() - (last.IsThere() ? 1 : 0), required, names);
+    hasZero = key.hasZero;
+    if (!key.isThere)
+        return;
     if (!last.IsThere()) {
-        keys.push_back(hash.Get());
+        keys.push_back(key.key);
         return;
     }
     constexpr long long longest = 1'000; // a longer run is a mistake that others report
     const long long first = std::max(NumberOf(record, items.back()), 1LL);
     const long long end = NumberOf(record, last);
     for (long long at = first; at <= end && end - first < longest; ++at) {
-        TextHash key = hash;
-        AddNumber(at, key);
-        keys.push_back(key.Get());
+        KeyOfParts one(key.key);
+        AddNumber(at, one);
+        keys.push_back(one.Get());
     }
 }
 
-std::uint64_t KeyOfName(const IKeywordRecordData& record, const RuleItem& item)
+std::uint64_t KeyOfName(const IKeywordRecordData& record, const RuleItem& item, NameKeys& names)
 {
     if (!HasItem(record, item))
         return 0;
-    TextHash hash;
-    if (item.type == MDType::String) {
-        const std::string& name = *ItemOf<std::string>(record, item);
-        if (name.find_first_of("*?") != std::string::npos)
-            return 0;
-        AddText(name, hash);
-    } else {
-        AddText(ValueText(record, item), hash);
-    }
-    return hash.Get();
+    if (item.type != MDType::String)
+        return KeyOfName(ValueText(record, item));
+    const std::string& name = *ItemOf<std::string>(record, item);
+    return name.find_first_of("*?") == std::string::npos ? names.Get(name) : 0;
 }
 
 } // namespace Veld::Quor::Core::Decks

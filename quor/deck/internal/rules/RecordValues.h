@@ -1,7 +1,9 @@
 #pragma once
 
 #include "quor/data/IKeywordRecordData.h"
+#include "quor/deck/internal/rules/NameTable.h"
 #include "quor/deck/internal/rules/RuleSet.h"
+#include "quor/foundation/service/Optional.h"
 #include "quor/metadata/IKeywordDataMD.h"
 
 #include <boost/container/small_vector.hpp>
@@ -32,11 +34,13 @@ struct ItemCondition {
 
 /// `record`: the metadata of a record. `condition` must outlive it.
 ItemCondition FindCondition(const Keywords::IKeywordDataMD& record, const RecordCondition& condition);
-/// Whether the record is as the condition says; true if there is none.
-bool Holds(const ItemCondition& condition, const Keywords::IKeywordRecordData& record);
-
 /// Of an item that is a whole number; 0 if it has no value.
 long long NumberOf(const Keywords::IKeywordRecordData& record, const RuleItem& item);
+/// Of an item with choices; -1 if it has no value.
+inline int ChoiceOf(const Keywords::IKeywordRecordData& record, const RuleItem& item)
+{
+    return static_cast<const Core::Service::Optional<int>*>(record.GetData(item.index))->ValueOr(-1);
+}
 /// Whether it has a value.
 bool HasItem(const Keywords::IKeywordRecordData& record, const RuleItem& item);
 /// Whether it has a value that is not 0; above 0 if it is a whole number.
@@ -44,19 +48,55 @@ bool IsItemSet(const Keywords::IKeywordRecordData& record, const RuleItem& item)
 /// As it stands in a deck, a text without quotes; empty if it has no value.
 std::string ValueText(const Keywords::IKeywordRecordData& record, const RuleItem& item);
 
-/// What tells records apart: the values of some items, as numbers that are the same for the same values. That
+/// Whether the record is as the condition says, which is about no choice.
+bool HoldsOther(const ItemCondition& condition, const Keywords::IKeywordRecordData& record);
+/// Whether the record is as the condition says; true if there is none.
+inline bool Holds(const ItemCondition& condition, const Keywords::IKeywordRecordData& record)
+{
+    return condition.choice >= 0 ? ChoiceOf(record, condition.item) == condition.choice
+                                 : HoldsOther(condition, record);
+}
+
+/// The keys of the names of a record, of which several rules in a row ask for the same.
+class NameKeys {
+public:
+    /// Of a text of the record.
+    std::uint64_t Get(const std::string& name)
+    {
+        if (&name != last_)
+            key_ = KeyOfName(name);
+        last_ = &name;
+        return key_;
+    }
+    /// Another record comes.
+    void Forget() { last_ = nullptr; }
+
+private:
+    const std::string* last_ = nullptr;
+    std::uint64_t key_ = 0;
+};
+
+/// What tells records apart: the values of some items, as a number that is the same for the same values. That
 /// others have one is too improbable to matter.
+struct RecordKey {
+    std::uint64_t key = 0;
+    bool isThere = false; ///< false: one of the items that are required has no value
+    bool hasZero = false; ///< an item is 0 or has no value: the deck may give it elsewhere
+};
+/// Of the first `count` items, the first `required` of which must have a value.
+RecordKey KeyOfRecord(const Keywords::IKeywordRecordData& record, const std::vector<RuleItem>& items,
+    std::size_t count, std::size_t required, NameKeys& names);
+
+/// The same of a record whose last item may run on to another one, `last`: there is a key for each number.
 struct RecordKeys {
-    /// The last of the items may run on to `last`: then there is a key for each number. There is none if one
-    /// of the first `required` items has no value.
     RecordKeys(const Keywords::IKeywordRecordData& record, const std::vector<RuleItem>& items,
-        const RuleItem& last, std::size_t required);
+        const RuleItem& last, std::size_t required, NameKeys& names);
 
     boost::container::small_vector<std::uint64_t, 4> keys;
-    bool hasZero = false; ///< an item is 0 or has no value: the deck may give it elsewhere
+    bool hasZero = false; ///< as that of a `RecordKey`
 };
 
 /// The same for one text; 0 if it has none, or one that stands for several names.
-std::uint64_t KeyOfName(const Keywords::IKeywordRecordData& record, const RuleItem& item);
+std::uint64_t KeyOfName(const Keywords::IKeywordRecordData& record, const RuleItem& item, NameKeys& names);
 
 } // namespace Veld::Quor::Core::Decks

@@ -1,11 +1,9 @@
 #include "quor/deck/internal/rules/RuleChecks.h"
 
-#include "quor/data/Access.h"
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/metadata/KeywordUtils.h"
 
-#include <charconv>
 #include <iterator>
 #include <set>
 #include <string>
@@ -13,7 +11,6 @@
 namespace Veld::Quor::Core::Decks {
 
 using namespace Core::Keywords;
-using Core::Service::Optional;
 
 namespace {
 
@@ -42,8 +39,8 @@ RuleChecks::RuleChecks(const RuleContext& context)
     , names_(context)
     , numbers_(context)
     , presence_(context, names_)
-    , records_(context, presence_)
-    , members_(context)
+    , records_(context, presence_, nameKeys_)
+    , members_(context, nameKeys_)
     , matches_(context)
     , trees_(context)
     , arrays_(context)
@@ -195,42 +192,39 @@ void RuleChecks::CheckRoot(const RecordRules& rules)
     ForEachRecord(root, [&](const Record& record, std::size_t i) { CheckRecord(rules, record, {i}); });
 }
 
+/// Most records have rules of one or two kinds: the others cost no call.
 void RuleChecks::CheckRecord(const RecordRules& rules, const Record& record, const ValuePosition& position)
 {
-    const bool isUndefined = CheckNames(rules, record, position);
-    const bool isOutside = !isOfLocalGrid_ && numbers_.CheckIndices(rules, record, position);
-    numbers_.CheckAssignments(rules, record, position);
-    records_.CheckRequirements(rules, record, position);
-    if (!isOutside) {
+    nameKeys_.Forget();
+    const bool isUndefined = !rules.names.empty() && CheckNames(rules, record, position);
+    const bool isOutside =
+        !rules.indices.empty() && !isOfLocalGrid_ && numbers_.CheckIndices(rules, record, position);
+    if (!rules.assignments.empty())
+        numbers_.CheckAssignments(rules, record, position);
+    if (!rules.requirements.empty())
+        records_.CheckRequirements(rules, record, position);
+    if (!isOutside && !rules.orders.empty())
         numbers_.CheckOrders(rules, record, position);
+    if (!isOutside && !rules.distinct.empty())
         records_.CheckDistinct(rules, record, position);
+    if (!isOutside && (!rules.members.empty() || !rules.lengths.empty()))
         members_.Check(rules, record, position);
-    }
-    trees_.Follow(rules, record, position);
-    if (isOutside || isUndefined)
-        matches_.Lose(rules);
-    else
-        matches_.Follow(rules, record, position);
+    if (!rules.trees.empty())
+        trees_.Follow(rules, record, position);
+    if (!rules.matches.empty())
+        FollowMatches(rules, record, position, isOutside || isUndefined);
     for (const RecordRules& inner : rules.inner)
         CheckInner(inner, *static_cast<const IKeywordData*>(record.GetData(inner.item)), position);
 }
 
-/// An item that names nothing of one kind is not reported as none of another. Whether there is one.
-bool RuleChecks::CheckNames(const RecordRules& rules, const Record& record, const ValuePosition& position)
+/// `isWrong`: what the record is about is not known.
+void RuleChecks::FollowMatches(
+    const RecordRules& rules, const Record& record, const ValuePosition& position, bool isWrong)
 {
-    int reported = -1;
-    for (const RecordRules::Name& rule : rules.names) {
-        if (rule.item != reported && Holds(rule.when, record) && CheckItem(rule, record, position))
-            reported = rule.item;
-        if (!rule.isArray || rule.type != MDType::String)
-            continue;
-        const std::string array =
-            static_cast<const Optional<std::string>*>(record.GetData(rule.item))->ValueOr("");
-        arrays_.Forget(array);
-        if (rules.assignments.empty())
-            numbers_.LoseArray(array);
-    }
-    return reported >= 0;
+    if (isWrong)
+        matches_.Lose(rules);
+    else
+        matches_.Follow(rules, record, position);
 }
 
 /// A record within a record, or a list of them.
@@ -244,57 +238,6 @@ void RuleChecks::CheckInner(const RecordRules& rules, const IKeywordData& data, 
         CheckRecord(rules, record, around);
         ++around.slashes; // each of the list ends with one
     });
-}
-
-/// A text, a whole number above 0, or a list of texts. Whether it was reported.
-bool RuleChecks::CheckItem(const RecordRules::Name& rule, const Record& record, ValuePosition position)
-{
-    const void* const data = record.GetData(rule.item);
-    position.item = rule.item;
-    if (rule.type == MDType::String) {
-        const auto& name = *static_cast<const Optional<std::string>*>(data);
-        return name && names_.Follow(rule, *name, position);
-    }
-    if (rule.type == MDType::Integer)
-        return FollowNumber(rule, static_cast<const Optional<int>*>(data)->ValueOr(0), position);
-    position.isFlat = position.isFlat && rule.isAfterScalars;
-    bool isReported = false;
-    for (const std::string& name : As<std::string>(*static_cast<const IKeywordListData*>(data))) {
-        isReported = names_.Follow(rule, name, position) || isReported;
-        ++position.item;
-        if (rule.isFirstOnly)
-            break;
-    }
-    return isReported;
-}
-
-/// A number above 0 is a name. Whether it was reported.
-bool RuleChecks::FollowNumber(const RecordRules::Name& rule, int number, const ValuePosition& position)
-{
-    if (number <= 0)
-        return false;
-    char digits[16];
-    const char* const end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
-    return names_.Follow(rule, {digits, static_cast<std::size_t>(end - digits)}, position);
-}
-
-/// Any word of a line may be a name.
-void RuleChecks::CheckElements(const std::vector<RecordRules::Name>& rules)
-{
-    const KeywordInstance& keyword = deck_.keywords.back();
-    const auto& list = static_cast<const IKeywordListData&>(*keyword.data);
-    for (const RecordRules::Name& rule : rules) {
-        std::size_t element = 0;
-        if (rule.type == MDType::Line && rule.isDefinition) {
-            names_.FollowUnsound(rule.kind, deck_.files.GetText(keyword.whole));
-        } else if (rule.type == MDType::Integer) {
-            for (const int number : As<int>(list))
-                FollowNumber(rule, number, {element++});
-        } else if (rule.type == MDType::String) {
-            for (const std::string& name : As<std::string>(list))
-                names_.Follow(rule, name, {element++});
-        }
-    }
 }
 
 } // namespace Veld::Quor::Core::Decks

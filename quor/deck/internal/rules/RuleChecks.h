@@ -1,6 +1,7 @@
 #pragma once
 
 #include "quor/deck/internal/rules/ArrayChecks.h"
+#include "quor/deck/internal/rules/KeyTable.h"
 #include "quor/deck/internal/rules/MatchChecks.h"
 #include "quor/deck/internal/rules/MemberChecks.h"
 #include "quor/deck/internal/rules/NameChecks.h"
@@ -44,15 +45,23 @@ private:
     void CheckRecord(const RecordRules& rules, const Record& record, const ValuePosition& position);
     void CheckInner(
         const RecordRules& rules, const Keywords::IKeywordData& data, const ValuePosition& position);
+    void FollowMatches(
+        const RecordRules& rules, const Record& record, const ValuePosition& position, bool isWrong);
     bool CheckNames(const RecordRules& rules, const Record& record, const ValuePosition& position);
-    bool FollowNumber(const RecordRules::Name& rule, int number, const ValuePosition& position);
-    bool CheckItem(const RecordRules::Name& rule, const Record& record, ValuePosition position);
+    bool CheckUnsettled(
+        const RecordRules& rules, const Record& record, const ValuePosition& position, bool& isSettled);
+    NameChecks::Outcome FollowNumber(
+        const RecordRules::Name& rule, int number, const ValuePosition& position);
+    NameChecks::Outcome CheckItem(
+        const RecordRules::Name& rule, const Record& record, ValuePosition position);
+    void ForgetArray(const RecordRules& rules, const RecordRules::Name& rule, const Record& record);
     void CheckElements(const std::vector<RecordRules::Name>& rules);
     void DefineMatches();
     void DefineMatches(const RecordRules& rules, const Record& record);
 
     const DeckContents& deck_;
     RulePlans plans_;
+    NameKeys nameKeys_;
     NameChecks names_;
     NumberChecks numbers_;
     PresenceChecks presence_;
@@ -61,6 +70,7 @@ private:
     MatchChecks matches_;
     TreeChecks trees_;
     ArrayChecks arrays_;
+    KeyTable<Nothing> settled_; // names of records of which nothing is to be said
     bool isOfLocalGrid_ = false; // the last keyword
     bool isWhole_ = true; // nothing was missed
 };

@@ -72,6 +72,24 @@ bool IsOverwritten(const OverwriteRule& rule, const RulePlans::Key& key)
         && (rule.sections.empty() || Contains(rule.sections, key.second));
 }
 
+/// What is said of names that are given by lists, or of arrays, depends on more than the names.
+void AddNameItems(RecordRules& record)
+{
+    for (const RecordRules::Name& name : record.names) {
+        const auto isSameItem = [&](const RuleItem& other) { return other.index == name.item; };
+        const auto isSameCondition = [&](const ItemCondition& other) {
+            return other.item.index == name.when.item.index && other.rule->word == name.when.rule->word;
+        };
+        if (name.isArray || name.type == MDType::List)
+            return record.nameItems.clear();
+        if (std::none_of(record.nameItems.begin(), record.nameItems.end(), isSameItem))
+            record.nameItems.push_back({name.item, name.type});
+        if (name.when.rule
+            && std::none_of(record.nameConditions.begin(), record.nameConditions.end(), isSameCondition))
+            record.nameConditions.push_back(name.when);
+    }
+}
+
 } // namespace
 
 const KeywordRules& RulePlans::Get(const IKeywordSyntax& syntax, SectionType::Enum section)
@@ -82,7 +100,7 @@ const KeywordRules& RulePlans::Get(const IKeywordSyntax& syntax, SectionType::En
     return *plan;
 }
 
-KeywordRules RulePlans::Make(const Key& key) const
+KeywordRules RulePlans::Make(const Key& key)
 {
     KeywordRules plan;
     const std::string& name = key.first->GetName();
@@ -143,10 +161,12 @@ void RulePlans::AddElements(const Key& key, const IKeywordDataMD& element, Keywo
     }
 }
 
-RecordRules RulePlans::MakeRecord(const Key& key, const IKeywordDataMD& md) const
+RecordRules RulePlans::MakeRecord(const Key& key, const IKeywordDataMD& md)
 {
     RecordRules record;
+    record.number = records_++;
     AddNames(key, md, record);
+    AddNameItems(record);
     AddNumbers(key, md, record);
     AddMembers(key, md, record);
     AddRequirements(key, md, record);

@@ -88,6 +88,8 @@ struct RecordRules {
     };
 
     std::vector<Name> names;
+    std::vector<RuleItem> nameItems; ///< of `names`, each once; empty unless all are texts or numbers
+    std::vector<ItemCondition> nameConditions; ///< of `names`, each once
     std::vector<Index> indices;
     std::vector<Order> orders;
     std::vector<Assignment> assignments;
@@ -99,6 +101,7 @@ struct RecordRules {
     std::vector<Match> matches;
     std::vector<RecordRules> inner; ///< of items that are records or lists of records
     int item = -1; ///< of these: the item
+    std::size_t number = 0; ///< which other records don't have
     std::optional<std::size_t> slashes; ///< that end what is before it in the element; empty: not known
     bool isEmpty = true; ///< there is no rule
 };
@@ -141,8 +144,8 @@ public:
     const KeywordRules& Get(const Keywords::IKeywordSyntax& syntax, Keywords::SectionType::Enum section);
 
 private:
-    KeywordRules Make(const Key& key) const;
-    RecordRules MakeRecord(const Key& key, const Keywords::IKeywordDataMD& md) const;
+    KeywordRules Make(const Key& key);
+    RecordRules MakeRecord(const Key& key, const Keywords::IKeywordDataMD& md);
     void AddNames(const Key& key, const Keywords::IKeywordDataMD& md, RecordRules& record) const;
     void AddNumbers(const Key& key, const Keywords::IKeywordDataMD& md, RecordRules& record) const;
     void AddMembers(const Key& key, const Keywords::IKeywordDataMD& md, RecordRules& record) const;
@@ -152,6 +155,7 @@ private:
     void AddElements(const Key& key, const Keywords::IKeywordDataMD& element, KeywordRules& plan) const;
 
     const RuleSet& rules_;
+    std::size_t records_ = 0; // so far
     std::map<Key, std::unique_ptr<const KeywordRules>> plans_;
 };
 

@@ -1,0 +1,144 @@
+#include "quor/deck/internal/rules/RuleChecks.h"
+
+#include "quor/data/Access.h"
+#include "quor/data/IKeywordListData.h"
+#include "quor/data/IKeywordRecordData.h"
+
+#include <charconv>
+#include <iterator>
+#include <string>
+
+// Names in records and lists.
+
+namespace Veld::Quor::Core::Decks {
+
+using namespace Core::Keywords;
+using Core::Service::Optional;
+
+namespace {
+
+using MDType = IKeywordDataMD::MDType;
+
+template <class T>
+const Optional<T>& NameIn(const IKeywordRecordData& record, int item)
+{
+    return *static_cast<const Optional<T>*>(record.GetData(item));
+}
+
+/// Of what the rules of names look at in the record.
+std::uint64_t KeyOfNames(const RecordRules& rules, const IKeywordRecordData& record, NameKeys& keys)
+{
+    KeyOfParts key(rules.number);
+    for (const RuleItem& item : rules.nameItems) {
+        if (item.type == MDType::Integer) {
+            key.Add(static_cast<std::uint64_t>(NameIn<int>(record, item.index).ValueOr(0)));
+            continue;
+        }
+        const auto& name = NameIn<std::string>(record, item.index);
+        key.Add(name ? keys.Get(*name) : 0);
+    }
+    for (const ItemCondition& condition : rules.nameConditions)
+        key.Add(Holds(condition, record) ? 1 : 0);
+    return key.Get();
+}
+
+} // namespace
+
+/// Whether one of the record is undefined. Most records name what others have named before them.
+bool RuleChecks::CheckNames(const RecordRules& rules, const Record& record, const ValuePosition& position)
+{
+    bool isSettled = true;
+    if (rules.nameItems.empty())
+        return CheckUnsettled(rules, record, position, isSettled);
+    const std::uint64_t key = KeyOfNames(rules, record, nameKeys_);
+    if (settled_.Has(key))
+        return false;
+    const bool isUndefined = CheckUnsettled(rules, record, position, isSettled);
+    if (isSettled)
+        settled_.Add(key, {});
+    return isUndefined;
+}
+
+/// An item that names nothing of one kind is not reported as none of another. `isSettled`: false if more may
+/// be said of the names.
+bool RuleChecks::CheckUnsettled(
+    const RecordRules& rules, const Record& record, const ValuePosition& position, bool& isSettled)
+{
+    int reported = -1;
+    for (const RecordRules::Name& rule : rules.names) {
+        if (rule.item != reported && Holds(rule.when, record)) {
+            const NameChecks::Outcome outcome = CheckItem(rule, record, position);
+            isSettled = isSettled && outcome == NameChecks::Outcome::Settled;
+            reported = outcome == NameChecks::Outcome::Reported ? rule.item : reported;
+        }
+        if (rule.isArray && rule.type == MDType::String)
+            ForgetArray(rules, rule, record);
+    }
+    return reported >= 0;
+}
+
+/// Of what the record does to the array nothing is known.
+void RuleChecks::ForgetArray(const RecordRules& rules, const RecordRules::Name& rule, const Record& record)
+{
+    const std::string array = NameIn<std::string>(record, rule.item).ValueOr("");
+    arrays_.Forget(array);
+    if (rules.assignments.empty())
+        numbers_.LoseArray(array);
+}
+
+/// A text, a whole number above 0, or a list of texts.
+NameChecks::Outcome RuleChecks::CheckItem(
+    const RecordRules::Name& rule, const Record& record, ValuePosition position)
+{
+    using Outcome = NameChecks::Outcome;
+    position.item = rule.item;
+    if (rule.type == MDType::String) {
+        const auto& name = NameIn<std::string>(record, rule.item);
+        return name ? names_.Follow(rule, *name, position) : Outcome::Settled;
+    }
+    if (rule.type == MDType::Integer)
+        return FollowNumber(rule, NameIn<int>(record, rule.item).ValueOr(0), position);
+    position.isFlat = position.isFlat && rule.isAfterScalars;
+    Outcome ofAll = Outcome::Settled;
+    for (const std::string& name :
+        As<std::string>(*static_cast<const IKeywordListData*>(record.GetData(rule.item)))) {
+        const Outcome outcome = names_.Follow(rule, name, position);
+        ofAll = ofAll == Outcome::Reported ? ofAll : outcome;
+        ++position.item;
+        if (rule.isFirstOnly)
+            break;
+    }
+    return ofAll;
+}
+
+/// A number above 0 is a name.
+NameChecks::Outcome RuleChecks::FollowNumber(
+    const RecordRules::Name& rule, int number, const ValuePosition& position)
+{
+    if (number <= 0)
+        return NameChecks::Outcome::Settled;
+    char digits[16];
+    const char* const end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
+    return names_.Follow(rule, {digits, static_cast<std::size_t>(end - digits)}, position);
+}
+
+/// Any word of a line may be a name.
+void RuleChecks::CheckElements(const std::vector<RecordRules::Name>& rules)
+{
+    const KeywordInstance& keyword = deck_.keywords.back();
+    const auto& list = static_cast<const IKeywordListData&>(*keyword.data);
+    for (const RecordRules::Name& rule : rules) {
+        std::size_t element = 0;
+        if (rule.type == MDType::Line && rule.isDefinition) {
+            names_.FollowUnsound(rule.kind, deck_.files.GetText(keyword.whole));
+        } else if (rule.type == MDType::Integer) {
+            for (const int number : As<int>(list))
+                FollowNumber(rule, number, {element++});
+        } else if (rule.type == MDType::String) {
+            for (const std::string& name : As<std::string>(list))
+                names_.Follow(rule, name, {element++});
+        }
+    }
+}
+
+} // namespace Veld::Quor::Core::Decks
