@@ -28,45 +28,38 @@ LeadingReal FindShortDecimal(std::string_view text)
     static constexpr double powers[] = {
         1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
     constexpr std::size_t mostDigits = std::size(powers) - 1;
+    const char* at = text.data();
+    const char* const end = at + text.size();
     std::uint64_t digits = 0;
-    std::size_t at = 0;
     const auto takeDigits = [&] {
-        const std::size_t start = at;
-        for (; at < text.size() && IsDigit(text[at]); ++at)
-            digits = digits * 10 + static_cast<std::uint64_t>(text[at] - '0');
-        return at - start;
+        const char* const first = at;
+        for (unsigned digit = 0; at != end; ++at) {
+            digit = static_cast<unsigned char>(*at - '0');
+            if (digit > 9)
+                break;
+            digits = digits * 10 + digit;
+        }
+        return static_cast<std::size_t>(at - first);
     };
-    const bool isNegative = text.starts_with('-');
+    const bool isNegative = at != end && *at == '-';
     at += isNegative ? 1 : 0;
     const std::size_t whole = takeDigits();
     std::size_t decimals = 0;
-    if (at < text.size() && text[at] == '.') {
+    if (at != end && *at == '.') {
         ++at;
         decimals = takeDigits();
     }
     const bool isFew = whole + decimals > 0 && whole + decimals <= mostDigits;
-    if (!isFew || (at < text.size() && (text[at] == 'e' || text[at] == 'E')))
+    if (!isFew || (at != end && (*at == 'e' || *at == 'E')))
         return {};
-    const double value = static_cast<double>(static_cast<std::int64_t>(digits)) / powers[decimals];
-    return {isNegative ? -value : value, at};
+    const auto number = static_cast<double>(static_cast<std::int64_t>(digits));
+    const double value = decimals > 0 ? number / powers[decimals] : number;
+    return {isNegative ? -value : value, static_cast<std::size_t>(at - text.data())};
 }
 
-} // namespace
-
-std::optional<int> ToInteger(std::string_view text)
+/// Of any length. By itself, so that the others need no frame on the stack.
+[[gnu::noinline]] LeadingReal FindAnyReal(std::string_view text, std::size_t start)
 {
-    text.remove_prefix(StartOfDigits(text));
-    int value = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value);
-    return error == std::errc() && stop == end && !text.empty() ? std::optional<int>(value) : std::nullopt;
-}
-
-LeadingReal FindLeadingReal(std::string_view text)
-{
-    const std::size_t start = StartOfDigits(text);
-    if (const LeadingReal decimal = FindShortDecimal(text.substr(start)); decimal.length > 0)
-        return {decimal.value, start + decimal.length};
     const char* const first = text.data() + start;
     const char* const end = text.data() + text.size();
     const char* const digits = first != end && *first == '-' ? first + 1 : first;
@@ -79,12 +72,37 @@ LeadingReal FindLeadingReal(std::string_view text)
     return real;
 }
 
+} // namespace
+
+std::optional<int> ToInteger(std::string_view text)
+{
+    const LeadingInteger whole = FindLeadingInteger(text);
+    return whole.length == text.size() && whole.length > 0 ? std::optional<int>(whole.value) : std::nullopt;
+}
+
+LeadingInteger FindLeadingInteger(std::string_view text)
+{
+    LeadingInteger whole;
+    const char* const first = text.data() + StartOfDigits(text);
+    const auto [stop, error] = std::from_chars(first, text.data() + text.size(), whole.value);
+    if (error == std::errc())
+        whole.length = static_cast<std::size_t>(stop - text.data());
+    return whole;
+}
+
+LeadingReal FindLeadingReal(std::string_view text)
+{
+    const std::size_t start = StartOfDigits(text);
+    const LeadingReal decimal = FindShortDecimal(text.substr(start));
+    return decimal.length > 0 ? LeadingReal{decimal.value, start + decimal.length} : FindAnyReal(text, start);
+}
+
 std::optional<double> ToReal(std::string_view text)
 {
     const LeadingReal real = FindLeadingReal(text);
     if (real.length == text.size() && real.length > 0)
         return real.value;
-    if (text.find_first_of("Dd") == std::string_view::npos)
+    if (real.length == 0 || text.find_first_of("Dd") == std::string_view::npos)
         return std::nullopt;
     std::string standard(text);
     std::replace_if(

@@ -28,6 +28,12 @@ struct LeadingReal {
     std::size_t length = 0; ///< 0: there is none
 };
 LeadingReal FindLeadingReal(std::string_view text);
+/// The same for a whole number.
+struct LeadingInteger {
+    int value = 0;
+    std::size_t length = 0; ///< 0: there is none
+};
+LeadingInteger FindLeadingInteger(std::string_view text);
 
 /// The count of a repeat, `n*` at the beginning of a text.
 struct Repeat {

@@ -30,20 +30,23 @@ constexpr std::array<bool, 256> mayEnd = [] {
 std::size_t LengthOfBareWord(std::string_view text, bool& isPlain)
 {
     isPlain = !IsBeyondAscii(text[0]);
-    const auto counts = [](char c) { return (c >= '0' && c <= '9') || c == '*'; };
-    bool isCount = counts(text[0]);
+    std::size_t count = 0; // how long a repeat count may be
     std::size_t length = 1;
-    for (; length < text.size(); ++length) {
+    const auto isRepeated = [&] {
+        while (count < length && (IsDigit(text[count]) || text[count] == '*'))
+            ++count;
+        return count == length && text[length - 1] == '*';
+    };
+    for (;; ++length) {
+        while (length < text.size() && !mayEnd[static_cast<unsigned char>(text[length])])
+            ++length;
+        if (length == text.size())
+            return length;
         const char c = text[length];
-        if (mayEnd[static_cast<unsigned char>(c)]) {
-            if (IsSeparator(c) || c == '/' || IsCommentAt(text, length)
-                || (IsQuote(c) && isCount && text[length - 1] == '*'))
-                break;
-            isPlain = isPlain && !IsBeyondAscii(c);
-        }
-        isCount = isCount && counts(c);
+        if (IsSeparator(c) || c == '/' || IsCommentAt(text, length) || (IsQuote(c) && isRepeated()))
+            return length;
+        isPlain = isPlain && !IsBeyondAscii(c);
     }
-    return length;
 }
 
 DataWord FindQuoted(std::string_view text)

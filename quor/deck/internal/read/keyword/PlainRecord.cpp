@@ -36,6 +36,14 @@ bool IsBlankInLine(char c)
     return c == ' ' || c == '\t' || c == '\r';
 }
 
+/// Of the first such character from an offset on; the size if there is none.
+std::size_t FindOdd(std::string_view line, std::size_t at)
+{
+    while (at < line.size() && !isOdd[static_cast<unsigned char>(line[at])])
+        ++at;
+    return at;
+}
+
 /// Whether a word ends before the offset, and nothing but that.
 bool EndsWord(std::string_view line, std::size_t at)
 {
@@ -54,6 +62,19 @@ std::optional<int> FindChoice(const DataPlan& item, std::string_view text)
             return choice.index;
     }
     return std::nullopt;
+}
+
+/// Whether the line begins with one of the words, whose index is then set; its length, or 0.
+std::size_t FindLeadingChoice(const DataPlan& item, std::string_view line, int& index)
+{
+    for (const DataPlan::PlainChoice& choice : item.choices) {
+        if (choice.isBare && choice.word[0] == line[0] && line.starts_with(choice.word)
+            && EndsWord(line, choice.word.size())) {
+            index = choice.index;
+            return choice.word.size();
+        }
+    }
+    return 0;
 }
 
 template <class T>
@@ -85,7 +106,34 @@ bool PlainRecord::Read(std::string_view text, const DataPlan& plan)
 
 bool PlainRecord::ReadWord(std::string_view line)
 {
-    return IsQuote(line.front()) ? ReadQuoted(line) : ReadBare(line);
+    return IsQuote(line.front()) ? ReadQuoted(line) : ReadUsual(line) || ReadBare(line);
+}
+
+/// A number or a choice as most are written: it is found in one go with its end.
+bool PlainRecord::ReadUsual(std::string_view line)
+{
+    if (given_ == plan_->items.size())
+        return false;
+    const DataPlan& item = plan_->items[given_];
+    Value value = {given_, {}, 0, 0};
+    std::size_t length = 0;
+    if (item.type == MDType::Real) {
+        const LeadingReal real = FindLeadingReal(line);
+        value.real = real.value;
+        length = IsWithinLimits(item, real.value) ? real.length : 0;
+    } else if (item.type == MDType::Integer) {
+        const LeadingInteger whole = FindLeadingInteger(line);
+        value.whole = whole.value;
+        length = IsWithinLimits(item, whole.value) ? whole.length : 0;
+    } else if (item.type == MDType::Choice) {
+        length = FindLeadingChoice(item, line, value.whole);
+    }
+    if (length == 0 || !EndsWord(line, length) || !item.isValid || item.isUnsupported)
+        return false;
+    last_ = line.substr(0, length);
+    values_.push_back(value);
+    ++given_;
+    return true;
 }
 
 bool PlainRecord::ReadQuoted(std::string_view line)
@@ -103,11 +151,9 @@ bool PlainRecord::ReadQuoted(std::string_view line)
 
 bool PlainRecord::ReadBare(std::string_view line)
 {
-    std::size_t end = 0;
-    for (; end < line.size(); ++end) {
+    std::size_t end = FindOdd(line, 0);
+    for (; end < line.size(); end = FindOdd(line, end + 1)) {
         const char c = line[end];
-        if (!isOdd[static_cast<unsigned char>(c)])
-            continue;
         if (c == '*' && IsNumber(line.substr(0, end))) {
             last_ = line.substr(0, end + 1);
             return EndsWord(line, end + 1) && TakeDefaults(static_cast<std::size_t>(FindRepeat(last_).count));

@@ -38,6 +38,7 @@ private:
     };
 
     bool ReadWord(std::string_view line);
+    bool ReadUsual(std::string_view line);
     bool ReadQuoted(std::string_view line);
     bool ReadBare(std::string_view line);
     bool TakeDefaults(std::size_t count);

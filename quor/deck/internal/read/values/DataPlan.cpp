@@ -1,5 +1,6 @@
 #include "quor/deck/internal/read/values/DataPlan.h"
 
+#include "quor/deck/internal/text/LineText.h"
 #include "quor/metadata/IKeywordChoiceMD.h"
 #include "quor/metadata/IKeywordIntegerMD.h"
 #include "quor/metadata/IKeywordListMD.h"
@@ -32,6 +33,11 @@ void PlanLimits(const Numeric& md, DataPlan& plan)
     plan.max = md.GetMax() ? static_cast<double>(*md.GetMax()) : plan.max;
 }
 
+bool IsWordLetter(char c)
+{
+    return IsLetter(c) || IsDigit(c);
+}
+
 /// Those that match no more than themselves, and are valid and have an effect.
 void PlanChoices(const IKeywordChoiceMD& md, const Target& target, DataPlan& plan)
 {
@@ -42,7 +48,7 @@ void PlanChoices(const IKeywordChoiceMD& md, const Target& target, DataPlan& pla
                 && !md.GetUnsupportedBy(i).IsUnsupportedBy(target.simulator, target.mode));
         const ChoiceMatch match = isUsed ? md.Match(word) : ChoiceMatch();
         if (match.index == i && match.kind == ChoiceMatch::Kind::Word && !match.needsWarning)
-            plan.choices.push_back({word, i});
+            plan.choices.push_back({word, i, std::all_of(word.begin(), word.end(), IsWordLetter)});
     }
 }
 

@@ -36,6 +36,7 @@ struct DataPlan {
     struct PlainChoice {
         std::string word;
         int index;
+        bool isBare; ///< of letters and digits, and so a word without quotes
     };
     std::vector<PlainChoice> choices; ///< for the target
 

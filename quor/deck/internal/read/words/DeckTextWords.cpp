@@ -85,6 +85,10 @@ void DeckText::CheckBare(const DataWord& word, Token& token)
 Token DeckText::TakeSlash()
 {
     const Token slash = TakeToken(Token::Kind::Slash, 1);
+    if (position_ != end_ && *position_ == '\n') { // as nearly always
+        ++position_;
+        return slash;
+    }
     NoteRemark();
     SkipLine();
     return slash;

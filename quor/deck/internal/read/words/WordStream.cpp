@@ -112,6 +112,8 @@ WordStream::Limits WordStream::GetLimits() const
 
 bool WordStream::MayRepeatDefaults(std::size_t count)
 {
+    if (count == 0)
+        return true;
     const std::size_t values = weight * count;
     const auto [inKeyword, inDeck] = GetLimits();
     return madeInKeyword_ + values <= inKeyword && made_ + values <= inDeck && MayRepeat(values);
