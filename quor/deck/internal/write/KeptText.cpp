@@ -44,6 +44,13 @@ const DataPlan* FindRowRecord(const DataPlan& plan, std::size_t& headers)
     return FindRowRecord(plan.items.back(), headers);
 }
 
+std::string_view WithoutLineEnd(std::string_view line)
+{
+    while (line.ends_with('\n') || line.ends_with('\r'))
+        line.remove_suffix(1);
+    return line;
+}
+
 /// The words of an assignment in one pair of quotes; empty if it needs them.
 std::string Unquoted(const DataWord& word)
 {
@@ -71,30 +78,30 @@ std::string KeptText::Write()
         const std::size_t head = remark_ == 0 ? text_.size() : remark_;
         return fmt::format("{}{}{}", text_.substr(0, head), remark_ == 0 ? "" : "-- ", text_.substr(head));
     }
-    for (std::size_t begin = 0; begin < text_.size(); begin = EndOfLine(text_, begin))
-        ReadLine(RestOfLine(text_, begin), begin == 0);
+    for (std::size_t begin = 0; begin < text_.size();) {
+        const std::size_t end = EndOfLine(text_, begin);
+        ReadLine(WithoutLineEnd(text_.substr(begin, end - begin)), begin == 0);
+        begin = end;
+    }
     Align();
     std::string written;
     written.reserve(text_.size());
-    std::size_t begin = 0;
-    for (const TextRow& row : rows_) {
-        const std::size_t end = EndOfLine(text_, begin);
-        written += row.GetText();
-        written += text_.substr(begin + row.source.size(), end - begin - row.source.size());
-        begin = end;
+    const char* copied = text_.data();
+    for (const TextRow& row : rows_.GetAll()) {
+        written.append(copied, row.source.data()); // the line end before it
+        rows_.Write(row, written);
+        copied = row.source.data() + row.source.size();
     }
-    return written;
+    return written.append(copied, text_.data() + text_.size());
 }
 
 void KeptText::ReadLine(std::string_view line, bool isFirst)
 {
-    TextRow row;
-    row.source = line;
-    row.words.reserve(rows_.empty() ? 0 : rows_.back().words.size());
+    rows_.Begin(line);
     columns_ = LineColumns(line);
     std::size_t offset = 0;
     if (isFirst) {
-        row.words.push_back({std::string(line.substr(0, name_))});
+        rows_.Add({line.substr(0, name_)});
         offset = name_;
     }
     const std::size_t before = value_;
@@ -104,77 +111,84 @@ void KeptText::ReadLine(std::string_view line, bool isFirst)
     while (offset < line.size() && !isEnded) {
         const bool isRemark = isFirst && remark_ > 0 && offset == remark_;
         if (isRemark || IsCommentAt(line, offset)) {
-            AddComment(row, offset, isRemark ? "-- " : "");
+            AddComment(offset, isRemark ? "-- " : "");
             break;
         }
         mayBeRow = mayBeRow && line[offset] != ',';
         isEnded = line[offset] == '/';
         if (isEnded)
-            AddSlash(row, offset);
+            AddSlash(offset);
         else
-            offset = IsSeparator(line[offset]) ? offset + 1 : ReadWord(row, line, offset);
+            offset = IsSeparator(line[offset]) ? offset + 1 : ReadWord(line, offset);
     }
     if (mayBeRow)
-        FindRow(row, before, isEnded);
+        FindRow(before, isEnded);
     if (isEnded)
         EndRecord();
-    rows_.push_back(std::move(row));
 }
 
-std::size_t KeptText::ReadWord(TextRow& row, std::string_view line, std::size_t offset)
+std::size_t KeptText::ReadWord(std::string_view line, std::size_t offset)
 {
     const DataWord word = FindDataWord(line.substr(offset));
     const std::string_view spelling = line.substr(offset, word.length);
     TextRow::Word read{Fixed(word, spelling), columns_.At(offset), value_};
     read.isNumber = !word.IsQuoted() && (word.IsDefault() || ToReal(word.text));
+    read.whole = read.isNumber ? CountWhole(read.text) : 0;
     read.isRepeated = word.repeat.count > 1;
+    TextRow& row = rows_.GetLast();
     row.isChanged = row.isChanged || read.text != spelling;
     isCut_ = isCut_ || read.text.empty() || (plan_.type == MDType::Map && row.isChanged);
     if (!read.text.empty())
-        row.words.push_back(std::move(read));
+        rows_.Add(read);
     value_ += static_cast<std::size_t>(std::max(word.repeat.count, 1LL));
     return offset + word.length;
 }
 
 /// The word as it is to be written; empty: left out.
-std::string KeptText::Fixed(const DataWord& word, std::string_view spelling) const
+std::string_view KeptText::Fixed(const DataWord& word, std::string_view spelling)
 {
+    if (!word.IsQuoted() && !word.IsDefault())
+        return spelling;
     if (std::string unquoted = plan_.type == MDType::Map ? Unquoted(word) : std::string(); !unquoted.empty())
-        return unquoted;
+        return rows_.Keep(std::move(unquoted));
     if (word.IsPadded() && !word.text.empty()) {
         const char quote = spelling.back();
-        return fmt::format("{0}{1}{2}{1}", spelling.substr(0, word.repeat.length), quote, word.text);
+        return rows_.Keep(
+            fmt::format("{0}{1}{2}{1}", spelling.substr(0, word.repeat.length), quote, word.text));
     }
     if (!hasItems_ || headers_ > 0 || !word.IsDefault())
-        return std::string(spelling);
+        return spelling;
     const std::size_t size = record_->items.size();
     const auto count = static_cast<std::size_t>(std::max(word.repeat.count, 1LL));
     if (value_ + count > size)
-        return value_ >= size ? std::string() : MissingText(size - value_);
+        return value_ >= size ? std::string_view() : rows_.Keep(MissingText(size - value_));
     const bool isBlank = word.IsQuoted() && record_->items[value_].MayBeMissing();
-    return isBlank ? MissingText(count) : std::string(spelling);
+    return isBlank ? rows_.Keep(MissingText(count)) : spelling;
 }
 
-void KeptText::AddSlash(TextRow& row, std::size_t offset)
+void KeptText::AddSlash(std::size_t offset)
 {
+    TextRow& row = rows_.GetLast();
     std::size_t column = columns_.At(offset);
-    if (isCut_ && !row.words.empty())
-        column = row.words.back().GetEnd() + 1;
+    if (isCut_ && row.begin != row.end)
+        column = rows_.GetWords(row).back().GetEnd() + 1;
     row.isChanged = row.isChanged || isCut_;
-    row.words.push_back({"/", column, TextRow::slash});
-    AddComment(row, offset + 1, "");
+    rows_.Add({"/", column, TextRow::slash});
+    AddComment(offset + 1, "");
 }
 
 /// What is left of the line; `hyphens`: to be put before it.
-void KeptText::AddComment(TextRow& row, std::size_t offset, std::string_view hyphens)
+void KeptText::AddComment(std::size_t offset, std::string_view hyphens)
 {
+    TextRow& row = rows_.GetLast();
     const std::string_view text = row.source.substr(offset);
     const std::string_view comment = TrimBlanks(text);
     if (comment.empty())
         return;
     const auto begin = static_cast<std::size_t>(comment.data() - row.source.data());
     row.isChanged = row.isChanged || !hyphens.empty();
-    row.words.push_back({fmt::format("{}{}", hyphens, comment), columns_.At(begin), TextRow::comment});
+    rows_.Add({hyphens.empty() ? comment : rows_.Keep(fmt::format("{}{}", hyphens, comment)),
+        columns_.At(begin), TextRow::comment});
 }
 
 void KeptText::EndRecord()
@@ -186,8 +200,9 @@ void KeptText::EndRecord()
 
 /// A row that is ended is one with other such rows, one that isn't with those of as many values. The words of
 /// the latter are counted from the last one, since values may be before those of a first row.
-void KeptText::FindRow(TextRow& row, std::size_t before, bool isEnded) const
+void KeptText::FindRow(std::size_t before, bool isEnded)
 {
+    TextRow& row = rows_.GetLast();
     const std::size_t values = value_ - before;
     if (values == 0)
         return;
@@ -197,28 +212,30 @@ void KeptText::FindRow(TextRow& row, std::size_t before, bool isEnded) const
     }
     constexpr std::size_t last = std::size_t(1) << 40;
     row.isRow = true;
-    for (TextRow::Word& word : row.words) {
+    for (TextRow::Word& word : rows_.GetWords(row)) {
         if (word.cell < last)
             word.cell += last - value_;
     }
 }
 
-bool KeptText::AreOfOneForm(const TextRow& first, const TextRow& second) const
+bool KeptText::AreOfOneForm(const TextRow& first, const TextRow& second)
 {
     if (!first.isRow || !second.isRow)
         return false;
-    const auto [least, most] = std::minmax(first.words.front().cell, second.words.front().cell);
+    const auto [least, most] =
+        std::minmax(rows_.GetWords(first).front().cell, rows_.GetWords(second).front().cell);
     const std::size_t lead = IsTabular(*record_) ? record_->items.size() - 1 : 0;
     return record_->termination == Termination::SLASH || most == least || most == least + lead;
 }
 
 void KeptText::Align()
 {
-    for (std::size_t first = 0, i = 1; i <= rows_.size(); ++i) {
-        if (i < rows_.size() && AreOfOneForm(rows_[first], rows_[i]))
+    const std::vector<TextRow>& rows = rows_.GetAll();
+    for (std::size_t first = 0, i = 1; i <= rows.size(); ++i) {
+        if (i < rows.size() && AreOfOneForm(rows[first], rows[i]))
             continue;
-        if (rows_[first].isRow)
-            AlignRows(rows_, first, i);
+        if (rows[first].isRow)
+            rows_.Align(first, i);
         first = i;
     }
 }

@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -25,13 +24,13 @@ public:
 
 private:
     void ReadLine(std::string_view line, bool isFirst);
-    std::size_t ReadWord(TextRow& row, std::string_view line, std::size_t offset);
-    std::string Fixed(const DataWord& word, std::string_view spelling) const;
-    void AddSlash(TextRow& row, std::size_t offset);
-    void AddComment(TextRow& row, std::size_t offset, std::string_view hyphens);
+    std::size_t ReadWord(std::string_view line, std::size_t offset);
+    std::string_view Fixed(const DataWord& word, std::string_view spelling);
+    void AddSlash(std::size_t offset);
+    void AddComment(std::size_t offset, std::string_view hyphens);
     void EndRecord();
-    void FindRow(TextRow& row, std::size_t before, bool isEnded) const;
-    bool AreOfOneForm(const TextRow& first, const TextRow& second) const;
+    void FindRow(std::size_t before, bool isEnded);
+    bool AreOfOneForm(const TextRow& first, const TextRow& second);
     void Align();
 
     const DataPlan& plan_;
@@ -42,7 +41,7 @@ private:
     const DataPlan* record_; // of rows; null: no line is one
     bool hasItems_; // the values of such a row are the items of the record, and no more
 
-    std::vector<TextRow> rows_;
+    TextRows rows_;
     LineColumns columns_; // of the line being read
     std::size_t value_ = 0; // of the record, that comes next
     bool isCut_ = false; // the line is shorter: its slash follows

@@ -1,9 +1,6 @@
 #include "quor/deck/internal/write/TextRow.h"
 
-#include "quor/deck/internal/write/ValueText.h"
-
 #include <algorithm>
-#include <map>
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
@@ -19,7 +16,7 @@ std::size_t OffsetOf(const Word& word, Edge edge)
 {
     if (edge == Edge::Begin)
         return 0;
-    return edge == Edge::End ? word.text.size() : CountWhole(word.text);
+    return edge == Edge::End ? word.text.size() : word.whole;
 }
 
 /// Where the words of rows end, and one blank after them.
@@ -33,8 +30,14 @@ struct RowEnds {
 /// The words of several rows that stand for the same value.
 class WordColumn {
 public:
+    explicit WordColumn(std::size_t cell)
+        : cell_(cell)
+    {
+    }
+
     void Add(std::size_t row, Word& word) { words_.emplace_back(row, &word); }
 
+    std::size_t GetCell() const { return cell_; }
     std::size_t GetBegin() const
     {
         std::size_t begin = words_.front().second->column;
@@ -50,12 +53,13 @@ public:
             end = std::max(end, word->isRepeated ? 0 : word->GetEnd() + 1);
         return end;
     }
-    /// Whether each word directly follows the one before it. `rows`: the first of them.
-    bool IsClose(const TextRow* rows) const
+    /// Whether each word directly follows the one before it. `words`: those of all rows; `rows`: the first of
+    /// them.
+    bool IsClose(const std::vector<Word>& words, const TextRow* rows) const
     {
         return std::all_of(words_.begin(), words_.end(), [&](const auto& word) {
             const Word* const self = word.second;
-            const Word* const first = rows[word.first].words.data();
+            const Word* const first = words.data() + rows[word.first].begin;
             return self == first || self->column <= (self - 1)->GetEnd() + 1;
         });
     }
@@ -137,17 +141,36 @@ private:
         return usual;
     }
 
+    std::size_t cell_;
     std::vector<std::pair<std::size_t, Word*>> words_; // with the row of each
 };
 
-using WordColumns = std::map<std::size_t, WordColumn>; // by cell
+using WordColumns = std::vector<WordColumn>; // in the order of their cells
 
-WordColumns ColumnsOf(std::vector<TextRow>& rows, std::size_t first, std::size_t last)
+/// `at`: where the column of the word before is, in whose row; nearly always the next is its own.
+std::size_t PositionIn(WordColumns& columns, std::size_t at, std::size_t cell)
+{
+    if (at < columns.size() && columns[at].GetCell() == cell)
+        return at;
+    const auto isBefore = [](const WordColumn& column, std::size_t other) {
+        return column.GetCell() < other;
+    };
+    const auto place = std::lower_bound(columns.begin(), columns.end(), cell, isBefore);
+    const auto position = static_cast<std::size_t>(place - columns.begin());
+    if (place == columns.end() || place->GetCell() != cell)
+        columns.emplace(place, cell);
+    return position;
+}
+
+WordColumns ColumnsOf(std::vector<Word>& words, const TextRow* rows, std::size_t count)
 {
     WordColumns columns;
-    for (std::size_t i = first; i < last; ++i) {
-        for (Word& word : rows[i].words)
-            columns[word.cell].Add(i - first, word);
+    for (std::size_t row = 0; row < count; ++row) {
+        std::size_t at = 0;
+        for (std::size_t i = rows[row].begin; i < rows[row].end; ++i) {
+            at = PositionIn(columns, at, words[i].cell);
+            columns[at++].Add(row, words[i]);
+        }
     }
     return columns;
 }
@@ -155,8 +178,8 @@ WordColumns ColumnsOf(std::vector<TextRow>& rows, std::size_t first, std::size_t
 bool IsLaidOut(const WordColumns& columns)
 {
     std::size_t end = 0;
-    for (const auto& [cell, column] : columns) {
-        if (cell < TextRow::slash && column.GetBegin() < end)
+    for (const WordColumn& column : columns) {
+        if (column.GetCell() < TextRow::slash && column.GetBegin() < end)
             return false;
         end = std::max(end, column.GetEnd());
     }
@@ -165,7 +188,7 @@ bool IsLaidOut(const WordColumns& columns)
 
 } // namespace
 
-std::size_t LineColumns::At(std::size_t offset)
+std::size_t LineColumns::Count(std::size_t offset)
 {
     constexpr std::size_t tab = 8;
     for (; offset_ < offset; ++offset_)
@@ -173,34 +196,37 @@ std::size_t LineColumns::At(std::size_t offset)
     return column_;
 }
 
-std::string TextRow::GetText() const
+void TextRows::Write(const TextRow& row, std::string& text)
 {
+    const std::span<const Word> words = GetWords(row);
     const bool isMoved = std::any_of(
         words.begin(), words.end(), [](const Word& word) { return word.column != word.sourceColumn; });
-    if (!isChanged && !isMoved)
-        return std::string(source);
-    std::string line;
-    line.reserve(source.size());
-    for (const Word& word : words) {
-        const std::size_t least = line.empty() ? 0 : line.size() + 1;
-        line.resize(std::max(least, word.column), ' ');
-        line += word.text;
+    if (!row.isChanged && !isMoved) {
+        text += row.source;
+        return;
     }
-    return line;
+    const std::size_t begin = text.size();
+    for (const Word& word : words) {
+        const std::size_t length = text.size() - begin;
+        text.resize(begin + std::max(length == 0 ? 0 : length + 1, word.column), ' ');
+        text += word.text;
+    }
 }
 
-void AlignRows(std::vector<TextRow>& rows, std::size_t first, std::size_t last)
+void TextRows::Align(std::size_t first, std::size_t last)
 {
-    const WordColumns columns = ColumnsOf(rows, first, last);
+    const TextRow* const rows = rows_.data() + first;
+    const WordColumns columns = ColumnsOf(words_, rows, last - first);
     if (IsLaidOut(columns))
         return;
     RowEnds ends{0, std::vector<std::size_t>(last - first)};
     for (std::size_t i = first; i < last; ++i) {
-        if (rows[i].words.front().column > 0)
+        if (words_[rows_[i].begin].column > 0)
             ends.least = 1; // at the start of a line a word may be a keyword
     }
-    for (const auto& [cell, column] : columns) {
-        const bool isClose = cell == TextRow::slash && column.IsClose(rows.data() + first);
+    for (const WordColumn& column : columns) {
+        const std::size_t cell = column.GetCell();
+        const bool isClose = cell == TextRow::slash && column.IsClose(words_, rows);
         if (cell < TextRow::slash || (!isClose && column.IsAligned(Edge::Begin)))
             column.Align(ends);
         else

@@ -86,7 +86,8 @@ std::string WordOf(const IKeywordDataMD& md, const ScalarValue& value)
 
 std::size_t CountWhole(std::string_view number)
 {
-    return std::min(number.find_first_of(".eEdD"), number.size());
+    const auto isEnd = [](char c) { return c == '.' || c == 'e' || c == 'E' || c == 'd' || c == 'D'; };
+    return static_cast<std::size_t>(std::find_if(number.begin(), number.end(), isEnd) - number.begin());
 }
 
 bool IsWord(const std::string& text)
