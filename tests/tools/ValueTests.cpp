@@ -66,7 +66,7 @@ Dump: dump a.data --set RATE=5 >1; $QUOR dump --load 1 >c; $QUOR dump c | tail -
     ACTNUM
        1 2*  0 /
 DumpOfBytes: --version >v; printf 'RUNSPEC\nNOTES\n a\xFC\nENDNOTES\n' >c; $QUOR dump c >1; $QUOR dump --load 1 | cmp - c; sed -n 3p 1 => {"name":"NOTES","section":"RUNSPEC","data":{"latin1":" aü\\n"}}
-LoadOfNoDump: --version >v; for t in [] '{"schema_version":2}' '[{"name":"PORU"}]' '[{"data":[]}]' '[{"name":3}]' '[{"name":"PORO","section":"GRIDD"}]' '[{"name":"OIL","data":3}]' '[{"name":"PORO","data":{}}]' '[{"name":"PORO","data":["x"]}]' '[{"name":"EQUIL","data":[{"OCW":1}]}]' '[{"name":"NOTES","data":"a\\nENDNOTES\\n"}]' '[{"name":"NOTES","data":{"latin":""}}]' '[1'; do case $t in '[]'|'{'*) ;; *) t='{"keywords":'$t'}';; esac; printf %s "$t" >1; $QUOR dump --load 1 2>&1 | cut -c 40-; done =>
+LoadOfNoDump: --version >v; for t in [] '{"schema_version":2}' '[{"name":"PORU"}]' '[{"data":[]}]' '[{"name":3}]' '[{"name":"PORO","section":"GRIDD"}]' '[{"name":"OIL","data":3}]' '[{"name":"PORO","data":{}}]' '[{"name":"PORO","data":["x"]}]' '[{"name":"EQUIL","data":[{"OCW":1}]}]' '[{"name":"NOTES","data":"a\\nENDNOTES\\n"}]' '[{"name":"NOTES","data":{"latin":""}}]' '[1' '{"keywords":3}' '{"keywords":{}}' '[{"nme":1}]' '[{"name":"PORO","data":3}]' '[{"name":"DIMENS","data":{"NX":1.5}}]' '[{"name":"EQUIL","data":[1]}]' '[{"name":"WCONPROD","data":[{"WELL":1}]}]' '[{"name":"WCONPROD","data":[{"STATUS":1}]}]' '[{"name":"NOTES","data":{"latin1":3}}]' '[{"name":"NOTES","data":{"latin1":"€"}}]' '[{"name":"PORO","data":[[1]]}]' x; do case $t in '[]'|x|'{'*) ;; *) t='{"keywords":'$t'}';; esac; printf %s "$t" >1; $QUOR dump --load 1 2>&1 | cut -c 40-; done =>
     expected an object with 'keywords'
     expected 'schema_version' 1
     keyword 1 (PORU): unknown keyword
@@ -80,6 +80,18 @@ LoadOfNoDump: --version >v; for t in [] '{"schema_version":2}' '[{"name":"PORU"}
     keyword 1 (NOTES): NOTES: a line of the text is 'ENDNOTES', which ends it
     keyword 1 (NOTES): expected a text, or an object with 'latin1'
     expected an object for each keyword
+    expected an array of keywords
+    expected 'keywords' as an array
+    keyword 1: expected 'name', 'section' or 'data'
+    keyword 1 (PORO): expected an array or an object as 'data'
+    keyword 1 (DIMENS): expected a whole number
+    keyword 1 (EQUIL): expected an array or an object for each element
+    keyword 1 (WCONPROD): expected a text
+    keyword 1 (WCONPROD): expected the word of a choice
+    keyword 1 (NOTES): expected a text in 'latin1'
+    keyword 1 (NOTES): expected characters up to U+00FF in 'latin1'
+    keyword 1 (PORO): expected a value
+    invalid JSON at line 1, column 1: syntax error while parsing value - invalid literal; last read: 'x'
 Input: get - 'PORO[2]' --set RATE=5 <a.data => PORO[2]  0.2
 NamedInput: check - --stdin-filename x/y.data --set RATE=5 <a.data 2>e =>
     x/y.data:9:2: error: can't read 'x/b.data': No such file or directory [include-missing]

@@ -17,20 +17,11 @@ namespace Lint = Core::Lint;
 
 namespace {
 
-using Counts = std::map<std::string, std::size_t>; // of keywords, by name
-
-void Count(const Lint::Document& document, Counts& counts)
-{
-    if (document.GetRoot())
-        Lint::ForEachBelow(*document.GetRoot(), "keyword",
-            [&counts](const Lint::Element& keyword) { ++counts[keyword.Get("name")]; });
-}
-
 std::string OwnText(LoadedLanguage& language)
 {
-    Counts counts;
+    KeywordCounts counts;
     for (const std::string& path : language.GetDocuments())
-        Count(Lint::Document::ReadFile(path), counts);
+        CountKeywords(Lint::Document::ReadFile(path), counts);
     std::vector<std::string> replaced;
     for (const auto& [name, count] : counts) {
         if (language.GetTable().LookupAll(name).size() > count)
@@ -48,18 +39,25 @@ std::string VariableText(
     const std::string path = Core::Service::GetEnvVariable(variable);
     if (path.empty())
         return {};
-    Counts counts;
-    Count(replaced, counts);
+    KeywordCounts counts;
+    CountKeywords(replaced, counts);
     std::vector<std::string> missing;
     for (const auto& [name, count] : counts) {
         if (language.GetTable().LookupAll(name).empty())
             missing.push_back(name);
     }
-    return fmt::format("{}: {} replaces the built-in {} document; {}\n", variable, MakePrintable(path), kind,
-        missing.empty() ? "it has all of its keywords" : fmt::format("without its {}", SomeOf(missing)));
+    return fmt::format("{}: {} replaces the built-in {} document{}\n", variable, MakePrintable(path), kind,
+        missing.empty() ? "" : fmt::format("; without its {}", SomeOf(missing)));
 }
 
 } // namespace
+
+void CountKeywords(const Lint::Document& document, KeywordCounts& counts)
+{
+    if (document.GetRoot())
+        Lint::ForEachBelow(*document.GetRoot(), "keyword",
+            [&counts](const Lint::Element& keyword) { ++counts[keyword.Get("name")]; });
+}
 
 std::string OriginText(LoadedLanguage& language)
 {
@@ -75,13 +73,13 @@ std::string OriginText(LoadedLanguage& language)
 
 std::vector<std::string> ReplacedBy(const std::vector<Lint::Document>& documents)
 {
-    Counts own;
+    KeywordCounts own;
     for (const Lint::Document& document : documents)
-        Count(document, own);
-    Counts builtin;
+        CountKeywords(document, own);
+    KeywordCounts builtin;
     if (!own.empty()) {
         for (const Lint::Document& document : Lint::Document::ReadBuiltin())
-            Count(document, builtin);
+            CountKeywords(document, builtin);
     }
     std::vector<std::string> replaced;
     for (const auto& [name, count] : own) {

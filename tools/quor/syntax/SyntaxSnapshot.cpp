@@ -1,6 +1,7 @@
 #include "tools/quor/syntax/SyntaxSnapshot.h"
 
 #include "quor/lint/Document.h"
+#include "tools/quor/commands/LanguageOrigin.h"
 #include "tools/quor/commands/LoadedLanguage.h"
 #include "tools/quor/settings/SettingSources.h"
 #include "tools/quor/tree/KeywordFacts.h"
@@ -10,7 +11,6 @@
 #include <fmt/format.h>
 
 #include <filesystem>
-#include <set>
 #include <stdexcept>
 #include <system_error>
 
@@ -54,13 +54,9 @@ SyntaxSnapshot TakeSnapshot(LoadedLanguage& language, const std::string& path)
     }
     const std::vector<std::string> files = FilesOf(path);
     language.Load(files);
-    std::map<std::string, std::size_t> counts; // of the document's keywords of a name, which are found first
-    for (const std::string& file : files) {
-        const auto document = Core::Lint::Document::ReadFile(file);
-        if (document.GetRoot())
-            Core::Lint::ForEachBelow(*document.GetRoot(), "keyword",
-                [&counts](const Core::Lint::Element& keyword) { ++counts[keyword.Get("name")]; });
-    }
+    KeywordCounts counts; // of the document's keywords of a name, which are found first
+    for (const std::string& file : files)
+        CountKeywords(Core::Lint::Document::ReadFile(file), counts);
     for (auto& [name, count] : counts) {
         for (const IKeywordSyntax* const syntax : language.GetTable().LookupAll(name)) {
             if (syntax->GetName() == name && count > 0 && count--)
