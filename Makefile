@@ -3,7 +3,8 @@
 .DEFAULT_GOAL := help
 .PHONY: help run test python setup-run setup-python setup-test setup-benchmark setup-editor build-release build-python \
     build-test build-asan build-fuzz build-benchmark check-format check-release check-asan check-threads check-editor \
-    check-lint lint-all format schema pages trust decks benchmark bench-gate bench-counts faults fuzz docs editor install clean
+    check-lint lint-all format schema pages trust decks benchmark bench-gate bench-counts faults fuzz docs editor dist packages \
+    install clean
 
 SOURCES = $(shell find quor python tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt language/units/*.txt)
@@ -154,6 +155,21 @@ editor: setup-editor build-release ## Build the extension of VS Code and the col
 
 pages: setup-test build-test ## Look at the manual and reports in a browser: search, keyboard, roles, speed; pictures in build/test/pages
 	@tests/pages/look.sh build/test/bin/quor build/test/pages $(DECK)
+
+VERSION = $(shell sed -n 's/^project.* VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)
+ARCHIVE = build/dist/veld-quor-$(VERSION).tar.gz
+dist: ## Write the sources as committed to an archive in build/dist
+	@mkdir -p build/dist
+	@git archive --format=tar.gz --prefix=veld-quor-$(VERSION)/ --output=$(ARCHIVE) HEAD
+	@ls $(ARCHIVE)
+
+packages: dist ## Build Debian packages of the archive in build/packages, and check them with lintian
+	@cmake/setup.sh packages
+	@rm -rf build/packages && mkdir -p build/packages && tar -C build/packages -xzf $(ARCHIVE)
+	@cd build/packages/veld-quor-$(VERSION) && dpkg-buildpackage --build=binary --no-sign >../build.log 2>&1 || \
+	    { tail -n 50 ../build.log; exit 1; }
+	@lintian --fail-on error,warning build/packages/*.changes
+	@ls build/packages/*.deb
 
 PREFIX ?= /usr/local
 install: build-python ## Install the release and the Python module below PREFIX (/usr/local)

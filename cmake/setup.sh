@@ -1,8 +1,8 @@
 #!/bin/sh
-# Installs the Debian packages that are missing for a make target:  setup.sh run|python|test|benchmark|editor
+# Installs the Debian packages that are missing for a make target:  setup.sh run|python|test|packages|benchmark|editor
 set -eu
 
-group=${1:?usage: setup.sh run|python|test|benchmark|editor}
+group=${1:?usage: setup.sh run|python|test|packages|benchmark|editor}
 list=$(dirname "$0")/packages.txt
 wanted=
 while read -r target package command; do
