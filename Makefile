@@ -3,8 +3,8 @@
 .DEFAULT_GOAL := help
 .PHONY: help run test python setup-run setup-python setup-test setup-benchmark setup-editor build-release build-python \
     build-test build-asan build-fuzz build-benchmark check-format check-release check-asan check-threads check-editor \
-    check-lint lint-all format schema pages trust decks benchmark bench-gate bench-counts faults fuzz docs editor dist packages \
-    install clean
+    check-lint lint-all format schema pages trust decks benchmark bench-gate bench-counts abi-baseline faults fuzz docs editor dist \
+    packages install clean
 
 SOURCES = $(shell find quor python tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt language/units/*.txt)
@@ -111,6 +111,9 @@ bench-gate: setup-test build-test ## Count the instructions of the hot paths, an
 
 bench-counts: setup-test build-test ## Keep the counts of the hot paths as they are now
 	@benchmarks/gate/gate.sh build/test/bin/hot-paths $(COUNTS) --write
+
+abi-baseline: setup-test build-test ## Keep the interface of the libraries as it is now: what hosts were built with
+	@tests/package/abi.sh . build/test/lib tests/package/abi.xml.xz --write
 
 ROWS ?=
 benchmark: setup-benchmark build-benchmark ## Compare each hot path with its peer; ROWS="look-up hit" for some
