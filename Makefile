@@ -3,8 +3,8 @@
 .DEFAULT_GOAL := help
 .PHONY: help run test python setup-run setup-python setup-test setup-benchmark setup-editor build-release build-python \
     build-test build-asan build-fuzz build-benchmark check-format check-release check-asan check-threads check-editor \
-    check-lint lint-all format schema pages trust decks benchmark bench-gate bench-counts abi-baseline faults fuzz docs editor dist \
-    packages install clean
+    check-lint lint-all format schema pages trust decks benchmark bench-gate bench-counts abi-baseline faults \
+    fuzz docs editor dist packages install clean
 
 SOURCES = $(shell find quor python tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt language/units/*.txt)
