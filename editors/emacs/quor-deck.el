@@ -3,6 +3,7 @@
 ;; Colours of decks, and the server by eglot (of Emacs 29, or a package).
 ;; Put it where Emacs loads from, and in your configuration:
 ;;   (require 'quor-deck)
+;; Settings of a project, as its simulator, are in its quor.toml; these take precedence:
 ;;   (setq quor-deck-settings '(:simulator "Carrow"))
 
 ;;; Code:

@@ -1,5 +1,6 @@
 -- Decks of reservoir simulators in Neovim 0.7 and later. Copy it to ~/.config/nvim/lua/ and call, in init.lua:
---   require("quor").setup({ simulator = "Carrow" })
+--   require("quor").setup()
+-- Settings of a project, as its simulator, are in its quor.toml; setup({ simulator = "Carrow" }) takes precedence.
 
 local quor = {}
 

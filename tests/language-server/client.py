@@ -9,12 +9,14 @@ import threading
 
 
 class Client:
-    """`quor`: the program. Requests wait for their answer, at most 60 seconds."""
+    """`quor`: the program; `abilities` of the workspace. Requests wait for their answer, at most 60 seconds."""
 
-    def __init__(self, quor, options=None, folder=None):
+    def __init__(self, quor, options=None, folder=None, abilities=None):
         self.process = subprocess.Popen([quor, "language-server"], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.answers = queue.Queue()
         self.published = {}
+        self.asked = []
+        self.messages = []
         self.texts = {}
         self.versions = {}
         self.last = 0
@@ -22,7 +24,7 @@ class Client:
         folders = [{"uri": pathlib.Path(folder).as_uri(), "name": "decks"}] if folder else None
         snippets = {"textDocument": {"completion": {"completionItem": {"snippetSupport": True}}}}
         self.abilities = self.request("initialize", {"processId": None, "rootUri": None, "workspaceFolders": folders,
-            "capabilities": snippets, "initializationOptions": options or {}})["capabilities"]
+            "capabilities": {**snippets, "workspace": abilities or {}}, "initializationOptions": options or {}})["capabilities"]
         self.notify("initialized", {})
 
     def _read(self):
@@ -59,12 +61,17 @@ class Client:
         return self.last
 
     def receive(self, timeout=60):
-        """The next message; diagnostics are kept."""
+        """The next message; diagnostics and messages to the user are kept, requests of the server answered."""
         message = self.answers.get(timeout=timeout)
         if message is None:
             raise EOFError("the server is gone")
         if message.get("method") == "textDocument/publishDiagnostics":
             self.published[message["params"]["uri"]] = message["params"]["diagnostics"]
+        elif message.get("method") == "window/showMessage":
+            self.messages.append(message["params"]["message"])
+        elif "method" in message and "id" in message:
+            self.asked.append(message["params"])
+            self.send({"id": message["id"], "result": None})
         return message
 
     def finish(self, number):

@@ -211,3 +211,41 @@ BAD_MESSAGES = [
 FRAGMENT = ("0:0-0 3 : the deck that includes this file was not found, so the file isn't checked; "
     "open the deck, or set its path in the setting 'root'")
 MISSING = "33:2-13 1 include-missing: can't read 'FOLDER/wells.inc': No such file or directory; a relative name starts from the folder of the deck"
+
+# A project: its deck is in a folder that the editor doesn't have open.
+PROJECT = {
+    "own.xml": """<keywords><keyword name="WNOTE"><validSections> <section name="SCHEDULE"/> </validSections><data>
+<list termination="SLASH"><record termination="SLASH"><item name="WELL"><string/></item></record></list></data></keyword></keywords>
+""",
+    "rules.xml": '<rules><exclusive keywords="WNOTE WECON" what="kind of note"/></rules>\n',
+    "quor.toml": 'syntax = ["own.xml"]\ndecks = ["cases/*.data"]\n',
+    "cases/case.data": MAIN.replace("wells.inc", "../share/wells.inc"),
+    "share/wells.inc": WELLS + "WNOTE\n  P3 /\n/\nWECON\n  P1 $RATE /\n/\n",
+}
+SETTINGS = PROJECT["quor.toml"]
+RULES = SETTINGS + 'rules = ["rules.xml"]\n[variables]\nRATE = 5\n'
+IGNORE = '[check]\nignore = ["undefined-name"]\n'
+NAME = "10:2-4 1 undefined-name: WNOTE: undefined well 'P3'; did you mean P1, P2?"
+VARIABLE = "13:5-10 1 unknown-variable: variable '$RATE' has no value; set the variable $RATE"
+RULE = ("12:0-5 1 conflicting-keywords: WECON contradicts WNOTE; expected one kind of note; remove one of them "
+    "[wells.inc:9:0-5 WNOTE is here]")
+CASE = PROJECT["cases/case.data"]
+
+# Name, file, its new text (None: it is gone), the diagnostics of share/wells.inc then, what the user is told.
+ON_DISK = [
+    ("Project", "quor.toml", SETTINGS, NAME + " | " + VARIABLE, []),
+    ("VariablesAndRules", "quor.toml", RULES, NAME + " | " + RULE, []),
+    ("ErrorInSettings", "quor.toml", "mood = 1\n" + RULES, NAME + " | " + RULE,
+        ["FOLDER/quor.toml:1: unknown setting 'mood'; the settings before this error apply"]),
+    ("Codes", "quor.toml", RULES + IGNORE, RULE, []),
+    ("ErrorInRules", "rules.xml", "<rules><x/></rules>", RULE,
+        ["FOLDER/rules.xml: element 1, <x>: unknown rule; the settings before this error apply"]),
+    ("OtherDocuments", "quor.toml", 'decks = ["cases"]\n[variables]\nRATE = 5\n', NAME,
+        ["FOLDER/quor.toml: the documents of keywords that it names are not those that the server was started with; "
+            "restart the server in the folder of this file"]),
+    ("OpenFile", "share/wells.inc", "WELSPEC\n", NAME, []),
+    ("Deck", "cases/case.data", CASE.replace("SCHEDULE\n", "SCHEDULE\nWELSPECS\n  P3 NORTH 1 1 2000 OIL /\n/\n"), "", []),
+    ("DeckIsGone", "cases/case.data", None, FRAGMENT, ["can't read 'FOLDER/cases/case.data': No such file or directory"]),
+    ("DeckIsBack", "cases/case.data", CASE, NAME, []),
+]
+WATCHED = ["**/quor.toml", "FOLDER/cases/*", "FOLDER/own.xml", "FOLDER/quor.toml", "FOLDER/rules.xml", "FOLDER/share/*"]

@@ -189,13 +189,41 @@ def check_folder(checks, quor, folder):
     checks.equal("Status", client.close(), 0)
 
 
+def write(folder, files):
+    for file, text in files.items():
+        (folder / file).parent.mkdir(exist_ok=True)
+        (folder / file).write_text(text, encoding="utf-8")
+
+
+def check_project(checks, quor, folder):
+    """Settings and decks change on disk, while one included file is open."""
+    write(folder, decks.PROJECT)
+    share = folder / "share"
+    client = Client(quor, folder=share, abilities={"didChangeWatchedFiles": {"dynamicRegistration": True}})
+    uri = client.open(share / "wells.inc")
+    for name, file, text, diagnostics, messages in decks.ON_DISK:
+        path = folder / file
+        change = 1 if not path.exists() else 2 if text else 3
+        path.write_text(text) if text else path.unlink()
+        client.notify("workspace/didChangeWatchedFiles", {"changes": [{"uri": path.as_uri(), "type": change}]})
+        found = " | ".join(map(diagnostic_of, client.diagnostics(uri)))
+        checks.equal(name, found, diagnostics)
+        checks.equal(name + "Told", [text.replace(str(folder), "FOLDER") for text in client.messages], messages)
+        client.messages.clear()
+    watched = [one["globPattern"].replace(str(folder), "FOLDER") for asked in client.asked
+        for registration in asked["registrations"] for one in registration["registerOptions"]["watchers"]]
+    checks.equal("Watched", sorted(watched), decks.WATCHED)
+    checks.equal("ProjectStatus", client.close(), 0)
+
+
 def main():
     checks = Checks()
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name).resolve()
-        for file, text in (("main.data", decks.MAIN), ("wells.inc", decks.WELLS)):
-            (folder / file).write_text(text, encoding="utf-8")
+        write(folder, {"main.data": decks.MAIN, "wells.inc": decks.WELLS})
         check_folder(checks, sys.argv[1], folder)
+        (folder / "project").mkdir()
+        check_project(checks, sys.argv[1], folder / "project")
     check_lifecycle(checks, sys.argv[1])
     print(f"{checks.rows} checks, {checks.failed} failed")
     sys.exit(1 if checks.failed else 0)

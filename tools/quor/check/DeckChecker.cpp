@@ -160,10 +160,7 @@ const Decks::DeckLanguage& DeckChecker::LanguageWith(const Settings& settings)
     if (!language)
         language = std::make_unique<Decks::DeckLanguage>(
             language_.GetTable(), settings.rules.value_or(Settings::Words()));
-    std::vector<std::string> codes = language->GetOwnCodes();
-    for (const Decks::CodeInfo& code : Decks::Codes())
-        codes.emplace_back(code.name);
-    CheckCodes(settings, codes);
+    CheckCodes(settings, *language);
     return *language;
 }
 

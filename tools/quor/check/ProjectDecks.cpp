@@ -126,6 +126,11 @@ std::vector<std::string> DecksOf(const CheckOptions& options)
         if (given.empty())
             throw std::runtime_error(fmt::format("no deck; expected decks, or 'decks' in '{}'", file));
     }
+    return DecksOf(given);
+}
+
+std::vector<std::string> DecksOf(const std::vector<std::string>& given)
+{
     Paths decks;
     std::set<std::string> known;
     for (const std::string& path : given) {

@@ -7,6 +7,9 @@
 
 namespace Veld::Quor::Tools {
 
+/// The decks that paths and patterns name, each once: see below. Throws `std::runtime_error`.
+std::vector<std::string> DecksOf(const std::vector<std::string>& given);
+
 /// The decks to check: those of the command line, or without any those of the project, which the settings
 /// file of the current folder names. A folder stands for the `.data` files in it and below, a pattern for
 /// what it matches: `*`, `?` and `[a-z]` within a name, `**` for any folders. In the order given, each once,

@@ -15,7 +15,7 @@ Command MakeLanguageServerCommand(CLI::App& application)
         "Serves an editor with the Language Server Protocol on standard input and output.");
     command.add_flag_callback(
         "--stdio", [] {}, "Does nothing; for editors that always pass it");
-    const auto given = std::make_shared<Settings>(); // of the command line alone: an editor has its own
+    const auto given = std::make_shared<Settings>(); // settings files are those of the decks
     AddSettingOptions(command, *given, {"syntax", "syntax-folder"});
     command.footer("The editor starts it. It reports findings while decks are written, and answers what the "
                    "editor\n"
@@ -23,8 +23,8 @@ Command MakeLanguageServerCommand(CLI::App& application)
                    "Examples:\n"
                    "  quor language-server");
     return {&command,
-        [](LoadedLanguage& language) {
-            return LanguageServer::Serve(language.GetTable()) ? 0 : 1; // as the protocol has it
+        [given](LoadedLanguage& language) {
+            return LanguageServer::Serve(language, *given) ? 0 : 1; // as the protocol has it
         },
         [given] { return DocumentsOf(*given); }};
 }

@@ -40,6 +40,7 @@ public:
     Completions(Session& session, const View& view, std::size_t offset)
         : session_(session)
         , view_(view)
+        , target_(view.places ? view.GetDeck().GetOptions().GetTarget() : session.GetSettings().GetTarget())
         , context_(FindContext(session, view, offset))
         , offset_(offset)
     {
@@ -62,6 +63,7 @@ private:
 
     Session& session_;
     const View& view_;
+    Decks::Target target_; // of the deck, or as the editor sets it before a deck was read
     TextContext context_;
     std::size_t offset_;
     Json items_ = Json::array();
@@ -84,10 +86,9 @@ Json Completions::Make()
 
 bool Completions::IsOffered(const IKeywordSyntax& syntax, const std::string& name) const
 {
-    const Decks::Target& target = session_.GetSettings().target;
     if (context_.section == SectionType::None)
         return !syntax.GetSummaryMnemonicInfo();
-    return KeywordSyntaxUtils::IsValid(syntax, name, context_.section, target.simulator, target.mode);
+    return KeywordSyntaxUtils::IsValid(syntax, name, context_.section, target_.simulator, target_.mode);
 }
 
 void Completions::AddKeywords(const std::string& prefix)
@@ -132,10 +133,9 @@ void Completions::AddData()
 
 void Completions::AddChoices(const IKeywordChoiceMD& md)
 {
-    const Decks::Target& target = session_.GetSettings().target;
     for (int i = 0; i < md.NumChoices(); ++i) {
-        if (target.simulator == SimulatorType::Any
-            || md.GetValidity(i).IsValid(target.simulator, target.mode))
+        if (target_.simulator == SimulatorType::Any
+            || md.GetValidity(i).IsValid(target_.simulator, target_.mode))
             AddWord(md.GetChoice(i), ItemKind::Choice, "");
     }
 }
@@ -155,7 +155,7 @@ void Completions::AddNames()
     const std::string item = cursor.record && cursor.item < cursor.record->GetSize()
         ? cursor.record->GetItemMD(cursor.item)->GetName()
         : "";
-    for (const NamedItem& named : session_.GetNameRules().Get(*context_.syntax)) {
+    for (const NamedItem& named : view_.GetState().GetNameRules().Get(*context_.syntax)) {
         if (named.item != item)
             continue;
         AddNamesOf(named.kind);
@@ -165,7 +165,7 @@ void Completions::AddNames()
 
 void Completions::AddNamesOf(std::size_t kind)
 {
-    const std::string& noun = session_.GetNameRules().GetKinds()[kind];
+    const std::string& noun = view_.GetState().GetNameRules().GetKinds()[kind];
     for (const DeckName& name : view_.GetState().GetNames().GetNames()) {
         if (name.kind == kind && name.isDefined)
             AddWord(name.text, ItemKind::Name, noun);

@@ -1,6 +1,7 @@
 #include "tools/quor/language-server/DeckReader.h"
 
 #include "tools/quor/language-server/DeckSearch.h"
+#include "tools/quor/settings/SettingSources.h"
 
 #include <algorithm>
 #include <exception>
@@ -10,10 +11,25 @@ namespace Veld::Quor::Tools::LanguageServer {
 
 namespace Decks = Core::Decks;
 
-DeckReader::DeckReader(
-    const Decks::DeckLanguage& language, NameRules& rules, std::function<void(ReadResult)> report)
-    : language_(language)
-    , rules_(rules)
+namespace {
+
+constexpr std::size_t mostFindings = 1000;
+
+/// What the settings of the project say.
+Decks::ReadOptions OptionsOf(const Project& project, const std::string& deck)
+{
+    Decks::ReadOptions options;
+    ApplyReading(project.settings, options);
+    ApplyCodes(project.settings, options);
+    if (project.baseline)
+        options.SetKnownFinding(project.baseline->MakeFilter(deck));
+    return options;
+}
+
+} // namespace
+
+DeckReader::DeckReader(Core::Keywords::KeywordSyntaxTable& table, std::function<void(ReadResult)> report)
+    : projects_(table)
     , report_(std::move(report))
     , thread_([this] { Work(); })
 {
@@ -82,7 +98,7 @@ ReadResult DeckReader::Do(const ReadJob& job)
 StatePointer DeckReader::Search(const ReadJob& job)
 {
     const std::string key = KeyOfPath(job.path);
-    for (const std::string& deck : FindDecksFor(job.path, job.folders)) {
+    for (const std::string& deck : FindDecksFor(job.path, Projects::DecksFor(job.path), job.folders)) {
         try {
             const auto state = Read(deck, job);
             if (state->FindFile(key))
@@ -98,10 +114,12 @@ StatePointer DeckReader::Search(const ReadJob& job)
 
 std::shared_ptr<DeckState> DeckReader::Read(const std::string& path, const ReadJob& job)
 {
-    Decks::ReadOptions options = job.options;
+    Project project = projects_.Find(path, job.given);
+    Decks::ReadOptions options = OptionsOf(project, path);
+    options.SetMaxFindings(mostFindings).SetEditable(true).SetSource(job.source);
     options.SetCancellation([this] { return isCancelled_.load(); });
-    auto state =
-        std::make_shared<DeckState>(Decks::Deck::Read(path, language_, options), path, job.versions, rules_);
+    Decks::Deck deck = Decks::Deck::Read(path, project.language->language, options);
+    auto state = std::make_shared<DeckState>(std::move(deck), path, job.versions, std::move(project));
     if (job.reading == Reading::Fragment)
         state->MarkAsFragment();
     return state;

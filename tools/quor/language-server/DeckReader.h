@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/deck/ReadOptions.h"
+#include "quor/deck/DeckSource.h"
 #include "tools/quor/language-server/DeckState.h"
 
 #include <atomic>
@@ -30,7 +30,8 @@ struct ReadJob {
     Reading reading = Reading::Deck;
     std::size_t number = 0; ///< comes back with the result
     std::vector<std::string> folders = {}; ///< of the editor, for a search
-    Core::Decks::ReadOptions options = {}; ///< their source has the open documents
+    Settings given = {}; ///< what the editor sets
+    std::shared_ptr<const Core::Decks::DeckSource> source = nullptr; ///< has the open documents
     TextVersions versions = {}; ///< of these
 
     bool IsLike(const ReadJob& other) const { return path == other.path; }
@@ -47,8 +48,7 @@ struct ReadResult {
 class DeckReader {
 public:
     /// `report` is called on the thread, for each job that isn't replaced.
-    DeckReader(
-        const Core::Decks::DeckLanguage& language, NameRules& rules, std::function<void(ReadResult)> report);
+    DeckReader(Core::Keywords::KeywordSyntaxTable& table, std::function<void(ReadResult)> report);
     /// Cancels what is read.
     ~DeckReader();
     DeckReader(const DeckReader&) = delete;
@@ -64,8 +64,7 @@ private:
     StatePointer Search(const ReadJob& job);
     std::shared_ptr<DeckState> Read(const std::string& path, const ReadJob& job);
 
-    const Core::Decks::DeckLanguage& language_;
-    NameRules& rules_;
+    Projects projects_;
     std::function<void(ReadResult)> report_;
     std::mutex mutex_;
     std::condition_variable changed_;

@@ -18,11 +18,6 @@ constexpr std::size_t mostDecks = 100;
 constexpr std::size_t mostEntries = 20'000; // of folders that are looked through
 constexpr int mostLevels = 5; // above the file
 
-bool IsDeckName(const fs::path& path)
-{
-    return ToLower(path.extension().string()) == ".data";
-}
-
 /// Collects decks, each once.
 class DeckCollector {
 public:
@@ -32,6 +27,7 @@ public:
     }
 
     void AddFolder(const fs::path& folder);
+    void AddLikelyFirst(std::vector<fs::path> decks);
     void AddBelow(const fs::path& folder);
     std::vector<std::string> Take() { return std::move(decks_); }
 
@@ -75,6 +71,11 @@ void DeckCollector::AddFolder(const fs::path& folder)
             decks.push_back(entry->path());
     }
     std::sort(decks.begin(), decks.end());
+    AddLikelyFirst(std::move(decks));
+}
+
+void DeckCollector::AddLikelyFirst(std::vector<fs::path> decks)
+{
     std::stable_partition(
         decks.begin(), decks.end(), [this](const fs::path& deck) { return Mentions(deck); });
     for (const fs::path& deck : decks)
@@ -103,10 +104,17 @@ void DeckCollector::AddBelow(const fs::path& folder)
 
 } // namespace
 
-std::vector<std::string> FindDecksFor(const std::string& path, const std::vector<std::string>& folders)
+bool IsDeckName(const std::string& path)
+{
+    return ToLower(fs::path(path).extension().string()) == ".data";
+}
+
+std::vector<std::string> FindDecksFor(
+    const std::string& path, const std::vector<std::string>& known, const std::vector<std::string>& folders)
 {
     const fs::path target(path);
     DeckCollector decks(target);
+    decks.AddLikelyFirst({known.begin(), known.end()});
     fs::path folder = target.parent_path();
     for (int level = 0; level < mostLevels && !folder.empty(); ++level, folder = folder.parent_path()) {
         decks.AddFolder(folder);

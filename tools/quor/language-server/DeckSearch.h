@@ -5,10 +5,14 @@
 
 namespace Veld::Quor::Tools::LanguageServer {
 
-/// Decks that may include the file, the likeliest first: files with the ending ".data" in the folder of the
-/// file and those above it, up to the nearest of `folders` or five levels, then anywhere below `folders`.
-/// Among those of one folder the ones come first whose own text has the name of the file, or of a folder on
-/// the way to it. At most 100.
-std::vector<std::string> FindDecksFor(const std::string& path, const std::vector<std::string>& folders);
+/// Whether a file of this path is taken for a deck.
+bool IsDeckName(const std::string& path);
+
+/// Decks that may include the file, the likeliest first: `known`, files with the ending ".data" in the folder
+/// of the file and those above it, up to the nearest of `folders` or five levels, then anywhere below
+/// `folders`. Among those and those of one folder the ones come first whose own text has the name of the
+/// file, or of a folder on the way to it. At most 100.
+std::vector<std::string> FindDecksFor(
+    const std::string& path, const std::vector<std::string>& known, const std::vector<std::string>& folders);
 
 } // namespace Veld::Quor::Tools::LanguageServer

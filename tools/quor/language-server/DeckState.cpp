@@ -10,11 +10,12 @@
 
 namespace Veld::Quor::Tools::LanguageServer {
 
-DeckState::DeckState(Core::Decks::Deck deck, std::string root, TextVersions versions, NameRules& rules)
-    : deck_(std::move(deck))
+DeckState::DeckState(Core::Decks::Deck deck, std::string root, TextVersions versions, Project project)
+    : project_(std::move(project))
+    , deck_(std::move(deck))
     , root_(std::move(root))
     , versions_(std::move(versions))
-    , names_(deck_, rules)
+    , names_(deck_, project_.language->names)
     , units_(Core::Decks::UnitSystemOf(deck_))
     , byFile_(deck_.GetFiles().GetSize())
 {

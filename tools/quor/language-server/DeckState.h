@@ -4,6 +4,7 @@
 #include "quor/foundation/UnitSystem.h"
 #include "tools/quor/language-server/Documents.h"
 #include "tools/quor/language-server/NameIndex.h"
+#include "tools/quor/language-server/Projects.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -21,9 +22,12 @@ using TextVersions = std::map<std::string, TextVersion>;
 /// A deck as it was read at some time, with what requests look up in it.
 class DeckState {
 public:
-    DeckState(Core::Decks::Deck deck, std::string root, TextVersions versions, NameRules& rules);
+    DeckState(Core::Decks::Deck deck, std::string root, TextVersions versions, Project project);
 
     const Core::Decks::Deck& GetDeck() const { return deck_; }
+    const Project& GetProject() const { return project_; }
+    /// What the rules with which it was read say of names.
+    NameRules& GetNameRules() const { return project_.language->names; }
     const NameIndex& GetNames() const { return names_; }
     Core::Keywords::UnitSystem::Enum GetUnits() const { return units_; }
     /// The path of the deck itself.
@@ -45,6 +49,7 @@ public:
     std::optional<std::uint32_t> FindKeywordBefore(std::uint32_t file, std::size_t offset) const;
 
 private:
+    Project project_; // first: the deck needs its language
     Core::Decks::Deck deck_;
     std::string root_;
     TextVersions versions_;

@@ -73,7 +73,8 @@ Json Format(const View& view, const LineSpan& may)
         return Json::array();
     if (!view.shift.IsNone())
         throw RequestError(ErrorCode::RequestFailed, "the text was changed meanwhile; try again");
-    Decks::DeckFormatter formatter(view.GetDeck());
+    const bool isNormalized = view.GetState().GetProject().settings.isNormalized.value_or(false);
+    Decks::DeckFormatter formatter(view.GetDeck(), Decks::FormatOptions().SetNormalized(isNormalized));
     const std::string_view before = view.GetText().substr(view.mark);
     return EditsOf(before, formatter.FormatFile(view.file), may);
 }

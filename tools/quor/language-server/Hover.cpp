@@ -66,7 +66,7 @@ std::string NameText(Session& session, const View& view, std::uint32_t use)
     const NameIndex& names = view.GetState().GetNames();
     const DeckName& name = names.GetNames()[names.GetUses()[use].name];
     const std::string text =
-        fmt::format("{} **{}**: {}", Escaped(session.GetNameRules().GetKinds()[name.kind]),
+        fmt::format("{} **{}**: {}", Escaped(view.GetState().GetNameRules().GetKinds()[name.kind]),
             Escaped(name.text), Plural(name.uses.size(), "use"));
     const auto definition = std::find_if(name.uses.begin(), name.uses.end(),
         [&names](std::uint32_t one) { return names.GetUses()[one].isDefinition; });

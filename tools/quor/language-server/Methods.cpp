@@ -28,6 +28,12 @@ Json DidClose(Session& session, const Json& params)
     return {};
 }
 
+Json Initialized(Session& session, const Json&)
+{
+    session.StartWatching();
+    return {};
+}
+
 Json DidChangeFiles(Session& session, const Json& params)
 {
     session.ChangeFiles(params.at("changes"));
@@ -57,7 +63,7 @@ constexpr Method methods[] = {
     {"$/setTrace", Nothing},
     {"codeLens/resolve", ResolveCodeLens},
     {"completionItem/resolve", ResolveCompletion},
-    {"initialized", Nothing},
+    {"initialized", Initialized},
     {"textDocument/codeAction", CodeActions, true},
     {"textDocument/codeLens", CodeLenses},
     {"textDocument/completion", Completion},

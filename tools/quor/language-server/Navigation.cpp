@@ -100,7 +100,7 @@ Json References(Session& session, const Json& params)
     const auto keyword = FindKeywordAt(view, offset);
     if (keyword && IsAtName(view, *keyword, offset)) {
         AddKeywords(locations, view.GetDeck(), keyword->GetName());
-        for (std::size_t kind = 0; kind < session.GetNameRules().GetKinds().size(); ++kind) {
+        for (std::size_t kind = 0; kind < view.GetState().GetNameRules().GetKinds().size(); ++kind) {
             const auto name = index.FindNumber(kind, keyword->GetName());
             if (name && keyword->GetSyntax().GetCellPropertyInfo())
                 AddUses(locations, index, {*name}, true);

@@ -84,6 +84,18 @@ std::string UriOfPath(const std::string& path)
     return uri;
 }
 
+std::vector<std::string> FoldersIn(const Json& params)
+{
+    std::vector<std::string> folders;
+    for (const Json& folder : MemberOf(params, "workspaceFolders")) {
+        if (const Json& uri = MemberOf(folder, "uri"); uri.is_string())
+            folders.push_back(PathOfUri(uri));
+    }
+    if (const Json& uri = MemberOf(params, "rootUri"); folders.empty() && uri.is_string())
+        folders.push_back(PathOfUri(uri));
+    return folders;
+}
+
 const Json& MemberOf(const Json& json, const char* name)
 {
     static const Json none;

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Veld::Quor::Tools::LanguageServer {
 
@@ -63,6 +64,9 @@ std::string UriIn(const Json& params);
 /// The path of a "file" URI; empty for any other URI.
 std::string PathOfUri(const std::string& uri);
 std::string UriOfPath(const std::string& path);
+
+/// The paths of the folders that a client has open.
+std::vector<std::string> FoldersIn(const Json& initializeParams);
 
 /// The member, or null if there is none; `json` may be anything.
 const Json& MemberOf(const Json& json, const char* name);

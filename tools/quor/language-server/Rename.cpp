@@ -103,7 +103,7 @@ void Renaming::CheckNewName() const
         const auto other = index_.FindNumber(kind, new_);
         if (other && std::find(names_.begin(), names_.end(), *other) == names_.end())
             Refuse(fmt::format(
-                "the deck has the {} '{}' already", session_.GetNameRules().GetKinds()[kind], new_));
+                "the deck has the {} '{}' already", state_.GetNameRules().GetKinds()[kind], new_));
     }
 }
 
@@ -162,7 +162,7 @@ bool Renaming::HidesName(const Decks::DeckKeyword& keyword) const
 void Renaming::CheckHiddenNames() const
 {
     for (const Decks::DeckKeyword keyword : deck_) {
-        const bool hasNames = !session_.GetNameRules().Get(keyword.GetSyntax()).empty();
+        const bool hasNames = !state_.GetNameRules().Get(keyword.GetSyntax()).empty();
         if (hasNames && !keyword.IsSound() && HidesName(keyword))
             Refuse(fmt::format("{} at {} has errors, which hide whether '{}' is a name; fix them first",
                 keyword.GetName(), state_.LineText(keyword.GetNameRange()), old_));

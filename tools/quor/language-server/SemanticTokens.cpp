@@ -112,7 +112,7 @@ void Colours::AddData(const Decks::DeckKeyword& keyword)
     const auto* const ranges = FindValueRanges(view_.GetDeck(), keyword);
     if (!ranges)
         return;
-    const std::vector<NamedItem>& names = session_.GetNameRules().Get(keyword.GetSyntax());
+    const std::vector<NamedItem>& names = view_.GetState().GetNameRules().Get(keyword.GetSyntax());
     ForEachScalar(*keyword.FindData(), false, [&](const ScalarPlace& place) {
         const Decks::TextRange& range = (*ranges)[place.slot];
         const bool isRepeated = place.slot > 0 && (*ranges)[place.slot - 1].offset == range.offset;

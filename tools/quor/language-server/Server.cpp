@@ -1,15 +1,21 @@
 #include "tools/quor/language-server/Server.h"
 
+#include "tools/quor/commands/LoadedLanguage.h"
 #include "tools/quor/language-server/Framing.h"
 #include "tools/quor/language-server/Inbox.h"
 #include "tools/quor/language-server/Methods.h"
+#include "tools/quor/language-server/Projects.h"
 #include "tools/quor/language-server/Session.h"
+#include "tools/quor/settings/SettingsFile.h"
 #include "tools/quor/terminal/Terminal.h"
 
 #include <fmt/format.h>
 
 #include <cstdio>
 #include <exception>
+#include <filesystem>
+#include <optional>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -27,6 +33,14 @@ void SendMessage(const Json& message)
 void SendNotification(const std::string& method, Json params)
 {
     SendMessage({{"jsonrpc", "2.0"}, {"method", method}, {"params", std::move(params)}});
+}
+
+/// Of the server's own; what the client answers is read over.
+void SendRequest(const std::string& method, Json params)
+{
+    static int last = 0;
+    SendMessage({{"jsonrpc", "2.0"}, {"id", fmt::format("quor-{}", ++last)}, {"method", method},
+        {"params", std::move(params)}});
 }
 
 void SendError(const Json& id, ErrorCode code, const std::string& message)
@@ -51,8 +65,9 @@ void ReadMessages(Inbox& inbox)
 /// Takes events one after another, and answers requests from what is known by then.
 class Server {
 public:
-    explicit Server(Core::Keywords::KeywordSyntaxTable& table)
-        : session_(table, SendNotification, [this](ReadResult result) { inbox_.Push(std::move(result)); })
+    Server(LoadedLanguage& language, const Settings& given)
+        : language_(language)
+        , given_(given)
         , input_([this] { ReadMessages(inbox_); })
     {
     }
@@ -68,12 +83,14 @@ private:
     void Answer(const Json& message, const Method& method);
     void AnswerWaiting();
     void StartUp(const Json& message);
+    std::string LoadLanguage(const std::vector<std::string>& folders);
     bool MustWait(const Json& message, const Method& method) const;
 
     Inbox& inbox_ = *new Inbox(); // never freed: the thread of the input may use it to the end
-    Session session_;
+    LoadedLanguage& language_;
+    const Settings& given_;
+    std::optional<Session> session_; // empty before "initialize"
     std::thread input_;
-    bool isInitialized_ = false;
     bool isShutDown_ = false;
     bool isOver_ = false;
     std::vector<Json> waiting_; // requests, until a deck has been read
@@ -86,15 +103,15 @@ bool Server::Run()
         if (const Json* const message = std::get_if<Json>(&event)) {
             Handle(*message);
         } else if (auto* const result = std::get_if<ReadResult>(&event)) {
-            session_.Take(std::move(*result));
+            session_->Take(std::move(*result));
         } else if (std::holds_alternative<BadMessage>(event)) {
             SendError(nullptr, ErrorCode::ParseError, "the message is no JSON");
         } else {
             isOver_ = true;
         }
         AnswerWaiting();
-        if (inbox_.IsEmpty()) // else more changes may come at once
-            session_.SubmitReads();
+        if (session_ && inbox_.IsEmpty()) // else more changes may come at once
+            session_->SubmitReads();
     }
     return isShutDown_;
 }
@@ -104,7 +121,7 @@ void Server::Handle(const Json& message)
     const Json& method = MemberOf(message, "method");
     if (method.is_string())
         HandleRequest(message, method.get<std::string>());
-    else if (MemberOf(message, "result").is_null() && MemberOf(message, "error").is_null())
+    else if (!message.contains("result") && !message.contains("error")) // else an answer of the client
         SendError(MemberOf(message, "id"), ErrorCode::InvalidRequest, "the message has no method");
 }
 
@@ -116,7 +133,7 @@ void Server::HandleRequest(const Json& message, const std::string& name)
         isOver_ = true;
     } else if (name == "initialize") {
         StartUp(message);
-    } else if (!isInitialized_ || isShutDown_) {
+    } else if (!session_ || isShutDown_) {
         if (isRequest)
             SendError(id, isShutDown_ ? ErrorCode::InvalidRequest : ErrorCode::NotInitialized,
                 fmt::format("'{}' before 'initialize' or after 'shutdown'", name));
@@ -136,16 +153,42 @@ void Server::HandleRequest(const Json& message, const std::string& name)
 void Server::StartUp(const Json& message)
 {
     const Json& id = MemberOf(message, "id");
-    if (isInitialized_) {
+    if (session_) {
         SendError(id, ErrorCode::InvalidRequest, "'initialize' came twice");
         return;
     }
-    isInitialized_ = true;
+    const Json& params = MemberOf(message, "params");
+    const std::string failure = LoadLanguage(FoldersIn(params));
+    session_.emplace(language_.GetTable(), given_, SendNotification, SendRequest,
+        [this](ReadResult result) { inbox_.Push(std::move(result)); });
     try {
-        session_.SetClient(MemberOf(message, "params"));
+        session_->SetClient(params);
         SendMessage({{"jsonrpc", "2.0"}, {"id", id}, {"result", Capabilities()}});
+        if (!failure.empty())
+            session_->Notify("window/showMessage", {{"type", 1}, {"message", failure}});
     } catch (const std::exception& error) {
         SendError(id, ErrorCode::InvalidParams, error.what());
+    }
+}
+
+/// With the documents that the settings file of the first folder, or else of the current one, names beside
+/// those of the command line. Why they are not used; empty if they are.
+std::string Server::LoadLanguage(const std::vector<std::string>& folders)
+{
+    const std::vector<std::string> loaded = language_.GetDocuments();
+    try {
+        std::error_code ignored;
+        const std::string folder =
+            folders.empty() ? std::filesystem::current_path(ignored).string() : KeyOfPath(folders.front());
+        if (const auto documents = DocumentsFor(folder, given_); documents != loaded)
+            language_.Load(documents);
+        return {};
+    } catch (const SettingsError&) { // reported with the first deck
+        return {};
+    } catch (const std::exception& error) {
+        language_.Load(loaded);
+        return fmt::format(
+            "{}; the documents of keywords that the settings file names are not used", error.what());
     }
 }
 
@@ -163,7 +206,7 @@ void Server::Answer(const Json& message, const Method& method)
     try {
         if (!id.is_null() && inbox_.IsCancelled(id))
             throw RequestError(ErrorCode::RequestCancelled, "the request was cancelled");
-        Json result = method.answer(session_, MemberOf(message, "params"));
+        Json result = method.answer(*session_, MemberOf(message, "params"));
         if (!id.is_null())
             SendMessage({{"jsonrpc", "2.0"}, {"id", id}, {"result", std::move(result)}});
     } catch (const RequestError& error) {
@@ -180,7 +223,7 @@ void Server::Answer(const Json& message, const Method& method)
 bool Server::MustWait(const Json& message, const Method& method) const
 {
     const Json& uri = MemberAt(message, {"params", "textDocument", "uri"});
-    return method.needsFresh && uri.is_string() && session_.MayBecomeFresh(uri.get<std::string>());
+    return method.needsFresh && uri.is_string() && session_->MayBecomeFresh(uri.get<std::string>());
 }
 
 /// Those whose decks have been read, and those that were cancelled.
@@ -197,9 +240,9 @@ void Server::AnswerWaiting()
 
 } // namespace
 
-bool Serve(Core::Keywords::KeywordSyntaxTable& table)
+bool Serve(LoadedLanguage& language, const Settings& given)
 {
-    return Server(table).Run();
+    return Server(language, given).Run();
 }
 
 } // namespace Veld::Quor::Tools::LanguageServer

@@ -1,6 +1,5 @@
 #include "tools/quor/language-server/Session.h"
 
-#include "quor/deck/Target.h"
 #include "tools/quor/language-server/Diagnostics.h"
 #include "tools/quor/terminal/TextLayout.h"
 
@@ -12,19 +11,14 @@ namespace Veld::Quor::Tools::LanguageServer {
 namespace Decks = Core::Decks;
 using namespace Core::Keywords;
 
-namespace {
-
-constexpr std::size_t mostFindings = 1000;
-
-} // namespace
-
-Session::Session(KeywordSyntaxTable& table, Send send, std::function<void(ReadResult)> report)
+Session::Session(
+    KeywordSyntaxTable& table, Settings given, Send send, Send ask, std::function<void(ReadResult)> report)
     : table_(table)
-    , language_(table)
-    , rules_(language_)
+    , given_(std::move(given))
     , send_(std::move(send))
+    , watches_(std::move(ask))
     , publications_(send_)
-    , reader_(language_, rules_, std::move(report))
+    , reader_(table, std::move(report))
 {
 }
 
@@ -44,20 +38,17 @@ const std::vector<std::pair<std::string, const IKeywordSyntax*>>& Session::GetKe
 
 void Session::SetClient(const Json& params)
 {
-    for (const Json& folder : MemberOf(params, "workspaceFolders")) {
-        if (const Json& uri = MemberOf(folder, "uri"); uri.is_string())
-            folders_.push_back(PathOfUri(uri));
-    }
-    if (const Json& uri = MemberOf(params, "rootUri"); folders_.empty() && uri.is_string())
-        folders_.push_back(PathOfUri(uri));
+    folders_ = FoldersIn(params);
     const Json& document = MemberAt(params, {"capabilities", "textDocument"});
     abilities_.hasSnippets = MemberAt(document, {"completion", "completionItem", "snippetSupport"}) == true;
+    watches_.SetClient(params);
     SetSettings(MemberOf(params, "initializationOptions"));
 }
 
 void Session::SetSettings(const Json& settings)
 {
     settings_ = SettingsIn(settings);
+    settings_.given = Merge(settings_.given, given_);
     for (const std::string& error : settings_.errors)
         Notify("window/showMessage", {{"type", 2}, {"message", error}});
     for (auto deck = decks_.begin(); deck != decks_.end();) {
@@ -117,14 +108,11 @@ void Session::ChangeFiles(const Json& changes)
 {
     for (const Json& change : changes) {
         const std::string key = KeyOfPath(PathOfUri(change.at("uri").get<std::string>()));
+        const bool isNew = MemberOf(change, "type") == 1 /* created */;
         if (documents_.FindKey(key))
             continue;
         for (const auto& [root, deck] : decks_) {
-            const bool isMissing = std::any_of(deck->GetState().GetDeck().GetFindings().begin(),
-                deck->GetState().GetDeck().GetFindings().end(), [](const Decks::Finding& finding) {
-                    return finding.code == InfoOf(Decks::Code::IncludeMissing).name;
-                });
-            if (isMissing || deck->GetState().FindFile(key))
+            if (DependsOn(deck->GetState(), key, isNew))
                 toRead_[root] = deck->GetState().IsFragment() ? Reading::DeckOfFile : Reading::Deck;
         }
     }
@@ -211,6 +199,8 @@ void Session::Take(ReadResult result)
         return;
     }
     const std::string root = result.state->GetRoot();
+    ReportProject(result.state->GetProject());
+    watches_.WatchDeck(*result.state);
     decks_[root] = std::make_unique<Places>(documents_, std::move(result.state));
     for (auto deck = decks_.begin(); deck != decks_.end();) {
         const std::string path = (deck++)->first;
@@ -220,10 +210,24 @@ void Session::Take(ReadResult result)
             Forget(path);
     }
     publications_.Publish(root, DiagnosticsOf(*decks_[root], explanations_));
+    MarkUnread();
+}
+
+void Session::MarkUnread()
+{
     for (const auto& [uri, document] : documents_.GetAll()) {
         if (!IsRead(document) && !IsToCome(document.GetKey()))
             MarkChanged(document.GetKey());
     }
+}
+
+/// Each error once, until there is another one.
+void Session::ReportProject(const Project& project)
+{
+    std::string& told = told_[project.file];
+    if (project.error != told && !project.error.empty())
+        Notify("window/showMessage", {{"type", 2}, {"message", project.error}});
+    told = project.error;
 }
 
 /// Whether a deck has the document, and was read from its text or what became of it.
@@ -249,28 +253,22 @@ void Session::TakeFailure(const ReadResult& result)
 {
     Notify("window/showMessage", {{"type", 1}, {"message", result.error}});
     Forget(result.path);
-    if (result.path != settings_.root)
+    if (documents_.FindKey(result.path))
         return;
-    settings_.root.clear(); // else each change would fail
-    for (const auto& [uri, document] : documents_.GetAll())
-        MarkChanged(document.GetKey());
+    if (result.path == settings_.root)
+        settings_.root.clear(); // else each change would fail
+    MarkUnread();
 }
 
 ReadJob Session::MakeJob(const std::string& path, Reading reading) const
 {
     const auto source = std::make_shared<Decks::MemorySource>(std::make_shared<Decks::FileSource>());
-    ReadJob job{path, reading, 0, folders_};
+    ReadJob job{path, reading, 0, folders_, settings_.given};
     for (const auto& [uri, document] : documents_.GetAll()) {
         source->Set(document.GetKey(), document.GetSource());
         job.versions[document.GetKey()] = document.GetVersion();
     }
-    job.options.SetTarget(settings_.target)
-        .SetMaxFindings(mostFindings)
-        .SetStrict(settings_.isStrict)
-        .SetEditable(true)
-        .SetSource(source);
-    for (const auto& [name, value] : settings_.variables)
-        job.options.SetVariable(name, value);
+    job.source = source;
     return job;
 }
 

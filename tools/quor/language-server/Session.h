@@ -1,15 +1,14 @@
 #pragma once
 
-#include "quor/deck/DeckLanguage.h"
 #include "quor/syntax/KeywordSyntaxTable.h"
+#include "tools/quor/language-server/ClientSettings.h"
 #include "tools/quor/language-server/DeckReader.h"
 #include "tools/quor/language-server/Documents.h"
 #include "tools/quor/language-server/Explanations.h"
-#include "tools/quor/language-server/NameIndex.h"
 #include "tools/quor/language-server/Places.h"
 #include "tools/quor/language-server/Protocol.h"
 #include "tools/quor/language-server/Publications.h"
-#include "tools/quor/language-server/Settings.h"
+#include "tools/quor/language-server/Watches.h"
 
 #include <functional>
 #include <map>
@@ -28,16 +27,16 @@ struct ClientAbilities {
 /// All that the server knows of one client: documents, decks, settings.
 class Session {
 public:
-    /// `send` notifies the client; `report` is called on the thread that reads decks.
-    Session(Core::Keywords::KeywordSyntaxTable& table, Send send, std::function<void(ReadResult)> report);
+    /// `given`: what the command line says. `send` notifies the client, `ask` sends it a request whose answer
+    /// doesn't matter; `report` is called on the thread that reads decks.
+    Session(Core::Keywords::KeywordSyntaxTable& table, Settings given, Send send, Send ask,
+        std::function<void(ReadResult)> report);
 
     Core::Keywords::KeywordSyntaxTable& GetTable() { return table_; }
-    const Core::Decks::DeckLanguage& GetLanguage() const { return language_; }
-    NameRules& GetNameRules() { return rules_; }
     /// The names of keywords that are offered, sorted, aliases among them; of several keywords of one name
     /// each.
     const std::vector<std::pair<std::string, const Core::Keywords::IKeywordSyntax*>>& GetKeywords();
-    const Settings& GetSettings() const { return settings_; }
+    const ClientSettings& GetSettings() const { return settings_; }
     const ClientAbilities& GetAbilities() const { return abilities_; }
     Explanations& GetExplanations() { return explanations_; }
 
@@ -50,6 +49,8 @@ public:
     void Change(const std::string& uri, const Json& changes);
     void Close(const std::string& uri);
     void ChangeFolders(const Json& event);
+    /// Asks the client for reports of files that change outside the editor.
+    void StartWatching() { watches_.WatchFolders(); }
     /// Files that were changed outside the editor.
     void ChangeFiles(const Json& changes);
 
@@ -71,20 +72,24 @@ public:
 
 private:
     void TakeFailure(const ReadResult& result);
+    void ReportProject(const Project& project);
     const Places* FindDeck(const std::string& key) const;
     bool IsRead(const Document& document) const;
     bool IsToCome(const std::string& key) const;
     void MarkChanged(const std::string& key);
+    /// The documents that no deck has, or not as they are.
+    void MarkUnread();
     void Forget(const std::string& path);
     ReadJob MakeJob(const std::string& path, Reading reading) const;
     bool IsDeckItself(const Document& document) const;
 
     Core::Keywords::KeywordSyntaxTable& table_;
-    Core::Decks::DeckLanguage language_;
-    NameRules rules_;
+    Settings given_;
     Send send_;
+    Watches watches_;
     Publications publications_;
-    Settings settings_;
+    ClientSettings settings_;
+    std::map<std::string, std::string> told_; // errors of settings, by settings file
     ClientAbilities abilities_;
     std::vector<std::pair<std::string, const Core::Keywords::IKeywordSyntax*>> keywords_;
     bool keywordsAreMissing_ = true;

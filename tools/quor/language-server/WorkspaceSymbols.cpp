@@ -54,8 +54,8 @@ Json WorkspaceSymbols(Session& session, const Json& params)
         for (const NameUse& use : names.GetUses()) {
             const DeckName& name = names.GetNames()[use.name];
             if (use.isDefinition && known.insert(use.name).second)
-                found.Add(
-                    *places, name.text, nameKind, session.GetNameRules().GetKinds()[name.kind], use.range);
+                found.Add(*places, name.text, nameKind,
+                    places->GetState().GetNameRules().GetKinds()[name.kind], use.range);
         }
     }
     for (const auto& [root, places] : session.GetDecks()) {

@@ -1,6 +1,6 @@
 #include "tools/quor/settings/SettingSources.h"
 
-#include "quor/deck/DeckLanguage.h"
+#include "quor/deck/FindingCodes.h"
 #include "tools/quor/settings/SettingInfo.h"
 #include "tools/quor/settings/SettingsFile.h"
 
@@ -87,8 +87,11 @@ void ApplyCodes(const Settings& settings, Decks::ReadOptions& options)
         options.SetSeverity(code, std::nullopt);
 }
 
-void CheckCodes(const Settings& settings, const std::vector<std::string>& known)
+void CheckCodes(const Settings& settings, const Decks::DeckLanguage& language)
 {
+    std::vector<std::string> known = language.GetOwnCodes();
+    for (const Decks::CodeInfo& code : Decks::Codes())
+        known.emplace_back(code.name);
     for (const SettingInfo& setting : AllSettings()) {
         const auto* const member = std::get_if<std::optional<Settings::Words> Settings::*>(&setting.member);
         if (!member || std::strcmp(setting.value, "CODE") != 0)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quor/deck/DeckLanguage.h"
 #include "quor/deck/ReadOptions.h"
 #include "tools/quor/settings/Settings.h"
 
@@ -29,7 +30,7 @@ void ApplyReading(const Settings& settings, Core::Decks::ReadOptions& options);
 /// Puts what they say of findings into the options: codes and strictness.
 void ApplyCodes(const Settings& settings, Core::Decks::ReadOptions& options);
 
-/// Throws `SettingsError` if the settings name a code that is not one of `known`.
-void CheckCodes(const Settings& settings, const std::vector<std::string>& known);
+/// Throws `SettingsError` if the settings name a code that findings don't have, nor rules of the language.
+void CheckCodes(const Settings& settings, const Core::Decks::DeckLanguage& language);
 
 } // namespace Veld::Quor::Tools
