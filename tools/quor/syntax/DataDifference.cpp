@@ -125,7 +125,7 @@ std::size_t RankOf(const Json& items, const Json& others, std::size_t index)
 {
     std::size_t rank = 0;
     for (std::size_t i = 0; i < index; ++i)
-        rank += IndexOf(others, NameOf(items[i])) < others.size() ? 1 : 0;
+        rank += IndexOf(others, NameOf(items[i])) < others.size() ? 1U : 0U;
     return rank;
 }
 
