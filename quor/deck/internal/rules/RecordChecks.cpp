@@ -91,9 +91,10 @@ void RecordChecks::CheckRequirement(
     const RequireRule& rule = *requirement.rule;
     const auto holds = [&](const ItemCondition& condition) { return Holds(condition, record); };
     if (!Holds(requirement.when, record)
-        || std::any_of(requirement.items.begin(), requirement.items.end(), [&](const RuleItem& item) {
-               return IsGivenTarget(record, item) || IsVariable(context_.GetKeyword(), record, item);
-           })
+        || std::any_of(requirement.items.begin(), requirement.items.end(),
+            [&](const RuleItem& item) {
+                return IsGivenTarget(record, item) || IsVariable(context_.GetKeyword(), record, item);
+            })
         || std::any_of(requirement.unless.begin(), requirement.unless.end(), holds))
         return;
     position.item = requirement.when.item.index;
