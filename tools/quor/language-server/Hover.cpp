@@ -61,7 +61,7 @@ std::string DateLine(const Decks::DeckKeyword& keyword)
 }
 
 /// What a name is, and where it is defined.
-std::string NameText(Session& session, const View& view, std::uint32_t use)
+std::string NameText(const View& view, std::uint32_t use)
 {
     const NameIndex& names = view.GetState().GetNames();
     const DeckName& name = names.GetNames()[names.GetUses()[use].name];
@@ -137,7 +137,7 @@ Json Hover(Session& session, const Json& params)
         return HoverOfWord(session, view, offset);
     std::string text;
     for (const std::uint32_t use : view.GetState().GetNames().FindAt(view.file, scalar->range.offset))
-        text += NameText(session, view, use);
+        text += NameText(view, use);
     text += ScalarText(view, *keyword, *scalar);
     return HoverOf(text, view.SpanOf(*view.ToNow(scalar->range)));
 }

@@ -39,9 +39,8 @@ bool IsMatch(std::string_view pattern, std::string_view text)
 /// One name of a deck gets another one.
 class Renaming {
 public:
-    Renaming(Session& session, const View& view, std::vector<std::uint32_t> names, std::string newName)
-        : session_(session)
-        , state_(view.GetState())
+    Renaming(const View& view, std::vector<std::uint32_t> names, std::string newName)
+        : state_(view.GetState())
         , deck_(view.GetDeck())
         , index_(view.GetState().GetNames())
         , names_(std::move(names))
@@ -76,7 +75,6 @@ private:
     bool HidesName(const Decks::DeckKeyword& keyword) const;
     std::string NewWord(const Decks::TextRange& range) const;
 
-    Session& session_;
     const DeckState& state_;
     const Decks::Deck& deck_;
     const NameIndex& index_;
@@ -214,7 +212,7 @@ Json Rename(Session& session, const Json& params)
     auto names = NamesToChange(view, view.OffsetOf(PositionIn(params.at("position"))));
     if (names.empty())
         Refuse("the deck defines no name that is at the cursor");
-    const Renaming renaming(session, view, std::move(names), params.at("newName").get<std::string>());
+    const Renaming renaming(view, std::move(names), params.at("newName").get<std::string>());
     return view.places->EditOf(renaming.Make());
 }
 

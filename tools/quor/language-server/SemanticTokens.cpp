@@ -44,9 +44,8 @@ std::size_t FindComment(std::string_view line)
 /// Collects the words of a part of a document that are no plain numbers.
 class Colours {
 public:
-    Colours(Session& session, const View& view, ByteRange part)
-        : session_(session)
-        , view_(view)
+    Colours(const View& view, ByteRange part)
+        : view_(view)
         , part_(part)
     {
     }
@@ -67,7 +66,6 @@ private:
             words_.push_back({*now, type, isDefinition});
     }
 
-    Session& session_;
     const View& view_;
     ByteRange part_;
     std::vector<ColouredWord> words_;
@@ -185,7 +183,7 @@ Json SemanticTokenLegend()
 Json SemanticTokens(Session& session, const Json& params)
 {
     const View view = session.ViewOf(UriIn(params));
-    Colours colours(session, view, {0, view.GetText().size()});
+    Colours colours(view, {0, view.GetText().size()});
     const bool isSmall = view.document->GetLines().GetCount() <= mostLines;
     if (view.places) {
         colours.AddKeywords(isSmall);
@@ -201,7 +199,7 @@ Json SemanticTokensInRange(Session& session, const Json& params)
     const View view = session.ViewOf(UriIn(params));
     const Span span = SpanIn(params.at("range"));
     const std::size_t begin = view.OffsetOf(span.begin);
-    Colours colours(session, view, {begin, std::max(view.OffsetOf(span.end), begin) - begin});
+    Colours colours(view, {begin, std::max(view.OffsetOf(span.end), begin) - begin});
     if (view.places) {
         colours.AddKeywords(true);
         colours.AddInclusions();
