@@ -23,10 +23,22 @@
     ("\\$[A-Za-z_][A-Za-z0-9_]*" . font-lock-variable-name-face)
     ("/\\(.*\\)$" 1 font-lock-comment-face)))
 
+(defun quor-deck-has-deck (folder)
+  "Whether there is a deck in FOLDER."
+  (directory-files folder nil "\\.\\(data\\|DATA\\)\\'" t))
+
+(defun quor-deck-project (folder)
+  "The project of FOLDER: with the folder of an included file the server would not look for its deck above that folder."
+  (let ((root (or (locate-dominating-file folder "quor.toml")
+                  (locate-dominating-file folder ".git")
+                  (locate-dominating-file folder #'quor-deck-has-deck))))
+    (and root (cons 'transient (expand-file-name root)))))
+
 ;;;###autoload
 (define-derived-mode quor-deck-mode prog-mode "Deck"
   "Major mode for decks of reservoir simulators."
   (setq-local comment-start "-- ")
+  (add-hook 'project-find-functions #'quor-deck-project nil t)
   (setq-local font-lock-defaults '(quor-deck-font-lock-keywords t)))
 
 ;;;###autoload
