@@ -38,8 +38,14 @@ if [ "${4-}" = --write ]; then
     exit
 fi
 xz --decompress --stdout "$baseline" >"$work/baseline.xml"
-abidiff --no-added-syms --no-show-locs "$work/baseline.xml" "$work/interface.xml" || {
+compare() {
+    abidiff "$@" --no-added-syms --no-show-locs "$work/baseline.xml" "$work/interface.xml"
+}
+if ! compare >"$work/changes"; then
+    # With --redundant it leaves out nothing of what it found, but it counts what is harmless too, and may end itself.
+    compare --redundant >"$work/all-changes" 2>/dev/null || true
+    cat "$work/all-changes" "$work/changes" | head -n 100
     echo "A host that was built before may fail with these libraries. If this is intended: raise the minor version in"
     echo "CMakeLists.txt, unless that was done since the last release, and run 'make abi-baseline'."
     exit 1
-}
+fi
