@@ -12,7 +12,6 @@
 
 namespace Veld::Quor::Tools::LanguageServer {
 
-namespace Decks = Core::Decks;
 using Core::Keywords::KeywordSyntaxTable;
 
 namespace {
