@@ -214,6 +214,7 @@ MISSING = "33:2-13 1 include-missing: can't read 'FOLDER/wells.inc': No such fil
 
 # A project: its deck is in a folder that the editor doesn't have open.
 PROJECT = {
+    **{f"cases/a{i}.data": "RUNSPEC\nINCLUDE\n  '../share/other.inc' /\n" for i in range(120)},
     "own.xml": """<keywords><keyword name="WNOTE"><validSections> <section name="SCHEDULE"/> </validSections><data>
 <list termination="SLASH"><record termination="SLASH"><item name="WELL"><string/></item></record></list></data></keyword></keywords>
 """,

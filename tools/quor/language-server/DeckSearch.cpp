@@ -27,30 +27,31 @@ public:
     }
 
     void AddFolder(const fs::path& folder);
-    void AddLikelyFirst(std::vector<fs::path> decks);
+    void AddLikelyFirst(const std::vector<fs::path>& decks);
     void AddBelow(const fs::path& folder);
     std::vector<std::string> Take() { return std::move(decks_); }
 
 private:
-    bool Mentions(const fs::path& deck) const;
+    static constexpr int others = 2;
+    int RankOf(const fs::path& deck) const;
     void Add(const fs::path& deck);
 
     fs::path target_;
     std::vector<std::string> decks_;
 };
 
-/// What an inclusion may have of the way to the file.
-bool DeckCollector::Mentions(const fs::path& deck) const
+/// The less, the likelier: the deck has the name of the file, or the folder on the way to it, or neither.
+int DeckCollector::RankOf(const fs::path& deck) const
 {
     try {
         const auto source = Core::Decks::SourceText::FromFile(deck.string());
         const std::string_view text = source->GetText();
         if (text.find(target_.filename().string()) != std::string_view::npos)
-            return true;
+            return 0;
         const std::string way = target_.parent_path().lexically_relative(deck.parent_path()).string();
-        return way != "." && text.find(way) != std::string_view::npos;
+        return way != "." && text.find(way) != std::string_view::npos ? 1 : others;
     } catch (const Core::Decks::SourceError&) {
-        return false;
+        return others;
     }
 }
 
@@ -71,15 +72,20 @@ void DeckCollector::AddFolder(const fs::path& folder)
             decks.push_back(entry->path());
     }
     std::sort(decks.begin(), decks.end());
-    AddLikelyFirst(std::move(decks));
+    AddLikelyFirst(decks);
 }
 
-void DeckCollector::AddLikelyFirst(std::vector<fs::path> decks)
+void DeckCollector::AddLikelyFirst(const std::vector<fs::path>& decks)
 {
-    std::stable_partition(
-        decks.begin(), decks.end(), [this](const fs::path& deck) { return Mentions(deck); });
+    std::vector<int> ranks;
     for (const fs::path& deck : decks)
-        Add(deck);
+        ranks.push_back(RankOf(deck));
+    for (int rank = 0; rank <= others; ++rank) {
+        for (std::size_t i = 0; i < decks.size(); ++i) {
+            if (ranks[i] == rank)
+                Add(decks[i]);
+        }
+    }
 }
 
 void DeckCollector::AddBelow(const fs::path& folder)
@@ -94,12 +100,7 @@ void DeckCollector::AddBelow(const fs::path& folder)
             decks.push_back(entry->path());
     }
     std::sort(decks.begin(), decks.end());
-    for (const fs::path& deck : decks) {
-        if (Mentions(deck))
-            Add(deck);
-    }
-    for (const fs::path& deck : decks)
-        Add(deck);
+    AddLikelyFirst(decks);
 }
 
 } // namespace
