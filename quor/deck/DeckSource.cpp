@@ -1,5 +1,6 @@
 #include "quor/deck/DeckSource.h"
 
+#include "quor/deck/internal/text/ReadBytes.h"
 #include "quor/deck/internal/text/SystemPath.h"
 
 #include <cerrno>
@@ -38,7 +39,7 @@ std::string FileSource::Identify(const std::string& path) const
 {
     struct stat status = {};
     if (::stat(SystemPath(path), &status) != 0)
-        throw SourceError(std::generic_category().message(errno));
+        FailBySystem();
     return std::to_string(status.st_dev) + ':' + std::to_string(status.st_ino);
 }
 

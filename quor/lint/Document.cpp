@@ -17,6 +17,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -87,12 +88,19 @@ std::string Serialize(const xercesc::DOMDocument& document)
     }
 }
 
+[[noreturn]] void ThrowSystemError(int error)
+{
+    if (error == ENOMEM)
+        throw std::bad_alloc();
+    throw DocumentError(std::generic_category().message(error));
+}
+
 std::string ReadBytes(const std::string& path)
 {
     std::error_code error;
     const auto status = std::filesystem::status(path, error);
     if (!std::filesystem::exists(status))
-        throw DocumentError(std::generic_category().message(error ? error.value() : ENOENT));
+        ThrowSystemError(error ? error.value() : ENOENT);
     if (!std::filesystem::is_regular_file(status))
         throw DocumentError("not a regular file");
     constexpr std::size_t most = XMLDocument::MaxBytes;
@@ -101,7 +109,7 @@ std::string ReadBytes(const std::string& path)
     std::ifstream file(path, std::ios::binary);
     std::string bytes{std::istreambuf_iterator<char>(file), {}};
     if (!file.good() && !file.eof())
-        throw DocumentError(std::generic_category().message(errno));
+        ThrowSystemError(errno);
     return bytes;
 }
 

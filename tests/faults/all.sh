@@ -19,5 +19,7 @@ memory diff "$decks/first-comparative.data" "$decks/faulty/three-mistakes.data"
 memory port "$decks/first-comparative.data" --to Dunmere
 memory show WCONPROD
 memory explain wrong-section
+memory check "$decks/faulty/include-missing.data"
+memory lint "$here/../lint"
 echo "== calls of the system"
 "$here/calls.sh" "$build/lib/FailingCalls.so" "$build/bin/quor" fail short crash signal change

@@ -18,6 +18,7 @@ bool FaultsEnd() __attribute__((weak));
 
 using namespace Veld::Quor::Core::Keywords;
 using namespace Veld::Quor::Core::Decks;
+namespace Service = Veld::Quor::Core::Service;
 
 namespace {
 
@@ -58,6 +59,15 @@ std::string Read(const DeckLanguage& language)
         + Summarize(deck).title;
 }
 
+std::string List()
+{
+    std::string names;
+    for (const std::string& name :
+        Service::Directory("/proc/self").Find("^stat", true, false, true, true, false))
+        names += name + ' ';
+    return names;
+}
+
 /// Exits if memory failed, with what came of it.
 template <class Action>
 void Try(const std::string& expected, Action action)
@@ -84,6 +94,7 @@ int main()
     Try(loaded, Load); // for the first time in the process
     Try(loaded, Load);
     Try(Fill(), Fill);
+    Try("stat statm status ", List);
     Try(std::string(), [] { return DeckLanguage(), std::string(); });
     const DeckLanguage language;
     const auto read = [&language] { return Read(language); };

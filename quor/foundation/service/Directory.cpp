@@ -1,8 +1,11 @@
 #include "quor/foundation/service/Directory.h"
 
+#include "quor/foundation/service/internal/FolderEntries.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <regex>
+#include <system_error>
 
 namespace Veld::Quor::Core::Service {
 
@@ -15,14 +18,18 @@ fs::path PathOf(const std::string& path)
     return path.empty() ? fs::path(".") : fs::path(path);
 }
 
-/// Walks by error code: an entry that vanishes, or may not be read, ends the walk and is no failure.
-template <class Iterator, class Visit>
-void ForEachEntry(const fs::path& directory, Visit visit)
+/// Links to folders are not followed.
+template <class Visit>
+void ForEachEntry(const fs::path& folder, bool recursive, const Visit& visit)
 {
-    std::error_code error;
-    for (Iterator it(directory, fs::directory_options::skip_permission_denied, error), end;
-         !error && it != end; it.increment(error))
-        visit(*it);
+    FolderEntries entries(folder.c_str());
+    while (const char* const name = entries.Next()) {
+        const fs::path entry = folder / name;
+        visit(entry);
+        std::error_code error;
+        if (recursive && fs::is_directory(fs::symlink_status(entry, error)))
+            ForEachEntry(entry, recursive, visit);
+    }
 }
 
 } // namespace
@@ -52,17 +59,15 @@ std::vector<std::string> Directory::Find(const std::string& pattern, bool files,
 
     const fs::path root = PathOf(path_);
     std::vector<std::string> names;
-    const auto take = [&](const fs::directory_entry& entry) {
+    const auto take = [&](const fs::path& entry) {
         std::error_code error;
+        const fs::file_status status = fs::status(entry, error);
         const bool wanted =
-            (files && entry.is_regular_file(error)) || (directories && entry.is_directory(error));
-        if (wanted && std::regex_search(entry.path().filename().string(), expression))
-            names.push_back(entry.path().lexically_relative(root).string());
+            (files && fs::is_regular_file(status)) || (directories && fs::is_directory(status));
+        if (wanted && std::regex_search(entry.filename().string(), expression))
+            names.push_back(entry.lexically_relative(root).string());
     };
-    if (recursive)
-        ForEachEntry<fs::recursive_directory_iterator>(root, take);
-    else
-        ForEachEntry<fs::directory_iterator>(root, take);
+    ForEachEntry(root, recursive, take);
     if (sorted)
         std::sort(names.begin(), names.end());
     return names;

@@ -1,4 +1,5 @@
 #include "quor/lint/Lint.h"
+#include "quor/foundation/service/Directory.h"
 #include "quor/lint/Codes.h"
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/CommonOptions.h"
@@ -13,7 +14,7 @@
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <memory>
 #include <numeric>
@@ -21,6 +22,8 @@
 #include <system_error>
 #include <utility>
 #include <vector>
+
+#include <unistd.h>
 
 namespace Veld::Quor::Tools {
 
@@ -45,14 +48,14 @@ std::vector<std::string> ListFiles(const std::string& path)
     std::error_code error;
     if (!fs::is_directory(path, error))
         return {path};
-    std::vector<std::string> files;
-    for (const fs::directory_entry& entry : fs::directory_iterator(path)) {
-        if (entry.path().extension() == ".xml")
-            files.push_back(entry.path().string());
-    }
+    std::vector<std::string> files =
+        Core::Service::Directory(path).Find("\\.xml$", true, false, true, true, false);
     if (files.empty())
-        throw Lint::DocumentError("the folder has no .xml file");
-    std::sort(files.begin(), files.end());
+        throw Lint::DocumentError(::access(path.c_str(), R_OK | X_OK) == 0
+                ? "the folder has no .xml file"
+                : std::generic_category().message(errno));
+    for (std::string& file : files)
+        file = (fs::path(path) / file).string();
     return files;
 }
 
@@ -68,8 +71,6 @@ bool ReadPath(const std::string& path, std::vector<Document>& documents)
         return true;
     } catch (const Lint::DocumentError& error) {
         PrintError(fmt::format("can't read '{}': {}", file, error.what()));
-    } catch (const fs::filesystem_error& error) {
-        PrintError(fmt::format("can't read '{}': {}", file, error.code().message()));
     }
     return false;
 }

@@ -1,6 +1,7 @@
 #include "tools/quor/settings/SettingSources.h"
 
 #include "quor/deck/FindingCodes.h"
+#include "quor/foundation/service/Directory.h"
 #include "tools/quor/settings/SettingInfo.h"
 #include "tools/quor/settings/SettingsFile.h"
 
@@ -34,30 +35,37 @@ Settings SettingsOf(const std::string& deck, const SettingSources& sources)
     return Merge(sources.given, file.empty() ? Settings() : ReadSettingsFile(file));
 }
 
+namespace {
+
+/// Of the system; 0 if there is none. Kept, since an exception for which there is no memory makes another
+/// one.
+int AccessErrorOf(const std::string& path, int mode)
+{
+    return ::access(path.c_str(), mode) == 0 ? 0 : errno;
+}
+
+} // namespace
+
 std::vector<std::string> DocumentsOf(const Settings& settings)
 {
     std::vector<std::string> files;
     if (settings.syntaxFolder) {
-        std::error_code error;
-        for (fs::directory_iterator entry(*settings.syntaxFolder, error), end; !error && entry != end;
-             entry.increment(error)) {
-            if (entry->path().extension() == ".xml")
-                files.push_back(entry->path().string());
-        }
-        if (error)
-            throw SettingsError(
-                fmt::format("can't read the folder '{}': {}", *settings.syntaxFolder, error.message()));
+        const std::string& folder = *settings.syntaxFolder;
+        for (const std::string& name :
+            Core::Service::Directory(folder).Find("\\.xml$", true, false, true, true, false))
+            files.push_back((fs::path(folder) / name).string());
+        if (const int error = files.empty() ? AccessErrorOf(folder, R_OK | X_OK) : 0; error != 0)
+            throw SettingsError(fmt::format(
+                "can't read the folder '{}': {}", folder, std::generic_category().message(error)));
         if (files.empty())
-            throw SettingsError(
-                fmt::format("no document in the folder '{}'; expected .xml files", *settings.syntaxFolder));
-        std::sort(files.begin(), files.end());
+            throw SettingsError(fmt::format("no document in the folder '{}'; expected .xml files", folder));
     }
     const Settings::Words others = settings.syntax.value_or(Settings::Words());
     files.insert(files.end(), others.begin(), others.end());
     for (const std::string& file : files) {
-        if (::access(file.c_str(), R_OK) != 0)
+        if (const int error = AccessErrorOf(file, R_OK); error != 0)
             throw SettingsError(fmt::format(
-                "can't read the document '{}': {}", file, std::generic_category().message(errno)));
+                "can't read the document '{}': {}", file, std::generic_category().message(error)));
     }
     return files;
 }

@@ -32,7 +32,8 @@ std::size_t ReadAll(int descriptor, char* bytes, std::size_t size)
 
 void FailBySystem()
 {
-    throw SourceError(std::generic_category().message(errno));
+    const int error = errno; // which the exception changes if there is no memory for it
+    throw SourceError(std::generic_category().message(error));
 }
 
 std::size_t ReadWhole(int descriptor, char* bytes, std::size_t size)

@@ -1,6 +1,7 @@
 #include "quor/deck/internal/read/words/OtherSpelling.h"
 
 #include "quor/deck/internal/text/LineText.h"
+#include "quor/foundation/service/internal/FolderEntries.h"
 
 #include <algorithm>
 #include <new>
@@ -27,14 +28,12 @@ std::string FindEntry(const Files::path& folder, const std::string& name)
         return name;
     ThrowWithoutMemory(error);
     const std::string upper = ToUpper(name);
-    auto entry = Files::directory_iterator(folder, error);
-    for (int i = 0; !error && i < mostEntries && entry != Files::directory_iterator();
-         entry.increment(error), ++i) {
-        std::string other = entry->path().filename().string();
-        if (ToUpper(other) == upper)
-            return other;
+    Service::FolderEntries entries(folder.c_str());
+    for (int i = 0; i < mostEntries; ++i) {
+        const char* const entry = entries.Next();
+        if (!entry || ToUpper(entry) == upper)
+            return entry ? entry : "";
     }
-    ThrowWithoutMemory(error);
     return {};
 }
 
