@@ -19,7 +19,7 @@ namespace {
 
 /// The texts of a deck in memory, some of them replaced; other files come from where the deck's came from.
 std::shared_ptr<Decks::MemorySource> SourceOf(
-    const DeckPointer& deck, const std::vector<std::pair<std::uint32_t, std::string>>& replaced)
+    const DeckPointer& deck, std::vector<std::pair<std::uint32_t, std::string>> replaced)
 {
     auto source = std::make_shared<Decks::MemorySource>(deck->GetOptions().GetSource());
     const Decks::DeckFiles& files = deck->GetFiles();
@@ -27,16 +27,15 @@ std::shared_ptr<Decks::MemorySource> SourceOf(
         if (files.Get(i).text)
             source->Set(files.Get(i).name, files.Get(i).text);
     }
-    for (const auto& [file, bytes] : replaced)
-        source->Set(files.Get(file).name, bytes);
+    for (auto& [file, bytes] : replaced)
+        source->Set(files.Get(file).name, std::move(bytes));
     return source;
 }
 
 /// The deck as it is read from other texts of its files, so that it can be edited.
-DeckPointer Reread(
-    const DeckPointer& deck, const std::vector<std::pair<std::uint32_t, std::string>>& replaced)
+DeckPointer Reread(const DeckPointer& deck, std::vector<std::pair<std::uint32_t, std::string>> replaced)
 {
-    const auto source = SourceOf(deck, replaced);
+    const auto source = SourceOf(deck, std::move(replaced));
     const py::gil_scoped_release unlocked;
     return std::make_shared<Decks::Deck>(Decks::Deck::Read(deck->GetFiles().Get(0).name, Language(),
         Decks::ReadOptions(deck->GetOptions()).SetSource(source).SetEditable(true)));
@@ -73,7 +72,7 @@ DeckPointer Apply(const DeckPointer& deck, const std::vector<Edit>& edits)
             byFile.erase(found);
         }
     }
-    return Reread(deck, texts);
+    return Reread(deck, std::move(texts));
 }
 
 /// Changes of the texts of a deck, which it holds.
@@ -153,7 +152,7 @@ public:
         std::vector<std::pair<std::uint32_t, std::string>> texts;
         for (const std::uint32_t file : editor_.GetChangedFiles())
             texts.emplace_back(file, editor_.GetText(file));
-        return Reread(deck_, texts);
+        return Reread(deck_, std::move(texts));
     }
 
 private:

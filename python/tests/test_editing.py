@@ -24,6 +24,7 @@ def changes(before, after):
         (lambda d: d.set("WCONPROD[P1].ORAT@2024-04-01", np.float32(0.1)), ["-  P1 OPEN ORAT 750 2* 900 /", "+  P1 OPEN ORAT 0.1 2* 900 /"]),
         (lambda d: d.set("PORO", np.full(12, 0.1, np.float32)), ["-  6*0.25 6*0.3 /", "+  12*0.1 /"]),
         (lambda d: d.set("PORO", np.full(12, 0.5)), ["-  6*0.25 6*0.3 /", "+  12*0.5 /"]),
+        (lambda d: [d.set("PORO", np.full(n, 0.5)) for n in (11, 13, 12)], ["-  6*0.25 6*0.3 /", "+  12*0.5 /"]),
         (lambda d: d.set(d["ACTNUM"], [1] * 6 + [0] * 6), ["-  12*1 /", "+  6*1 6*0 /"]),
         (lambda d: d.remove("WELSPECS[I1]"), ["-  I1 FIELD 2 3 1* WATER /"]),
         (lambda d: d.remove("WCONPROD@2024-04-01"), ["-WCONPROD", "-  P1 OPEN ORAT 750 2* 900 /", "-/"]),

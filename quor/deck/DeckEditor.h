@@ -142,7 +142,8 @@ public:
 
     /// Replaces the values of a keyword that is a list of numbers. They are laid out as `DeckFormatter` does;
     /// comments between them stay at the same number of values. Throws `Keywords::DataAccessError` for any
-    /// other keyword, and another type of numbers; `EditError` for a number that a deck can't hold.
+    /// other keyword, and another type of numbers; `EditError` for a number that a deck can't hold, and if
+    /// errors in the keyword hide where its data end. A wrong number of values doesn't.
     /// @{
     void SetArray(const DeckKeyword& keyword, const double* first, std::size_t count);
     void SetArray(const DeckKeyword& keyword, const int* first, std::size_t count);

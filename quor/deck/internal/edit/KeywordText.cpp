@@ -65,6 +65,19 @@ bool HasOpenQuote(std::string_view record)
     return false;
 }
 
+bool HasNumbersUpToSlash(const DeckContents& deck, const KeywordInstance& keyword)
+{
+    const std::string_view data = deck.files.GetText(keyword.whole).substr(keyword.name.length);
+    std::size_t at = SkipComments(data, 0);
+    while (at < data.size() && data[at] != '/') {
+        const std::size_t end = std::min(data.find_first_not_of("0123456789+-.*eEdD", at), data.size());
+        if (end == at)
+            return false;
+        at = SkipComments(data, end);
+    }
+    return at + 1 == data.size();
+}
+
 TextEdit MakeEdit(const DeckContents& deck, const TextRange& range, const std::string& text)
 {
     const std::string_view file = deck.files.GetText(range.file);

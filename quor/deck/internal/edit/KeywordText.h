@@ -23,6 +23,10 @@ std::string IndentNames(const DeckContents& deck, std::string lines);
 /// Whether a quote is missing before or after a word of a record, which may have more text after its slash.
 bool HasOpenQuote(std::string_view record);
 
+/// Whether the data, which are whole, are numbers and the slash after them: where they end is certain then,
+/// however many they are.
+bool HasNumbersUpToSlash(const DeckContents& deck, const KeywordInstance& keyword);
+
 /// The range gets the text. Its lines end as the one at which it is.
 TextEdit MakeEdit(const DeckContents& deck, const TextRange& range, const std::string& text);
 /// Inserts whole lines at the start of a line, or at the end of the file.

@@ -244,7 +244,9 @@ DataNotes CommentsOf(const KeywordInstance& keyword)
 
 TextEdit ReplaceData(const DeckContents& deck, const KeywordInstance& keyword, const IKeywordData& data)
 {
-    CheckSound(deck, keyword);
+    CheckWhole(deck, keyword);
+    if (!keyword.isSound && !HasNumbersUpToSlash(deck, keyword))
+        CheckSound(deck, keyword);
     DataPlans plans(deck.GetTarget());
     const DataNotes notes = CommentsOf(keyword);
     return MakeEdit(deck, keyword.whole, Written(deck, keyword, data, &notes, plans.Get(*data.GetMD())));

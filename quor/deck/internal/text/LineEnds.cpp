@@ -10,7 +10,7 @@ bool HasWindowsLineEnds(std::string_view text)
     return end != std::string_view::npos && end > 0 && text[end - 1] == '\r';
 }
 
-std::string WithLineEndsOf(std::string_view source, const std::string& text)
+std::string WithLineEndsOf(std::string_view source, std::string text)
 {
     if (!HasWindowsLineEnds(source))
         return text;
@@ -25,6 +25,8 @@ std::string WithLineEndsOf(std::string_view source, const std::string& text)
 
 std::string WithPlainLineEnds(std::string_view text)
 {
+    if (text.find('\r') == std::string_view::npos) // an array may have hundreds of megabytes
+        return std::string(text);
     std::string changed;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] != '\r' || text.substr(i + 1, 1) != "\n")

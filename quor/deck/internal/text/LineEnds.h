@@ -9,7 +9,7 @@ namespace Veld::Quor::Core::Decks {
 bool HasWindowsLineEnds(std::string_view text);
 
 /// `text`, whose lines end by a line feed, with the line ends of `source`.
-std::string WithLineEndsOf(std::string_view source, const std::string& text);
+std::string WithLineEndsOf(std::string_view source, std::string text);
 
 /// Without the carriage returns before line feeds.
 std::string WithPlainLineEnds(std::string_view text);

@@ -57,8 +57,9 @@ struct PlainNumbers {
     std::size_t count = 0;
     std::string_view last; // the text of the last of them
 
-    /// Those at the beginning of a text, `most` of them or less.
-    PlainNumbers(std::string_view text, const DataPlan& item, std::size_t most)
+    /// Those at the beginning of a text, `most` of them or less; `note` gets the word of each.
+    template <class Note>
+    PlainNumbers(std::string_view text, const DataPlan& item, std::size_t most, const Note& note)
     {
         std::size_t offset = 0;
         for (; count < most; ++count) {
@@ -73,6 +74,7 @@ struct PlainNumbers {
             if (!isPlain)
                 return;
             last = text.substr(offset, length);
+            note(last);
             offset = end;
         }
     }
@@ -113,19 +115,24 @@ DataReader::Ended DataReader::ReadNumbersAs(const DataPlan& plan, long long size
 template <class T>
 void DataReader::ReadPlainNumbers(const DataPlan& item, long long most, IKeywordListData& list)
 {
-    if (text_.HasPeeked() || words_.GetRepeats() > 0 || notes_.KeepsValueRanges())
+    if (text_.HasPeeked() || words_.GetRepeats() > 0)
         return;
     constexpr std::size_t room = PlainNumbers<T>::room;
+    const auto find = [&](const auto& note) {
+        return PlainNumbers<T>(
+            text_.GetRest(), item, static_cast<std::size_t>(std::min<long long>(most, room)), note);
+    };
+    const auto noteRange = [&](std::string_view word) { notes_.NoteValue(text_.RangeOf(word)); };
     for (std::size_t count = room; count == room && most > 0; most -= static_cast<long long>(count)) {
-        const std::string_view rest = text_.GetRest();
-        const PlainNumbers<T> numbers(rest, item, static_cast<std::size_t>(std::min<long long>(most, room)));
+        const PlainNumbers<T> numbers =
+            notes_.KeepsValueRanges() ? find(noteRange) : find([](std::string_view /*word*/) {});
         count = numbers.count;
         if (count == 0)
             return;
         list.AddData(numbers.values, numbers.values + count);
         const TextRange last = text_.RangeOf(numbers.last);
         words_.TakePlain(count, last);
-        notes_.Pass(last, count);
+        notes_.PassPlain(count);
         text_.Take(last.offset + last.length - text_.GetOffset());
     }
 }

@@ -33,8 +33,9 @@ public:
     void AddComment(const TextRange& range, CommentKind kind);
     /// Slots are over that the word at the range says the values of.
     void Pass(const TextRange& range, std::size_t slots = 1);
-    /// The same, of which nothing is noted; the ranges of values aren't wanted.
+    /// The same, of which nothing is noted: the ranges of values aren't wanted, or are noted by `NoteValue`.
     void PassPlain(std::size_t slots) { position_.slots += slots; }
+    void NoteValue(const TextRange& range) { notes_.values.push_back(range); }
     /// A slash at `range` came in place of the scalar, or of the items of the record from `firstItem` on.
     void PassMissing(const DataPlan& plan, std::size_t firstItem, const TextRange& range);
     /// A slash ended a record, list or map.
