@@ -112,6 +112,32 @@ def _in_order(
         yield from _through(threads, call, paths, 2 * jobs, options)
 
 
+class _Marked:
+    """To be sent: a call whose own exceptions can be told from those of the executor."""
+
+    def __init__(self, call: Callable[[Path, Mapping[str, Any]], Any]) -> None:
+        self._call = call
+
+    def __call__(self, path: Path, options: Mapping[str, Any]) -> Any:
+        try:
+            return self._call(path, options)
+        except Exception as error:
+            error.__dict__["_is_of_call"] = True
+            raise
+
+
+def _result_of(future: Future[Result], again: Callable[[], Future[Result]]) -> Result:
+    """What a cluster loses with a worker is asked for again: it may report the loss, as an error of any kind."""
+    for _ in range(2):
+        try:
+            return future.result()
+        except Exception as error:
+            if getattr(error, "_is_of_call", False):
+                raise
+            future = again()
+    return future.result()
+
+
 def _through(
     executor: Executor,
     call: Callable[[Path, Mapping[str, Any]], Result],
@@ -120,15 +146,19 @@ def _through(
     options: Mapping[str, Any],
 ) -> Iterator[tuple[Path, Result]]:
     waiting: deque[tuple[Path, Future[Result]]] = deque()
+    marked = _Marked(call)
+
+    def first() -> tuple[Path, Result]:
+        path, future = waiting.popleft()
+        return path, _result_of(future, lambda: executor.submit(marked, path, options))
+
     try:
         for path in paths:
-            waiting.append((path, executor.submit(call, path, options)))
+            waiting.append((path, executor.submit(marked, path, options)))
             if len(waiting) > ahead:
-                path, future = waiting.popleft()
-                yield path, future.result()
+                yield first()
         while waiting:
-            path, future = waiting.popleft()
-            yield path, future.result()
+            yield first()
     finally:
         for _, future in waiting:
             future.cancel()

@@ -2,7 +2,7 @@
 
 import multiprocessing
 import os
-from concurrent.futures import ProcessPoolExecutor
+from concurrent.futures import ProcessPoolExecutor, ThreadPoolExecutor
 from functools import partial
 from types import FunctionType
 
@@ -66,6 +66,29 @@ def test_a_deck_is_compared_on_threads_and_never_sent():
 def test_a_single_path_is_no_list_of_them(call):
     with pytest.raises(TypeError, match=r"expected the paths of decks, not a single one: write \['a.data'\]"):
         call("a.data")
+
+
+def test_what_an_executor_loses_is_asked_for_again_and_what_a_function_raises_is_not():
+    class Losing(ThreadPoolExecutor):
+        losses, calls = 2, 0
+
+        def submit(self, function, *arguments):
+            self.calls += 1
+            if self.losses and self.calls > 1:
+                self.losses -= 1
+                return super().submit(lambda: {}["lost"])
+            return super().submit(function, *arguments)
+
+    with Losing(1) as executor:
+        assert len(list(quor.check_many(PATHS[:3], executor=executor))) == 3
+        assert executor.calls == 5
+        executor.losses = 3
+        with pytest.raises(KeyError, match="lost"):
+            list(quor.check_many(PATHS[:1], executor=executor))
+        executor.losses, executor.calls = 0, 0
+        with pytest.raises(ZeroDivisionError):
+            list(quor.map_decks(lambda deck: 1 / 0, PATHS[:1], executor=executor))
+        assert executor.calls == 1
 
 
 def test_a_cluster_survives_the_loss_of_a_worker():
