@@ -10,9 +10,14 @@ namespace Veld::Quor::Core::Decks {
 /// The key of several numbers, in their order.
 class KeyOfParts {
 public:
-    explicit KeyOfParts(std::uint64_t first = 0)
-        : key_(first)
+    KeyOfParts() = default;
+    /// Goes on from a key. A part is not to be taken for one: two small numbers would be the same as two
+    /// others.
+    static KeyOfParts From(std::uint64_t key)
     {
+        KeyOfParts parts;
+        parts.key_ = key;
+        return parts;
     }
 
     void Add(std::uint64_t part)
@@ -23,7 +28,7 @@ public:
     std::uint64_t Get() const { return key_; }
 
 private:
-    std::uint64_t key_;
+    std::uint64_t key_ = 0xD6E8FEB86659FD93U;
 };
 
 /// Of keys alone.

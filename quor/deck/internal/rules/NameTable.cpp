@@ -73,8 +73,8 @@ bool IsMatch(std::string_view pattern, std::string_view name)
 
 std::uint64_t KeyOfName(std::string_view name)
 {
-    KeyOfParts key(
-        (name.size() + 1) * 0xD6E8FEB86659FD93U); // those of different sizes are far from each other
+    KeyOfParts key;
+    key.Add(name.size()); // as the last eight characters are filled up
     for (std::size_t at = 0; at < name.size(); at += sizeof(std::uint64_t))
         key.Add(EightOf(name, at));
     return key.Get();

@@ -168,7 +168,7 @@ RecordKeys::RecordKeys(const IKeywordRecordData& record, const std::vector<RuleI
     const long long first = std::max(NumberOf(record, items.back()), 1LL);
     const long long end = NumberOf(record, last);
     for (long long at = first; at <= end && end - first < longest; ++at) {
-        KeyOfParts one(key.key);
+        KeyOfParts one = KeyOfParts::From(key.key);
         AddNumber(at, one);
         keys.push_back(one.Get());
     }

@@ -28,7 +28,8 @@ const Optional<T>& NameIn(const IKeywordRecordData& record, int item)
 /// Of what the rules of names look at in the record.
 std::uint64_t KeyOfNames(const RecordRules& rules, const IKeywordRecordData& record, NameKeys& keys)
 {
-    KeyOfParts key(rules.number);
+    KeyOfParts key;
+    key.Add(rules.number);
     for (const RuleItem& item : rules.nameItems) {
         if (item.type == MDType::Integer) {
             key.Add(static_cast<std::uint64_t>(NameIn<int>(record, item.index).ValueOr(0)));
