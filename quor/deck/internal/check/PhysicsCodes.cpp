@@ -98,7 +98,8 @@ std::vector<CodeInfo> PhysicsCodes()
             "K. S. Pedersen and P. L. Christensen, Phase Behavior of Petroleum Reservoir Fluids, 2006, "
             "chapter "
             "2"},
-        {Code::CellJump, "cell-jump", warning, "A depth is more than a kilometre from those beside it.",
+        {Code::CellJump, "cell-jump", warning,
+            "A depth is more than 500 metres from those beside it, or 200 if it seems to lack a digit.",
             "Check the number of digits.", "RUNSPEC\nDIMENS\n 2 1 1 /\nGRID\nTOPS\n 3050 305 /\n",
             "RUNSPEC\nDIMENS\n 2 1 1 /\nGRID\nTOPS\n 3050 3051 /\n", any, !strict,
             "D. K. Ponting, Corner Point Geometry in Reservoir Simulation, European Conference on the "

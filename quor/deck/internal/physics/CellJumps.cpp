@@ -18,15 +18,26 @@ using namespace Core::Keywords;
 
 namespace {
 
-constexpr double mostJump = 1000; // m
+constexpr double mostJump = 500; // m
+/// That of a depth that lacks a digit, or has one too many, as its ratio shows.
+constexpr double jumpOfDigit = 200; // m
+constexpr double ratioOfDigit = 8;
 
 struct Jump {
     std::size_t odd; // of the two: further from the depths of all
     std::size_t other;
 };
 
-/// Between cells beside one another in a row.
-std::optional<Jump> FindJump(const ArrayView<double>& depths, const ActiveCells& active, double most)
+bool IsJump(double depth, double beside, double metre)
+{
+    const double jump = std::abs(depth - beside);
+    const double least = std::min(std::abs(depth), std::abs(beside));
+    const bool isOfDigit = least > 0 && std::max(std::abs(depth), std::abs(beside)) >= ratioOfDigit * least;
+    return jump > mostJump * metre || (isOfDigit && jump > jumpOfDigit * metre);
+}
+
+/// Between cells beside one another in a row. `metre`: in the unit of the depths.
+std::optional<Jump> FindJump(const ArrayView<double>& depths, const ActiveCells& active, double metre)
 {
     const std::size_t nx = active.GetSizes()[0];
     const std::size_t ny = active.GetSizes()[1];
@@ -34,7 +45,7 @@ std::optional<Jump> FindJump(const ArrayView<double>& depths, const ActiveCells&
         const std::size_t i = cell % nx;
         const std::size_t j = cell / nx % ny;
         const std::size_t k = cell / nx / ny;
-        if (i == 0 || std::abs(depths[cell] - depths[cell - 1]) <= most || depths.IsDefaulted(cell)
+        if (i == 0 || !IsJump(depths[cell], depths[cell - 1], metre) || depths.IsDefaulted(cell)
             || depths.IsDefaulted(cell - 1) || !active.IsActive(i, j, k) || !active.IsActive(i - 1, j, k))
             continue;
         const double mean =
@@ -60,8 +71,8 @@ void CheckCellJumps(const PhysicsFacts& facts)
     if (HasUnknown(list))
         return;
     const auto depths = As<double>(list);
-    const double most = Units::Convert("length", mostJump, UnitSystem::METRIC, *system).value_or(mostJump);
-    const auto jump = depths.size() <= active.GetCount() ? FindJump(depths, active, most) : std::nullopt;
+    const double metre = Units::Convert("length", 1, UnitSystem::METRIC, *system).value_or(1);
+    const auto jump = depths.size() <= active.GetCount() ? FindJump(depths, active, metre) : std::nullopt;
     if (!jump)
         return;
     facts.Report(FindValue(facts.GetDeck(), *tops, {jump->odd}), Code::CellJump,

@@ -27,6 +27,17 @@ std::vector<std::string> DefinersOf(const NameRule& rule)
     return first == rule.uses.end() ? std::vector<std::string>() : first->where.keywords;
 }
 
+/// Without what a text editor put around it: curly quotes, hard spaces.
+std::string_view WithoutOddEnds(std::string_view word)
+{
+    const auto isOdd = [](char c) { return static_cast<unsigned char>(c) >= 0x80; };
+    while (!word.empty() && isOdd(word.front()))
+        word.remove_prefix(1);
+    while (!word.empty() && isOdd(word.back()))
+        word.remove_suffix(1);
+    return word;
+}
+
 } // namespace
 
 NameChecks::NameChecks(const RuleContext& context)
@@ -112,9 +123,13 @@ void NameChecks::FollowUnsound(std::uint32_t kind, std::string_view text)
     if (text.empty() || text.find('$') != std::string_view::npos)
         return Lose();
     constexpr std::string_view separators = " \t\r\n,'\"/";
+    std::string before; // the word before, which a stray blank may have cut off
     for (std::size_t at = text.find_first_not_of(separators); at != std::string_view::npos;) {
         const std::size_t end = std::min(text.find_first_of(separators, at), text.size());
-        unsure_[kind].Add(text.substr(at, end - at));
+        const std::string word(WithoutOddEnds(text.substr(at, end - at)));
+        unsure_[kind].Add(word);
+        unsure_[kind].Add(before + word);
+        before = word;
         at = text.find_first_not_of(separators, end);
     }
 }
