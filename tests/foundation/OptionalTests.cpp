@@ -22,6 +22,12 @@ const std::tuple firsts(0, 0.0, false, std::string(), SimulatorType::Carrow);
 const std::tuple seconds(
     -7, 2.5, true, std::string("a text too long to be stored in place"), SimulatorType::Any);
 
+template <class T>
+Optional<T> Same(const T& value)
+{
+    return value;
+}
+
 } // namespace
 
 template <class T>
@@ -53,6 +59,12 @@ TYPED_TEST(OptionalOf, HoldsAValueOrNothing)
     EXPECT_EQ(*copy, b);
     some = std::move(copy);
     EXPECT_EQ(*some, b);
+
+    Optional<TypeParam> (*volatile call)(const TypeParam&) = Same<TypeParam>; // no optimizer looks into it
+    const TypeParam returned = *call(a);
+    EXPECT_EQ(returned, a);
+    const TypeParam other = *call(b);
+    EXPECT_EQ(other, b);
 }
 
 TEST(Optional, GivesUpOneValueOfItsType)

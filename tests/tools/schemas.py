@@ -49,9 +49,10 @@ for deck in [deck for deck in decks if "faulty" not in deck]:
     validate("dump", ["dump", deck], dump)
     made = subprocess.run([quor, "dump", "--load", "-"], input=dump.encode(), capture_output=True)
     again = subprocess.run([quor, "dump", "-"], input=made.stdout, capture_output=True)
-    if json.loads(again.stdout)["keywords"] != json.loads(dump)["keywords"]:
+    changes = subprocess.run([quor, "diff", deck, "-"], input=made.stdout, capture_output=True)
+    if json.loads(again.stdout)["keywords"] != json.loads(dump)["keywords"] or changes.returncode != 0:
         failures += 1
-        print(f"quor dump --load: another deck than {deck}: {made.stderr.decode()}{again.stderr.decode()}")
+        print(f"quor dump --load: another deck than {deck}: {made.stderr.decode()}{changes.stdout.decode()}")
 lines = run("check", *decks, "/none.data", "--format", "jsonl").splitlines()
 assert len(lines) == len(decks) + 1
 validate("checkLine", ["check", "--format", "jsonl"], *lines)

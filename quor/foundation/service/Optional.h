@@ -2,7 +2,6 @@
 
 #include <cfloat>
 #include <climits>
-#include <new>
 #include <optional>
 #include <string>
 #include <type_traits>
@@ -51,26 +50,33 @@ struct OptionalTraits<double> {
 /// `bool`: the byte value 255 is no value. The byte is looked at as a `bool` only when it holds one.
 template <>
 struct OptionalTraits<bool> {
-    /// One byte, that of a `bool` or 255.
-    struct Storage {
-        alignas(bool) unsigned char byte; ///< 255: no value
+    /// One byte, that of a `bool` or 255. A union: a byte that is only cast to a `bool` holds none for an
+    /// optimizer, which may then read it before it is written.
+    union Storage {
+        bool value; ///< what is given
+        unsigned char byte; ///< 255: no value
     };
-    static_assert(sizeof(bool) == 1);
+    static_assert(sizeof(Storage) == 1);
     /// See `OptionalTraits`.
     /// @{
     static Storage Make(bool value)
     {
         Storage storage;
-        ::new (&storage.byte) bool(value);
+        storage.value = value;
         return storage;
     }
-    static Storage Empty() { return Storage{255}; }
-    static bool IsEmpty(const Storage& storage) { return storage.byte == 255; }
-    static bool& Get(Storage& storage) { return *std::launder(reinterpret_cast<bool*>(&storage.byte)); }
-    static const bool& Get(const Storage& storage)
+    static Storage Empty()
     {
-        return *std::launder(reinterpret_cast<const bool*>(&storage.byte));
+        Storage storage;
+        storage.byte = 255;
+        return storage;
     }
+    static bool IsEmpty(const Storage& storage)
+    {
+        return *reinterpret_cast<const unsigned char*>(&storage) == 255;
+    }
+    static bool& Get(Storage& storage) { return storage.value; }
+    static const bool& Get(const Storage& storage) { return storage.value; }
     /// @}
 };
 
