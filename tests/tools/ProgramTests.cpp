@@ -59,6 +59,7 @@ PortToNoMode: port x --to Carrow --mode Thermal => simulator 'Carrow' has no mod
 FolderWithoutDecks: check /proc/self/fdinfo => quor: error: no deck in the folder '/proc/self/fdinfo'; expected .data files
 FolderAsDeck: info /tmp => can't read '/tmp': it is a folder, not a file
 ManualAmongOtherFiles: manual /usr => quor: error: '/usr' is not empty and has no manual; expected a new or empty folder\n
+ManualWithoutName: manual '' => quor: error: '' is not empty and has no manual; expected a new or empty folder\n
 ManualInNoFolder: manual /proc/none => quor: error: can't write '/proc/none/keyword/
 ReportOfNothing: report /none.data -o /none.html => can't read '/none.data': No such file
 ReportToNowhere: report x => --output is required

@@ -23,8 +23,9 @@ namespace {
 bool HasOthers(const std::string& folder)
 {
     std::error_code error; // a folder that can't be read is reported when it is written
-    return fs::exists(folder, error) && !fs::is_empty(folder, error)
-        && !fs::exists(fs::path(folder) / "search-data.js", error);
+    const fs::path path = folder.empty() ? "." : folder; // as it is written
+    return fs::exists(path, error) && !fs::is_empty(path, error)
+        && !fs::exists(path / "search-data.js", error);
 }
 
 int WriteManualOrReport(LoadedLanguage& language, const std::string& folder)
