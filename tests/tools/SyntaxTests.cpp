@@ -96,11 +96,13 @@ InPlaceOfTheMain: QUOR_KEYWORD_SYNTAX_FILE=own.xml $QUOR list --text x 2>&1 | se
     QUOR_KEYWORD_SYNTAX_FILE: own.xml replaces the built-in main document; without its ... and 1 more
 Lint: $QUOR lint own.xml | tail -n 1 => added to the language, they take precedence over the built-in OIL
 Addition: $QUOR syntax diff builtin own.xml --addition => OIL\n  ~ other description\nWCHECK\n  ~ new keyword\n2 changes: 0 break decks
-Missing: $QUOR list --syntax none; $QUOR list --syntax-folder none; mkdir d; $QUOR list --syntax-folder d; echo '<a/>' >e; $QUOR syntax diff e e =>
+Missing: $QUOR list --syntax none; $QUOR list --syntax-folder none; mkdir d; $QUOR list --syntax-folder d; echo '<a/>' >e; $QUOR syntax diff e e; $QUOR list --syntax d; $QUOR list --syntax-folder e =>
     quor: error: can't read the document 'none': No such file or directory
     quor: error: can't read the folder 'none': No such file or directory
     quor: error: no document in the folder 'd'; expected .xml files
     quor: error: 'e' has no keyword
+    quor: error: can't read the document 'd': Is a directory
+    quor: error: can't read the folder 'e': Not a directory
 Wrong: sed -i 's/="SLASH"/="SLOSH"/' own.xml; $QUOR check a.data --syntax own.xml => quor: error: can't load the language: own.xml:8:27: error: WCHECK: unknown termination 'SLOSH'; the load fails; did you mean 'SLASH'? [unknown-termination]
 )")),
     CaseName<Row>);

@@ -92,6 +92,7 @@ LoadOfNoDump: --version >v; for t in [] '{"schema_version":2}' '[{"name":"PORU"}
     keyword 1 (NOTES): expected characters up to U+00FF in 'latin1'
     keyword 1 (PORO): expected a value
     invalid JSON at line 1, column 1: syntax error while parsing value - invalid literal; last read: 'x'
+LoadOfNoFile: --version >v; for f in . none; do $QUOR dump --load $f 2>&1; done => quor: error: can't read '.': Is a directory\nquor: error: can't read 'none': No such file or directory
 Input: get - 'PORO[2]' --set RATE=5 <a.data => PORO[2]  0.2
 NamedInput: check - --stdin-filename x/y.data --set RATE=5 <a.data 2>e =>
     x/y.data:9:2: error: can't read 'x/b.data': No such file or directory [include-missing]

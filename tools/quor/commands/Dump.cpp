@@ -114,7 +114,7 @@ int LoadDump(LoadedLanguage& language, const DumpOptions& options)
         file.open(options.deck, std::ios::binary);
     if (!isInput && (!file || file.peek() == std::ifstream::traits_type::eof())) {
         PrintError(fmt::format("can't read '{}': {}", MakePrintable(options.deck),
-            file.is_open() ? "the file is empty" : std::generic_category().message(errno)));
+            file.is_open() && !file.bad() ? "the file is empty" : std::generic_category().message(errno)));
         return Failure;
     }
     DeckBuilder builder(language.GetTable(), OptionsFor(options.deck, options.read).GetTarget(), Print);
@@ -160,7 +160,9 @@ Command MakeDumpCommand(CLI::App& application)
         "skipped\n"
         "blocks and unknown keywords are not in it. 'name' and 'section' of a keyword are before its "
         "'data'.\n"
-        "Exit status: 0 success, 2 a file can't be read, or no deck can hold what is in it.\n\n"
+        "Exit status: 0 success, 2 a file can't be read, or no deck can hold what is in it: what was printed "
+        "before\n"
+        "is then only a part of the deck.\n\n"
         "Examples:\n"
         "  quor dump reservoir.data > reservoir.json\n"
         "  quor dump reservoir.data | jq '.keywords[] | select(.name == \"EQUIL\").data'\n"

@@ -54,7 +54,7 @@ std::vector<std::string> DocumentsOf(const Settings& settings)
         for (const std::string& name :
             Core::Service::Directory(folder).Find("\\.xml$", true, false, true, true, false))
             files.push_back((fs::path(folder) / name).string());
-        if (const int error = files.empty() ? AccessErrorOf(folder, R_OK | X_OK) : 0; error != 0)
+        if (const int error = files.empty() ? AccessErrorOf(folder + '/', R_OK | X_OK) : 0; error != 0)
             throw SettingsError(fmt::format(
                 "can't read the folder '{}': {}", folder, std::generic_category().message(error)));
         if (files.empty())
@@ -63,7 +63,8 @@ std::vector<std::string> DocumentsOf(const Settings& settings)
     const Settings::Words others = settings.syntax.value_or(Settings::Words());
     files.insert(files.end(), others.begin(), others.end());
     for (const std::string& file : files) {
-        if (const int error = AccessErrorOf(file, R_OK); error != 0)
+        const bool isFolder = AccessErrorOf(file + '/', F_OK) == 0;
+        if (const int error = isFolder ? EISDIR : AccessErrorOf(file, R_OK); error != 0)
             throw SettingsError(fmt::format(
                 "can't read the document '{}': {}", file, std::generic_category().message(error)));
     }
