@@ -116,12 +116,13 @@ PartAlone: printf 'DATES\n 1 JUN 2020 /\n/\nWCONPROD\n P9 OPPEN ORAT 5 /\n/\nDIM
     w:7:1: error: DIMENS is not valid in section SCHEDULE (valid in RUNSPEC) [wrong-section]
     quor: - has 2 errors; run 'quor check - --section SCHEDULE --simulator Carrow' to list them; the result may be incomplete
     5
-PartOfDeck: printf 'RUNSPEC\nGAS\nSCHEDULE\nINCLUDE\n ./w.inc /\nOLI\n' >r.data; printf 'OIL\n' >w.inc; $QUOR check w.inc --root r.data 2>e; $QUOR check - --root ./r.data --stdin-filename ../$(basename $PWD)/w.inc --quiet <cases/b.data | head -n 1; for a in cases/c.inc none '' -; do $QUOR check $a --root r.data --quiet; done =>
+PartOfDeck: printf 'PATHS\n A . /\n/\nRUNSPEC\nGAS\nSCHEDULE\nINCLUDE\n ./w.inc /\nOLI\n' >r.data; printf 'OIL\n' >w.inc; $QUOR check w.inc --root r.data 2>e; $QUOR check r.data --root r.data 2>e | tail -n 1; $QUOR check - --root ./r.data --stdin-filename ../$(basename $PWD)/w.inc --quiet <cases/b.data | head -n 1; for a in cases/c.inc none '' -; do $QUOR check $a --root r.data --quiet; done =>
     ./w.inc:1:1: error: OIL is not valid in section SCHEDULE (valid in RUNSPEC) [wrong-section]
         OIL
         ^~~
-      included from r.data:4
+      included from r.data:7
     w.inc: 1 keyword in 1 section, 1 file: 1 error
+    r.data: 4 keywords in 2 sections, 1 file: 1 error
     ././w.inc:1:1: error: section RUNSPEC is repeated [section-order]
     quor: error: the deck 'r.data' doesn't include 'cases/c.inc'
     quor: error: can't read 'none': No such file or directory

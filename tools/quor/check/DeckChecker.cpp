@@ -84,7 +84,8 @@ void CountFile(FileOfDeck file, const Decks::Deck& deck, const std::string& root
         if (!isIt[keyword.GetNameRange().file])
             continue;
         ++checked.keywords;
-        sections.insert(keyword.GetSection());
+        if (keyword.GetSection() != Core::Keywords::SectionType::None)
+            sections.insert(keyword.GetSection());
     }
     checked.sections = sections.size();
     checked.files = 1;
