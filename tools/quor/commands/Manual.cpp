@@ -58,14 +58,15 @@ Command MakeManualCommand(CLI::App& application)
         "by section, subject, simulator, measurement and finding code, with a search.");
     command
         .add_option(
-            "FOLDER", *folder, "New or empty folder, or one with an earlier manual, which is replaced")
+            "FOLDER", *folder, "New or empty folder, or one with an earlier manual, which is written over")
         ->required();
     AddSyntaxOptions(command, *sources);
-    command.footer("The pages need no network and no server: open index.html. What the documents in the\n"
-                   "environment variables say is in them.\n\n"
-                   "Examples:\n"
-                   "  quor manual manual\n"
-                   "  xdg-open manual/index.html");
+    command.footer(
+        "The pages need no network and no server: open index.html. Keywords of own documents are in\n"
+        "them, those of the environment variables too.\n\n"
+        "Examples:\n"
+        "  quor manual manual\n"
+        "  xdg-open manual/index.html");
     return {&command, [folder](LoadedLanguage& language) { return WriteManualOrReport(language, *folder); },
         [sources] { return DocumentsOf(SettingsOf("", *sources)); }};
 }
