@@ -103,6 +103,7 @@ Missing: $QUOR list --syntax none; $QUOR list --syntax-folder none; mkdir d; $QU
     quor: error: 'e' has no keyword
     quor: error: can't read the document 'd': Is a directory
     quor: error: can't read the folder 'e': Not a directory
+Device: $QUOR list --syntax /dev/null 2>&1 | tail -n 1 => quor: error: can't load the language: can't read '/dev/null': not a regular file
 Wrong: sed -i 's/="SLASH"/="SLOSH"/' own.xml; $QUOR check a.data --syntax own.xml => quor: error: can't load the language: own.xml:8:27: error: WCHECK: unknown termination 'SLOSH'; the load fails; did you mean 'SLASH'? [unknown-termination]
 )")),
     CaseName<Row>);

@@ -47,7 +47,11 @@ std::string ErrorIn(const std::vector<std::string>& documents)
 {
     for (const std::string& path : documents) {
         std::vector<Core::Lint::Document> alone;
-        alone.push_back(Core::Lint::Document::ReadFile(path));
+        try {
+            alone.push_back(Core::Lint::Document::ReadFile(path));
+        } catch (const Core::Lint::DocumentError& error) {
+            return fmt::format("can't read '{}': {}", path, error.what());
+        }
         const auto report = Core::Lint::LintDocuments(alone, 1000);
         for (const Core::Decks::Finding& finding : report.findings) {
             if (finding.severity == Core::Decks::Severity::Error)
