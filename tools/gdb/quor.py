@@ -114,7 +114,7 @@ class RecordPrinter:
     def children(self):
         held = self.value["elements_"]
         block = (held.address + 1).cast(gdb.lookup_type("char").pointer())  # behind the record
-        for item in elements(held["layout_"]["_M_ptr"]["items_"]):
+        for item in elements(held["layout_"].dereference()["items_"]):
             place = block + int(item["offset"])
             md = whole(item["md"].dereference())
             yield text(md["name_"]), self.at(place, item, md)
@@ -144,7 +144,7 @@ class ListPrinter:
                 size = int(self.value["elements_"]["size_"])
                 return [(held + i).dereference() for i in range(size)]
             return list(elements(held))
-        return [pointee(item).dereference() for item in elements(held)]
+        return [item.dereference() for item in elements(held)]
 
     def to_string(self):
         name = text(whole(self.value["syntax_"].dereference())["name_"]) if self.value["syntax_"] else ""
