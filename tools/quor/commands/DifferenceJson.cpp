@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 
 namespace Veld::Quor::Tools {
 
@@ -78,7 +79,7 @@ ordered_json ChangeJson(const Change& change)
 ordered_json CountsJson(const Decks::Difference& difference)
 {
     auto counts = ordered_json::object();
-    for (std::size_t i = 0; i < difference.counts.size(); ++i)
+    for (std::size_t i = 0; i < std::size(words); ++i)
         counts[words[i]] = difference.counts[i];
     return counts;
 }
