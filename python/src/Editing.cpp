@@ -19,7 +19,7 @@ namespace {
 
 /// The texts of a deck in memory, some of them replaced; other files come from where the deck's came from.
 std::shared_ptr<Decks::MemorySource> SourceOf(
-    const DeckPointer& deck, std::vector<std::pair<std::uint32_t, std::string>> replaced)
+    const DeckPointer& deck, std::vector<std::pair<std::uint32_t, std::string>>&& replaced)
 {
     auto source = std::make_shared<Decks::MemorySource>(deck->GetOptions().GetSource());
     const Decks::DeckFiles& files = deck->GetFiles();
