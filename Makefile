@@ -4,7 +4,7 @@
 .PHONY: help run test python setup-run setup-python setup-test setup-benchmark setup-editor build-release build-python \
     build-test build-asan build-fuzz build-benchmark check-format check-release check-asan check-threads check-editor \
     check-lint lint-all format schema pages trust decks benchmark bench-gate bench-counts abi-baseline faults \
-    fuzz docs editor dist packages install clean
+    mutants fuzz docs editor dist packages install clean
 
 SOURCES = $(shell find quor python tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt language/units/*.txt)
@@ -122,6 +122,10 @@ benchmark: setup-benchmark build-benchmark ## Compare each hot path with its pee
 
 faults: setup-test build-test ## Let memory and calls of the system fail, one by one, in library and program
 	@tests/faults/all.sh build/test
+
+MUTANTS ?= --places 400 --jobs $$(nproc)
+mutants: setup-test ## Make small faults in copies of the sources, and show which of them no test finds (hours)
+	@/usr/bin/python3 -B tests/mutants/mutants.py . build/mutants $(MUTANTS)
 
 FUZZ_SECONDS ?= 60
 fuzz: setup-test build-fuzz ## Run each fuzz target for FUZZ_SECONDS (60)

@@ -1,0 +1,180 @@
+#!/usr/bin/env python3
+"""Makes small faults in the sources, one at a time, and shows which of them no test finds.
+
+A fault is a negated condition, a boundary off by one, a dropped statement, a swapped operator, constant, enumerator
+or pair of arguments: see places.py. For each, the tests of the floors that run its line are run, the quickest first.
+Faults that don't compile count for nothing. A run that was ended goes on where it stopped.
+"""
+
+import argparse
+import collections
+import itertools
+import json
+import pathlib
+import random
+import sys
+import threading
+
+from places import KINDS, enumerations, places
+from trees import Tree
+
+LEAST_OF_A_FLOOR = 20
+
+
+def candidates(source, seed):
+    """Places by floor and kind in the order of the seed, and the texts of their sources."""
+    files = sorted((source / "quor").rglob("*.cpp"))
+    texts = {str(f.relative_to(source)): f.read_text() for f in files}
+    enums = enumerations([*texts.values(), *(f.read_text() for f in sorted((source / "quor").rglob("*.h")))])
+    found = collections.defaultdict(list)
+    for path, text in texts.items():
+        for place in places(path, text, enums):
+            found[place.floor(), place.kind].append(place)
+    for key in sorted(found):
+        random.Random(f"{seed} {key}").shuffle(found[key])
+    return found, texts
+
+
+def slots(texts, count):
+    """Floor and kind of each fault that is wanted: by the lines of the floor, each kind as often."""
+    lines = collections.Counter()
+    for path, text in texts.items():
+        lines[pathlib.PurePath(path).parts[1]] += text.count("\n")
+    for floor, size in sorted(lines.items()):
+        wanted = max(LEAST_OF_A_FLOOR, round(count * size / lines.total()))
+        yield from ((floor, kind) for kind in itertools.islice(itertools.cycle(KINDS), wanted))
+
+
+def explained(path):
+    """Faults that no caller can tell from the source as it is: (path, line of code, line after) -> reason."""
+    rows = {}
+    blocks = [b.splitlines() for b in path.read_text().split("\n\n") if b.strip() and not b.startswith("#")]
+    for block in blocks:
+        if len(block) < 4 or not block[1].startswith("- ") or not block[2].startswith("+ "):
+            raise SystemExit(f"{path}: expected a path, '- LINE OF CODE', '+ LINE AFTER' and a reason, not\n" + "\n".join(block))
+        rows[block[0], block[1][2:], block[2][2:]] = " ".join(block[3:])
+    return rows
+
+
+class Run:
+    """The faults of a run, those of an earlier one that was ended included."""
+
+    def __init__(self, options):
+        self.source = options.source.resolve()
+        self.folder = options.folder.resolve()
+        self.found, self.texts = candidates(self.source, options.seed)
+        self.slots = list(slots(self.texts, options.places))
+        self.explained = explained(pathlib.Path(__file__).with_name("explained.txt"))
+        self.results_file = self.folder / "results.jsonl"
+        self.results = {}
+        self.lock = threading.Lock()
+        self.done = []
+
+    def key(self, place):
+        """The place by its line of code, which stays when lines above it come and go."""
+        text = self.texts[place.path]
+        start, end = text.rfind("\n", 0, place.start) + 1, text.find("\n", place.start)
+        after = text[start : place.start] + place.after + (text[place.end : end] if place.end < end else "")
+        return place.path, text[start:end].strip(), after.split("\n")[0].strip()
+
+    def cover(self, tree):
+        """Which tests run which lines, and the results of an earlier run, where they hold.
+
+        Both are kept. When a source or a test has changed since, the lines are measured anew, and faults that were
+        not found are tried again.
+        """
+        file = self.folder / "covered.json"
+        state = tree.state()
+        kept = json.loads(file.read_text()) if file.exists() else {}
+        same = kept.get("state") == state
+        if self.results_file.exists():
+            for row in map(json.loads, self.results_file.read_text().splitlines()):
+                if same or row["by"]:
+                    self.results[tuple(row["place"])] = row["by"]
+        self.tests = kept["tests"] if same else {}
+        for name in tree.tests if not same else []:
+            seconds, lines = tree.covered(name)
+            self.tests[name] = {"seconds": seconds, "lines": {p: sorted(n) for p, n in lines.items()}}
+            print(f"{name}: {seconds:.1f} s, {sum(map(len, lines.values()))} lines", flush=True)
+        file.write_text(json.dumps({"state": state, "tests": self.tests}))
+
+    def tests_of(self, place):
+        return sorted((t["seconds"], name) for name, t in self.tests.items()
+            if place.line in t["lines"].get(place.path, []))
+
+    def next(self):
+        """The next place of the next slot, or none: (slot, place)."""
+        with self.lock:
+            while self.slots:
+                slot = self.slots.pop()
+                if self.found[slot]:
+                    return slot, self.found[slot].pop()
+        return None
+
+    def work(self, tree):
+        while item := self.next():
+            slot, place = item
+            key = self.key(place)
+            if key in self.results:
+                by = self.results[key]
+            else:
+                by = tree.attempt(place, self.texts[place.path], self.tests_of(place))
+            with self.lock:
+                if key not in self.results:
+                    self.results[key] = by
+                    with self.results_file.open("a") as file:
+                        print(json.dumps({"place": key, "by": by}), file=file)
+                if by is False:
+                    self.slots.append(slot)
+                    continue
+                self.done.append((place, by))
+                shown = f"found by {by}" if by else "explained" if self.reason(place) else "NOT FOUND"
+                print(f"{len(self.done)}  {shown}  {place}", flush=True)
+
+    def reason(self, place):
+        return self.explained.get(self.key(place))
+
+    def report(self):
+        """Prints the share that was found, by kind and floor; the least of the shares."""
+        print()
+        least = 100.0
+        for title, group in (("kind", lambda p: p.kind), ("floor", lambda p: p.floor()), ("all", lambda p: "all")):
+            counts = collections.defaultdict(lambda: [0, 0, 0])
+            for place, by in self.done:
+                count = counts[group(place)]
+                count[0 if by else 1 if self.reason(place) else 2] += 1
+            for name, (hits, reasons, missed) in sorted(counts.items()):
+                share = 100 * hits / max(1, hits + missed)
+                print(f"{title:6}{name:12}{hits:5} found{reasons:4} explained{missed:4} not found  {share:5.1f} %")
+                least = min(least, share) if title != "kind" else least
+        print()
+        for place, by in sorted(self.done, key=lambda d: (d[0].path, d[0].line)):
+            if not by and not self.reason(place):
+                path, before, after = self.key(place)
+                print(f"{path}\n- {before}\n+ {after}\n" + ("" if self.tests_of(place) else "no test runs the line\n"))
+        return least
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("source", type=pathlib.Path, help="root of the project")
+    parser.add_argument("folder", type=pathlib.Path, help="for copies, builds and results; remove it to begin anew")
+    parser.add_argument("--places", type=int, default=400, help="faults, about (400); more where a floor would have few")
+    parser.add_argument("--seed", type=int, default=1, help="of the choice of places (1)")
+    parser.add_argument("--jobs", type=int, default=1, help="copies that are worked on at once (1)")
+    parser.add_argument("--least", type=float, default=75, help="share of each floor below which the run fails (75)")
+    options = parser.parse_args()
+    run = Run(options)
+    options.folder.mkdir(parents=True, exist_ok=True)
+    trees = [Tree(run.source, run.folder / f"copy{i}") for i in range(options.jobs)]
+    run.cover(trees[0])
+    threads = [threading.Thread(target=run.work, args=[tree]) for tree in trees]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    sys.exit(run.report() < options.least)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,118 @@
+"""Copies of the sources with builds of their own, in which faults are tried: the sources themselves stay as they are."""
+
+import hashlib
+import json
+import os
+import pathlib
+import resource
+import shutil
+import subprocess
+import tempfile
+import time
+
+MEMORY = 8 << 30  # of a test: a fault may let it grow without end
+
+
+def _limited():
+    resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
+    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+
+
+class Tree:
+    """A copy of the files that git knows below `source`, and its build by the preset `mutants`."""
+
+    def __init__(self, source, folder):
+        self.source = source
+        self.folder = folder
+        self.build = folder / "build" / "mutants"
+        self._copy()
+        if not (self.build / "build.ninja").exists():
+            self._must(["cmake", "--preset", "mutants"])
+        self.tests = self._tests()
+        self._must(["cmake", "--build", "--preset", "mutants", "--", "--quiet"])
+        commands = json.loads((self.build / "compile_commands.json").read_text())
+        self.objects = {}
+        for c in commands:
+            self.objects.setdefault(c["file"], []).append(c["output"])
+
+    def _copy(self):
+        names = subprocess.run(["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"], cwd=self.source,
+            check=True, capture_output=True, text=True).stdout.split("\0")
+        for name in filter(None, names):
+            old, new = self.source / name, self.folder / name
+            if old.is_file() and not (new.is_file() and new.read_bytes() == old.read_bytes()):
+                new.parent.mkdir(parents=True, exist_ok=True)
+                shutil.copy(old, new)
+
+    def state(self):
+        """Of what is built and run: sources, tests, examples."""
+        digest = hashlib.sha256()
+        for top in ("quor", "tools", "language", "tests", "examples"):
+            for file in sorted(f for f in (self.folder / top).rglob("*") if f.is_file()):
+                digest.update(f"{file.relative_to(self.folder)}\0".encode() + file.read_bytes())
+        return digest.hexdigest()
+
+    def _must(self, command):
+        done = subprocess.run(command, cwd=self.folder, capture_output=True, text=True)
+        if done.returncode:
+            raise SystemExit(f"{' '.join(command)}\n{done.stdout}{done.stderr}")
+
+    def _tests(self):
+        """The commands of the tests of the floors, by name."""
+        listed = subprocess.run(["ctest", "--show-only=json-v1"], cwd=self.build, check=True, capture_output=True, text=True)
+        return {t["name"]: t["command"] for t in json.loads(listed.stdout)["tests"] if t["name"].endswith("-tests")}
+
+    def ninja(self, targets):
+        return subprocess.run(["ninja", "-C", self.build, "-j1", *targets], capture_output=True).returncode == 0
+
+    def run(self, test, seconds, profile="/dev/null"):
+        """True if the test passes in this time."""
+        with tempfile.TemporaryDirectory() as scratch:
+            try:
+                return subprocess.run(self.tests[test], cwd=self.build, env={**os.environ, "LLVM_PROFILE_FILE": profile,
+                    "TMPDIR": scratch}, timeout=seconds, preexec_fn=_limited, stdin=subprocess.DEVNULL,
+                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
+            except subprocess.TimeoutExpired:
+                return False
+
+    def covered(self, test):
+        """Seconds that the test takes, and the lines that it runs, by source."""
+        profiles = self.build / "profiles"
+        shutil.rmtree(profiles, ignore_errors=True)
+        start = time.monotonic()
+        if not self.run(test, 3600, str(profiles / "%2m.profraw")):
+            raise SystemExit(f"{test} fails before any fault is made: {' '.join(self.tests[test])}")
+        seconds = time.monotonic() - start
+        merged = profiles / "all.profdata"
+        self._must(["llvm-profdata", "merge", "-o", merged, *profiles.glob("*.profraw")])
+        objects = [self.tests[test][0], *self.build.glob("lib/*.so"), self.build / "bin" / "quor"]
+        export = ["llvm-cov", "export", "-format=lcov", f"-instr-profile={merged}", objects[0]]
+        export += [o for other in objects[1:] for o in ("-object", other)] + ["--", str(self.folder / "quor")]
+        lines, path = {}, None
+        for line in subprocess.run(export, check=True, capture_output=True, text=True).stdout.splitlines():
+            key, _, value = line.partition(":")
+            if key == "SF":
+                path = str(pathlib.Path(value).relative_to(self.folder))
+            elif key == "DA":
+                number, count = value.split(",")[:2]
+                if int(count):
+                    lines.setdefault(path, set()).add(int(number))
+        return seconds, lines
+
+    def attempt(self, place, text, tests):
+        """What finds the fault: the name of a test, or `build`; None if nothing does; False if it doesn't compile.
+
+        `tests`: (seconds, name), the quickest first.
+        """
+        target = self.folder / place.path
+        raw = text.encode()
+        start, end = len(text[: place.start].encode()), len(text[: place.end].encode())
+        target.write_bytes(raw[:start] + place.after.encode() + raw[end:])
+        try:
+            if not self.ninja(self.objects[str(target)]):
+                return False
+            if not self.ninja(["all"]):
+                return "build"
+            return next((name for seconds, name in tests if not self.run(name, 20 + 5 * seconds)), None)
+        finally:
+            target.write_bytes(raw)
