@@ -6,10 +6,17 @@
 #include "quor/deck/DeckSummary.h"
 #include "quor/deck/Portability.h"
 #include "quor/foundation/service/Log.h"
+#include "quor/foundation/service/xml/XMLDocument.h"
 #include "tests/deck/SameDecks.h"
 #include "tests/support/Documents.h"
+#include "tools/quor/findings/FindingFormat.h"
+#include "tools/quor/findings/FindingJson.h"
 #include "tools/quor/findings/FindingLines.h"
 #include "tools/quor/findings/FindingText.h"
+#include "tools/quor/findings/FindingXml.h"
+#include "tools/quor/terminal/Json.h"
+
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <array>
@@ -27,10 +34,7 @@ using namespace Veld::Quor::Core::Keywords;
 using namespace Veld::Quor::Core::Decks;
 using Veld::Quor::Tests::SayTheSame;
 using Veld::Quor::Tests::TemporaryDirectory;
-using Veld::Quor::Tools::CountsText;
-using Veld::Quor::Tools::FindingsText;
-using Veld::Quor::Tools::GccText;
-using Veld::Quor::Tools::GitHubText;
+using namespace Veld::Quor::Tools;
 
 namespace {
 
@@ -222,12 +226,25 @@ void CheckWritten(const Deck& deck, const ReadOptions& options, const DeckLangua
     RequireSame(deck, *again, "the deck in one file");
 }
 
+/// Whatever the deck has in its texts, what is for programs can be read by them.
+void CheckFormats(const Findings& findings)
+{
+    CountsText(findings);
+    GccText({findings});
+    GitHubText({findings});
+    for (const Finding& finding : findings.GetKept())
+        Require(nlohmann::json::accept(ToLine(FindingJson(finding))), "a finding is JSON");
+    Require(
+        nlohmann::json::accept(FindingsText(FindingFormat::Sarif, findings, {})), "a log of SARIF is JSON");
+    const std::string report = JUnitReport(JUnitSuite(GetDeck(), findings, true));
+    Veld::Quor::Core::Service::XML::XMLDocument document;
+    Require(document.readMemory(report.data(), report.size(), "report"), "a report for JUnit is XML");
+}
+
 void CheckAnswers(const Deck& deck, const Conditions& conditions)
 {
     FindingsText(deck.GetFindings());
-    CountsText(deck.GetFindings());
-    GccText({deck.GetFindings()});
-    GitHubText({deck.GetFindings()});
+    CheckFormats(deck.GetFindings());
     Summarize(deck);
     for (const bool isStrict : {false, true})
         Require(Compare(deck, deck, ComparisonOptions().SetDefaultsDiffer(isStrict)).groups.empty(),
