@@ -127,13 +127,10 @@ MUTANTS ?= --places 400 --jobs $$(nproc)
 mutants: setup-test ## Make small faults in copies of the sources, and show which of them no test finds (hours)
 	@/usr/bin/python3 -B tests/mutants/mutants.py . build/mutants $(MUTANTS)
 
+FUZZ ?=
 FUZZ_SECONDS ?= 60
-fuzz: setup-test build-fuzz ## Run each fuzz target for FUZZ_SECONDS (60)
-	@tests/fuzz/dictionary.sh build/fuzz/bin/quor >build/fuzz/deck.dict
-	@for t in build/fuzz/bin/fuzz-*; do \
-	    name=$$(basename $$t); corpus=build/fuzz/corpus/$$name; mkdir -p $$corpus; \
-	    case $$name in fuzz-deck) more="-entropic=0 -dict=build/fuzz/deck.dict examples/decks";; *) more=;; esac; \
-	    $$t -max_total_time=$(FUZZ_SECONDS) $$corpus $$more || exit 1; done
+fuzz: setup-test build-fuzz ## Run each fuzz target, or FUZZ="deck edits", for FUZZ_SECONDS (60)
+	@tests/fuzz/run.sh build/fuzz $(FUZZ_SECONDS) $(FUZZ)
 
 schema: setup-test ## Generate the XML forms of the schemas from their sources
 	trang language/schema/written.rnc language/schema/written.rng
