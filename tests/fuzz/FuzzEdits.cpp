@@ -38,7 +38,7 @@ constexpr const char* texts[] = {"", "ECHO", "TITLE\nA deck\n", "PORO\n 8*0.2 /\
     "WCONPROD\n P1 OPEN ORAT 800 /\n/\n", "END\n", "DATES\n 1 JAN 2030 /\n/\n", "DIMENS\n 2 2 2 /",
     " PORO\n 1 /", "SKIP\n", "PORO\n 'unclosed\n", "NOKEYWORD\n"};
 constexpr SectionType::Enum sections[] = {
-    SectionType::None, SectionType::Runspec, SectionType::Grid, SectionType::Props, SectionType::Schedule};
+    SectionType::None, SectionType::RUNSPEC, SectionType::GRID, SectionType::PROPS, SectionType::SCHEDULE};
 
 void Require(bool holds, const char* claim)
 {
@@ -152,7 +152,8 @@ void RunScript(const Deck& deck, const DeckLanguage& language, Script script)
             Require(TextOf(editor, text) == changed, "what is not there changes nothing");
         }
     }
-    Require(editor.Read(language).GetFiles().GetText(0) == changed, "the changed deck is the changed text");
+    const Deck again = editor.Read(language);
+    Require(again.GetFiles().GetText(0) == changed, "the changed deck is the changed text");
 }
 
 } // namespace
