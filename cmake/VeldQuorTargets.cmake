@@ -51,6 +51,18 @@ function(veld_quor_library target name)
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 endfunction()
 
+option(VELD_QUOR_CACHE "Take what was compiled before from ccache, where it is installed" OFF)
+if(VELD_QUOR_CACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    find_program(ccache ccache)
+    if(ccache)
+        set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1
+            CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_ctime,include_file_mtime ${ccache})
+        if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+            add_compile_options("SHELL:-Xclang -fno-pch-timestamp") # or no file that is precompiled is found again
+        endif()
+    endif()
+endif()
+
 option(VELD_QUOR_WHOLE_BUILDS "Compile many files at once: for whole builds, less for work on a file" OFF)
 
 # Files of a target that are compiled together. What they have in unnamed namespaces needs unique names; the
