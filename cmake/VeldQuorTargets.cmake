@@ -63,12 +63,15 @@ if(VELD_QUOR_CACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     endif()
 endif()
 
-option(VELD_QUOR_WHOLE_BUILDS "Compile many files at once: for whole builds, less for work on a file" OFF)
+set(VELD_QUOR_WHOLE_BUILDS OFF CACHE STRING
+    "Compile many files at once, for whole builds: ON, or CALLERS: those of the program and the tests; OFF: for work on files")
 
 # Files of a target that are compiled together. What they have in unnamed namespaces needs unique names; the
 # warnings that see one file's names from another are left to the builds that compile each file by itself.
 function(veld_quor_batches target size)
-    if(VELD_QUOR_WHOLE_BUILDS)
+    set(library ${PROJECT_SOURCE_DIR}/quor)
+    cmake_path(IS_PREFIX library ${CMAKE_CURRENT_SOURCE_DIR} is_library)
+    if(VELD_QUOR_WHOLE_BUILDS STREQUAL ON OR (VELD_QUOR_WHOLE_BUILDS STREQUAL CALLERS AND NOT is_library))
         set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${size}
             UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include): one of the batch")
         target_compile_options(${target} PRIVATE -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
@@ -78,7 +81,7 @@ endfunction()
 # Headers that the files of a target share, read once. A target with the flags of another can have what was
 # precompiled for that one: veld_quor_precompile(TARGET REUSE_FROM OTHER).
 function(veld_quor_precompile target)
-    if(NOT VELD_QUOR_WHOLE_BUILDS)
+    if(VELD_QUOR_WHOLE_BUILDS STREQUAL OFF)
         return()
     endif()
     if(ARGV1 STREQUAL REUSE_FROM)
