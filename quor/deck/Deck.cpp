@@ -70,14 +70,10 @@ Deck Deck::ReadFrom(std::shared_ptr<const DeckSource> source, const std::string&
 {
     ReadSettings settings = options.GetSettings();
     settings.source = std::move(source);
-    try {
-        Deck deck(ReadDeck(path, settings, *language.index_));
-        deck.contents_->options = options;
-        deck.contents_->options.SetProgress({}).SetCancellation({}).SetKnownFinding({}).SetReportedFile({});
-        return deck;
-    } catch (const SourceError& error) {
-        throw SourceError(fmt::format("can't read '{}': {}", Printable(path), error.what()));
-    }
+    Deck deck(ReadDeck(path, settings, *language.index_));
+    deck.contents_->options = options;
+    deck.contents_->options.SetProgress({}).SetCancellation({}).SetKnownFinding({}).SetReportedFile({});
+    return deck;
 }
 
 std::size_t Deck::GetSize() const

@@ -184,6 +184,19 @@ TEST(DeckThatCannotBeRead, IsNamed)
     }
 }
 
+TEST(ACallback, EndsTheReadWithWhatItThrows) // also what is thrown for files
+{
+    const auto source = std::make_shared<MemorySource>();
+    source->Set("deck.data", std::string("RUNSPEC -- quor: of\nINCLUDE 'part.inc' /\n"));
+    source->Set("part.inc", std::string("\xFF\xFE"));
+    const auto fail = [](auto&&...) -> bool { throw SourceError("the host has no more room"); };
+    const ReadOptions none = ReadOptions().SetSource(source);
+    for (const auto& options : {ReadOptions(none).SetProgress(fail), ReadOptions(none).SetCancellation(fail),
+             ReadOptions(none).SetKnownFinding(fail), ReadOptions(none).SetReportedFile(fail)})
+        EXPECT_EQ(ReasonOf([&] { Deck::Read("deck.data", SourceLanguage(), options); }),
+            "the host has no more room");
+}
+
 TEST(CancelledRead, EndsAtTheNextKeyword)
 {
     const auto source = std::make_shared<MemorySource>();

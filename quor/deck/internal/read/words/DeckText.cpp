@@ -35,7 +35,7 @@ DeckText::DeckText(const std::string& path, const DeckSource& source, const Targ
     , files_(files)
     , reporter_(reporter)
 {
-    Enter({path, source.Open(path), std::nullopt}, source.Identify(path));
+    EnterDeck(path);
 }
 
 // Reading
@@ -195,8 +195,8 @@ void DeckText::Release()
 void DeckText::CheckIntact() const
 {
     if (!files_.Get(GetFile()).text->IsIntact())
-        throw SourceError(
-            fmt::format("'{}' was cut short while it was read", Printable(files_.Get(GetFile()).name)));
+        throw SourceError(fmt::format("can't read '{}': '{}' was cut short while it was read",
+            Printable(files_.Get(0).name), Printable(files_.Get(GetFile()).name)));
 }
 
 void DeckText::CheckCancelled() const

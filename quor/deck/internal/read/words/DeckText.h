@@ -184,10 +184,13 @@ private:
     std::size_t TakeSlashBelow(std::size_t end);
     void ReportMissingName(const TextRange& keyword);
     void Include(const TextRange& statement, const TextRange& name, const std::string& text);
-    void ReportMissing(
-        const TextRange& name, const std::string& text, const std::string& resolved, std::string message);
+    void ReportMissing(const TextRange& name, const std::string& text, const std::string& resolved,
+        const std::string& reason);
     void ReportAlias(const TextRange& name, const std::string& path);
     bool MayInclude(const TextRange& name, const std::string& path, const std::string& identity);
+    /// Throws `SourceError`.
+    std::shared_ptr<const SourceText> Open(const std::string& path, const std::string& identity) const;
+    void EnterDeck(const std::string& path);
     void Enter(DeckFile file, const std::string& identity);
     void Leave();
     void ReportOpenBlocks();
