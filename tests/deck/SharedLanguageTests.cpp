@@ -120,9 +120,9 @@ TEST(SharedTable, OfTheBuiltInLanguageAnswersSeveralThreads)
     std::vector<std::thread> threads;
     for (auto& answer : answers)
         threads.emplace_back([&] {
-            KeywordSyntaxEnumerator keywords = table.KeywordsEnumerator();
-            while (keywords.NextWithHidden())
-                answer.push_back(keywords.Current()->second->GetDataMD());
+            KeywordSyntaxEnumerator each = table.KeywordsEnumerator();
+            while (each.NextWithHidden())
+                answer.push_back(each.Current()->second->GetDataMD());
         });
     for (std::thread& thread : threads)
         thread.join();
