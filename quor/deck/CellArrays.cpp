@@ -8,7 +8,8 @@ namespace Veld::Quor::Core::Decks {
 CellArrays FindCellArrays(const Deck& deck)
 {
     const DeckContents& contents = ContentsOf(deck);
-    ArrayOperations operations(contents, true);
+    RolePlans plans(contents.language.GetRules(), RolePlans::Which::All);
+    ArrayOperations operations(contents, plans, true);
     for (const KeywordInstance& keyword : contents.keywords)
         operations.Follow(keyword);
     return operations.TakeValues();

@@ -167,8 +167,9 @@ DeckSummary Summarize(const Deck& readDeck)
     summary.files = SummarizeFiles(deck);
     summary.sections = SummarizeSections(deck);
     std::size_t step = 0;
-    WellSummary wells(deck.language.GetRules());
-    ArrayOperations arrays(deck);
+    RolePlans plans(deck.language.GetRules(), RolePlans::Which::All);
+    WellSummary wells(deck.language.GetRules(), plans);
+    ArrayOperations arrays(deck, plans);
     Variables variables;
     for (std::size_t i = 0; i < deck.keywords.size(); ++i) {
         const KeywordInstance& keyword = deck.keywords[i];

@@ -55,18 +55,18 @@ void ArrayOperations::ForEachRecord(const KeywordInstance& keyword, Visit visit)
 }
 
 /// The array that has the numbers of a family of regions.
-std::string ArrayOperations::RegionArrayOf(const RecordItems& items) const
+const std::string& ArrayOperations::RegionArrayOf(const RecordItems& items) const
 {
     const std::string family = items.FindWord(Role::FamilyOfRegion);
-    return deck_.language.FindNameOf(family == "F" ? Role::RegionsF
-            : family == "O"                        ? Role::RegionsO
-                                                   : Role::RegionsM);
+    return regionArrays_[family == "F" ? 1 : family == "O" ? 2 : 0];
 }
 
-ArrayOperations::ArrayOperations(const DeckContents& deck, bool withGiven)
+ArrayOperations::ArrayOperations(const DeckContents& deck, RolePlans& plans, bool withGiven)
     : deck_(deck)
-    , plans_(deck.language.GetRules(), RolePlans::Which::All)
+    , plans_(plans)
     , dimensions_(deck.language, deck.GetTarget().simulator)
+    , regionArrays_{deck.language.FindNameOf(Role::RegionsM), deck.language.FindNameOf(Role::RegionsF),
+          deck.language.FindNameOf(Role::RegionsO)}
 {
     for (const KeywordInstance& keyword : deck.keywords) {
         if (withGiven && keyword.data && keyword.syntax->GetCellPropertyInfo())
@@ -170,11 +170,12 @@ void ArrayOperations::Work(
     const double value = items.FindNumber(Role::ValueForArray).value_or(notKnown);
     if (operation != Role::ArrayIsCopied && std::isnan(value))
         array.unknown = fmt::format("a value of {} isn't known", keyword_->syntax->GetName());
-    const bool isOfRegion = items.Has(Role::Region);
-    const std::vector<double>* const regions = isOfRegion ? &GetArray(RegionArrayOf(items)).values : nullptr;
+    const std::string& regionArray = RegionArrayOf(items);
+    const std::vector<double>* const regions =
+        items.Has(Role::Region) ? &GetArray(regionArray).values : nullptr;
     const double region = items.FindIndex(Role::Region);
     if (regions && regions->empty())
-        array.unknown = fmt::format("{} has no values", RegionArrayOf(items));
+        array.unknown = fmt::format("{} has no values", regionArray);
     ForEachCell(box, [&](std::size_t cell, std::size_t) {
         double& result = array.values[cell];
         if (regions && (regions->empty() || std::isnan((*regions)[cell])))

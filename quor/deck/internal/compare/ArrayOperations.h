@@ -21,8 +21,9 @@ namespace Veld::Quor::Core::Decks {
 /// and limit, in a box or in regions.
 class ArrayOperations {
 public:
-    /// The deck must outlive it. `withGiven`: also arrays that no keyword works on.
-    explicit ArrayOperations(const DeckContents& deck, bool withGiven = false);
+    /// The deck and `plans`, all roles of its language, must outlive it. `withGiven`: also arrays that no
+    /// keyword works on.
+    ArrayOperations(const DeckContents& deck, RolePlans& plans, bool withGiven = false);
 
     /// The keywords of the deck, in their order.
     void Follow(const KeywordInstance& keyword);
@@ -49,7 +50,7 @@ private:
     std::optional<Role::Enum> FindOperation(const Core::Keywords::IKeywordSyntax& syntax) const;
     template <class Visit>
     void ForEachRecord(const KeywordInstance& keyword, Visit visit);
-    std::string RegionArrayOf(const RecordItems& items) const;
+    const std::string& RegionArrayOf(const RecordItems& items) const;
     void Apply(Role::Enum operation, const RecordItems& items, Box& box);
     void Work(
         Role::Enum operation, Array& array, const RecordItems& items, const Box& box, const Array* source);
@@ -63,8 +64,9 @@ private:
     void ForEachCell(const Box& box, Visit visit) const;
 
     const DeckContents& deck_;
-    RolePlans plans_;
+    RolePlans& plans_;
     Dimensions dimensions_;
+    std::array<std::string, 3> regionArrays_; // of the families M, F and O
     std::map<std::string, Array> arrays_;
     Box box_ = {};
     Core::Keywords::SectionType::Enum section_ = Core::Keywords::SectionType::None;

@@ -27,8 +27,8 @@ std::string FindTopGroup(const RuleSet& rules)
 
 } // namespace
 
-WellSummary::WellSummary(const RuleSet& rules)
-    : plans_(rules, RolePlans::Which::All)
+WellSummary::WellSummary(const RuleSet& rules, RolePlans& plans)
+    : plans_(plans)
     , topGroup_(FindTopGroup(rules))
 {
 }

@@ -20,8 +20,8 @@ namespace Veld::Quor::Core::Decks {
 /// what; without them a deck has no wells.
 class WellSummary {
 public:
-    /// The rules must outlive it.
-    explicit WellSummary(const RuleSet& rules);
+    /// `plans`, all roles of the rules, must outlive it.
+    WellSummary(const RuleSet& rules, RolePlans& plans);
 
     void Follow(const KeywordInstance& keyword, const Core::Service::Time& now);
 
@@ -63,7 +63,7 @@ private:
 
     static std::string TextOf(const Control& control);
 
-    RolePlans plans_;
+    RolePlans& plans_;
     std::string topGroup_; // empty: rules tell of none
     std::map<std::string, Entry> wells_;
     std::map<std::string, std::string> parents_; // of groups, by name
