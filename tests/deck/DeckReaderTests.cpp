@@ -306,6 +306,8 @@ SeveralNumbersInOneWord: ROWS\n 1,2 /\n 1x2 /\n 1\xE2\x80\x932 /\n 1 '2 /\n/\n =
 CurlyQuotes: NAMES\n \xE2\x80\x98P\xE2\x80\x99 'a\xE2\x80\x93' /\n => ? => d.data:3:2: error: unexpected curly quote in '\xE2\x80\x98P\xE2\x80\x99' [odd-character] | write a straight quote
 CurlyQuotesAreNotTooLong: RECORD\n \xE2\x80\x98PPPP\xE2\x80\x99 1 OIL NO 3 /\n => ? => d.data:3:2: error: unexpected curly quote in '\xE2\x80\x98PPPP\xE2\x80\x99' [odd-character] | write a straight quote
 LongDash: WHOLE\n 1 \xE2\x80\x932 /\n => [1] => d.data:3:4: error: unexpected long dash in '\xE2\x80\x932' [odd-character] | write a hyphen
+MinusSign: WHOLE\n 1 \xE2\x88\x922 /\n => [1] => d.data:3:4: error: unexpected minus sign in '\xE2\x88\x922' [odd-character] | write a hyphen
+HardSpace: WHOLE\n 1 2\xC2\xA03 /\n => [1] => d.data:3:4: error: unexpected hard space in '2\xC2\xA03' [odd-character] | write a blank
 StepsOfAnotherForm: TSTEP\n 1 /\n/\n => [(1)] =>
 CountedByAnItem: COUNTED\n 2 5 6 /\n => (2 [5 6]) =>
 )")),
