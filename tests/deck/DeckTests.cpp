@@ -296,7 +296,8 @@ INSTANTIATE_TEST_SUITE_P(Questions, DeckFailures,
                 GetDeck().GetFiles().LocationOf({0, 1000, 1});
             },
             "byte 1000 is out of range (the file has 230 bytes)"},
-        Failure{"VariableName", [] { ReadOptions().SetVariable("A\n", "1"); }, "invalid variable name 'A?'"}),
+        Failure{"VariableName", [] { ReadOptions().SetVariable("A\n", "1"); }, "invalid variable name 'A?'"},
+        Failure{"AliasName", [] { ReadOptions().SetPathAlias("A/B", "x"); }, "invalid path alias 'A/B'"}),
     CaseName<Failure>);
 
 TEST(ADeck, IsInTheUnitsThatItsLastKeywordOfUnitsSelects)

@@ -110,6 +110,15 @@ TEST(RuleDocuments, OfTheLibraryNameWhatIsThere)
         EXPECT_NO_THROW(DeckLanguage(KeywordSyntaxTable::Instance(), {file.path().string()})) << file.path();
 }
 
+TEST(RuleDocuments, HaveAsManyCodesAsCommentsOfDecksMayName)
+{
+    std::string rules = "<rules>";
+    for (int i = 0; i < 101; ++i)
+        rules += "<once keywords='START' code='c" + std::to_string(i) + "'/>";
+    EXPECT_EQ(RefusalOf(rules + "</rules>"),
+        ": element 101, <once>: too many codes of documents of rules; expected at most 100");
+}
+
 /// What hosts show of a keyword: kind, what, item and text of a rule.
 TEST(RuleDocuments, OfTheLibraryAreDescribed)
 {
@@ -123,6 +132,12 @@ TEST(RuleDocuments, OfTheLibraryAreDescribed)
         {"WCONPROD", "require|VFP|THP|if THP has a value, VFP is required"},
         {"WOPR", "refers-to|well||each name refers to a name that is defined: well"},
         {"COMPDAT", "distinct||WELL, I, J, K1, K2, CF|one record for the same WELL, I, J, K1, K2, CF"},
+        {"WCONPROD",
+            "distinct||WELL|one of WCONPROD, WCONHIST, WCONINJE, WCONINJH for the same WELL in a report "
+            "step"},
+        {"VFPINJ", "distinct||TABLE|one record for the same TABLE in a report step"},
+        {"COMPDAT", "match|completion|K1|WELL, I, J, K1 define a completion"},
+        {"WPIMULT", "match|completion|K|WELL, I, J, K refer to a completion that is defined"},
         {"BOX", "order|I2|I1|I1 is at most I2"}, {"GRUPTREE", "tree|group||builds a tree: group"},
         {"SATNUM", "region|NTSFUN||each number is at most NTSFUN, the number of saturation tables"},
         {"SWOF", "length|NSSFUN||each table has at most NSSFUN of TABDIMS rows"},
