@@ -66,7 +66,7 @@ GRUPTREE
             "SCHEDULE\nWELSPECS\n P1 C 1 1 1* OIL /\n P2 FIELD 1 1 1* OIL /\n/\nGRUPTREE\n D C /\n E FIELD "
             "/\n/\n",
             "d:3:5: error: WELSPECS: group 'C' has groups below it; expected no wells [name-tree] | put them "
-            "into a group of their own (d:7:4: a group is put below it here)"},
+            "into a separate group (d:7:4: a group is put below it here)"},
         DeckRow{"OfAStep", R"(RUNSPEC
 WATER
 VFPPDIMS

@@ -72,7 +72,7 @@ void TreeChecks::CheckBoth(const TreeRule& rule, const Tree& tree)
             fmt::format("{}: {} '{}' has {}s below it; expected no {}",
                 context_.deck.keywords[place.keyword].syntax->GetName(), rule.noun, place.above, rule.noun,
                 rule.what),
-            fmt::format("put them into a {} of their own", rule.noun), {},
+            fmt::format("put them into a separate {}", rule.noun), {},
             {{RangeOf(*branch->second), fmt::format("a {} is put below it here", rule.noun)}});
     }
 }
