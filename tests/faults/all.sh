@@ -9,7 +9,7 @@ memory() {
 }
 echo "== memory: the library"
 "$here/library.sh" "$build/lib/FailingMemory.so" "$build/bin/library-faults" 6
-memory check "$decks/faulty/three-mistakes.data"
+memory check "$decks/faulty/three-mist*.data"
 memory check "$decks/faulty/three-mistakes.data" --format sarif
 memory format "$decks/first-comparative.data" --normalize
 memory info "$decks/first-comparative.data"

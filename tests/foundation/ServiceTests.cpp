@@ -60,10 +60,14 @@ TEST(ServiceFiles, AreFoundByPatternInByteOrder)
     EXPECT_EQ(files.Find("\\.xml$", true, false, true, false, false), (Strings{"a.xml", "b.xml", "c.XML"}));
     EXPECT_EQ(files.Find("\\.xml$", false, true, true, true, false), (Strings{"f.xml"}));
     EXPECT_EQ(files.Find("\\.xml$", true, false, true, true, true), (Strings{"a.xml", "b.xml", "sub/e.xml"}));
+    std::filesystem::create_symlink("nowhere", directory.Path() / "g");
+    EXPECT_EQ(files.GetNames(), (Strings{"a.xml", "b.xml", "c.XML", "d.xml.bak", "f.xml", "g", "sub"}));
+    EXPECT_EQ(files.GetNames(2).size(), 2U);
 
     const Directory missing((directory.Path() / "none").string());
     EXPECT_FALSE(missing.Exists());
     EXPECT_EQ(missing.Find(".*", true, true, true, true, true), Strings{});
+    EXPECT_EQ(missing.GetNames(), Strings{});
     EXPECT_FALSE(Directory((directory.Path() / "a.xml").string()).Exists());
 }
 

@@ -73,4 +73,18 @@ std::vector<std::string> Directory::Find(const std::string& pattern, bool files,
     return names;
 }
 
+std::vector<std::string> Directory::GetNames(std::size_t most) const
+{
+    std::vector<std::string> names;
+    FolderEntries entries(PathOf(path_).c_str());
+    while (names.size() < most) {
+        const char* const name = entries.Next();
+        if (!name)
+            break;
+        names.emplace_back(name);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
 } // namespace Veld::Quor::Core::Service

@@ -2,6 +2,7 @@
 
 #include "quor/foundation/Export.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,10 @@ public:
     /// `std::regex_error` for a faulty pattern.
     std::vector<std::string> Find(const std::string& pattern, bool files, bool directories, bool sorted,
         bool caseSensitive, bool recursive) const;
+
+    /// The names of all entries, of whatever sort, in byte order; of a directory with more than `most` those
+    /// that the system returns first. A directory that can't be read has no names.
+    std::vector<std::string> GetNames(std::size_t most = static_cast<std::size_t>(-1)) const;
 
 private:
     std::string path_;

@@ -1,11 +1,11 @@
 #include "tools/quor/check/ProjectDecks.h"
 
+#include "quor/foundation/service/Directory.h"
 #include "tools/quor/commands/StandardInput.h"
 #include "tools/quor/terminal/TextLayout.h"
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <set>
 #include <stdexcept>
@@ -27,11 +27,8 @@ constexpr const char* anyFolders = "**";
 std::vector<fs::path> EntriesOf(const fs::path& folder)
 {
     std::vector<fs::path> entries;
-    std::error_code error;
-    for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; !error && entry != end;
-         entry.increment(error))
-        entries.push_back(folder / entry->path().filename());
-    std::sort(entries.begin(), entries.end());
+    for (const std::string& name : Core::Service::Directory(folder.string()).GetNames())
+        entries.push_back(folder / name);
     return entries;
 }
 

@@ -1,16 +1,20 @@
 #include "tools/quor/language-server/DeckSearch.h"
 
 #include "quor/deck/DeckSource.h"
+#include "quor/foundation/service/Directory.h"
 #include "tools/quor/terminal/TextLayout.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <deque>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace Veld::Quor::Tools::LanguageServer {
 
 namespace fs = std::filesystem;
+using Core::Service::Directory;
 
 namespace {
 
@@ -65,13 +69,12 @@ void DeckCollector::Add(const fs::path& deck)
 
 void DeckCollector::AddFolder(const fs::path& folder)
 {
-    std::error_code error;
     std::vector<fs::path> decks;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-        if (IsDeckName(entry->path()) && entry->is_regular_file(error))
-            decks.push_back(entry->path());
+    for (const std::string& name : Directory(folder.string()).GetNames()) {
+        std::error_code error;
+        if (IsDeckName(name) && fs::is_regular_file(folder / name, error))
+            decks.push_back(folder / name);
     }
-    std::sort(decks.begin(), decks.end());
     AddLikelyFirst(decks);
 }
 
@@ -88,16 +91,23 @@ void DeckCollector::AddLikelyFirst(const std::vector<fs::path>& decks)
     }
 }
 
+/// Not through links, which may lead back.
 void DeckCollector::AddBelow(const fs::path& folder)
 {
-    std::error_code error;
-    std::size_t entries = 0;
+    std::size_t left = mostEntries;
     std::vector<fs::path> decks;
-    fs::recursive_directory_iterator entry(folder, fs::directory_options::skip_permission_denied, error);
-    for (const fs::recursive_directory_iterator end; !error && entry != end && ++entries < mostEntries;
-         entry.increment(error)) {
-        if (IsDeckName(entry->path()))
-            decks.push_back(entry->path());
+    std::deque<fs::path> folders = {folder}; // the upper ones first
+    for (; !folders.empty() && left > 0; folders.pop_front()) {
+        const std::vector<std::string> names = Directory(folders.front().string()).GetNames(left);
+        left -= names.size();
+        for (const std::string& name : names) {
+            fs::path entry = folders.front() / name;
+            std::error_code error;
+            if (IsDeckName(name))
+                decks.push_back(std::move(entry));
+            else if (fs::is_directory(fs::symlink_status(entry, error)))
+                folders.push_back(std::move(entry));
+        }
     }
     std::sort(decks.begin(), decks.end());
     AddLikelyFirst(decks);

@@ -1,12 +1,11 @@
 #include "tools/quor/language-server/PathCompletion.h"
 
+#include "quor/foundation/service/Directory.h"
 #include "tools/quor/terminal/TextLayout.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <filesystem>
 #include <system_error>
-#include <vector>
 
 namespace Veld::Quor::Tools::LanguageServer {
 
@@ -24,17 +23,13 @@ void AddPaths(Json& items, const View& view, const ByteRange& word, const std::s
 {
     const fs::path root = view.places ? view.GetState().GetRoot() : PathOfUri(view.document->GetUri());
     const std::string folder = prefix.substr(0, prefix.rfind('/') + 1); // none: 0
-    std::error_code error;
-    std::vector<fs::directory_entry> entries;
-    for (fs::directory_iterator entry(root.parent_path() / folder, error), end;
-         !error && entry != end && entries.size() < mostPaths; entry.increment(error)) {
-        if (!entry->path().filename().string().starts_with('.'))
-            entries.push_back(*entry);
-    }
-    std::sort(entries.begin(), entries.end());
-    for (const fs::directory_entry& entry : entries) {
-        const bool isFolder = entry.is_directory(error);
-        const std::string path = folder + entry.path().filename().string() + (isFolder ? "/" : "");
+    const fs::path place = root.parent_path() / folder;
+    for (const std::string& name : Core::Service::Directory(place.string()).GetNames(mostPaths)) {
+        if (name.starts_with('.'))
+            continue;
+        std::error_code error;
+        const bool isFolder = fs::is_directory(place / name, error);
+        const std::string path = folder + name + (isFolder ? "/" : "");
         if (!ToUpper(path).starts_with(ToUpper(prefix)))
             continue;
         const std::string written = '\'' + path + '\'';
