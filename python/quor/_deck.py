@@ -6,6 +6,7 @@ import os
 from collections.abc import Iterable, Iterator, Mapping, Sequence
 from datetime import date, datetime
 from pathlib import Path
+from types import NoneType
 from typing import TYPE_CHECKING, Any, Union
 
 from . import _core, _files
@@ -78,6 +79,7 @@ class Deck:
         """
         from ._frames import frame
 
+        check_type(section, (str, NoneType), "the name of a section")
         keywords = [k for k in self.all(name) if section is None or k.section == section.upper()]
         if not keywords:
             self[name]  # raises, with names that are near
@@ -177,6 +179,9 @@ class Deck:
         section of the deck in which it is valid.
         """
         check_type(name, str, "the name of a keyword")
+        check_type(section, (str, NoneType), "the name of a section")
+        if date is not None and section and section.upper() != "SCHEDULE":
+            raise ValueError(f"a keyword with a date is in SCHEDULE, not in {section}: give a date or a section")
         self._state.add(name, records, None if date is None else date_text(date), section and section.upper())
 
     def remove(self, what: str | Keyword) -> None:
@@ -193,6 +198,8 @@ class Deck:
     def undo(self, count: int = 1) -> None:
         """Takes the last changes back, byte for byte: one for each call of ``set``, ``add``, ``remove`` and
         ``format``. Raises ``QuorError`` if there are no more."""
+        if count < 0:
+            raise ValueError(f"count is {count}, expected 0 or more")
         for _ in range(count):
             self._state.undo()
 

@@ -40,6 +40,7 @@ class Language:
 
     def search(self, text: str) -> list[KeywordInfo]:
         """Keywords that have all words of the text in their name or description, without regard to case."""
+        check_type(text, str, "words to search for")
         words = text.lower().split()
         return [
             info

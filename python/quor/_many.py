@@ -8,8 +8,9 @@ from __future__ import annotations
 import os
 from collections import deque
 from collections.abc import Callable, Iterable, Iterator, Mapping
-from concurrent.futures import Executor, Future, ProcessPoolExecutor, ThreadPoolExecutor
+from concurrent.futures import BrokenExecutor, Executor, Future, ProcessPoolExecutor, ThreadPoolExecutor
 from functools import partial
+from types import NoneType
 from typing import Any, TypeVar, Union
 
 from ._deck import Deck
@@ -28,9 +29,11 @@ def check_many(
 
     Without an executor it runs on ``jobs`` threads (as many as the machine has processors): they share one load
     of the language; a process of another executor loads it once. ``options`` are those of ``read``. A deck that
-    can't be read has one finding, ``include-missing``, without a line.
+    can't be read has one finding, ``include-missing``, without a line. An executor that breaks, since a worker
+    was killed, raises its ``BrokenExecutor`` after the results before it.
     """
     _check_paths(paths)
+    _check_executor(jobs, executor)
     return _in_order(_findings, paths, jobs, executor, with_variables(options))
 
 
@@ -44,8 +47,11 @@ def map_decks(
     """Reads each deck where the executor runs it, calls the function with it, and yields each path with the
     result, in the order of the paths. What the function raises is raised here. It must return values, no deck."""
     _check_paths(paths)
+    if not callable(function):
+        raise TypeError(f"expected a function of a deck, not {type(function).__name__}")
     if executor is not None and not isinstance(executor, ThreadPoolExecutor) and _holds_deck(function, executor):
         raise TypeError("the function holds a deck, which would be sent: let it read the deck, or give it values")
+    _check_executor(jobs, executor)
     return _in_order(_Call(function), paths, jobs, executor, with_variables(options))
 
 
@@ -89,6 +95,14 @@ def _check_paths(paths: object) -> None:
     check_type(paths, Iterable, "the paths of decks")
 
 
+def _check_executor(jobs: object, executor: object) -> None:
+    if executor is not None and not callable(getattr(executor, "submit", None)):
+        raise TypeError(f"expected an executor, as concurrent.futures has them, not {type(executor).__name__}")
+    check_type(jobs, (int, NoneType), "a number of jobs")
+    if isinstance(jobs, int) and jobs < 0:
+        raise ValueError(f"jobs is {jobs}, expected 0 or more")
+
+
 def _findings(path: Path, options: Mapping[str, Any]) -> list[Finding]:
     try:
         return read(path, **options).findings
@@ -126,11 +140,15 @@ class _Marked:
             raise
 
 
-def _result_of(future: Future[Result], again: Callable[[], Future[Result]]) -> Result:
-    """What a cluster loses with a worker is asked for again: it may report the loss, as an error of any kind."""
+def _result_of(path: Path, future: Future[Result], again: Callable[[], Future[Result]]) -> Result:
+    """What a cluster loses with a worker is asked for again: it may report the loss, as an error of any kind. An
+    executor that is broken accepts nothing more."""
     for _ in range(2):
         try:
             return future.result()
+        except BrokenExecutor as error:
+            error.add_note(f"'{os.fspath(path)}' is the first deck without a result: it, or one after it, ended a worker")
+            raise
         except Exception as error:
             if getattr(error, "_is_of_call", False):
                 raise
@@ -150,11 +168,19 @@ def _through(
 
     def first() -> tuple[Path, Result]:
         path, future = waiting.popleft()
-        return path, _result_of(future, lambda: executor.submit(marked, path, options))
+        return path, _result_of(path, future, lambda: executor.submit(marked, path, options))
+
+    def submit(path: Path) -> Future[Result]:
+        try:
+            return executor.submit(marked, path, options)
+        except BrokenExecutor as error:  # after the results that it has
+            future: Future[Result] = Future()
+            future.set_exception(error)
+            return future
 
     try:
         for path in paths:
-            waiting.append((path, executor.submit(marked, path, options)))
+            waiting.append((path, submit(path)))
             if len(waiting) > ahead:
                 yield first()
         while waiting:

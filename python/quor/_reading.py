@@ -6,7 +6,8 @@ import os
 from collections.abc import Iterator, Mapping
 from contextlib import contextmanager
 from contextvars import ContextVar
-from typing import Any
+from types import NoneType
+from typing import Any, SupportsIndex
 
 from . import _core
 from ._deck import Deck, Options
@@ -70,6 +71,10 @@ def _options(
     strict: bool,
     max_findings: int,
 ) -> Options:
+    check_type(simulator, (str, NoneType), "the name of a simulator")
+    check_type(mode, (str, NoneType), "the name of a mode")
+    check_type(strict, bool, "True or False as strict")
+    check_type(max_findings, SupportsIndex, "a whole number as max_findings")
     if max_findings < 0:
         raise ValueError(f"max_findings is {max_findings}, expected 0 or more")
     merged = {**_variables.get(), **_texts(variables or {})}

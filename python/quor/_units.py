@@ -5,10 +5,10 @@ from __future__ import annotations
 from collections.abc import Iterator, Mapping
 from difflib import get_close_matches
 from functools import lru_cache
-from typing import TYPE_CHECKING
+from typing import TYPE_CHECKING, SupportsFloat
 
 from . import _core
-from ._errors import QuorKeyError
+from ._errors import QuorKeyError, check_type
 
 if TYPE_CHECKING:
     import pandas
@@ -41,7 +41,9 @@ class Units(Mapping[str, Mapping[str, str]]):
 
     def convert(self, value: float, measurement: str, to: str, source: str | None = None) -> float:
         """A value of the deck (or of the system ``source``) in the unit of the system ``to``."""
-        return _core.convert(measurement, value, source or self.system, to)
+        self[measurement]  # raises, with names that are near
+        check_type(value, SupportsFloat, "a number")
+        return _core.convert(measurement, float(value), source or self.system, to)
 
     def frame(self) -> pandas.DataFrame:
         """All as a table of pandas: a row a measurement, a column a system."""

@@ -63,6 +63,8 @@ def test_a_change_touches_nothing_else(change, lines):
         (lambda d: d.add("WCONPROD", [["P1"]]), TypeError, "expected a dict of items and values for a record of WCONPROD, not list"),
         (lambda d: d.add("WCONPROD", {1: "P1"}), TypeError, "expected the name of an item of WCONPROD, not int"),
         (lambda d: d.add("WCONPROD", {"WELL": "P1", "CONTROL": 1}), TypeError, "expected a word for item 'CONTROL', not int"),
+        (lambda d: d.add("WCONPROD", " P1 /\n/", date="2024-04-01", section="GRID"), ValueError, "a keyword with a date is in SCHEDULE, not in GRID: give a date or a section"),
+        (lambda d: d.undo(-1), ValueError, "count is -1, expected 0 or more"),
         (lambda d: d.set("DIMENS.NX", b"2"), TypeError, "expected a number, a text or a bool, not bytes"),
         (lambda d: d.set(None, 1), TypeError, "expected an address, or a keyword of the deck, not NoneType"),
         (lambda d: d.remove(d["DIMENS"].records[0]), TypeError, "expected a keyword of the deck, its name, or the address of a record, not Record"),

@@ -3,6 +3,7 @@
 import multiprocessing
 import os
 from concurrent.futures import ProcessPoolExecutor, ThreadPoolExecutor
+from concurrent.futures.process import BrokenProcessPool
 from functools import partial
 from types import FunctionType
 
@@ -23,6 +24,12 @@ def title(deck):
 
 def itself(deck):
     return deck
+
+
+def dies(deck):
+    if "gas-network" in deck.files[0]:
+        os.kill(os.getpid(), 9)
+    return deck.title
 
 
 def test_each_executor_finds_the_same():
@@ -89,6 +96,16 @@ def test_what_an_executor_loses_is_asked_for_again_and_what_a_function_raises_is
         with pytest.raises(ZeroDivisionError):
             list(quor.map_decks(lambda deck: 1 / 0, PATHS[:1], executor=executor))
         assert executor.calls == 1
+
+
+def test_a_pool_with_a_killed_worker_raises_after_its_results():
+    paths = PATHS[:3] + [DECKS / "gas-network.data"] + PATHS[3:6]
+    with ProcessPoolExecutor(1) as pool:
+        done = []
+        with pytest.raises(BrokenProcessPool) as raised:
+            done.extend(path for path, _ in quor.map_decks(dies, paths, executor=pool))
+        notes = [f"'{paths[3]}' is the first deck without a result: it, or one after it, ended a worker"]
+        assert (done, raised.value.__notes__) == (paths[:3], notes)
 
 
 def test_a_cluster_survives_the_loss_of_a_worker():
