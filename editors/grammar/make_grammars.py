@@ -108,7 +108,7 @@ def kate(language):
     number = r"(?<![^\s*])[+-]?(?:\d+\.?\d*|\.\d+)(?:[eEdD][+-]?\d+)?(?![^\s/])"
     return f"""<?xml version="1.0" encoding="UTF-8"?>
 <!DOCTYPE language>
-<language name="Reservoir deck" version="1" kateversion="5.0" section="Scientific" extensions="*.data;*.DATA;*.inc;*.INC;*.grdecl;*.GRDECL;*.sch;*.SCH">
+<language name="Reservoir deck" version="1" kateversion="5.0" section="Scientific" priority="20" extensions="*.data;*.DATA;*.inc;*.INC;*.grdecl;*.GRDECL;*.sch;*.SCH">
 <highlighting>
 <list name="sections">{items(language.sections)}</list>
 <list name="keywords">{items(language.plain)}</list>

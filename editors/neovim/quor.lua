@@ -27,7 +27,8 @@ local clients = {}
 local function attach(settings)
   local root = root_of(vim.api.nvim_buf_get_name(0))
   local key = root or ""
-  if not clients[key] or vim.lsp.client_is_stopped(clients[key]) then
+  local known = clients[key] and vim.lsp.get_client_by_id(clients[key]) -- one that is starting too
+  if not known then
     clients[key] = vim.lsp.start_client({
       name = "quor",
       cmd = { settings.path or "quor", "language-server" },
@@ -47,6 +48,23 @@ local function attach(settings)
   end
 end
 
+local fileType = "quor-deck"
+
+-- Documents of keywords are read once, when the server starts.
+local function restart(settings)
+  for key, client in pairs(clients) do
+    vim.lsp.stop_client(client)
+    clients[key] = nil
+  end
+  for _, buffer in ipairs(vim.api.nvim_list_bufs()) do
+    if vim.api.nvim_buf_is_loaded(buffer) and vim.bo[buffer].filetype == fileType then
+      vim.api.nvim_buf_call(buffer, function()
+        attach(settings)
+      end)
+    end
+  end
+end
+
 -- `settings`: path of the program, simulator, mode, root, strict, variables; `on_attach` for your own keys.
 function quor.setup(settings)
   settings = settings or {}
@@ -56,19 +74,22 @@ function quor.setup(settings)
       group = group,
       pattern = "*." .. ending,
       callback = function()
-        vim.bo.filetype = "quor-deck"
+        vim.bo.filetype = fileType
       end,
     })
   end
   vim.api.nvim_create_autocmd("FileType", {
     group = group,
-    pattern = "quor-deck",
+    pattern = fileType,
     callback = function()
       vim.bo.commentstring = "-- %s"
       vim.bo.omnifunc = "v:lua.vim.lsp.omnifunc"
       attach(settings)
     end,
   })
+  vim.api.nvim_create_user_command("QuorRestart", function()
+    restart(settings)
+  end, { desc = "Restart the server of decks" })
 end
 
 return quor

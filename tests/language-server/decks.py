@@ -142,6 +142,7 @@ CHANGES = [
     ("ErrorsHideNames", "main.data", "2*  800", "2*  P1",
         "39:30-32 1 wrong-type: WCONPROD, GRAT: invalid value 'P1'; expected a number"),
     ("Pattern", "main.data", "  P2     SHUT", "  'P*'   SHUT", ""),
+    ("AliasOfPath", "main.data", "INCLUDE\n  'wells", "PATHS\n  HERE '.' /\n/\nINCLUDE\n  '$HERE/wells", ""),
     ("NumberAsName", "main.data", "SOLUTION\n", "SOLUTION\nAQUFLUX\n  1 0.5 /\n/\n", ""),
     ("RepeatedName", "main.data", "END\n", "QDRILL\n  2*P1 /\nEND\n", ""),
     ("NameWithoutDefinition", "wells.inc", "  P2 NORTH", "  P3 NORTH",
@@ -162,6 +163,10 @@ AFTER = {
     "Pattern": [
         ("RenameBesidePattern", "wells.inc", "  P\u00a61 NORTH", "rename", {"newName": "Q1"},
             "the pattern 'P*' at main.data:40 stands for only one of 'P1' and 'Q1'; change it first"),
+    ],
+    "AliasOfPath": [
+        ("PathsBelowAlias", "main.data", "'$HERE/we\u00a6lls", "completion", {}, "'$HERE/wells.inc'"),
+        ("Aliases", "main.data", "'$\u00a6HERE/wells", "completion", {}, "'$HERE/'"),
     ],
     "NumberAsName": [
         ("RenameOfNumberedThing", "main.data", "  \u00a61 0.5", "rename", {"newName": "2"},
@@ -239,6 +244,8 @@ ON_DISK = [
     ("ErrorInSettings", "quor.toml", "mood = 1\n" + RULES, NAME + " | " + RULE,
         ["FOLDER/quor.toml:1: unknown setting 'mood'; the settings before this error apply"]),
     ("Codes", "quor.toml", RULES + IGNORE, RULE, []),
+    ("ChangedDocument", "own.xml", PROJECT["own.xml"].replace("WNOTE", "WMARK"), RULE,
+        ["FOLDER/own.xml has changed, but the server reads documents of keywords once, at its start; restart the server"]),
     ("ErrorInRules", "rules.xml", "<rules><x/></rules>", RULE,
         ["FOLDER/rules.xml: element 1, <x>: unknown rule; the settings before this error apply"]),
     ("OtherDocuments", "quor.toml", 'decks = ["cases"]\n[variables]\nRATE = 5\n', NAME,

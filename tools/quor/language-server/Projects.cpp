@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <exception>
 #include <system_error>
 #include <utility>
@@ -21,13 +22,24 @@ Settings::Words RulesOf(const Settings& settings)
     return settings.rules.value_or(Settings::Words());
 }
 
+std::vector<std::filesystem::file_time_type> TimesOf(const std::vector<std::string>& files)
+{
+    std::vector<std::filesystem::file_time_type> times;
+    for (const std::string& file : files) {
+        std::error_code ignored; // whoever reads the file says what is wrong with it
+        times.push_back(std::filesystem::last_write_time(file, ignored));
+    }
+    return times;
+}
+
 } // namespace
 
 std::vector<std::string> Project::GetFiles() const
 {
     std::vector<std::string> files = RulesOf(settings);
-    const Settings::Words documents = settings.syntax.value_or(Settings::Words());
-    files.insert(files.end(), documents.begin(), documents.end());
+    for (const Settings::Words& documents :
+        {settings.syntax.value_or(Settings::Words()), KeywordSyntaxTable::GetOwnDocuments()})
+        files.insert(files.end(), documents.begin(), documents.end());
     if (settings.baseline)
         files.push_back(*settings.baseline);
     if (!file.empty())
@@ -37,6 +49,7 @@ std::vector<std::string> Project::GetFiles() const
 
 Projects::Projects(KeywordSyntaxTable& table)
     : table_(table)
+    , documentTimes_(TimesOf(KeywordSyntaxTable::GetOwnDocuments()))
 {
 }
 
@@ -62,27 +75,33 @@ Project Projects::Find(const std::string& deck, const Settings& given)
     return project;
 }
 
-/// The table of keywords is made once.
-void Projects::CheckDocuments(Project& project)
+/// The table of keywords is made once, of the documents as they were then.
+void Projects::CheckDocuments(Project& project) const
 {
-    if (!project.file.empty() && DocumentsOf(project.settings) != KeywordSyntaxTable::GetOwnDocuments())
+    const std::vector<std::string>& own = KeywordSyntaxTable::GetOwnDocuments();
+    if (!project.file.empty() && DocumentsOf(project.settings) != own) {
         project.error =
             fmt::format("{}: the documents of keywords that it names are not those that the server "
                         "was started with; restart the server in the folder of this file",
                 project.file);
+        return;
+    }
+    const auto times = TimesOf(own);
+    const auto changed = std::mismatch(times.begin(), times.end(), documentTimes_.begin()).first;
+    if (changed != times.end())
+        project.error =
+            fmt::format("{} has changed, but the server reads documents of keywords once, at its start; "
+                        "restart the server",
+                own[static_cast<std::size_t>(changed - times.begin())]);
 }
 
 std::shared_ptr<const ProjectLanguage> Projects::LanguageWith(const Settings& settings)
 {
     const Settings::Words files = RulesOf(settings);
-    std::vector<std::filesystem::file_time_type> times;
-    for (const std::string& file : files) {
-        std::error_code ignored; // the rules say what is wrong with their file
-        times.push_back(std::filesystem::last_write_time(file, ignored));
-    }
+    auto times = TimesOf(files);
     KnownLanguage& known = languages_[files];
     if (!known.language || known.times != times)
-        known = {times, std::make_shared<const ProjectLanguage>(table_, files)};
+        known = {std::move(times), std::make_shared<const ProjectLanguage>(table_, files)};
     return known.language;
 }
 

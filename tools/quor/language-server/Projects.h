@@ -34,7 +34,8 @@ struct Project {
     std::shared_ptr<const Baseline> baseline = nullptr; ///< findings to hide; null: none
     std::string error = {}; ///< a whole sentence: what is not used, and why; empty: nothing
 
-    /// The settings file, and what it names: rules, documents of keywords, the baseline.
+    /// The settings file, and what it names: rules, documents of keywords, the baseline; and the documents
+    /// that are loaded.
     std::vector<std::string> GetFiles() const;
 };
 
@@ -54,11 +55,12 @@ private:
         std::shared_ptr<const ProjectLanguage> language;
     };
 
-    static void CheckDocuments(Project& project);
+    void CheckDocuments(Project& project) const;
     std::shared_ptr<const ProjectLanguage> LanguageWith(const Settings& settings);
     std::shared_ptr<const ProjectLanguage> LastLanguageWith(const Settings& settings);
 
     Core::Keywords::KeywordSyntaxTable& table_;
+    std::vector<std::filesystem::file_time_type> documentTimes_; // of own documents of keywords, at the start
     std::map<std::string, Settings> read_; // by settings file: the last without an error
     std::map<std::vector<std::string>, KnownLanguage> languages_; // by the files of rules
 };
