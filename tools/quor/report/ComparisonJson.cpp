@@ -8,26 +8,16 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <filesystem>
 #include <string>
 #include <utility>
 
 namespace Veld::Quor::Tools {
 
 namespace Decks = Core::Decks;
-namespace fs = std::filesystem;
 using Core::Keywords::SectionType;
 using nlohmann::ordered_json;
 
 namespace {
-
-/// Names a file from the folder of the deck.
-void Shorten(ordered_json& location, const std::string& deck)
-{
-    if (!location.is_null())
-        location["file"] =
-            fs::path(location["file"].get<std::string>()).lexically_proximate(fs::path(deck).parent_path());
-}
 
 /// At most so many changes as a page can list; `left`: how many more there are.
 ordered_json GroupsJson(
@@ -45,8 +35,8 @@ ordered_json GroupsJson(
             ordered_json& json = changes.back();
             if (change.item.array)
                 json["text"] = ItemText(change.item);
-            Shorten(json["a"], deck);
-            Shorten(json["b"], other);
+            NameFilesFromFolder(json["a"], deck);
+            NameFilesFromFolder(json["b"], other);
         }
         if (!changes.empty())
             groups.push_back({{"section", SectionType::ToString(group.section)}, {"step", group.step},
@@ -109,8 +99,8 @@ void AddComparison(ordered_json& report, const Decks::Deck& deck, ordered_json o
 {
     const Decks::Difference difference = Decks::Compare(deck, otherDeck);
     std::size_t left = 0;
-    ordered_json groups = GroupsJson(difference, report["summary"]["deck"].get<std::string>(),
-        other["summary"]["deck"].get<std::string>(), left);
+    ordered_json groups =
+        GroupsJson(difference, deck.GetFiles().Get(0).name, otherDeck.GetFiles().Get(0).name, left);
     report["changes"] = {{"counts", CountsJson(difference)}, {"groups", std::move(groups)}, {"left", left},
         {"arrays", CompareArrays(report, other, values)}};
     report["other"] = std::move(other);

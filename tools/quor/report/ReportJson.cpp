@@ -94,7 +94,31 @@ ordered_json FindingsJson(const Decks::Deck& deck)
     return list;
 }
 
+/// At the start of a text, and in quotes.
+void CutFolder(ordered_json& json, const std::string& folder)
+{
+    if (json.is_structured()) {
+        for (ordered_json& child : json)
+            CutFolder(child, folder);
+        return;
+    }
+    if (!json.is_string())
+        return;
+    auto& text = json.get_ref<std::string&>();
+    if (text.starts_with(folder))
+        text.erase(0, folder.size());
+    for (std::size_t at = text.find('\'' + folder); at != std::string::npos;
+         at = text.find('\'' + folder, at))
+        text.erase(at + 1, folder.size());
+}
+
 } // namespace
+
+void NameFilesFromFolder(ordered_json& json, const std::string& deck)
+{
+    if (const std::size_t end = deck.rfind('/'); end != std::string::npos)
+        CutFolder(json, deck.substr(0, end + 1));
+}
 
 ordered_json ReportJson(const Decks::Deck& deck, const Decks::DeckLanguage& language, const std::string& path,
     std::vector<ReportValues>& values)
@@ -105,6 +129,7 @@ ordered_json ReportJson(const Decks::Deck& deck, const Decks::DeckLanguage& lang
         {"lift", LiftTables(deck, language)}, {"findings", FindingsJson(deck)}};
     AddArrays(deck, language, report, values);
     AddSchedule(deck, language, report);
+    NameFilesFromFolder(report, path);
     return report;
 }
 

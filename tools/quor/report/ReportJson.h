@@ -16,4 +16,7 @@ using ReportValues = std::vector<float>;
 nlohmann::ordered_json ReportJson(const Core::Decks::Deck& deck, const Core::Decks::DeckLanguage& language,
     const std::string& path, std::vector<ReportValues>& values);
 
+/// Names files from the folder of their deck on: who reads the page has another folder.
+void NameFilesFromFolder(nlohmann::ordered_json& json, const std::string& deck);
+
 } // namespace Veld::Quor::Tools

@@ -51,16 +51,27 @@ int FindRows(const IKeywordRecordMD& record)
     return -1;
 }
 
+/// Reals, and the numbers that say what a record is about.
+bool IsColumn(const IKeywordRecordMD& record, int item)
+{
+    const MDType::Enum type = record.GetItemMD(item)->GetType();
+    return type == MDType::Real || (type == MDType::Integer && record.IsIdentifier(item));
+}
+
 /// Null for a value that is left to its default.
-ordered_json RealsOf(const IKeywordRecordData& record, const ordered_json& before)
+ordered_json NumbersOf(const IKeywordRecordData& record, const ordered_json& before)
 {
     ordered_json row = before;
     const auto& md = AsRecord(*record.GetMD());
+    const auto add = [&row](
+                         const auto& value) { row.push_back(value ? ordered_json(*value) : ordered_json()); };
     for (int i = 0; i < md.GetSize(); ++i) {
-        if (md.GetItemMD(i)->GetType() != MDType::Real)
+        if (!IsColumn(md, i))
             continue;
-        const auto value = Get<double>(record, i);
-        row.push_back(value ? ordered_json(*value) : ordered_json());
+        if (md.GetItemMD(i)->GetType() == MDType::Real)
+            add(Get<double>(record, i));
+        else
+            add(Get<int>(record, i));
     }
     return row;
 }
@@ -68,14 +79,14 @@ ordered_json RealsOf(const IKeywordRecordData& record, const ordered_json& befor
 void AddRows(const IKeywordRecordData& record, std::size_t branch, TableRows& table)
 {
     const int rows = FindRows(AsRecord(*record.GetMD()));
-    const ordered_json outer = RealsOf(record, ordered_json::array());
+    const ordered_json outer = NumbersOf(record, ordered_json::array());
     if (rows < 0) {
         table.rows.push_back(outer);
         table.branches.push_back(0);
         return;
     }
     for (const IKeywordRecordData& inner : Records(ListIn(record, rows))) {
-        table.rows.push_back(RealsOf(inner, outer));
+        table.rows.push_back(NumbersOf(inner, outer));
         table.branches.push_back(branch);
     }
 }
@@ -126,16 +137,19 @@ ordered_json TableWriter::ColumnsOf(
     auto columns = ordered_json::array();
     for (int i = 0; i < record.GetSize(); ++i) {
         const IKeywordDataMD& item = *record.GetItemMD(i);
-        if (item.GetType() != MDType::Real)
+        if (!IsColumn(record, i))
             continue;
-        const std::string* const measurement = static_cast<const IKeywordRealMD&>(item).GetMeasurement();
+        const std::string* const measurement = item.GetType() == MDType::Real
+            ? static_cast<const IKeywordRealMD&>(item).GetMeasurement()
+            : nullptr;
         std::string own;
         for (const Decks::KeywordRole& role : roles) {
             if (role.item == item.GetName())
                 own = role.role;
         }
         columns.push_back({{"name", item.GetName()}, {"text", item.GetDescription()},
-            {"unit", measurement ? UnitText(*measurement, units_) : ""}, {"role", own}});
+            {"unit", measurement ? UnitText(*measurement, units_) : ""}, {"role", own},
+            {"isKey", item.GetType() == MDType::Integer}});
     }
     if (const int rows = FindRows(record); rows >= 0) {
         for (ordered_json& column : ColumnsOf(*FindRecordMD(ItemOfList(record.GetItemMD(rows))), roles))

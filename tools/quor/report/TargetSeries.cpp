@@ -39,10 +39,12 @@ void TargetSeries::Add(const std::string& keyword, const std::vector<int>& items
             continue;
         const auto& md = static_cast<const IKeywordRealMD&>(*AsRecord(*record.GetMD()).GetItemMD(item));
         const std::string key = keyword + ' ' + md.GetName();
-        if (!series_.contains(key))
+        if (!series_.contains(key)) {
+            order_.push_back(key);
             series_[key] = {{"of", of_}, {"keyword", keyword}, {"item", md.GetName()},
                 {"text", md.GetDescription()}, {"unit", UnitText(*md.GetMeasurement(), units_)},
                 {"isRate", md.GetMeasurement()->find("rate") != std::string::npos}};
+        }
         values_[key][name].push_back({step, *value});
     }
 }
@@ -57,8 +59,8 @@ void TargetSeries::Change(const std::string& keyword, const std::string& item, c
 
 void TargetSeries::Write(ordered_json& list) const
 {
-    for (const auto& [key, series] : series_) {
-        list.push_back(series);
+    for (const std::string& key : order_) {
+        list.push_back(series_.at(key));
         list.back()["values"] = values_.at(key);
     }
 }

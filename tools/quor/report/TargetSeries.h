@@ -38,6 +38,7 @@ public:
 private:
     Core::Keywords::UnitSystem::Enum units_;
     std::string of_;
+    std::vector<std::string> order_; // keys, as the schedule gives them first
     // By "KEYWORD ITEM": what it is, and the values by name.
     std::map<std::string, nlohmann::ordered_json> series_;
     std::map<std::string, std::map<std::string, nlohmann::ordered_json>> values_;

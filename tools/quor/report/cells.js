@@ -30,18 +30,22 @@ function addHistogram(names, first) {
     let name = first;
     async function show() {
         const lists = await Promise.all(decks.map(deck => activeValues(deck, name)));
-        const [least, greatest] = rangeOf(lists.map(values => ({ values })));
-        const width = (greatest - least) / bins || (Math.abs(least) || 1) / 100;
+        const [low, high] = rangeOf(lists.map(values => ({ values })));
+        // Whole numbers, as those of regions, have a bar each.
+        const isWhole = decks.map(deck => arrayOf(deck, name)).find(Boolean).isWhole && high - low >= 0 && high - low < bins;
+        const count = isWhole ? high - low + 1 : bins, least = isWhole ? low - 0.5 : low;
+        const width = isWhole ? 1 : (high - low) / bins || (Math.abs(low) || 1) / 100;
         const datasets = lists.flatMap((values, number) => {
             if (!values) return [];
-            const counts = new Array(bins).fill(0);
+            const counts = new Array(count).fill(0);
             for (const value of values) {
-                if (Number.isFinite(value)) ++counts[Math.min(Math.floor((value - least) / width), bins - 1)];
+                if (Number.isFinite(value)) ++counts[Math.min(Math.floor((value - least) / width), count - 1)];
             }
             return { label: ofDeck(name, decks[number]), backgroundColor: lineColour(number), barPercentage: 1, categoryPercentage: 1,
                 data: counts.map((y, i) => ({ x: least + (i + 0.5) * width, y })) };
         });
-        draw(canvas, "bar", datasets, titleOfArray(name), "Cells", { x: { own: { offset: false } } });
+        draw(canvas, "bar", datasets, titleOfArray(name), "Cells",
+            { x: { own: { offset: false, ...(isWhole ? { min: least, max: least + count } : {}) }, ticks: isWhole ? { callback: value => Number.isInteger(value) ? value : "" } : {} } });
     }
     redraws.push(show);
     setTimeout(show);

@@ -48,7 +48,7 @@ function drawPanel(panel, layer, name, unit) {
     canvas.height = ny * cell * ratio;
     const context = canvas.getContext("2d");
     context.setTransform(ratio, 0, 0, ratio, 0, 0);
-    canvas.setAttribute("aria-label", ofDeck(name, panel.deck) + (values && layer <= nz ? ` in layer ${layer}: ${short(panel.least)} to ${short(panel.greatest)} ${unit}` : " is not given"));
+    canvas.setAttribute("aria-label", [name, panel.title].filter(Boolean).join(", ") + (values && layer <= nz ? ` in layer ${layer}: ${short(panel.least)} to ${short(panel.greatest)} ${unit}` : " is not given"));
     if (!values || layer > nz) return;
     const image = new ImageData(nx, ny), pixels = new Uint32Array(image.data.buffer), offset = (layer - 1) * cells;
     const { least, greatest, colours } = panel, factor = greatest > least ? 255 / (greatest - least) : 0;

@@ -41,7 +41,7 @@ function addRates() {
         const [first, last] = timeSpan(), lines = decks.flatMap((deck, number) => coursesOf(deck).map(([label, values], i) => ({
             label: ofDeck(label, deck), stepped: true, data: values.map((y, step) => ({ x: timeOf(deck, step), y: y === null ? NaN : y })),
             ...lineStyle(i, { number }, { pointRadius: 2 }) })));
-        draw(canvas, "line", lines, "Date", titleOf(all.get(key)), { x: { ticks: { callback: dateOf, maxRotation: 0, autoSkipPadding: 24 }, own: { min: first, max: last } },
+        draw(canvas, "line", lines, "Date", titleOf(all.get(key)), { x: { ticks: { callback: dateOf, maxRotation: 0, autoSkipPadding: 24 }, own: { min: first, max: last, afterBuildTicks: scale => { scale.ticks = marksOf([first, last]).map(value => ({ value })); } } },
             tooltip: { title: items => dateOf(items[0].parsed.x) } });
     }
     const place = make("span");

@@ -46,11 +46,19 @@ function setUpTheme() {
         page.dataset.theme = theme;
         button.textContent = theme === "dark" ? "Light" : "Dark";
     };
-    set(matchMedia("(prefers-color-scheme: dark)").matches ? "dark" : "light");
-    button.addEventListener("click", () => {
-        set(page.dataset.theme === "dark" ? "light" : "dark");
+    const change = theme => {
+        set(theme);
         redraws.forEach(redraw => redraw());
+    };
+    const other = () => page.dataset.theme === "dark" ? "light" : "dark";
+    set(matchMedia("(prefers-color-scheme: dark)").matches ? "dark" : "light");
+    button.addEventListener("click", () => change(other()));
+    let isDark = false; // on the screen, while paper is white
+    window.addEventListener("beforeprint", () => {
+        isDark = page.dataset.theme === "dark";
+        if (isDark) change("light");
     });
+    window.addEventListener("afterprint", () => isDark && change("dark"));
 }
 
 async function start() {

@@ -7,6 +7,20 @@ const stepText = (deck, step) => deck.steps[step] || (step ? `step ${step}` : "t
 /// The first and the last time of all decks.
 const timeSpan = () => [Math.min(...decks.map(deck => timeOf(deck, 0))), Math.max(...decks.map(deck => timeOf(deck, deck.steps.length - 1)))];
 
+/// Round dates for an axis, at most eight: starts of years or of months; of a short time five even parts.
+function marksOf([first, last]) {
+    const year = new Date(first).getUTCFullYear();
+    for (const months of hasDates() ? [1, 3, 6, 12, 24, 60, 120, 240, 600] : []) {
+        const start = Date.UTC(year - year % Math.ceil(months / 12), 0), marks = [];
+        for (let i = 0, time = start; time <= last; time = new Date(start).setUTCMonth(++i * months)) {
+            if (time >= first) marks.push(time);
+        }
+        if (marks.length < 3) break;
+        if (marks.length < 9) return marks;
+    }
+    return [0, 0.25, 0.5, 0.75, 1].map(at => Math.round(first + at * (last - first)));
+}
+
 const uses = ["introduced", "produces", "injects"]; // all else is closed in one way or another
 
 /// Spans of a well's life: first step, last step, what it does. A status without a control is that of the one before.
@@ -54,7 +68,10 @@ function addWells() {
     if (!names.length) return;
     const span = timeSpan(), [first, last] = span;
     const bars = names.flatMap(name => [make("span", {}, name), make("div", {}, decks.map(deck => makeBar(name, deck, span)))]);
-    const marks = [0, 0.25, 0.5, 0.75, 1].map(at => make("span", { style: `left:${100 * at}%; transform: translateX(-${100 * at}%)` }, dateOf(Math.round(first + at * (last - first)))));
+    const marks = marksOf(span).map(time => {
+        const at = last > first ? 100 * (time - first) / (last - first) : 0;
+        return make("span", { style: `left:${at}%; transform: translateX(-${at}%)` }, dateOf(time));
+    });
     const key = (name, text) => make("span", {}, make("span", { class: "key " + name }), text);
     addSection("wells", "Wells", make("p", { class: "legend" }, key("introduced", "introduced"), key("produces", "produces"), key("injects", "injects"),
         key("closed", "shut, stopped or waiting"), key("connected", "connections added or changed")),

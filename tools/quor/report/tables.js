@@ -37,7 +37,7 @@ function addTables() {
         ["contacts", "Contacts and equilibrium", table => hasRole(table, "contact of") || hasRole(table, "depth of datum")
             || (table.section === "SOLUTION" && hasRole(table, "depth of table"))],
         ["others", "Other tables", () => true]];
-    const isGiven = table => table.regions.some(region => region.rows.some(row => row.some(value => value !== null)));
+    const isGiven = table => table.regions.some(region => region.rows.some(row => row.some((value, i) => value !== null && !table.columns[i].isKey)));
     let rest = pairTables(decks.map(deck => deck.tables.filter(isGiven)));
     const firstOf = pair => pair.find(Boolean);
     for (const [id, title, belongs] of groups) {
