@@ -245,7 +245,7 @@ ON_DISK = [
         ["FOLDER/quor.toml:1: unknown setting 'mood'; the settings before this error apply"]),
     ("Codes", "quor.toml", RULES + IGNORE, RULE, []),
     ("ChangedDocument", "own.xml", PROJECT["own.xml"].replace("WNOTE", "WMARK"), RULE,
-        ["FOLDER/own.xml has changed, but the server reads documents of keywords once, at its start; restart the server"]),
+        ["restart the server: 'FOLDER/own.xml' has changed, and documents of keywords are read once, at its start"]),
     ("ErrorInRules", "rules.xml", "<rules><x/></rules>", RULE,
         ["FOLDER/rules.xml: element 1, <x>: unknown rule; the settings before this error apply"]),
     ("OtherDocuments", "quor.toml", 'decks = ["cases"]\n[variables]\nRATE = 5\n', NAME,

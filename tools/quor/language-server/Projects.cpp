@@ -89,10 +89,9 @@ void Projects::CheckDocuments(Project& project) const
     const auto times = TimesOf(own);
     const auto changed = std::mismatch(times.begin(), times.end(), documentTimes_.begin()).first;
     if (changed != times.end())
-        project.error =
-            fmt::format("{} has changed, but the server reads documents of keywords once, at its start; "
-                        "restart the server",
-                own[static_cast<std::size_t>(changed - times.begin())]);
+        project.error = fmt::format(
+            "restart the server: '{}' has changed, and documents of keywords are read once, at its start",
+            own[static_cast<std::size_t>(changed - times.begin())]);
 }
 
 std::shared_ptr<const ProjectLanguage> Projects::LanguageWith(const Settings& settings)
