@@ -1,10 +1,12 @@
 // Looks at the manual and at reports in a browser as users would, prints what it measures, and fails if something is wrong.
-// node look.mjs FOLDER: it has manual/, and the reports field.html, compared.html and large.html. Pictures are put there too.
+// node look.mjs FOLDER TREE: it has manual/, and the reports field.html, compared.html and large.html. Pictures are put there too,
+// and compared with those in TREE/seen.
 import { readFileSync, readdirSync } from "node:fs";
 import path from "node:path";
 import puppeteer from "puppeteer-core";
+import { compareWithSeen, differ } from "./pictures.mjs";
 
-const folder = path.resolve(process.argv[2]);
+const [folder, tree] = process.argv.slice(2).map(name => path.resolve(name));
 const axe = readFileSync(new URL(import.meta.resolve("axe-core/axe.min.js")), "utf8");
 const wrong = [];
 const say = (isRight, text) => {
@@ -12,7 +14,8 @@ const say = (isRight, text) => {
     console.log(isRight ? text : `WRONG: ${text}`);
 };
 
-const browser = await puppeteer.launch({ executablePath: "/usr/bin/chromium", args: ["--no-sandbox", "--allow-file-access-from-files"] });
+const browser = await puppeteer.launch({ executablePath: "/usr/bin/chromium", args: ["--no-sandbox", "--allow-file-access-from-files"],
+    env: { ...process.env, FONTCONFIG_FILE: path.join(tree, "fonts.conf") } });
 const page = await browser.newPage();
 const errors = [];
 page.on("pageerror", error => errors.push(`${page.url()}: ${error.message}`));
@@ -25,7 +28,8 @@ async function open(file, theme = "light", size = "wide") {
     await page.emulateMediaFeatures([{ name: "prefers-color-scheme", value: theme }]);
     await page.goto(`file://${folder}/${file}`, { waitUntil: "load" });
 }
-const isShown = () => page.waitForFunction(() => !document.getElementById("loading") && [...document.querySelectorAll(".chart canvas")].every(canvas => Chart.getChart(canvas)), { timeout: 60000 });
+const isShown = () => page.waitForFunction(() => !document.getElementById("loading") && [...document.querySelectorAll(".chart canvas")].every(canvas => Chart.getChart(canvas))
+    && [...document.querySelectorAll(".map")].every(map => map.hasAttribute("aria-label")), { timeout: 60000 });
 
 /// Rules of accessibility that the page breaks, and whether it is wider than the window.
 async function judge(file, theme, size) {
@@ -35,7 +39,85 @@ async function judge(file, theme, size) {
         say(false, `${file}, ${theme}, ${size}: ${id}, ${nodes.length} times, first ${nodes[0].html.slice(0, 120)}`);
     const [needs, has] = await page.evaluate(() => [document.documentElement.scrollWidth, innerWidth]);
     if (needs > has) say(false, `${file}, ${size}: ${needs} pixels wide in a window of ${has}`);
-    await page.screenshot({ path: path.join(folder, `${file.replace(/\W+/g, "-")}-${theme}-${size}.png`), fullPage: size === "wide" && !file.startsWith("large") });
+    for (const texts of await page.evaluate(textsOnTexts)) say(false, `${file}, ${theme}, ${size}: ${texts}`);
+    await page.screenshot({ path: path.join(folder, `${nameOf(file)}-${theme}-${size}.png`), fullPage: size === "wide" });
+}
+const nameOf = text => text.replace(/\W+/g, "-").toLowerCase();
+
+/// Texts that are over others, where they are seen.
+function textsOnTexts() {
+    const places = [], found = [];
+    const walker = document.createTreeWalker(document.body, NodeFilter.SHOW_TEXT), range = document.createRange();
+    while (walker.nextNode()) {
+        const { parentElement: parent, data } = walker.currentNode, frame = parent.closest(".wide, .bars, pre");
+        const isCut = frame && getComputedStyle(frame).overflowY !== "visible";
+        if (!data.trim() || parent.closest("header, script, select, .skip") || !parent.checkVisibility()) continue;
+        const edge = isCut ? frame.getBoundingClientRect() : { left: 0, top: -1e6, right: 1e6, bottom: 1e6 };
+        range.selectNodeContents(walker.currentNode);
+        for (const box of range.getClientRects())
+            places.push({ data: data.trim(), left: Math.max(box.left, edge.left), top: Math.max(box.top, edge.top), right: Math.min(box.right, edge.right), bottom: Math.min(box.bottom, edge.bottom) });
+    }
+    places.sort((one, other) => one.top - other.top);
+    places.forEach((one, i) => {
+        for (let j = i + 1; j < places.length && places[j].top < one.bottom - 5; ++j) {
+            const width = Math.min(one.right, places[j].right) - Math.max(one.left, places[j].left), height = Math.min(one.bottom, places[j].bottom) - places[j].top;
+            if (width > 2 && height > 5) found.push(`'${one.data}' and '${places[j].data}' are over each other`);
+        }
+    });
+    return found.slice(0, 5);
+}
+
+/// Pictures of the first screen of a page of the manual, and of the maps and plots of a report, against those that are known to be right.
+async function comparePictures(file) {
+    await page.addStyleTag({ content: "header { position: static !important; }" });
+    const parts = file.startsWith("manual") ? [[nameOf(file), page, 10, 0.03]] : await Promise.all((await page.$$(file === "field.html" ? ".map, .chart, .bars" : ".map, .bars")).map(async part => {
+        const label = await part.evaluate(element => (element.matches(".chart") ? element.firstChild : element).getAttribute("aria-label"));
+        return [nameOf(`${file} ${label.replace(/ in layer.*/, "")}`), part, 4, 0.003];
+    }));
+    for (const [name, part, size, most] of parts) {
+        const text = compareWithSeen(tree, folder, name, await part.screenshot(), size, most);
+        if (text) say(false, text);
+    }
+    compared += parts.length;
+}
+let compared = 0;
+
+/// On paper, also of a page that is dark on the screen.
+async function print(file) {
+    await open(file, "dark");
+    await isShown();
+    await page.emulateMediaType("print");
+    await page.setViewport({ width: 718, height: 1000 }); // A4 between its margins
+    await page.evaluate(() => { dispatchEvent(new Event("beforeprint")); });
+    await new Promise(done => setTimeout(done, 1000));
+    for (const texts of await page.evaluate(textsOnTexts)) say(false, `${file}, printed: ${texts}`);
+    const needs = await page.evaluate(() => Math.max(document.documentElement.scrollWidth, ...[...document.querySelectorAll("canvas")].map(canvas => canvas.getBoundingClientRect().right)));
+    say(needs <= 718, `${file}, printed: ${Math.ceil(needs)} pixels of 718`);
+    await page.screenshot({ path: path.join(folder, `${nameOf(file)}-print.png`), fullPage: true });
+    await page.emulateMediaType("screen");
+}
+
+/// A page that is made dark is as one that was opened dark; and all is as before when theme, layer and window are what they were.
+async function changeAndChangeBack(file) {
+    const picture = () => page.screenshot({ fullPage: true }), settled = () => new Promise(done => setTimeout(done, 1000));
+    const press = async () => { await page.$eval("#theme", button => button.click()); await settled(); };
+    const move = layer => page.$eval("#layer", (slider, to) => { slider.value = to; slider.dispatchEvent(new Event("input")); }, layer);
+    await open(file, "dark");
+    await isShown();
+    const dark = await picture();
+    await open(file);
+    await isShown();
+    const before = await picture();
+    await press();
+    const made = differ(dark, await picture());
+    await move(2);
+    await page.setViewport(sizes.narrow);
+    await settled();
+    await page.setViewport(sizes.wide);
+    await move(await page.$eval("#layer", slider => slider.defaultValue));
+    await press();
+    const back = differ(before, await picture());
+    say(made < 0.0005 && back < 0.0005, `${file}: ${(100 * made).toFixed(3)} % of the pixels differ when it is made dark, ${(100 * back).toFixed(3)} % after changes that are reverted`);
 }
 
 async function judgeAll(files, ready) {
@@ -44,6 +126,7 @@ async function judgeAll(files, ready) {
             await open(file, theme, size);
             await ready();
             await judge(file, theme, size);
+            if (theme === "light" && size === "wide") await comparePictures(file);
         }
     }
     console.log(`${files.length} pages, light and dark, wide and narrow, by the rules of accessibility`);
@@ -115,6 +198,11 @@ async function timeLargeReport() {
 await searchManual();
 await judgeAll(["index", "section/SCHEDULE", "simulator/Carrow", "keyword/WCONPROD", "keyword/EQUIL", "keyword/PORO", "code/unclosed-data", "all", "measurements", "names/well"].map(name => `manual/${name}.html`), async () => {});
 await judgeAll(["field.html", "compared.html"], isShown);
+console.log(`${compared} pictures compared with those in the tree`);
+for (const file of ["field.html", "compared.html"]) {
+    await changeAndChangeBack(file);
+    await print(file);
+}
 await timeLargeReport();
 await openAllPages();
 errors.slice(0, 10).forEach(error => say(false, error));

@@ -4,7 +4,7 @@ set -eu
 quor=$(realpath "$1") folder=$2 deck=$3 here=$(cd "$(dirname "$0")" && pwd)
 rm -rf "$folder"
 mkdir -p "$folder"
-cp "$here/package.json" "$here/package-lock.json" "$here/look.mjs" "$folder"
+cp "$here/package.json" "$here/package-lock.json" "$here/look.mjs" "$here/pictures.mjs" "$folder"
 (cd "$folder" && npm ci --ignore-scripts --no-audit --no-fund --loglevel=error >/dev/null)
 seconds() { # runs a command, and prints how long that took
     start=$(date +%s%N)
@@ -26,4 +26,4 @@ awk 'BEGIN {
     }
 }' >"$folder/large.data"
 seconds "$quor" report "$folder/large.data" -o "$folder/large.html"
-node "$folder/look.mjs" "$folder"
+node "$folder/look.mjs" "$folder" "$here"
