@@ -318,6 +318,17 @@ COMPDAT
             "/\nRKTRMDIR\nROCKTAB\n 1 1 1 1 1\n 2 1 1 1 1 "
             "/\n",
             ""},
+        DeckRow{"ByItemsBefore",
+            "RUNSPEC\nPOLYMER\nCOAL\nSOLVENT\nREGDIMS\n 5* 2 /\nPROPS\nLANGMUIR\n 1 0 0 9 5 7 /\n 1 0 0 9 6 "
+            "8 /\nSKPRWAT\n 1 /\n 0 9 /\n 1 2 3 /\n 1 2 3 /\n 4 5 /\nSCHEDULE\nUDT\n A 2 /\n NV 1 2 /\n LL "
+            "10 20 /\n 1 2 /\n 3 4 /\n/\nUDT\n B /\n LC 1 2 /\n 1 2 /\n/\n",
+            "d:16:5: error: SKPRWAT: too few values (expected 3, found 2) [wrong-size] | the size is "
+            "VELOCITY"},
+        DeckRow{"OfDataThatMayBeMissing",
+            "RUNSPEC\nMISCIBLE\nMULTSAVE\n 1\nOIL\nBRINE\nNACL KCL /\nBRINE\nWATR\nGAS\n",
+            "d:4:3: error: MULTSAVE: missing slash at the end of the record [unclosed-data] | add a slash "
+            "after the last value\nd:9:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean "
+            "WATER?"},
         DeckRow{"OfTheMatrixAlone",
             "RUNSPEC\nDIMENS\n 2 2 2 /\nGRID\nLX\n 4*1 /\nPERMX\n 4*1 /\nDPGRID\nPORO\n 4*1 /\nZCORN\n 32*1 "
             "/\n"

@@ -62,6 +62,7 @@ const std::vector<Service::EnumInfo<Role>>& Role::EnumInfos()
         {TimesOfSteps, "times of steps"},
         {RestartedRun, "restarted run"},
         {AliasesOfPaths, "aliases of paths"},
+        {MayBeAlone, "may be alone"},
         {SizeOfGrid, "size of grid"},
         {SizeOfGridAgain, "size of grid again"},
         {Box, "box"},

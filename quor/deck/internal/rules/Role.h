@@ -76,6 +76,7 @@ struct Role {
         TimesOfSteps,
         RestartedRun,
         AliasesOfPaths,
+        MayBeAlone,
         SizeOfGrid,
         SizeOfGridAgain,
         // Boxes of cells, and what works on arrays in them or in regions.

@@ -113,13 +113,22 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
     keyword.scope = scopes_.GetInnermost();
     const auto countErrors = [this] { return reporter_.GetErrorCount() - data_.GetReportedVariableCount(); };
     const std::size_t errors = countErrors();
-    if (keyword.syntax->GetDataMD())
+    if (keyword.syntax->GetDataMD() && !IsAlone(*keyword.syntax)) {
         ReadData(keyword, head, isReported);
-    else
+    } else {
+        if (keyword.syntax->GetDataMD())
+            keyword.data = KeywordDataFactory::Instance().Construct(*keyword.syntax);
         CheckNoData(head);
+    }
     keyword.isSound = !isReported && !isGuess && errors == countErrors();
     deck_->keywords.push_back(std::move(keyword));
     FollowLast(isReported, isGuess);
+}
+
+/// Whether a keyword that needs no data has none: it means what empty data would.
+bool DeckReader::IsAlone(const IKeywordSyntax& syntax)
+{
+    return deck_->language.RolesOf(syntax).Has(Role::MayBeAlone) && !text_.HasDataNext();
 }
 
 /// What the keyword that was read last says of those that follow it, and what they say of it.

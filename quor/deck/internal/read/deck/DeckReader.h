@@ -43,6 +43,7 @@ private:
     void ReadKeyword(const Token& head, const Entry& entry, bool isGuess = false);
     void EndSection();
     void EnterSection(const Token& head, const Entry& entry);
+    bool IsAlone(const Core::Keywords::IKeywordSyntax& syntax);
     void ReadData(KeywordInstance& keyword, const Token& head, bool isReported);
     void CheckNoData(const Token& head);
     void FollowSizes(const KeywordInstance& keyword, const RolesOfKeyword& roles);

@@ -2,6 +2,7 @@
 
 #include "quor/deck/internal/read/data/VisitData.h"
 #include "quor/foundation/service/Optional.h"
+#include "quor/metadata/IKeywordIntegerMD.h"
 
 #include <fmt/format.h>
 
@@ -20,6 +21,34 @@ using Termination = DataPlan::Termination;
 bool StartsWithLine(const DataPlan& plan)
 {
     return !plan.items.empty() && plan.items.front().type == MDType::Line;
+}
+
+/// What the item of the name says of a size, be it in the record or in one that it holds: the length of a
+/// list, or a whole number.
+std::optional<long long> FindSize(const DataPlan& plan, const IKeywordRecordData& record,
+    const std::string& name, SimulatorType::Enum simulator)
+{
+    for (std::size_t i = 0; i < plan.items.size(); ++i) {
+        const DataPlan& item = plan.items[i];
+        const void* const storage = record.GetData(static_cast<int>(i));
+        if (item.type == MDType::Record) {
+            if (const auto size =
+                    FindSize(item, *static_cast<const IKeywordRecordData*>(storage), name, simulator))
+                return size;
+        } else if (item.md->GetName() != name) {
+            continue;
+        } else if (item.type == MDType::List) {
+            return static_cast<const IKeywordListData*>(storage)->GetSize();
+        } else if (item.type == MDType::Integer) {
+            const auto& given = *static_cast<const Optional<int>*>(storage);
+            const Optional<int> size = given.HasValue()
+                ? given
+                : static_cast<const IKeywordIntegerMD*>(item.md)->GetDefault(simulator);
+            if (size.HasValue())
+                return *size;
+        }
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -105,18 +134,9 @@ long long DataReader::SizeOf(const std::string* text) const
 
 std::optional<long long> DataReader::SizeOfName(const std::string& name) const
 {
-    for (auto record = records_.rbegin(); record != records_.rend(); ++record) {
-        const auto& items = record->first->items;
-        for (std::size_t i = 0; i < items.size(); ++i) {
-            const void* const storage = record->second->GetData(static_cast<int>(i));
-            if (items[i].md->GetName() != name)
-                continue;
-            if (items[i].type == MDType::List)
-                return static_cast<const IKeywordListData*>(storage)->GetSize();
-            if (items[i].type == MDType::Integer && static_cast<const Optional<int>*>(storage)->HasValue())
-                return **static_cast<const Optional<int>*>(storage);
-        }
-    }
+    for (auto record = records_.rbegin(); record != records_.rend(); ++record)
+        if (const auto size = FindSize(*record->first, *record->second, name, target_.simulator))
+            return size;
     return sizeOfName_(name);
 }
 

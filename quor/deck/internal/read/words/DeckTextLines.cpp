@@ -96,6 +96,23 @@ bool DeckText::IsKeywordOfNumbers(std::string_view line)
     return false;
 }
 
+bool DeckText::HasDataNext()
+{
+    Unpeek();
+    LineReader lines(GetRest());
+    for (Line next; lines.Next(next);) {
+        const std::string_view line = TrimBlanks(next.text);
+        if (IsEmpty(line))
+            continue;
+        if (FindLineStart(line, FindLeadingWord(line)))
+            return false;
+        const auto lone = FindLoneWord(line);
+        if (!lone || lone->hasSlash)
+            return true; // else the word may be a misspelt keyword
+    }
+    return false;
+}
+
 Token DeckText::TakeRestOfLine()
 {
     Unpeek();
