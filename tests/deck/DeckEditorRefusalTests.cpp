@@ -79,6 +79,8 @@ const RefusalRow valueRows[] = {
     {"GivenByAVariable", "WHOLE\n 1 $X /\n", Set("WHOLE[2]", 1), "WHOLE[2] is given by a variable: $X"},
     {"HiddenByErrors", "NAMES\n A /\nROWS\n 1 2 3 /\n 4\n", Set("ROWS[2].B", 1),
         "errors in ROWS hide where its values are"},
+    {"OfAKeywordAlone", "MULTSAVE\nWHOLE\n 1 /\n", Set("MULTSAVE.A", 1),
+        "MULTSAVE is without its data; write them after it"},
     {"NotGivenAfterAnError", "ROWS\n x /\n 4 /\n/\n", Set("ROWS[2].B", 1),
         "ROWS: errors in the keyword hide where the value would be"},
     {"NotGivenAfterOtherData", "MIXED\n 1 2 /\n", Set("MIXED.LAST", 1),

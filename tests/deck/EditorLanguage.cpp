@@ -81,6 +81,8 @@ const char* const documents = R"(
     <item name='A'><integer/></item><item name='B' optional='true'><integer/></item>
     <item name='C' optional='true'><integer/></item></record></item>
   <item name='LAST' optional='true'><integer/></item></record></data></keyword>
+<keyword name='MULTSAVE'><data><record termination='SLASH'>
+  <item name='A' optional='true'><integer/></item></record></data></keyword>
 <keyword name='MAP'><data><map><assignment name='A'><integer/></assignment></map></data></keyword>
 <keyword name='RAW'><data><raw stringTermination='ENDRAW'/></data></keyword>
 )";
