@@ -29,7 +29,7 @@ WCONINJE
         DeckRow{"ForTheSame", R"(SCHEDULE
 WELSPECS
  P1 G 1 1 1* OIL /
- P1 G 2 1 1* OIL /
+ p1 G 2 1 1* OIL /
 /
 COMPDAT
  P1 1 1 1 2 OPEN /
@@ -38,7 +38,7 @@ COMPDAT
  P1 2* 3 3 /
 /
 )",
-            "d:4:2: warning: WELSPECS: repeated record for WELL P1 [repeated-record] | correct the record, "
+            "d:4:2: warning: WELSPECS: repeated record for WELL p1 [repeated-record] | correct the record, "
             "or remove one of them (d:3:2: the first is here)\nd:10:2: warning: COMPDAT: repeated record for "
             "WELL P1, K1 3, K2 3 [repeated-record] | correct the record, or remove one of them (d:9:2: the "
             "first is here)"},

@@ -94,4 +94,38 @@ private:
     std::uint64_t turn_ = 1;
 };
 
+/// The same for small numbers, in an array.
+template <class Value>
+class NumberTable {
+public:
+    std::pair<Value*, bool> Add(std::size_t number, const Value& value)
+    {
+        if (number >= size_)
+            Grow(number);
+        Slot& slot = slots_[number];
+        const bool isNew = slot.turn != turn_;
+        if (isNew)
+            slot = {turn_, value};
+        return {&slot.value, isNew};
+    }
+    /// Takes no time.
+    void Clear() { ++turn_; }
+
+private:
+    struct Slot {
+        std::uint32_t turn = 0; // in which it was filled
+        Value value = {};
+    };
+
+    void Grow(std::size_t number)
+    {
+        size_ = 2 * number + 16;
+        slots_.resize(size_);
+    }
+
+    std::vector<Slot> slots_;
+    std::size_t size_ = 0; // their number
+    std::uint32_t turn_ = 1;
+};
+
 } // namespace Veld::Quor::Core::Decks

@@ -15,7 +15,7 @@ namespace Veld::Quor::Core::Decks {
 /// Reports what there is more of than the sizes of the deck allow: records, what one owner has, rows, values.
 class MemberChecks {
 public:
-    MemberChecks(const RuleContext& context, NameKeys& names)
+    MemberChecks(const RuleContext& context, NameNumbers& names)
         : context_(context)
         , names_(names)
         , counts_(context.rules.members.size())
@@ -47,7 +47,7 @@ private:
         const FindingVoice& voice, const TextRange& range, const std::string& what, const SizeLimit& limit);
 
     RuleContext context_;
-    NameKeys& names_;
+    NameNumbers& names_;
     std::vector<Count> counts_; // of each rule
 };
 

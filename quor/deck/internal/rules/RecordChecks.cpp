@@ -51,57 +51,63 @@ std::string Text(const IKeywordRecordData& record, const RecordRules::Distinct& 
 
 void RecordChecks::StartKeyword()
 {
+    keyword_ = static_cast<std::uint32_t>(context_.deck.keywords.size() - 1);
     const bool isOfLastStep = step_ == context_.GetKeyword().step;
     step_ = context_.GetKeyword().step;
-    for (std::size_t i = 0; i < seen_.size(); ++i) {
-        if (!(isOfLastStep && context_.rules.distinct[i].isOfStep))
-            seen_[i].Clear();
+    for (std::size_t i = 0; i < ofKeys_.size(); ++i) {
+        if (isOfLastStep && context_.rules.distinct[i].isOfStep)
+            continue;
+        ofNames_[i].Clear();
+        ofKeys_[i].Clear();
     }
 }
 
 void RecordChecks::CheckRequirements(
     const RecordRules& rules, const Record& record, const ValuePosition& position)
 {
-    int item = -1; // whose choice is known
-    int choice = -1;
-    for (const RecordRules::Requirement& rule : rules.requirements) {
-        if (rule.when.choice >= 0) {
-            if (rule.when.item.index != item) {
-                item = rule.when.item.index;
-                choice = ChoiceOf(record, rule.when.item);
-            }
-            if (rule.when.choice != choice)
-                continue;
-        }
-        CheckRequirement(rule, record, position);
+    const int choice = rules.decider.IsThere() ? ChoiceOf(record, rules.decider) : -1;
+    for (const std::size_t number : rules.requirementsOf[static_cast<std::size_t>(choice + 1)]) {
+        if (!IsMet(rules.requirements[number], record))
+            ReportMissing(rules.requirements[number], position);
     }
 }
 
 void RecordChecks::CheckDistinct(
     const RecordRules& rules, const Record& record, const ValuePosition& position)
 {
-    for (const RecordRules::Distinct& rule : rules.distinct)
-        CheckOneDistinct(rule, record, position);
+    for (const RecordRules::Distinct& rule : rules.distinct) {
+        if (!Holds(rule.when, record))
+            continue;
+        if (!rule.isByName) {
+            CheckKeys(rule, record, position);
+        } else if (const auto& name = TextOf(record, rule.items.front())) {
+            const auto [seen, isNew] = ofNames_[rule.number].Add(names_.Get(*name), SeenAt(position));
+            if (!isNew)
+                Replace(rule, *seen, record, position);
+        }
+    }
+}
+
+/// Whether the record gives what is required, or nothing is.
+bool RecordChecks::IsMet(const RecordRules::Requirement& requirement, const Record& record) const
+{
+    const auto isGiven = [&](const RuleItem& item) {
+        return IsGivenTarget(record, item) || IsVariable(context_.GetKeyword(), record, item);
+    };
+    const auto holds = [&](const ItemCondition& condition) { return Holds(condition, record); };
+    return !Holds(requirement.when, record)
+        || std::any_of(requirement.items.begin(), requirement.items.end(), isGiven)
+        || std::any_of(requirement.unless.begin(), requirement.unless.end(), holds);
 }
 
 /// A keyword that is required may come later: that is judged in the end.
-void RecordChecks::CheckRequirement(
-    const RecordRules::Requirement& requirement, const Record& record, ValuePosition position)
+void RecordChecks::ReportMissing(const RecordRules::Requirement& requirement, ValuePosition position)
 {
     const RequireRule& rule = *requirement.rule;
-    const auto holds = [&](const ItemCondition& condition) { return Holds(condition, record); };
-    if (!Holds(requirement.when, record)
-        || std::any_of(requirement.items.begin(), requirement.items.end(),
-            [&](const RuleItem& item) {
-                return IsGivenTarget(record, item) || IsVariable(context_.GetKeyword(), record, item);
-            })
-        || std::any_of(requirement.unless.begin(), requirement.unless.end(), holds))
-        return;
     position.item = requirement.when.item.index;
     if (!rule.present.empty()) {
         if (isSure_ && presence_.IsBegun() && !IsSatisfied(rule))
-            pending_.push_back(
-                {&rule, static_cast<std::uint32_t>(context_.deck.keywords.size() - 1), position});
+            pending_.push_back({&rule, keyword_, position});
         return;
     }
     context_.reporter.ReportAs(rule.voice, FindValue(context_.deck, context_.GetKeyword(), position),
@@ -150,38 +156,27 @@ void RecordChecks::EndDeck()
     }
 }
 
-void RecordChecks::CheckOneDistinct(
+/// One finding for a run.
+void RecordChecks::CheckKeys(
     const RecordRules::Distinct& rule, const Record& record, const ValuePosition& position)
 {
-    if (!Holds(rule.when, record))
-        return;
-    if (!rule.last.IsThere()) {
-        const RecordKey key = KeyOfRecord(record, rule.items, rule.items.size(), 1, names_);
-        if (key.isThere)
-            CheckKey(rule, key.key, record, position);
-        return;
-    }
     for (const std::uint64_t key : RecordKeys(record, rule.items, rule.last, 1, names_).keys) {
-        if (!CheckKey(rule, key, record, position))
+        const auto [seen, isNew] = ofKeys_[rule.number].Add(key, SeenAt(position));
+        if (!isNew && Replace(rule, *seen, record, position))
             return;
     }
 }
 
-/// False if another record has it, so that it was reported.
-bool RecordChecks::CheckKey(
-    const RecordRules::Distinct& rule, std::uint64_t key, const Record& record, const ValuePosition& position)
+/// What another record has too is of this one from now on. Whether it was reported.
+bool RecordChecks::Replace(
+    const RecordRules::Distinct& rule, Seen& seen, const Record& record, const ValuePosition& position)
 {
-    const Seen here = {static_cast<std::uint32_t>(context_.deck.keywords.size() - 1),
-        static_cast<std::uint32_t>(position.element)};
-    const auto [at, isNew] = seen_[rule.number].Add(key, here);
-    if (isNew)
-        return true;
-    const Seen first = std::exchange(*at, here);
+    const Seen first = std::exchange(seen, SeenAt(position));
     const KeywordInstance& other = context_.deck.keywords[first.keyword];
     if (rule.rule->isOfOthers && other.syntax == context_.GetKeyword().syntax)
-        return true;
+        return false;
     ReportRepeated(rule, first, record, position);
-    return false;
+    return true;
 }
 
 void RecordChecks::ReportRepeated(

@@ -17,11 +17,12 @@ namespace Veld::Quor::Core::Decks {
 /// twice.
 class RecordChecks {
 public:
-    RecordChecks(const RuleContext& context, const PresenceChecks& presence, NameKeys& names)
+    RecordChecks(const RuleContext& context, const PresenceChecks& presence, NameNumbers& names)
         : context_(context)
         , presence_(presence)
         , names_(names)
-        , seen_(context.rules.distinct.size())
+        , ofNames_(context.rules.distinct.size())
+        , ofKeys_(context.rules.distinct.size())
     {
     }
 
@@ -56,22 +57,28 @@ private:
         std::uint32_t element;
     };
 
-    void CheckRequirement(
-        const RecordRules::Requirement& requirement, const Record& record, ValuePosition position);
+    bool IsMet(const RecordRules::Requirement& requirement, const Record& record) const;
+    void ReportMissing(const RecordRules::Requirement& requirement, ValuePosition position);
     bool IsSatisfied(const RequireRule& rule) const;
-    void CheckOneDistinct(
-        const RecordRules::Distinct& rule, const Record& record, const ValuePosition& position);
-    bool CheckKey(const RecordRules::Distinct& rule, std::uint64_t key, const Record& record,
-        const ValuePosition& position);
+    Seen SeenAt(const ValuePosition& position) const
+    {
+        return {keyword_, static_cast<std::uint32_t>(position.element)};
+    }
+    void CheckKeys(const RecordRules::Distinct& rule, const Record& record, const ValuePosition& position);
+    bool Replace(
+        const RecordRules::Distinct& rule, Seen& seen, const Record& record, const ValuePosition& position);
     void ReportRepeated(const RecordRules::Distinct& rule, const Seen& first, const Record& record,
         const ValuePosition& position);
 
     RuleContext context_;
     const PresenceChecks& presence_;
-    NameKeys& names_;
+    NameNumbers& names_;
     bool isSure_ = true;
-    std::uint32_t step_ = 0; // of the last keyword
-    std::vector<KeyTable<Seen>> seen_; // of each rule
+    std::uint32_t keyword_ = 0; // the last of the deck
+    std::uint32_t step_ = 0; // of that keyword
+    // Of each rule: what is told apart by one name, and all else.
+    std::vector<NumberTable<Seen>> ofNames_;
+    std::vector<KeyTable<Seen>> ofKeys_;
     std::vector<Pending> pending_;
 };
 

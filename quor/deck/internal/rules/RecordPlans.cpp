@@ -1,5 +1,7 @@
 #include "quor/deck/internal/rules/ItemSelections.h"
 #include "quor/deck/internal/rules/RulePlans.h"
+#include "quor/metadata/IKeywordChoiceMD.h"
+#include "quor/metadata/IKeywordRecordMD.h"
 
 #include <algorithm>
 
@@ -29,6 +31,33 @@ std::vector<RuleItem> FindAllItems(const IKeywordDataMD& record, const std::vect
             return {};
     }
     return items;
+}
+
+bool IsOneText(const std::vector<RuleItem>& items)
+{
+    return items.size() == 1 && items.front().type == MDType::String;
+}
+
+/// Most requirements are about one item with choices, and so few of them are to be looked at for a record.
+void AddDecider(const IKeywordDataMD& md, RecordRules& record)
+{
+    const auto isOfChoice = [](const RecordRules::Requirement& rule) { return rule.when.choice >= 0; };
+    const auto first = std::find_if(record.requirements.begin(), record.requirements.end(), isOfChoice);
+    int choices = 0;
+    if (first != record.requirements.end()) {
+        record.decider = first->when.item;
+        const auto& items = static_cast<const IKeywordRecordMD&>(md);
+        choices = static_cast<const IKeywordChoiceMD*>(items.GetItemMD(record.decider.index))->NumChoices();
+    }
+    record.requirementsOf.resize(static_cast<std::size_t>(choices) + 1);
+    for (std::size_t number = 0; number < record.requirements.size(); ++number) {
+        const ItemCondition& when = record.requirements[number].when;
+        const bool isDecided = when.choice >= 0 && when.item.index == record.decider.index;
+        for (int choice = -1; choice < choices; ++choice) {
+            if (!isDecided || when.choice == choice)
+                record.requirementsOf[static_cast<std::size_t>(choice + 1)].push_back(number);
+        }
+    }
 }
 
 } // namespace
@@ -81,8 +110,8 @@ void RulePlans::AddMembers(const Key& key, const IKeywordDataMD& md, RecordRules
         const DistinctRule& rule = rules_.distinct[number];
         const std::vector<RuleItem> items = FindAllItems(md, rule.items);
         if (Contains(rule.keywords, key.first->GetName()) && !items.empty())
-            record.distinct.push_back(
-                {&rule, number, items, FindNumber(md, rule.last), FindCondition(md, rule.when)});
+            record.distinct.push_back({&rule, number, items, FindNumber(md, rule.last),
+                FindCondition(md, rule.when), IsOneText(items) && rule.last.empty()});
     }
 }
 
@@ -99,6 +128,7 @@ void RulePlans::AddRequirements(const Key& key, const IKeywordDataMD& md, Record
             requirement.unless.push_back(FindCondition(md, unless));
         record.requirements.push_back(std::move(requirement));
     }
+    AddDecider(md, record);
 }
 
 void RulePlans::AddTrees(const Key& key, const IKeywordDataMD& md, RecordRules& record) const

@@ -29,6 +29,9 @@ const IKeywordDataMD& ItemMDOf(const IKeywordRecordData& record, const RuleItem&
     return *static_cast<const IKeywordRecordMD&>(*record.GetMD()).GetItemMD(item.index);
 }
 
+/// In a key, where an item may be left out.
+constexpr std::uint64_t noValue = std::uint64_t(1) << 33;
+
 void AddNumber(long long number, KeyOfParts& key)
 {
     key.Add(static_cast<std::uint64_t>(number));
@@ -40,13 +43,13 @@ bool IsWhole(const RuleItem& item)
 }
 
 /// False if it has no value.
-bool AddItem(
-    const IKeywordRecordData& record, const RuleItem& item, NameKeys& names, KeyOfParts& key, bool& hasZero)
+bool AddItem(const IKeywordRecordData& record, const RuleItem& item, NameNumbers& names, KeyOfParts& key,
+    bool& hasZero)
 {
     if (item.type == MDType::String) {
         const auto& name = ItemOf<std::string>(record, item);
         if (name)
-            key.Add(names.Get(*name));
+            key.Add(names.GetPart(*name));
         return name.HasValue();
     }
     if (IsWhole(item)) {
@@ -91,8 +94,6 @@ ItemCondition FindCondition(const IKeywordDataMD& record, const RecordCondition&
 
 bool HoldsOther(const ItemCondition& condition, const IKeywordRecordData& record)
 {
-    if (!condition.rule)
-        return true;
     if (condition.rule->word.empty())
         return IsItemSet(record, condition.item);
     return HasItem(record, condition.item)
@@ -119,11 +120,11 @@ bool HasItem(const IKeywordRecordData& record, const RuleItem& item)
 
 bool IsItemSet(const IKeywordRecordData& record, const RuleItem& item)
 {
-    if (!HasItem(record, item))
-        return false;
     if (item.type == MDType::Integer)
         return NumberOf(record, item) > 0;
-    return item.type != MDType::Real || *ItemOf<double>(record, item) != 0;
+    if (item.type == MDType::Real)
+        return ItemOf<double>(record, item).ValueOr(0) != 0;
+    return HasItem(record, item);
 }
 
 std::string ValueText(const IKeywordRecordData& record, const RuleItem& item)
@@ -134,8 +135,18 @@ std::string ValueText(const IKeywordRecordData& record, const RuleItem& item)
     return ToText(md, ItemValue(md, record.GetData(item.index)));
 }
 
+std::uint32_t NameNumbers::Find(const std::string& name)
+{
+    const auto count = static_cast<std::uint32_t>(names_.size());
+    const auto [number, isNew] = numbers_.Add(KeyOfName(name), count);
+    if (isNew)
+        names_.push_back({name, 0});
+    names_[number_].next = *number;
+    return *number;
+}
+
 RecordKey KeyOfRecord(const IKeywordRecordData& record, const std::vector<RuleItem>& items, std::size_t count,
-    std::size_t required, NameKeys& names)
+    std::size_t required, NameNumbers& names)
 {
     KeyOfParts key;
     RecordKey found;
@@ -144,7 +155,7 @@ RecordKey KeyOfRecord(const IKeywordRecordData& record, const std::vector<RuleIt
             continue;
         if (i < required)
             return found;
-        key.Add(KeyOfName("*"));
+        key.Add(noValue);
         found.hasZero = true;
     }
     found.key = key.Get();
@@ -153,7 +164,7 @@ RecordKey KeyOfRecord(const IKeywordRecordData& record, const std::vector<RuleIt
 }
 
 RecordKeys::RecordKeys(const IKeywordRecordData& record, const std::vector<RuleItem>& items,
-    const RuleItem& last, std::size_t required, NameKeys& names)
+    const RuleItem& last, std::size_t required, NameNumbers& names)
 {
     const RecordKey key =
         KeyOfRecord(record, items, items.size() - (last.IsThere() ? 1 : 0), required, names);
@@ -174,14 +185,14 @@ RecordKeys::RecordKeys(const IKeywordRecordData& record, const std::vector<RuleI
     }
 }
 
-std::uint64_t KeyOfName(const IKeywordRecordData& record, const RuleItem& item, NameKeys& names)
+std::uint64_t KeyOfName(const IKeywordRecordData& record, const RuleItem& item, NameNumbers& names)
 {
     if (!HasItem(record, item))
         return 0;
     if (item.type != MDType::String)
         return KeyOfName(ValueText(record, item));
     const std::string& name = *ItemOf<std::string>(record, item);
-    return name.find_first_of("*?") == std::string::npos ? names.Get(name) : 0;
+    return name.find_first_of("*?") == std::string::npos ? names.GetPart(name) : 0;
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "quor/data/IKeywordRecordData.h"
+#include "quor/deck/internal/rules/KeyTable.h"
 #include "quor/deck/internal/rules/NameTable.h"
 #include "quor/deck/internal/rules/RuleSet.h"
 #include "quor/foundation/service/Optional.h"
@@ -10,6 +11,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
@@ -34,6 +36,12 @@ struct ItemCondition {
 
 /// `record`: the metadata of a record. `condition` must outlive it.
 ItemCondition FindCondition(const Keywords::IKeywordDataMD& record, const RecordCondition& condition);
+/// Of an item that is a text.
+inline const Core::Service::Optional<std::string>& TextOf(
+    const Keywords::IKeywordRecordData& record, const RuleItem& item)
+{
+    return *static_cast<const Core::Service::Optional<std::string>*>(record.GetData(item.index));
+}
 /// Of an item that is a whole number; 0 if it has no value.
 long long NumberOf(const Keywords::IKeywordRecordData& record, const RuleItem& item);
 /// Of an item with choices; -1 if it has no value.
@@ -48,32 +56,48 @@ bool IsItemSet(const Keywords::IKeywordRecordData& record, const RuleItem& item)
 /// As it stands in a deck, a text without quotes; empty if it has no value.
 std::string ValueText(const Keywords::IKeywordRecordData& record, const RuleItem& item);
 
-/// Whether the record is as the condition says, which is about no choice.
+/// Whether the record is as the condition says, which is there, and about no choice.
 bool HoldsOther(const ItemCondition& condition, const Keywords::IKeywordRecordData& record);
 /// Whether the record is as the condition says; true if there is none.
 inline bool Holds(const ItemCondition& condition, const Keywords::IKeywordRecordData& record)
 {
-    return condition.choice >= 0 ? ChoiceOf(record, condition.item) == condition.choice
-                                 : HoldsOther(condition, record);
+    if (condition.choice >= 0)
+        return ChoiceOf(record, condition.item) == condition.choice;
+    return !condition.rule || HoldsOther(condition, record);
 }
 
-/// The keys of the names of a record, of which several rules in a row ask for the same.
-class NameKeys {
+/// Numbers for the names of records, the same for names that differ in case alone.
+class NameNumbers {
 public:
-    /// Of a text of the record.
-    std::uint64_t Get(const std::string& name)
+    NameNumbers() { numbers_.Add(KeyOfName(""), 0); }
+
+    /// From 0 on, of a text of the record. Several rules in a row ask for the same.
+    std::uint32_t Get(const std::string& name)
     {
-        if (&name != last_)
-            key_ = KeyOfName(name);
-        last_ = &name;
-        return key_;
+        if (&name != last_) {
+            const std::uint32_t likely = names_[number_].next;
+            number_ = std::string_view(names_[likely].text) == name ? likely : Find(name);
+            last_ = &name;
+        }
+        return number_;
     }
+    /// As a part of a key: no number of an item is the same.
+    std::uint64_t GetPart(const std::string& name) { return (std::uint64_t(1) << 32) + Get(name); }
     /// Another record comes.
     void Forget() { last_ = nullptr; }
 
 private:
+    struct Name {
+        std::string text;
+        std::uint32_t next; // the number of the name that came after it: it often comes again
+    };
+
+    std::uint32_t Find(const std::string& name);
+
+    KeyTable<std::uint32_t> numbers_; // by the keys of the names
+    std::vector<Name> names_ = {{"", 0}}; // by number
     const std::string* last_ = nullptr;
-    std::uint64_t key_ = 0;
+    std::uint32_t number_ = 0; // of the last one
 };
 
 /// What tells records apart: the values of some items, as a number that is the same for the same values. That
@@ -85,18 +109,18 @@ struct RecordKey {
 };
 /// Of the first `count` items, the first `required` of which must have a value.
 RecordKey KeyOfRecord(const Keywords::IKeywordRecordData& record, const std::vector<RuleItem>& items,
-    std::size_t count, std::size_t required, NameKeys& names);
+    std::size_t count, std::size_t required, NameNumbers& names);
 
 /// The same of a record whose last item may run on to another one, `last`: there is a key for each number.
 struct RecordKeys {
     RecordKeys(const Keywords::IKeywordRecordData& record, const std::vector<RuleItem>& items,
-        const RuleItem& last, std::size_t required, NameKeys& names);
+        const RuleItem& last, std::size_t required, NameNumbers& names);
 
     boost::container::small_vector<std::uint64_t, 4> keys;
     bool hasZero = false; ///< as that of a `RecordKey`
 };
 
 /// The same for one text; 0 if it has none, or one that stands for several names.
-std::uint64_t KeyOfName(const Keywords::IKeywordRecordData& record, const RuleItem& item, NameKeys& names);
+std::uint64_t KeyOfName(const Keywords::IKeywordRecordData& record, const RuleItem& item, NameNumbers& names);
 
 } // namespace Veld::Quor::Core::Decks

@@ -39,8 +39,8 @@ RuleChecks::RuleChecks(const RuleContext& context)
     , names_(context)
     , numbers_(context)
     , presence_(context, names_)
-    , records_(context, presence_, nameKeys_)
-    , members_(context, nameKeys_)
+    , records_(context, presence_, nameNumbers_)
+    , members_(context, nameNumbers_)
     , matches_(context)
     , trees_(context)
     , arrays_(context)
@@ -192,39 +192,37 @@ void RuleChecks::CheckRoot(const RecordRules& rules)
     ForEachRecord(root, [&](const Record& record, std::size_t i) { CheckRecord(rules, record, {i}); });
 }
 
-/// Most records have rules of one or two kinds: the others cost no call.
+/// Most records have rules of a few kinds: the others cost no call.
 void RuleChecks::CheckRecord(const RecordRules& rules, const Record& record, const ValuePosition& position)
 {
-    nameKeys_.Forget();
+    nameNumbers_.Forget();
     const bool isUndefined = !rules.names.empty() && CheckNames(rules, record, position);
-    const bool isOutside =
-        !rules.indices.empty() && !isOfLocalGrid_ && numbers_.CheckIndices(rules, record, position);
-    if (!rules.assignments.empty())
-        numbers_.CheckAssignments(rules, record, position);
+    const bool isOutside = rules.hasNumbers && CheckNumbers(rules, record, position);
     if (!rules.requirements.empty())
         records_.CheckRequirements(rules, record, position);
-    if (!isOutside && !rules.orders.empty())
-        numbers_.CheckOrders(rules, record, position);
     if (!isOutside && !rules.distinct.empty())
         records_.CheckDistinct(rules, record, position);
-    if (!isOutside && (!rules.members.empty() || !rules.lengths.empty()))
+    if (!rules.hasOthers)
+        return;
+    if (!isOutside)
         members_.Check(rules, record, position);
-    if (!rules.trees.empty())
-        trees_.Follow(rules, record, position);
-    if (!rules.matches.empty())
-        FollowMatches(rules, record, position, isOutside || isUndefined);
+    trees_.Follow(rules, record, position);
+    if (isOutside || isUndefined) // what the record is about is not known
+        matches_.Lose(rules);
+    else
+        matches_.Follow(rules, record, position);
     for (const RecordRules& inner : rules.inner)
         CheckInner(inner, *static_cast<const IKeywordData*>(record.GetData(inner.item)), position);
 }
 
-/// `isWrong`: what the record is about is not known.
-void RuleChecks::FollowMatches(
-    const RecordRules& rules, const Record& record, const ValuePosition& position, bool isWrong)
+/// Whether one was reported that is outside the grid.
+bool RuleChecks::CheckNumbers(const RecordRules& rules, const Record& record, const ValuePosition& position)
 {
-    if (isWrong)
-        matches_.Lose(rules);
-    else
-        matches_.Follow(rules, record, position);
+    const bool isOutside = !isOfLocalGrid_ && numbers_.CheckIndices(rules, record, position);
+    numbers_.CheckAssignments(rules, record, position);
+    if (!isOutside)
+        numbers_.CheckOrders(rules, record, position);
+    return isOutside;
 }
 
 /// A record within a record, or a list of them.

@@ -45,8 +45,7 @@ private:
     void CheckRecord(const RecordRules& rules, const Record& record, const ValuePosition& position);
     void CheckInner(
         const RecordRules& rules, const Keywords::IKeywordData& data, const ValuePosition& position);
-    void FollowMatches(
-        const RecordRules& rules, const Record& record, const ValuePosition& position, bool isWrong);
+    bool CheckNumbers(const RecordRules& rules, const Record& record, const ValuePosition& position);
     bool CheckNames(const RecordRules& rules, const Record& record, const ValuePosition& position);
     bool CheckUnsettled(
         const RecordRules& rules, const Record& record, const ValuePosition& position, bool& isSettled);
@@ -61,7 +60,7 @@ private:
 
     const DeckContents& deck_;
     RulePlans plans_;
-    NameKeys nameKeys_;
+    NameNumbers nameNumbers_;
     NameChecks names_;
     NumberChecks numbers_;
     PresenceChecks presence_;

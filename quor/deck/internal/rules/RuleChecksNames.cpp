@@ -26,18 +26,16 @@ const Optional<T>& NameIn(const IKeywordRecordData& record, int item)
 }
 
 /// Of what the rules of names look at in the record.
-std::uint64_t KeyOfNames(const RecordRules& rules, const IKeywordRecordData& record, NameKeys& keys)
+std::uint64_t KeyOfNames(const RecordRules& rules, const IKeywordRecordData& record, NameNumbers& numbers)
 {
     KeyOfParts key;
     key.Add(rules.number);
-    for (const RuleItem& item : rules.nameItems) {
-        if (item.type == MDType::Integer) {
-            key.Add(static_cast<std::uint64_t>(NameIn<int>(record, item.index).ValueOr(0)));
-            continue;
-        }
-        const auto& name = NameIn<std::string>(record, item.index);
-        key.Add(name ? keys.Get(*name) : 0);
+    for (const RuleItem& item : rules.nameTexts) {
+        const auto& name = TextOf(record, item);
+        key.Add(name ? numbers.GetPart(*name) : 0);
     }
+    for (const RuleItem& item : rules.nameNumbers)
+        key.Add(static_cast<std::uint64_t>(ChoiceOf(record, item)));
     for (const ItemCondition& condition : rules.nameConditions)
         key.Add(Holds(condition, record) ? 1 : 0);
     return key.Get();
@@ -49,9 +47,9 @@ std::uint64_t KeyOfNames(const RecordRules& rules, const IKeywordRecordData& rec
 bool RuleChecks::CheckNames(const RecordRules& rules, const Record& record, const ValuePosition& position)
 {
     bool isSettled = true;
-    if (rules.nameItems.empty())
+    if (rules.nameTexts.empty() && rules.nameNumbers.empty())
         return CheckUnsettled(rules, record, position, isSettled);
-    const std::uint64_t key = KeyOfNames(rules, record, nameKeys_);
+    const std::uint64_t key = KeyOfNames(rules, record, nameNumbers_);
     if (settled_.Has(key))
         return false;
     const bool isUndefined = CheckUnsettled(rules, record, position, isSettled);

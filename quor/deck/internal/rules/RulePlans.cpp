@@ -72,19 +72,28 @@ bool IsOverwritten(const OverwriteRule& rule, const RulePlans::Key& key)
         && (rule.sections.empty() || Contains(rule.sections, key.second));
 }
 
+void AddOnce(const RuleItem& item, std::vector<RuleItem>& items)
+{
+    const auto isSame = [&](const RuleItem& other) { return other.index == item.index; };
+    if (std::none_of(items.begin(), items.end(), isSame))
+        items.push_back(item);
+}
+
 /// What is said of names that are given by lists, or of arrays, depends on more than the names.
 void AddNameItems(RecordRules& record)
 {
     for (const RecordRules::Name& name : record.names) {
-        const auto isSameItem = [&](const RuleItem& other) { return other.index == name.item; };
         const auto isSameCondition = [&](const ItemCondition& other) {
             return other.item.index == name.when.item.index && other.rule->word == name.when.rule->word;
         };
-        if (name.isArray || name.type == MDType::List)
-            return record.nameItems.clear();
-        if (std::none_of(record.nameItems.begin(), record.nameItems.end(), isSameItem))
-            record.nameItems.push_back({name.item, name.type});
-        if (name.when.rule
+        if (name.isArray || name.type == MDType::List) {
+            record.nameTexts.clear();
+            return record.nameNumbers.clear();
+        }
+        AddOnce({name.item, name.type}, name.type == MDType::String ? record.nameTexts : record.nameNumbers);
+        if (name.when.choice >= 0)
+            AddOnce(name.when.item, record.nameNumbers);
+        else if (name.when.rule
             && std::none_of(record.nameConditions.begin(), record.nameConditions.end(), isSameCondition))
             record.nameConditions.push_back(name.when);
     }
@@ -185,10 +194,11 @@ RecordRules RulePlans::MakeRecord(const Key& key, const IKeywordDataMD& md)
         if (!inner.isEmpty)
             record.inner.push_back(std::move(inner));
     }
-    record.isEmpty = record.names.empty() && record.indices.empty() && record.orders.empty()
-        && record.assignments.empty() && record.members.empty() && record.lengths.empty()
-        && record.distinct.empty() && record.requirements.empty() && record.trees.empty()
-        && record.matches.empty() && record.inner.empty();
+    record.hasNumbers = !record.indices.empty() || !record.orders.empty() || !record.assignments.empty();
+    record.hasOthers = !record.members.empty() || !record.lengths.empty() || !record.trees.empty()
+        || !record.matches.empty() || !record.inner.empty();
+    record.isEmpty = record.names.empty() && record.distinct.empty() && record.requirements.empty()
+        && !record.hasNumbers && !record.hasOthers;
     return record;
 }
 

@@ -65,6 +65,7 @@ struct RecordRules {
         std::vector<RuleItem> items;
         RuleItem last;
         ItemCondition when;
+        bool isByName; ///< one text is all that tells records apart
     };
     struct Match {
         std::size_t number; ///< among the rules of matches
@@ -88,8 +89,10 @@ struct RecordRules {
     };
 
     std::vector<Name> names;
-    std::vector<RuleItem> nameItems; ///< of `names`, each once; empty unless all are texts or numbers
-    std::vector<ItemCondition> nameConditions; ///< of `names`, each once
+    // What `names` look at, each once. No texts and no numbers: that is not all that they depend on.
+    std::vector<RuleItem> nameTexts;
+    std::vector<RuleItem> nameNumbers; ///< also items with choices, of conditions
+    std::vector<ItemCondition> nameConditions; ///< all others
     std::vector<Index> indices;
     std::vector<Order> orders;
     std::vector<Assignment> assignments;
@@ -97,12 +100,17 @@ struct RecordRules {
     std::vector<Length> lengths;
     std::vector<Distinct> distinct;
     std::vector<Requirement> requirements;
+    RuleItem decider; ///< an item with choices on which requirements depend; not there: there is none
+    std::vector<std::vector<std::size_t>>
+        requirementsOf; ///< which of them may apply, by the choice of that item from -1 on
     std::vector<Tree> trees;
     std::vector<Match> matches;
     std::vector<RecordRules> inner; ///< of items that are records or lists of records
     int item = -1; ///< of these: the item
     std::size_t number = 0; ///< which other records don't have
     std::optional<std::size_t> slashes; ///< that end what is before it in the element; empty: not known
+    bool hasNumbers = false; ///< there are indices, orders or assignments
+    bool hasOthers = false; ///< there are members, lengths, trees, matches or inner records
     bool isEmpty = true; ///< there is no rule
 };
 
