@@ -103,13 +103,14 @@ void GenericKeywordListPtrDataImpl::RemoveData(std::size_t i)
 
 IKeywordData* GenericKeywordListPtrDataImpl::MakeElement()
 {
-    const IKeywordDataMD* const itemMD = md_->GetItemMD();
-    if (KeywordUtils::GetMDType(itemMD) != IKeywordDataMD::MDType::Record) {
-        areAllInChunks_ = false;
-        return GenericKeywordDataFactory::Construct(itemMD, syntax_).release();
-    }
-    if (!layout_)
+    if (!layout_) {
+        const IKeywordDataMD* const itemMD = md_->GetItemMD();
+        if (KeywordUtils::GetMDType(itemMD) != IKeywordDataMD::MDType::Record) {
+            areAllInChunks_ = false;
+            return GenericKeywordDataFactory::Construct(itemMD, syntax_).release();
+        }
         layout_.reset(new RecordLayout(&CastMD<const IKeywordRecordMD>(*itemMD), syntax_));
+    }
     return InChunk([&](void* place) { return GenericKeywordRecordDataImpl::MakeAt(place, *layout_); });
 }
 
@@ -155,8 +156,12 @@ void GenericKeywordListPtrDataImpl::DestroyAll()
 {
     if (areAllInChunks_ && (!layout_ || layout_->IsPlain()))
         return;
-    for (IKeywordData* const element : elements_)
-        delete element;
+    for (IKeywordData* const element : elements_) {
+        if (areAllInChunks_)
+            static_cast<GenericKeywordRecordDataImpl*>(element)->~GenericKeywordRecordDataImpl();
+        else
+            delete element;
+    }
 }
 
 } // namespace Veld::Quor::Core::Keywords

@@ -4,6 +4,8 @@
 #include "quor/data/IKeywordRecordData.h"
 #include "quor/metadata/IKeywordListMD.h"
 
+#include <string_view>
+
 // Lists of records, which may be long.
 
 namespace Veld::Quor::Core::Decks {
@@ -29,9 +31,14 @@ void DataReader::ReadPlainRecords(
 
 bool DataReader::TakePlainRecord(const DataPlan& plan, IKeywordListData& list)
 {
-    if (!plain_.Read(text_.GetRest(), plan) || !words_.MayRepeatDefaults(plain_.GetRepeated()))
+    const std::string_view text = text_.GetRest();
+    if (text.front() == '/')
         return false;
-    plain_.Fill(*static_cast<IKeywordRecordData*>(static_cast<IKeywordData*>(list.AddData(nullptr))));
+    auto& record = static_cast<IKeywordRecordData&>(*static_cast<IKeywordData*>(list.AddData(nullptr)));
+    if (!plain_.Read(text, plan, record) || !words_.MayRepeatDefaults(plain_.GetRepeated())) {
+        list.RemoveData(static_cast<std::size_t>(list.GetSize()) - 1);
+        return false;
+    }
     words_.TakePlain(plain_.GetGiven(), text_.RangeOf(plain_.GetLast()));
     notes_.PassPlain(plain_.GetGiven());
     words_.TakeSlash(text_.TakeToSlash(plain_.GetLength()));

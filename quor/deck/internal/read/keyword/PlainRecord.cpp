@@ -77,102 +77,105 @@ std::size_t FindLeadingChoice(const DataPlan& item, std::string_view line, int& 
     return 0;
 }
 
-template <class T>
-void Set(void* item, T&& value)
-{
-    *static_cast<Optional<std::decay_t<T>>*>(item) = std::forward<T>(value);
-}
-
 } // namespace
 
-bool PlainRecord::Read(std::string_view text, const DataPlan& plan)
+bool PlainRecord::Read(std::string_view text, const DataPlan& plan, IKeywordRecordData& record)
 {
-    plan_ = &plan;
-    values_.clear();
+    item_ = plan.items.data();
+    itemsEnd_ = item_ + plan.items.size();
+    record_ = &record;
+    given_ = repeated_ = 0;
     last_ = {};
-    given_ = repeated_ = length_ = 0;
+    std::string_view rest = text;
     for (;;) {
-        while (length_ < text.size() && IsBlankInLine(text[length_]))
-            ++length_;
-        if (length_ == text.size())
+        while (!rest.empty() && IsBlankInLine(rest[0]))
+            rest.remove_prefix(1);
+        if (rest.empty())
             return false;
-        if (text[length_] == '/')
+        if (rest[0] == '/') {
+            length_ = text.size() - rest.size();
             return given_ >= plan.required && !last_.empty();
-        if (!ReadWord(text.substr(length_)))
+        }
+        const std::size_t length = ReadWord(rest);
+        if (length == 0)
             return false;
-        length_ += last_.size();
+        last_ = {rest.data(), length};
+        rest.remove_prefix(length);
     }
 }
 
-bool PlainRecord::ReadWord(std::string_view line)
+/// Its length; 0 if the record is no plain one.
+std::size_t PlainRecord::ReadWord(std::string_view line)
 {
-    return IsQuote(line.front()) ? ReadQuoted(line) : ReadUsual(line) || ReadBare(line);
+    if (item_ == itemsEnd_)
+        return 0;
+    if (IsQuote(line[0]))
+        return ReadQuoted(line);
+    const std::size_t length = item_->isValid && !item_->isUnsupported ? ReadUsual(line) : 0;
+    return length > 0 ? length : ReadBare(line);
 }
 
 /// A number or a choice as most are written: it is found in one go with its end.
-bool PlainRecord::ReadUsual(std::string_view line)
+std::size_t PlainRecord::ReadUsual(std::string_view line)
 {
-    if (given_ == plan_->items.size())
-        return false;
-    const DataPlan& item = plan_->items[given_];
-    Value value = {given_, {}, 0, 0};
-    std::size_t length = 0;
-    if (item.type == MDType::Real) {
+    if (item_->type == MDType::Real) {
         const LeadingReal real = FindLeadingReal(line);
-        value.real = real.value;
-        length = IsWithinLimits(item, real.value) ? real.length : 0;
-    } else if (item.type == MDType::Integer) {
-        const LeadingInteger whole = FindLeadingInteger(line);
-        value.whole = whole.value;
-        length = IsWithinLimits(item, whole.value) ? whole.length : 0;
-    } else if (item.type == MDType::Choice) {
-        length = FindLeadingChoice(item, line, value.whole);
+        if (real.length == 0 || !EndsWord(line, real.length) || !IsWithinLimits(*item_, real.value))
+            return 0;
+        Set(double(real.value));
+        return real.length;
     }
-    if (length == 0 || !EndsWord(line, length) || !item.isValid || item.isUnsupported)
-        return false;
-    last_ = line.substr(0, length);
-    values_.push_back(value);
-    ++given_;
-    return true;
+    if (item_->type == MDType::Integer) {
+        const LeadingInteger whole = FindLeadingInteger(line);
+        if (whole.length == 0 || !EndsWord(line, whole.length) || !IsWithinLimits(*item_, whole.value))
+            return 0;
+        Set(int(whole.value));
+        return whole.length;
+    }
+    int choice = 0;
+    const std::size_t length = item_->type == MDType::Choice ? FindLeadingChoice(*item_, line, choice) : 0;
+    if (length > 0)
+        Set(int(choice));
+    return length;
 }
 
-bool PlainRecord::ReadQuoted(std::string_view line)
+std::size_t PlainRecord::ReadQuoted(std::string_view line)
 {
     std::size_t end = 1;
     while (end < line.size() && line[end] != line[0] && line[end] != '\n')
         ++end;
     if (end == 1 || !EndsWord(line, end + 1) || line[end] == '\n')
-        return false;
+        return 0;
     const std::string_view text = line.substr(1, end - 1);
     const bool isPadded = IsBlankInLine(text.front()) || IsBlankInLine(text.back());
-    last_ = line.substr(0, end + 1);
-    return !isPadded && text.find('$') == std::string_view::npos && TakeValue(text, true);
+    return !isPadded && text.find('$') == std::string_view::npos && TakeValue(text, true) ? end + 1 : 0;
 }
 
-bool PlainRecord::ReadBare(std::string_view line)
+std::size_t PlainRecord::ReadBare(std::string_view line)
 {
     std::size_t end = FindOdd(line, 0);
     for (; end < line.size(); end = FindOdd(line, end + 1)) {
         const char c = line[end];
         if (c == '*' && IsNumber(line.substr(0, end))) {
-            last_ = line.substr(0, end + 1);
-            return EndsWord(line, end + 1) && TakeDefaults(static_cast<std::size_t>(FindRepeat(last_).count));
+            const std::size_t count = static_cast<std::size_t>(FindRepeat(line.substr(0, end + 1)).count);
+            return EndsWord(line, end + 1) && TakeDefaults(count) ? end + 1 : 0;
         }
         const bool isPart = c == '*' || (c == '-' && end + 1 < line.size() && line[end + 1] != '-');
         if (!isPart)
             break;
     }
-    last_ = line.substr(0, end);
-    return end > 0 && EndsWord(line, end) && last_ != "-" && TakeValue(last_, false);
+    const std::string_view text = line.substr(0, end);
+    return end > 0 && EndsWord(line, end) && text != "-" && TakeValue(text, false) ? end : 0;
 }
 
 bool PlainRecord::TakeDefaults(std::size_t count)
 {
-    if (count == 0 || count > plan_->items.size() - given_)
+    if (count == 0 || count > static_cast<std::size_t>(itemsEnd_ - item_))
         return false;
     repeated_ += count - 1;
-    for (; count > 0; --count, ++given_) {
-        if (!plan_->items[given_].MayBeMissing())
+    given_ += count;
+    for (; count > 0; --count, ++item_) {
+        if (!item_->MayBeMissing())
             return false;
     }
     return true;
@@ -180,29 +183,31 @@ bool PlainRecord::TakeDefaults(std::size_t count)
 
 bool PlainRecord::TakeValue(std::string_view text, bool isQuoted)
 {
-    if (given_ == plan_->items.size())
-        return false;
-    const DataPlan& item = plan_->items[given_];
-    Value& value = values_.emplace_back(Value{given_++, text, 0, 0});
-    const auto take = [&value](std::optional<int> whole) {
-        value.whole = whole.value_or(0);
-        return whole.has_value();
-    };
+    const DataPlan& item = *item_;
     if (!item.isValid || item.isUnsupported)
         return false;
+    const auto take = [this](const auto& value) {
+        if (value)
+            Set(std::decay_t<decltype(*value)>(*value));
+        return value.has_value();
+    };
     switch (item.type) {
     case MDType::String:
-        return item.longest <= 0 || text.size() <= static_cast<std::size_t>(item.longest);
+        if (item.longest > 0 && text.size() > static_cast<std::size_t>(item.longest))
+            return false;
+        Set(std::string(text));
+        return true;
     case MDType::Choice:
         return take(FindChoice(item, text));
     case MDType::Boolean:
         return take(ToBoolean(text));
-    case MDType::Integer:
-        return !isQuoted && take(ToInteger(text)) && IsWithinLimits(item, value.whole);
+    case MDType::Integer: {
+        const std::optional<int> whole = isQuoted ? std::nullopt : ToInteger(text);
+        return whole && IsWithinLimits(item, *whole) && take(whole);
+    }
     case MDType::Real: {
         const std::optional<double> real = isQuoted ? std::nullopt : ToReal(text);
-        value.real = real.value_or(0);
-        return real && IsWithinLimits(item, value.real);
+        return real && IsWithinLimits(item, *real) && take(real);
     }
     case MDType::Assignment:
     case MDType::Line:
@@ -216,20 +221,14 @@ bool PlainRecord::TakeValue(std::string_view text, bool isQuoted)
     return false;
 }
 
-void PlainRecord::Fill(IKeywordRecordData& record) const
+/// The value of the next item.
+template <class T>
+void PlainRecord::Set(T&& value)
 {
-    for (const Value& value : values_) {
-        void* const item = record.GetData(static_cast<int>(value.item));
-        const MDType::Enum type = plan_->items[value.item].type;
-        if (type == MDType::String)
-            Set(item, std::string(value.text));
-        else if (type == MDType::Real)
-            Set(item, double(value.real));
-        else if (type == MDType::Boolean)
-            Set(item, value.whole != 0);
-        else
-            Set(item, int(value.whole));
-    }
+    static_assert(!std::is_reference_v<T>, "the value is moved");
+    *static_cast<Optional<T>*>(record_->GetData(static_cast<int>(given_))) = std::move(value);
+    ++given_;
+    ++item_;
 }
 
 } // namespace Veld::Quor::Core::Decks

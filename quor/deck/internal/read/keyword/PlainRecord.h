@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <string_view>
-#include <vector>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -13,39 +12,32 @@ namespace Veld::Quor::Core::Decks {
 /// the reader that knows every case.
 class PlainRecord {
 public:
-    /// Whether the text begins with such a record, which `plan` says may be one. The text must outlive what
-    /// was read.
-    bool Read(std::string_view text, const DataPlan& plan);
+    /// Whether the text begins with such a record, which `plan` says may be one. Its values are put into
+    /// `record`, a new one of the plan; if it is none, some may be in there.
+    bool Read(std::string_view text, const DataPlan& plan, Core::Keywords::IKeywordRecordData& record);
 
     /// Of the text, up to the slash.
     std::size_t GetLength() const { return length_; }
-    /// The last word before the slash.
+    /// The last word before the slash, in the text.
     std::string_view GetLast() const { return last_; }
     /// How many items are given, or are defaults before the slash.
     std::size_t GetGiven() const { return given_; }
     /// What repeats of defaults make beyond the words themselves.
     std::size_t GetRepeated() const { return repeated_; }
 
-    /// Puts the values into a new record of the plan.
-    void Fill(Core::Keywords::IKeywordRecordData& record) const;
-
 private:
-    struct Value {
-        std::size_t item;
-        std::string_view text; // of a text
-        double real;
-        int whole; // a number, the index of a choice, or whether it is true
-    };
-
-    bool ReadWord(std::string_view line);
-    bool ReadUsual(std::string_view line);
-    bool ReadQuoted(std::string_view line);
-    bool ReadBare(std::string_view line);
+    std::size_t ReadWord(std::string_view line);
+    std::size_t ReadUsual(std::string_view line);
+    std::size_t ReadQuoted(std::string_view line);
+    std::size_t ReadBare(std::string_view line);
     bool TakeDefaults(std::size_t count);
     bool TakeValue(std::string_view text, bool isQuoted);
+    template <class T>
+    void Set(T&& value);
 
-    const DataPlan* plan_ = nullptr;
-    std::vector<Value> values_;
+    const DataPlan* item_ = nullptr; // the next one
+    const DataPlan* itemsEnd_ = nullptr;
+    Core::Keywords::IKeywordRecordData* record_ = nullptr;
     std::size_t length_ = 0;
     std::string_view last_;
     std::size_t given_ = 0;
