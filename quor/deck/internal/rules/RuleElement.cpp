@@ -6,7 +6,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <sstream>
+#include <string_view>
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
@@ -23,34 +23,49 @@ std::string HintOf(const std::vector<std::string>& near)
 RuleElement::RuleElement(const RuleNode& node, const RuleOrigin& origin)
     : node_(node)
     , origin_(origin)
+    , isAsked_(node.attributes.size())
 {
-    for (const auto& [name, value] : node.attributes)
-        values_.push_back({name, value});
 }
 
 void RuleElement::Fail(const std::string& reason, const std::string& attribute, const std::string& hint) const
 {
-    throw RuleFailure{path_, attribute, place_, reason, hint};
+    RuleFailure failure = {{}, attribute, {}, reason, hint};
+    AddPlace(failure);
+    throw failure;
+}
+
+/// From the root down.
+void RuleElement::AddPlace(RuleFailure& failure) const
+{
+    if (!around_)
+        return;
+    around_->AddPlace(failure);
+    failure.path.push_back(number_);
+    failure.place +=
+        fmt::format("{}element {}, <{}>", failure.place.empty() ? "" : ", ", number_ + 1, node_.tag);
 }
 
 std::string RuleElement::Find(const char* attribute)
 {
-    asked_.emplace_back(attribute);
-    const auto at = std::find_if(
-        values_.begin(), values_.end(), [&](const Value& value) { return value.name == attribute; });
-    if (at == values_.end())
-        return {};
-    at->isAsked = true;
-    return at->value;
+    asked_.push_back(attribute);
+    for (std::size_t i = 0; i < node_.attributes.size(); ++i) {
+        const auto& [name, value] = node_.attributes[i];
+        if (name == attribute) {
+            isAsked_[i] = true;
+            return value;
+        }
+    }
+    return {};
 }
 
 std::string RuleElement::Get(const char* attribute)
 {
     std::string value = Find(attribute);
     if (value.empty()) {
-        for (const Value& other : values_) {
-            if (const auto near = FindNearest({attribute}, other.name); !other.isAsked && !near.empty())
-                Refuse(other.name, near);
+        for (std::size_t i = 0; i < node_.attributes.size(); ++i) {
+            const std::string& other = node_.attributes[i].first;
+            if (const auto near = FindNearest({attribute}, other); !isAsked_[i] && !near.empty())
+                Refuse(other, near);
         }
         Fail(fmt::format("missing attribute '{}'", attribute));
     }
@@ -59,12 +74,16 @@ std::string RuleElement::Get(const char* attribute)
 
 std::vector<std::string> RuleElement::FindWords(const char* attribute)
 {
-    std::istringstream words(Find(attribute));
-    words.exceptions(std::ios::badbit); // else memory that runs out ends it early
-    std::vector<std::string> found;
-    for (std::string word; words >> word;)
-        found.push_back(word);
-    return found;
+    constexpr std::string_view white = " \t\n\v\f\r";
+    const std::string text = Find(attribute);
+    std::vector<std::string> words;
+    for (std::size_t end = 0;;) {
+        const std::size_t begin = text.find_first_not_of(white, end);
+        if (begin == std::string::npos)
+            return words;
+        end = text.find_first_of(white, begin);
+        words.push_back(text.substr(begin, end - begin));
+    }
 }
 
 std::vector<std::string> RuleElement::GetWords(const char* attribute)
@@ -175,9 +194,10 @@ void RuleElement::CheckChoice(const std::vector<std::string>& keywords, const st
 
 void RuleElement::CheckAllAsked() const
 {
-    for (const Value& value : values_) {
-        if (!value.isAsked)
-            Refuse(value.name, FindNearest(asked_, value.name));
+    for (std::size_t i = 0; i < node_.attributes.size(); ++i) {
+        const std::string& name = node_.attributes[i].first;
+        if (!isAsked_[i])
+            Refuse(name, FindNearest({asked_.begin(), asked_.end()}, name));
     }
 }
 
@@ -186,10 +206,8 @@ void RuleElement::ForEachChild(const std::function<void(RuleElement)>& use) cons
     std::size_t number = 0;
     for (const RuleNode& child : node_.children) {
         RuleElement element(child, origin_);
-        element.path_ = path_;
-        element.path_.push_back(number++);
-        element.place_ =
-            fmt::format("{}{}element {}, <{}>", place_, place_.empty() ? "" : ", ", number, child.tag);
+        element.around_ = this;
+        element.number_ = number++;
         use(std::move(element));
     }
 }

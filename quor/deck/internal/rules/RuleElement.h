@@ -2,6 +2,8 @@
 
 #include "quor/deck/internal/rules/RuleWords.h"
 
+#include <boost/container/small_vector.hpp>
+
 #include <cstddef>
 #include <functional>
 #include <set>
@@ -86,20 +88,15 @@ public:
     void ForEachChild(const std::function<void(RuleElement)>& use) const;
 
 private:
-    struct Value {
-        std::string name;
-        std::string value;
-        bool isAsked = false;
-    };
-
     [[noreturn]] void Refuse(const std::string& attribute, const std::vector<std::string>& near) const;
+    void AddPlace(RuleFailure& failure) const;
 
     const RuleNode& node_;
     const RuleOrigin& origin_;
-    std::vector<std::size_t> path_;
-    std::string place_;
-    std::vector<Value> values_;
-    std::vector<std::string> asked_;
+    const RuleElement* around_ = nullptr; // null: it is the root
+    std::size_t number_ = 0; // among the children of that
+    std::vector<bool> isAsked_; // of each attribute of the node
+    boost::container::small_vector<const char*, 16> asked_; // also those that it lacks
 };
 
 } // namespace Veld::Quor::Core::Decks
