@@ -136,7 +136,8 @@ std::size_t KeptText::ReadWord(std::string_view line, std::size_t offset)
     read.whole = read.isNumber ? CountWhole(read.text) : 0;
     read.isRepeated = word.repeat.count > 1;
     TextRow& row = rows_.GetLast();
-    row.isChanged = row.isChanged || read.text != spelling;
+    const bool isKept = read.text.data() == spelling.data(); // as nearly always
+    row.isChanged = row.isChanged || (!isKept && read.text != spelling);
     isCut_ = isCut_ || read.text.empty() || (plan_.type == MDType::Map && row.isChanged);
     if (!read.text.empty())
         rows_.Add(read);

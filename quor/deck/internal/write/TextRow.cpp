@@ -1,5 +1,7 @@
 #include "quor/deck/internal/write/TextRow.h"
 
+#include <boost/container/flat_map.hpp>
+
 #include <algorithm>
 #include <utility>
 
@@ -121,22 +123,19 @@ private:
     /// Where most words are, or the first one.
     std::size_t FindUsualPosition(Edge edge) const
     {
-        std::vector<std::size_t> positions;
+        boost::container::flat_map<std::size_t, std::size_t> counts; // of words by position
         for (const auto& [row, word] : words_) {
             if (!word->IsDefault())
-                positions.push_back(PositionOf(*word, edge));
+                ++counts[PositionOf(*word, edge)];
         }
-        std::sort(positions.begin(), positions.end());
         std::size_t usual = PositionOf(*words_.front().second, edge);
-        const auto first = std::equal_range(positions.begin(), positions.end(), usual);
-        auto most = first.second - first.first;
-        for (auto at = positions.begin(); at != positions.end();) {
-            const auto end = std::upper_bound(at, positions.end(), *at);
-            if (end - at > most) {
-                most = end - at;
-                usual = *at;
+        const auto first = counts.find(usual);
+        std::size_t most = first == counts.end() ? 0 : first->second;
+        for (const auto& [position, count] : counts) {
+            if (count > most) {
+                most = count;
+                usual = position;
             }
-            at = end;
         }
         return usual;
     }
