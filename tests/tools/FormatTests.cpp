@@ -44,7 +44,7 @@ TwoNames: printf "$R x.inc /\nINCLUDE\n y.inc /" >a/b/d.data; echo OIL >a/b/x.in
 OneFile (--one-file): printf "$R '$PWD/inc/x.inc' /" >a/b/d.data; echo OIL >inc/x.inc => ./d.data\n
 Absolute: printf "$R '$PWD/inc/x.inc' /" >a/b/d.data; echo OIL >inc/x.inc => => d.data:2: '/inc/x.inc' is included by its absolute path, and would be elsewhere too
 BackFromALink: mkdir -p x/y; ln -s ../../x/y a/b/l; printf "$R l/../z.inc /" >a/b/d.data; echo OIL >x/z.inc => => 'l/../z.inc' goes back from a link, and would be another file elsewhere
-LinkInTheFolder: printf "$R c/x.inc /" >a/b/d.data; mkdir a/b/c out; echo OIL >a/b/c/x.inc; ln -s ../inc out/c => => '../../out/c/x.inc' is a link, or behind one that leads elsewhere
+LinkInTheFolder: printf "$R c/x.inc /" >a/b/d.data; mkdir a/b/c out; echo OIL >a/b/c/x.inc; ln -s ../inc out/c => => '../../out/c/x.inc' is a link, or in a linked folder
 ItsOwnFolder: echo RUNSPEC >a/b/d.data; ln -s a/b out => ./d.data\n => '../../out/d.data' is a file of the deck; use --in-place to overwrite it
 )")),
     CaseName<Row>);

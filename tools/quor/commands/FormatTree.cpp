@@ -58,8 +58,7 @@ void CheckTarget(
 {
     const fs::path actual = fs::weakly_canonical(target);
     if (actual != (fs::weakly_canonical(folder / "") / inner).lexically_normal())
-        throw TreeError(fmt::format(
-            "'{}' is a link, or behind one that leads elsewhere", MakePrintable(target.string())));
+        throw TreeError(fmt::format("'{}' is a link, or in a linked folder", MakePrintable(target.string())));
     if (sources.count(actual) > 0)
         throw TreeError(fmt::format(
             "'{}' is a file of the deck; use --in-place to overwrite it", MakePrintable(target.string())));

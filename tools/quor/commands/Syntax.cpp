@@ -85,7 +85,7 @@ Command MakeSyntaxCommand(CLI::App& application)
         "B is added to A, as --syntax does: keywords that it doesn't have remain");
     AddFormatOption(command, options->isJson);
     command.footer(
-        "A line is one change: ! breaks decks that were right, or gives them another meaning, ~ does not.\n"
+        "A line is one change: ! breaks decks that were right, or changes what they mean, ~ does not.\n"
         "Keywords, items, choices and aliases that are removed break decks, and so do other types, units "
         "and\n"
         "defaults, narrower limits and validity, and a new item before others or without a default. A new\n"

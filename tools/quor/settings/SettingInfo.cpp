@@ -63,7 +63,7 @@ std::vector<SettingInfo> MakeSettings()
         {"check.baseline", "--baseline", "FILE", "Hide the findings that are listed in this file",
             &Settings::baseline, "none"},
         {"format.normalize", "--normalize", "",
-            "Lay all out anew: the shortest numbers, no needless quotes, repeats combined, no gaps between "
+            "Rewrite all data: the shortest numbers, no needless quotes, repeats combined, no gaps between "
             "columns",
             &Settings::isNormalized, "false"},
     };
