@@ -154,13 +154,11 @@ std::size_t AddressParser::TakeNumber()
     return number;
 }
 
-/// Something follows that can't.
+/// Something follows that can't. After a date it is a part of the date.
 void AddressParser::FailAfter(const ValueAddress& address) const
 {
     if (address.number > 0)
         Fail("invalid address '{}': expected the end at {}", position_);
-    if (!address.date.empty())
-        Fail("invalid address '{}': expected '#' or the end at {}", position_);
     if (!address.items.empty() || !address.identifiers.empty())
         Fail("invalid address '{}': expected '.', '@', '#' or the end at {}", position_);
     Fail("invalid address '{}': expected '[', '.', '@', '#' or the end at {}", position_);
