@@ -45,7 +45,7 @@ public:
     ~ReadCancelled() override;
 };
 
-/// How a deck is read. Functions are called by the thread that reads; what they throw ends the read. Setters
+/// How a deck is read. Functions are called by the thread that reads, which throws what they throw. Setters
 /// return the object itself: keep a chain of them as a value, not as a reference. An object that was moved
 /// from may be assigned to and destroyed; all else throws `std::logic_error`.
 ///
