@@ -7,7 +7,7 @@ const stepText = (deck, step) => deck.steps[step] || (step ? `step ${step}` : "t
 /// The first and the last time of all decks.
 const timeSpan = () => [Math.min(...decks.map(deck => timeOf(deck, 0))), Math.max(...decks.map(deck => timeOf(deck, deck.steps.length - 1)))];
 
-/// Round dates for an axis, at most eight: starts of years or of months; of a short time five even parts.
+/// Round dates for an axis, at most eight: starts of years or of months; of a short time at most five even parts.
 function marksOf([first, last]) {
     const year = new Date(first).getUTCFullYear();
     for (const months of hasDates() ? [1, 3, 6, 12, 24, 60, 120, 240, 600] : []) {
@@ -18,7 +18,8 @@ function marksOf([first, last]) {
         if (marks.length < 3) break;
         if (marks.length < 9) return marks;
     }
-    return [0, 0.25, 0.5, 0.75, 1].map(at => Math.round(first + at * (last - first)));
+    const parts = [0, 0.25, 0.5, 0.75, 1].map(at => Math.round(first + at * (last - first)));
+    return parts.filter((time, i) => !i || dateOf(time) !== dateOf(parts[i - 1]));
 }
 
 const uses = ["introduced", "produces", "injects"]; // all else is closed in one way or another
