@@ -112,6 +112,18 @@ std::size_t FindX(const ordered_json& columns, bool hasBranches)
     return hasBranches && columns.size() > 1 ? 1 : 0;
 }
 
+/// The items that are lists of values: no columns, since each row may have another number of them.
+ordered_json ListsIn(const IKeywordRecordMD& record)
+{
+    auto names = ordered_json::array();
+    for (int i = 0; i < record.GetSize(); ++i) {
+        const IKeywordDataMD* const item = ItemOfList(record.GetItemMD(i));
+        if (item && !FindRecordMD(item))
+            names.push_back(record.GetItemMD(i)->GetName());
+    }
+    return names;
+}
+
 class TableWriter {
 public:
     TableWriter(const Decks::Deck& deck, const Decks::DeckLanguage& language)
@@ -182,7 +194,7 @@ ordered_json TableWriter::Write(const Decks::DeckKeyword& keyword) const
         return nullptr;
     return {{"keyword", keyword.GetName()}, {"text", keyword.GetSyntax().GetDescription()},
         {"section", SectionType::ToString(keyword.GetSection())}, {"columns", columns},
-        {"x", FindX(columns, FindRows(*record) >= 0)}, {"regions", regions}};
+        {"x", FindX(columns, FindRows(*record) >= 0)}, {"left", ListsIn(*record)}, {"regions", regions}};
 }
 
 } // namespace

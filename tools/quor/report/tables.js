@@ -25,6 +25,9 @@ function versionsOf(pair) {
         remark: pair.length < 2 ? "" : areAlike ? "the same in both decks" : versions.length > 1 ? "differs" : `only in ${versions[0].deck.label}` };
 }
 
+/// What a table is about, and what of it isn't shown.
+const textOf = table => table.text + (table.left.length ? ` Not shown: ${table.left.join(", ")}.` : "");
+
 function headOf(title, text, remark) {
     return [make("h3", {}, title, remark ? make("small", {}, ` ${remark}`) : ""), make("p", { class: "note" }, text)];
 }
@@ -55,7 +58,7 @@ function showTable(pair) {
     const rows = versions.flatMap(version => version.table.regions.flatMap((region, i) => region.rows.map(row =>
         [i + 1, ...(named ? [version.deck.label] : []), ...row.map(value => value === null ? null : short(value))])));
     rows.sort((one, other) => one[0] - other[0]);
-    return make("div", {}, headOf(table.keyword, table.text, remark),
+    return make("div", {}, headOf(table.keyword, textOf(table), remark),
         makeTable(table.keyword, ["No.", ...(named ? ["Deck"] : []), ...table.columns.map(column => withUnit(column.name, column.unit))], rows, named ? 2 : 1));
 }
 
@@ -84,7 +87,7 @@ function plotTable(pair) {
         return [show, box];
     });
     const regions = Math.max(...versions.map(version => version.table.regions.length));
-    return make("div", {}, headOf(table.keyword, table.text, remark),
+    return make("div", {}, headOf(table.keyword, textOf(table), remark),
         regions > 1 ? make("div", { class: "controls" }, makeSelect("Table of", Array.from({ length: regions }, (_, i) => [i, `region ${i + 1}`]), 0, value => {
             chosen = Number(value);
             shows.forEach(([show]) => show());
