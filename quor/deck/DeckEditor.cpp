@@ -115,7 +115,7 @@ void DeckEditor::Set(const DeckValue& current, const NewValue* value)
     const auto scalar = keyword.data ? FindScalar(*keyword.data, current.path) : std::nullopt;
     if (!scalar)
         throw AddressError(fmt::format("{} has no value at this path", current.keyword.GetName()));
-    if (keyword.isSound && keyword.whole.length == keyword.name.length)
+    if (!current.range && keyword.isSound && keyword.whole.length == keyword.name.length)
         throw EditError(
             fmt::format("{} is without its data; write them after it", current.keyword.GetName()));
     if (!current.range)
