@@ -320,8 +320,7 @@ COMPDAT
             ""},
         DeckRow{"ByItemsBefore",
             "RUNSPEC\nPOLYMER\nCOAL\nREGDIMS\n 3 4* 2 /\nPROPS\nLANGMUIR\n 1 0 9 5 /\n 1 0 9 6 /\nSKPRWAT\n "
-            "1 "
-            "/\n 0 9 /\n 1 2 3 /\n 1 2 3 /\n 4 5 /\nSCHEDULE\nDATUMR\n 5 1* /\nUDT\n A 2 /\n NV 1 2 /\n LL "
+            "1 /\n 0 9 /\n 1 2 3 /\n 1 2 3 /\n 4 5 /\nSCHEDULE\nDATUMR\n 5 1* /\nUDT\n A 2 /\n NV 1 2 /\n LL "
             "10 20 /\n 1 2 /\n 3 4 /\n/\nUDT\n B /\n LC 1 2 /\n 1 2 /\n/\n",
             "d:15:6: error: SKPRWAT: too few values (expected 3, found 2) [wrong-size] | the size is "
             "VELOCITY"},
