@@ -16,6 +16,6 @@ $python -c 'import sys, quor; deck = quor.read(sys.argv[1]); print(len(deck.well
 # Nothing of the project or of its libraries comes from elsewhere.
 $python - <<'EOF'
 import quor._core
-libraries = {line.split()[-1] for line in open("/proc/self/maps") if "veld-quor" in line or "xerces" in line}
+libraries = {line.split()[-1] for line in open("/proc/self/maps") if "/libveld-quor" in line or "/libxerces" in line}
 assert libraries and all("site-packages/quor/lib/" in library for library in libraries), libraries
 EOF
