@@ -63,13 +63,13 @@ default-no-choice: x.xml:5:33: warning: K, item I: default 'OILS' matches no cho
 default-not-in-full: x.xml:5:33: warning: K, item I: default 'GA' is an abbreviation of a choice [default-not-in-full] | write the choice in full
 lost-override: x.xml:5:38: warning: K, item I: override for 'Wend' has no effect; the specified default of the choice is used [lost-override] | write a specified default for the simulator, or remove the override
 override-elsewhere: x.xml:8:47: warning: K: override for 'Wend', for which the keyword is not valid [override-elsewhere] | remove the override, or make the keyword valid for the simulator
-lower-case: x.xml:3:16: warning: permx: name 'permx' never matches because names of keywords are in upper case [lower-case] | write it in upper case
+lower-case: x.xml:3:16: warning: permx: the name never matches because names of keywords are in upper case [lower-case] | write it in upper case
 unreachable-word: x.xml:5:54: warning: K, item I: unreachable choice or alias 'OIL'; an earlier one has the same text [unreachable-word] | remove it
 no-key: x.xml:4:12: warning: K, assignment without a name: the assignment has neither a name nor an alias [no-key] | add attribute 'name'
-name-length: x.xml:3:16: warning: NINECHARS: name 'NINECHARS' has 9 characters (expected at most 8) [name-length]
-name-text: x.xml:3:16: warning: A*B: text after '*' in name 'A*B' is ignored [name-text] | write 'A*'
-defined-twice: x.xml:4:16: warning: K: 'K' is already defined for one of its sections by keyword 'K' at x.xml:3 [defined-twice] | use different sections, or remove one of them
-key-twice: x.xml:4:16: warning: K: name 'K' is already used by keyword 'K' at x.xml:3; expected an id [key-twice] | add attribute 'id'
+name-length: x.xml:3:16: warning: NINECHARS: the name has 9 characters (expected at most 8) [name-length]
+name-text: x.xml:3:16: warning: A*B: text after '*' in the name is ignored [name-text] | write 'A*'
+defined-twice: x.xml:4:16: warning: K: the name is already defined for one of its sections at x.xml:3 [defined-twice] | use different sections, or remove one of them
+key-twice: x.xml:4:16: warning: K: the name is already used at x.xml:3; expected an id [key-twice] | add attribute 'id'
 wildcard-overlap: x.xml:4:16: warning: AB*: wildcard 'AB*' hides part of wildcard 'A*' at x.xml:3 [wildcard-overlap] | use different sections or different prefixes
 unknown-keyword: x.xml:4:30: warning: K: unknown precedent 'WELSPEX' [unknown-keyword] | correct the name, or define the keyword
 precedent-cycle: x.xml:4:48: warning: B: circular precedents: the keyword is a precedent of 'A' [precedent-cycle] | remove the precedent

@@ -107,7 +107,7 @@ KeywordWithoutName: <keyword/> =>
     x.xml:3:1: warning: keyword without a name: the keyword has no description [no-description] | add a <description>
 TwoExplicitEnds: <keyword name='A'~></keyword><keyword name='B'~></keyword><keyword name='K'~><scope><endKeyword name='A' explicit='true'/><endKeyword name='B' explicit='true'/></scope></keyword> =>
     x.xml:10:46: warning: K: explicit end keyword 'B' replaces 'A'; expected one explicit end keyword [repeated-element] | remove attribute 'explicit' from one of them
-BlankInName: <keyword name='A B'~></keyword> => x.xml:3:16: warning: A B: name 'A B' contains a blank; a keyword in a deck has none [name-text] | remove the blank
+BlankInName: <keyword name='A B'~></keyword> => x.xml:3:16: warning: A B: the name contains a blank; a keyword in a deck has none [name-text] | remove the blank
 IdTwice: <keyword name='A' id='1'~></keyword><keyword name='B' id='1'~></keyword> => x.xml:6:23: warning: B: id '1' is already used by keyword 'A' at x.xml:3 [key-twice] | use a different id
 UnknownEndKeyword: <scope><endKeyword name='NOSUCH'/></scope> => x.xml:4:26: warning: K: unknown end keyword 'NOSUCH' [unknown-keyword] | correct the name, or define the keyword
 OwnPrecedent: <precedents><precedent name='K'/></precedents> => x.xml:4:30: warning: K: the keyword is its own precedent [precedent-cycle] | remove the precedent

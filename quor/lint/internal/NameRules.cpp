@@ -72,6 +72,12 @@ std::vector<Name> ListNames(const std::vector<Definition>& definitions)
     return names;
 }
 
+/// Findings begin with the keyword's own name.
+std::string Subject(const Name& name)
+{
+    return name.isAlias ? fmt::format("name {}", Quoted(*name.text)) : "the name";
+}
+
 void CheckNameText(const Name& name)
 {
     const std::string& text = *name.text;
@@ -79,21 +85,27 @@ void CheckNameText(const Name& name)
     const std::size_t longest = name.isAlias ? longestAlias : longestName;
     if (text.size() > longest)
         reporter.Report(Code::NameLength, name.span,
-            fmt::format(
-                "name {} has {} characters (expected at most {})", Quoted(text), text.size(), longest));
+            fmt::format("{} has {} characters (expected at most {})", Subject(name), text.size(), longest));
     if (text.find_first_of("abcdefghijklmnopqrstuvwxyz") != std::string::npos)
         reporter.Report(Code::LowerCase, name.span,
-            fmt::format("name {} never matches because names of keywords are in upper case", Quoted(text)),
+            fmt::format("{} never matches because names of keywords are in upper case", Subject(name)),
             "write it in upper case");
     const std::size_t asterisk = text.find('*');
     if (asterisk < text.size() - 1)
         reporter.Report(Code::NameText, name.span,
-            fmt::format("text after '*' in name {} is ignored", Quoted(text)),
+            fmt::format("text after '*' in {} is ignored", Subject(name)),
             fmt::format("write {}", Quoted(text.substr(0, asterisk + 1))));
     if (text.find_first_of(" \t\r\n") != std::string::npos)
         reporter.Report(Code::NameText, name.span,
-            fmt::format("name {} contains a blank; a keyword in a deck has none", Quoted(text)),
+            fmt::format("{} contains a blank; a keyword in a deck has none", Subject(name)),
             "remove the blank");
+}
+
+/// " by keyword 'B' at x.xml:3"; without a name that is the text that is reported.
+std::string ByKeyword(const Definition& other, const std::string& text)
+{
+    const std::string& name = other.keyword->Get("name");
+    return fmt::format("{} at {}", name == text ? "" : " by keyword " + Quoted(name), LocationText(other));
 }
 
 /// Compares each name with the earlier ones of the same text.
@@ -110,9 +122,8 @@ void CheckTwice(const std::vector<Name>& names)
             continue;
         if ((at->second.cells & name.cells).any())
             name.definition->reporter.Report(Code::DefinedTwice, name.span,
-                fmt::format("{} is already defined for one of its sections by keyword {} at {}",
-                    Quoted(*name.text), Quoted(at->second.first->definition->keyword->Get("name")),
-                    LocationText(*at->second.first->definition)),
+                fmt::format("{} is already defined for one of its sections{}", Subject(name),
+                    ByKeyword(*at->second.first->definition, *name.text)),
                 "use different sections, or remove one of them");
         at->second.cells |= name.cells;
     }
@@ -131,17 +142,13 @@ void CheckKeys(const std::vector<Definition>& definitions)
         const auto [at, isNew] = earlier.try_emplace(key->value, &definition);
         if (isNew)
             continue;
-        const std::string other = Quoted(at->second->keyword->Get("name"));
-        const std::string location = LocationText(*at->second);
+        const std::string other = ByKeyword(*at->second, key->value);
         if (id)
             definition.reporter.Report(Code::KeyTwice, key->valueSpan,
-                fmt::format("id {} is already used by keyword {} at {}", Quoted(key->value), other, location),
-                "use a different id");
+                fmt::format("id {} is already used{}", Quoted(key->value), other), "use a different id");
         else
             definition.reporter.Report(Code::KeyTwice, key->valueSpan,
-                fmt::format("name {} is already used by keyword {} at {}; expected an id", Quoted(key->value),
-                    other, location),
-                "add attribute 'id'");
+                fmt::format("the name is already used{}; expected an id", other), "add attribute 'id'");
     }
 }
 
