@@ -126,7 +126,8 @@ void DeckEditor::Set(const DeckValue& current, const NewValue* value)
         ? keyword.notes->variables->Find(*scalar->node, static_cast<int>(scalar->index))
         : nullptr;
     if (variable)
-        throw EditError(fmt::format("{} is given by a variable: {}", current.address.ToString(), *variable));
+        throw EditError(fmt::format("{} is given by {}: {}", current.address.ToString(),
+            variable->find('$') == std::string::npos ? "a quantity of the user" : "a variable", *variable));
     changes_->SetWord(index, current.path, word);
 }
 

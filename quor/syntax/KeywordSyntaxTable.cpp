@@ -5,11 +5,13 @@
 #include "quor/foundation/service/xml/internal/XMLParser.h"
 #include "quor/syntax/KeywordSyntaxLookupTable.h"
 #include "quor/syntax/internal/KeywordSyntax.h"
+#include "quor/syntax/internal/LoadFailure.h"
 #include "quor/syntax/internal/NameIndex.h"
 #include "quor/syntax/internal/SyntaxLoader.h"
 #include "quor/syntax/internal/TableKeyword.h"
 #include "quor/syntax/internal/TrustedSyntaxLoader.h"
 
+#include <cstddef>
 #include <stdexcept>
 #include <unordered_set>
 #include <utility>
@@ -55,7 +57,7 @@ private:
     /// Names, ids and aliases that were read.
     using Seen = std::unordered_set<std::string>;
 
-    void ReadDocument(DocumentTree tree, Seen& seen, bool record);
+    std::size_t ReadDocument(DocumentTree tree, Seen& seen, bool record);
     void ReadKeyword(const TreeElement& element, Seen& seen, bool record);
 
     void Enter(const std::string& name, const std::shared_ptr<const IKeywordSyntax>& syntax);
@@ -73,22 +75,29 @@ void KeywordSyntaxTableImpl::Load()
         Service::XML::Initialise::Init();
     Seen seen;
     const std::vector<std::string>& own = KeywordSyntaxTable::GetOwnDocuments();
-    for (auto file = own.rbegin(); file != own.rend(); ++file)
-        ReadDocument(SyntaxLoader(*file).Load(), seen, true);
+    for (auto file = own.rbegin(); file != own.rend(); ++file) {
+        if (ReadDocument(SyntaxLoader(*file).Load(), seen, true) == 0)
+            FailLoad("KeywordSyntaxTable: no keyword in the document " + *file);
+    }
     // Before the others, so that trusted syntaxes are before others of their name.
     ReadDocument(TrustedSyntaxLoader().Load(), seen, true);
     ReadDocument(SyntaxLoader().Load(), seen, true);
 }
 
-void KeywordSyntaxTableImpl::ReadDocument(DocumentTree tree, Seen& seen, bool record)
+/// Returns how many keywords it has.
+std::size_t KeywordSyntaxTableImpl::ReadDocument(DocumentTree tree, Seen& seen, bool record)
 {
     if (tree.nodes.empty())
-        return;
+        return 0;
+    std::size_t count = 0;
     documents_.push_back(std::make_unique<const DocumentTree>(std::move(tree)));
-    for (const TreeElement element : Descendants(RootOf(*documents_.back()), Tag::Keyword))
+    for (const TreeElement element : Descendants(RootOf(*documents_.back()), Tag::Keyword)) {
         ReadKeyword(element, seen, record);
+        ++count;
+    }
     if (!documents_.back()->LastsAsTheProcess())
         documents_.pop_back();
+    return count;
 }
 
 /// With `record` the keyword is entered, and what it is known by goes into `seen`. Without, it is entered

@@ -32,7 +32,7 @@ public:
 
     /// The files of documents that the next load reads beside those of the language; none at first. Their
     /// keywords are looked up before others of their names, those of later documents before those of earlier
-    /// ones. A load fails if a file is missing or no document.
+    /// ones. A load fails if a file is missing, is no document, or has no keyword.
     static void SetOwnDocuments(std::vector<std::string> files);
     /// What was set last.
     static const std::vector<std::string>& GetOwnDocuments();

@@ -197,9 +197,12 @@ AFTER = {
     ],
 }
 
-BAD_SETTINGS = {"simulator": "Carow", "mode": "", "strict": 1, "variables": {"A B": "1", "C": 2}}
+BAD_SETTINGS = {"simulator": "Carow", "mode": [], "root": None, "strict": 1, "variables": {"A B": "1", "C": 2, "D": 0.5}}
 SETTING_ERRORS = ["the setting 'simulator' has an unknown name 'Carow', and is not used",
-    "invalid variable name 'A B' in the setting 'variables'; it is not used"]
+    "the setting 'mode' has an invalid value, and is not used; expected a text",
+    "the setting 'strict' has an invalid value, and is not used; expected true or false",
+    "invalid variable name 'A B' in the setting 'variables'; it is not used",
+    "the setting 'variables.D' has an invalid value, and is not used; expected a text or a whole number"]
 
 BAD_MESSAGES = [
     ("{", {"code": -32700, "message": "the message is no JSON"}),

@@ -38,6 +38,8 @@ INSTANTIATE_TEST_SUITE_P(Arguments, Usage, testing::ValuesIn(Rows(R"(
 None:  => Subcommands:
 UnknownSubcommand: chekc x => unknown command 'chekc'; did you mean check?
 UnknownOption: list --sections GRID => unknown option '--sections'; did you mean --section, --settings?
+OptionOfAnother: info x --baseline b => unknown option '--baseline'; it is an option of quor check, quor settings\n
+OptionBeforeTheCommand: --in-place => unknown option '--in-place'; it is an option of quor format\n
 UnknownSection: list --section GIRD => GIRD not in {RUNSPEC,GRID,
 UnknownSimulator: check x --simulator Nobody => {Carrow,Dunmere,
 UnknownMode: list --mode Cold => {BlackOil,Compositional,Thermal}

@@ -100,10 +100,21 @@ Missing: $QUOR list --syntax none; $QUOR list --syntax-folder none; mkdir d; $QU
     quor: error: can't read the document 'none': No such file or directory
     quor: error: can't read the folder 'none': No such file or directory
     quor: error: no document in the folder 'd'; expected .xml files
-    quor: error: 'e' has no keyword
+    quor: error: can't load the language: 'e' has no keyword
     quor: error: can't read the document 'd': Is a directory
     quor: error: can't read the folder 'e': Not a directory
-Device: $QUOR list --syntax /dev/null 2>&1 | tail -n 1 => quor: error: can't load the language: can't read '/dev/null': not a regular file
+Twice: $QUOR list --syntax own.xml --syntax ./own.xml --text 'well checks'; $QUOR lint own.xml ./own.xml | grep document: =>
+    WCHECK  SOLUTION,SCHEDULE  Well checks.
+    2 keywords in 1 document: 4 warnings
+    own documents ./own.xml: 2 keywords, in place of the built-in OIL
+OfRules: echo '<rules/>' >r; $QUOR list --syntax r => quor: error: can't load the language: 'r' is a document of rules, not of keywords; --rules reads it ('rules' in quor.toml)
+NotWellFormed: echo '<keywords>' >n; $QUOR list --syntax n => quor: error: can't load the language: n:2:1: error: cannot read the document: input ended before all started tags were ended; last tag started is 'keywords' [not-well-formed]
+Manual: sed -i '/"OIL"/,/keyword>/d' own.xml; $QUOR manual m --syntax own.xml 2>e; echo mine >m/own.html; ls m/keyword/WCHECK.html; $QUOR manual m 2>e; ls m/keyword/WCHECK.html 2>&1; cat m/own.html; echo x >m/search-data.js; $QUOR manual m =>
+    m/keyword/WCHECK.html
+    ls: cannot access 'm/keyword/WCHECK.html': No such file or directory
+    mine
+    quor: error: 'm' is not empty and has no manual; expected a new or empty folder
+Device: $QUOR list --syntax /dev/null => quor: error: can't load the language: can't read '/dev/null': not a regular file
 Wrong: sed -i 's/="SLASH"/="SLOSH"/' own.xml; $QUOR check a.data --syntax own.xml => quor: error: can't load the language: own.xml:8:27: error: WCHECK: unknown termination 'SLOSH'; the load fails; did you mean 'SLASH'? [unknown-termination]
 )")),
     CaseName<Row>);

@@ -66,7 +66,7 @@ Dump: dump a.data --set RATE=5 >1; $QUOR dump --load 1 >c; $QUOR dump c | tail -
     ACTNUM
        1 2*  0 /
 DumpOfBytes: --version >v; printf 'RUNSPEC\nNOTES\n a\xFC\nENDNOTES\n' >c; $QUOR dump c >1; $QUOR dump --load 1 | cmp - c; sed -n 3p 1 => {"name":"NOTES","section":"RUNSPEC","data":{"latin1":" aü\\n"}}
-LoadOfNoDump: --version >v; for t in [] '{"schema_version":2}' '[{"name":"PORU"}]' '[{"data":[]}]' '[{"name":3}]' '[{"name":"PORO","section":"GRIDD"}]' '[{"name":"OIL","data":3}]' '[{"name":"PORO","data":{}}]' '[{"name":"PORO","data":["x"]}]' '[{"name":"EQUIL","data":[{"OCW":1}]}]' '[{"name":"NOTES","data":"a\\nENDNOTES\\n"}]' '[{"name":"NOTES","data":{"latin":""}}]' '[1' '{"keywords":3}' '{"keywords":{}}' '[{"nme":1}]' '[{"name":"PORO","data":3}]' '[{"name":"DIMENS","data":{"NX":1.5}}]' '[{"name":"EQUIL","data":[1]}]' '[{"name":"WCONPROD","data":[{"WELL":1}]}]' '[{"name":"WCONPROD","data":[{"STATUS":1}]}]' '[{"name":"NOTES","data":{"latin1":3}}]' '[{"name":"NOTES","data":{"latin1":"€"}}]' '[{"name":"PORO","data":[[1]]}]' x; do case $t in '[]'|x|'{'*) ;; *) t='{"keywords":'$t'}';; esac; printf %s "$t" >1; $QUOR dump --load 1 2>&1 | cut -c 40-; done =>
+LoadOfNoDump: --version >v; for t in [] '{"schema_version":2}' '[{"name":"PORU"}]' '[{"data":[]}]' '[{"name":3}]' '[{"name":"PORO","section":"GRIDD"}]' '[{"name":"OIL","data":3}]' '[{"name":"PORO","data":{}}]' '[{"name":"PORO","data":["x"]}]' '[{"name":"EQUIL","data":[{"OCW":1}]}]' '[{"name":"NOTES","data":"a\\nENDNOTES\\n"}]' '[{"name":"NOTES","data":{"latin":""}}]' '[{"name":"OIL"},1' '{"keywords":3}' '{"keywords":{}}' '[{"nme":1}]' '[{"name":"PORO","data":3}]' '[{"name":"DIMENS","data":{"NX":1.5}}]' '[{"name":"EQUIL","data":[1]}]' '[{"name":"WCONPROD","data":[{"WELL":1}]}]' '[{"name":"WCONPROD","data":[{"STATUS":1}]}]' '[{"name":"NOTES","data":{"latin1":3}}]' '[{"name":"NOTES","data":{"latin1":"€"}}]' '[{"name":"PORO","data":[[1]]}]' x; do case $t in '[]'|x|'{'*) ;; *) t='{"keywords":'$t'}';; esac; printf %s "$t" >1; $QUOR dump --load 1 2>&1 | cut -c 40-; done =>
     expected an object with 'keywords'
     expected 'schema_version' 1
     keyword 1 (PORU): unknown keyword
@@ -76,8 +76,8 @@ LoadOfNoDump: --version >v; for t in [] '{"schema_version":2}' '[{"name":"PORU"}
     keyword 1 (OIL): expected no 'data': the keyword has none
     keyword 1 (PORO): expected an array
     keyword 1 (PORO): expected a number
-    keyword 1 (EQUIL): EQUIL: no item 'OCW'; did you mean 'OWC'?
-    keyword 1 (NOTES): NOTES: a line of the text is 'ENDNOTES', which ends it
+    keyword 1 (EQUIL): no item 'OCW'; did you mean 'OWC'?
+    keyword 1 (NOTES): a line of the text is 'ENDNOTES', which ends it
     keyword 1 (NOTES): expected a text, or an object with 'latin1'
     expected an object for each keyword
     expected an array of keywords
@@ -92,7 +92,21 @@ LoadOfNoDump: --version >v; for t in [] '{"schema_version":2}' '[{"name":"PORU"}
     keyword 1 (NOTES): expected characters up to U+00FF in 'latin1'
     keyword 1 (PORO): expected a value
     invalid JSON at line 1, column 1: syntax error while parsing value - invalid literal; last read: 'x'
-LoadOfNoFile: --version >v; for f in . none; do $QUOR dump --load $f 2>&1; done => quor: error: can't read '.': Is a directory\nquor: error: can't read 'none': No such file or directory
+LoadOfNoFile: --version >v; mkfifo p; : >e; for f in . none p e; do $QUOR dump --load $f 2>&1; done =>
+    quor: error: can't read '.': it is a folder, not a file
+    quor: error: can't read 'none': No such file or directory
+    quor: error: can't read 'p': it is not a regular file
+    quor: error: can't read 'e': the file is empty
+UserQuantities: --version >v; printf 'SCHEDULE\nWCONPROD\n P1 OPEN ORAT WUOPR 2* 2*"WULIM" $X /\n/\n' >c; $QUOR get c 'WCONPROD[P1]' --bare 2>e | sed -n 4,9p; $QUOR get c 'WCONPROD[P1]' --format csv 2>e | cut -d, -f4 | sed -n 5,10p | paste -sd,; $QUOR get c 'WCONPROD[P1].LRAT' --format json 2>e | grep '"value"'; $QUOR set c 'WCONPROD[P1].ORAT' 5 2>&1 | head -n 1 =>
+    WUOPR
+    1*
+    1*
+    WULIM
+    WULIM
+    $X
+    WUOPR,,,WULIM,WULIM,
+          "value": "WULIM",
+    quor: error: WCONPROD[P1].ORAT is given by a quantity of the user: WUOPR
 Input: get - 'PORO[2]' --set RATE=5 <a.data => PORO[2]  0.2
 NamedInput: check - --stdin-filename x/y.data --set RATE=5 <a.data 2>e =>
     x/y.data:9:2: error: can't read 'x/b.data': No such file or directory [include-missing]

@@ -35,6 +35,17 @@ std::string NameOfHelp(const CLI::App& application)
     return asked.empty() ? "quor --help" : fmt::format("quor {} --help", asked.front()->get_name());
 }
 
+/// The commands that have the option.
+std::vector<std::string> OwnersOf(const std::string& option, const CLI::App& application)
+{
+    std::vector<std::string> owners;
+    for (const CLI::App* const command : application.get_subcommands({})) {
+        if (command->get_option_no_throw(option.substr(0, option.find('='))))
+            owners.push_back("quor " + command->get_name());
+    }
+    return owners;
+}
+
 /// What the program or its command doesn't know, and what may have been meant.
 std::string UnknownText(const CLI::App& application)
 {
@@ -54,6 +65,8 @@ std::string UnknownText(const CLI::App& application)
     const std::string text = isOption ? fmt::format("unknown option '{}'", word)
         : asked.empty()               ? fmt::format("unknown command '{}'", word)
                                       : fmt::format("unexpected argument '{}'", word);
+    if (const auto owners = OwnersOf(word, application); isOption && !owners.empty())
+        return fmt::format("{}; it is an option of {}", text, fmt::join(owners, ", "));
     const auto nearest =
         isOption || asked.empty() ? Decks::FindNearest(known, word) : std::vector<std::string>();
     return nearest.empty() ? text : fmt::format("{}; did you mean {}?", text, fmt::join(nearest, ", "));

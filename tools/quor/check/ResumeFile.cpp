@@ -49,6 +49,9 @@ ResumeFile::ResumeFile(const std::string& path, const CheckOptions& options)
 {
     if (file_ < 0)
         FailOn(std::generic_category().message(errno));
+    struct stat status = {};
+    if (::fstat(file_, &status) != 0 || !S_ISREG(status.st_mode))
+        FailOn("it is not a regular file"); // a pipe would be waited for
     Load(HeaderOf(options));
 }
 

@@ -6,6 +6,7 @@
 #include "tools/quor/commands/CommonOptions.h"
 #include "tools/quor/commands/LoadedLanguage.h"
 #include "tools/quor/commands/StandardInput.h"
+#include "tools/quor/commands/WriteFiles.h"
 #include "tools/quor/findings/FindingText.h"
 #include "tools/quor/settings/SettingOptions.h"
 #include "tools/quor/terminal/FileOutput.h"
@@ -53,6 +54,10 @@ bool WriteBaseline(const std::string& path, const Baseline& baseline, const std:
         if (!std::filesystem::equivalent(path, deck, error))
             continue;
         PrintError(fmt::format("can't write the baseline '{}': it is a deck", path));
+        return false;
+    }
+    if (const std::string head = HeadOf(path); !head.empty() && head.front() != '{') {
+        PrintError(fmt::format("can't write the baseline '{}': it is a file, and no baseline", path));
         return false;
     }
     try {

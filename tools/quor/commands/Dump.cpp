@@ -1,3 +1,4 @@
+#include "quor/deck/DeckSource.h"
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/DeckReading.h"
 #include "tools/quor/commands/LoadedLanguage.h"
@@ -10,14 +11,13 @@
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
-#include <cerrno>
 #include <cstdint>
-#include <fstream>
 #include <iostream>
 #include <memory>
 #include <string>
-#include <system_error>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace Veld::Quor::Tools {
 
@@ -96,35 +96,59 @@ private:
         } catch (const std::bad_alloc&) {
             throw;
         } catch (const std::exception& error) { // of the data, or of what the JSON is
-            const std::string place = builder_.GetPlace();
-            error_ = fmt::format("{}{}{}", place, place.empty() ? "" : ": ", error.what());
+            error_ = WithPlace(error.what());
             return false;
         }
+    }
+
+    /// What data throw begins with the name of the keyword, which the place has.
+    std::string WithPlace(std::string_view text) const
+    {
+        const std::string place = builder_.GetPlace();
+        if (place.empty())
+            return std::string(text);
+        const std::string name = builder_.GetName() + ": ";
+        return fmt::format("{}: {}", place, text.starts_with(name) ? text.substr(name.size()) : text);
     }
 
     DeckBuilder& builder_;
     std::string error_;
 };
 
+/// False, and the reader has the reason, if it is no JSON of a deck. Throws `SourceError` if it can't be
+/// read.
+bool Parse(const std::string& path, DumpReader& reader)
+{
+    if (path == standardInputPath)
+        return nlohmann::json::sax_parse(std::cin, &reader);
+    const auto source = Decks::SourceText::FromFile(path);
+    if (source->GetText().empty())
+        throw Decks::SourceError("the file is empty");
+    return nlohmann::json::sax_parse(source->GetText(), &reader);
+}
+
+/// Prints nothing but a whole deck, so that nobody takes a part of it for the deck.
 int LoadDump(LoadedLanguage& language, const DumpOptions& options)
 {
-    const bool isInput = options.deck == standardInputPath;
-    std::ifstream file;
-    if (!isInput)
-        file.open(options.deck, std::ios::binary);
-    if (!isInput && (!file || file.peek() == std::ifstream::traits_type::eof())) {
-        PrintError(fmt::format("can't read '{}': {}", MakePrintable(options.deck),
-            file.is_open() && !file.bad() ? "the file is empty" : std::generic_category().message(errno)));
+    std::vector<std::string> keywords;
+    DeckBuilder builder(language.GetTable(), OptionsFor(options.deck, options.read).GetTarget(),
+        [&keywords](std::string&& text) { keywords.push_back(std::move(text)); });
+    DumpReader reader(builder);
+    bool isRead = false;
+    try {
+        isRead = Parse(options.deck, reader);
+    } catch (const Decks::SourceError& error) {
+        PrintError(fmt::format("can't read '{}': {}", MakePrintable(options.deck), error.what()));
         return Failure;
     }
-    DeckBuilder builder(language.GetTable(), OptionsFor(options.deck, options.read).GetTarget(), Print);
-    DumpReader reader(builder);
-    const bool isRead = nlohmann::json::sax_parse(isInput ? std::cin : file, &reader);
-    if (isRead && builder.IsWhole())
-        return Success;
-    PrintError(fmt::format("can't make a deck of '{}': {}", MakePrintable(options.deck),
-        MakePrintable(isRead ? "expected an object with 'keywords'" : reader.GetError())));
-    return Failure;
+    if (!isRead || !builder.IsWhole()) {
+        PrintError(fmt::format("can't make a deck of '{}': {}", MakePrintable(options.deck),
+            MakePrintable(isRead ? "expected an object with 'keywords'" : reader.GetError())));
+        return Failure;
+    }
+    for (const std::string& text : keywords)
+        Print(text);
+    return Success;
 }
 
 int Dump(LoadedLanguage& language, const DumpOptions& options)
@@ -162,9 +186,9 @@ Command MakeDumpCommand(CLI::App& application)
         "numbers in place of names (old-form) are not in it. 'name' and 'section' of a keyword are before "
         "its "
         "'data'.\n"
-        "Exit status: 0 success, 2 a file can't be read, or no deck can hold what is in it: what was printed "
-        "before\n"
-        "is then only a part of the deck.\n\n"
+        "Exit status: 0 success, 2 a file can't be read, or no deck can hold what is in it: nothing is "
+        "printed\n"
+        "then.\n\n"
         "Examples:\n"
         "  quor dump reservoir.data > reservoir.json\n"
         "  quor dump reservoir.data | jq '.keywords[] | select(.name == \"EQUIL\").data'\n"

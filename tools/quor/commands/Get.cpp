@@ -118,7 +118,7 @@ std::string ToCsv(const Decks::Deck& deck, const std::vector<Decks::DeckValue>& 
     for (const Decks::DeckValue& value : values) {
         const Decks::Location location = LocationOf(deck, value);
         text += fmt::format("{},{},{},{},{},{},{}\n", CsvCell(value.address.ToString()),
-            CsvCell(value.address.keyword), value.address.date, CsvCell(value.text),
+            CsvCell(value.address.keyword), value.address.date, CsvCell(TextOf(deck, value)),
             CsvCell(UnitOf(value, system)), CsvCell(location.file), location.line);
     }
     return text;
@@ -132,7 +132,7 @@ std::string ToJson(const Decks::Deck& deck, const std::vector<Decks::DeckValue>&
         const std::string unit = UnitOf(value, system);
         ordered_json row = {{"address", value.address.ToString()}, {"keyword", value.address.keyword},
             {"date", value.address.date.empty() ? ordered_json() : ordered_json(value.address.date)},
-            {"value", ValueJson(value)}, {"unit", unit.empty() ? ordered_json() : ordered_json(unit)}};
+            {"value", ValueJson(deck, value)}, {"unit", unit.empty() ? ordered_json() : ordered_json(unit)}};
         row.update(LocationJson(LocationOf(deck, value)));
         rows.push_back(std::move(row));
     }

@@ -7,6 +7,7 @@
 #include "tools/quor/findings/FindingFormat.h"
 #include "tools/quor/findings/FindingJson.h"
 #include "tools/quor/findings/FindingText.h"
+#include "tools/quor/terminal/FileOutput.h"
 #include "tools/quor/terminal/Json.h"
 #include "tools/quor/terminal/Terminal.h"
 
@@ -18,6 +19,7 @@
 #include <filesystem>
 #include <memory>
 #include <numeric>
+#include <set>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -60,13 +62,14 @@ std::vector<std::string> ListFiles(const std::string& path)
 }
 
 /// Reports an error and returns false if something of the path can't be read.
-bool ReadPath(const std::string& path, std::vector<Document>& documents)
+bool ReadPath(const std::string& path, std::vector<Document>& documents, std::set<FileStamp>& known)
 {
     std::string file = path;
     try {
         for (const std::string& name : ListFiles(path)) {
             file = name;
-            documents.push_back(Document::ReadFile(name));
+            if (known.insert(StampOf(name)).second || StampOf(name) == FileStamp()) // each once
+                documents.push_back(Document::ReadFile(name));
         }
         return true;
     } catch (const Lint::DocumentError& error) {
@@ -112,8 +115,9 @@ int RunLint(const LintCommandOptions& options)
     bool isRead = true;
     if (options.isBuiltin)
         documents = Document::ReadBuiltin();
+    std::set<FileStamp> known;
     for (const std::string& path : options.paths)
-        isRead = ReadPath(path, documents) && isRead;
+        isRead = ReadPath(path, documents, known) && isRead;
     if (documents.empty() && !isRead)
         return Failure;
     const LintReport report = LintDocuments(documents, options.maxFindings);

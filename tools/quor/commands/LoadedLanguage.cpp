@@ -2,6 +2,7 @@
 
 #include "quor/foundation/service/Environment.h"
 #include "quor/foundation/service/Exception.h"
+#include "quor/foundation/service/Log.h"
 #include "quor/lint/Lint.h"
 
 #include <fmt/format.h>
@@ -11,6 +12,7 @@
 #include <sstream>
 #include <stdexcept>
 #include <tuple>
+#include <utility>
 
 namespace Veld::Quor::Tools {
 
@@ -34,6 +36,33 @@ private:
     std::streambuf* original_;
 };
 
+/// Keeps what the library logs, as long as it lives.
+class LogGuard {
+public:
+    LogGuard()
+        : original_(Log::SetHandler([this](const char* text, Core::Service::MessageSeverity severity) {
+            kept_.emplace_back(text, severity);
+        }))
+    {
+    }
+    ~LogGuard() { Log::SetHandler(original_); }
+    LogGuard(const LogGuard&) = delete;
+    LogGuard& operator=(const LogGuard&) = delete;
+
+    void Send()
+    {
+        Log::SetHandler(original_);
+        for (const auto& [text, severity] : kept_)
+            Log::SendLogMessage(text.c_str(), severity);
+    }
+
+private:
+    using Log = Core::Service::Log;
+
+    std::vector<std::pair<std::string, Core::Service::MessageSeverity>> kept_;
+    Core::Service::LogHandler original_;
+};
+
 /// The library prints the failures of a load on standard output, which is for data here; the exception that
 /// comes with each says the same.
 KeywordSyntaxTable& LoadTable()
@@ -52,11 +81,17 @@ std::string ErrorIn(const std::vector<std::string>& documents)
         } catch (const Core::Lint::DocumentError& error) {
             return fmt::format("can't read '{}': {}", path, error.what());
         }
+        if (const Core::Lint::Element* const root = alone.back().GetRoot(); root && root->tag == "rules")
+            return fmt::format(
+                "'{}' is a document of rules, not of keywords; --rules reads it ('rules' in quor.toml)",
+                path);
         const auto report = Core::Lint::LintDocuments(alone, 1000);
         for (const Core::Decks::Finding& finding : report.findings) {
             if (finding.severity == Core::Decks::Severity::Error)
                 return Core::Decks::ToString(finding);
         }
+        if (report.keywords.front() == 0)
+            return fmt::format("'{}' has no keyword", path);
     }
     return {};
 }
@@ -76,14 +111,17 @@ void LoadedLanguage::Load(const std::vector<std::string>& documents)
     documents_ = documents;
     const auto start = std::chrono::steady_clock::now();
     KeywordSyntaxTable::SetOwnDocuments(documents);
+    LogGuard log; // what is wrong with an own document is reported once, with the error
     try {
         table_ = &LoadTable();
     } catch (const Core::Service::Exception&) {
         const std::string error = ErrorIn(documents);
-        if (error.empty())
-            throw;
-        throw std::runtime_error(fmt::format("can't load the language: {}", error));
+        if (!error.empty())
+            throw std::runtime_error(fmt::format("can't load the language: {}", error));
+        log.Send();
+        throw;
     }
+    log.Send();
     loadTime_ =
         std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
 }

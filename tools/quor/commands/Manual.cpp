@@ -1,6 +1,7 @@
 #include "tools/quor/manual/Manual.h"
 #include "tools/quor/commands/Command.h"
 #include "tools/quor/commands/LoadedLanguage.h"
+#include "tools/quor/commands/WriteFiles.h"
 #include "tools/quor/findings/FindingText.h"
 #include "tools/quor/settings/SettingOptions.h"
 #include "tools/quor/terminal/Terminal.h"
@@ -24,8 +25,9 @@ bool HasOthers(const std::string& folder)
 {
     std::error_code error; // a folder that can't be read is reported when it is written
     const fs::path path = folder.empty() ? "." : folder; // as it is written
-    return fs::exists(path, error) && !fs::is_empty(path, error)
-        && !fs::exists(path / "search-data.js", error);
+    if (!fs::exists(path, error) || fs::is_empty(path, error))
+        return false;
+    return !HeadOf((path / "search-data.js").string()).starts_with("manualRows = ");
 }
 
 int WriteManualOrReport(LoadedLanguage& language, const std::string& folder)
@@ -57,8 +59,8 @@ Command MakeManualCommand(CLI::App& application)
         "Writes the reference of the language as pages for a browser: a page for each keyword, and pages\n"
         "by section, subject, simulator, measurement and finding code, with a search.");
     command
-        .add_option(
-            "FOLDER", *folder, "New or empty folder, or one with an earlier manual, which is written over")
+        .add_option("FOLDER", *folder,
+            "New or empty folder, or one with an earlier manual, which the new one replaces")
         ->required();
     AddSyntaxOptions(command, *sources);
     command.footer(

@@ -30,6 +30,7 @@ struct ReportOptions {
     std::string other; ///< empty: none
     std::string output;
     DeckReadOptions read;
+    bool isForced = false; // any file is replaced
 };
 
 std::optional<Decks::Deck> ReadForReport(
@@ -70,6 +71,8 @@ int WriteReport(LoadedLanguage& language, const ReportOptions& options)
     const auto otherDeck =
         deck && isOfTwo ? ReadForReport(options.other, options, deckLanguage) : std::nullopt;
     if (!deck || (isOfTwo && !otherDeck))
+        return Failure;
+    if (!options.isForced && !IsFreeForPageOrReport(options.output))
         return Failure;
     std::vector<ReportValues> values;
     nlohmann::ordered_json report = ReportJson(*deck, deckLanguage, options.deck, values);
@@ -112,7 +115,9 @@ Command MakeReportCommand(CLI::App& application)
             "--compare", options->other, "Main file of another deck: the report shows both, and what differs")
         ->type_name("FILE");
     command.add_option("-o,--output", options->output, "File to write")->required()->type_name("FILE");
-    command.footer("The page needs no network and no other file.\n\n"
+    command.add_flag(
+        "--force", options->isForced, "Replace also a file that is no report; never one of the deck");
+    command.footer("The page needs no network and no other file. An earlier report is written over.\n\n"
                    "Examples:\n"
                    "  quor report reservoir.data -o report.html\n"
                    "  quor report reservoir.data --simulator Dunmere --output report.html\n"

@@ -76,18 +76,34 @@ Decks::NewValue Checked(const std::optional<T>& found, const Decks::DeckValue& v
     return *found;
 }
 
+/// In place of a value that isn't known: a variable, or the name of a quantity of the user. Without its count
+/// and quotes; empty if the value is left to its default.
+std::string WrittenWord(const Decks::Deck& deck, const Decks::DeckValue& value)
+{
+    if (!value.range)
+        return {};
+    std::string_view word = deck.GetFiles().GetText(*value.range);
+    const std::size_t star = word.find('*');
+    if (star != std::string_view::npos && word.find_first_not_of("0123456789") == star)
+        word.remove_prefix(star + 1);
+    const bool isQuoted = word.size() > 1 && (word.front() == '\'' || word.front() == '"');
+    if (isQuoted)
+        word = word.substr(1, word.size() - 2);
+    return word.find_first_not_of(' ') == std::string_view::npos ? std::string() : std::string(word);
+}
+
 } // namespace
 
 std::string WordOf(const Decks::Deck& deck, const Decks::DeckValue& value)
 {
-    if (!value.text.empty())
-        return value.text;
-    if (value.range && value.range->length > 0) {
-        const std::string_view word = deck.GetFiles().GetText(*value.range);
-        if (word.find('$') != std::string_view::npos)
-            return std::string(word);
-    }
-    return defaultWord;
+    const std::string word = value.text.empty() ? WrittenWord(deck, value) : value.text;
+    return word.empty() ? defaultWord : word;
+}
+
+std::string TextOf(const Decks::Deck& deck, const Decks::DeckValue& value)
+{
+    const std::string word = value.text.empty() ? WrittenWord(deck, value) : value.text;
+    return value.text.empty() && word.find('$') != std::string::npos ? std::string() : word;
 }
 
 std::string UnitOf(const Decks::DeckValue& value, UnitSystem::Enum system)
@@ -99,27 +115,28 @@ std::string UnitOf(const Decks::DeckValue& value, UnitSystem::Enum system)
     return measurement ? UnitText(*measurement, system) : std::string();
 }
 
-nlohmann::ordered_json ValueJson(const Decks::DeckValue& value)
+nlohmann::ordered_json ValueJson(const Decks::Deck& deck, const Decks::DeckValue& value)
 {
-    if (value.text.empty())
+    const std::string text = TextOf(deck, value);
+    if (text.empty())
         return {};
     switch (NodeOf(value).GetType()) {
     case MDType::Real:
-        if (const auto number = RealOf(value.text))
+        if (const auto number = RealOf(text))
             return *number;
         break;
     case MDType::Integer:
-        if (const auto number = NumberOf<int>(value.text))
+        if (const auto number = NumberOf<int>(text))
             return *number;
         break;
     case MDType::Boolean:
-        if (const auto boolean = BooleanOf(value.text))
+        if (const auto boolean = BooleanOf(text))
             return *boolean;
         break;
     default:
         break;
     }
-    return value.text;
+    return text;
 }
 
 Decks::Location LocationOf(const Decks::Deck& deck, const Decks::DeckValue& value)

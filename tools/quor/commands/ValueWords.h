@@ -15,11 +15,14 @@ namespace Veld::Quor::Tools {
 /// The word that leaves a value to its default.
 constexpr const char* defaultWord = "1*";
 
-/// The value as a word of a deck: "1*" if it isn't given, "$NAME" if a variable gives it.
+/// The value as a word of a deck: "1*" if it isn't given, "$NAME" if a variable without a value gives it, and
+/// a name if that is of a quantity of the user.
 std::string WordOf(const Core::Decks::Deck& deck, const Core::Decks::DeckValue& value);
+/// The same; empty if it isn't given or a variable without a value gives it.
+std::string TextOf(const Core::Decks::Deck& deck, const Core::Decks::DeckValue& value);
 
-/// The value by its type: a number, a boolean, or a text. Null if it isn't given or a variable gives it.
-nlohmann::ordered_json ValueJson(const Core::Decks::DeckValue& value);
+/// The value by its type: a number, a boolean, or a text. Null if `TextOf` is empty.
+nlohmann::ordered_json ValueJson(const Core::Decks::Deck& deck, const Core::Decks::DeckValue& value);
 
 /// Where the value is, or its keyword if it isn't given.
 Core::Decks::Location LocationOf(const Core::Decks::Deck& deck, const Core::Decks::DeckValue& value);

@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <fstream>
 #include <set>
 #include <system_error>
 
@@ -89,6 +90,32 @@ bool IsApartOrReport(const std::string& path, const Decks::Deck& deck)
         return false;
     }
     return true;
+}
+
+std::string HeadOf(const std::string& path)
+{
+    std::error_code error;
+    if (!fs::is_regular_file(path, error))
+        return {};
+    std::string head(400, '\0');
+    std::ifstream file(path, std::ios::binary);
+    file.read(head.data(), static_cast<std::streamsize>(head.size()));
+    head.resize(static_cast<std::size_t>(file.gcount()));
+    return head;
+}
+
+bool IsOwnPage(const std::string& path)
+{
+    return HeadOf(path).find("<meta name=\"generator\" content=\"quor\">") != std::string::npos;
+}
+
+bool IsFreeForPageOrReport(const std::string& path)
+{
+    if (HeadOf(path).empty() || IsOwnPage(path))
+        return true;
+    PrintError(fmt::format(
+        "can't write '{}': it is a file, and no page that quor wrote; --force replaces it", path));
+    return false;
 }
 
 void AddOutsideOption(CLI::App& command, bool& mayBeOutside)

@@ -88,7 +88,7 @@ bool IsObject(const IKeywordDataMD& md)
 } // namespace
 
 DeckBuilder::DeckBuilder(
-    KeywordSyntaxTable& table, const Core::Decks::Target& target, std::function<void(std::string_view)> take)
+    KeywordSyntaxTable& table, const Core::Decks::Target& target, std::function<void(std::string&&)> take)
     : table_(table)
     , target_(target)
     , take_(std::move(take))

@@ -9,7 +9,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 #include <variant>
 #include <vector>
@@ -29,7 +28,7 @@ public:
 
     /// `take` gets the text of each keyword.
     DeckBuilder(Core::Keywords::KeywordSyntaxTable& table, const Core::Decks::Target& target,
-        std::function<void(std::string_view)> take);
+        std::function<void(std::string&&)> take);
 
     void Take(const Value& value);
     void Key(const std::string& name);
@@ -39,6 +38,8 @@ public:
 
     /// "keyword 3 (PORO)": where it is; empty outside keywords.
     std::string GetPlace() const;
+    /// Of the keyword that it is in; empty before its 'name'.
+    const std::string& GetName() const { return name_; }
     /// Whether there was an array of keywords.
     bool IsWhole() const { return isWhole_; }
 
@@ -64,7 +65,7 @@ private:
 
     Core::Keywords::KeywordSyntaxTable& table_;
     Core::Decks::Target target_;
-    std::function<void(std::string_view)> take_;
+    std::function<void(std::string&&)> take_;
     std::vector<Frame> frames_;
     std::unordered_map<const Core::Keywords::IKeywordRecordMD*, std::unordered_map<std::string, int>> items_;
     bool isWhole_ = false;

@@ -15,11 +15,25 @@ namespace Veld::Quor::Tools::LanguageServer {
 
 namespace {
 
+void Refuse(const std::string& name, const char* expected, ClientSettings& settings)
+{
+    settings.errors.push_back(
+        fmt::format("the setting '{}' has an invalid value, and is not used; expected {}", name, expected));
+}
+
+/// Empty if there is none, and, reported, if it is no text.
+std::string TextIn(const Json& json, const char* name, ClientSettings& settings)
+{
+    const Json& member = MemberOf(json, name);
+    if (!member.is_string() && !member.is_null())
+        Refuse(name, "a text", settings);
+    return member.is_string() ? member.get<std::string>() : "";
+}
+
 /// One of the words of a setting, without regard to case; nothing for no text, an empty one and "any".
 std::optional<std::string> WordIn(const Json& json, const char* name, ClientSettings& settings)
 {
-    const Json& member = MemberOf(json, name);
-    const std::string word = member.is_string() ? member.get<std::string>() : "";
+    const std::string word = TextIn(json, name, settings);
     const Settings::Words& known = FindSetting(name)->words;
     const auto found = std::find_if(known.begin(), known.end(),
         [&word](const std::string& one) { return ToLower(one) == ToLower(word); });
@@ -43,6 +57,24 @@ void SetVariable(const std::string& name, const std::string& value, ClientSettin
     }
 }
 
+/// A whole number is written as one.
+void SetVariables(const Json& variables, ClientSettings& settings)
+{
+    if (!variables.is_object()) {
+        if (!variables.is_null())
+            Refuse("variables", "an object", settings);
+        return;
+    }
+    for (const auto& [name, value] : variables.items()) {
+        if (value.is_string())
+            SetVariable(name, value.get<std::string>(), settings);
+        else if (value.is_number_integer())
+            SetVariable(name, value.dump(), settings);
+        else
+            Refuse("variables." + name, "a text or a whole number", settings);
+    }
+}
+
 } // namespace
 
 Core::Decks::Target ClientSettings::GetTarget() const
@@ -55,16 +87,17 @@ Core::Decks::Target ClientSettings::GetTarget() const
 ClientSettings SettingsIn(const Json& json)
 {
     ClientSettings settings;
+    if (!json.is_object() && !json.is_null())
+        settings.errors.emplace_back("the settings are no object, and are not used");
     settings.given.simulator = WordIn(json, "simulator", settings);
     settings.given.mode = WordIn(json, "mode", settings);
-    if (const Json& root = MemberOf(json, "root"); root.is_string())
-        settings.root = root.get<std::string>();
-    if (MemberOf(json, "strict") == true) // an editor that has no other default sends false
+    settings.root = TextIn(json, "root", settings);
+    const Json& strict = MemberOf(json, "strict");
+    if (strict == true) // an editor that has no other default sends false
         settings.given.isStrict = true;
-    for (const auto& [name, value] : MemberOf(json, "variables").items()) {
-        if (value.is_string())
-            SetVariable(name, value.get<std::string>(), settings);
-    }
+    else if (!strict.is_boolean() && !strict.is_null())
+        Refuse("strict", "true or false", settings);
+    SetVariables(MemberOf(json, "variables"), settings);
     return settings;
 }
 

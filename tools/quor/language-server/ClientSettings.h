@@ -20,7 +20,8 @@ struct ClientSettings {
     Core::Decks::Target GetTarget() const;
 };
 
-/// From an object of the members that `docs/editor.md` lists. What isn't as it says there is not set.
+/// From an object of the members that `docs/editor.md` lists. What isn't as it says there is an error, and
+/// not set. Null: none is set.
 ClientSettings SettingsIn(const Json& json);
 
 } // namespace Veld::Quor::Tools::LanguageServer

@@ -6,6 +6,7 @@
 #include "tools/quor/manual/Catalog.h"
 #include "tools/quor/manual/IndexPages.h"
 #include "tools/quor/manual/KeywordPage.h"
+#include "tools/quor/terminal/Terminal.h"
 #include "tools/quor/tree/KeywordFacts.h"
 
 #include <fmt/format.h>
@@ -13,10 +14,12 @@
 #include <nlohmann/json.hpp>
 
 #include <filesystem>
+#include <set>
 #include <utility>
 
 namespace Veld::Quor::Tools {
 
+namespace fs = std::filesystem;
 using namespace Core::Keywords;
 
 namespace {
@@ -56,6 +59,28 @@ std::string SearchData(const Catalog& catalog, const std::vector<ManualPage>& in
     return "manualRows = " + rows.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) + ";\n";
 }
 
+/// Removes pages beside the written ones, of keywords that are gone. What this program didn't write stays.
+void RemoveOthers(const std::vector<FileText>& written)
+{
+    std::set<fs::path> kept;
+    std::set<fs::path> folders;
+    for (const FileText& file : written) {
+        const fs::path path = fs::path(file.path).lexically_normal();
+        kept.insert(path);
+        folders.insert(path.parent_path());
+    }
+    std::vector<fs::path> others;
+    for (const fs::path& folder : folders) {
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder.empty() ? "." : folder)) {
+            const fs::path path = entry.path().lexically_normal();
+            if (path.extension() == ".html" && kept.count(path) == 0 && IsOwnPage(path.string()))
+                others.push_back(path);
+        }
+    }
+    for (const fs::path& other : others)
+        fs::remove(other);
+}
+
 } // namespace
 
 Manual MakeManual(LoadedLanguage& language)
@@ -89,8 +114,17 @@ bool WriteManual(const Manual& manual, const std::string& folder)
 {
     std::vector<FileText> texts;
     for (const ManualFile& file : manual.files)
-        texts.push_back({(std::filesystem::path(folder) / file.path).string(), file.text});
-    return WriteFilesOrReport(texts, Sync::Later); // so many files would wait long for the disk
+        texts.push_back({(fs::path(folder) / file.path).string(), file.text});
+    if (!WriteFilesOrReport(texts, Sync::Later)) // so many files would wait long for the disk
+        return false;
+    try {
+        RemoveOthers(texts);
+        return true;
+    } catch (const fs::filesystem_error& error) {
+        PrintError(fmt::format("can't remove an earlier page of the manual, '{}': {}", error.path1().string(),
+            error.code().message()));
+        return false;
+    }
 }
 
 } // namespace Veld::Quor::Tools

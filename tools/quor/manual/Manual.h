@@ -21,7 +21,8 @@ struct Manual {
 
 Manual MakeManual(LoadedLanguage& language);
 
-/// Writes the files below the folder. False, and reported, if that fails.
+/// Writes the files below the folder, and removes pages of an earlier manual that this one doesn't have.
+/// False, and reported, if that fails.
 bool WriteManual(const Manual& manual, const std::string& folder);
 
 } // namespace Veld::Quor::Tools

@@ -4,6 +4,7 @@
 #include "quor/foundation/service/Directory.h"
 #include "tools/quor/settings/SettingInfo.h"
 #include "tools/quor/settings/SettingsFile.h"
+#include "tools/quor/terminal/FileOutput.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -12,7 +13,9 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <set>
 #include <system_error>
+#include <utility>
 
 #include <unistd.h>
 
@@ -36,6 +39,19 @@ Settings SettingsOf(const std::string& deck, const SettingSources& sources)
 }
 
 namespace {
+
+/// Each file once: where its last path is, since later documents take precedence.
+std::vector<std::string> LastOfEach(std::vector<std::string> files)
+{
+    std::set<FileStamp> known;
+    std::vector<std::string> kept;
+    for (auto file = files.rbegin(); file != files.rend(); ++file) {
+        if (known.insert(StampOf(*file)).second)
+            kept.push_back(std::move(*file));
+    }
+    std::reverse(kept.begin(), kept.end());
+    return kept;
+}
 
 /// Of the system; 0 if there is none. Kept, since an exception for which there is no memory makes another
 /// one.
@@ -68,7 +84,7 @@ std::vector<std::string> DocumentsOf(const Settings& settings)
             throw SettingsError(fmt::format(
                 "can't read the document '{}': {}", file, std::generic_category().message(error)));
     }
-    return files;
+    return LastOfEach(std::move(files));
 }
 
 void ApplyReading(const Settings& settings, Decks::ReadOptions& options)

@@ -11,7 +11,6 @@
 #include <fmt/format.h>
 
 #include <filesystem>
-#include <stdexcept>
 #include <system_error>
 
 namespace Veld::Quor::Tools {
@@ -63,8 +62,6 @@ SyntaxSnapshot TakeSnapshot(LoadedLanguage& language, const std::string& path)
                 snapshot[name].push_back(SyntaxJson(*syntax));
         }
     }
-    if (snapshot.empty())
-        throw std::runtime_error(fmt::format("'{}' has no keyword", path));
     return snapshot;
 }
 
