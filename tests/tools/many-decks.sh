@@ -6,7 +6,7 @@ folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder"
 mkdir decks
-for i in $(seq 300); do
+for i in $(seq 500); do
     printf 'RUNSPEC\nDIMENS\n 2 2 %d /\nOIL\n%s\n' "$i" "$([ $((i % 3)) != 0 ] || echo OLI)" >"decks/$i.data"
 done
 fail() { echo "$1"; exit 1; }
@@ -16,7 +16,7 @@ check() { "$quor" check decks --no-settings "$@" || test $? = 1; }
 check --jobs 1 >one.txt 2>errors.txt
 check --jobs 3 >three.txt 2>errors.txt
 cmp one.txt three.txt
-test "$(tail -n 1 one.txt)" = "300 decks: 100 errors, 0 warnings" || fail "$(tail -n 1 one.txt)"
+test "$(tail -n 1 one.txt)" = "500 decks: 166 errors, 0 warnings" || fail "$(tail -n 1 one.txt)"
 
 # A process that dies with a deck in its hands is a line of the result. One that is killed between two decks is none, so it is
 # tried until one is.
@@ -28,7 +28,7 @@ for try in $(seq 50); do
     [ -z "$worker" ] || kill -KILL "$worker" 2>/dev/null || true
     status=0
     wait "$main" || status=$?
-    test "$(wc -l <killed.jsonl)" = 300 || fail "$(wc -l <killed.jsonl) of 300 results after a kill"
+    test "$(wc -l <killed.jsonl)" = 500 || fail "$(wc -l <killed.jsonl) of 500 results after a kill"
     lines=$(grep -c 'its process was ended by signal 9 (Killed)"}$' killed.jsonl || true)
     [ "$lines" = 0 ] || break
 done
