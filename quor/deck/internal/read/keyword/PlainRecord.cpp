@@ -111,7 +111,8 @@ std::size_t PlainRecord::ReadWord(std::string_view line)
         return 0;
     if (IsQuote(line[0]))
         return ReadQuoted(line);
-    const std::size_t length = item_->isValid && !item_->isUnsupported ? ReadUsual(line) : 0;
+    const bool mayBeUsual = item_->type != MDType::String && item_->isValid && !item_->isUnsupported;
+    const std::size_t length = mayBeUsual ? ReadUsual(line) : 0;
     return length > 0 ? length : ReadBare(line);
 }
 
