@@ -72,7 +72,8 @@ DataWord FindDataWord(std::string_view text)
     DataWord word;
     word.length = LengthOfBareWord(text, word.isPlain);
     word.text = text.substr(0, word.length);
-    word.repeat = FindRepeat(word.text);
+    if (!IsLetter(text[0]))
+        word.repeat = FindRepeat(word.text);
     const bool isRepeatedQuote =
         word.repeat.length == word.length && word.length < text.size() && IsQuote(text[word.length]);
     if (isRepeatedQuote) {

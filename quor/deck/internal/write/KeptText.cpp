@@ -131,12 +131,12 @@ std::size_t KeptText::ReadWord(std::string_view line, std::size_t offset)
 {
     const DataWord word = FindDataWord(line.substr(offset));
     const std::string_view spelling = line.substr(offset, word.length);
-    TextRow::Word read{Fixed(word, spelling), columns_.At(offset), value_};
-    read.isNumber = !word.IsQuoted() && (word.IsDefault() || ToReal(word.text));
+    const bool isKept = !word.IsQuoted() && !word.IsDefault();
+    TextRow::Word read{isKept ? spelling : Fixed(word, spelling), columns_.At(offset), value_};
+    read.isNumber = isKept ? !IsLetter(spelling[0]) && ToReal(word.text) : !word.IsQuoted();
     read.whole = read.isNumber ? CountWhole(read.text) : 0;
     read.isRepeated = word.repeat.count > 1;
     TextRow& row = rows_.GetLast();
-    const bool isKept = read.text.data() == spelling.data(); // as nearly always
     row.isChanged = row.isChanged || (!isKept && read.text != spelling);
     isCut_ = isCut_ || read.text.empty() || (plan_.type == MDType::Map && row.isChanged);
     if (!read.text.empty())
@@ -145,11 +145,9 @@ std::size_t KeptText::ReadWord(std::string_view line, std::size_t offset)
     return offset + word.length;
 }
 
-/// The word as it is to be written; empty: left out.
+/// A default or a word in quotes as it is to be written; empty: left out.
 std::string_view KeptText::Fixed(const DataWord& word, std::string_view spelling)
 {
-    if (!word.IsQuoted() && !word.IsDefault())
-        return spelling;
     if (std::string unquoted = plan_.type == MDType::Map ? Unquoted(word) : std::string(); !unquoted.empty())
         return rows_.Keep(std::move(unquoted));
     if (word.IsPadded() && !word.text.empty()) {
