@@ -55,13 +55,20 @@ bool AddChoicesOf(const IKeywordDataMD* md, const std::string& name, std::set<st
 
 } // namespace
 
-const std::set<std::string>& RuleWords::GetKeywords()
+const std::vector<std::string>& RuleWords::GetNames()
 {
-    if (!keywords_.empty())
-        return keywords_;
+    if (!names_.empty())
+        return names_;
     KeywordSyntaxEnumerator enumerator = table_.KeywordsEnumerator();
     while (enumerator.NextWithHidden())
-        keywords_.insert(*enumerator.Current()->first);
+        names_.push_back(*enumerator.Current()->first);
+    return names_;
+}
+
+const std::set<std::string>& RuleWords::GetKeywords()
+{
+    if (keywords_.empty())
+        keywords_.insert(GetNames().begin(), GetNames().end());
     return keywords_;
 }
 
@@ -85,12 +92,12 @@ bool RuleWords::AddChoices(const std::string& keyword, const std::string& item, 
 
 std::vector<std::string> RuleWords::FindKeywords(const std::string& pattern)
 {
-    std::vector<std::string> found;
-    for (const std::string& name : GetKeywords()) {
+    std::set<std::string> found;
+    for (const std::string& name : GetNames()) {
         if (IsMatch(pattern, name))
-            found.push_back(name);
+            found.insert(name);
     }
-    return found;
+    return {found.begin(), found.end()};
 }
 
 } // namespace Veld::Quor::Core::Decks

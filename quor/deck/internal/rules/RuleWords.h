@@ -29,7 +29,10 @@ public:
     std::vector<std::string> FindKeywords(const std::string& pattern);
 
 private:
+    const std::vector<std::string>& GetNames();
+
     Keywords::KeywordSyntaxTable& table_;
+    std::vector<std::string> names_; // of keywords, once for each of one name
     std::set<std::string> keywords_;
     std::set<std::string> items_;
 };
