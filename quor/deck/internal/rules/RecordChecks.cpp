@@ -66,7 +66,7 @@ void RecordChecks::CheckRequirements(
     const RecordRules& rules, const Record& record, const ValuePosition& position)
 {
     const int choice = rules.decider.IsThere() ? ChoiceOf(record, rules.decider) : -1;
-    for (const std::size_t number : rules.requirementsOf[static_cast<std::size_t>(choice + 1)]) {
+    for (const std::size_t number : rules.requirementsOf[static_cast<std::size_t>(choice) + 1]) {
         if (!IsMet(rules.requirements[number], record))
             ReportMissing(rules.requirements[number], position);
     }

@@ -55,7 +55,7 @@ void AddDecider(const IKeywordDataMD& md, RecordRules& record)
         const bool isDecided = when.choice >= 0 && when.item.index == record.decider.index;
         for (int choice = -1; choice < choices; ++choice) {
             if (!isDecided || when.choice == choice)
-                record.requirementsOf[static_cast<std::size_t>(choice + 1)].push_back(number);
+                record.requirementsOf[static_cast<std::size_t>(choice) + 1].push_back(number);
         }
     }
 }

@@ -25,6 +25,7 @@ RuleElement::RuleElement(const RuleNode& node, const RuleOrigin& origin)
     , origin_(origin)
     , isAsked_(node.attributes.size())
 {
+    asked_.reserve(16); // more than most rules have
 }
 
 void RuleElement::Fail(const std::string& reason, const std::string& attribute, const std::string& hint) const

@@ -2,8 +2,6 @@
 
 #include "quor/deck/internal/rules/RuleWords.h"
 
-#include <boost/container/small_vector.hpp>
-
 #include <cstddef>
 #include <functional>
 #include <set>
@@ -96,7 +94,7 @@ private:
     const RuleElement* around_ = nullptr; // null: it is the root
     std::size_t number_ = 0; // among the children of that
     std::vector<bool> isAsked_; // of each attribute of the node
-    boost::container::small_vector<const char*, 16> asked_; // also those that it lacks
+    std::vector<const char*> asked_; // also those that it lacks
 };
 
 } // namespace Veld::Quor::Core::Decks

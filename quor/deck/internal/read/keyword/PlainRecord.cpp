@@ -226,8 +226,8 @@ bool PlainRecord::TakeValue(std::string_view text, bool isQuoted)
 template <class T>
 void PlainRecord::Set(T&& value)
 {
-    static_assert(!std::is_reference_v<T>, "the value is moved");
-    *static_cast<Optional<T>*>(record_->GetData(static_cast<int>(given_))) = std::move(value);
+    *static_cast<Optional<std::decay_t<T>>*>(record_->GetData(static_cast<int>(given_))) =
+        std::forward<T>(value);
     ++given_;
     ++item_;
 }
