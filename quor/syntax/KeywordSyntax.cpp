@@ -288,8 +288,7 @@ void KeywordSyntax::ExpandPrecedents(SectionType::Enum section) const
     for (const std::string& name : precedents_) {
         const IKeywordSyntax* const precedent =
             KeywordSyntaxTable::Instance(false, true).Lookup(name, section, true);
-        assert(precedent && "GetPrecedents: a precedent is not in the table");
-        if (precedent) {
+        if (precedent) { // else a mistake of the document
             const std::set<std::string>& theirs = precedent->GetPrecedents(section);
             allPrecedents_.insert(theirs.begin(), theirs.end());
         }
