@@ -109,10 +109,11 @@ Twice: $QUOR list --syntax own.xml --syntax ./own.xml --text 'well checks'; $QUO
     own documents ./own.xml: 2 keywords, in place of the built-in OIL
 OfRules: echo '<rules/>' >r; $QUOR list --syntax r => quor: error: can't load the language: 'r' is a document of rules, not of keywords; --rules reads it ('rules' in quor.toml)
 NotWellFormed: echo '<keywords>' >n; $QUOR list --syntax n => quor: error: can't load the language: n:2:1: error: cannot read the document: input ended before all started tags were ended; last tag started is 'keywords' [not-well-formed]
-Manual: sed -i '/"OIL"/,/keyword>/d' own.xml; $QUOR manual m --syntax own.xml 2>e; echo mine >m/own.html; ls m/keyword/WCHECK.html; $QUOR manual m 2>e; ls m/keyword/WCHECK.html 2>&1; cat m/own.html; echo x >m/search-data.js; $QUOR manual m =>
+Manual: sed -i '/"OIL"/,/keyword>/d' own.xml; $QUOR manual m --syntax own.xml 2>e; echo mine >m/own.html; $QUOR report a.data -o m/a.html 2>e; ls m/keyword/WCHECK.html; $QUOR manual m 2>e; ls m/keyword/WCHECK.html 2>&1; cat m/own.html; ls m/a.html; echo x >m/search-data.js; $QUOR manual m =>
     m/keyword/WCHECK.html
     ls: cannot access 'm/keyword/WCHECK.html': No such file or directory
     mine
+    m/a.html
     quor: error: 'm' is not empty and has no manual; expected a new or empty folder
 Device: $QUOR list --syntax /dev/null => quor: error: can't load the language: can't read '/dev/null': not a regular file
 Wrong: sed -i 's/="SLASH"/="SLOSH"/' own.xml; $QUOR check a.data --syntax own.xml => quor: error: can't load the language: own.xml:8:27: error: WCHECK: unknown termination 'SLOSH'; the load fails; did you mean 'SLASH'? [unknown-termination]

@@ -63,6 +63,16 @@ std::pair<std::string, std::string> LabelsOf(const std::string& deck, const std:
     return {"A", "B"};
 }
 
+/// False, and reported, if the path is that of a file that is no earlier report, and not empty.
+bool IsFree(const std::string& path)
+{
+    if (HeadOf(path).empty() || IsPageOf("report", path))
+        return true;
+    PrintError(fmt::format(
+        "can't write '{}': it is a file, and no report that quor wrote; --force replaces it", path));
+    return false;
+}
+
 int WriteReport(LoadedLanguage& language, const ReportOptions& options)
 {
     const Decks::DeckLanguage deckLanguage(language.GetTable());
@@ -72,7 +82,7 @@ int WriteReport(LoadedLanguage& language, const ReportOptions& options)
         deck && isOfTwo ? ReadForReport(options.other, options, deckLanguage) : std::nullopt;
     if (!deck || (isOfTwo && !otherDeck))
         return Failure;
-    if (!options.isForced && !IsFreeForPageOrReport(options.output))
+    if (!options.isForced && !IsFree(options.output))
         return Failure;
     std::vector<ReportValues> values;
     nlohmann::ordered_json report = ReportJson(*deck, deckLanguage, options.deck, values);

@@ -104,18 +104,10 @@ std::string HeadOf(const std::string& path)
     return head;
 }
 
-bool IsOwnPage(const std::string& path)
+bool IsPageOf(const std::string& command, const std::string& path)
 {
-    return HeadOf(path).find("<meta name=\"generator\" content=\"quor\">") != std::string::npos;
-}
-
-bool IsFreeForPageOrReport(const std::string& path)
-{
-    if (HeadOf(path).empty() || IsOwnPage(path))
-        return true;
-    PrintError(fmt::format(
-        "can't write '{}': it is a file, and no page that quor wrote; --force replaces it", path));
-    return false;
+    const std::string mark = fmt::format("<meta name=\"generator\" content=\"quor {}\">", command);
+    return HeadOf(path).find(mark) != std::string::npos;
 }
 
 void AddOutsideOption(CLI::App& command, bool& mayBeOutside)

@@ -32,10 +32,8 @@ bool IsApartOrReport(const std::string& path, const Core::Decks::Deck& deck);
 
 /// The first bytes of a file; empty if it is no regular file, or can't be read.
 std::string HeadOf(const std::string& path);
-/// Whether the file is a page that this program wrote. False for a file that isn't there.
-bool IsOwnPage(const std::string& path);
-/// False, and reported, if the path of a page is that of a file that is no such page, and not empty.
-bool IsFreeForPageOrReport(const std::string& path);
+/// Whether the file is a page that the command of this program wrote. False for a file that isn't there.
+bool IsPageOf(const std::string& command, const std::string& path);
 
 /// A file of a deck, and what is to be in it.
 struct FileChange {

@@ -59,7 +59,7 @@ std::string SearchData(const Catalog& catalog, const std::vector<ManualPage>& in
     return "manualRows = " + rows.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) + ";\n";
 }
 
-/// Removes pages beside the written ones, of keywords that are gone. What this program didn't write stays.
+/// Removes pages beside the written ones, of keywords that are gone. What is no page of a manual stays.
 void RemoveOthers(const std::vector<FileText>& written)
 {
     std::set<fs::path> kept;
@@ -73,7 +73,7 @@ void RemoveOthers(const std::vector<FileText>& written)
     for (const fs::path& folder : folders) {
         for (const fs::directory_entry& entry : fs::directory_iterator(folder.empty() ? "." : folder)) {
             const fs::path path = entry.path().lexically_normal();
-            if (path.extension() == ".html" && kept.count(path) == 0 && IsOwnPage(path.string()))
+            if (path.extension() == ".html" && kept.count(path) == 0 && IsPageOf("manual", path.string()))
                 others.push_back(path);
         }
     }
