@@ -79,7 +79,7 @@ TEST(Baseline, IsSortedAndReplacedAsAWhole)
 {
     const TemporaryDirectory folder;
     const std::string deck = folder.Write("d.data", "RUNSPEC\n1 x\xff\nOIL\nWATR\nWATR\n");
-    const std::string baseline = folder.Write("known.json", "{}");
+    const std::string baseline = folder.Write("known.json", "{\"version\": 1,\n\"findings\": [{");
     const Outcome outcome = Check("" + deck + " --write-baseline " + baseline);
     EXPECT_TRUE(Holds(outcome.err, "baseline: 3 findings written")) << outcome.err;
     const json expected = {{"version", 1},

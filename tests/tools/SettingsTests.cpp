@@ -104,12 +104,13 @@ GitHub: $QUOR check none.data --format github 2>e => ::error::can't read 'none.d
 Total: $QUOR check cases/b.data none.data 2>e | tail -n 1 => 2 decks: 1 error, 0 warnings, 1 can't be read
 Resumed: mkfifo p; $QUOR check cases --resume p --quiet; echo x >s; $QUOR check cases --resume s --quiet; echo quor 0 >s; $QUOR check cases --resume s --quiet => quor: error: can't use the file 'p' to resume: it is not a regular file\nquor: error: can't use the file 's' to resume: it has something else than results of a check\nquor: error: can't use the file 's' to resume: it is of a check with other options; remove it to start over
 OverTheDeck: $QUOR report cases/a.data -o ./cases/a.data 2>&1 | tail -n 1; $QUOR get cases/a.data DIMENS.NY --output cases/a.data 2>&1 | tail -n 1; $QUOR check cases --write-baseline cases/b.data --quiet 2>&1 | tail -n 1 => quor: error: can't write './cases/a.data': it is a file of the deck\nquor: error: can't write 'cases/a.data': it is a file of the deck\nquor: error: can't write the baseline 'cases/b.data': it is a deck
-OverAnotherFile: cp cases/a.data c; for i in 1 2; do $QUOR report cases/a.data -o c 2>&1 | tail -n 1; $QUOR report cases/a.data -o r 2>&1 | tail -n 1 | cut -c 1-3; done; cmp c cases/a.data; $QUOR check cases --write-baseline c --quiet 2>&1 | tail -n 1; $QUOR report cases/a.data -o c --force 2>&1 | tail -n 1 | cut -c 1-3 =>
+OverAnotherFile: cp cases/a.data c; for i in 1 2; do $QUOR report cases/a.data -o c 2>&1 | tail -n 1; $QUOR report cases/a.data -o r 2>&1 | tail -n 1 | cut -c 1-3; done; cmp c cases/a.data; echo {} >j; for i in c j; do $QUOR check cases --write-baseline $i --quiet 2>&1 | tail -n 1; done; $QUOR report cases/a.data -o c --force 2>&1 | tail -n 1 | cut -c 1-3 =>
     quor: error: can't write 'c': it is a file, and no report that quor wrote; --force replaces it
     r (
     quor: error: can't write 'c': it is a file, and no report that quor wrote; --force replaces it
     r (
     quor: error: can't write the baseline 'c': it is a file, and no baseline
+    quor: error: can't write the baseline 'j': it is a file, and no baseline
     c (
 OtherCommands: $QUOR get cases/a.data DIMENS.NY --bare 2>e; $QUOR info cases/a.data 2>e | grep -c x.inc => 3\n1
 Fixed: printf 'RUNSPEC\noil\nWATR\n' >other/d.data; $QUOR check other/d.data --no-settings --fix --format gcc; cat other/d.data =>

@@ -46,6 +46,14 @@ void PrintHeader(LoadedLanguage& language, const CheckOptions& options)
         PrintAside(fmt::format("settings: {}\n", MakePrintable(file)));
 }
 
+/// Whether the path may become a baseline: there is no file, an empty one, or a baseline, be it broken.
+bool MayBeBaseline(const std::string& path)
+{
+    const std::string head = HeadOf(path);
+    const auto has = [&head](const char* text) { return head.find(text) != std::string::npos; };
+    return head.empty() || (head.front() == '{' && has("\"version\"") && has("\"findings\""));
+}
+
 /// False, and reported, if it can't be written.
 bool WriteBaseline(const std::string& path, const Baseline& baseline, const std::vector<std::string>& decks)
 {
@@ -56,7 +64,7 @@ bool WriteBaseline(const std::string& path, const Baseline& baseline, const std:
         PrintError(fmt::format("can't write the baseline '{}': it is a deck", path));
         return false;
     }
-    if (const std::string head = HeadOf(path); !head.empty() && head.front() != '{') {
+    if (!MayBeBaseline(path)) {
         PrintError(fmt::format("can't write the baseline '{}': it is a file, and no baseline", path));
         return false;
     }
