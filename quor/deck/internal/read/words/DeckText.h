@@ -89,8 +89,8 @@ public:
     Token NextLine(bool isDirectlyAfter);
     /// What is left of the line, without blanks around it.
     Token TakeRestOfLine();
-    /// Whether a slash, or words in one line, are before the next keyword. Nothing is taken; a file that is
-    /// included isn't looked into.
+    /// Whether a slash, or words in one line, are before the next keyword; numbers below a single word are
+    /// those of a misspelt one. Nothing is taken; a file that is included isn't looked into.
     bool HasDataNext();
     /// All up to a line that starts with the word, in any case of letters. `End`: the file has no such line,
     /// and all of it was taken.

@@ -100,15 +100,17 @@ bool DeckText::HasDataNext()
 {
     Unpeek();
     LineReader lines(GetRest());
+    bool isAfterName = false; // a word alone on its line, which may be a misspelt keyword
     for (Line next; lines.Next(next);) {
         const std::string_view line = TrimBlanks(next.text);
         if (IsEmpty(line))
             continue;
-        if (FindLineStart(line, FindLeadingWord(line)))
+        if (FindLineStart(line, FindLeadingWord(line)) || (isAfterName && IsDigit(line.front())))
             return false;
         const auto lone = FindLoneWord(line);
         if (!lone || lone->hasSlash)
-            return true; // else the word may be a misspelt keyword
+            return true;
+        isAfterName = next.number > 1; // the first is the rest of a head's line, maybe a remark
     }
     return false;
 }
