@@ -116,7 +116,8 @@ void CutFolder(ordered_json& json, const std::string& folder)
 
 void NameFilesFromFolder(ordered_json& json, const std::string& deck)
 {
-    if (const std::size_t end = deck.rfind('/'); end != std::string::npos)
+    // A deck in the root has no folder to cut: texts quote the slash that ends data.
+    if (const std::size_t end = deck.rfind('/'); end != std::string::npos && end > 0)
         CutFolder(json, deck.substr(0, end + 1));
 }
 
