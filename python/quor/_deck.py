@@ -7,7 +7,7 @@ from collections.abc import Iterable, Iterator, Mapping, Sequence
 from datetime import date, datetime
 from pathlib import Path
 from types import NoneType
-from typing import TYPE_CHECKING, Any, Union
+from typing import TYPE_CHECKING, Any, SupportsIndex, Union
 
 from . import _core, _files
 from ._core import Keyword
@@ -198,6 +198,7 @@ class Deck:
     def undo(self, count: int = 1) -> None:
         """Takes the last changes back, byte for byte: one for each call of ``set``, ``add``, ``remove`` and
         ``format``. Raises ``QuorError`` if there are no more."""
+        check_type(count, SupportsIndex, "a whole number of changes")
         if count < 0:
             raise ValueError(f"count is {count}, expected 0 or more")
         for _ in range(count):

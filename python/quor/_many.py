@@ -10,8 +10,9 @@ from collections import deque
 from collections.abc import Callable, Iterable, Iterator, Mapping
 from concurrent.futures import BrokenExecutor, Executor, Future, ProcessPoolExecutor, ThreadPoolExecutor
 from functools import partial
+from operator import index
 from types import NoneType
-from typing import Any, TypeVar, Union
+from typing import Any, SupportsIndex, TypeVar, Union
 
 from ._deck import Deck
 from ._errors import QuorError, check_type
@@ -98,8 +99,8 @@ def _check_paths(paths: object) -> None:
 def _check_executor(jobs: object, executor: object) -> None:
     if executor is not None and not callable(getattr(executor, "submit", None)):
         raise TypeError(f"expected an executor, as concurrent.futures has them, not {type(executor).__name__}")
-    check_type(jobs, (int, NoneType), "a number of jobs")
-    if isinstance(jobs, int) and jobs < 0:
+    check_type(jobs, (SupportsIndex, NoneType), "a number of jobs")
+    if isinstance(jobs, SupportsIndex) and index(jobs) < 0:
         raise ValueError(f"jobs is {jobs}, expected 0 or more")
 
 

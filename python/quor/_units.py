@@ -43,6 +43,7 @@ class Units(Mapping[str, Mapping[str, str]]):
         """A value of the deck (or of the system ``source``) in the unit of the system ``to``."""
         self[measurement]  # raises, with names that are near
         check_type(value, SupportsFloat, "a number")
+        check_type(to, str, "the name of a system of units")
         return _core.convert(measurement, float(value), source or self.system, to)
 
     def frame(self) -> pandas.DataFrame:

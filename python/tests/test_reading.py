@@ -81,6 +81,8 @@ def test_a_deck_answers(deck, question, answer):
         (lambda d: d.frame("WCONPROD", section=3), TypeError, "expected the name of a section, not int"),
         (lambda d: quor.language().search(3), TypeError, "expected words to search for, not int"),
         (lambda d: d.units.convert("1", "pressure", to="FIELD"), TypeError, "expected a number, not str"),
+        (lambda d: d.units.convert(1, "pressure", to=None), TypeError, "expected the name of a system of units, not NoneType"),
+        (lambda d: d.undo("1"), TypeError, "expected a whole number of changes, not str"),
         (lambda d: quor.check_many([], jobs="2"), TypeError, "expected a number of jobs, not str"),
         (lambda d: quor.check_many([], executor=2), TypeError, "expected an executor, as concurrent.futures has them, not int"),
         (lambda d: quor.map_decks("title", []), TypeError, "expected a function of a deck, not str"),
