@@ -115,7 +115,7 @@ void Completions::AddData()
     if (context_.cursor.map)
         AddKeys(*context_.cursor.map);
     if (context_.syntax->GetDeckRole() == KeywordDeckRole::Include) {
-        AddPaths(items_, view_, WordRange(), std::string(context_.cursor.prefix));
+        isCut_ = AddPaths(items_, view_, WordRange(), std::string(context_.cursor.prefix));
         return;
     }
     const IKeywordDataMD* const md = context_.cursor.md;

@@ -83,11 +83,11 @@ void AliasesOfDeck::Add(const std::string& name, const std::string& path)
 
 } // namespace
 
-void AddPaths(Json& items, const View& view, const ByteRange& word, const std::string& prefix)
+bool AddPaths(Json& items, const View& view, const ByteRange& word, const std::string& prefix)
 {
+    const auto continues = [begin = ToUpper(prefix)](
+                               const std::string& path) { return ToUpper(path).starts_with(begin); };
     const auto add = [&](const std::string& path, bool isFolder) {
-        if (!ToUpper(path).starts_with(ToUpper(prefix)))
-            return;
         const std::string written = '\'' + path + (isFolder ? "/'" : "'");
         items.push_back({{"label", path + (isFolder ? "/" : "")}, {"kind", isFolder ? folderKind : fileKind},
             {"filterText", written},
@@ -99,16 +99,23 @@ void AddPaths(Json& items, const View& view, const ByteRange& word, const std::s
     if (view.places) {
         const AliasesOfDeck aliases(view.GetState());
         if (!aliases.Resolve(resolved))
-            return;
-        for (const std::string& alias : aliases.GetNames())
-            add(alias, true);
+            return false;
+        for (const std::string& alias : aliases.GetNames()) {
+            if (continues(alias))
+                add(alias, true);
+        }
     }
     const fs::path place = root.parent_path() / resolved;
-    std::error_code error;
-    for (const std::string& name : Core::Service::Directory(place.string()).GetNames(mostPaths)) {
-        if (!name.starts_with('.'))
-            add(folder + name, fs::is_directory(place / name, error));
+    std::size_t left = mostPaths;
+    for (const std::string& name : Core::Service::Directory(place.string()).GetNames()) {
+        if (name.starts_with('.') || !continues(folder + name))
+            continue;
+        if (left-- == 0)
+            return true;
+        std::error_code error;
+        add(folder + name, fs::is_directory(place / name, error));
     }
+    return false;
 }
 
 } // namespace Veld::Quor::Tools::LanguageServer
