@@ -64,11 +64,13 @@ std::vector<std::string> ListFiles(const std::string& path)
 /// Reports an error and returns false if something of the path can't be read.
 bool ReadPath(const std::string& path, std::vector<Document>& documents, std::set<FileStamp>& known)
 {
+    static constexpr FileStamp ofNone = {};
     std::string file = path;
     try {
         for (const std::string& name : ListFiles(path)) {
             file = name;
-            if (known.insert(StampOf(name)).second || StampOf(name) == FileStamp()) // each once
+            const FileStamp stamp = StampOf(name);
+            if (known.insert(stamp).second || stamp == ofNone) // each once
                 documents.push_back(Document::ReadFile(name));
         }
         return true;
