@@ -100,7 +100,17 @@ async function print(file) {
 
 /// A page that is made dark is as one that was opened dark; and all is as before when theme, layer and window are what they were.
 async function changeAndChangeBack(file) {
-    const picture = () => page.screenshot({ fullPage: true }), settled = () => new Promise(done => setTimeout(done, 1000));
+    const settled = () => new Promise(done => setTimeout(done, 1000));
+    const picture = async () => { // once plots are drawn and no longer move: two in a row are the same
+        let last = await page.screenshot({ fullPage: true });
+        for (let i = 0; i < 20; ++i) {
+            await new Promise(done => setTimeout(done, 250));
+            const next = await page.screenshot({ fullPage: true });
+            if (Buffer.compare(Buffer.from(last), Buffer.from(next)) === 0) break;
+            last = next;
+        }
+        return last;
+    };
     const press = async () => { await page.$eval("#theme", button => button.click()); await settled(); };
     const move = layer => page.$eval("#layer", (slider, to) => { slider.value = to; slider.dispatchEvent(new Event("input")); }, layer);
     await open(file, "dark");
