@@ -123,20 +123,20 @@ std::size_t PlainRecord::ReadUsual(std::string_view line)
         const LeadingReal real = FindLeadingReal(line);
         if (real.length == 0 || !EndsWord(line, real.length) || !IsWithinLimits(*item_, real.value))
             return 0;
-        Set(double(real.value));
+        Set(real.value);
         return real.length;
     }
     if (item_->type == MDType::Integer) {
         const LeadingInteger whole = FindLeadingInteger(line);
         if (whole.length == 0 || !EndsWord(line, whole.length) || !IsWithinLimits(*item_, whole.value))
             return 0;
-        Set(int(whole.value));
+        Set(whole.value);
         return whole.length;
     }
     int choice = 0;
     const std::size_t length = item_->type == MDType::Choice ? FindLeadingChoice(*item_, line, choice) : 0;
     if (length > 0)
-        Set(int(choice));
+        Set(choice);
     return length;
 }
 
@@ -189,7 +189,7 @@ bool PlainRecord::TakeValue(std::string_view text, bool isQuoted)
         return false;
     const auto take = [this](const auto& value) {
         if (value)
-            Set(std::decay_t<decltype(*value)>(*value));
+            Set(*value);
         return value.has_value();
     };
     switch (item.type) {
