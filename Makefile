@@ -64,8 +64,8 @@ check-asan: setup-test build-asan
 	@$(call run_tests,asan)
 
 check-threads: setup-test configure-tsan
-	@echo "== each file by itself, and shared data under the thread sanitizer"
-	@cmake --build --preset tsan --target quor data-tests deck-tests -- --quiet
+	@echo "== the files of the libraries each by itself, and shared data under the thread sanitizer"
+	@cmake --build --preset tsan --target data-tests deck-tests -- --quiet
 	@build/tsan/bin/data-tests --gtest_brief=1 --gtest_filter='SharedTree*'
 	@build/tsan/bin/deck-tests --gtest_brief=1
 
@@ -75,7 +75,7 @@ check-editor: setup-test build-test
 	@QUOR=$(CURDIR)/build/test/bin/quor timeout 120 nvim --headless -u NONE -S editors/neovim/features.lua \
 	    >build/test/editor/features.txt 2>&1 || { cat build/test/editor/features.txt; exit 1; }
 
-# What the analyzer reads: `changed`, the files that differ from the parent of the branch, or `all`.
+# What is linted: `changed`, the files that differ from the parent of the branch, or `all`.
 LINT ?= changed
 check-lint: setup-test build-asan configure-tsan
 	@echo "== lint"

@@ -2,11 +2,14 @@
 
 using namespace Veld::Quor::Core::Keywords;
 
-/// The debugger stops here, and prints the arguments.
-void Stop(const IKeywordData& data, const IKeywordSyntax& syntax, const IKeywordData& cells)
+/// The debugger stops here, and prints the arguments. It calls no function: there are processors where it
+/// can't.
+void Stop(const IKeywordData& data, const IKeywordSyntax& syntax, const IKeywordDataMD& md,
+    const IKeywordData& cells)
 {
     static_cast<void>(data);
     static_cast<void>(syntax);
+    static_cast<void>(md);
     static_cast<void>(cells);
 }
 
@@ -22,5 +25,5 @@ int main()
         KeywordDataFactory::Instance().Construct(*table.Lookup("PORO", SectionType::GRID, true));
     for (const double porosity : {0.25, 0.5})
         AddValue(AsList(*cells), porosity);
-    Stop(*data, *wells, *cells);
+    Stop(*data, *wells, *wells->GetDataMD(), *cells);
 }
