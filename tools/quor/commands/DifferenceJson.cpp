@@ -22,7 +22,7 @@ namespace {
 
 constexpr const char* words[] = {"changed", "added", "removed"};
 
-const char* WordOf(Change::Kind kind)
+const char* KindWord(Change::Kind kind)
 {
     return words[static_cast<std::size_t>(kind)];
 }
@@ -62,7 +62,7 @@ std::string ItemText(const Decks::ItemChange& item)
 
 ordered_json ChangeJson(const Change& change)
 {
-    ordered_json json = {{"change", WordOf(change.kind)}, {"keyword", TextOrNull(change.keyword)},
+    ordered_json json = {{"change", KindWord(change.kind)}, {"keyword", TextOrNull(change.keyword)},
         {"identity", TextOrNull(change.identity)}};
     if (change.kind == Change::Kind::Changed)
         json.update({{"item", TextOrNull(change.item.item)}, {"before", change.item.before},

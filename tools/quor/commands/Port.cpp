@@ -32,7 +32,7 @@ using nlohmann::ordered_json;
 namespace {
 
 /// Among which is what could not be checked.
-constexpr std::size_t mostFindings = 10'000;
+constexpr std::size_t mostPortFindings = 10'000;
 
 struct PortCommandOptions {
     std::string deck;
@@ -179,8 +179,8 @@ int Port(LoadedLanguage& language, const PortCommandOptions& options)
     Decks::ReadOptions read =
         options.read.read; // Wanted: codes that are ignored are among what is not checked
     ApplyReading(SettingsOf(NameOfDeck(options.deck, read), options.read.settings), read);
-    const auto deck =
-        ReadDeckOrReport(options.deck, read.SetTarget(options.to).SetMaxFindings(mostFindings), deckLanguage);
+    const auto deck = ReadDeckOrReport(
+        options.deck, read.SetTarget(options.to).SetMaxFindings(mostPortFindings), deckLanguage);
     if (!deck)
         return Failure;
     const std::vector<Loss> losses = Decks::FindLosses(

@@ -13,7 +13,7 @@ namespace Veld::Quor::Tools {
 
 namespace {
 
-const char* WordOf(FindingFormat format)
+const char* FormatWord(FindingFormat format)
 {
     static constexpr const char* words[] = {"text", "json", "jsonl", "sarif", "junit", "gcc", "github"};
     return words[static_cast<std::size_t>(format)];
@@ -26,10 +26,10 @@ void AddFindingFormatOption(
 {
     std::vector<std::string> words;
     for (const FindingFormat known : formats)
-        words.emplace_back(WordOf(known));
+        words.emplace_back(FormatWord(known));
     const auto set = [&format, formats](const std::string& word) {
-        format = *std::find_if(
-            formats.begin(), formats.end(), [&word](FindingFormat known) { return WordOf(known) == word; });
+        format = *std::find_if(formats.begin(), formats.end(),
+            [&word](FindingFormat known) { return FormatWord(known) == word; });
     };
     command.add_option_function<std::string>("--format", set, "Output format; the default is text")
         ->transform(CLI::IsMember(words, CLI::ignore_case))

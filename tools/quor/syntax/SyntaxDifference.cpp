@@ -13,17 +13,17 @@
 namespace Veld::Quor::Tools {
 
 using Json = nlohmann::ordered_json;
-using Words = std::set<std::string>;
+using WordSet = std::set<std::string>;
 
 namespace {
 
-Words WordsIn(const Json& array)
+WordSet WordsIn(const Json& array)
 {
     return {array.begin(), array.end()};
 }
 
 /// The leaves of an object, with the way to each: "GRID Carrow BlackOil".
-void AddLeaves(const Json& json, const std::string& way, Words& leaves)
+void AddLeaves(const Json& json, const std::string& way, WordSet& leaves)
 {
     for (const auto& [key, value] : json.items()) {
         const std::string last = value.is_string() ? value.get<std::string>() : key;
@@ -35,22 +35,22 @@ void AddLeaves(const Json& json, const std::string& way, Words& leaves)
     }
 }
 
-Words LeavesOf(const Json& json)
+WordSet LeavesOf(const Json& json)
 {
-    Words leaves;
+    WordSet leaves;
     AddLeaves(json, "", leaves);
     return leaves;
 }
 
-Words Without(const Words& words, const Words& others)
+WordSet Without(const WordSet& words, const WordSet& others)
 {
-    Words left;
+    WordSet left;
     std::set_difference(
         words.begin(), words.end(), others.begin(), others.end(), std::inserter(left, left.end()));
     return left;
 }
 
-std::string ListOf(const Words& words)
+std::string ListOf(const WordSet& words)
 {
     return SomeOf({words.begin(), words.end()});
 }
@@ -59,9 +59,9 @@ std::string ListOf(const Words& words)
 void CompareWords(const char* noun, const std::string& keyword, const Json& a, const Json& b,
     bool breaksIfMore, SyntaxChanges& changes)
 {
-    if (const Words removed = Without(WordsIn(a), WordsIn(b)); !removed.empty())
+    if (const WordSet removed = Without(WordsIn(a), WordsIn(b)); !removed.empty())
         changes.push_back({keyword, "", fmt::format("without {} {}", noun, ListOf(removed)), !breaksIfMore});
-    if (const Words added = Without(WordsIn(b), WordsIn(a)); !added.empty())
+    if (const WordSet added = Without(WordsIn(b), WordsIn(a)); !added.empty())
         changes.push_back({keyword, "", fmt::format("with {} {}", noun, ListOf(added)), breaksIfMore});
 }
 
@@ -148,16 +148,16 @@ void CompareValidity(
         return add(a.is_null() ? fmt::format("{} for {} alone", verb, ListOf(LeavesOf(b)))
                                : fmt::format("{} anywhere", verb),
             a.is_null() != breaksIfMore);
-    if (const Words removed = Without(LeavesOf(a), LeavesOf(b)); !removed.empty())
+    if (const WordSet removed = Without(LeavesOf(a), LeavesOf(b)); !removed.empty())
         add(fmt::format("no longer {} for {}", verb, ListOf(removed)), !breaksIfMore);
-    if (const Words added = Without(LeavesOf(b), LeavesOf(a)); !added.empty())
+    if (const WordSet added = Without(LeavesOf(b), LeavesOf(a)); !added.empty())
         add(fmt::format("{} for {} too", verb, ListOf(added)), breaksIfMore);
 }
 
 SyntaxChanges Compare(const SyntaxSnapshot& a, const SyntaxSnapshot& b, bool isAddition)
 {
     SyntaxChanges changes;
-    Words names;
+    WordSet names;
     for (const auto* const side : {&a, &b}) {
         for (const auto& [name, keywords] : *side)
             names.insert(name);
