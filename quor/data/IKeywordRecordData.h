@@ -16,7 +16,8 @@ public:
 
     /// Number of items, which is that of the metadata.
     virtual int GetSize() const = 0;
-    /// The item; see above for what it is. Lasts as long as the record, whatever is written.
+    /// The item; see above for what it is. Lasts as long as the record, whatever is written. In the records
+    /// that the library makes of one metadata a scalar is always at the same distance from the record.
     /// @{
     virtual void* GetData(int i) = 0;
     virtual const void* GetData(int i) const = 0;

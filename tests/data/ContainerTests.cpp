@@ -121,6 +121,23 @@ TEST(Record, StoresOneBytePatternForNotGiven)
     EXPECT_EQ(At<double>(*made.data, 2), DBL_MIN);
 }
 
+TEST(Record, HasScalarsAtTheSameDistanceWhereverItIs)
+{
+    const auto distances = [](const IKeywordData& data) {
+        std::vector<std::ptrdiff_t> all;
+        for (const int i : {0, 2, 3, 4})
+            all.push_back(static_cast<const char*>(AsRecord(data).GetData(i))
+                - reinterpret_cast<const char*>(&AsRecord(data)));
+        return all;
+    };
+    const Made made("[(b [i] s i r)]");
+    const std::unique_ptr<IKeywordData> other = Make(made.keyword);
+    const IKeywordRecordData& first = AddRecord(AsList(*made.data));
+    EXPECT_EQ(distances(AddRecord(AsList(*made.data))), distances(first));
+    EXPECT_EQ(distances(AddRecord(AsList(*other))), distances(first));
+    EXPECT_EQ(distances(*first.CloneSafely()), distances(first));
+}
+
 TEST(Map, FindsThePairOfAKeyOrMakesOne)
 {
     for (const auto& row : Table(R"(

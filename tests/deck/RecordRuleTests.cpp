@@ -111,7 +111,60 @@ WCONPROD
             "remove one of them (d:12:1: the first is here)\nd:32:2: warning: WCONINJE: WELL P1 is in "
             "WCONPROD too [repeated-record] | correct the record, or remove one of them (d:29:2: the first "
             "is "
-            "here)"}),
+            "here)"},
+        DeckRow{"AfterSomeWithoutAny", R"(RUNSPEC
+WATER
+SCHEDULE
+WELSPECS
+ P1 G 1 1 1* OIL /
+ P2 G 1 1 1* OIL /
+ P3 G 1 1 1* OIL /
+/
+COMPDAT
+ P1 1 1 1 1 OPEN /
+ P2 1 1 1 1 OPEN /
+ P3 1 1 1 1 OPEN /
+/
+WCONPROD
+ P1 OPEN ORAT 5 /
+ P2 OPEN ORAT 5 /
+ P3 OPEN ORAT 5 /
+/
+TSTEP
+ 1 /
+WCONPROD
+ P1 OPEN ORAT 6 /
+ P2 OPEN ORAT 6 /
+ P3 OPEN ORAT 6 /
+/
+WCONINJE
+ P3 WATER SHUT RATE 5 /
+/
+TSTEP
+ 1 /
+WCONPROD
+ P2 OPEN ORAT 7 /
+ P1 OPEN ORAT 7 /
+ P2 OPEN ORAT 7 /
+/
+WCONINJE
+ P3 WATER OPEN RATE 5 /
+ P1 WATER OPEN RATE 5 /
+/
+TSTEP
+ 1 /
+WCONPROD
+ P1 OPEN ORAT 8 /
+ P3 OPEN ORAT 1* 5 /
+ P4 OPEN ORAT 8 /
+/
+)",
+            "d:34:2: warning: WCONPROD: repeated record for WELL P2 [repeated-record] | correct the record, "
+            "or remove one of them (d:32:2: the first is here)\nd:38:2: warning: WCONINJE: WELL P1 is in "
+            "WCONPROD too [repeated-record] | correct the record, or remove one of them (d:33:2: the first "
+            "is here)\nd:44:10: warning: WCONPROD: CONTROL is ORAT; expected a value for ORAT [missing-item] "
+            "| add the value, or change CONTROL\nd:45:2: error: WCONPROD: undefined well 'P4' "
+            "[undefined-name] | did you mean P1, P2 or P3?"}),
     CaseName<DeckRow>);
 
 INSTANTIATE_TEST_SUITE_P(Matches, DeckFindings,

@@ -108,6 +108,8 @@ public:
             slot = {turn_, value};
         return {&slot.value, isNew};
     }
+    /// Of one that was added.
+    void Remove(std::size_t number) { slots_[number].turn = 0; }
     /// Takes no time.
     void Clear() { ++turn_; }
 

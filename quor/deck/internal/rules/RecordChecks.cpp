@@ -47,6 +47,13 @@ std::string Text(const IKeywordRecordData& record, const RecordRules::Distinct& 
     return text;
 }
 
+/// Those that may apply.
+const std::vector<std::size_t>& RequirementsOf(const RecordRules& rules, const IKeywordRecordData& record)
+{
+    const int choice = rules.decider.IsThere() ? ChoiceOf(record, rules.decider) : -1;
+    return rules.requirementsOf[static_cast<std::size_t>(choice) + 1];
+}
+
 } // namespace
 
 void RecordChecks::StartKeyword()
@@ -65,8 +72,7 @@ void RecordChecks::StartKeyword()
 void RecordChecks::CheckRequirements(
     const RecordRules& rules, const Record& record, const ValuePosition& position)
 {
-    const int choice = rules.decider.IsThere() ? ChoiceOf(record, rules.decider) : -1;
-    for (const std::size_t number : rules.requirementsOf[static_cast<std::size_t>(choice) + 1]) {
+    for (const std::size_t number : RequirementsOf(rules, record)) {
         if (!IsMet(rules.requirements[number], record))
             ReportMissing(rules.requirements[number], position);
     }
@@ -80,11 +86,56 @@ void RecordChecks::CheckDistinct(
             continue;
         if (!rule.isByName) {
             CheckKeys(rule, record, position);
-        } else if (const auto& name = TextOf(record, rule.items.front())) {
+        } else if (const auto& name = rule.items.front().In<std::string>(record)) {
             const auto [seen, isNew] = ofNames_[rule.number].Add(names_.Get(*name), SeenAt(position));
             if (!isNew)
                 Replace(rule, *seen, record, position);
         }
+    }
+}
+
+bool RecordChecks::AreMet(const RecordRules& rules, const NamedRecords& records) const
+{
+    const auto isMet = [&](const NamedRecord& record) {
+        const auto& requirements = RequirementsOf(rules, *record.record);
+        return std::all_of(requirements.begin(), requirements.end(),
+            [&](std::size_t number) { return IsMet(rules.requirements[number], *record.record); });
+    };
+    return rules.requirements.empty() || std::all_of(records.begin(), records.end(), isMet);
+}
+
+bool RecordChecks::AddDistinct(const RecordRules& rules, const NamedRecords& records)
+{
+    for (auto rule = rules.distinct.begin(); rule != rules.distinct.end(); ++rule) {
+        const std::size_t added = AddNames(*rule, records);
+        if (added == records.size())
+            continue;
+        RemoveNames(*rule, records, added);
+        std::for_each(rules.distinct.begin(), rule,
+            [&](const auto& before) { RemoveNames(before, records, records.size()); });
+        return false;
+    }
+    return true;
+}
+
+/// The number of records before the first whose name is there; all if there is none.
+std::size_t RecordChecks::AddNames(const RecordRules::Distinct& rule, const NamedRecords& records)
+{
+    NumberTable<Seen>& names = ofNames_[rule.number];
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        const Seen seen = {keyword_, static_cast<std::uint32_t>(i)};
+        if (Holds(rule.when, *records[i].record) && !names.Add(records[i].name, seen).second)
+            return i;
+    }
+    return records.size();
+}
+
+void RecordChecks::RemoveNames(
+    const RecordRules::Distinct& rule, const NamedRecords& records, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        if (Holds(rule.when, *records[i].record))
+            ofNames_[rule.number].Remove(records[i].name);
     }
 }
 

@@ -6,12 +6,22 @@
 #include "quor/deck/internal/rules/RulePlans.h"
 #include "quor/deck/internal/rules/ValueRange.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <set>
 #include <string>
 #include <vector>
 
 namespace Veld::Quor::Core::Decks {
+
+/// A record of a list, and the number of its name.
+struct NamedRecord {
+    const Keywords::IKeywordRecordData* record;
+    std::uint32_t name;
+};
+
+/// All of a list.
+using NamedRecords = std::vector<NamedRecord>;
 
 /// Reports records that leave out what they require, and records of one keyword that say the same thing
 /// twice.
@@ -41,6 +51,12 @@ public:
     void CheckDistinct(
         const RecordRules& rules, const Keywords::IKeywordRecordData& record, const ValuePosition& position);
     /// @}
+    /// The same of all records of a keyword, where `rules.mayBeQuiet`: whether none is to be reported.
+    /// @{
+    bool AreMet(const RecordRules& rules, const NamedRecords& records) const;
+    /// If one is to be reported, none has been followed.
+    bool AddDistinct(const RecordRules& rules, const NamedRecords& records);
+    /// @}
 
 private:
     using Record = Keywords::IKeywordRecordData;
@@ -60,6 +76,8 @@ private:
     bool IsMet(const RecordRules::Requirement& requirement, const Record& record) const;
     void ReportMissing(const RecordRules::Requirement& requirement, ValuePosition position);
     bool IsSatisfied(const RequireRule& rule) const;
+    std::size_t AddNames(const RecordRules::Distinct& rule, const NamedRecords& records);
+    void RemoveNames(const RecordRules::Distinct& rule, const NamedRecords& records, std::size_t count);
     Seen SeenAt(const ValuePosition& position) const
     {
         return {keyword_, static_cast<std::uint32_t>(position.element)};

@@ -18,12 +18,6 @@ namespace {
 
 using MDType = IKeywordDataMD::MDType;
 
-template <class T>
-const Service::Optional<T>& ItemOf(const IKeywordRecordData& record, const RuleItem& item)
-{
-    return *static_cast<const Service::Optional<T>*>(record.GetData(item.index));
-}
-
 const IKeywordDataMD& ItemMDOf(const IKeywordRecordData& record, const RuleItem& item)
 {
     return *static_cast<const IKeywordRecordMD&>(*record.GetMD()).GetItemMD(item.index);
@@ -47,13 +41,13 @@ bool AddItem(const IKeywordRecordData& record, const RuleItem& item, NameNumbers
     bool& hasZero)
 {
     if (item.type == MDType::String) {
-        const auto& name = ItemOf<std::string>(record, item);
+        const auto& name = item.In<std::string>(record);
         if (name)
             key.Add(names.GetPart(*name));
         return name.HasValue();
     }
     if (IsWhole(item)) {
-        const auto& number = ItemOf<int>(record, item);
+        const auto& number = item.In<int>(record);
         if (number)
             AddNumber(*number, key);
         hasZero = hasZero || (item.type == MDType::Integer && number && *number == 0);
@@ -61,7 +55,7 @@ bool AddItem(const IKeywordRecordData& record, const RuleItem& item, NameNumbers
     }
     if (!HasItem(record, item))
         return false;
-    key.Add(item.type == MDType::Real ? std::bit_cast<std::uint64_t>(*ItemOf<double>(record, item))
+    key.Add(item.type == MDType::Real ? std::bit_cast<std::uint64_t>(*item.In<double>(record))
                                       : KeyOfName(ValueText(record, item)));
     return true;
 }
@@ -100,21 +94,16 @@ bool HoldsOther(const ItemCondition& condition, const IKeywordRecordData& record
         && IsMatch(condition.rule->word, ValueText(record, condition.item));
 }
 
-long long NumberOf(const IKeywordRecordData& record, const RuleItem& item)
-{
-    return ItemOf<int>(record, item).ValueOr(0);
-}
-
 bool HasItem(const IKeywordRecordData& record, const RuleItem& item)
 {
     if (!item.IsThere())
         return false;
     if (IsWhole(item))
-        return ItemOf<int>(record, item).HasValue();
+        return item.In<int>(record).HasValue();
     if (item.type == MDType::String)
-        return ItemOf<std::string>(record, item).HasValue();
+        return item.In<std::string>(record).HasValue();
     if (item.type == MDType::Real)
-        return ItemOf<double>(record, item).HasValue();
+        return item.In<double>(record).HasValue();
     return IsGiven(ItemValue(ItemMDOf(record, item), record.GetData(item.index)));
 }
 
@@ -123,7 +112,7 @@ bool IsItemSet(const IKeywordRecordData& record, const RuleItem& item)
     if (item.type == MDType::Integer)
         return NumberOf(record, item) > 0;
     if (item.type == MDType::Real)
-        return ItemOf<double>(record, item).ValueOr(0) != 0;
+        return item.In<double>(record).ValueOr(0) != 0;
     return HasItem(record, item);
 }
 
@@ -191,7 +180,7 @@ std::uint64_t KeyOfName(const IKeywordRecordData& record, const RuleItem& item, 
         return 0;
     if (item.type != MDType::String)
         return KeyOfName(ValueText(record, item));
-    const std::string& name = *ItemOf<std::string>(record, item);
+    const std::string& name = *item.In<std::string>(record);
     return name.find_first_of("*?") == std::string::npos ? names.GetPart(name) : 0;
 }
 

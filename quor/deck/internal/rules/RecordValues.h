@@ -9,6 +9,7 @@
 
 #include <boost/container/small_vector.hpp>
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -16,12 +17,23 @@
 
 namespace Veld::Quor::Core::Decks {
 
-/// An item of a record.
+/// An item of records of one metadata.
 struct RuleItem {
     int index = -1; ///< -1: the record has no such item
     Keywords::IKeywordDataMD::MDType::Enum type = Keywords::IKeywordDataMD::MDType::None;
+    mutable std::ptrdiff_t distance =
+        0; ///< of a scalar from its record, the same in all of them; 0: not yet known
 
     bool IsThere() const { return index >= 0; }
+    /// The scalar, which is there.
+    template <class T>
+    const Core::Service::Optional<T>& In(const Keywords::IKeywordRecordData& record) const
+    {
+        const auto* const start = reinterpret_cast<const std::byte*>(&record);
+        if (distance == 0)
+            distance = static_cast<const std::byte*>(record.GetData(index)) - start;
+        return *reinterpret_cast<const Core::Service::Optional<T>*>(start + distance);
+    }
 };
 
 /// The item of that name. `record`: the metadata of a record.
@@ -36,18 +48,15 @@ struct ItemCondition {
 
 /// `record`: the metadata of a record. `condition` must outlive it.
 ItemCondition FindCondition(const Keywords::IKeywordDataMD& record, const RecordCondition& condition);
-/// Of an item that is a text.
-inline const Core::Service::Optional<std::string>& TextOf(
-    const Keywords::IKeywordRecordData& record, const RuleItem& item)
-{
-    return *static_cast<const Core::Service::Optional<std::string>*>(record.GetData(item.index));
-}
 /// Of an item that is a whole number; 0 if it has no value.
-long long NumberOf(const Keywords::IKeywordRecordData& record, const RuleItem& item);
+inline long long NumberOf(const Keywords::IKeywordRecordData& record, const RuleItem& item)
+{
+    return item.In<int>(record).ValueOr(0);
+}
 /// Of an item with choices; -1 if it has no value.
 inline int ChoiceOf(const Keywords::IKeywordRecordData& record, const RuleItem& item)
 {
-    return static_cast<const Core::Service::Optional<int>*>(record.GetData(item.index))->ValueOr(-1);
+    return item.In<int>(record).ValueOr(-1);
 }
 /// Whether it has a value.
 bool HasItem(const Keywords::IKeywordRecordData& record, const RuleItem& item);
@@ -81,8 +90,11 @@ public:
         }
         return number_;
     }
-    /// As a part of a key: no number of an item is the same.
-    std::uint64_t GetPart(const std::string& name) { return (std::uint64_t(1) << 32) + Get(name); }
+    /// The number as a part of a key: none of an item is the same.
+    static std::uint64_t PartOf(std::uint32_t number) { return (std::uint64_t(1) << 32) + number; }
+    std::uint64_t GetPart(const std::string& name) { return PartOf(Get(name)); }
+    /// All numbers are below it.
+    std::size_t GetSize() const { return names_.size(); }
     /// Another record comes.
     void Forget() { last_ = nullptr; }
 

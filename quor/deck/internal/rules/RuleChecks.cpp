@@ -44,6 +44,7 @@ RuleChecks::RuleChecks(const RuleContext& context)
     , matches_(context)
     , trees_(context)
     , arrays_(context)
+    , quiet_(nameNumbers_, settled_, records_)
 {
 }
 
@@ -189,6 +190,8 @@ void RuleChecks::CheckRoot(const RecordRules& rules)
     const IKeywordData& root = *deck_.keywords.back().data;
     if (IsRecord(root))
         return CheckRecord(rules, static_cast<const Record&>(root), {});
+    if (rules.mayBeQuiet && quiet_.Follow(rules, static_cast<const IKeywordListData&>(root)))
+        return;
     ForEachRecord(root, [&](const Record& record, std::size_t i) { CheckRecord(rules, record, {i}); });
 }
 

@@ -7,6 +7,7 @@
 #include "quor/deck/internal/rules/NameChecks.h"
 #include "quor/deck/internal/rules/NumberChecks.h"
 #include "quor/deck/internal/rules/PresenceChecks.h"
+#include "quor/deck/internal/rules/QuietRecords.h"
 #include "quor/deck/internal/rules/RecordChecks.h"
 #include "quor/deck/internal/rules/RulePlans.h"
 #include "quor/deck/internal/rules/TreeChecks.h"
@@ -70,6 +71,7 @@ private:
     TreeChecks trees_;
     ArrayChecks arrays_;
     KeyTable<Nothing> settled_; // names of records of which nothing is to be said
+    QuietRecords quiet_;
     bool isOfLocalGrid_ = false; // the last keyword
     bool isWhole_ = true; // nothing was missed
 };

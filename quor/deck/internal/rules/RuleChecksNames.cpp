@@ -31,13 +31,10 @@ std::uint64_t KeyOfNames(const RecordRules& rules, const IKeywordRecordData& rec
     KeyOfParts key;
     key.Add(rules.number);
     for (const RuleItem& item : rules.nameTexts) {
-        const auto& name = TextOf(record, item);
+        const auto& name = item.In<std::string>(record);
         key.Add(name ? numbers.GetPart(*name) : 0);
     }
-    for (const RuleItem& item : rules.nameNumbers)
-        key.Add(static_cast<std::uint64_t>(ChoiceOf(record, item)));
-    for (const ItemCondition& condition : rules.nameConditions)
-        key.Add(Holds(condition, record) ? 1 : 0);
+    AddConditions(rules, record, key);
     return key.Get();
 }
 

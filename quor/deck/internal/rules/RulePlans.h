@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quor/deck/internal/rules/KeyTable.h"
 #include "quor/deck/internal/rules/RecordValues.h"
 #include "quor/deck/internal/rules/RuleSet.h"
 #include "quor/metadata/IKeywordDataMD.h"
@@ -110,9 +111,21 @@ struct RecordRules {
     std::size_t number = 0; ///< which other records don't have
     std::optional<std::size_t> slashes; ///< that end what is before it in the element; empty: not known
     bool hasNumbers = false; ///< there are indices, orders or assignments
+    bool mayBeQuiet =
+        false; ///< all that is said of it but what it requires depends on one name, numbers and choices
     bool hasOthers = false; ///< there are members, lengths, trees, matches or inner records
     bool isEmpty = true; ///< there is no rule
 };
+
+/// What the rules of names look at in a record but for its texts, as parts of a key.
+inline void AddConditions(
+    const RecordRules& rules, const Keywords::IKeywordRecordData& record, KeyOfParts& key)
+{
+    for (const RuleItem& item : rules.nameNumbers)
+        key.Add(static_cast<std::uint64_t>(ChoiceOf(record, item)));
+    for (const ItemCondition& condition : rules.nameConditions)
+        key.Add(Holds(condition, record) ? 1 : 0);
+}
 
 /// What the rules say of one keyword in one section.
 struct KeywordRules {
