@@ -379,13 +379,14 @@ COMPDAT
             "VELOCITY"},
         DeckRow{"OfDataThatMayBeMissing",
             "RUNSPEC\nMISCIBLE\nMULTSAVE\n 1\nOIL\nBRINE\nNACL KCL /\nBRINE\nWATR\nGAS\nBRINE\nTABDMS\n 1 1 "
-            "/\nMISCIBLE note\n 2 3 /\n",
+            "/\nMISCIBLE note\n 2 3 /\nBRINE\nSATOPT\n HYSTER /\n",
             "d:4:3: error: MULTSAVE: missing slash at the end of the record [unclosed-data] | add a slash "
             "after the last value\nd:9:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean "
             "WATER?\nd:12:1: error: unknown keyword 'TABDMS' [unknown-keyword] | did you mean TABDIMS?\n"
             "d:14:10: warning: MISCIBLE: the text 'note' is read as a remark [text-after-keyword] | write "
             "'--' "
-            "before a remark, and data on the next line"},
+            "before a remark, and data on the next line\n"
+            "d:17:1: error: unknown keyword 'SATOPT' [unknown-keyword] | did you mean SATOPTS, RPTOPT?"},
         DeckRow{"OfTheMatrixAlone",
             "RUNSPEC\nDIMENS\n 2 2 2 /\nGRID\nLX\n 4*1 /\nPERMX\n 4*1 /\nDPGRID\nPORO\n 4*1 /\nZCORN\n 32*1 "
             "/\n"

@@ -3,6 +3,7 @@
 #include "quor/data/DataAccessUtils.h"
 #include "quor/data/KeywordDataFactory.h"
 #include "quor/deck/internal/read/data/DataShape.h"
+#include "quor/deck/internal/read/deck/UnknownKeyword.h"
 #include "quor/foundation/UnitSystem.h"
 #include "quor/syntax/ICellPropertyInfo.h"
 
@@ -128,7 +129,10 @@ void DeckReader::ReadKeyword(const Token& head, const Entry& entry, bool isGuess
 /// Whether a keyword that needs no data has none: it means what empty data would.
 bool DeckReader::IsAlone(const IKeywordSyntax& syntax)
 {
-    return deck_->language.RolesOf(syntax).Has(Role::MayBeAlone) && !text_.HasDataNext();
+    const auto isMisspelt = [this](const std::string& word) {
+        return FindMeantKeyword(word, sections_.GetSure(), vocabulary_) != nullptr;
+    };
+    return deck_->language.RolesOf(syntax).Has(Role::MayBeAlone) && !text_.HasDataNext(isMisspelt);
 }
 
 /// What the keyword that was read last says of those that follow it, and what they say of it.

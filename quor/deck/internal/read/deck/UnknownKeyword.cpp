@@ -26,6 +26,19 @@ bool EndsText(const Entry& entry)
 
 } // namespace
 
+const Entry* FindMeantKeyword(const std::string& word, SectionType::Enum section, Vocabulary& vocabulary)
+{
+    const auto& nearest = vocabulary.FindNearest(word, section);
+    const auto isNear = [&](const std::string& known) {
+        const Entry& entry = *vocabulary.Find(known);
+        return EditDistance(word, known, 1) <= 1
+            && (section == SectionType::None || entry.role == KeywordDeckRole::Section
+                || entry.valid.ofTarget.Allows(section));
+    };
+    const auto first = std::find_if(nearest.begin(), nearest.end(), isNear);
+    return std::count_if(nearest.begin(), nearest.end(), isNear) == 1 ? vocabulary.Find(*first) : nullptr;
+}
+
 const Entry* ReportUnknownKeyword(const TextRange& range, std::string_view word, SectionType::Enum section,
     Vocabulary& vocabulary, FindingReporter& reporter)
 {
@@ -35,22 +48,13 @@ const Entry* ReportUnknownKeyword(const TextRange& range, std::string_view word,
         return nullptr;
     }
     const std::string name(word);
-    const auto& nearest = vocabulary.FindNearest(name, section);
-    std::string hint = SuggestionOf(nearest);
+    std::string hint = SuggestionOf(vocabulary.FindNearest(name, section));
     if (hint.empty() && word.size() > longestName)
         hint = fmt::format("keyword names have at most {} characters", longestName);
-    const auto isNear = [&](const std::string& known) {
-        const Entry& entry = *vocabulary.Find(known);
-        return EditDistance(name, known, 1) <= 1
-            && (section == SectionType::None || entry.role == KeywordDeckRole::Section
-                || entry.valid.ofTarget.Allows(section));
-    };
-    const auto first = std::find_if(nearest.begin(), nearest.end(), isNear);
-    const bool isSure = std::count_if(nearest.begin(), nearest.end(), isNear) == 1;
-    const Entry* const meant = isSure ? vocabulary.Find(*first) : nullptr;
+    const Entry* const meant = FindMeantKeyword(name, section, vocabulary);
     std::vector<TextEdit> fix;
     if (meant && !EndsText(*meant) && meant->valid.ofTarget.Allows(section))
-        fix.push_back({range, *first});
+        fix.push_back({range, meant->spelling});
     reporter.Report(range, Code::UnknownKeyword, std::move(message), std::move(hint), std::move(fix));
     return meant && !EndsText(*meant) ? meant : nullptr;
 }

@@ -5,9 +5,15 @@
 #include "quor/deck/internal/text/Vocabulary.h"
 #include "quor/foundation/SectionType.h"
 
+#include <string>
 #include <string_view>
 
 namespace Veld::Quor::Core::Decks {
+
+/// The keyword that a word which is none is a misspelling of: it is nearer than all others, by one letter,
+/// and may be in the section. Null if there is none.
+const Entry* FindMeantKeyword(
+    const std::string& word, Core::Keywords::SectionType::Enum section, Vocabulary& vocabulary);
 
 /// Reports a word that is no keyword. The keyword that was meant, if one is nearer than all others and ends
 /// neither the deck nor a file; else null.

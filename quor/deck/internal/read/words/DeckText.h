@@ -89,9 +89,10 @@ public:
     Token NextLine(bool isDirectlyAfter);
     /// What is left of the line, without blanks around it.
     Token TakeRestOfLine();
-    /// Whether a slash, or words in one line, are before the next keyword; numbers below a single word are
-    /// those of a misspelt one. Nothing is taken; a file that is included isn't looked into.
-    bool HasDataNext();
+    /// Whether a slash, or words in one line, are before the next keyword. A single word that `isMisspelt`
+    /// says is one, or that numbers are below, is such a keyword. Nothing is taken; a file that is included
+    /// isn't looked into.
+    bool HasDataNext(const std::function<bool(const std::string&)>& isMisspelt);
     /// All up to a line that starts with the word, in any case of letters. `End`: the file has no such line,
     /// and all of it was taken.
     Token NextRaw(std::string_view endWord);

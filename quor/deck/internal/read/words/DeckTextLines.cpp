@@ -96,7 +96,7 @@ bool DeckText::IsKeywordOfNumbers(std::string_view line)
     return false;
 }
 
-bool DeckText::HasDataNext()
+bool DeckText::HasDataNext(const std::function<bool(const std::string&)>& isMisspelt)
 {
     Unpeek();
     LineReader lines(GetRest());
@@ -111,6 +111,9 @@ bool DeckText::HasDataNext()
         if (!lone || lone->hasSlash)
             return true;
         isAfterName = next.number > 1; // the first is the rest of a head's line, maybe a remark
+        const bool isInFirstColumn = line.data() == next.text.data();
+        if (isAfterName && isInFirstColumn && isMisspelt(std::string(lone->word)))
+            return false;
     }
     return false;
 }
