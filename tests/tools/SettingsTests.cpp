@@ -119,11 +119,12 @@ Fixed: printf 'RUNSPEC\noil\nWATR\n' >other/d.data; $QUOR check other/d.data --n
     OIL
     WATR
     other/d.data: fixed 1 finding in 1 file
-PartAlone: printf 'DATES\n 1 JUN 2020 /\n/\nWCONPROD\n P9 OPPEN ORAT 5 /\n/\nDIMENS\n 1 1 1 /\nINCLUDE\n more.inc /\nENDINC\nx\n' >w; $QUOR check w --section schedule --no-settings --format gcc; $QUOR get - WCONPROD.ORAT --section SCHEDULE --bare <w 2>&1 =>
+PartAlone: printf 'DATES\n 1 JUN 2020 /\n/\nWCONPROD\n P9 OPPEN ORAT 5 /\n/\nDIMENS\n 1 1 1 /\nINCLUDE\n more.inc /\nENDINC\nx\n' >w; $QUOR check w --section schedule --no-settings --format gcc; $QUOR get - WCONPROD.ORAT --section SCHEDULE --bare <w 2>&1; cp w 'w $'; $QUOR get 'w $' WCONPROD.ORAT --section SCHEDULE --bare 2>&1 | head -n 1 =>
     w:5:5: error: WCONPROD, STATUS: unknown value 'OPPEN'; did you mean OPEN? [not-a-choice]
     w:7:1: error: DIMENS is not valid in section SCHEDULE (valid in RUNSPEC) [wrong-section]
     quor: - has 2 errors; run 'quor check - --section SCHEDULE --simulator Carrow' to list them; the result may be incomplete
     5
+    quor: w $ has 2 errors; run 'quor check "w \\$" --section SCHEDULE --simulator Carrow' to list them; the result may be incomplete
 PartOfDeck: printf 'PATHS\n A . /\n/\nRUNSPEC\nGAS\nSCHEDULE\nINCLUDE\n ./w.inc /\nOLI\n' >r.data; printf 'OIL\n' >w.inc; $QUOR check w.inc --root r.data 2>e; $QUOR check r.data --root r.data 2>e | tail -n 1; $QUOR check - --root ./r.data --stdin-filename ../$(basename $PWD)/w.inc --quiet <cases/b.data | head -n 1; for a in cases/c.inc none '' -; do $QUOR check $a --root r.data --quiet; done =>
     ./w.inc:1:1: error: OIL is not valid in section SCHEDULE (valid in RUNSPEC) [wrong-section]
         OIL

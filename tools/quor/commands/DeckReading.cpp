@@ -14,8 +14,10 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cctype>
 #include <memory>
 #include <stdexcept>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -26,17 +28,20 @@ using namespace Core::Keywords;
 
 namespace {
 
-std::string CheckCommand(const std::string& path, const Decks::ReadOptions& options)
+/// A path as a word of a command line, where single quotes are around the command.
+std::string CommandWord(const std::string& path)
 {
-    const Decks::Target& target = options.GetTarget();
-    std::string command = "quor check " + MakePrintable(path);
-    if (options.GetSection() != SectionType::None)
-        command += " --section " + SectionType::ToString(options.GetSection());
-    if (target.simulator != SimulatorType::Any)
-        command += " --simulator " + SimulatorType::ToString(target.simulator);
-    if (target.mode != SimulatorModeType::Any)
-        command += " --mode " + SimulatorModeType::ToString(target.mode);
-    return command;
+    std::string text = MakePrintable(path);
+    const bool isPlain = std::all_of(text.begin(), text.end(), [](unsigned char c) {
+        return std::isalnum(c) != 0 || c >= 0x80
+            || std::string_view("%+,-./:=@_").find(static_cast<char>(c)) != std::string_view::npos;
+    });
+    if (isPlain)
+        return text;
+    std::string word = "\"";
+    for (const char c : text)
+        word.append(std::string_view("\"$`\\").find(c) == std::string_view::npos ? "" : "\\").push_back(c);
+    return word + '"';
 }
 
 void AddStandardInputOption(CLI::App& command, Decks::ReadOptions& options)
@@ -157,6 +162,19 @@ std::optional<Decks::Deck> ReadDeckOrReport(const std::string& path, const Decks
         PrintAside(fmt::format("quor: {} has {}; run '{}' to list them; {}\n", MakePrintable(path),
             Plural(errors, "error"), CheckCommand(path, options), consequence));
     return deck;
+}
+
+std::string CheckCommand(const std::string& path, const Decks::ReadOptions& options)
+{
+    const Decks::Target& target = options.GetTarget();
+    std::string command = "quor check " + CommandWord(path);
+    if (options.GetSection() != SectionType::None)
+        command += " --section " + SectionType::ToString(options.GetSection());
+    if (target.simulator != SimulatorType::Any)
+        command += " --simulator " + SimulatorType::ToString(target.simulator);
+    if (target.mode != SimulatorModeType::Any)
+        command += " --mode " + SimulatorModeType::ToString(target.mode);
+    return command;
 }
 
 std::string LocationText(const Decks::Location& location)

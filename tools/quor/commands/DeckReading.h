@@ -61,6 +61,10 @@ std::optional<Core::Decks::Deck> ReadDeckOrReport(const std::string& path,
     const Core::Decks::ReadOptions& options, const Core::Decks::DeckLanguage& deckLanguage,
     const char* consequence = "the result may be incomplete");
 
+/// The command that lists the findings of a deck that was read with the options; texts show it in single
+/// quotes.
+std::string CheckCommand(const std::string& path, const Core::Decks::ReadOptions& options);
+
 /// "file:line"
 std::string LocationText(const Core::Decks::Location& location);
 nlohmann::ordered_json LocationJson(const Core::Decks::Location& location);

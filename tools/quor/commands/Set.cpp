@@ -69,8 +69,8 @@ void PrintKnown(const SetOptions& options, const KnownDeck& before)
 {
     const std::size_t known = before.deck.GetFindings().GetHiddenCount(Decks::Hiding::Known);
     if (known > 0)
-        PrintAside(fmt::format("quor: {} has {}; run 'quor check {}' to list them\n",
-            MakePrintable(options.deck), Plural(known, "finding"), MakePrintable(options.deck)));
+        PrintAside(fmt::format("quor: {} has {}; run '{}' to list them\n", MakePrintable(options.deck),
+            Plural(known, "finding"), CheckCommand(options.deck, before.deck.GetOptions())));
 }
 
 /// Sets one value, once. A line of what changes. `done`: the addresses so far.
