@@ -105,7 +105,7 @@ REQUESTS = [
     ("NamesOfItem", "main.data", "  P\u00a62     SHUT", "completion", {}, "P1 P2"),
     ("NamesInQuotes", "main.data", "  '\u00a6P1'   OPEN", "completion", {}, "'P1' 'P2'"),
     ("NamesOfArrays", "main.data", "  PERM\u00a6X PERMY", "completion", {}, "PERMY PERMX"),
-    ("PathsOfFiles", "main.data", "'wel\u00a6ls.inc'", "completion", {}, "'wells.inc'"),
+    ("PathsOfFiles", "main.data", "'wel\u00a6ls.inc'", "completion", {}, "\"wel's.inc\" 'wells.inc'"),
     ("NothingInArray", "main.data", "  18*1\u00a600 /", "completion", {}, ""),
     ("NothingInComment", "main.data", "-- well  st\u00a6ate", "completion", {}, ""),
     ("NothingAfterSlash", "main.data", "800 /\u00a6", "completion", {}, ""),
@@ -165,7 +165,7 @@ AFTER = {
             "the pattern 'P*' at main.data:40 stands for only one of 'P1' and 'Q1'; change it first"),
     ],
     "AliasOfPath": [
-        ("PathsBelowAlias", "main.data", "'$HERE/we\u00a6lls", "completion", {}, "'$HERE/wells.inc'"),
+        ("PathsBelowAlias", "main.data", "'$HERE/we\u00a6lls", "completion", {}, "\"$HERE/wel's.inc\" '$HERE/wells.inc'"),
         ("Aliases", "main.data", "'$\u00a6HERE/wells", "completion", {}, "'$HERE/'"),
     ],
     "NumberAsName": [

@@ -220,7 +220,7 @@ def main():
     checks = Checks()
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name).resolve()
-        write(folder, {"main.data": decks.MAIN, "wells.inc": decks.WELLS})
+        write(folder, {"main.data": decks.MAIN, "wells.inc": decks.WELLS, "wel's.inc": ""})
         check_folder(checks, sys.argv[1], folder)
         (folder / "project").mkdir()
         check_project(checks, sys.argv[1], folder / "project")

@@ -60,6 +60,7 @@ private:
     void AddWord(const std::string& word, ItemKind kind, const std::string& detail);
     std::string Written(const std::string& word) const;
     ByteRange WordRange() const;
+    char Quote() const;
 
     Session& session_;
     const View& view_;
@@ -115,7 +116,7 @@ void Completions::AddData()
     if (context_.cursor.map)
         AddKeys(*context_.cursor.map);
     if (context_.syntax->GetDeckRole() == KeywordDeckRole::Include) {
-        isCut_ = AddPaths(items_, view_, WordRange(), std::string(context_.cursor.prefix));
+        isCut_ = AddPaths(items_, view_, WordRange(), Quote(), std::string(context_.cursor.prefix));
         return;
     }
     const IKeywordDataMD* const md = context_.cursor.md;
@@ -199,7 +200,13 @@ ByteRange Completions::WordRange() const
     return {begin, offset_ - begin + (closes ? 1 : 0)};
 }
 
-/// In quotes if it needs them, or one is there.
+/// The one before the word at the cursor; without it that which decks mostly have.
+char Completions::Quote() const
+{
+    return view_.GetText().substr(WordRange().offset).starts_with('"') ? '"' : '\'';
+}
+
+/// In quotes if it needs them, or one is there. Empty if no quotes can hold it.
 std::string Completions::Written(const std::string& word) const
 {
     const bool isPlain = !word.empty() && std::isalnum(static_cast<unsigned char>(word.front())) != 0
@@ -207,7 +214,7 @@ std::string Completions::Written(const std::string& word) const
                return std::isalnum(c) != 0
                    || std::string_view("_-+.").find(static_cast<char>(c)) != std::string_view::npos;
            });
-    return isPlain && !context_.cursor.isQuoted ? word : '\'' + word + '\'';
+    return isPlain && !context_.cursor.isQuoted ? word : InQuotes(word, Quote());
 }
 
 void Completions::AddWord(const std::string& word, ItemKind kind, const std::string& detail)
@@ -220,7 +227,10 @@ void Completions::AddWord(const std::string& word, ItemKind kind, const std::str
     if (isCut_)
         return;
     const std::string written = Written(word);
-    Json item = {{"label", word}, {"kind", kind}, {"filterText", written},
+    if (written.empty())
+        return;
+    const std::string sought = context_.cursor.isQuoted ? Quote() + word + Quote() : written;
+    Json item = {{"label", word}, {"kind", kind}, {"filterText", sought},
         {"textEdit", {{"range", ToJson(view_.SpanOf(WordRange()))}, {"newText", written}}}};
     if (!detail.empty())
         item["detail"] = detail;

@@ -4,6 +4,7 @@
 #include "quor/data/PathAliases.h"
 #include "quor/foundation/service/Directory.h"
 #include "quor/metadata/IKeywordRecordMD.h"
+#include "tools/quor/language-server/TextContext.h"
 #include "tools/quor/report/ListedRecord.h"
 #include "tools/quor/terminal/TextLayout.h"
 
@@ -83,15 +84,16 @@ void AliasesOfDeck::Add(const std::string& name, const std::string& path)
 
 } // namespace
 
-bool AddPaths(Json& items, const View& view, const ByteRange& word, const std::string& prefix)
+bool AddPaths(Json& items, const View& view, const ByteRange& word, char quote, const std::string& prefix)
 {
     const auto continues = [begin = ToUpper(prefix)](
                                const std::string& path) { return ToUpper(path).starts_with(begin); };
-    const auto add = [&](const std::string& path, bool isFolder) {
-        const std::string written = '\'' + path + (isFolder ? "/'" : "'");
-        items.push_back({{"label", path + (isFolder ? "/" : "")}, {"kind", isFolder ? folderKind : fileKind},
-            {"filterText", written},
-            {"textEdit", {{"range", ToJson(view.SpanOf(word))}, {"newText", written}}}});
+    const auto add = [&](const std::string& name, bool isFolder) {
+        const std::string path = name + (isFolder ? "/" : "");
+        if (const std::string written = InQuotes(path, quote); !written.empty())
+            items.push_back({{"label", path}, {"kind", isFolder ? folderKind : fileKind},
+                {"filterText", quote + path + quote},
+                {"textEdit", {{"range", ToJson(view.SpanOf(word))}, {"newText", written}}}});
     };
     const fs::path root = view.places ? view.GetState().GetRoot() : PathOfUri(view.document->GetUri());
     const std::string folder = prefix.substr(0, prefix.rfind('/') + 1); // none: 0

@@ -7,7 +7,7 @@
 namespace Veld::Quor::Tools::LanguageServer {
 
 /// Adds completions for the path of a file: files and folders below the folder of the deck that continue
-/// `prefix`. `word`: what is replaced, a quote included. Whether there are more than it adds.
-bool AddPaths(Json& items, const View& view, const ByteRange& word, const std::string& prefix);
+/// `prefix`. `word`: what is replaced, its `quote` included. Whether there are more than it adds.
+bool AddPaths(Json& items, const View& view, const ByteRange& word, char quote, const std::string& prefix);
 
 } // namespace Veld::Quor::Tools::LanguageServer

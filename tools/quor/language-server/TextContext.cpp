@@ -21,11 +21,13 @@ constexpr std::size_t mostLinesBack = 2000;
 /// Whether the rest of a line after `before` is no data.
 bool IsOver(std::string_view before)
 {
-    bool isQuoted = false;
+    char quote = '\0'; // that is open
     for (std::size_t i = 0; i < before.size(); ++i) {
-        if (before[i] == '\'' || before[i] == '"')
-            isQuoted = !isQuoted;
-        else if (!isQuoted && before.substr(i, 2) == "--")
+        if (quote != '\0')
+            quote = before[i] == quote ? '\0' : quote;
+        else if (before[i] == '\'' || before[i] == '"')
+            quote = before[i];
+        else if (before.substr(i, 2) == "--")
             return true;
     }
     const auto words = Decks::FindWords(before);
@@ -108,6 +110,15 @@ TextContext FindContext(Session& session, const View& view, std::size_t offset)
         context.cursor =
             FindDataCursor(*data, view.GetText().substr(context.dataOffset, offset - context.dataOffset));
     return context;
+}
+
+std::string InQuotes(const std::string& text, char quote)
+{
+    for (const char kind : {quote, quote == '"' ? '\'' : '"'}) {
+        if (text.find(kind) == std::string::npos)
+            return kind + text + kind;
+    }
+    return {};
 }
 
 } // namespace Veld::Quor::Tools::LanguageServer

@@ -25,4 +25,7 @@ struct TextContext {
 /// The keyword is that of the deck as it was read, or one that was written since.
 TextContext FindContext(Session& session, const View& view, std::size_t offset);
 
+/// The text between quotes: `quote`, or the other kind if it has one of those. Empty if it has both.
+std::string InQuotes(const std::string& text, char quote);
+
 } // namespace Veld::Quor::Tools::LanguageServer
