@@ -107,6 +107,20 @@ UserQuantities: --version >v; printf 'SCHEDULE\nWCONPROD\n P1 OPEN ORAT WUOPR 2*
     WUOPR,,,WULIM,WULIM,
           "value": "WULIM",
     quor: error: WCONPROD[P1].ORAT is given by a quantity of the user: WUOPR
+Invalid: --version >v; printf 'SCHEDULE\nWCONPROD\n P1 OPPEN ORAT 1x /\n/\n' >c; for f in text csv; do $QUOR get c WCONPROD.STATUS WCONPROD.CONTROL WCONPROD.ORAT --format $f 2>e; echo $?; tail -n 2 e; done =>
+    WCONPROD[P1].STATUS   OPPEN
+    WCONPROD[P1].CONTROL  ORAT
+    WCONPROD[P1].ORAT     1x     sm3/day
+    2
+    quor: error: c:3: WCONPROD, STATUS: unknown value 'OPPEN'
+    quor: error: c:3: WCONPROD, ORAT: invalid value '1x'; expected a number
+    address,keyword,date,value,unit,file,line
+    WCONPROD[P1].STATUS,WCONPROD,,,,c,3
+    WCONPROD[P1].CONTROL,WCONPROD,,ORAT,,c,3
+    WCONPROD[P1].ORAT,WCONPROD,,,sm3/day,c,3
+    2
+    quor: error: c:3: WCONPROD, STATUS: unknown value 'OPPEN'
+    quor: error: c:3: WCONPROD, ORAT: invalid value '1x'; expected a number
 Input: get - 'PORO[2]' --set RATE=5 <a.data => PORO[2]  0.2
 NamedInput: check - --stdin-filename x/y.data --set RATE=5 <a.data 2>e =>
     x/y.data:9:2: error: can't read 'x/b.data': No such file or directory [include-missing]

@@ -23,6 +23,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -177,6 +178,18 @@ int WriteNpy(const Decks::Deck& deck, const GetOptions& options)
     return Failure;
 }
 
+/// False, and reported, if words of the deck are in place of some of the values.
+bool AreValidOrReport(const Decks::Deck& deck, const std::vector<Decks::DeckValue>& values)
+{
+    std::set<const Decks::Finding*> reported;
+    for (const Decks::DeckValue& value : values) {
+        const Decks::Finding* const error = FindError(deck, value);
+        if (error && reported.insert(error).second)
+            PrintError(fmt::format("{}: {}", LocationText(error->location), error->message));
+    }
+    return reported.empty();
+}
+
 int GetValues(LoadedLanguage& language, const GetOptions& options)
 {
     const Decks::DeckLanguage deckLanguage(language.GetTable());
@@ -193,7 +206,7 @@ int GetValues(LoadedLanguage& language, const GetOptions& options)
     const std::string text = options.format == GetFormat::Json ? ToJson(*deck, *values)
         : options.format == GetFormat::Csv                     ? ToCsv(*deck, *values)
                                                                : ToLines(*deck, *values, options.isBare);
-    return Deliver(options, text) ? Success : Failure;
+    return Deliver(options, text) && AreValidOrReport(*deck, *values) ? Success : Failure;
 }
 
 constexpr const char* getDetails =
@@ -203,7 +216,8 @@ constexpr const char* getDetails =
     "Several keywords of one name are numbered: '--format npy' accepts 'PORO#2', the second of the deck. "
     "Its\n"
     "array has one dimension and the order of the deck; a value left to its default is NaN.\n"
-    "Exit status: 0 success, 2 the deck has no such value, or a file can't be read or written.\n\n"
+    "Exit status: 0 success, 2 the deck has no such value or an invalid one, or a file can't be read or "
+    "written.\n\n"
     "Examples:\n"
     "  quor get field.data 'WCONPROD[P1].ORAT'\n"
     "  quor get field.data 'WCONPROD[P1].ORAT@2024-04-01' --bare\n"

@@ -102,8 +102,24 @@ std::string WordOf(const Decks::Deck& deck, const Decks::DeckValue& value)
 
 std::string TextOf(const Decks::Deck& deck, const Decks::DeckValue& value)
 {
-    const std::string word = value.text.empty() ? WrittenWord(deck, value) : value.text;
-    return value.text.empty() && word.find('$') != std::string::npos ? std::string() : word;
+    if (!value.text.empty())
+        return value.text;
+    const std::string word = WrittenWord(deck, value);
+    return word.find('$') != std::string::npos || FindError(deck, value) ? std::string() : word;
+}
+
+const Decks::Finding* FindError(const Decks::Deck& deck, const Decks::DeckValue& value)
+{
+    const std::string word = value.text.empty() ? WrittenWord(deck, value) : std::string();
+    if (word.empty() || word.find('$') != std::string::npos)
+        return nullptr;
+    const auto isOfValue = [&range = *value.range](const Decks::Finding& finding) {
+        return finding.severity == Decks::Severity::Error && finding.range.file == range.file
+            && finding.range.offset >= range.offset && finding.range.offset < range.offset + range.length;
+    };
+    const Decks::Findings& findings = deck.GetFindings();
+    const auto found = std::find_if(findings.begin(), findings.end(), isOfValue);
+    return found == findings.end() ? nullptr : &*found;
 }
 
 std::string UnitOf(const Decks::DeckValue& value, UnitSystem::Enum system)

@@ -16,10 +16,13 @@ namespace Veld::Quor::Tools {
 constexpr const char* defaultWord = "1*";
 
 /// The value as a word of a deck: "1*" if it isn't given, "$NAME" if a variable without a value gives it, and
-/// a name if that is of a quantity of the user.
+/// a name if that is of a quantity of the user. One that is invalid as it is written.
 std::string WordOf(const Core::Decks::Deck& deck, const Core::Decks::DeckValue& value);
-/// The same; empty if it isn't given or a variable without a value gives it.
+/// The same; empty if it isn't given, a variable without a value gives it, or it is invalid.
 std::string TextOf(const Core::Decks::Deck& deck, const Core::Decks::DeckValue& value);
+/// The error because of which the word of the deck is no value, such as an unknown word of a choice; null if
+/// there is none.
+const Core::Decks::Finding* FindError(const Core::Decks::Deck& deck, const Core::Decks::DeckValue& value);
 
 /// The value by its type: a number, a boolean, or a text. Null if `TextOf` is empty.
 nlohmann::ordered_json ValueJson(const Core::Decks::Deck& deck, const Core::Decks::DeckValue& value);
