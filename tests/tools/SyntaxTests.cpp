@@ -107,7 +107,7 @@ Twice: $QUOR list --syntax own.xml --syntax ./own.xml --text 'well checks'; $QUO
     WCHECK  SOLUTION,SCHEDULE  Well checks.
     2 keywords in 1 document: 4 warnings
     own documents ./own.xml: 2 keywords, in place of the built-in OIL
-OfRules: echo '<rules/>' >r; $QUOR list --syntax r => quor: error: can't load the language: 'r' is a document of rules, not of keywords; --rules reads it ('rules' in quor.toml)
+OfRules: mkdir d; mv own.xml d; echo '<rules/>' >d/r.xml; $QUOR list --syntax-folder d => quor: error: can't load the language: 'd/r.xml' is a document of rules, not of keywords; name it with --rules ('rules' in quor.toml), and keep it out of the folder of --syntax-folder
 NotWellFormed: echo '<keywords>' >n; $QUOR list --syntax n => quor: error: can't load the language: n:2:1: error: cannot read the document: input ended before all started tags were ended; last tag started is 'keywords' [not-well-formed]
 Manual: sed -i '/"OIL"/,/keyword>/d' own.xml; $QUOR manual m --syntax own.xml 2>e; echo mine >m/own.html; $QUOR report a.data -o m/a.html 2>e; ls m/keyword/WCHECK.html; $QUOR manual m 2>e; ls m/keyword/WCHECK.html 2>&1; cat m/own.html; ls m/a.html; echo x >m/search-data.js; $QUOR manual m =>
     m/keyword/WCHECK.html

@@ -83,7 +83,8 @@ std::string ErrorIn(const std::vector<std::string>& documents)
         }
         if (const Core::Lint::Element* const root = alone.back().GetRoot(); root && root->tag == "rules")
             return fmt::format(
-                "'{}' is a document of rules, not of keywords; --rules reads it ('rules' in quor.toml)",
+                "'{}' is a document of rules, not of keywords; name it with --rules ('rules' in quor.toml), "
+                "and keep it out of the folder of --syntax-folder",
                 path);
         const auto report = Core::Lint::LintDocuments(alone, 1000);
         for (const Core::Decks::Finding& finding : report.findings) {
