@@ -6,7 +6,9 @@ rm -rf "$folder"
 mkdir -p "$folder"
 "$quor" report "$deck" -o "$folder/report-of-deck.html"
 "$here/other.sh" "$deck" "$folder/other"
-"$quor" report "$deck" --compare "$folder/other/$(basename "$deck")" -o "$folder/whole.html"
+other=other/$(basename "$deck")
+sed -i 's,^  Larkstone,  other/Larkstone,' "$folder/$other" # a title that begins as the folder does
+(cd "$folder" && "$quor" report "$deck" --compare "$other" -o whole.html)
 # As in a browser that can't unpack.
 sed 's|^<script>$|<script>delete window.DecompressionStream;|' "$folder/whole.html" >"$folder/comparison.html"
 cp "$here/report.html" "$folder"

@@ -94,22 +94,37 @@ ordered_json FindingsJson(const Decks::Deck& deck)
     return list;
 }
 
-/// At the start of a text, and in quotes.
-void CutFolder(ordered_json& json, const std::string& folder)
+void CutFolder(ordered_json& path, const std::string& folder)
 {
-    if (json.is_structured()) {
-        for (ordered_json& child : json)
-            CutFolder(child, folder);
-        return;
-    }
-    if (!json.is_string())
-        return;
-    auto& text = json.get_ref<std::string&>();
+    auto& text = path.get_ref<std::string&>();
     if (text.starts_with(folder))
         text.erase(0, folder.size());
+}
+
+/// Sentences quote paths.
+void CutQuotedFolder(ordered_json& sentence, const std::string& folder)
+{
+    auto& text = sentence.get_ref<std::string&>();
     for (std::size_t at = text.find('\'' + folder); at != std::string::npos;
          at = text.find('\'' + folder, at))
         text.erase(at + 1, folder.size());
+}
+
+/// In the members that name files. The others have texts of the deck, which may begin as its folder does.
+void CutFolders(ordered_json& json, const std::string& folder)
+{
+    for (const auto& [member, value] : json.items()) {
+        if (member == "file" || member == "deck")
+            CutFolder(value, folder);
+        else if (member == "message")
+            CutQuotedFolder(value, folder);
+        else if (value.is_structured())
+            CutFolders(value, folder);
+        if (member == "files") {
+            for (ordered_json& file : value)
+                CutFolder(file["name"], folder);
+        }
+    }
 }
 
 } // namespace
@@ -118,7 +133,7 @@ void NameFilesFromFolder(ordered_json& json, const std::string& deck)
 {
     // A deck in the root has no folder to cut: texts quote the slash that ends data.
     if (const std::size_t end = deck.rfind('/'); end != std::string::npos && end > 0)
-        CutFolder(json, deck.substr(0, end + 1));
+        CutFolders(json, deck.substr(0, end + 1));
 }
 
 ordered_json ReportJson(const Decks::Deck& deck, const Decks::DeckLanguage& language, const std::string& path,
@@ -130,7 +145,8 @@ ordered_json ReportJson(const Decks::Deck& deck, const Decks::DeckLanguage& lang
         {"lift", LiftTables(deck, language)}, {"findings", FindingsJson(deck)}};
     AddArrays(deck, language, report, values);
     AddSchedule(deck, language, report);
-    NameFilesFromFolder(report, path);
+    NameFilesFromFolder(report["summary"], path); // the rest has members by names of the deck
+    NameFilesFromFolder(report["findings"], path);
     return report;
 }
 
