@@ -7,14 +7,17 @@
 #include "quor/metadata/IKeywordRecordMD.h"
 #include "quor/syntax/IKeywordSyntax.h"
 #include "tools/quor/report/ListedRecord.h"
+#include "tools/quor/terminal/TextLayout.h"
 #include "tools/quor/tree/MetadataFacts.h"
 #include "tools/quor/tree/UnitTexts.h"
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <cstddef>
 #include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace Veld::Quor::Tools {
@@ -35,16 +38,6 @@ ordered_json NumbersOf(const IKeywordListData& list)
     return numbers;
 }
 
-/// The unit of the numbers of a list.
-std::string UnitOf(const IKeywordListMD& list, UnitSystem::Enum units)
-{
-    if (list.GetItemMD()->GetType() != MDType::Real)
-        return {};
-    const std::string* const measurement =
-        static_cast<const IKeywordRealMD&>(*list.GetItemMD()).GetMeasurement();
-    return measurement ? UnitText(*measurement, units) : "";
-}
-
 class LiftWriter {
 public:
     LiftWriter(const IKeywordRecordData& record, UnitSystem::Enum units, ordered_json& table)
@@ -52,6 +45,7 @@ public:
         , units_(units)
         , table_(table)
     {
+        ReadHead();
     }
 
     void AddAxis(const std::string& item)
@@ -59,13 +53,11 @@ public:
         if (!IsList(item, MDType::Real))
             return;
         const auto& list = ListIn(record_, item);
-        table_["axes"].push_back({{"name", item}, {"word", ""},
-            {"unit", UnitOf(AsList(*list.GetMD()), units_)}, {"nodes", NumbersOf(list)}});
+        table_["axes"].push_back({{"name", item}, {"word", words_[item]},
+            {"unit", UnitOf(AsList(*list.GetMD()))}, {"nodes", NumbersOf(list)}});
     }
     /// A record for each combination of nodes: their numbers, and a list of values.
     void AddValues(const std::string& item);
-    /// The number of the table, and the words that say what an axis is, in the records before the axes.
-    void AddHead();
 
 private:
     /// A document may give any item any role.
@@ -75,12 +67,34 @@ private:
         const int number = FindItem(md, item, MDType::List);
         return number >= 0 && AsList(*md.GetItemMD(number)).GetItemMD()->GetType() == of;
     }
-    void AddHeadItem(const IKeywordRecordData& head, int item);
+    void ReadHead();
+    void ReadHeadItem(const IKeywordRecordData& head, int item);
+    std::string UnitOf(const IKeywordListMD& list) const;
 
     const IKeywordRecordData& record_;
     UnitSystem::Enum units_;
     ordered_json& table_;
+    std::map<std::string, std::string> words_; // of the head, by item
 };
+
+/// The unit of the numbers of a list. Of a measurement that is one of two, as `pressure_or_temperature`, the
+/// second if a word of the head is its beginning, as TEMP, else the first.
+std::string LiftWriter::UnitOf(const IKeywordListMD& list) const
+{
+    if (list.GetItemMD()->GetType() != MDType::Real)
+        return {};
+    const std::string* const measurement =
+        static_cast<const IKeywordRealMD&>(*list.GetItemMD()).GetMeasurement();
+    if (!measurement)
+        return {};
+    constexpr std::string_view between = "_or_";
+    const std::size_t first = std::min(measurement->find(between), measurement->size());
+    const std::string second = measurement->substr(std::min(first + between.size(), measurement->size()));
+    const bool isSecond = std::any_of(words_.begin(), words_.end(), [&second](const auto& word) {
+        return !word.second.empty() && ToUpper(second).starts_with(word.second);
+    });
+    return UnitText(isSecond ? second : measurement->substr(0, first), units_);
+}
 
 void LiftWriter::AddValues(const std::string& item)
 {
@@ -97,13 +111,15 @@ void LiftWriter::AddValues(const std::string& item)
                 || AsList(*md.GetItemMD(i)).GetItemMD()->GetType() != MDType::Real)
                 continue;
             json["values"] = NumbersOf(ListIn(row, i));
-            table_["unit"] = UnitOf(AsList(*md.GetItemMD(i)), units_);
+            table_["unit"] = UnitOf(AsList(*md.GetItemMD(i)));
         }
         table_["rows"].push_back(std::move(json));
     }
 }
 
-void LiftWriter::AddHead()
+/// The number of the table, and the words that say what an axis and the values are: in the records before the
+/// axes.
+void LiftWriter::ReadHead()
 {
     const auto& md = AsRecord(*record_.GetMD());
     for (int i = 0; i < md.GetSize(); ++i) {
@@ -111,23 +127,18 @@ void LiftWriter::AddHead()
             continue;
         const IKeywordRecordData& head = RecordIn(record_, i);
         for (int j = 0; j < AsRecord(*head.GetMD()).GetSize(); ++j)
-            AddHeadItem(head, j);
+            ReadHeadItem(head, j);
     }
 }
 
-void LiftWriter::AddHeadItem(const IKeywordRecordData& head, int item)
+void LiftWriter::ReadHeadItem(const IKeywordRecordData& head, int item)
 {
     const IKeywordRecordMD& record = AsRecord(*head.GetMD());
     const IKeywordDataMD& md = *record.GetItemMD(item);
     if (md.GetType() == MDType::Integer && record.IsIdentifier(item))
         table_["number"] = Get<int>(head, item).ValueOr(0);
-    if (md.GetType() != MDType::Choice)
-        return;
-    const std::string word = GetChoiceOrDefault(head, item, SimulatorType::Any).ValueOr("");
-    for (ordered_json& axis : table_["axes"]) {
-        if (axis["name"] == md.GetName())
-            axis["word"] = word;
-    }
+    if (md.GetType() == MDType::Choice)
+        words_[md.GetName()] = GetChoiceOrDefault(head, item, SimulatorType::Any).ValueOr("");
 }
 
 /// Null for a keyword that is no lift table.
@@ -147,7 +158,6 @@ ordered_json LiftTableOf(
         else if (role.role == "values of lift table")
             writer.AddValues(role.item);
     }
-    writer.AddHead();
     return table["rows"].empty() || table["axes"].size() < 2 ? ordered_json() : table;
 }
 
