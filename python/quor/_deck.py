@@ -11,7 +11,7 @@ from typing import TYPE_CHECKING, Any, SupportsIndex, Union
 
 from . import _core, _files
 from ._core import Keyword
-from ._errors import QuorKeyError, check_type
+from ._errors import QuorKeyError, check_type, flag
 from ._state import State, date_text
 from ._units import Units
 from ._values import Finding, Group, Step, Well
@@ -84,7 +84,7 @@ class Deck:
         if not keywords:
             self[name]  # raises, with names that are near
             raise QuorKeyError(f"{name} is not in section {section}")
-        return frame(keywords, defaults)
+        return frame(keywords, flag(defaults, "defaults"))
 
     @property
     def findings(self) -> list[Finding]:
@@ -192,7 +192,7 @@ class Deck:
     def format(self, normalize: bool = False) -> Deck:
         """Aligns the columns of all files, and keeps data and comments. ``normalize`` writes each value in one
         form. Returns the deck itself."""
-        self._state.format(normalize)
+        self._state.format(flag(normalize, "normalize"))
         return self
 
     def undo(self, count: int = 1) -> None:

@@ -36,5 +36,12 @@ def check_type(value: object, kinds: type | tuple[type, ...], expected: str) -> 
         raise TypeError(f"expected {expected}, not {type(value).__name__}")
 
 
+def flag(value: Any, name: str) -> bool:
+    """A bool of Python or of numpy, whose own is no ``bool``."""
+    plain = value.item() if getattr(value, "shape", None) == () else value
+    check_type(plain, bool, f"True or False as {name}")
+    return bool(plain)
+
+
 class QuorKeyError(QuorError, KeyError):
     """A keyword, an item or a name that isn't there; the message has names that are near."""

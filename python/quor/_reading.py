@@ -11,7 +11,7 @@ from typing import Any, SupportsIndex
 
 from . import _core
 from ._deck import Deck, Options
-from ._errors import check_type
+from ._errors import check_type, flag
 
 _variables: ContextVar[Mapping[str, str]] = ContextVar("quor.variables", default={})
 
@@ -73,12 +73,12 @@ def _options(
 ) -> Options:
     check_type(simulator, (str, NoneType), "the name of a simulator")
     check_type(mode, (str, NoneType), "the name of a mode")
-    check_type(strict, bool, "True or False as strict")
+    is_strict = flag(strict, "strict")
     check_type(max_findings, SupportsIndex, "a whole number as max_findings")
     if max_findings < 0:
         raise ValueError(f"max_findings is {max_findings}, expected 0 or more")
     merged = {**_variables.get(), **_texts(variables or {})}
-    return simulator or "", mode or "", merged, max_findings, strict
+    return simulator or "", mode or "", merged, max_findings, is_strict
 
 
 def with_variables(options: Mapping[str, Any]) -> dict[str, Any]:

@@ -6,6 +6,7 @@
 
 #include <limits>
 #include <memory>
+#include <string_view>
 #include <variant>
 
 namespace Veld::Quor::Python {
@@ -21,6 +22,13 @@ void Fill(Keywords::IKeywordData& data, const py::handle& values);
 {
     throw py::type_error(
         "expected " + expected + ", not " + std::string(py::str(found.get_type().attr("__name__"))));
+}
+
+/// Of Python or of numpy, whose versions have two names for it.
+bool IsBool(const py::handle& value)
+{
+    const std::string_view type = Py_TYPE(value.ptr())->tp_name;
+    return PyBool_Check(value.ptr()) || type == "numpy.bool_" || type == "numpy.bool";
 }
 
 std::string TextOf(const py::handle& value, const std::string& expected)
@@ -116,7 +124,7 @@ void FillMap(Keywords::IKeywordMapData& map, const py::handle& values)
     if (!py::isinstance<py::dict>(values))
         FailType("a dict of words and numbers for " + keyword, values);
     for (const auto& [name, value] : py::cast<py::dict>(values)) {
-        if (!PyLong_Check(value.ptr()))
+        if (!PyIndex_Check(value.ptr()))
             FailType("a whole number for each word of " + keyword, value);
         Keywords::Set(map, TextOf(name, "a word of " + keyword), py::cast<int>(value));
     }
@@ -174,7 +182,7 @@ std::string SectionFor(const DeckPointer& deck, const std::string& name)
 
 Decks::NewValue NewValueOf(const py::handle& value, const Keywords::IKeywordDataMD& md)
 {
-    if (PyBool_Check(value.ptr()))
+    if (IsBool(value))
         return py::cast<bool>(value);
     const bool isReal = md.GetType() == MDType::Real;
     if (PyIndex_Check(value.ptr()) && !isReal) {

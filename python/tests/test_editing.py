@@ -33,8 +33,10 @@ def changes(before, after):
         (lambda d: d.add("WCONPROD", " I1 SHUT /\n/", date="2024-01-01"), ["+WCONPROD", "+ I1 SHUT /", "+/"]),
         (lambda d: d.add("PERMX", np.full(12, 50.0)), ["+PERMX", "+  12*50 /"]),
         (lambda d: d.add("WATER"), ["+WATER"]),
+        (lambda d: d.add("QMOBIL", [np.bool_(True)] * 12), ["+QMOBIL", "+  12*YES /"]),
+        (lambda d: d.add("RPTSCHED", {"WELLS": np.int64(2)}, date="2024-07-01"), ["+RPTSCHED", "+  WELLS=2 /"]),
         (lambda d: d.set("PORO", (0.5 for _ in range(12))), ["-  6*0.25 6*0.3 /", "+  12*0.5 /"]),
-        (lambda d: d.format(normalize=True), ["-  6*0.25 6*0.3 /", "+  6*0.25  6*0.3 /", "-  P1 FIELD 1 1 1* OIL /", "+  P1 FIELD 1 1 1* OIL   /"]),
+        (lambda d: d.format(normalize=np.bool_(True)), ["-  6*0.25 6*0.3 /", "+  6*0.25  6*0.3 /", "-  P1 FIELD 1 1 1* OIL /", "+  P1 FIELD 1 1 1* OIL   /"]),
     ],
 )
 def test_a_change_touches_nothing_else(change, lines):

@@ -36,6 +36,7 @@ def deck():
         (lambda d: ((a := quor.loads("RUNSPEC\nDIMENS\n 2 1 1 /\nGRID\nQMOBIL\n NO /\n")["QMOBIL"].array).dtype, a.tolist(), a.flags.owndata, a.flags.writeable), (np.dtype(bool), [False], False, False)),
         (lambda d: [info.sections for info in quor.language().all("save")], [["RUNSPEC"], ["SCHEDULE"]]),
         (lambda d: d.all("NOSUCH"), []),
+        (lambda d: [len(quor.loads("RUNSPEC\n OIL\n", strict=np.bool_(strict), max_findings=np.int64(9)).findings) for strict in (0, 1)], [0, 1]),
         (lambda d: [k.name for k in d.section("grid")], ["GRID", "PORO", "ACTNUM"]),
         (lambda d: ("PORO" in d, "PERMX" in d), (True, False)),
         (lambda d: d["WCONPROD"].records[0]["orat"], 750.0),
