@@ -23,7 +23,10 @@ endif()
 add_compile_options(-fstack-protector-strong -fstack-clash-protection)
 add_link_options(-Wl,-z,relro,-z,now)
 add_link_options(-Wl,--as-needed) # what a process loads and doesn't call delays its start
-if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+
+# The flag for the sanitizers of this build, as -fsanitize=address,undefined; empty without one.
+string(REGEX MATCH "-fsanitize=[^ ]*" VELD_QUOR_SANITIZERS "${CMAKE_CXX_FLAGS}")
+if(NOT VELD_QUOR_SANITIZERS)
     add_compile_options("$<$<CONFIG:Release>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
 endif()
 
@@ -44,7 +47,7 @@ function(veld_quor_library target name)
     target_compile_features(${target} INTERFACE cxx_std_17) # the public headers ask for no more
     target_link_options(${target} PRIVATE
         -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map)
-    if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+    if(NOT VELD_QUOR_SANITIZERS)
         target_link_options(${target} PRIVATE -Wl,--no-undefined)
     endif()
     install(TARGETS ${target} EXPORT VeldQuorKeywordsTargets
