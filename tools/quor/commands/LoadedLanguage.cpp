@@ -71,8 +71,14 @@ KeywordSyntaxTable& LoadTable()
     return KeywordSyntaxTable::Instance();
 }
 
-/// Why the load fails, if that is because of an own document; empty if none has an error.
-std::string ErrorIn(const std::vector<std::string>& documents)
+} // namespace
+
+LoadedLanguage::LoadedLanguage(const std::vector<std::string>& documents)
+{
+    Load(documents);
+}
+
+std::string LoadedLanguage::ErrorIn(const std::vector<std::string>& documents)
 {
     for (const std::string& path : documents) {
         std::vector<Core::Lint::Document> alone;
@@ -95,13 +101,6 @@ std::string ErrorIn(const std::vector<std::string>& documents)
             return fmt::format("'{}' has no keyword", path);
     }
     return {};
-}
-
-} // namespace
-
-LoadedLanguage::LoadedLanguage(const std::vector<std::string>& documents)
-{
-    Load(documents);
 }
 
 void LoadedLanguage::Load(const std::vector<std::string>& documents)

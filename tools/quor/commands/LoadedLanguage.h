@@ -20,6 +20,8 @@ public:
 
     /// Loads again with other documents: what was made of the table before is gone.
     void Load(const std::vector<std::string>& documents);
+    /// Why a load with these documents would fail because of one of them; empty if none has an error.
+    static std::string ErrorIn(const std::vector<std::string>& documents);
 
     Core::Keywords::KeywordSyntaxTable& GetTable() { return *table_; }
     const std::vector<std::string>& GetDocuments() const { return documents_; }

@@ -40,6 +40,12 @@ bool Inbox::IsEmpty()
     return events_.empty();
 }
 
+void Inbox::DropResults()
+{
+    const std::lock_guard lock(mutex_);
+    std::erase_if(events_, [](const Event& event) { return std::holds_alternative<ReadResult>(event); });
+}
+
 bool Inbox::IsCancelled(const Json& id)
 {
     const std::lock_guard lock(mutex_);

@@ -27,6 +27,8 @@ public:
     /// Waits until there is one.
     Event Pop();
     bool IsEmpty();
+    /// Drops the decks that were read and are still to be taken.
+    void DropResults();
     /// Whether the client has cancelled the request, which may not have come up yet.
     bool IsCancelled(const Json& id);
     /// The request has been answered.

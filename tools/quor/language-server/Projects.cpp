@@ -49,7 +49,6 @@ std::vector<std::string> Project::GetFiles() const
 
 Projects::Projects(KeywordSyntaxTable& table)
     : table_(table)
-    , documentTimes_(TimesOf(KeywordSyntaxTable::GetOwnDocuments()))
 {
 }
 
@@ -63,7 +62,11 @@ Project Projects::Find(const std::string& deck, const Settings& given)
         CheckCodes(project.settings, project.language->language);
         if (project.settings.baseline)
             project.baseline = std::make_shared<const Baseline>(Baseline::Read(*project.settings.baseline));
-        CheckDocuments(project);
+        if (!project.file.empty() && DocumentsOf(project.settings) != KeywordSyntaxTable::GetOwnDocuments())
+            project.error =
+                fmt::format("{}: the documents of keywords that it names are not those that the server has "
+                            "loaded; restart the server in the folder of this file",
+                    project.file);
         read_[project.file] = std::move(ofFile);
     } catch (const std::exception& error) { // of the file, or of rules that it names
         const auto last = read_.find(project.file);
@@ -73,25 +76,6 @@ Project Projects::Find(const std::string& deck, const Settings& given)
         project.language = LastLanguageWith(project.settings);
     }
     return project;
-}
-
-/// The table of keywords is made once, of the documents as they were then.
-void Projects::CheckDocuments(Project& project) const
-{
-    const std::vector<std::string>& own = KeywordSyntaxTable::GetOwnDocuments();
-    if (!project.file.empty() && DocumentsOf(project.settings) != own) {
-        project.error =
-            fmt::format("{}: the documents of keywords that it names are not those that the server "
-                        "was started with; restart the server in the folder of this file",
-                project.file);
-        return;
-    }
-    const auto times = TimesOf(own);
-    const auto changed = std::mismatch(times.begin(), times.end(), documentTimes_.begin()).first;
-    if (changed != times.end())
-        project.error = fmt::format(
-            "restart the server: '{}' has changed, and documents of keywords are read once, at its start",
-            own[static_cast<std::size_t>(changed - times.begin())]);
 }
 
 std::shared_ptr<const ProjectLanguage> Projects::LanguageWith(const Settings& settings)

@@ -55,12 +55,10 @@ private:
         std::shared_ptr<const ProjectLanguage> language;
     };
 
-    void CheckDocuments(Project& project) const;
     std::shared_ptr<const ProjectLanguage> LanguageWith(const Settings& settings);
     std::shared_ptr<const ProjectLanguage> LastLanguageWith(const Settings& settings);
 
     Core::Keywords::KeywordSyntaxTable& table_;
-    std::vector<std::filesystem::file_time_type> documentTimes_; // of own documents of keywords, at the start
     std::map<std::string, Settings> read_; // by settings file: the last without an error
     std::map<std::vector<std::string>, KnownLanguage> languages_; // by the files of rules
 };

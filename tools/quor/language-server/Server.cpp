@@ -7,6 +7,7 @@
 #include "tools/quor/language-server/Projects.h"
 #include "tools/quor/language-server/Session.h"
 #include "tools/quor/settings/SettingsFile.h"
+#include "tools/quor/terminal/FileOutput.h"
 #include "tools/quor/terminal/Terminal.h"
 
 #include <fmt/format.h>
@@ -62,6 +63,14 @@ void ReadMessages(Inbox& inbox)
     inbox.Push(EndOfMessages());
 }
 
+std::vector<std::pair<std::string, FileStamp>> Stamped(const std::vector<std::string>& files)
+{
+    std::vector<std::pair<std::string, FileStamp>> stamped;
+    for (const std::string& file : files)
+        stamped.emplace_back(file, StampOf(file));
+    return stamped;
+}
+
 /// Takes events one after another, and answers requests from what is known by then.
 class Server {
 public:
@@ -83,12 +92,16 @@ private:
     void Answer(const Json& message, const Method& method);
     void AnswerWaiting();
     void StartUp(const Json& message);
-    std::string LoadLanguage(const std::vector<std::string>& folders);
+    std::vector<std::string> FindDocuments() const;
+    void UpdateLanguage();
+    std::string LoadLanguage(const std::vector<std::string>& documents);
     bool MustWait(const Json& message, const Method& method) const;
 
     Inbox& inbox_ = *new Inbox(); // never freed: the thread of the input may use it to the end
     LoadedLanguage& language_;
     const Settings& given_;
+    std::string folder_; // the first of the client, or else the current one
+    std::vector<std::pair<std::string, FileStamp>> documents_; // own ones, as they were looked at last
     std::optional<Session> session_; // empty before "initialize"
     std::thread input_;
     bool isShutDown_ = false;
@@ -110,8 +123,10 @@ bool Server::Run()
             isOver_ = true;
         }
         AnswerWaiting();
-        if (session_ && inbox_.IsEmpty()) // else more changes may come at once
+        if (session_ && session_->HasReads() && inbox_.IsEmpty()) { // else more changes may come at once
+            UpdateLanguage();
             session_->SubmitReads();
+        }
     }
     return isShutDown_;
 }
@@ -158,38 +173,59 @@ void Server::StartUp(const Json& message)
         return;
     }
     const Json& params = MemberOf(message, "params");
-    const std::string failure = LoadLanguage(FoldersIn(params));
-    session_.emplace(language_.GetTable(), given_, SendNotification, SendRequest,
+    std::error_code ignored;
+    const std::vector<std::string> folders = FoldersIn(params);
+    folder_ = folders.empty() ? std::filesystem::current_path(ignored).string() : KeyOfPath(folders.front());
+    documents_ = Stamped(language_.GetDocuments());
+    session_.emplace(language_, given_, SendNotification, SendRequest,
         [this](ReadResult result) { inbox_.Push(std::move(result)); });
     try {
         session_->SetClient(params);
         SendMessage({{"jsonrpc", "2.0"}, {"id", id}, {"result", Capabilities()}});
-        if (!failure.empty())
-            session_->Notify("window/showMessage", {{"type", 1}, {"message", failure}});
     } catch (const std::exception& error) {
         SendError(id, ErrorCode::InvalidParams, error.what());
     }
+    UpdateLanguage();
 }
 
-/// With the documents that the settings file of the first folder, or else of the current one, names beside
-/// those of the command line. Why they are not used; empty if they are.
-std::string Server::LoadLanguage(const std::vector<std::string>& folders)
+/// Those that the settings file of the folder names beside those of the command line.
+std::vector<std::string> Server::FindDocuments() const
 {
-    const std::vector<std::string> loaded = language_.GetDocuments();
     try {
-        std::error_code ignored;
-        const std::string folder =
-            folders.empty() ? std::filesystem::current_path(ignored).string() : KeyOfPath(folders.front());
-        if (const auto documents = DocumentsFor(folder, given_); documents != loaded)
-            language_.Load(documents);
-        return {};
+        return DocumentsFor(folder_, given_);
     } catch (const SettingsError&) { // reported with the first deck
-        return {};
-    } catch (const std::exception& error) {
-        language_.Load(loaded);
-        return fmt::format(
-            "{}; the documents of keywords that the settings file names are not used", error.what());
+        return language_.GetDocuments();
     }
+}
+
+/// Loads the language again if its own documents are others now, or have changed.
+void Server::UpdateLanguage()
+{
+    const std::vector<std::string> documents = FindDocuments();
+    auto stamped = Stamped(documents);
+    if (stamped == documents_)
+        return;
+    documents_ = std::move(stamped);
+    if (const std::string failure = LoadLanguage(documents); !failure.empty())
+        session_->Notify("window/showMessage", {{"type", 1}, {"message", failure}});
+}
+
+/// Why they are not used; empty if they are.
+std::string Server::LoadLanguage(const std::vector<std::string>& documents)
+{
+    if (const std::string error = LoadedLanguage::ErrorIn(documents); !error.empty())
+        return fmt::format("can't load the language: {}; the documents before this error apply", error);
+    session_->StopReader();
+    inbox_.DropResults();
+    std::string failure;
+    try {
+        language_.Load(documents);
+    } catch (const std::exception& error) {
+        failure = fmt::format("{}; no own document of keywords is used", error.what());
+        language_.Load({});
+    }
+    session_->StartReader();
+    return failure;
 }
 
 /// A notification that fails has no answer; the log has it.

@@ -12,19 +12,20 @@ namespace Decks = Core::Decks;
 using namespace Core::Keywords;
 
 Session::Session(
-    KeywordSyntaxTable& table, Settings given, Send send, Send ask, std::function<void(ReadResult)> report)
-    : table_(table)
+    LoadedLanguage& language, Settings given, Send send, Send ask, std::function<void(ReadResult)> report)
+    : language_(language)
     , given_(std::move(given))
+    , report_(std::move(report))
     , send_(std::move(send))
     , watches_(std::move(ask))
     , publications_(send_)
-    , reader_(table, std::move(report))
 {
+    StartReader();
 }
 
 const std::vector<std::pair<std::string, const IKeywordSyntax*>>& Session::GetKeywords()
 {
-    KeywordSyntaxEnumerator enumerator = table_.KeywordsEnumerator();
+    KeywordSyntaxEnumerator enumerator = GetTable().KeywordsEnumerator();
     while (keywordsAreMissing_ && enumerator.Next()) {
         const auto& [name, syntax] = *enumerator.Current();
         if (!name->ends_with('*'))
@@ -278,8 +279,24 @@ void Session::SubmitReads()
         ReadJob job = MakeJob(path, reading);
         job.number = ++jobs_;
         pending_[path] = job.number;
-        reader_.Submit(std::move(job));
+        reader_->Submit(std::move(job));
     }
+}
+
+void Session::StopReader()
+{
+    reader_.reset();
+    pending_.clear();
+    for (const auto& [root, deck] : std::exchange(decks_, {}))
+        toRead_[root] = deck->GetState().IsFragment() ? Reading::DeckOfFile : Reading::Deck;
+    keywords_.clear();
+    keywordsAreMissing_ = true;
+}
+
+void Session::StartReader()
+{
+    reader_.emplace(GetTable(), report_);
+    MarkUnread();
 }
 
 } // namespace Veld::Quor::Tools::LanguageServer

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quor/syntax/KeywordSyntaxTable.h"
+#include "tools/quor/commands/LoadedLanguage.h"
 #include "tools/quor/language-server/ClientSettings.h"
 #include "tools/quor/language-server/DeckReader.h"
 #include "tools/quor/language-server/Documents.h"
@@ -13,6 +13,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -29,10 +30,10 @@ class Session {
 public:
     /// `given`: what the command line says. `send` notifies the client, `ask` sends it a request whose answer
     /// doesn't matter; `report` is called on the thread that reads decks.
-    Session(Core::Keywords::KeywordSyntaxTable& table, Settings given, Send send, Send ask,
+    Session(LoadedLanguage& language, Settings given, Send send, Send ask,
         std::function<void(ReadResult)> report);
 
-    Core::Keywords::KeywordSyntaxTable& GetTable() { return table_; }
+    Core::Keywords::KeywordSyntaxTable& GetTable() { return language_.GetTable(); }
     /// The names of keywords that are offered, sorted, aliases among them; of several keywords of one name
     /// each.
     const std::vector<std::pair<std::string, const Core::Keywords::IKeywordSyntax*>>& GetKeywords();
@@ -66,8 +67,14 @@ public:
     // For the loop of the server.
 
     void Take(ReadResult result);
+    bool HasReads() const { return !toRead_.empty(); }
     /// Asks for what is to be read.
     void SubmitReads();
+    /// Lets go of all that was made of the language; results that were reported before are to be dropped
+    /// then.
+    void StopReader();
+    /// With the language as it is now: all decks are to be read again.
+    void StartReader();
     void Notify(const std::string& method, Json params) { send_(method, std::move(params)); }
 
 private:
@@ -83,8 +90,9 @@ private:
     ReadJob MakeJob(const std::string& path, Reading reading) const;
     bool IsDeckItself(const Document& document) const;
 
-    Core::Keywords::KeywordSyntaxTable& table_;
+    LoadedLanguage& language_;
     Settings given_;
+    std::function<void(ReadResult)> report_;
     Send send_;
     Watches watches_;
     Publications publications_;
@@ -100,7 +108,7 @@ private:
     std::map<std::string, Reading> toRead_; // by path
     std::map<std::string, std::size_t> pending_; // the last job of each path that has no result yet
     std::size_t jobs_ = 0;
-    DeckReader reader_; // last: its thread uses the others
+    std::optional<DeckReader> reader_; // last: its thread uses the others
 };
 
 } // namespace Veld::Quor::Tools::LanguageServer
