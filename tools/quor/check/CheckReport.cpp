@@ -175,11 +175,13 @@ void CheckReport::PrintJson() const
 
 void CheckReport::PrintSarif()
 {
+    // If memory runs out below, the log of that failure has no results, and not half of them.
+    auto parts = std::exchange(parts_, {});
     std::vector<std::string> failures;
     for (const FailureRow& failure : failures_)
         failures.push_back(failure.message);
     auto results = ordered_json::array();
-    for (ordered_json& part : parts_)
+    for (ordered_json& part : parts)
         std::move(part.begin(), part.end(), std::back_inserter(results));
     Print(SarifLog(std::move(results), Decks::Codes(), failures));
 }

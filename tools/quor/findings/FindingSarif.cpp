@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <map>
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -45,7 +46,10 @@ constexpr const char* root = "SRCROOT";
 std::string RootPath()
 {
     std::error_code error;
-    return (std::filesystem::current_path(error) / "").string();
+    const std::filesystem::path folder = std::filesystem::current_path(error);
+    if (error == std::errc::not_enough_memory)
+        throw std::bad_alloc();
+    return (folder / "").string();
 }
 
 /// A file below the current folder is relative to it, so that the log is the same on all machines.
