@@ -79,6 +79,9 @@ function(veld_quor_batches target size)
             UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include): one of the batch")
         target_compile_options(${target} PRIVATE -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
     endif()
+    if(VELD_QUOR_WHOLE_BUILDS STREQUAL CALLERS AND NOT is_library)
+        target_compile_options(${target} PRIVATE -O0) # the library takes the time
+    endif()
 endfunction()
 
 # Headers that the files of a target share, read once. A target with the flags of another can have what was
@@ -91,5 +94,13 @@ function(veld_quor_precompile target)
         target_precompile_headers(${target} REUSE_FROM ${ARGV2})
     else()
         target_precompile_headers(${target} PRIVATE ${ARGN})
+    endif()
+endfunction()
+
+# The same for a part of the library, in the build that compiles its files by themselves, again and again.
+function(veld_quor_precompile_library target)
+    if(VELD_QUOR_WHOLE_BUILDS STREQUAL CALLERS)
+        target_precompile_headers(${target} PRIVATE <algorithm> <cmath> <filesystem> <functional> <limits> <map> <memory>
+            <optional> <set> <stdexcept> <string> <string_view> <unordered_map> <utility> <vector> ${ARGN})
     endif()
 endfunction()

@@ -3,7 +3,8 @@
 
 A fault is a negated condition, a boundary off by one, a dropped statement, a swapped operator, constant, enumerator
 or pair of arguments: see places.py. For each, the tests of the floors that run its line are run, the quickest first.
-Faults that don't compile count for nothing. A run that was ended goes on where it stopped.
+Faults that don't compile count for nothing. A run that is ended (Ctrl-C) prints what it has found, and goes on where
+it stopped when it is run again.
 """
 
 import argparse
@@ -12,6 +13,7 @@ import itertools
 import json
 import pathlib
 import random
+import signal
 import sys
 import threading
 
@@ -35,14 +37,20 @@ def candidates(source, seed):
     return found, texts
 
 
-def slots(texts, count):
-    """Floor and kind of each fault that is wanted: by the lines of the floor, each kind as often."""
+def slots(texts, count, seed):
+    """Floor and kind of each fault that is wanted: by the lines of the floor, each kind as often.
+
+    They are shuffled: those of a run that is ended are a sample of all.
+    """
     lines = collections.Counter()
     for path, text in texts.items():
         lines[pathlib.PurePath(path).parts[1]] += text.count("\n")
+    wanted = []
     for floor, size in sorted(lines.items()):
-        wanted = max(LEAST_OF_A_FLOOR, round(count * size / lines.total()))
-        yield from ((floor, kind) for kind in itertools.islice(itertools.cycle(KINDS), wanted))
+        count_of_floor = max(LEAST_OF_A_FLOOR, round(count * size / lines.total()))
+        wanted += [(floor, kind) for kind in itertools.islice(itertools.cycle(KINDS), count_of_floor)]
+    random.Random(seed).shuffle(wanted)
+    return wanted
 
 
 def explained(path):
@@ -63,40 +71,51 @@ class Run:
         self.source = options.source.resolve()
         self.folder = options.folder.resolve()
         self.found, self.texts = candidates(self.source, options.seed)
-        self.slots = list(slots(self.texts, options.places))
+        self.slots = slots(self.texts, options.places, options.seed)
+        self.wanted = sum(min(n, len(self.found[slot])) for slot, n in collections.Counter(self.slots).items())
+        self.is_ended = False
         self.explained = explained(pathlib.Path(__file__).with_name("explained.txt"))
         self.results_file = self.folder / "results.jsonl"
         self.results = {}
+        self.tests = {}
         self.lock = threading.Lock()
         self.done = []
 
     def key(self, place):
-        """The place by its line of code, which stays when lines above it come and go."""
+        """The place by its line of code, which stays when lines above it come and go; `#2` is the second such line."""
         text = self.texts[place.path]
         start, end = text.rfind("\n", 0, place.start) + 1, text.find("\n", place.start)
+        before = text[start:end].strip()
         after = text[start : place.start] + place.after + (text[place.end : end] if place.end < end else "")
-        return place.path, text[start:end].strip(), after.split("\n")[0].strip()
+        earlier = sum(line.strip() == before for line in text[:start].splitlines())
+        return place.path + (f" #{earlier + 1}" if earlier else ""), before, after.split("\n")[0].strip()
 
-    def cover(self, tree):
-        """Which tests run which lines, and the results of an earlier run, where they hold.
+    def read(self, state=None):
+        """Reads what an earlier run has kept; true if it was of this state, or none is given.
 
-        Both are kept. When a source or a test has changed since, the lines are measured anew, and faults that were
-        not found are tried again.
+        Else a source or a test has changed since: the lines must be measured again, and faults that were not found
+        are tried again.
         """
         file = self.folder / "covered.json"
-        state = tree.state()
         kept = json.loads(file.read_text()) if file.exists() else {}
-        same = kept.get("state") == state
+        same = state is None or kept.get("state") == state
         if self.results_file.exists():
             for row in map(json.loads, self.results_file.read_text().splitlines()):
-                if same or row["by"]:
+                if same or row["by"] is not None:
                     self.results[tuple(row["place"])] = row["by"]
-        self.tests = kept["tests"] if same else {}
-        for name in tree.tests if not same else []:
+        self.tests = kept.get("tests", {}) if same else {}
+        return same
+
+    def cover(self, tree):
+        """Which tests run which lines: measured, or as an earlier run has kept it."""
+        state = tree.state()
+        if self.read(state):
+            return
+        for name in tree.tests:
             seconds, lines = tree.covered(name)
             self.tests[name] = {"seconds": seconds, "lines": {p: sorted(n) for p, n in lines.items()}}
             print(f"{name}: {seconds:.1f} s, {sum(map(len, lines.values()))} lines", flush=True)
-        file.write_text(json.dumps({"state": state, "tests": self.tests}))
+        (self.folder / "covered.json").write_text(json.dumps({"state": state, "tests": self.tests}))
 
     def tests_of(self, place):
         return sorted((t["seconds"], name) for name, t in self.tests.items()
@@ -105,18 +124,21 @@ class Run:
     def next(self):
         """The next place of the next slot, or none: (slot, place)."""
         with self.lock:
-            while self.slots:
+            while self.slots and not self.is_ended:
                 slot = self.slots.pop()
                 if self.found[slot]:
                     return slot, self.found[slot].pop()
         return None
 
     def work(self, tree):
+        """Tries one place after the other; without a tree those alone whose results are known."""
         while item := self.next():
             slot, place = item
             key = self.key(place)
             if key in self.results:
                 by = self.results[key]
+            elif not tree:
+                continue
             else:
                 by = tree.attempt(place, self.texts[place.path], self.tests_of(place))
             with self.lock:
@@ -129,14 +151,30 @@ class Run:
                     continue
                 self.done.append((place, by))
                 shown = f"found by {by}" if by else "explained" if self.reason(place) else "NOT FOUND"
-                print(f"{len(self.done)}  {shown}  {place}", flush=True)
+                print(f"{len(self.done)} of {self.wanted}  {shown}  {place}", flush=True)
+
+    def try_all(self, jobs):
+        self.folder.mkdir(parents=True, exist_ok=True)
+        trees = [Tree(self.source, self.folder / f"copy{i}") for i in range(jobs)]
+        self.cover(trees[0])
+        threads = [threading.Thread(target=self.work, args=[tree]) for tree in trees]
+        for number in (signal.SIGINT, signal.SIGTERM):
+            signal.signal(number, self.end)
+        for thread in threads:
+            thread.start()
+        for thread in threads:
+            thread.join()
+
+    def end(self, *_):
+        print("ending after the faults that are being tried", flush=True)
+        self.is_ended = True
 
     def reason(self, place):
         return self.explained.get(self.key(place))
 
     def report(self):
         """Prints the share that was found, by kind and floor; the least of the shares."""
-        print()
+        print(f"\n{len(self.done)} of {self.wanted} faults tried")
         least = 100.0
         for title, group in (("kind", lambda p: p.kind), ("floor", lambda p: p.floor()), ("all", lambda p: "all")):
             counts = collections.defaultdict(lambda: [0, 0, 0])
@@ -163,16 +201,14 @@ def main():
     parser.add_argument("--seed", type=int, default=1, help="of the choice of places (1)")
     parser.add_argument("--jobs", type=int, default=1, help="copies that are worked on at once (1)")
     parser.add_argument("--least", type=float, default=75, help="share of each floor below which the run fails (75)")
+    parser.add_argument("--report", action="store_true", help="show the results that are kept, and try no more")
     options = parser.parse_args()
     run = Run(options)
-    options.folder.mkdir(parents=True, exist_ok=True)
-    trees = [Tree(run.source, run.folder / f"copy{i}") for i in range(options.jobs)]
-    run.cover(trees[0])
-    threads = [threading.Thread(target=run.work, args=[tree]) for tree in trees]
-    for thread in threads:
-        thread.start()
-    for thread in threads:
-        thread.join()
+    if options.report:
+        run.read()
+        run.work(None)
+    else:
+        run.try_all(options.jobs)
     sys.exit(run.report() < options.least)
 
 

@@ -1,21 +1,39 @@
 """Copies of the sources with builds of their own, in which faults are tried: the sources themselves stay as they are."""
 
+import contextlib
 import hashlib
 import json
 import os
 import pathlib
+import re
 import resource
 import shutil
+import signal
 import subprocess
 import tempfile
 import time
 
-MEMORY = 8 << 30  # of a test: a fault may let it grow without end
+MOST = 4 << 30  # bytes of memory, and of a file, of a test: a fault may let it grow without end
 
 
 def _limited():
-    resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
+    resource.setrlimit(resource.RLIMIT_AS, (MOST, MOST))
+    resource.setrlimit(resource.RLIMIT_FSIZE, (MOST, MOST))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+
+
+def _passes(command, seconds=None, output=subprocess.DEVNULL, **more):
+    """True if the command succeeds in this time. What it started ends with it; no key that ends this program ends it."""
+    process = subprocess.Popen(command, start_new_session=True, stdin=subprocess.DEVNULL, stdout=output,
+        stderr=subprocess.STDOUT, **more)
+    try:
+        return process.wait(seconds) == 0
+    except subprocess.TimeoutExpired:
+        return False
+    finally:
+        with contextlib.suppress(ProcessLookupError):
+            os.killpg(process.pid, signal.SIGKILL)
+        process.wait()
 
 
 class Tree:
@@ -28,12 +46,12 @@ class Tree:
         self._copy()
         if not (self.build / "build.ninja").exists():
             self._must(["cmake", "--preset", "mutants"])
-        self.tests = self._tests()
-        self._must(["cmake", "--build", "--preset", "mutants", "--", "--quiet"])
+        self._build()
+        self.tests = {t["name"]: t["command"] for t in self._listed()}
         commands = json.loads((self.build / "compile_commands.json").read_text())
         self.objects = {}
         for c in commands:
-            self.objects.setdefault(c["file"], []).append(c["output"])
+            self.objects.setdefault(c["file"], []).append(re.search(r" -o (\S+)", c["command"])[1])
 
     def _copy(self):
         names = subprocess.run(["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"], cwd=self.source,
@@ -45,10 +63,10 @@ class Tree:
                 shutil.copy(old, new)
 
     def state(self):
-        """Of what is built and run: sources, tests, examples."""
+        """Of what is built and run: sources, tests, examples; not of this program."""
         digest = hashlib.sha256()
         for top in ("quor", "tools", "language", "tests", "examples"):
-            for file in sorted(f for f in (self.folder / top).rglob("*") if f.is_file()):
+            for file in sorted(f for f in (self.folder / top).rglob("*") if f.is_file() and f.parent.name != "mutants"):
                 digest.update(f"{file.relative_to(self.folder)}\0".encode() + file.read_bytes())
         return digest.hexdigest()
 
@@ -57,23 +75,26 @@ class Tree:
         if done.returncode:
             raise SystemExit(f"{' '.join(command)}\n{done.stdout}{done.stderr}")
 
-    def _tests(self):
-        """The commands of the tests of the floors, by name."""
+    def _listed(self):
+        """The tests of the floors: each is a target of its name."""
         listed = subprocess.run(["ctest", "--show-only=json-v1"], cwd=self.build, check=True, capture_output=True, text=True)
-        return {t["name"]: t["command"] for t in json.loads(listed.stdout)["tests"] if t["name"].endswith("-tests")}
+        return [t for t in json.loads(listed.stdout)["tests"] if t["name"].endswith("-tests")]
 
-    def ninja(self, targets):
-        return subprocess.run(["ninja", "-C", self.build, "-j1", *targets], capture_output=True).returncode == 0
+    def _build(self):
+        log = self.folder / "build.log"
+        print(f"building the tests of {self.folder.name}, see {log}", flush=True)
+        with log.open("w") as output:
+            if not self.ninja([t["name"] for t in self._listed()], os.cpu_count(), output):
+                raise SystemExit(f"the build failed, see {log}")
+
+    def ninja(self, targets, jobs=1, output=subprocess.DEVNULL):
+        return _passes(["ninja", "-C", self.build, f"-j{jobs}", *targets], output=output)
 
     def run(self, test, seconds, profile="/dev/null"):
-        """True if the test passes in this time."""
+        """True if the test passes in this time; it stops at the first case that fails."""
         with tempfile.TemporaryDirectory() as scratch:
-            try:
-                return subprocess.run(self.tests[test], cwd=self.build, env={**os.environ, "LLVM_PROFILE_FILE": profile,
-                    "TMPDIR": scratch}, timeout=seconds, preexec_fn=_limited, stdin=subprocess.DEVNULL,
-                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
-            except subprocess.TimeoutExpired:
-                return False
+            variables = {"LLVM_PROFILE_FILE": profile, "TMPDIR": scratch, "GTEST_FAIL_FAST": "1"}
+            return _passes(self.tests[test], seconds, cwd=self.build, env={**os.environ, **variables}, preexec_fn=_limited)
 
     def covered(self, test):
         """Seconds that the test takes, and the lines that it runs, by source."""
@@ -92,7 +113,7 @@ class Tree:
         for line in subprocess.run(export, check=True, capture_output=True, text=True).stdout.splitlines():
             key, _, value = line.partition(":")
             if key == "SF":
-                path = str(pathlib.Path(value).relative_to(self.folder))
+                path = os.path.relpath(value, self.folder)
             elif key == "DA":
                 number, count = value.split(",")[:2]
                 if int(count):
@@ -111,7 +132,7 @@ class Tree:
         try:
             if not self.ninja(self.objects[str(target)]):
                 return False
-            if not self.ninja(["all"]):
+            if not self.ninja(self.tests):
                 return "build"
             return next((name for seconds, name in tests if not self.run(name, 20 + 5 * seconds)), None)
         finally:
