@@ -254,6 +254,9 @@ DIMENS
 GRID
 ACTNUM
  1 0 1 0 0 1 /
+EQUALS
+ TOPS 3000 /
+/
 SCHEDULE
 WELSPECS
  P1 G 2 1 1* OIL /
@@ -267,12 +270,12 @@ COMPDAT
  P1 1 1 3 3 /
 /
 )",
-            "d:13:5: warning: COMPDAT: no cell of 2 1 1 to 2 is active [inactive-connection] | correct the "
+            "d:16:5: warning: COMPDAT: no cell of 2 1 1 to 2 is active [inactive-connection] | correct the "
             "indices of the connection, or make a cell active (d:5:1: the active cells are here)\n"
-            "d:9:7: warning: WELSPECS: no cell of 2 1 1 to 2 is active, where COMPDAT connects the well "
-            "[inactive-connection] | correct the indices of the well, or make a cell active (d:11:1: the "
+            "d:12:7: warning: WELSPECS: no cell of 2 1 1 to 2 is active, where COMPDAT connects the well "
+            "[inactive-connection] | correct the indices of the well, or make a cell active (d:14:1: the "
             "connection is here)\n"
-            "d:17:5: warning: COMPDAT: cell 1 1 3 is not active [inactive-connection] | correct the indices "
+            "d:20:5: warning: COMPDAT: cell 1 1 3 is not active [inactive-connection] | correct the indices "
             "of the connection, or make a cell active (d:5:1: the active cells are here)"},
         DeckRow{"AreFarFromWells",
             "RUNSPEC\nSOLUTION\nEQUIL\n 2000 200 /\nSCHEDULE\nWELSPECS\n P1 G 1 1 -2010 OIL /\n P2 G 1 1 "
