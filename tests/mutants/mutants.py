@@ -9,6 +9,7 @@ it stopped when it is run again.
 
 import argparse
 import collections
+import hashlib
 import itertools
 import json
 import pathlib
@@ -23,8 +24,20 @@ from trees import Tree
 LEAST_OF_A_FLOOR = 20
 
 
+def key_of(place, text):
+    """The place by its line of code, which stays when lines above it come and go; `#2` is the second such line."""
+    start, end = text.rfind("\n", 0, place.start) + 1, text.find("\n", place.start)
+    before = text[start:end].strip()
+    after = text[start : place.start] + place.after + (text[place.end : end] if place.end < end else "")
+    earlier = sum(line.strip() == before for line in text[:start].splitlines())
+    return place.path + (f" #{earlier + 1}" if earlier else ""), before, after.split("\n")[0].strip()
+
+
 def candidates(source, seed):
-    """Places by floor and kind in the order of the seed, and the texts of their sources."""
+    """Places by floor and kind, and the texts of their sources.
+
+    The order is of the seed and of each place: a change of the sources leaves the others in the sample.
+    """
     files = sorted((source / "quor").rglob("*.cpp"))
     texts = {str(f.relative_to(source)): f.read_text() for f in files}
     enums = enumerations([*texts.values(), *(f.read_text() for f in sorted((source / "quor").rglob("*.h")))])
@@ -32,8 +45,8 @@ def candidates(source, seed):
     for path, text in texts.items():
         for place in places(path, text, enums):
             found[place.floor(), place.kind].append(place)
-    for key in sorted(found):
-        random.Random(f"{seed} {key}").shuffle(found[key])
+    for row in found.values():
+        row.sort(key=lambda place: hashlib.sha256(f"{seed} {key_of(place, texts[place.path])}".encode()).digest())
     return found, texts
 
 
@@ -82,13 +95,7 @@ class Run:
         self.done = []
 
     def key(self, place):
-        """The place by its line of code, which stays when lines above it come and go; `#2` is the second such line."""
-        text = self.texts[place.path]
-        start, end = text.rfind("\n", 0, place.start) + 1, text.find("\n", place.start)
-        before = text[start:end].strip()
-        after = text[start : place.start] + place.after + (text[place.end : end] if place.end < end else "")
-        earlier = sum(line.strip() == before for line in text[:start].splitlines())
-        return place.path + (f" #{earlier + 1}" if earlier else ""), before, after.split("\n")[0].strip()
+        return key_of(place, self.texts[place.path])
 
     def read(self, state=None):
         """Reads what an earlier run has kept; true if it was of this state, or none is given.
