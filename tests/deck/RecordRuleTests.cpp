@@ -164,7 +164,7 @@ WCONPROD
             "WCONPROD too [repeated-record] | correct the record, or remove one of them (d:33:2: the first "
             "is here)\nd:44:10: warning: WCONPROD: CONTROL is ORAT; expected a value for ORAT [missing-item] "
             "| add the value, or change CONTROL\nd:45:2: error: WCONPROD: undefined well 'P4' "
-            "[undefined-name] | did you mean P1, P2 or P3?"}),
+            "[undefined-name] | did you mean P1, P2, P3?"}),
     CaseName<DeckRow>);
 
 INSTANTIATE_TEST_SUITE_P(Matches, DeckFindings,
