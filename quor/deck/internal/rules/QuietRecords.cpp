@@ -16,6 +16,7 @@ bool QuietRecords::Follow(const RecordRules& rules, const IKeywordListData& list
 /// False if a record has none.
 bool QuietRecords::FindNames(const RuleItem& item, const IKeywordListData& list)
 {
+    numbers_.Forget();
     records_.resize(static_cast<std::size_t>(list.GetSize()));
     for (std::size_t i = 0; i < records_.size(); ++i) {
         const auto* const data = static_cast<const IKeywordData*>(list.GetData(i));
