@@ -118,15 +118,30 @@ void FillList(Keywords::IKeywordListData& list, const py::handle& values)
     }
 }
 
+/// Of Python or numpy.
+int WholeNumberOf(const py::handle& value, const std::string& expected)
+{
+    const auto number = py::reinterpret_steal<py::object>(PyNumber_Index(value.ptr()));
+    if (!number) {
+        PyErr_Clear();
+        FailType(expected, value);
+    }
+    int overflow = 0;
+    const long long whole = PyLong_AsLongLongAndOverflow(number.ptr(), &overflow);
+    if (overflow != 0 || whole < std::numeric_limits<int>::min() || whole > std::numeric_limits<int>::max())
+        throw py::value_error(
+            "the number " + py::cast<std::string>(py::str(number)) + " is too large for an integer");
+    return static_cast<int>(whole);
+}
+
 void FillMap(Keywords::IKeywordMapData& map, const py::handle& values)
 {
     const std::string& keyword = map.GetSyntax()->GetName();
     if (!py::isinstance<py::dict>(values))
         FailType("a dict of words and numbers for " + keyword, values);
     for (const auto& [name, value] : py::cast<py::dict>(values)) {
-        if (!PyIndex_Check(value.ptr()))
-            FailType("a whole number for each word of " + keyword, value);
-        Keywords::Set(map, TextOf(name, "a word of " + keyword), py::cast<int>(value));
+        Keywords::Set(map, TextOf(name, "a word of " + keyword),
+            WholeNumberOf(value, "a whole number for each word of " + keyword));
     }
 }
 
@@ -185,12 +200,8 @@ Decks::NewValue NewValueOf(const py::handle& value, const Keywords::IKeywordData
     if (IsBool(value))
         return py::cast<bool>(value);
     const bool isReal = md.GetType() == MDType::Real;
-    if (PyIndex_Check(value.ptr()) && !isReal) {
-        const auto number = py::cast<long long>(value);
-        if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max())
-            throw py::value_error("the number " + std::to_string(number) + " is too large for an integer");
-        return static_cast<int>(number);
-    }
+    if (PyIndex_Check(value.ptr()) && !isReal)
+        return WholeNumberOf(value, "a number, a text or a bool");
     if (PyUnicode_Check(value.ptr()))
         return py::cast<std::string>(value.attr("encode")("utf-8", "surrogateescape"));
     if (PyFloat_Check(value.ptr()) || PyNumber_Check(value.ptr()))

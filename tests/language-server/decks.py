@@ -259,8 +259,8 @@ ON_DISK = [
         "9:0-5 1 unknown-keyword: unknown keyword 'WNOTE'; did you mean NOTES, WNIT, WNPT?", []),
     ("DocumentsAgain", "quor.toml", 'syntax = ["own.xml"]\ndecks = ["cases"]\n', NAME + " | " + VARIABLE, []),
     ("OtherDocuments", "cases/quor.toml", '[variables]\nRATE = 5\n', NAME,
-        ["FOLDER/cases/quor.toml: the documents of keywords that it names are not those that the server has loaded; "
-            "restart the server in the folder of this file"]),
+        ["FOLDER/cases/quor.toml: the documents of keywords that it names are not loaded; correct the one with an error, "
+            "or if none has one, restart the server in the folder of this file"]),
     ("OpenFile", "share/wells.inc", "WELSPEC\n", NAME, []),
     ("Deck", "cases/case.data", CASE.replace("SCHEDULE\n", "SCHEDULE\nWELSPECS\n  P3 NORTH 1 1 2000 OIL /\n/\n"), "", []),
     ("DeckIsGone", "cases/case.data", None, FRAGMENT, ["can't read 'FOLDER/cases/case.data': No such file or directory"]),

@@ -121,6 +121,9 @@ Invalid: --version >v; printf 'SCHEDULE\nWCONPROD\n P1 OPPEN ORAT 1x /\n/\n' >c;
     2
     quor: error: c:3: WCONPROD, STATUS: unknown value 'OPPEN'
     quor: error: c:3: WCONPROD, ORAT: invalid value '1x'; expected a number
+BeyondManyErrors: --version >v; { echo SCHEDULE; echo WCONPROD; for i in $(seq 250); do echo " P$i OPPEN ORAT 5 /"; done; echo /; } >c; $QUOR get c 'WCONPROD[P250].STATUS' --format json 2>e | grep '"value"'; cat e =>
+          "value": null,
+    quor: error: c:252: WCONPROD, STATUS: unknown value 'OPPEN'
 Input: get - 'PORO[2]' --set RATE=5 <a.data => PORO[2]  0.2
 NamedInput: check - --stdin-filename x/y.data --set RATE=5 <a.data 2>e =>
     x/y.data:9:2: error: can't read 'x/b.data': No such file or directory [include-missing]

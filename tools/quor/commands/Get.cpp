@@ -112,20 +112,22 @@ std::string CsvCell(const std::string& text)
     return cell + '"';
 }
 
-std::string ToCsv(const Decks::Deck& deck, const std::vector<Decks::DeckValue>& values)
+std::string ToCsv(
+    const Decks::Deck& deck, const std::vector<Decks::DeckValue>& values, const ValueErrors& errors)
 {
     const auto system = Decks::UnitSystemOf(deck);
     std::string text = "address,keyword,date,value,unit,file,line\n";
     for (const Decks::DeckValue& value : values) {
         const Decks::Location location = LocationOf(deck, value);
         text += fmt::format("{},{},{},{},{},{},{}\n", CsvCell(value.address.ToString()),
-            CsvCell(value.address.keyword), value.address.date, CsvCell(TextOf(deck, value)),
+            CsvCell(value.address.keyword), value.address.date, CsvCell(errors.TextOf(value)),
             CsvCell(UnitOf(value, system)), CsvCell(location.file), location.line);
     }
     return text;
 }
 
-std::string ToJson(const Decks::Deck& deck, const std::vector<Decks::DeckValue>& values)
+std::string ToJson(
+    const Decks::Deck& deck, const std::vector<Decks::DeckValue>& values, const ValueErrors& errors)
 {
     const auto system = Decks::UnitSystemOf(deck);
     auto rows = ordered_json::array();
@@ -133,7 +135,7 @@ std::string ToJson(const Decks::Deck& deck, const std::vector<Decks::DeckValue>&
         const std::string unit = UnitOf(value, system);
         ordered_json row = {{"address", value.address.ToString()}, {"keyword", value.address.keyword},
             {"date", value.address.date.empty() ? ordered_json() : ordered_json(value.address.date)},
-            {"value", ValueJson(deck, value)}, {"unit", unit.empty() ? ordered_json() : ordered_json(unit)}};
+            {"value", errors.JsonOf(value)}, {"unit", unit.empty() ? ordered_json() : ordered_json(unit)}};
         row.update(LocationJson(LocationOf(deck, value)));
         rows.push_back(std::move(row));
     }
@@ -179,11 +181,11 @@ int WriteNpy(const Decks::Deck& deck, const GetOptions& options)
 }
 
 /// False, and reported, if words of the deck are in place of some of the values.
-bool AreValidOrReport(const Decks::Deck& deck, const std::vector<Decks::DeckValue>& values)
+bool AreValidOrReport(const ValueErrors& errors, const std::vector<Decks::DeckValue>& values)
 {
     std::set<const Decks::Finding*> reported;
     for (const Decks::DeckValue& value : values) {
-        const Decks::Finding* const error = FindError(deck, value);
+        const Decks::Finding* const error = errors.Find(value);
         if (error && reported.insert(error).second)
             PrintError(fmt::format("{}: {}", LocationText(error->location), error->message));
     }
@@ -194,8 +196,11 @@ int GetValues(LoadedLanguage& language, const GetOptions& options)
 {
     const Decks::DeckLanguage deckLanguage(language.GetTable());
     const bool hasPositions = options.format != GetFormat::Npy; // a whole array needs none
-    const auto deck = ReadDeckOrReport(
-        options.deck, OptionsFor(options.deck, options.read).SetEditable(hasPositions), deckLanguage);
+    const auto deck = ReadDeckOrReport(options.deck,
+        OptionsFor(options.deck, options.read)
+            .SetEditable(hasPositions)
+            .SetMaxFindings(std::numeric_limits<std::size_t>::max()),
+        deckLanguage);
     if (!deck || !IsApartOrReport(options.output, *deck))
         return Failure;
     if (options.format == GetFormat::Npy)
@@ -203,10 +208,11 @@ int GetValues(LoadedLanguage& language, const GetOptions& options)
     const auto values = ResolveAll(*deck, options);
     if (!values)
         return Failure;
-    const std::string text = options.format == GetFormat::Json ? ToJson(*deck, *values)
-        : options.format == GetFormat::Csv                     ? ToCsv(*deck, *values)
+    const ValueErrors errors(*deck);
+    const std::string text = options.format == GetFormat::Json ? ToJson(*deck, *values, errors)
+        : options.format == GetFormat::Csv                     ? ToCsv(*deck, *values, errors)
                                                                : ToLines(*deck, *values, options.isBare);
-    return Deliver(options, text) && AreValidOrReport(*deck, *values) ? Success : Failure;
+    return Deliver(options, text) && AreValidOrReport(errors, *values) ? Success : Failure;
 }
 
 constexpr const char* getDetails =

@@ -15,8 +15,10 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <stdexcept>
 #include <string_view>
+#include <utility>
 
 namespace Veld::Quor::Tools {
 
@@ -92,6 +94,11 @@ std::string WrittenWord(const Decks::Deck& deck, const Decks::DeckValue& value)
     return word.find_first_not_of(' ') == std::string_view::npos ? std::string() : std::string(word);
 }
 
+std::pair<std::uint64_t, std::uint64_t> PlaceOf(const Decks::TextRange& range)
+{
+    return {range.file, range.offset};
+}
+
 } // namespace
 
 std::string WordOf(const Decks::Deck& deck, const Decks::DeckValue& value)
@@ -100,26 +107,36 @@ std::string WordOf(const Decks::Deck& deck, const Decks::DeckValue& value)
     return word.empty() ? defaultWord : word;
 }
 
-std::string TextOf(const Decks::Deck& deck, const Decks::DeckValue& value)
+ValueErrors::ValueErrors(const Decks::Deck& deck)
+    : deck_(deck)
+{
+    for (const Decks::Finding& finding : deck.GetFindings()) {
+        if (finding.severity == Decks::Severity::Error)
+            errors_.push_back(&finding);
+    }
+    std::stable_sort(errors_.begin(), errors_.end(),
+        [](const auto* a, const auto* b) { return PlaceOf(a->range) < PlaceOf(b->range); });
+}
+
+const Decks::Finding* ValueErrors::Find(const Decks::DeckValue& value) const
+{
+    const std::string word = value.text.empty() ? WrittenWord(deck_, value) : std::string();
+    if (word.empty() || word.find('$') != std::string::npos)
+        return nullptr;
+    const auto place = PlaceOf(*value.range);
+    const auto found = std::lower_bound(errors_.begin(), errors_.end(), place,
+        [](const auto* error, const auto& at) { return PlaceOf(error->range) < at; });
+    const bool isOfValue = found != errors_.end() && (*found)->range.file == value.range->file
+        && (*found)->range.offset < value.range->offset + value.range->length;
+    return isOfValue ? *found : nullptr;
+}
+
+std::string ValueErrors::TextOf(const Decks::DeckValue& value) const
 {
     if (!value.text.empty())
         return value.text;
-    const std::string word = WrittenWord(deck, value);
-    return word.find('$') != std::string::npos || FindError(deck, value) ? std::string() : word;
-}
-
-const Decks::Finding* FindError(const Decks::Deck& deck, const Decks::DeckValue& value)
-{
-    const std::string word = value.text.empty() ? WrittenWord(deck, value) : std::string();
-    if (word.empty() || word.find('$') != std::string::npos)
-        return nullptr;
-    const auto isOfValue = [&range = *value.range](const Decks::Finding& finding) {
-        return finding.severity == Decks::Severity::Error && finding.range.file == range.file
-            && finding.range.offset >= range.offset && finding.range.offset < range.offset + range.length;
-    };
-    const Decks::Findings& findings = deck.GetFindings();
-    const auto found = std::find_if(findings.begin(), findings.end(), isOfValue);
-    return found == findings.end() ? nullptr : &*found;
+    const std::string word = WrittenWord(deck_, value);
+    return word.find('$') != std::string::npos || Find(value) ? std::string() : word;
 }
 
 std::string UnitOf(const Decks::DeckValue& value, UnitSystem::Enum system)
@@ -131,9 +148,9 @@ std::string UnitOf(const Decks::DeckValue& value, UnitSystem::Enum system)
     return measurement ? UnitText(*measurement, system) : std::string();
 }
 
-nlohmann::ordered_json ValueJson(const Decks::Deck& deck, const Decks::DeckValue& value)
+nlohmann::ordered_json ValueErrors::JsonOf(const Decks::DeckValue& value) const
 {
-    const std::string text = TextOf(deck, value);
+    const std::string text = TextOf(value);
     if (text.empty())
         return {};
     switch (NodeOf(value).GetType()) {

@@ -9,6 +9,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace Veld::Quor::Tools {
 
@@ -18,14 +19,25 @@ constexpr const char* defaultWord = "1*";
 /// The value as a word of a deck: "1*" if it isn't given, "$NAME" if a variable without a value gives it, and
 /// a name if that is of a quantity of the user. One that is invalid as it is written.
 std::string WordOf(const Core::Decks::Deck& deck, const Core::Decks::DeckValue& value);
-/// The same; empty if it isn't given, a variable without a value gives it, or it is invalid.
-std::string TextOf(const Core::Decks::Deck& deck, const Core::Decks::DeckValue& value);
-/// The error because of which the word of the deck is no value, such as an unknown word of a choice; null if
-/// there is none.
-const Core::Decks::Finding* FindError(const Core::Decks::Deck& deck, const Core::Decks::DeckValue& value);
 
-/// The value by its type: a number, a boolean, or a text. Null if `TextOf` is empty.
-nlohmann::ordered_json ValueJson(const Core::Decks::Deck& deck, const Core::Decks::DeckValue& value);
+/// The errors of a deck that was read with all its findings.
+class ValueErrors {
+public:
+    /// `deck` must outlive it.
+    explicit ValueErrors(const Core::Decks::Deck& deck);
+
+    /// The error because of which the word of the deck is no value, such as an unknown word of a choice; null
+    /// if there is none.
+    const Core::Decks::Finding* Find(const Core::Decks::DeckValue& value) const;
+    /// As `WordOf`; empty if the value isn't given, a variable without a value gives it, or it is invalid.
+    std::string TextOf(const Core::Decks::DeckValue& value) const;
+    /// The value by its type: a number, a boolean, or a text. Null if `TextOf` is empty.
+    nlohmann::ordered_json JsonOf(const Core::Decks::DeckValue& value) const;
+
+private:
+    const Core::Decks::Deck& deck_;
+    std::vector<const Core::Decks::Finding*> errors_; // by file and place
+};
 
 /// Where the value is, or its keyword if it isn't given.
 Core::Decks::Location LocationOf(const Core::Decks::Deck& deck, const Core::Decks::DeckValue& value);

@@ -63,10 +63,10 @@ Project Projects::Find(const std::string& deck, const Settings& given)
         if (project.settings.baseline)
             project.baseline = std::make_shared<const Baseline>(Baseline::Read(*project.settings.baseline));
         if (!project.file.empty() && DocumentsOf(project.settings) != KeywordSyntaxTable::GetOwnDocuments())
-            project.error =
-                fmt::format("{}: the documents of keywords that it names are not those that the server has "
-                            "loaded; restart the server in the folder of this file",
-                    project.file);
+            project.error = fmt::format(
+                "{}: the documents of keywords that it names are not loaded; correct the one with an "
+                "error, or if none has one, restart the server in the folder of this file",
+                project.file);
         read_[project.file] = std::move(ofFile);
     } catch (const std::exception& error) { // of the file, or of rules that it names
         const auto last = read_.find(project.file);

@@ -69,6 +69,7 @@ private:
     }
     void ReadHead();
     void ReadHeadItem(const IKeywordRecordData& head, int item);
+    std::pair<std::string, std::string> MeasurementOf(const IKeywordListMD& list) const;
     std::string UnitOf(const IKeywordListMD& list) const;
 
     const IKeywordRecordData& record_;
@@ -77,9 +78,10 @@ private:
     std::map<std::string, std::string> words_; // of the head, by item
 };
 
-/// The unit of the numbers of a list. Of a measurement that is one of two, as `pressure_or_temperature`, the
-/// second if a word of the head is its beginning, as TEMP, else the first.
-std::string LiftWriter::UnitOf(const IKeywordListMD& list) const
+/// What the numbers of a list measure, and the word of the head that chooses it. Of a measurement that is one
+/// of two, as `pressure_or_temperature`, it is the second if a word of the head is its beginning, as TEMP,
+/// else the first, and there is no word.
+std::pair<std::string, std::string> LiftWriter::MeasurementOf(const IKeywordListMD& list) const
 {
     if (list.GetItemMD()->GetType() != MDType::Real)
         return {};
@@ -90,10 +92,18 @@ std::string LiftWriter::UnitOf(const IKeywordListMD& list) const
     constexpr std::string_view between = "_or_";
     const std::size_t first = std::min(measurement->find(between), measurement->size());
     const std::string second = measurement->substr(std::min(first + between.size(), measurement->size()));
-    const bool isSecond = std::any_of(words_.begin(), words_.end(), [&second](const auto& word) {
+    const auto chosen = std::find_if(words_.begin(), words_.end(), [&second](const auto& word) {
         return !word.second.empty() && ToUpper(second).starts_with(word.second);
     });
-    return UnitText(isSecond ? second : measurement->substr(0, first), units_);
+    if (chosen == words_.end())
+        return {measurement->substr(0, first), ""};
+    return {second, chosen->second};
+}
+
+std::string LiftWriter::UnitOf(const IKeywordListMD& list) const
+{
+    const std::string measurement = MeasurementOf(list).first;
+    return measurement.empty() ? std::string() : UnitText(measurement, units_);
 }
 
 void LiftWriter::AddValues(const std::string& item)
@@ -111,7 +121,10 @@ void LiftWriter::AddValues(const std::string& item)
                 || AsList(*md.GetItemMD(i)).GetItemMD()->GetType() != MDType::Real)
                 continue;
             json["values"] = NumbersOf(ListIn(row, i));
-            table_["unit"] = UnitOf(AsList(*md.GetItemMD(i)));
+            const IKeywordListMD& values = AsList(*md.GetItemMD(i));
+            table_["unit"] = UnitOf(values);
+            if (const std::string word = MeasurementOf(values).second; !word.empty())
+                table_["values"] = word;
         }
         table_["rows"].push_back(std::move(json));
     }
