@@ -121,7 +121,7 @@ const std::string dataLanguage = R"(
 <keyword name='ENDREG'/>
 <keyword name='CELLS'><data><list size='NX*NY' termination='SLASH'><integer><min val='1'/></integer></list></data>
   <cell/></keyword>
-<keyword name='LAYERS'><data><list size='NX*NY*3' termination='SLASH'><real/></list></data>
+<keyword name='LAYERS'><data><list size='NX * NY*3' termination='SLASH'><real/></list></data>
   <cell copyLayerAboveByDefault='true'/></keyword>
 <keyword name='PAIRS'><data><list termination='SLASH'><record termination='SLASH'>
   <item name='A'><string/></item><item name='B'><string/></item></record></list></data></keyword>
@@ -192,8 +192,9 @@ InfinityIsNoNumber: DIMENS\n 1 1 /\nARRAY\n inf 1e999 nan 7 /\n => [7] => d.data
     d.data:5:12: error: ARRAY: invalid value 'nan'; expected a number [wrong-type]
 Comments: DIMENS\n 2 1 /\nARRAY -- c\n-- FLAG\n 1--c\n 2 / text\n => [1 2] =>
 OnTheLineOfItsKeyword: DIMENS 2 1 /\nARRAY 1 2 /\n => [1 2] =>
-WholeNumbers: WHOLE\n 1 2*3 1.5 -1 99999999999 /\n => [1 3 3 -1] => d.data:3:8: error: WHOLE: invalid value '1.5'; expected a whole number [wrong-type]
+WholeNumbers: WHOLE\n 1 2*3 1.5 -1 99999999999 -99999999999 /\n => [1 3 3 -1] => d.data:3:8: error: WHOLE: invalid value '1.5'; expected a whole number [wrong-type]
     d.data:3:15: error: WHOLE: whole number '99999999999' is out of range (expected -2147483648 to 2147483647) [wrong-type]
+    d.data:3:27: error: WHOLE: whole number '-99999999999' is out of range (expected -2147483648 to 2147483647) [wrong-type]
     d.data:3:12: error: WHOLE: value -1 is too small (expected at least 0) [out-of-range]
 CommaInAnArray: DIMENS\n 2 1 /\nARRAY\n 1, 2,3 /\n => [1] => d.data:5:5: error: unexpected comma in the number '2,3' [comma-in-number] | write a decimal point, or a blank between two values
 CommasBetweenAllValues: DIMENS\n 3 1 /\nARRAY\n 1,2,3 /\n => [] => d.data:5:2: error: unexpected comma in the number '1,2,3' [comma-in-number] | write a decimal point, or a blank between two values
@@ -202,9 +203,9 @@ SameWrongSizeIsToldOnce: DIMENS\n 4 1 /\nARRAY\n 3*1 /\nARRAY\n 3*2 /\nARRAY\n 2
     d.data:9:6: error: ARRAY: too few values (expected 4, found 2) [wrong-size] | the size is NX*NY
 UnknownSizeEndsBeforeAnUnknownKeyword: MANY\n 1 /\n 2 /\nQXZQXZ\n 3 /\nFLAG\n => ? => d.data:5:1: error: unknown keyword 'QXZQXZ' [unknown-keyword]
 WholeLayers: DIMENS\n 2 2 /\nLAYERS\n 8*1 /\nLAYERS\n 4*1 /\n => [1 1 1 1] =>
-LayerCutShort: DIMENS\n 2 2 /\nLAYERS\n 7*1 /\n => ? => d.data:5:6: error: LAYERS: too few values (expected 12, found 7) [wrong-size] | the size is NX*NY*3
+LayerCutShort: DIMENS\n 2 2 /\nLAYERS\n 7*1 /\n => ? => d.data:5:6: error: LAYERS: too few values (expected 12, found 7) [wrong-size] | the size is NX * NY*3
 WrongNumberOfTheDeckIsToldOnce: DIMENS\n 4 2 /\nARRAY\n 6*1 /\nLAYERS\n 18*1 /\nLAYERS\n 23*1 /\n => ? => d.data:5:6: error: ARRAY: too few values (expected 8, found 6) [wrong-size] | the size is NX*NY
-    d.data:9:7: error: LAYERS: too few values (expected 24, found 23) [wrong-size] | the size is NX*NY*3
+    d.data:9:7: error: LAYERS: too few values (expected 24, found 23) [wrong-size] | the size is NX * NY*3
 WrongWordInALayer: DIMENS\n 2 2 /\nLAYERS\n 3*1 x /\n => ? => d.data:5:6: error: LAYERS: invalid value 'x'; expected a number [wrong-type]
 SlashWithin: DIMENS\n 4 1 /\nARRAY\n 1 2 /\n 3 4 /\nFLAG\n => ? => d.data:5:6: error: ARRAY: too few values (expected 4, found 2) [wrong-size] | the size is NX*NY
 BlankAfterTheCountOfARepeat: DIMENS\n 3 1 /\nCELLS\n 1 2* 7 /\n => ? => d.data:5:4: error: CELLS: the values have no default [no-default] | write each value
@@ -228,6 +229,7 @@ Names: NAMES\n A 'B C' 2*D "E/" 2*'F G' O'K /\n => ['A' 'B C' 'D' 'D' 'E/' 'F G'
 OpenQuote: NAMES\n 'A\n B /\n => ['A' 'B'] => d.data:3:2: error: unclosed quote before 'A' [unclosed-quote] | add a closing ' on the same line
 KeywordWithASlashIsAName: NAMES\nFLAG /\n => ['FLAG'] =>
 KeywordEndsOpenData: NAMES\n A\nFLAG\n => ? => d.data:3:3: error: NAMES: missing slash at the end of the list [unclosed-data] | add a slash after the last value
+EndOfFileEndsOpenData: ROWS\n 1 2 /\n 3 => ? => d.data:4:3: error: ROWS: missing slash at the end of the record [unclosed-data] | add a slash after the last value
 EndOfDeckEndsOpenData: ROWS\n 1 2\n => ? => d.data:3:5: error: ROWS: missing slash at the end of the record [unclosed-data] | add a slash after the last value
 )")),
     CaseName<Row>);

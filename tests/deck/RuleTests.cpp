@@ -98,6 +98,10 @@ VFPINJ
             "/\n/\n",
             "d:6:14: error: WELSPECS, PHASE: unknown value 'OLI' [not-a-choice] | did you mean OIL?\n"
             "d:10:2: error: WELOPEN: undefined well 'P3' [undefined-name] | did you mean P1?"},
+        DeckRow{"OneMayBeInCurlyQuotes",
+            "SCHEDULE\nWELSPECS\n \xE2\x80\x98P1\xE2\x80\x99 G 1 1 1* OIL /\n/\nWELOPEN\n P1 SHUT /\n/\n",
+            "d:3:2: error: unexpected curly quote in '\xE2\x80\x98P1\xE2\x80\x99' [odd-character] | write a "
+            "straight quote"},
         DeckRow{"OfOneItemOnce",
             "RUNSPEC\nWSEGDIMS\n 1 5 2 /\nSCHEDULE\nWELSPECS\n P1 G 1 1 1* OIL /\n P2 G 1 1 1* OIL "
             "/\n/\nWELSEGS\n P1 2000 0 1* ABS /\n 2 2 1 1 10 2010 0.1 1E-5 /\n/\nCOMPSEGS\n P9 /\n 1 1 1 1 0 "

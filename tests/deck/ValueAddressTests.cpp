@@ -187,8 +187,8 @@ INSTANTIATE_TEST_SUITE_P(Addresses, Places,
         PlaceRow{"OfAMap", "MAP.A", ""}, PlaceRow{"NoSuchKeyword", "WELL[P1]", ""},
         PlaceRow{"NoSuchRecord", "WELLS[P2].RATE", ""},
         PlaceRow{"TooManyIdentifiers", "WELLS[P1,2].RATE", ""}, PlaceRow{"NoSuchItem", "WELLS[P1].RAT", ""},
-        PlaceRow{"NoSuchElement", "WHOLE[5]", ""}, PlaceRow{"ItemOfAValue", "WHOLE[1].A", ""},
-        PlaceRow{"NoSuchNumber", "WELLS[P1].KIND#5", ""}),
+        PlaceRow{"NoSuchElement", "WHOLE[5]", ""}, PlaceRow{"TooManyNumbers", "WHOLE[3,1]", ""},
+        PlaceRow{"ItemOfAValue", "WHOLE[1].A", ""}, PlaceRow{"NoSuchNumber", "WELLS[P1].KIND#5", ""}),
     CaseName<PlaceRow>);
 
 TEST(Address, WithoutADateCountsValuesThatHaveOne)

@@ -102,6 +102,18 @@ TEST(ServiceLog, GoesToTheLastHandlerAlone)
     EXPECT_EQ(outer.Lines().size(), 2U);
 }
 
+TEST(ServiceLog, WithoutAHandlerGoesToStandardError)
+{
+    const LogHandler earlier = Log::SetHandler({});
+    testing::internal::CaptureStderr();
+    for (const auto severity : {MessageSeverity::Debug, MessageSeverity::Info, MessageSeverity::Warning,
+             MessageSeverity::Error, MessageSeverity::Fatal})
+        Log::SendLogMessage("it", severity);
+    EXPECT_EQ(
+        testing::internal::GetCapturedStderr(), "debug: it\ninfo: it\nwarning: it\nerror: it\nfatal: it\n");
+    Log::SetHandler(earlier);
+}
+
 TEST(ServiceLog, CapsWarningsThatDifferInDigitsAlone)
 {
     const LogCapture log;

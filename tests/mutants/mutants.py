@@ -125,8 +125,14 @@ class Run:
         (self.folder / "covered.json").write_text(json.dumps({"state": state, "tests": self.tests}))
 
     def tests_of(self, place):
-        return sorted((t["seconds"], name) for name, t in self.tests.items()
-            if place.line in t["lines"].get(place.path, []))
+        """The tests that run the line, the quickest first. None: it may be a table or a bound, which is on no line that
+        is counted; then those that run the file."""
+        of_file = {name: t["lines"][place.path] for name, t in self.tests.items() if place.path in t["lines"]}
+        of_line = [name for name, lines in of_file.items() if place.line in lines]
+        return sorted((self.tests[name]["seconds"], name) for name in of_line or of_file)
+
+    def is_run(self, place):
+        return any(place.line in t["lines"].get(place.path, []) for t in self.tests.values())
 
     def next(self):
         """The next place of the next slot, or none: (slot, place)."""
@@ -196,7 +202,7 @@ class Run:
         for place, by in sorted(self.done, key=lambda d: (d[0].path, d[0].line)):
             if not by and not self.reason(place):
                 path, before, after = self.key(place)
-                print(f"{path}\n- {before}\n+ {after}\n" + ("" if self.tests_of(place) else "no test runs the line\n"))
+                print(f"{path}\n- {before}\n+ {after}\n" + ("" if self.is_run(place) else "no test is known to run the line\n"))
         return least
 
 

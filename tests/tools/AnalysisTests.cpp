@@ -72,6 +72,9 @@ StepsWithoutDates: {schedule}TSTEP\n 2*1 /\nWCONPROD\n P1 OPEN ORAT 5 /\n/\n & {
 Arrays: {runspec}GRID\nPORO\n 0.2 0.2 0.3 0.4 /\n & {runspec}GRID\nPORO\n 0.2 0.25 0.3 0.1 /\n =>
     GRID
       ~ PORO: 2 of 4 differ, first [2]: 0.2 -> 0.25, by 0.3 at most   (A 8, B 8)
+ArrayOfAnotherSize: GRID\nPORO\n 0.2 0.2 /\n & GRID\nPORO\n 0.2 0.2 0.3 /\n =>
+    GRID
+      ~ PORO: 2 values -> 3   (A 2, B 2)
 OneOfSeveralArrays: {runspec}GRID\nPORO\n 4*1 /\nPORO\n 4*0.5 /\nPORO\n 4*0 /\n & {runspec}GRID\nPORO\n 4*1 /\nPORO\n 4*0 /\n =>
     GRID
       - PORO   (A 10)

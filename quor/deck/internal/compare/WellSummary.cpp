@@ -176,8 +176,6 @@ std::vector<Group> WellSummary::GetGroups() const
     std::map<std::string, std::vector<std::string>> children;
     for (auto name = groups_.rbegin(); name != groups_.rend(); ++name) // a stack turns them round again
         children[parents_.at(*name)].push_back(*name);
-    if (!groups_.empty() && !topGroup_.empty() && parents_.count(topGroup_) == 0)
-        children[""].emplace_back(topGroup_);
 
     std::vector<Group> groups;
     std::set<std::string> seen;
