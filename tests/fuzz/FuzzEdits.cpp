@@ -19,6 +19,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 using namespace Veld::Quor::Core::Keywords;
@@ -129,31 +130,37 @@ void Change(DeckEditor& editor, const Deck& deck, Script& script)
     }
 }
 
+/// All bytes of the deck, with the edits made to them.
+std::string BytesOf(const Deck& deck, std::vector<TextEdit> edits = {})
+{
+    const SourceText& text = *deck.GetFiles().Get(0).text;
+    return std::string(text.GetMark()) + ApplyEdits(text.GetText(), std::move(edits));
+}
+
 /// The changed text, which must be the one that was read with the edits made to it.
-std::string TextOf(const DeckEditor& editor, std::string_view bytes)
+std::string TextOf(const DeckEditor& editor, const Deck& deck)
 {
     std::string text = editor.GetText(0);
-    Require(text == ApplyEdits(bytes, editor.GetEdits()), "the changed text has the edits and nothing else");
+    Require(text == BytesOf(deck, editor.GetEdits()), "the changed text has the edits and nothing else");
     return text;
 }
 
 void RunScript(const Deck& deck, const DeckLanguage& language, Script script)
 {
     DeckEditor editor(deck);
-    const std::string_view text = deck.GetFiles().GetText(0);
-    std::string changed = TextOf(editor, text);
+    std::string changed = TextOf(editor, deck);
     while (!script.IsAtEnd()) {
         try {
             Change(editor, deck, script);
-            changed = TextOf(editor, text);
+            changed = TextOf(editor, deck);
         } catch (const Veld::Quor::Core::Service::Exception&) {
-            Require(TextOf(editor, text) == changed, "what is refused changes nothing");
+            Require(TextOf(editor, deck) == changed, "what is refused changes nothing");
         } catch (const std::out_of_range&) {
-            Require(TextOf(editor, text) == changed, "what is not there changes nothing");
+            Require(TextOf(editor, deck) == changed, "what is not there changes nothing");
         }
     }
     const Deck again = editor.Read(language);
-    Require(again.GetFiles().GetText(0) == changed, "the changed deck is the changed text");
+    Require(BytesOf(again) == changed, "the changed deck is the changed text");
 }
 
 } // namespace
