@@ -84,7 +84,7 @@ def _changes(code, enums):
         if len(words) > 1 and m[2] in words:
             yield "enumerator", m.start(2), m.end(2), words[(words.index(m[2]) + 1) % len(words)]
     for m in re.finditer(r"(?<=[\w>]\()([\w.>-]+), ([\w.>-]+)(?=\))", code):
-        if m[1] != m[2]:
+        if m[1] != m[2] and all(word.strip("_") for word in m.groups()):  # no text, which is blanked out
             yield "arguments", m.start(), m.end(), f"{m[2]}, {m[1]}"
 
 

@@ -19,6 +19,7 @@ CASES = [
         ["{\n    ;\n    g(1,\n        2);\n}\n", "{\n    a.b += 1;\n    ;\n}\n"]),
     ("enumerator", "f(Kind::B, Other::A);\n", ["f(Kind::A, Other::A);\n"]),
     ("arguments", "f(a, b.c); g(int a, int b); h(a, a); k(a, b, c)\n", ["f(b.c, a); g(int a, int b); h(a, a); k(a, b, c)\n"]),
+    ("arguments", "f(\"a\", b); g(b, \"a\")\n", []),
 ]
 
 
