@@ -183,13 +183,8 @@ Decks::ReadOptions DeckChecker::OptionsOf(
 const Baseline& DeckChecker::BaselineOf(const std::string& path)
 {
     const auto known = baselines_.find(path);
-    if (known != baselines_.end())
-        return known->second;
-    try {
-        return baselines_.emplace(path, Baseline::Read(path)).first->second;
-    } catch (const std::runtime_error& error) {
-        throw BaselineError(fmt::format("can't read the baseline '{}': {}", path, error.what()));
-    }
+    return known != baselines_.end() ? known->second
+                                     : baselines_.emplace(path, Baseline::Read(path)).first->second;
 }
 
 } // namespace Veld::Quor::Tools

@@ -1,6 +1,7 @@
 #include "tools/quor/findings/Baseline.h"
 
 #include "quor/deck/DeckSource.h"
+#include "quor/deck/PrintableText.h"
 #include "tools/quor/terminal/Json.h"
 
 #include <fmt/format.h>
@@ -157,7 +158,7 @@ void CheckMembers(const JsonText& text, const Json& entry, std::size_t finding)
         text.Fail(finding, "expected \"count\" as a whole number above 0");
     for (const auto& [name, value] : entry.items()) {
         if (name != "code" && name != "file" && name != "text" && name != "count")
-            text.Fail(finding, fmt::format("unknown member \"{}\"", name));
+            text.Fail(finding, fmt::format("unknown member \"{}\"", Decks::MakePrintable(name)));
     }
 }
 
@@ -165,8 +166,17 @@ void CheckMembers(const JsonText& text, const Json& entry, std::size_t finding)
 
 Baseline Baseline::Read(const std::string& path)
 {
-    const auto source = Decks::SourceText::FromFile(path);
-    JsonText text(source->GetText());
+    try {
+        const auto source = Decks::SourceText::FromFile(path);
+        return FromText(source->GetText());
+    } catch (const std::runtime_error& error) {
+        throw BaselineError(fmt::format("can't read the baseline '{}': {}", path, error.what()));
+    }
+}
+
+Baseline Baseline::FromText(std::string_view bytes)
+{
+    JsonText text(bytes);
     const Json json = text.Parse();
     if (!json.is_object() || !json.contains("findings") || !json["findings"].is_array())
         throw BaselineError(fmt::format("expected an array \"findings\"; {}", advice));

@@ -6,6 +6,7 @@
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <tuple>
 
 namespace Veld::Quor::Tools {
@@ -31,7 +32,7 @@ public:
     };
     using Counts = std::map<Key, std::size_t>;
 
-    /// Throws `BaselineError` or `SourceError`.
+    /// Throws `BaselineError`, which names the file.
     static Baseline Read(const std::string& path);
     std::string ToText() const;
 
@@ -44,6 +45,8 @@ public:
     std::size_t GetCount() const;
 
 private:
+    static Baseline FromText(std::string_view bytes);
+
     Counts counts_;
 };
 
