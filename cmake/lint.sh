@@ -2,8 +2,8 @@
 # Lints by the builds `asan` and `tsan`:  lint.sh all|changed
 # `changed` lints the files that differ from the parent of the branch, each by itself; of a header that has no source
 # of its own, one that includes it. What decides how files are linted makes it `all`.
-# The analyzer follows the paths of the library and the program, whose files it reads each by itself. The paths of a test
-# are run under the sanitizers.
+# The analyzer follows the paths of the library and the program, whose files it reads each by itself, with the warnings
+# of the compiler. The paths of a test are run under the sanitizers.
 set -euo pipefail
 scope=${1:?usage: lint.sh all|changed}
 here=$PWD
@@ -44,8 +44,8 @@ files=$(changed)
 if [ "$scope" = all ] || grep -qE '(^|/)\.clang-tidy$|^cmake/(lint\.sh|packages\.txt)$' <<<"$files"; then
     lint asan '-clang-analyzer-*' "^$here/(build/asan/(quor|tools|tests)/.*/Unity|quor|tools|tests|language)/"
     lint tsan '-clang-analyzer-*' "^$here/python/"
-    lint tsan '-*,clang-analyzer-*' "^$here/(quor|tools|language|python)/"
+    lint tsan '-*,clang-analyzer-*,clang-diagnostic-*' "^$here/(quor|tools|language|python)/"
 else
-    lint tsan '' "$(sources 'quor|tools|language|python')"
+    lint tsan 'clang-diagnostic-*' "$(sources 'quor|tools|language|python')"
     lint tsan '-clang-analyzer-*' "$(sources tests)"
 fi
