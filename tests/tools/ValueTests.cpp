@@ -123,6 +123,7 @@ Invalid: --version >v; printf 'SCHEDULE\nWCONPROD\n P1 OPPEN ORAT 1x /\n/\n' >c;
     quor: error: c:3: WCONPROD, ORAT: invalid value '1x'; expected a number
 BeyondManyErrors: --version >v; { echo SCHEDULE; echo WCONPROD; for i in $(seq 250); do echo " P$i OPPEN ORAT 5 /"; done; echo /; } >c; $QUOR get c 'WCONPROD[P250].STATUS' --format json 2>e | grep '"value"'; cat e =>
           "value": null,
+    quor: c has 250 errors; run 'quor check c' to list them; the result may be incomplete
     quor: error: c:252: WCONPROD, STATUS: unknown value 'OPPEN'
 Input: get - 'PORO[2]' --set RATE=5 <a.data => PORO[2]  0.2
 NamedInput: check - --stdin-filename x/y.data --set RATE=5 <a.data 2>e =>
