@@ -40,7 +40,8 @@ lint() { # build, checks, files
         { grep -E 'warning:|error:|note:' "build/lint-$1.log"; exit 1; }
 }
 
-files=$(changed)
+git rev-parse -q --verify HEAD >/dev/null 2>&1 || scope=all # an archive: what changed isn't known
+[ "$scope" = all ] || files=$(changed)
 if [ "$scope" = all ] || grep -qE '(^|/)\.clang-tidy$|^cmake/(lint\.sh|packages\.txt)$' <<<"$files"; then
     lint asan '-clang-analyzer-*' "^$here/(build/asan/(quor|tools|tests)/.*/Unity|quor|tools|tests|language)/"
     lint tsan '-clang-analyzer-*' "^$here/python/"

@@ -21,8 +21,8 @@ namespace Veld::Quor::Core::Decks {
 struct RuleItem {
     int index = -1; ///< -1: the record has no such item
     Keywords::IKeywordDataMD::MDType::Enum type = Keywords::IKeywordDataMD::MDType::None;
-    mutable std::ptrdiff_t distance =
-        0; ///< of a scalar from its record, the same in all of them; 0: not yet known
+    /// Of a scalar from its record, the same in all of them; 0: not yet known.
+    mutable std::ptrdiff_t distance = 0;
 
     bool IsThere() const { return index >= 0; }
     /// The scalar, which is there.

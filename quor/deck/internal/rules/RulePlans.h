@@ -111,9 +111,9 @@ struct RecordRules {
     std::size_t number = 0; ///< which other records don't have
     std::optional<std::size_t> slashes; ///< that end what is before it in the element; empty: not known
     bool hasNumbers = false; ///< there are indices, orders or assignments
-    bool mayBeQuiet =
-        false; ///< all that is said of it but what it requires depends on one name, numbers and choices
     bool hasOthers = false; ///< there are members, lengths, trees, matches or inner records
+    /// All that is said of it, but for what it requires, depends on one name, numbers and choices.
+    bool mayBeQuiet = false;
     bool isEmpty = true; ///< there is no rule
 };
 
