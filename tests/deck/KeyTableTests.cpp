@@ -1,4 +1,5 @@
 #include "quor/deck/internal/rules/KeyTable.h"
+#include "quor/deck/internal/rules/SettledNames.h"
 
 #include <gtest/gtest.h>
 
@@ -20,6 +21,40 @@ TEST(KeyOfParts, SmallNumbersAreNotTakenForOthers)
         }
     }
     EXPECT_EQ(keys.size(), most * most);
+}
+
+TEST(KeyTable, IsEmptyOnceItIsCleared)
+{
+    KeyTable<std::uint64_t> table;
+    for (const std::uint64_t count : {0U, 1U, 5'000U, 3U, 200U}) { // few after many: in a smaller block
+        for (std::uint64_t key = 0; key < count; ++key) {
+            ASSERT_TRUE(table.Add(key << 20, key).second) << count << ' ' << key;
+            ASSERT_FALSE(table.Add(key << 20, 0).second);
+        }
+        for (std::uint64_t key = 0; key < count; ++key)
+            ASSERT_EQ(*table.Find(key << 20), key);
+        EXPECT_FALSE(table.Has(count << 20));
+        table.Clear();
+        EXPECT_TRUE(table.IsEmpty());
+        EXPECT_FALSE(table.Has(0));
+    }
+}
+
+TEST(SettledNames, KeepsAllKeysOfAName)
+{
+    SettledNames settled;
+    const std::uint32_t names[] = {0, 1, 2, 40'000'000}; // the last one among few records
+    for (std::uint64_t round = 1; round <= 3; ++round) {
+        for (const std::uint32_t name : names) {
+            SettledNames::Last& last = settled.GetLast(7);
+            last.Reserve(name + std::size_t(1), 1);
+            const std::uint64_t key = 100 * round + name;
+            EXPECT_FALSE(settled.Has(last, name, key));
+            settled.Add(last, name, key);
+            for (std::uint64_t before = 1; before <= round; ++before)
+                EXPECT_TRUE(settled.Has(last, name, 100 * before + name)) << name << ' ' << before;
+        }
+    }
 }
 
 } // namespace Veld::Quor::Core::Decks

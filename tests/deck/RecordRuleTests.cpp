@@ -1,9 +1,68 @@
+#include "quor/deck/Deck.h"
+
 #include "tests/deck/DeckRow.h"
 #include "tests/support/Cases.h"
 
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace Veld::Quor::Core::Decks;
 using namespace Veld::Quor::Tests;
 
 namespace {
+
+/// 200 wells whose control is given twice, in two months; `change` replaces a line of the first month.
+std::string ManyWells(int change, const std::string& record)
+{
+    std::string deck = "RUNSPEC\nOIL\nSCHEDULE\nWELSPECS\n";
+    for (int well = 0; well < 200; ++well)
+        deck += fmt::format(" W{} G 1 1 1* OIL /\n", well);
+    for (const char* const month : {"FEB", "MAR"}) {
+        deck += "/\nWCONPROD\n";
+        for (int well = 0; well < 200; ++well)
+            deck += well == change && month == std::string("FEB")
+                ? record + "\n"
+                : fmt::format(" W{} {} ORAT 50 /\n", well, well % 2 == 0 ? "OPEN" : "SHUT");
+        deck += fmt::format("/\nDATES\n 1 {} 2030 /\n", month);
+    }
+    return deck + "/\n";
+}
+
+TEST(RecordsOfALongList, AreJudgedAsThoseOfAShortOne)
+{
+    static const DeckLanguage language;
+    const struct {
+        int record;
+        const char* text;
+        const char* finding;
+    } cases[] = {
+        {150, " W150\n OPEN ORAT 50 /", ""},
+        {150, " 'w150' 'SHUT' 'ORAT' 50 /", ""},
+        {150, " $W OPEN ORAT 50 /", "unknown-variable"},
+        {0, " X0 OPEN ORAT 50 /", "undefined-name"},
+        {63, " X63 OPEN ORAT 50 /", "undefined-name"},
+        {64, " X64 OPEN ORAT 50 /", "undefined-name"},
+        {199, " X199 OPEN ORAT 50 /", "undefined-name"},
+        {199, " W199 OPEN ORAT /", "missing-item"},
+        {199, " W0 OPEN ORAT 50 /", "repeated-record"},
+        {70, " w60 SHUT ORAT 50 /", "repeated-record"},
+        {70, " W199 SHUT ORAT 50 /", "repeated-record"},
+        {70, " 1* OPEN ORAT 50 /", "no-default"},
+        {70,
+            " W70 OPEN ORAT 50 /\n/\nWCONINJE\n W68 OIL OPEN RATE 9 /\n W69 OIL OPEN RATE 9 "
+            "/\n/\nWCONPROD",
+            "repeated-record"},
+    };
+    for (const auto& row : cases) {
+        std::string found;
+        for (const Finding& finding :
+            Deck::ReadText(ManyWells(row.record, row.text), language, {}, "d").GetFindings())
+            found += finding.code;
+        EXPECT_EQ(found, row.finding) << row.record << row.text;
+    }
+}
 
 INSTANTIATE_TEST_SUITE_P(Records, DeckFindings,
     testing::Values(

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -34,45 +35,60 @@ private:
 /// Of keys alone.
 struct Nothing { };
 
-/// Values by key, in one block. The keys are hashes: two texts with one are too improbable to matter.
+/// Values by key, in one block. The keys are hashes: two texts with one, and a key of 0, which is taken for
+/// 1, are too improbable to matter.
 template <class Value>
 class KeyTable {
 public:
     /// The value of the key, and whether it is new: then it is `value`. Lasts until the next key is added.
     std::pair<Value*, bool> Add(std::uint64_t key, const Value& value)
     {
-        if (2 * (size_ + 1) > capacity_)
+        if (4 * (size_ + 1) > 3 * capacity_)
             Grow();
         Slot& slot = slots_[IndexOf(key)];
-        const bool isNew = slot.turn != turn_;
+        const bool isNew = slot.key == 0;
         if (isNew) {
-            slot = {key, turn_, value};
+            slot.key = Used(key);
+            slot.value = value;
             ++size_;
         }
         return {&slot.value, isNew};
     }
-    bool Has(std::uint64_t key) const { return size_ > 0 && slots_[IndexOf(key)].turn == turn_; }
+    bool Has(std::uint64_t key) const { return Find(key) != nullptr; }
+    /// Null if the key is not there.
+    const Value* Find(std::uint64_t key) const
+    {
+        const Slot* const slot = size_ > 0 ? &slots_[IndexOf(key)] : nullptr;
+        return slot && slot->key != 0 ? &slot->value : nullptr;
+    }
 
     bool IsEmpty() const { return size_ == 0; }
-    /// Takes no time.
+    /// Takes as long as it took to add the keys.
     void Clear()
     {
-        ++turn_;
+        if (size_ == 0)
+            return;
+        if (size_ < capacity_ / 16) { // of others that it had before
+            slots_ = {};
+            capacity_ = 0;
+        }
+        std::fill(slots_.begin(), slots_.end(), Slot());
         size_ = 0;
     }
 
 private:
     struct Slot {
-        std::uint64_t key = 0;
-        std::uint64_t turn = 0; // in which it was filled; another than that of the table: it is free
-        Value value = {};
+        std::uint64_t key = 0; // 0: it is free
+        [[no_unique_address]] Value value = {};
     };
+
+    static std::uint64_t Used(std::uint64_t key) { return key == 0 ? 1 : key; }
 
     /// Of the key, or of the free slot for it.
     std::size_t IndexOf(std::uint64_t key) const
     {
         std::size_t at = static_cast<std::size_t>((key * 0x9E3779B97F4A7C15ULL) >> 20) & (capacity_ - 1);
-        while (slots_[at].turn == turn_ && slots_[at].key != key)
+        while (slots_[at].key != 0 && slots_[at].key != Used(key))
             at = (at + 1) & (capacity_ - 1);
         return at;
     }
@@ -83,7 +99,7 @@ private:
         before.swap(slots_);
         capacity_ = slots_.size();
         for (Slot& slot : before) {
-            if (slot.turn == turn_)
+            if (slot.key != 0)
                 slots_[IndexOf(slot.key)] = std::move(slot);
         }
     }
@@ -91,43 +107,6 @@ private:
     std::vector<Slot> slots_;
     std::size_t capacity_ = 0; // their number, a power of two
     std::size_t size_ = 0;
-    std::uint64_t turn_ = 1;
-};
-
-/// The same for small numbers, in an array.
-template <class Value>
-class NumberTable {
-public:
-    std::pair<Value*, bool> Add(std::size_t number, const Value& value)
-    {
-        if (number >= size_)
-            Grow(number);
-        Slot& slot = slots_[number];
-        const bool isNew = slot.turn != turn_;
-        if (isNew)
-            slot = {turn_, value};
-        return {&slot.value, isNew};
-    }
-    /// Of one that was added.
-    void Remove(std::size_t number) { slots_[number].turn = 0; }
-    /// Takes no time.
-    void Clear() { ++turn_; }
-
-private:
-    struct Slot {
-        std::uint32_t turn = 0; // in which it was filled
-        Value value = {};
-    };
-
-    void Grow(std::size_t number)
-    {
-        size_ = 2 * number + 16;
-        slots_.resize(size_);
-    }
-
-    std::vector<Slot> slots_;
-    std::size_t size_ = 0; // their number
-    std::uint32_t turn_ = 1;
 };
 
 } // namespace Veld::Quor::Core::Decks

@@ -62,24 +62,33 @@ bool NameChecks::HasDefinitions(std::uint32_t kind) const
     return names_[kind].GetSize() > context_.rules.names[kind].always.size();
 }
 
+/// Whether nothing of the kind has been defined so far.
+bool NameChecks::IsFirst(std::uint32_t kind) const
+{
+    return !context_.rules.names[kind].AreOfLanguage() && !HasDefinitions(kind);
+}
+
+bool NameChecks::IsSettled(const RecordRules::Name& rule, std::string_view name)
+{
+    if (name.empty())
+        return true;
+    const std::uint32_t kind = KindOf(rule.kind, name);
+    if (!isWhole_ || isLost_[kind] || (rule.isDefinition && !context_.rules.names[rule.kind].areArrays))
+        return true;
+    return IsFirst(kind) ? names_[kind].Has(name) /* it needs no definition */ : IsDefined(kind, name);
+}
+
 NameChecks::Outcome NameChecks::Follow(
     const RecordRules::Name& rule, std::string_view name, const ValuePosition& position)
 {
-    if (name.empty())
-        return Outcome::Settled;
-    if (rule.isDefinition)
+    if (rule.isDefinition && !name.empty())
         Define(rule, name, position);
+    if (IsSettled(rule, name))
+        return Outcome::Settled;
     const std::uint32_t kind = KindOf(rule.kind, name);
-    if (!isWhole_ || isLost_[kind] || (rule.isDefinition && !context_.rules.names[rule.kind].areArrays))
-        return Outcome::Settled;
-    const bool isFirst = !context_.rules.names[kind].AreOfLanguage() && !HasDefinitions(kind);
-    if (isFirst && names_[kind].Has(name)) // one that needs no definition
-        return Outcome::Settled;
-    const bool isJudged = !isFirst && !rule.mayComeFirst;
+    const bool isJudged = !IsFirst(kind) && !rule.mayComeFirst;
     const Outcome unjudged = rule.mayComeFirst ? Outcome::Settled : Outcome::Open;
     NameTable& waiting = rule.mayComeFirst ? later_[kind] : waiting_[kind];
-    if (isJudged && IsDefined(kind, name))
-        return Outcome::Settled;
     if (!isJudged && !waiting.Add(name))
         return unjudged;
     Pending use = {kind, static_cast<std::uint32_t>(context_.deck.keywords.size() - 1), position,

@@ -24,6 +24,8 @@ public:
         Open, ///< it is judged later, or when it comes again
         Reported, ///< it is undefined
     };
+    /// Whether a value names what nothing is to be said of, here and from now on.
+    bool IsSettled(const RecordRules::Name& rule, std::string_view name);
     /// A value of the last keyword of the deck.
     Outcome Follow(const RecordRules::Name& rule, std::string_view name, const ValuePosition& position);
     /// Names may be defined by something that could not be read: none is reported from now on.
@@ -55,6 +57,7 @@ private:
     void Define(const RecordRules::Name& rule, std::string_view name, const ValuePosition& position);
     std::uint32_t KindOf(std::uint32_t kind, std::string_view name) const;
     bool HasDefinitions(std::uint32_t kind) const;
+    bool IsFirst(std::uint32_t kind) const;
     bool IsDefined(std::uint32_t kind, std::string_view name);
     bool IsInLanguage(const NameRule& rule, std::string_view name) const;
     void ReportUnknown(const Pending& unknown);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -22,27 +21,6 @@ std::uint64_t UpperAll(std::uint64_t letters)
     const std::uint64_t beyondZ = low + (0x7F - 'z') * ones;
     const std::uint64_t isLower = ~letters & (fromA ^ beyondZ) & (0x80 * ones);
     return letters - (isLower >> 2);
-}
-
-template <class Word>
-std::uint64_t Load(const char* text)
-{
-    Word word = 0;
-    std::memcpy(&word, text, sizeof word);
-    return word;
-}
-
-/// The letters from an offset on, at most eight; the same number for the same letters in any case.
-std::uint64_t EightOf(std::string_view name, std::size_t offset)
-{
-    const char* const text = name.data() + offset;
-    const std::size_t count = name.size() - offset;
-    if (count >= 8)
-        return UpperAll(Load<std::uint64_t>(text));
-    if (count >= 4)
-        return UpperAll(Load<std::uint32_t>(text) | Load<std::uint32_t>(text + count - 4) << 32);
-    return UpperAll(Load<std::uint8_t>(text) | Load<std::uint8_t>(text + count / 2) << 8
-        | Load<std::uint8_t>(text + count - 1) << 16);
 }
 
 } // namespace
@@ -76,7 +54,7 @@ std::uint64_t KeyOfName(std::string_view name)
     KeyOfParts key;
     key.Add(name.size()); // as the last eight characters are filled up
     for (std::size_t at = 0; at < name.size(); at += sizeof(std::uint64_t))
-        key.Add(EightOf(name, at));
+        key.Add(UpperAll(FirstLetters(name.substr(at))));
     return key.Get();
 }
 

@@ -2,8 +2,11 @@
 
 #include "quor/deck/internal/rules/KeyTable.h"
 
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,9 +16,41 @@ namespace Veld::Quor::Core::Decks {
 /// Whether a pattern matches a name, in any case: '*' stands for any characters, '?' for one.
 bool IsMatch(std::string_view pattern, std::string_view name);
 
+/// The first eight letters of a text, or all of it; of two texts of one size the same number only if they are
+/// the same.
+inline std::uint64_t FirstLetters(std::string_view text)
+{
+    const auto load = [&](auto word, std::size_t at) {
+        std::memcpy(&word, text.data() + at, sizeof word);
+        return std::uint64_t(word);
+    };
+    if (text.size() >= 8)
+        return load(std::uint64_t(), 0);
+    if (text.size() >= 4)
+        return load(std::uint32_t(), 0) | load(std::uint32_t(), text.size() - 4) << 32;
+    if (text.empty())
+        return 0;
+    return load(std::uint8_t(), 0) | load(std::uint8_t(), text.size() / 2) << 8
+        | load(std::uint8_t(), text.size() - 1) << 16;
+}
+
 /// A number that is the same for names that differ in case alone. That two others have one is too improbable
 /// to matter.
 std::uint64_t KeyOfName(std::string_view name);
+
+/// A whole number as a name.
+class NumberName {
+public:
+    explicit NumberName(int number)
+        : end_(std::to_chars(std::begin(digits_), std::end(digits_), number).ptr)
+    {
+    }
+    std::string_view Get() const { return {digits_, static_cast<std::size_t>(end_ - digits_)}; }
+
+private:
+    char digits_[16];
+    const char* end_;
+};
 
 /// Names of one kind, the same in any case.
 class NameTable {

@@ -7,45 +7,109 @@ namespace Veld::Quor::Core::Decks {
 
 using namespace Core::Keywords;
 
-bool QuietRecords::Follow(const RecordRules& rules, const IKeywordListData& list)
+void QuietRecords::Begin(const RecordRules& rules)
 {
-    return FindNames(rules.nameTexts.front(), list) && AreSettled(rules) && checks_.AreMet(rules, records_)
-        && checks_.AddDistinct(rules, records_);
+    rules_ = &rules;
+    isQuiet_ = true;
+    named_.clear();
+    Forget();
+    distinctOfAll_ = 0;
+    for (std::size_t i = 0; i < rules.distinct.size(); ++i)
+        distinctOfAll_ |= rules.distinct[i].when.IsThere() ? 0 : 1U << i;
+}
+
+void QuietRecords::LookAt(Records records)
+{
+    isQuiet_ = isQuiet_ && FindNames(records) && AreSettled(records) && AreMet(records);
+    if (isQuiet_)
+        FindDistinct(records);
 }
 
 /// False if a record has none.
-bool QuietRecords::FindNames(const RuleItem& item, const IKeywordListData& list)
+bool QuietRecords::FindNames(Records records)
 {
+    const RuleItem& item = rules_->nameTexts.front();
     numbers_.Forget();
-    records_.resize(static_cast<std::size_t>(list.GetSize()));
-    for (std::size_t i = 0; i < records_.size(); ++i) {
-        const auto* const data = static_cast<const IKeywordData*>(list.GetData(i));
-        const auto& record = static_cast<const IKeywordRecordData&>(*data);
-        const auto& name = item.In<std::string>(record);
-        if (!name)
+    const std::size_t before = named_.size();
+    named_.resize(before + records.size());
+    bool haveAll = true;
+    ForEachItem<std::string>(records, item, [&](std::size_t i, const auto& name) {
+        haveAll = haveAll && name;
+        named_[before + i] = {name ? numbers_.Get(*name) : 0, distinctOfAll_};
+    });
+    return haveAll;
+}
+
+bool QuietRecords::AreSettled(Records records)
+{
+    const std::span names = std::span(named_).last(records.size());
+    keys_.resize(records.size());
+    for (std::size_t i = 0; i < keys_.size(); ++i) {
+        keys_[i] = KeyOfParts();
+        keys_[i].Add(NameNumbers::PartOf(names[i].name));
+    }
+    AddConditions(*rules_, records, keys_);
+    SettledNames::Last& last = settled_.GetLast(rules_->number);
+    last.Reserve(numbers_.GetSize(), records.size());
+    for (std::size_t i = 0; i < keys_.size(); ++i) {
+        if (settled_.Has(last, names[i].name, keys_[i].Get()))
+            continue;
+        if (!IsSettled(*records[i]))
             return false;
-        records_[i] = {&record, numbers_.Get(*name)};
+        settled_.Add(last, names[i].name, keys_[i].Get());
     }
     return true;
 }
 
-/// Most are as those of the name before them. Names come in the same order again, so that these are next to
-/// each other, which they aren't among all that are settled.
-bool QuietRecords::AreSettled(const RecordRules& rules)
+/// Whether the record names what others have named.
+bool QuietRecords::IsSettled(const Record& record)
 {
-    last_.resize(std::max(last_.size(), rules.number + 1));
-    std::vector<std::uint64_t>& last = last_[rules.number];
-    last.resize(std::max(last.size(), numbers_.GetSize()));
-    return std::all_of(records_.begin(), records_.end(), [&](const NamedRecord& record) {
-        KeyOfParts key;
-        key.Add(rules.number);
-        key.Add(NameNumbers::PartOf(record.name));
-        AddConditions(rules, *record.record, key);
-        if (last[record.name] != key.Get() && !settled_.Has(key.Get()))
-            return false;
-        last[record.name] = key.Get();
-        return true;
-    });
+    return std::all_of(rules_->names.begin(), rules_->names.end(),
+        [&](const RecordRules::Name& rule) { return !Holds(rule.when, record) || IsSettled(rule, record); });
+}
+
+bool QuietRecords::IsSettled(const RecordRules::Name& rule, const Record& record)
+{
+    const RuleItem item = {rule.item, rule.type};
+    if (rule.isDefinition)
+        return false;
+    if (rule.type == IKeywordDataMD::MDType::Integer) {
+        const int number = item.In<int>(record).ValueOr(0);
+        return number <= 0 || names_.IsSettled(rule, NumberName(number).Get());
+    }
+    const auto& name = item.In<std::string>(record);
+    return !name || names_.IsSettled(rule, *name);
+}
+
+bool QuietRecords::AreMet(Records records) const
+{
+    return rules_->requirements.empty()
+        || std::all_of(records.begin(), records.end(),
+            [this](const Record* record) { return RecordChecks::AreMet(*rules_, *record); });
+}
+
+void QuietRecords::FindDistinct(Records records)
+{
+    const std::span names = std::span(named_).last(records.size());
+    for (std::size_t rule = 0; rule < rules_->distinct.size(); ++rule) {
+        const ItemCondition& when = rules_->distinct[rule].when;
+        const auto add = [&](std::size_t i, bool holds) { names[i].distinct |= holds ? 1U << rule : 0; };
+        if (when.choice >= 0)
+            ForEachItem<int>(records, when.item,
+                [&](std::size_t i, const auto& choice) { add(i, choice.ValueOr(-1) == when.choice); });
+        else if (when.rule)
+            for (std::size_t i = 0; i < names.size(); ++i)
+                add(i, HoldsOther(when, *records[i]));
+    }
+}
+
+bool QuietRecords::Follow(const RecordRules& rules, const IKeywordListData& list)
+{
+    if (rules_ != &rules)
+        return false;
+    LookAtLast();
+    return isQuiet_ && named_.size() == static_cast<std::size_t>(list.GetSize())
+        && checks_.AddDistinct(rules, named_);
 }
 
 } // namespace Veld::Quor::Core::Decks

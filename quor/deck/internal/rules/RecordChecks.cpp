@@ -22,11 +22,24 @@ bool IsGivenTarget(const IKeywordRecordData& record, const RuleItem& item)
     return item.type == IKeywordDataMD::MDType::Integer ? IsItemSet(record, item) : HasItem(record, item);
 }
 
-/// A variable without a value, or a quantity of the user.
-bool IsVariable(const KeywordInstance& keyword, const IKeywordRecordData& record, const RuleItem& item)
+/// Whether the record gives what is required, or nothing is.
+bool IsMet(const RecordRules::Requirement& requirement, const IKeywordRecordData& record)
+{
+    const auto isGiven = [&](const RuleItem& item) { return IsGivenTarget(record, item); };
+    const auto holds = [&](const ItemCondition& condition) { return Holds(condition, record); };
+    return !Holds(requirement.when, record)
+        || std::any_of(requirement.items.begin(), requirement.items.end(), isGiven)
+        || std::any_of(requirement.unless.begin(), requirement.unless.end(), holds);
+}
+
+/// Whether one of the items is a variable without a value, or a quantity of the user.
+bool HasVariable(
+    const KeywordInstance& keyword, const IKeywordRecordData& record, const std::vector<RuleItem>& items)
 {
     const DataVariables* const variables = keyword.notes ? keyword.notes->variables.get() : nullptr;
-    return variables && item.IsThere() && variables->Find(record, item.index);
+    return variables && std::any_of(items.begin(), items.end(), [&](const RuleItem& item) {
+        return variables->Find(record, item.index);
+    });
 }
 
 std::string ReasonOf(const RequireRule& rule)
@@ -64,7 +77,7 @@ void RecordChecks::StartKeyword()
     for (std::size_t i = 0; i < ofKeys_.size(); ++i) {
         if (isOfLastStep && context_.rules.distinct[i].isOfStep)
             continue;
-        ofNames_[i].Clear();
+        ofNames_[i].Begin(keyword_);
         ofKeys_[i].Clear();
     }
 }
@@ -73,8 +86,9 @@ void RecordChecks::CheckRequirements(
     const RecordRules& rules, const Record& record, const ValuePosition& position)
 {
     for (const std::size_t number : RequirementsOf(rules, record)) {
-        if (!IsMet(rules.requirements[number], record))
-            ReportMissing(rules.requirements[number], position);
+        const RecordRules::Requirement& requirement = rules.requirements[number];
+        if (!IsMet(requirement, record) && !HasVariable(context_.GetKeyword(), record, requirement.items))
+            ReportMissing(requirement, position);
     }
 }
 
@@ -86,69 +100,63 @@ void RecordChecks::CheckDistinct(
             continue;
         if (!rule.isByName) {
             CheckKeys(rule, record, position);
-        } else if (const auto& name = rule.items.front().In<std::string>(record)) {
-            const auto [seen, isNew] = ofNames_[rule.number].Add(names_.Get(*name), SeenAt(position));
-            if (!isNew)
-                Replace(rule, *seen, record, position);
+        } else if (const auto& text = rule.items.front().In<std::string>(record)) {
+            SeenNames& names = ofNames_[rule.number];
+            const std::uint32_t name = names_.Get(*text);
+            names.Reserve(names_.GetSize());
+            if (names.Has(name))
+                FollowRepeated(rule, names.Get(name), record, position);
+            names.Set(name, SeenAt(position));
         }
     }
 }
 
-bool RecordChecks::AreMet(const RecordRules& rules, const NamedRecords& records) const
+bool RecordChecks::AreMet(const RecordRules& rules, const Record& record)
 {
-    const auto isMet = [&](const NamedRecord& record) {
-        const auto& requirements = RequirementsOf(rules, *record.record);
-        return std::all_of(requirements.begin(), requirements.end(),
-            [&](std::size_t number) { return IsMet(rules.requirements[number], *record.record); });
-    };
-    return rules.requirements.empty() || std::all_of(records.begin(), records.end(), isMet);
+    if (rules.requirements.empty())
+        return true;
+    const std::vector<std::size_t>& numbers = RequirementsOf(rules, record);
+    return std::all_of(numbers.begin(), numbers.end(),
+        [&](std::size_t number) { return IsMet(rules.requirements[number], record); });
 }
 
 bool RecordChecks::AddDistinct(const RecordRules& rules, const NamedRecords& records)
 {
-    for (auto rule = rules.distinct.begin(); rule != rules.distinct.end(); ++rule) {
-        const std::size_t added = AddNames(*rule, records);
+    for (std::size_t i = 0; i < rules.distinct.size(); ++i) {
+        const std::size_t added = AddNames(rules, i, records);
         if (added == records.size())
             continue;
-        RemoveNames(*rule, records, added);
-        std::for_each(rules.distinct.begin(), rule,
-            [&](const auto& before) { RemoveNames(before, records, records.size()); });
+        RemoveNames(rules, i, records, added);
+        while (i > 0)
+            RemoveNames(rules, --i, records, records.size());
         return false;
     }
     return true;
 }
 
 /// The number of records before the first whose name is there; all if there is none.
-std::size_t RecordChecks::AddNames(const RecordRules::Distinct& rule, const NamedRecords& records)
+std::size_t RecordChecks::AddNames(
+    const RecordRules& rules, std::size_t distinct, const NamedRecords& records)
 {
-    NumberTable<Seen>& names = ofNames_[rule.number];
+    SeenNames& names = ofNames_[rules.distinct[distinct].number];
+    names.Reserve(names_.GetSize());
     for (std::size_t i = 0; i < records.size(); ++i) {
-        const Seen seen = {keyword_, static_cast<std::uint32_t>(i)};
-        if (Holds(rule.when, *records[i].record) && !names.Add(records[i].name, seen).second)
+        if ((records[i].distinct >> distinct & 1) == 0)
+            continue;
+        if (names.Has(records[i].name))
             return i;
+        names.Set(records[i].name, {keyword_, static_cast<std::uint32_t>(i)});
     }
     return records.size();
 }
 
 void RecordChecks::RemoveNames(
-    const RecordRules::Distinct& rule, const NamedRecords& records, std::size_t count)
+    const RecordRules& rules, std::size_t distinct, const NamedRecords& records, std::size_t count)
 {
     for (std::size_t i = 0; i < count; ++i) {
-        if (Holds(rule.when, *records[i].record))
-            ofNames_[rule.number].Remove(records[i].name);
+        if ((records[i].distinct >> distinct & 1) != 0)
+            ofNames_[rules.distinct[distinct].number].Remove(records[i].name);
     }
-}
-
-/// Whether the record gives what is required, or nothing is.
-bool RecordChecks::IsMet(const RecordRules::Requirement& requirement, const Record& record) const
-{
-    const auto isGiven = [&](const RuleItem& item) {
-        return IsGivenTarget(record, item) || IsVariable(context_.GetKeyword(), record, item);
-    };
-    const auto holds = [&](const ItemCondition& condition) { return Holds(condition, record); };
-    return !Holds(requirement.when, record)
-        || std::any_of(requirement.items.begin(), requirement.items.end(), isGiven)
-        || std::any_of(requirement.unless.begin(), requirement.unless.end(), holds);
 }
 
 /// A keyword that is required may come later: that is judged in the end.
@@ -213,27 +221,18 @@ void RecordChecks::CheckKeys(
 {
     for (const std::uint64_t key : RecordKeys(record, rule.items, rule.last, 1, names_).keys) {
         const auto [seen, isNew] = ofKeys_[rule.number].Add(key, SeenAt(position));
-        if (!isNew && Replace(rule, *seen, record, position))
+        if (!isNew && FollowRepeated(rule, std::exchange(*seen, SeenAt(position)), record, position))
             return;
     }
 }
 
-/// What another record has too is of this one from now on. Whether it was reported.
-bool RecordChecks::Replace(
-    const RecordRules::Distinct& rule, Seen& seen, const Record& record, const ValuePosition& position)
+/// Whether it was reported.
+bool RecordChecks::FollowRepeated(const RecordRules::Distinct& rule, const SeenRecord& first,
+    const Record& record, const ValuePosition& position)
 {
-    const Seen first = std::exchange(seen, SeenAt(position));
     const KeywordInstance& other = context_.deck.keywords[first.keyword];
     if (rule.rule->isOfOthers && other.syntax == context_.GetKeyword().syntax)
         return false;
-    ReportRepeated(rule, first, record, position);
-    return true;
-}
-
-void RecordChecks::ReportRepeated(
-    const RecordRules::Distinct& rule, const Seen& first, const Record& record, const ValuePosition& position)
-{
-    const KeywordInstance& other = context_.deck.keywords[first.keyword];
     ValuePosition value = position;
     value.item = rule.items.front().index;
     context_.reporter.ReportAs(rule.rule->voice, FindValue(context_.deck, context_.GetKeyword(), value),
@@ -244,6 +243,7 @@ void RecordChecks::ReportRepeated(
             : fmt::format("{}: repeated record for {}", context_.GetName(), Shorten(Text(record, rule))),
         "correct the record, or remove one of them", {},
         {{RangeOf(other, first.element), "the first is here"}});
+    return true;
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -120,16 +120,20 @@ std::string ValueText(const IKeywordRecordData& record, const RuleItem& item)
 {
     if (!item.IsThere())
         return "";
+    if (item.type == MDType::String)
+        return item.In<std::string>(record).ValueOr("");
     const IKeywordDataMD& md = ItemMDOf(record, item);
     return ToText(md, ItemValue(md, record.GetData(item.index)));
 }
 
-std::uint32_t NameNumbers::Find(const std::string& name)
+std::uint32_t NameNumbers::Find(std::string_view name)
 {
     const auto count = static_cast<std::uint32_t>(names_.size());
     const auto [number, isNew] = numbers_.Add(KeyOfName(name), count);
     if (isNew)
-        names_.push_back({name, 0});
+        names_.push_back({0, 0, 0});
+    names_[*number].letters = FirstLetters(name);
+    names_[*number].size = static_cast<std::uint32_t>(name.size());
     names_[number_].next = *number;
     return *number;
 }
@@ -167,7 +171,10 @@ RecordKeys::RecordKeys(const IKeywordRecordData& record, const std::vector<RuleI
     constexpr long long longest = 1'000; // a longer run is a mistake that others report
     const long long first = std::max(NumberOf(record, items.back()), 1LL);
     const long long end = NumberOf(record, last);
-    for (long long at = first; at <= end && end - first < longest; ++at) {
+    if (end < first || end - first >= longest)
+        return;
+    keys.reserve(static_cast<std::size_t>(end - first + 1));
+    for (long long at = first; at <= end; ++at) {
         KeyOfParts one = KeyOfParts::From(key.key);
         AddNumber(at, one);
         keys.push_back(one.Get());

@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,12 +30,33 @@ struct RuleItem {
     template <class T>
     const Core::Service::Optional<T>& In(const Keywords::IKeywordRecordData& record) const
     {
-        const auto* const start = reinterpret_cast<const std::byte*>(&record);
+        return ItemAt<T>(record, DistanceIn(record));
+    }
+    std::ptrdiff_t DistanceIn(const Keywords::IKeywordRecordData& record) const
+    {
         if (distance == 0)
-            distance = static_cast<const std::byte*>(record.GetData(index)) - start;
-        return *reinterpret_cast<const Core::Service::Optional<T>*>(start + distance);
+            distance = static_cast<const std::byte*>(record.GetData(index))
+                - reinterpret_cast<const std::byte*>(&record);
+        return distance;
+    }
+    template <class T>
+    static const Core::Service::Optional<T>& ItemAt(
+        const Keywords::IKeywordRecordData& record, std::ptrdiff_t distance)
+    {
+        return *reinterpret_cast<const Core::Service::Optional<T>*>(
+            reinterpret_cast<const std::byte*>(&record) + distance);
     }
 };
+
+/// Calls `use` with the index of each record, and the scalar that it has as the item.
+template <class T, class Use>
+void ForEachItem(
+    std::span<const Keywords::IKeywordRecordData* const> records, const RuleItem& item, const Use& use)
+{
+    const std::ptrdiff_t distance = records.empty() ? 0 : item.DistanceIn(*records.front());
+    for (std::size_t i = 0; i < records.size(); ++i)
+        use(i, RuleItem::ItemAt<T>(*records[i], distance));
+}
 
 /// The item of that name. `record`: the metadata of a record.
 RuleItem FindRuleItem(const Keywords::IKeywordDataMD& record, const std::string& name);
@@ -44,6 +66,8 @@ struct ItemCondition {
     const RecordCondition* rule = nullptr; ///< null: there is none
     RuleItem item;
     int choice = -1; ///< of an item with choices: the one that is meant
+
+    bool IsThere() const { return rule || choice >= 0; }
 };
 
 /// `record`: the metadata of a record. `condition` must outlive it.
@@ -85,7 +109,7 @@ public:
     {
         if (&name != last_) {
             const std::uint32_t likely = names_[number_].next;
-            number_ = std::string_view(names_[likely].text) == name ? likely : Find(name);
+            number_ = names_[likely].IsSpelt(name) ? likely : Find(name);
             last_ = &name;
         }
         return number_;
@@ -100,14 +124,20 @@ public:
 
 private:
     struct Name {
-        std::string text;
+        bool IsSpelt(std::string_view text) const
+        {
+            return text.size() == size && size <= sizeof letters && FirstLetters(text) == letters;
+        }
+
+        std::uint64_t letters; // as it was spelt last
+        std::uint32_t size;
         std::uint32_t next; // the number of the name that came after it: it often comes again
     };
 
-    std::uint32_t Find(const std::string& name);
+    std::uint32_t Find(std::string_view name);
 
     KeyTable<std::uint32_t> numbers_; // by the keys of the names
-    std::vector<Name> names_ = {{"", 0}}; // by number
+    std::vector<Name> names_ = {{0, 0, 0}}; // by number
     const std::string* last_ = nullptr;
     std::uint32_t number_ = 0; // of the last one
 };

@@ -44,8 +44,17 @@ RuleChecks::RuleChecks(const RuleContext& context)
     , matches_(context)
     , trees_(context)
     , arrays_(context)
-    , quiet_(nameNumbers_, settled_, records_)
+    , quiet_(nameNumbers_, names_, settled_, records_)
 {
+}
+
+RecordWatch* RuleChecks::Watch(const IKeywordSyntax& syntax, SectionType::Enum section)
+{
+    const RecordRules& rules = plans_.Get(syntax, section).record;
+    if (!rules.mayBeQuiet)
+        return nullptr;
+    quiet_.Begin(rules);
+    return &quiet_;
 }
 
 void RuleChecks::Follow(bool isKnown, bool isMisplaced)

@@ -10,6 +10,7 @@
 #include "quor/deck/internal/rules/QuietRecords.h"
 #include "quor/deck/internal/rules/RecordChecks.h"
 #include "quor/deck/internal/rules/RulePlans.h"
+#include "quor/deck/internal/rules/SettledNames.h"
 #include "quor/deck/internal/rules/TreeChecks.h"
 
 #include <cstdint>
@@ -26,6 +27,8 @@ class RuleChecks {
 public:
     explicit RuleChecks(const RuleContext& context);
 
+    /// What is to be told of the records of the next keyword that is read; null if nothing is.
+    RecordWatch* Watch(const Keywords::IKeywordSyntax& syntax, Keywords::SectionType::Enum section);
     /// Follows the last keyword of the deck. `isKnown`: its data are what its text says, without variables
     /// that have no value. `isMisplaced`: it lacks a keyword before it, so that what it names isn't there.
     void Follow(bool isKnown, bool isMisplaced);
@@ -70,7 +73,7 @@ private:
     MatchChecks matches_;
     TreeChecks trees_;
     ArrayChecks arrays_;
-    KeyTable<Nothing> settled_; // names of records of which nothing is to be said
+    SettledNames settled_;
     QuietRecords quiet_;
     bool isOfLocalGrid_ = false; // the last keyword
     bool isWhole_ = true; // nothing was missed

@@ -4,8 +4,6 @@
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
 
-#include <charconv>
-#include <iterator>
 #include <string>
 
 // Names in records and lists.
@@ -28,14 +26,23 @@ const Optional<T>& NameIn(const IKeywordRecordData& record, int item)
 /// Of what the rules of names look at in the record.
 std::uint64_t KeyOfNames(const RecordRules& rules, const IKeywordRecordData& record, NameNumbers& numbers)
 {
-    KeyOfParts key;
-    key.Add(rules.number);
+    const IKeywordRecordData* const records[] = {&record};
+    KeyOfParts keys[1];
     for (const RuleItem& item : rules.nameTexts) {
         const auto& name = item.In<std::string>(record);
-        key.Add(name ? numbers.GetPart(*name) : 0);
+        keys[0].Add(name ? numbers.GetPart(*name) : 0);
     }
-    AddConditions(rules, record, key);
-    return key.Get();
+    AddConditions(rules, records, keys);
+    return keys[0].Get();
+}
+
+/// The number of the first name; 0 if there is none.
+std::uint32_t FirstName(const RecordRules& rules, const IKeywordRecordData& record, NameNumbers& numbers)
+{
+    if (rules.nameTexts.empty())
+        return 0;
+    const auto& name = rules.nameTexts.front().In<std::string>(record);
+    return name ? numbers.Get(*name) : 0;
 }
 
 } // namespace
@@ -46,12 +53,15 @@ bool RuleChecks::CheckNames(const RecordRules& rules, const Record& record, cons
     bool isSettled = true;
     if (rules.nameTexts.empty() && rules.nameNumbers.empty())
         return CheckUnsettled(rules, record, position, isSettled);
+    const std::uint32_t first = FirstName(rules, record, nameNumbers_);
     const std::uint64_t key = KeyOfNames(rules, record, nameNumbers_);
-    if (settled_.Has(key))
+    SettledNames::Last& last = settled_.GetLast(rules.number);
+    last.Reserve(nameNumbers_.GetSize(), 1);
+    if (settled_.Has(last, first, key))
         return false;
     const bool isUndefined = CheckUnsettled(rules, record, position, isSettled);
     if (isSettled)
-        settled_.Add(key, {});
+        settled_.Add(last, first, key);
     return isUndefined;
 }
 
@@ -111,11 +121,8 @@ NameChecks::Outcome RuleChecks::CheckItem(
 NameChecks::Outcome RuleChecks::FollowNumber(
     const RecordRules::Name& rule, int number, const ValuePosition& position)
 {
-    if (number <= 0)
-        return NameChecks::Outcome::Settled;
-    char digits[16];
-    const char* const end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
-    return names_.Follow(rule, {digits, static_cast<std::size_t>(end - digits)}, position);
+    return number <= 0 ? NameChecks::Outcome::Settled
+                       : names_.Follow(rule, NumberName(number).Get(), position);
 }
 
 /// Any word of a line may be a name.

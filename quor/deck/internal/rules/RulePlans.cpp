@@ -200,6 +200,7 @@ RecordRules RulePlans::MakeRecord(const Key& key, const IKeywordDataMD& md)
     record.isEmpty = record.names.empty() && record.distinct.empty() && record.requirements.empty()
         && !record.hasNumbers && !record.hasOthers;
     record.mayBeQuiet = record.nameTexts.size() == 1 && !record.hasNumbers && !record.hasOthers
+        && record.distinct.size() <= RecordRules::mostQuiet
         && std::all_of(
             record.distinct.begin(), record.distinct.end(), [&](const RecordRules::Distinct& rule) {
                 return rule.isByName && rule.items.front().index == record.nameTexts.front().index;

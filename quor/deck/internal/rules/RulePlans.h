@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -114,17 +115,24 @@ struct RecordRules {
     bool hasOthers = false; ///< there are members, lengths, trees, matches or inner records
     /// All that is said of it, but for what it requires, depends on one name, numbers and choices.
     bool mayBeQuiet = false;
+    static constexpr std::size_t mostQuiet = 32; ///< rules of what is distinct, where it may be
     bool isEmpty = true; ///< there is no rule
 };
 
-/// What the rules of names look at in a record but for its texts, as parts of a key.
-inline void AddConditions(
-    const RecordRules& rules, const Keywords::IKeywordRecordData& record, KeyOfParts& key)
+/// Completes keys of records that have the parts of their names: by all else that the rules of names look at.
+inline void AddConditions(const RecordRules& rules,
+    std::span<const Keywords::IKeywordRecordData* const> records, std::span<KeyOfParts> keys)
 {
     for (const RuleItem& item : rules.nameNumbers)
-        key.Add(static_cast<std::uint64_t>(ChoiceOf(record, item)));
-    for (const ItemCondition& condition : rules.nameConditions)
-        key.Add(Holds(condition, record) ? 1 : 0);
+        ForEachItem<int>(records, item, [&](std::size_t i, const auto& number) {
+            keys[i].Add(static_cast<std::uint64_t>(number.ValueOr(-1)));
+        });
+    for (const ItemCondition& condition : rules.nameConditions) {
+        for (std::size_t i = 0; i < keys.size(); ++i)
+            keys[i].Add(Holds(condition, *records[i]) ? 1 : 0);
+    }
+    for (KeyOfParts& key : keys)
+        key.Add(rules.number);
 }
 
 /// What the rules say of one keyword in one section.

@@ -6,24 +6,42 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <set>
+#include <unordered_set>
+#include <utility>
 
 namespace Veld::Quor::Core::Decks {
 
 using namespace Core::Keywords;
+
+void TreeChecks::Places::Set(Place&& place)
+{
+    const auto [number, isNew] =
+        numbers_.Add(KeyOfName(place.name), static_cast<std::uint32_t>(places_.size()));
+    if (isNew)
+        places_.push_back(std::move(place));
+    else
+        places_[*number] = std::move(place);
+}
+
+const TreeChecks::Place* TreeChecks::Places::Find(std::string_view name) const
+{
+    const std::uint32_t* const number = numbers_.Find(KeyOfName(name));
+    return number ? &places_[*number] : nullptr;
+}
 
 void TreeChecks::Follow(
     const RecordRules& rules, const IKeywordRecordData& record, const ValuePosition& position)
 {
     const auto keyword = static_cast<std::uint32_t>(context_.deck.keywords.size() - 1);
     for (const RecordRules::Tree& rule : rules.trees) {
-        const std::string below = ToUpper(ValueText(record, rule.below));
+        std::string below = ValueText(record, rule.below);
+        if (below.empty())
+            continue;
         Tree& tree = trees_[rule.number];
         ValuePosition at = position;
         at.item = rule.above.index;
-        if (!below.empty())
-            (rule.isMember ? tree.members : tree.names)[below] = {
-                ToUpper(ValueText(record, rule.above)), keyword, at};
+        (rule.isMember ? tree.members : tree.names)
+            .Set({std::move(below), ValueText(record, rule.above), keyword, at});
     }
 }
 
@@ -35,54 +53,60 @@ void TreeChecks::EndDeck()
     }
 }
 
-/// Each loop is reported once, where its first name is placed. Whether there is one.
+/// Each loop is reported once, at the first of its names that the deck places. Whether there is one.
 bool TreeChecks::CheckLoops(const TreeRule& rule, const Places& names)
 {
     bool hasLoop = false;
-    std::set<std::string_view> done;
-    for (const auto& [start, place] : names) {
-        std::vector<std::string_view> way;
-        auto at = names.find(start);
-        for (; at != names.end() && done.insert(at->first).second; at = names.find(at->second.above))
-            way.push_back(at->first);
-        const auto loop = at == names.end() ? way.end() : std::find(way.begin(), way.end(), at->first);
-        if (loop == way.end())
+    std::unordered_set<const Place*> done;
+    for (const Place& start : names.Get()) {
+        std::vector<const Place*> way;
+        const Place* at = &start;
+        for (; at && done.insert(at).second; at = names.Find(at->above))
+            way.push_back(at);
+        if (!at || std::find(way.begin(), way.end(), at) == way.end())
             continue;
         hasLoop = true;
-        context_.reporter.ReportAs(rule.voice, RangeOf(at->second), Code::NameTree,
-            fmt::format("{}: {} '{}' is below itself",
-                context_.deck.keywords[at->second.keyword].syntax->GetName(), rule.noun, at->first),
-            fmt::format("correct the name of the {} above it", rule.noun));
+        ReportLoop(rule, *at);
     }
     return hasLoop;
+}
+
+void TreeChecks::ReportLoop(const TreeRule& rule, const Place& place)
+{
+    context_.reporter.ReportAs(rule.voice, RangeOf(place), Code::NameTree,
+        fmt::format("{}: {} '{}' is below itself", context_.deck.keywords[place.keyword].syntax->GetName(),
+            rule.noun, Shorten(place.name)),
+        fmt::format("correct the name of the {} above it", rule.noun));
 }
 
 /// Names at the top may have both.
 void TreeChecks::CheckBoth(const TreeRule& rule, const Tree& tree)
 {
-    std::map<std::string_view, const Place*> branches;
-    for (const auto& [name, place] : tree.names)
-        branches.emplace(place.above, &place);
-    std::set<std::string_view> done;
-    for (const auto& [member, place] : tree.members) {
-        const auto branch = branches.find(place.above);
-        if (branch == branches.end() || IsRoot(rule, place.above) || !done.insert(place.above).second)
+    KeyTable<const Place*> branches;
+    for (const Place& place : tree.names.Get())
+        branches.Add(KeyOfName(place.above), &place);
+    KeyTable<Nothing> done;
+    for (const Place& place : tree.members.Get()) {
+        const std::uint64_t above = KeyOfName(place.above);
+        const Place* const* const branch = branches.Find(above);
+        if (!branch || IsRoot(rule, place.above) || !done.Add(above, {}).second)
             continue;
         context_.reporter.ReportAs(rule.voice, RangeOf(place), Code::NameTree,
             fmt::format("{}: {} '{}' has {}s below it; expected no {}",
-                context_.deck.keywords[place.keyword].syntax->GetName(), rule.noun, place.above, rule.noun,
-                rule.what),
+                context_.deck.keywords[place.keyword].syntax->GetName(), rule.noun, Shorten(place.above),
+                rule.noun, rule.what),
             fmt::format("put them into a separate {}", rule.noun), {},
-            {{RangeOf(*branch->second), fmt::format("a {} is put below it here", rule.noun)}});
+            {{RangeOf(**branch), fmt::format("a {} is put below it here", rule.noun)}});
     }
 }
 
 bool TreeChecks::IsRoot(const TreeRule& rule, std::string_view name) const
 {
+    const auto isName = [key = KeyOfName(name)](const std::string& other) { return KeyOfName(other) == key; };
     return name.empty()
         || std::any_of(context_.rules.names.begin(), context_.rules.names.end(), [&](const NameRule& names) {
                return names.noun == rule.noun
-                   && std::find(names.always.begin(), names.always.end(), name) != names.always.end();
+                   && std::any_of(names.always.begin(), names.always.end(), isName);
            });
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "quor/deck/internal/rules/KeyTable.h"
 #include "quor/deck/internal/rules/RuleContext.h"
 #include "quor/deck/internal/rules/RulePlans.h"
 #include "quor/deck/internal/rules/ValueRange.h"
 
 #include <cstdint>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,11 +32,23 @@ public:
 private:
     /// Below which name something is, and what says so.
     struct Place {
+        std::string name;
         std::string above;
         std::uint32_t keyword;
         ValuePosition position;
     };
-    using Places = std::map<std::string, Place, std::less<>>; // of each name, in upper case
+    /// The last place of each name, as the deck first has them.
+    class Places {
+    public:
+        void Set(Place&& place);
+        /// Of a name in any case; null if it has none.
+        const Place* Find(std::string_view name) const;
+        const std::vector<Place>& Get() const { return places_; }
+
+    private:
+        std::vector<Place> places_;
+        KeyTable<std::uint32_t> numbers_; // among these
+    };
     struct Tree {
         Places names;
         Places members;
@@ -44,6 +56,7 @@ private:
 
     bool IsRoot(const TreeRule& rule, std::string_view name) const;
     bool CheckLoops(const TreeRule& rule, const Places& names);
+    void ReportLoop(const TreeRule& rule, const Place& place);
     void CheckBoth(const TreeRule& rule, const Tree& tree);
     TextRange RangeOf(const Place& place) const;
 

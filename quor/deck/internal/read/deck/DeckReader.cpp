@@ -196,7 +196,7 @@ void DeckReader::ReadData(KeywordInstance& keyword, const Token& head, bool isRe
     const DataReader::Traits traits = {cell && cell->CopyLayerAboveByDefault(),
         cell && cell->DualPorosityMatrixOnly(), keyword.section == SectionType::SCHEDULE};
     data_.Read(plans_.Get(*keyword.syntax->GetDataMD(), cell != nullptr), head, *keyword.data, traits,
-        keyword.records);
+        keyword.records, rules_.Watch(*keyword.syntax, keyword.section));
     if (DataNotes notes = data_.TakeNotes(); !notes.IsEmpty())
         keyword.notes = std::make_unique<DataNotes>(std::move(notes));
     keyword.whole.length = turns == data_.GetTurns() ? data_.GetEnd() - head.range.offset : 0;

@@ -69,11 +69,12 @@ DataReader::DataReader(const Target& target, DeckText& text, FindingReporter& re
 }
 
 void DataReader::Read(const DataPlan& plan, const Token& keyword, IKeywordData& data, const Traits& traits,
-    std::vector<RecordStart>& starts)
+    std::vector<RecordStart>& starts, RecordWatch* watch)
 {
     keyword_ = keyword;
     root_ = &plan;
     traits_ = traits;
+    watch_ = watch;
     records_.clear();
     words_.Begin(keyword);
     values_.Begin(keyword, traits.mayHaveQuantities);

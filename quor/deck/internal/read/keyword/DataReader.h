@@ -5,6 +5,7 @@
 #include "quor/deck/internal/read/data/DataNotes.h"
 #include "quor/deck/internal/read/keyword/NoteTaker.h"
 #include "quor/deck/internal/read/keyword/PlainRecord.h"
+#include "quor/deck/internal/read/keyword/RecordWatch.h"
 #include "quor/deck/internal/read/keyword/WrongSizes.h"
 #include "quor/deck/internal/read/values/ColumnOrder.h"
 #include "quor/deck/internal/read/values/DataPlan.h"
@@ -60,9 +61,9 @@ public:
         VariableTexts variables, bool keepsValueRanges, std::size_t maxRepeatedValues);
 
     /// The text continues after `keyword`. Where the outermost data are a list, `starts` gets the begin of
-    /// each element.
+    /// each element; `watch` is told of its records, if it is not null.
     void Read(const DataPlan& plan, const Token& keyword, Core::Keywords::IKeywordData& data,
-        const Traits& traits, std::vector<RecordStart>& starts);
+        const Traits& traits, std::vector<RecordStart>& starts, RecordWatch* watch);
 
     /// What the text of the keyword holds beside its data.
     DataNotes TakeNotes() { return std::move(notesOfKeyword_); }
@@ -173,7 +174,8 @@ private:
     void ReportNoDefault(const DataPlan& item);
     void ReadPlainRecords(
         const DataPlan& plan, Core::Keywords::IKeywordListData& list, std::vector<RecordStart>* starts);
-    bool TakePlainRecord(const DataPlan& plan, Core::Keywords::IKeywordListData& list);
+    const Core::Keywords::IKeywordRecordData* TakePlainRecord(
+        const DataPlan& plan, Core::Keywords::IKeywordListData& list);
 
     // Ends and sizes
     Ended Unclosed(Open what, std::vector<TextEdit> fix = {});
@@ -230,6 +232,7 @@ private:
     Token keyword_;
     const DataPlan* root_ = nullptr;
     Traits traits_ = {};
+    RecordWatch* watch_ = nullptr;
     long long misfits_ = 0; // values of the list being read that were none
     std::vector<std::pair<const DataPlan*, const Core::Keywords::IKeywordRecordData*>> records_; // being read
     DataNotes notesOfKeyword_;

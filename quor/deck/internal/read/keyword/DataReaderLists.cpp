@@ -106,7 +106,8 @@ DataReader::Ended DataReader::ReadElements(
             starts->push_back(RecordStart::Of(begin));
         const std::size_t taken = words_.GetTaken();
         notes_.Enter(static_cast<int>(list.GetSize()));
-        ended = ReadContainer(item, *static_cast<IKeywordData*>(list.AddData(nullptr)));
+        auto& element = *static_cast<IKeywordData*>(list.AddData(nullptr));
+        ended = ReadContainer(item, element);
         notes_.Leave();
         if (ended == Ended::ByStop)
             return ended;
@@ -123,6 +124,8 @@ DataReader::Ended DataReader::ReadElements(
                 "the size of the list is 0");
             return SkipToSlash();
         }
+        if (starts && watch_ && item.type == MDType::Record)
+            watch_->Add(static_cast<const IKeywordRecordData&>(element));
     }
     return ended;
 }

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "quor/deck/internal/rules/KeyTable.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace Veld::Quor::Core::Decks {
+
+/// The names of records of which nothing is to be said, as keys of all that the rules of names look at.
+///
+/// Most records are as the one before them of that name. Names come in the same order again, so that their
+/// last keys are next to each other, which they aren't in a table of all keys.
+class SettledNames {
+public:
+    /// The last keys by number of the name; 0: there is none.
+    class Last {
+    public:
+        /// For names whose numbers are below `names`, of which `count` are asked for: none where there would
+        /// be many more names than records.
+        void Reserve(std::size_t names, std::size_t count)
+        {
+            asked_ += count;
+            if (names > keys_.size() && names <= 16 * asked_)
+                keys_.resize(std::max(names, 2 * keys_.size()));
+        }
+        std::uint64_t* Find(std::uint32_t name) { return name < keys_.size() ? &keys_[name] : nullptr; }
+
+    private:
+        std::vector<std::uint64_t> keys_;
+        std::size_t asked_ = 0;
+    };
+
+    /// Of one record's rules, by their number. Lasts until those of another are asked for.
+    Last& GetLast(std::size_t rules)
+    {
+        if (rules >= last_.size())
+            last_.resize(rules + 1);
+        return last_[rules];
+    }
+
+    /// `name`: the number of the record's first name.
+    /// @{
+    bool Has(Last& last, std::uint32_t name, std::uint64_t key)
+    {
+        std::uint64_t* const found = last.Find(name);
+        return (found && *found == key) || HasOther(found, key);
+    }
+    /// Of one that it hasn't.
+    void Add(Last& last, std::uint32_t name, std::uint64_t key)
+    {
+        if (std::uint64_t* const found = last.Find(name))
+            Replace(*found, key);
+        else
+            others_.Add(key, {});
+    }
+    /// @}
+
+private:
+    bool HasOther(std::uint64_t* last, std::uint64_t key)
+    {
+        const bool has = others_.Has(key);
+        if (has && last)
+            Replace(*last, key);
+        return has;
+    }
+    void Replace(std::uint64_t& last, std::uint64_t key)
+    {
+        if (last != 0)
+            others_.Add(last, {});
+        last = key;
+    }
+
+    std::vector<Last> last_; // by number of the rules
+    KeyTable<Nothing> others_;
+};
+
+} // namespace Veld::Quor::Core::Decks
