@@ -2,7 +2,7 @@
 """Makes small faults in the sources, one at a time, and shows which of them no test finds.
 
 A fault is a negated condition, a boundary off by one, a dropped statement, a swapped operator, constant, enumerator
-or pair of arguments: see places.py. For each, the tests of the floors that run its line are run, the quickest first.
+or pair of arguments: see places.py. For each, the suites of tests that run its line are run, the quickest first.
 Faults that don't compile count for nothing. A run that is ended (Ctrl-C) prints what it has found, and goes on where
 it stopped when it is run again.
 """
@@ -17,6 +17,7 @@ import random
 import signal
 import sys
 import threading
+import time
 
 from places import KINDS, enumerations, places
 from trees import Tree
@@ -114,19 +115,20 @@ class Run:
         return same
 
     def cover(self, tree):
-        """Which tests run which lines: measured, or as an earlier run has kept it."""
+        """Which parts of the tests run which lines: measured, or as an earlier run has kept it."""
         state = tree.state()
         if self.read(state):
             return
-        for name in tree.tests:
-            seconds, lines = tree.covered(name)
-            self.tests[name] = {"seconds": seconds, "lines": {p: sorted(n) for p, n in lines.items()}}
-            print(f"{name}: {seconds:.1f} s, {sum(map(len, lines.values()))} lines", flush=True)
+        for test in tree.tests:
+            start = time.monotonic()
+            for name, seconds, lines in tree.parts(test):
+                self.tests[name] = {"seconds": seconds, "lines": {p: sorted(n) for p, n in lines.items()}}
+            print(f"{test}: measured in {time.monotonic() - start:.0f} s", flush=True)
         (self.folder / "covered.json").write_text(json.dumps({"state": state, "tests": self.tests}))
 
     def tests_of(self, place):
-        """The tests that run the line, the quickest first. None: it may be a table or a bound, which is on no line that
-        is counted; then those that run the file."""
+        """The parts of tests that run the line, the quickest first. None: it may be a table or a bound, which is on no
+        line that is counted; then those that run the file."""
         of_file = {name: t["lines"][place.path] for name, t in self.tests.items() if place.path in t["lines"]}
         of_line = [name for name, lines in of_file.items() if place.line in lines]
         return sorted((self.tests[name]["seconds"], name) for name in of_line or of_file)

@@ -13,6 +13,7 @@ import subprocess
 import tempfile
 import time
 
+LONG = 3  # seconds: longer suites are run case by case
 LONGEST_WAIT = 1200  # seconds for a test that waits for what doesn't come
 MOST = 4 << 30  # bytes of memory, and of a file, of a test: a fault may let it grow without end
 
@@ -93,24 +94,50 @@ class Tree:
     def ninja(self, targets, jobs=1, output=subprocess.DEVNULL):
         return _passes(["ninja", "-C", self.build, f"-j{jobs}", *targets], output=output)
 
-    def run(self, test, seconds, profile="/dev/null"):
-        """True if the test passes in this time of the processor; it stops at the first case that fails."""
+    def suites(self, test):
+        """The names of the cases by that of their suite."""
+        listed = subprocess.run([*self.tests[test], "--gtest_list_tests"], cwd=self.build, check=True, capture_output=True,
+            text=True)
+        found = {}
+        for line in listed.stdout.splitlines():
+            name = line.split("#")[0].strip()
+            if not line.startswith(" "):
+                suite = found.setdefault(name, [])
+            else:
+                suite.append(name)
+        return found
+
+    def parts(self, test):
+        """(name, seconds, lines that it runs, by source) of each suite of the test, or of each case of a long one."""
+        for suite, cases in self.suites(test).items():
+            name = f"{test} {suite}*"
+            seconds, lines = self.covered(name)
+            if seconds < LONG or len(cases) == 1:
+                yield name, seconds, lines
+                continue
+            for case in cases:
+                name = f"{test} {suite}{case}"
+                yield name, *self.covered(name)
+
+    def run(self, part, seconds, profile="/dev/null"):
+        """True if the cases pass in this time of the processor; it stops at the first one that fails."""
+        test, cases = part.split(" ", 1)
         with tempfile.TemporaryDirectory() as scratch:
             variables = {"LLVM_PROFILE_FILE": profile, "TMPDIR": scratch, "GTEST_FAIL_FAST": "1"}
-            return _passes(self.tests[test], LONGEST_WAIT, cwd=self.build, env={**os.environ, **variables},
+            return _passes([*self.tests[test], f"--gtest_filter={cases}"], LONGEST_WAIT, cwd=self.build, env={**os.environ, **variables},
                 preexec_fn=lambda: _limited(int(seconds)))
 
-    def covered(self, test):
-        """Seconds that the test takes, and the lines that it runs, by source."""
+    def covered(self, part):
+        """Seconds that the cases take, and the lines that they run, by source."""
         profiles = self.build / "profiles"
         shutil.rmtree(profiles, ignore_errors=True)
         start = time.monotonic()
-        if not self.run(test, 3600, str(profiles / "%2m.profraw")):
-            raise SystemExit(f"{test} fails before any fault is made: {' '.join(self.tests[test])}")
+        if not self.run(part, 3600, str(profiles / "%2m.profraw")):
+            raise SystemExit(f"{part} fails before any fault is made")
         seconds = time.monotonic() - start
         merged = profiles / "all.profdata"
         self._must(["llvm-profdata", "merge", "-o", merged, *profiles.glob("*.profraw")])
-        objects = [self.tests[test][0], *self.build.glob("lib/*.so"), self.build / "bin" / "quor"]
+        objects = [self.tests[part.split(" ")[0]][0], *self.build.glob("lib/*.so"), self.build / "bin" / "quor"]
         export = ["llvm-cov", "export", "-format=lcov", f"-instr-profile={merged}", objects[0]]
         export += [o for other in objects[1:] for o in ("-object", other)] + ["--", str(self.folder / "quor")]
         lines, path = {}, None
@@ -124,10 +151,10 @@ class Tree:
                     lines.setdefault(path, set()).add(int(number))
         return seconds, lines
 
-    def attempt(self, place, text, tests):
+    def attempt(self, place, text, parts):
         """What finds the fault: the name of a test, or `build`; None if nothing does; False if it doesn't compile.
 
-        `tests`: (seconds, name), the quickest first.
+        `parts`: (seconds, name), the quickest first.
         """
         target = self.folder / place.path
         raw = text.encode()
@@ -138,6 +165,6 @@ class Tree:
                 return False
             if not self.ninja(self.tests):
                 return "build"
-            return next((name for seconds, name in tests if not self.run(name, 20 + 5 * seconds)), None)
+            return next((name for seconds, name in parts if not self.run(name, 20 + 5 * seconds)), None)
         finally:
             target.write_bytes(raw)
