@@ -179,7 +179,6 @@ const Token* WordStream::PeekBare()
 
 void WordStream::TakeLine(const Token& line)
 {
-    word_ = line;
     ++taken_;
     SetLast(line.range);
 }
