@@ -7,7 +7,7 @@ namespace Veld::Quor::Core::Decks {
 bool HasWindowsLineEnds(std::string_view text)
 {
     const std::size_t end = text.find('\n');
-    return end != std::string_view::npos && end > 0 && text[end - 1] == '\r';
+    return end != std::string_view::npos && text.substr(0, end).ends_with('\r');
 }
 
 std::string WithLineEndsOf(std::string_view source, std::string text)
