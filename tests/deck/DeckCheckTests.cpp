@@ -114,6 +114,7 @@ NameThatBeginsAsASection: SCHEDULE\nDATES\nGRID=2\nGRID'S /\n =>
 SectionEndsDataOfAnUnknownKeyword: RUNSPEC\nQXZQXZ\n 1 2\nGRID ====\nPORO\n 1 /\n => d.data:2:1: error: unknown keyword 'QXZQXZ' [unknown-keyword]
 NamesOfKeywordsInDataOfAnUnknownKeyword: RUNSPEC\nQXZQXZ\nPORO 2 /\nPERMX /\nPORO /\n/\nOIL\n => d.data:2:1: error: unknown keyword 'QXZQXZ' [unknown-keyword]
 SlashesTooMany: RUNSPEC\nDIMENS\n 1 /\n/\n / c\nOIL\n/\n =>
+CharactersOfNames: RUNSPEC\nQX+#&_-9\n => d.data:2:1: error: unknown keyword 'QX+#&_-9' [unknown-keyword]
 UnknownWithDataBehind: RUNSPEC\nWATR 1 /\n 2 /\n => d.data:2:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 UnknownBehindKeywordWithoutData: RUNSPEC\nOIL\nWATR\n => d.data:3:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 UnknownBehindClosedData: RUNSPEC\nDIMENS\n 1 1\n 1 / cells\n\n-- c\nWATR\n => d.data:7:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
@@ -167,8 +168,9 @@ OutOfOrder: RUNSPEC\nPROPS\nGRID\nPORO\n 1 /\nREGIONS\n => d.data:3:1: error: se
 Repeated: RUNSPEC\nGRID\nGRID\nPORO\n 1 /\n => d.data:3:1: error: section GRID is repeated [section-order] | section GRID starts at d.data:2
 WrongSection: RUNSPEC\nGRID\nDATES\n 1 JAN 1999 /\n => d.data:3:1: error: DATES is not valid in section GRID (valid in SCHEDULE) [wrong-section] | move DATES to section SCHEDULE, or add the missing keyword SCHEDULE before it
 MisspeltLine: RUNSPEC\nGIRD\nPORO\n 1 /\n => d.data:2:1: error: unknown keyword 'GIRD' [unknown-keyword] | did you mean GRID?
-MissingLineIsToldOnce: RUNSPEC\nPORO\n 1 /\nPORO\n 1 /\nPROPS\nPORO\n 1 /\n => d.data:2:1: error: PORO is not valid in section RUNSPEC (valid in GRID) [wrong-section] | move PORO to section GRID, or add the missing keyword GRID before it
-    d.data:7:1: error: PORO is not valid in section PROPS (valid in GRID) [wrong-section]
+MissingLineIsToldOnce: RUNSPEC\nPORO\n 1 /\nPORO\n 1 /\nWELSPECS\nPROPS\nPORO\n 1 /\n => d.data:2:1: error: PORO is not valid in section RUNSPEC (valid in GRID) [wrong-section] | move PORO to section GRID, or add the missing keyword GRID before it
+    d.data:6:1: error: WELSPECS is not valid in section GRID (valid in SCHEDULE) [wrong-section] | move WELSPECS to section SCHEDULE, or add the missing keyword SCHEDULE before it
+    d.data:8:1: error: PORO is not valid in section PROPS (valid in GRID) [wrong-section]
 BackFromAMissingLine: RUNSPEC\nPORO\n 1 /\nPORO\n 1 /\nOIL\nPORO\n 1 /\n => d.data:2:1: error: PORO is not valid in section RUNSPEC (valid in GRID) [wrong-section] | move PORO to section GRID, or add the missing keyword GRID before it
     d.data:7:1: error: PORO is not valid in section RUNSPEC (valid in GRID) [wrong-section] | move PORO to section GRID, or add the missing keyword GRID before it
 AliasInItsSection: GRID\nPERMR\nKX\n =>

@@ -40,6 +40,11 @@ const std::string writerLanguage = R"(
   <item name='ROWS'><list termination='SLASH'><record termination='NONE'>
     <item name='X'><real/></item> <item name='Y'><real/></item></record></list></item>
 </record></list></data></keyword>
+<keyword name='CLOSED'><data><list termination='SLASH'><record termination='SLASH'>
+  <item name='HEAD'><real/></item>
+  <item name='ROWS'><list termination='SLASH'><record termination='NONE'>
+    <item name='X'><real/></item> <item name='Y'><real/></item></record></list></item>
+</record></list></data></keyword>
 <keyword name='HEADED'><data><record termination='NONE'>
   <item name='HEAD'><record termination='SLASH'><item name='A'><string/></item> <item name='B' optional='true'><integer/></item></record></item>
   <item name='ROWS'><list termination='SLASH'><record termination='SLASH'>
@@ -105,6 +110,7 @@ Rows: ROWS\n 'P1' 1 2.25 3 /\n LONGER 100 /\n P3 1* 12.5 /\n/\n => ROWS\n  P1   
 ColumnsWithoutValues: ROWS\n P1 2* 3 /\n P2 * * 44 /\n/\n => ROWS\n  P1 2*  3 /\n  P2 2* 44 /\n/\n
 Table: TABLE\n 1 10.5 2 9 3 *\n /\n => TABLE\n  1 10.5\n  2  9\n  3 1*   /\n
 LeadingValues: LEADS\n 0.5 1 2 /\n 10 3 4\n 5 6.5 /\n/\n => LEADS\n   0.5 1 2   /\n  10   3 4\n       5 6.5 /\n/\n
+RowsWithinARecord: CLOSED\n 0.5 1 2 /\n /\n 10 3 4 /\n /\n/\n => CLOSED\n  0.5\n    1 2 /\n  /\n  10\n    3 4 /\n  /\n/\n
 Flags: BESIDE\n 1 2 /\n => BESIDE 1 2\n/\n
 NotBesideBehindOpenData: OPEN\n 1\nBESIDE\n 1 2 /\n => OPEN\n  1\nBESIDE\n  1 2\n/\n
 WindowsLineEnds: ROWS\r\n P1\r\n 1 /\r\n/\r\nFLAG\r\n => ROWS\r\n  P1 1 /\r\n/\r\nFLAG\r\n
@@ -179,6 +185,16 @@ TEST_F(DeckWriting, BreaksALongListIntoLines)
   1000112 1000113 1000114 1000115 1000116 1000117 1000118 1000119 1000120 1000121 1000122 1000123
   1000124 1000125 1000126 1000127 1000128 1000129 /
 )");
+}
+
+TEST_F(DeckWriting, AlignsFiveHundredRowsWithOneAnother)
+{
+    std::string text;
+    for (int i = 0; i < 500; ++i)
+        text += "  P 1 /\n";
+    const auto deck = Read("ROWS\n" + text + "LONGER 1 /\n/\n");
+    EXPECT_EQ(DeckFormatter(deck, FormatOptions().SetNormalized(true)).FormatFile(0),
+        "ROWS\n" + text + "  LONGER 1 /\n/\n");
 }
 
 TEST_F(DeckWriting, PutsIncludedFilesInTheirPlaces)

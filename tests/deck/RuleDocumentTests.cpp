@@ -140,6 +140,7 @@ TEST(RuleDocuments, OfTheLibraryAreDescribed)
         {"WPIMULT", "match|completion|K|WELL, I, J, K refer to a completion that is defined"},
         {"BOX", "order|I2|I1|I1 is at most I2"}, {"GRUPTREE", "tree|group||builds a tree: group"},
         {"SATNUM", "region|NTSFUN||each number is at most NTSFUN, the number of saturation tables"},
+        {"RPR", "index|NTFIP||each number is at most NTFIP"},
         {"SWOF", "length|NSSFUN||each table has at most NSSFUN of TABDIMS rows"},
         {"START", "once|||a deck has it once"},
         {"LAB", "exclusive|system of units||a deck has one system of units: METRIC, FIELD, LAB or PVT-M"},
@@ -178,16 +179,32 @@ TEST(RuleDocuments, HaveTheirOwnVoice)
 TEST(RuleDocuments, OfAHostAreCheckedToo)
 {
     const TemporaryDirectory folder;
-    const DeckLanguage language(KeywordSyntaxTable::Instance(),
-        {folder.Write("r.xml", "<rules><exclusive keywords='IMPES AIM' what='solution'/></rules>")});
-    EXPECT_EQ(
-        Dump(Deck::ReadText("RUNSPEC\nIMPES\nAIM\nMETRIC\nLAB\n", language, {}, "d").GetFindings(), "none"),
+    const DeckLanguage language(KeywordSyntaxTable::Instance(), {folder.Write("r.xml", R"(<rules>
+      <exclusive keywords='IMPES AIM' what='solution'/>
+      <names kind='group'><refer keywords='WLIST' items='WELLS'/></names></rules>)")});
+    EXPECT_EQ(Dump(Deck::ReadText(R"(RUNSPEC
+IMPES
+AIM
+METRIC
+LAB
+SCHEDULE
+WELSPECS
+ P1 G 1 1 1* OIL /
+/
+WLIST
+ '*L' NEW P2 P1 /
+/
+)",
+                       language, {}, "d")
+                       .GetFindings(),
+                  "none"),
         "d:3:1: error: AIM contradicts IMPES; expected one solution [conflicting-keywords] | remove one of "
         "them "
         "(d:2:1: IMPES is here)\n"
         "d:5:1: error: LAB contradicts METRIC; expected one system of units [conflicting-keywords] | remove "
         "one of "
-        "them (d:4:1: METRIC is here)");
+        "them (d:4:1: METRIC is here)\n"
+        "d:11:11: error: WLIST: undefined well 'P2' [undefined-name] | did you mean P1?");
     EXPECT_THROW(DeckLanguage(KeywordSyntaxTable::Instance(), {"no/such.xml"}), RuleError);
 }
 

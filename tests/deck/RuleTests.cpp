@@ -51,8 +51,9 @@ WELOPEN
             "d:3:5: error: WOPR: undefined well 'P9' [undefined-name] | did you mean P1?\n"
             "d:5:10: error: GOPR: undefined group 'H' [undefined-name] | define the group with WELSPECS or "
             "GRUPTREE"},
-        DeckRow{"OfAnArray", "RUNSPEC\nDIMENS\n 1 1 1 /\nGRID\nEQUALS\n PORRO 0.2 /\n FIPABC 1 /\n/\n",
-            "d:6:2: error: EQUALS: undefined array 'PORRO' [undefined-name] | did you mean PORO, PORV?"},
+        DeckRow{"OfAnArray",
+            "RUNSPEC\nDIMENS\n 1 1 1 /\nGRID\nEQUALS\n WORK1 1 /\n PORRO 0.2 /\n FIPABC 1 /\n/\n",
+            "d:7:2: error: EQUALS: undefined array 'PORRO' [undefined-name] | did you mean PORO, PORV?"},
         DeckRow{"OfALiftTable", R"(RUNSPEC
 VFPIDIMS
  2 2 2 /

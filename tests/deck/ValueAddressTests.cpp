@@ -61,7 +61,7 @@ INSTANTIATE_TEST_SUITE_P(Addresses, Malformed, testing::ValuesIn(Rows(R"(
 NoKeyword: [P1] => 0 invalid address '[P1]': expected the name of a keyword at character 1
 OpenBracket: A[P1 => 4 invalid address 'A[P1': expected ',' or ']' at the end
 EmptyBrackets: A[] => 2 invalid address 'A[]': expected an identifier or a number at character 3
-BlankInIdentifier: A[B C] => 4 invalid address 'A[B C]': expected ',' or ']' at character 5
+BlankInIdentifier: A[ B C] => 5 invalid address 'A[ B C]': expected ',' or ']' at character 6
 NoItem: A[B].@x => 5 invalid address 'A[B].@x': expected the name of an item at character 6
 NoDate: A@ => 2 invalid address 'A@': expected a valid date such as 2024-04-01 or 2024-04-01 12:30:00 at the end
 MonthOnly: A@2023-01#2 => 2 invalid address 'A@2023-01#2': expected a valid date such as 2024-04-01 or 2024-04-01 12:30:00 at character 3

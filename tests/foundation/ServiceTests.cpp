@@ -130,6 +130,8 @@ TEST(ServiceLog, CapsWarningsThatDifferInDigitsAlone)
     capper.SetLimit(-1);
     for (int i = 0; i < 5; ++i)
         capper.logW("another");
+    capper.SetLimit(0);
+    capper.logW("another");
     EXPECT_EQ(log.Lines().size(), 9U);
     capper.SetLimit(MessageCapper::DefaultLimit);
     capper.Reset();

@@ -16,7 +16,8 @@ TEST(Time, RefusesImpossibleDates)
     const int rows[][7] = {{2023, 2, 29, 0, 0, 0, 0}, {1900, 2, 29, 0, 0, 0, 0}, {2024, 0, 1, 0, 0, 0, 0},
         {2024, 257, 1, 0, 0, 0, 0}, {2024, 1, 257, 0, 0, 0, 0}, // they wrap a byte
         {2024, 1, -1, 0, 0, 0, 0}, {2024, 1, INT_MIN, 0, 0, 0, 0}, {INT_MIN, 1, 1, 0, 0, 0, 0},
-        {2024, 1, 1, 24, 0, 0, 0}, {2024, 1, 1, 0, 0, 60, 0}, {2024, 1, 1, 0, 0, 0, 1000}};
+        {2024, 1, 1, 24, 0, 0, 0}, {2024, 1, 1, 0, 60, 0, 0}, {2024, 1, 1, 0, 0, 60, 0},
+        {2024, 1, 1, 0, 0, 0, 1000}};
     for (const auto& [year, month, date, hour, minute, second, millisecond] : rows)
         EXPECT_THROW(Time(year, month, date, hour, minute, second, millisecond), std::invalid_argument)
             << year << ' ' << month << ' ' << date << ' ' << hour << ' ' << second << ' ' << millisecond;

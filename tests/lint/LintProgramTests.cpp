@@ -169,7 +169,8 @@ std::string Wide(const std::string& text)
 INSTANTIATE_TEST_SUITE_P(Texts, WholeText,
     testing::Values(Whole{"Empty", "", "1:1: error: "}, Whole{"Blank", " \n", "2:1: error: "},
         Whole{"NoXml", std::string("\0\1\2", 3), "1:1: error: "},
-        Whole{"NoKeyword", "<keywords/>", "1:1: warning: no <keyword> in <keywords>"},
+        Whole{"NoKeyword", "<keywords/>",
+            "1:1: warning: no <keyword> in <keywords> [no-keyword]\n    <keywords/>\n"},
         Whole{"TypeDeclaration", "<!DOCTYPE a [<!ENTITY b 'c'>]>\n<a/>", "1:"},
         Whole{"Deep", Document([] {
                   std::string tags;

@@ -109,6 +109,14 @@ Sections: GRID\nNOECHO\nPROPS\n & GRID\nPROPS\nNOECHO\n =>
 Scopes: {runspec}LGR\n 2 4 /\nGRID\nCARFIN\n A 1 1 1 1 1 1 1 1 1 /\nPORO\n 0.1 /\nENDFIN\nCARFIN\n B 2 2 1 1 1 1 1 1 1 /\nPORO\n 0.2 /\nENDFIN\n & {runspec}LGR\n 2 4 /\nGRID\nCARFIN\n B 2 2 1 1 1 1 1 1 1 /\nPORO\n 0.3 /\nENDFIN\nCARFIN\n A 1 1 1 1 1 1 1 1 1 /\nPORO\n 0.1 /\nENDFIN\n =>
     GRID
       ~ PORO: 1 of 1 differ, first [1]: 0.2 -> 0.3   (A 17, B 12)
+ScopeThatEndsLater: {runspec}{schedule}ACTION\n A FOPR > 5 /\nTSTEP\n 1 /\nWCONPROD\n P1 OPEN ORAT 5 /\n/\nTSTEP\n 1 /\nENDACTIO\n & {runspec}{schedule}ACTION\n A FOPR > 5 /\nENDACTIO\nTSTEP\n 1 /\nWCONPROD\n P1 OPEN ORAT 5 /\n/\nTSTEP\n 1 /\n =>
+    SCHEDULE
+      + ENDACTIO   (B 14)
+    SCHEDULE, 2020-01-02
+      - WCONPROD P1   (A 17)
+      + WCONPROD P1   (B 18)
+    SCHEDULE, 2020-01-03
+      - ENDACTIO   (A 21)
 )")),
     CaseName<Row>);
 
