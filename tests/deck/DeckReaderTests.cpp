@@ -231,7 +231,7 @@ Names: NAMES\n A 'B C' 2*D "E/" 2*'F G' O'K /\n => ['A' 'B C' 'D' 'D' 'E/' 'F G'
 OpenQuote: NAMES\n 'A\n B /\n => ['A' 'B'] => d.data:3:2: error: unclosed quote before 'A' [unclosed-quote] | add a closing ' on the same line
 KeywordWithASlashIsAName: NAMES\nFLAG /\n => ['FLAG'] =>
 KeywordEndsOpenData: NAMES\n A\nFLAG\n => ? => d.data:3:3: error: NAMES: missing slash at the end of the list [unclosed-data] | add a slash after the last value
-EndOfFileEndsOpenData: ROWS\n 1 2 /\n 3 => ? => d.data:4:3: error: ROWS: missing slash at the end of the record [unclosed-data] | add a slash after the last value
+EndOfFileEndsOpenData: ROWS\n 1 2 /\n 3\t => ? => d.data:4:3: error: ROWS: missing slash at the end of the record [unclosed-data] | add a slash after the last value
 EndOfDeckEndsOpenData: ROWS\n 1 2\n => ? => d.data:3:5: error: ROWS: missing slash at the end of the record [unclosed-data] | add a slash after the last value
 )")),
     CaseName<Row>);

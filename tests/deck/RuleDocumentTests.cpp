@@ -132,6 +132,7 @@ TEST(RuleDocuments, OfTheLibraryAreDescribed)
         {"WCONPROD", "require|VFP|THP|if THP has a value, VFP is required"},
         {"WOPR", "refers-to|well||each name refers to a name that is defined: well"},
         {"COMPDAT", "distinct||WELL, I, J, K1, K2, CF|one record for the same WELL, I, J, K1, K2, CF"},
+        {"MULTFLT", "distinct||FAULT|one record for the same FAULT"},
         {"WCONPROD",
             "distinct||WELL|one of WCONPROD, WCONHIST, WCONINJE, WCONINJH for the same WELL in a report "
             "step"},
