@@ -248,6 +248,7 @@ TEST_F(Files, ThatAreIncludedTwiceStay)
     EXPECT_EQ(ReasonOf([&] { editor.SetValue("WHOLE[1]#2", 2); }),
         "the deck includes 'a.inc' more than once; a change of it would apply to each inclusion");
     EXPECT_THROW(editor.RemoveKeyword(deck.Get("WHOLE")), EditError);
+    EXPECT_THROW(editor.AddKeywordAfter(deck.Get("WHOLE"), "FLAG\n"), EditError);
     editor.RemoveKeyword(deck.Get("FLAG"));
     EXPECT_EQ(editor.GetText(0), "RUNSPEC\nINCLUDE\n 'a.inc' /\nINCLUDE\n 'a.inc' /\n");
 }

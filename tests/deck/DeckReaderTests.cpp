@@ -112,8 +112,13 @@ const std::string dataLanguage = R"(
     <simulator name='Dunmere'/>
   </validity></assignment></map></data></keyword>
 <keyword name='TITLE'><data><record termination='EOL'><item name='T'><line/></item></record></data></keyword>
-<keyword name='NOTED'><data><record termination='SLASH'>
-  <item name='A'><integer/></item> <item name='T'><line/></item> <item name='B'><integer/></item></record></data></keyword>
+<keyword name='NOTED'><data><list termination='SLASH'><record termination='SLASH'>
+  <item name='T'><line/></item> <item name='A'><integer/></item> <item name='U'><line/></item>
+  <item name='B'><integer/></item></record></list></data></keyword>
+<keyword name='CARFIN'><scope><endKeyword name='CARFIN'/></scope><data><record termination='SLASH'>
+  <item name='NUMBER'><integer/></item> <item name='NAME'><string/></item>
+  <item name='NX' optional='true'><integer/></item> <item name='NY' optional='true'><integer/></item>
+</record></data></keyword>
 <keyword name='LINES'><data><list><line/><customReadTermination><stringTermination>/</stringTermination>
   </customReadTermination></list></data></keyword>
 <keyword name='RAW'><data><raw stringTermination='ENDRAW'/></data></keyword>
@@ -183,6 +188,7 @@ SuppressedErrorLeavesTheSizes: DIMENS\n 3 1 /\nDIMENS -- quor: off repeated-keyw
 Short: DIMENS\n 1 2 /\nARRAY\n 1 /\n => [1] => d.data:5:4: error: ARRAY: too few values (expected 2, found 1) [wrong-size] | the size is NX*NY
 DefaultDimensions: ARRAY\n 1 /\n => [1] =>
 InABox: DIMENS\n 4 4 /\nBOX\n 2 3 2* 1 1 /\nARRAY\n 8*1 /\nENDBOX\nARRAY\n 16*1 /\nGRID\nFLAG\n => ? =>
+InALocalGrid: CARFIN\n 1 A 2 1 /\nARRAY\n 1 2 /\nCARFIN\n 1 B 3 1 /\nCARFIN\n 1 A /\nARRAY\n 1 2 /\n => [1 2] =>
 MisspeltEndOfABox: DIMENS\n 4 4 /\nBOX\n 2 3 2* 1 1 /\nARRAY\n 8*1 /\nENDBXO\nARRAY\n 16*1 /\n => ? => d.data:8:1: error: unknown keyword 'ENDBXO' [unknown-keyword] | did you mean ENDBOX?
 RepeatWithALetter: DIMENS\n 3 1 /\nARRAY\n 1 2O*5 /\n => [1] => d.data:5:4: error: ARRAY: invalid value '2O*5'; expected a number [wrong-type]
 OneMessageForManyBeyond: DIMENS\n 5 1 /\nARRAY\n 1 101 3 -1 2*200 /\n => ? => d.data:5:4: error: ARRAY: value 101 is too large (expected at most 100); other values out of range: 3 [out-of-range]
@@ -232,6 +238,7 @@ OpenQuote: NAMES\n 'A\n B /\n => ['A' 'B'] => d.data:3:2: error: unclosed quote 
 KeywordWithASlashIsAName: NAMES\nFLAG /\n => ['FLAG'] =>
 KeywordEndsOpenData: NAMES\n A\nFLAG\n => ? => d.data:3:3: error: NAMES: missing slash at the end of the list [unclosed-data] | add a slash after the last value
 EndOfFileEndsOpenData: ROWS\n 1 2 /\n 3\t => ? => d.data:4:3: error: ROWS: missing slash at the end of the record [unclosed-data] | add a slash after the last value
+EndOfFileAfterALine: NOTED\n line => [('line' - - -)] => d.data:3:6: error: NOTED: missing slash at the end of the record [unclosed-data] | add a slash after the last value
 EndOfDeckEndsOpenData: ROWS\n 1 2\n => ? => d.data:3:5: error: ROWS: missing slash at the end of the record [unclosed-data] | add a slash after the last value
 )")),
     CaseName<Row>);
@@ -291,7 +298,7 @@ TextsHaveNoOrder: ORDERED\n B /\n A /\n/\n => [('B' - -) ('A' - -)] =>
 Orders: ORDERED\n A 1 9 /\n B 1 9 /\n C 0 8 /\n/\n => ? => d.data:4:6: error: ORDERED, DOWN: value 9 must be less than the previous value 9 [column-order]
     d.data:5:4: error: ORDERED, UP: value 0 must not be less than the previous value 1 [column-order]
 RepeatBeyondTheEnd: PAIR\n 1 4*2\n => (1 2) => d.data:3:4: error: PAIR: too many values (the repeat count is too large by 3) [too-many-values]
-RepeatAroundALine: NOTED\n 2*5\n 9\n /\n => (5 '9' 5) =>
+RepeatAroundALine: NOTED\n line\n 2*5\n 9\n /\n/\n => [('line' 5 '9' 5)] =>
 SurplusOfOneItem: TSTEP\n 1 2 /\n/\n => [(1)] => d.data:3:4: error: TSTEP: too many values (expected at most 1) [too-many-values] | end the record with a slash before this value
 Variables: RECORD\n P1 $RATE OIL NO 3 /\nRECORD\n P1 $RATE OIL NO 3 /\n => ? => d.data:3:5: error: variable '$RATE' has no value [unknown-variable] | set the variable $RATE
 QuantityOfTheUser: SCHEDULE\nRECORD\n P1 WUOPR OIL NO 3 /\n => ('P1' - 0 0 3) =>
