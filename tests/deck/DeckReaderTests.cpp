@@ -301,7 +301,7 @@ RepeatBeyondTheEnd: PAIR\n 1 4*2\n => (1 2) => d.data:3:4: error: PAIR: too many
 RepeatAroundALine: NOTED\n line\n 2*5\n 9\n /\n/\n => [('line' 5 '9' 5)] =>
 SurplusOfOneItem: TSTEP\n 1 2 /\n/\n => [(1)] => d.data:3:4: error: TSTEP: too many values (expected at most 1) [too-many-values] | end the record with a slash before this value
 Variables: RECORD\n P1 $RATE OIL NO 3 /\nRECORD\n P1 $RATE OIL NO 3 /\n => ? => d.data:3:5: error: variable '$RATE' has no value [unknown-variable] | set the variable $RATE
-QuantityOfTheUser: SCHEDULE\nRECORD\n P1 WUOPR OIL NO 3 /\n => ('P1' - 0 0 3) =>
+QuantityOfTheUser: SCHEDULE\nRECORD\n P1 WUOPRATE OIL NO 3 /\n => ('P1' - 0 0 3) =>
 QuantityOutsideTheSchedule: RECORD\n P1 WUOPR OIL NO 3 /\n => ('P1' - 0 0 3) => d.data:3:5: error: RECORD, RATE: invalid value 'WUOPR'; expected a number [wrong-type]
 RemarkOnTheKeywordsLine: RECORD name rate, see p. 3/4\n P1 1 OIL NO 3 /\n => ('P1' 1 0 0 3) => d.data:2:8: warning: RECORD: the text 'name rate, see p. 3/4' is read as a remark [text-after-keyword] | write '--' before a remark, and data on the next line
 RemarkThatLooksLikeAName: NAMES in the field\n A B /\n => ['A' 'B'] => d.data:2:7: warning: NAMES: the text 'in the field' is read as a remark [text-after-keyword] | write '--' before a remark, and data on the next line

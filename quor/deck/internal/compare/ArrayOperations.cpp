@@ -213,7 +213,7 @@ void ArrayOperations::SetValues(const std::string& name, const KeywordInstance& 
     const auto size = static_cast<std::size_t>(list.GetSize());
     const ICellPropertyInfo* const cell = keyword.syntax->GetCellPropertyInfo();
     const auto layer = static_cast<std::size_t>((box_[1] - box_[0] + 1) * (box_[3] - box_[2] + 1));
-    const bool isRepeated = cell && cell->CopyLayerAboveByDefault() && size >= layer && layer > 0;
+    const bool isRepeated = cell && cell->CopyLayerAboveByDefault() && size >= layer;
     const bool hasUnknown = HasUnknown(list);
     if (hasUnknown)
         array.unknown = fmt::format("a value of {} isn't known", keyword.syntax->GetName());
