@@ -91,18 +91,20 @@ struct Child {
     std::size_t slotsBefore;
 };
 
-/// The child that has the slot, which is one of the node.
-Child FindChildAt(const IKeywordData& node, std::size_t slot)
+/// The child that has the slot of the node; empty if there is none.
+std::optional<Child> FindChildAt(const IKeywordData& node, std::size_t slot)
 {
-    if (const auto each = SlotsOfEach(node))
-        return {slot / *each, slot / *each * *each};
-    Child child{0, 0};
-    for (;; ++child.index) {
-        const std::size_t slots = CountSlotsAt(node, child.index);
-        if (slot < child.slotsBefore + slots)
-            return child;
-        child.slotsBefore += slots;
+    const std::size_t size = CountChildren(node);
+    if (const auto each = SlotsOfEach(node); each && *each > 0)
+        return slot < size * *each ? std::optional(Child{slot / *each, slot / *each * *each}) : std::nullopt;
+    std::size_t before = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+        const std::size_t slots = CountSlotsAt(node, i);
+        if (slot < before + slots)
+            return Child{i, before};
+        before += slots;
     }
+    return std::nullopt;
 }
 
 } // namespace
@@ -177,13 +179,13 @@ bool AreInFlatRecord(const IKeywordData& root, std::size_t first, std::size_t la
 {
     const IKeywordData* node = &root;
     while (!IsFlat(*node->GetMD())) {
-        const Child child = FindChildAt(*node, first);
-        const Child other = FindChildAt(*node, last);
-        if (child.index != other.index || IsScalarAt(*node, child.index))
+        const auto child = FindChildAt(*node, first);
+        const auto other = FindChildAt(*node, last);
+        if (!child || !other || child->index != other->index || IsScalarAt(*node, child->index))
             return false;
-        first -= child.slotsBefore;
-        last -= child.slotsBefore;
-        node = &ChildOf(*node, child.index);
+        first -= child->slotsBefore;
+        last -= child->slotsBefore;
+        node = &ChildOf(*node, child->index);
     }
     return true;
 }

@@ -39,7 +39,7 @@ std::optional<ScalarSlot> FindScalar(const Core::Keywords::IKeywordData& root, c
 std::size_t CountSlots(const Core::Keywords::IKeywordData& node);
 /// The slots before the scalar that the path leads to.
 std::size_t SlotOf(const Core::Keywords::IKeywordData& root, const ValuePath& path);
-/// Whether the slots of the node, `first` to `last`, are in one record of nothing but scalars.
+/// Whether the slots, `first` to `last`, are in one record of nothing but scalars.
 bool AreInFlatRecord(const Core::Keywords::IKeywordData& root, std::size_t first, std::size_t last);
 
 } // namespace Veld::Quor::Core::Decks
