@@ -98,6 +98,12 @@ std::optional<DeckValue> ChooseValueOf(const Deck& deck, const DeckKeyword& keyw
     return values[script.Next(values.size())];
 }
 
+void SetArray(DeckEditor& editor, const DeckKeyword& keyword, std::size_t size)
+{
+    const std::vector<double> values(size, 0.25);
+    editor.SetArray(keyword, values.data(), values.size());
+}
+
 void Change(DeckEditor& editor, const Deck& deck, Script& script)
 {
     const std::size_t kind = script.Next(9);
@@ -125,8 +131,7 @@ void Change(DeckEditor& editor, const Deck& deck, Script& script)
     case 7:
         return editor.AddKeywordInStep(script.Next(3), script.Choose(texts));
     default:
-        return editor.SetArray(
-            keyword, std::vector<double>(script.Next(20), 0.25).data(), script.Next(20) / 2);
+        return SetArray(editor, keyword, script.Next(20));
     }
 }
 
