@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 using namespace Veld::Quor::Core::Decks;
 using namespace Veld::Quor::Tests;
@@ -62,6 +63,23 @@ TEST(RecordsOfALongList, AreJudgedAsThoseOfAShortOne)
             found += finding.code;
         EXPECT_EQ(found, row.finding) << row.record << row.text;
     }
+}
+
+TEST(Suggestions, AreMadeUntilTwoMillionNamesWereCompared)
+{
+    static const DeckLanguage language;
+    constexpr int wells = 2'000;
+    std::string deck = "SCHEDULE\nWELSPECS\n";
+    for (int well = 0; well < wells; ++well)
+        deck += fmt::format(" W{} G 1 1 1* OIL /\n", well);
+    deck += "/\nWELOPEN\n";
+    for (int well = 0; well < 1'001; ++well)
+        deck += fmt::format(" W{} OPEN /\n", wells + well);
+    const Deck read = Deck::ReadText(deck + "/\n", language, ReadOptions().SetMaxFindings(2'000), "d");
+    const std::vector<Finding>& findings = read.GetFindings().GetKept();
+    ASSERT_EQ(findings.size(), 1'001U);
+    EXPECT_EQ(findings[999].hint, "did you mean W299, W999, W1999?");
+    EXPECT_EQ(findings[1'000].hint, "define the well with WELSPECS before it is named");
 }
 
 INSTANTIATE_TEST_SUITE_P(Records, DeckFindings,

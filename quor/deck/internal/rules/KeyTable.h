@@ -68,8 +68,8 @@ public:
     {
         if (size_ == 0)
             return;
-        if (size_ < capacity_ / 16) { // of others that it had before
-            slots_ = {};
+        if (size_ < capacity_ / 16) { // its block is that of many keys before these
+            std::vector<Slot>().swap(slots_);
             capacity_ = 0;
         }
         std::fill(slots_.begin(), slots_.end(), Slot());
@@ -87,8 +87,9 @@ private:
     /// Of the key, or of the free slot for it.
     std::size_t IndexOf(std::uint64_t key) const
     {
-        std::size_t at = static_cast<std::size_t>((key * 0x9E3779B97F4A7C15ULL) >> 20) & (capacity_ - 1);
-        while (slots_[at].key != 0 && slots_[at].key != Used(key))
+        const std::uint64_t used = Used(key);
+        std::size_t at = static_cast<std::size_t>((used * 0x9E3779B97F4A7C15ULL) >> 20) & (capacity_ - 1);
+        while (slots_[at].key != 0 && slots_[at].key != used)
             at = (at + 1) & (capacity_ - 1);
         return at;
     }

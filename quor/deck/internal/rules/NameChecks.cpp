@@ -211,16 +211,26 @@ void NameChecks::ReportUnknown(const Pending& unknown)
         HintOf(unknown));
 }
 
-std::string NameChecks::HintOf(const Pending& unknown) const
+std::vector<std::string> NameChecks::FindNear(const Pending& unknown)
+{
+    const NameRule& rule = context_.rules.names[unknown.kind];
+    if (rule.AreOfLanguage()) {
+        const auto section = context_.deck.keywords[unknown.keyword].section;
+        return context_.deck.language.GetNearestNames().Find(
+            ToUpper(unknown.name), rule.areArrays ? section : SectionType::SUMMARY);
+    }
+    constexpr std::size_t mostCompared = 2'000'000; // a tenth of a second
+    const std::vector<std::string>& names = names_[unknown.kind].GetNames();
+    compared_ += names.size();
+    return compared_ > mostCompared ? std::vector<std::string>() : FindNearest(names, unknown.name);
+}
+
+std::string NameChecks::HintOf(const Pending& unknown)
 {
     const NameRule& rule = context_.rules.names[unknown.kind];
     if (!rule.areArrays && names_[unknown.kind].Has(unknown.name))
         return fmt::format("define the {} before it is named", rule.noun);
-    const auto section = context_.deck.keywords[unknown.keyword].section;
-    const auto near = rule.AreOfLanguage() ? context_.deck.language.GetNearestNames().Find(
-                          ToUpper(unknown.name), rule.areArrays ? section : SectionType::SUMMARY)
-                                           : FindNearest(names_[unknown.kind].GetNames(), unknown.name);
-    if (!near.empty())
+    if (const auto near = FindNear(unknown); !near.empty())
         return SuggestionOf(near);
     if (rule.areArrays)
         return "";

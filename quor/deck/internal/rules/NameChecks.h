@@ -61,7 +61,8 @@ private:
     bool IsDefined(std::uint32_t kind, std::string_view name);
     bool IsInLanguage(const NameRule& rule, std::string_view name) const;
     void ReportUnknown(const Pending& unknown);
-    std::string HintOf(const Pending& unknown) const;
+    std::string HintOf(const Pending& unknown);
+    std::vector<std::string> FindNear(const Pending& unknown);
 
     RuleContext context_;
     std::vector<NameTable> names_; // of each kind
@@ -72,6 +73,7 @@ private:
     std::vector<NameTable> waiting_; // names that were used before any of the kind was defined
     std::vector<NameTable> later_; // names that may be defined later
     std::vector<Pending> pending_; // one for each of these
+    std::size_t compared_ = 0; // names of the deck, to find those that may be meant
     bool isWhole_ = true;
 };
 

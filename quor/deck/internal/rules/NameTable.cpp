@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 
 namespace Veld::Quor::Core::Decks {
 
@@ -68,14 +69,11 @@ bool NameTable::Add(std::string_view name)
 
 bool NameTable::HasMatch(std::string_view pattern)
 {
-    const std::uint64_t key = KeyOfName(pattern);
-    if (matched_.Has(key))
-        return true;
-    const bool isMatched = std::any_of(
-        names_.begin(), names_.end(), [pattern](const std::string& name) { return IsMatch(pattern, name); });
-    if (isMatched)
-        matched_.Add(key, {});
-    return isMatched;
+    constexpr std::size_t matched = std::numeric_limits<std::size_t>::max();
+    std::size_t& searched = *searched_.Add(KeyOfName(pattern), 0).first;
+    while (searched < names_.size())
+        searched = IsMatch(pattern, names_[searched]) ? matched : searched + 1;
+    return searched == matched;
 }
 
 } // namespace Veld::Quor::Core::Decks

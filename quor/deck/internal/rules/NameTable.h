@@ -58,7 +58,8 @@ public:
     /// False if the name is there.
     bool Add(std::string_view name);
     bool Has(std::string_view name) const { return !keys_.IsEmpty() && keys_.Has(KeyOfName(name)); }
-    /// Whether a name matches: '*' stands for any characters, '?' for one. What matched once matches again.
+    /// Whether a name matches: '*' stands for any characters, '?' for one. A pattern that comes again is
+    /// matched with the names that are new alone.
     bool HasMatch(std::string_view pattern);
     /// True the first time that it is asked of a name.
     bool IsFirstReport(std::string_view name) { return reported_.Add(KeyOfName(name), {}).second; }
@@ -72,7 +73,7 @@ private:
 
     std::vector<std::string> names_;
     Keys keys_; // of the names
-    Keys matched_;
+    KeyTable<std::size_t> searched_; // of patterns: the names that don't match, or `matched`
     Keys reported_;
 };
 

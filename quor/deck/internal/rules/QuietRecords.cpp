@@ -105,7 +105,7 @@ void QuietRecords::FindDistinct(Records records)
 
 bool QuietRecords::Follow(const RecordRules& rules, const IKeywordListData& list)
 {
-    if (rules_ != &rules)
+    if (rules_ != &rules || !IsOf(list))
         return false;
     LookAtLast();
     return isQuiet_ && named_.size() == static_cast<std::size_t>(list.GetSize())

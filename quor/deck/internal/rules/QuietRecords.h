@@ -31,7 +31,7 @@ public:
     /// The records of another list come. `rules.mayBeQuiet` must be true.
     void Begin(const RecordRules& rules);
     /// Whether nothing is to be said of any record of the list, which is then followed. If not, nothing has
-    /// been done. It is the one that was begun last, or another of which nothing is known.
+    /// been done. The records of a keyword that has no text for its data have not been begun.
     bool Follow(const RecordRules& rules, const Keywords::IKeywordListData& list);
 
 private:

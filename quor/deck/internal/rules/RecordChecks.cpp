@@ -141,7 +141,7 @@ std::size_t RecordChecks::AddNames(
     SeenNames& names = ofNames_[rules.distinct[distinct].number];
     names.Reserve(names_.GetSize());
     for (std::size_t i = 0; i < records.size(); ++i) {
-        if ((records[i].distinct >> distinct & 1) == 0)
+        if (!records[i].IsOf(distinct))
             continue;
         if (names.Has(records[i].name))
             return i;
@@ -154,7 +154,7 @@ void RecordChecks::RemoveNames(
     const RecordRules& rules, std::size_t distinct, const NamedRecords& records, std::size_t count)
 {
     for (std::size_t i = 0; i < count; ++i) {
-        if ((records[i].distinct >> distinct & 1) != 0)
+        if (records[i].IsOf(distinct))
             ofNames_[rules.distinct[distinct].number].Remove(records[i].name);
     }
 }

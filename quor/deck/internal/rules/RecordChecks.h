@@ -18,6 +18,8 @@ namespace Veld::Quor::Core::Decks {
 
 /// What rules of what is distinct need of a record whose name alone tells it apart.
 struct NamedRecord {
+    bool IsOf(std::size_t rule) const { return (distinct >> rule & 1) != 0; }
+
     std::uint32_t name; ///< its number
     std::uint32_t distinct; ///< the rules that are about it: the first is the lowest bit
     static_assert(std::numeric_limits<decltype(distinct)>::digits == RecordRules::mostQuiet);

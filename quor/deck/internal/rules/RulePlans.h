@@ -119,7 +119,7 @@ struct RecordRules {
     bool isEmpty = true; ///< there is no rule
 };
 
-/// Completes keys of records that have the parts of their names: by all else that the rules of names look at.
+/// Adds to the keys of records, which have their names, all else that the rules of names look at.
 inline void AddConditions(const RecordRules& rules,
     std::span<const Keywords::IKeywordRecordData* const> records, std::span<KeyOfParts> keys)
 {

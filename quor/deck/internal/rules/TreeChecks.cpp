@@ -63,10 +63,11 @@ bool TreeChecks::CheckLoops(const TreeRule& rule, const Places& names)
         const Place* at = &start;
         for (; at && done.insert(at).second; at = names.Find(at->above))
             way.push_back(at);
-        if (!at || std::find(way.begin(), way.end(), at) == way.end())
+        const auto loop = std::find(way.begin(), way.end(), at);
+        if (!at || loop == way.end())
             continue;
         hasLoop = true;
-        ReportLoop(rule, *at);
+        ReportLoop(rule, **std::min_element(loop, way.end()));
     }
     return hasLoop;
 }

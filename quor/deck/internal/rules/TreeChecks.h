@@ -37,7 +37,7 @@ private:
         std::uint32_t keyword;
         ValuePosition position;
     };
-    /// The last place of each name, as the deck first has them.
+    /// The last place of each name, in the order of their first ones.
     class Places {
     public:
         void Set(Place&& place);

@@ -174,8 +174,7 @@ private:
     void ReportNoDefault(const DataPlan& item);
     void ReadPlainRecords(
         const DataPlan& plan, Core::Keywords::IKeywordListData& list, std::vector<RecordStart>* starts);
-    const Core::Keywords::IKeywordRecordData* TakePlainRecord(
-        const DataPlan& plan, Core::Keywords::IKeywordListData& list);
+    bool TakePlainRecord(const DataPlan& plan, Core::Keywords::IKeywordListData& list);
 
     // Ends and sizes
     Ended Unclosed(Open what, std::vector<TextEdit> fix = {});

@@ -106,8 +106,7 @@ DataReader::Ended DataReader::ReadElements(
             starts->push_back(RecordStart::Of(begin));
         const std::size_t taken = words_.GetTaken();
         notes_.Enter(static_cast<int>(list.GetSize()));
-        auto& element = *static_cast<IKeywordData*>(list.AddData(nullptr));
-        ended = ReadContainer(item, element);
+        ended = ReadContainer(item, *static_cast<IKeywordData*>(list.AddData(nullptr)));
         notes_.Leave();
         if (ended == Ended::ByStop)
             return ended;
@@ -125,7 +124,7 @@ DataReader::Ended DataReader::ReadElements(
             return SkipToSlash();
         }
         if (starts && watch_ && item.type == MDType::Record)
-            watch_->Add(static_cast<const IKeywordRecordData&>(element));
+            watch_->Add(list);
     }
     return ended;
 }

@@ -22,34 +22,32 @@ void DataReader::ReadPlainRecords(
         return;
     while (text_.SkipToPlainData()) {
         const TextRange begin = text_.RangeOf(text_.GetRest().substr(0, 1));
-        const IKeywordRecordData* const record = TakePlainRecord(plan.items.front(), list);
-        if (!record)
+        if (!TakePlainRecord(plan.items.front(), list))
             return;
         if (starts) {
             starts->push_back(RecordStart::Of(begin));
             if (watch_)
-                watch_->Add(*record);
+                watch_->Add(list);
         }
     }
 }
 
-/// Null if the next one needs thought.
-const IKeywordRecordData* DataReader::TakePlainRecord(const DataPlan& plan, IKeywordListData& list)
+bool DataReader::TakePlainRecord(const DataPlan& plan, IKeywordListData& list)
 {
     const std::string_view text = text_.GetRest();
     if (text.front() == '/')
-        return nullptr;
+        return false;
     auto& record = static_cast<IKeywordRecordData&>(*static_cast<IKeywordData*>(list.AddData(nullptr)));
     if (!plain_.Read(text, plan, record) || !words_.MayRepeatDefaults(plain_.GetRepeated())) {
         list.RemoveData(static_cast<std::size_t>(list.GetSize()) - 1);
-        return nullptr;
+        return false;
     }
     words_.TakePlain(plain_.GetGiven(), text_.RangeOf(plain_.GetLast()));
     notes_.PassPlain(plain_.GetGiven());
     words_.TakeSlash(text_.TakeToSlash(plain_.GetLength()));
     notes_.PassPlain(plan.slots - plain_.GetGiven());
     notes_.PassEnd();
-    return &record;
+    return true;
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
 
 #include <array>
@@ -14,10 +15,10 @@ class RecordWatch {
 public:
     using Record = Core::Keywords::IKeywordRecordData;
 
-    /// The next one, which is whole.
-    void Add(const Record& record)
+    /// The list has one more record, which is whole.
+    void Add(const Core::Keywords::IKeywordListData& list)
     {
-        records_[count_] = &record;
+        list_ = &list;
         if (++count_ == records_.size())
             LookAtLast();
     }
@@ -28,20 +29,33 @@ protected:
     RecordWatch& operator=(const RecordWatch&) = default;
     ~RecordWatch() = default;
 
-    /// Those that have come since it was last called.
+    /// Those that have come since it was last called. They last until the list changes.
     virtual void LookAt(std::span<const Record* const> records) = 0;
 
     void LookAtLast()
     {
+        for (std::size_t i = 0; i < count_; ++i)
+            records_[i] = static_cast<const Record*>(
+                static_cast<const Core::Keywords::IKeywordData*>(list_->GetData(first_ + i)));
         const std::span last(records_.data(), count_);
+        first_ += count_;
         count_ = 0;
         LookAt(last);
     }
-    void Forget() { count_ = 0; }
+    /// Another list comes.
+    void Forget()
+    {
+        list_ = nullptr;
+        first_ = count_ = 0;
+    }
+    /// Whether all that has come is of the list.
+    bool IsOf(const Core::Keywords::IKeywordListData& list) const { return !list_ || list_ == &list; }
 
 private:
     std::array<const Record*, 64> records_ = {}; // as many as the nearest cache holds
-    std::size_t count_ = 0;
+    const Core::Keywords::IKeywordListData* list_ = nullptr;
+    std::size_t first_ = 0; // of those that haven't been looked at
+    std::size_t count_ = 0; // of these
 };
 
 } // namespace Veld::Quor::Core::Decks
