@@ -298,7 +298,7 @@ TextsHaveNoOrder: ORDERED\n B /\n A /\n/\n => [('B' - -) ('A' - -)] =>
 Orders: ORDERED\n A 1 9 /\n B 1 9 /\n C 0 8 /\n/\n => ? => d.data:4:6: error: ORDERED, DOWN: value 9 must be less than the previous value 9 [column-order]
     d.data:5:4: error: ORDERED, UP: value 0 must not be less than the previous value 1 [column-order]
 RepeatBeyondTheEnd: PAIR\n 1 4*2\n => (1 2) => d.data:3:4: error: PAIR: too many values (the repeat count is too large by 3) [too-many-values]
-RepeatAroundALine: NOTED\n line\n 2*5\n 9\n /\n/\n => [('line' 5 '9' 5)] =>
+RepeatAroundALine: NOTED a line\n 2*5\n 9\n /\n/\n => [('a line' 5 '9' 5)] =>
 SurplusOfOneItem: TSTEP\n 1 2 /\n/\n => [(1)] => d.data:3:4: error: TSTEP: too many values (expected at most 1) [too-many-values] | end the record with a slash before this value
 Variables: RECORD\n P1 $RATE OIL NO 3 /\nRECORD\n P1 $RATE OIL NO 3 /\n => ? => d.data:3:5: error: variable '$RATE' has no value [unknown-variable] | set the variable $RATE
 QuantityOfTheUser: SCHEDULE\nRECORD\n P1 WUOPRATE OIL NO 3 /\n => ('P1' - 0 0 3) =>
