@@ -271,6 +271,7 @@ TEST(HostsRecord, IsWalkedAndCompared)
     EXPECT_FALSE(host == *made.data || *made.data == host);
     const Keyword nested("((i))");
     const HostRecord hollow(nested.GetDataMD(), nullptr);
+    EXPECT_FALSE(hollow == *Make(nested, "((5))"));
     ConstDataIterator it(hollow);
     for (int i = 0; i < 3; ++i)
         EXPECT_TRUE(++it == ConstDataIterator::End());

@@ -200,6 +200,7 @@ NameOnTheNextLine: RUNSPEC\nINCLUDE\n-- c\n\n 'a.inc' /\nWATR\n & a.inc=OLI\n =>
     d.data:6:1: error: unknown keyword 'WATR' [unknown-keyword] | did you mean WATER?
 NameOnTheSameLine: RUNSPEC\nINCLUDE "a b.inc" /\n & a b.inc=OLI => a b.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1
 BareName: RUNSPEC\nINCLUDE\nsub/a.inc/\n & sub/a.inc=OLI\n => sub/a.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- d.data:2:1
+BareNameInAList: SCHEDULE\nDATES\n A\nINCLUDE\na.inc/\n/\nWELSPECS\n & a.inc= B\n =>
 SlashBelowTheName (Strict): RUNSPEC\nINCLUDE\n'a.inc'\n\n-- c\n / end\nWATER\n/\nINCLUDE 'a.inc'\n/\n & a.inc=DIMENS\n 1 /\n =>
 SlashBelowTheNameInAList (Strict): SCHEDULE\nDATES\n A\nINCLUDE\n'a.inc'\n/\n C /\n & a.inc= B\n =>
 FromTheFolderOfTheDeck: RUNSPEC\nINCLUDE\n'sub/a.inc' /\n & sub/a.inc=INCLUDE\n'sub/b.inc' /\n & sub/b.inc=OLI\n => sub/b.inc:1:1: error: unknown keyword 'OLI' [unknown-keyword] | did you mean OIL? <- sub/a.inc:1:1 <- d.data:2:1

@@ -230,7 +230,7 @@ bool KeptText::AreOfOneForm(const TextRow& first, const TextRow& second)
 void KeptText::Align()
 {
     const std::vector<TextRow>& rows = rows_.GetAll();
-    for (std::size_t first = 0, i = 1; i <= rows.size(); ++i) {
+    for (std::size_t first = 1, i = 2; i <= rows.size(); ++i) { // 0: the line of the keyword
         if (i < rows.size() && AreOfOneForm(rows[first], rows[i]))
             continue;
         if (rows[first].isRow)
