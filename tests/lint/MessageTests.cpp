@@ -44,7 +44,7 @@ KeyTwiceInAMap: <data><map><assignment name='A'~><validity>\n<simulator name='Ca
     x.xml:7:43: warning: K, assignment A: unreachable key 'A'; an earlier assignment has the same key [unreachable-word] | remove it
 ChoiceElsewhere: <validSimulators><simulator name='Wend'/></validSimulators><data><list><choice~><values><value string='A'><validity>\n<simulator name='Carrow'/>\n</validity></value></values></choice></list></data> =>
     x.xml:5:55: warning: K, choice A: the choice is not valid anywhere: <validity> lists no simulator or mode of the keyword [valid-nowhere] | list simulators or modes of the keyword, or remove <validity>
-ItemElsewhere: <validSimulators><simulator name='Wend'/></validSimulators><data><record><item name='I'><real~></real><validity>\n<simulator name='Carrow'/>\n</validity></item></record></data> =>
+ItemElsewhere: <validSimulators><simulator name='Carrow'/></validSimulators><data><record><item name='I'><real~></real><validity>\n<simulator name='Wend'/>\n</validity></item><item name='J'><real~></real><validity>\n<option value='BlackOil'/>\n</validity></item></record></data> =>
     x.xml:5:36: warning: K, item I: the item is not valid anywhere: <validity> lists no simulator or mode of the keyword [valid-nowhere] | list simulators or modes of the keyword, or remove <validity>
 AttributeOfOthers: <data><record><item name='I' explicit='true'><real~></real></item></record></data> =>
     x.xml:4:30: warning: K, item I: unknown attribute 'explicit' of <item> is ignored [ignored-attribute] | it is an attribute of <endKeyword>
