@@ -165,8 +165,8 @@ INSTANTIATE_TEST_SUITE_P(Magnitudes, DeckFindings,
                         "RUNSPEC\nFIELD\nPROPS\nDENSITY\n 850 1000 1 /\nSOLUTION\nEQUIL\n 2000 200 /\n",
                         "d:5:2: warning: DENSITY: OIL is 850 lb/ft3; expected 24.971 to 78.035 [wrong-units] "
                         "| plausible in METRIC units, but the deck is in FIELD units (d:2:1: FIELD is here)"},
-        DeckRow{"InTheUnitsOfNoName", "RUNSPEC\nSOLUTION\nEQUIL\n 8000 4000 /\n",
-            "d:4:7: warning: EQUIL: PRESSURE is 4000 bar; expected 0 to 2500 [wrong-units] | plausible in "
+        DeckRow{"InTheUnitsOfNoName", "RUNSPEC\nSOLUTION\nEQUIL\n 12000 4000 /\n",
+            "d:4:8: warning: EQUIL: PRESSURE is 4000 bar; expected 0 to 2500 [wrong-units] | plausible in "
             "FIELD units, but the deck names no system of units, which means METRIC"},
         DeckRow{"OfAnInjectorBelowTheProducers",
             "SCHEDULE\nWCONPROD\n P1 OPEN BHP 5* 90 /\n/\nWCONINJE\n I1 WATER OPEN BHP 2* 20 /\n/\n",

@@ -42,7 +42,7 @@ void Wells::FollowHeads(const KeywordInstance& keyword, const RecordRoles& roles
         const auto& record = static_cast<const Record&>(data);
         if (const auto value = depth >= 0 ? ItemOf<double>(record, depth) : Optional<double>())
             CheckDepth(keyword, at, depth, *value);
-        if (AreCellsGiven() && name >= 0 && i >= 0 && j >= 0 && ItemOf<std::string>(record, name))
+        if (AreCellsGiven() && std::min({name, i, j}) >= 0 && ItemOf<std::string>(record, name))
             heads_[ToUpper(*ItemOf<std::string>(record, name))] = {IndexOf(record, i), IndexOf(record, j),
                 FindValue(facts_.GetDeck(), keyword, {at, i}),
                 static_cast<std::uint32_t>(facts_.GetDeck().keywords.size() - 1)};
