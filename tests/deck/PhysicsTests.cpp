@@ -247,7 +247,7 @@ ZCORN
             "d:6:2: warning: TOPS: depth 305 of cell 1 1 1 is far from 3050 of cell 2 1 1 beside it "
             "[cell-jump] | check the number of digits"},
         DeckRow{"OfNoTopsWhereInactive",
-            "RUNSPEC\nDIMENS\n 3 1 1 /\nGRID\nTOPS\n 3050 0 3050 /\nACTNUM\n 1 0 1 /\n"},
+            "RUNSPEC\nDIMENS\n 3 2 3 /\nGRID\nTOPS\n 10*3050 0 7*3050 /\nACTNUM\n 10*1 0 7*1 /\n"},
         DeckRow{"AreInactiveAtAWell", R"(RUNSPEC
 DIMENS
  2 1 3 /
