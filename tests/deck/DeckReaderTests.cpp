@@ -80,7 +80,7 @@ const std::string dataLanguage = R"(
   <item name='ROWS'><list termination='SLASH'><record termination='NONE'><item name='V'><real/></item></record></list></item>
 </record></list></data></keyword>
 <keyword name='COUNTED'><data><record termination='SLASH'>
-  <item name='N'><integer/></item> <item name='VALUES'><list size='N' termination='NONE'><integer/></list></item>
+  <item name='N'><integer/></item> <item name='VALUES'><list size='4/N' termination='NONE'><integer/></list></item>
 </record></data></keyword>
 <keyword name='SIZED'><data><record termination='SLASH'>
   <item name='N'><integer/></item> <item name='VALUES'><list termination='SLASH'>
@@ -322,6 +322,7 @@ MinusSign: WHOLE\n 1 \xE2\x88\x922 /\n => [1] => d.data:3:4: error: unexpected m
 HardSpace: WHOLE\n 1 2\xC2\xA03 /\n => [1] => d.data:3:4: error: unexpected hard space in '2\xC2\xA03' [odd-character] | write a blank
 StepsOfAnotherForm: TSTEP\n 1 /\n/\n => [(1)] =>
 CountedByAnItem: COUNTED\n 2 5 6 /\n => (2 [5 6]) =>
+CountOverNothing: COUNTED\n 0 5 /\n => (0 [5]) =>
 )")),
     CaseName<Row>);
 
