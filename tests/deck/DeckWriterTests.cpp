@@ -55,6 +55,7 @@ const std::string writerLanguage = R"(
 <keyword name='MAP'><data><map><assignment name='A'><integer/></assignment><assignment name='B'><integer/></assignment>
   <assignment name='W*' wildcard='true'><integer/></assignment></map></data></keyword>
 <keyword name='TITLE'><data><record termination='EOL'><item name='T'><line/></item></record></data></keyword>
+<keyword name='EMPTY'><data><list termination='SLASH'><record termination='NONE'/></list></data></keyword>
 <keyword name='RAW'><data><raw stringTermination='ENDRAW'/></data></keyword>
 )";
 
@@ -142,6 +143,7 @@ INSTANTIATE_TEST_SUITE_P(LaidOut, Writings, testing::ValuesIn(Rows(R"(
 Numbers (kept): VALUES\n 0.30 1.0E5\t+3. 1 1 1 1\n\n   2*0.10 0.100 -- mid\n 1D-5, 3* 7/ end\n =>
 Words (kept): RECORD\n   'P1'   'oil' 03\n   2.50   T /\nBESIDE 1   2\n/\n =>
 Map (kept): MAP\n B = 2\n 'W1'  A=1 -- two\n /\n =>
+NoItems (kept): EMPTY\n /\n =>
 Lines (kept): TITLE\n ' a '   2* / b\n =>
 Variables (kept): VALUES\n 3*$X 2.0 /\nRECORD\n '$NAME' *  $A+1 /\n =>
 Columns (kept): ROWS\n-- name   A\n   P1     1  2.25 3 / one\n   'P20'  *    1  3 / two\n\n   P3   10*2        / three\n/\n =>

@@ -182,7 +182,11 @@ TEST(RuleDocuments, OfAHostAreCheckedToo)
     const TemporaryDirectory folder;
     const DeckLanguage language(KeywordSyntaxTable::Instance(), {folder.Write("r.xml", R"(<rules>
       <exclusive keywords='IMPES AIM' what='solution'/>
-      <names kind='group'><refer keywords='WLIST' items='WELLS'/></names></rules>)")});
+      <names kind='group'><refer keywords='WLIST' items='WELLS'/></names>
+      <match what='head' always='1'>
+        <define keywords='WELSPECS' items='WELL I J'/>
+        <refer keywords='COMPDAT' items='WELL I J'/>
+      </match></rules>)")});
     EXPECT_EQ(Dump(Deck::ReadText(R"(RUNSPEC
 IMPES
 AIM
@@ -190,10 +194,14 @@ METRIC
 LAB
 SCHEDULE
 WELSPECS
- P1 G 1 1 1* OIL /
+ P1 G 2 1 1* OIL /
 /
 WLIST
  '*L' NEW P2 P1 /
+/
+COMPDAT
+ P1 1 1* 1 1 /
+ P1 1 2 1 1 /
 /
 )",
                        language, {}, "d")
@@ -205,7 +213,9 @@ WLIST
         "d:5:1: error: LAB contradicts METRIC; expected one system of units [conflicting-keywords] | remove "
         "one of "
         "them (d:4:1: METRIC is here)\n"
-        "d:11:11: error: WLIST: undefined well 'P2' [undefined-name] | did you mean P1?");
+        "d:11:11: error: WLIST: undefined well 'P2' [undefined-name] | did you mean P1?\n"
+        "d:15:5: error: COMPDAT: 'P1' has no head at I 1, J 2 [undefined-name] | correct the numbers, or "
+        "define the head with WELSPECS");
     EXPECT_THROW(DeckLanguage(KeywordSyntaxTable::Instance(), {"no/such.xml"}), RuleError);
 }
 
