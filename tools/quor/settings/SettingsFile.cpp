@@ -2,6 +2,7 @@
 
 #include "quor/deck/DeckLanguage.h"
 #include "quor/deck/DeckSource.h"
+#include "quor/deck/PrintableText.h"
 #include "tools/quor/settings/SettingInfo.h"
 #include "tools/quor/terminal/TextLayout.h"
 
@@ -222,8 +223,8 @@ Settings ReadSettingsFile(const std::string& file)
     try {
         return SettingsReader(file).Read();
     } catch (const toml::parse_error& error) {
-        throw SettingsError(fmt::format(
-            "{}:{}: invalid TOML: {}", file, error.source().begin.line, std::string(error.description())));
+        throw SettingsError(fmt::format("{}:{}: invalid TOML: {}", file, error.source().begin.line,
+            Decks::MakePrintable(error.description())));
     } catch (const Decks::SourceError& error) {
         throw SettingsError(fmt::format("can't read '{}': {}", file, error.what()));
     }
