@@ -8,13 +8,19 @@
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
-#include <toml++/toml.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
 #include <utility>
+
+// What the parser takes for granted of "[(" doesn't hold, and it then refuses the text as it should.
+#pragma push_macro("NDEBUG")
+#undef NDEBUG
+#define TOML_ASSERT(expr) static_cast<void>(0)
+#include <toml++/toml.h>
+#pragma pop_macro("NDEBUG")
 
 namespace Veld::Quor::Tools {
 
