@@ -133,6 +133,7 @@ INSTANTIATE_TEST_SUITE_P(Records, Edits,
             Both(Set("TABLES[1].1.X", 5.0), Set("TABLES[2].1.X", 6.0)), "TABLES\n 5 2 /\n 6 4 /\n"},
         EditRow{"RemovedWithNestedData", "NESTED\n 1 2 3\n  4 5 /\n 6 7 8 /\n/\n", Remove("NESTED", 0),
             "NESTED\n 6 7 8 /\n/\n"},
+        EditRow{"RemovedBeforeASlash", "ROW\n 1 2 3 4/\n", Remove("ROW", 1), "ROW\n 1 2 /\n"},
         EditRow{"RemovedAndAdded", "ROWS\n 1 2 /\n/\n", Both(Remove("ROWS", 0), Add("ROWS", "3")),
             "ROWS\n 3 /\n/\n"}),
     CaseName<EditRow>);

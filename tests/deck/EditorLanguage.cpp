@@ -62,6 +62,8 @@ const char* const documents = R"(
 <keyword name='REMARKS'><data><list termination='SLASH'><record termination='EOL'>
   <item name='N'><integer/></item> <item name='T' optional='true'><line/></item>
 </record></list></data></keyword>
+<keyword name='ROW'><data><list termination='SLASH'><record termination='NONE'>
+  <item name='A'><integer/></item> <item name='B'><integer/></item></record></list></data></keyword>
 <keyword name='TABLES'><data><list size='2' termination='NONE'><list termination='SLASH'><record termination='NONE'>
   <item name='X'><real/></item> <item name='Y'><real><default type='calculated'/></real></item>
 </record></list></list></data></keyword>

@@ -164,7 +164,8 @@ TEST(KeywordSyntax, HasItsRoleInADeckByName)
 
 TEST(KeywordSyntax, IsDocumentedUnderSummaryIfValidThereAlone)
 {
-    const LoadedTable table(KeywordElement("OWN", "<description>a <b>b</b></description>" + Sections("GRID"))
+    const LoadedTable table(
+        KeywordElement("OWN", "<description>a <format>b</format></description>" + Sections("GRID"))
         + KeywordElement("VECTOR", Sections("SUMMARY")) + KeywordElement("BOTH", Sections("SUMMARY", "GRID"))
         + KeywordElement("PAGE", "<documentation>WELLS</documentation>" + Sections("SUMMARY"))
         + KeywordElement("EMPTY", "<documentation/>"));
