@@ -187,6 +187,7 @@ ArrayInRegions: {runspec}GRID\nMULTNUM\n 1 2 1 2 /\nPORO\n 4*0.1 /\nEQUALREG\n P
 ArrayThatIsOnlyGiven: {runspec}GRID\nPERMX\n 4*100 /\nPORO\n 4*0.1 /\nCOPY\n PERMX PERMY /\n/\nADD\n PORO 0.1 /\n/\n at /arrays => [{"array":"PERMY","cells":4,"greatest":100.0,"keywords":["COPY"],"least":100.0,"mean":100.0,"place":{"file":"a.data","line":12},"reason":null,"unknown":0},{"array":"PORO","cells":4,"greatest":0.2,"keywords":["PORO","ADD"],"least":0.2,"mean":0.2,"place":{"file":"a.data","line":15},"reason":null,"unknown":0}]
 ArrayOfPart: {runspec}GRID\nEQUALS\n PORO 0.2 1 1 1 1 /\n/\n at /arrays/0/unknown => 3
 ArrayOfNothing: {runspec}GRID\nCOPY\n PERMX PERMY /\n/\n at /arrays/0/reason => "PERMX has no values before COPY"
+ArrayOfNoNumbers: {runspec}GRID\nNOECHO\nCOPY\n NOECHO PORO /\n/\n at /arrays/0/reason => "NOECHO has no values before COPY"
 ArrayThatIsNotSet: {runspec}GRID\nCOPY\n PERMX PERMY /\n/\n at /arrays/1/reason => "the deck doesn't set it"
 ArrayWithoutAGrid: GRID\nEQUALS\n PORO 0.2 /\n/\n at /arrays/0/reason => "the size of the grid isn't known, or too large"
 ArrayOfAnError: {runspec}GRID\nEQUALS\n PORO x /\n/\n at /arrays/0/reason => "EQUALS has errors"
