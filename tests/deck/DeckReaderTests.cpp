@@ -200,7 +200,7 @@ InfinityIsNoNumber: DIMENS\n 1 1 /\nARRAY\n inf 1e999 nan 7 /\n => [7] => d.data
     d.data:5:12: error: ARRAY: invalid value 'nan'; expected a number [wrong-type]
 Comments: DIMENS\n 2 1 /\nARRAY -- c\n-- FLAG\n 1--c\n 2 / text\n => [1 2] =>
 OnTheLineOfItsKeyword: DIMENS 2 1 /\nARRAY 1 2 /\n => [1 2] =>
-WholeNumbers: WHOLE\n 1 2*3 1.5 -1 99999999999 -99999999999 /\n => [1 3 3 -1] => d.data:3:8: error: WHOLE: invalid value '1.5'; expected a whole number [wrong-type]
+WholeNumbers: WHOLE\n 1 2*3 -.5 -1 99999999999 -99999999999 /\n => [1 3 3 -1] => d.data:3:8: error: WHOLE: invalid value '-.5'; expected a whole number [wrong-type]
     d.data:3:15: error: WHOLE: whole number '99999999999' is out of range (expected -2147483648 to 2147483647) [wrong-type]
     d.data:3:27: error: WHOLE: whole number '-99999999999' is out of range (expected -2147483648 to 2147483647) [wrong-type]
     d.data:3:12: error: WHOLE: value -1 is too small (expected at least 0) [out-of-range]

@@ -88,7 +88,7 @@ SectionWithSimulatorNotListed: <validSimulators><simulator name='Sedge'/></valid
 SectionWithWend: <validOptions><option value='Thermal'/></validOptions><validSections><section name='EDIT'><simulator name='Wend'/></section></validSections> => EDIT: Wend/T Wend_GE/T Wend_CLASSIC/T
 SectionWithWendClassic: <validSections><section name='EDIT'><simulator name='Wend_GE'/><simulator name='Wend' classicOnly='true'/></section></validSections> => EDIT: Wend/BCT Wend_CLASSIC/BCT
 SectionTwiceWithSimulators: <validSections><section name='GRID'><simulator name='Sedge'/></section><section name='GRID'><simulator name='Carrow'/></section></validSections> => GRID: Carrow/B Sedge/BC
-SectionBehindData: <validSimulators><simulator name='Sedge'/></validSimulators><data/><validSections><section name='GRID'/></validSections><validOptions><option value='Thermal'/></validOptions> => everywhere: Sedge/BC
+SectionBehindData: <validSimulators><simulator name='Sedge'/></validSimulators><data/><validSections><section name='GRID'/></validSections><validOptions><option value='Compositional'/></validOptions> => everywhere: Sedge/BC
 )")),
     CaseName<Row>);
 
