@@ -86,6 +86,8 @@ INSTANTIATE_TEST_SUITE_P(Mistakes, RuleDocuments,
             ": element 1, <once>: unknown keyword 'STRAT'; did you mean 'START'?"},
         RefusalRow{"Item", "<rules><index items='I' size='NXX'/></rules>",
             ": element 1, <index>: unknown item 'NXX'; did you mean 'NX'?"},
+        RefusalRow{
+            "NoSize", "<rules><index items='I'/></rules>", ": element 1, <index>: missing attribute 'size'"},
         RefusalRow{"Pattern", "<rules><once keywords='QQ*'/></rules>",
             ": element 1, <once>: no keyword matches 'QQ*'"},
         RefusalRow{"Kind", "<rules><count kind='wel' size='MAXWELLS' keyword='WELLDIMS'/></rules>",
