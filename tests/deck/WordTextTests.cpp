@@ -1,6 +1,7 @@
 #include "quor/deck/internal/text/WordText.h"
 
 #include "quor/deck/WrittenWords.h"
+#include "quor/deck/internal/text/TextLines.h"
 #include "tests/support/Cases.h"
 
 #include <fmt/format.h>
@@ -146,6 +147,12 @@ TEST(WrittenWords, AreThoseOfAllLinesButComments)
     EXPECT_EQ(text,
         "0+2 1 x <P1>; 3+5 3 x <0.2>; 9+2 2 x <> default; 22+5 1 x <a b> quoted; 28+1 1 x </> slash; "
         "35+7 1 x <open 5> quoted; ");
+}
+
+TEST(Comments, AreSkippedToTheEndOfTheText)
+{
+    EXPECT_EQ(SkipComments(" -- c\n 1", 0), 7U);
+    EXPECT_EQ(SkipComments(std::string_view("1  ").substr(0, 2), 1), 2U) << "more is after it";
 }
 
 } // namespace
