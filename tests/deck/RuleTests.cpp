@@ -54,6 +54,8 @@ WELOPEN
         DeckRow{"OfAnArray",
             "RUNSPEC\nDIMENS\n 1 1 1 /\nGRID\nEQUALS\n WORK1 1 /\n PORRO 0.2 /\n FIPABC 1 /\n/\n",
             "d:7:2: error: EQUALS: undefined array 'PORRO' [undefined-name] | did you mean PORO, PORV?"},
+        DeckRow{"OfAnArrayThatIsAKeyword", "RUNSPEC\nDIMENS\n 1 1 1 /\nGRID\nEQUALS\n NOECHO 1 /\n/\n",
+            "d:6:2: error: EQUALS: undefined array 'NOECHO' [undefined-name] | did you mean ECHO?"},
         DeckRow{"OfALiftTable", R"(RUNSPEC
 VFPIDIMS
  2 2 2 /

@@ -216,8 +216,11 @@ std::vector<std::string> NameChecks::FindNear(const Pending& unknown)
     const NameRule& rule = context_.rules.names[unknown.kind];
     if (rule.AreOfLanguage()) {
         const auto section = context_.deck.keywords[unknown.keyword].section;
-        return context_.deck.language.GetNearestNames().Find(
-            ToUpper(unknown.name), rule.areArrays ? section : SectionType::SUMMARY);
+        const std::string name = ToUpper(unknown.name);
+        auto near = context_.deck.language.GetNearestNames().Find(
+            name, rule.areArrays ? section : SectionType::SUMMARY);
+        std::erase(near, name); // a keyword that is none of the kind
+        return near;
     }
     constexpr std::size_t mostCompared = 2'000'000; // a tenth of a second
     const std::vector<std::string>& names = names_[unknown.kind].GetNames();
