@@ -2,6 +2,7 @@
 
 #include "quor/deck/DeckLanguage.h"
 #include "quor/deck/DeckSource.h"
+#include "quor/deck/PrintableText.h"
 #include "quor/deck/internal/rules/RuleForms.h"
 #include "quor/foundation/builtin/internal/PackedDocument.h"
 #include "quor/foundation/internal/DocumentWalk.h"
@@ -56,8 +57,8 @@ RuleNode NodeOf(const TreeElement& element)
 void ReadOrThrow(const RuleNode& root, const RuleOrigin& origin, RuleSet& rules)
 {
     ReadRules(root, origin, rules, [&](const RuleFailure& failure) {
-        throw RuleError(fmt::format("{}: {}: {}{}{}", origin.document, failure.place, failure.reason,
-            failure.hint.empty() ? "" : "; ", failure.hint));
+        throw RuleError(MakePrintable(fmt::format("{}: {}: {}{}{}", origin.document, failure.place,
+            failure.reason, failure.hint.empty() ? "" : "; ", failure.hint)));
     });
 }
 
@@ -73,7 +74,8 @@ void ReadRuleFile(const std::string& path, RuleWords& words, RuleSet& rules)
     Service::XML::XMLDocument::Failure failure;
     const std::string_view bytes = text->GetText();
     if (!document.readMemory(bytes.data(), bytes.size(), path.c_str(), failure))
-        throw RuleError(fmt::format("{}:{}:{}: {}", path, failure.line, failure.column, failure.reason));
+        throw RuleError(
+            MakePrintable(fmt::format("{}:{}:{}: {}", path, failure.line, failure.column, failure.reason)));
     const DocumentTree tree = TreeOf(*document.GetDocument()->getDocumentElement());
     ReadOrThrow(NodeOf(RootOf(tree)), {path, words, true}, rules);
 }
