@@ -4,6 +4,7 @@
 #include "quor/deck/DeckSource.h"
 #include "quor/deck/PrintableText.h"
 #include "tools/quor/settings/SettingInfo.h"
+#include "tools/quor/settings/TomlParser.h"
 #include "tools/quor/terminal/TextLayout.h"
 
 #include <fmt/format.h>
@@ -14,13 +15,6 @@
 #include <string_view>
 #include <system_error>
 #include <utility>
-
-// What the parser takes for granted of "[(" doesn't hold, and it then refuses the text as it should.
-#pragma push_macro("NDEBUG")
-#undef NDEBUG
-#define TOML_ASSERT(expr) static_cast<void>(0)
-#include <toml++/toml.h>
-#pragma pop_macro("NDEBUG")
 
 namespace Veld::Quor::Tools {
 
