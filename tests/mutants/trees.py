@@ -124,8 +124,8 @@ class Tree:
         test, cases = part.split(" ", 1)
         with tempfile.TemporaryDirectory() as scratch:
             variables = {"LLVM_PROFILE_FILE": profile, "TMPDIR": scratch, "GTEST_FAIL_FAST": "1"}
-            return _passes([*self.tests[test], f"--gtest_filter={cases}"], LONGEST_WAIT, cwd=self.build, env={**os.environ, **variables},
-                preexec_fn=lambda: _limited(int(seconds)))
+            return _passes([*self.tests[test], f"--gtest_filter={cases}"], LONGEST_WAIT, cwd=self.build,
+                env={**os.environ, **variables}, preexec_fn=lambda: _limited(int(seconds)))
 
     def covered(self, part):
         """Seconds that the cases take, and the lines that they run, by source."""

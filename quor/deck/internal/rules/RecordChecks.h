@@ -102,6 +102,7 @@ private:
         std::uint32_t keyword;
         ValuePosition position;
     };
+
     void ReportMissing(const RecordRules::Requirement& requirement, ValuePosition position);
     bool IsSatisfied(const RequireRule& rule) const;
     std::size_t AddNames(const RecordRules& rules, std::size_t distinct, const NamedRecords& records);
