@@ -42,17 +42,22 @@ TEST(KeyTable, IsEmptyOnceItIsCleared)
 
 TEST(SettledNames, KeepsAllKeysOfAName)
 {
+    const auto keyOf = [](std::uint64_t number) {
+        KeyOfParts key;
+        key.Add(number);
+        return key.Get();
+    };
     SettledNames settled;
     const std::uint32_t names[] = {0, 1, 2, 40'000'000}; // the last one among few records
     for (std::uint64_t round = 1; round <= 3; ++round) {
         for (const std::uint32_t name : names) {
             SettledNames::Last& last = settled.GetLast(7);
             last.Reserve(name + std::size_t(1), 1);
-            const std::uint64_t key = 100 * round + name;
-            EXPECT_FALSE(settled.Has(last, name, key));
-            settled.Add(last, name, key);
+            EXPECT_FALSE(settled.Has(last, name, keyOf(round)));
+            settled.Add(last, name, keyOf(round));
             for (std::uint64_t before = 1; before <= round; ++before)
-                EXPECT_TRUE(settled.Has(last, name, 100 * before + name)) << name << ' ' << before;
+                EXPECT_TRUE(settled.Has(last, name, keyOf(before))) << name << ' ' << before;
+            EXPECT_FALSE(settled.Has(settled.GetLast(6), name, keyOf(round)));
         }
     }
 }

@@ -189,6 +189,23 @@ WCONPROD
             "WCONPROD too [repeated-record] | correct the record, or remove one of them (d:29:2: the first "
             "is "
             "here)"},
+        DeckRow{"OfTwoKeywordsWhoseWellsAreUnsure", R"(SCHEDULE
+WELSPECS
+ $W G 1 1 1* OIL /
+/
+WCONPROD
+ P1 OPEN ORAT 5 /
+ P2 OPEN ORAT 5 /
+/
+WCONHIST
+ P1 SHUT ORAT 5 /
+ P2 OPEN ORAT 5 /
+/
+)",
+            "d:3:2: error: variable '$W' has no value [unknown-variable] | set the variable $W\nd:11:2: "
+            "warning: "
+            "WCONHIST: WELL P2 is in WCONPROD too [repeated-record] | correct the record, or remove one of "
+            "them (d:7:2: the first is here)"},
         DeckRow{"AfterSomeWithoutAny", R"(RUNSPEC
 WATER
 SCHEDULE

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <bit>
 #include <utility>
 
 namespace Veld::Quor::Core::Decks {
@@ -61,12 +62,7 @@ void MemberChecks::CheckMember(
     if (owner == 0 || !Holds(member.when, record))
         return;
     const long long count = Add(member, record, owner);
-    Count& counted = counts_[member.number];
-    if (counted.keyword != context_.deck.keywords.size()) {
-        counted.keyword = context_.deck.keywords.size();
-        counted.limit = context_.FindLimit(rule.limit);
-    }
-    if (count <= counted.limit)
+    if (count <= counts_[member.number].limit.Get(context_, rule.limit))
         return;
     position.item = std::max(member.owner.index, 0);
     ReportAbove(rule.voice, FindValue(context_.deck, context_.GetKeyword(), position),
@@ -83,19 +79,26 @@ long long MemberChecks::Add(const RecordRules::Member& rule, const Record& recor
     if (rule.items.empty())
         return ++*count.ofOwner.Add(owner, 0).first;
     const RecordKeys keys(record, rule.items, rule.last, 0, names_);
-    if (keys.hasZero) // counted by themselves: they may be the same as others
+    if (keys.HasZero()) // counted by themselves: they may be the same as others
         owner = ~owner;
     long long added = 0;
-    for (const std::uint64_t key : keys.keys)
-        added += IsNew(*rule.rule, owner, key, count) ? 1 : 0;
+    if (rule.rule->hasOneOwner)
+        keys.ForEach([&](std::uint64_t member) {
+            added += Take(owner, member, count) ? 1 : 0;
+            return true;
+        });
+    else
+        keys.ForEachBlock([&](std::uint64_t block, std::uint64_t bits) {
+            std::uint64_t& members = *count.members.Add(PairOf(owner, block), 0).first;
+            added += std::popcount(bits & ~members);
+            members |= bits;
+        });
     return *count.ofOwner.Add(owner, 0).first += added;
 }
 
-/// Whether the owner didn't have the member before. It is moved from another one if it may have one alone.
-bool MemberChecks::IsNew(const MemberRule& rule, std::uint64_t owner, std::uint64_t member, Count& count)
+/// Whether the owner didn't have the member, which is taken from the one that had it.
+bool MemberChecks::Take(std::uint64_t owner, std::uint64_t member, Count& count)
 {
-    if (!rule.hasOneOwner)
-        return count.pairs.Add(PairOf(owner, member), {}).second;
     const auto [before, isFirst] = count.owners.Add(member, owner);
     if (isFirst)
         return true;

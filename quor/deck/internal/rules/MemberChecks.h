@@ -34,15 +34,14 @@ private:
     /// What a rule counts. Owners and members are keys of records.
     struct Count {
         KeyTable<long long> ofOwner;
-        KeyTable<Nothing> pairs; // of owner and member
+        KeyTable<std::uint64_t> members; // of owner and 64 members in a row: a bit for each that it has
         KeyTable<std::uint64_t> owners; // of members that have one owner
-        std::size_t keyword = 0; // for which the limit was looked up: how many the deck had
-        long long limit = 0;
+        KeywordLimit limit;
     };
 
     void CheckMember(const RecordRules::Member& rule, const Record& record, ValuePosition position);
     long long Add(const RecordRules::Member& rule, const Record& record, std::uint64_t owner);
-    static bool IsNew(const MemberRule& rule, std::uint64_t owner, std::uint64_t member, Count& count);
+    static bool Take(std::uint64_t owner, std::uint64_t member, Count& count);
     void ReportAbove(
         const FindingVoice& voice, const TextRange& range, const std::string& what, const SizeLimit& limit);
 

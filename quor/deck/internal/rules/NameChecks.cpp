@@ -53,6 +53,10 @@ NameChecks::NameChecks(const RuleContext& context)
     for (std::size_t kind = 0; kind < names_.size(); ++kind) {
         for (const std::string& name : context.rules.names[kind].always)
             names_[kind].Add(name);
+        for (const CountRule& rule : context.rules.counts) {
+            if (rule.noun == context.rules.names[kind].noun)
+                counts_[kind].limits.push_back({&rule, {}});
+        }
     }
 }
 
@@ -110,18 +114,22 @@ void NameChecks::Define(const RecordRules::Name& use, std::string_view name, con
         return Lose(use.kind); // nobody knows which
     const bool isNew =
         kindRule.areArrays ? names.Add(context_.deck.language.FindName(name)) : names.Add(name);
-    if (!isNew || !isWhole_ || use.isUncounted)
-        return;
-    const long long count = ++counts_[use.kind];
-    for (const CountRule& rule : context_.rules.counts) {
-        if (rule.noun != kindRule.noun)
-            continue;
-        const long long most = context_.FindLimit(rule.limit);
-        if (count > most && context_.dimensions.IsFirstReport(rule.limit.item))
+    if (isNew && isWhole_ && !use.isUncounted)
+        AddCount(use.kind, name, position);
+}
+
+void NameChecks::AddCount(std::uint32_t kind, std::string_view name, const ValuePosition& position)
+{
+    Count& counted = counts_[kind];
+    ++counted.count;
+    for (Limit& limit : counted.limits) {
+        const CountRule& rule = *limit.rule;
+        const long long most = limit.limit.Get(context_, rule.limit);
+        if (counted.count > most && context_.dimensions.IsFirstReport(rule.limit.item))
             context_.reporter.ReportAs(rule.voice, FindValue(context_.deck, context_.GetKeyword(), position),
                 Code::TooManyNames,
                 fmt::format("{}: {} '{}' is number {}, but {} is {}", context_.GetName(), rule.noun,
-                    Shorten(name), count, rule.limit.item, most),
+                    Shorten(name), counted.count, rule.limit.item, most),
                 fmt::format("increase {} in {}", rule.limit.item, rule.limit.keyword), {},
                 FindSize(context_.deck, context_.dimensions, rule.limit.name));
     }

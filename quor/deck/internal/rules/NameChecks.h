@@ -54,7 +54,18 @@ private:
         const RecordRules::Name* use; // may come first, or nothing of the kind was defined before it
     };
 
+    struct Limit {
+        const CountRule* rule;
+        KeywordLimit limit;
+    };
+    /// What the deck has defined, and how much of that it may.
+    struct Count {
+        long long count = 0;
+        std::vector<Limit> limits;
+    };
+
     void Define(const RecordRules::Name& rule, std::string_view name, const ValuePosition& position);
+    void AddCount(std::uint32_t kind, std::string_view name, const ValuePosition& position);
     std::uint32_t KindOf(std::uint32_t kind, std::string_view name) const;
     bool HasDefinitions(std::uint32_t kind) const;
     bool IsFirst(std::uint32_t kind) const;
@@ -66,7 +77,7 @@ private:
 
     RuleContext context_;
     std::vector<NameTable> names_; // of each kind
-    std::vector<long long> counts_; // of those that a limit is about
+    std::vector<Count> counts_; // of each kind
     std::vector<bool> isExcused_;
     std::vector<bool> isLost_;
     std::vector<NameTable> unsure_; // words that may be names

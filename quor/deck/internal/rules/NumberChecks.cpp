@@ -65,25 +65,17 @@ TextRange NumberChecks::RangeOf(ValuePosition record, const RuleItem& item) cons
     return FindValue(context_.deck, context_.GetKeyword(), record);
 }
 
-void NumberChecks::StartKeyword()
-{
-    ++keyword_;
-}
-
-/// Looked up when a rule first applies to the keyword.
 long long NumberChecks::LimitOf(std::size_t number)
 {
-    Size& size = sizes_[number];
-    if (size.keyword != keyword_)
-        size = {keyword_, LimitOfSize(context_, context_.rules.indices[number].size)};
-    return size.limit;
+    return limits_[number].Get(
+        context_, [&] { return LimitOfSize(context_, context_.rules.indices[number].size); });
 }
 
 /// One finding for each size: a range that is outside has both its ends there.
 bool NumberChecks::CheckIndices(
     const RecordRules& rules, const IKeywordRecordData& record, const ValuePosition& position)
 {
-    std::size_t reported = sizes_.size();
+    std::size_t reported = limits_.size();
     for (const RecordRules::Index& index : rules.indices) {
         if (HasItem(record, index.grid)) {
             reported = CheckIndexOfGrid(index, record, position) ? index.number : reported;
@@ -101,7 +93,7 @@ bool NumberChecks::CheckIndices(
                 number, rule.size, most),
             "", {}, FindSize(context_.deck, context_.dimensions, rule.size));
     }
-    return reported != sizes_.size();
+    return reported != limits_.size();
 }
 
 /// Whether it was reported.

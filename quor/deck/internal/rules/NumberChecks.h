@@ -16,14 +16,11 @@ class NumberChecks {
 public:
     explicit NumberChecks(const RuleContext& context)
         : context_(context)
-        , sizes_(context.rules.indices.size())
+        , limits_(context.rules.indices.size())
         , arrays_(context.rules.indices.size())
     {
     }
 
-    /// The sizes are those where the last keyword of the deck is: to be called before its records are
-    /// checked.
-    void StartKeyword();
     /// `position`: of the record. Whether a number was reported.
     bool CheckIndices(
         const RecordRules& rules, const Keywords::IKeywordRecordData& record, const ValuePosition& position);
@@ -42,11 +39,6 @@ public:
         const RecordRules& rules, const Keywords::IKeywordRecordData& record, const ValuePosition& position);
 
 private:
-    struct Size {
-        std::size_t keyword = 0; // for which it was looked up
-        long long limit = 0;
-    };
-
     /// A local grid.
     struct Grid {
         std::uint32_t keyword; // that has its sizes
@@ -70,10 +62,9 @@ private:
     TextRange RangeOf(ValuePosition record, const RuleItem& item) const;
 
     RuleContext context_;
-    std::vector<Size> sizes_; // of each rule of indices
+    std::vector<KeywordLimit> limits_; // of each rule of indices
     std::vector<Arrays> arrays_; // of each rule of indices
     std::unordered_map<std::string, Grid> grids_; // by name in upper case
-    std::size_t keyword_ = 0; // how many were checked
 };
 
 } // namespace Veld::Quor::Core::Decks

@@ -11,6 +11,7 @@ void QuietRecords::Begin(const RecordRules& rules)
 {
     rules_ = &rules;
     isQuiet_ = true;
+    isSorted_ = true;
     named_.clear();
     Forget();
     distinctOfAll_ = 0;
@@ -29,25 +30,27 @@ void QuietRecords::LookAt(Records records)
 bool QuietRecords::FindNames(Records records)
 {
     const RuleItem& item = rules_->nameTexts.front();
-    numbers_.Forget();
     const std::size_t before = named_.size();
     named_.resize(before + records.size());
     bool haveAll = true;
+    bool isSorted = isSorted_;
+    std::uint32_t number = before == 0 ? 0 : named_[before - 1].name;
+    std::uint32_t least = before == 0 ? 0 : number + 1;
     ForEachItem<std::string>(records, item, [&](std::size_t i, const auto& name) {
         haveAll = haveAll && name;
-        named_[before + i] = {name ? numbers_.Get(*name) : 0, distinctOfAll_};
+        number = name ? numbers_.GetAfter(number, *name) : 0;
+        named_[before + i] = {number, distinctOfAll_};
+        isSorted = isSorted && number >= least;
+        least = number + 1;
     });
+    isSorted_ = isSorted;
     return haveAll;
 }
 
 bool QuietRecords::AreSettled(Records records)
 {
     const std::span names = std::span(named_).last(records.size());
-    keys_.resize(records.size());
-    for (std::size_t i = 0; i < keys_.size(); ++i) {
-        keys_[i] = KeyOfParts();
-        keys_[i].Add(NameNumbers::PartOf(names[i].name));
-    }
+    keys_.assign(records.size(), KeyOfParts());
     AddConditions(*rules_, records, keys_);
     SettledNames::Last& last = settled_.GetLast(rules_->number);
     last.Reserve(numbers_.GetSize(), records.size());
@@ -93,13 +96,9 @@ void QuietRecords::FindDistinct(Records records)
     const std::span names = std::span(named_).last(records.size());
     for (std::size_t rule = 0; rule < rules_->distinct.size(); ++rule) {
         const ItemCondition& when = rules_->distinct[rule].when;
-        const auto add = [&](std::size_t i, bool holds) { names[i].distinct |= holds ? 1U << rule : 0; };
-        if (when.choice >= 0)
-            ForEachItem<int>(records, when.item,
-                [&](std::size_t i, const auto& choice) { add(i, choice.ValueOr(-1) == when.choice); });
-        else if (when.rule)
-            for (std::size_t i = 0; i < names.size(); ++i)
-                add(i, HoldsOther(when, *records[i]));
+        if (when.IsThere())
+            ForEachHolding(records, when,
+                [&](std::size_t i, bool holds) { names[i].distinct |= holds ? 1U << rule : 0; });
     }
 }
 
@@ -109,7 +108,7 @@ bool QuietRecords::Follow(const RecordRules& rules, const IKeywordListData& list
         return false;
     LookAtLast();
     return isQuiet_ && named_.size() == static_cast<std::size_t>(list.GetSize())
-        && checks_.AddDistinct(rules, named_);
+        && checks_.AddDistinct(rules, named_, isSorted_);
 }
 
 } // namespace Veld::Quor::Core::Decks

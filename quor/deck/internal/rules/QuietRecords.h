@@ -51,6 +51,7 @@ private:
     RecordChecks& checks_;
     const RecordRules* rules_ = nullptr;
     bool isQuiet_ = true; // of all records so far nothing is to be said
+    bool isSorted_ = true; // the number of each name is above that of the one before it
     std::uint32_t distinctOfAll_ = 0; // rules that are about each record, as in `NamedRecord`
     NamedRecords named_; // those of the list, while that is so
     std::vector<KeyOfParts> keys_; // of the last ones

@@ -120,15 +120,19 @@ bool RecordChecks::AreMet(const RecordRules& rules, const Record& record)
         [&](std::size_t number) { return IsMet(rules.requirements[number], record); });
 }
 
-bool RecordChecks::AddDistinct(const RecordRules& rules, const NamedRecords& records)
+/// Names that are sorted are distinct, and what is in one keyword alone need not be kept for another.
+bool RecordChecks::AddDistinct(const RecordRules& rules, const NamedRecords& records, bool areSorted)
 {
+    const auto isMet = [&](std::size_t i) { return areSorted && !rules.distinct[i].rule->isOfStep; };
     for (std::size_t i = 0; i < rules.distinct.size(); ++i) {
-        const std::size_t added = AddNames(rules, i, records);
+        const std::size_t added = isMet(i) ? records.size() : AddNames(rules, i, records);
         if (added == records.size())
             continue;
         RemoveNames(rules, i, records, added);
-        while (i > 0)
-            RemoveNames(rules, --i, records, records.size());
+        while (i-- > 0) {
+            if (!isMet(i))
+                RemoveNames(rules, i, records, records.size());
+        }
         return false;
     }
     return true;
@@ -219,11 +223,10 @@ void RecordChecks::EndDeck()
 void RecordChecks::CheckKeys(
     const RecordRules::Distinct& rule, const Record& record, const ValuePosition& position)
 {
-    for (const std::uint64_t key : RecordKeys(record, rule.items, rule.last, 1, names_).keys) {
+    RecordKeys(record, rule.items, rule.last, 1, names_).ForEach([&](std::uint64_t key) {
         const auto [seen, isNew] = ofKeys_[rule.number].Add(key, SeenAt(position));
-        if (!isNew && FollowRepeated(rule, std::exchange(*seen, SeenAt(position)), record, position))
-            return;
-    }
+        return isNew || !FollowRepeated(rule, std::exchange(*seen, SeenAt(position)), record, position);
+    });
 }
 
 /// Whether it was reported.

@@ -90,8 +90,8 @@ public:
     /// Whether the record gives what is required of it, variables without a value aside.
     static bool AreMet(const RecordRules& rules, const Keywords::IKeywordRecordData& record);
     /// Whether none of all records of a keyword says what another has said. If one does, none has been
-    /// followed.
-    bool AddDistinct(const RecordRules& rules, const NamedRecords& records);
+    /// followed. `areSorted`: the number of each name is above that of the one before it.
+    bool AddDistinct(const RecordRules& rules, const NamedRecords& records, bool areSorted);
 
 private:
     using Record = Keywords::IKeywordRecordData;

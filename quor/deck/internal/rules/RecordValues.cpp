@@ -126,7 +126,7 @@ std::string ValueText(const IKeywordRecordData& record, const RuleItem& item)
     return ToText(md, ItemValue(md, record.GetData(item.index)));
 }
 
-std::uint32_t NameNumbers::Find(std::string_view name)
+std::uint32_t NameNumbers::Find(std::uint32_t before, std::string_view name)
 {
     const auto count = static_cast<std::uint32_t>(names_.size());
     const auto [number, isNew] = numbers_.Add(KeyOfName(name), count);
@@ -134,7 +134,7 @@ std::uint32_t NameNumbers::Find(std::string_view name)
         names_.push_back({0, 0, 0});
     names_[*number].letters = FirstLetters(name);
     names_[*number].size = static_cast<std::uint32_t>(name.size());
-    names_[number_].next = *number;
+    names_[before].next = *number;
     return *number;
 }
 
@@ -158,27 +158,19 @@ RecordKey KeyOfRecord(const IKeywordRecordData& record, const std::vector<RuleIt
 
 RecordKeys::RecordKeys(const IKeywordRecordData& record, const std::vector<RuleItem>& items,
     const RuleItem& last, std::size_t required, NameNumbers& names)
+    : key_(KeyOfRecord(record, items, items.size() - (last.IsThere() ? 1 : 0), required, names))
 {
-    const RecordKey key =
-        KeyOfRecord(record, items, items.size() - (last.IsThere() ? 1 : 0), required, names);
-    hasZero = key.hasZero;
-    if (!key.isThere)
-        return;
     if (!last.IsThere()) {
-        keys.push_back(key.key);
+        end_ = key_.isThere ? 1 : 0;
         return;
     }
     constexpr long long longest = 1'000; // a longer run is a mistake that others report
     const long long first = std::max(NumberOf(record, items.back()), 1LL);
-    const long long end = NumberOf(record, last);
-    if (end < first || end - first >= longest)
+    const long long end = NumberOf(record, last) + 1;
+    if (!key_.isThere || end - first > longest)
         return;
-    keys.reserve(static_cast<std::size_t>(end - first + 1));
-    for (long long at = first; at <= end; ++at) {
-        KeyOfParts one = KeyOfParts::From(key.key);
-        AddNumber(at, one);
-        keys.push_back(one.Get());
-    }
+    first_ = static_cast<std::uint32_t>(first);
+    end_ = static_cast<std::uint32_t>(std::max(end, first));
 }
 
 std::uint64_t KeyOfName(const IKeywordRecordData& record, const RuleItem& item, NameNumbers& names)

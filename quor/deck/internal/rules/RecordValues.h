@@ -7,8 +7,7 @@
 #include "quor/foundation/service/Optional.h"
 #include "quor/metadata/IKeywordDataMD.h"
 
-#include <boost/container/small_vector.hpp>
-
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -108,11 +107,16 @@ public:
     std::uint32_t Get(const std::string& name)
     {
         if (&name != last_) {
-            const std::uint32_t likely = names_[number_].next;
-            number_ = names_[likely].IsSpelt(name) ? likely : Find(name);
+            number_ = GetAfter(number_, name);
             last_ = &name;
         }
         return number_;
+    }
+    /// The same of a text that comes after a name of that number, or after none: 0.
+    std::uint32_t GetAfter(std::uint32_t before, std::string_view name)
+    {
+        const std::uint32_t likely = names_[before].next;
+        return names_[likely].IsSpelt(name) ? likely : Find(before, name);
     }
     /// The number as a part of a key: none of an item is the same.
     static std::uint64_t PartOf(std::uint32_t number) { return (std::uint64_t(1) << 32) + number; }
@@ -124,6 +128,7 @@ public:
 
 private:
     struct Name {
+        /// False if it is longer than eight letters: such names are always looked for.
         bool IsSpelt(std::string_view text) const
         {
             return text.size() == size && size <= sizeof letters && FirstLetters(text) == letters;
@@ -134,13 +139,25 @@ private:
         std::uint32_t next; // the number of the name that came after it: it often comes again
     };
 
-    std::uint32_t Find(std::string_view name);
+    std::uint32_t Find(std::uint32_t before, std::string_view name);
 
     KeyTable<std::uint32_t> numbers_; // by the keys of the names
     std::vector<Name> names_ = {{0, 0, 0}}; // by number
     const std::string* last_ = nullptr;
     std::uint32_t number_ = 0; // of the last one
 };
+
+/// Calls `use` with the index of each record, and whether it is as the condition says.
+template <class Use>
+void ForEachHolding(std::span<const Keywords::IKeywordRecordData* const> records,
+    const ItemCondition& condition, const Use& use)
+{
+    if (condition.choice >= 0)
+        return ForEachItem<int>(records, condition.item,
+            [&](std::size_t i, const auto& choice) { use(i, choice.ValueOr(-1) == condition.choice); });
+    for (std::size_t i = 0; i < records.size(); ++i)
+        use(i, Holds(condition, *records[i]));
+}
 
 /// What tells records apart: the values of some items, as a number that is the same for the same values. That
 /// others have one is too improbable to matter.
@@ -154,12 +171,42 @@ RecordKey KeyOfRecord(const Keywords::IKeywordRecordData& record, const std::vec
     std::size_t count, std::size_t required, NameNumbers& names);
 
 /// The same of a record whose last item may run on to another one, `last`: there is a key for each number.
-struct RecordKeys {
+class RecordKeys {
+public:
     RecordKeys(const Keywords::IKeywordRecordData& record, const std::vector<RuleItem>& items,
         const RuleItem& last, std::size_t required, NameNumbers& names);
 
-    boost::container::small_vector<std::uint64_t, 4> keys;
-    bool hasZero = false; ///< as that of a `RecordKey`
+    /// As that of a `RecordKey`.
+    bool HasZero() const { return key_.hasZero; }
+    /// Calls `use` with each key, until it returns false.
+    template <class Use>
+    void ForEach(const Use& use) const
+    {
+        for (std::uint32_t at = first_; at < end_ && use(KeyAt(at)); ++at) { }
+    }
+    /// Calls `use` with a key for 64 numbers that follow each other, and a bit for each of them that is
+    /// there.
+    template <class Use>
+    void ForEachBlock(const Use& use) const
+    {
+        for (std::uint32_t at = first_; at < end_;) {
+            const std::uint32_t next = std::min(end_, (at | 63) + 1);
+            use(KeyAt(at / 64), ~std::uint64_t(0) >> (64 - (next - at)) << (at % 64));
+            at = next;
+        }
+    }
+
+private:
+    std::uint64_t KeyAt(std::uint32_t number) const
+    {
+        KeyOfParts key = KeyOfParts::From(key_.key);
+        key.Add(number);
+        return key.Get();
+    }
+
+    RecordKey key_; // of the items before the last one, or of all
+    std::uint32_t first_ = 0; // of the numbers, which are below `end_`; 0 alone: there is no last item
+    std::uint32_t end_ = 0;
 };
 
 /// The same for one text; 0 if it has none, or one that stands for several names.

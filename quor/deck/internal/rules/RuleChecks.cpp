@@ -2,7 +2,7 @@
 
 #include "quor/data/IKeywordListData.h"
 #include "quor/data/IKeywordRecordData.h"
-#include "quor/metadata/KeywordUtils.h"
+#include "quor/deck/internal/rules/RecordWalk.h"
 
 #include <iterator>
 #include <set>
@@ -11,27 +11,6 @@
 namespace Veld::Quor::Core::Decks {
 
 using namespace Core::Keywords;
-
-namespace {
-
-using MDType = IKeywordDataMD::MDType;
-
-/// Calls `use` with each record of a list of records, and its index.
-template <class Use>
-void ForEachRecord(const IKeywordData& list, const Use& use)
-{
-    const auto& records = static_cast<const IKeywordListData&>(list);
-    const auto size = static_cast<std::size_t>(records.GetSize());
-    for (std::size_t i = 0; i < size; ++i)
-        use(static_cast<const IKeywordRecordData&>(*static_cast<const IKeywordData*>(records.GetData(i))), i);
-}
-
-bool IsRecord(const IKeywordData& data)
-{
-    return KeywordUtils::GetMDType(data.GetMD()) == MDType::Record;
-}
-
-} // namespace
 
 RuleChecks::RuleChecks(const RuleContext& context)
     : deck_(context.deck)
@@ -71,10 +50,11 @@ void RuleChecks::Follow(bool isKnown, bool isMisplaced)
     if (!isKnown || isMisplaced)
         return FollowUnsound(rules, isMisplaced);
     isOfLocalGrid_ = IsOfLocalGrid(keyword.scope);
-    numbers_.StartKeyword();
     records_.StartKeyword();
     if (!rules.record.isEmpty)
         CheckRoot(rules.record);
+    if (rules.record.hasTrees)
+        trees_.Follow(rules.record);
     for (const LengthRule* const rule : rules.tables)
         members_.CheckTables(*rule);
     if (!rules.elements.empty())
@@ -127,7 +107,7 @@ void RuleChecks::FollowUnsound(
 void RuleChecks::FollowUnsound(const RecordRules& rules, std::string_view text, bool isMisplaced)
 {
     FollowUnsound(rules.names, text, isMisplaced);
-    if (!rules.trees.empty())
+    if (rules.hasTrees)
         trees_.Lose();
     matches_.Lose(rules);
     for (const RecordRules& inner : rules.inner)
@@ -160,7 +140,7 @@ void RuleChecks::EndDeck(bool isSure)
     records_.EndDeck();
     names_.LoseDefinedBy(presence_.GetReported());
     names_.EndDeck(presence_.IsWholeDeck());
-    trees_.EndDeck();
+    EndTrees();
     if (matches_.HasReferences()) {
         DefineMatches();
         matches_.EndDeck();
@@ -174,34 +154,35 @@ void RuleChecks::DefineMatches()
         const KeywordRules& rules = plans_.Get(*keyword.syntax, keyword.section);
         if (!rules.definesMatches || !keyword.data || !keyword.isSound)
             continue;
-        if (IsRecord(*keyword.data))
-            DefineMatches(rules.record, static_cast<const Record&>(*keyword.data));
-        else
-            ForEachRecord(*keyword.data,
-                [&](const Record& record, std::size_t) { DefineMatches(rules.record, record); });
+        WalkRecords(rules.record, *keyword.data,
+            [this](const RecordRules& ofRecord, const Record& record, const ValuePosition&) {
+                matches_.Define(ofRecord, record);
+            });
     }
 }
 
-void RuleChecks::DefineMatches(const RecordRules& rules, const Record& record)
+void RuleChecks::EndTrees()
 {
-    matches_.Define(rules, record);
-    for (const RecordRules& inner : rules.inner) {
-        const auto& data = *static_cast<const IKeywordData*>(record.GetData(inner.item));
-        if (IsRecord(data))
-            DefineMatches(inner, static_cast<const Record&>(data));
-        else
-            ForEachRecord(data, [&](const Record& one, std::size_t) { DefineMatches(inner, one); });
+    for (const std::uint32_t number : trees_.GetKeywords()) {
+        const KeywordInstance& keyword = deck_.keywords[number];
+        WalkRecords(plans_.Get(*keyword.syntax, keyword.section).record, *keyword.data,
+            [&](const RecordRules& ofRecord, const Record& record, const ValuePosition& position) {
+                trees_.Add(ofRecord, record, number, position);
+            });
     }
+    trees_.EndDeck();
 }
 
 void RuleChecks::CheckRoot(const RecordRules& rules)
 {
     const IKeywordData& root = *deck_.keywords.back().data;
-    if (IsRecord(root))
-        return CheckRecord(rules, static_cast<const Record&>(root), {});
-    if (rules.mayBeQuiet && quiet_.Follow(rules, static_cast<const IKeywordListData&>(root)))
+    if (rules.mayBeQuiet && !IsRecord(root)
+        && quiet_.Follow(rules, static_cast<const IKeywordListData&>(root)))
         return;
-    ForEachRecord(root, [&](const Record& record, std::size_t i) { CheckRecord(rules, record, {i}); });
+    WalkRecords(rules, root,
+        [this](const RecordRules& ofRecord, const Record& record, const ValuePosition& position) {
+            CheckRecord(ofRecord, record, position);
+        });
 }
 
 /// Most records have rules of a few kinds: the others cost no call.
@@ -218,13 +199,10 @@ void RuleChecks::CheckRecord(const RecordRules& rules, const Record& record, con
         return;
     if (!isOutside)
         members_.Check(rules, record, position);
-    trees_.Follow(rules, record, position);
     if (isOutside || isUndefined) // what the record is about is not known
         matches_.Lose(rules);
     else
         matches_.Follow(rules, record, position);
-    for (const RecordRules& inner : rules.inner)
-        CheckInner(inner, *static_cast<const IKeywordData*>(record.GetData(inner.item)), position);
 }
 
 /// Whether one was reported that is outside the grid.
@@ -235,19 +213,6 @@ bool RuleChecks::CheckNumbers(const RecordRules& rules, const Record& record, co
     if (!isOutside)
         numbers_.CheckOrders(rules, record, position);
     return isOutside;
-}
-
-/// A record within a record, or a list of them.
-void RuleChecks::CheckInner(const RecordRules& rules, const IKeywordData& data, const ValuePosition& position)
-{
-    ValuePosition around = {position.element, rules.item, rules.slashes.has_value(),
-        position.slashes + rules.slashes.value_or(0)};
-    if (IsRecord(data))
-        return CheckRecord(rules, static_cast<const Record&>(data), around);
-    ForEachRecord(data, [&](const Record& record, std::size_t) {
-        CheckRecord(rules, record, around);
-        ++around.slashes; // each of the list ends with one
-    });
 }
 
 } // namespace Veld::Quor::Core::Decks

@@ -47,8 +47,6 @@ private:
     void FollowUnsound(const RecordRules& rules, std::string_view text, bool isMisplaced);
     void CheckRoot(const RecordRules& rules);
     void CheckRecord(const RecordRules& rules, const Record& record, const ValuePosition& position);
-    void CheckInner(
-        const RecordRules& rules, const Keywords::IKeywordData& data, const ValuePosition& position);
     bool CheckNumbers(const RecordRules& rules, const Record& record, const ValuePosition& position);
     bool CheckNames(const RecordRules& rules, const Record& record, const ValuePosition& position);
     bool CheckUnsettled(
@@ -60,7 +58,7 @@ private:
     void ForgetArray(const RecordRules& rules, const RecordRules::Name& rule, const Record& record);
     void CheckElements(const std::vector<RecordRules::Name>& rules);
     void DefineMatches();
-    void DefineMatches(const RecordRules& rules, const Record& record);
+    void EndTrees();
 
     const DeckContents& deck_;
     RulePlans plans_;

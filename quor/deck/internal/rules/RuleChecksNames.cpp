@@ -23,13 +23,13 @@ const Optional<T>& NameIn(const IKeywordRecordData& record, int item)
     return *static_cast<const Optional<T>*>(record.GetData(item));
 }
 
-/// Of what the rules of names look at in the record.
+/// Of what the rules of names look at in the record but for its first name.
 std::uint64_t KeyOfNames(const RecordRules& rules, const IKeywordRecordData& record, NameNumbers& numbers)
 {
     const IKeywordRecordData* const records[] = {&record};
     KeyOfParts keys[1];
-    for (const RuleItem& item : rules.nameTexts) {
-        const auto& name = item.In<std::string>(record);
+    for (std::size_t i = 1; i < rules.nameTexts.size(); ++i) {
+        const auto& name = rules.nameTexts[i].In<std::string>(record);
         keys[0].Add(name ? numbers.GetPart(*name) : 0);
     }
     AddConditions(rules, records, keys);

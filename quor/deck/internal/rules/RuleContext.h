@@ -5,6 +5,7 @@
 #include "quor/deck/internal/read/contents/Dimensions.h"
 #include "quor/deck/internal/rules/RuleSet.h"
 
+#include <cstddef>
 #include <limits>
 #include <string>
 
@@ -26,6 +27,28 @@ struct RuleContext {
                                                               : std::numeric_limits<long long>::max();
     }
     const std::string& GetName() const { return deck.keywords.back().syntax->GetName(); }
+};
+
+/// The limit that a rule has at the last keyword of the deck, looked up once for each.
+class KeywordLimit {
+public:
+    long long Get(const RuleContext& context, const SizeLimit& limit)
+    {
+        return Get(context, [&] { return context.FindLimit(limit); });
+    }
+    template <class Find>
+    long long Get(const RuleContext& context, const Find& find)
+    {
+        if (keywords_ != context.deck.keywords.size()) {
+            keywords_ = context.deck.keywords.size();
+            limit_ = find();
+        }
+        return limit_;
+    }
+
+private:
+    std::size_t keywords_ = 0; // of the deck, when it was looked up
+    long long limit_ = 0;
 };
 
 } // namespace Veld::Quor::Core::Decks

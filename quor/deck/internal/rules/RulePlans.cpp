@@ -191,14 +191,20 @@ RecordRules RulePlans::MakeRecord(const Key& key, const IKeywordDataMD& md)
         inner.item = i;
         if (!element || EndsWithSlash(*element))
             inner.slashes = SlashesBefore(md, i);
+        record.hasTrees = record.hasTrees || inner.hasTrees;
+        record.hasTreeNames = record.hasTreeNames || inner.hasTreeNames;
         if (!inner.isEmpty)
             record.inner.push_back(std::move(inner));
     }
+    for (const RecordRules::Tree& tree : record.trees) {
+        record.hasTrees = true;
+        record.hasTreeNames = record.hasTreeNames || !tree.isMember;
+    }
     record.hasNumbers = !record.indices.empty() || !record.orders.empty() || !record.assignments.empty();
-    record.hasOthers = !record.members.empty() || !record.lengths.empty() || !record.trees.empty()
-        || !record.matches.empty() || !record.inner.empty();
+    record.hasOthers = !record.members.empty() || !record.lengths.empty() || !record.matches.empty()
+        || !record.inner.empty();
     record.isEmpty = record.names.empty() && record.distinct.empty() && record.requirements.empty()
-        && !record.hasNumbers && !record.hasOthers;
+        && !record.hasNumbers && !record.hasOthers && !record.hasTrees;
     record.mayBeQuiet = record.nameTexts.size() == 1 && !record.hasNumbers && !record.hasOthers
         && record.distinct.size() <= RecordRules::mostQuiet
         && std::all_of(

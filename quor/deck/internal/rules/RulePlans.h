@@ -112,14 +112,16 @@ struct RecordRules {
     std::size_t number = 0; ///< which other records don't have
     std::optional<std::size_t> slashes; ///< that end what is before it in the element; empty: not known
     bool hasNumbers = false; ///< there are indices, orders or assignments
-    bool hasOthers = false; ///< there are members, lengths, trees, matches or inner records
+    bool hasOthers = false; ///< there are members, lengths, matches or inner records
+    bool hasTrees = false; ///< also of inner records
+    bool hasTreeNames = false; ///< of what is below a name, some is a name of the tree
     /// All that is said of it, but for what it requires, depends on one name, numbers and choices.
     bool mayBeQuiet = false;
     static constexpr std::size_t mostQuiet = 32; ///< rules of what is distinct, where it may be
     bool isEmpty = true; ///< there is no rule
 };
 
-/// Adds to the keys of records, which have their names, all else that the rules of names look at.
+/// Adds to the keys of records what the rules of names look at but for texts.
 inline void AddConditions(const RecordRules& rules,
     std::span<const Keywords::IKeywordRecordData* const> records, std::span<KeyOfParts> keys)
 {
@@ -127,12 +129,8 @@ inline void AddConditions(const RecordRules& rules,
         ForEachItem<int>(records, item, [&](std::size_t i, const auto& number) {
             keys[i].Add(static_cast<std::uint64_t>(number.ValueOr(-1)));
         });
-    for (const ItemCondition& condition : rules.nameConditions) {
-        for (std::size_t i = 0; i < keys.size(); ++i)
-            keys[i].Add(Holds(condition, *records[i]) ? 1 : 0);
-    }
-    for (KeyOfParts& key : keys)
-        key.Add(rules.number);
+    for (const ItemCondition& condition : rules.nameConditions)
+        ForEachHolding(records, condition, [&](std::size_t i, bool holds) { keys[i].Add(holds ? 1 : 0); });
 }
 
 /// What the rules say of one keyword in one section.

@@ -29,19 +29,28 @@ const TreeChecks::Place* TreeChecks::Places::Find(std::string_view name) const
     return number ? &places_[*number] : nullptr;
 }
 
-void TreeChecks::Follow(
-    const RecordRules& rules, const IKeywordRecordData& record, const ValuePosition& position)
+void TreeChecks::Follow(const RecordRules& rules)
 {
-    const auto keyword = static_cast<std::uint32_t>(context_.deck.keywords.size() - 1);
+    keywords_.push_back(static_cast<std::uint32_t>(context_.deck.keywords.size() - 1));
+    hasNames_ = hasNames_ || rules.hasTreeNames;
+}
+
+std::vector<std::uint32_t> TreeChecks::GetKeywords() const
+{
+    return isWhole_ && hasNames_ ? keywords_ : std::vector<std::uint32_t>();
+}
+
+void TreeChecks::Add(
+    const RecordRules& rules, const IKeywordRecordData& record, std::uint32_t keyword, ValuePosition position)
+{
     for (const RecordRules::Tree& rule : rules.trees) {
         std::string below = ValueText(record, rule.below);
         if (below.empty())
             continue;
+        position.item = rule.above.index;
         Tree& tree = trees_[rule.number];
-        ValuePosition at = position;
-        at.item = rule.above.index;
         (rule.isMember ? tree.members : tree.names)
-            .Set({std::move(below), ValueText(record, rule.above), keyword, at});
+            .Set({std::move(below), ValueText(record, rule.above), keyword, position});
     }
 }
 

@@ -13,6 +13,7 @@
 namespace Veld::Quor::Core::Decks {
 
 /// Follows names that form a tree. How it is at the end of the deck counts: on the way there names are moved.
+/// So its records are gone through then, if any places a name below another.
 class TreeChecks {
 public:
     explicit TreeChecks(const RuleContext& context)
@@ -21,11 +22,15 @@ public:
     {
     }
 
-    /// `position`: of the record.
-    void Follow(
-        const RecordRules& rules, const Keywords::IKeywordRecordData& record, const ValuePosition& position);
+    /// Of the records of the last keyword of the deck.
+    void Follow(const RecordRules& rules);
     /// A record could not be read: nothing is reported.
     void Lose() { isWhole_ = false; }
+    /// The numbers of the keywords whose records are to be placed, in the order of the deck.
+    std::vector<std::uint32_t> GetKeywords() const;
+    /// `position`: of the record, in the keyword of that number.
+    void Add(const RecordRules& rules, const Keywords::IKeywordRecordData& record, std::uint32_t keyword,
+        ValuePosition position);
     /// Reports loops, and names that have both names and other things below them.
     void EndDeck();
 
@@ -62,6 +67,8 @@ private:
 
     RuleContext context_;
     std::vector<Tree> trees_; // of each rule
+    std::vector<std::uint32_t> keywords_;
+    bool hasNames_ = false; // below others
     bool isWhole_ = true;
 };
 
