@@ -179,6 +179,33 @@ TEST(RuleDocuments, HaveTheirOwnVoice)
         "d:2:20: warning: unknown finding code 'our-solvr' [bad-suppression] | did you mean our-solver?");
 }
 
+/// A keyword without the end of a run has single numbers, which may be any.
+TEST(RuleDocuments, OfRunsAreAboutSingleNumbersToo)
+{
+    const TemporaryDirectory folder;
+    const DeckLanguage language(KeywordSyntaxTable::Instance(), {folder.Write("r.xml", R"(<rules>
+      <distinct keywords='COMPDAT' items='SATNUM' last='LAST'/></rules>)")});
+    EXPECT_EQ(Dump(Deck::ReadText(R"(SCHEDULE
+WELSPECS
+ P1 G 1 1 1* OIL /
+/
+COMPDAT
+ P1 1 1 1 1 OPEN -3 /
+ P1 1 1 2 2 OPEN -3 /
+ P1 1 1 3 3 OPEN 64 /
+ P1 1 1 4 4 OPEN 64 /
+ P1 1 1 5 5 OPEN 1* /
+ P1 1 1 6 6 OPEN 1* /
+/
+)",
+                       language, {}, "d")
+                       .GetFindings(),
+                  "none"),
+        "d:7:18: warning: COMPDAT: repeated record for SATNUM -3 [repeated-record] | correct the record, or "
+        "remove one of them (d:6:2: the first is here)\nd:9:18: warning: COMPDAT: repeated record for SATNUM "
+        "64 [repeated-record] | correct the record, or remove one of them (d:8:2: the first is here)");
+}
+
 TEST(RuleDocuments, OfAHostAreCheckedToo)
 {
     const TemporaryDirectory folder;

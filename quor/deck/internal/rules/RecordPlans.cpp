@@ -33,15 +33,6 @@ std::vector<RuleItem> FindAllItems(const IKeywordDataMD& record, const std::vect
     return items;
 }
 
-/// Where a run that begins with the last of the items ends: with itself, of a record that has no other end.
-RuleItem FindEnd(const IKeywordDataMD& record, const std::string& last, const std::vector<RuleItem>& items)
-{
-    if (last.empty() || items.empty() || items.back().type != MDType::Integer)
-        return {};
-    const RuleItem end = FindNumber(record, last);
-    return end.IsThere() ? end : items.back();
-}
-
 bool IsOneText(const std::vector<RuleItem>& items)
 {
     return items.size() == 1 && items.front().type == MDType::String;
@@ -98,6 +89,7 @@ void RulePlans::AddNumbers(const Key& key, const IKeywordDataMD& md, RecordRules
     }
 }
 
+/// The last item of a run must be a number, as the one before it.
 void RulePlans::AddMembers(const Key& key, const IKeywordDataMD& md, RecordRules& record) const
 {
     for (std::size_t number = 0; number < rules_.members.size(); ++number) {
@@ -107,7 +99,7 @@ void RulePlans::AddMembers(const Key& key, const IKeywordDataMD& md, RecordRules
         if (Contains(rule.keywords, key.first->GetName()) && rule.owner.empty() != owner.IsThere()
             && items.size() == rule.items.size())
             record.members.push_back(
-                {&rule, number, owner, items, FindEnd(md, rule.last, items), FindCondition(md, rule.when)});
+                {&rule, number, owner, items, FindNumber(md, rule.last), FindCondition(md, rule.when)});
     }
     for (const LengthRule& rule : rules_.lengths) {
         const RuleItem item = FindRuleItem(md, rule.item);
@@ -118,7 +110,7 @@ void RulePlans::AddMembers(const Key& key, const IKeywordDataMD& md, RecordRules
         const DistinctRule& rule = rules_.distinct[number];
         const std::vector<RuleItem> items = FindAllItems(md, rule.items);
         if (Contains(rule.keywords, key.first->GetName()) && !items.empty())
-            record.distinct.push_back({&rule, number, items, FindEnd(md, rule.last, items),
+            record.distinct.push_back({&rule, number, items, FindNumber(md, rule.last),
                 FindCondition(md, rule.when), IsOneText(items) && rule.last.empty()});
     }
 }

@@ -156,17 +156,20 @@ RecordKey KeyOfRecord(const IKeywordRecordData& record, const std::vector<RuleIt
     return found;
 }
 
+/// A number without an end is a run of itself.
 RecordKeys::RecordKeys(const IKeywordRecordData& record, const std::vector<RuleItem>& items,
     const RuleItem& last, std::size_t required, NameNumbers& names)
-    : key_(KeyOfRecord(record, items, items.size() - (last.IsThere() ? 1 : 0), required, names))
 {
-    if (!last.IsThere()) {
+    constexpr long long longest = 1'000; // a longer run is a mistake that others report
+    const long long number = items.back().type == MDType::Integer ? NumberOf(record, items.back()) : 0;
+    if (!last.IsThere() && number < 1) {
+        key_ = KeyOfRecord(record, items, items.size(), required, names);
         end_ = key_.isThere ? 1 : 0;
         return;
     }
-    constexpr long long longest = 1'000; // a longer run is a mistake that others report
-    const long long first = std::max(NumberOf(record, items.back()), 1LL);
-    const long long end = NumberOf(record, last) + 1;
+    key_ = KeyOfRecord(record, items, items.size() - 1, required, names);
+    const long long first = std::max(number, 1LL);
+    const long long end = (last.IsThere() ? NumberOf(record, last) : number) + 1;
     if (!key_.isThere || end - first > longest)
         return;
     first_ = static_cast<std::uint32_t>(first);

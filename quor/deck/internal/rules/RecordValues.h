@@ -185,7 +185,7 @@ public:
         for (std::uint32_t at = first_; at < end_ && use(KeyAt(at)); ++at) { }
     }
     /// Calls `use` with a key for 64 numbers that follow each other, and a bit for each of them that is
-    /// there.
+    /// there; with one bit for a record without such a number.
     template <class Use>
     void ForEachBlock(const Use& use) const
     {
@@ -200,12 +200,13 @@ private:
     std::uint64_t KeyAt(std::uint32_t number) const
     {
         KeyOfParts key = KeyOfParts::From(key_.key);
-        key.Add(number);
+        if (number > 0)
+            key.Add(number);
         return key.Get();
     }
 
-    RecordKey key_; // of the items before the last one, or of all
-    std::uint32_t first_ = 0; // of the numbers, which are below `end_`; 0 alone: there is no last item
+    RecordKey key_; // of the items before the number, or of all
+    std::uint32_t first_ = 0; // of the numbers, which are below `end_`; 0 alone: there is no such number
     std::uint32_t end_ = 0;
 };
 

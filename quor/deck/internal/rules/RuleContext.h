@@ -47,7 +47,7 @@ public:
     }
 
 private:
-    std::size_t keywords_ = 0; // of the deck, when it was looked up
+    std::size_t keywords_ = 0; // of the deck, which has ever more, when it was looked up
     long long limit_ = 0;
 };
 
