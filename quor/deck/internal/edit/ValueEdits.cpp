@@ -74,6 +74,7 @@ private:
     std::string Row(std::size_t begin, std::size_t end, std::string_view old) const;
     void Add(const TextRange& range, const std::string& text);
     bool IsFirstAfterName(const TextRange& range) const;
+    bool TouchesBefore(const TextRange& range) const;
     [[noreturn]] void Fail(const char* why) const;
 
     const DeckContents& deck_;
@@ -109,7 +110,7 @@ void Editor::ReplaceLine(const TextRange& range, const std::string& line)
     if (deck_.files.GetText(range) == line)
         return;
     const bool mayBeKeyword = FindLoneWord(line) || IsKeywordName(deck_, FindLeadingWord(line));
-    const bool isIndented = mayBeKeyword && IsAtLineStart(deck_, range);
+    const bool isIndented = TouchesBefore(range) || (mayBeKeyword && IsAtLineStart(deck_, range));
     edits_.push_back({range, isIndented ? ' ' + line : line});
 }
 
@@ -141,10 +142,8 @@ void Editor::FillIn(std::size_t begin, std::size_t end)
     const TextRange& range = ranges_[begin];
     if (range.file == keyword_.name.file && range.offset <= keyword_.name.offset + keyword_.name.length)
         Fail("the record is empty");
-    const std::string_view text = deck_.files.GetText(range.file);
-    const bool touchesBefore = !IsSeparator(text[range.offset - 1]);
     const std::string row = Row(begin, end, {});
-    Add(range, touchesBefore ? ' ' + row : row);
+    Add(range, TouchesBefore(range) ? ' ' + row : row);
 }
 
 /// The slots, as new words or the old one.
@@ -187,6 +186,12 @@ bool Editor::IsFirstAfterName(const TextRange& range) const
         return false;
     const std::string_view between = deck_.files.GetText({range.file, end, range.offset - end});
     return TrimBlanks(between).empty();
+}
+
+/// Nothing separates it from the word before it.
+bool Editor::TouchesBefore(const TextRange& range) const
+{
+    return range.offset > 0 && !IsSeparator(deck_.files.GetText(range.file)[range.offset - 1]);
 }
 
 void Editor::Fail(const char* why) const
