@@ -4,7 +4,7 @@
 .PHONY: help run test python setup-run setup-python setup-test setup-benchmark setup-editor build-release build-python \
     build-test build-asan build-fuzz build-benchmark check-format check-release check-asan check-threads check-editor \
     check-lint lint-all format schema pages trust decks benchmark bench-gate bench-counts abi-baseline faults \
-    mutants fuzz docs editor dist packages install clean
+    mutants fuzz fuzz-coverage docs editor dist packages install clean
 
 SOURCES = $(shell find quor python tools tests examples benchmarks language -name '*.h' -o -name '*.cpp' | sort)
 TABLES = $(wildcard language/summary/*.txt language/arrays/*.txt language/units/*.txt)
@@ -122,13 +122,19 @@ faults: setup-test build-test ## Let memory and calls of the system fail, one by
 	@tests/faults/all.sh build/test
 
 MUTANTS ?= --places 400 --jobs $$(nproc)
-mutants: setup-test ## Make small faults in copies of the sources, and show which of them no test finds (hours)
+mutants: setup-test ## Make small faults in copies of the sources, and show which of them no test finds (more than an hour)
 	@/usr/bin/python3 -B tests/mutants/mutants.py . build/mutants $(MUTANTS)
 
 FUZZ ?=
 FUZZ_SECONDS ?= 60
 fuzz: setup-test build-fuzz ## Run each fuzz target, or FUZZ="deck edits", for FUZZ_SECONDS (60)
 	@tests/fuzz/run.sh build/fuzz $(FUZZ_SECONDS) $(FUZZ)
+
+fuzz-coverage: setup-test ## Show what of quor/ the fuzz targets reach from their seeds and what `make fuzz` has kept
+	@cmake --preset fuzz -B build/fuzz-coverage \
+	    -DCMAKE_CXX_FLAGS="-O1 -fsanitize=fuzzer-no-link -fprofile-instr-generate -fcoverage-mapping" >/dev/null
+	@cmake --build build/fuzz-coverage -- --quiet
+	@tests/fuzz/coverage.sh build/fuzz-coverage build/fuzz/corpus
 
 schema: setup-test ## Generate the XML forms of the schemas from their sources
 	trang language/schema/written.rnc language/schema/written.rng

@@ -6,7 +6,6 @@
 
 #include <fmt/format.h>
 
-#include <optional>
 #include <tuple>
 #include <unordered_map>
 
@@ -89,29 +88,21 @@ Definition CheckOne(const Element& keyword, const Reporter& reporter)
     return {&keyword, own, validity.cells};
 }
 
-/// The names of the built-in language, read at the first question.
-class BuiltinNames {
-public:
-    bool Has(const std::string& name)
-    {
-        if (!names_)
-            Read();
-        return names_->Has(name);
-    }
-
-private:
-    void Read()
-    {
-        names_.emplace();
+/// Of the built-in language: read at the first question of the process, which is much longer than to lint a
+/// document.
+const NameSet& GetBuiltinNames()
+{
+    static const NameSet names = [] {
+        NameSet all;
         for (const Document& document : Document::ReadBuiltin()) {
             if (document.GetRoot())
                 ForEachBelow(
-                    *document.GetRoot(), "keyword", [&](const Element& keyword) { names_->AddAll(keyword); });
+                    *document.GetRoot(), "keyword", [&](const Element& keyword) { all.AddAll(keyword); });
         }
-    }
-
-    std::optional<NameSet> names_;
-};
+        return all;
+    }();
+    return names;
+}
 
 void SortByLocation(const std::vector<Document>& documents, Decks::Findings& findings)
 {
@@ -152,8 +143,7 @@ LintReport LintDocuments(const std::vector<Document>& documents, std::size_t max
             definitions.push_back(CheckOne(*keyword, reporter));
         report.keywords.push_back(keywords.size());
     }
-    BuiltinNames builtin;
-    CheckNames(definitions, [&](const std::string& name) { return builtin.Has(name); });
+    CheckNames(definitions, [](const std::string& name) { return GetBuiltinNames().Has(name); });
     SortByLocation(documents, report.findings);
     return report;
 }

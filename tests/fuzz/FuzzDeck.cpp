@@ -1,10 +1,16 @@
 // Bytes become a deck and a file that it may include. Whatever they say, reading them, telling what was found
 // and writing them goes well, and what was written says the same when it is read.
 
+#include "quor/data/KeywordDataEqual.h"
+#include "quor/deck/CellArrays.h"
 #include "quor/deck/DeckDifference.h"
+#include "quor/deck/DeckEditor.h"
 #include "quor/deck/DeckFormatter.h"
 #include "quor/deck/DeckSummary.h"
+#include "quor/deck/DeckUnits.h"
 #include "quor/deck/Portability.h"
+#include "quor/deck/ValueAddress.h"
+#include "quor/deck/WriteKeyword.h"
 #include "quor/foundation/service/Log.h"
 #include "quor/foundation/service/xml/XMLDocument.h"
 #include "tests/deck/SameDecks.h"
@@ -257,6 +263,48 @@ void CheckAnswers(const Deck& deck, const Conditions& conditions)
             .SetLocations(true));
 }
 
+/// A name that somebody gives a value: it is refused with advice, or the full names of what it names say the
+/// same.
+void CheckAddress(const Deck& deck, std::string_view text)
+{
+    try {
+        const ValueAddress address = ValueAddress::Parse(text);
+        for (const DeckValue& value : Resolve(deck, address))
+            Require(ValueAddress::Parse(value.address.ToString()) == value.address,
+                "an address can be read again");
+        ResolveOne(deck, address);
+    } catch (const AddressError&) {
+        // with the place, and what would be right
+    }
+}
+
+/// What the other file would be as a deck: it differs both ways.
+void CheckDifference(const Deck& deck, const std::string& text, const DeckLanguage& language)
+{
+    const Deck other = Deck::ReadText(text, language);
+    Require(Compare(deck, other).groups.empty() == Compare(other, deck).groups.empty(),
+        "a difference is one in both directions");
+}
+
+/// What is made of single keywords.
+void CheckKeywords(const Deck& deck, const Conditions& conditions)
+{
+    FindCellArrays(deck);
+    FindUnchecked(deck);
+    UnitSystemOf(deck);
+    for (const DeckKeyword& keyword : deck) {
+        if (!keyword.IsSound() || !keyword.FindData())
+            continue;
+        const auto copy = keyword.GetData().CloneSafely();
+        Require(KeywordDataEqual(keyword.GetData(), *copy), "a clone is the same");
+        try {
+            WriteKeyword(*copy, conditions.target);
+        } catch (const EditError&) {
+            // what no deck can hold
+        }
+    }
+}
+
 std::string_view ToText(const std::uint8_t* data, std::size_t size)
 {
     return {reinterpret_cast<const char*>(data), size};
@@ -290,6 +338,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Store(input.texts);
     const Deck deck = Deck::Read(GetDeck(), language, options);
     CheckAnswers(deck, input.conditions);
+    CheckKeywords(deck, input.conditions);
+    CheckAddress(deck, std::string_view(input.texts[1]).substr(0, input.texts[1].find('\n')));
+    CheckDifference(deck, input.texts[1], language);
     CheckWritten(deck, options, language);
     return 0;
 }

@@ -1,7 +1,9 @@
 // Bytes become a document: as they are, or, so that not all end at the parser, as elements of the language
-// that they choose. What the parser takes is loaded as the main syntax document and looked up.
+// that they choose. What the parser takes is loaded as the main syntax document and looked up, and data are
+// made of it. Whatever the bytes are, they are linted.
 
 #include "quor/Keywords.h"
+#include "quor/lint/Lint.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -68,6 +70,48 @@ void Require(bool holds)
         std::abort();
 }
 
+/// The number of stops of a walk, or so many that they tell nothing more.
+template <class Walk, class Node>
+std::size_t CountStops(const Node& root)
+{
+    std::size_t count = 0;
+    for (Walk at(root); at != Walk::End() && count < 1'000; ++at)
+        ++count;
+    return count;
+}
+
+/// Data are made as their metadata say, and a clone is the same.
+void MakeData(const Keywords::IKeywordSyntax& syntax)
+{
+    try {
+        const auto data = Keywords::KeywordDataFactory::Instance().Construct(syntax);
+        if (!data)
+            return;
+        const auto copy = data->CloneSafely();
+        Require(Keywords::KeywordDataEqual(*data, *copy));
+        CountStops<Keywords::ConstMetaDataIterator>(*data->GetMD());
+        Require(
+            CountStops<Keywords::ConstDataIterator>(*data) == CountStops<Keywords::ConstDataIterator>(*copy));
+    } catch (const Service::Exception&) {
+        // what can't have data, or be walked
+    }
+}
+
+/// As `quor lint` does.
+void LintText(const std::string& text)
+{
+    try {
+        std::vector<Lint::Document> documents;
+        documents.push_back(Lint::Document::ReadText(text, "fuzz"));
+        const Lint::LintReport report = Lint::LintDocuments(documents, 100);
+        Require(report.findings.GetKept().size() <= 100);
+        for (const Decks::Finding& finding : report.findings.GetKept())
+            Require(finding.location.line > 0 && !finding.message.empty());
+    } catch (const Lint::DocumentError&) {
+        // an encoding that can't be rewritten
+    }
+}
+
 void LookUpAll(Keywords::KeywordSyntaxTable& table)
 {
     Keywords::KeywordSyntaxEnumerator keywords = table.KeywordsEnumerator();
@@ -80,6 +124,7 @@ void LookUpAll(Keywords::KeywordSyntaxTable& table)
         Require(syntax->GetValidSections().empty() == syntax->GetValidSimulators(*name).empty()
             || !syntax->GetAliases().empty());
         syntax->GetDocumentationName();
+        MakeData(*syntax);
     }
 }
 
@@ -118,6 +163,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     const bool composes = !bytes.empty() && bytes.front() == 0;
     const std::string text = composes ? Compose(bytes.substr(1)) : std::string(bytes);
+    LintText(text);
     Service::XML::XMLDocument document;
     if (document.readMemory(text.data(), text.size(), "fuzz"))
         Load(text);

@@ -5,6 +5,7 @@
 #include "quor/deck/DeckLanguage.h"
 #include "quor/deck/DeckSource.h"
 #include "quor/foundation/service/Log.h"
+#include "quor/lint/Lint.h"
 #include "quor/syntax/KeywordSyntaxTable.h"
 #include "tests/support/Documents.h"
 #include "tools/quor/check/CheckOptions.h"
@@ -20,9 +21,11 @@
 #include <iostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 using namespace Veld::Quor::Core::Decks;
 using namespace Veld::Quor::Tools;
+namespace Lint = Veld::Quor::Core::Lint;
 using Veld::Quor::Core::Keywords::KeywordSyntaxTable;
 using Veld::Quor::Tests::TemporaryDirectory;
 
@@ -49,7 +52,7 @@ void RequireReason(const std::exception& error, const std::string& file)
     Require(text.find(std::filesystem::path(file).filename()) != std::string::npos,
         "the file is named in: " + text);
     for (const char c : text)
-        Require(static_cast<unsigned char>(c) >= ' ', "no control character is in: " + text);
+        Require(static_cast<unsigned char>(c) >= ' ' || c == '\t', "no control character is in: " + text);
 }
 
 void ReadBaseline(const std::string& file)
@@ -62,9 +65,14 @@ void ReadBaseline(const std::string& file)
 
 void ReadRules(const std::string& file)
 {
+    std::vector<Lint::Document> documents;
+    documents.push_back(Lint::Document::ReadFile(file));
+    Lint::LintDocuments(documents, 100);
     const DeckLanguage language(KeywordSyntaxTable::Instance(), {file});
     language.GetOwnCodes();
     language.GetNameKinds();
+    for (const char* const name : {"WELSPECS", "COMPDAT", "EQUALS", "GRUPTREE", "DIMENS"})
+        language.GetRules(*KeywordSyntaxTable::Instance().Lookup(name, false));
 }
 
 void ReadResults(const std::string& file)
