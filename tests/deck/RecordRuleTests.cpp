@@ -367,14 +367,17 @@ ENDACTIO
     CaseName<DeckRow>);
 
 INSTANTIATE_TEST_SUITE_P(OneReason, DeckFindings,
-    testing::Values(DeckRow{"OfASizeTwice",
-                        "RUNSPEC\nTABDIMS\n 1 /\nTABDIMS\n 2 /\nSTART\n 1 JAN 2000 /\nSTART\n 1 JAN 2010 "
-                        "/\nPROPS\nSWOF\n 0.2 0 1 0\n 1 1 0 0 "
-                        "/\nDENSITY\n 800 1000 1 /\nSCHEDULE\nDATES\n 1 JAN 2005 /\n/\n",
-                        "d:4:1: warning: TABDIMS is repeated with other values [repeated-keyword] | remove "
-                        "one of them (d:2:1: the first is here)\n"
-                        "d:8:1: warning: START is repeated with other values [repeated-keyword] | remove one "
-                        "of them (d:6:1: the first is here)"},
+    testing::Values(DeckRow{"OfAMisspeltSection", "RNSPEC\nOIL\nGRID\nPORO\n 1 /\n",
+                        "d:1:1: error: unknown keyword 'RNSPEC' [unknown-keyword] | did you mean RSSPEC, "
+                        "RUNSPEC, INSPEC?"},
+        DeckRow{"OfASizeTwice",
+            "RUNSPEC\nTABDIMS\n 1 /\nTABDIMS\n 2 /\nSTART\n 1 JAN 2000 /\nSTART\n 1 JAN 2010 "
+            "/\nPROPS\nSWOF\n 0.2 0 1 0\n 1 1 0 0 "
+            "/\nDENSITY\n 800 1000 1 /\nSCHEDULE\nDATES\n 1 JAN 2005 /\n/\n",
+            "d:4:1: warning: TABDIMS is repeated with other values [repeated-keyword] | remove "
+            "one of them (d:2:1: the first is here)\n"
+            "d:8:1: warning: START is repeated with other values [repeated-keyword] | remove one "
+            "of them (d:6:1: the first is here)"},
         DeckRow{"OfASizeThatIsTooSmall",
             "RUNSPEC\nDIMENS\n 2 1 1 /\nCOMPS\n 2 /\nEQLDIMS\n 1 /\nPROPS\nTCRIT\n 300 400 500 "
             "/\nREGIONS\nEQLNUM\n 1 2 "

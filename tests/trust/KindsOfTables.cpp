@@ -101,9 +101,12 @@ std::optional<Mistake> RepeatRow(const SampleDeck& deck, Random& random)
     return Mistake{{{next->range, value->text}}, {value->range}};
 }
 
+/// Not from the last one, which may leave out its last values: it would look so.
 std::optional<Mistake> RemoveFromRow(const SampleDeck& deck, Random& random)
 {
-    const Value* value = ChooseValue(deck, FindOrdered(deck), random);
+    std::vector<const Value*> values = FindOrdered(deck);
+    std::erase_if(values, [&](const Value* value) { return !FindInRow(deck, *value, 1); });
+    const Value* value = ChooseValue(deck, values, random);
     if (!value)
         return std::nullopt;
     const TextRange line = deck.LinesOf(value->range);

@@ -10,8 +10,8 @@
 
 namespace Veld::Quor::Core::Decks {
 
-/// The keyword that a word which is none is a misspelling of: it is nearer than all others, by one letter,
-/// and may be in the section. Null if there is none.
+/// The keyword that a word which is none is a misspelling of: the only one that it differs from by one letter
+/// and that may be in the section; outside all the only section, if there are several. Null if there is none.
 const Entry* FindMeantKeyword(
     const std::string& word, Core::Keywords::SectionType::Enum section, Vocabulary& vocabulary);
 
