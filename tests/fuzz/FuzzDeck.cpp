@@ -155,7 +155,8 @@ bool IsModest(const Texts& texts)
 {
     const std::size_t inclusions = CountInclusions(texts[0]);
     return inclusions * texts[1].size() <= mostIncluded
-        && CountRepeated(texts[0]) + inclusions * CountRepeated(texts[1]) <= mostRepeated;
+        && CountRepeated(texts[0]) + std::max<std::size_t>(inclusions, 1) * CountRepeated(texts[1])
+        <= mostRepeated;
 }
 
 // Checks

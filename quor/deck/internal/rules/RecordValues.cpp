@@ -161,8 +161,9 @@ RecordKeys::RecordKeys(const IKeywordRecordData& record, const std::vector<RuleI
     const RuleItem& last, std::size_t required, NameNumbers& names)
 {
     constexpr long long longest = 1'000; // a longer run is a mistake that others report
-    const long long number = items.back().type == MDType::Integer ? NumberOf(record, items.back()) : 0;
-    if (!last.IsThere() && number < 1) {
+    const bool isNumber = items.back().type == MDType::Integer;
+    const long long number = isNumber ? NumberOf(record, items.back()) : 0;
+    if (!isNumber || (!last.IsThere() && number < 1)) {
         key_ = KeyOfRecord(record, items, items.size(), required, names);
         end_ = key_.isThere ? 1 : 0;
         return;

@@ -79,8 +79,10 @@ void DeckReader::ReadUnknown(const Token& head)
 /// it.
 void DeckReader::ReadMisspelt(const Token& head)
 {
-    const Entry* const meant =
+    const Entry* meant =
         ReportUnknownKeyword(head.range, head.text, sections_.GetSure(), vocabulary_, reporter_);
+    if (!meant && deck_->keywords.empty() && sections_.IsSure())
+        meant = FindMeantStart(head.text, vocabulary_);
     if (!meant) {
         mayMissKeywords_ = true;
         return text_.SkipData();

@@ -36,9 +36,13 @@ const Entry* FindMeantKeyword(const std::string& word, SectionType::Enum section
                 || entry->valid.ofTarget.Allows(section)))
             near.push_back(entry);
     }
-    if (near.size() > 1 && section == SectionType::None) // one has to begin
-        std::erase_if(near, [](const Entry* entry) { return entry->role != KeywordDeckRole::Section; });
     return near.size() == 1 ? near.front() : nullptr;
+}
+
+const Entry* FindMeantStart(std::string_view word, Vocabulary& vocabulary)
+{
+    const std::string first = SectionType::ToString(SectionType::RUNSPEC);
+    return EditDistance(std::string(word), first, 1) <= 1 ? vocabulary.Find(first) : nullptr;
 }
 
 const Entry* ReportUnknownKeyword(const TextRange& range, std::string_view word, SectionType::Enum section,

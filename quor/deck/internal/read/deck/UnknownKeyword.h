@@ -11,9 +11,12 @@
 namespace Veld::Quor::Core::Decks {
 
 /// The keyword that a word which is none is a misspelling of: the only one that it differs from by one letter
-/// and that may be in the section; outside all the only section, if there are several. Null if there is none.
+/// and that may be in the section. Null if there is none.
 const Entry* FindMeantKeyword(
     const std::string& word, Core::Keywords::SectionType::Enum section, Vocabulary& vocabulary);
+
+/// The same for the first word of a deck: the section that decks begin with, whatever else is near.
+const Entry* FindMeantStart(std::string_view word, Vocabulary& vocabulary);
 
 /// Reports a word that is no keyword. The keyword that was meant, if one is nearer than all others and ends
 /// neither the deck nor a file; else null.
