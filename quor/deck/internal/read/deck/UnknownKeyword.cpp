@@ -28,15 +28,15 @@ bool EndsText(const Entry& entry)
 
 const Entry* FindMeantKeyword(const std::string& word, SectionType::Enum section, Vocabulary& vocabulary)
 {
-    std::vector<const Entry*> near;
-    for (const std::string& known : vocabulary.FindNearest(word, section)) {
-        const Entry* const entry = vocabulary.Find(known);
-        if (EditDistance(word, known, 1) <= 1
-            && (section == SectionType::None || entry->role == KeywordDeckRole::Section
-                || entry->valid.ofTarget.Allows(section)))
-            near.push_back(entry);
-    }
-    return near.size() == 1 ? near.front() : nullptr;
+    const auto& nearest = vocabulary.FindNearest(word, section);
+    const auto isNear = [&](const std::string& known) {
+        const Entry& entry = *vocabulary.Find(known);
+        return EditDistance(word, known, 1) <= 1
+            && (section == SectionType::None || entry.role == KeywordDeckRole::Section
+                || entry.valid.ofTarget.Allows(section));
+    };
+    const auto first = std::find_if(nearest.begin(), nearest.end(), isNear);
+    return std::count_if(nearest.begin(), nearest.end(), isNear) == 1 ? vocabulary.Find(*first) : nullptr;
 }
 
 const Entry* FindMeantStart(std::string_view word, Vocabulary& vocabulary)
